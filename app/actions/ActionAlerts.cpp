@@ -1,0 +1,99 @@
+#include "app/actions/ActionAlerts.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::size_t firstButton = 0;
+constexpr std::size_t cancelButton = 1;
+
+std::string quoted(std::string const& text) { return "“" + text + "”"; }
+
+struct Question {
+    MenuItemKind::Case kind;
+    std::string_view message;
+    std::string_view button;
+};
+
+constexpr Question questions[] = {
+    { MenuItemKind::restart, "Do you want to restart the computer now?", "Restart" },
+    { MenuItemKind::shutdown, "Do you want to shut down the computer now?", "Shut Down" },
+    { MenuItemKind::logOut, "Do you want to quit all applications and log out now?", "Log Out" },
+};
+
+} // namespace
+
+Alert permissionAlert(std::string const& title)
+{
+    return { AlertStyle::warning, quoted(title) + " needs permission to control your Mac.",
+        "Allow Zanthe Vell to control System Events and the login window in Privacy & Security › Automation, then try again.",
+        { "Open Automation Settings", "Cancel" }, cancelButton };
+}
+
+Alert notCompletedAlert(std::string const& title, std::string const& failure)
+{
+    return { AlertStyle::warning, quoted(title) + " could not be completed.", failure };
+}
+
+Alert shortcutAlert(std::string const& name, ShortcutsProvider::Failure const& failure)
+{
+    return { AlertStyle::warning, quoted(name) + " could not be run.", failure.description() };
+}
+
+Alert locationAlert(std::string const& name)
+{
+    return { AlertStyle::warning, quoted(name) + " could not be selected.", "Switching network location requires administrator rights." };
+}
+
+std::optional<Alert> confirmationAlert(MenuItemKind const& kind)
+{
+    auto const* const question = std::ranges::find_if(questions, [&](auto const& candidate) { return kind == candidate.kind; });
+    if (question == std::end(questions))
+        return std::nullopt;
+    return Alert { AlertStyle::warning, std::string(question->message), "Applications are closed without asking. Unsaved changes are lost.",
+        { std::string(question->button), "Cancel" }, cancelButton };
+}
+
+Alert forceQuitNote()
+{
+    return { AlertStyle::informational, "Click a window to force its application to quit.",
+        "Unsaved changes are lost. A click with the right mouse button cancels.", { "Continue", "Cancel" }, cancelButton };
+}
+
+Alert aboutComputerAlert(ComputerFacts const& facts)
+{
+    std::pair<std::string_view, std::string const&> const lines[] = {
+        { "Kernel: ", facts.kernel },
+        { "Computer: ", facts.machine },
+        { "Processor: ", facts.processor },
+        { "Memory: ", facts.memory },
+        { "Graphics: ", facts.graphics },
+    };
+    std::string text;
+    for (auto const& [label, value] : lines) {
+        if (!value.empty())
+            text.append(text.empty() ? "" : "\n").append(label).append(value);
+    }
+    return { AlertStyle::informational, facts.system.empty() ? "About This Computer" : facts.system, text };
+}
+
+bool AlertConfirmation::confirms(MenuItemKind const& kind)
+{
+    auto const alert = confirmationAlert(kind);
+    return alert && ask(*alert);
+}
+
+bool AlertConfirmation::confirmsForceQuit() { return ask(forceQuitNote()); }
+
+bool AlertConfirmation::ask(Alert const& alert)
+{
+    m_application.activate();
+    return m_alerts.run(alert) == firstButton;
+}
+
+} // namespace zv

@@ -1,0 +1,65 @@
+#include "app/actions/AddToItemsService.h"
+
+#include "base/MainThread.h"
+#include "base/Text.h"
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+std::string problemLines(std::vector<ItemsFolder::Problem> const& problems)
+{
+    std::string text;
+    for (auto const& problem : problems)
+        text += (text.empty() ? "“" : "\n“") + problem.name + "” — " + problem.reason;
+    return text;
+}
+
+std::string problemMessage(ItemsFolder::Outcome const& outcome)
+{
+    auto const failed = outcome.problems.size();
+    auto const sent = failed + outcome.added.size();
+    if (sent == 1)
+        return "“" + outcome.problems.front().name + "” could not be added to Zanthe Vell Items.";
+    return std::to_string(failed) + " of " + std::to_string(sent) + " items could not be added to Zanthe Vell Items.";
+}
+
+} // namespace
+
+std::optional<Alert> alertFor(ItemsFolder::Outcome const& outcome, Url const& folder)
+{
+    if (outcome.folderError) {
+        return Alert { AlertStyle::warning, "The Zanthe Vell Items folder could not be created.",
+            withValidUtf8(folder.path()) + "\n\n" + *outcome.folderError };
+    }
+    if (outcome.problems.empty())
+        return std::nullopt;
+    return Alert { AlertStyle::warning, problemMessage(outcome), problemLines(outcome.problems) };
+}
+
+MaybeFailure<> AddToItemsService::addToZantheVellItems(std::vector<Url> urls)
+{
+    assertMainThread();
+    std::erase_if(urls, [](Url const& url) { return !url.isFile(); });
+    if (urls.empty())
+        return noFilesText;
+    m_services.tasks.inBackground(
+        TaskPriority::user, [folder = m_folder, urls = std::move(urls)] { return folder.add(urls); },
+        m_lifetime.guard([this](ItemsFolder::Outcome const& outcome) { report(outcome); }));
+    return std::nullopt;
+}
+
+void AddToItemsService::report(ItemsFolder::Outcome const& outcome)
+{
+    if (onAdded)
+        onAdded(outcome);
+    auto const alert = alertFor(outcome, m_folder.url());
+    if (!alert)
+        return;
+    m_services.application.activate();
+    m_services.alerts.run(*alert);
+}
+
+} // namespace zv

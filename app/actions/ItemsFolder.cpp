@@ -1,0 +1,75 @@
+#include "app/actions/ItemsFolder.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+constexpr int highestNumber = 1000;
+
+/// "Report.pdf" → "Report 2.pdf"; the first is the name itself.
+std::string numberedName(std::string_view name, int number)
+{
+    if (number == 1)
+        return std::string(name);
+    auto const extension = pathExtension(name);
+    auto const numbered = std::string(deletingPathExtension(name)) + " " + std::to_string(number);
+    return extension.empty() ? numbered : numbered + "." + std::string(extension);
+}
+
+bool isUsableAsFileName(std::string_view name) { return !name.empty() && name != "." && name != ".." && name != "/"; }
+
+} // namespace
+
+std::string ItemsFolder::Failure::description() const { return "The folder already holds a thousand items called “" + noAvailableName + "”."; }
+
+ItemsFolder::Outcome ItemsFolder::add(std::vector<Url> const& urls) const
+{
+    Outcome outcome;
+    outcome.folderError = ensureExists();
+    if (outcome.folderError)
+        return outcome;
+    for (auto const& url : urls) {
+        auto const name = fileNameFor(url);
+        if (auto reason = addOne(url, name))
+            outcome.problems.push_back({ withValidUtf8(name), std::move(*reason) });
+        else
+            outcome.added.push_back(url);
+    }
+    return outcome;
+}
+
+std::string ItemsFolder::fileNameFor(Url const& url) const
+{
+    auto name = url.lastPathComponent();
+    if (!isUsableAsFileName(name))
+        name = m_files.volumeName(url).value_or("");
+    if (!isUsableAsFileName(name))
+        name = m_files.localizedName(url);
+    if (!isUsableAsFileName(name))
+        name = "Untitled";
+    // A volume's label may hold what a file's name cannot.
+    std::ranges::replace(name, '/', ':');
+    return name;
+}
+
+/// The name may be taken between the look and the making; then the next one is tried.
+MaybeFailure<> ItemsFolder::addOne(Url const& url, std::string const& name) const
+{
+    for (int number = 1; number <= highestNumber; ++number) {
+        auto const place = m_url.appending(numberedName(name, number));
+        if (m_files.isTaken(place))
+            continue;
+        auto const failure = m_aliases.createAlias(url, place);
+        if (!failure)
+            return std::nullopt;
+        if (!failure->isNameTaken)
+            return failure->reason;
+    }
+    return Failure { withValidUtf8(name) }.description();
+}
+
+} // namespace zv

@@ -1,0 +1,216 @@
+#include "app/actions/MenuActions.h"
+
+#include "app/actions/ActionAlerts.h"
+#include "app/actions/SystemPlaces.h"
+#include "base/MainThread.h"
+
+#include <optional>
+#include <utility>
+
+namespace zv {
+
+MenuActions::MenuActions(Services services, ShortcutsProvider shortcuts, NetworkLocations networkLocations, Url itemsFolder, Shell shell)
+    : m_services(services)
+    , m_shortcuts(std::move(shortcuts))
+    , m_networkLocations(std::move(networkLocations))
+    , m_itemsFolder(std::move(itemsFolder))
+    , m_shell(std::move(shell))
+{
+}
+
+bool MenuActions::perform(MenuItem const& item)
+{
+    assertMainThread();
+    if (item.kind == MenuItemKind::fsObject)
+        return openLocation(item);
+    return performInProgram(item) || openPlace(item) || sendSessionEvent(item) || runScript(item);
+}
+
+bool MenuActions::openLocation(MenuItem const& item)
+{
+    auto const url = item.location ? item.location->resolvedURL(m_services.locations) : std::nullopt;
+    if (!url)
+        return false;
+    open(*url);
+    return true;
+}
+
+bool MenuActions::performInProgram(MenuItem const& item)
+{
+    if (item.kind == MenuItemKind::revealZantheVellItems)
+        revealItemsFolder();
+    else if (item.kind == MenuItemKind::customizeZantheVell)
+        openSettingsWindow();
+    else if (item.kind == MenuItemKind::quitZantheVell)
+        terminate();
+    else
+        return false;
+    return true;
+}
+
+/// Before the first file is added there is no folder yet that could be shown.
+void MenuActions::revealItemsFolder()
+{
+    (void)m_services.locations.files.createDirectory(m_itemsFolder);
+    m_services.workspace.reveal(m_itemsFolder);
+}
+
+bool MenuActions::sendSessionEvent(MenuItem const& item)
+{
+    auto const event = SessionControl::eventFor(item.kind);
+    if (!event)
+        return false;
+    m_services.session.send(*event, m_lifetime.guard([this, item](std::optional<SessionControl::Failure> const& failure) {
+        if (failure)
+            presentSessionFailure(*failure, item);
+    }));
+    return true;
+}
+
+bool MenuActions::runScript(MenuItem const& item)
+{
+    auto const script = SystemEventsBridge::scriptFor(item.kind);
+    if (!script)
+        return false;
+    m_services.scripts.run(*script, m_lifetime.guard([this, item](std::optional<SystemEventsBridge::Failure> const& failure) {
+        if (failure)
+            presentScriptFailure(*failure, item);
+    }));
+    return true;
+}
+
+bool MenuActions::openPlace(MenuItem const& item)
+{
+    auto const* const target = systemPlaceFor(item.kind);
+    if (!target)
+        return false;
+    m_services.desktop.open(target->place, m_lifetime.guard([this, target, item](PlaceOutcome outcome) {
+        using Form = SystemPlaceTarget::Form;
+        if (outcome == PlaceOutcome::opened)
+            return;
+        if (outcome == PlaceOutcome::notFound)
+            placeWasNotFound(target->place, item);
+        else if (target->form == Form::settingsPane)
+            openSettingsPane(target->target);
+        else if (target->form == Form::application)
+            m_services.workspace.open(Url::fromPath(target->target));
+        else
+            openWebPage(target->target);
+    }));
+    return true;
+}
+
+/// A desktop without its own words about the computer gets ours.
+void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
+{
+    if (place != SystemPlace::aboutComputer)
+        return presentScriptFailure(SystemEventsBridge::Failure::scriptError("this desktop has no program for it"), item);
+    m_services.computer.gather(m_lifetime.guard([this](ComputerFacts const& facts) { present(aboutComputerAlert(facts)); }));
+}
+
+void MenuActions::open(Url const& url)
+{
+    assertMainThread();
+    if (isCommandHeld())
+        m_services.workspace.reveal(url);
+    else
+        m_services.workspace.open(url);
+}
+
+void MenuActions::open(DynamicEntry const& entry)
+{
+    assertMainThread();
+    if (isCommandHeld()) {
+        if (entry.fileURL)
+            m_services.workspace.reveal(*entry.fileURL);
+    } else if (entry.action == DynamicEntryAction::activateApplication) {
+        m_services.runningApplications.activate(entry.id);
+    } else if (entry.action == DynamicEntryAction::copyText) {
+        m_services.clipboard.setText(entry.id);
+    } else if (entry.url) {
+        m_services.workspace.open(*entry.url);
+    }
+}
+
+void MenuActions::openSettingsWindow()
+{
+    m_services.application.activate();
+    if (m_shell.openSettingsWindow)
+        m_shell.openSettingsWindow();
+}
+
+void MenuActions::terminate() { m_services.application.terminate(); }
+
+bool MenuActions::canCheckForUpdates() const { return m_shell.canCheckForUpdates && m_shell.canCheckForUpdates(); }
+
+void MenuActions::checkForUpdates()
+{
+    if (m_shell.checkForUpdates)
+        m_shell.checkForUpdates();
+}
+
+void MenuActions::runShortcut(std::string const& id, std::string const& name)
+{
+    assertMainThread();
+    if (isCommandHeld()) {
+        if (auto const url = Url::parse("shortcuts://open-shortcut?id=" + id))
+            m_services.workspace.open(*url);
+        return;
+    }
+    auto report = m_lifetime.guard([this, name](std::optional<ShortcutsProvider::Failure> const& failure) {
+        if (failure)
+            present(shortcutAlert(name, *failure));
+    });
+    m_services.tasks.runDetached(
+        [shortcuts = m_shortcuts, id, report] { return std::function<void()>([report, failure = shortcuts.run(id)]() mutable { report(failure); }); });
+}
+
+void MenuActions::selectLocation(std::string const& id, std::string const& name)
+{
+    assertMainThread();
+    if (!m_networkLocations.select(id))
+        present(locationAlert(name));
+}
+
+void MenuActions::openSettingsPane(std::string_view anchor)
+{
+    if (auto const url = Url::parse("x-apple.systempreferences:" + std::string(anchor)))
+        m_services.workspace.open(*url);
+}
+
+void MenuActions::openWebPage(std::string_view text)
+{
+    if (auto const url = Url::parse(text))
+        m_services.workspace.open(*url);
+}
+
+void MenuActions::presentSessionFailure(SessionControl::Failure const& failure, MenuItem const& item)
+{
+    if (failure.reason == SessionControl::Failure::Case::notPermitted)
+        return presentPermissionAlert(item);
+    present(notCompletedAlert(item.displayTitle(), failure.description()));
+}
+
+void MenuActions::presentScriptFailure(SystemEventsBridge::Failure const& failure, MenuItem const& item)
+{
+    if (failure.reason == SystemEventsBridge::Failure::Case::notPermitted)
+        return presentPermissionAlert(item);
+    present(notCompletedAlert(item.displayTitle(), failure.description()));
+}
+
+void MenuActions::presentPermissionAlert(MenuItem const& item)
+{
+    m_services.application.activate();
+    if (m_services.alerts.run(permissionAlert(item.displayTitle())) == 0)
+        openSettingsPane(automationPane);
+}
+
+void MenuActions::present(Alert const& alert)
+{
+    m_services.application.activate();
+    m_services.alerts.run(alert);
+}
+
+bool MenuActions::isCommandHeld() const { return contains(m_services.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
+
+} // namespace zv

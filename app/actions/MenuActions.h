@@ -1,0 +1,89 @@
+#pragma once
+
+#include "app/actions/ListCommands.h"
+#include "app/actions/NetworkLocations.h"
+#include "app/actions/SessionControl.h"
+#include "app/actions/ShortcutsProvider.h"
+#include "app/actions/SystemEventsBridge.h"
+#include "app/menu/MenuCommands.h"
+#include "app/model/ItemLocation.h"
+#include "base/Lifetime.h"
+#include "platform/Alerts.h"
+#include "platform/Application.h"
+#include "platform/Clipboard.h"
+#include "platform/ComputerInfo.h"
+#include "platform/DesktopCommands.h"
+#include "platform/ModifierKeys.h"
+#include "platform/RunningApplications.h"
+#include "platform/Tasks.h"
+#include "platform/Workspace.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace zv {
+
+/// What happens when an entry is chosen. Main thread only.
+class MenuActions : public MenuCommands, public ShortcutCommands, public LocationCommands {
+public:
+    /// All of these outlive the actions.
+    struct Services {
+        Workspace& workspace;
+        Application& application;
+        Alerts& alerts;
+        ModifierKeys const& modifierKeys;
+        Clipboard& clipboard;
+        RunningApplications& runningApplications;
+        DesktopCommands& desktop;
+        ComputerInfo& computer;
+        SessionControl& session;
+        SystemEventsBridge& scripts;
+        Tasks& tasks;
+        LocationServices locations;
+    };
+    /// What the actions ask of the rest of the program; an empty one does nothing.
+    struct Shell {
+        std::function<void()> openSettingsWindow;
+        std::function<bool()> canCheckForUpdates;
+        std::function<void()> checkForUpdates;
+    };
+
+    MenuActions(Services services, ShortcutsProvider shortcuts, NetworkLocations networkLocations, Url itemsFolder, Shell shell);
+
+    bool perform(MenuItem const& item) override;
+    void open(Url const& url) override;
+    void open(DynamicEntry const& entry) override;
+    void openSettingsWindow() override;
+    void terminate() override;
+    bool canCheckForUpdates() const override;
+    void checkForUpdates() override;
+    void runShortcut(std::string const& id, std::string const& name) override;
+    void selectLocation(std::string const& id, std::string const& name) override;
+
+    void openSettingsPane(std::string_view anchor);
+    void openWebPage(std::string_view text);
+    void presentSessionFailure(SessionControl::Failure const& failure, MenuItem const& item);
+    void presentScriptFailure(SystemEventsBridge::Failure const& failure, MenuItem const& item);
+
+private:
+    [[nodiscard]] bool isCommandHeld() const;
+    bool openLocation(MenuItem const& item);
+    bool performInProgram(MenuItem const& item);
+    void revealItemsFolder();
+    bool sendSessionEvent(MenuItem const& item);
+    bool runScript(MenuItem const& item);
+    bool openPlace(MenuItem const& item);
+    void placeWasNotFound(SystemPlace place, MenuItem const& item);
+    void present(Alert const& alert);
+    void presentPermissionAlert(MenuItem const& item);
+
+    Services m_services;
+    ShortcutsProvider m_shortcuts;
+    NetworkLocations m_networkLocations;
+    Url m_itemsFolder;
+    Shell m_shell;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

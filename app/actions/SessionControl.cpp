@@ -1,0 +1,80 @@
+#include "app/actions/SessionControl.h"
+
+#include "base/MainThread.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr FourCharCode coreEventClass = fourCharCode("aevt");
+constexpr std::chrono::seconds sendTimeout { 10 };
+
+struct SessionEvent {
+    MenuItemKind::Case kind;
+    FourCharCode id;
+    MenuItemKind::Case forced; ///< the kind that does the same without asking
+};
+
+constexpr SessionEvent sessionEvents[] = {
+    { MenuItemKind::sleep, fourCharCode("slep"), MenuItemKind::sleep },
+    { MenuItemKind::restart, fourCharCode("rrst"), MenuItemKind::restartForced },
+    { MenuItemKind::shutdown, fourCharCode("rsdn"), MenuItemKind::shutdownForced },
+    { MenuItemKind::logOut, fourCharCode("logo"), MenuItemKind::logOutForced },
+    { MenuItemKind::restartForced, fourCharCode("rest"), MenuItemKind::restartForced },
+    { MenuItemKind::shutdownForced, fourCharCode("shut"), MenuItemKind::shutdownForced },
+    { MenuItemKind::logOutForced, fourCharCode("rlgo"), MenuItemKind::logOutForced },
+};
+
+std::optional<SessionControl::Failure> failureFor(SessionEventOutcome const& outcome)
+{
+    using Failure = SessionControl::Failure;
+    if (outcome.state == SessionEventOutcome::State::sent)
+        return std::nullopt;
+    if (outcome.status == SessionStatus::notPermitted)
+        return Failure { Failure::Case::notPermitted, 0 };
+    return Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(outcome.status) };
+}
+
+} // namespace
+
+std::string SessionControl::Failure::description() const
+{
+    return reason == Case::notPermitted ? "notPermitted" : "sendFailed(" + std::to_string(status) + ")";
+}
+
+std::optional<SessionControl::Event> SessionControl::eventFor(MenuItemKind const& kind)
+{
+    auto const* const found = std::ranges::find_if(sessionEvents, [&](auto const& event) { return kind == event.kind; });
+    if (found == std::end(sessionEvents))
+        return std::nullopt;
+    return static_cast<Event>(found - std::begin(sessionEvents));
+}
+
+void SessionControl::send(Event event, Done done)
+{
+    assertMainThread();
+    if (event >= std::size(sessionEvents))
+        return;
+    m_events.send(coreEventClass, sessionEvents[event].id, sendTimeout, m_lifetime.guard([this, event, done = std::move(done)](auto const& outcome) {
+        if (outcome.state == SessionEventOutcome::State::needsConfirmation)
+            confirmAndForce(event, done);
+        else
+            done(failureFor(outcome));
+    }));
+}
+
+void SessionControl::confirmAndForce(Event event, Done done)
+{
+    auto const& asked = sessionEvents[event];
+    if (asked.forced == asked.kind)
+        return done(Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(SessionStatus::notHandled) });
+    if (!m_confirmation.confirms(asked.kind))
+        return done(std::nullopt);
+    send(*eventFor(asked.forced), std::move(done));
+}
+
+} // namespace zv

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/model/MenuItemKind.h"
+#include "base/Lifetime.h"
+#include "platform/SessionEvents.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// Asks the user before a session ends, where the system does not ask by itself.
+class SessionConfirmation {
+public:
+    virtual ~SessionConfirmation() = default;
+    [[nodiscard]] virtual bool confirms(MenuItemKind const& kind) = 0;
+};
+
+/// Ends or suspends the user's session. Main thread only.
+class SessionControl {
+public:
+    struct Failure {
+        enum class Case { sendFailed, notPermitted };
+        Case reason = Case::sendFailed;
+        std::int32_t status = 0; ///< of sendFailed
+
+        /// The failure as such: "sendFailed(-600)".
+        [[nodiscard]] std::string description() const;
+        friend bool operator==(Failure const&, Failure const&) = default;
+    };
+    using Event = std::size_t;
+    using Done = std::function<void(std::optional<Failure>)>;
+
+    SessionControl(SessionEvents& events, SessionConfirmation& confirmation)
+        : m_events(events)
+        , m_confirmation(confirmation)
+    {
+    }
+
+    /// Nothing for a kind that is no session event.
+    [[nodiscard]] static std::optional<Event> eventFor(MenuItemKind const& kind);
+    /// Calls `done` once: at once where the system answers at once, else later.
+    void send(Event event, Done done);
+
+private:
+    void confirmAndForce(Event event, Done done);
+
+    SessionEvents& m_events;
+    SessionConfirmation& m_confirmation;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

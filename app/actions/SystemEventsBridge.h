@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/model/MenuItemKind.h"
+#include "base/Lifetime.h"
+#include "platform/ScriptRunner.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// Runs the fixed scripts that control the desktop. Main thread only.
+class SystemEventsBridge {
+public:
+    struct Failure {
+        enum class Case { scriptError, notPermitted };
+        Case reason = Case::scriptError;
+        std::string message {}; ///< of scriptError
+
+        [[nodiscard]] static Failure scriptError(std::string message) { return { Case::scriptError, std::move(message) }; }
+        /// The failure as such: scriptError("…").
+        [[nodiscard]] std::string description() const;
+        friend bool operator==(Failure const&, Failure const&) = default;
+    };
+    using Done = std::function<void(std::optional<Failure>)>;
+
+    /// `tellsUser` says what is about to happen; false when the user would rather not.
+    SystemEventsBridge(ScriptRunner& runner, std::function<bool()> tellsUser)
+        : m_runner(runner)
+        , m_tellsUser(std::move(tellsUser))
+    {
+    }
+
+    /// The script of a kind that is carried out by one.
+    [[nodiscard]] static std::optional<Script> scriptFor(MenuItemKind const& kind);
+    /// Of the five Dock kinds only.
+    [[nodiscard]] static std::optional<std::string> dockScript(MenuItemKind const& kind);
+
+    /// Calls `done` once: at once where the system answers at once, else later.
+    void run(Script const& script, Done done);
+
+private:
+    void tellAndRunAgain(Script script, Done done);
+
+    ScriptRunner& m_runner;
+    std::function<bool()> m_tellsUser;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/model/MenuItemKind.h"
+#include "platform/DesktopCommands.h"
+
+#include <optional>
+#include <string_view>
+
+namespace zv {
+
+/// Where a command leads on the systems on which that never changes.
+struct SystemPlaceTarget {
+    enum class Form : std::uint8_t { settingsPane, application, webPage };
+    MenuItemKind::Case kind;
+    SystemPlace place;
+    Form form;
+    std::string_view target; ///< pane identifier, path, or address
+};
+
+/// Null for a kind that opens no place of the system.
+[[nodiscard]] SystemPlaceTarget const* systemPlaceFor(MenuItemKind const& kind);
+
+inline constexpr std::string_view automationPane = "com.apple.preference.security?Privacy_Automation";
+
+} // namespace zv

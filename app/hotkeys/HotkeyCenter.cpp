@@ -1,0 +1,189 @@
+#include "app/hotkeys/HotkeyCenter.h"
+
+#include "base/Log.h"
+#include "base/MainThread.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <unordered_set>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr int conflictsProperty = 0;
+
+/// Retired and unknown kinds keep their stored shortcut but never get a hotkey.
+bool isEligible(MenuItemKind const& kind) { return !kind.isLegacy(); }
+
+std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
+{
+    return (spec.noCommand ? 0U : std::uint32_t { commandKey }) | (spec.shift ? std::uint32_t { shiftKey } : 0U)
+        | (spec.option ? std::uint32_t { optionKey } : 0U) | (spec.control ? std::uint32_t { controlKey } : 0U);
+}
+
+} // namespace
+
+/// What one walk over items and files gathers. A shortcut's text is used up by the first
+/// target that has it, even where its key is not on the keyboard.
+struct HotkeyCenter::Pass {
+    std::unordered_set<std::string> used;
+    std::vector<Wanted> wanted;
+    std::set<Conflict> conflicts;
+};
+
+HotkeyCenter::HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout)
+    : m_registrar(registrar)
+    , m_layout(layout)
+{
+}
+
+HotkeyCenter::~HotkeyCenter()
+{
+    if (!m_listens)
+        return;
+    m_registrar.onPressed = nullptr;
+    m_registrar.onInvalidated = nullptr;
+}
+
+void HotkeyCenter::setMenuItems(std::vector<MenuItem> items)
+{
+    assertMainThread();
+    m_menuItems = std::move(items);
+}
+
+void HotkeyCenter::setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys)
+{
+    assertMainThread();
+    m_fileHotkeys = std::move(hotkeys);
+}
+
+void HotkeyCenter::menuItemsChanged(std::vector<MenuItem> const& items)
+{
+    setMenuItems(items);
+    reregister();
+}
+
+std::set<HotkeyCenter::Conflict> const& HotkeyCenter::conflicts() const
+{
+    assertMainThread();
+    m_observers.access(conflictsProperty);
+    return m_conflicts;
+}
+
+void HotkeyCenter::reregister()
+{
+    assertMainThread();
+    m_registrations.clear();
+    listen();
+    Pass pass;
+    collectItems(m_menuItems, pass);
+    collectFiles(pass);
+    claim(std::move(pass.wanted), pass.conflicts);
+    setConflicts(std::move(pass.conflicts));
+}
+
+void HotkeyCenter::unregisterAll()
+{
+    assertMainThread();
+    m_registrar.releaseAll();
+    m_registrations.clear();
+    setConflicts({});
+}
+
+void HotkeyCenter::collectItems(std::vector<MenuItem> const& items, Pass& pass)
+{
+    for (auto const& item : items) {
+        if (item.keyEquivalent && isEligible(item.kind))
+            collect(Target::item(item.id), *item.keyEquivalent, pass);
+        collectItems(item.children, pass);
+    }
+}
+
+void HotkeyCenter::collectFiles(Pass& pass)
+{
+    std::vector<std::pair<std::string, Url>> files;
+    files.reserve(m_fileHotkeys.size());
+    for (auto const& [url, spec] : m_fileHotkeys)
+        files.emplace_back(url.path(), url);
+    std::sort(files.begin(), files.end());
+    for (auto const& [path, url] : files)
+        collect(Target::file(url), m_fileHotkeys.at(url), pass);
+}
+
+void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& pass)
+{
+    auto shortcut = spec.description();
+    if (!pass.used.insert(shortcut).second) {
+        pass.conflicts.insert({ std::move(target), std::move(shortcut) });
+        return;
+    }
+    if (auto const chord = chordFor(spec))
+        pass.wanted.push_back({ std::move(target), std::move(shortcut), *chord });
+}
+
+void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
+{
+    if (m_registrar.support() == HotkeySupport::none)
+        return; // nobody else holds them either: not a conflict
+    std::vector<KeyChord> chords(wanted.size());
+    std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
+    auto const succeeded = m_registrar.claimAll(m_nextHotKeyID, chords);
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        auto& [target, shortcut, chord] = wanted[i];
+        if (succeeded[i])
+            m_registrations.emplace_hint(m_registrations.end(), takeID(), Registration { std::move(target), std::move(shortcut) });
+        else
+            conflicts.insert({ std::move(target), std::move(shortcut) });
+    }
+}
+
+void HotkeyCenter::setConflicts(std::set<Conflict> conflicts)
+{
+    if (conflicts == m_conflicts)
+        return;
+    m_conflicts = std::move(conflicts);
+    m_observers.changed(conflictsProperty);
+}
+
+void HotkeyCenter::listen()
+{
+    if (std::exchange(m_listens, true))
+        return;
+    m_registrar.onPressed = [this](HotkeyID id) { pressed(id); };
+    m_registrar.onInvalidated = [this] { reregister(); };
+}
+
+void HotkeyCenter::pressed(HotkeyID id)
+{
+    assertMainThread();
+    auto const found = m_registrations.find(id);
+    if (found == m_registrations.end() || !onTrigger)
+        return;
+    // Copies, as what the press does may well lead to another pass.
+    auto const target = found->second.target;
+    auto const trigger = onTrigger;
+    trigger(target);
+}
+
+HotkeyID HotkeyCenter::takeID()
+{
+    if (m_nextHotKeyID == std::numeric_limits<HotkeyID>::max()) {
+        logLine("all hotkey ids are used up");
+        std::abort();
+    }
+    return m_nextHotKeyID++;
+}
+
+std::optional<KeyChord> HotkeyCenter::chordFor(KeyEquivalentSpec const& spec)
+{
+    bool const isNamed = spec.trigger.kind == KeyEquivalentSpec::Trigger::Kind::named;
+    auto const code = isNamed ? keyCodeOfNamedKey(spec.trigger.text) : m_layout.keyCode(spec.trigger.text);
+    if (!code)
+        return std::nullopt;
+    return KeyChord { *code, modifiersOf(spec) };
+}
+
+} // namespace zv

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "app/hotkeys/HotkeyTarget.h"
+#include "app/hotkeys/KeyboardLayout.h"
+#include "app/model/KeyEquivalentSpec.h"
+#include "app/model/MenuItem.h"
+#include "app/model/MenuStore.h"
+#include "base/Observation.h"
+#include "platform/HotkeyRegistrar.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Makes every shortcut of the menu and of file names a system-wide hotkey, calls back when
+/// one is pressed, and knows which could not be registered. Main thread only.
+class HotkeyCenter : public MenuItemsSink {
+public:
+    using Target = HotkeyTarget;
+
+    struct Registration {
+        Target target;
+        std::string shortcut; ///< glyph text, such as "⌥⌘E"
+    };
+
+    /// A shortcut that is not registered: another program has it, or an earlier target of ours.
+    struct Conflict {
+        Target target;
+        std::string shortcut;
+        friend auto operator<=>(Conflict const&, Conflict const&) = default;
+    };
+
+    /// Both outlive this.
+    HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout);
+    ~HotkeyCenter() override;
+    HotkeyCenter(HotkeyCenter const&) = delete;
+    HotkeyCenter& operator=(HotkeyCenter const&) = delete;
+
+    /// Setting either is followed by reregister(), once all that changes is set.
+    void setMenuItems(std::vector<MenuItem> items);
+    void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
+    /// Sets the items and registers again.
+    void menuItemsChanged(std::vector<MenuItem> const& items) override;
+
+    /// Registers everything anew: the items depth first, then the files by path. Ids go on
+    /// rising, so that a press under an id of an earlier pass finds nothing.
+    void reregister();
+    void unregisterAll();
+
+    [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
+    /// Reading them within withObservationTracking() observes them.
+    [[nodiscard]] std::set<Conflict> const& conflicts() const;
+
+    /// What to do when a hotkey is pressed.
+    std::function<void(Target const&)> onTrigger;
+
+private:
+    struct Wanted {
+        Target target;
+        std::string shortcut;
+        KeyChord chord;
+    };
+    struct Pass;
+
+    void collectItems(std::vector<MenuItem> const& items, Pass& pass);
+    void collectFiles(Pass& pass);
+    void collect(Target target, KeyEquivalentSpec const& spec, Pass& pass);
+    void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
+    void setConflicts(std::set<Conflict> conflicts);
+    void listen();
+    void pressed(HotkeyID id);
+    [[nodiscard]] HotkeyID takeID();
+    [[nodiscard]] std::optional<KeyChord> chordFor(KeyEquivalentSpec const& spec);
+
+    HotkeyRegistrar& m_registrar;
+    KeyboardLayout& m_layout;
+    std::set<Conflict> m_conflicts;
+    std::map<HotkeyID, Registration> m_registrations;
+    bool m_listens = false;
+    HotkeyID m_nextHotKeyID = 1;
+    std::vector<MenuItem> m_menuItems;
+    std::map<Url, KeyEquivalentSpec> m_fileHotkeys;
+    ObservationRegistrar m_observers;
+};
+
+} // namespace zv

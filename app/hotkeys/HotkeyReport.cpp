@@ -1,0 +1,47 @@
+#include "app/hotkeys/HotkeyReport.h"
+
+#include "base/Text.h"
+
+#include <nlohmann/json.hpp>
+
+namespace zv {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+void addTarget(Json& entry, HotkeyTarget const& target)
+{
+    if (auto const* item = target.itemID())
+        entry["item"] = item->toString();
+    else
+        entry["file"] = withValidUtf8(target.fileURL()->path());
+}
+
+Json entryFor(HotkeyID id, HotkeyCenter::Registration const& registration)
+{
+    Json entry { { "id", id }, { "shortcut", registration.shortcut } };
+    addTarget(entry, registration.target);
+    return entry;
+}
+
+Json entryFor(HotkeyCenter::Conflict const& conflict)
+{
+    Json entry { { "shortcut", conflict.shortcut } };
+    addTarget(entry, conflict.target);
+    return entry;
+}
+
+} // namespace
+
+std::string hotkeyReport(HotkeyCenter const& center)
+{
+    Json report { { "registrations", Json::array() }, { "conflicts", Json::array() } };
+    for (auto const& [id, registration] : center.registrations())
+        report["registrations"].push_back(entryFor(id, registration));
+    for (auto const& conflict : center.conflicts())
+        report["conflicts"].push_back(entryFor(conflict));
+    return report.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+} // namespace zv

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/Url.h"
+#include "base/Uuid.h"
+
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <utility>
+#include <variant>
+
+namespace zv {
+
+/// What a hotkey stands for: an item of the menu, or a file whose name carries the shortcut.
+class HotkeyTarget {
+public:
+    [[nodiscard]] static HotkeyTarget item(Uuid const& id) { return HotkeyTarget(id); }
+    [[nodiscard]] static HotkeyTarget file(Url url) { return HotkeyTarget(std::move(url)); }
+
+    /// Null when the target is of the other case.
+    [[nodiscard]] Uuid const* itemID() const { return std::get_if<Uuid>(&m_value); }
+    [[nodiscard]] Url const* fileURL() const { return std::get_if<Url>(&m_value); }
+
+    friend auto operator<=>(HotkeyTarget const&, HotkeyTarget const&) = default;
+
+private:
+    template <class Value>
+    explicit HotkeyTarget(Value value)
+        : m_value(std::move(value))
+    {
+    }
+    std::variant<Uuid, Url> m_value;
+};
+
+} // namespace zv
+
+template <> struct std::hash<zv::HotkeyTarget> {
+    std::size_t operator()(zv::HotkeyTarget const& target) const noexcept
+    {
+        return target.itemID() ? std::hash<zv::Uuid>()(*target.itemID()) : std::hash<zv::Url>()(*target.fileURL()) * 31;
+    }
+};

@@ -1,0 +1,74 @@
+#include "app/hotkeys/KeyboardLayout.h"
+
+#include "base/MainThread.h"
+#include "base/Text.h"
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+/// Empty for a key that types nothing, or white space.
+std::string_view typedCharacter(std::string const& text)
+{
+    auto const first = firstGraphemes(text, 1);
+    return first.empty() || isWhiteSpace(first.front()) ? std::string_view() : first.front();
+}
+
+} // namespace
+
+KeyboardLayout::KeyboardLayout(KeyboardLayoutSource& source, Notifications& notifications)
+    : m_source(source)
+    , m_notifications(notifications)
+{
+}
+
+KeyboardLayout::~KeyboardLayout()
+{
+    if (m_observesSource)
+        m_source.onChanged = nullptr;
+}
+
+std::optional<std::uint16_t> KeyboardLayout::keyCode(std::string_view character)
+{
+    assertMainThread();
+    auto const wanted = lowerCased(character);
+    if (wanted.empty())
+        return std::nullopt;
+    if (!m_table) {
+        observeSource();
+        m_table = buildTable();
+    }
+    auto const found = m_table->find(wanted);
+    return found == m_table->end() ? std::nullopt : std::optional(found->second);
+}
+
+void KeyboardLayout::layoutChanged()
+{
+    assertMainThread();
+    m_table.reset();
+    m_notifications.post(changedNotification);
+}
+
+void KeyboardLayout::observeSource()
+{
+    if (std::exchange(m_observesSource, true))
+        return;
+    m_source.onChanged = [this] { layoutChanged(); };
+}
+
+/// The lowest key code that types a character wins, and an earlier layer over a later one.
+KeyboardLayout::Table KeyboardLayout::buildTable() const
+{
+    Table table;
+    for (auto const& texts : m_source.layers()) {
+        for (std::size_t code = 0; code < texts.size(); ++code) {
+            if (auto const character = typedCharacter(texts[code]); !character.empty())
+                table.try_emplace(std::string(character), static_cast<std::uint16_t>(code));
+        }
+    }
+    return table;
+}
+
+} // namespace zv

@@ -1,0 +1,57 @@
+#include "app/menu/MachineLists.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+
+namespace zv {
+
+namespace {
+
+/// The way to the rest of the world first, then interface by interface, IPv4 before IPv6.
+auto orderOf(InterfaceAddress const& address) { return std::tuple(!address.hasDefaultRoute, sortKey(address.interfaceName), address.family); }
+
+void keepThoseOfUse(std::vector<InterfaceAddress>& addresses)
+{
+    std::erase_if(addresses, [](auto const& address) { return address.isLoopback || address.address.empty(); });
+    bool const hasBetter = std::any_of(addresses.begin(), addresses.end(), [](auto const& address) { return !address.isLinkLocal; });
+    if (hasBetter)
+        std::erase_if(addresses, [](auto const& address) { return address.isLinkLocal; });
+}
+
+std::string titleOf(InterfaceAddress const& address)
+{
+    bool const isNamed = !address.displayName.empty() && address.displayName != address.interfaceName;
+    auto const place = isNamed ? address.displayName + " (" + address.interfaceName + ")" : address.interfaceName;
+    return withValidUtf8(address.address + " — " + place);
+}
+
+DynamicEntry entryFor(InterfaceAddress const& address)
+{
+    DynamicEntry entry;
+    entry.id = address.address;
+    entry.title = titleOf(address);
+    entry.sortName = entry.title;
+    entry.url = Url::parse("data:," + Url::fromPath("/" + address.address).toString().substr(std::string_view("file:///").size()));
+    entry.action = DynamicEntryAction::copyText;
+    return entry;
+}
+
+} // namespace
+
+std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> addresses)
+{
+    keepThoseOfUse(addresses);
+    std::stable_sort(addresses.begin(), addresses.end(), [](auto const& a, auto const& b) { return orderOf(a) < orderOf(b); });
+    std::vector<DynamicEntry> entries;
+    std::set<std::string> seen;
+    for (auto const& address : addresses) {
+        if (seen.insert(address.address).second)
+            entries.push_back(entryFor(address));
+    }
+    return entries;
+}
+
+} // namespace zv

@@ -1,0 +1,84 @@
+#include "app/menu/DisplayText.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace zv {
+
+namespace {
+
+constexpr std::string_view replacement = "\xEF\xBF\xBD"; // U+FFFD
+
+/// Can be shown as it is, as nearly all names can: valid, and without the bytes that the
+/// characters to be replaced begin with.
+bool isPlain(std::string_view text)
+{
+    auto const isDoubtful = [](char c) {
+        auto const byte = static_cast<unsigned char>(c);
+        return byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xE2;
+    };
+    return std::none_of(text.begin(), text.end(), isDoubtful) && isValidUtf8(text);
+}
+
+/// The picture of a control character: U+2400 and the character's number.
+std::string controlPicture(unsigned char c)
+{
+    int const number = c == 0x7F ? 0x21 : c;
+    return { '\xE2', '\x90', static_cast<char>(0x80 + number) };
+}
+
+/// U+0080 to U+009F.
+bool isC1Control(std::string_view character) { return character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0; }
+
+/// U+2028, U+2029: line and paragraph separators; U+202A to U+202E and U+2066 to U+2069:
+/// embeddings, overrides and isolates.
+bool isLineBreakOrDirectionTurn(std::string_view character)
+{
+    if (character[0] != '\xE2')
+        return false;
+    auto const second = static_cast<unsigned char>(character[1]);
+    auto const third = static_cast<unsigned char>(character[2]);
+    return (second == 0x80 && third >= 0xA8 && third <= 0xAE) || (second == 0x81 && third >= 0xA6 && third <= 0xA9);
+}
+
+std::size_t lengthOfCharacter(char first)
+{
+    auto const byte = static_cast<unsigned char>(first);
+    if (byte < 0x80)
+        return 1;
+    if (byte < 0xE0)
+        return 2;
+    return byte < 0xF0 ? 3 : 4;
+}
+
+void appendShown(std::string& shown, std::string_view character)
+{
+    auto const first = static_cast<unsigned char>(character[0]);
+    if (first < 0x20 || first == 0x7F)
+        shown += controlPicture(first);
+    else if (isC1Control(character) || isLineBreakOrDirectionTurn(character))
+        shown += replacement;
+    else
+        shown += character;
+}
+
+} // namespace
+
+std::string displayText(std::string_view name)
+{
+    if (isPlain(name))
+        return std::string(name);
+    auto const valid = withValidUtf8(name);
+    std::string shown;
+    shown.reserve(valid.size());
+    for (std::size_t i = 0; i < valid.size();) {
+        auto const length = lengthOfCharacter(valid[i]);
+        appendShown(shown, std::string_view(valid).substr(i, length));
+        i += length;
+    }
+    return shown;
+}
+
+} // namespace zv

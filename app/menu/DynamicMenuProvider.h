@@ -1,0 +1,81 @@
+#pragma once
+
+#include "app/menu/DynamicEntry.h"
+#include "app/menu/Menu.h"
+#include "app/model/ItemLocation.h"
+#include "app/model/MenuItemKind.h"
+#include "app/model/Preferences.h"
+#include "base/Url.h"
+#include "platform/FileSystem.h"
+#include "platform/FolderReader.h"
+#include "platform/NetworkInterfaces.h"
+#include "platform/RecentServers.h"
+#include "platform/RunningApplications.h"
+#include "platform/SettingsPanes.h"
+#include "platform/Tasks.h"
+#include "platform/Volumes.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// Computes the list of one or more dynamic kinds. Main thread only.
+class DynamicListProvider {
+public:
+    virtual ~DynamicListProvider() = default;
+    /// Calls `done` exactly once: before it returns when the list is at hand, else later on
+    /// the main thread. `done` may outlive the menu it fills; it checks that itself.
+    virtual void entries(
+        MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth, std::function<void(std::vector<DynamicEntry>)> done)
+        = 0;
+};
+
+/// The lists of what the machine has now: its applications, volumes, servers, addresses and
+/// settings, and the Items folder.
+class DynamicMenuProvider : public DynamicListProvider {
+public:
+    struct Services {
+        RunningApplications& runningApplications;
+        Volumes& volumes;
+        RecentServers& recentServers;
+        NetworkInterfaces& networkInterfaces;
+        SettingsPanes& settingsPanes;
+        Preferences const& preferences;
+        FileSystem const& files;
+        std::shared_ptr<FolderReader const> folders;
+        Tasks& tasks;
+        Url itemsFolder;
+    };
+
+    /// The services outlive this.
+    explicit DynamicMenuProvider(Services services);
+
+    void entries(MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth,
+        std::function<void(std::vector<DynamicEntry>)> done) override;
+
+private:
+    void listItemsFolder(std::function<void(std::vector<DynamicEntry>)> done) const;
+
+    Services m_services;
+};
+
+/// Fills a submenu whose entries are not files: shortcuts, network locations.
+class SubmenuFiller {
+public:
+    virtual ~SubmenuFiller() = default;
+    virtual void fill(Menu& menu) = 0;
+};
+
+/// Learns the shortcuts that file names carry, folder by folder, as they are listed.
+class ListedFolderSink {
+public:
+    virtual ~ListedFolderSink() = default;
+    /// `withHotkeys` are those entries of the folder whose name carries a shortcut; may be empty.
+    virtual void folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys) = 0;
+};
+
+} // namespace zv

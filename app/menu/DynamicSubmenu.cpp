@@ -1,0 +1,203 @@
+#include "app/menu/DynamicSubmenu.h"
+
+#include "app/menu/HotkeyHints.h"
+#include "app/menu/MenuBuilder.h"
+#include "base/MainThread.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::chrono::seconds patienceWithRemoteFolders { 10 };
+constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
+constexpr char const* loadingTitle = "Loading…";
+constexpr char const* noItemsTitle = "No Items";
+constexpr char const* emptyFolderTitle = "Empty Folder";
+constexpr char const* noResponseTitle = "This folder did not respond.";
+constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
+
+std::optional<RecentItemsScope> recentItemsScopeOf(MenuItemKind const& kind)
+{
+    switch (kind.value()) {
+    case MenuItemKind::recentItems:
+        return RecentItemsScope::all;
+    case MenuItemKind::recentApps:
+        return RecentItemsScope::applications;
+    case MenuItemKind::recentFolders:
+        return RecentItemsScope::folders;
+    case MenuItemKind::recentDocs:
+        return RecentItemsScope::documents;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// A stored limit below zero shows as little as zero does.
+std::size_t itemLimit(Preferences const& preferences) { return static_cast<std::size_t>(std::max<std::int64_t>(preferences.maximumItemsPerFolder(), 0)); }
+
+void replaceEntries(Menu& menu, MenuEntry only)
+{
+    menu.entries.clear();
+    menu.entries.push_back(std::move(only));
+}
+
+/// The entries stay together in one block, which all items made of them share.
+void appendItems(Menu& menu, std::vector<DynamicEntry> entries, std::int64_t depth, MenuBuilder const& builder)
+{
+    auto const shared = std::make_shared<std::vector<DynamicEntry> const>(std::move(entries));
+    menu.entries.reserve(shared->size() + overflowLineCount);
+    for (auto const& entry : *shared)
+        menu.entries.push_back(builder.makeEntryItem(std::shared_ptr<DynamicEntry const>(shared, &entry), depth));
+    applyHotkeyHints(*shared, menu.entries, builder.text());
+}
+
+void appendOverflowLine(Menu& menu, std::size_t leftOut)
+{
+    menu.entries.push_back(MenuEntry::separator());
+    menu.entries.push_back(MenuEntry::disabled(std::to_string(leftOut) + " more items…"));
+}
+
+} // namespace
+
+void tidySeparators(std::vector<DynamicEntry>& entries)
+{
+    auto const isDoubled = [](DynamicEntry const& a, DynamicEntry const& b) { return a.isSeparator && b.isSeparator; };
+    auto const firstShown = std::find_if(entries.begin(), entries.end(), [](auto const& entry) { return !entry.isSeparator; });
+    entries.erase(entries.begin(), firstShown);
+    entries.erase(std::unique(entries.begin(), entries.end(), isDoubled), entries.end());
+    if (!entries.empty() && entries.back().isSeparator)
+        entries.pop_back();
+}
+
+void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(loadingTitle)); }
+
+bool isLoading(Menu const& menu) { return menu.entries.size() == 1 && !menu.entries[0].enabled && menu.entries[0].title == loadingTitle; }
+
+void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder)
+{
+    assertMainThread();
+    auto& entries = list.entries;
+    auto const shown = std::min(entries.size(), itemLimit(builder.preferences()));
+    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(shown), entries.end());
+    tidySeparators(entries);
+    if (entries.empty()) {
+        replaceEntries(menu, MenuEntry::disabled(std::string(emptyTitle)));
+        return;
+    }
+    menu.entries.clear();
+    appendItems(menu, std::move(entries), depth, builder);
+    if (list.totalCount > shown)
+        appendOverflowLine(menu, list.totalCount - shown);
+}
+
+DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources)
+    : m_source(std::move(source))
+    , m_builder(builder)
+    , m_sources(sources)
+{
+}
+
+void DynamicSubmenuDelegate::menuNeedsUpdate(Menu& menu)
+{
+    assertMainThread();
+    ++m_opening;
+    m_patience.reset();
+    m_isFilling = true;
+    std::visit([&](auto const& source) { fill(menu, source); }, m_source.value);
+    m_isFilling = false;
+}
+
+void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& folder)
+{
+    auto const& preferences = m_builder.preferences();
+    FolderListingOptions const options { preferences.showHiddenFiles(), preferences.sortFoldersFirst(), itemLimit(preferences) };
+    if (m_sources.folders.isRemote(folder.url))
+        fillRemoteFolder(menu, folder, options);
+    else
+        show(menu, folder, m_sources.folders.list(folder.url, options));
+}
+
+void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& list)
+{
+    if (auto const scope = recentItemsScopeOf(list.kind))
+        fillRecentItems(menu, *scope, list.depth);
+    else if (list.kind == MenuItemKind::shortcuts)
+        fillWith(m_sources.lists.shortcuts, menu);
+    else if (list.kind == MenuItemKind::location)
+        fillWith(m_sources.lists.locations, menu);
+    else
+        fillFromProvider(menu, list);
+}
+
+template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change change)
+{
+    auto const opening = m_opening;
+    return m_lifetime.guard([this, opening, weak = menu.weak_from_this(), change = std::move(change)](auto&&... arguments) mutable {
+        auto const stillThere = weak.lock();
+        if (!stillThere || opening != m_opening)
+            return;
+        change(*stillThere, std::forward<decltype(arguments)>(arguments)...);
+        if (!m_isFilling)
+            stillThere->didRefill();
+    });
+}
+
+void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options)
+{
+    showLoading(menu);
+    auto const* const reason = m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : noResponseTitle;
+    m_patience = m_sources.timers.after(
+        patienceWithRemoteFolders, later(menu, [reason](Menu& silent) { replaceEntries(silent, MenuBuilder::makeUnavailableItem(reason, reason)); }));
+    m_sources.folders.listInBackground(folder.url, options, later(menu, [this, folder](Menu& answered, FolderListing listing) {
+        m_patience.reset();
+        show(answered, folder, std::move(listing));
+    }));
+}
+
+void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing)
+{
+    m_sources.listedFolders.folderListed(folder.url, listing.withHotkeys);
+    populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, emptyFolderTitle, m_builder);
+}
+
+void DynamicSubmenuDelegate::fillRecentItems(Menu& menu, RecentItemsScope scope, std::int64_t depth)
+{
+    auto& cache = m_sources.recentItems;
+    if (auto const* const known = cache.entries(scope)) {
+        populate(menu, *known, depth, noItemsTitle, m_builder);
+        cache.refresh(scope);
+        return;
+    }
+    showLoading(menu);
+    cache.load(
+        scope, later(menu, [this, depth](Menu& open, std::vector<DynamicEntry> const& entries) { populate(open, entries, depth, noItemsTitle, m_builder); }));
+}
+
+void DynamicSubmenuDelegate::fillFromProvider(Menu& menu, DynamicMenuSource::List const& list)
+{
+    auto const found = m_sources.lists.providers.find(list.kind.value());
+    if (found == m_sources.lists.providers.end() || !found->second) {
+        populate(menu, std::vector<DynamicEntry>(), list.depth, noItemsTitle, m_builder);
+        return;
+    }
+    showLoading(menu);
+    auto const depth = list.depth;
+    found->second->entries(list.kind, list.location, depth, later(menu, [this, depth](Menu& answered, std::vector<DynamicEntry> entries) {
+        populate(answered, std::move(entries), depth, noItemsTitle, m_builder);
+    }));
+}
+
+void DynamicSubmenuDelegate::fillWith(SubmenuFiller* filler, Menu& menu)
+{
+    if (filler)
+        filler->fill(menu);
+    else
+        populate(menu, std::vector<DynamicEntry>(), 0, noItemsTitle, m_builder);
+}
+
+} // namespace zv

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/DynamicMenuSource.h"
+#include "app/menu/FolderListings.h"
+#include "app/menu/Menu.h"
+#include "app/menu/RecentItemsCache.h"
+#include "base/Lifetime.h"
+#include "platform/Timers.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace zv {
+
+class MenuBuilder;
+
+/// Who computes the list of which kind. A kind that nobody computes has no items.
+struct DynamicLists {
+    std::map<MenuItemKind::Case, DynamicListProvider*> providers;
+    SubmenuFiller* shortcuts = nullptr;
+    SubmenuFiller* locations = nullptr;
+};
+
+/// What self-filling submenus are filled from. All of it outlives the menus.
+struct SubmenuSources {
+    FolderListings& folders;
+    RecentItemsCache& recentItems;
+    DynamicLists const& lists;
+    ListedFolderSink& listedFolders;
+    Timers& timers;
+};
+
+/// Entries to show; `totalCount` counts those, too, that were left out of the list already.
+struct EntryList {
+    EntryList(std::vector<DynamicEntry> all) // NOLINT(google-explicit-constructor): a whole list is one
+        : entries(std::move(all))
+        , totalCount(entries.size())
+    {
+    }
+    EntryList(std::vector<DynamicEntry> first, std::size_t total)
+        : entries(std::move(first))
+        , totalCount(total)
+    {
+    }
+
+    std::vector<DynamicEntry> entries;
+    std::size_t totalCount;
+};
+
+/// Fills the menu afresh, up to the preferred number of entries; the others are counted in
+/// a last line. `emptyTitle` stands for a list without entries.
+void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder);
+
+/// Drops separators at both ends, and all but the first of several in a row.
+void tidySeparators(std::vector<DynamicEntry>& entries);
+
+/// Shows the one disabled line "Loading…".
+void showLoading(Menu& menu);
+[[nodiscard]] bool isLoading(Menu const& menu);
+
+/// Fills its menu from a source each time that is about to open. Its entry owns it.
+class DynamicSubmenuDelegate : public MenuDelegate {
+public:
+    DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources);
+
+    [[nodiscard]] DynamicMenuSource const& source() const { return m_source; }
+    void menuNeedsUpdate(Menu& menu) override;
+
+private:
+    void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
+    void fill(Menu& menu, DynamicMenuSource::List const& list);
+    void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
+    void fillRecentItems(Menu& menu, RecentItemsScope scope, std::int64_t depth);
+    void fillFromProvider(Menu& menu, DynamicMenuSource::List const& list);
+    void fillWith(SubmenuFiller* filler, Menu& menu);
+    void show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing);
+    /// Does something to the menu later, if it still exists and has not opened again since.
+    template <class Change> auto later(Menu& menu, Change change);
+
+    DynamicMenuSource m_source;
+    MenuBuilder const& m_builder;
+    SubmenuSources const& m_sources;
+    std::unique_ptr<Timer> m_patience; ///< runs while a remote folder is silent
+    bool m_isFilling = false; ///< what is at hand at once needs no word to the mirror
+    unsigned m_opening = 0; ///< counts, so that what comes late for an earlier opening is known
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,60 @@
+#include "app/menu/FileEntry.h"
+
+#include "app/menu/DisplayText.h"
+#include "app/model/FinderPopName.h"
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+/// Every prefix has a ")", every separator and shortcut a "-*": most names say nothing,
+/// and are found out without reading them character by character.
+bool maySayMore(std::string_view name) { return name.find(')') != std::string_view::npos || name.find("-*") != std::string_view::npos; }
+
+std::string titleOf(std::string_view shownName) { return displayText(maySayMore(shownName) ? FinderPopName(shownName).title : shownName); }
+
+/// Takes from the name what it says beyond naming the file.
+void readName(std::string_view name, DynamicEntry& entry)
+{
+    if (!maySayMore(name))
+        return;
+    FinderPopName said(name);
+    entry.isSeparator = said.isSeparator;
+    entry.hotkey = std::move(said.hotkey);
+}
+
+} // namespace
+
+std::string sortNameOf(NamedFile const& file)
+{
+    if (file.localizedName.empty())
+        return std::string(file.name);
+    auto const prefix = maySayMore(file.name) ? FinderPopName(file.name).orderingPrefix : std::nullopt;
+    return prefix.value_or("").append(file.localizedName);
+}
+
+DynamicEntry fileEntry(Url url, NamedFile const& file)
+{
+    DynamicEntry entry;
+    readName(file.name, entry);
+    if (!entry.isSeparator)
+        entry.title = titleOf(file.localizedName.empty() ? file.name : file.localizedName);
+    entry.sortName = sortNameOf(file);
+    entry.id = url.toString();
+    entry.fileURL = url;
+    entry.url = std::move(url);
+    entry.isDirectory = file.traits.isDirectory;
+    entry.isPackage = file.traits.isPackage;
+    return entry;
+}
+
+DynamicEntry fileEntry(Url const& url, FileSystem const& files)
+{
+    auto const name = url.lastPathComponent();
+    auto const shown = files.localizedName(url);
+    return fileEntry(url, { name, shown == name ? std::string_view() : shown, files.traits(url).value_or(FileTraits {}) });
+}
+
+} // namespace zv

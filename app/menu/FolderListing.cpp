@@ -1,0 +1,155 @@
+#include "app/menu/FolderListing.h"
+
+#include "app/menu/DisplayText.h"
+#include "app/menu/FileEntry.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+NamedFile namedFile(FolderContents::Item const& item) { return { item.name, item.localizedName, item.traits }; }
+
+/// One item's place in the order: a few bytes here, its sort key in a block that all share.
+struct Place {
+    std::uint64_t keyStart; ///< the key's first bytes; they decide most comparisons
+    std::size_t keyOffset;
+    std::uint32_t keyLength;
+    std::uint32_t rank; ///< folders before files where wanted
+    std::size_t index; ///< in the contents
+};
+
+constexpr std::size_t usualKeyLength = 24;
+
+class FolderOrder {
+public:
+    FolderOrder(FolderContents const& contents, FolderListingOptions const& options)
+        : m_contents(contents)
+    {
+        m_places.reserve(contents.size());
+        m_keys.reserve(contents.size() * usualKeyLength);
+        for (std::size_t i = 0; i < contents.size(); ++i)
+            addPlace(i, contents[i], options.sortFoldersFirst);
+    }
+
+    /// The indexes of the first `count` items, in order.
+    std::vector<std::size_t> first(std::size_t count)
+    {
+        auto const comesBefore = [this](Place const& a, Place const& b) { return isBefore(a, b); };
+        auto const end = m_places.begin() + static_cast<std::ptrdiff_t>(std::min(count, m_places.size()));
+        if (end != m_places.end())
+            std::nth_element(m_places.begin(), end, m_places.end(), comesBefore);
+        std::sort(m_places.begin(), end, comesBefore);
+        std::vector<std::size_t> indexes(static_cast<std::size_t>(end - m_places.begin()));
+        std::transform(m_places.begin(), end, indexes.begin(), [](Place const& place) { return place.index; });
+        return indexes;
+    }
+
+private:
+    void addPlace(std::size_t index, FolderContents::Item const& item, bool sortFoldersFirst)
+    {
+        auto const start = m_keys.size();
+        if (item.localizedName.empty())
+            appendSortKey(m_keys, item.name);
+        else
+            appendSortKey(m_keys, sortNameOf(namedFile(item)));
+        auto const key = std::string_view(m_keys).substr(start);
+        bool const isFile = !item.traits.isDirectory || item.traits.isPackage;
+        m_places.push_back({ startOf(key), start, static_cast<std::uint32_t>(key.size()), sortFoldersFirst && isFile ? 1U : 0U, index });
+    }
+
+    static std::uint64_t startOf(std::string_view key)
+    {
+        std::uint64_t start = 0;
+        for (std::size_t i = 0; i < sizeof start; ++i)
+            start = start << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0);
+        return start;
+    }
+
+    [[nodiscard]] std::string_view keyOf(Place const& place) const { return std::string_view(m_keys).substr(place.keyOffset, place.keyLength); }
+
+    [[nodiscard]] bool isBefore(Place const& a, Place const& b) const
+    {
+        if (a.rank != b.rank)
+            return a.rank < b.rank;
+        if (a.keyStart != b.keyStart)
+            return a.keyStart < b.keyStart;
+        int const order = keyOf(a).compare(keyOf(b));
+        return order != 0 ? order < 0 : m_contents[a.index].name < m_contents[b.index].name;
+    }
+
+    FolderContents const& m_contents;
+    std::vector<Place> m_places;
+    std::string m_keys;
+};
+
+DynamicEntry entryAt(Url const& folder, FolderContents::Item const& item) { return fileEntry(folder.appending(item.name), namedFile(item)); }
+
+std::vector<DynamicEntry> entriesWithHotkeys(Url const& folder, FolderContents const& contents)
+{
+    std::vector<DynamicEntry> found;
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        if (contents[i].name.find("-*[") == std::string_view::npos)
+            continue;
+        auto entry = entryAt(folder, contents[i]);
+        if (entry.hotkey && !entry.isSeparator)
+            found.push_back(std::move(entry));
+    }
+    return found;
+}
+
+std::string reasonOf(FolderReadFailure failure)
+{
+    switch (failure) {
+    case FolderReadFailure::notPermitted:
+        return "You do not have permission to see this folder’s contents.";
+    case FolderReadFailure::notFound:
+        return "This folder no longer exists.";
+    case FolderReadFailure::notAFolder:
+        return "This is not a folder.";
+    case FolderReadFailure::failed:
+        break;
+    }
+    return "This folder cannot be read.";
+}
+
+/// One entry that stands for the folder itself and says why nothing of it is to be seen.
+FolderListing unreadableFolder(Url const& folder, FolderReadFailure failure)
+{
+    DynamicEntry entry;
+    entry.id = folder.toString();
+    entry.title = displayText(folder.lastPathComponent());
+    entry.sortName = entry.title;
+    entry.fileURL = folder;
+    entry.isDirectory = true;
+    entry.unavailabilityReason = reasonOf(failure);
+    FolderListing listing;
+    listing.entries.push_back(std::move(entry));
+    listing.totalCount = 1;
+    return listing;
+}
+
+} // namespace
+
+FolderListing listFolder(FolderReader const& reader, Url const& folder, FolderListingOptions const& options)
+{
+    auto const contents = reader.read(folder, options.showHiddenFiles ? HiddenFiles::included : HiddenFiles::skipped);
+    if (!contents)
+        return unreadableFolder(folder, contents.error());
+    FolderListing listing;
+    auto const shown = FolderOrder(*contents, options).first(options.limit);
+    listing.totalCount = contents->size();
+    listing.entries.reserve(shown.size());
+    for (std::size_t const index : shown)
+        listing.entries.push_back(entryAt(folder, (*contents)[index]));
+    listing.withHotkeys = entriesWithHotkeys(folder, *contents);
+    return listing;
+}
+
+} // namespace zv

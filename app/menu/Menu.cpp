@@ -1,0 +1,42 @@
+#include "app/menu/Menu.h"
+
+#include "base/MainThread.h"
+
+namespace zv {
+
+MenuEntry MenuEntry::separator()
+{
+    MenuEntry entry;
+    entry.type = Type::separator;
+    return entry;
+}
+
+MenuEntry MenuEntry::disabled(std::string title)
+{
+    MenuEntry entry;
+    entry.title = std::move(title);
+    entry.enabled = false;
+    return entry;
+}
+
+void Menu::needsUpdate()
+{
+    assertMainThread();
+    if (auto const asked = delegate.lock())
+        asked->menuNeedsUpdate(*this);
+}
+
+void Menu::didClose()
+{
+    assertMainThread();
+    if (auto const told = delegate.lock())
+        told->menuDidClose(*this);
+}
+
+void Menu::didRefill() const
+{
+    if (onRefilled)
+        onRefilled();
+}
+
+} // namespace zv

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/ModifierKeys.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+/// A menu as an object of ours. The builder fills it, the front ends mirror it each time it
+/// opens and forget it when it has closed. Main thread only.
+namespace zv {
+
+class Menu;
+
+/// Carries what choosing an entry does. Every actionable entry owns its own.
+class MenuActionTarget {
+public:
+    /// `kept` lives as long as this does, for what `run` only points at.
+    explicit MenuActionTarget(std::function<void()> run, std::shared_ptr<void const> kept = nullptr)
+        : m_run(std::move(run))
+        , m_kept(std::move(kept))
+    {
+    }
+    /// What runs may take the menu down, and this with it.
+    void invoke() const
+    {
+        auto const run = m_run;
+        auto const kept = m_kept;
+        run();
+    }
+
+private:
+    std::function<void()> m_run;
+    std::shared_ptr<void const> m_kept;
+};
+
+/// Asked before its menu opens, told after it has closed. The menu holds it weakly.
+class MenuDelegate {
+public:
+    virtual ~MenuDelegate() = default;
+    virtual void menuNeedsUpdate(Menu& menu) = 0;
+    virtual void menuDidClose(Menu&) { }
+};
+
+/// A title that is more than its text.
+struct AttributedTitle {
+    std::string text;
+    bool italic = false;
+    std::string hint; ///< shown at a right-aligned tab; empty when there is none
+    double hintTab = 0; ///< points from the title's left edge to the hint's right edge
+    friend bool operator==(AttributedTitle const&, AttributedTitle const&) = default;
+};
+
+struct MenuEntry {
+    enum class Type { item, separator };
+
+    Type type = Type::item;
+    std::string title;
+    std::optional<AttributedTitle> attributedTitle;
+    std::string toolTip;
+    ImageRef image;
+    bool enabled = true;
+    bool isMarked = false; ///< a check mark: the current one of several
+    std::string keyEquivalent; ///< one character, lower case; function keys as U+F704 …; empty for none
+    ModifierMask keyEquivalentModifierMask = ModifierMask::none;
+    std::string identifier;
+    std::shared_ptr<MenuActionTarget> target; ///< null when choosing does nothing
+    std::shared_ptr<void> representedObject; ///< keeps alive what the entry needs: its target, its submenu's delegate
+    std::shared_ptr<Menu> submenu;
+
+    [[nodiscard]] static MenuEntry separator();
+    [[nodiscard]] static MenuEntry disabled(std::string title);
+    /// What is drawn: the attributed title's text, else the title.
+    [[nodiscard]] std::string const& visibleTitle() const { return attributedTitle ? attributedTitle->text : title; }
+};
+
+/// Always made by std::make_shared: an asynchronous fill holds its menu weakly.
+class Menu : public std::enable_shared_from_this<Menu> {
+public:
+    explicit Menu(std::string menuTitle = {})
+        : title(std::move(menuTitle))
+    {
+    }
+    Menu(Menu const&) = delete;
+    Menu& operator=(Menu const&) = delete;
+
+    std::string title;
+    bool autoenablesItems = true; ///< ours are all made with false: enabled states are set explicitly
+    std::weak_ptr<MenuDelegate> delegate;
+    std::vector<MenuEntry> entries;
+
+    /// Set by the mirror that shows the menu, reset when it closes. Called after an
+    /// asynchronous fill through didRefill().
+    std::function<void()> onRefilled;
+
+    /// Asks the delegate, if there is one, to fill the menu; called right before it opens.
+    void needsUpdate();
+    void didClose();
+    /// Tells a mirror that the entries changed while the menu was open.
+    void didRefill() const;
+};
+
+} // namespace zv

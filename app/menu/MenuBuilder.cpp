@@ -1,0 +1,280 @@
+#include "app/menu/MenuBuilder.h"
+
+#include "app/menu/DisplayText.h"
+#include "app/menu/DockMenu.h"
+#include "app/menu/DynamicSubmenu.h"
+#include "app/menu/FileEntry.h"
+#include "app/menu/MenuKeyEquivalent.h"
+#include "base/MainThread.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* noItemsTitle = "No Items";
+constexpr char const* missingFileToolTip = "This item points at a file that no longer exists. Choose a new target in Settings.";
+constexpr char const* systemInformationIdentifier = "com.apple.SystemProfiler";
+
+/// An entry with a submenu; the menu has the same title.
+MenuEntry entryWithSubmenu(std::string title)
+{
+    MenuEntry entry;
+    entry.submenu = std::make_shared<Menu>(title);
+    entry.submenu->autoenablesItems = false;
+    entry.title = std::move(title);
+    return entry;
+}
+
+MenuEntry itemWithTarget(std::string title, std::shared_ptr<MenuActionTarget> target)
+{
+    MenuEntry entry;
+    entry.title = std::move(title);
+    entry.representedObject = target;
+    entry.target = std::move(target);
+    return entry;
+}
+
+KeyEquivalentSpec commandKey(char const* character) { return { .trigger = KeyEquivalentSpec::Trigger::character(character) }; }
+
+/// Nothing is asked of a file on a remote file system before its submenu opens: a name
+/// without an extension is taken for a folder's.
+FileTraits presumedTraits(Url const& url) { return { pathExtension(url.lastPathComponent()).empty(), false }; }
+
+} // namespace
+
+MenuBuilder::MenuBuilder(Services services, SubmenuSources const& sources)
+    : m_services(services)
+    , m_sources(sources)
+{
+}
+
+void MenuBuilder::buildMenu(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const
+{
+    appendItems(menu, items, option);
+    appendStandardItems(menu, option == OptionKey::held ? AppCommands::included : AppCommands::omitted,
+        menuContainsQuitItem(menu) ? QuitCommand::omitted : QuitCommand::included);
+}
+
+void MenuBuilder::appendItems(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const
+{
+    assertMainThread();
+    menu.entries.clear();
+    menu.entries.reserve(items.size());
+    menu.autoenablesItems = false;
+    for (auto const& item : items) {
+        if (!item.isHidden)
+            menu.entries.push_back(makeItem(item, option));
+    }
+}
+
+void MenuBuilder::appendStandardItems(Menu& menu, AppCommands appCommands, QuitCommand quit) const
+{
+    menu.entries.push_back(MenuEntry::separator());
+    menu.entries.push_back(makeCustomizeItem());
+    if (appCommands == AppCommands::omitted)
+        return;
+    menu.entries.push_back(makeUpdateItem());
+    if (quit == QuitCommand::included)
+        menu.entries.push_back(makeTrailingQuitItem());
+}
+
+bool MenuBuilder::menuContainsQuitItem(Menu const& menu)
+{
+    return std::any_of(menu.entries.begin(), menu.entries.end(),
+        [](MenuEntry const& entry) { return entry.identifier == quitIdentifier || (entry.submenu && menuContainsQuitItem(*entry.submenu)); });
+}
+
+MenuEntry MenuBuilder::makeItem(MenuItem const& item, OptionKey option) const
+{
+    switch (item.kind.value()) {
+    case MenuItemKind::separator:
+        return MenuEntry::separator();
+    case MenuItemKind::submenu:
+        return makeGroupSubmenu(item, item.children, option);
+    case MenuItemKind::fsObject:
+        return makeFileItem(item);
+    case MenuItemKind::dockMenu: {
+        auto entry = makeGroupSubmenu(item, dockChildren(), option);
+        applyKindIcon(item.kind, entry);
+        return entry;
+    }
+    case MenuItemKind::aboutThisMac:
+        return option == OptionKey::held ? makeSystemInformationItem(item) : makeGenericItem(item, option);
+    case MenuItemKind::quitZantheVell:
+        return makeQuitItem(item);
+    default:
+        return makeGenericItem(item, option);
+    }
+}
+
+MenuEntry MenuBuilder::makeGenericItem(MenuItem const& item, OptionKey option) const
+{
+    if (!item.children.empty())
+        return makeGroupSubmenu(item, item.children, option);
+    if (!item.kind.fillsItself())
+        return makeCommandItem(item);
+    auto entry = makeDynamicSubmenuItem(displayText(item.displayTitle()), DynamicMenuSource::kind(item.kind, item.location, depthOf(item)));
+    applyKindIcon(item.kind, entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeGroupSubmenu(MenuItem const& item, std::vector<MenuItem> const& children, OptionKey option) const
+{
+    auto entry = entryWithSubmenu(displayText(item.displayTitle()));
+    appendItems(*entry.submenu, children, option);
+    if (entry.submenu->entries.empty())
+        entry.submenu->entries.push_back(MenuEntry::disabled(noItemsTitle));
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeCommandItem(MenuItem const& item) const
+{
+    auto title = displayText(item.displayTitle());
+    auto entry = item.kind.isLegacy() ? MenuEntry::disabled(std::move(title))
+                                      : makeActionItem(std::move(title), [&commands = m_services.commands, item] { commands.perform(item); });
+    entry.toolTip = item.kind.unavailabilityReason().value_or("");
+    applyKindIcon(item.kind, entry);
+    if (item.keyEquivalent)
+        applyKeyEquivalent(*item.keyEquivalent, entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeFileItem(MenuItem const& item) const
+{
+    if (item.location && item.location->path) {
+        auto const url = Url::fromPath(*item.location->path);
+        if (m_sources.folders.isRemote(url))
+            return makeFileItemForURL(item, url, presumedTraits(url));
+    }
+    auto const url = item.location ? item.location->resolvedURL(m_services.locations) : std::nullopt;
+    if (url)
+        return makeFileItemForURL(item, *url, m_services.locations.files.traits(*url).value_or(FileTraits {}));
+    auto missing = MenuEntry::disabled(displayText(item.displayTitle()));
+    missing.toolTip = missingFileToolTip;
+    return missing;
+}
+
+MenuEntry MenuBuilder::makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const
+{
+    auto title = displayText(item.displayTitle());
+    bool const isFolder = traits.isDirectory && !traits.isPackage;
+    auto entry = isFolder ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item)))
+                          : makeActionItem(std::move(title), [&commands = m_services.commands, url] { commands.open(url); });
+    applyFileIcon(url, entry);
+    if (item.keyEquivalent)
+        applyKeyEquivalent(*item.keyEquivalent, entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeSystemInformationItem(MenuItem const& item) const
+{
+    auto entry = makeActionItem("System Information", [&workspace = m_services.workspace] {
+        if (auto const application = workspace.applicationWithIdentifier(systemInformationIdentifier))
+            workspace.open(*application);
+    });
+    if (m_services.preferences.showIcons())
+        applyFileIcon(m_services.workspace.applicationWithIdentifier(systemInformationIdentifier), entry);
+    if (item.keyEquivalent)
+        applyKeyEquivalent(*item.keyEquivalent, entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeQuitItem(MenuItem const& item) const
+{
+    auto entry = makeCommandItem(item);
+    entry.identifier = quitIdentifier;
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeCustomizeItem() const
+{
+    auto entry = makeActionItem("Customize Zanthe Vell…", [&commands = m_services.commands] { commands.openSettingsWindow(); });
+    applyKeyEquivalent(commandKey(","), entry);
+    applyKindIcon(MenuItemKind::customizeZantheVell, entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeUpdateItem() const
+{
+    auto entry = makeActionItem("Check for Updates…", [&commands = m_services.commands] { commands.checkForUpdates(); });
+    entry.enabled = m_services.commands.canCheckForUpdates();
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeTrailingQuitItem() const
+{
+    auto entry = makeActionItem("Quit Zanthe Vell", [&commands = m_services.commands] { commands.terminate(); });
+    applyKeyEquivalent(commandKey("q"), entry);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const
+{
+    if (entry->isSeparator)
+        return MenuEntry::separator();
+    if (!entry->url && !entry->unavailabilityReason)
+        return MenuEntry::disabled(entry->title);
+    auto item = makeItemWithoutIcon(entry, remainingDepth);
+    applyFileIcon(entry->fileURL, item);
+    return item;
+}
+
+MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const
+{
+    if (entry->unavailabilityReason)
+        return makeUnavailableItem(entry->title, *entry->unavailabilityReason);
+    if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
+        return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1));
+    // Two pointers need no memory of their own; the target keeps what they point at.
+    auto open = [commands = &m_services.commands, opened = entry.get()] { commands->open(*opened); };
+    return itemWithTarget(entry->title, std::make_shared<MenuActionTarget>(open, entry));
+}
+
+MenuEntry MenuBuilder::makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const
+{
+    auto entry = entryWithSubmenu(std::move(title));
+    auto const delegate = std::make_shared<DynamicSubmenuDelegate>(std::move(source), *this, m_sources);
+    entry.submenu->delegate = delegate;
+    entry.representedObject = delegate;
+    showLoading(*entry.submenu);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeUnavailableItem(std::string title, std::string reason)
+{
+    auto entry = MenuEntry::disabled(std::move(title));
+    entry.attributedTitle = AttributedTitle { .text = entry.title, .italic = true };
+    entry.toolTip = std::move(reason);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeActionItem(std::string title, std::function<void()> run)
+{
+    return itemWithTarget(std::move(title), std::make_shared<MenuActionTarget>(std::move(run)));
+}
+
+void MenuBuilder::applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const
+{
+    if (m_services.preferences.showIcons())
+        entry.image = m_services.icons.iconForKind(kind);
+}
+
+void MenuBuilder::applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const
+{
+    if (url && m_services.preferences.showIcons())
+        entry.image = m_services.icons.iconForFile(*url);
+}
+
+std::int64_t MenuBuilder::depthOf(MenuItem const& item) const { return item.scanDepth.value_or(m_services.preferences.maximumScanDepth()); }
+
+std::vector<MenuItem> const& MenuBuilder::dockChildren() const
+{
+    if (!m_dockChildren)
+        m_dockChildren = loadDockMenu(m_services.resources);
+    return *m_dockChildren;
+}
+
+} // namespace zv

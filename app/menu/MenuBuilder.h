@@ -1,0 +1,104 @@
+#pragma once
+
+#include "app/menu/DynamicEntry.h"
+#include "app/menu/DynamicMenuSource.h"
+#include "app/menu/Menu.h"
+#include "app/menu/MenuCommands.h"
+#include "app/menu/MenuIcon.h"
+#include "app/menu/OptionKey.h"
+#include "app/model/MenuItem.h"
+#include "app/model/Preferences.h"
+#include "platform/Resources.h"
+#include "platform/TextMeasure.h"
+#include "platform/Workspace.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zv {
+
+struct SubmenuSources;
+
+/// Turns the user's menu tree into a live menu, afresh each time the menu is about to open.
+/// What must be computed is left to submenus that fill themselves. Main thread only.
+class MenuBuilder {
+public:
+    struct Services {
+        Preferences const& preferences;
+        LocationServices locations;
+        MenuIcons& icons;
+        MenuCommands& commands;
+        Workspace& workspace;
+        Resources const& resources;
+        TextMeasure const& text;
+    };
+
+    /// Carried by a Quit entry that the user placed.
+    static constexpr std::string_view quitIdentifier = "QuitZantheVell";
+
+    /// All that is handed in outlives the builder, and the builder outlives its menus.
+    MenuBuilder(Services services, SubmenuSources const& sources);
+    MenuBuilder(MenuBuilder const&) = delete;
+    MenuBuilder& operator=(MenuBuilder const&) = delete;
+
+    /// The whole menu: the user's items, then the program's own.
+    void buildMenu(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const;
+    /// Empties the menu, then adds an entry a visible item.
+    void appendItems(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const;
+
+    enum class AppCommands { omitted, included };
+    enum class QuitCommand { omitted, included };
+    void appendStandardItems(Menu& menu, AppCommands appCommands, QuitCommand quit) const;
+    /// True when the menu or a submenu of it holds a Quit entry that the user placed.
+    [[nodiscard]] static bool menuContainsQuitItem(Menu const& menu);
+
+    /// The entry of a self-filling submenu. `remainingDepth` levels of folders may still
+    /// become submenus below it.
+    [[nodiscard]] MenuEntry makeEntryItem(DynamicEntry entry, std::int64_t remainingDepth) const
+    {
+        return makeEntryItem(std::make_shared<DynamicEntry const>(std::move(entry)), remainingDepth);
+    }
+    /// The same for an entry that lies in a list: the items made of a list share it.
+    [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
+    [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const;
+    /// Disabled and italic, the reason as its tooltip.
+    [[nodiscard]] static MenuEntry makeUnavailableItem(std::string title, std::string reason);
+    [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
+
+    void applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const;
+    void applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const;
+
+    [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }
+    [[nodiscard]] FileSystem const& files() const { return m_services.locations.files; }
+    [[nodiscard]] TextMeasure const& text() const { return m_services.text; }
+
+private:
+    [[nodiscard]] MenuEntry makeItem(MenuItem const& item, OptionKey option) const;
+    [[nodiscard]] MenuEntry makeGenericItem(MenuItem const& item, OptionKey option) const;
+    [[nodiscard]] MenuEntry makeGroupSubmenu(MenuItem const& item, std::vector<MenuItem> const& children, OptionKey option) const;
+    [[nodiscard]] MenuEntry makeCommandItem(MenuItem const& item) const;
+    [[nodiscard]] MenuEntry makeFileItem(MenuItem const& item) const;
+    [[nodiscard]] MenuEntry makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const;
+    /// Of an entry that has a URL or a reason why it is not available.
+    [[nodiscard]] MenuEntry makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
+    [[nodiscard]] MenuEntry makeSystemInformationItem(MenuItem const& item) const;
+    [[nodiscard]] MenuEntry makeQuitItem(MenuItem const& item) const;
+    [[nodiscard]] MenuEntry makeCustomizeItem() const;
+    [[nodiscard]] MenuEntry makeUpdateItem() const;
+    [[nodiscard]] MenuEntry makeTrailingQuitItem() const;
+    [[nodiscard]] std::int64_t depthOf(MenuItem const& item) const;
+    [[nodiscard]] std::vector<MenuItem> const& dockChildren() const;
+
+    Services m_services;
+    SubmenuSources const& m_sources;
+    mutable std::optional<std::vector<MenuItem>> m_dockChildren; ///< loaded on first use
+};
+
+} // namespace zv

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/menu/DynamicEntry.h"
+#include "app/model/MenuItem.h"
+#include "base/Url.h"
+
+namespace zv {
+
+/// What the entries of a menu ask for when they are chosen. Main thread only.
+class MenuCommands {
+public:
+    virtual ~MenuCommands() = default;
+    /// False when nothing was done.
+    virtual bool perform(MenuItem const& item) = 0;
+    virtual void open(Url const& url) = 0;
+    virtual void open(DynamicEntry const& entry) = 0;
+    virtual void openSettingsWindow() = 0;
+    virtual void terminate() = 0;
+    [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
+    virtual void checkForUpdates() = 0;
+};
+
+} // namespace zv

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/model/MenuItemKind.h"
+#include "base/Url.h"
+#include "platform/IconSource.h"
+#include "platform/Image.h"
+
+#include <string>
+#include <unordered_map>
+
+namespace zv {
+
+/// The pictures of menu entries. Main thread only.
+class MenuIcons {
+public:
+    virtual ~MenuIcons() = default;
+    /// Null when the kind has none.
+    [[nodiscard]] virtual ImageRef iconForKind(MenuItemKind const& kind) = 0;
+    [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
+    /// Forgets what was fetched, so that the next menu fetches it afresh.
+    virtual void emptyCache() = 0;
+};
+
+/// The pictures, each fetched once and kept until the cache is emptied. Main thread only.
+class MenuIcon : public MenuIcons {
+public:
+    /// `source` outlives this.
+    MenuIcon(IconSource& source, Url itemsFolder);
+
+    [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
+    /// What lies on another machine has the network's picture.
+    [[nodiscard]] ImageRef iconForFile(Url const& url) override;
+    void emptyCache() override;
+
+    [[nodiscard]] ImageRef thisMacIcon();
+    [[nodiscard]] ImageRef genericFolderIcon();
+    [[nodiscard]] ImageRef networkIcon();
+    [[nodiscard]] ImageRef applicationIcon();
+
+private:
+    [[nodiscard]] ImageRef iconOfKindFile(MenuItemKind const& kind);
+    [[nodiscard]] ImageRef itemsFolderIcon();
+    template <class Fetch> [[nodiscard]] ImageRef cached(std::string key, Fetch fetch);
+
+    IconSource& m_source;
+    Url m_itemsFolder;
+    /// By a file's path, or "thisMac", "genericFolder", "network".
+    std::unordered_map<std::string, ImageRef> m_cache;
+};
+
+} // namespace zv

@@ -1,0 +1,104 @@
+#include "app/menu/MenuKeyEquivalent.h"
+
+#include "base/Text.h"
+
+#include <charconv>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr int lastFunctionKey = 15;
+constexpr std::string_view escapeCharacter = "\x1B";
+
+/// U+F703 plus the number. All of them share their first two bytes in UTF-8.
+std::string functionKeyCharacter(int number) { return { '\xEF', '\x9C', static_cast<char>(0x83 + number) }; }
+
+std::optional<int> numberOfFunctionKey(std::string_view character)
+{
+    for (int number = 1; number <= lastFunctionKey; ++number) {
+        if (functionKeyCharacter(number) == character)
+            return number;
+    }
+    return std::nullopt;
+}
+
+std::optional<int> parseDecimal(std::string_view text)
+{
+    int number = 0;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+ModifierMask modifierMask(KeyEquivalentSpec const& spec)
+{
+    auto mask = spec.noCommand ? ModifierMask::none : ModifierMask::command;
+    if (spec.shift)
+        mask |= ModifierMask::shift;
+    if (spec.option)
+        mask |= ModifierMask::option;
+    if (spec.control)
+        mask |= ModifierMask::control;
+    return mask;
+}
+
+std::optional<std::string> keyCharacter(KeyEquivalentSpec::Trigger const& trigger)
+{
+    if (trigger.kind == KeyEquivalentSpec::Trigger::Kind::named)
+        return keyEquivalentCharacter(trigger.text);
+    return lowerCased(trigger.text);
+}
+
+std::string keyText(std::string_view character)
+{
+    if (character == escapeCharacter)
+        return "⎋";
+    if (auto const number = numberOfFunctionKey(character))
+        return "F" + std::to_string(*number);
+    return upperCased(character);
+}
+
+} // namespace
+
+std::optional<std::string> keyEquivalentCharacter(std::string_view name)
+{
+    auto const lowered = lowerCased(name);
+    if (lowered == "esc")
+        return std::string(escapeCharacter);
+    if (!lowered.starts_with('f'))
+        return std::nullopt;
+    auto const number = parseDecimal(std::string_view(lowered).substr(1));
+    if (!number || *number < 1 || *number > lastFunctionKey)
+        return std::nullopt;
+    return functionKeyCharacter(*number);
+}
+
+void applyKeyEquivalent(KeyEquivalentSpec const& spec, MenuEntry& entry)
+{
+    auto character = keyCharacter(spec.trigger);
+    if (!character)
+        return;
+    entry.keyEquivalent = std::move(*character);
+    entry.keyEquivalentModifierMask = modifierMask(spec);
+}
+
+std::string keyEquivalentText(MenuEntry const& entry)
+{
+    static constexpr std::pair<ModifierMask, std::string_view> glyphs[] = {
+        { ModifierMask::control, "⌃" },
+        { ModifierMask::option, "⌥" },
+        { ModifierMask::shift, "⇧" },
+        { ModifierMask::command, "⌘" },
+    };
+    if (entry.keyEquivalent.empty())
+        return {};
+    std::string text;
+    for (auto const& [modifier, glyph] : glyphs) {
+        if (contains(entry.keyEquivalentModifierMask, modifier))
+            text += glyph;
+    }
+    return text + keyText(entry.keyEquivalent);
+}
+
+} // namespace zv

@@ -1,0 +1,129 @@
+#include "app/menu/MachineLists.h"
+
+#include "app/model/MenuItemKind.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <set>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+enum class ServerRoot { host, share };
+
+struct Protocol {
+    std::string_view scheme;
+    ServerRoot root;
+};
+
+constexpr std::array protocols {
+    Protocol { "smb", ServerRoot::share },
+    Protocol { "cifs", ServerRoot::share },
+    Protocol { "afp", ServerRoot::share },
+    Protocol { "nfs", ServerRoot::share },
+    Protocol { "sftp", ServerRoot::host },
+    Protocol { "ssh", ServerRoot::host },
+    Protocol { "fish", ServerRoot::host },
+    Protocol { "ftp", ServerRoot::host },
+    Protocol { "ftps", ServerRoot::host },
+    Protocol { "dav", ServerRoot::host },
+    Protocol { "davs", ServerRoot::host },
+    Protocol { "vnc", ServerRoot::host },
+};
+
+std::string decoded(std::string_view escaped)
+{
+    auto const url = Url::parse("file:///" + std::string(escaped));
+    auto const path = url ? url->path() : std::string();
+    return withValidUtf8(path.empty() ? path : path.substr(1));
+}
+
+/// What a server's URL says of it: where it opens, and what it is called.
+struct Server {
+    Url url;
+    std::string title;
+};
+
+/// Without a password, which has no place in a menu.
+std::string publicUser(std::string_view authority)
+{
+    auto const at = authority.rfind('@');
+    if (at == std::string_view::npos)
+        return {};
+    return std::string(authority.substr(0, at).substr(0, authority.find(':'))) + "@";
+}
+
+std::string_view hostAndPort(std::string_view authority)
+{
+    auto const at = authority.rfind('@');
+    return at == std::string_view::npos ? authority : authority.substr(at + 1);
+}
+
+std::string_view hostOf(std::string_view hostAndPort)
+{
+    if (hostAndPort.starts_with('['))
+        return hostAndPort.substr(0, hostAndPort.find(']') + 1);
+    return hostAndPort.substr(0, hostAndPort.find(':'));
+}
+
+std::optional<Server> serverAt(Url const& url)
+{
+    auto const scheme = url.scheme();
+    auto const* protocol = std::find_if(protocols.begin(), protocols.end(), [&](auto const& known) { return known.scheme == scheme; });
+    auto const rest = std::string_view(url.toString()).substr(scheme.size());
+    if (protocol == protocols.end() || !rest.starts_with("://"))
+        return std::nullopt;
+
+    auto const authorityAndPath = rest.substr(3);
+    auto const authority = authorityAndPath.substr(0, authorityAndPath.find('/'));
+    auto const place = lowerCased(hostAndPort(authority));
+    if (hostOf(place).empty())
+        return std::nullopt;
+
+    auto const path = authorityAndPath.substr(std::min(authority.size() + 1, authorityAndPath.size()));
+    auto const share = protocol->root == ServerRoot::share ? path.substr(0, path.find('/')) : std::string_view();
+    auto const root = Url::parse(scheme + "://" + publicUser(authority) + place + "/" + std::string(share));
+    if (!root)
+        return std::nullopt;
+    auto const host = decoded(hostOf(place));
+    return Server { *root, share.empty() ? host : decoded(share) + " — " + host };
+}
+
+DynamicEntry entryFor(Server const& server)
+{
+    DynamicEntry entry;
+    entry.id = server.url.toString();
+    entry.title = server.title;
+    entry.sortName = entry.title;
+    entry.url = server.url;
+    entry.fileURL = server.url;
+    return entry;
+}
+
+} // namespace
+
+std::vector<DynamicEntry> recentServerEntries(RecentServers::List const& servers, std::int64_t limit)
+{
+    if (!servers) {
+        auto const title = std::string(MenuItemKind(MenuItemKind::recentServers).defaultTitle());
+        return { unavailableEntry(title, "The list of recent servers cannot be read.") };
+    }
+    auto newestFirst = *servers;
+    std::stable_sort(newestFirst.begin(), newestFirst.end(), [](auto const& a, auto const& b) { return a.lastUsed > b.lastUsed; });
+
+    std::vector<DynamicEntry> entries;
+    std::set<Url> seen;
+    for (auto const& recent : newestFirst) {
+        if (static_cast<std::int64_t>(entries.size()) >= limit)
+            break;
+        if (auto const server = serverAt(recent.url); server && seen.insert(server->url).second)
+            entries.push_back(entryFor(*server));
+    }
+    return entries;
+}
+
+} // namespace zv

@@ -1,0 +1,162 @@
+#include "app/menubar/AppleMenuOverlayController.h"
+
+#include "base/MainThread.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace zv {
+
+AppleMenuOverlayController::AppleMenuOverlayController(
+    AppleMenuOverlayServices const& services, Preferences const& preferences, std::function<void(Point)> showMenu)
+    : m_services(services)
+    , m_preferences(preferences)
+    , m_showMenu(std::move(showMenu))
+    , m_menuBars(services.windowList, services.screens, services.clock)
+    , m_lastChange(services.clock.monotonic())
+{
+    assertMainThread();
+    observeDesktop();
+    observePreferences();
+    m_pointerMonitor = m_services.pointerMonitor.watch(m_lifetime.guard([this] { pointerMoved(); }));
+    sync();
+    setHeartbeat(false);
+}
+
+AppleMenuOverlayController::~AppleMenuOverlayController()
+{
+    m_services.screens.onChanged = nullptr;
+    m_services.workspaceEvents.onActiveSpaceChanged = nullptr;
+    m_services.workspaceEvents.onApplicationActivated = nullptr;
+    m_services.windowList.onMenuBarsChanged = nullptr;
+}
+
+void AppleMenuOverlayController::observeDesktop()
+{
+    auto const record = m_lifetime.guard([this] { syncAndRecord(); });
+    m_services.screens.onChanged = m_lifetime.guard([this] {
+        m_menuBars.expectOthers(); // one on a new screen
+        syncAndRecord();
+    });
+    m_services.workspaceEvents.onActiveSpaceChanged = record;
+    m_services.workspaceEvents.onApplicationActivated = record;
+    // A bar that begins to move is followed from its first step, not from the next slow tick.
+    m_services.windowList.onMenuBarsChanged = m_lifetime.guard([this] {
+        m_menuBars.expectOthers();
+        heartbeatTick();
+    });
+}
+
+void AppleMenuOverlayController::observePreferences()
+{
+    auto const readBoth = [this] {
+        (void)m_preferences.replacesAppleMenu();
+        (void)m_preferences.drawsRainbowAppleLogo();
+    };
+    m_preferenceObservation = withObservationTracking(readBoth, m_lifetime.guard([this] {
+        observePreferences();
+        sync();
+        for (auto const& window : m_windows)
+            window->setNeedsDisplay();
+    }));
+}
+
+bool AppleMenuOverlayController::sync()
+{
+    assertMainThread();
+    auto const frames = targetFrames();
+    if (frames == currentFrames())
+        return false;
+    if (frames.size() != m_windows.size()) {
+        recreateWindows(frames);
+        return true;
+    }
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        m_windows[i]->setFrameAndDisplay(frames[i]);
+    return true;
+}
+
+std::vector<Rect> AppleMenuOverlayController::targetFrames()
+{
+    if (!m_preferences.replacesAppleMenu())
+        return {};
+    if (m_services.visibility && !m_services.visibility->isMenuBarVisibleOnActiveSpace())
+        return {};
+    auto frames = menuBarFrames();
+    for (auto& frame : frames)
+        frame = { frame.x, frame.y, overlayWidth, frame.height + extraHeight };
+    return frames;
+}
+
+std::vector<Rect> AppleMenuOverlayController::currentFrames() const
+{
+    std::vector<Rect> frames;
+    frames.reserve(m_windows.size());
+    for (auto const& window : m_windows)
+        frames.push_back(window->frame());
+    return frames;
+}
+
+void AppleMenuOverlayController::recreateWindows(std::vector<Rect> const& frames)
+{
+    for (auto const& window : m_windows)
+        window->orderOut();
+    m_windows.clear();
+    for (auto const& frame : frames) {
+        m_windows.push_back(makeWindow(frame));
+        m_windows.back()->orderFrontRegardless();
+    }
+}
+
+std::unique_ptr<AppleMenuOverlayWindow> AppleMenuOverlayController::makeWindow(Rect const& frame)
+{
+    auto window = std::make_unique<AppleMenuOverlayWindow>(m_services.panels, m_preferences, frame);
+    window->action = m_lifetime.guard([this](Point point) {
+        auto const show = m_showMenu; // outlives the controller that choosing an entry may destroy
+        show(point);
+    });
+    return window;
+}
+
+void AppleMenuOverlayController::setHeartbeat(bool active)
+{
+    if (active == m_heartbeatIsActive && m_heartbeat)
+        return;
+    m_heartbeatIsActive = active;
+    m_heartbeat = m_services.timers.every(active ? fastInterval : slowInterval, m_lifetime.guard([this] { heartbeatTick(); }));
+}
+
+void AppleMenuOverlayController::heartbeatTick()
+{
+    syncAndRecord();
+    setHeartbeat(m_services.clock.monotonic() - m_lastChange < fastPeriod);
+}
+
+void AppleMenuOverlayController::syncAndRecord()
+{
+    if (sync())
+        m_lastChange = m_services.clock.monotonic();
+}
+
+void AppleMenuOverlayController::pointerMoved()
+{
+    bool const isNear = isPointerNearMenuBar();
+    if (!isNear && !m_pointerWasNearMenuBar)
+        return;
+    m_pointerWasNearMenuBar = isNear;
+    m_lastChange = m_services.clock.monotonic();
+    sync();
+    setHeartbeat(true);
+}
+
+bool AppleMenuOverlayController::isPointerNearMenuBar() const
+{
+    auto const pointer = m_services.pointerMonitor.location();
+    auto const isNear
+        = [pointer](Rect const& screen) { return pointer.x >= screen.minX() && pointer.x <= screen.maxX() && pointer.y >= screen.maxY() - nearDistance; };
+    auto const screens = m_services.screens.frames();
+    return std::any_of(screens.begin(), screens.end(), isNear);
+}
+
+} // namespace zv

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/menubar/AppleMenuOverlayWindow.h"
+#include "app/menubar/MenuBarFinder.h"
+#include "app/model/Preferences.h"
+#include "base/Lifetime.h"
+#include "base/Observation.h"
+#include "platform/MenuBarVisibility.h"
+#include "platform/OverlayPanels.h"
+#include "platform/PointerMonitor.h"
+#include "platform/Screens.h"
+#include "platform/Timers.h"
+#include "platform/WindowList.h"
+#include "platform/WorkspaceEvents.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zv {
+
+/// What the overlay needs of the system. All outlive the controller, which is the one user
+/// of their callbacks.
+struct AppleMenuOverlayServices {
+    WindowList& windowList;
+    Screens& screens;
+    WorkspaceEvents& workspaceEvents;
+    PointerMonitor& pointerMonitor;
+    OverlayPanels& panels;
+    Timers& timers;
+    Clock& clock;
+    MenuBarVisibility* visibility = nullptr; ///< null: the window list alone decides
+};
+
+/// Keeps a nearly invisible window over the left end of every visible menu bar; a click on
+/// it shows our menu. Main thread only.
+class AppleMenuOverlayController {
+public:
+    static constexpr double overlayWidth = 44;
+    /// A click on the very edge of the screen counts too.
+    static constexpr double extraHeight = 1;
+    static constexpr double nearDistance = 40;
+    static constexpr std::chrono::milliseconds fastInterval { 8 };
+    static constexpr std::chrono::milliseconds slowInterval { 100 };
+    static constexpr std::chrono::milliseconds fastPeriod { 400 };
+
+    /// `showMenu` gets the point at which the menu opens.
+    AppleMenuOverlayController(AppleMenuOverlayServices const& services, Preferences const& preferences, std::function<void(Point)> showMenu);
+    ~AppleMenuOverlayController();
+    AppleMenuOverlayController(AppleMenuOverlayController const&) = delete;
+    AppleMenuOverlayController& operator=(AppleMenuOverlayController const&) = delete;
+
+    /// Brings the windows in line with the menu bars; true when anything changed.
+    bool sync();
+    void setHeartbeat(bool active);
+    /// The rectangles that the windows should have now.
+    [[nodiscard]] std::vector<Rect> targetFrames();
+    [[nodiscard]] std::vector<Rect> menuBarFrames() { return m_menuBars.menuBarFrames(); }
+    [[nodiscard]] bool isPointerNearMenuBar() const;
+
+private:
+    void observeDesktop();
+    void observePreferences();
+    void syncAndRecord();
+    void heartbeatTick();
+    void pointerMoved();
+    [[nodiscard]] std::vector<Rect> currentFrames() const;
+    void recreateWindows(std::vector<Rect> const& frames);
+    [[nodiscard]] std::unique_ptr<AppleMenuOverlayWindow> makeWindow(Rect const& frame);
+
+    AppleMenuOverlayServices m_services;
+    Preferences const& m_preferences;
+    std::function<void(Point)> m_showMenu;
+    MenuBarFinder m_menuBars;
+    std::vector<std::unique_ptr<AppleMenuOverlayWindow>> m_windows; ///< in menu-bar order
+    Observation m_preferenceObservation;
+    std::unique_ptr<PointerMonitor::Token> m_pointerMonitor;
+    bool m_pointerWasNearMenuBar = false;
+    std::unique_ptr<Timer> m_heartbeat;
+    bool m_heartbeatIsActive = false;
+    /// When the overlay last had to move, or the pointer last came near a menu bar.
+    Instant m_lastChange;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

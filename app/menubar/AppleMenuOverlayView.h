@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/model/Preferences.h"
+#include "platform/OverlayPanels.h"
+
+#include <functional>
+
+namespace zv {
+
+/// What the overlay shows: nothing, or the logo in six colours; any click on it is a press.
+class AppleMenuOverlayView : public OverlayPanelContent {
+public:
+    explicit AppleMenuOverlayView(Preferences const& preferences)
+        : m_preferences(preferences)
+    {
+    }
+
+    /// May destroy this view.
+    std::function<void()> action;
+
+    void draw(Canvas* canvas, double height) override;
+    void mouseDown() override { press(); }
+    void rightMouseDown() override { press(); }
+    bool acceptsFirstMouse() const override { return true; }
+
+    AccessibilityRole accessibilityRole() const override { return AccessibilityRole::menuBarItem; }
+    std::string_view accessibilityLabel() const override { return "Zanthe Vell"; }
+    bool accessibilityPerformPress() override;
+
+private:
+    void press() const;
+
+    Preferences const& m_preferences;
+};
+
+} // namespace zv

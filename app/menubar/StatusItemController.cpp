@@ -1,0 +1,114 @@
+#include "app/menubar/StatusItemController.h"
+
+#include "app/menu/MenuCommands.h"
+#include "app/menu/MenuIcon.h"
+#include "app/model/MenuStore.h"
+#include "app/model/Preferences.h"
+#include "base/MainThread.h"
+#include "platform/Tasks.h"
+#include "platform/Workspace.h"
+
+namespace zv {
+
+StatusItemController::StatusItemController(Services services)
+    : m_services(std::move(services))
+    , m_asDelegate(this, [](MenuDelegate*) {})
+    , m_menu(makeMenu())
+    , m_overlayMenu(makeMenu())
+    , m_showsStatusItem { [this] { (void)m_services.preferences.showsStatusItem(); }, &StatusItemController::updateStatusItem }
+    , m_prescanDepth { [this] { (void)m_services.preferences.hotkeyPrescanDepth(); }, &StatusItemController::rescanFileHotkeys }
+{
+    assertMainThread();
+    wireHotkeys();
+    m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.menuHost.popUp(m_overlayMenu, at); }));
+    observe(m_showsStatusItem);
+    observe(m_prescanDepth);
+    updateStatusItem();
+    rescanFileHotkeys();
+}
+
+std::shared_ptr<Menu> StatusItemController::makeMenu() const
+{
+    auto menu = std::make_shared<Menu>();
+    menu->autoenablesItems = false;
+    menu->delegate = m_asDelegate;
+    return menu;
+}
+
+void StatusItemController::menuNeedsUpdate(Menu& menu)
+{
+    assertMainThread();
+    auto const& items = m_services.store.items();
+    m_services.recentItems.refreshRecentItems(items);
+    if (containsKind(items, MenuItemKind::shortcuts))
+        m_services.shortcuts.refreshShortcuts();
+    bool const isHeld = contains(m_services.modifiers.current(), ModifierMask::option);
+    m_services.filler.fill(menu, items, isHeld ? OptionKey::held : OptionKey::released);
+}
+
+void StatusItemController::menuDidClose(Menu&)
+{
+    assertMainThread();
+    m_services.icons.emptyCache();
+}
+
+void StatusItemController::updateStatusItem()
+{
+    assertMainThread();
+    if (!m_services.preferences.showsStatusItem()) {
+        m_statusItem.reset();
+        return;
+    }
+    if (!m_statusItem)
+        m_statusItem = m_services.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
+}
+
+void StatusItemController::rescanFileHotkeys()
+{
+    assertMainThread();
+    auto const depth = m_services.preferences.hotkeyPrescanDepth();
+    if (depth < 1)
+        return;
+    auto const hidden = m_services.preferences.showHiddenFiles() ? HiddenFiles::included : HiddenFiles::skipped;
+    m_services.fileHotkeys.scan(m_services.fileHotkeys.foldersToScan(m_services.store.items()), depth, hidden);
+}
+
+void StatusItemController::handleHotkey(Uuid const& item)
+{
+    assertMainThread();
+    if (auto const* found = m_services.store.find(item)) {
+        auto const performed = *found; // performing may change the tree
+        m_services.commands.perform(performed);
+    }
+}
+
+void StatusItemController::handleHotkey(Url const& file)
+{
+    assertMainThread();
+    m_services.workspace.open(file);
+}
+
+void StatusItemController::wireHotkeys()
+{
+    m_services.hotkeys.setTriggerHandlers(
+        m_lifetime.guard([this](Uuid const& item) { handleHotkey(item); }), m_lifetime.guard([this](Url const& file) { handleHotkey(file); }));
+    reregisterHotkeys();
+    m_layoutChanges = m_services.layout.listen(m_lifetime.guard([this] { reregisterHotkeys(); }));
+}
+
+void StatusItemController::reregisterHotkeys()
+{
+    m_services.hotkeys.setMenuItems(m_services.store.items());
+    m_services.hotkeys.reregister();
+}
+
+void StatusItemController::observe(Watch& watch)
+{
+    auto observeAgain = m_lifetime.guard([this, &watch] {
+        observe(watch);
+        (this->*watch.update)();
+    });
+    watch.tracking = withObservationTracking(watch.read, m_lifetime.guard([this, observeAgain] { m_services.tasks.runOnMain(observeAgain); }));
+}
+
+} // namespace zv

@@ -1,0 +1,71 @@
+#include "app/model/ItemLibrary.h"
+
+#include "app/model/HashCombiner.h"
+#include "platform/PropertyListFormat.h"
+
+#include <set>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+std::string stringIn(PropertyListDictionary const& dictionary, std::string_view key)
+{
+    auto const* value = dictionary.find(key);
+    auto const* text = value ? value->string() : nullptr;
+    return text ? *text : std::string();
+}
+
+bool fitsAppleMenu(MenuItemKind const& kind) { return kind != MenuItemKind::menuCommand && kind != MenuItemKind::unknown; }
+
+/// Two entries may share a title as long as they add different things.
+std::string identifierOf(std::string const& title, MenuItem const& itemTemplate)
+{
+    return title + '/' + itemTemplate.title.value_or("") + '/' + std::string(itemTemplate.kind.rawValue());
+}
+
+std::optional<LibraryEntry> readEntry(PropertyList const& value, LocationServices services, LibraryMode mode)
+{
+    auto const* dictionary = value.dictionary();
+    if (!dictionary || (mode == LibraryMode::appleMenu && stringIn(*dictionary, "AppleMenu") != "YES"))
+        return std::nullopt;
+    auto const* title = dictionary->find("Title");
+    auto const* data = dictionary->find("Data");
+    if (!title || !title->string() || !data)
+        return std::nullopt;
+    auto itemTemplate = menuItemFromOlderDictionary(*data, services);
+    if (!itemTemplate || (mode == LibraryMode::appleMenu && !fitsAppleMenu(itemTemplate->kind)))
+        return std::nullopt;
+    auto id = identifierOf(*title->string(), *itemTemplate);
+    return LibraryEntry { std::move(id), *title->string(), stringIn(*dictionary, "Description"), std::move(*itemTemplate), stringIn(*dictionary, "Group") };
+}
+
+} // namespace
+
+std::size_t hashValue(LibraryEntry const& entry)
+{
+    HashCombiner hash;
+    hash.add(entry.id).add(entry.title).add(entry.localizedDescription).addHash(hashValue(entry.itemTemplate)).add(entry.group);
+    return hash.result();
+}
+
+std::vector<LibraryEntry> loadItemLibrary(Resources const& resources, LocationServices services, LibraryMode mode)
+{
+    auto const bytes = resources.load("Library", "plist");
+    if (!bytes)
+        return {};
+    auto const library = readPropertyList(*bytes);
+    if (!library || !library->array())
+        return {};
+    std::vector<LibraryEntry> entries;
+    std::set<std::string> takenIds;
+    for (auto const& value : *library->array()) {
+        auto entry = readEntry(value, services, mode);
+        if (entry && takenIds.insert(entry->id).second)
+            entries.push_back(std::move(*entry));
+    }
+    return entries;
+}
+
+} // namespace zv

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/model/MenuStore.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// One kept menu.
+struct MenuBackup {
+    Url file;
+    WallTime time;
+    bool isReadable = true; ///< false for a copy of what could not be read as a menu
+
+    friend bool operator==(MenuBackup const&, MenuBackup const&) = default;
+};
+
+/// Keeps the last ten menus as files, each made before a save changes the stored menu, at
+/// most one a minute. What could not be read as a menu is always kept. A backup is a menu
+/// document: reading one is importing it. Main thread only.
+class MenuBackups : public MenuBackupSink {
+public:
+    struct Services {
+        FileSystem& files;
+        Clock const& clock;
+    };
+
+    static constexpr std::size_t maximumCount = 10; ///< of each sort
+    static constexpr std::chrono::minutes minimumDistance { 1 };
+
+    /// `folder` is made when the first backup needs it. The services outlive this.
+    MenuBackups(Services services, Url folder);
+
+    /// The newest first.
+    [[nodiscard]] std::vector<MenuBackup> list() const;
+
+    [[nodiscard]] bool isDue() const override;
+    void menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override;
+
+private:
+    [[nodiscard]] MaybeFailure<> write(PropertyList const& stored, Url const& file);
+    [[nodiscard]] Url freeName(WallTime time, bool isReadable) const;
+    void removeOldest(bool isReadable);
+
+    Services m_services;
+    Url m_folder;
+    mutable std::optional<WallTime> m_newest;
+};
+
+} // namespace zv

@@ -1,0 +1,59 @@
+#include "app/model/MenuItem.h"
+
+#include "app/model/HashCombiner.h"
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+bool hasText(std::optional<std::string> const& text) { return text && !text->empty(); }
+
+} // namespace
+
+MenuItem MenuItem::ofKind(MenuItemKind kind)
+{
+    MenuItem item;
+    item.kind = std::move(kind);
+    return item;
+}
+
+std::string MenuItem::displayTitle() const
+{
+    if (hasText(title))
+        return withValidUtf8(*title);
+    if (location && hasText(location->displayName))
+        return withValidUtf8(*location->displayName);
+    return std::string(kind.defaultTitle());
+}
+
+std::size_t hashValue(MenuItem const& item)
+{
+    HashCombiner hash;
+    hash.add(item.id).add(item.kind.rawValue()).add(item.title).add(item.children.size());
+    for (auto const& child : item.children)
+        hash.addHash(hashValue(child));
+    hash.addHash(item.location ? 1 : 0).addHash(item.location ? hashValue(*item.location) : 0);
+    hash.add(item.keyEquivalent).add(item.isHidden).add(item.scanDepth);
+    return hash.addHash(hashValue(PropertyList(item.unrecognizedKeys))).result();
+}
+
+MenuItem const* findItem(std::vector<MenuItem> const& items, Uuid const& id)
+{
+    for (auto const& item : items) {
+        if (item.id == id)
+            return &item;
+        if (auto const* found = findItem(item.children, id))
+            return found;
+    }
+    return nullptr;
+}
+
+bool containsKind(std::vector<MenuItem> const& items, MenuItemKind::Case kind)
+{
+    return std::any_of(items.begin(), items.end(), [&](MenuItem const& item) { return item.kind == kind || containsKind(item.children, kind); });
+}
+
+} // namespace zv

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "app/model/ItemLocation.h"
+#include "app/model/KeyEquivalentSpec.h"
+#include "app/model/MenuItemKind.h"
+#include "app/model/ReadFailure.h"
+#include "base/PropertyList.h"
+#include "base/Result.h"
+#include "base/Uuid.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// One entry of the user's menu. A plain value: items own their children.
+struct MenuItem {
+    using ID = Uuid;
+
+    ID id = Uuid::random();
+    MenuItemKind kind = MenuItemKind::separator;
+    std::optional<std::string> title; ///< the user's; absent means a default is shown
+    std::vector<MenuItem> children;
+    std::optional<ItemLocation> location;
+    std::optional<KeyEquivalentSpec> keyEquivalent;
+    bool isHidden = false;
+    std::optional<std::int64_t> scanDepth; ///< folder levels to expand; absent means the preference
+    PropertyListDictionary unrecognizedKeys; ///< of the older form; kept so that they survive
+
+    [[nodiscard]] static MenuItem ofKind(MenuItemKind kind);
+
+    /// The title, else the location's display name, else the kind's default title; the
+    /// first that is not empty.
+    [[nodiscard]] std::string displayTitle() const;
+
+    friend bool operator==(MenuItem const&, MenuItem const&) = default;
+};
+
+[[nodiscard]] std::size_t hashValue(MenuItem const& item);
+
+/// Items nested deeper than this are refused on reading; nothing a person makes comes near.
+inline constexpr int maximumMenuDepth = 64;
+
+/// The keyed form of the menu document, keys in their fixed order.
+[[nodiscard]] PropertyListDictionary toPropertyList(MenuItem const& item);
+[[nodiscard]] PropertyListArray toPropertyList(std::vector<MenuItem> const& items);
+[[nodiscard]] Result<std::vector<MenuItem>, ReadFailure> menuItemsFromPropertyList(PropertyList const& value);
+
+/// The first record that cannot be written: a text that is not UTF-8, too deep a nesting.
+[[nodiscard]] std::optional<ReadFailure> findUnwritable(std::vector<MenuItem> const& items);
+
+/// The older dictionary form. A dictionary whose "Kind" is missing or no text gives nothing.
+[[nodiscard]] std::optional<MenuItem> menuItemFromOlderDictionary(PropertyList const& value, LocationServices services);
+/// Skips what yields no item.
+[[nodiscard]] std::vector<MenuItem> menuItemsFromOlderArray(PropertyListArray const& values, LocationServices services);
+/// The first record of the older form that would be skipped or cut short.
+[[nodiscard]] std::optional<ReadFailure> findUnreadableInOlderArray(PropertyListArray const& values);
+
+/// The item's record as JSON, for drag and drop.
+[[nodiscard]] std::string toDragRecord(MenuItem const& item);
+[[nodiscard]] Result<MenuItem, ReadFailure> menuItemFromDragRecord(std::string_view json);
+/// The content type of that record: the program's identifier and ".menu-item".
+inline constexpr char const* menuItemDragType = "org.zanthevell.ZantheVell.menu-item";
+
+/// Depth-first in list order: an item, its children, its next sibling.
+[[nodiscard]] MenuItem const* findItem(std::vector<MenuItem> const& items, Uuid const& id);
+[[nodiscard]] bool containsKind(std::vector<MenuItem> const& items, MenuItemKind::Case kind);
+
+} // namespace zv

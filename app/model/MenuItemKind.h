@@ -1,0 +1,97 @@
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zv {
+
+/// What an entry of the user's menu is. A text that is not in the table is kept as `unknown`
+/// with that text, so that nothing of an older or newer menu is lost.
+class MenuItemKind {
+public:
+    /// In declaration order; the raw texts and titles are in MenuItemKind.cpp.
+    enum Case : std::uint8_t {
+        separator,
+        submenu,
+        fsObject,
+        zantheVellItems,
+        revealZantheVellItems,
+        mountedVolumes,
+        recentItems,
+        recentApps,
+        recentDocs,
+        recentFolders,
+        recentServers,
+        runningApplications,
+        dockMenu,
+        shortcuts,
+        ipAddress,
+        aboutThisMac,
+        appStore,
+        getMacOSXSoftware,
+        getMacOSXSoftware2,
+        softwareUpdate,
+        systemPrefs,
+        simpleSystemPrefs,
+        dockPrefs,
+        customizeZantheVell,
+        quitZantheVell,
+        sleep,
+        restart,
+        shutdown,
+        logOut,
+        restartForced,
+        shutdownForced,
+        logOutForced,
+        forceQuit,
+        lockScreen,
+        location,
+        dockMagnification,
+        dockHiding,
+        dockPosLeft,
+        dockPosBottom,
+        dockPosRight,
+        openWith,
+        moveTo,
+        selectedFolderContents,
+        setDesktopPicture,
+        gather,
+        pasteAlias,
+        previewImage,
+        addToZantheVellItems,
+        menuCommand,
+        unknown,
+    };
+    static constexpr int fixedCount = unknown; ///< 49
+
+    MenuItemKind(Case value) // NOLINT(google-explicit-constructor): a case is a kind
+        : m_case(value)
+    {
+    }
+    [[nodiscard]] static MenuItemKind makeUnknown(std::string text);
+    /// Case is ignored; a text that is not in the table gives `unknown` carrying it as it was read.
+    [[nodiscard]] static MenuItemKind fromRawValue(std::string_view text);
+
+    [[nodiscard]] Case value() const { return m_case; }
+    [[nodiscard]] std::string_view rawValue() const;
+    [[nodiscard]] std::string_view defaultTitle() const;
+    /// Why the kind can no longer act; absent when it can.
+    [[nodiscard]] std::optional<std::string> unavailabilityReason() const;
+    /// The retired commands and `unknown`: kept and shown disabled.
+    [[nodiscard]] bool isLegacy() const { return m_case >= openWith; }
+    /// Becomes a submenu that fills itself when it opens (fsObject included).
+    [[nodiscard]] bool fillsItself() const;
+
+    friend bool operator==(MenuItemKind const&, MenuItemKind const&) = default;
+    friend bool operator==(MenuItemKind const& kind, Case value) { return kind.m_case == value; }
+
+private:
+    Case m_case;
+    std::string m_unknownText;
+};
+
+} // namespace zv

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "app/model/MenuItem.h"
+#include "base/Observation.h"
+#include "platform/Resources.h"
+#include "platform/UserDefaults.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace zv {
+
+/// Receives the whole list after every change of it.
+class MenuItemsSink {
+public:
+    virtual ~MenuItemsSink() = default;
+    virtual void menuItemsChanged(std::vector<MenuItem> const& items) = 0;
+};
+
+/// Keeps what a save is about to overwrite.
+class MenuBackupSink {
+public:
+    virtual ~MenuBackupSink() = default;
+    /// False when a readable menu need not be kept now; the store then asks for nothing more.
+    [[nodiscard]] virtual bool isDue() const = 0;
+    /// Told before a save changes what is stored, with the value that is stored now. One
+    /// that is no readable menu comes whether a backup is due or not.
+    virtual void menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
+};
+
+/// Owns the user's menu and its persistence under the key "Menu". Every change refreshes
+/// locations, saves and tells the hotkeys, in that order. Reading items() or
+/// unresolvedItemIDs() within withObservationTracking() observes them. Main thread only.
+class MenuStore {
+public:
+    struct Services {
+        UserDefaults& defaults;
+        Resources const& resources;
+        LocationServices locations;
+    };
+
+    /// Loads at once: the stored menu, else the default menu. All services outlive this.
+    explicit MenuStore(Services services);
+    MenuStore(MenuStore const&) = delete;
+    MenuStore& operator=(MenuStore const&) = delete;
+
+    [[nodiscard]] std::vector<MenuItem> const& items() const;
+    [[nodiscard]] std::set<Uuid> const& unresolvedItemIDs() const;
+    /// Depth-first; the first match, or null. The pointer holds until the next change.
+    [[nodiscard]] MenuItem const* find(Uuid const& id) const;
+
+    /// `position` is clamped to the list; without one the items are appended.
+    void insert(std::vector<MenuItem> items, std::optional<std::ptrdiff_t> position = std::nullopt);
+    /// Top-level items only, as are the next two.
+    void remove(std::set<Uuid> const& ids);
+    void replace(Uuid const& id, MenuItem item);
+    /// Takes the items at `offsets` out and puts them, in their order, before the item that
+    /// stood at `destination` (an offset of the list as it was).
+    void move(std::set<std::size_t> const& offsets, std::size_t destination);
+    /// Puts a whole menu in place: import, restore, undo.
+    void replaceAll(std::vector<MenuItem> items);
+
+    /// Writes the menu to the settings, as every change does. A failure is one line in the log.
+    void save();
+
+    /// The menu that a new user sees: the resource's, or the built-in eight items.
+    [[nodiscard]] std::vector<MenuItem> defaultMenu() const;
+
+    /// Loads again after another process changed what is stored; the sink is told, nothing is
+    /// saved. A stored menu that cannot be read leaves the menu in memory as it is.
+    void reload();
+
+    /// Why the stored menu could not be read; nothing when it could, or none was stored, or
+    /// a save has replaced it.
+    [[nodiscard]] std::optional<ReadFailure> const& loadFailure() const { return m_loadFailure; }
+    /// Why the last save failed; nothing when it did not.
+    [[nodiscard]] std::optional<std::string> const& saveFailure() const { return m_saveFailure; }
+
+    /// Both outlive the store, or are reset to null.
+    void setItemsSink(MenuItemsSink* sink) { m_itemsSink = sink; }
+    void setBackupSink(MenuBackupSink* sink) { m_backupSink = sink; }
+
+    static constexpr std::string_view defaultsKey = "Menu";
+
+private:
+    [[nodiscard]] std::optional<std::vector<MenuItem>> storedMenu();
+    [[nodiscard]] std::optional<std::vector<MenuItem>> resourceMenu() const;
+    void setItems(std::vector<MenuItem> items);
+    void refreshLocations();
+    void didChange();
+    void backUp();
+    [[nodiscard]] MaybeFailure<> write();
+
+    Services m_services;
+    std::vector<MenuItem> m_items;
+    std::set<Uuid> m_unresolvedItemIDs;
+    std::optional<ReadFailure> m_loadFailure;
+    std::optional<std::string> m_saveFailure;
+    MenuItemsSink* m_itemsSink = nullptr;
+    MenuBackupSink* m_backupSink = nullptr;
+    ObservationRegistrar m_registrar;
+};
+
+} // namespace zv

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "base/PropertyList.h"
+#include "base/Result.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+namespace zv {
+
+/// A property list as JSON and back, without loss. What JSON lacks is written as an object
+/// with one key: {"$data": base64}, {"$date": seconds since 2001}, {"$real": "nan"}; a
+/// dictionary that looks like one of these as {"$dictionary": {…}}.
+[[nodiscard]] nlohmann::ordered_json toJson(PropertyList const& value);
+/// The failure is a reason, such as "is nested too deep".
+[[nodiscard]] Result<PropertyList> propertyListFromJson(nlohmann::ordered_json const& json);
+
+} // namespace zv

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Resources.h"
+
+#include <string>
+#include <string_view>
+
+namespace zv {
+
+/// What the About tab says.
+struct AboutText {
+    std::string name;
+    std::string version; ///< "Version 0.9.0"
+    std::string purpose; ///< one line
+    std::string privacy;
+    std::string readMeButton;
+    std::string licencesButton;
+    std::string diagnosticsButton;
+    std::string licences; ///< of ourselves and of the libraries within
+};
+
+[[nodiscard]] AboutText aboutText(Resources const& resources);
+
+/// A text for bug reports: the home folder's path stands as "~", and the user's name, where
+/// it is a path component, as "user".
+[[nodiscard]] std::string withoutPersonalPaths(std::string text, std::string_view homePath, std::string_view userName);
+
+} // namespace zv

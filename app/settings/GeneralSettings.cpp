@@ -1,0 +1,176 @@
+#include "app/settings/GeneralSettings.h"
+
+#include "platform/DateText.h"
+
+namespace zv {
+
+namespace {
+
+using Kind = SettingsRow::Kind;
+
+SettingsRow row(Kind kind, std::string id, std::string title)
+{
+    SettingsRow made;
+    made.kind = kind;
+    made.id = std::move(id);
+    made.title = std::move(title);
+    return made;
+}
+
+SettingsRow toggle(std::string id, std::string title, std::string help, bool isOn, std::function<void(bool)> set)
+{
+    auto made = row(Kind::toggle, std::move(id), std::move(title));
+    made.help = std::move(help);
+    made.isOn = isOn;
+    made.toggle = std::move(set);
+    return made;
+}
+
+SettingsRow choice(
+    std::string id, std::string title, std::string help, std::int64_t value, std::vector<SettingsChoice> offered, std::function<void(std::int64_t)> set)
+{
+    auto made = row(Kind::choice, std::move(id), std::move(title));
+    made.help = std::move(help);
+    made.value = value;
+    made.choices = choicesWith(value, std::move(offered));
+    made.choose = std::move(set);
+    return made;
+}
+
+SettingsRow button(std::string id, std::string title, std::function<void()> press)
+{
+    auto made = row(Kind::button, std::move(id), std::move(title));
+    made.press = std::move(press);
+    return made;
+}
+
+SettingsRow note(std::string id, std::string text) { return row(Kind::note, std::move(id), std::move(text)); }
+
+std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
+{
+    std::vector<SettingsChoice> choices;
+    for (auto const value : values)
+        choices.push_back({ std::to_string(value), value });
+    return choices;
+}
+
+} // namespace
+
+std::vector<SettingsSection> GeneralSettings::sections() { return { presence(), login(), menus(), updates(), menuFile() }; }
+
+SettingsSection GeneralSettings::presence()
+{
+    auto& preferences = m_services.preferences;
+    auto const& wording = m_services.wording;
+    bool const replaces = preferences.replacesAppleMenu();
+    bool const showsItem = preferences.showsStatusItem();
+
+    SettingsSection section { "Where the menu is", {} };
+    section.rows.push_back(
+        toggle("replaceAppleMenu", wording.replaceMenu, wording.replaceMenuHelp, replaces, [&](bool on) { preferences.setReplacesAppleMenu(on); }));
+    auto logo = toggle("rainbowLogo", wording.logo, "", preferences.drawsRainbowAppleLogo(), [&](bool on) { preferences.setDrawsRainbowAppleLogo(on); });
+    logo.isEnabled = replaces;
+    logo.isIndented = true;
+    section.rows.push_back(std::move(logo));
+    section.rows.push_back(
+        toggle("showStatusItem", wording.statusItem, wording.statusItemHelp, showsItem, [&](bool on) { preferences.setShowsStatusItem(on); }));
+    auto const problem = m_services.statusItemProblem ? m_services.statusItemProblem() : std::nullopt;
+    if (showsItem && problem)
+        section.rows.push_back(note("statusItemProblem", *problem));
+    if (!replaces && !showsItem)
+        section.rows.push_back(note("noPresence", wording.noPresenceNote));
+    return section;
+}
+
+SettingsSection GeneralSettings::login()
+{
+    auto const state = m_services.loginItem.state();
+    SettingsSection section { "Login", {} };
+    bool const isOn = state != LoginItem::State::disabled;
+    section.rows.push_back(toggle("openAtLogin", "Open at login", m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
+    if (state != LoginItem::State::requiresApproval)
+        return section;
+    section.rows.push_back(note("loginApproval", LoginItem::approvalNote));
+    section.rows.push_back(button("loginSettings", LoginItem::approvalButton, [this] { m_services.loginItem.openSettings(); }));
+    return section;
+}
+
+void GeneralSettings::setOpensAtLogin(bool opens)
+{
+    std::optional<LoginItem::ChangeFailure> failure;
+    if (!opens)
+        failure = m_services.loginItem.disable();
+    else if (auto const enabled = m_services.loginItem.enable(); !enabled)
+        failure = enabled.error();
+    if (failure)
+        m_services.alerts.run(LoginItem::alertFor(*failure));
+    if (onChanged)
+        onChanged();
+}
+
+SettingsSection GeneralSettings::menus()
+{
+    auto& preferences = m_services.preferences;
+    SettingsSection section { "Menus", {} };
+    section.rows.push_back(
+        toggle("showIcons", "Icons", "Shows a picture beside each entry.", preferences.showIcons(), [&](bool on) { preferences.setShowIcons(on); }));
+    section.rows.push_back(toggle("showHiddenFiles", "Hidden files", "Lists files in folder submenus that are hidden otherwise.", preferences.showHiddenFiles(),
+        [&](bool on) { preferences.setShowHiddenFiles(on); }));
+    section.rows.push_back(toggle("sortFoldersFirst", "Folders first", "Lists folders before files.", preferences.sortFoldersFirst(),
+        [&](bool on) { preferences.setSortFoldersFirst(on); }));
+    section.rows.push_back(choice("recentItems", "Recent items", "How many entries a list of recent items has.", preferences.recentItemsLimit(),
+        numbers({ 5, 10, 15, 20, 30, 50 }), [&](std::int64_t value) { preferences.setRecentItemsLimit(value); }));
+    section.rows.push_back(choice("scanDepth", "Levels of folders", "How deep folders open as submenus; the last level opens in the file manager.",
+        preferences.maximumScanDepth(), numbers({ 1, 2, 3, 5, 10, 20 }), [&](std::int64_t value) { preferences.setMaximumScanDepth(value); }));
+    section.rows.push_back(choice("itemsPerFolder", "Items per folder", "How many entries of a folder are listed; the rest is counted.",
+        preferences.maximumItemsPerFolder(), numbers({ 50, 100, 250, 500, 1000 }), [&](std::int64_t value) { preferences.setMaximumItemsPerFolder(value); }));
+    section.rows.push_back(choice("prescanDepth", "Look for shortcuts in file names",
+        "Searches the folders of your menu for names such as “Example-*[cmd+opt+E]*” when Zanthe Vell starts. A folder that you opened in the menu is known "
+        "without it.",
+        preferences.hotkeyPrescanDepth(), { { "Off", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 } },
+        [&](std::int64_t value) { preferences.setHotkeyPrescanDepth(value); }));
+    return section;
+}
+
+SettingsSection GeneralSettings::updates()
+{
+    auto& updater = m_services.updater;
+    auto const problem = updater.startProblem();
+    SettingsSection section { "Updates", {} };
+    section.rows.push_back(toggle("checksAutomatically", "Look for updates automatically",
+        "Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer.", updater.checksAutomatically(),
+        [&](bool on) { updater.setChecksAutomatically(on); }));
+    auto check = button("checkNow", "Check Now", [&] { updater.checkForUpdates(); });
+    check.isEnabled = updater.canCheckForUpdates();
+    section.rows.push_back(std::move(check));
+    auto const last = updater.lastCheckDate();
+    section.rows.push_back(note("lastCheck", "Last check: " + (last ? localizedDateAndTime(*last) : "never")));
+    if (problem)
+        section.rows.push_back(note("startProblem", *problem));
+    return section;
+}
+
+SettingsSection GeneralSettings::menuFile()
+{
+    auto& file = m_services.menuFile;
+    SettingsSection section { "Menu file", {} };
+    section.rows.push_back(button("exportMenu", "Export…", [&] { file.exportMenu(); }));
+    section.rows.push_back(button("importMenu", "Import…", [&] { file.importMenu(); }));
+    section.rows.push_back(button("resetMenu", "Restore Default Menu…", [&] { file.restoreDefaultMenu(); }));
+    auto const backups = file.backups();
+    if (backups.empty())
+        return section;
+    std::vector<SettingsChoice> choices { { "Restore a backup…", -1 } };
+    for (std::size_t i = 0; i < backups.size(); ++i) {
+        auto const suffix = backups[i].isReadable ? "" : " (was not readable)";
+        choices.push_back({ localizedDateAndTime(backups[i].time) + suffix, static_cast<std::int64_t>(i) });
+    }
+    section.rows.push_back(
+        choice("backups", "Backups", "The last menus, each kept before it was changed.", -1, std::move(choices), [&file, backups](auto index) {
+            if (index >= 0 && static_cast<std::size_t>(index) < backups.size())
+                file.restoreBackup(backups[static_cast<std::size_t>(index)]);
+        }));
+    return section;
+}
+
+} // namespace zv

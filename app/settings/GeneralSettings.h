@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/model/Preferences.h"
+#include "app/settings/MenuFileCommands.h"
+#include "app/settings/SettingsPage.h"
+#include "app/settings/SettingsWording.h"
+#include "app/shell/LoginItem.h"
+#include "app/updates/KresUpdater.h"
+#include "platform/Alerts.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// The General tab. Each change acts at once. Asking for the sections within
+/// withObservationTracking() observes all that they show, but for the login item, which the
+/// front end asks for again when the program becomes active. Main thread only.
+class GeneralSettings {
+public:
+    struct Services {
+        Preferences& preferences;
+        LoginItem& loginItem;
+        KresUpdater& updater;
+        MenuFileCommands& menuFile;
+        Alerts& alerts;
+        SettingsWording wording;
+        /// Why the status icon cannot be seen on this desktop, as a sentence; nothing when it can.
+        std::function<std::optional<std::string>()> statusItemProblem;
+    };
+
+    explicit GeneralSettings(Services services)
+        : m_services(std::move(services))
+    {
+    }
+
+    [[nodiscard]] std::vector<SettingsSection> sections();
+
+    /// Called when a row's action changed something that observation does not see.
+    std::function<void()> onChanged;
+
+private:
+    [[nodiscard]] SettingsSection presence();
+    [[nodiscard]] SettingsSection login();
+    [[nodiscard]] SettingsSection menus();
+    [[nodiscard]] SettingsSection updates();
+    [[nodiscard]] SettingsSection menuFile();
+    void setOpensAtLogin(bool opens);
+
+    Services m_services;
+};
+
+} // namespace zv

@@ -1,0 +1,66 @@
+#include "app/settings/ItemInspector.h"
+
+namespace zv {
+
+namespace {
+
+std::string kindTitleOf(MenuItem const& item)
+{
+    if (item.kind == MenuItemKind::fsObject)
+        return "File, folder or application";
+    if (item.kind == MenuItemKind::separator)
+        return "Separator";
+    if (item.kind == MenuItemKind::submenu)
+        return "Submenu";
+    return std::string(item.kind.defaultTitle());
+}
+
+std::string placeholderFor(MenuItem item)
+{
+    item.title.reset();
+    return item.displayTitle();
+}
+
+std::vector<SettingsChoice> depthChoices(std::int64_t current, Preferences const& preferences)
+{
+    std::vector<SettingsChoice> const offered { { "As in General (" + std::to_string(preferences.maximumScanDepth()) + ")", depthOfPreference },
+        { "None: opens the folder", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 }, { "5 levels", 5 }, { "10 levels", 10 } };
+    return choicesWith(current, offered);
+}
+
+/// Kinds whose own submenu lists folders, so that a depth means something.
+bool listsFolders(MenuItemKind const& kind)
+{
+    return kind == MenuItemKind::fsObject || kind == MenuItemKind::zantheVellItems || kind == MenuItemKind::mountedVolumes || kind == MenuItemKind::recentItems
+        || kind == MenuItemKind::recentFolders;
+}
+
+} // namespace
+
+InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing)
+{
+    bool const isSeparator = item.kind == MenuItemKind::separator;
+    bool const isGroup = item.kind == MenuItemKind::submenu || !item.children.empty();
+    InspectorFields fields;
+    fields.kindTitle = kindTitleOf(item);
+    fields.hasTitle = !isSeparator;
+    fields.title = item.title.value_or("");
+    fields.titlePlaceholder = placeholderFor(item);
+    fields.hasTarget = item.kind == MenuItemKind::fsObject;
+    fields.targetPath = item.location && item.location->path ? *item.location->path : std::string();
+    fields.targetIsMissing = fields.hasTarget && targetIsMissing;
+    fields.hasDepth = !isGroup && listsFolders(item.kind);
+    fields.depth = item.scanDepth;
+    if (fields.hasDepth)
+        fields.depthChoices = depthChoices(item.scanDepth.value_or(depthOfPreference), preferences);
+    fields.canHide = true;
+    fields.isHidden = item.isHidden;
+    fields.hasShortcut = !isSeparator && !item.kind.isLegacy();
+    fields.shortcut = item.keyEquivalent;
+    fields.note = item.kind.unavailabilityReason().value_or("");
+    if (fields.targetIsMissing)
+        fields.note = "This item points at a file that no longer exists.";
+    return fields;
+}
+
+} // namespace zv

@@ -1,0 +1,52 @@
+#include "app/settings/LibraryPalette.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace zv {
+
+namespace {
+
+std::vector<std::string> wordsOf(std::string_view search)
+{
+    std::istringstream stream(foldedForSearch(search));
+    std::vector<std::string> words;
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
+
+bool matches(LibraryEntry const& entry, std::vector<std::string> const& words)
+{
+    if (words.empty())
+        return true;
+    auto const text = foldedForSearch(entry.title + "\n" + entry.localizedDescription + "\n" + entry.group);
+    return std::all_of(words.begin(), words.end(), [&](auto const& word) { return text.find(word) != std::string::npos; });
+}
+
+} // namespace
+
+std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view search) const
+{
+    auto const words = wordsOf(search);
+    std::vector<Group> groups;
+    for (auto const& entry : m_entries) {
+        if (!matches(entry, words))
+            continue;
+        auto group = std::find_if(groups.begin(), groups.end(), [&](auto const& g) { return g.title == entry.group; });
+        if (group == groups.end())
+            group = groups.insert(groups.end(), { entry.group, {} });
+        group->entries.push_back(&entry);
+    }
+    return groups;
+}
+
+LibraryEntry const* LibraryPalette::entry(std::string_view id) const
+{
+    auto const found = std::find_if(m_entries.begin(), m_entries.end(), [&](auto const& entry) { return entry.id == id; });
+    return found == m_entries.end() ? nullptr : &*found;
+}
+
+} // namespace zv

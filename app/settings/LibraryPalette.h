@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/model/ItemLibrary.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zv {
+
+/// The palette of things to add, in groups, narrowed by what is typed into its search field.
+class LibraryPalette {
+public:
+    struct Group {
+        std::string title;
+        std::vector<LibraryEntry const*> entries;
+    };
+
+    explicit LibraryPalette(std::vector<LibraryEntry> entries)
+        : m_entries(std::move(entries))
+    {
+    }
+
+    /// Groups in the order of their first entry, empty ones left out. Every word of `search`
+    /// must occur in the title, the description or the group; case and accents do not count.
+    /// The pointers hold as long as the palette.
+    [[nodiscard]] std::vector<Group> groups(std::string_view search = {}) const;
+    /// Null when there is none.
+    [[nodiscard]] LibraryEntry const* entry(std::string_view id) const;
+
+private:
+    std::vector<LibraryEntry> m_entries;
+};
+
+} // namespace zv

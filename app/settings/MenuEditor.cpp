@@ -1,0 +1,227 @@
+#include "app/settings/MenuEditor.h"
+
+#include "base/MainThread.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+using Items = std::vector<MenuItem>;
+
+std::set<Uuid> idsOf(Items const& items)
+{
+    std::set<Uuid> ids;
+    for (auto const& item : items)
+        ids.insert(item.id);
+    return ids;
+}
+
+/// The one offset at which the lists differ, when they differ in a single item.
+std::optional<std::size_t> singleDifference(Items const& before, Items const& after)
+{
+    if (before.size() != after.size())
+        return std::nullopt;
+    std::optional<std::size_t> difference;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        if (before[i] == after[i])
+            continue;
+        if (difference || before[i].id != after[i].id)
+            return std::nullopt;
+        difference = i;
+    }
+    return difference;
+}
+
+} // namespace
+
+MenuEditor::Position MenuEditor::positionAfter(Ids const& selection, std::optional<Uuid> const& openSubmenu) const
+{
+    auto const selected = menuTree::outermost(items(), selection);
+    if (selected.empty())
+        return { std::nullopt, items().size() };
+    auto const& last = selected.back();
+    if (openSubmenu == last)
+        return { last, 0 };
+    auto position = menuTree::positionOf(items(), last).value_or(Position { std::nullopt, items().size() });
+    ++position.index;
+    return position;
+}
+
+void MenuEditor::addEntry(LibraryEntry const& entry, Position const& position)
+{
+    add("Add " + entry.title, { menuTree::withFreshIds(entry.itemTemplate) }, position);
+}
+
+void MenuEditor::addSubmenu(Position const& position) { add("Add Submenu", { MenuItem::ofKind(MenuItemKind::submenu) }, position); }
+
+void MenuEditor::addSeparator(Position const& position) { add("Add Separator", { MenuItem::ofKind(MenuItemKind::separator) }, position); }
+
+std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position const& position)
+{
+    std::vector<Url> missing;
+    Items added;
+    for (auto const& file : files) {
+        if (!m_services.locations.files.isTaken(file)) {
+            missing.push_back(file);
+            continue;
+        }
+        auto item = MenuItem::ofKind(MenuItemKind::fsObject);
+        item.location = ItemLocation::forURL(file, m_services.locations);
+        added.push_back(std::move(item));
+    }
+    auto const* name = added.size() == 1 ? "Add File" : "Add Files";
+    if (!added.empty())
+        add(name, std::move(added), position);
+    return missing;
+}
+
+bool MenuEditor::move(Ids const& ids, Position const& position)
+{
+    auto after = items();
+    if (!menuTree::move(after, ids, position))
+        return false;
+    commit("Move", std::move(after), ids);
+    return true;
+}
+
+bool MenuEditor::moveUp(Ids const& ids) { return moveBy(ids, -1); }
+
+bool MenuEditor::moveDown(Ids const& ids) { return moveBy(ids, 1); }
+
+bool MenuEditor::moveBy(Ids const& ids, int step)
+{
+    auto const moved = menuTree::outermost(items(), ids);
+    if (moved.empty())
+        return false;
+    // The foremost one in the direction of the move leads, the others follow it.
+    auto position = menuTree::positionOf(items(), step < 0 ? moved.front() : moved.back());
+    if (!position || (step < 0 && position->index == 0))
+        return false;
+    position->index = step < 0 ? position->index - 1 : position->index + 2;
+    auto after = items();
+    if (!menuTree::move(after, ids, *position) || after == items())
+        return false;
+    commit(step < 0 ? "Move Up" : "Move Down", std::move(after), ids);
+    return true;
+}
+
+void MenuEditor::remove(Ids const& ids)
+{
+    auto after = items();
+    menuTree::remove(after, ids);
+    commit("Delete", std::move(after), {});
+}
+
+void MenuEditor::duplicate(Ids const& ids)
+{
+    auto after = items();
+    Ids selection;
+    for (auto const& id : menuTree::outermost(items(), ids)) {
+        auto copy = menuTree::withFreshIds(*findItem(items(), id));
+        auto position = *menuTree::positionOf(after, id);
+        ++position.index;
+        selection.insert(copy.id);
+        if (!menuTree::insert(after, { std::move(copy) }, position))
+            return;
+    }
+    commit("Duplicate", std::move(after), std::move(selection));
+}
+
+std::vector<std::string> MenuEditor::records(Ids const& ids) const
+{
+    std::vector<std::string> records;
+    for (auto const& id : menuTree::outermost(items(), ids))
+        records.push_back(toDragRecord(*findItem(items(), id)));
+    return records;
+}
+
+std::optional<std::string> MenuEditor::drop(std::vector<std::string> const& records, Position const& position, Drop drop)
+{
+    Items dropped;
+    for (auto const& record : records) {
+        auto item = menuItemFromDragRecord(record);
+        if (!item)
+            return item.error().description();
+        dropped.push_back(std::move(*item));
+    }
+    auto const ids = idsOf(dropped);
+    bool const areAllHere = std::all_of(ids.begin(), ids.end(), [&](auto const& id) { return findItem(items(), id) != nullptr; });
+    if (drop == Drop::move && areAllHere) {
+        if (!move(ids, position))
+            return "A submenu cannot be put into itself.";
+        return std::nullopt;
+    }
+    std::transform(dropped.begin(), dropped.end(), dropped.begin(), menuTree::withFreshIds);
+    auto const* name = dropped.size() == 1 ? "Add Item" : "Add Items";
+    add(name, std::move(dropped), position);
+    return std::nullopt;
+}
+
+void MenuEditor::setTitle(Uuid const& id, std::string const& title)
+{
+    edit("Change Title", id, [&](MenuItem& item) { item.title = title.empty() ? std::nullopt : std::optional(title); });
+}
+
+void MenuEditor::setTarget(Uuid const& id, Url const& target)
+{
+    edit("Choose Target", id, [&](MenuItem& item) { item.location = ItemLocation::forURL(target, m_services.locations); });
+}
+
+void MenuEditor::setScanDepth(Uuid const& id, std::optional<std::int64_t> depth)
+{
+    edit("Change Depth", id, [&](MenuItem& item) { item.scanDepth = depth; });
+}
+
+void MenuEditor::setHidden(Uuid const& id, bool isHidden)
+{
+    edit(isHidden ? "Hide" : "Show", id, [&](MenuItem& item) { item.isHidden = isHidden; });
+}
+
+void MenuEditor::setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec)
+{
+    edit("Change Shortcut", id, [&](MenuItem& item) { item.keyEquivalent = spec; });
+}
+
+void MenuEditor::restoreDefaultMenu() { replaceMenu(m_services.store.defaultMenu(), "Restore Default Menu"); }
+
+void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), {}); }
+
+void MenuEditor::add(std::string name, std::vector<MenuItem> added, Position const& position)
+{
+    auto after = items();
+    auto selection = idsOf(added);
+    if (menuTree::insert(after, std::move(added), position))
+        commit(std::move(name), std::move(after), std::move(selection));
+}
+
+void MenuEditor::edit(std::string name, Uuid const& id, std::function<void(MenuItem&)> const& edit)
+{
+    auto after = items();
+    if (menuTree::change(after, id, edit))
+        commit(std::move(name), std::move(after), { id });
+}
+
+void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Ids selection)
+{
+    assertMainThread();
+    auto before = items();
+    if (after == before)
+        return;
+    put(after);
+    // As the store has it now: locations may have been refreshed.
+    if (onEdit)
+        onEdit({ std::move(name), std::move(before), items(), std::move(selection) });
+}
+
+void MenuEditor::put(std::vector<MenuItem> const& after)
+{
+    auto& store = m_services.store;
+    if (auto const changed = singleDifference(store.items(), after))
+        store.replace(after[*changed].id, after[*changed]);
+    else if (after != store.items())
+        store.replaceAll(after);
+}
+
+} // namespace zv

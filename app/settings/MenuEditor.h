@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/model/ItemLibrary.h"
+#include "app/model/MenuStore.h"
+#include "app/settings/MenuTree.h"
+#include "base/Result.h"
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// One step back or forward: the whole menu before and after an edit.
+struct MenuEdit {
+    std::string name; ///< for the Undo command: "Move", "Add Separator" …
+    std::vector<MenuItem> before;
+    std::vector<MenuItem> after;
+    std::set<Uuid> selectionAfter; ///< what the edit is about
+};
+
+/// The operations of the menu editor over the store. Each that changes something is told
+/// through `onEdit` as one snapshot, which the window's undo stack keeps. Main thread only.
+class MenuEditor {
+public:
+    using Position = menuTree::Position;
+    using Ids = std::set<Uuid>;
+
+    struct Services {
+        MenuStore& store;
+        LocationServices locations;
+    };
+
+    explicit MenuEditor(Services services)
+        : m_services(services)
+    {
+    }
+
+    /// Told after the store has taken the edit. Not called for undo and redo.
+    std::function<void(MenuEdit const&)> onEdit;
+
+    [[nodiscard]] std::vector<MenuItem> const& items() const { return m_services.store.items(); }
+
+    /// Behind the last selected item: within it when it is an open submenu, else after it;
+    /// at the end of the menu when nothing is selected.
+    [[nodiscard]] Position positionAfter(Ids const& selection, std::optional<Uuid> const& openSubmenu = std::nullopt) const;
+
+    void addEntry(LibraryEntry const& entry, Position const& position);
+    void addSubmenu(Position const& position);
+    void addSeparator(Position const& position);
+    /// Files, folders and applications become items. Gives those that are not there.
+    std::vector<Url> addFiles(std::vector<Url> const& files, Position const& position);
+
+    /// False when an item would land within itself; then nothing changes.
+    bool move(Ids const& ids, Position const& position);
+    /// One place up or down among its siblings; several move together.
+    bool moveUp(Ids const& ids);
+    bool moveDown(Ids const& ids);
+    void remove(Ids const& ids);
+    void duplicate(Ids const& ids);
+
+    /// The items as drag records, outermost only, for the clipboard and for dragging.
+    [[nodiscard]] std::vector<std::string> records(Ids const& ids) const;
+    enum class Drop { move, copy };
+    /// Records dropped or pasted. Those of this menu are moved where `drop` says so; all
+    /// others come in with fresh ids. The failure names the first wrong record; then nothing changes.
+    std::optional<std::string> drop(std::vector<std::string> const& records, Position const& position, Drop drop);
+
+    /// Empty text is no title.
+    void setTitle(Uuid const& id, std::string const& title);
+    void setTarget(Uuid const& id, Url const& target);
+    /// Nothing stands for the preference.
+    void setScanDepth(Uuid const& id, std::optional<std::int64_t> depth);
+    void setHidden(Uuid const& id, bool isHidden);
+    void setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec);
+
+    void restoreDefaultMenu();
+    /// A whole menu that was read from a file or a backup.
+    void replaceMenu(std::vector<MenuItem> items, std::string const& editName);
+
+    /// Undo and redo: puts a snapshot in place.
+    void restore(std::vector<MenuItem> const& snapshot) { put(snapshot); }
+
+private:
+    void commit(std::string name, std::vector<MenuItem> after, Ids selection);
+    void add(std::string name, std::vector<MenuItem> added, Position const& position);
+    void edit(std::string name, Uuid const& id, std::function<void(MenuItem&)> const& edit);
+    bool moveBy(Ids const& ids, int step);
+    void put(std::vector<MenuItem> const& items);
+
+    Services m_services;
+};
+
+} // namespace zv

@@ -1,0 +1,17 @@
+#include "app/settings/SettingsPage.h"
+
+#include <algorithm>
+
+namespace zv {
+
+std::vector<SettingsChoice> choicesWith(std::int64_t stored, std::vector<SettingsChoice> offered)
+{
+    auto const isOffered = std::any_of(offered.begin(), offered.end(), [&](auto const& choice) { return choice.value == stored; });
+    if (isOffered)
+        return offered;
+    auto const place = std::find_if(offered.begin(), offered.end(), [&](auto const& choice) { return choice.value > stored; });
+    offered.insert(place, { std::to_string(stored), stored });
+    return offered;
+}
+
+} // namespace zv

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// A settings page as plain values: the front ends draw its rows with their own controls.
+namespace zv {
+
+struct SettingsChoice {
+    std::string title;
+    std::int64_t value = 0;
+    friend bool operator==(SettingsChoice const&, SettingsChoice const&) = default;
+};
+
+struct SettingsRow {
+    enum class Kind {
+        toggle, ///< title, isOn, toggle
+        choice, ///< title, choices, value, choose
+        button, ///< title, press
+        note, ///< title alone, in smaller type
+    };
+
+    Kind kind = Kind::note;
+    std::string id; ///< stable; for tests and for keeping the focus while rows change
+    std::string title;
+    std::string help; ///< a tooltip, and the control's accessible description
+    bool isEnabled = true;
+    bool isIndented = false; ///< belongs to the row above
+    bool isOn = false;
+    std::int64_t value = 0;
+    std::vector<SettingsChoice> choices;
+    std::function<void(bool)> toggle;
+    std::function<void(std::int64_t)> choose;
+    std::function<void()> press;
+};
+
+struct SettingsSection {
+    std::string title;
+    std::vector<SettingsRow> rows;
+};
+
+/// Adds the value that stands to the offered ones, in its order, when it is not among them:
+/// what somebody stored is shown and kept.
+[[nodiscard]] std::vector<SettingsChoice> choicesWith(std::int64_t stored, std::vector<SettingsChoice> offered);
+
+} // namespace zv

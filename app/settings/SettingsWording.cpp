@@ -1,0 +1,35 @@
+#include "app/settings/SettingsWording.h"
+
+#include "app/shell/LoginItem.h"
+
+namespace zv {
+
+SettingsWording SettingsWording::macOS()
+{
+    SettingsWording wording;
+    wording.replaceMenu = "Replace the Apple menu";
+    wording.replaceMenuHelp = "A click on the Apple logo opens your menu instead of the system’s.";
+    wording.logo = "Six-colour logo";
+    wording.statusItem = "Show in the menu bar";
+    wording.statusItemHelp = "A laurel among the icons of the menu bar opens your menu.";
+    wording.noPresenceNote = "Zanthe Vell then shows a Dock icon.";
+    wording.openAtLoginHelp = LoginItem::helpText;
+    return wording;
+}
+
+SettingsWording SettingsWording::linuxDesktop()
+{
+    SettingsWording wording;
+    wording.replaceMenu = "Corner of the panel";
+    wording.replaceMenuHelp = "A click into the left end of the panel opens your menu.";
+    wording.logo = "Six-colour laurel there";
+    wording.statusItem = "Icon in the panel";
+    wording.statusItemHelp = "A laurel among the icons of the panel opens your menu.";
+    wording.noPresenceNote = "Zanthe Vell is then reached by “zanthe-vell settings”.";
+    wording.openAtLoginHelp = "If you do not select this checkbox, you’ll get the standard panel every login until you manually open Zanthe Vell yourself.";
+    wording.statusItemIsNotShown = "Nothing on this desktop shows status icons. On GNOME, the extension “AppIndicator and KStatusNotifierItem Support” does; "
+                                   "other panels have a status tray or notification area to add.";
+    return wording;
+}
+
+} // namespace zv

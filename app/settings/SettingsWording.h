@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace zv {
+
+/// What differs in the settings' words from system to system.
+struct SettingsWording {
+    std::string replaceMenu;
+    std::string replaceMenuHelp;
+    std::string logo;
+    std::string statusItem;
+    std::string statusItemHelp;
+    std::string noPresenceNote;
+    std::string openAtLoginHelp;
+    std::string statusItemIsNotShown; ///< what helps where nothing shows status icons
+
+    [[nodiscard]] static SettingsWording macOS();
+    [[nodiscard]] static SettingsWording linuxDesktop();
+};
+
+} // namespace zv

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/Application.h"
+#include "platform/Installation.h"
+#include "platform/NotesWindow.h"
+#include "platform/Resources.h"
+#include "platform/Tasks.h"
+#include "platform/UserDefaults.h"
+
+#include <memory>
+
+namespace zv {
+
+/// The small notes window that three early launches show, and no other. Main thread only.
+class Begging {
+public:
+    struct Services {
+        UserDefaults& defaults;
+        Resources const& resources;
+        NotesWindows& windows;
+        Application& application;
+        Tasks& tasks;
+    };
+
+    explicit Begging(Services services)
+        : m_services(services)
+    {
+    }
+
+    /// Counts the launch and shows the window on the launches 2, 9 and 13. Nothing is
+    /// counted a second time, within a test run, or where nothing can be kept.
+    void showIfDue(Environment const& environment, bool onReadOnlyVolume);
+    void show();
+
+private:
+    Services m_services;
+    std::unique_ptr<NotesWindow> m_window; ///< kept when closed, and used again
+    bool m_hasNotedLaunch = false;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/model/Preferences.h"
+#include "base/Lifetime.h"
+#include "base/Observation.h"
+#include "platform/Application.h"
+#include "platform/Tasks.h"
+
+namespace zv {
+
+/// Decides whether the program shows a Dock icon: while a titled window of ours is open,
+/// and when nothing in the menu bar leads to it. Main thread only.
+class DockIconController {
+public:
+    struct Services {
+        Application& application;
+        Preferences const& preferences;
+        Tasks& tasks;
+    };
+
+    /// Applies the policy once, then follows the preferences and the windows.
+    explicit DockIconController(Services services);
+    ~DockIconController();
+    DockIconController(DockIconController const&) = delete;
+    DockIconController& operator=(DockIconController const&) = delete;
+
+    void update();
+    /// Many window changes within one turn of the main loop cost one update.
+    void scheduleUpdate();
+
+private:
+    [[nodiscard]] ActivationPolicy wantedPolicy(bool hasMenuBarPresence) const;
+
+    Services m_services;
+    bool m_isUpdateScheduled = false;
+    Observation m_preferencesObservation;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

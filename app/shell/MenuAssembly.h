@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/DynamicSubmenu.h"
+#include "app/menu/FolderListings.h"
+#include "app/menu/MenuBuilder.h"
+#include "app/menu/MenuIcon.h"
+#include "app/menu/RecentItemsCache.h"
+#include "app/menu/RecentItemsProvider.h"
+#include "platform/IconSource.h"
+#include "platform/MetadataQuery.h"
+
+namespace zv {
+
+/// What menus are built from, put together. All services outlive it, and it outlives its menus.
+class MenuAssembly {
+public:
+    struct Services {
+        Preferences const& preferences;
+        LocationServices locations;
+        Resources const& resources;
+        std::shared_ptr<FolderReader const> folders;
+        TextMeasure const& text;
+        MetadataQueries& metadata;
+        IconSource& icons;
+        MenuCommands& commands;
+        Workspace& workspace;
+        RunningApplications& runningApplications;
+        Volumes& volumes;
+        RecentServers& recentServers;
+        NetworkInterfaces& networkInterfaces;
+        SettingsPanes& settingsPanes;
+        ListedFolderSink& listedFolders;
+        SubmenuFiller* shortcuts; ///< null: the submenu has no items
+        SubmenuFiller* networkLocations; ///< likewise
+        Clock const& clock;
+        Timers& timers;
+        Tasks& tasks;
+        Url itemsFolder;
+    };
+
+    explicit MenuAssembly(Services services);
+    MenuAssembly(MenuAssembly const&) = delete;
+    MenuAssembly& operator=(MenuAssembly const&) = delete;
+
+    [[nodiscard]] MenuBuilder& builder() { return m_builder; }
+    [[nodiscard]] RecentItemsCache& recentItems() { return m_recentItems; }
+    [[nodiscard]] MenuIcons& icons() { return m_icons; }
+
+private:
+    DynamicMenuProvider m_machineLists;
+    DynamicLists m_lists;
+    RecentItemsProvider m_recentItemsProvider;
+    RecentItemsCache m_recentItems;
+    FolderListings m_folders;
+    SubmenuSources m_sources;
+    MenuIcon m_icons;
+    MenuBuilder m_builder;
+};
+
+} // namespace zv

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Application.h"
+#include "platform/SettingsWindow.h"
+
+namespace zv {
+
+/// Brings up the settings window from anywhere. Main thread only.
+class SettingsOpener {
+public:
+    SettingsOpener(Application& application, SettingsWindow& window)
+        : m_application(application)
+        , m_window(window)
+    {
+    }
+    void open() const
+    {
+        m_application.activate();
+        m_window.openOrRaise();
+    }
+
+private:
+    Application& m_application;
+    SettingsWindow& m_window;
+};
+
+} // namespace zv

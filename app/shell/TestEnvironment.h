@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/Installation.h"
+
+namespace zv {
+
+/// The program runs inside a test runner: it then asks nothing and counts no launch.
+[[nodiscard]] bool isRunningUnderTests(Environment const& environment);
+
+} // namespace zv

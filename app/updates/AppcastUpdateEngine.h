@@ -1,0 +1,82 @@
+#pragma once
+
+#include "app/updates/UpdateChoice.h"
+#include "app/updates/UpdateSchedule.h"
+#include "platform/Application.h"
+#include "platform/Downloads.h"
+#include "platform/PackageOrigin.h"
+#include "platform/Resources.h"
+#include "platform/UpdateEngine.h"
+#include "platform/UpdateWindow.h"
+#include "platform/Workspace.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// The update engine of systems that bring none of their own: reads a signed feed, offers
+/// what is newer, downloads it, verifies it and hands it to the desktop's software installer.
+/// It changes nothing that is installed by itself. Main thread only.
+class AppcastUpdateEngine : public UpdateEngine {
+public:
+    struct Services {
+        UserDefaults& defaults;
+        Resources const& resources;
+        Clock const& clock;
+        Timers& timers;
+        Application& application;
+        Workspace& workspace;
+        Downloads& downloads;
+        PackageOrigin const& origin;
+        UpdateWindow& window;
+    };
+
+    AppcastUpdateEngine(Services services, UpdateChannels& channels, UpdateUserDriver& userDriver);
+    ~AppcastUpdateEngine() override;
+
+    /// Without a feed or a key it starts all the same, and checks nothing.
+    MaybeFailure<> start() override;
+    void checkForUpdates() override;
+    bool canCheckForUpdates() const override;
+    bool automaticallyChecksForUpdates() const override;
+    void setAutomaticallyChecksForUpdates(bool automatically) override;
+    std::optional<WallTime> lastUpdateCheckDate() const override;
+
+private:
+    enum class Asker { user, schedule };
+    /// What the session does now; each state but idle belongs to one update session.
+    enum class State { idle, checking, reminded, offering, downloading, told };
+
+    void enter(State state);
+    void check(Asker asker);
+    void feedArrived(Asker asker, Result<Downloads::Bytes> const& feed);
+    [[nodiscard]] std::optional<AppcastItem> choose(Asker asker, std::vector<AppcastItem> const& items) const;
+    void found(Asker asker, AppcastItem const& item);
+    void foundNothing(Asker asker);
+    void failed(Asker asker, std::string const& reason);
+
+    void offer();
+    void offerAnswered(std::size_t button);
+    void download();
+    void showProgress(std::uint64_t received);
+    void downloadArrived(Result<Url> const& file);
+    [[nodiscard]] std::optional<std::string> problemWith(Url const& file) const;
+    void tell(std::string const& title, std::string const& message);
+    void buttonPressed(std::size_t button);
+    void finishSession();
+
+    [[nodiscard]] std::string currentVersion() const;
+    [[nodiscard]] UpdateItem pendingItem() const;
+
+    Services m_services;
+    UpdateChannels& m_channels;
+    UpdateUserDriver& m_userDriver;
+    UpdateSchedule m_schedule;
+    State m_state = State::idle;
+    std::optional<AppcastItem> m_pending;
+    std::unique_ptr<Download> m_download;
+};
+
+} // namespace zv

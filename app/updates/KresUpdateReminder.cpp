@@ -1,0 +1,62 @@
+#include "app/updates/KresUpdateReminder.h"
+
+#include "base/MainThread.h"
+
+namespace zv {
+
+KresUpdateReminder::KresUpdateReminder(Services services)
+    : m_services(services)
+{
+    m_services.notifications.onActivated = [this](std::string const& identifier) { notificationActivated(identifier); };
+}
+
+KresUpdateReminder::~KresUpdateReminder() { m_services.notifications.onActivated = nullptr; }
+
+void KresUpdateReminder::requestAuthorizationIfNeeded()
+{
+    assertMainThread();
+    if (m_hasRequestedAuthorization)
+        return;
+    m_hasRequestedAuthorization = true;
+    m_services.notifications.requestAuthorization(m_lifetime.guard([this](bool granted) { m_canPostNotification = granted; }));
+}
+
+bool KresUpdateReminder::shouldHandleShowingScheduledUpdate(UpdateItem const&, bool inImmediateFocus)
+{
+    return inImmediateFocus || m_services.application.isActive() || !m_canPostNotification;
+}
+
+void KresUpdateReminder::willHandleShowingUpdate(bool engineShowsIt, UpdateItem const& update)
+{
+    if (engineShowsIt)
+        return;
+    NotificationRequest request;
+    request.identifier = notificationIdentifier;
+    request.title = applicationName() + " " + update.displayVersion + " is available";
+    request.body = "Click to install it.";
+    request.playsSound = true;
+    m_services.notifications.post(request);
+}
+
+void KresUpdateReminder::didReceiveUserAttention(UpdateItem const&) { m_services.notifications.removeDelivered(notificationIdentifier); }
+
+void KresUpdateReminder::willFinishUpdateSession() { m_services.notifications.removeDelivered(notificationIdentifier); }
+
+std::string KresUpdateReminder::applicationName() const
+{
+    auto const& information = m_services.resources.information();
+    for (auto const* key : { "CFBundleDisplayName", "CFBundleName" }) {
+        auto const* name = information.find(key);
+        if (name && name->string())
+            return *name->string();
+    }
+    return "Zanthe Vell";
+}
+
+void KresUpdateReminder::notificationActivated(std::string const& identifier) const
+{
+    if (identifier == notificationIdentifier && showUpdateInFocus)
+        showUpdateInFocus();
+}
+
+} // namespace zv

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/updates/KresUpdateChannel.h"
+#include "app/updates/KresUpdateReminder.h"
+#include "base/Observation.h"
+#include "base/PropertyList.h"
+#include "base/Url.h"
+#include "platform/UpdateEngine.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// The updates of the program as the menu and the settings see them. Reading a property
+/// within withObservationTracking() observes it. Main thread only.
+class KresUpdater {
+public:
+    struct Services {
+        Resources const& resources;
+        KresUpdateReminder::Services reminder;
+        UpdateEngineFactory makeEngine;
+    };
+
+    /// Makes the engine without starting it.
+    explicit KresUpdater(Services const& services);
+    KresUpdater(KresUpdater const&) = delete;
+    KresUpdater& operator=(KresUpdater const&) = delete;
+
+    void start();
+    void checkForUpdates();
+
+    [[nodiscard]] bool checksAutomatically() const;
+    void setChecksAutomatically(bool automatically);
+    [[nodiscard]] bool canCheckForUpdates() const;
+    [[nodiscard]] std::optional<WallTime> lastCheckDate() const;
+    [[nodiscard]] std::optional<std::string> startFailureDescription() const;
+
+    /// Why updates cannot work, for the settings to show; nothing when they can.
+    [[nodiscard]] std::optional<std::string> startProblem() const;
+
+private:
+    enum Property { checksAutomaticallyProperty, canCheckProperty, lastCheckProperty, startFailureProperty };
+
+    void takeCanCheck();
+    void takeChecksAutomatically();
+
+    template <class T> void set(T& stored, T value, Property property)
+    {
+        if (stored == value)
+            return;
+        stored = std::move(value);
+        m_registrar.changed(property);
+    }
+
+    Resources const& m_resources;
+    KresUpdateChannelDelegate m_channels;
+    KresUpdateReminder m_reminder;
+    std::unique_ptr<UpdateEngine> m_engine;
+    bool m_checksAutomatically = false;
+    bool m_canCheckForUpdates = false;
+    std::optional<WallTime> m_lastCheckDate;
+    std::optional<std::string> m_startFailureDescription;
+    ObservationRegistrar m_registrar;
+};
+
+/// The feed's address in the information dictionary; nothing when it is missing, no web or
+/// file address, or still a placeholder (a host that ends in ".example" or ".invalid").
+[[nodiscard]] std::optional<Url> feedURL(PropertyListDictionary const& information);
+
+/// The 32 bytes of the key that updates are signed with; nothing when it is not such a key.
+[[nodiscard]] std::optional<std::vector<std::byte>> updateSigningKey(PropertyListDictionary const& information);
+
+} // namespace zv

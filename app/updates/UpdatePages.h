@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Appcast.h"
+#include "platform/UpdateWindow.h"
+
+#include <optional>
+#include <string>
+
+/// The pages of the update window, and what their buttons mean.
+namespace zv::updatePages {
+
+enum class OfferAnswer { install, openReleasePage, skip, later };
+
+/// How an update can be had here.
+struct Offer {
+    UpdatePage page;
+    std::vector<OfferAnswer> answers; ///< one a button
+};
+
+[[nodiscard]] Offer offer(AppcastItem const& item, std::string const& currentVersion, std::optional<std::string> const& owningPackage);
+[[nodiscard]] UpdatePage checking();
+/// `fraction` is negative while the size is unknown.
+[[nodiscard]] UpdatePage downloading(AppcastItem const& item, double fraction);
+[[nodiscard]] UpdatePage told(std::string const& title, std::string const& message);
+
+} // namespace zv::updatePages

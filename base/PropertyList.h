@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace zv {
+
+class PropertyList;
+
+/// Seconds since 2001-01-01 00:00:00 UTC, the property list's own reference date.
+struct PropertyListDate {
+    double secondsSinceReference = 0;
+    friend bool operator==(PropertyListDate const&, PropertyListDate const&) = default;
+};
+
+using PropertyListData = std::vector<std::byte>;
+using PropertyListArray = std::vector<PropertyList>;
+
+/// A dictionary that keeps the order in which its keys were added. Keys are unique.
+/// Equality ignores the order, as two property lists that differ only there are the same.
+class PropertyListDictionary {
+public:
+    using Entry = std::pair<std::string, PropertyList>;
+
+    PropertyListDictionary() = default;
+    PropertyListDictionary(std::initializer_list<Entry> entries);
+    /// Takes the entries as they are; of a key that comes twice the later value stays, in
+    /// the earlier place.
+    explicit PropertyListDictionary(std::vector<Entry> entries);
+
+    /// Null when absent. The pointer holds until the dictionary changes.
+    [[nodiscard]] PropertyList const* find(std::string_view key) const;
+    [[nodiscard]] bool contains(std::string_view key) const { return find(key) != nullptr; }
+    /// Replaces the value in its place, or adds the key at the end.
+    void set(std::string_view key, PropertyList value);
+    /// Adds a key that is not there yet, which nobody checks. For records whose keys are written
+    /// out in a row.
+    template <class T> void append(std::string_view key, T&& value);
+    void remove(std::string_view key);
+    void reserve(std::size_t count);
+
+    [[nodiscard]] std::size_t size() const;
+    [[nodiscard]] bool empty() const;
+    [[nodiscard]] std::vector<Entry>::const_iterator begin() const;
+    [[nodiscard]] std::vector<Entry>::const_iterator end() const;
+
+    friend bool operator==(PropertyListDictionary const&, PropertyListDictionary const&);
+
+private:
+    std::vector<Entry> m_entries;
+};
+
+/// One value of a property list. Integers and booleans never turn into one another,
+/// nor integers into reals. `std::uint64_t` is used only for values above the signed range.
+/// Strings are UTF-8.
+class PropertyList {
+public:
+    using Value
+        = std::variant<std::string, std::int64_t, std::uint64_t, double, bool, PropertyListDate, PropertyListData, PropertyListArray, PropertyListDictionary>;
+
+    PropertyList() = default; ///< an empty string
+    PropertyList(std::string value);
+    PropertyList(std::string_view value);
+    PropertyList(char const* value);
+    PropertyList(std::int64_t value);
+    PropertyList(int value);
+    PropertyList(std::uint64_t value);
+    PropertyList(double value);
+    PropertyList(bool value);
+    PropertyList(PropertyListDate value);
+    PropertyList(PropertyListData value);
+    PropertyList(PropertyListArray value);
+    PropertyList(PropertyListDictionary value);
+
+    [[nodiscard]] Value const& value() const { return m_value; }
+    [[nodiscard]] Value& value() { return m_value; }
+
+    /// Null when the value is of another type.
+    [[nodiscard]] std::string const* string() const { return std::get_if<std::string>(&m_value); }
+    [[nodiscard]] PropertyListData const* data() const { return std::get_if<PropertyListData>(&m_value); }
+    [[nodiscard]] PropertyListArray const* array() const { return std::get_if<PropertyListArray>(&m_value); }
+    [[nodiscard]] PropertyListArray* array() { return std::get_if<PropertyListArray>(&m_value); }
+    [[nodiscard]] PropertyListDictionary const* dictionary() const { return std::get_if<PropertyListDictionary>(&m_value); }
+    [[nodiscard]] PropertyListDictionary* dictionary() { return std::get_if<PropertyListDictionary>(&m_value); }
+    [[nodiscard]] std::optional<std::int64_t> integer() const;
+    [[nodiscard]] std::optional<bool> boolean() const;
+    [[nodiscard]] std::optional<double> real() const;
+    [[nodiscard]] std::optional<PropertyListDate> date() const;
+    /// For messages: "a string", "an integer", "an array" …
+    [[nodiscard]] std::string_view typeName() const;
+
+    friend bool operator==(PropertyList const&, PropertyList const&);
+
+private:
+    Value m_value;
+};
+
+template <class T> void PropertyListDictionary::append(std::string_view key, T&& value) { m_entries.emplace_back(key, std::forward<T>(value)); }
+
+/// Combines the value into a hash; equal values hash alike whatever their key order.
+[[nodiscard]] std::size_t hashValue(PropertyList const& value);
+
+} // namespace zv

@@ -1,0 +1,173 @@
+#include "base/Url.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace zv {
+
+namespace {
+
+constexpr std::string_view filePrefix = "file://";
+
+/// What a path may hold as it is.
+constexpr std::array<bool, 256> unreserved = [] {
+    std::array<bool, 256> table {};
+    for (char const c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/!$&'()*+,:=@"))
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
+
+bool isUnreserved(char c) { return unreserved[static_cast<unsigned char>(c)]; }
+
+void appendEscape(std::string& text, char c)
+{
+    static constexpr char digits[] = "0123456789ABCDEF";
+    auto const byte = static_cast<unsigned char>(c);
+    text += '%';
+    text += digits[byte >> 4];
+    text += digits[byte & 0x0F];
+}
+
+void appendPercentEncoded(std::string& text, std::string_view bytes)
+{
+    auto const* const firstReserved = std::find_if_not(bytes.begin(), bytes.end(), isUnreserved);
+    text.append(bytes.begin(), firstReserved);
+    for (auto const* c = firstReserved; c != bytes.end(); ++c) {
+        if (isUnreserved(*c))
+            text += *c;
+        else
+            appendEscape(text, *c);
+    }
+}
+
+int hexValue(char c)
+{
+    if (std::isdigit(static_cast<unsigned char>(c)))
+        return c - '0';
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+}
+
+std::string percentDecoded(std::string_view text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isEscape = text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 && hexValue(text[i + 2]) >= 0;
+        if (!isEscape) {
+            bytes += text[i];
+            continue;
+        }
+        bytes += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
+        i += 2;
+    }
+    return bytes;
+}
+
+bool isSchemeText(std::string_view text)
+{
+    auto const isSchemeCharacter = [](unsigned char c) { return std::isalnum(c) != 0 || c == '+' || c == '-' || c == '.'; };
+    return !text.empty() && std::isalpha(static_cast<unsigned char>(text[0])) != 0 && std::all_of(text.begin(), text.end(), isSchemeCharacter);
+}
+
+} // namespace
+
+std::string_view withoutTrailingSlashes(std::string_view path)
+{
+    while (path.size() > 1 && path.back() == '/')
+        path.remove_suffix(1);
+    return path;
+}
+
+Url Url::fromPath(std::string_view path)
+{
+    path = withoutTrailingSlashes(path);
+    std::string text;
+    text.reserve(filePrefix.size() + path.size());
+    text += filePrefix;
+    appendPercentEncoded(text, path);
+    return Url(std::move(text));
+}
+
+std::optional<Url> Url::parse(std::string_view text)
+{
+    auto const colon = text.find(':');
+    if (colon == std::string_view::npos || !isSchemeText(text.substr(0, colon)))
+        return std::nullopt;
+    auto const isForbidden = [](unsigned char c) { return c <= ' ' || c == 0x7F; };
+    if (std::any_of(text.begin(), text.end(), isForbidden))
+        return std::nullopt;
+    Url url { std::string(text) };
+    return url.isFile() ? fromPath(url.path()) : url;
+}
+
+std::string Url::scheme() const
+{
+    std::string scheme = m_text.substr(0, m_text.find(':'));
+    std::transform(scheme.begin(), scheme.end(), scheme.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return scheme;
+}
+
+bool Url::isFile() const { return m_text.starts_with(filePrefix); }
+
+std::string Url::path() const
+{
+    if (!isFile())
+        return {};
+    auto rest = std::string_view(m_text).substr(filePrefix.size());
+    auto const slash = rest.find('/');
+    if (slash == std::string_view::npos)
+        return "/";
+    return percentDecoded(withoutTrailingSlashes(rest.substr(slash)));
+}
+
+std::string Url::lastPathComponent() const { return std::string(zv::lastPathComponent(path())); }
+
+Url Url::appending(std::string_view component) const
+{
+    component = withoutTrailingSlashes(component);
+    if (component.empty() || component == "/")
+        return *this;
+    std::string text;
+    text.reserve(m_text.size() + 1 + component.size());
+    text += m_text; // canonical already: only what is new needs encoding
+    if (!text.ends_with('/'))
+        text += '/';
+    appendPercentEncoded(text, component);
+    return Url(std::move(text));
+}
+
+Url Url::parent() const
+{
+    std::string const full = path();
+    auto const slash = full.rfind('/');
+    return fromPath(slash == 0 || slash == std::string::npos ? "/" : full.substr(0, slash));
+}
+
+std::string_view lastPathComponent(std::string_view path)
+{
+    path = withoutTrailingSlashes(path);
+    if (path == "/")
+        return path;
+    auto const slash = path.rfind('/');
+    return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
+std::string_view pathExtension(std::string_view name)
+{
+    auto const dot = name.rfind('.');
+    if (dot == std::string_view::npos || dot == 0)
+        return {};
+    auto const extension = name.substr(dot + 1);
+    bool const isPlain = extension.find_first_of(" /") == std::string_view::npos;
+    return isPlain ? extension : std::string_view();
+}
+
+std::string_view deletingPathExtension(std::string_view name)
+{
+    auto const extension = pathExtension(name);
+    return extension.empty() ? name : name.substr(0, name.size() - extension.size() - 1);
+}
+
+} // namespace zv

@@ -1,0 +1,230 @@
+#include "app/hotkeys/HotkeyCenter.h"
+#include "app/hotkeys/HotkeyPrescan.h"
+#include "base/MainThread.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxFolderReader.h"
+#include "platform/linux/qt/QtRunLoop.h"
+#include "platform/linux/qt/XcbHotkeyRegistrar.h"
+#include "platform/linux/qt/XkbConnection.h"
+#include "platform/linux/qt/XkbKeyboard.h"
+#include "tests/desktop/PrivateX.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <benchmark/benchmark.h>
+
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+/// Each measurement of ours stands beside the bare one that it is to be held against.
+namespace zv {
+namespace {
+
+constexpr int shortcutCount = 1000;
+
+/// Combinations that nobody would type: 16 sets of modifiers on some seventy keys.
+std::vector<KeyEquivalentSpec> manyShortcuts()
+{
+    static constexpr std::string_view keys = "abcdefghijklmnopqrstuvwxyz0123456789-=[];',./`\\";
+    static constexpr std::string_view named[] = { "f1", "f2", "f3", "f4", "f5", "f6", "f7", "f8", "f9", "f10", "f11", "f12", "f13", "f14", "f15", "esc" };
+    std::vector<KeyEquivalentSpec::Trigger> triggers;
+    for (auto const key : keys)
+        triggers.push_back(KeyEquivalentSpec::Trigger::character({ &key, 1 }));
+    for (auto const name : named)
+        triggers.push_back(KeyEquivalentSpec::Trigger::named(name));
+    std::vector<KeyEquivalentSpec> specs;
+    for (unsigned modifiers = 0; modifiers < 16; ++modifiers) {
+        for (auto const& trigger : triggers)
+            specs.push_back({ trigger, (modifiers & 1) != 0, (modifiers & 2) != 0, (modifiers & 4) != 0, (modifiers & 8) != 0 });
+    }
+    specs.resize(shortcutCount);
+    return specs;
+}
+
+/// The program's hotkeys on a server of their own.
+struct Hotkeys {
+    Hotkeys()
+        : connection(XkbConnection::open())
+        , keyboard(*connection, loop)
+        , registrar(*connection, keyboard, loop)
+        , layout(keyboard, notifications)
+        , center(registrar, layout)
+    {
+        std::vector<MenuItem> items;
+        for (auto const& spec : manyShortcuts()) {
+            items.push_back(MenuItem::ofKind(MenuItemKind::sleep));
+            items.back().keyEquivalent = spec;
+        }
+        center.setMenuItems(std::move(items));
+    }
+
+    desktop::PrivateX server;
+    QtRunLoop loop;
+    std::unique_ptr<XkbConnection> connection;
+    XkbKeyboard keyboard;
+    XcbHotkeyRegistrar registrar;
+    Notifications notifications;
+    KeyboardLayout layout;
+    HotkeyCenter center;
+};
+
+/// 63 keys with all sixteen modifier sets and four lock states, as the program grabs them.
+void bareGrabs(benchmark::State& state)
+{
+    desktop::PrivateX const server;
+    for (auto unused : state) {
+        auto const client = std::make_unique<desktop::XClient>();
+        std::vector<xcb_void_cookie_t> cookies;
+        static constexpr std::uint16_t bits[] = { XCB_MOD_MASK_SHIFT, XCB_MOD_MASK_1, XCB_MOD_MASK_CONTROL, XCB_MOD_MASK_4 };
+        static constexpr std::uint16_t locks[] = { 0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 };
+        for (int i = 0; i < shortcutCount; ++i) {
+            std::uint16_t modifiers = 0;
+            for (unsigned bit = 0; bit < 4; ++bit)
+                modifiers |= (i / 63) >> bit & 1 ? bits[bit] : 0;
+            for (auto const lock : locks)
+                cookies.push_back(xcb_grab_key_checked(
+                    client->xcb(), 0, client->root(), modifiers | lock, static_cast<std::uint8_t>(9 + i % 63), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+        }
+        for (auto const cookie : cookies)
+            std::free(xcb_request_check(client->xcb(), cookie));
+        state.PauseTiming();
+        xcb_ungrab_key(client->xcb(), XCB_GRAB_ANY, client->root(), XCB_MOD_MASK_ANY);
+        client->sync();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(bareGrabs)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
+
+void firstPass(benchmark::State& state)
+{
+    Hotkeys hotkeys;
+    for (auto unused : state) {
+        hotkeys.center.reregister();
+        state.PauseTiming();
+        if (hotkeys.center.registrations().size() != shortcutCount)
+            state.SkipWithError("not all shortcuts were registered");
+        hotkeys.center.unregisterAll();
+        std::free(xcb_get_input_focus_reply(hotkeys.connection->xcb(), xcb_get_input_focus(hotkeys.connection->xcb()), nullptr));
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(firstPass)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
+
+void unchangedPass(benchmark::State& state)
+{
+    Hotkeys hotkeys;
+    hotkeys.center.reregister();
+    auto const before = xcb_no_operation(hotkeys.connection->xcb()).sequence;
+    for (auto unused : state)
+        hotkeys.center.reregister();
+    state.counters["requests"] = xcb_no_operation(hotkeys.connection->xcb()).sequence - before - 1;
+}
+BENCHMARK(unchangedPass)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Everything that has arrived.
+void turn()
+{
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents();
+}
+
+/// From the finger to the action: Super and F1, by their raw key codes.
+void pressToAction(benchmark::State& state)
+{
+    constexpr std::uint8_t f1 = 67, super = 133;
+    Hotkeys hotkeys;
+    hotkeys.center.reregister();
+    desktop::XClient const user;
+    bool isDone = false;
+    hotkeys.center.onTrigger = [&](HotkeyTarget const&) { isDone = true; };
+    user.press(super);
+    for (auto unused : state) {
+        isDone = false;
+        user.press(f1);
+        while (!isDone)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        state.PauseTiming();
+        user.release(f1);
+        turn();
+        state.ResumeTiming();
+    }
+    user.release(super);
+}
+BENCHMARK(pressToAction)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(500);
+
+double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+/// Five seconds in which nothing happens.
+void idle(benchmark::State& state)
+{
+    Hotkeys hotkeys;
+    hotkeys.center.reregister();
+    for (auto unused : state) {
+        bool isOver = false;
+        turn();
+        auto const timer = hotkeys.loop.after(std::chrono::seconds(5), [&] { isOver = true; });
+        auto const before = processorSeconds();
+        int wakeups = 0;
+        for (; !isOver; ++wakeups)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        state.counters["cpu_percent"] = (processorSeconds() - before) / 5 * 100;
+        state.counters["wakeups"] = wakeups;
+    }
+}
+BENCHMARK(idle)->Unit(benchmark::kSecond)->UseRealTime()->Iterations(1);
+
+/// 1,999 folders of 20 files below one, each with one shortcut.
+struct Tree {
+    Tree()
+    {
+        std::string pattern = std::filesystem::temp_directory_path() / "zv-bench-XXXXXX";
+        root = mkdtemp(pattern.data());
+        for (int folder = 1; folder < 2000; ++folder) {
+            auto const path = root + "/folder " + std::to_string(folder / 45) + "/sub " + std::to_string(folder);
+            std::filesystem::create_directories(path);
+            for (int file = 0; file < 19; ++file)
+                std::ofstream(path + "/document number " + std::to_string(file) + ".txt");
+            std::ofstream(path + "/shortcut-*[cmd+F5]*.txt");
+        }
+    }
+    ~Tree() { std::filesystem::remove_all(root); }
+    std::string root;
+};
+
+Tree const& tree()
+{
+    static Tree const one;
+    return one;
+}
+
+void findOverTheTree(benchmark::State& state)
+{
+    auto const command = "find '" + tree().root + "' > /dev/null";
+    for (auto unused : state)
+        state.counters["status"] = std::system(command.c_str());
+}
+BENCHMARK(findOverTheTree)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void prescanOfTheTree(benchmark::State& state)
+{
+    LinuxFileSystem const files;
+    LinuxFolderReader const reader { DesktopAudience::current() };
+    std::vector const roots { Url::fromPath(tree().root) };
+    for (auto unused : state)
+        state.counters["folders"] = static_cast<double>(prescanHotkeys(reader, files, roots, 3, HiddenFiles::skipped).size());
+}
+BENCHMARK(prescanOfTheTree)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace zv
+
+int main(int argc, char** argv)
+{
+    zv::markMainThread();
+    QCoreApplication const application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

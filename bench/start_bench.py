@@ -1,0 +1,96 @@
+"""The start of the program, taken apart by what others see of it: that it is loaded, the
+name on the bus, the icon that registers, the menu that answers. All in milliseconds since
+the process was started; the least of several runs counts, as others use the machine too."""
+
+import os
+import subprocess
+import sys
+import time
+
+from gi.repository import Gio, GLib
+
+PROGRAM, BARE = os.environ["ZV_PROGRAM"], os.environ["ZV_BARE_START"]
+WATCHER = "org.kde.StatusNotifierWatcher"
+INTERFACE = Gio.DBusNodeInfo.new_for_xml(f"""<node><interface name="{WATCHER}">
+<method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+<method name="RegisterStatusNotifierHost"><arg type="s" direction="in"/></method>
+<property name="RegisteredStatusNotifierItems" type="as" access="read"/>
+<property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+<property name="ProtocolVersion" type="i" access="read"/>
+</interface></node>""").interfaces[0]
+
+
+class Observer:
+    """A panel's watcher, and a look at who takes which name."""
+
+    def __init__(self):
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self.seen = {}
+        self.item = None
+        self.bus.register_object("/StatusNotifierWatcher", INTERFACE, self.called, self.read, None)
+        self.bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName", GLib.Variant("(su)", (WATCHER, 0)), None, 0, -1, None)
+        self.bus.signal_subscribe("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", None, None, 0, self.owner_changed)
+
+    def called(self, _bus, sender, _path, _interface, method, _arguments, invocation):
+        if method == "RegisterStatusNotifierItem":
+            self.item = sender
+            self.note("the icon registers")
+        invocation.return_value(None)
+
+    def read(self, _bus, _sender, _path, _interface, name):
+        return {"RegisteredStatusNotifierItems": GLib.Variant("as", []), "IsStatusNotifierHostRegistered": GLib.Variant("b", True)}.get(
+            name, GLib.Variant("i", 0))
+
+    def owner_changed(self, *arguments):
+        name, _, owner = arguments[5].unpack()
+        if name.startswith("org.zanthevell.") and owner:
+            self.note("its name is on the bus")
+
+    def note(self, what):
+        self.seen.setdefault(what, (time.monotonic() - self.begin) * 1000)
+
+    def run(self, program, last):
+        """What was seen of one start, until `last` was."""
+        self.seen, self.item, self.begin = {}, None, time.monotonic()
+        process = subprocess.Popen([program], env={**os.environ, "XCTestSessionIdentifier": "bench"}, stderr=subprocess.DEVNULL)
+        try:
+            while last not in self.seen and time.monotonic() - self.begin < 20:
+                GLib.MainContext.default().iteration(True)
+            if self.item:
+                self.bus.call_sync(self.item, "/StatusNotifierItem/Menu", "com.canonical.dbusmenu", "AboutToShow", GLib.Variant("(i)", (0,)), None, 0, -1, None)
+                self.note("the menu answers")
+        finally:
+            process.terminate()
+            process.wait()
+        return self.seen
+
+
+def loading_time(runs):
+    """Loading the program and its libraries, with the end of the process: a command that does next to nothing."""
+    def once():
+        begin = time.monotonic()
+        subprocess.run([PROGRAM, "--version"], stdout=subprocess.DEVNULL, check=True)
+        return (time.monotonic() - begin) * 1000
+
+    return min(once() for _ in range(runs))
+
+
+def least(observer, program, last, runs):
+    all_seen = [observer.run(program, last) for _ in range(runs)]
+    return {what: min(seen[what] for seen in all_seen if what in seen) for what in all_seen[0]}
+
+
+def main():
+    runs = int(sys.argv[1]) if len(sys.argv) > 1 else 10
+    subprocess.run([PROGRAM, "prefs", "write", "ReplaceAppleMenu", "false"], check=True)
+    observer = Observer()
+    bare = least(observer, BARE, "its name is on the bus", runs)["its name is on the bus"]
+    print(f"{'a bare program: its name is on the bus':40} {bare:7.1f} ms   1.00")
+    steps = {"it is loaded": loading_time(runs), **least(observer, PROGRAM, "the icon registers", runs)}
+    before = 0.0
+    for what, at in steps.items():
+        print(f"{what:40} {at:7.1f} ms  {at / bare:5.2f} of the bare one's start, {at - before:.1f} ms after the step before")
+        before = at
+
+
+main()

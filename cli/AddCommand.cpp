@@ -1,0 +1,50 @@
+#include "app/actions/AddToItemsService.h"
+#include "cli/Commands.h"
+#include "cli/FileArgument.h"
+#include "cli/Options.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+/// Without "." and "..", which are no names.
+Url namedFile(CommandContext& context, std::string const& argument)
+{
+    auto url = Url::fromPath("/");
+    auto const path = fileArgument(context, argument).path();
+    std::string_view rest = path;
+    while (!rest.empty()) {
+        auto const name = rest.substr(0, rest.find('/'));
+        if (name == "..")
+            url = url.parent();
+        else if (!name.empty() && name != ".")
+            url = url.appending(name);
+        rest.remove_prefix(std::min(rest.size(), name.size() + 1));
+    }
+    return url;
+}
+
+/// The folder is the same whether the program runs or not: its submenu lists it when it opens.
+ExitStatus run(Arguments arguments, CommandContext& context)
+{
+    auto const options = Options::parse(arguments, {});
+    if (!options)
+        return failUsage(context, addCommand, options.error());
+    if (options->operands().empty())
+        return failUsage(context, addCommand, AddToItemsService::noFilesText);
+    std::vector<Url> urls;
+    for (auto const& argument : options->operands())
+        urls.push_back(namedFile(context, argument));
+    auto const outcome = ItemsFolder(context.itemsFolder(), context.files(), context.aliases()).add(urls);
+    auto const alert = alertFor(outcome, context.itemsFolder());
+    return alert ? fail(context, alert->message + " " + alert->informativeText) : ExitStatus::done;
+}
+
+} // namespace
+
+constexpr Command addCommand { "add", "FILE…", "add to the Zanthe Vell Items folder", run };
+
+} // namespace zv

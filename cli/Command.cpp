@@ -1,0 +1,37 @@
+#include "cli/Command.h"
+
+#include "app/menu/DisplayText.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace zv {
+
+namespace {
+
+/// A sentence that was made for a window may have paragraphs.
+std::string oneLine(std::string_view message)
+{
+    std::string line(message);
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    return displayText(line);
+}
+
+} // namespace
+
+ExitStatus fail(CommandContext& context, std::string_view message)
+{
+    context.err() << "zanthe-vell: " << oneLine(message) << '\n';
+    return ExitStatus::failed;
+}
+
+ExitStatus failUsage(CommandContext& context, Command const& command, std::string_view message)
+{
+    auto usage = "zanthe-vell " + std::string(command.name);
+    if (!command.usage.empty())
+        usage += ' ' + std::string(command.usage);
+    context.err() << "zanthe-vell: " << oneLine(message) << " (usage: " << usage << ")\n";
+    return ExitStatus::wrongUsage;
+}
+
+} // namespace zv

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "app/model/MenuBackups.h"
+#include "app/model/MenuStore.h"
+#include "app/model/Preferences.h"
+#include "app/shell/DoctorCheck.h"
+#include "platform/AliasFiles.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/RunningProgram.h"
+
+#include <iosfwd>
+#include <memory>
+#include <vector>
+
+namespace zv {
+
+class EntryChooser;
+class MenuSession;
+
+/// What commands need, made when the first of them asks, so that `--help` starts as
+/// quickly as it can and a command that only reads never makes anything else.
+class CommandContext {
+public:
+    struct Streams {
+        std::istream& in;
+        std::ostream& out;
+        std::ostream& err;
+    };
+
+    explicit CommandContext(Streams streams);
+    virtual ~CommandContext();
+    CommandContext(CommandContext const&) = delete;
+    CommandContext& operator=(CommandContext const&) = delete;
+
+    [[nodiscard]] std::istream& in() { return m_streams.in; }
+    [[nodiscard]] std::ostream& out() { return m_streams.out; }
+    [[nodiscard]] std::ostream& err() { return m_streams.err; }
+
+    [[nodiscard]] virtual UserDefaults& defaults() = 0;
+    [[nodiscard]] virtual Resources const& resources() = 0;
+    [[nodiscard]] virtual FileSystem& files() = 0;
+    [[nodiscard]] virtual Bookmarks& bookmarks() = 0;
+    [[nodiscard]] virtual Clock const& clock() = 0;
+    [[nodiscard]] virtual RunningProgram& runningProgram() = 0;
+    /// Menus over all this, without a display.
+    [[nodiscard]] virtual MenuSession& menuSession() = 0;
+    /// What the entries of those menus do.
+    [[nodiscard]] virtual EntryChooser& chooser() = 0;
+    [[nodiscard]] virtual AliasFiles& aliases() = 0;
+    /// The user's home folder, absolute.
+    [[nodiscard]] virtual std::string const& homePath() = 0;
+    [[nodiscard]] virtual Url backupsFolder() = 0;
+    [[nodiscard]] virtual Url itemsFolder() = 0;
+    /// What relative paths among the arguments start from.
+    [[nodiscard]] virtual Url currentFolder() = 0;
+    /// What works on this desktop and what does not, found out now.
+    [[nodiscard]] virtual std::vector<DoctorCheck> doctorChecks() = 0;
+
+    [[nodiscard]] LocationServices locations();
+    [[nodiscard]] Preferences& preferences();
+    /// Loaded, and keeping backups.
+    [[nodiscard]] MenuStore& store();
+
+private:
+    Streams m_streams;
+    std::unique_ptr<Preferences> m_preferences;
+    std::unique_ptr<MenuBackups> m_backups;
+    std::unique_ptr<MenuStore> m_store;
+};
+
+} // namespace zv

@@ -1,0 +1,93 @@
+#include "cli/CommandLine.h"
+
+#include "cli/Commands.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+
+namespace zv {
+
+namespace {
+
+// A new command: its file, its line in Commands.h, its line here.
+constexpr std::array table {
+    &menuCommand,
+    &performCommand,
+    &hotkeysCommand,
+    &addCommand,
+    &checkNameCommand,
+    &prefsCommand,
+    &exportCommand,
+    &importCommand,
+    &showCommand,
+    &settingsCommand,
+    &quitCommand,
+    &doctorCommand,
+};
+
+std::string synopsisOf(Command const& command)
+{
+    return command.usage.empty() ? std::string(command.name) : std::string(command.name) + ' ' + std::string(command.usage);
+}
+
+ExitStatus showHelp(CommandContext& context)
+{
+    auto& out = context.out();
+    out << "usage: zanthe-vell [COMMAND]\n\n"
+           "Without a command the program starts; a second start opens its settings.\n\n";
+    for (auto const* command : commandTable())
+        out << "  " << synopsisOf(*command) << "\n        " << command->summary << '\n';
+    out << "\n  --help      this text\n  --version   the version\n\n"
+           "Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.\n";
+    return ExitStatus::done;
+}
+
+bool asksForHelp(Arguments arguments) { return arguments.size() == 1 && arguments[0] == "--help"; }
+
+ExitStatus showHelp(Command const& command, CommandContext& context)
+{
+    context.out() << "usage: zanthe-vell " << synopsisOf(command) << "\n\n" << command.summary << '\n';
+    return ExitStatus::done;
+}
+
+ExitStatus showVersion(CommandContext& context)
+{
+    context.out() << "Zanthe Vell " ZV_VERSION "\n";
+    return ExitStatus::done;
+}
+
+ExitStatus run(Arguments arguments, CommandContext& context)
+{
+    auto const& name = arguments.front();
+    if (name == "--help" || name == "-h" || name == "help")
+        return showHelp(context);
+    if (name == "--version")
+        return showVersion(context);
+    auto const commands = commandTable();
+    auto const found = std::find_if(commands.begin(), commands.end(), [&](Command const* command) { return command->name == name; });
+    if (found != commands.end())
+        return asksForHelp(arguments.subspan(1)) ? showHelp(**found, context) : (*found)->run(arguments.subspan(1), context);
+    (void)fail(context, "there is no command \"" + name + "\"; see zanthe-vell --help");
+    return ExitStatus::wrongUsage;
+}
+
+/// A full disk or a closed pipe must not look like success.
+ExitStatus afterWriting(ExitStatus status, CommandContext& context)
+{
+    bool const isWritten = static_cast<bool>(context.out().flush());
+    return status == ExitStatus::done && !isWritten ? fail(context, "the output could not be written") : status;
+}
+
+} // namespace
+
+std::span<Command const* const> commandTable() { return table; }
+
+int runCommandLine(Arguments arguments, CommandContext& context)
+{
+    if (arguments.empty())
+        return static_cast<int>(afterWriting(showHelp(context), context));
+    return static_cast<int>(afterWriting(run(arguments, context), context));
+}
+
+} // namespace zv

@@ -1,0 +1,54 @@
+#include "cli/EntryPath.h"
+
+#include "base/Text.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+std::string quoted(std::string const& text) { return "“" + text + "”"; }
+
+/// Enabled ones first, for there may be several of a title.
+template <class Matches> MenuEntry const* findEntry(Menu const& menu, Matches matches)
+{
+    MenuEntry const* disabled = nullptr;
+    for (auto const& entry : menu.entries) {
+        if (entry.type != MenuEntry::Type::item || !matches(entry.visibleTitle()))
+            continue;
+        if (entry.enabled)
+            return &entry;
+        disabled = disabled ? disabled : &entry;
+    }
+    return disabled;
+}
+
+MenuEntry const* entryTitled(Menu const& menu, std::string const& title)
+{
+    if (auto const* const entry = findEntry(menu, [&](std::string const& candidate) { return candidate == title; }))
+        return entry;
+    auto const folded = foldedForSearch(title);
+    return findEntry(menu, [&](std::string const& candidate) { return foldedForSearch(candidate) == folded; });
+}
+
+} // namespace
+
+Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string const> titles, std::function<void(Menu&)> const& open)
+{
+    std::string place = "in the menu";
+    for (;; titles = titles.subspan(1)) {
+        auto const* const entry = entryTitled(*menu, titles.front());
+        if (!entry)
+            return Failure { "there is no " + quoted(titles.front()) + " " + place };
+        if (titles.size() == 1)
+            return *entry;
+        if (!entry->submenu)
+            return Failure { quoted(titles.front()) + " has no submenu" };
+        place = "in " + quoted(titles.front());
+        menu = entry->submenu;
+        open(*menu);
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "app/menu/Menu.h"
+#include "base/Result.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace zv {
+
+/// The entry that the titles lead to, one a level; `open` fills each submenu on the way. A
+/// title may differ in case and accents where none is quite the same. The failure is a
+/// sentence that says how far the titles led.
+[[nodiscard]] Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string const> titles, std::function<void(Menu&)> const& open);
+
+} // namespace zv

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli/CommandContext.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// The file that an argument names, from the current folder on.
+[[nodiscard]] Url fileArgument(CommandContext& context, std::string const& argument);
+
+/// The bytes of the named file, or of standard input for "-".
+[[nodiscard]] Result<std::vector<std::byte>> readFileArgument(CommandContext& context, std::string const& argument);
+/// Writes the named file whole, or to standard output for "-".
+[[nodiscard]] MaybeFailure<> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes);
+
+} // namespace zv

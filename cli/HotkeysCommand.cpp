@@ -1,0 +1,75 @@
+#include "cli/Commands.h"
+#include "cli/Options.h"
+
+#include "base/Text.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <ostream>
+
+namespace zv {
+
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::size_t shortcutWidth = 8;
+
+std::string textOf(Json const& entry, char const* key)
+{
+    auto const found = entry.find(key);
+    return found != entry.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
+/// The item's title as the menu shows it, or the file's path.
+std::string targetName(Json const& entry, CommandContext& context)
+{
+    if (entry.contains("file"))
+        return textOf(entry, "file");
+    auto const id = Uuid::parse(textOf(entry, "item"));
+    auto const* item = id ? context.store().find(*id) : nullptr;
+    return item ? item->displayTitle() : textOf(entry, "item");
+}
+
+void print(Json const& entries, std::string_view remark, CommandContext& context)
+{
+    for (auto const& entry : entries) {
+        auto const shortcut = textOf(entry, "shortcut");
+        auto const blanks = shortcutWidth - std::min(shortcutWidth - 1, graphemeCount(shortcut));
+        context.out() << shortcut << std::string(blanks, ' ') << targetName(entry, context) << remark << '\n';
+    }
+}
+
+ExitStatus print(std::string const& report, CommandContext& context)
+{
+    auto const parsed = Json::parse(report, nullptr, false);
+    if (!parsed.is_object())
+        return fail(context, "the running program gave an answer that is none");
+    print(parsed.value("registrations", Json::array()), "", context);
+    print(parsed.value("conflicts", Json::array()), "  (taken: another program or another entry has it)", context);
+    return ExitStatus::done;
+}
+
+ExitStatus run(Arguments arguments, CommandContext& context)
+{
+    static constexpr Options::Known known[] = { { "--json" } };
+    auto const options = Options::parse(arguments, known);
+    if (!options)
+        return failUsage(context, hotkeysCommand, options.error());
+    if (!options->operands().empty())
+        return failUsage(context, hotkeysCommand, "there is nothing to name");
+    auto const report = context.runningProgram().hotkeys();
+    if (!report)
+        return fail(context, report.error());
+    if (!options->has("--json"))
+        return print(*report, context);
+    context.out() << *report << '\n';
+    return ExitStatus::done;
+}
+
+} // namespace
+
+constexpr Command hotkeysCommand { "hotkeys", "[--json]", "the shortcuts that the running program holds, and those that others have", run };
+
+} // namespace zv

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "app/menu/Menu.h"
+#include "platform/TextMeasure.h"
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <string>
+
+namespace zv {
+
+/// The menu as an indented tree, shortcuts in a column at the right. What cannot be chosen
+/// stands in parentheses, with the reason behind it. `cells` measures in cells of a terminal.
+[[nodiscard]] std::string menuAsText(Menu const& menu, TextMeasure const& cells);
+
+/// {"items": […]}, with the keys that the man page documents.
+[[nodiscard]] nlohmann::ordered_json menuAsJson(Menu const& menu);
+
+} // namespace zv

@@ -1,0 +1,48 @@
+#include "cli/Commands.h"
+#include "cli/EntryChooser.h"
+#include "cli/EntryPath.h"
+#include "cli/MenuSession.h"
+#include "cli/Options.h"
+
+namespace zv {
+
+namespace {
+
+/// Why the entry cannot be chosen; empty when it can.
+std::string reasonAgainst(MenuEntry const& entry)
+{
+    auto const title = "“" + entry.visibleTitle() + "”";
+    if (entry.submenu && !entry.target)
+        return title + " is a submenu; name an entry of it";
+    if (entry.enabled && entry.target)
+        return {};
+    return title + " cannot be chosen" + (entry.toolTip.empty() ? "" : ": " + entry.toolTip);
+}
+
+ExitStatus run(Arguments arguments, CommandContext& context)
+{
+    static constexpr Options::Known known[] = { { "--command" } };
+    auto const options = Options::parse(arguments, known);
+    if (!options)
+        return failUsage(context, performCommand, options.error());
+    if (options->operands().empty())
+        return failUsage(context, performCommand, "no title of an entry");
+
+    auto& session = context.menuSession();
+    auto const menu = session.build(context.store().items(), OptionKey::released);
+    auto const entry = entryAt(menu, options->operands(), [&](Menu& submenu) { session.open(submenu); });
+    if (!entry)
+        return fail(context, entry.error());
+    if (auto const reason = reasonAgainst(entry.value()); !reason.empty())
+        return fail(context, reason);
+    auto status = ExitStatus::done;
+    for (auto const& failure : context.chooser().choose(entry.value(), options->has("--command") ? ModifierMask::command : ModifierMask::none))
+        status = fail(context, failure);
+    return status;
+}
+
+} // namespace
+
+constexpr Command performCommand { "perform", "[--command] TITLE…", "choose an entry, one title a level; --command reveals it", run };
+
+} // namespace zv

@@ -1,0 +1,148 @@
+#include "cli/Commands.h"
+#include "cli/Options.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <ostream>
+
+namespace zv {
+
+namespace {
+
+/// The largest number that any setting takes; far above what is of use.
+constexpr std::int64_t maximumNumber = 1'000'000;
+
+using Value = decltype(PreferenceDescription::defaultValue);
+
+PreferenceDescription const* descriptionOf(std::string_view key)
+{
+    auto const all = Preferences::descriptions();
+    auto const found = std::find_if(all.begin(), all.end(), [&](PreferenceDescription const& each) { return each.key == key; });
+    return found == all.end() ? nullptr : &*found;
+}
+
+bool isBoolean(PreferenceDescription const& description) { return std::holds_alternative<bool>(description.defaultValue); }
+
+/// The value as the running program sees it: an odd stored one is read as settings are read.
+std::string shownValue(PreferenceDescription const& description, UserDefaults const& defaults)
+{
+    if (isBoolean(description))
+        return defaults.boolForKey(description.key) ? "true" : "false";
+    return std::to_string(defaults.integerForKey(description.key));
+}
+
+std::optional<bool> parseBoolean(std::string_view text)
+{
+    static constexpr std::array<std::string_view, 4> yes { "true", "yes", "on", "1" };
+    static constexpr std::array<std::string_view, 4> no { "false", "no", "off", "0" };
+    if (std::find(yes.begin(), yes.end(), text) != yes.end())
+        return true;
+    if (std::find(no.begin(), no.end(), text) != no.end())
+        return false;
+    return std::nullopt;
+}
+
+std::optional<std::int64_t> parseNumber(std::string_view text)
+{
+    std::int64_t number = 0;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    bool const isWhole = error == std::errc() && end == text.data() + text.size();
+    return isWhole && number >= 0 && number <= maximumNumber ? std::optional(number) : std::nullopt;
+}
+
+Result<PropertyList> parseValue(PreferenceDescription const& description, std::string const& text)
+{
+    auto const named = "\"" + text + "\" is no value of " + std::string(description.key);
+    if (isBoolean(description)) {
+        if (auto const boolean = parseBoolean(text))
+            return PropertyList(*boolean);
+        return Failure { named + "; it is true or false" };
+    }
+    if (auto const number = parseNumber(text))
+        return PropertyList(*number);
+    return Failure { named + "; it is a number from 0 to " + std::to_string(maximumNumber) };
+}
+
+ExitStatus failUnknownKey(CommandContext& context, std::string const& key)
+{
+    if (key == MenuStore::defaultsKey)
+        return fail(context, "the menu is no setting; see zanthe-vell export and import");
+    return fail(context, "there is no setting \"" + key + "\"; see zanthe-vell prefs");
+}
+
+ExitStatus listAll(CommandContext& context)
+{
+    for (auto const& description : Preferences::descriptions()) {
+        auto const key = std::string(description.key);
+        auto const value = shownValue(description, context.defaults());
+        context.out() << key << std::string(23 - key.size(), ' ') << value << std::string(9 - std::min<std::size_t>(8, value.size()), ' ')
+                      << description.meaning << '\n';
+    }
+    return ExitStatus::done;
+}
+
+ExitStatus readOne(std::vector<std::string> const& operands, CommandContext& context)
+{
+    auto const* description = descriptionOf(operands[1]);
+    if (!description)
+        return failUnknownKey(context, operands[1]);
+    context.out() << shownValue(*description, context.defaults()) << '\n';
+    return ExitStatus::done;
+}
+
+ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& context)
+{
+    auto const* description = descriptionOf(operands[1]);
+    if (!description)
+        return failUnknownKey(context, operands[1]);
+    auto value = parseValue(*description, operands[2]);
+    if (!value)
+        return fail(context, value.error());
+    if (auto const failure = context.defaults().setObject(description->key, std::move(value).value()))
+        return fail(context, "could not save " + operands[1] + ": " + *failure);
+    return ExitStatus::done;
+}
+
+ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& context)
+{
+    auto const* description = descriptionOf(operands[1]);
+    if (!description)
+        return failUnknownKey(context, operands[1]);
+    if (auto const failure = context.defaults().removeObject(description->key))
+        return fail(context, "could not reset " + operands[1] + ": " + *failure);
+    return ExitStatus::done;
+}
+
+struct Verb {
+    std::string_view name;
+    std::size_t operandCount; ///< the verb included
+    ExitStatus (*run)(std::vector<std::string> const& operands, CommandContext& context);
+};
+
+constexpr Verb verbs[] = {
+    { "read", 1, [](std::vector<std::string> const&, CommandContext& context) { return listAll(context); } },
+    { "read", 2, readOne },
+    { "write", 3, writeOne },
+    { "reset", 2, resetOne },
+};
+
+ExitStatus run(Arguments arguments, CommandContext& context)
+{
+    // No options here: a value may begin with "-", which is refused as a value, with its reason.
+    std::vector<std::string> const operands(arguments.begin(), arguments.end());
+    (void)context.preferences(); // registers what stands in for what is not stored
+    if (operands.empty())
+        return listAll(context);
+    for (auto const& verb : verbs) {
+        if (verb.name == operands[0] && verb.operandCount == operands.size())
+            return verb.run(operands, context);
+    }
+    return failUsage(context, prefsCommand, "read, write or reset one setting");
+}
+
+} // namespace
+
+constexpr Command prefsCommand { "prefs", "[read [KEY] | write KEY VALUE | reset KEY]", "the settings: all, one, a new value, the default again", run };
+
+} // namespace zv

@@ -1,0 +1,48 @@
+option(ZV_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(ZV_TESTS "Build the tests" ON)
+option(ZV_BENCH "Build the measurements" OFF)
+option(ZV_PCH "Precompile the toolkit headers" ON)
+option(ZV_FUZZ "Build the fuzz targets (clang only)" OFF)
+option(ZV_PACKAGED "Build for a package: nothing of this machine in the program, and hardened linking" OFF)
+
+add_library(zv_options INTERFACE)
+target_include_directories(zv_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_definitions(zv_options INTERFACE ZV_VERSION="${PROJECT_VERSION}")
+target_compile_options(zv_options INTERFACE -Wall -Wextra -Werror -Wnon-virtual-dtor -Woverloaded-virtual
+                                            -Wno-missing-field-initializers)
+
+if(ZV_SANITIZE)
+  target_compile_options(zv_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(zv_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(ZV_PACKAGED)
+  target_link_options(zv_options INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+
+find_program(ZV_MOLD mold)
+if(ZV_MOLD AND NOT APPLE)
+  target_link_options(zv_options INTERFACE -fuse-ld=mold)
+endif()
+
+find_program(ZV_CCACHE ccache)
+if(ZV_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${ZV_CCACHE})
+endif()
+
+# A library of all the .cpp files of a folder (and, with RECURSE, below it).
+function(zv_library name)
+  cmake_parse_arguments(ARG "RECURSE" "FOLDER" "LINK" ${ARGN})
+  if(ARG_RECURSE)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${ARG_FOLDER}/*.cpp)
+  else()
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${ARG_FOLDER}/*.cpp)
+  endif()
+  list(FILTER sources EXCLUDE REGEX "/(main|linux/CommandLine[A-Za-z]*)\\.cpp$")
+  if(NOT sources)
+    set(sources ${CMAKE_BINARY_DIR}/${name}_empty.cpp)
+    file(WRITE ${sources} "")
+  endif()
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC zv_options ${ARG_LINK})
+endfunction()

@@ -1,0 +1,93 @@
+find_package(GTest REQUIRED)
+
+# One program a layer: what needs no toolkit is built and run without one.
+function(zv_tests name)
+  cmake_parse_arguments(ARG "" "" "FOLDERS;LINK" ${ARGN})
+  set(sources)
+  foreach(folder IN LISTS ARG_FOLDERS)
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
+    list(APPEND sources ${found})
+  endforeach()
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources} ${CMAKE_SOURCE_DIR}/tests/main.cpp)
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest)
+  if(ZV_PCH)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <functional> <map> <string> <vector>)
+  endif()
+  target_compile_definitions(${name} PRIVATE ZV_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+zv_tests(zv_core_tests FOLDERS base app cli LINK zv_cli zv_app zv_linux)
+zv_tests(zv_linux_tests FOLDERS linux LINK zv_app zv_linux)
+zv_tests(zv_qt_tests FOLDERS qt LINK zv_app zv_qt)
+
+# Driven from outside by the scripts in tests/desktop.
+add_executable(overlay_probe ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_probe.cpp)
+target_link_libraries(overlay_probe PRIVATE zv_qt)
+
+# Scripts. Labels: "desktop" needs an X session (its own), "fuzz" builds with another compiler.
+add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
+add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/check_all)
+set_tests_properties(macos_check PROPERTIES TIMEOUT 600)
+add_test(NAME macos_smoke COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/smoke ${CMAKE_BINARY_DIR}/macos-smoke)
+set_tests_properties(macos_smoke PROPERTIES LABELS desktop TIMEOUT 300 RUN_SERIAL ON)
+add_test(NAME macos_bundle COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/macos/bundle_test.py)
+add_test(NAME documents COMMAND ${CMAKE_SOURCE_DIR}/tests/documents $<TARGET_FILE:zanthe-vell>)
+
+# What is driven on a desktop is the program that people get: `./zv test` builds it beside the
+# sanitized one.
+if(ZV_SANITIZE)
+  set(ZV_DESKTOP_PROGRAM ${CMAKE_SOURCE_DIR}/build/release/zanthe-vell)
+  set(ZV_DESKTOP_PROBE ${CMAKE_SOURCE_DIR}/build/release/overlay_probe)
+else()
+  set(ZV_DESKTOP_PROGRAM $<TARGET_FILE:zanthe-vell>)
+  set(ZV_DESKTOP_PROBE $<TARGET_FILE:overlay_probe>)
+endif()
+
+add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${CMAKE_SOURCE_DIR}/tests/desktop/session
+                                      /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/hotkeys_test.py ${ZV_DESKTOP_PROGRAM})
+set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+
+foreach(session IN ITEMS COMP=none COMP=picom AUTOHIDE=2)
+  add_test(NAME desktop_overlay_${session}
+           COMMAND ${CMAKE_COMMAND} -E env ${session} ${CMAKE_SOURCE_DIR}/tests/desktop/session
+                   ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROBE})
+  set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+endforeach()
+
+add_test(NAME desktop_actions COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/actions_test.py)
+set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 300 RUN_SERIAL ON
+                     ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;PYTHONDONTWRITEBYTECODE=1")
+
+add_test(NAME desktop_menu COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/run)
+set_tests_properties(desktop_menu PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON ENVIRONMENT "ZV_BUILT_PROGRAM=${ZV_DESKTOP_PROGRAM}")
+
+if(ZV_SANITIZE)
+  # Short: enough to find what broke. It builds for itself, with another compiler.
+  add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
+  set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 3600)
+endif()
+
+add_test(NAME desktop_lists
+         COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/session ${CMAKE_SOURCE_DIR}/tests/desktop/lists_test.py ${ZV_DESKTOP_PROGRAM})
+set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+
+add_test(NAME packaging COMMAND ${CMAKE_SOURCE_DIR}/tests/packaging $<TARGET_FILE:zanthe-vell>)
+set_tests_properties(packaging PROPERTIES TIMEOUT 120)
+
+add_test(NAME desktop_settings COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3
+                                       ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
+set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
+                     ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
+
+add_test(NAME desktop_updates COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/updates_test.py)
+set_tests_properties(desktop_updates PROPERTIES LABELS desktop TIMEOUT 240 RUN_SERIAL ON
+                     ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
+add_test(NAME desktop_shell COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3
+                                    ${CMAKE_SOURCE_DIR}/tests/desktop/shell_test.py)
+set_tests_properties(desktop_shell PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
+                     ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")

@@ -1,0 +1,51 @@
+enable_language(OBJCXX)
+find_package(nlohmann_json REQUIRED)
+
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+
+# Updates work where the framework is given, with where to ask and the key to trust.
+set(ZV_SPARKLE "" CACHE PATH "Sparkle.framework to put into the application; empty for a build without updates")
+set(ZV_FEED_URL "" CACHE STRING "Address of the update feed")
+set(ZV_UPDATE_KEY "" CACHE STRING "Public Ed25519 key of the updates, base64")
+
+# Other versions of the compiler and the SDK warn about other things: seen, not fatal.
+target_compile_options(zv_options INTERFACE -Wno-error -Wno-unused-parameter -Wno-four-char-constants)
+
+zv_library(zv_base FOLDER base)
+file(GLOB seam_helpers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp)
+target_sources(zv_base PRIVATE ${seam_helpers})
+zv_library(zv_app FOLDER app RECURSE LINK zv_base nlohmann_json::nlohmann_json)
+
+file(GLOB_RECURSE front_end CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.mm)
+set(resources
+    "${CMAKE_SOURCE_DIR}/app/resources/Begging.rtf"
+    "${CMAKE_SOURCE_DIR}/app/resources/Default Apple Menu.plist"
+    "${CMAKE_SOURCE_DIR}/app/resources/DockMenu.plist"
+    "${CMAKE_SOURCE_DIR}/app/resources/Library.plist"
+    "${CMAKE_SOURCE_DIR}/app/resources/Licences.txt"
+    "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.icns")
+set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+
+add_executable(zanthe-vell MACOSX_BUNDLE ${front_end} ${resources})
+set_target_properties(zanthe-vell PROPERTIES
+    OUTPUT_NAME "Zanthe Vell"
+    MACOSX_BUNDLE_INFO_PLIST ${CMAKE_SOURCE_DIR}/packaging/macos/Info.plist.in
+    BUILD_RPATH "@executable_path/../Frameworks"
+    INSTALL_RPATH "@executable_path/../Frameworks")
+target_compile_options(zanthe-vell PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+
+set(frameworks Cocoa Carbon CoreGraphics CoreServices DiskArbitration ServiceManagement SystemConfiguration UniformTypeIdentifiers UserNotifications)
+list(TRANSFORM frameworks PREPEND "-framework ")
+target_link_libraries(zanthe-vell PRIVATE zv_app zv_base ${frameworks})
+
+if(ZV_SPARKLE)
+  add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
+      COMMAND ${CMAKE_COMMAND} -E make_directory "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks"
+      COMMAND ditto "${ZV_SPARKLE}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework")
+endif()
+
+# Signed for this machine, so that permissions once given are remembered while developing.
+add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
+    COMMAND codesign --force --deep --sign - --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")

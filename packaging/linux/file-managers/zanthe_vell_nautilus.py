@@ -1,0 +1,15 @@
+"""Adds "Add to Zanthe Vell Items" to the context menu of Files (needs python3-nautilus)."""
+import subprocess
+
+from gi.repository import GObject, Nautilus
+
+
+class AddToZantheVellItems(GObject.GObject, Nautilus.MenuProvider):
+    def get_file_items(self, *arguments):
+        # Older versions hand in the window before the files.
+        paths = [file.get_location().get_path() for file in arguments[-1]]
+        if not paths or None in paths:
+            return []
+        item = Nautilus.MenuItem(name="ZantheVell::Add", label="Add to Zanthe Vell Items", icon="org.zanthevell.ZantheVell")
+        item.connect("activate", lambda _: subprocess.Popen(["zanthe-vell", "add", "--", *paths]))
+        return [item]

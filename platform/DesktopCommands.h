@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace zv {
+
+/// A place of the system that a command opens.
+enum class SystemPlace : std::uint8_t { aboutComputer, softwareStore, operatingSystemPage, softwareUpdate, systemSettings, dockSettings };
+
+enum class PlaceOutcome : std::uint8_t {
+    opened,
+    hasFixedTarget, ///< the place has the same address on every such system: the caller opens that
+    notFound, ///< no program here is that place
+};
+
+/// Opens the places that every desktop has, each in its own way. Main thread only.
+class DesktopCommands {
+public:
+    virtual ~DesktopCommands() = default;
+    /// Calls `done` once, on the main thread: before it returns, or later.
+    virtual void open(SystemPlace place, std::function<void(PlaceOutcome)> done) = 0;
+};
+
+} // namespace zv

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "base/Result.h"
+#include "base/Url.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// What one look at a path tells, links and aliases followed to their end.
+struct FileTraits {
+    bool isDirectory = false;
+    bool isPackage = false; ///< shown as one thing though it may be a folder: an application, a bundle
+};
+
+/// Files by URL. Nothing here shows anything to the user or mounts anything.
+/// Failures are the system's own sentence for them. Any thread.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// A file exists there; links are followed, so a broken link does not.
+    [[nodiscard]] virtual bool exists(Url const& url) const = 0;
+    /// The name is in use, if only by a broken link.
+    [[nodiscard]] virtual bool isTaken(Url const& url) const = 0;
+    /// Nothing when there is no such file. A broken or looping link is a plain file.
+    [[nodiscard]] virtual std::optional<FileTraits> traits(Url const& url) const = 0;
+    /// The path with every symbolic link resolved; itself where that fails.
+    [[nodiscard]] virtual Url resolvingSymlinks(Url const& url) const = 0;
+    /// The file that an alias file or link stands for; itself where there is none.
+    [[nodiscard]] virtual Url resolvingAlias(Url const& url) const = 0;
+    /// The name that a file manager shows; valid UTF-8.
+    [[nodiscard]] virtual std::string localizedName(Url const& url) const = 0;
+    /// The name of the volume when the URL is a volume's root.
+    [[nodiscard]] virtual std::optional<std::string> volumeName(Url const& url) const = 0;
+    [[nodiscard]] virtual bool isOnReadOnlyVolume(Url const& url) const = 0;
+
+    /// Missing parents are made too; an existing folder is fine.
+    [[nodiscard]] virtual MaybeFailure<> createDirectory(Url const& url) = 0;
+    [[nodiscard]] virtual bool isWritableDirectory(Url const& url) const = 0;
+    [[nodiscard]] virtual Result<std::vector<std::byte>> read(Url const& url) const = 0;
+    /// Whole or not at all: a temporary file in the same folder, synced, then renamed.
+    [[nodiscard]] virtual MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) = 0;
+    /// Names in the folder, in no order, "." and ".." left out.
+    [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;
+    [[nodiscard]] virtual MaybeFailure<> remove(Url const& url) = 0;
+};
+
+} // namespace zv

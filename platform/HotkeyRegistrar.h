@@ -1,0 +1,60 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace zv {
+
+using HotkeyID = std::uint32_t;
+
+/// What hotkeys are filed under where the system wants an owner beside the id: "ZVHK".
+inline constexpr std::uint32_t hotkeySignature = 0x5A56484B;
+
+/// Modifier keys as the bits of a key combination.
+enum KeyModifier : std::uint32_t {
+    commandKey = 256,
+    shiftKey = 512,
+    optionKey = 2048,
+    controlKey = 4096,
+};
+
+/// A key, by its virtual key code, with exactly these modifiers held.
+struct KeyChord {
+    std::uint16_t keyCode = 0;
+    std::uint32_t modifiers = 0; ///< of KeyModifier
+
+    friend auto operator<=>(KeyChord const&, KeyChord const&) = default;
+};
+
+/// How far combinations work while other programs have the keyboard.
+enum class HotkeySupport {
+    everywhere,
+    askingTheUser, ///< through a service that lets the user confirm and change each combination
+    none,
+};
+
+/// Claims key combinations from the system, a whole pass at a time, so that no other
+/// program slips in between and what is held already costs nothing. Main thread only,
+/// callbacks too.
+class HotkeyRegistrar {
+public:
+    virtual ~HotkeyRegistrar() = default;
+
+    /// Puts these combinations in the place of all that are held. One answer each, in order:
+    /// false when another program or the system holds it, or when it stands earlier in the
+    /// list. Those that succeed get the ids `firstID`, `firstID` + 1, … in order; what was
+    /// pressed under an older id is no longer told under any.
+    [[nodiscard]] virtual std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) = 0;
+    virtual void releaseAll() = 0;
+    [[nodiscard]] virtual HotkeySupport support() const = 0;
+
+    /// Once a press, however long the key is held. Set by its one user.
+    std::function<void(HotkeyID)> onPressed;
+    /// What is held no longer stands for what was claimed: everything should be claimed again.
+    std::function<void()> onInvalidated;
+};
+
+} // namespace zv

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/Result.h"
+#include "base/Url.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// The process's environment.
+using Environment = std::map<std::string, std::string>;
+
+/// Where a running copy of the program lies that will not stay.
+enum class RelocationSource {
+    none,
+    translocated, ///< a read-only copy that the system made of a download
+    diskImage, ///< a mounted image
+    temporaryPlace, ///< a folder that is read-only or is emptied, on systems that make no such copies
+};
+
+/// What moving the program takes of the system. Main thread only.
+class Installation {
+public:
+    virtual ~Installation() = default;
+
+    [[nodiscard]] virtual RelocationSource source(Url const& bundle) const = 0;
+    /// The folder for all users' applications if it exists and can be written, else the
+    /// user's own, made when missing; nothing when there is neither.
+    [[nodiscard]] virtual std::optional<Url> applicationsFolder() = 0;
+
+    /// A fresh folder on the destination's volume, for a copy in the making.
+    [[nodiscard]] virtual Result<Url> makeReplacementFolder(Url const& destination) = 0;
+    [[nodiscard]] virtual MaybeFailure<> copy(Url const& from, Url const& to) = 0;
+    /// Moves `from` to `to`. What stands there already is replaced, and stays until the new one is whole.
+    [[nodiscard]] virtual MaybeFailure<> put(Url const& from, Url const& to) = 0;
+    virtual void removeFolder(Url const& folder) = 0;
+    /// Makes the desktop know the program that now stands there; nothing to do where it sees by itself.
+    [[nodiscard]] virtual MaybeFailure<> announce(Url const& installed) = 0;
+    /// The copy is about to be opened: what only one running program can have is let go of.
+    virtual void giveWay() { }
+};
+
+} // namespace zv

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// The system's list of what starts when the user logs in, for this program alone.
+/// Main thread only.
+class LoginService {
+public:
+    enum class Status { notRegistered, enabled, requiresApproval, notFound };
+    struct Error {
+        std::int32_t code = 0;
+        std::string description; ///< localized, a whole sentence
+    };
+
+    virtual ~LoginService() = default;
+    /// Read from the system each time.
+    [[nodiscard]] virtual Status status() const = 0;
+    /// Nothing on success. Does not switch on what the user switched off in the system's own settings.
+    [[nodiscard]] virtual std::optional<Error> registerService() = 0;
+    [[nodiscard]] virtual std::optional<Error> unregisterService() = 0;
+    /// Shows the system's page where login items are switched on and off.
+    virtual void openSystemSettings() = 0;
+};
+
+} // namespace zv

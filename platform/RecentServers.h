@@ -1,0 +1,28 @@
+#pragma once
+
+#include "base/Url.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+struct RecentServer {
+    Url url; ///< the server, or anything on it
+    std::int64_t lastUsed = 0; ///< seconds since 1970; 0 when unknown
+};
+
+/// The servers that were connected to. Main thread only, callbacks too.
+class RecentServers {
+public:
+    /// Nothing when the list cannot be read. In no order, doubles and all.
+    using List = std::optional<std::vector<RecentServer>>;
+
+    virtual ~RecentServers() = default;
+    /// Calls `done` once: before it returns, or later. Mounts nothing, asks no server.
+    virtual void list(std::function<void(List)> done) = 0;
+};
+
+} // namespace zv

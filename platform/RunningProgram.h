@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/Result.h"
+
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// The program that runs for this user, asked from a command line. The failures are
+/// sentences for standard error; one of them says that the program does not run.
+class RunningProgram {
+public:
+    struct ScreenPoint {
+        double x = 0;
+        double y = 0;
+    };
+
+    virtual ~RunningProgram() = default;
+    [[nodiscard]] virtual bool isRunning() const = 0;
+    /// Without a point the menu opens where it opens when its icon is clicked.
+    [[nodiscard]] virtual MaybeFailure<> showMenu(std::optional<ScreenPoint> at) = 0;
+    [[nodiscard]] virtual MaybeFailure<> openSettings() = 0;
+    [[nodiscard]] virtual MaybeFailure<> quit() = 0;
+    /// Registrations and conflicts in the form that `hotkeys --json` prints.
+    [[nodiscard]] virtual Result<std::string> hotkeys() = 0;
+};
+
+} // namespace zv

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/PropertyList.h"
+#include "base/Result.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zv {
+
+/// The user's stored settings: one property-list value a key. What is registered
+/// stands in for what is not stored, and is itself never stored. Main thread only.
+class UserDefaults {
+public:
+    virtual ~UserDefaults() = default;
+
+    /// The stored value, else the registered one, else nothing.
+    [[nodiscard]] virtual std::optional<PropertyList> object(std::string_view key) const = 0;
+    /// Only what is stored.
+    [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
+    /// Stores at once. The failure is a sentence that says why the file could not be written;
+    /// the value is then kept in memory, and written with the next one. Callers log it.
+    [[nodiscard]] virtual MaybeFailure<> setObject(std::string_view key, PropertyList value) = 0;
+    [[nodiscard]] virtual MaybeFailure<> removeObject(std::string_view key) = 0;
+    virtual void registerDefaults(PropertyListDictionary const& defaults) = 0;
+    [[nodiscard]] virtual std::vector<std::string> storedKeys() const = 0;
+
+    /// The lenient reads that settings use: integers and reals other than 0, and the texts
+    /// "YES", "true" and "1" are true; texts are read as far as they are numbers; else 0.
+    [[nodiscard]] bool boolForKey(std::string_view key) const;
+    [[nodiscard]] std::int64_t integerForKey(std::string_view key) const;
+
+    /// Called after another process changed what is stored, with the keys that differ now.
+    std::function<void(std::vector<std::string> const& keys)> onExternalChange;
+};
+
+} // namespace zv

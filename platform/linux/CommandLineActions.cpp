@@ -1,0 +1,188 @@
+#include "platform/linux/CommandLineActions.h"
+
+#include "base/Log.h"
+#include "platform/linux/GioWorkspace.h"
+#include "platform/linux/LinuxComputerInfo.h"
+#include "platform/linux/LinuxDesktopCommands.h"
+#include "platform/linux/LinuxScriptRunner.h"
+#include "platform/linux/LinuxSessionEvents.h"
+#include "platform/linux/PosixToolRunner.h"
+#include "platform/linux/ProgramFiles.h"
+
+#include <ostream>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+using Failures = std::vector<std::string>;
+
+/// A shortcut may run for as long as it likes.
+constexpr std::chrono::hours noLimit { 24 * 20 };
+
+/// Knows when all that was started has ended.
+class CountingTasks : public Tasks {
+public:
+    explicit CountingTasks(Tasks& tasks)
+        : m_tasks(tasks)
+    {
+    }
+    void runInBackground(TaskPriority priority, std::function<void()> work) override
+    {
+        ++m_running;
+        m_tasks.runInBackground(priority, [this, work = std::move(work)] {
+            work();
+            m_tasks.runOnMain([this] { --m_running; });
+        });
+    }
+    void runDetached(std::function<std::function<void()>()> work) override
+    {
+        ++m_running;
+        m_tasks.runDetached([this, work = std::move(work)] {
+            return std::function<void()>([this, then = work()] {
+                then();
+                --m_running;
+            });
+        });
+    }
+    void runOnMain(std::function<void()> work) override { m_tasks.runOnMain(std::move(work)); }
+    [[nodiscard]] bool isIdle() const { return m_running == 0; }
+
+private:
+    Tasks& m_tasks;
+    int m_running = 0;
+};
+
+/// What an alert warns of is a failure here, and what it asks is declined; what it merely
+/// tells is printed, and goes on.
+class PrintedAlerts : public Alerts {
+public:
+    PrintedAlerts(std::ostream& out, Failures& failures)
+        : m_out(out)
+        , m_failures(failures)
+    {
+    }
+    std::size_t run(Alert const& alert) override
+    {
+        if (alert.style == AlertStyle::informational) {
+            m_out << alert.message << '\n' << alert.informativeText << '\n';
+            return 0;
+        }
+        m_failures.push_back(alert.message + " " + alert.informativeText);
+        return alert.escapeButton;
+    }
+
+private:
+    std::ostream& m_out;
+    Failures& m_failures;
+};
+
+/// The running program stands for the application; without one there is nothing to end.
+class OtherApplication : public Application {
+public:
+    OtherApplication(RunningProgram& program, Failures& failures)
+        : m_program(program)
+        , m_failures(failures)
+    {
+    }
+    void activate() override { }
+    void terminate() override { note(m_program.quit()); }
+    bool isActive() const override { return false; }
+    bool isHidden() const override { return false; }
+    ActivationPolicy activationPolicy() const override { return ActivationPolicy::accessory; }
+    void setActivationPolicy(ActivationPolicy /*policy*/) override { }
+    std::vector<WindowState> windows() const override { return {}; }
+    void openSettings() { note(m_program.openSettings()); }
+
+private:
+    void note(MaybeFailure<> const& failure)
+    {
+        if (failure)
+            m_failures.push_back(*failure);
+    }
+    RunningProgram& m_program;
+    Failures& m_failures;
+};
+
+struct ArgumentKeys : ModifierKeys {
+    ModifierMask current() const override { return held; }
+    ModifierMask ofCurrentEvent() const override { return held; }
+    ModifierMask held = ModifierMask::none;
+};
+
+/// A clipboard would end with this process; a terminal's is its output.
+struct PrintedClipboard : Clipboard {
+    explicit PrintedClipboard(std::ostream& stream)
+        : out(stream)
+    {
+    }
+    void setText(std::string const& text) override { out << text << '\n'; }
+    std::ostream& out;
+};
+
+} // namespace
+
+struct CommandLineActions::Parts {
+    Parts(Services const& services, DesktopAccess const& access, XdgDirectories const& directories)
+        : turnUntil(services.turnUntil)
+        , tasks(services.tasks)
+        , alerts(services.out, failures)
+        , application(services.program, failures)
+        , clipboard(services.out)
+        , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, services.running })
+        , desktop(access, "/etc/os-release", tasks)
+        , computer("/", tasks)
+        , events(access, tasks)
+        , scriptRunner(access, DockStore::ofThisMachine(directories), tasks)
+        , actions({ workspace, application, alerts, keys, clipboard, services.running, desktop, computer, session, scripts, tasks, services.locations },
+              ShortcutsProvider(tools), NetworkLocations(tools), Url::fromPath(itemsFolder(directories)), { [this] { application.openSettings(); }, {}, {} })
+        , cache(ShortcutsProvider(tools), services.clock, tasks)
+    {
+    }
+
+    MenuSession::TurnUntil turnUntil;
+    Failures failures;
+    CountingTasks tasks;
+    PrintedAlerts alerts;
+    OtherApplication application;
+    ArgumentKeys keys;
+    PrintedClipboard clipboard;
+    GioWorkspace workspace;
+    LinuxDesktopCommands desktop;
+    LinuxComputerInfo computer;
+    LinuxSessionEvents events;
+    LinuxScriptRunner scriptRunner;
+    AlertConfirmation confirmation { application, alerts };
+    SessionControl session { events, confirmation };
+    SystemEventsBridge scripts { scriptRunner, [this] { return confirmation.confirmsForceQuit(); } };
+    std::shared_ptr<ToolRunner> tools = std::make_shared<PosixToolRunner>();
+    MenuActions actions;
+    ShortcutsCache cache;
+    ShortcutsMenu shortcuts { cache, actions };
+    LocationsMenu locations { NetworkLocations(tools), actions };
+};
+
+CommandLineActions::CommandLineActions(Services services, DesktopAccess const& access, XdgDirectories const& directories)
+    : m_parts(std::make_unique<Parts>(services, access, directories))
+{
+}
+
+CommandLineActions::~CommandLineActions() = default;
+
+MenuCommands& CommandLineActions::commands() { return m_parts->actions; }
+Workspace& CommandLineActions::workspace() { return m_parts->workspace; }
+SubmenuFiller& CommandLineActions::shortcuts() { return m_parts->shortcuts; }
+SubmenuFiller& CommandLineActions::locations() { return m_parts->locations; }
+
+std::vector<std::string> CommandLineActions::choose(MenuEntry const& entry, ModifierMask held)
+{
+    // What the program would have logged is a failure that nobody else tells here.
+    LogCapture const log([this](std::string const& line) { m_parts->failures.push_back(line); });
+    m_parts->keys.held = held;
+    entry.target->invoke();
+    m_parts->turnUntil([this] { return m_parts->tasks.isIdle(); }, noLimit);
+    return std::exchange(m_parts->failures, {});
+}
+
+} // namespace zv

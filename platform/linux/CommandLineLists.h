@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/menu/DynamicSubmenu.h"
+#include "app/menu/MenuIcon.h"
+#include "app/model/Preferences.h"
+#include "platform/FolderReader.h"
+#include "platform/RunningApplications.h"
+#include "platform/linux/ApplicationIndex.h"
+#include "platform/linux/DesktopAccess.h"
+#include "platform/linux/XdgDirectories.h"
+
+#include <memory>
+
+namespace zv {
+
+/// The lists of what this machine has, and the names of icons, for menus that are printed.
+class CommandLineLists {
+public:
+    struct Services {
+        Tasks& tasks;
+        Preferences const& preferences;
+        FileSystem& files;
+        std::shared_ptr<FolderReader const> folders;
+        ApplicationCatalog& applications;
+    };
+
+    /// The services outlive this.
+    CommandLineLists(Services const& services, DesktopAccess const& access, XdgDirectories const& directories);
+    ~CommandLineLists();
+
+    [[nodiscard]] RunningApplications& runningApplications();
+    [[nodiscard]] MenuIcons& icons();
+    /// Those two are not lists of the machine's: they are handed in.
+    [[nodiscard]] DynamicLists with(SubmenuFiller& shortcuts, SubmenuFiller& locations);
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace zv

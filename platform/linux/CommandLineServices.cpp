@@ -1,0 +1,61 @@
+#include "platform/linux/CommandLineServices.h"
+
+#include "platform/linux/CommandLineDoctor.h"
+#include "platform/linux/ProgramFiles.h"
+
+#include <climits>
+#include <unistd.h>
+
+namespace zv {
+
+namespace {
+
+template <class Service, class... Arguments> Service& madeOnce(std::unique_ptr<Service>& service, Arguments&&... arguments)
+{
+    if (!service)
+        service = std::make_unique<Service>(std::forward<Arguments>(arguments)...);
+    return *service;
+}
+
+} // namespace
+
+CommandLineServices::CommandLineServices(Streams streams)
+    : CommandContext(streams)
+{
+}
+
+UserDefaults& CommandLineServices::defaults() { return madeOnce(m_defaults, settingsFile(m_directories)); }
+
+Resources const& CommandLineServices::resources() { return madeOnce(m_resources, BundleResources::standardFolders()); }
+
+RunningProgram& CommandLineServices::runningProgram() { return madeOnce(m_runningProgram); }
+
+CommandLineMenu& CommandLineServices::menu()
+{
+    CommandLineMenu::Services const services { preferences(), locations(), m_files, resources(), m_clock, runningProgram(), out() };
+    return madeOnce(m_menu, services, m_directories);
+}
+
+MenuSession& CommandLineServices::menuSession() { return menu().session(); }
+
+EntryChooser& CommandLineServices::chooser() { return menu().chooser(); }
+
+Url CommandLineServices::itemsFolder() { return Url::fromPath(zv::itemsFolder(m_directories)); }
+
+Url CommandLineServices::backupsFolder() { return Url::fromPath(zv::backupsFolder(m_directories)); }
+
+Url CommandLineServices::currentFolder()
+{
+    char path[PATH_MAX];
+    return Url::fromPath(::getcwd(path, sizeof path) ? path : "/");
+}
+
+std::vector<DoctorCheck> CommandLineServices::doctorChecks()
+{
+    auto checks = filesAndProgramChecks(runningProgram(), resources(), m_files, store(), m_directories);
+    for (auto const& check : m_desktopChecks)
+        checks.push_back(check());
+    return checks;
+}
+
+} // namespace zv

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/Tasks.h"
+#include "platform/Volumes.h"
+#include "platform/linux/MountTable.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// A device's path and its label, as the device manager names them.
+using DeviceLabels = std::map<std::string, std::string>;
+
+/// The mounts that a user would call a volume: the root, media, disks and shares; not the
+/// parts of the system, of containers, or of another mount. Looks at the table alone.
+[[nodiscard]] std::vector<Volume> userVolumes(MountTable const& mounts, DeviceLabels const& labels);
+/// Whether a mount counts as one.
+[[nodiscard]] bool isUserVolume(Mount const& mount);
+/// The links of a folder such as /dev/disk/by-label.
+[[nodiscard]] DeviceLabels readDeviceLabels(std::string const& folder);
+
+/// Volumes from the kernel's mount table, and what the desktop's volume monitor adds: names,
+/// and shares that are mounted without a path.
+class DesktopVolumes : public Volumes {
+public:
+    /// Connects to the desktop's volume monitor in the background; until it has answered the
+    /// mount table alone counts. `tasks` outlives this.
+    explicit DesktopVolumes(Tasks& tasks);
+    ~DesktopVolumes() override;
+
+    void list(std::function<void(std::vector<Volume>)> done) override;
+
+private:
+    struct Monitor;
+
+    std::shared_ptr<Monitor> m_monitor;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "base/Result.h"
+#include "base/Url.h"
+
+#include <string>
+
+/// Starting what stands behind a URL. These block, and never run on the main thread.
+namespace zv {
+
+/// An application entry, or a folder that is a whole application.
+[[nodiscard]] bool isApplication(Url const& url);
+/// Starts an entry, a folder that is a whole application, or a program's own file.
+[[nodiscard]] MaybeFailure<> launchApplication(Url const& application);
+/// An application starts, a link entry leads on, everything else opens in its handler.
+[[nodiscard]] MaybeFailure<> openUrl(Url const& url);
+/// Selects the file in the file manager; where none offers that, its folder is opened.
+[[nodiscard]] MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus);
+
+} // namespace zv

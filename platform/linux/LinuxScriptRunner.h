@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/ScriptRunner.h"
+#include "platform/Tasks.h"
+#include "platform/linux/DesktopAccess.h"
+#include "platform/linux/DockSettings.h"
+
+namespace zv {
+
+/// Does what the scripts are for, by the desktop's own services and programs.
+class LinuxScriptRunner : public ScriptRunner {
+public:
+    LinuxScriptRunner(DesktopAccess access, DockStore dockStore, Tasks& tasks)
+        : m_access(std::move(access))
+        , m_dockStore(std::move(dockStore))
+        , m_tasks(tasks)
+    {
+    }
+    void run(Script const& script, std::function<void(ScriptOutcome)> done) override;
+
+    /// What run() does, in the caller's thread.
+    [[nodiscard]] static ScriptOutcome perform(Script const& script, DesktopAccess const& access, DockStore const& dockStore);
+
+private:
+    DesktopAccess m_access;
+    DockStore m_dockStore;
+    Tasks& m_tasks;
+};
+
+} // namespace zv

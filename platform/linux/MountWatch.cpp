@@ -1,0 +1,62 @@
+#include "platform/linux/MountWatch.h"
+
+#include "platform/linux/SmallFiles.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path)
+{
+    MountTable table(readSmallFile(path).value_or(""));
+    auto const& mounts = table.mounts();
+    bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return isRemoteFileSystem(mount.type); });
+    return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
+}
+
+} // namespace
+
+MountWatch::MountWatch(std::string mountInfoPath)
+    : m_path(std::move(mountInfoPath))
+    , m_file(open(m_path.c_str(), O_RDONLY | O_CLOEXEC))
+{
+}
+
+MountWatch::~MountWatch()
+{
+    if (m_file >= 0)
+        close(m_file);
+}
+
+std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
+{
+    bool const isOutdated = hasChanged(); // asked before reading: a change during it is seen the next time
+    auto snapshot = m_snapshot.load();
+    if (snapshot && !isOutdated)
+        return snapshot;
+    snapshot = readSnapshot(m_path);
+    m_snapshot.store(snapshot);
+    return snapshot;
+}
+
+bool MountWatch::isRemote(std::string_view path)
+{
+    auto const mounts = current();
+    return mounts->hasRemote && mounts->table.follow(path).kind == MountTable::Fate::Kind::remote;
+}
+
+bool MountWatch::hasChanged() const
+{
+    if (m_file < 0)
+        return true;
+    pollfd watched { m_file, POLLPRI, 0 };
+    return poll(&watched, 1, 0) > 0 && (watched.revents & (POLLPRI | POLLERR)) != 0;
+}
+
+} // namespace zv

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zv {
+
+/// The installed programs. Any thread; starting one blocks for a moment.
+class Programs {
+public:
+    virtual ~Programs() = default;
+    [[nodiscard]] virtual bool has(std::string_view name) const = 0;
+    /// `command` is the program's name, looked up as by a shell, and its arguments. False when
+    /// it is not there, or fails at once.
+    [[nodiscard]] virtual bool start(std::vector<std::string> const& command) = 0;
+    /// An application entry of that file name ("org.gnome.Terminal.desktop") is installed.
+    [[nodiscard]] virtual bool hasEntry(std::string_view fileName) const = 0;
+};
+
+/// Those in the folders of a search path.
+class PathPrograms : public Programs {
+public:
+    /// `searchPath` is as in PATH, `dataFolders` as in XDG_DATA_HOME and XDG_DATA_DIRS together.
+    PathPrograms(std::string_view searchPath, std::string_view dataFolders);
+
+    bool has(std::string_view name) const override;
+    bool start(std::vector<std::string> const& command) override;
+    bool hasEntry(std::string_view fileName) const override;
+
+private:
+    [[nodiscard]] std::string find(std::string_view name) const;
+
+    std::vector<std::string> m_folders;
+    std::vector<std::string> m_dataFolders;
+};
+
+} // namespace zv

@@ -1,0 +1,152 @@
+#include "platform/linux/qt/BusProgram.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QUrl>
+
+namespace zv {
+
+namespace {
+
+QString programName() { return QStringLiteral("org.zanthevell.ZantheVell"); }
+
+QString programPath() { return QStringLiteral("/org/zanthevell/ZantheVell"); }
+
+constexpr char const* introspection = R"xml(
+<interface name="org.zanthevell.ZantheVell">
+  <method name="ShowMenu"/>
+  <method name="ShowMenuAt"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="OpenSettings"/>
+  <method name="Quit"/>
+  <method name="AddFiles"><arg name="paths" type="as" direction="in"/></method>
+  <method name="Hotkeys"><arg name="json" type="s" direction="out"/></method>
+</interface>
+<interface name="org.freedesktop.Application">
+  <method name="Activate"><arg name="platformData" type="a{sv}" direction="in"/></method>
+  <method name="Open"><arg name="uris" type="as" direction="in"/><arg name="platformData" type="a{sv}" direction="in"/></method>
+  <method name="ActivateAction">
+    <arg name="name" type="s" direction="in"/>
+    <arg name="parameter" type="av" direction="in"/>
+    <arg name="platformData" type="a{sv}" direction="in"/>
+  </method>
+</interface>
+)xml";
+
+} // namespace
+
+struct BusProgram::Method {
+    char const* interface;
+    char const* name;
+    char const* signature;
+    QVariantList (BusProgram::*answer)(QVariantList const&);
+
+    [[nodiscard]] static Method const* find(QDBusMessage const& message)
+    {
+        constexpr char const* own = "org.zanthevell.ZantheVell";
+        constexpr char const* desktop = "org.freedesktop.Application";
+        static constexpr Method methods[] = {
+            { own, "ShowMenu", "", &BusProgram::showMenu },
+            { own, "ShowMenuAt", "ii", &BusProgram::showMenuAt },
+            { own, "OpenSettings", "", &BusProgram::openSettings },
+            { own, "Quit", "", &BusProgram::quit },
+            { own, "AddFiles", "as", &BusProgram::addFiles },
+            { own, "Hotkeys", "", &BusProgram::hotkeys },
+            { desktop, "Activate", "a{sv}", &BusProgram::openSettings },
+            { desktop, "Open", "asa{sv}", &BusProgram::openUrls },
+            { desktop, "ActivateAction", "sava{sv}", &BusProgram::activateAction },
+        };
+        for (auto const& method : methods) {
+            bool const isMeant = message.interface().isEmpty() || message.interface() == QLatin1String(method.interface);
+            if (isMeant && message.member() == QLatin1String(method.name) && message.signature() == QLatin1String(method.signature))
+                return &method;
+        }
+        return nullptr;
+    }
+};
+
+BusProgram::BusProgram(QDBusConnection bus, ProgramRequests requests)
+    : m_bus(std::move(bus))
+    , m_requests(std::move(requests))
+{
+}
+
+BusProgram::~BusProgram() { leaveName(); }
+
+void BusProgram::leaveName()
+{
+    if (!m_bus.isConnected())
+        return;
+    m_bus.unregisterService(programName());
+    m_bus.unregisterObject(programPath());
+}
+
+bool BusProgram::takeName()
+{
+    m_bus.registerVirtualObject(programPath(), this);
+    auto* bus = m_bus.interface();
+    auto const reply = bus->registerService(programName(), QDBusConnectionInterface::DontQueueService, QDBusConnectionInterface::DontAllowReplacement);
+    return reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+}
+
+QString BusProgram::introspect(QString const& path) const { return path == programPath() ? QString::fromLatin1(introspection) : QString(); }
+
+bool BusProgram::handleMessage(QDBusMessage const& message, QDBusConnection const& connection)
+{
+    auto const* method = Method::find(message);
+    if (!method)
+        return false;
+    auto const answer = (this->*method->answer)(message.arguments());
+    return !message.isReplyRequired() || connection.send(message.createReply(answer));
+}
+
+/// After the answer was sent: who asks never waits for what it asked for.
+void BusProgram::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
+
+QVariantList BusProgram::showMenu(QVariantList const&)
+{
+    later([this] { m_requests.showMenu(std::nullopt); });
+    return {};
+}
+
+QVariantList BusProgram::showMenuAt(QVariantList const& arguments)
+{
+    later([this, at = QPoint(arguments[0].toInt(), arguments[1].toInt())] { m_requests.showMenu(at); });
+    return {};
+}
+
+QVariantList BusProgram::openSettings(QVariantList const&)
+{
+    later([this] { m_requests.openSettings(); });
+    return {};
+}
+
+QVariantList BusProgram::quit(QVariantList const&)
+{
+    later([this] { m_requests.quit(); });
+    return {};
+}
+
+QVariantList BusProgram::addFiles(QVariantList const& arguments)
+{
+    later([this, paths = arguments[0].toStringList()] { m_requests.addFiles(paths); });
+    return {};
+}
+
+QVariantList BusProgram::hotkeys(QVariantList const&) { return { m_requests.hotkeys() }; }
+
+QVariantList BusProgram::openUrls(QVariantList const& arguments)
+{
+    QStringList paths;
+    for (auto const& url : arguments[0].toStringList()) {
+        if (QUrl const parsed(url); parsed.isLocalFile())
+            paths.append(parsed.toLocalFile());
+    }
+    return addFiles({ paths });
+}
+
+QVariantList BusProgram::activateAction(QVariantList const& arguments)
+{
+    return arguments[0].toString() == QLatin1String("show-menu") ? showMenu({}) : openSettings({});
+}
+
+} // namespace zv

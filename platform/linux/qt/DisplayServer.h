@@ -1,0 +1,15 @@
+#pragma once
+
+namespace zv {
+
+/// Chooses what the toolkit talks to, before its application object is made: X11 whenever
+/// it answers, as only there a menu can be put at a place; else Wayland; else nothing is
+/// shown and only the menu on the bus serves. A choice made in the environment stands,
+/// unless it is an X11 that does not answer.
+void chooseDisplayServer();
+
+/// True on X11: a menu can be put at a place of the desktop. Elsewhere only the desktop's
+/// own menus, drawn from what the bus serves, can.
+[[nodiscard]] bool canPlaceWindows();
+
+} // namespace zv

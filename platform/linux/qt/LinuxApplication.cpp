@@ -1,0 +1,81 @@
+#include "platform/linux/qt/LinuxApplication.h"
+
+#include "platform/linux/qt/LaurelIcon.h"
+#include "platform/linux/qt/MenuStyle.h"
+
+#include <QLocale>
+#include <QWidget>
+
+namespace zv {
+
+namespace {
+
+bool isOrdinaryWindow(QWidget const& widget)
+{
+    auto const type = widget.windowType();
+    return type == Qt::Window || type == Qt::Dialog;
+}
+
+bool changesWindows(QEvent::Type type) { return type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange || type == QEvent::Close; }
+
+} // namespace
+
+LinuxApplication::LinuxApplication(int& count, char** arguments)
+    : QApplication(count, arguments)
+{
+    setApplicationName(QStringLiteral("zanthe-vell"));
+    setApplicationVersion(QStringLiteral(ZV_VERSION));
+    setDesktopFileName(QStringLiteral("org.zanthevell.ZantheVell"));
+    setQuitOnLastWindowClosed(false);
+    setWindowIcon(laurelApplicationIcon());
+    setStyle(new MenuStyle);
+    setLayoutDirection(QLocale::system().textDirection());
+}
+
+void LinuxApplication::activate()
+{
+    for (auto* widget : topLevelWidgets()) {
+        if (isOrdinaryWindow(*widget) && widget->isVisible()) {
+            widget->raise();
+            widget->activateWindow();
+        }
+    }
+}
+
+void LinuxApplication::terminate()
+{
+    m_isTerminating = true;
+    // Not quit(): that one asks the open windows, and none of ours has anything to keep.
+    exit(0);
+}
+
+bool LinuxApplication::isActive() const
+{
+    // The toolkit's own state stays active when our last window closes and nobody else's takes over.
+    auto const* window = activeWindow();
+    return window && window->isVisible();
+}
+
+std::vector<WindowState> LinuxApplication::windows() const
+{
+    std::vector<WindowState> states;
+    for (auto const* widget : topLevelWidgets()) {
+        if (isOrdinaryWindow(*widget))
+            states.push_back(
+                { !widget->windowFlags().testFlag(Qt::FramelessWindowHint), widget->isVisible() && !widget->isMinimized(), widget->isMinimized() });
+    }
+    return states;
+}
+
+bool LinuxApplication::notify(QObject* receiver, QEvent* event)
+{
+    auto const type = event->type(); // the event may be gone afterwards
+    auto const* widget = changesWindows(type) && receiver->isWidgetType() ? static_cast<QWidget const*>(receiver) : nullptr;
+    bool const tells = widget && widget->isWindow() && isOrdinaryWindow(*widget);
+    bool const handled = QApplication::notify(receiver, event);
+    if (tells && onWindowsChanged)
+        onWindowsChanged();
+    return handled;
+}
+
+} // namespace zv

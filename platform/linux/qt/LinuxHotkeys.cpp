@@ -1,0 +1,93 @@
+#include "platform/linux/qt/LinuxHotkeys.h"
+
+#include "platform/linux/qt/PortalHotkeyRegistrar.h"
+#include "platform/linux/qt/XcbHotkeyRegistrar.h"
+#include "platform/linux/qt/XkbConnection.h"
+#include "platform/linux/qt/XkbKeyboard.h"
+
+#include <QCoreApplication>
+#include <QtGlobal>
+
+namespace zv {
+
+namespace {
+
+/// Without an X server nobody tells what layout is selected: the one that the environment
+/// names, else the usual one.
+class FixedLayout : public KeyboardLayoutSource {
+public:
+    std::vector<KeyTexts> layers() override
+    {
+        auto const keymap = XkbKeymap::named(nullptr);
+        return keymap ? keymap->layers(0) : std::vector<KeyTexts>();
+    }
+};
+
+class NoHotkeys : public HotkeyRegistrar {
+public:
+    std::vector<bool> claimAll(HotkeyID, std::span<KeyChord const> chords) override { return std::vector<bool>(chords.size(), false); }
+    void releaseAll() override { }
+    HotkeySupport support() const override { return HotkeySupport::none; }
+};
+
+/// There may well be an X server beside it, but what is grabbed there is told only while
+/// one of its own windows has the keyboard.
+bool isWayland() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland"; }
+
+/// The bus is asked by commands too, which have no application object.
+class OwnApplication {
+public:
+    OwnApplication()
+    {
+        if (!QCoreApplication::instance())
+            m_application = std::make_unique<QCoreApplication>(m_count, m_arguments);
+    }
+
+private:
+    int m_count = 1;
+    char m_name[12] = "zanthe-vell";
+    char* m_arguments[2] = { m_name, nullptr };
+    std::unique_ptr<QCoreApplication> m_application;
+};
+
+} // namespace
+
+LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus)
+    : m_connection(XkbConnection::open())
+{
+    auto keyboard = m_connection ? std::make_unique<XkbKeyboard>(*m_connection, timers) : nullptr;
+    m_keyboard = keyboard.get();
+    if (isWayland()) {
+        m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
+        m_registrar = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
+    } else if (keyboard) {
+        m_registrar = std::make_unique<XcbHotkeyRegistrar>(*m_connection, *keyboard, timers);
+        m_layout = std::move(keyboard);
+    } else {
+        m_layout = std::make_unique<FixedLayout>();
+        m_registrar = std::make_unique<NoHotkeys>();
+    }
+}
+
+LinuxHotkeys::~LinuxHotkeys() = default;
+
+KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
+{
+    auto const layers = m_keyboard ? m_keyboard->layers() : std::vector<KeyTexts>();
+    for (std::uint16_t code = 0; !layers.empty() && code < keyCodeCount; ++code) {
+        if (m_keyboard->keycode(code) == xKeycode)
+            return { code, layers.front()[code] };
+    }
+    return {};
+}
+
+HotkeySupport LinuxHotkeys::support()
+{
+    if (isWayland()) {
+        OwnApplication const application;
+        return PortalHotkeyRegistrar::isThere(QDBusConnection::sessionBus()) ? HotkeySupport::askingTheUser : HotkeySupport::none;
+    }
+    return XkbConnection::isThere() ? HotkeySupport::everywhere : HotkeySupport::none;
+}
+
+} // namespace zv

@@ -1,0 +1,120 @@
+#include "platform/linux/qt/PanelCorner.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+
+namespace zv {
+
+namespace {
+
+constexpr int kTolerance = 12; ///< of 255 a channel: gradients and antialiased rims
+
+bool differs(std::uint32_t a, std::uint32_t b)
+{
+    for (int shift = 0; shift < 32; shift += 8) {
+        if (std::abs(static_cast<int>((a >> shift) & 0xff) - static_cast<int>((b >> shift) & 0xff)) > kTolerance)
+            return true;
+    }
+    return false;
+}
+
+/// A panel is mostly empty, and plain or shaded from the top down: each row's most frequent
+/// colour is its background.
+std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel)
+{
+    std::vector<std::uint32_t> rows;
+    for (int y = 0; y < panel.height; ++y) {
+        std::map<std::uint32_t, int> counts;
+        for (int x = 0; x < panel.width; ++x)
+            ++counts[panel.at(x, y)];
+        rows.push_back(std::max_element(counts.begin(), counts.end(), [](auto const& a, auto const& b) { return a.second < b.second; })->first);
+    }
+    return rows;
+}
+
+class Columns {
+public:
+    Columns(PanelPixels const& panel, int reach)
+        : m_panel(panel)
+        , m_background(backgroundOf(panel))
+        , m_reach(std::min(reach, panel.width))
+        , m_letterGap(std::max(1, panel.height / 13))
+    {
+    }
+
+    [[nodiscard]] int firstDrawn() const
+    {
+        int x = 0;
+        while (x < m_reach && isEmpty(x))
+            ++x;
+        return x;
+    }
+    /// One past the picture's last column.
+    [[nodiscard]] int endOfPicture(int from) const
+    {
+        int lastGap = 0;
+        for (int x = from; x < m_reach; ++x) {
+            if (!isEmpty(x))
+                continue;
+            if (emptyFrom(x) > m_letterGap)
+                return x;
+            lastGap = x;
+        }
+        // A word, not a picture: better cut between two of its letters than through one.
+        return lastGap > from ? lastGap : m_reach;
+    }
+    [[nodiscard]] XRect boundsOf(int from, int end) const
+    {
+        int top = m_panel.height, bottom = 0;
+        for (int y = 0; y < m_panel.height; ++y) {
+            for (int x = from; x < end; ++x) {
+                if (isDrawn(x, y)) {
+                    top = std::min(top, y);
+                    bottom = y + 1;
+                }
+            }
+        }
+        return { from, top, end - from, bottom - top };
+    }
+
+private:
+    [[nodiscard]] bool isDrawn(int x, int y) const { return differs(m_panel.at(x, y), m_background[static_cast<std::size_t>(y)]); }
+    [[nodiscard]] bool isEmpty(int x) const
+    {
+        for (int y = 0; y < m_panel.height; ++y) {
+            if (isDrawn(x, y))
+                return false;
+        }
+        return true;
+    }
+    [[nodiscard]] int emptyFrom(int x) const
+    {
+        int end = x;
+        while (end < m_panel.width && isEmpty(end))
+            ++end;
+        return end - x;
+    }
+
+    PanelPixels const& m_panel;
+    std::vector<std::uint32_t> m_background;
+    int m_reach;
+    int m_letterGap;
+};
+
+} // namespace
+
+PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
+{
+    if (panel.width <= 0 || panel.height <= 0)
+        return {};
+    Columns const columns(panel, reach);
+    int const from = columns.firstDrawn();
+    if (from >= std::min(reach, panel.width))
+        return { std::nullopt, 0 };
+    int const end = columns.endOfPicture(from);
+    int const beside = std::min(end, panel.width - 1);
+    return { columns.boundsOf(from, end), beside };
+}
+
+} // namespace zv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <string_view>
+
+namespace zv {
+
+struct MenuEntry;
+
+/// A shortcut's keys: the modifiers in the order in which this desktop writes them, then
+/// the key itself. Empty when there is no shortcut.
+struct ShortcutKeys {
+    QStringList modifiers; ///< of "Ctrl", "Alt", "Shift", "Super"
+    QString key;
+
+    [[nodiscard]] bool isEmpty() const { return key.isEmpty(); }
+    /// "Ctrl+Alt+E"
+    [[nodiscard]] QString text() const;
+    /// The same in the names that menus on the bus use: "Control", "Alt", "E".
+    [[nodiscard]] QStringList busNames() const;
+};
+
+[[nodiscard]] ShortcutKeys shortcutKeysOf(MenuEntry const& entry);
+/// From the glyph text of a hint, such as "⌥⌘E".
+[[nodiscard]] ShortcutKeys shortcutKeysOfGlyphs(std::string_view glyphs);
+
+/// What stands in the right-hand column of a menu: the key equivalent, else the hint.
+[[nodiscard]] ShortcutKeys columnKeysOf(MenuEntry const& entry);
+
+} // namespace zv

@@ -1,0 +1,141 @@
+#include "platform/linux/qt/ThemeIcons.h"
+
+#include "base/MainThread.h"
+#include "platform/linux/qt/IconPictures.h"
+#include "platform/linux/qt/LaurelIcon.h"
+
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+/// The name for those who look the picture up themselves. Without a display nobody knows
+/// what the theme has: then the best name stands.
+std::string shownName(FileIconNames const& names)
+{
+    if (!names.imageFile.empty())
+        return names.imageFile;
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return firstThemeName(names).toStdString();
+    return names.names.empty() ? std::string() : names.names.front();
+}
+
+/// A picture that is known by its names.
+class NamedImage : public ThemeImage {
+public:
+    NamedImage(std::shared_ptr<IconPictures> pictures, FileIconNames names)
+        : m_pictures(std::move(pictures))
+        , m_names(std::move(names))
+    {
+    }
+    std::string name() const override { return shownName(m_names); }
+    QIcon icon() const override { return m_pictures->picture(m_names); }
+    bool isReady() const override { return m_pictures->isDrawn(m_names); }
+
+private:
+    std::shared_ptr<IconPictures> m_pictures;
+    FileIconNames m_names;
+};
+
+/// The picture of a file, which is looked at when the picture is drawn for the first time.
+class FileImage : public ThemeImage {
+public:
+    FileImage(std::shared_ptr<IconPictures> pictures, std::shared_ptr<MountWatch> mounts, std::string path)
+        : m_pictures(std::move(pictures))
+        , m_mounts(std::move(mounts))
+        , m_path(std::move(path))
+    {
+    }
+    std::string name() const override { return shownName(names()); }
+    QIcon icon() const override { return m_pictures->picture(names()); }
+    bool isReady() const override
+    {
+        auto const* known = m_pictures->known(m_path);
+        return known && m_pictures->isDrawn(*known);
+    }
+
+private:
+    [[nodiscard]] FileIconNames names() const
+    {
+        if (auto const* known = m_pictures->known(m_path))
+            return *known;
+        auto found = iconNamesOfFile(m_path, m_mounts->current()->table);
+        m_pictures->remember(m_path, found);
+        return found;
+    }
+
+    std::shared_ptr<IconPictures> m_pictures;
+    std::shared_ptr<MountWatch> m_mounts;
+    std::string m_path;
+};
+
+class ApplicationImage : public ThemeImage {
+public:
+    std::string name() const override { return "org.zanthevell.ZantheVell"; }
+    QIcon icon() const override { return laurelApplicationIcon(); }
+    bool isReady() const override { return true; }
+};
+
+} // namespace
+
+ThemeIcons::ThemeIcons(Tasks& tasks)
+    : m_tasks(tasks)
+    , m_mounts(std::make_shared<MountWatch>("/proc/self/mountinfo"))
+    , m_pictures(std::make_shared<IconPictures>())
+{
+}
+
+ThemeIcons::~ThemeIcons() = default;
+
+ImageRef ThemeIcons::fileIcon(Url const& file)
+{
+    assertMainThread();
+    auto path = file.path();
+    if (path.empty())
+        return nullptr;
+    if (m_pictures->known(path))
+        lookAgainLater(path);
+    return std::make_shared<FileImage>(m_pictures, m_mounts, std::move(path));
+}
+
+ImageRef ThemeIcons::computerIcon()
+{
+    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "computer", "video-display" }, {}, IconShape::computer });
+}
+
+ImageRef ThemeIcons::folderIcon() { return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "folder", "inode-directory" }, {}, IconShape::folder }); }
+
+ImageRef ThemeIcons::networkIcon()
+{
+    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "network-workgroup", "network-server", "folder-remote" }, {}, IconShape::network });
+}
+
+ImageRef ThemeIcons::applicationIcon() { return std::make_shared<ApplicationImage>(); }
+
+void ThemeIcons::lookAgainLater(std::string const& path)
+{
+    m_toLookAt.push_back(path);
+    if (m_toLookAt.size() == 1)
+        m_tasks.runOnMain(m_lifetime.guard([this] { lookAgain(); }));
+}
+
+void ThemeIcons::lookAgain()
+{
+    using Found = std::vector<std::pair<std::string, FileIconNames>>;
+    auto const look = [paths = std::exchange(m_toLookAt, {}), mounts = m_mounts] {
+        Found found;
+        auto const current = mounts->current();
+        for (auto const& path : paths)
+            found.emplace_back(path, iconNamesOfFile(path, current->table));
+        return found;
+    };
+    m_tasks.inBackground(TaskPriority::utility, look, m_lifetime.guard([this](Found found) {
+        for (auto& [path, names] : found)
+            m_pictures->remember(path, std::move(names));
+    }));
+}
+
+} // namespace zv

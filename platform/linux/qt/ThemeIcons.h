@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/IconSource.h"
+#include "platform/Tasks.h"
+#include "platform/linux/FileIconNames.h"
+#include "platform/linux/MountWatch.h"
+#include "platform/linux/qt/ThemeImage.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+class IconPictures;
+
+/// Pictures from the desktop's icon theme. What was drawn once is kept for the program's
+/// life and drawn at once the next time; whether a file has become another one meanwhile is
+/// looked up in the background, after the menu is on screen. Main thread only.
+class ThemeIcons : public IconSource {
+public:
+    /// `tasks` outlives this. Needs no display until a picture is drawn.
+    explicit ThemeIcons(Tasks& tasks);
+    ~ThemeIcons() override;
+
+    [[nodiscard]] ImageRef fileIcon(Url const& file) override;
+    [[nodiscard]] ImageRef computerIcon() override;
+    [[nodiscard]] ImageRef folderIcon() override;
+    [[nodiscard]] ImageRef networkIcon() override;
+    [[nodiscard]] ImageRef applicationIcon() override;
+
+private:
+    void lookAgainLater(std::string const& path);
+    void lookAgain();
+
+    Tasks& m_tasks;
+    std::shared_ptr<MountWatch> m_mounts;
+    std::shared_ptr<IconPictures> m_pictures;
+    std::vector<std::string> m_toLookAt;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "app/settings/SettingsModels.h"
+#include "base/Observation.h"
+
+#include <QAbstractItemModel>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// The menu's tree for the editor's outline: title and shortcut. Follows the store; drags and
+/// takes records of items, and takes files.
+class MenuTreeModel : public QAbstractItemModel {
+    Q_OBJECT
+public:
+    enum Column { titleColumn, shortcutColumn, columnEnd };
+
+    explicit MenuTreeModel(SettingsModels& models);
+    ~MenuTreeModel() override;
+
+    [[nodiscard]] MenuItem const* item(QModelIndex const& index) const;
+    [[nodiscard]] QModelIndex indexOf(Uuid const& id) const;
+    /// Where something put at that row of that parent lands.
+    [[nodiscard]] MenuEditor::Position positionOf(int row, QModelIndex const& parent) const;
+
+    [[nodiscard]] QModelIndex index(int row, int column, QModelIndex const& parent) const override;
+    [[nodiscard]] QModelIndex parent(QModelIndex const& child) const override;
+    [[nodiscard]] int rowCount(QModelIndex const& parent) const override;
+    [[nodiscard]] int columnCount(QModelIndex const&) const override { return columnEnd; }
+    [[nodiscard]] QVariant data(QModelIndex const& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(QModelIndex const& index) const override;
+    bool setData(QModelIndex const& index, QVariant const& value, int role) override;
+
+    [[nodiscard]] QStringList mimeTypes() const override;
+    [[nodiscard]] QMimeData* mimeData(QModelIndexList const& indexes) const override;
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction | Qt::CopyAction; }
+    [[nodiscard]] Qt::DropActions supportedDragActions() const override { return Qt::MoveAction | Qt::CopyAction; }
+    bool canDropMimeData(QMimeData const* data, Qt::DropAction action, int row, int column, QModelIndex const& parent) const override;
+    bool dropMimeData(QMimeData const* data, Qt::DropAction action, int row, int column, QModelIndex const& parent) override;
+
+    /// Takes what the clipboard or a drag holds.
+    bool take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position);
+
+Q_SIGNALS:
+    /// Before and after the tree is laid anew: the view keeps what was selected and open.
+    void aboutToLayAnew();
+    void laidAnew();
+
+private:
+    struct Node {
+        Uuid id;
+        Node* parent = nullptr;
+        int row = 0;
+        std::vector<std::unique_ptr<Node>> children;
+    };
+
+    void observe();
+    void storeChanged();
+    [[nodiscard]] static bool hasShape(Node const& node, std::vector<MenuItem> const& items);
+    void lay(Node& node, std::vector<MenuItem> const& items);
+    void remember(std::vector<MenuItem> const& items);
+    void tellDataChanged(QModelIndex const& parent);
+    [[nodiscard]] Node* nodeOf(QModelIndex const& index) const;
+    [[nodiscard]] QVariant titleData(MenuItem const& item, int role) const;
+    [[nodiscard]] QVariant shortcutData(MenuItem const& item, int role) const;
+
+    SettingsModels& m_models;
+    Node m_root;
+    std::map<Uuid, Node*> m_nodes;
+    std::map<Uuid, MenuItem const*> m_items; ///< of the store's list as it is now
+    Observation m_observation;
+};
+
+/// The records of items in a drag or on the clipboard; and those of a library entry.
+[[nodiscard]] QMimeData* mimeDataOfRecords(std::vector<std::string> const& records);
+
+} // namespace zv

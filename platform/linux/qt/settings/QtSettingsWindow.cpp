@@ -1,0 +1,120 @@
+#include "platform/linux/qt/settings/QtSettingsWindow.h"
+
+#include "platform/linux/qt/LaurelIcon.h"
+#include "platform/linux/qt/settings/AboutView.h"
+#include "platform/linux/qt/settings/MenuEditorView.h"
+#include "platform/linux/qt/settings/SettingsPageView.h"
+
+#include "base/Log.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* widthKey = "SettingsWidth";
+constexpr char const* heightKey = "SettingsHeight";
+constexpr char const* tabKey = "SettingsTab";
+constexpr QSize usualSize { 900, 680 };
+constexpr QSize smallestSize { 700, 440 };
+
+void keep(UserDefaults& defaults, char const* key, int value)
+{
+    if (auto const failure = defaults.integerForKey(key) == value ? std::nullopt : defaults.setObject(key, value))
+        logLine("the settings window's place could not be kept: " + *failure);
+}
+
+} // namespace
+
+class QtSettingsWindow::Window : public QWidget {
+public:
+    Window(SettingsModels& models, KeyLookup lookUp)
+        : m_models(models)
+        , m_tabs(new QTabWidget)
+        , m_general(new SettingsPageView)
+    {
+        setWindowTitle(QStringLiteral("Zanthe Vell Settings"));
+        setWindowIcon(laurelApplicationIcon());
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(8, 8, 8, 8);
+        column->addWidget(m_tabs);
+        m_tabs->addTab(m_general, QStringLiteral("General"));
+        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), QStringLiteral("Menu"));
+        m_tabs->addTab(new AboutView(models), QStringLiteral("About"));
+        m_tabs->setAccessibleName(QStringLiteral("Settings"));
+        bringPlaceBack();
+        m_models.general().onChanged = [this] { refresh(); };
+        QObject::connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
+        QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
+        QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) { keep(m_models.defaults(), tabKey, tab); });
+        refresh();
+    }
+    ~Window() override { m_models.general().onChanged = nullptr; }
+
+    /// Shows what holds now, and follows it.
+    void refresh()
+    {
+        std::vector<SettingsSection> sections;
+        m_observation = withObservationTracking([&] { sections = m_models.general().sections(); },
+            [this] {
+                QMetaObject::invokeMethod(
+                    this, [this] { refresh(); }, Qt::QueuedConnection);
+            });
+        m_general->show(sections);
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        keep(m_models.defaults(), widthKey, width());
+        keep(m_models.defaults(), heightKey, height());
+        QWidget::closeEvent(event);
+    }
+    void changeEvent(QEvent* event) override
+    {
+        QWidget::changeEvent(event);
+        // The login item may have been changed in the desktop's own settings meanwhile.
+        if (event->type() == QEvent::ActivationChange && isActiveWindow())
+            refresh();
+    }
+
+private:
+    void bringPlaceBack()
+    {
+        auto& defaults = m_models.defaults();
+        QSize const kept(static_cast<int>(defaults.integerForKey(widthKey)), static_cast<int>(defaults.integerForKey(heightKey)));
+        setMinimumSize(smallestSize);
+        resize(kept.width() >= smallestSize.width() && kept.height() >= smallestSize.height() ? kept : usualSize);
+        m_tabs->setCurrentIndex(static_cast<int>(std::clamp<std::int64_t>(defaults.integerForKey(tabKey), 0, m_tabs->count() - 1)));
+    }
+
+    SettingsModels& m_models;
+    QTabWidget* m_tabs;
+    SettingsPageView* m_general;
+    Observation m_observation;
+};
+
+QtSettingsWindow::QtSettingsWindow(std::function<SettingsModels&()> models, KeyLookup lookUp)
+    : m_models(std::move(models))
+    , m_lookUp(std::move(lookUp))
+{
+}
+
+QtSettingsWindow::~QtSettingsWindow() = default;
+
+void QtSettingsWindow::openOrRaise()
+{
+    if (!m_window)
+        m_window = std::make_unique<Window>(m_models(), m_lookUp);
+    m_window->showNormal();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void QtSettingsWindow::close() { m_window.reset(); }
+
+} // namespace zv

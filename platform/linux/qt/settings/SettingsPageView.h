@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/settings/SettingsPage.h"
+
+#include <QHash>
+#include <QScrollArea>
+
+#include <functional>
+#include <vector>
+
+class QFormLayout;
+
+namespace zv {
+
+/// Draws settings rows with the desktop's own controls, in groups. Rows keep their controls
+/// while the page changes, so that the focus stays where it is.
+class SettingsPageView : public QScrollArea {
+public:
+    SettingsPageView();
+
+    void show(std::vector<SettingsSection> const& sections);
+
+private:
+    class Row;
+
+    [[nodiscard]] static QString shapeOf(std::vector<SettingsSection> const& sections);
+    void build(std::vector<SettingsSection> const& sections);
+    void addSection(QFormLayout& form, SettingsSection const& section);
+    void addRow(QFormLayout& form, SettingsRow const& row, QString const& label);
+
+    QString m_shape; ///< ids and kinds of the rows that stand
+    QHash<QString, Row*> m_rows;
+};
+
+} // namespace zv

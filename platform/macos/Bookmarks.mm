@@ -1,0 +1,35 @@
+#import "platform/macos/Conversions.h"
+#include "platform/macos/Factories.h"
+
+namespace zv {
+
+namespace {
+
+class MacBookmarks : public Bookmarks {
+public:
+    std::optional<BookmarkData> create(Url const& url) const override
+    {
+        NSData* const data = [toNSURL(url) bookmarkDataWithOptions:0 includingResourceValuesForKeys:nil relativeToURL:nil error:nullptr];
+        return data ? std::optional(fromNSData(data)) : std::nullopt;
+    }
+
+    std::optional<ResolvedBookmark> resolve(BookmarkData const& data) const override
+    {
+        BOOL isStale = NO;
+        NSURL* const url = [NSURL URLByResolvingBookmarkData:toNSData(data)
+                                                     options:NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting
+                                               relativeToURL:nil
+                                         bookmarkDataIsStale:&isStale
+                                                       error:nullptr];
+        return url ? std::optional(ResolvedBookmark { fromNSURL(url), isStale != NO }) : std::nullopt;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Bookmarks> makeBookmarks()
+{
+    return std::make_unique<MacBookmarks>();
+}
+
+} // namespace zv

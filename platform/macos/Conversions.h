@@ -1,0 +1,36 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "base/PropertyList.h"
+#include "base/Url.h"
+
+#include <string>
+#include <string_view>
+
+/// What crosses between our values and the system's. Any thread.
+namespace zv {
+
+/// Bytes that are not UTF-8 become replacement characters: never nil.
+NSString* toNSString(std::string_view text);
+std::string fromNSString(NSString* text); ///< empty for nil
+
+/// A file URL is made from its path's bytes.
+NSURL* toNSURL(Url const& url);
+Url fromNSURL(NSURL* url);
+
+NSData* toNSData(std::vector<std::byte> const& bytes);
+std::vector<std::byte> fromNSData(NSData* data); ///< empty for nil
+
+/// Nil for a value that holds a text that is not UTF-8.
+id toFoundation(PropertyList const& value);
+/// Nothing for an object that is no property-list value.
+std::optional<PropertyList> fromFoundation(id object);
+
+/// The error's localized description, or a sentence that says there is none.
+std::string describe(NSError* error);
+
+/// Runs the block on the main thread in a later turn, menu tracking and modal panels included.
+void performOnMain(void (^block)(void));
+
+} // namespace zv

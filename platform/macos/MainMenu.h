@@ -1,0 +1,10 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+namespace zv {
+
+/// The menu bar of the program's own windows. The settings command is sent to `target`.
+NSMenu* makeMainMenu(id target, SEL openSettings);
+
+} // namespace zv

@@ -1,0 +1,37 @@
+#import "platform/macos/Conversions.h"
+#include "platform/macos/Factories.h"
+
+namespace zv {
+
+namespace {
+
+class BundleResources : public Resources {
+public:
+    BundleResources()
+    {
+        auto const information = fromFoundation([[NSBundle mainBundle] infoDictionary]);
+        if (information && information->dictionary())
+            m_information = *information->dictionary();
+    }
+
+    std::optional<std::vector<std::byte>> load(std::string_view name, std::string_view extension) const override
+    {
+        NSString* const path = [[NSBundle mainBundle] pathForResource:toNSString(name) ofType:toNSString(extension)];
+        NSData* const data = path ? [NSData dataWithContentsOfFile:path] : nil;
+        return data ? std::optional(fromNSData(data)) : std::nullopt;
+    }
+
+    PropertyListDictionary const& information() const override { return m_information; }
+
+private:
+    PropertyListDictionary m_information;
+};
+
+} // namespace
+
+std::unique_ptr<Resources> makeResources()
+{
+    return std::make_unique<BundleResources>();
+}
+
+} // namespace zv

@@ -1,0 +1,17 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "base/Url.h"
+
+#include <functional>
+#include <vector>
+
+/// Takes what other programs send through their Services menu.
+@interface ZVServicesProvider : NSObject {
+    std::function<void(std::vector<zv::Url>)> _add;
+}
+- (instancetype)initWithFunction:(std::function<void(std::vector<zv::Url>)>)add;
+/// The property list names this message. An error's text is shown by whoever asked.
+- (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error;
+@end

@@ -1,0 +1,29 @@
+#import "platform/macos/ServicesProvider.h"
+
+#import "platform/macos/Conversions.h"
+
+#include "app/actions/AddToItemsService.h"
+
+@implementation ZVServicesProvider
+
+- (instancetype)initWithFunction:(std::function<void(std::vector<zv::Url>)>)add
+{
+    if ((self = [super init]))
+        _add = std::move(add);
+    return self;
+}
+
+- (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error
+{
+    NSArray* const classes = [NSArray arrayWithObject:[NSURL class]];
+    NSDictionary* const options = [NSDictionary dictionaryWithObject:[NSNumber numberWithBool:YES] forKey:NSPasteboardURLReadingFileURLsOnlyKey];
+    std::vector<zv::Url> files;
+    for (NSURL* url in [pasteboard readObjectsForClasses:classes options:options])
+        files.push_back(zv::fromNSURL(url));
+    if (!files.empty())
+        return _add(std::move(files));
+    if (error)
+        *error = zv::toNSString(zv::AddToItemsService::noFilesText);
+}
+
+@end

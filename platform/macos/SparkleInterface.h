@@ -1,0 +1,25 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+/// What we use of the update framework, which is loaded when the program runs: nothing is
+/// linked, so classes stand here as protocols.
+
+@protocol ZVAppcastItem <NSObject>
+- (NSString*)displayVersionString;
+@end
+
+@protocol ZVUpdater <NSObject>
+- (BOOL)startUpdater:(NSError* __autoreleasing*)error;
+- (void)checkForUpdates;
+- (BOOL)canCheckForUpdates;
+- (BOOL)automaticallyChecksForUpdates;
+- (void)setAutomaticallyChecksForUpdates:(BOOL)automatically;
+- (NSDate*)lastUpdateCheckDate;
+@end
+
+@protocol ZVUpdaterController <NSObject>
+/// Holds both delegates weakly.
+- (id)initWithStartingUpdater:(BOOL)starts updaterDelegate:(id)updaterDelegate userDriverDelegate:(id)userDriverDelegate;
+- (id<ZVUpdater>)updater;
+@end

@@ -1,0 +1,103 @@
+#import "platform/macos/Conversions.h"
+#include "platform/macos/Factories.h"
+
+#import <UserNotifications/UserNotifications.h>
+
+static_assert((UNAuthorizationOptionAlert | UNAuthorizationOptionSound) == 6);
+static_assert((UNNotificationPresentationOptionBanner | UNNotificationPresentationOptionSound) == 18);
+
+@interface ZVNotificationDelegate : NSObject <UNUserNotificationCenterDelegate> {
+    std::function<void(std::string const&)> _activated;
+}
+- (instancetype)initWithFunction:(std::function<void(std::string const&)>)activated;
+@end
+
+@implementation ZVNotificationDelegate
+- (instancetype)initWithFunction:(std::function<void(std::string const&)>)activated
+{
+    if ((self = [super init]))
+        _activated = std::move(activated);
+    return self;
+}
+- (void)userNotificationCenter:(UNUserNotificationCenter*)center
+       willPresentNotification:(UNNotification*)notification
+         withCompletionHandler:(void (^)(UNNotificationPresentationOptions))handler
+{
+    handler(static_cast<UNNotificationPresentationOptions>(UNNotificationPresentationOptionBanner | UNNotificationPresentationOptionSound));
+}
+- (void)userNotificationCenter:(UNUserNotificationCenter*)center
+    didReceiveNotificationResponse:(UNNotificationResponse*)response
+             withCompletionHandler:(void (^)(void))handler
+{
+    auto const activated = _activated;
+    auto const identifier = zv::fromNSString([[[response notification] request] identifier]);
+    zv::performOnMain(^{
+        activated(identifier);
+    });
+    handler();
+}
+@end
+
+namespace zv {
+
+namespace {
+
+/// The centre exists for programs within a bundle alone; elsewhere nothing is ever granted.
+class MacUserNotifications : public UserNotifications {
+public:
+    MacUserNotifications()
+    {
+        if (![[NSBundle mainBundle] bundleIdentifier])
+            return;
+        m_center = [UNUserNotificationCenter currentNotificationCenter];
+        m_delegate = [[ZVNotificationDelegate alloc] initWithFunction:[this](std::string const& identifier) {
+            if (onActivated)
+                onActivated(identifier);
+        }];
+        [m_center setDelegate:m_delegate];
+    }
+    ~MacUserNotifications() override { [m_center setDelegate:nil]; }
+
+    void requestAuthorization(std::function<void(bool)> done) override
+    {
+        if (!m_center)
+            return done(false);
+        auto const options = static_cast<UNAuthorizationOptions>(UNAuthorizationOptionAlert | UNAuthorizationOptionSound);
+        [m_center requestAuthorizationWithOptions:options
+                                completionHandler:^(BOOL granted, NSError* error) {
+                                    bool const isGranted = granted && !error;
+                                    performOnMain(^{
+                                        done(isGranted);
+                                    });
+                                }];
+    }
+
+    void post(NotificationRequest const& request) override
+    {
+        UNMutableNotificationContent* const content = [[UNMutableNotificationContent alloc] init];
+        [content setTitle:toNSString(request.title)];
+        [content setBody:toNSString(request.body)];
+        if (request.playsSound)
+            [content setSound:[UNNotificationSound defaultSound]];
+        UNNotificationRequest* const made = [UNNotificationRequest requestWithIdentifier:toNSString(request.identifier) content:content trigger:nil];
+        [m_center addNotificationRequest:made withCompletionHandler:nil];
+    }
+
+    void removeDelivered(std::string const& identifier) override
+    {
+        [m_center removeDeliveredNotificationsWithIdentifiers:[NSArray arrayWithObject:toNSString(identifier)]];
+    }
+
+private:
+    UNUserNotificationCenter* m_center = nil;
+    ZVNotificationDelegate* m_delegate = nil; // the centre holds it weakly
+};
+
+} // namespace
+
+std::unique_ptr<UserNotifications> makeUserNotifications()
+{
+    return std::make_unique<MacUserNotifications>();
+}
+
+} // namespace zv

@@ -1,0 +1,71 @@
+#import "platform/macos/settings/AboutView.h"
+
+#import "platform/macos/Conversions.h"
+
+namespace zv {
+
+namespace {
+
+constexpr double iconSize = 96;
+constexpr double noteWidth = 460;
+
+NSImageView* programIcon()
+{
+    NSImageView* const picture = [[NSImageView alloc] initWithFrame:NSMakeRect(0, 0, iconSize, iconSize)];
+    [picture setImage:[NSApp applicationIconImage]];
+    setWidth(picture, iconSize);
+    return picture;
+}
+
+NSTextField* sized(NSTextField* label, NSFont* font)
+{
+    [label setFont:font];
+    [label setSelectable:YES];
+    return label;
+}
+
+} // namespace
+
+AboutView::AboutView(SettingsModels& models)
+    : m_models(models)
+    , m_view([[NSView alloc] initWithFrame:NSMakeRect(0, 0, 700, 480)])
+{
+    auto const& about = models.about();
+    NSTextField* const privacy = note(about.privacy);
+    [privacy setAlignment:NSTextAlignmentCenter];
+    setWidth(privacy, noteWidth);
+    NSView* const buttons = stack(Direction::row,
+        {
+            pushButton(about.readMeButton, {}, m_actions, [this] { m_models.showReadMe(); }),
+            pushButton(about.licencesButton, {}, m_actions, [this] { showLicences(); }),
+            pushButton(about.diagnosticsButton, {}, m_actions, [this] { m_models.copyDiagnostics(); }),
+        });
+    NSStackView* const column = stack(Direction::column,
+        { programIcon(), sized(label(about.name), [NSFont boldSystemFontOfSize:24]), sized(label(about.version), [NSFont systemFontOfSize:13]),
+            sized(label(about.purpose), [NSFont systemFontOfSize:14]), buttons, privacy });
+    [column setAlignment:NSLayoutAttributeCenterX];
+    [column setSpacing:10];
+    [column setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [m_view addSubview:column];
+    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[column centerXAnchor] constraintEqualToAnchor:[m_view centerXAnchor] constant:0],
+                                                     [[column centerYAnchor] constraintEqualToAnchor:[m_view centerYAnchor] constant:0], nil]];
+}
+
+void AboutView::showLicences()
+{
+    if (!m_licences) {
+        NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
+        m_licences = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 420) styleMask:style backing:NSBackingStoreBuffered defer:NO];
+        [m_licences setReleasedWhenClosed:NO];
+        [m_licences setTitle:toNSString(m_models.about().licencesButton)];
+        NSTextView* const text = [[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 560, 420)];
+        [text setEditable:NO];
+        [text setAutoresizingMask:NSViewWidthSizable];
+        [text setString:toNSString(m_models.about().licences)];
+        [m_licences setContentView:scrollAround(text)];
+        [m_licences center];
+    }
+    [m_licences makeKeyAndOrderFront:nil];
+}
+
+} // namespace zv

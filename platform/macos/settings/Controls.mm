@@ -1,0 +1,147 @@
+#import "platform/macos/settings/Controls.h"
+
+#import "platform/macos/Conversions.h"
+
+@interface ZVControlTarget : NSObject {
+    std::function<void()> _act;
+}
+- (instancetype)initWithFunction:(std::function<void()>)act;
+- (void)act:(id)sender;
+@end
+
+@implementation ZVControlTarget
+- (instancetype)initWithFunction:(std::function<void()>)act
+{
+    if ((self = [super init]))
+        _act = std::move(act);
+    return self;
+}
+- (void)act:(id)sender
+{
+    auto const running = _act;
+    running();
+}
+@end
+
+namespace zv {
+
+namespace {
+
+constexpr double rowSpacing = 8;
+constexpr double columnSpacing = 10;
+
+} // namespace
+
+id ControlActions::targetFor(std::function<void()> act)
+{
+    ZVControlTarget* const target = [[ZVControlTarget alloc] initWithFunction:std::move(act)];
+    [m_targets addObject:target];
+    return target;
+}
+
+void ControlActions::attach(NSControl* control, std::function<void()> act)
+{
+    [control setTarget:targetFor(std::move(act))];
+    [control setAction:@selector(act:)];
+}
+
+void ControlActions::attachDoubleClick(NSTableView* table, std::function<void()> act)
+{
+    [table setTarget:targetFor(std::move(act))];
+    [table setDoubleAction:@selector(act:)];
+}
+
+NSTextField* label(std::string const& text) { return [NSTextField labelWithString:toNSString(text)]; }
+
+NSTextField* boldLabel(std::string const& text)
+{
+    NSTextField* const made = label(text);
+    [made setFont:[NSFont boldSystemFontOfSize:[NSFont systemFontSize]]];
+    return made;
+}
+
+NSTextField* note(std::string const& text)
+{
+    NSTextField* const made = [NSTextField wrappingLabelWithString:toNSString(text)];
+    [made setFont:[NSFont systemFontOfSize:[NSFont smallSystemFontSize]]];
+    [made setTextColor:[NSColor secondaryLabelColor]];
+    return made;
+}
+
+NSButton* pushButton(std::string const& title, std::string const& help, ControlActions& actions, std::function<void()> act)
+{
+    NSButton* const button = [NSButton buttonWithTitle:toNSString(title) target:nil action:nil];
+    if (!help.empty()) {
+        [button setToolTip:toNSString(help)];
+        [button setAccessibilityHelp:toNSString(help)];
+    }
+    actions.attach(button, std::move(act));
+    return button;
+}
+
+NSStackView* stack(Direction direction, std::vector<NSView*> const& views)
+{
+    bool const isColumn = direction == Direction::column;
+    NSStackView* const made = [NSStackView stackViewWithViews:[NSArray array]];
+    [made setOrientation:isColumn ? NSUserInterfaceLayoutOrientationVertical : NSUserInterfaceLayoutOrientationHorizontal];
+    [made setAlignment:isColumn ? NSLayoutAttributeLeading : NSLayoutAttributeCenterY];
+    [made setSpacing:rowSpacing];
+    for (NSView* view : views)
+        [made addArrangedSubview:view];
+    return made;
+}
+
+NSStackView* fillingColumn(std::vector<NSView*> const& views)
+{
+    NSStackView* const made = stack(Direction::column, views);
+    [made setDistribution:NSStackViewDistributionFill];
+    for (NSView* view : views) {
+        if ([view isKindOfClass:[NSScrollView class]] || [view isKindOfClass:[NSTextField class]])
+            [[[view widthAnchor] constraintEqualToAnchor:[made widthAnchor]] setActive:YES];
+    }
+    return made;
+}
+
+NSGridView* formGrid()
+{
+    NSGridView* const grid = [NSGridView gridViewWithNumberOfColumns:2 rows:0];
+    [grid setRowSpacing:rowSpacing];
+    [grid setColumnSpacing:columnSpacing];
+    [grid setRowAlignment:NSGridRowAlignmentFirstBaseline];
+    [[grid columnAtIndex:0] setXPlacement:NSGridCellPlacementTrailing];
+    [[grid columnAtIndex:1] setXPlacement:NSGridCellPlacementLeading];
+    return grid;
+}
+
+void addToForm(NSGridView* grid, NSView* title, NSView* field) { [grid addRowWithViews:[NSArray arrayWithObjects:title, field, nil]]; }
+
+void fill(NSView* parent, NSView* child, double margin)
+{
+    [child setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [parent addSubview:child];
+    NSArray* const constraints = [NSArray arrayWithObjects:[[child leadingAnchor] constraintEqualToAnchor:[parent leadingAnchor] constant:margin],
+                                          [[child trailingAnchor] constraintEqualToAnchor:[parent trailingAnchor] constant:-margin],
+                                          [[child topAnchor] constraintEqualToAnchor:[parent topAnchor] constant:margin],
+                                          [[child bottomAnchor] constraintEqualToAnchor:[parent bottomAnchor] constant:-margin], nil];
+    [NSLayoutConstraint activateConstraints:constraints];
+}
+
+void setWidth(NSView* view, double width) { [[[view widthAnchor] constraintEqualToConstant:width] setActive:YES]; }
+
+void setMinimumWidth(NSView* view, double width) { [[[view widthAnchor] constraintGreaterThanOrEqualToConstant:width] setActive:YES]; }
+
+NSScrollView* scrollAround(NSView* document)
+{
+    NSScrollView* const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, 300, 300)];
+    [scroll setHasVerticalScroller:YES];
+    [scroll setAutohidesScrollers:YES];
+    [scroll setDocumentView:document];
+    return scroll;
+}
+
+void later(std::function<void()> act)
+{
+    performOnMain(^{ act(); });
+}
+
+} // namespace zv

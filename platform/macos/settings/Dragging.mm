@@ -1,0 +1,37 @@
+#import "platform/macos/settings/Dragging.h"
+
+#import "platform/macos/Conversions.h"
+
+#include "app/model/MenuItem.h"
+
+namespace zv {
+
+NSString* recordType() { return toNSString(menuItemDragType); }
+
+NSPasteboardItem* pasteboardItemOf(std::string const& record)
+{
+    NSPasteboardItem* const item = [[NSPasteboardItem alloc] init];
+    [item setString:toNSString(record) forType:recordType()];
+    return item;
+}
+
+std::vector<std::string> recordsOn(NSPasteboard* pasteboard)
+{
+    std::vector<std::string> records;
+    for (NSPasteboardItem* item in [pasteboard pasteboardItems]) {
+        if (NSString* const record = [item stringForType:recordType()])
+            records.push_back(fromNSString(record));
+    }
+    return records;
+}
+
+std::vector<Url> filesOn(NSPasteboard* pasteboard)
+{
+    NSDictionary* const options = [NSDictionary dictionaryWithObject:[NSNumber numberWithBool:YES] forKey:NSPasteboardURLReadingFileURLsOnlyKey];
+    std::vector<Url> files;
+    for (NSURL* url in [pasteboard readObjectsForClasses:[NSArray arrayWithObject:[NSURL class]] options:options])
+        files.push_back(fromNSURL(url));
+    return files;
+}
+
+} // namespace zv

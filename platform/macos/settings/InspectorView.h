@@ -1,0 +1,54 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "app/settings/ItemInspector.h"
+#include "app/settings/SettingsModels.h"
+#import "platform/macos/settings/Controls.h"
+#import "platform/macos/settings/RecorderField.h"
+
+#include <cstddef>
+#include <optional>
+
+namespace zv {
+
+/// What the one selected item is made of; each field acts when it is left.
+class InspectorView {
+public:
+    explicit InspectorView(SettingsModels& models);
+
+    [[nodiscard]] NSView* view() const { return m_view; }
+    /// `item` is null unless exactly one is selected.
+    void show(MenuItem const* item, std::size_t selected);
+
+private:
+    void buildForm();
+    void fill(InspectorFields const& fields);
+    void fillDepths(InspectorFields const& fields);
+    void commitTitle();
+    void chooseTarget();
+    void reveal();
+    /// Does nothing while no item is shown.
+    template <class Edit> [[nodiscard]] std::function<void()> editing(Edit edit);
+
+    SettingsModels& m_models;
+    ControlActions m_actions;
+    RecorderField m_recorder;
+    std::optional<Uuid> m_id;
+    std::string m_shownTitle;
+
+    NSTextField* m_heading;
+    NSTextField* m_title;
+    NSTextField* m_target;
+    NSPopUpButton* m_depth;
+    NSButton* m_hidden;
+    NSTextField* m_note;
+    NSStackView* m_form = nil;
+    NSView* m_titleRow = nil;
+    NSView* m_targetRow = nil;
+    NSView* m_depthRow = nil;
+    NSView* m_shortcutRow = nil;
+    NSView* m_view = nil;
+};
+
+} // namespace zv

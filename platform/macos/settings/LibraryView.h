@@ -1,0 +1,33 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "app/settings/SettingsModels.h"
+#import "platform/macos/settings/Controls.h"
+
+#include <functional>
+#include <vector>
+
+namespace zv {
+
+struct LibraryRow {
+    std::string heading; ///< of a group
+    LibraryEntry const* entry = nullptr; ///< null for a group
+};
+
+} // namespace zv
+
+/// The palette of things to add, in groups, with a field to search it. A double click adds;
+/// rows are dragged into the menu.
+@interface ZVLibrary : NSObject <NSTableViewDataSource, NSTableViewDelegate, NSSearchFieldDelegate> {
+    zv::SettingsModels* _models;
+    std::function<void(zv::LibraryEntry const&)> _add;
+    std::vector<zv::LibraryRow> _rows;
+    zv::ControlActions _actions;
+    NSSearchField* _search;
+    NSTableView* _table;
+    NSView* _view;
+}
+- (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add;
+- (NSView*)view;
+@end

@@ -1,0 +1,124 @@
+#import "platform/macos/settings/LibraryView.h"
+
+#import "platform/macos/Conversions.h"
+#import "platform/macos/settings/Cells.h"
+#import "platform/macos/settings/Dragging.h"
+
+#include "app/menu/MenuIcon.h"
+
+@implementation ZVLibrary
+
+- (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add
+{
+    if (!(self = [super init]))
+        return nil;
+    _models = &models;
+    _add = std::move(add);
+    [self makeViews];
+    [self fill];
+    return self;
+}
+
+- (NSView*)view
+{
+    return _view;
+}
+
+- (void)makeViews
+{
+    _search = [[NSSearchField alloc] initWithFrame:NSZeroRect];
+    [_search setPlaceholderString:@"Search"];
+    [_search setAccessibilityLabel:@"Search the library"];
+    [_search setDelegate:self];
+    _table = [[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
+    [_table addTableColumn:[[NSTableColumn alloc] initWithIdentifier:@"entry"]];
+    [_table setHeaderView:nil];
+    [_table setAccessibilityLabel:@"Library"];
+    [_table setDataSource:self];
+    [_table setDelegate:self];
+    [_table setDraggingSourceOperationMask:NSDragOperationCopy forLocal:YES];
+    __unsafe_unretained ZVLibrary* const library = self;
+    _actions.attachDoubleClick(_table, [library] { [library addRow:[library->_table clickedRow]]; });
+    _actions.attach(_search, [library] { [library fill]; });
+    NSScrollView* const scroll = zv::scrollAround(_table);
+    [scroll setBorderType:NSBezelBorder];
+    _view = zv::fillingColumn({ _search, scroll });
+    zv::setMinimumWidth(_view, 190);
+}
+
+- (void)fill
+{
+    _rows.clear();
+    for (auto const& group : _models->palette().groups(zv::fromNSString([_search stringValue]))) {
+        _rows.push_back({ group.title, nullptr });
+        for (auto const* entry : group.entries)
+            _rows.push_back({ {}, entry });
+    }
+    [_table reloadData];
+}
+
+- (void)addRow:(NSInteger)row
+{
+    auto const* entry = [self entryAt:row];
+    if (entry && _add)
+        _add(*entry);
+}
+
+- (zv::LibraryEntry const*)entryAt:(NSInteger)row
+{
+    return row >= 0 && static_cast<std::size_t>(row) < _rows.size() ? _rows[static_cast<std::size_t>(row)].entry : nullptr;
+}
+
+- (void)controlTextDidChange:(NSNotification*)notification
+{
+    [self fill];
+}
+
+/// Return adds what is selected, else the first that was found; the arrows choose.
+- (BOOL)control:(NSControl*)control textView:(NSTextView*)text doCommandBySelector:(SEL)command
+{
+    if (command == @selector(insertNewline:)) {
+        [self addRow:[_table selectedRow] >= 0 ? [_table selectedRow] : 1];
+        return YES;
+    }
+    if (command == @selector(moveDown:)) {
+        [[_table window] makeFirstResponder:_table];
+        [_table selectRowIndexes:[NSIndexSet indexSetWithIndex:1] byExtendingSelection:NO];
+        return YES;
+    }
+    return NO;
+}
+
+- (NSInteger)numberOfRowsInTableView:(NSTableView*)table
+{
+    return static_cast<NSInteger>(_rows.size());
+}
+
+- (BOOL)tableView:(NSTableView*)table isGroupRow:(NSInteger)row
+{
+    return [self entryAt:row] ? NO : YES;
+}
+
+- (BOOL)tableView:(NSTableView*)table shouldSelectRow:(NSInteger)row
+{
+    return [self entryAt:row] ? YES : NO;
+}
+
+- (NSView*)tableView:(NSTableView*)table viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row
+{
+    auto const* entry = [self entryAt:row];
+    if (!entry)
+        return zv::textCell(table, @"group", _rows[static_cast<std::size_t>(row)].heading);
+    NSTableCellView* const cell = zv::iconCell(table, @"entry");
+    zv::show(cell, _models->icons().iconForKind(entry->itemTemplate.kind), entry->title);
+    [cell setToolTip:zv::toNSString(entry->localizedDescription)];
+    return cell;
+}
+
+- (id<NSPasteboardWriting>)tableView:(NSTableView*)table pasteboardWriterForRow:(NSInteger)row
+{
+    auto const* entry = [self entryAt:row];
+    return entry ? zv::pasteboardItemOf(zv::toDragRecord(zv::menuTree::withFreshIds(entry->itemTemplate))) : nil;
+}
+
+@end

@@ -1,0 +1,469 @@
+#import "platform/macos/settings/MenuEditorView.h"
+
+#import "platform/macos/Conversions.h"
+#import "platform/macos/Images.h"
+#import "platform/macos/settings/Cells.h"
+#import "platform/macos/settings/Dragging.h"
+
+#include "app/menu/MenuIcon.h"
+
+using zv::MenuEditor;
+using zv::MenuItem;
+using Items = std::shared_ptr<std::vector<MenuItem> const>;
+
+@implementation ZVMenuOutlineView
+
+- (void)setEditor:(ZVMenuEditor*)editor
+{
+    _editor = editor;
+}
+
+- (void)keyDown:(NSEvent*)event
+{
+    NSString* const typed = [event charactersIgnoringModifiers];
+    unichar const key = [typed length] > 0 ? [typed characterAtIndex:0] : 0;
+    bool const isOption = ([event modifierFlags] & NSEventModifierFlagOption) != 0;
+    if (key == NSDeleteCharacter || key == NSDeleteFunctionKey)
+        return [_editor removeSelected];
+    if (isOption && key == NSUpArrowFunctionKey)
+        return [_editor moveSelectedUp];
+    if (isOption && key == NSDownArrowFunctionKey)
+        return [_editor moveSelectedDown];
+    [super keyDown:event];
+}
+
+- (void)delete:(id)sender
+{
+    [_editor removeSelected];
+}
+- (void)duplicate:(id)sender
+{
+    [_editor duplicateSelected];
+}
+- (void)copy:(id)sender
+{
+    [_editor copySelected];
+}
+- (void)cut:(id)sender
+{
+    [_editor copySelected];
+    [_editor removeSelected];
+}
+- (void)paste:(id)sender
+{
+    [_editor paste];
+}
+
+@end
+
+namespace {
+
+NSString* const titleColumn = @"title";
+NSString* const shortcutColumn = @"shortcut";
+constexpr char const* separatorText = "――――――";
+
+NSTableColumn* column(NSString* identifier, NSString* title, double width)
+{
+    NSTableColumn* const made = [[NSTableColumn alloc] initWithIdentifier:identifier];
+    [[made headerCell] setStringValue:title];
+    [made setWidth:width];
+    return made;
+}
+
+zv::Alert alertAbout(std::vector<zv::Url> const& missing)
+{
+    zv::Alert alert;
+    alert.message = missing.size() == 1 ? "One file could not be added." : std::to_string(missing.size()) + " files could not be added.";
+    for (auto const& file : missing)
+        alert.informativeText += (alert.informativeText.empty() ? "" : "\n") + file.path() + " does not exist.";
+    return alert;
+}
+
+} // namespace
+
+@implementation ZVMenuEditor
+
+- (instancetype)initWithModels:(zv::SettingsModels&)models
+{
+    if (!(self = [super init]))
+        return nil;
+    _models = &models;
+    _undoManager = [[NSUndoManager alloc] init];
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    _inspector = std::make_unique<zv::InspectorView>(models);
+    _library =
+        [[ZVLibrary alloc] initWithModels:models
+                                      add:[editor](zv::LibraryEntry const& entry) { editor->_models->editor().addEntry(entry, [editor insertPosition]); }];
+    _models->editor().onEdit = _lifetime.guard([editor](zv::MenuEdit const& edit) { [editor edited:edit]; });
+    [self makeViews];
+    [self layTree];
+    return self;
+}
+
+- (void)dealloc
+{
+    _models->editor().onEdit = nullptr;
+#if !__has_feature(objc_arc)
+    [super dealloc];
+#endif
+}
+
+- (NSView*)view
+{
+    return _view;
+}
+
+- (NSUndoManager*)undoManager
+{
+    return _undoManager;
+}
+
+#pragma mark Views
+
+- (void)makeViews
+{
+    NSSplitView* const columns = [[NSSplitView alloc] initWithFrame:NSMakeRect(0, 0, 860, 560)];
+    [columns setVertical:YES];
+    [columns setDividerStyle:NSSplitViewDividerStyleThin];
+    [columns addArrangedSubview:[_library view]];
+    [columns addArrangedSubview:[self outlineColumn]];
+    [columns addArrangedSubview:[self inspectorColumn]];
+    [columns setHoldingPriority:NSLayoutPriorityDefaultLow forSubviewAtIndex:1]; // grows first
+    _view = [[NSView alloc] initWithFrame:[columns frame]];
+    zv::fill(_view, columns, 12);
+}
+
+- (NSView*)outlineColumn
+{
+    _outline = [[ZVMenuOutlineView alloc] initWithFrame:NSMakeRect(0, 0, 380, 400)];
+    [_outline setEditor:self];
+    NSTableColumn* const titles = column(titleColumn, @"Menu", 250);
+    [_outline addTableColumn:titles];
+    [_outline addTableColumn:column(shortcutColumn, @"Shortcut", 90)];
+    [_outline setOutlineTableColumn:titles];
+    [_outline setAllowsMultipleSelection:YES];
+    [_outline setDataSource:self];
+    [_outline setDelegate:self];
+    [_outline setAccessibilityLabel:@"Menu"];
+    [_outline registerForDraggedTypes:[NSArray arrayWithObjects:zv::recordType(), NSPasteboardTypeFileURL, nil]];
+    [_outline setDraggingSourceOperationMask:NSDragOperationMove | NSDragOperationCopy forLocal:YES];
+    [_outline setDraggingSourceOperationMask:NSDragOperationCopy forLocal:NO];
+    NSScrollView* const scroll = zv::scrollAround(_outline);
+    [scroll setBorderType:NSBezelBorder];
+    return zv::fillingColumn({ scroll, [self buttons] });
+}
+
+- (NSView*)buttons
+{
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    auto const button = [&](char const* title, char const* help, std::function<void()> act) { return zv::pushButton(title, help, _actions, std::move(act)); };
+    return zv::stack(zv::Direction::row,
+        {
+            button("File…", "Adds files and applications", [editor] { [editor addFiles:zv::FilePanelKind::filesAndFolders]; }),
+            button("Folder…", "Adds a folder, which opens as a submenu", [editor] { [editor addFiles:zv::FilePanelKind::folder]; }),
+            button("Submenu", "Adds an empty submenu", [editor] { editor->_models->editor().addSubmenu([editor insertPosition]); }),
+            button("Separator", "Adds a line", [editor] { editor->_models->editor().addSeparator([editor insertPosition]); }),
+            button("Remove", "Removes what is selected", [editor] { [editor removeSelected]; }),
+        });
+}
+
+- (NSView*)inspectorColumn
+{
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    NSButton* const restore = zv::pushButton("Restore Default Menu…", {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
+    NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), restore });
+    [made setEdgeInsets:NSEdgeInsetsMake(0, 10, 0, 0)];
+    zv::setMinimumWidth(made, 230);
+    return made;
+}
+
+#pragma mark The tree
+
+- (void)layTree
+{
+    [self observe];
+    [_outline reloadData];
+    [self select:_toSelect];
+    [self refreshInspector];
+}
+
+- (void)observe
+{
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    auto const read = [editor] {
+        auto& models = *editor->_models;
+        editor->_tree.lay(models.store().items());
+        (void)models.store().unresolvedItemIDs();
+        (void)models.outline().row(MenuItem::ofKind(zv::MenuItemKind::sleep)); // the conflicts
+    };
+    _observation = zv::withObservationTracking(read, [editor] { [editor storeChanged]; });
+}
+
+/// Until the turn after this one nothing may look at the items that were.
+- (void)storeChanged
+{
+    if (_toSelect.empty())
+        _toSelect = [self selection];
+    _tree.forgetItems();
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    zv::later(_lifetime.guard([editor] {
+        [editor layTree];
+        editor->_toSelect.clear();
+    }));
+}
+
+- (std::set<zv::Uuid>)selection
+{
+    std::set<zv::Uuid> ids;
+    NSIndexSet* const rows = [_outline selectedRowIndexes];
+    for (NSUInteger row = [rows firstIndex]; row != NSNotFound; row = [rows indexGreaterThanIndex:row]) {
+        if (ZVMenuNode* const node = [_outline itemAtRow:static_cast<NSInteger>(row)])
+            ids.insert([node identity]);
+    }
+    return ids;
+}
+
+- (void)select:(std::set<zv::Uuid> const&)ids
+{
+    NSMutableIndexSet* const rows = [NSMutableIndexSet indexSet];
+    NSInteger last = -1;
+    for (auto const& identity : ids) {
+        ZVMenuNode* const node = _tree.nodeOf(identity);
+        [self openAbove:node];
+        last = node ? [_outline rowForItem:node] : -1;
+        if (last >= 0)
+            [rows addIndex:static_cast<NSUInteger>(last)];
+    }
+    [_outline selectRowIndexes:rows byExtendingSelection:NO];
+    if (last >= 0)
+        [_outline scrollRowToVisible:last];
+}
+
+- (void)openAbove:(ZVMenuNode*)node
+{
+    if (ZVMenuNode* const parent = [node parent]) {
+        [self openAbove:parent];
+        [_outline expandItem:parent];
+    }
+}
+
+- (MenuEditor::Position)insertPosition
+{
+    ZVMenuNode* const node = [_outline selectedRow] >= 0 ? [_outline itemAtRow:[_outline selectedRow]] : nil;
+    bool const isOpen = node && [_outline isItemExpanded:node];
+    return _models->editor().positionAfter([self selection], isOpen ? std::optional([node identity]) : std::nullopt);
+}
+
+- (void)refreshInspector
+{
+    auto const ids = [self selection];
+    _inspector->show(ids.size() == 1 ? _models->store().find(*ids.begin()) : nullptr, ids.size());
+}
+
+#pragma mark Commands
+
+- (void)addFiles:(zv::FilePanelKind)kind
+{
+    auto const position = [self insertPosition];
+    auto const chosen = _models->panels().chooseToOpen(kind == zv::FilePanelKind::folder ? "Add Folder" : "Add Files", kind);
+    if (!chosen.empty())
+        [self take:chosen at:position];
+}
+
+- (BOOL)take:(std::vector<zv::Url> const&)files at:(MenuEditor::Position const&)position
+{
+    auto const missing = _models->editor().addFiles(files, position);
+    if (!missing.empty())
+        [self tellLater:alertAbout(missing)];
+    return missing.size() < files.size() ? YES : NO;
+}
+
+- (BOOL)takeFrom:(NSPasteboard*)pasteboard at:(MenuEditor::Position const&)position drop:(MenuEditor::Drop)drop
+{
+    auto const records = zv::recordsOn(pasteboard);
+    if (records.empty())
+        return [self take:zv::filesOn(pasteboard) at:position];
+    auto const failure = _models->editor().drop(records, position, drop);
+    if (!failure)
+        return YES;
+    zv::Alert alert;
+    alert.message = "The items could not be added.";
+    alert.informativeText = *failure;
+    [self tellLater:alert];
+    return NO;
+}
+
+/// Not from within a drop: the drag is still going on.
+- (void)tellLater:(zv::Alert const&)alert
+{
+    __unsafe_unretained ZVMenuEditor* const editor = self;
+    zv::later(_lifetime.guard([editor, alert] { (void)editor->_models->alerts().run(alert); }));
+}
+
+- (void)removeSelected
+{
+    _models->editor().remove([self selection]);
+}
+- (void)duplicateSelected
+{
+    _models->editor().duplicate([self selection]);
+}
+- (void)moveSelectedUp
+{
+    (void)_models->editor().moveUp([self selection]);
+}
+- (void)moveSelectedDown
+{
+    (void)_models->editor().moveDown([self selection]);
+}
+
+- (void)copySelected
+{
+    auto const ids = [self selection];
+    if (ids.empty())
+        return;
+    NSMutableArray* const items = [NSMutableArray array];
+    for (auto const& record : _models->editor().records(ids))
+        [items addObject:zv::pasteboardItemOf(record)];
+    [[NSPasteboard generalPasteboard] clearContents];
+    [[NSPasteboard generalPasteboard] writeObjects:items];
+}
+
+- (void)paste
+{
+    [self takeFrom:[NSPasteboard generalPasteboard] at:[self insertPosition] drop:MenuEditor::Drop::copy];
+}
+
+#pragma mark Undo
+
+- (void)edited:(zv::MenuEdit const&)edit
+{
+    _toSelect = edit.selectionAfter;
+    [self registerReturnTo:std::make_shared<std::vector<MenuItem> const>(edit.before)
+                      from:std::make_shared<std::vector<MenuItem> const>(edit.after)
+                     named:zv::toNSString(edit.name)];
+}
+
+/// Going back registers the way forward.
+- (void)registerReturnTo:(Items)target from:(Items)current named:(NSString*)name
+{
+    [_undoManager registerUndoWithTarget:self
+                                 handler:^(ZVMenuEditor* editor) {
+                                     editor->_models->editor().restore(*target);
+                                     [editor registerReturnTo:current from:target named:name];
+                                 }];
+    [_undoManager setActionName:name];
+}
+
+#pragma mark The outline's questions
+
+- (NSInteger)outlineView:(NSOutlineView*)outline numberOfChildrenOfItem:(id)item
+{
+    return static_cast<NSInteger>(_tree.childrenOf(item).size());
+}
+
+- (id)outlineView:(NSOutlineView*)outline child:(NSInteger)index ofItem:(id)item
+{
+    return _tree.childrenOf(item)[static_cast<std::size_t>(index)];
+}
+
+- (BOOL)outlineView:(NSOutlineView*)outline isItemExpandable:(id)node
+{
+    auto const* item = _tree.itemOf(node);
+    return item && zv::menuTree::canHoldItems(*item) ? YES : NO;
+}
+
+- (NSView*)outlineView:(NSOutlineView*)outline viewForTableColumn:(NSTableColumn*)tableColumn item:(id)node
+{
+    auto const* item = _tree.itemOf(node);
+    auto const row = item ? _models->outline().row(*item) : zv::OutlineRow();
+    NSColor* const color = row.isDimmed || row.isSeparator ? [NSColor secondaryLabelColor] : [NSColor labelColor];
+    bool const isTitle = [[tableColumn identifier] isEqual:titleColumn];
+    NSTableCellView* const cell = isTitle ? zv::iconCell(outline, titleColumn) : zv::textCell(outline, shortcutColumn, row.shortcut);
+    if (isTitle && item)
+        [self fillTitle:cell item:*item row:row];
+    [[cell textField] setTextColor:color];
+    [cell setToolTip:row.badge.empty() ? nil : zv::toNSString(row.badge)];
+    return cell;
+}
+
+- (void)fillTitle:(NSTableCellView*)cell item:(MenuItem const&)item row:(zv::OutlineRow const&)row
+{
+    zv::show(cell, row.isSeparator ? nullptr : [self iconOf:item], row.isSeparator ? separatorText : row.title);
+    if (!row.badge.empty())
+        [[cell imageView] setImage:[NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)]];
+    [[cell textField] setEditable:row.isSeparator ? NO : YES];
+    [[cell textField] setDelegate:self];
+    [[cell textField] setAccessibilityLabel:row.isSeparator ? @"Separator" : nil];
+}
+
+- (zv::ImageRef)iconOf:(MenuItem const&)item
+{
+    bool const isFile = item.kind == zv::MenuItemKind::fsObject && item.location && item.location->path;
+    return isFile ? _models->icons().iconForFile(zv::Url::fromPath(*item.location->path)) : _models->icons().iconForKind(item.kind);
+}
+
+/// A title was edited in place; one that was left as shown was not.
+- (void)controlTextDidEndEditing:(NSNotification*)notification
+{
+    NSTextField* const field = [notification object];
+    NSInteger const row = [_outline rowForView:field];
+    ZVMenuNode* const node = row >= 0 ? [_outline itemAtRow:row] : nil;
+    auto const* item = _tree.itemOf(node);
+    auto const title = zv::fromNSString([field stringValue]);
+    if (item && title != _models->outline().row(*item).title)
+        _models->editor().setTitle(zv::Uuid([node identity]), title);
+}
+
+- (void)outlineViewSelectionDidChange:(NSNotification*)notification
+{
+    [self refreshInspector];
+}
+
+#pragma mark Dragging
+
+- (BOOL)isWithinSelection:(ZVMenuNode*)node
+{
+    for (ZVMenuNode* above = [node parent]; above; above = [above parent]) {
+        if ([_outline isRowSelected:[_outline rowForItem:above]])
+            return YES;
+    }
+    return NO;
+}
+
+/// What lies within a dragged item goes along with it.
+- (id<NSPasteboardWriting>)outlineView:(NSOutlineView*)outline pasteboardWriterForItem:(id)node
+{
+    bool const isSelected = [_outline isRowSelected:[_outline rowForItem:node]] != NO;
+    if (isSelected && [self isWithinSelection:node])
+        return nil;
+    auto const records = _models->editor().records({ [(ZVMenuNode*)node identity] });
+    return records.empty() ? nil : zv::pasteboardItemOf(records.front());
+}
+
+- (MenuEditor::Drop)dropOf:(id<NSDraggingInfo>)info
+{
+    bool const isOwn = [info draggingSource] == _outline;
+    bool const mayMove = ([info draggingSourceOperationMask] & NSDragOperationMove) != 0;
+    return isOwn && mayMove ? MenuEditor::Drop::move : MenuEditor::Drop::copy;
+}
+
+- (NSDragOperation)outlineView:(NSOutlineView*)outline validateDrop:(id<NSDraggingInfo>)info proposedItem:(id)node proposedChildIndex:(NSInteger)index
+{
+    auto const* item = _tree.itemOf(node);
+    if (node && (!item || !zv::menuTree::canHoldItems(*item)))
+        return NSDragOperationNone;
+    return [self dropOf:info] == MenuEditor::Drop::move ? NSDragOperationMove : NSDragOperationCopy;
+}
+
+- (BOOL)outlineView:(NSOutlineView*)outline acceptDrop:(id<NSDraggingInfo>)info item:(id)node childIndex:(NSInteger)index
+{
+    bool const isOnItem = index == NSOutlineViewDropOnItemIndex;
+    MenuEditor::Position position;
+    if (node)
+        position.parent = [(ZVMenuNode*)node identity];
+    position.index = isOnItem ? _tree.childrenOf(node).size() : static_cast<std::size_t>(index);
+    return [self takeFrom:[info draggingPasteboard] at:position drop:[self dropOf:info]];
+}
+
+@end

@@ -1,0 +1,47 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "app/model/MenuItem.h"
+
+#include <map>
+#include <set>
+#include <vector>
+
+/// Stands for one item in the outline, which tells its rows apart by object: an item that
+/// is still there keeps its node, and so stays open and selected.
+@interface ZVMenuNode : NSObject {
+    zv::Uuid _identity;
+    __unsafe_unretained ZVMenuNode* _parent; // nil at the top level; the tree keeps all nodes
+    std::vector<ZVMenuNode*> _children;
+}
+- (instancetype)initWithIdentity:(zv::Uuid const&)identity;
+- (zv::Uuid const&)identity;
+- (ZVMenuNode*)parent;
+- (void)setParent:(ZVMenuNode*)parent;
+- (std::vector<ZVMenuNode*>&)children;
+@end
+
+namespace zv {
+
+/// The nodes of the whole menu.
+class MenuOutlineTree {
+public:
+    void lay(std::vector<MenuItem> const& items);
+    [[nodiscard]] std::vector<ZVMenuNode*> const& childrenOf(ZVMenuNode* node) const;
+    /// Nil when there is none.
+    [[nodiscard]] ZVMenuNode* nodeOf(Uuid const& id) const;
+    /// Null when the items were laid anew meanwhile without it.
+    [[nodiscard]] MenuItem const* itemOf(ZVMenuNode* node) const;
+    /// The store's items have changed: what was remembered of them is gone.
+    void forgetItems() { m_items.clear(); }
+
+private:
+    std::vector<ZVMenuNode*> nodesFor(std::vector<MenuItem> const& items, ZVMenuNode* parent, std::map<Uuid, ZVMenuNode*>& before);
+
+    std::vector<ZVMenuNode*> m_roots;
+    std::map<Uuid, ZVMenuNode*> m_nodes;
+    std::map<Uuid, MenuItem const*> m_items;
+};
+
+} // namespace zv

@@ -1,0 +1,139 @@
+#import "platform/macos/settings/RecorderField.h"
+
+#import "platform/macos/Conversions.h"
+
+#include "app/settings/RecorderRules.h"
+
+@implementation ZVRecorderButton
+
+- (void)setRecordingChanged:(std::function<void(BOOL)>)changed pressed:(std::function<void(NSEvent*)>)pressed
+{
+    _recordingChanged = std::move(changed);
+    _pressed = std::move(pressed);
+}
+
+- (BOOL)isRecording
+{
+    return _isRecording;
+}
+
+- (void)setRecording:(BOOL)recording
+{
+    if (_isRecording == recording)
+        return;
+    _isRecording = recording;
+    if (recording)
+        [[self window] makeFirstResponder:self];
+    if (_recordingChanged)
+        _recordingChanged(recording);
+}
+
+- (BOOL)acceptsFirstResponder
+{
+    return YES;
+}
+
+- (BOOL)resignFirstResponder
+{
+    [self setRecording:NO];
+    return [super resignFirstResponder];
+}
+
+- (void)keyDown:(NSEvent*)event
+{
+    if (_isRecording)
+        _pressed(event);
+    else
+        [super keyDown:event];
+}
+
+/// Combinations with Command come here, before any menu takes them.
+- (BOOL)performKeyEquivalent:(NSEvent*)event
+{
+    if (!_isRecording)
+        return [super performKeyEquivalent:event];
+    _pressed(event);
+    return YES;
+}
+
+@end
+
+namespace zv {
+
+namespace {
+
+constexpr NSUInteger knownModifiers = NSEventModifierFlagShift | NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
+
+KeyPress keyPressOf(NSEvent* event)
+{
+    return { [event keyCode], fromNSString([event charactersByApplyingModifiers:0]), static_cast<ModifierMask>([event modifierFlags] & knownModifiers) };
+}
+
+} // namespace
+
+RecorderField::RecorderField(SettingsModels& models)
+    : m_models(models)
+    , m_button([[ZVRecorderButton alloc] initWithFrame:NSZeroRect])
+{
+    [m_button setBezelStyle:NSBezelStyleRounded];
+    [m_button setAlignment:NSTextAlignmentCenter];
+    [m_button setFont:[NSFont monospacedSystemFontOfSize:[NSFont systemFontSize] weight:NSFontWeightRegular]];
+    [m_button setToolTip:toNSString(RecorderTexts::help)];
+    [m_button setAccessibilityHelp:toNSString(RecorderTexts::help)];
+    setMinimumWidth(m_button, RecorderTexts::minimumWidth);
+    [m_button setRecordingChanged:[this](BOOL isRecording) { recordingChanged(isRecording != NO); } pressed:[this](NSEvent* event) { pressed(event); }];
+    m_actions.attach(m_button, [this] { [m_button setRecording:![m_button isRecording]]; });
+    m_clear = pushButton(RecorderTexts::clear, {}, m_actions, [this] {
+        [m_button setRecording:NO];
+        take(std::nullopt);
+    });
+    [m_clear setBordered:NO];
+    m_view = stack(Direction::row, { m_button, m_clear });
+    refresh();
+}
+
+void RecorderField::setSpec(std::optional<KeyEquivalentSpec> const& spec)
+{
+    if (spec != m_spec)
+        [m_button setRecording:NO]; // what was being recorded was meant for another item
+    m_spec = spec;
+    refresh();
+}
+
+void RecorderField::recordingChanged(bool isRecording)
+{
+    if (isRecording)
+        m_models.beginRecording();
+    else
+        m_models.endRecording();
+    refresh();
+}
+
+void RecorderField::pressed(NSEvent* event)
+{
+    auto const outcome = recorderOutcome(keyPressOf(event));
+    if (outcome.kind == RecorderOutcome::Kind::ignored)
+        return;
+    [m_button setRecording:NO];
+    if (outcome.kind == RecorderOutcome::Kind::captured)
+        take(outcome.spec);
+}
+
+void RecorderField::take(std::optional<KeyEquivalentSpec> const& spec)
+{
+    m_spec = spec;
+    refresh();
+    if (onChange)
+        onChange(spec);
+}
+
+void RecorderField::refresh()
+{
+    [m_clear setEnabled:m_spec ? YES : NO];
+    if ([m_button isRecording])
+        [m_button setTitle:toNSString(RecorderTexts::recording)];
+    else
+        [m_button setTitle:toNSString(m_spec ? m_spec->description() : std::string(RecorderTexts::none))];
+}
+
+} // namespace zv

@@ -1,0 +1,49 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "app/settings/SettingsPage.h"
+#import "platform/macos/settings/Controls.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Draws a page of settings with the system's controls. Rows that stay keep their control,
+/// and with it the keyboard focus.
+class SettingsPage {
+public:
+    SettingsPage();
+    SettingsPage(SettingsPage const&) = delete;
+    SettingsPage& operator=(SettingsPage const&) = delete;
+
+    [[nodiscard]] NSView* view() const { return m_view; }
+    void show(std::vector<SettingsSection> const& sections);
+
+private:
+    /// A control, and what it does now: the actions are taken anew whenever the page is shown.
+    struct Row {
+        SettingsRow described;
+        NSControl* control = nil;
+    };
+    using RowRef = std::shared_ptr<Row>;
+
+    [[nodiscard]] static std::string shapeOf(std::vector<SettingsSection> const& sections);
+    void build(std::vector<SettingsSection> const& sections);
+    void addRow(NSString* heading, SettingsRow const& described);
+    [[nodiscard]] NSControl* controlFor(RowRef const& row);
+    [[nodiscard]] NSView* placed(Row const& row) const;
+    static void take(Row& row, SettingsRow const& described);
+    static void fillChoices(NSPopUpButton* button, SettingsRow const& described);
+
+    NSView* m_view;
+    NSGridView* m_grid = nil;
+    ControlActions m_actions;
+    std::string m_shape;
+    std::map<std::string, RowRef> m_rows;
+};
+
+} // namespace zv

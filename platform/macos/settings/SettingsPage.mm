@@ -1,0 +1,159 @@
+#import "platform/macos/settings/SettingsPage.h"
+
+#import "platform/macos/Conversions.h"
+
+namespace zv {
+
+namespace {
+
+constexpr double pageMargin = 24;
+constexpr double noteWidth = 420;
+constexpr double indentation = 20;
+constexpr double sectionSpacing = 14;
+
+} // namespace
+
+SettingsPage::SettingsPage()
+    : m_view([[NSView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
+{
+}
+
+std::string SettingsPage::shapeOf(std::vector<SettingsSection> const& sections)
+{
+    std::string shape;
+    for (auto const& section : sections) {
+        shape += section.title + "\n";
+        for (auto const& row : section.rows)
+            shape += row.id + std::to_string(static_cast<int>(row.kind)) + " ";
+    }
+    return shape;
+}
+
+void SettingsPage::show(std::vector<SettingsSection> const& sections)
+{
+    if (auto shape = shapeOf(sections); shape != m_shape) {
+        m_shape = std::move(shape);
+        build(sections);
+    }
+    for (auto const& section : sections) {
+        for (auto const& described : section.rows)
+            take(*m_rows.at(described.id), described);
+    }
+}
+
+void SettingsPage::build(std::vector<SettingsSection> const& sections)
+{
+    [m_grid removeFromSuperview];
+    m_rows.clear();
+    m_actions.clear();
+    m_grid = formGrid();
+    for (auto const& section : sections) {
+        NSString* heading = [toNSString(section.title) stringByAppendingString:@":"];
+        NSInteger const first = [m_grid numberOfRows];
+        for (auto const& described : section.rows) {
+            addRow(heading, described);
+            heading = @"";
+        }
+        if (first > 0 && [m_grid numberOfRows] > first)
+            [[m_grid rowAtIndex:first] setTopPadding:sectionSpacing];
+    }
+    [m_grid setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [m_view addSubview:m_grid];
+    [NSLayoutConstraint
+        activateConstraints:[NSArray arrayWithObjects:[[m_grid topAnchor] constraintEqualToAnchor:[m_view topAnchor] constant:pageMargin],
+                                     [[m_grid centerXAnchor] constraintEqualToAnchor:[m_view centerXAnchor] constant:0],
+                                     [[m_view bottomAnchor] constraintGreaterThanOrEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
+}
+
+void SettingsPage::addRow(NSString* heading, SettingsRow const& described)
+{
+    auto const row = std::make_shared<Row>(Row { described });
+    row->control = controlFor(row);
+    m_rows[described.id] = row;
+    addToForm(m_grid, boldLabel(fromNSString(heading)), placed(*row));
+}
+
+NSControl* SettingsPage::controlFor(RowRef const& row)
+{
+    auto const title = row->described.title;
+    std::weak_ptr<Row> const weak = row;
+    auto const perform = [weak](auto action) {
+        later([weak, action] {
+            if (auto const alive = weak.lock())
+                action(SettingsRow(alive->described));
+        });
+    };
+    switch (row->described.kind) {
+    case SettingsRow::Kind::toggle: {
+        NSButton* const box = [NSButton checkboxWithTitle:toNSString(title) target:nil action:nil];
+        __unsafe_unretained NSButton* const read = box;
+        m_actions.attach(box, [perform, read] {
+            bool const isOn = [read state] == NSControlStateValueOn;
+            perform([isOn](SettingsRow const& now) { now.toggle(isOn); });
+        });
+        return box;
+    }
+    case SettingsRow::Kind::choice: {
+        NSPopUpButton* const choices = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+        __unsafe_unretained NSPopUpButton* const read = choices;
+        [choices setAccessibilityLabel:toNSString(title)];
+        m_actions.attach(choices, [perform, read] {
+            std::int64_t const value = [read selectedTag];
+            perform([value](SettingsRow const& now) { now.choose(value); });
+        });
+        return choices;
+    }
+    case SettingsRow::Kind::button:
+        return pushButton(title, {}, m_actions, [perform] { perform([](SettingsRow const& now) { now.press(); }); });
+    case SettingsRow::Kind::note:
+        break;
+    }
+    NSTextField* const text = note(title);
+    setWidth(text, noteWidth);
+    return text;
+}
+
+NSView* SettingsPage::placed(Row const& row) const
+{
+    std::vector<NSView*> views;
+    if (row.described.isIndented) {
+        NSView* const space = [[NSView alloc] initWithFrame:NSZeroRect];
+        setWidth(space, indentation);
+        views.push_back(space);
+    }
+    if (row.described.kind == SettingsRow::Kind::choice)
+        views.push_back(label(row.described.title));
+    views.push_back(row.control);
+    return views.size() == 1 ? row.control : stack(Direction::row, views);
+}
+
+void SettingsPage::take(Row& row, SettingsRow const& described)
+{
+    row.described = described;
+    NSControl* const control = row.control;
+    [control setEnabled:described.isEnabled ? YES : NO];
+    if (!described.help.empty()) {
+        [control setToolTip:toNSString(described.help)];
+        [control setAccessibilityHelp:toNSString(described.help)];
+    }
+    if (described.kind == SettingsRow::Kind::toggle)
+        [(NSButton*)control setState:described.isOn ? NSControlStateValueOn : NSControlStateValueOff];
+    else if (described.kind == SettingsRow::Kind::choice)
+        fillChoices((NSPopUpButton*)control, described);
+    else if (described.kind == SettingsRow::Kind::note)
+        [(NSTextField*)control setStringValue:toNSString(described.title)];
+}
+
+void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& described)
+{
+    [button removeAllItems];
+    for (auto const& choice : described.choices) {
+        // Not addItemWithTitle:, which takes out an item of the same title.
+        NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
+        [item setTag:static_cast<NSInteger>(choice.value)];
+        [[button menu] addItem:item];
+    }
+    [button selectItemWithTag:static_cast<NSInteger>(described.value)];
+}
+
+} // namespace zv

@@ -1,0 +1,304 @@
+#include "app/actions/MenuActions.h"
+
+#include "app/actions/ActionAlerts.h"
+#include "tests/fakes/FakeActions.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeLists.h"
+#include "tests/fakes/FakeTime.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+using Log = std::vector<std::string>;
+
+struct MenuActionsTest : testing::Test {
+    static MenuItem item(MenuItemKind const& kind, std::string title = "T")
+    {
+        auto made = MenuItem::ofKind(kind);
+        made.title = std::move(title);
+        return made;
+    }
+    MenuItem fileItem(std::string const& path)
+    {
+        auto made = item(MenuItemKind::fsObject);
+        made.location = ItemLocation { .path = path };
+        return made;
+    }
+    std::string onlyAlert()
+    {
+        if (alerts.shown.size() != 1)
+            return std::to_string(alerts.shown.size()) + " alerts";
+        auto const& alert = alerts.shown[0];
+        std::string text = alert.message + "\n" + alert.informativeText;
+        for (auto const& button : alert.buttons)
+            text += "\n[" + button + "]";
+        return text;
+    }
+
+    fakes::FakeWorkspace workspace;
+    fakes::FakeApplication application;
+    fakes::FakeAlerts alerts;
+    fakes::FakeModifierKeys keys;
+    fakes::FakeClipboard clipboard;
+    fakes::FakeRunningApplications running;
+    fakes::FakeDesktopCommands desktop;
+    fakes::FakeComputerInfo computer;
+    fakes::FakeSessionEvents events;
+    fakes::FakeScriptRunner scriptRunner;
+    AlertConfirmation confirmation { application, alerts };
+    SessionControl session { events, confirmation };
+    SystemEventsBridge scripts { scriptRunner, [this] { return confirmation.confirmsForceQuit(); } };
+    fakes::FakeTime time;
+    fakes::FakeFileSystem files;
+    fakes::FakeBookmarks bookmarks { files };
+    std::shared_ptr<fakes::FakeToolRunner> tool = std::make_shared<fakes::FakeToolRunner>();
+    std::string home = "/home/u";
+    Log shell;
+    MenuActions actions { { workspace, application, alerts, keys, clipboard, running, desktop, computer, session, scripts, time, { files, bookmarks, home } },
+        ShortcutsProvider(tool), NetworkLocations(tool), Url::fromPath("/home/u/Items"), { [this] { shell.push_back("settings"); }, {}, {} } };
+};
+
+TEST_F(MenuActionsTest, EachKindDoesItsOwn)
+{
+    std::string const pane = "open x-apple.systempreferences:com.apple.";
+    std::string const page = "open https://www.apple.com/macos/";
+    std::string const settings = "open file:///System/Applications/System%20Settings.app";
+    struct Row {
+        MenuItemKind kind;
+        std::string opened, sent, ran, program;
+    };
+    Row const rows[] = {
+        { MenuItemKind::revealZantheVellItems, "reveal file:///home/u/Items", "", "", "" },
+        { MenuItemKind::aboutThisMac, pane + "SystemProfiler.AboutExtension", "", "", "" },
+        { MenuItemKind::appStore, "open file:///System/Applications/App%20Store.app", "", "", "" },
+        { MenuItemKind::getMacOSXSoftware, page, "", "", "" },
+        { MenuItemKind::getMacOSXSoftware2, page, "", "", "" },
+        { MenuItemKind::softwareUpdate, pane + "Software-Update-Settings.extension", "", "", "" },
+        { MenuItemKind::systemPrefs, settings, "", "", "" },
+        { MenuItemKind::simpleSystemPrefs, settings, "", "", "" },
+        { MenuItemKind::dockPrefs, pane + "Desktop-Settings.extension", "", "", "" },
+        { MenuItemKind::customizeZantheVell, "", "", "", "activate settings " },
+        { MenuItemKind::quitZantheVell, "", "", "", "terminate " },
+        { MenuItemKind::sleep, "", "aevt/slep", "", "" },
+        { MenuItemKind::restart, "", "aevt/rrst", "", "" },
+        { MenuItemKind::shutdown, "", "aevt/rsdn", "", "" },
+        { MenuItemKind::logOut, "", "aevt/logo", "", "" },
+        { MenuItemKind::restartForced, "", "aevt/rest", "", "" },
+        { MenuItemKind::shutdownForced, "", "aevt/shut", "", "" },
+        { MenuItemKind::logOutForced, "", "aevt/rlgo", "", "" },
+        { MenuItemKind::forceQuit, "", "", "key code 53", "" },
+        { MenuItemKind::lockScreen, "", "", "key code 12", "" },
+        { MenuItemKind::dockMagnification, "", "", "not magnification", "" },
+        { MenuItemKind::dockHiding, "", "", "not autohide", "" },
+        { MenuItemKind::dockPosLeft, "", "", "edge to left", "" },
+        { MenuItemKind::dockPosBottom, "", "", "edge to bottom", "" },
+        { MenuItemKind::dockPosRight, "", "", "edge to right", "" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.kind.rawValue());
+        workspace.log.clear();
+        events.sent.clear();
+        scriptRunner.scripts.clear();
+        application.log.clear();
+        shell.clear();
+        EXPECT_TRUE(actions.perform(item(row.kind)));
+        EXPECT_EQ(workspace.log, row.opened.empty() ? Log {} : Log { row.opened });
+        EXPECT_EQ(events.sent, row.sent.empty() ? Log {} : Log { row.sent });
+        ASSERT_EQ(scriptRunner.scripts.size(), row.ran.empty() ? 0u : 1u);
+        if (!row.ran.empty()) {
+            EXPECT_NE(scriptRunner.scripts[0].source.find(row.ran), std::string::npos);
+        }
+        std::string program;
+        for (auto const& line : application.log)
+            program += line + " ";
+        for (auto const& line : shell)
+            program += line + " ";
+        EXPECT_EQ(program, row.program);
+    }
+    EXPECT_TRUE(alerts.shown.empty());
+    EXPECT_TRUE(files.exists(Url::fromPath("/home/u/Items"))) << "what is revealed is there";
+}
+
+TEST_F(MenuActionsTest, EveryOtherKindDoesNothing)
+{
+    int const actingKinds = 26;
+    int idle = 0;
+    for (int code = 0; code <= MenuItemKind::unknown; ++code) {
+        MenuItemKind const kind = static_cast<MenuItemKind::Case>(code);
+        bool const acts = kind == MenuItemKind::quitZantheVell || actions.perform(item(kind));
+        idle += acts ? 0 : 1;
+    }
+    EXPECT_EQ(idle, MenuItemKind::fixedCount + 1 - actingKinds + 1) << "a file item without a place is idle too";
+    EXPECT_TRUE(alerts.shown.empty()) << "and says nothing";
+    EXPECT_FALSE(actions.perform(item(MenuItemKind::makeUnknown("Gadget"))));
+    EXPECT_FALSE(actions.perform(item(MenuItemKind::openWith)));
+    EXPECT_FALSE(actions.perform(item(MenuItemKind::location)));
+}
+
+TEST_F(MenuActionsTest, AFileOpensOrWithCommandIsRevealed)
+{
+    files.addFile("/home/u/a b.txt");
+    EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt")));
+    keys.held = ModifierMask::option | ModifierMask::shift;
+    EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt"))) << "Option plays no part";
+    keys.held |= ModifierMask::command;
+    EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt")));
+    EXPECT_EQ(workspace.log, (Log { "open file:///home/u/a%20b.txt", "open file:///home/u/a%20b.txt", "reveal file:///home/u/a%20b.txt" }));
+}
+
+TEST_F(MenuActionsTest, AFileThatHasGoneDoesNothingSilently)
+{
+    EXPECT_FALSE(actions.perform(fileItem("/home/u/gone.txt")));
+    EXPECT_FALSE(actions.perform(item(MenuItemKind::fsObject)));
+    EXPECT_TRUE(workspace.log.empty());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(MenuActionsTest, AnEntryOpensItsUrlAndRevealsItsFile)
+{
+    auto const url = Url::parse("smb://nas/public");
+    auto const file = Url::fromPath("/mnt/nas");
+    using enum DynamicEntryAction;
+    struct Row {
+        DynamicEntry entry;
+        bool command;
+        Log opened;
+        std::string why;
+    };
+    Row const rows[] = {
+        { { .url = url, .fileURL = file }, false, { "open smb://nas/public" }, "its url" },
+        { { .url = url, .fileURL = file }, true, { "reveal file:///mnt/nas" }, "its file" },
+        { { .url = url }, true, {}, "no file to reveal" },
+        { { .fileURL = file }, false, {}, "nothing to open" },
+        { { .id = "app", .fileURL = file, .action = activateApplication }, true, { "reveal file:///mnt/nas" }, "a running application's file" },
+        { { .id = "10.0.0.1", .action = copyText }, true, {}, "an address has no file" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        workspace.log.clear();
+        keys.held = row.command ? ModifierMask::command : ModifierMask::none;
+        actions.open(row.entry);
+        EXPECT_EQ(workspace.log, row.opened);
+    }
+    EXPECT_TRUE(running.activated.empty() && clipboard.texts.empty());
+
+    keys.held = ModifierMask::none;
+    actions.open({ .id = "app", .url = file, .action = activateApplication });
+    actions.open({ .id = "10.0.0.1", .url = file, .action = copyText });
+    EXPECT_EQ(running.activated, Log { "app" });
+    EXPECT_EQ(clipboard.texts, Log { "10.0.0.1" });
+}
+
+TEST_F(MenuActionsTest, AFailedSessionEventOrScriptShowsTheFailureRaw)
+{
+    events.outcomes["slep"] = { SessionEventOutcome::State::failed, -600 };
+    actions.perform(item(MenuItemKind::sleep, "Schlaf"));
+    EXPECT_EQ(onlyAlert(), "“Schlaf” could not be completed.\nsendFailed(-600)\n[OK]");
+    EXPECT_EQ(application.log, Log { "activate" });
+
+    alerts.shown.clear();
+    scriptRunner.outcome = { ScriptOutcome::State::failed, -1, "Broken" };
+    actions.perform(item(MenuItemKind::dockHiding, "Hide"));
+    EXPECT_EQ(onlyAlert(), "“Hide” could not be completed.\nscriptError(\"Broken\")\n[OK]");
+}
+
+TEST_F(MenuActionsTest, ADenialLeadsToThePrivacyPane)
+{
+    auto const expected = "“T” needs permission to control your Mac.\nAllow Zanthe Vell to control System Events and the login window in Privacy & "
+                          "Security › Automation, then try again.\n[Open Automation Settings]\n[Cancel]";
+    events.outcomes["slep"] = { SessionEventOutcome::State::failed, -1743 };
+    alerts.answers = { 0 };
+    actions.perform(item(MenuItemKind::sleep));
+    EXPECT_EQ(onlyAlert(), expected);
+    EXPECT_EQ(alerts.shown[0].escapeButton, 1u);
+    EXPECT_EQ(workspace.log, Log { "open x-apple.systempreferences:com.apple.preference.security?Privacy_Automation" });
+
+    alerts.shown.clear();
+    workspace.log.clear();
+    alerts.answers = { 1 };
+    scriptRunner.outcome = { ScriptOutcome::State::failed, -1743, {} };
+    actions.perform(item(MenuItemKind::lockScreen));
+    EXPECT_EQ(onlyAlert(), expected);
+    EXPECT_TRUE(workspace.log.empty()) << "cancelled";
+}
+
+TEST_F(MenuActionsTest, AShortcutRunsInTheBackgroundAndTellsItsFailure)
+{
+    struct Row {
+        ToolResult result;
+        std::string alert;
+    };
+    using fakes::FakeToolRunner;
+    Row const rows[] = {
+        { FakeToolRunner::printing(""), "0 alerts" },
+        { {}, "“Resize” could not be run.\nThe Shortcuts command-line tool is not installed on this Mac.\n[OK]" },
+        { { ToolResult::End::signalled, 9 }, "“Resize” could not be run.\nThe Shortcuts service did not respond.\n[OK]" },
+        { FakeToolRunner::failing(1, "Error: No input."), "“Resize” could not be run.\nNo input.\n[OK]" },
+    };
+    for (auto const& row : rows) {
+        alerts.shown.clear();
+        tool->answers["run|ID"] = row.result;
+        auto const before = tool->runs.size();
+        actions.runShortcut("ID", "Resize");
+        EXPECT_EQ(tool->runs.size(), before) << "the menu does not wait";
+        time.runTasks();
+        EXPECT_EQ(onlyAlert(), row.alert);
+    }
+    keys.held = ModifierMask::command;
+    actions.runShortcut("ID", "Resize");
+    EXPECT_EQ(workspace.log, Log { "open shortcuts://open-shortcut?id=ID" });
+    EXPECT_EQ(time.pendingBackground(), 0u) << "edited, not run";
+}
+
+TEST_F(MenuActionsTest, AFailedSwitchOfTheLocationIsTold)
+{
+    tool->answers["A"] = fakes::FakeToolRunner::printing("");
+    actions.selectLocation("A", "Home");
+    EXPECT_EQ(onlyAlert(), "0 alerts");
+    actions.selectLocation("B", "Work");
+    EXPECT_EQ(onlyAlert(), "“Work” could not be selected.\nSwitching network location requires administrator rights.\n[OK]");
+}
+
+TEST_F(MenuActionsTest, WhatFormsNoUrlOpensNothing)
+{
+    actions.openSettingsPane("a pane");
+    actions.openWebPage("not a page");
+    EXPECT_TRUE(workspace.log.empty());
+}
+
+TEST_F(MenuActionsTest, ADesktopOpensThePlacesInItsOwnWay)
+{
+    desktop.outcome = PlaceOutcome::opened;
+    EXPECT_TRUE(actions.perform(item(MenuItemKind::systemPrefs)));
+    EXPECT_EQ(desktop.opened, std::vector<SystemPlace> { SystemPlace::systemSettings });
+    EXPECT_TRUE(workspace.log.empty() && alerts.shown.empty());
+
+    desktop.outcome = PlaceOutcome::notFound;
+    EXPECT_TRUE(actions.perform(item(MenuItemKind::appStore, "Store")));
+    EXPECT_EQ(onlyAlert(), "“Store” could not be completed.\nscriptError(\"this desktop has no program for it\")\n[OK]");
+    EXPECT_TRUE(workspace.log.empty());
+}
+
+TEST_F(MenuActionsTest, TellsAboutTheComputerItselfWhereNothingElseDoes)
+{
+    desktop.outcome = PlaceOutcome::notFound;
+    computer.facts = { .system = "Debian GNU/Linux 12", .kernel = "6.1.0", .memory = "8 GB" };
+    actions.perform(item(MenuItemKind::aboutThisMac));
+    EXPECT_EQ(onlyAlert(), "Debian GNU/Linux 12\nKernel: 6.1.0\nMemory: 8 GB\n[OK]");
+    EXPECT_EQ(alerts.shown[0].style, AlertStyle::informational);
+}
+
+TEST_F(MenuActionsTest, AsksByItselfWhereTheDesktopDoesNot)
+{
+    events.outcomes["rrst"] = { SessionEventOutcome::State::needsConfirmation };
+    alerts.answers = { 1 };
+    actions.perform(item(MenuItemKind::restart));
+    EXPECT_EQ(onlyAlert(), "Do you want to restart the computer now?\nApplications are closed without asking. Unsaved changes are lost.\n[Restart]\n[Cancel]");
+    EXPECT_EQ(alerts.shown[0].escapeButton, 1u);
+    EXPECT_EQ(events.sent, Log { "aevt/rrst" });
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,104 @@
+#include "app/actions/SessionControl.h"
+
+#include "tests/fakes/FakeActions.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+using State = SessionEventOutcome::State;
+
+struct Confirmation : SessionConfirmation {
+    bool confirms(MenuItemKind const& kind) override
+    {
+        asked.push_back(kind);
+        return answer;
+    }
+    bool answer = true;
+    std::vector<MenuItemKind> asked;
+};
+
+struct SessionControlTest : testing::Test {
+    std::string send(MenuItemKind const& kind)
+    {
+        std::string result = "not answered";
+        control.send(*SessionControl::eventFor(kind), [&](auto const& failure) { result = failure ? failure->description() : ""; });
+        return result;
+    }
+    fakes::FakeSessionEvents events;
+    Confirmation confirmation;
+    SessionControl control { events, confirmation };
+};
+
+TEST_F(SessionControlTest, SendsTheEventOfEachKind)
+{
+    struct Row {
+        MenuItemKind kind;
+        std::string event;
+    };
+    Row const rows[] = {
+        { MenuItemKind::sleep, "aevt/slep" },
+        { MenuItemKind::restart, "aevt/rrst" },
+        { MenuItemKind::shutdown, "aevt/rsdn" },
+        { MenuItemKind::logOut, "aevt/logo" },
+        { MenuItemKind::restartForced, "aevt/rest" },
+        { MenuItemKind::shutdownForced, "aevt/shut" },
+        { MenuItemKind::logOutForced, "aevt/rlgo" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.event);
+        EXPECT_EQ(send(row.kind), "");
+        EXPECT_EQ(events.sent.back(), row.event);
+        EXPECT_EQ(events.lastTimeout, std::chrono::seconds(10));
+    }
+    EXPECT_EQ(events.sent.size(), 7u) << "one event a kind";
+    EXPECT_FALSE(SessionControl::eventFor(MenuItemKind::lockScreen));
+    EXPECT_FALSE(SessionControl::eventFor(MenuItemKind::separator));
+}
+
+TEST_F(SessionControlTest, NamesTheStatusOfAFailure)
+{
+    struct Row {
+        std::int64_t status;
+        std::string description, why;
+    };
+    Row const rows[] = {
+        { -600, "sendFailed(-600)", "no such process" },
+        { -1712, "sendFailed(-1712)", "too slow" },
+        { -1743, "notPermitted", "the user's denial has a case of its own" },
+        { -4294967296 - 600, "sendFailed(-600)", "only the low 32 bits count" },
+        { -4294967296 - 1743, "sendFailed(-1743)", "the denial is told apart before narrowing" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        events.outcomes["slep"] = { State::failed, row.status };
+        EXPECT_EQ(send(MenuItemKind::sleep), row.description);
+    }
+}
+
+TEST_F(SessionControlTest, AsksBeforeForcingWhereTheSystemDoesNotAsk)
+{
+    events.outcomes["rrst"] = { State::needsConfirmation };
+    EXPECT_EQ(send(MenuItemKind::restart), "");
+    EXPECT_EQ(events.sent, (std::vector<std::string> { "aevt/rrst", "aevt/rest" }));
+    EXPECT_EQ(confirmation.asked, (std::vector<MenuItemKind> { MenuItemKind::restart }));
+}
+
+TEST_F(SessionControlTest, ADeclinedQuestionEndsNothingAndIsNoFailure)
+{
+    confirmation.answer = false;
+    events.outcomes["rsdn"] = { State::needsConfirmation };
+    EXPECT_EQ(send(MenuItemKind::shutdown), "");
+    EXPECT_EQ(events.sent, (std::vector<std::string> { "aevt/rsdn" }));
+}
+
+TEST_F(SessionControlTest, AForcedEventThatAsksFailsInsteadOfGoingRound)
+{
+    events.outcomes["rest"] = { State::needsConfirmation };
+    EXPECT_EQ(send(MenuItemKind::restartForced), "sendFailed(-1708)");
+    EXPECT_TRUE(confirmation.asked.empty());
+}
+
+} // namespace
+} // namespace zv

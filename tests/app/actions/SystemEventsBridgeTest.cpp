@@ -1,0 +1,93 @@
+#include "app/actions/SystemEventsBridge.h"
+
+#include "tests/fakes/FakeActions.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+using State = ScriptOutcome::State;
+
+struct SystemEventsBridgeTest : testing::Test {
+    std::string run()
+    {
+        std::string result = "not answered";
+        bridge.run(*SystemEventsBridge::scriptFor(MenuItemKind::forceQuit), [&](auto const& failure) { result = failure ? failure->description() : ""; });
+        return result;
+    }
+    fakes::FakeScriptRunner runner;
+    int told = 0;
+    bool goesOn = true;
+    SystemEventsBridge bridge { runner, [this] {
+                                   ++told;
+                                   return goesOn;
+                               } };
+};
+
+TEST_F(SystemEventsBridgeTest, HasAFixedScriptForEachKindThatNeedsOne)
+{
+    std::string const dock = "tell application \"System Events\" to tell dock preferences\n    ";
+    struct Row {
+        MenuItemKind kind;
+        std::string source;
+        bool isDockScript;
+    };
+    Row const rows[] = {
+        { MenuItemKind::forceQuit, "tell application \"System Events\" to key code 53 using {command down, option down}", false },
+        { MenuItemKind::lockScreen, "tell application \"System Events\" to key code 12 using {command down, control down}", false },
+        { MenuItemKind::dockMagnification, dock + "set magnification to not magnification\nend tell", true },
+        { MenuItemKind::dockHiding, dock + "set autohide to not autohide\nend tell", true },
+        { MenuItemKind::dockPosLeft, dock + "set screen edge to left\nend tell", true },
+        { MenuItemKind::dockPosBottom, dock + "set screen edge to bottom\nend tell", true },
+        { MenuItemKind::dockPosRight, dock + "set screen edge to right\nend tell", true },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.source);
+        auto const script = SystemEventsBridge::scriptFor(row.kind);
+        ASSERT_TRUE(script);
+        EXPECT_EQ(script->source, row.source);
+        EXPECT_EQ(SystemEventsBridge::dockScript(row.kind), row.isDockScript ? std::optional(row.source) : std::nullopt);
+    }
+    EXPECT_FALSE(SystemEventsBridge::scriptFor(MenuItemKind::dockPrefs));
+}
+
+TEST_F(SystemEventsBridgeTest, MapsErrorsToFailures)
+{
+    struct Row {
+        ScriptOutcome outcome;
+        std::string failure, why;
+    };
+    Row const rows[] = {
+        { { State::succeeded }, "", "nothing went wrong" },
+        { { State::notCompiled }, "scriptError(\"could not compile script\")", "never ran" },
+        { { State::failed, -10827, "System Events got an error" }, "scriptError(\"System Events got an error\")", "the system's own words" },
+        { { State::failed, -1743, "Not authorized" }, "notPermitted", "the denial wins over its words" },
+        { { State::failed, -1728, std::nullopt }, "scriptError(\"unknown error -1728\")", "a number alone" },
+        { { State::failed, std::nullopt, std::nullopt }, "scriptError(\"unknown error 0\")", "nothing at all" },
+        { { State::failed, std::nullopt, "" }, "scriptError(\"\")", "an empty message is a message" },
+        { { State::noEquivalent }, "scriptError(\"this desktop has no equivalent\")", "another system" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        runner.outcome = row.outcome;
+        EXPECT_EQ(run(), row.failure);
+    }
+    EXPECT_EQ(told, 0);
+}
+
+TEST_F(SystemEventsBridgeTest, TellsTheUserBeforeWhatWouldSurprise)
+{
+    runner.outcome = { State::mustTellUser };
+    EXPECT_EQ(run(), "");
+    ASSERT_EQ(runner.scripts.size(), 2u);
+    EXPECT_TRUE(runner.scripts.back().userWasTold);
+
+    goesOn = false;
+    EXPECT_EQ(run(), "") << "declining is no failure";
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(runner.scripts.size(), 3u) << "what was declined is not done";
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,32 @@
+#include "app/hotkeys/HotkeyReport.h"
+
+#include "tests/fakes/FakeHotkeys.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
+{
+    fakes::FakeHotkeyRegistrar registrar;
+    fakes::FakeKeyboardLayoutSource source;
+    source.set({ { { 14, "e" }, { 0, "a" } } });
+    Notifications notifications;
+    KeyboardLayout layout(source, notifications);
+    HotkeyCenter center(registrar, layout);
+    EXPECT_EQ(hotkeyReport(center), R"({"registrations":[],"conflicts":[]})");
+
+    auto item = MenuItem::ofKind(MenuItemKind::sleep);
+    item.id = *Uuid::parse("00000000-0000-0000-0000-0000000000AB");
+    item.keyEquivalent = KeyEquivalentSpec { .trigger = KeyEquivalentSpec::Trigger::character("E"), .option = true };
+    auto const bare = KeyEquivalentSpec { .trigger = KeyEquivalentSpec::Trigger::named("f5"), .noCommand = true };
+    center.setFileHotkeys({ { Url::fromPath("/a\xFF"), bare }, { Url::fromPath("/b"), *item.keyEquivalent } });
+    center.menuItemsChanged({ item });
+    EXPECT_EQ(hotkeyReport(center),
+        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB"},)"
+        R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}]})");
+}
+
+} // namespace
+} // namespace zv

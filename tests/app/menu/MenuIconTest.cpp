@@ -1,0 +1,77 @@
+#include "app/menu/MenuIcon.h"
+
+#include "tests/fakes/FakeLists.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+struct MenuIconTest : testing::Test {
+    static std::string nameOf(ImageRef const& image) { return image ? image->name() : "none"; }
+
+    fakes::FakeIconSource source;
+    MenuIcon icons { source, Url::fromPath("/home/me/Zanthe Vell Items") };
+};
+
+TEST_F(MenuIconTest, GivesEachKindItsPicture)
+{
+    struct Row {
+        MenuItemKind::Case kind;
+        std::string name;
+    };
+    std::string const dock = "file:/System/Library/CoreServices/Dock.app";
+    std::string const settings = "file:/System/Applications/System Settings.app";
+    Row const rows[] = {
+        { MenuItemKind::zantheVellItems, "file:/home/me/Zanthe Vell Items" },
+        { MenuItemKind::revealZantheVellItems, "file:/home/me/Zanthe Vell Items" },
+        { MenuItemKind::recentServers, "network" },
+        { MenuItemKind::dockMenu, dock },
+        { MenuItemKind::dockPrefs, dock },
+        { MenuItemKind::shortcuts, "file:/System/Applications/Shortcuts.app" },
+        { MenuItemKind::aboutThisMac, "computer" },
+        { MenuItemKind::appStore, "file:/System/Applications/App Store.app" },
+        { MenuItemKind::softwareUpdate, "file:/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex" },
+        { MenuItemKind::systemPrefs, settings },
+        { MenuItemKind::simpleSystemPrefs, settings },
+        { MenuItemKind::customizeZantheVell, "application" },
+        { MenuItemKind::quitZantheVell, "application" },
+        { MenuItemKind::location, "file:/System/Library/ExtensionKit/Extensions/Network.appex" },
+    };
+    for (int value = 0; value < MenuItemKind::fixedCount; ++value) {
+        auto const kind = static_cast<MenuItemKind::Case>(value);
+        auto const row = std::find_if(std::begin(rows), std::end(rows), [&](auto const& known) { return known.kind == kind; });
+        EXPECT_EQ(nameOf(icons.iconForKind(kind)), row == std::end(rows) ? "none" : row->name) << MenuItemKind(kind).rawValue();
+    }
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::makeUnknown("x"))), "none");
+}
+
+TEST_F(MenuIconTest, FallsBackWhereAFileHasNoPicture)
+{
+    source.missing["/home/me/Zanthe Vell Items"] = true;
+    source.missing["/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex"] = true;
+    source.missing["/System/Applications/App Store.app"] = true;
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::zantheVellItems)), "folder");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "file:/System/Applications/System Settings.app");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
+}
+
+TEST_F(MenuIconTest, FetchesAPictureOnceUntilItsCacheIsEmptied)
+{
+    auto const file = Url::fromPath("/a");
+    auto const first = icons.iconForFile(file);
+    EXPECT_EQ(icons.iconForFile(file), first);
+    (void)icons.iconForKind(MenuItemKind::recentServers);
+    (void)icons.networkIcon();
+    EXPECT_EQ(source.asked["file:/a"], 1);
+    EXPECT_EQ(source.asked["network"], 1);
+
+    icons.emptyCache();
+    EXPECT_NE(icons.iconForFile(file), first);
+    EXPECT_EQ(source.asked["file:/a"], 2);
+}
+
+TEST_F(MenuIconTest, ShowsTheNetworkForWhatLiesOnAServer) { EXPECT_EQ(nameOf(icons.iconForFile(Url::parse("smb://nas/Public").value())), "network"); }
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,181 @@
+#include "app/settings/GeneralSettings.h"
+#include "app/settings/AboutText.h"
+#include "app/settings/LibraryPalette.h"
+#include "tests/app/settings/SettingsFixture.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeFilePanels.h"
+#include "tests/fakes/FakeShell.h"
+#include "tests/fakes/FakeTime.h"
+#include "tests/fakes/FakeUpdates.h"
+
+#include <algorithm>
+
+namespace zv {
+namespace {
+
+struct GeneralSettingsTest : SettingsFixture {
+    [[nodiscard]] std::optional<SettingsRow> row(std::string const& id)
+    {
+        for (auto const& section : settings.sections()) {
+            for (auto const& candidate : section.rows) {
+                if (candidate.id == id)
+                    return candidate;
+            }
+        }
+        return std::nullopt;
+    }
+
+    Preferences preferences { defaults };
+    fakes::FakeLoginService loginService;
+    LoginItem loginItem { loginService };
+    fakes::FakeUserNotifications notifications;
+    fakes::FakeApplication application;
+    fakes::FakeUpdateEngine* engine = nullptr;
+    KresUpdater updater { { resources, { notifications, application, resources }, [this](UpdateChannels&, UpdateUserDriver&) {
+                               auto made = std::make_unique<fakes::FakeUpdateEngine>();
+                               engine = made.get();
+                               return made;
+                           } } };
+    fakes::FakeTime time;
+    MenuBackups backups { { files, time }, Url::fromPath("/backups") };
+    fakes::FakeFilePanels panels;
+    fakes::FakeAlerts alerts;
+    MenuFileCommands menuFile { { *editor, backups, files, locations, panels, alerts } };
+    std::optional<std::string> trayProblem;
+    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), [this] { return trayProblem; } } };
+};
+
+TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
+{
+    EXPECT_FALSE(row("noPresence"));
+    row("replaceAppleMenu")->toggle(false);
+    EXPECT_FALSE(preferences.replacesAppleMenu());
+    EXPECT_FALSE(row("rainbowLogo")->isEnabled);
+    EXPECT_FALSE(row("noPresence")) << "the status item is still there";
+    row("showStatusItem")->toggle(false);
+    EXPECT_EQ(row("noPresence")->title, "Zanthe Vell then shows a Dock icon.");
+    row("recentItems")->choose(50);
+    EXPECT_EQ(preferences.recentItemsLimit(), 50);
+}
+
+TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
+{
+    std::function<void()> const changes[] = { [&] { preferences.setReplacesAppleMenu(false); }, [&] { preferences.setShowsStatusItem(false); },
+        [&] { preferences.setDrawsRainbowAppleLogo(false); }, [&] { preferences.setShowIcons(false); }, [&] { preferences.setShowHiddenFiles(true); },
+        [&] { preferences.setSortFoldersFirst(false); }, [&] { preferences.setRecentItemsLimit(1); }, [&] { preferences.setMaximumScanDepth(1); },
+        [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); },
+        [&] { engine->canCheck = true, engine->onCanCheckChanged(); } };
+    for (auto const& change : changes) {
+        bool told = false;
+        auto const observation = withObservationTracking([&] { (void)settings.sections(); }, [&] { told = true; });
+        change();
+        EXPECT_TRUE(told) << &change - &changes[0];
+    }
+}
+
+TEST_F(GeneralSettingsTest, KeepsAStoredValueThatItDoesNotOffer)
+{
+    preferences.setMaximumItemsPerFolder(123);
+    auto const shown = row("itemsPerFolder");
+    EXPECT_EQ(shown->value, 123);
+    ASSERT_EQ(shown->choices.size(), 6U);
+    EXPECT_EQ(shown->choices[2], (SettingsChoice { "123", 123 })) << "in its place among the others";
+    row("showIcons")->toggle(false);
+    EXPECT_EQ(preferences.maximumItemsPerFolder(), 123);
+    preferences.setHotkeyPrescanDepth(-4);
+    EXPECT_EQ(row("prescanDepth")->choices.front().value, -4);
+}
+
+TEST_F(GeneralSettingsTest, ShowsWhatTheLoginItemAndTheUpdaterSay)
+{
+    loginService.current = LoginService::Status::requiresApproval;
+    EXPECT_EQ(row("loginApproval")->title,
+        "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.");
+    row("loginSettings")->press();
+    EXPECT_EQ(loginService.settingsOpened, 1);
+    loginService.failure = LoginService::Error { 1, "It may not be." };
+    row("openAtLogin")->toggle(false);
+    EXPECT_EQ(alerts.shown.back().informativeText, "It may not be.");
+
+    EXPECT_EQ(row("startProblem")->title, "No appcast URL is set, so there is nothing to check against.");
+    EXPECT_FALSE(row("checkNow")->isEnabled);
+    engine->canCheck = true;
+    engine->onCanCheckChanged();
+    row("checkNow")->press();
+    EXPECT_EQ(engine->checks, 1);
+
+    trayProblem = "This desktop shows no status icons.";
+    EXPECT_EQ(row("statusItemProblem")->title, *trayProblem);
+}
+
+TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)
+{
+    setMenu("a b[x]");
+    panels.saved = Url::fromPath("/out/menu.plist");
+    menuFile.exportMenu();
+    setMenu("c");
+    panels.opened = { *panels.saved };
+    menuFile.importMenu();
+    EXPECT_EQ(menu(), "a b[x]");
+    ASSERT_EQ(edits.size(), 1U);
+    editor->restore(edits[0].before);
+    EXPECT_EQ(menu(), "c") << "an import can be undone";
+
+    files.addFile("/out/wrong.plist", "<plist version=\"1.0\"><array><dict/></array></plist>");
+    for (auto const* path : { "/out/wrong.plist", "/out/missing.plist" }) {
+        panels.opened = { Url::fromPath(path) };
+        menuFile.importMenu();
+        EXPECT_EQ(alerts.shown.back().message, "“" + panels.opened[0].lastPathComponent() + "” could not be imported.");
+        EXPECT_EQ(menu(), "c");
+    }
+    files.readOnly.insert("/out");
+    menuFile.exportMenu();
+    EXPECT_EQ(alerts.shown.back().message, "The menu could not be exported to “menu.plist”.");
+}
+
+TEST_F(GeneralSettingsTest, RestoresTheDefaultMenuOnlyWhenToldSo)
+{
+    setMenu("a");
+    alerts.answers = { 1, 0 };
+    row("resetMenu")->press();
+    EXPECT_EQ(menu(), "a");
+    row("resetMenu")->press();
+    EXPECT_NE(menu(), "a");
+    editor->restore(edits.back().before);
+    EXPECT_EQ(menu(), "a");
+}
+
+TEST(LibraryPalette, FindsEntriesAsPeopleType)
+{
+    auto const entry = [](std::string title, std::string description, std::string group) {
+        LibraryEntry made;
+        made.id = made.title = std::move(title);
+        made.localizedDescription = std::move(description);
+        made.group = std::move(group);
+        return made;
+    };
+    LibraryPalette const palette({ entry("Sleep", "Puts the computer to sleep.", "System"), entry("Café Menü", "A test.", "Lists"),
+        entry("Restart…", "Asks, then restarts.", "System") });
+    auto const found = [&](std::string_view search) {
+        std::string text;
+        for (auto const& group : palette.groups(search)) {
+            text += group.title + ":";
+            for (auto const* each : group.entries)
+                text += each->title + ";";
+        }
+        return text;
+    };
+    EXPECT_EQ(found(""), "System:Sleep;Restart…;Lists:Café Menü;");
+    EXPECT_EQ(found("cafe menu"), "Lists:Café Menü;");
+    EXPECT_EQ(found("  SYSTEM sleep "), "System:Sleep;");
+    EXPECT_EQ(found("nothing like that"), "");
+}
+
+TEST(Diagnostics, NamePeopleNowhere)
+{
+    EXPECT_EQ(withoutPersonalPaths("/home/ada/.config and /media/ada/stick, ada", "/home/ada", "ada"), "~/.config and /media/user/stick, ada");
+    EXPECT_EQ(withoutPersonalPaths("/a/b", "/", ""), "/a/b");
+}
+
+} // namespace
+} // namespace zv

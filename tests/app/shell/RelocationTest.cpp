@@ -1,0 +1,102 @@
+#include "app/shell/Relocation.h"
+
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeShell.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+struct RelocationTest : testing::Test {
+    bool relocate(Environment const& environment = {})
+    {
+        Relocation relocation({ installation, application, alerts, workspace });
+        return relocation.relocateIfNeeded(Url::fromPath("/Volumes/Zanthe Vell/Zanthe Vell.app"), environment);
+    }
+
+    fakes::FakeInstallation installation;
+    fakes::FakeApplication application;
+    fakes::FakeAlerts alerts;
+    fakes::FakeWorkspace workspace;
+};
+
+TEST_F(RelocationTest, AsksOnlyWhereTheProgramWillNotStay)
+{
+    EXPECT_FALSE(relocate());
+    installation.from = RelocationSource::diskImage;
+    EXPECT_FALSE(relocate({ { "XCTestBundlePath", "" } }));
+    installation.folder = std::nullopt;
+    EXPECT_FALSE(relocate());
+    EXPECT_TRUE(alerts.shown.empty());
+}
+
+TEST_F(RelocationTest, NamesTheDestinationAndTheReason)
+{
+    struct Row {
+        RelocationSource source;
+        std::string reason;
+    };
+    Row const rows[] = {
+        { RelocationSource::translocated,
+            "Zanthe Vell is running from the read-only copy macOS makes when an app is opened from the folder it was downloaded to. It cannot check for "
+            "updates from there, and the copy is thrown away when it quits." },
+        { RelocationSource::diskImage,
+            "Zanthe Vell is running from a disk image. It cannot check for updates from there, and it quits as soon as the image is ejected." },
+    };
+    alerts.answers = { 1, 1 };
+    for (auto const& row : rows) {
+        installation.from = row.source;
+        EXPECT_FALSE(relocate());
+        auto const& alert = alerts.shown.back();
+        EXPECT_EQ(alert.message, "Copy Zanthe Vell to /Applications?");
+        EXPECT_EQ(alert.informativeText,
+            row.reason + "\n\nCopying it to /Applications and relaunching from there fixes both. The copy you opened is left where it is.");
+        EXPECT_EQ(alert.buttons, (std::vector<std::string> { "Copy to Applications Folder", "Not Now" }));
+        EXPECT_EQ(alert.escapeButton, 1U);
+    }
+    EXPECT_TRUE(installation.files.empty()) << "“Not Now” copies nothing";
+    EXPECT_EQ(application.policy, ActivationPolicy::regular) << "so that the alert comes to the front";
+}
+
+TEST_F(RelocationTest, StartsTheCopyAndGivesWayToIt)
+{
+    installation.from = RelocationSource::diskImage;
+    EXPECT_TRUE(relocate());
+    EXPECT_EQ(installation.files, (std::set<std::string> { "/Applications/Zanthe Vell.app" }));
+    EXPECT_EQ(workspace.log, (std::vector<std::string> { "launch file:///Applications/Zanthe%20Vell.app" }));
+    EXPECT_EQ(application.log.back(), "terminate");
+    EXPECT_TRUE(installation.hasGivenWay) << "or the copy would find that the program runs already";
+}
+
+TEST_F(RelocationTest, BuildsNothingMoreWhenToldToQuitWhileItAsks)
+{
+    installation.from = RelocationSource::diskImage;
+    alerts.answers = { 1 };
+    application.terminating = true;
+    EXPECT_TRUE(relocate());
+    EXPECT_TRUE(installation.files.empty());
+}
+
+TEST_F(RelocationTest, CarriesOnWhenTheCopyFailsHalfWay)
+{
+    installation.from = RelocationSource::diskImage;
+    installation.copyFailure = "No space left on device.";
+    EXPECT_FALSE(relocate());
+    EXPECT_TRUE(installation.files.empty()) << "nothing is left behind";
+    EXPECT_EQ(alerts.shown.back().message, "“Zanthe Vell” could not be copied to /Applications.");
+    EXPECT_EQ(alerts.shown.back().informativeText, "No space left on device.");
+}
+
+TEST_F(RelocationTest, EndsWithAWordWhenTheCopyDoesNotStart)
+{
+    installation.from = RelocationSource::translocated;
+    workspace.launchFailure = "It is damaged.";
+    EXPECT_TRUE(relocate());
+    EXPECT_EQ(alerts.shown.back().message, "“Zanthe Vell” could not be opened after copying.");
+    EXPECT_EQ(alerts.shown.back().informativeText, "It is damaged. Open the copy in /Applications.");
+    EXPECT_EQ(application.log.back(), "terminate");
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,49 @@
+#include "base/Url.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+TEST(Url, NamesEveryPathThereIs)
+{
+    struct Row {
+        std::string path, text;
+    };
+    Row const rows[] = {
+        { "/", "file:///" },
+        { "/a b/c", "file:///a%20b/c" },
+        { "/100% #1?", "file:///100%25%20%231%3F" },
+        { "/Zürich", "file:///Z%C3%BCrich" },
+        { "/bad\xFF\nname", "file:///bad%FF%0Aname" },
+        { "/plain-._~!$&'()*+,:=@", "file:///plain-._~!$&'()*+,:=@" },
+    };
+    for (auto const& row : rows) {
+        auto const url = Url::fromPath(row.path);
+        EXPECT_EQ(url.toString(), row.text);
+        EXPECT_EQ(url.path(), row.path);
+        EXPECT_EQ(Url::parse(row.text), url);
+    }
+    EXPECT_EQ(Url::fromPath("/a//"), Url::fromPath("/a"));
+}
+
+TEST(Url, AppendingIsThePathsOwnAppending)
+{
+    struct Row {
+        std::string folder, component, path;
+    };
+    Row const rows[] = {
+        { "/", "a", "/a" },
+        { "/a b", "c\xFF%", "/a b/c\xFF%" },
+        { "/a", "b/c", "/a/b/c" },
+        { "/a", "b//", "/a/b" },
+        { "/a", "", "/a" },
+        { "/a", "/", "/a" },
+        { "/", "", "/" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(Url::fromPath(row.folder).appending(row.component), Url::fromPath(row.path)) << row.path;
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,67 @@
+#include "tests/fakes/FakeUserDefaults.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace zv {
+namespace {
+
+TEST(UserDefaults, ReadsBooleansAndIntegersLeniently)
+{
+    struct Row {
+        PropertyList value;
+        bool boolean;
+        std::int64_t integer;
+        std::string why;
+    };
+    Row const rows[] = {
+        { true, true, 1, "a boolean" },
+        { false, false, 0, "a boolean" },
+        { 3, true, 3, "an integer" },
+        { -3, true, -3, "a negative integer" },
+        { 0, false, 0, "zero" },
+        { UINT64_MAX, true, INT64_MAX, "above the signed range" },
+        { 2.9, true, 2, "a real is cut" },
+        { 0.5, true, 0, "a real other than zero is true" },
+        { 1e300, true, INT64_MAX, "a real too large" },
+        { -1e300, true, INT64_MIN, "a real too small" },
+        { std::nan(""), true, 0, "no number" },
+        { "YES", true, 0, "a text for true" },
+        { "true", true, 0, "a text for true" },
+        { "1", true, 1, "a text for true" },
+        { "NO", false, 0, "any other text" },
+        { "", false, 0, "an empty text" },
+        { " 250 items", false, 250, "as far as it is a number" },
+        { "+7", false, 7, "a sign" },
+        { "-12.9", false, -12, "as far as it is an integer" },
+        { "99999999999999999999", false, INT64_MAX, "beyond the range" },
+        { "-99999999999999999999", false, INT64_MIN, "beyond the range" },
+        { PropertyListArray { 1 }, false, 0, "no scalar" },
+        { PropertyListDictionary { { "a", 1 } }, false, 0, "no scalar" },
+        { PropertyListDate { 5 }, false, 0, "a date is no number" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        fakes::FakeUserDefaults defaults;
+        defaults.setObject("Key", row.value);
+        EXPECT_EQ(defaults.boolForKey("Key"), row.boolean);
+        EXPECT_EQ(defaults.integerForKey("Key"), row.integer);
+    }
+}
+
+TEST(UserDefaults, ReadsWhatIsRegisteredWhereNothingIsStored)
+{
+    fakes::FakeUserDefaults defaults;
+    EXPECT_FALSE(defaults.boolForKey("Shown"));
+    EXPECT_EQ(defaults.integerForKey("Limit"), 0);
+    defaults.registerDefaults({ { "Shown", true }, { "Limit", 20 } });
+    EXPECT_TRUE(defaults.boolForKey("Shown"));
+    defaults.setObject("Limit", 5);
+    EXPECT_EQ(defaults.integerForKey("Limit"), 5);
+}
+
+} // namespace
+} // namespace zv

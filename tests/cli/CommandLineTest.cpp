@@ -1,0 +1,71 @@
+#include "tests/cli/CommandLineFixture.h"
+
+#include "cli/Options.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+using CommandLineTest = CommandLineFixture;
+using Words = std::vector<std::string>;
+
+bool isOneLine(std::string const& text) { return text.ends_with('\n') && std::count(text.begin(), text.end(), '\n') == 1; }
+
+} // namespace
+
+TEST_F(CommandLineTest, HelpNamesEveryCommand)
+{
+    auto const help = run({ "--help" });
+    EXPECT_EQ(help.status, 0);
+    for (auto const* command : commandTable()) {
+        EXPECT_NE(help.out.find(std::string(command->name)), std::string::npos) << command->name;
+        EXPECT_NE(help.out.find(std::string(command->summary)), std::string::npos) << command->name;
+    }
+    EXPECT_EQ(run({ "-h" }), help);
+    EXPECT_EQ(run({ "help" }), help);
+}
+
+TEST_F(CommandLineTest, EachCommandTellsItsUsage)
+{
+    EXPECT_EQ(run({ "export", "--help" }), (Outcome { 0, "usage: zanthe-vell export FILE\n\nwrite the menu to a file (- is standard output)\n", "" }));
+    for (auto const* command : commandTable())
+        EXPECT_EQ(run({ std::string(command->name), "--help" }).status, 0) << command->name;
+}
+
+TEST_F(CommandLineTest, TellsItsVersion) { EXPECT_EQ(run({ "--version" }), (Outcome { 0, "Zanthe Vell " ZV_VERSION "\n", "" })); }
+
+TEST_F(CommandLineTest, WrongUsageIsStatusTwoAndOneLine)
+{
+    Words const wrong[] = { { "fly" }, { "--json" }, { "fly\naway" }, { "check-name" }, { "check-name", "--xml", "a" }, { "check-name", "--json=1", "a" },
+        { "prefs", "read", "ScanDepth", "extra" }, { "prefs", "write", "ScanDepth" }, { "prefs", "erase", "ScanDepth" }, { "prefs", "reset" }, { "export" },
+        { "export", "a", "b" }, { "import" }, { "import", "--chek", "a" } };
+    for (auto const& arguments : wrong) {
+        auto const outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments[0];
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_TRUE(isOneLine(outcome.err)) << outcome.err;
+        EXPECT_TRUE(outcome.err.starts_with("zanthe-vell: ")) << outcome.err;
+    }
+    EXPECT_TRUE(defaults.writes.empty());
+}
+
+TEST(Options, TellOptionsFromOperands)
+{
+    Options::Known const known[] = { { "--json" }, { "--at", Options::Takes::value } };
+    auto const parse = [&](Words const& words) { return Options::parse(words, known); };
+    auto const all = parse({ "a", "--json", "--at", "1,2", "-", "--", "--json", "-x" }).value();
+    EXPECT_TRUE(all.has("--json"));
+    EXPECT_EQ(*all.value("--at"), "1,2");
+    EXPECT_EQ(all.operands(), (Words { "a", "-", "--json", "-x" }));
+    EXPECT_EQ(*parse({ "--at=--json" })->value("--at"), "--json");
+    EXPECT_EQ(*parse({ "--at=1", "--at=2" })->value("--at"), "2");
+    EXPECT_EQ(parse({})->value("--at"), nullptr);
+    EXPECT_EQ(parse({ "--at" }).error(), "the option --at needs a value");
+    EXPECT_EQ(parse({ "--json=yes" }).error(), "the option --json takes no value");
+    EXPECT_EQ(parse({ "--jso" }).error(), "there is no option --jso");
+    EXPECT_EQ(parse({ "-***", "-" })->operands(), (Words { "-***", "-" })) << "names may begin so";
+}
+
+} // namespace zv

@@ -1,0 +1,64 @@
+#include "cli/MenuSession.h"
+#include "tests/app/menu/MenuBench.h"
+#include "tests/cli/CommandLineFixture.h"
+
+#include <nlohmann/json.hpp>
+
+namespace zv {
+namespace {
+
+struct MenuCommand : CommandLineFixture {
+    MenuCommand()
+    {
+        auto folder = MenuItem::ofKind(MenuItemKind::fsObject);
+        folder.location = ItemLocation { .path = "/f" };
+        files.addFolder("/f"); // the store's disk
+        bench.files.addFolder("/f"); // the builder's
+        bench.reader->folders["/f"] = { fakes::FakeFolderReader::folder("g") };
+        bench.reader->folders["/f/g"] = { { "h" } };
+        (void)defaults.setObject("Menu", toPropertyList(std::vector { folder, MenuItem::ofKind(MenuItemKind::aboutThisMac) }));
+        menus = &session;
+    }
+
+    MenuBench bench;
+    MenuSession session { bench.builder, [](auto const&, auto) {} };
+};
+
+TEST_F(MenuCommand, ShowsTheUsersMenuAsItWouldOpen)
+{
+    EXPECT_EQ(run({ "menu" }).out,
+        "f ▸\n"
+        "  (Loading…)\n"
+        "About This Mac\n"
+        "────────\n"
+        "Customize Zanthe Vell…   ⌘,\n");
+    EXPECT_EQ(run({ "menu", "--expand", "2" }).out,
+        "f ▸\n"
+        "  g ▸\n"
+        "    h\n"
+        "About This Mac\n"
+        "────────\n"
+        "Customize Zanthe Vell…   ⌘,\n");
+    EXPECT_NE(run({ "menu", "--option" }).out.find("System Information\n"), std::string::npos);
+}
+
+TEST_F(MenuCommand, GivesJsonThatAProgramCanRead)
+{
+    auto const json = nlohmann::json::parse(run({ "menu", "--json", "--expand=1" }).out);
+    EXPECT_EQ(json["items"][0]["items"][0]["title"], "g");
+    EXPECT_EQ(json["items"].size(), 4U);
+}
+
+TEST_F(MenuCommand, RefusesWhatItDoesNotTake)
+{
+    for (auto const& arguments : { std::vector<std::string> { "menu", "x" }, { "menu", "--expand" }, { "menu", "--expand", "-1" }, { "menu", "--expand", "2x" },
+             { "menu", "--expand", "99999999999" }, { "menu", "--all" } }) {
+        auto const outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments.back();
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err, "");
+    }
+}
+
+} // namespace
+} // namespace zv

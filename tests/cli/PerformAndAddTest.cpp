@@ -1,0 +1,97 @@
+#include "cli/EntryPath.h"
+#include "tests/cli/CommandLineFixture.h"
+
+namespace zv {
+namespace {
+
+struct EntryPathTest : testing::Test {
+    EntryPathTest()
+    {
+        auto const folder = std::make_shared<Menu>("Home");
+        menu->entries = { MenuEntry::disabled("Café"), action("Café"), MenuEntry::separator(), action("R&D"), MenuEntry::disabled("Gone") };
+        MenuEntry home;
+        home.title = "Home";
+        home.submenu = folder;
+        menu->entries.push_back(home);
+    }
+    static MenuEntry action(std::string title)
+    {
+        MenuEntry entry;
+        entry.title = std::move(title);
+        entry.target = std::make_shared<MenuActionTarget>([] {});
+        return entry;
+    }
+    /// What was found, or why nothing was; submenus list one document when they open.
+    std::string find(std::vector<std::string> const& titles)
+    {
+        auto const entry = entryAt(menu, titles, [](Menu& opened) { opened.entries = { action("a.txt") }; });
+        return entry ? entry->title + (entry->enabled ? "" : " (disabled)") : entry.error();
+    }
+    std::shared_ptr<Menu> menu = std::make_shared<Menu>();
+};
+
+TEST_F(EntryPathTest, FollowsTheTitles)
+{
+    struct Row {
+        std::vector<std::string> titles;
+        std::string found, why;
+    };
+    Row const rows[] = {
+        { { "Café" }, "Café", "the one that can be chosen" },
+        { { "CAFE" }, "Café", "case and accents may differ" },
+        { { "R&D" }, "R&D", "any characters" },
+        { { "Gone" }, "Gone (disabled)", "better than nothing" },
+        { { "Home" }, "Home", "a submenu itself" },
+        { { "Home", "a.txt" }, "a.txt", "it opens on the way" },
+        { { "Home", "b.txt" }, "there is no “b.txt” in “Home”", "not in there" },
+        { { "b.txt" }, "there is no “b.txt” in the menu", "not at all" },
+        { { "R&D", "a.txt" }, "“R&D” has no submenu", "a command" },
+        { { "" }, "there is no “” in the menu", "separators have no title to match" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        EXPECT_EQ(find(row.titles), row.found);
+    }
+}
+
+struct AddCommandTest : CommandLineFixture {
+    AddCommandTest()
+    {
+        addFile("/here/Report.pdf", "");
+        files.addFolder("/here/Work");
+    }
+    std::string target(std::string const& name)
+    {
+        auto const found = files.nodes.find("/data/Items/" + name);
+        return found == files.nodes.end() ? "none" : found->second.target;
+    }
+};
+
+TEST_F(AddCommandTest, AddsFilesFromWhereTheUserIs)
+{
+    EXPECT_EQ(run({ "add", "Report.pdf", "./Work/", "../here//Report.pdf", "." }), (Outcome { 0, "", "" }));
+    EXPECT_EQ(target("Report.pdf"), "/here/Report.pdf");
+    EXPECT_EQ(target("Report 2.pdf"), "/here/Report.pdf");
+    EXPECT_EQ(target("Work"), "/here/Work");
+    EXPECT_EQ(target("here"), "/here");
+}
+
+TEST_F(AddCommandTest, SaysInOneLineWhatWentWrong)
+{
+    EXPECT_EQ(run({ "add", "gone", "Work" }),
+        (Outcome { 1, "", "zanthe-vell: 1 of 2 items could not be added to Zanthe Vell Items. “gone” — No such file or directory\n" }));
+    EXPECT_EQ(target("Work"), "/here/Work");
+    EXPECT_EQ(run({ "add" }).status, 2);
+    files.erase("/data/Items");
+    addFile("/data/Items", "a file");
+    EXPECT_EQ(run({ "add", "Work" }), (Outcome { 1, "", "zanthe-vell: The Zanthe Vell Items folder could not be created. /data/Items  File exists\n" }));
+}
+
+TEST_F(AddCommandTest, PerformNeedsATitle)
+{
+    EXPECT_EQ(run({ "perform" }).status, 2);
+    EXPECT_EQ(run({ "perform", "--option", "Sleep" }).status, 2);
+}
+
+} // namespace
+} // namespace zv

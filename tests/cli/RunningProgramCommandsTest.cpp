@@ -1,0 +1,47 @@
+#include "tests/cli/CommandLineFixture.h"
+
+namespace zv {
+namespace {
+
+using RunningProgramCommands = CommandLineFixture;
+
+TEST_F(RunningProgramCommands, AskTheRunningProgram)
+{
+    struct Row {
+        std::vector<std::string> arguments;
+        std::string asked;
+    };
+    Row const rows[] = {
+        { { "show" }, "show" },
+        { { "show", "--at", "10,-20" }, "show 10.000000 -20.000000" },
+        { { "show", "--at=0,0" }, "show 0.000000 0.000000" },
+        { { "settings" }, "settings" },
+        { { "quit" }, "quit" },
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(run(row.arguments), (Outcome { 0, "", "" }));
+        EXPECT_EQ(program.asked.back(), row.asked);
+    }
+}
+
+TEST_F(RunningProgramCommands, RefuseWhatTheyDoNotTake)
+{
+    std::vector<std::vector<std::string>> const rows { { "show", "here" }, { "show", "--at", "10" }, { "show", "--at", "1,2,3" }, { "show", "--at", "1,x" },
+        { "show", "--at" }, { "settings", "now" }, { "quit", "--now" } };
+    for (auto const& arguments : rows) {
+        auto const outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments.back();
+        EXPECT_FALSE(outcome.err.empty());
+    }
+    EXPECT_TRUE(program.asked.empty());
+}
+
+TEST_F(RunningProgramCommands, SayWhyNobodyAnswered)
+{
+    program.failure = "Zanthe Vell is not running.";
+    EXPECT_EQ(run({ "quit" }).status, 1);
+    EXPECT_NE(run({ "quit" }).err.find("Zanthe Vell is not running."), std::string::npos);
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,227 @@
+"""The menu on a desktop: icon, windows, bus, panels that come and go, bad weather."""
+
+import os
+import subprocess
+import time
+import unittest
+
+from gi.repository import GLib
+
+import desktop
+from desktop import Bus, BusMenu, Panel, Program, click, keys, open_by_icon, wait_until, windows, zv
+
+HOME = desktop.HOME
+FOLDER = os.path.join(HOME, "Folder")
+LAUNCHED = os.path.join(HOME, "launched")
+
+
+def write(path, text=""):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+
+
+class MenuTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        for name in ("apple.txt", "banana.txt", "R&D _x_.txt"):
+            write(os.path.join(FOLDER, name))
+        for name in ("deep.txt", "deeper.txt", "deepest.txt"):
+            write(os.path.join(FOLDER, "Inner", name))
+        entry = os.path.join(HOME, "Launch.desktop")
+        write(entry, f"[Desktop Entry]\nType=Application\nName=Launch\nExec=touch {LAUNCHED}\nIcon=utilities-terminal\n")
+        os.chmod(entry, 0o755)
+        desktop.set_menu([("FSObject", "Folder", FOLDER), ("Separator", None, None), ("FSObject", "Launch", entry), ("Sleep", None, None)])
+        zv("prefs", "write", "ReplaceAppleMenu", "false")
+
+    def setUp(self):
+        self.bus = Bus()
+        if os.path.exists(LAUNCHED):
+            os.remove(LAUNCHED)
+
+    def item(self):
+        name = wait_until(self.bus.items, 5, "an icon in the panel")[0]
+        time.sleep(0.3)  # the panel knows the icon; now it draws it
+        return name
+
+    def test_the_icon_opens_the_menu_in_which_an_entry_is_chosen(self):
+        with Panel(), Program():
+            self.item()
+            x, y, width, height = open_by_icon()[0]
+            self.assertGreaterEqual(y, 25, "the menu leaves the panel in sight")
+            self.assertLessEqual(x + width, 1280, "and stays on the screen")
+            keys("Down", "Right")
+            wait_until(lambda: len(windows()) == 2, 3, "the folder's submenu")
+            keys("Right")
+            wait_until(lambda: len(windows()) == 3, 3, "the folder within")
+            desktop.close_menus()
+
+            open_by_icon()
+            subprocess.run(["xdotool", "type", "--delay", "30", "lau"], check=True)
+            keys("Return")
+            wait_until(lambda: os.path.exists(LAUNCHED), 5, "what was typed and chosen runs")
+            self.assertEqual(windows(), [])
+
+    def test_a_click_elsewhere_closes_the_menu(self):
+        with Panel(), Program():
+            self.item()
+            open_by_icon()
+            click(200, 500)
+            wait_until(lambda: not windows(), 3, "the menu closes")
+
+    def test_a_button_that_is_held_leaves_the_menu_usable(self):
+        with Panel(), Program():
+            self.item()
+            open_by_icon()
+            desktop.close_menus()
+            subprocess.run(["xdotool", "mousemove", *map(str, Panel.ICON), "mousedown", "1"], check=True)
+            time.sleep(0.5)
+            subprocess.run(["xdotool", "mouseup", "1"], check=True)
+            wait_until(windows, 3, "the menu")
+            time.sleep(0.2)
+            click(200, 500)
+            wait_until(lambda: not windows(), 3, "the menu closes")
+
+    def test_the_bus_serves_the_same_menu_lazily(self):
+        with Panel(), Program():
+            menu = BusMenu(self.bus, self.item())
+            self.assertTrue(menu.about_to_show())
+            self.assertEqual(menu.titles(), desktop.menu_titles())
+            folder = menu.number("Folder")
+            self.assertEqual(menu.titles(folder), ["Loading…"])
+            menu.updates_so_far().clear()
+            self.assertTrue(menu.about_to_show(folder))
+            self.assertEqual(menu.titles(folder), ["Inner", "apple.txt", "banana.txt", "R&D __x__.txt"])
+            self.assertEqual([update[1] for update in menu.updates_so_far()], [folder])
+            menu.choose(menu.number("Launch"))
+            wait_until(lambda: os.path.exists(LAUNCHED), 5, "what was chosen runs")
+
+    def test_two_openings_see_a_changed_folder_and_two_thousand_files_are_one_change(self):
+        many = os.path.join(HOME, "Many")
+        os.makedirs(many, exist_ok=True)
+        for number in range(2000):
+            write(os.path.join(many, f"{number}.txt"))
+        desktop.set_menu([("FSObject", "Many", many)])
+        zv("prefs", "write", "MaximumItemsPerFolder", "5000")
+        try:
+            with Panel(), Program():
+                menu = BusMenu(self.bus, self.item())
+                menu.about_to_show()
+                folder = menu.number("Many")
+                menu.updates_so_far().clear()
+                menu.about_to_show(folder)
+                self.assertEqual(len(menu.titles(folder)), 2000)
+                self.assertEqual(len(menu.updates_so_far()), 1)
+                os.remove(os.path.join(many, "7.txt"))
+                menu.about_to_show(folder)
+                titles = menu.titles(folder)
+                self.assertEqual((len(titles), titles[6:8]), (1999, ["6.txt", "8.txt"]))
+
+                open_by_icon()
+                keys("Down", "Right")
+                tall = wait_until(lambda: len(windows()) == 2 and windows(), 5, "the long submenu")
+                self.assertLessEqual(max(height for *_, height in tall), 800, "it scrolls")
+        finally:
+            zv("prefs", "reset", "MaximumItemsPerFolder")
+            self.setUpClass()
+
+    def test_a_right_click_lets_the_panel_draw_the_menu(self):
+        with Panel(), Program():
+            self.item()
+            open_by_icon()
+            desktop.close_menus()
+
+            click(*Panel.ICON, button=3)
+            wait_until(lambda: windows("wrapper-2.0"), 5, "the panel's own drawing of the menu")
+            keys("Escape")
+            self.assertEqual(windows(), [])
+
+    def test_the_icon_follows_the_preference(self):
+        with Panel(), Program() as program:
+            first = self.item()
+            zv("prefs", "write", "ShowStatusItem", "false")
+            wait_until(lambda: not self.bus.items(), 5, "the icon goes")
+            zv("prefs", "write", "ShowStatusItem", "true")
+            self.assertNotEqual(self.item(), first)
+            self.assertTrue(program.is_running())
+
+    def test_the_icon_comes_whenever_a_panel_does(self):
+        with Program() as program:
+            wait_until(lambda: self.bus.has_owner(desktop.NAME), 5, "the program runs without a panel")
+            zv("show", "--at", "300,300")
+            wait_until(windows, 3, "without a panel the menu opens, too")
+            desktop.close_menus()
+            for _ in range(2):
+                with Panel():
+                    self.item()
+                    open_by_icon()
+                    desktop.close_menus()
+            self.assertTrue(program.is_running())
+
+    def test_it_runs_once_and_ends_when_told(self):
+        with Program() as program:
+            wait_until(lambda: self.bus.has_owner(desktop.NAME), 5, "it is on the bus")
+            with Program() as second:
+                self.assertEqual(second.ends(), 0)
+            wait_until(windows, 5, "a second start opens the settings")
+            zv("quit")
+            self.assertEqual(program.ends(), 0)
+        self.assertEqual(subprocess.run([desktop.PROGRAM, "quit"], capture_output=True, check=False).returncode, 1)
+        with Program() as killed:
+            wait_until(lambda: self.bus.has_owner(desktop.NAME))
+            killed.kill()
+        with Program() as again:
+            wait_until(lambda: self.bus.has_owner(desktop.NAME), 5, "it starts after it was killed")
+            again.process.terminate()
+            self.assertEqual(again.ends(), 0)
+
+    def test_bad_weather(self):
+        with self.subTest("no session bus"), Program(DBUS_SESSION_BUS_ADDRESS=None, XDG_RUNTIME_DIR=os.path.join(HOME, "empty")) as program:
+            time.sleep(0.7)
+            self.assertTrue(program.is_running(), program.said())
+            with Program(DBUS_SESSION_BUS_ADDRESS=None, XDG_RUNTIME_DIR=os.path.join(HOME, "empty")) as second:
+                self.assertEqual(second.ends(), 1, "the lock file tells that it runs")
+        for name, environment in {
+            "no X server": {"DISPLAY": None},
+            "an X server that does not answer": {"DISPLAY": ":987"},
+            "Wayland without X": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none"},
+            "no icon theme": {"XDG_DATA_DIRS": "/nonexistent"},
+        }.items():
+            with self.subTest(name), Panel(), Program(**environment) as program:
+                menu = BusMenu(self.bus, self.item())
+                menu.about_to_show()
+                self.assertIn("Folder", menu.titles(), "the menu on the bus serves")
+                self.assertTrue(program.is_running(), program.said())
+
+    def test_the_menu_is_dark_on_a_dark_desktop(self):
+        portal = ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop")
+        mock = subprocess.Popen(["/usr/bin/python3", "-m", "dbusmock", "--session", *portal, "org.freedesktop.portal.Settings"],
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            wait_until(lambda: self.bus.has_owner(portal[0]), 10, "the portal")
+            self.bus.call(*portal, "org.freedesktop.DBus.Mock", "AddMethod",
+                          GLib.Variant("(sssss)", ("org.freedesktop.portal.Settings", "Read", "ss", "v", "ret = dbus.UInt32(1, variant_level=1)")))
+            with Program():
+                wait_until(lambda: self.bus.has_owner(desktop.NAME))
+                zv("show", "--at", "300,300")
+                x, y, width, height = wait_until(windows)[0]
+                wait_until(lambda: desktop.brightness(x, y, width, height) < 0.4, 3, "dark colours")
+                desktop.close_menus()
+        finally:
+            mock.terminate()
+            mock.wait()
+
+    def test_assistive_tools_see_the_open_menu(self):
+        with Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE=None):
+            wait_until(lambda: self.bus.has_owner(desktop.NAME))
+            zv("show", "--at", "300,300")
+            wait_until(windows)
+            script = os.path.join(os.path.dirname(__file__), "accessible_menu.py")
+            titles = subprocess.run(["/usr/bin/python3", script], capture_output=True, text=True, check=False, timeout=20).stdout.split("\n")
+            for title in desktop.menu_titles():
+                self.assertIn(title, titles)
+            desktop.close_menus()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=1)

@@ -1,0 +1,148 @@
+"""Updates from a feed on this machine: the reminder, the window, the file that is handed over."""
+
+import base64
+import functools
+import http.server
+import os
+import plistlib
+import subprocess
+import sys
+import threading
+import time
+import unittest
+
+import dbus
+import dbusmock
+
+import desktop
+from desktop import Program, keys, wait_until, zv
+from settings_test import act, find, found
+
+HOME = desktop.HOME
+SERVED = os.path.join(HOME, "served")
+RESOURCES = os.path.join(HOME, "resources")
+OPENED = os.path.join(HOME, "opened")
+RAW_PUBLIC_KEY_SIZE = 32  # the last bytes of a key in its standard wrapping
+
+
+def openssl(*arguments):
+    return subprocess.run(["openssl", *arguments], check=True, capture_output=True).stdout
+
+
+class Feed(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *_):
+        pass
+
+
+class UpdatesTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        for folder in (SERVED, RESOURCES):
+            os.makedirs(folder, exist_ok=True)
+        cls.key = os.path.join(HOME, "key.pem")
+        openssl("genpkey", "-algorithm", "ed25519", "-out", cls.key)
+        public = openssl("pkey", "-in", cls.key, "-pubout", "-outform", "DER")[-RAW_PUBLIC_KEY_SIZE:]
+        cls.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), functools.partial(Feed, directory=SERVED))
+        threading.Thread(target=cls.server.serve_forever, daemon=True).start()
+        cls.address = f"http://127.0.0.1:{cls.server.server_port}"
+        with open(os.path.join(RESOURCES, "Info.plist"), "wb") as file:
+            plistlib.dump({"SUFeedURL": cls.address + "/appcast.xml", "SUPublicEDKey": base64.b64encode(public).decode()}, file)
+        cls.make_opener()
+        cls.notifications, cls.mock = dbusmock.DBusTestCase.spawn_server_template("notification_daemon", {}, stdout=subprocess.DEVNULL)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.server.shutdown()
+        cls.notifications.terminate()
+        cls.notifications.wait()
+
+    @classmethod
+    def make_opener(cls):
+        """The desktop's software installer: notes what it is given."""
+        applications = os.path.join(HOME, ".local/share/applications")
+        os.makedirs(applications, exist_ok=True)
+        with open(os.path.join(applications, "installer.desktop"), "w", encoding="utf-8") as file:
+            file.write(f"[Desktop Entry]\nType=Application\nName=Installer\nExec=cp %f {OPENED}\n"
+                       "MimeType=application/vnd.debian.binary-package;application/x-deb;\n")
+        config = os.path.join(HOME, ".config")
+        os.makedirs(config, exist_ok=True)
+        with open(os.path.join(config, "mimeapps.list"), "w", encoding="utf-8") as file:
+            file.write("[Default Applications]\napplication/vnd.debian.binary-package=installer.desktop\napplication/x-deb=installer.desktop\n")
+
+    def offer(self, version, content, signed=None):
+        """Puts a feed in place that offers `content`, signed as if it were `signed`."""
+        package = os.path.join(SERVED, "zanthe-vell.deb")
+        with open(package, "wb") as file:
+            file.write(content)
+        message = os.path.join(HOME, "message")
+        with open(message, "wb") as file:
+            file.write(signed if signed is not None else content)
+        signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", message)).decode()
+        with open(os.path.join(SERVED, "appcast.xml"), "w", encoding="utf-8") as file:
+            file.write(f"""<rss xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel><item>
+                <sparkle:version>{version}</sparkle:version><description>Better menus.</description>
+                <enclosure url="{self.address}/zanthe-vell.deb" length="{len(content)}" sparkle:edSignature="{signature}"/></item></channel></rss>""")
+
+    def setUp(self):
+        if os.path.exists(OPENED):
+            os.remove(OPENED)
+        zv("prefs", "write", "ReplaceAppleMenu", "false")
+        self.program = Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", ZANTHE_VELL_RESOURCES=RESOURCES)
+        self.program.__enter__()
+        self.addCleanup(self.program.__exit__)
+        wait_until(lambda: subprocess.run([desktop.PROGRAM, "settings"], capture_output=True, check=False).returncode == 0, 10, "it opens its settings")
+        found("Zanthe Vell Settings")
+
+    def check_now(self):
+        act(found("Check Now"))
+
+    def test_a_signed_newer_version_is_handed_over(self):
+        self.offer("99.0", b"!<arch>\nthe package")
+        self.check_now()
+        found("Zanthe Vell 99.0 is available. You have 0.9.0.")
+        act(found("Install"))
+        wait_until(lambda: os.path.exists(OPENED), 10, "the installer gets the file")
+        with open(OPENED, "rb") as file:
+            self.assertEqual(file.read(), b"!<arch>\nthe package")
+
+    def test_a_tampered_one_is_refused_with_its_reason(self):
+        self.offer("99.0", b"!<arch>\nsomething else", signed=b"!<arch>\nthe package")
+        self.check_now()
+        act(found("Install"))
+        found("Its signature does not match: it is damaged, or it is not ours. Nothing was changed.")
+        time.sleep(0.3)
+        self.assertFalse(os.path.exists(OPENED))
+        act(found("OK"))
+
+    def test_without_anything_newer_it_says_so(self):
+        self.offer("0.1", b"old")
+        self.check_now()
+        found("Zanthe Vell 0.9.0 is the newest version.")
+        keys("Escape")
+        wait_until(lambda: find("You’re up to date") is None, 3, "the window closes")
+
+
+class ReminderTest(UpdatesTest):
+    """In the background an update is told by a notification; a click on it opens the window."""
+
+    def setUp(self):
+        self.offer("99.0", b"!<arch>\nthe package")
+        super().setUp()
+        # A window that has just opened may not have the keyboard yet.
+        wait_until(lambda: keys("Escape") or find("Zanthe Vell Settings") is None, 5, "the settings close")
+
+    def test_a_signed_newer_version_is_handed_over(self):
+        # A scheduled check comes a minute after the start at the earliest.
+        called = wait_until(lambda: [call for call in self.mock.GetMethodCalls("Notify")], 75, "the notification")
+        self.assertEqual(called[-1][1][3], "Zanthe Vell 99.0 is available")
+        self.assertEqual(called[-1][1][4], "Click to install it.")
+        self.mock.EmitSignal("org.freedesktop.Notifications", "ActionInvoked", "us", dbus.Array([dbus.UInt32(1), "default"], signature="v"))
+        found("Zanthe Vell 99.0 is available. You have 0.9.0.")
+        wait_until(lambda: self.mock.GetMethodCalls("CloseNotification"), 3, "it is taken back when it was attended to")
+
+    test_a_tampered_one_is_refused_with_its_reason = None
+    test_without_anything_newer_it_says_so = None
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[1:], verbosity=2)

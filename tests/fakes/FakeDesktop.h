@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/Alerts.h"
+#include "platform/Application.h"
+#include "platform/ModifierKeys.h"
+#include "platform/Workspace.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+class FakeModifierKeys : public ModifierKeys {
+public:
+    ModifierMask current() const override { return held; }
+    ModifierMask ofCurrentEvent() const override { return held; }
+    ModifierMask held = ModifierMask::none;
+};
+
+class FakeWorkspace : public Workspace {
+public:
+    void open(Url const& url) override { log.push_back("open " + url.toString()); }
+    void reveal(Url const& fileURL) override { log.push_back("reveal " + fileURL.toString()); }
+    std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override
+    {
+        auto const found = applications.find(std::string(identifier));
+        return found == applications.end() ? std::nullopt : std::optional(found->second);
+    }
+    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override
+    {
+        log.push_back("launch " + application.toString());
+        done(launchFailure);
+    }
+
+    std::vector<std::string> log;
+    std::map<std::string, Url> applications;
+    std::optional<std::string> launchFailure;
+};
+
+class FakeApplication : public Application {
+public:
+    void activate() override { log.emplace_back("activate"); }
+    void terminate() override { log.emplace_back("terminate"); }
+    bool isTerminating() const override { return terminating; }
+    bool isActive() const override { return active; }
+    bool isHidden() const override { return hidden; }
+    ActivationPolicy activationPolicy() const override { return policy; }
+    void setActivationPolicy(ActivationPolicy wanted) override
+    {
+        policy = wanted;
+        log.emplace_back(wanted == ActivationPolicy::regular ? "regular" : "accessory");
+    }
+    std::vector<WindowState> windows() const override { return windowList; }
+
+    bool terminating = false;
+    bool active = false;
+    bool hidden = false;
+    ActivationPolicy policy = ActivationPolicy::accessory;
+    std::vector<WindowState> windowList;
+    std::vector<std::string> log;
+};
+
+/// Answers alerts with what the test put in line, else with the first button.
+class FakeAlerts : public Alerts {
+public:
+    std::size_t run(Alert const& alert) override
+    {
+        shown.push_back(alert);
+        if (answers.empty())
+            return 0;
+        auto const answer = answers.front();
+        answers.erase(answers.begin());
+        return answer;
+    }
+    std::vector<Alert> shown;
+    std::vector<std::size_t> answers;
+};
+
+} // namespace zv::fakes

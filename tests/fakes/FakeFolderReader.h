@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/FolderReader.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+/// Folders in memory, as they would be read; counts how often each is.
+class FakeFolderReader : public FolderReader {
+public:
+    struct Child {
+        std::string name;
+        FileTraits traits {};
+        std::string localizedName {};
+    };
+
+    Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override
+    {
+        ++readings[folder.path()];
+        if (auto const failure = failures.find(folder.path()); failure != failures.end())
+            return Failure { failure->second };
+        auto const found = folders.find(folder.path());
+        if (found == folders.end())
+            return Failure { FolderReadFailure::notFound };
+        FolderContents contents;
+        for (auto const& child : found->second) {
+            if (hiddenFiles == HiddenFiles::included || !child.name.starts_with('.'))
+                contents.add({ child.name, child.localizedName, child.traits });
+        }
+        return contents;
+    }
+    bool isRemote(Url const& folder) const override { return remote.contains(folder.path()); }
+
+    static Child folder(std::string name) { return { std::move(name), { true, false } }; }
+    static Child package(std::string name) { return { std::move(name), { true, true } }; }
+
+    std::map<std::string, std::vector<Child>> folders;
+    std::map<std::string, FolderReadFailure> failures;
+    std::set<std::string> remote;
+    mutable std::map<std::string, int> readings;
+};
+
+} // namespace zv::fakes

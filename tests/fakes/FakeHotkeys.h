@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/HotkeyRegistrar.h"
+#include "platform/KeyboardLayoutSource.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+/// Combinations in memory, some of which another program may hold.
+class FakeHotkeyRegistrar : public HotkeyRegistrar {
+public:
+    std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override
+    {
+        ++passes;
+        held.clear();
+        std::vector<bool> answers;
+        for (auto const& chord : chords) {
+            bool const isFree = !taken.contains(chord) && !holds(chord);
+            if (isFree)
+                held.emplace(firstID++, chord);
+            answers.push_back(isFree);
+        }
+        return answers;
+    }
+    void releaseAll() override { held.clear(); }
+    HotkeySupport support() const override { return supported; }
+
+    bool holds(KeyChord chord) const
+    {
+        for (auto const& [id, each] : held) {
+            if (each == chord)
+                return true;
+        }
+        return false;
+    }
+
+    std::map<HotkeyID, KeyChord> held;
+    std::set<KeyChord> taken; ///< by another program
+    HotkeySupport supported = HotkeySupport::everywhere;
+    int passes = 0;
+};
+
+/// A keyboard whose layouts a test lays down as code-to-text tables.
+class FakeKeyboardLayoutSource : public KeyboardLayoutSource {
+public:
+    std::vector<KeyTexts> layers() override
+    {
+        ++readings;
+        return layouts;
+    }
+    void set(std::vector<std::map<std::size_t, std::string>> const& tables)
+    {
+        layouts.clear();
+        for (auto const& table : tables) {
+            auto& texts = layouts.emplace_back();
+            for (auto const& [code, text] : table)
+                texts.at(code) = text;
+        }
+    }
+
+    std::vector<KeyTexts> layouts;
+    int readings = 0;
+};
+
+} // namespace zv::fakes

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/menu/Menu.h"
+#include "platform/MenuHost.h"
+#include "platform/StatusBar.h"
+
+#include <utility>
+#include <vector>
+
+namespace zv::fakes {
+
+/// Opens menus at once and keeps them open until the test closes them.
+class FakeMenuHost : public MenuHost {
+public:
+    void popUp(std::shared_ptr<Menu> const& menu, Point at) override
+    {
+        menu->needsUpdate();
+        shown.emplace_back(menu, at);
+    }
+    void closeLast()
+    {
+        shown.back().first->didClose();
+        shown.pop_back();
+    }
+    std::vector<std::pair<std::shared_ptr<Menu>, Point>> shown;
+};
+
+class FakeStatusBar : public StatusBar {
+public:
+    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override
+    {
+        ++added;
+        looks.push_back(look);
+        menus.push_back(menu);
+        return std::make_unique<Item>(present);
+    }
+    int added = 0; ///< ever
+    int present = 0; ///< now
+    std::vector<StatusItemLook> looks;
+    std::vector<std::shared_ptr<Menu>> menus;
+
+private:
+    struct Item : StatusItem {
+        explicit Item(int& count)
+            : present(count)
+        {
+            ++present;
+        }
+        ~Item() override { --present; }
+        int& present;
+    };
+};
+
+} // namespace zv::fakes

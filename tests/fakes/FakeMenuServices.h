@@ -1,0 +1,121 @@
+#pragma once
+
+#include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/MenuCommands.h"
+#include "app/menu/MenuIcon.h"
+#include "app/menu/RecentItemsQuerying.h"
+#include "platform/TextMeasure.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zv::fakes {
+
+/// Writes down what the entries of a menu ask for.
+class FakeMenuCommands : public MenuCommands {
+public:
+    bool perform(MenuItem const& item) override
+    {
+        log.push_back("perform " + std::string(item.kind.rawValue()));
+        return true;
+    }
+    void open(Url const& url) override { log.push_back("open " + url.toString()); }
+    void open(DynamicEntry const& entry) override { log.push_back("open entry " + entry.url->toString()); }
+    void openSettingsWindow() override { log.emplace_back("settings"); }
+    void terminate() override { log.emplace_back("terminate"); }
+    bool canCheckForUpdates() const override { return canCheck; }
+    void checkForUpdates() override { log.emplace_back("check for updates"); }
+
+    bool canCheck = true;
+    std::vector<std::string> log;
+};
+
+class FakeImage : public Image {
+public:
+    explicit FakeImage(std::string name)
+        : m_name(std::move(name))
+    {
+    }
+    std::string name() const override { return m_name; }
+
+private:
+    std::string m_name;
+};
+
+/// Pictures named after what they stand for.
+class FakeMenuIcons : public MenuIcons {
+public:
+    ImageRef iconForKind(MenuItemKind const& kind) override
+    {
+        return withoutIcon.contains(kind.value()) ? nullptr : std::make_shared<FakeImage>("kind:" + std::string(kind.rawValue()));
+    }
+    ImageRef iconForFile(Url const& url) override { return std::make_shared<FakeImage>("file:" + url.path()); }
+    void emptyCache() override { ++emptied; }
+
+    std::map<MenuItemKind::Case, bool> withoutIcon;
+    int emptied = 0;
+};
+
+/// Every byte is as wide as the next.
+class FakeTextMeasure : public TextMeasure {
+public:
+    double menuFontWidth(std::string_view text) const override { return pointsPerByte * static_cast<double>(text.size()); }
+    double pointsPerByte = 10;
+};
+
+/// Answers at once, or keeps the question until the test answers it.
+class FakeListProvider : public DynamicListProvider {
+public:
+    struct Question {
+        MenuItemKind kind;
+        std::optional<ItemLocation> location;
+        std::int64_t depth;
+        std::function<void(std::vector<DynamicEntry>)> done;
+    };
+
+    void entries(
+        MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth, std::function<void(std::vector<DynamicEntry>)> done) override
+    {
+        questions.push_back({ kind, location, depth, done });
+        if (answersAtOnce)
+            done(answer);
+    }
+
+    bool answersAtOnce = true;
+    std::vector<DynamicEntry> answer;
+    std::vector<Question> questions;
+};
+
+class FakeRecentItems : public RecentItemsQuerying {
+public:
+    struct Query {
+        RecentItemsScope scope;
+        std::int64_t limit;
+        std::function<void(std::vector<DynamicEntry>)> done;
+    };
+
+    void entries(RecentItemsScope scope, std::int64_t limit, std::function<void(std::vector<DynamicEntry>)> done) override
+    {
+        queries.push_back({ scope, limit, std::move(done) });
+    }
+
+    std::vector<Query> queries; ///< all there were; the test calls `done`
+};
+
+class FakeListedFolders : public ListedFolderSink {
+public:
+    void folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys) override
+    {
+        auto& names = told[folder.path()];
+        names.clear();
+        for (auto const& entry : withHotkeys)
+            names.push_back(entry.fileURL->lastPathComponent());
+    }
+
+    std::map<std::string, std::vector<std::string>> told; ///< the last word about each folder
+};
+
+} // namespace zv::fakes

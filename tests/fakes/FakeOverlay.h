@@ -1,0 +1,180 @@
+#pragma once
+
+#include "platform/Canvas.h"
+#include "platform/MenuBarVisibility.h"
+#include "platform/OverlayPanels.h"
+#include "platform/PointerMonitor.h"
+#include "platform/Screens.h"
+#include "platform/WindowList.h"
+#include "platform/WorkspaceEvents.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zv::fakes {
+
+/// A window server whose windows a test puts up; counts how it was asked.
+class FakeWindowList : public WindowList {
+public:
+    static constexpr int menuLevel = 24;
+
+    std::optional<WindowInfo> window(std::uint32_t number) const override
+    {
+        ++lookups;
+        auto const found = std::find_if(windows.begin(), windows.end(), [number](auto const& info) { return info.number == number; });
+        return found == windows.end() ? std::nullopt : std::optional(*found);
+    }
+    std::vector<WindowInfo> onScreenWindows() const override
+    {
+        ++scans;
+        std::vector<WindowInfo> found;
+        std::copy_if(windows.begin(), windows.end(), std::back_inserter(found), [](auto const& info) { return info.isOnscreen; });
+        return found;
+    }
+    int mainMenuLevel() const override { return menuLevel; }
+
+    /// `bounds` in the window list's own coordinates.
+    WindowInfo& addMenuBar(std::int64_t number, Rect const& bounds)
+    {
+        return windows.emplace_back(WindowInfo { "Window Server", menuLevel, bounds, number, true });
+    }
+    WindowInfo& menuBar(std::int64_t number)
+    {
+        return *std::find_if(windows.begin(), windows.end(), [number](auto const& info) { return info.number == number; });
+    }
+
+    std::vector<WindowInfo> windows;
+    mutable int lookups = 0;
+    mutable int scans = 0;
+};
+
+class FakeScreens : public Screens {
+public:
+    std::vector<Rect> frames() const override { return list; }
+    std::vector<Rect> list { { 0, 0, 1920, 1080 } };
+};
+
+class FakeWorkspaceEvents : public WorkspaceEvents { };
+
+class FakeMenuBarVisibility : public MenuBarVisibility {
+public:
+    bool isMenuBarVisibleOnActiveSpace() const override { return visible; }
+    bool visible = true;
+};
+
+class FakePointerMonitor : public PointerMonitor {
+public:
+    std::unique_ptr<Token> watch(std::function<void()> moved) override
+    {
+        struct Watching : Token {
+            explicit Watching(std::weak_ptr<std::function<void()>> s)
+                : slot(std::move(s))
+            {
+            }
+            ~Watching() override
+            {
+                if (auto const held = slot.lock())
+                    *held = nullptr;
+            }
+            std::weak_ptr<std::function<void()>> slot;
+        };
+        *m_moved = std::move(moved);
+        return std::make_unique<Watching>(m_moved);
+    }
+    Point location() const override { return m_location; }
+
+    void moveTo(Point location)
+    {
+        m_location = location;
+        if (isWatched())
+            (*m_moved)();
+    }
+    [[nodiscard]] bool isWatched() const { return *m_moved != nullptr; }
+
+private:
+    std::shared_ptr<std::function<void()>> m_moved = std::make_shared<std::function<void()>>();
+    Point m_location;
+};
+
+/// Panels that only note what is asked of them, for as long as they live.
+class FakeOverlayPanels : public OverlayPanels {
+public:
+    struct State {
+        Rect frame;
+        OverlayPanelStyle style;
+        OverlayPanelContent* content = nullptr;
+        bool isShown = false;
+        int moves = 0;
+        int redraws = 0;
+    };
+
+    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content) override
+    {
+        struct Panel : OverlayPanel {
+            explicit Panel(std::shared_ptr<State> s)
+                : state(std::move(s))
+            {
+            }
+            Rect frame() const override { return state->frame; }
+            void setFrameAndDisplay(Rect const& wanted) override
+            {
+                state->frame = wanted;
+                ++state->moves;
+            }
+            void orderFrontRegardless() override { state->isShown = true; }
+            void orderOut() override { state->isShown = false; }
+            void setNeedsDisplay() override { ++state->redraws; }
+            std::shared_ptr<State> state;
+        };
+        auto state = std::make_shared<State>(State { frame, style, &content });
+        made.push_back(state);
+        return std::make_unique<Panel>(std::move(state));
+    }
+
+    [[nodiscard]] std::vector<std::shared_ptr<State>> shown() const
+    {
+        std::vector<std::shared_ptr<State>> states;
+        for (auto const& panel : made) {
+            if (auto const state = panel.lock(); state && state->isShown)
+                states.push_back(state);
+        }
+        return states;
+    }
+    [[nodiscard]] std::vector<Rect> frames() const
+    {
+        std::vector<Rect> frames;
+        for (auto const& panel : shown())
+            frames.push_back(panel->frame);
+        return frames;
+    }
+
+    std::vector<std::weak_ptr<State>> made;
+};
+
+/// Notes what is drawn.
+class FakeCanvas : public Canvas {
+public:
+    struct Fill {
+        Color color;
+        Rect rect;
+    };
+
+    std::shared_ptr<Mask const> logoMask() override { return mask; }
+    void saveState() override { ++depth; }
+    void restoreState() override { --depth; }
+    void clipToMask(Mask const&, Rect const& rect) override { clip = rect; }
+    void setFillColor(Color const& wanted) override { color = wanted; }
+    void fill(Rect const& rect) override { fills.push_back({ color, rect }); }
+
+    std::shared_ptr<Mask const> mask = std::make_shared<Mask>();
+    std::vector<Fill> fills;
+    std::optional<Rect> clip;
+    Color color;
+    int depth = 0;
+};
+
+} // namespace zv::fakes

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/Installation.h"
+#include "platform/LoginService.h"
+#include "platform/NotesWindow.h"
+#include "platform/SettingsWindow.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+class FakeLoginService : public LoginService {
+public:
+    Status status() const override { return current; }
+    std::optional<Error> registerService() override
+    {
+        ++registrations;
+        if (failure)
+            return failure;
+        if (current != Status::requiresApproval)
+            current = Status::enabled;
+        return std::nullopt;
+    }
+    std::optional<Error> unregisterService() override
+    {
+        ++unregistrations;
+        if (!failure)
+            current = Status::notRegistered;
+        return failure;
+    }
+    void openSystemSettings() override { ++settingsOpened; }
+
+    Status current = Status::notRegistered;
+    std::optional<Error> failure;
+    int registrations = 0;
+    int unregistrations = 0;
+    int settingsOpened = 0;
+};
+
+/// Files are names in a set; a copy can be made to fail.
+class FakeInstallation : public Installation {
+public:
+    RelocationSource source(Url const&) const override { return from; }
+    std::optional<Url> applicationsFolder() override { return folder; }
+    Result<Url> makeReplacementFolder(Url const& destination) override { return destination.appending("temporary"); }
+    MaybeFailure<> copy(Url const&, Url const& to) override
+    {
+        files.insert(to.path());
+        return copyFailure;
+    }
+    MaybeFailure<> put(Url const& source, Url const& to) override
+    {
+        files.erase(source.path());
+        files.insert(to.path());
+        return std::nullopt;
+    }
+    void removeFolder(Url const& removed) override
+    {
+        std::erase_if(files, [&](auto const& path) { return path.starts_with(removed.path() + "/"); });
+    }
+    MaybeFailure<> announce(Url const& installed) override
+    {
+        announced.push_back(installed.path());
+        return std::nullopt;
+    }
+
+    void giveWay() override { hasGivenWay = true; }
+
+    bool hasGivenWay = false;
+    RelocationSource from = RelocationSource::none;
+    std::optional<Url> folder = Url::fromPath("/Applications");
+    std::optional<std::string> copyFailure;
+    std::set<std::string> files;
+    std::vector<std::string> announced;
+};
+
+class FakeNotesWindows : public NotesWindows {
+public:
+    struct Text : RichText {
+        explicit Text(double h)
+            : textHeight(h)
+        {
+        }
+        double height(double width) const override { return width == 440 ? textHeight : -1; }
+        double textHeight;
+    };
+    struct Window : NotesWindow {
+        explicit Window(int& count)
+            : raised(count)
+        {
+        }
+        void bringToFront() override { ++raised; }
+        int& raised;
+    };
+
+    std::shared_ptr<RichText> read(std::vector<std::byte> const&) override { return std::make_shared<Text>(textHeight); }
+    std::unique_ptr<NotesWindow> make(NotesWindowLayout const& layout, std::shared_ptr<RichText> const& text) override
+    {
+        layouts.push_back(layout);
+        hadText = text != nullptr;
+        return std::make_unique<Window>(raised);
+    }
+
+    double textHeight = 300.2;
+    std::vector<NotesWindowLayout> layouts;
+    bool hadText = false;
+    int raised = 0;
+};
+
+class FakeSettingsWindow : public SettingsWindow {
+public:
+    void openOrRaise() override { ++opened; }
+    int opened = 0;
+};
+
+} // namespace zv::fakes

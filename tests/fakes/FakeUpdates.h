@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/UserNotifications.h"
+#include "platform/UpdateEngine.h"
+
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+/// An engine that a test drives: it finds what it is told to find.
+class FakeUpdateEngine : public UpdateEngine {
+public:
+    MaybeFailure<> start() override
+    {
+        ++starts;
+        return startFailure;
+    }
+    void checkForUpdates() override { ++checks; }
+    bool canCheckForUpdates() const override { return canCheck; }
+    bool automaticallyChecksForUpdates() const override { return automatic; }
+    void setAutomaticallyChecksForUpdates(bool value) override
+    {
+        ++automaticWrites;
+        automatic = value;
+    }
+    std::optional<WallTime> lastUpdateCheckDate() const override { return lastCheck; }
+
+    /// A scheduled check found this.
+    void find(UpdateItem const& item, bool inImmediateFocus)
+    {
+        bool const shows = userDriver->shouldHandleShowingScheduledUpdate(item, inImmediateFocus);
+        userDriver->willHandleShowingUpdate(shows, item);
+    }
+
+    UpdateChannels* channels = nullptr;
+    UpdateUserDriver* userDriver = nullptr;
+    std::optional<std::string> startFailure;
+    bool canCheck = false;
+    bool automatic = false;
+    std::optional<WallTime> lastCheck;
+    int starts = 0;
+    int checks = 0;
+    int automaticWrites = 0;
+};
+
+class FakeUserNotifications : public UserNotifications {
+public:
+    void requestAuthorization(std::function<void(bool)> done) override
+    {
+        ++requests;
+        done(granted);
+    }
+    void post(NotificationRequest const& request) override { delivered.push_back(request); }
+    void removeDelivered(std::string const& identifier) override
+    {
+        std::erase_if(delivered, [&](auto const& request) { return request.identifier == identifier; });
+    }
+
+    bool granted = true;
+    int requests = 0;
+    std::vector<NotificationRequest> delivered;
+};
+
+} // namespace zv::fakes

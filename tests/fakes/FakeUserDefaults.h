@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/UserDefaults.h"
+
+#include <string>
+#include <vector>
+
+namespace zv::fakes {
+
+/// Settings in memory; counts what is written.
+class FakeUserDefaults : public UserDefaults {
+public:
+    std::optional<PropertyList> object(std::string_view key) const override
+    {
+        auto const stored = storedObject(key);
+        return stored ? stored : copy(registered.find(key));
+    }
+    std::optional<PropertyList> storedObject(std::string_view key) const override { return copy(stored.find(key)); }
+    MaybeFailure<> setObject(std::string_view key, PropertyList value) override
+    {
+        writes.emplace_back(key);
+        stored.set(key, std::move(value));
+        return writeFailure;
+    }
+    MaybeFailure<> removeObject(std::string_view key) override
+    {
+        stored.remove(key);
+        return writeFailure;
+    }
+    void registerDefaults(PropertyListDictionary const& defaults) override
+    {
+        for (auto const& [key, value] : defaults)
+            registered.set(key, value);
+    }
+    std::vector<std::string> storedKeys() const override
+    {
+        std::vector<std::string> keys;
+        for (auto const& [key, value] : stored)
+            keys.push_back(key);
+        return keys;
+    }
+
+    PropertyListDictionary stored;
+    PropertyListDictionary registered;
+    std::vector<std::string> writes; ///< keys, in the order they were written
+    MaybeFailure<> writeFailure; ///< what every write answers
+
+private:
+    static std::optional<PropertyList> copy(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }
+};
+
+} // namespace zv::fakes

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/model/MenuItem.h"
+#include "platform/PropertyListFormat.h"
+#include "tests/fakes/FakeFiles.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace zv::fuzz {
+
+inline void require(bool holds, char const* what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+inline std::span<std::byte const> bytesAt(std::uint8_t const* data, std::size_t size) { return { reinterpret_cast<std::byte const*>(data), size }; }
+inline std::string_view textAt(std::uint8_t const* data, std::size_t size) { return { reinterpret_cast<char const*>(data), size }; }
+
+/// An empty disk.
+inline LocationServices services()
+{
+    static fakes::FakeFileSystem files;
+    static fakes::FakeBookmarks bookmarks { files };
+    return { files, bookmarks, "/home/ada" };
+}
+
+/// Compared as text, because no number equals NaN.
+inline std::vector<std::byte> inXml(std::vector<MenuItem> const& items)
+{
+    auto const bytes = writePropertyList(toPropertyList(items), PropertyListEncoding::xml);
+    require(bytes.ok(), "a menu that passed the check cannot be written");
+    return *bytes;
+}
+
+/// What passed the check is read back as it was, from a document and from drag records.
+inline void requireRoundTrips(std::vector<MenuItem> const& items)
+{
+    auto const written = inXml(items);
+    auto const reread = menuItemsFromPropertyList(*readPropertyList(written));
+    require(reread.ok(), "a written menu cannot be read");
+    require(inXml(*reread) == written, "a written menu reads as another one");
+    for (auto const& item : items) {
+        auto const dragged = menuItemFromDragRecord(toDragRecord(item));
+        require(dragged.ok(), "a drag record cannot be read");
+        require(inXml({ *dragged }) == inXml({ item }), "a drag record reads as another item");
+    }
+}
+
+} // namespace zv::fuzz

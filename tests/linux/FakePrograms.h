@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/linux/Programs.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv::tests {
+
+/// Starts nothing; writes down what would have been started.
+class FakePrograms : public Programs {
+public:
+    bool has(std::string_view name) const override { return installed.contains(std::string(name)); }
+    bool start(std::vector<std::string> const& command) override
+    {
+        if (!has(command.front()))
+            return false;
+        std::string line;
+        for (auto const& word : command)
+            line += (line.empty() ? "" : " ") + word;
+        started.push_back(line);
+        return !failing.contains(command.front());
+    }
+    bool hasEntry(std::string_view fileName) const override { return entries.contains(std::string(fileName)); }
+
+    std::set<std::string> installed;
+    std::set<std::string> failing;
+    std::set<std::string> entries;
+    std::vector<std::string> started;
+};
+
+} // namespace zv::tests

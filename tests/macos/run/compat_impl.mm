@@ -1,0 +1,284 @@
+/* Run-time half of compat_appkit.h: just enough behaviour for a smoke test under Xvfb. Debian only. */
+#include <map>
+#include <string>
+#include <vector>
+#include <cstdio>
+#include <cstdlib>
+#include <sys/stat.h>
+#import <objc/runtime.h>
+
+static void swap(Class c, SEL a, SEL b) { method_exchangeImplementations(class_getInstanceMethod(c, a), class_getInstanceMethod(c, b)); }
+static std::map<std::pair<void *, int>, id> &side() { static auto *m = new std::map<std::pair<void *, int>, id>; return *m; }
+static id sideGet(id o, int k) { auto i = side().find({o, k}); return i == side().end() ? nil : i->second; }
+static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks: test only */
+
+@implementation NSApplication (CompatMac)
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p { sideSet(self, 1, [NSNumber numberWithInteger:p]); return YES; }
+- (NSApplicationActivationPolicy)activationPolicy { return [sideGet(self, 1) integerValue]; }
+- (void)activate { [self activateIgnoringOtherApps:YES]; }
+- (NSAppearance *)effectiveAppearance { return nil; }
+@end
+@implementation NSMenu (CompatMac)
+- (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }
+/* gui 0.29 spells it popUpMenuPositionItem:..., places the menu wrongly for a nil item and returns without tracking. */
+- (BOOL)popUpMenuPositioningItem:(NSMenuItem *)i atLocation:(NSPoint)p inView:(NSView *)v {
+  /* fill once, as on the Mac; gui would call menuNeedsUpdate: again at every redraw, and never menuWillOpen:/menuDidClose: */
+  [self update];
+  id d = [self delegate];
+  if ([d respondsToSelector:@selector(menuWillOpen:)]) [d menuWillOpen:self];
+  [self setDelegate:nil];
+  NSWindow *w = [v window];
+  if (!w) for (NSWindow *x in [NSApp windows]) if ([x isVisible]) { w = x; break; }
+  NSPoint at = v ? [v convertPoint:p toView:nil] : [w convertScreenToBase:p];
+  NSEvent *e = [NSEvent mouseEventWithType:NSLeftMouseDown location:at modifierFlags:0 timestamp:0 windowNumber:[w windowNumber] context:nil eventNumber:0 clickCount:1 pressure:0];
+  [NSMenu popUpContextMenu:self withEvent:e forView:v ? v : [w contentView]];
+  [self setDelegate:d];
+  if ([d respondsToSelector:@selector(menuDidClose:)]) [d menuDidClose:self];
+  return YES;
+}
+- (void)cancelTracking { }
+- (NSMenuItem *)highlightedItem { NSInteger n = [[self menuRepresentation] highlightedItemIndex]; return n < 0 ? nil : [self itemAtIndex:n]; }
+- (void)setMinimumWidth:(CGFloat)w { }
+- (void)setFont:(NSFont *)f { }
+- (void)setShowsStateColumn:(BOOL)b { }
+- (void)setAllowsContextMenuPlugIns:(BOOL)b { }
+- (void)setItemArray:(NSArray *)a { [self removeAllItems]; for (NSMenuItem *i in a) [self addItem:i]; }
+@end
+@implementation NSMenuItem (CompatMac)
+- (NSString *)identifier { return sideGet(self, 1); }
+- (void)setIdentifier:(NSString *)s { sideSet(self, 1, s); }
+- (BOOL)isHidden { return [sideGet(self, 2) boolValue]; }
+- (void)setHidden:(BOOL)b { sideSet(self, 2, [NSNumber numberWithBool:b]); }
+- (BOOL)allowsKeyEquivalentWhenHidden { return NO; }
+- (void)setAllowsKeyEquivalentWhenHidden:(BOOL)b { }
+- (NSMenuItem *)parentItem { NSMenu *m = [self menu], *s = [m supermenu]; NSInteger i = s ? [s indexOfItemWithSubmenu:m] : -1; return i < 0 ? nil : [s itemAtIndex:i]; }
+- (NSView *)view { return sideGet(self, 3); }
+- (void)setView:(NSView *)v { sideSet(self, 3, v); }
++ (instancetype)sectionHeaderWithTitle:(NSString *)t { NSMenuItem *i = [[[self alloc] initWithTitle:t action:nil keyEquivalent:@""] autorelease]; [i setEnabled:NO]; return i; }
+@end
+@implementation NSWindow (CompatMac)
+- (void)setAnimationBehavior:(NSInteger)b { }
+- (void)setMovable:(BOOL)b { }
+- (void)setRestorable:(BOOL)b { }
+@end
+@implementation NSColor (CompatMac)
++ (NSColor *)linkColor { return [NSColor blueColor]; }
+@end
+@implementation NSAttributedString (CompatMac)
+- (void)enumerateAttribute:(NSString *)k inRange:(NSRange)r options:(NSUInteger)o usingBlock:(void (^)(id, NSRange, BOOL *))b {
+  BOOL stop = NO;
+  for (NSUInteger at = r.location; at < NSMaxRange(r) && !stop;) {
+    NSRange e; id v = [self attribute:k atIndex:at longestEffectiveRange:&e inRange:r];
+    b(v, e, &stop); at = NSMaxRange(e);
+  }
+}
+@end
+@implementation NSTask (CompatMac)
+- (void)setExecutableURL:(NSURL *)u { [self setLaunchPath:[u path]]; }
+- (BOOL)launchAndReturnError:(NSError **)e {
+  @try { [self launch]; return YES; }
+  @catch (NSException *x) { if (e) *e = [NSError errorWithDomain:NSCocoaErrorDomain code:4 userInfo:nil]; return NO; }
+}
+@end
+@implementation NSURL (CompatMac)
+- (BOOL)compat_getResourceValue:(id *)v forKey:(NSString *)k error:(NSError **)e {
+  struct stat l, s; const char *p = [[self path] fileSystemRepresentation];
+  *v = nil;
+  if (!p || lstat(p, &l)) { if (e) *e = [NSError errorWithDomain:NSCocoaErrorDomain code:260 userInfo:nil]; return NO; }
+  if (stat(p, &s)) s = l;
+  if ([k isEqual:NSURLIsDirectoryKey]) *v = [NSNumber numberWithBool:S_ISDIR(l.st_mode)];
+  else if ([k isEqual:NSURLIsSymbolicLinkKey]) *v = [NSNumber numberWithBool:S_ISLNK(l.st_mode)];
+  else if ([k isEqual:NSURLIsHiddenKey]) *v = [NSNumber numberWithBool:[[self lastPathComponent] hasPrefix:@"."]];
+  else if ([k isEqual:NSURLIsPackageKey]) *v = [NSNumber numberWithBool:[[self pathExtension] isEqual:@"app"]];
+  else if ([k isEqual:NSURLIsAliasFileKey] || [k isEqual:NSURLVolumeIsReadOnlyKey]) *v = [NSNumber numberWithBool:NO];
+  else if ([k isEqual:NSURLLocalizedNameKey]) *v = [self lastPathComponent];
+  return YES;
+}
+- (NSDictionary *)resourceValuesForKeys:(NSArray *)ks error:(NSError **)e {
+  NSMutableDictionary *d = [NSMutableDictionary dictionary];
+  for (NSString *k in ks) { id v = nil; if (![self getResourceValue:&v forKey:k error:e]) return nil; if (v) [d setObject:v forKey:k]; }
+  return d;
+}
+- (NSData *)bookmarkDataWithOptions:(NSUInteger)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e { return [[@"book" stringByAppendingString:[self path]] dataUsingEncoding:NSUTF8StringEncoding]; }
++ (instancetype)URLByResolvingBookmarkData:(NSData *)d options:(NSUInteger)o relativeToURL:(NSURL *)u bookmarkDataIsStale:(BOOL *)s error:(NSError **)e {
+  NSString *t = [[[NSString alloc] initWithData:d encoding:NSUTF8StringEncoding] autorelease];
+  if (s) *s = NO;
+  return [t hasPrefix:@"book"] ? [NSURL fileURLWithPath:[t substringFromIndex:4]] : nil;
+}
++ (BOOL)writeBookmarkData:(NSData *)d toURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e { return [d writeToURL:u atomically:YES]; }
++ (instancetype)URLByResolvingAliasFileAtURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e { return [u URLByResolvingSymlinksInPath]; }
+@end
+@implementation NSFileManager (CompatMac)
+- (BOOL)trashItemAtURL:(NSURL *)u resultingItemURL:(NSURL **)r error:(NSError **)e { return NO; }
+- (NSArray *)mountedVolumeURLsIncludingResourceValuesForKeys:(NSArray *)k options:(NSUInteger)o { return [NSArray arrayWithObject:[NSURL fileURLWithPath:@"/"]]; }
+/* base 1.28 answers URLs relative to the working directory instead of the given one */
+- (NSArray *)compat_contentsOfDirectoryAtURL:(NSURL *)u includingPropertiesForKeys:(NSArray *)k options:(NSUInteger)o error:(NSError **)e {
+  NSArray *names = [self contentsOfDirectoryAtPath:[u path] error:e];
+  if (!names) return nil;
+  NSMutableArray *r = [NSMutableArray array];
+  for (NSString *n in names)
+    if (!(o & NSDirectoryEnumerationSkipsHiddenFiles) || ![n hasPrefix:@"."]) [r addObject:[NSURL fileURLWithPath:[[u path] stringByAppendingPathComponent:n]]];
+  return r;
+}
+- (NSURL *)homeDirectoryForCurrentUser { return [NSURL fileURLWithPath:NSHomeDirectory()]; }
+@end
+@implementation NSString (CompatMac)
+/* base 1.28 ignores NSCaseInsensitiveSearch when NSNumericSearch is given */
+- (NSComparisonResult)localizedStandardCompare:(NSString *)s { return [[self lowercaseString] compare:[s lowercaseString] options:NSNumericSearch]; }
+@end
+@implementation NSWorkspaceOpenConfiguration
+@synthesize createsNewApplicationInstance = _n;
++ (instancetype)configuration { return [[[self alloc] init] autorelease]; }
+@end
+@implementation UTType
++ (UTType *)typeWithIdentifier:(NSString *)i { return nil; }
++ (UTType *)typeWithTag:(NSString *)t tagClass:(NSString *)c conformingToType:(UTType *)s { return nil; }
+- (BOOL)isDynamic { return YES; }
+- (NSString *)identifier { return @""; }
+@end
+UTType *const UTTypeFolder = nil;
+@implementation NSWorkspace (CompatMac)
+- (void)openURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h { printf("[compat] open %s\n", [[u absoluteString] UTF8String]); if (h) h(nil, nil); }
+- (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h { printf("[compat] launch %s\n", [[u absoluteString] UTF8String]); if (h) h(nil, nil); }
+- (void)activateFileViewerSelectingURLs:(NSArray *)u { printf("[compat] reveal %d\n", (int)[u count]); }
+- (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i { return nil; }
+- (NSImage *)iconForContentType:(UTType *)t { return [NSImage imageNamed:@"NSFolder"]; }
+@end
+@implementation NSEvent (CompatMac)
++ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)m handler:(void (^)(NSEvent *))h { return [[h copy] autorelease]; }
++ (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)m handler:(NSEvent * (^)(NSEvent *))h { return [[h copy] autorelease]; }
++ (void)removeMonitor:(id)m { }
+@end
+@interface CompatThread : NSObject { void (^b_)(void); }
+- (void)go:(id)x;
+@end
+@implementation CompatThread
+- (instancetype)initWithBlock:(void (^)(void))b { if ((self = [super init])) b_ = [b copy]; return self; }
+- (void)go:(id)x { @autoreleasepool { b_(); } }
+@end
+@implementation NSThread (CompatMac)
++ (void)detachNewThreadWithBlock:(void (^)(void))b { [NSThread detachNewThreadSelector:@selector(go:) toTarget:[[CompatThread alloc] initWithBlock:b] withObject:nil]; }
+@end
+@implementation NSPredicate (CompatMac)
++ (NSPredicate *)predicateFromMetadataQueryString:(NSString *)s { return [NSPredicate predicateWithValue:YES]; }
+@end
+@implementation NSAppleScript (CompatMac)
+- (instancetype)initWithSource:(NSString *)s { return [self init]; }
+- (NSAppleEventDescriptor *)executeAndReturnError:(NSDictionary **)e { if (e) *e = @{NSAppleScriptErrorNumber : @(-1743)}; return nil; }
+@end
+@implementation NSAppleEventDescriptor (CompatMac)
++ (instancetype)descriptorWithBundleIdentifier:(NSString *)i { return [[[self alloc] init] autorelease]; }
+- (instancetype)initWithEventClass:(unsigned)c eventID:(unsigned)i targetDescriptor:(NSAppleEventDescriptor *)t returnID:(short)r transactionID:(int)x { return [self init]; }
+- (NSAppleEventDescriptor *)sendEventWithOptions:(NSAppleEventSendOptions)o timeout:(NSTimeInterval)t error:(NSError **)e { if (e) *e = [NSError errorWithDomain:NSOSStatusErrorDomain code:-1743 userInfo:nil]; return nil; }
+@end
+@implementation NSImageSymbolConfiguration
++ (instancetype)configurationWithPointSize:(CGFloat)s weight:(NSFontWeight)w { return [[[self alloc] init] autorelease]; }
+@end
+@implementation NSImage (CompatMac)
++ (instancetype)imageWithSystemSymbolName:(NSString *)n accessibilityDescription:(NSString *)d { return nil; }
+- (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)c { return self; }
++ (instancetype)imageWithSize:(NSSize)s flipped:(BOOL)f drawingHandler:(BOOL (^)(NSRect))h {
+  NSImage *i = [[[NSImage alloc] initWithSize:s] autorelease]; [i lockFocus]; h(NSMakeRect(0, 0, s.width, s.height)); [i unlockFocus]; return i;
+}
+- (void)setTemplate:(BOOL)t { }
+@end
+@implementation NSPasteboard (CompatMac)
+- (NSInteger)clearContents { return [self declareTypes:[NSArray array] owner:nil]; }
+- (BOOL)writeObjects:(NSArray *)o {
+  NSMutableArray *paths = [NSMutableArray array];
+  for (id x in o) if ([x isKindOfClass:[NSURL class]]) [paths addObject:[x path]];
+  if ([paths count]) { [self declareTypes:[NSArray arrayWithObject:NSFilenamesPboardType] owner:nil]; return [self setPropertyList:paths forType:NSFilenamesPboardType]; }
+  [self declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil]; return [self setString:[o objectAtIndex:0] forType:NSStringPboardType];
+}
+- (NSArray *)readObjectsForClasses:(NSArray *)c options:(NSDictionary *)o {
+  NSMutableArray *r = [NSMutableArray array];
+  if ([c containsObject:[NSURL class]]) for (NSString *p in (NSArray *)[self propertyListForType:NSFilenamesPboardType]) [r addObject:[NSURL fileURLWithPath:p]];
+  if ([c containsObject:[NSString class]] && [self stringForType:NSStringPboardType]) [r addObject:[self stringForType:NSStringPboardType]];
+  return r;
+}
+@end
+@implementation NSProcessInfo (CompatMac)
+- (NSOperatingSystemVersion)operatingSystemVersion { return NSOperatingSystemVersion{14, 0, 0}; }
+- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)v { return v.majorVersion <= 14; }
+@end
+@implementation NSButton (CompatMac)
++ (instancetype)buttonWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [[[self alloc] init] autorelease]; [b setTitle:t]; [b setTarget:o]; [b setAction:a]; [b sizeToFit]; return b; }
++ (instancetype)checkboxWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [self buttonWithTitle:t target:o action:a]; [b setButtonType:NSSwitchButton]; return b; }
+@end
+@implementation NSTextField (CompatMac)
++ (instancetype)labelWithString:(NSString *)s { NSTextField *f = [[[self alloc] init] autorelease]; [f setStringValue:s]; [f setBezeled:NO]; [f setEditable:NO]; [f setDrawsBackground:NO]; [f sizeToFit]; return f; }
+@end
+@implementation NSFont (CompatMac)
++ (NSFont *)systemFontOfSize:(CGFloat)s weight:(NSFontWeight)w { return [NSFont systemFontOfSize:s]; }
+@end
+/* GNUstep-base 1.28 treats NSRunLoopCommonModes as a mode of that name, so such a timer never fires. */
+@interface NSRunLoop (CompatMac)
+- (void)compat_addTimer:(NSTimer *)t forMode:(NSString *)m;
+@end
+@implementation NSRunLoop (CompatMac)
+- (void)compat_addTimer:(NSTimer *)t forMode:(NSString *)m {
+  if (![m isEqual:NSRunLoopCommonModes]) { [self compat_addTimer:t forMode:m]; return; }
+  [self compat_addTimer:t forMode:NSDefaultRunLoopMode];
+  [self compat_addTimer:t forMode:NSEventTrackingRunLoopMode];
+  [self compat_addTimer:t forMode:NSModalPanelRunLoopMode];
+}
+@end
+/* The same for work handed to the main thread. */
+@interface NSObject (CompatMain)
+- (void)compat_performSelectorOnMainThread:(SEL)a withObject:(id)o waitUntilDone:(BOOL)w modes:(NSArray *)m;
+@end
+@implementation NSObject (CompatMain)
+- (void)compat_performSelectorOnMainThread:(SEL)a withObject:(id)o waitUntilDone:(BOOL)w modes:(NSArray *)m {
+  if ([m containsObject:NSRunLoopCommonModes]) m = [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSEventTrackingRunLoopMode, NSModalPanelRunLoopMode, nil];
+  [self compat_performSelectorOnMainThread:a withObject:o waitUntilDone:w modes:m];
+}
+@end
+/* A bare program has no bundle; its defaults go by its name. */
+@interface NSBundle (CompatMain)
+- (NSString *)compat_bundleIdentifier;
+@end
+@implementation NSBundle (CompatMain)
+- (NSString *)compat_bundleIdentifier { return self == [NSBundle mainBundle] ? [[NSProcessInfo processInfo] processName] : [self compat_bundleIdentifier]; }
+@end
+/* No collator: the callers fall back to folded text. */
+#import <CoreServices/CoreServices.h>
+OSStatus UCCreateCollator(void *, UInt32, UCCollateOptions, CollatorRef *out) { *out = nullptr; return -1; }
+OSStatus UCGetCollationKey(CollatorRef, const UniChar *, UniCharCount, ItemCount, ItemCount *, UCCollationValue *) { return -1; }
+/* What the settings and the notes call beside. */
+@implementation NSAttributedString (CompatMac2)
+- (NSRect)boundingRectWithSize:(NSSize)s options:(NSStringDrawingOptions)o context:(id)c { return [self boundingRectWithSize:s options:o]; }
+@end
+@implementation NSTextView (CompatMac2)
+- (void)setUsesAdaptiveColorMappingForDarkAppearance:(BOOL)b { }
+@end
+@implementation NSColorSpace (CompatMac2)
++ (NSColorSpace *)sRGBColorSpace { return [NSColorSpace deviceRGBColorSpace]; }
+@end
+@implementation NSString (CompatMac2)
+- (NSString *)stringByFoldingWithOptions:(NSStringCompareOptions)o locale:(NSLocale *)l { return [self lowercaseString]; }
+@end
+/* gui 0.29: -[NSMenu addItem:] calls -update, which calls menuNeedsUpdate:, which adds items, ... without end. */
+@interface NSMenu (CompatGuard)
+- (void)compat_update;
+@end
+@implementation NSMenu (CompatGuard)
+- (void)compat_update {
+  static auto *busy = new std::vector<NSMenu *>;
+  for (NSMenu *m : *busy) if (m == self) return;
+  busy->push_back(self);
+  [self compat_update];
+  busy->pop_back();
+}
+@end
+@interface CompatInstall : NSObject
+@end
+@implementation CompatInstall
++ (void)load { @autoreleasepool { /* a C constructor would run before the selectors of this file are registered */
+  swap([NSRunLoop class], @selector(addTimer:forMode:), @selector(compat_addTimer:forMode:));
+  swap([NSFileManager class], @selector(contentsOfDirectoryAtURL:includingPropertiesForKeys:options:error:), @selector(compat_contentsOfDirectoryAtURL:includingPropertiesForKeys:options:error:));
+  swap([NSObject class], @selector(performSelectorOnMainThread:withObject:waitUntilDone:modes:), @selector(compat_performSelectorOnMainThread:withObject:waitUntilDone:modes:));
+  swap([NSBundle class], @selector(bundleIdentifier), @selector(compat_bundleIdentifier));
+  swap([NSMenu class], @selector(update), @selector(compat_update));
+  swap([NSURL class], @selector(getResourceValue:forKey:error:), @selector(compat_getResourceValue:forKey:error:));
+} }
+@end

@@ -1,0 +1,379 @@
+/// The front end's own files at work, as far as another implementation of the system's
+/// interfaces can carry them. Prints what it did; a wrong outcome ends it with a sentence.
+#import "platform/macos/Conversions.h"
+#import "platform/macos/Factories.h"
+#import "platform/macos/MainMenu.h"
+#import "platform/macos/MenuMirror.h"
+#import "platform/macos/ServicesProvider.h"
+
+#include "base/MainThread.h"
+#include "base/Text.h"
+#include "platform/PropertyListFormat.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+using namespace zv;
+
+namespace {
+
+void expect(bool holds, char const* what)
+{
+    std::printf("%s: %s\n", holds ? "ok" : "WRONG", what);
+    std::fflush(stdout);
+    if (!holds)
+        std::exit(1);
+}
+
+void runLoopFor(double seconds)
+{
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:seconds];
+    while ([end timeIntervalSinceNow] > 0)
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.02]];
+}
+
+class Filler : public MenuDelegate {
+public:
+    explicit Filler(std::function<std::vector<MenuEntry>()> entries)
+        : m_entries(std::move(entries))
+    {
+    }
+    void menuNeedsUpdate(Menu& menu) override
+    {
+        ++fillings;
+        menu.entries = m_entries();
+    }
+    void menuDidClose(Menu&) override { ++closings; }
+
+    int fillings = 0;
+    int closings = 0;
+
+private:
+    std::function<std::vector<MenuEntry>()> m_entries;
+};
+
+MenuEntry action(std::string title, std::function<void()> run)
+{
+    MenuEntry entry;
+    entry.title = std::move(title);
+    entry.target = std::make_shared<MenuActionTarget>(std::move(run));
+    entry.representedObject = entry.target;
+    return entry;
+}
+
+struct Menus {
+    int performed = 0;
+    std::shared_ptr<Filler> lazy = std::make_shared<Filler>([this] { return std::vector { action("Inner", [this] { performed += 10; }) }; });
+    std::shared_ptr<Filler> main = std::make_shared<Filler>([this] { return entries(); });
+
+    std::vector<MenuEntry> entries()
+    {
+        auto open = action("Open", [this] { ++performed; });
+        open.keyEquivalent = "e";
+        open.keyEquivalentModifierMask = ModifierMask::command | ModifierMask::option;
+        open.identifier = "QuitZantheVell";
+        open.toolTip = "Opens it";
+        open.isMarked = true;
+        auto titled = action("Plain", [] {});
+        titled.attributedTitle = AttributedTitle { "Slanted", true, "⌘E", 200 };
+        auto folder = MenuEntry();
+        folder.title = "Folder";
+        folder.submenu = std::make_shared<Menu>("Folder");
+        folder.submenu->autoenablesItems = false;
+        folder.submenu->delegate = lazy;
+        auto group = MenuEntry();
+        group.title = "Group";
+        group.submenu = std::make_shared<Menu>("Group");
+        group.submenu->entries = { action("Member", [this] { performed += 100; }) };
+        return { open, MenuEntry::separator(), titled, MenuEntry::disabled("Cannot"), folder, group };
+    }
+};
+
+void choose(NSMenuItem* item) { [NSApp sendAction:[item action] to:[item target] from:item]; }
+
+void menusAreMirrored()
+{
+    Menus menus;
+    MenuTracking tracking;
+    auto const menu = std::make_shared<Menu>("Main");
+    menu->autoenablesItems = false;
+    menu->delegate = menus.main;
+    ZVMenuMirror* const mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking];
+    NSMenu* const shown = [mirror menu];
+    expect(menus.main->fillings == 0 && [shown numberOfItems] == 0, "a menu is not filled before it opens");
+
+    [shown update]; // as the system does when it opens one
+    expect([shown numberOfItems] == 6, "every entry is mirrored");
+    expect(![shown autoenablesItems], "nothing is enabled by itself");
+    NSMenuItem* const open = (NSMenuItem*)[shown itemAtIndex:0];
+    expect([[open title] isEqual:@"Open"] && [[open identifier] isEqual:@"QuitZantheVell"] && [[open toolTip] isEqual:@"Opens it"], "texts are mirrored");
+    expect([[open keyEquivalent] isEqual:@"e"] && [open keyEquivalentModifierMask] == 0x180000, "so is the shortcut, with its modifiers");
+    expect([open state] == NSControlStateValueOn && [open isEnabled], "and the mark");
+    expect([[shown itemAtIndex:1] isSeparatorItem], "a line is a line");
+    expect(![[shown itemAtIndex:3] isEnabled] && ![[shown itemAtIndex:3] action], "what cannot act does not");
+
+    choose(open);
+    expect(menus.performed == 1, "an action fires");
+    NSMenu* const folder = [[shown itemAtIndex:4] submenu];
+    expect(folder && menus.lazy->fillings == 0, "a submenu waits until it opens");
+    [folder update];
+    expect(menus.lazy->fillings == 1 && [folder numberOfItems] == 1, "then it fills itself");
+    choose((NSMenuItem*)[folder itemAtIndex:0]);
+    expect(menus.performed == 11, "and what is in it acts");
+    NSMenu* const group = [[shown itemAtIndex:5] submenu];
+    expect([group numberOfItems] == 1, "a group is there at once");
+    choose((NSMenuItem*)[group itemAtIndex:0]);
+    expect(menus.performed == 111, "and its members act");
+    expect(![mirror menuHasKeyEquivalent:shown forEvent:nil target:nullptr action:nullptr], "a key press fills nothing");
+
+    [mirror menuWillOpen:shown];
+    expect(tracking.isOpen, "the hot keys know that a menu is open");
+    [shown setDelegate:nil]; // adding an item would ask for an update here
+    menu->entries.resize(2);
+    menu->didRefill();
+    expect([shown numberOfItems] == 2, "what arrives late is shown");
+    [mirror menuDidClose:shown];
+    expect(!tracking.isOpen && tracking.lastClosed > 0 && menus.main->closings == 1, "closing is told");
+    menu->entries.clear();
+    menu->didRefill();
+    expect([shown numberOfItems] == 2, "a closed menu follows nothing");
+}
+
+} // namespace
+
+@interface SettingsTaker : NSObject {
+@public
+    int taken;
+}
+- (void)openSettings:(id)sender;
+@end
+@implementation SettingsTaker
+- (void)openSettings:(id)sender
+{
+    ++taken;
+}
+@end
+
+/// Presses a button of the alert that is being shown.
+@interface ButtonPresser : NSObject {
+@public
+    NSString* title;
+    int presses;
+}
+- (void)press:(NSTimer*)timer;
+@end
+@implementation ButtonPresser
+static NSButton* buttonIn(NSView* view, NSString* title)
+{
+    if ([view isKindOfClass:[NSButton class]] && [[(NSButton*)view title] isEqual:title])
+        return (NSButton*)view;
+    for (NSView* child in [view subviews]) {
+        if (NSButton* const found = buttonIn(child, title))
+            return found;
+    }
+    return nil;
+}
+- (void)press:(NSTimer*)timer
+{
+    NSButton* const button = buttonIn([[NSApp modalWindow] contentView], title);
+    if (!button)
+        return;
+    [timer invalidate];
+    ++presses;
+    [button performClick:nil];
+    // A modal session that is stopped by a timer ends with the next event.
+    NSEvent* const event = [NSEvent otherEventWithType:NSApplicationDefined
+                                              location:NSZeroPoint
+                                         modifierFlags:0
+                                             timestamp:0
+                                          windowNumber:0
+                                               context:nil
+                                               subtype:0
+                                                 data1:0
+                                                 data2:0];
+    [NSApp postEvent:event atStart:NO];
+}
+@end
+
+namespace {
+
+void theSettingsItemIsFound()
+{
+    SettingsTaker* const taker = [[SettingsTaker alloc] init];
+    NSMenu* const bar = makeMainMenu(taker, @selector(openSettings:));
+    NSMenuItem* found = nil;
+    for (NSMenuItem* title in [bar itemArray]) {
+        for (NSMenuItem* item in [[title submenu] itemArray]) {
+            if ([[item keyEquivalent] isEqual:@","] && [item keyEquivalentModifierMask] == NSEventModifierFlagCommand)
+                found = found ? found : item;
+        }
+    }
+    expect(found != nil, "the main menu has a settings item under Command and the comma");
+    choose(found);
+    expect(taker->taken == 1, "which opens the settings");
+}
+
+void anAlertAnswers()
+{
+    ButtonPresser* const presser = [[ButtonPresser alloc] init];
+    presser->title = @"Not Now";
+    NSTimer* const timer = [NSTimer timerWithTimeInterval:0.2 target:presser selector:@selector(press:) userInfo:nil repeats:YES];
+    [[NSRunLoop currentRunLoop] addTimer:timer forMode:NSModalPanelRunLoopMode];
+    Alert alert;
+    alert.message = "Copy it?";
+    alert.informativeText = "It is on a disk image.";
+    alert.buttons = { "Copy", "Not Now" };
+    alert.escapeButton = 1;
+    expect(makeAlerts()->run(alert) == 1 && presser->presses == 1, "an alert answers with the button that was pressed");
+}
+
+PropertyList sample()
+{
+    PropertyListDictionary inner;
+    inner.set("text", "Grüße ⌘");
+    inner.set("number", std::int64_t { 42 });
+    inner.set("yes", true);
+    inner.set("real", 2.5);
+    return PropertyListArray { inner, PropertyListData { std::byte { 1 }, std::byte { 2 } } };
+}
+
+void propertyListsSurvive()
+{
+    for (auto const encoding : { PropertyListEncoding::xml, PropertyListEncoding::binary }) {
+        auto const bytes = writePropertyList(sample(), encoding);
+        expect(static_cast<bool>(bytes), "a property list is written");
+        auto const read = readPropertyList(*bytes);
+        expect(read && *read == sample(), "and read again the same");
+    }
+    std::string const garbage = "<plist><dict><key>";
+    auto const* bytes = reinterpret_cast<std::byte const*>(garbage.data());
+    expect(!readPropertyList({ bytes, garbage.size() }), "a broken one is refused");
+}
+
+void textsAreTakenApart()
+{
+    expect(graphemeCount("e\xCC\x81x") == 2, "a letter and its accent are one character");
+    expect(trimmed(" \t Zanthe \n") == "Zanthe", "white space goes from both ends");
+    expect(upperCased("grün") == "GRÜN", "upper case is not for ASCII alone");
+    expect(withValidUtf8("a\xFFz") == "a\xEF\xBF\xBDz", "a wrong byte is replaced");
+    expect(fromNSString(toNSString("a\xFFz")) == "a\xEF\xBF\xBDz", "and does not lose the text");
+    expect(localizedStandardCompare("File 2", "file 10") < 0, "numbers compare by value");
+}
+
+void workLeavesAndReturns()
+{
+    auto const tasks = makeTasks();
+    auto const timers = makeTimers();
+    bool isBack = false;
+    bool wasElsewhere = false;
+    int ticks = 0;
+    tasks->inBackground(
+        TaskPriority::user, [] { return !isMainThread(); },
+        [&](bool elsewhere) {
+            wasElsewhere = elsewhere;
+            isBack = isMainThread();
+        });
+    auto timer = timers->every(std::chrono::milliseconds(20), [&] { ++ticks; });
+    runLoopFor(1);
+    expect(isBack && wasElsewhere, "work leaves the main thread, and its result returns to it");
+    expect(ticks > 5, "a timer ticks");
+    timer.reset();
+    int const before = ticks;
+    runLoopFor(0.2);
+    expect(ticks == before, "until it is let go");
+}
+
+NSString* textIn(NSView* view)
+{
+    if ([view isKindOfClass:[NSTextView class]])
+        return [[(NSTextView*)view textStorage] string];
+    for (NSView* child in [view subviews]) {
+        if (NSString* const found = textIn(child))
+            return found;
+    }
+    return nil;
+}
+
+void theNotesShow(char const* file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::string const contents { std::istreambuf_iterator<char>(stream), {} };
+    auto const* begin = reinterpret_cast<std::byte const*>(contents.data());
+    auto const windows = makeNotesWindows();
+    auto const text = windows->read({ begin, begin + contents.size() });
+    expect(text != nullptr, "the notes are read");
+    expect(text->height(440) > 100, "and measured");
+    auto const window = windows->make({ "Zanthe Vell Beta", 480, 400, 320, 160, 20 }, text);
+    window->bringToFront();
+    runLoopFor(0.5);
+    NSWindow* shown = nil;
+    for (NSWindow* candidate in [NSApp windows]) {
+        if ([[candidate title] isEqual:@"Zanthe Vell Beta"])
+            shown = candidate;
+    }
+    expect(shown && [shown isVisible] && [[shown contentView] frame].size.width == 480, "their window stands there, as wide as it should be");
+    expect([textIn([shown contentView]) length] > 100, "with the text in it");
+}
+
+void filesAreTaken(char const* file)
+{
+    std::vector<Url> taken;
+    ZVServicesProvider* const provider = [[ZVServicesProvider alloc] initWithFunction:[&](std::vector<Url> files) { taken = std::move(files); }];
+    NSPasteboard* const pasteboard = [NSPasteboard pasteboardWithUniqueName];
+    NSString* error = nil;
+    [pasteboard declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
+    [pasteboard setString:@"only text" forType:NSStringPboardType];
+    [provider addToZantheVellItems:pasteboard userData:nil error:&error];
+    expect(taken.empty() && [error isEqual:@"No files or folders were sent to Zanthe Vell."], "who sends no files is told so");
+    error = nil;
+    [pasteboard writeObjects:[NSArray arrayWithObject:[NSURL fileURLWithPath:[NSString stringWithUTF8String:file]]]];
+    [provider addToZantheVellItems:pasteboard userData:nil error:&error];
+    expect(taken.size() == 1 && taken.front().path() == file && !error, "a file that is sent is taken");
+}
+
+void defaultsAreKept(bool isFirstRun)
+{
+    auto const defaults = makeUserDefaults();
+    if (isFirstRun) {
+        expect(!defaults->setObject("Items", sample()), "a setting is stored");
+        [[NSUserDefaults standardUserDefaults] synchronize]; // the Mac does so by itself
+        return;
+    }
+    auto const stored = defaults->storedObject("Items");
+    expect(stored && *stored == sample(), "the next run finds it again");
+    PropertyListDictionary registered;
+    registered.set("Depth", std::int64_t { 3 });
+    defaults->registerDefaults(registered);
+    expect(defaults->integerForKey("Depth") == 3 && !defaults->storedObject("Depth"), "what is registered is not stored");
+}
+
+} // namespace
+
+/// smoke first|second NOTES
+int main(int count, char** arguments)
+{
+    @autoreleasepool {
+        // These files rely on automatic reference counting: without it nothing is ever let go.
+        [NSAutoreleasePool enableRelease:NO];
+        markMainThread();
+        [NSApplication sharedApplication];
+        if (count < 3)
+            return 2;
+        bool const isFirstRun = std::string(arguments[1]) == "first";
+        defaultsAreKept(isFirstRun);
+        if (isFirstRun)
+            return 0;
+        textsAreTakenApart();
+        propertyListsSurvive();
+        menusAreMirrored();
+        theSettingsItemIsFound();
+        filesAreTaken(arguments[2]);
+        workLeavesAndReturns();
+        theNotesShow(arguments[2]);
+        anAlertAnswers();
+        std::puts("The smoke run is through.");
+    }
+    return 0;
+}

@@ -1,0 +1,267 @@
+#undef QT_NO_CAST_FROM_ASCII // plain literals keep the tables readable
+
+#include "platform/linux/qt/MenuWindow.h"
+
+#include "platform/linux/qt/MenuStyle.h"
+#include "platform/linux/qt/ThemeImage.h"
+#include "tests/qt/FillingMenu.h"
+#include "tests/qt/TestApplication.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QStyleOptionMenuItem>
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+QStringList titles(QMenu const& menu)
+{
+    QStringList all;
+    for (auto const* action : menu.actions()) {
+        if (action->isVisible())
+            all.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    }
+    return all;
+}
+
+struct SlowImage : ThemeImage {
+    std::string name() const override { return "slow"; }
+    bool isReady() const override { return false; }
+    QIcon icon() const override
+    {
+        ++fetched;
+        QPixmap pixmap(16, 16);
+        pixmap.fill(Qt::red);
+        return QIcon(pixmap);
+    }
+    mutable int fetched = 0;
+};
+
+/// Tells what it has the style draw.
+struct SeenWindow : MenuWindow {
+    using MenuWindow::MenuWindow;
+    QString drawnText(int index)
+    {
+        QStyleOptionMenuItem option;
+        initStyleOption(&option, actions()[index]);
+        return option.text;
+    }
+};
+
+class MenuWindowTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ensureApplication();
+        qApp->setStyle(new MenuStyle);
+        window = std::make_unique<SeenWindow>(nullptr);
+        window->onChosen = [this](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
+    }
+    void open(std::vector<MenuEntry> entries)
+    {
+        top = FillingMenu::make(std::move(entries));
+        window->setMenu(top->menu);
+        window->popup({ 10, 10 });
+    }
+    void press(int key, QString const& text = {}, Qt::KeyboardModifiers modifiers = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(QApplication::activePopupWidget() ? QApplication::activePopupWidget() : window.get(), &event);
+    }
+    void type(QString const& text)
+    {
+        for (auto const character : text)
+            press(0, QString(character));
+    }
+    QString current() { return window->activeAction() ? window->activeAction()->text() : QString(); }
+    std::function<void()> note(std::string const& what)
+    {
+        return [this, what] { done.push_back(what); };
+    }
+
+    std::shared_ptr<FillingMenu> top;
+    std::unique_ptr<SeenWindow> window;
+    std::vector<std::string> done;
+};
+
+TEST_F(MenuWindowTest, MirrorsWhatTheMenuHoldsEachTimeItOpens)
+{
+    auto keys = leaf("Force Quit");
+    keys.keyEquivalent = "e";
+    keys.keyEquivalentModifierMask = ModifierMask::option | ModifierMask::command;
+    auto hint = leaf("Notes");
+    hint.attributedTitle = AttributedTitle { "Notes", true, "⌥⌘N", 100 };
+    auto gone = MenuEntry::disabled("Gone");
+    gone.toolTip = "<b>a file</b>";
+    open({ leaf("R&D"), MenuEntry::separator(), keys, hint, gone });
+    EXPECT_EQ(titles(*window), (QStringList { "R&&D", "-", "Force Quit", "Notes", "Gone" })) << "titles alone: assistive tools read them out";
+    EXPECT_EQ(window->drawnText(2), "Force Quit\tAlt+Super+E");
+    EXPECT_EQ(window->drawnText(3), "Notes\tAlt+Super+N");
+    auto const actions = window->actions();
+    EXPECT_TRUE(actions[3]->font().italic());
+    EXPECT_FALSE(actions[2]->font().italic());
+    EXPECT_FALSE(actions[4]->isEnabled());
+    EXPECT_EQ(actions[4]->toolTip(), "<qt>&lt;b&gt;a file&lt;/b&gt;") << "never taken for markup";
+    EXPECT_TRUE(actions[2]->shortcut().isEmpty()) << "no key works while the menu is closed";
+
+    window->close();
+    EXPECT_EQ(top->closings, 1);
+    top->next = { leaf("Other") };
+    window->popup({ 10, 10 });
+    EXPECT_EQ(titles(*window), QStringList { "Other" });
+    EXPECT_EQ(top->updates, 2);
+}
+
+TEST_F(MenuWindowTest, ASubmenuFillsWhenItOpensAndFollowsALaterFill)
+{
+    auto const sub = FillingMenu::make({ leaf("one") });
+    open({ branch("Folder", sub) });
+    EXPECT_EQ(sub->updates, 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    EXPECT_EQ(sub->updates, 1);
+    auto* submenu = window->actions()[0]->menu();
+    ASSERT_TRUE(submenu->isVisible());
+    EXPECT_EQ(titles(*submenu), QStringList { "one" });
+
+    sub->menu->entries.clear();
+    for (int i = 0; i < 2000; ++i)
+        sub->menu->entries.push_back(leaf("late " + std::to_string(i)));
+    sub->menu->didRefill();
+    EXPECT_TRUE(submenu->isVisible());
+    EXPECT_EQ(submenu->actions().size(), 2000);
+    EXPECT_LE(submenu->height(), window->screen()->geometry().height()) << "scrolls instead of growing off the screen";
+    window->close();
+    EXPECT_EQ(sub->closings, 1);
+    sub->menu->didRefill();
+    EXPECT_EQ(submenu->actions().size(), 2000) << "a closed menu follows nothing";
+}
+
+TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
+{
+    open({ leaf("Über uns", note("about")), MenuEntry::separator(), leaf("Settings", note("settings")), leaf("Restart", note("restart")) });
+    type("UB");
+    EXPECT_EQ(titles(*window), (QStringList { "UB", "Über uns" })) << "what was typed stands above what is left";
+    EXPECT_EQ(current(), "Über uns");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(titles(*window), (QStringList { "Über uns", "-", "Settings", "Restart" }));
+    type("st");
+    type("x");
+    EXPECT_EQ(titles(*window), QStringList { "stx" });
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(titles(*window), (QStringList { "st", "Restart" }));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(done, std::vector<std::string> { "restart" });
+
+    window->popup({ 10, 10 });
+    EXPECT_EQ(titles(*window).size(), 4) << "the next opening starts afresh";
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MenuWindowTest, KeysMoveAmongWhatCanBeChosen)
+{
+    std::vector<MenuEntry> entries { MenuEntry::disabled("not this") };
+    for (int i = 0; i < 60; ++i)
+        entries.push_back(leaf(std::to_string(i)));
+    entries.push_back(MenuEntry::disabled("nor this"));
+    open(entries);
+    struct Row {
+        int key;
+        QString current;
+    };
+    Row const rows[] = {
+        { Qt::Key_Down, "0" },
+        { Qt::Key_End, "59" },
+        { Qt::Key_PageDown, "59" }, // stays at the end
+        { Qt::Key_Down, "0" }, // an arrow goes round
+        { Qt::Key_PageUp, "0" },
+        { Qt::Key_Up, "59" },
+        { Qt::Key_Home, "0" },
+    };
+    for (auto const& row : rows) {
+        press(row.key);
+        EXPECT_EQ(current(), row.current);
+    }
+    press(Qt::Key_PageDown);
+    EXPECT_GT(current().toInt(), 3);
+    EXPECT_LT(current().toInt(), 59);
+}
+
+TEST_F(MenuWindowTest, AKeyEquivalentWorksWhileTheMenuIsOpen)
+{
+    auto customize = leaf("Customize", note("customize"));
+    customize.keyEquivalent = ",";
+    customize.keyEquivalentModifierMask = ModifierMask::command;
+    auto off = leaf("Off", note("off"));
+    off.keyEquivalent = "o";
+    off.keyEquivalentModifierMask = ModifierMask::command;
+    off.enabled = false;
+    open({ customize, off });
+    press(Qt::Key_O, "o", Qt::MetaModifier);
+    press(Qt::Key_Comma, ",", Qt::ControlModifier);
+    EXPECT_TRUE(window->isVisible());
+    press(Qt::Key_Comma, ",", Qt::MetaModifier);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(done, std::vector<std::string> { "customize" });
+}
+
+TEST_F(MenuWindowTest, AnEntryDeepDownIsChosenOnce)
+{
+    auto const inner = FillingMenu::make({ leaf("deep", note("deep")) });
+    auto const outer = FillingMenu::make({ branch("inner", inner) });
+    open({ branch("outer", outer) });
+    for (int const key : { Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return })
+        press(key);
+    EXPECT_EQ(done, std::vector<std::string> { "deep" });
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MenuWindowTest, PicturesThatAreNotAtHandComeAfterTheMenu)
+{
+    auto const image = std::make_shared<SlowImage>();
+    auto entry = leaf("Pictured");
+    entry.image = image;
+    open({ entry });
+    EXPECT_EQ(image->fetched, 0);
+    EXPECT_FALSE(window->actions()[0]->icon().isNull()) << "its place is kept";
+    for (QElapsedTimer timer; image->fetched == 0;) {
+        timer.isValid() ? void() : timer.start();
+        ASSERT_LT(timer.elapsed(), 5000);
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(window->actions()[0]->icon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
+}
+
+TEST_F(MenuWindowTest, ForgettingLetsGoOfEverything)
+{
+    auto entry = leaf("Held");
+    std::weak_ptr<MenuActionTarget> const held = entry.target;
+    open({ std::move(entry) });
+    top->next.clear();
+    window->close();
+    window->forget();
+    top->menu->entries.clear();
+    EXPECT_TRUE(held.expired());
+    EXPECT_TRUE(window->actions().isEmpty());
+}
+
+TEST_F(MenuWindowTest, AVeryLongNameLosesItsMiddleNotTheMenuItsShape)
+{
+    auto const name = std::string(250, 'x') + ".mkv";
+    open({ leaf("Short & sweet"), leaf(name) });
+    EXPECT_LT(window->sizeHint().width(), 40 * window->fontMetrics().height());
+    EXPECT_LT(window->drawnText(1).size(), 200);
+    EXPECT_TRUE(window->drawnText(1).endsWith(".mkv"));
+    EXPECT_EQ(window->actions()[1]->text(), QString::fromStdString(name)) << "whole for those who hear it";
+    EXPECT_EQ(window->actions()[1]->toolTip(), QString::fromStdString(name));
+    EXPECT_EQ(window->drawnText(0), "Short && sweet");
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,98 @@
+#include "platform/linux/qt/PanelCorner.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace zv {
+namespace {
+
+constexpr int kReach = 44;
+
+/// A panel painted column by column: a stretch of `length` columns each, blank or drawn.
+struct Stretch {
+    enum class Kind { blank, drawn };
+    Kind kind;
+    int length;
+};
+constexpr auto blank = Stretch::Kind::blank;
+constexpr auto drawn = Stretch::Kind::drawn;
+
+enum class Ground { plain, shaded, translucent };
+
+std::uint32_t groundAt(Ground ground, int y)
+{
+    switch (ground) {
+    case Ground::plain:
+        return 0xfff6f5f4;
+    case Ground::shaded:
+        return 0xff000000 | static_cast<std::uint32_t>(40 + 3 * y) * 0x010101;
+    case Ground::translucent:
+        return 0x80303030;
+    }
+    return 0;
+}
+
+/// Pictures and letters leave the four topmost and lowest rows free; the last row is the panel's border.
+PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::plain, int height = 27)
+{
+    PanelPixels panel { 200, height, {} };
+    for (int y = 0; y < height; ++y) {
+        std::vector<std::uint32_t> row(200, y == height - 1 ? 0xffb6b0a8 : groundAt(ground, y));
+        std::size_t x = 0;
+        for (auto const& run : runs) {
+            for (int i = 0; i < run.length; ++i, ++x) {
+                if (run.kind == drawn && y >= 4 && y < height - 4)
+                    row[x] = 0xffcc2020;
+            }
+        }
+        panel.pixels.insert(panel.pixels.end(), row.begin(), row.end());
+    }
+    return panel;
+}
+
+TEST(PanelCorner, FindsThePictureThatStandsFirst)
+{
+    struct Row {
+        std::vector<Stretch> runs;
+        int x, width, beside;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { { blank, 3 }, { drawn, 14 }, { blank, 3 }, { drawn, 9 } }, 3, 14, 17, "an icon and its label" },
+        { { { blank, 3 }, { drawn, 6 }, { blank, 2 }, { drawn, 6 } }, 3, 14, 17, "a picture in two parts close together" },
+        { { { drawn, 20 }, { blank, 30 } }, 0, 20, 20, "one that begins at the very edge" },
+        { { { blank, 30 }, { drawn, 10 }, { blank, 10 } }, 30, 10, 40, "one at the far end of the reach" },
+        { { { blank, 4 }, { drawn, 30 }, { blank, 1 }, { drawn, 30 } }, 4, 30, 34, "a word is cut between two letters" },
+        { { { blank, 4 }, { drawn, 90 } }, 4, 40, 44, "what has no gap at all is cut at the reach" },
+    };
+    for (auto const& row : rows) {
+        for (auto const ground : { Ground::plain, Ground::shaded, Ground::translucent }) {
+            SCOPED_TRACE(std::string(row.why) + ", ground " + std::to_string(static_cast<int>(ground)));
+            auto const corner = findPanelCorner(panelOf(row.runs, ground), kReach);
+            ASSERT_TRUE(corner.picture);
+            EXPECT_EQ(*corner.picture, (XRect { row.x, 4, row.width, 19 }));
+            EXPECT_EQ(corner.backgroundColumn, row.beside);
+        }
+    }
+}
+
+TEST(PanelCorner, FindsNoneOnAnEmptyCornerOrInNothing)
+{
+    EXPECT_FALSE(findPanelCorner(panelOf({}), kReach).picture);
+    EXPECT_FALSE(findPanelCorner(panelOf({ { blank, 44 }, { drawn, 20 } }), kReach).picture) << "beyond the reach";
+    EXPECT_FALSE(findPanelCorner({}, kReach).picture);
+}
+
+TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)
+{
+    PanelPixels panel { 10, 12, std::vector<std::uint32_t>(120, 0xff202020) };
+    panel.pixels[5 * 10 + 9] = 0xffffffff;
+    auto const corner = findPanelCorner(panel, kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 9, 5, 1, 1 }));
+    EXPECT_EQ(corner.backgroundColumn, 9);
+}
+
+} // namespace
+} // namespace zv
