@@ -29,7 +29,7 @@ zv_tests(zv_qt_tests FOLDERS qt LINK zv_app zv_qt)
 add_executable(overlay_probe ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_probe.cpp)
 target_link_libraries(overlay_probe PRIVATE zv_qt)
 
-# Scripts. Labels: "desktop" needs an X session (its own), "fuzz" builds with another compiler.
+# Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
 add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/check_all)
 set_tests_properties(macos_check PROPERTIES TIMEOUT 600)
@@ -66,10 +66,10 @@ set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 300 RUN_S
 add_test(NAME desktop_menu COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/run)
 set_tests_properties(desktop_menu PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON ENVIRONMENT "ZV_BUILT_PROGRAM=${ZV_DESKTOP_PROGRAM}")
 
-if(ZV_SANITIZE)
-  # Short: enough to find what broke. It builds for itself, with another compiler.
+if(ZV_SANITIZE AND ZV_FUZZ)
+  # Short: enough to find what broke.
   add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
-  set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 3600)
+  set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600 ENVIRONMENT ZV_FUZZ_PRESET=sanitize)
 endif()
 
 add_test(NAME desktop_lists

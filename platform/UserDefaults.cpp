@@ -1,9 +1,12 @@
 #include "platform/UserDefaults.h"
 
+#include "base/Log.h"
+
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace zv {
 
@@ -57,6 +60,12 @@ struct IntegerReader {
 };
 
 } // namespace
+
+void UserDefaults::keep(std::string_view key, PropertyList value)
+{
+    if (auto const failure = setObject(key, std::move(value)))
+        logLine("could not save " + std::string(key) + ": " + *failure);
+}
 
 bool UserDefaults::boolForKey(std::string_view key) const
 {

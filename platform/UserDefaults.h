@@ -30,6 +30,9 @@ public:
     virtual void registerDefaults(PropertyListDictionary const& defaults) = 0;
     [[nodiscard]] virtual std::vector<std::string> storedKeys() const = 0;
 
+    /// setObject for values that nobody waits for: a failure is one line in the log.
+    void keep(std::string_view key, PropertyList value);
+
     /// The lenient reads that settings use: integers and reals other than 0, and the texts
     /// "YES", "true" and "1" are true; texts are read as far as they are numbers; else 0.
     [[nodiscard]] bool boolForKey(std::string_view key) const;

@@ -1,6 +1,5 @@
 #include "app/model/Preferences.h"
 
-#include "base/Log.h"
 #include "base/MainThread.h"
 
 #include <array>
@@ -80,9 +79,7 @@ template <class T> void Preferences::write(Property<T>& property, T value)
     if (property.value == value)
         return;
     property.value = value;
-    auto const key = keyOf(property.index);
-    if (auto const failure = m_defaults.setObject(key, value))
-        logLine("could not save " + std::string(key) + ": " + *failure);
+    m_defaults.keep(keyOf(property.index), value);
     m_registrar.changed(property.index);
 }
 

@@ -182,7 +182,7 @@ void AppcastUpdateEngine::offerAnswered(std::size_t button)
             m_services.workspace.open(*page);
         break;
     case OfferAnswer::skip:
-        m_services.defaults.setObject(skippedVersionKey, m_pending->version);
+        m_services.defaults.keep(skippedVersionKey, m_pending->version);
         break;
     case OfferAnswer::later:
         break;

@@ -47,7 +47,7 @@ bool UpdateSchedule::isEnabled() const { return m_services.defaults.boolForKey(e
 
 void UpdateSchedule::setEnabled(bool enabled)
 {
-    m_services.defaults.setObject(enabledKey, enabled);
+    m_services.defaults.keep(enabledKey, enabled);
     arm();
 }
 
@@ -58,13 +58,13 @@ std::optional<WallTime> UpdateSchedule::lastCheck() const
     return date ? std::optional(fromDate(*date)) : std::nullopt;
 }
 
-void UpdateSchedule::noteCheck() { m_services.defaults.setObject(lastCheckKey, toDate(m_services.clock.now())); }
+void UpdateSchedule::noteCheck() { m_services.defaults.keep(lastCheckKey, toDate(m_services.clock.now())); }
 
 void UpdateSchedule::start()
 {
     m_startedAt = m_services.clock.monotonic();
     if (!m_services.defaults.storedObject(jitterKey))
-        m_services.defaults.setObject(jitterKey, drawnJitter());
+        m_services.defaults.keep(jitterKey, drawnJitter());
     arm();
 }
 

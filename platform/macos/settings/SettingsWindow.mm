@@ -5,7 +5,6 @@
 #import "platform/macos/settings/MenuEditorView.h"
 #import "platform/macos/settings/SettingsPage.h"
 
-#include "base/Log.h"
 
 /// Lends the window the editor's undo stack, and tells when the window closes.
 @interface ZVSettingsWindowDelegate : NSObject <NSWindowDelegate> {
@@ -48,8 +47,8 @@ constexpr double smallestHeight = 440;
 
 void keep(UserDefaults& defaults, char const* key, std::int64_t value)
 {
-    if (auto const failure = defaults.integerForKey(key) == value ? std::nullopt : defaults.setObject(key, value))
-        logLine("the settings window's place could not be kept: " + *failure);
+    if (defaults.integerForKey(key) != value)
+        defaults.keep(key, value);
 }
 
 /// The window with its three tabs; made when first opened, kept when closed.

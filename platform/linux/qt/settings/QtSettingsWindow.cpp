@@ -5,7 +5,6 @@
 #include "platform/linux/qt/settings/MenuEditorView.h"
 #include "platform/linux/qt/settings/SettingsPageView.h"
 
-#include "base/Log.h"
 
 #include <QCloseEvent>
 #include <QShortcut>
@@ -24,8 +23,8 @@ constexpr QSize smallestSize { 700, 440 };
 
 void keep(UserDefaults& defaults, char const* key, int value)
 {
-    if (auto const failure = defaults.integerForKey(key) == value ? std::nullopt : defaults.setObject(key, value))
-        logLine("the settings window's place could not be kept: " + *failure);
+    if (defaults.integerForKey(key) != value)
+        defaults.keep(key, value);
 }
 
 } // namespace
