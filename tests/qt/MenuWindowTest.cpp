@@ -58,7 +58,7 @@ protected:
         ensureApplication();
         qApp->setStyle(new MenuStyle);
         window = std::make_unique<SeenWindow>(nullptr);
-        window->onChosen = [this](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
+        window->onChosen = [](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
     }
     void open(std::vector<MenuEntry> entries)
     {
