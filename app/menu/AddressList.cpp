@@ -1,5 +1,6 @@
 #include "app/menu/MachineLists.h"
 
+#include "app/menu/DisplayText.h"
 #include "base/Text.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ std::string titleOf(InterfaceAddress const& address)
 {
     bool const isNamed = !address.displayName.empty() && address.displayName != address.interfaceName;
     auto const place = isNamed ? address.displayName + " (" + address.interfaceName + ")" : address.interfaceName;
-    return withValidUtf8(address.address + " — " + place);
+    return displayText(address.address + " — " + place);
 }
 
 DynamicEntry entryFor(InterfaceAddress const& address)

@@ -1,5 +1,6 @@
 #include "app/menu/MachineLists.h"
 
+#include "app/menu/DisplayText.h"
 #include "app/model/MenuItemKind.h"
 #include "base/Text.h"
 
@@ -15,7 +16,7 @@ DynamicEntry namedEntry(std::string id, std::string const& title)
 {
     DynamicEntry entry;
     entry.id = std::move(id);
-    entry.title = withValidUtf8(title);
+    entry.title = displayText(title);
     entry.sortName = entry.title;
     return entry;
 }
@@ -65,7 +66,7 @@ DynamicEntry entryFor(SettingsPane const& pane)
     entry.fileURL = pane.fileURL;
     entry.isPackage = true;
     if (!pane.missingProgram.empty())
-        entry.unavailabilityReason = withValidUtf8(pane.missingProgram) + " is not installed.";
+        entry.unavailabilityReason = displayText(pane.missingProgram) + " is not installed.";
     return entry;
 }
 

@@ -1,8 +1,7 @@
 #include "app/menu/RecentItemsProvider.h"
 
-#include "app/model/FinderPopName.h"
+#include "app/menu/FileEntry.h"
 #include "base/MainThread.h"
-#include "base/Text.h"
 
 #include <algorithm>
 
@@ -31,16 +30,8 @@ std::string_view contentTypeCondition(RecentItemsProvider::Scope scope)
 DynamicEntry entryFromName(std::string const& path, bool isDirectory)
 {
     auto const url = Url::fromPath(path);
-    FinderPopName const name(withValidUtf8(url.lastPathComponent()));
-    DynamicEntry entry;
-    entry.id = url.toString();
-    entry.title = name.title;
-    entry.sortName = name.sortName;
-    entry.url = url;
-    entry.fileURL = url;
-    entry.isDirectory = isDirectory;
-    entry.hotkey = name.hotkey;
-    return entry;
+    auto const name = url.lastPathComponent();
+    return fileEntry(url, { name, {}, { isDirectory, false } });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/menu/MachineLists.h"
 
+#include "app/menu/DisplayText.h"
 #include "app/model/MenuItemKind.h"
 #include "base/Text.h"
 
@@ -39,7 +40,7 @@ std::string decoded(std::string_view escaped)
 {
     auto const url = Url::parse("file:///" + std::string(escaped));
     auto const path = url ? url->path() : std::string();
-    return withValidUtf8(path.empty() ? path : path.substr(1));
+    return displayText(path.empty() ? path : path.substr(1));
 }
 
 /// What a server's URL says of it: where it opens, and what it is called.

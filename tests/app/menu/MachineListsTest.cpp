@@ -80,7 +80,7 @@ TEST(VolumeEntries, AreNamedByLabelThenByPath)
         { { Url::fromPath("/"), "Debian", true }, "Debian", "a label comes before everything", true },
         { { Url::fromPath("/media/me/USB STICK"), "" }, "USB STICK", "the mount point's name", true },
         { { url("smb://nas/public"), "public on nas" }, "public on nas", "a share without a path opens, it is no submenu", false },
-        { { Url::fromPath("/mnt/a"), "bad \xFF label" }, "bad \xEF\xBF\xBD label", "what is shown is valid UTF-8", true },
+        { { Url::fromPath("/mnt/a"), "bad \xFF\n\u202Elabel" }, "bad \xEF\xBF\xBD␊\xEF\xBF\xBDlabel", "no bytes, breaks or turns that fool the eye", true },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
@@ -106,6 +106,7 @@ TEST(RecentServerEntries, NameTheShareAndHostAndOpenThatAlone)
         { "ftp://[fe80::1]/pub", "[fe80::1]", "ftp://[fe80::1]/", "colons of an address are no port" },
         { "nfs://nas/export/home", "export — nas", "nfs://nas/export", "" },
         { "smb://nas/%FFx", "\xEF\xBF\xBDx — nas", "smb://nas/%FFx", "not UTF-8" },
+        { "smb://nas/a%0Ab", "a␊b — nas", "smb://nas/a%0Ab", "a line break" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.given + ": " + row.why);

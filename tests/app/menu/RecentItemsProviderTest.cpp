@@ -89,13 +89,14 @@ TEST_F(RecentItemsProviderTest, EndsTheQueryOnceItHasGathered)
 
 TEST_F(RecentItemsProviderTest, NamesAFileOnARemoteVolumeWithoutLookingAtIt)
 {
-    queries.items = { { "/net/nas/01)Plan-*[cmd+opt+E]*.txt", false, true }, { "/net/nas/Folder", true, true } };
+    queries.items = { { "/net/nas/01)Plan-*[cmd+opt+E]*.txt", false, true }, { "/net/nas/two\nlines", true, true } };
     std::vector<DynamicEntry> entries;
     provider.entries(Scope::all, 5, [&](auto found) { entries = std::move(found); });
     queries.finish();
     ASSERT_EQ(entries.size(), 2u);
     EXPECT_EQ(entries[0].title, "Plan.txt");
     EXPECT_EQ(entries[0].url->path(), "/net/nas/01)Plan-*[cmd+opt+E]*.txt");
+    EXPECT_EQ(entries[1].title, "two␊lines");
     EXPECT_TRUE(entries[1].isDirectory);
 }
 
