@@ -1,6 +1,5 @@
 #include "app/menu/DynamicMenuProvider.h"
 
-#include "app/menu/FolderListing.h"
 #include "app/menu/MachineLists.h"
 #include "base/MainThread.h"
 
@@ -16,6 +15,12 @@ using Done = std::function<void(std::vector<DynamicEntry>)>;
 template <class Told, class Make> std::function<void(Told)> turnedInto(Make make, Done done)
 {
     return [make = std::move(make), done = std::move(done)](Told told) { done(make(std::move(told))); };
+}
+
+/// A folder that nobody has made yet is an empty list.
+std::vector<DynamicEntry> itemsFolderEntries(FolderListing const& listing)
+{
+    return listing.failure == FolderReadFailure::notFound ? std::vector<DynamicEntry> {} : listing.entries;
 }
 
 } // namespace
@@ -48,17 +53,15 @@ void DynamicMenuProvider::entries(MenuItemKind const& kind, std::optional<ItemLo
     }
 }
 
-/// A folder that nobody has made yet is an empty list. One on a volume that may not answer
-/// is neither read nor looked for on the main thread.
+/// One on a volume that may not answer is neither read nor looked for on the main thread.
 void DynamicMenuProvider::listItemsFolder(Done done) const
 {
     FolderListingOptions const options { m_services.preferences.showHiddenFiles(), m_services.preferences.sortFoldersFirst() };
-    auto const read = [folders = m_services.folders, folder = m_services.itemsFolder, options] { return listFolder(*folders, folder, options).entries; };
-    if (m_services.folders->isRemote(m_services.itemsFolder)) {
-        m_services.tasks.runDetached([read, done = std::move(done)]() -> std::function<void()> { return [entries = read(), done] { done(entries); }; });
-        return;
-    }
-    done(m_services.files.exists(m_services.itemsFolder) ? read() : std::vector<DynamicEntry> {});
+    auto answer = [done = std::move(done)](FolderListing const& listing) { done(itemsFolderEntries(listing)); };
+    if (m_services.folders.isRemote(m_services.itemsFolder))
+        m_services.folders.listInBackground(m_services.itemsFolder, options, std::move(answer));
+    else
+        answer(m_services.folders.list(m_services.itemsFolder, options));
 }
 
 } // namespace zv

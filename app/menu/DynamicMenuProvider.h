@@ -1,23 +1,20 @@
 #pragma once
 
 #include "app/menu/DynamicEntry.h"
+#include "app/menu/FolderListings.h"
 #include "app/menu/Menu.h"
 #include "app/model/ItemLocation.h"
 #include "app/model/MenuItemKind.h"
 #include "app/model/Preferences.h"
 #include "base/Url.h"
-#include "platform/FileSystem.h"
-#include "platform/FolderReader.h"
 #include "platform/NetworkInterfaces.h"
 #include "platform/RecentServers.h"
 #include "platform/RunningApplications.h"
 #include "platform/SettingsPanes.h"
-#include "platform/Tasks.h"
 #include "platform/Volumes.h"
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -45,9 +42,7 @@ public:
         NetworkInterfaces& networkInterfaces;
         SettingsPanes& settingsPanes;
         Preferences const& preferences;
-        FileSystem const& files;
-        std::shared_ptr<FolderReader const> folders;
-        Tasks& tasks;
+        FolderListings& folders;
         Url itemsFolder;
     };
 

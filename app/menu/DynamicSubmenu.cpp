@@ -13,7 +13,7 @@ namespace zv {
 
 namespace {
 
-constexpr std::chrono::seconds patienceWithRemoteFolders { 10 };
+constexpr std::chrono::seconds patienceWithFolders { 10 };
 constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
 constexpr char const* loadingTitle = "Loading…";
 constexpr char const* noItemsTitle = "No Items";
@@ -150,13 +150,17 @@ template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change ch
 void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options)
 {
     showLoading(menu);
-    auto const* const reason = m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : noResponseTitle;
-    m_patience = m_sources.timers.after(
-        patienceWithRemoteFolders, later(menu, [reason](Menu& silent) { replaceEntries(silent, MenuBuilder::makeUnavailableItem(reason, reason)); }));
+    startPatience(menu, m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : noResponseTitle);
     m_sources.folders.listInBackground(folder.url, options, later(menu, [this, folder](Menu& answered, FolderListing listing) {
         m_patience.reset();
         show(answered, folder, std::move(listing));
     }));
+}
+
+void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)
+{
+    auto giveUp = [reason = std::move(reason)](Menu& silent) { replaceEntries(silent, MenuBuilder::makeUnavailableItem(reason, reason)); };
+    m_patience = m_sources.timers.after(patienceWithFolders, later(menu, std::move(giveUp)));
 }
 
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing)
@@ -186,8 +190,11 @@ void DynamicSubmenuDelegate::fillFromProvider(Menu& menu, DynamicMenuSource::Lis
         return;
     }
     showLoading(menu);
+    if (list.kind == MenuItemKind::zantheVellItems)
+        startPatience(menu, noResponseTitle);
     auto const depth = list.depth;
     found->second->entries(list.kind, list.location, depth, later(menu, [this, depth](Menu& answered, std::vector<DynamicEntry> entries) {
+        m_patience.reset();
         populate(answered, std::move(entries), depth, noItemsTitle, m_builder);
     }));
 }

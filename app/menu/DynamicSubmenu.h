@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -78,6 +79,8 @@ private:
     void fillRecentItems(Menu& menu, RecentItemsScope scope, std::int64_t depth);
     void fillFromProvider(Menu& menu, DynamicMenuSource::List const& list);
     void fillWith(SubmenuFiller* filler, Menu& menu);
+    /// Says the reason in place of what has not come by then.
+    void startPatience(Menu& menu, std::string reason);
     void show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing);
     /// Does something to the menu later, if it still exists and has not opened again since.
     template <class Change> auto later(Menu& menu, Change change);
@@ -85,7 +88,7 @@ private:
     DynamicMenuSource m_source;
     MenuBuilder const& m_builder;
     SubmenuSources const& m_sources;
-    std::unique_ptr<Timer> m_patience; ///< runs while a remote folder is silent
+    std::unique_ptr<Timer> m_patience; ///< runs while a folder is silent
     bool m_isFilling = false; ///< what is at hand at once needs no word to the mirror
     unsigned m_opening = 0; ///< counts, so that what comes late for an earlier opening is known
     Lifetime m_lifetime;

@@ -132,6 +132,7 @@ FolderListing unreadableFolder(Url const& folder, FolderReadFailure failure)
     FolderListing listing;
     listing.entries.push_back(std::move(entry));
     listing.totalCount = 1;
+    listing.failure = failure;
     return listing;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace zv {
@@ -21,6 +22,7 @@ struct FolderListing {
     std::vector<DynamicEntry> entries; ///< the first ones, in order
     std::size_t totalCount = 0;
     std::vector<DynamicEntry> withHotkeys; ///< those whose name carries a shortcut, beyond the limit too; in no order
+    std::optional<FolderReadFailure> failure; ///< why the one entry stands for the folder itself
 };
 
 /// The folder's immediate children in the order of a file manager: digits by value, case

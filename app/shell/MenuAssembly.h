@@ -48,11 +48,11 @@ public:
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
 
 private:
+    FolderListings m_folders;
     DynamicMenuProvider m_machineLists;
     DynamicLists m_lists;
     RecentItemsProvider m_recentItemsProvider;
     RecentItemsCache m_recentItems;
-    FolderListings m_folders;
     SubmenuSources m_sources;
     MenuIcon m_icons;
     MenuBuilder m_builder;

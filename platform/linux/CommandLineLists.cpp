@@ -49,7 +49,7 @@ struct CommandLineLists::Parts {
         , addresses(services.tasks, access.buses.system)
         , panes(services.applications, desktops)
         , folder(Url::fromPath(itemsFolder(directories)))
-        , machine({ running, volumes, servers, addresses, panes, services.preferences, services.files, services.folders, services.tasks, folder })
+        , machine({ running, volumes, servers, addresses, panes, services.preferences, services.folders, folder })
         , pictures(services.tasks)
         , icons(pictures, folder)
     {

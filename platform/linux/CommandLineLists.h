@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/menu/DynamicSubmenu.h"
+#include "app/menu/FolderListings.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Preferences.h"
-#include "platform/FolderReader.h"
 #include "platform/RunningApplications.h"
 #include "platform/linux/ApplicationIndex.h"
 #include "platform/linux/DesktopAccess.h"
@@ -19,8 +19,7 @@ public:
     struct Services {
         Tasks& tasks;
         Preferences const& preferences;
-        FileSystem& files;
-        std::shared_ptr<FolderReader const> folders;
+        FolderListings& folders;
         ApplicationCatalog& applications;
     };
 

@@ -1,6 +1,5 @@
 #include "app/menu/DynamicMenuProvider.h"
 
-#include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeFolderReader.h"
 #include "tests/fakes/FakeLists.h"
 #include "tests/fakes/FakeTime.h"
@@ -33,10 +32,10 @@ struct DynamicMenuProviderTest : testing::Test {
     fakes::FakeSettingsPanes panes;
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
-    fakes::FakeFileSystem files;
     std::shared_ptr<fakes::FakeFolderReader> folders = std::make_shared<fakes::FakeFolderReader>();
     fakes::FakeTime time;
-    DynamicMenuProvider provider { { applications, volumes, servers, interfaces, panes, preferences, files, folders, time, Url::fromPath("/items") } };
+    FolderListings listings { folders, time };
+    DynamicMenuProvider provider { { applications, volumes, servers, interfaces, panes, preferences, listings, Url::fromPath("/items") } };
 };
 
 TEST_F(DynamicMenuProviderTest, GivesEachKindItsOwnList)
@@ -66,8 +65,10 @@ TEST_F(DynamicMenuProviderTest, KeepsServersWithinTheLimitOfRecentItemsAsItIsNow
 TEST_F(DynamicMenuProviderTest, ListsTheItemsFolderAsAFolder)
 {
     EXPECT_EQ(titles(MenuItemKind::zantheVellItems), (Titles {})) << "nobody has made it yet";
+    folders->failures["/items"] = FolderReadFailure::notPermitted;
+    EXPECT_EQ(titles(MenuItemKind::zantheVellItems), (Titles { "items" })) << "the folder itself, with the reason";
+    folders->failures.clear();
 
-    files.addFolder("/items");
     folders->folders["/items"] = { { "02)b.txt" }, { "01)z.txt" }, fakes::FakeFolderReader::folder("sub"), { ".hidden" } };
     EXPECT_EQ(titles(MenuItemKind::zantheVellItems), (Titles { "sub", "z.txt", "b.txt" }));
     preferences.setSortFoldersFirst(false);
@@ -80,12 +81,14 @@ TEST_F(DynamicMenuProviderTest, ReadsARemoteItemsFolderOffTheMainThread)
 {
     folders->remote.insert("/items");
     folders->folders["/items"] = { { "a" } };
-    bool isDone = false;
-    provider.entries(MenuItemKind::zantheVellItems, std::nullopt, 1, [&](auto) { isDone = true; });
+    int answers = 0;
+    for (int opening = 0; opening < 2; ++opening)
+        provider.entries(MenuItemKind::zantheVellItems, std::nullopt, 1, [&](auto) { ++answers; });
     EXPECT_TRUE(folders->readings.empty());
-    EXPECT_FALSE(isDone);
+    EXPECT_EQ(answers, 0);
     time.runTasks();
-    EXPECT_TRUE(isDone);
+    EXPECT_EQ(answers, 2);
+    EXPECT_EQ(folders->readings["/items"], 1) << "once for all who wait";
 }
 
 } // namespace

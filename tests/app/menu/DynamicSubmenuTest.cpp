@@ -281,6 +281,20 @@ TEST_F(DynamicSubmenuTest, AListThatTakesTimeFillsItsMenuLater)
     lists.questions.at(1).done(entriesNamed(1)); // must not touch what is gone
 }
 
+TEST_F(DynamicSubmenuTest, AnItemsFolderThatIsSilentSaysSo)
+{
+    dynamicLists.providers[Kind::zantheVellItems] = &lists;
+    lists.answersAtOnce = false;
+    auto const entry = listEntry(Kind::zantheVellItems);
+    open(entry);
+    time.advance(seconds(10));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(This folder did not respond.)" });
+    lists.questions.at(0).done(entriesNamed(1));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "E1" });
+    time.advance(seconds(20));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "E1" });
+}
+
 struct NamesItself : SubmenuFiller {
     explicit NamesItself(std::string text)
         : title(std::move(text))
