@@ -11,6 +11,8 @@ namespace zv {
 
 namespace {
 
+constexpr char const* ownEntry = "org.zanthevell.ZantheVell.desktop";
+
 ApplicationEntry const* entryOf(ClientWindow const& window, ApplicationIndex const& index)
 {
     if (auto const* entry = window.gtkApplicationId.empty() ? nullptr : index.find(window.gtkApplicationId))
@@ -86,7 +88,7 @@ std::vector<RunningApplication> applicationsOfUnits(
     for (auto const& unit : unitNames) {
         auto const id = applicationIdOfUnit(unit);
         auto const* entry = id ? index.find(*id) : nullptr;
-        if (entry && entry->isListed(desktops))
+        if (entry && entry->isListed(desktops) && entry->id != ownEntry)
             applications.push_back(applicationOf(*entry));
     }
     return applications;

@@ -28,7 +28,7 @@ struct ClientWindow {
 /// The application id in the name of a user unit, "app-gnome-firefox\x2desr-1234.scope";
 /// nothing when the name is not of that kind.
 [[nodiscard]] std::optional<std::string> applicationIdOfUnit(std::string_view unitName);
-/// The applications of running units that a menu shows. Pure. Any thread.
+/// The applications of running units that a menu shows, without this program. Pure. Any thread.
 [[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(
     std::vector<std::string> const& unitNames, ApplicationIndex const& index, std::vector<std::string> const& desktops);
 

@@ -15,6 +15,7 @@ struct WindowApplicationsTest : testing::Test {
         add("org.gnome.Nautilus", "Files", "nautilus --new-window");
         add("xterm", "XTerm", "/usr/bin/xterm", "StartupWMClass=UXTerm\n");
         add("background", "Helper", "helper", "NoDisplay=true\n");
+        add("org.zanthevell.ZantheVell", "Zanthe Vell", "zanthe-vell");
         index = ApplicationIndex::read({ disk.path() });
     }
     void add(std::string const& id, std::string const& name, std::string const& exec, std::string const& more = {}) const
@@ -79,9 +80,11 @@ TEST_F(WindowApplicationsTest, ReadTheApplicationFromAUnitsName)
         EXPECT_EQ(applicationIdOfUnit(row.unit), row.id) << row.unit;
 }
 
-TEST_F(WindowApplicationsTest, CountOnlyUnitsOfApplicationsThatAMenuShows)
+TEST_F(WindowApplicationsTest, CountOnlyUnitsOfOtherApplicationsThatAMenuShows)
 {
-    auto const applications = applicationsOfUnits({ "app-gnome-org.gnome.Nautilus-1.scope", "app-background-2.scope", "app-unknown-3.scope" }, index, {});
+    auto const applications = applicationsOfUnits(
+        { "app-gnome-org.gnome.Nautilus-1.scope", "app-background-2.scope", "app-unknown-3.scope", "app-org.zanthevell.ZantheVell@autostart.service" }, index,
+        {});
     ASSERT_EQ(applications.size(), 1u);
     EXPECT_EQ(applications[0].name, "Files");
 }

@@ -3,10 +3,12 @@
 #include "platform/linux/qt/DesktopRunningApplications.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/fakes/FakeTime.h"
+#include "tests/linux/ChildProcess.h"
 #include "tests/linux/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstring>
 
 namespace zv {
@@ -77,10 +79,15 @@ TEST_F(X11ClientWindowsTest, LeaveOutDocksDesktopsHiddenOnesAndOurs)
     set(skipped, "_NET_WM_STATE", XCB_ATOM_ATOM, { atom("_NET_WM_STATE_MODAL"), atom("_NET_WM_STATE_SKIP_TASKBAR") });
     auto const ours = window(classNames("zv", "Zv"));
     set(ours, "_NET_WM_PID", XCB_ATOM_CARDINAL, { static_cast<std::uint32_t>(getpid()) });
+    auto const sibling = tests::inChild([] { return pause(); });
+    auto const ofTheRunningProgram = window(classNames("zv", "Zv"));
+    set(ofTheRunningProgram, "_NET_WM_PID", XCB_ATOM_CARDINAL, { static_cast<std::uint32_t>(sibling) });
     auto const dialog = window(classNames("xterm", "XTerm"));
     set(dialog, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { atom("_NET_WM_WINDOW_TYPE_DIALOG") });
-    manage({ plain, dock, skipped, ours, dialog });
+    manage({ plain, dock, skipped, ours, ofTheRunningProgram, dialog });
     auto const found = windows().list();
+    kill(sibling, SIGKILL);
+    tests::exitStatusOf(sibling);
     ASSERT_TRUE(found);
     ASSERT_EQ(found->size(), 2u);
     EXPECT_EQ((*found)[0].windowClass, "XTerm");

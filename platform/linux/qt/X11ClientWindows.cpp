@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
+#include <utility>
 
 namespace zv {
 
@@ -116,13 +117,16 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
             cookies[i][j] = xcb_get_property(m_connection, 0, windows[i], properties[j], XCB_GET_PROPERTY_TYPE_ANY, 0, longestText);
     }
 
+    // The commands of the terminal are other processes of the same program.
+    auto const ownProgram = programOfProcess(static_cast<std::uint32_t>(getpid()));
     std::vector<ClientWindow> found;
     for (std::size_t i = 0; i < windows.size(); ++i) {
         std::array<Property, askedCount> answers;
         for (std::size_t j = 0; j < askedCount; ++j)
             answers[j].reset(xcb_get_property_reply(m_connection, cookies[i][j], nullptr));
         auto const processId = firstNumber(answers[askedPid]);
-        bool const isOurs = processId == static_cast<std::uint32_t>(getpid());
+        auto program = programOfProcess(processId);
+        bool const isOurs = !program.empty() && program == ownProgram;
         if (isOurs || !isOrdinary(numbers(answers[askedType]), numbers(answers[askedState])))
             continue;
         // WM_CLASS is the instance and the class, each ended by a zero.
@@ -130,7 +134,7 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
         auto const instance = names.substr(0, names.find('\0'));
         auto const rest = names.substr(std::min(instance.size() + 1, names.size()));
         found.push_back({ windows[i], std::string(rest.substr(0, rest.find('\0'))), std::string(instance), std::string(bytes(answers[askedApplicationId])),
-            std::string(titleOf(answers[askedTitle], answers[askedOldTitle])), processId, programOfProcess(processId) });
+            std::string(titleOf(answers[askedTitle], answers[askedOldTitle])), processId, std::move(program) });
     }
     return found;
 }
