@@ -44,7 +44,7 @@ QDBusConnection sessionBus(BusAddresses const& buses)
 struct CommandLineLists::Parts {
     Parts(Services const& services, DesktopAccess const& access, XdgDirectories const& directories)
         : running({ services.applications, desktops, {}, sessionBus(access.buses) }, display.clientWindows())
-        , volumes(services.tasks)
+        , volumes(services.tasks, services.timers)
         , servers(services.tasks, DesktopRecentServers::standardFiles())
         , addresses(services.tasks, access.buses.system)
         , panes(services.applications, desktops)

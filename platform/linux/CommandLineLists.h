@@ -5,6 +5,7 @@
 #include "app/menu/MenuIcon.h"
 #include "app/model/Preferences.h"
 #include "platform/RunningApplications.h"
+#include "platform/Timers.h"
 #include "platform/linux/ApplicationIndex.h"
 #include "platform/linux/DesktopAccess.h"
 #include "platform/linux/XdgDirectories.h"
@@ -18,6 +19,7 @@ class CommandLineLists {
 public:
     struct Services {
         Tasks& tasks;
+        Timers& timers;
         Preferences const& preferences;
         FolderListings& folders;
         ApplicationCatalog& applications;

@@ -48,7 +48,7 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
 struct CommandLineMenu::Parts {
     Parts(Services const& services, XdgDirectories const& directories)
         : access(DesktopAccess::ofThisMachine(directories))
-        , machine({ loop, services.preferences, folders, applications }, access, directories)
+        , machine({ loop, loop, services.preferences, folders, applications }, access, directories)
         , queries({ loop, services.clock, applications }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
         , recentItems(queries, [&files = services.files](Url const& url) { return fileEntry(url, files); })
         , cache(recentItems, services.preferences, services.clock)

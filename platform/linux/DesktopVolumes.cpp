@@ -5,15 +5,18 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <climits>
 #include <dirent.h>
 #include <unistd.h>
+#include <utility>
 
 namespace zv {
 
 namespace {
 
 constexpr char const* labelFolder = "/dev/disk/by-label";
+constexpr std::chrono::milliseconds patienceWithMonitor { 500 };
 
 /// Besides those that GIO counts among the system's own.
 constexpr std::array systemTypes { "squashfs", "overlay", "overlayfs", "tmpfs", "ramfs", "fuse.snapfuse", "fuse.lxcfs", "fuse.portal" };
@@ -143,10 +146,11 @@ private:
     GVolumeMonitor* monitor;
 };
 
-DesktopVolumes::DesktopVolumes(Tasks& tasks)
+DesktopVolumes::DesktopVolumes(Tasks& tasks, Timers& timers)
+    : m_patience(timers.after(patienceWithMonitor, [this] { stopWaiting(); }))
 {
     // Made on a thread that nobody waits for: it asks several services of the session.
-    tasks.runDetached([received = m_lifetime.guard([this](std::shared_ptr<Monitor> monitor) { m_monitor = std::move(monitor); })]() -> std::function<void()> {
+    tasks.runDetached([received = m_lifetime.guard([this](std::shared_ptr<Monitor> monitor) { connected(std::move(monitor)); })]() -> std::function<void()> {
         auto const monitor = std::make_shared<Monitor>(g_volume_monitor_get());
         return [monitor, received]() mutable { received(monitor); };
     });
@@ -154,12 +158,33 @@ DesktopVolumes::DesktopVolumes(Tasks& tasks)
 
 DesktopVolumes::~DesktopVolumes() = default;
 
-void DesktopVolumes::list(std::function<void(std::vector<Volume>)> done)
+void DesktopVolumes::connected(std::shared_ptr<Monitor> monitor)
+{
+    m_monitor = std::move(monitor);
+    stopWaiting();
+}
+
+void DesktopVolumes::stopWaiting()
+{
+    m_patience.reset();
+    for (auto const& done : std::exchange(m_waiting, {}))
+        done(current());
+}
+
+void DesktopVolumes::list(Done done)
+{
+    if (m_patience)
+        m_waiting.push_back(std::move(done));
+    else
+        done(current());
+}
+
+std::vector<Volume> DesktopVolumes::current() const
 {
     auto volumes = userVolumes(MountTable::current(), readDeviceLabels(labelFolder));
     if (m_monitor)
         m_monitor->addTo(volumes);
-    done(std::move(volumes));
+    return volumes;
 }
 
 } // namespace zv

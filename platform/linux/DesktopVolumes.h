@@ -2,9 +2,11 @@
 
 #include "base/Lifetime.h"
 #include "platform/Tasks.h"
+#include "platform/Timers.h"
 #include "platform/Volumes.h"
 #include "platform/linux/MountTable.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -28,17 +30,25 @@ using DeviceLabels = std::map<std::string, std::string>;
 /// and shares that are mounted without a path.
 class DesktopVolumes : public Volumes {
 public:
-    /// Connects to the desktop's volume monitor in the background; until it has answered the
-    /// mount table alone counts. `tasks` outlives this.
-    explicit DesktopVolumes(Tasks& tasks);
+    /// Connects to the desktop's volume monitor in the background. One that does not answer
+    /// in half a second is not waited for: until it does the mount table alone counts. Both
+    /// services outlive this.
+    DesktopVolumes(Tasks& tasks, Timers& timers);
     ~DesktopVolumes() override;
 
     void list(std::function<void(std::vector<Volume>)> done) override;
 
 private:
     struct Monitor;
+    using Done = std::function<void(std::vector<Volume>)>;
+
+    void connected(std::shared_ptr<Monitor> monitor);
+    void stopWaiting();
+    [[nodiscard]] std::vector<Volume> current() const;
 
     std::shared_ptr<Monitor> m_monitor;
+    std::unique_ptr<Timer> m_patience; ///< there while the monitor is waited for
+    std::vector<Done> m_waiting;
     Lifetime m_lifetime;
 };
 

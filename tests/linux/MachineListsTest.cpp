@@ -2,6 +2,7 @@
 #include "platform/linux/DesktopVolumes.h"
 #include "platform/linux/SystemNetworkInterfaces.h"
 
+#include "tests/fakes/FakeTime.h"
 #include "tests/linux/TemporaryFolder.h"
 
 #include <arpa/inet.h>
@@ -49,6 +50,20 @@ TEST(UserVolumes, AreTheRootMediaDisksAndSharesAndNothingOfTheSystem)
     EXPECT_FALSE(volumes[1].isBoot);
     EXPECT_EQ(volumes[1].label, "My Stick");
     EXPECT_EQ(volumes[2].label, "");
+}
+
+TEST(DesktopVolumes, DoNotWaitLongForAMonitorThatIsSilent)
+{
+    fakes::FakeTime time;
+    DesktopVolumes volumes(time, time);
+    std::vector<Volume> found;
+    volumes.list([&](auto listed) { found = std::move(listed); });
+    EXPECT_TRUE(found.empty()) << "it may know of more than the mount table";
+    time.advance(std::chrono::milliseconds(500));
+    EXPECT_FALSE(found.empty());
+    found.clear();
+    volumes.list([&](auto listed) { found = std::move(listed); });
+    EXPECT_FALSE(found.empty()) << "once is enough";
 }
 
 TEST(DeviceLabels, AreReadFromTheLinksWithTheirEscapes)

@@ -95,7 +95,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_icons(m_runLoop)
     , m_recentlyUsed(
           { m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
-    , m_volumes(m_runLoop)
+    , m_volumes(m_runLoop, m_runLoop)
     , m_recentServers(m_runLoop, DesktopRecentServers::standardFiles())
     , m_networkInterfaces(m_runLoop, m_access.buses.system)
     , m_settingsPanes(m_catalog, DesktopAudience::current().desktops)
