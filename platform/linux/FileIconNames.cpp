@@ -160,6 +160,9 @@ FileIconNames guessedIcon(std::string const& path, char const* folderName)
     return { { folderName, "folder" }, {}, IconShape::folder };
 }
 
+/// What is not there may be a folder that nobody has made yet; a broken link is a file.
+FileIconNames iconOfMissingFile(std::string const& path, bool isLink) { return isLink ? iconByName(path) : guessedIcon(path, "folder"); }
+
 } // namespace
 
 FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
@@ -173,7 +176,7 @@ FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
 
     auto const fate = mounts.follow(path);
     auto icon = fate.kind == MountTable::Fate::Kind::remote ? guessedIcon(path, "folder-remote")
-        : fate.kind == MountTable::Fate::Kind::missing      ? guessedIcon(path, "folder")
+        : fate.kind == MountTable::Fate::Kind::missing      ? iconOfMissingFile(path, fate.isLink)
         : fate.isDirectory                                  ? folderIcon(path)
                                                             : iconOfRegularFile(path);
     icon.isLink = fate.isLink;

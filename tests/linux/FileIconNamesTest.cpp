@@ -74,6 +74,7 @@ TEST_F(FileIconNamesTest, MarkLinksAndShowWhatTheyLeadTo)
     EXPECT_EQ(of("to-folder").names.front(), "folder");
     for (auto const* name : { "to-folder", "to-picture", "twice", "broken", "to-dead" })
         EXPECT_TRUE(of(name).isLink) << name;
+    EXPECT_EQ(of("broken").shape, IconShape::document) << "as it is listed";
     for (auto const* name : { "folder", "a.png", "missing" })
         EXPECT_FALSE(of(name).isLink) << name;
     EXPECT_FALSE(of("to-folder/x").isLink) << "only a link on the way";
