@@ -9,7 +9,9 @@ namespace zv {
 
 namespace {
 
-constexpr std::chrono::seconds patience { 2 };
+constexpr std::chrono::seconds patienceWithMany { 2 };
+/// Longer than a silent folder is waited for, so that the menu says what became of it.
+constexpr std::chrono::seconds patienceWithOne { 11 };
 
 using Menus = std::vector<std::shared_ptr<Menu>>;
 
@@ -39,14 +41,14 @@ std::shared_ptr<Menu> MenuSession::build(std::vector<MenuItem> const& items, Opt
     return menu;
 }
 
-void MenuSession::open(Menu& menu) const { openAll({ menu.shared_from_this() }); }
+void MenuSession::open(Menu& menu) const { openAll({ menu.shared_from_this() }, patienceWithOne); }
 
 void MenuSession::openSubmenus(Menu& menu, int levels) const
 {
     Menus level;
     collectSelfFilling(menu, level);
     for (; levels > 0 && !level.empty(); --levels) {
-        openAll(level);
+        openAll(level, patienceWithMany);
         Menus next;
         for (auto const& opened : level)
             collectSelfFilling(*opened, next);
@@ -54,7 +56,7 @@ void MenuSession::openSubmenus(Menu& menu, int levels) const
     }
 }
 
-void MenuSession::openAll(Menus const& menus) const
+void MenuSession::openAll(Menus const& menus, std::chrono::milliseconds patience) const
 {
     for (auto const& menu : menus)
         menu->needsUpdate();

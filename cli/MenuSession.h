@@ -19,9 +19,10 @@ public:
     MenuSession(MenuBuilder const& builder, TurnUntil turnUntil);
 
     [[nodiscard]] std::shared_ptr<Menu> build(std::vector<MenuItem> const& items, OptionKey option) const;
-    /// Fills the menu and waits up to two seconds for what takes time.
+    /// Fills the menu and waits until it shows its entries, or says that they do not come.
     void open(Menu& menu) const;
-    /// Opens the submenus that fill themselves, so many levels deep; those of a level all at once.
+    /// Opens the submenus that fill themselves, so many levels deep; those of a level all at
+    /// once. What takes more than two seconds is left at "Loading…".
     void openSubmenus(Menu& menu, int levels) const;
 
     [[nodiscard]] MenuBuilder const& builder() const { return m_builder; }
@@ -29,7 +30,7 @@ public:
 private:
     using Menus = std::vector<std::shared_ptr<Menu>>;
 
-    void openAll(Menus const& menus) const;
+    void openAll(Menus const& menus, std::chrono::milliseconds patience) const;
 
     MenuBuilder const& m_builder;
     TurnUntil m_turnUntil;

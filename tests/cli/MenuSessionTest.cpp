@@ -64,5 +64,14 @@ TEST_F(MenuSessionTest, WaitsForWhatTakesTimeOnceALevel)
     EXPECT_EQ(limit, std::chrono::seconds(2));
 }
 
+TEST_F(MenuSessionTest, WaitsForTheOneThatIsAskedForUntilItSaysWhatBecameOfIt)
+{
+    reader->remote = { "/a" };
+    auto const menu = session.build({ fileItem("/a") }, OptionKey::released);
+    session.open(*menu->entries[0].submenu);
+    EXPECT_EQ(linesOf(*menu->entries[0].submenu), MenuBench::Lines { "b >" });
+    EXPECT_GT(limit, std::chrono::seconds(10)) << "so long a folder may be silent";
+}
+
 } // namespace
 } // namespace zv
