@@ -87,8 +87,12 @@ MenuWindow::MenuWindow(QWidget* parent)
     setToolTipsVisible(true);
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
-    if (!qobject_cast<MenuWindow*>(parent))
-        connect(this, &QMenu::triggered, this, &MenuWindow::chosen);
+    if (qobject_cast<MenuWindow*>(parent))
+        return;
+    connect(this, &QMenu::triggered, this, &MenuWindow::chosen);
+    // Nobody sees a menu's window icon. The program's, in all its sizes, would be sent to the
+    // display for each submenu that opens; a submenu takes over that of its parent.
+    setWindowIcon(blankMenuIcon());
 }
 
 MenuWindow::~MenuWindow()
