@@ -1,10 +1,12 @@
-"""The menu on a desktop, measured: openings against the panel's own menu, start, memory."""
+"""The menu on a desktop, measured: openings against the panel's own menu, cold icons, start, memory."""
 
 import os
 import re
+import statistics
 import subprocess
 import sys
 import time
+from typing import NamedTuple
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "tests", "desktop"))
 import desktop  # noqa: E402
@@ -15,17 +17,22 @@ HOME = desktop.HOME
 PANEL_MENU = (12, 13)
 
 
+class Times(NamedTuple):
+    mapped: float
+    first: float
+    settled: float
+
+
 def latency(x, y, *options):
-    """(mapped, settled): medians in milliseconds; nothing when no menu came."""
+    """Medians in milliseconds; nothing when no menu came."""
     said = subprocess.run([PROBE, str(x), str(y), *options], capture_output=True, text=True, check=False).stdout
-    found = re.search(r"mapped ([\d.]+) first [\d.]+ settled ([\d.]+)", said)
-    return (float(found[1]), float(found[2])) if found else None
+    found = re.search(r"mapped ([\d.]+) first ([\d.]+) settled ([\d.]+)", said)
+    return Times(*map(float, found.groups())) if found else None
 
 
-def folder_of(name, count):
+def folder_of(name, count, endings=("txt", "png", "pdf", "odt", "mp3")):
     folder = os.path.join(HOME, name)
     os.makedirs(folder, exist_ok=True)
-    endings = ("txt", "png", "pdf", "odt", "mp3")
     for number in range(count):
         with open(os.path.join(folder, f"file {number}.{endings[number % len(endings)]}"), "w", encoding="utf-8"):
             pass
@@ -42,8 +49,34 @@ def report(name, times, reference=None, aim=None):
     if not times:
         print(f"{name:44} nothing opened")
         return
-    ratio = f"  {times[1] / reference[1]:5.2f} of the panel's" if reference else ""
-    print(f"{name:44} mapped {times[0]:6.2f} ms  settled {times[1]:6.2f} ms{ratio}" + (f"  aim {aim}" if aim else ""))
+    ratio = f"  {times.settled / reference.settled:5.2f} of the panel's" if reference else ""
+    print(f"{name:44} mapped {times.mapped:6.2f} ms  settled {times.settled:6.2f} ms{ratio}" + (f"  aim {aim}" if aim else ""))
+
+
+def first_submenu():
+    """The times of a new program's first submenu."""
+    with Program():
+        wait_until(lambda: Bus().items())
+        time.sleep(0.5)
+        open_by_icon()
+        keys("Down")
+        return latency(0, 0, "--key", "Right", "--runs", "1")
+
+
+def cold_icons():
+    """What icons that nobody has drawn yet cost a folder of 250 entries before its first paint."""
+    endings = ("txt", "png", "pdf", "odt", "mp3", "ods", "odp", "zip", "html", "cpp", "py", "sh", "mkv", "ogg", "svg", "css", "js", "iso", "ttf", "deb", "c", "xml")
+    desktop.set_menu([("FSObject", "Cold", folder_of("Cold", 250, endings))])
+    found = {"true": [], "false": []}
+    with Panel():
+        for _ in range(int(os.environ.get("ZV_ROUNDS", "7"))):
+            for icons, times in found.items():
+                zv("prefs", "write", "ShowIcons", icons)
+                times.append(first_submenu())
+    zv("prefs", "reset", "ShowIcons")
+    for moment in ("mapped", "first", "settled"):
+        shown, hidden = (statistics.median(getattr(times, moment) for times in found[icons] if times) for icons in ("true", "false"))
+        print(f"250 cold icons, {moment:8} {shown:6.2f} ms, without icons {hidden:6.2f} ms, ratio {shown / hidden:.2f}")
 
 
 def proportional_memory(process):
@@ -104,10 +137,13 @@ def memory():
         print(f"memory at rest {rest:.1f} MB (aim 28), after 20 openings {warm:.1f}, after 500 more {much:.1f}")
 
 
-if __name__ == "__main__":
-    zv("prefs", "write", "ReplaceAppleMenu", "false")
-    openings()
+def start():
     with Panel():
         print(f"start to registered icon {start_to_icon():.0f} ms (aim 90)")
-    if "--memory" in sys.argv:
-        memory()
+
+
+if __name__ == "__main__":
+    zv("prefs", "write", "ReplaceAppleMenu", "false")
+    only = {"--icons": [cold_icons], "--memory": [openings, cold_icons, start, memory]}
+    for measure in only.get(sys.argv[-1], [openings, cold_icons, start]):
+        measure()
