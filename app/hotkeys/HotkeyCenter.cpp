@@ -76,6 +76,8 @@ std::set<HotkeyCenter::Conflict> const& HotkeyCenter::conflicts() const
 void HotkeyCenter::reregister()
 {
     assertMainThread();
+    if (m_isPaused)
+        return;
     m_registrations.clear();
     listen();
     Pass pass;
@@ -91,6 +93,18 @@ void HotkeyCenter::unregisterAll()
     m_registrar.releaseAll();
     m_registrations.clear();
     setConflicts({});
+}
+
+void HotkeyCenter::pause()
+{
+    m_isPaused = true;
+    unregisterAll();
+}
+
+void HotkeyCenter::resume()
+{
+    m_isPaused = false;
+    reregister();
 }
 
 void HotkeyCenter::collectItems(std::vector<MenuItem> const& items, Pass& pass)

@@ -51,6 +51,10 @@ public:
     /// rising, so that a press under an id of an earlier pass finds nothing.
     void reregister();
     void unregisterAll();
+    /// Nothing is held until resume(), whatever registers anew meanwhile: while a shortcut is
+    /// recorded, every combination must reach the recorder.
+    void pause();
+    void resume();
 
     [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
     /// Reading them within withObservationTracking() observes them.
@@ -82,6 +86,7 @@ private:
     std::set<Conflict> m_conflicts;
     std::map<HotkeyID, Registration> m_registrations;
     bool m_listens = false;
+    bool m_isPaused = false;
     HotkeyID m_nextHotKeyID = 1;
     std::vector<MenuItem> m_menuItems;
     std::map<Url, KeyEquivalentSpec> m_fileHotkeys;

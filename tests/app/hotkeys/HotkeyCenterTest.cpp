@@ -203,6 +203,19 @@ TEST_F(HotkeyCenterTest, SurvivesATriggerThatRegistersAnew)
     EXPECT_TRUE(registrar.held.empty());
 }
 
+TEST_F(HotkeyCenterTest, HoldsNothingWhilePausedWhateverRegistersAnew)
+{
+    auto const item = itemWith(commandOption("E"));
+    register_({ item });
+    center.pause();
+    center.menuItemsChanged({ item });
+    registrar.onInvalidated();
+    EXPECT_TRUE(registrar.held.empty());
+    EXPECT_TRUE(center.registrations().empty());
+    center.resume();
+    EXPECT_EQ(registrar.held.size(), 1U);
+}
+
 TEST_F(HotkeyCenterTest, RegistersAgainWhenTheSystemForgot)
 {
     register_({ itemWith(commandOption("E")) });
