@@ -1,7 +1,6 @@
 """Starting, starting once more, moving house and ending: the program among other processes."""
 
 import contextlib
-import ctypes
 import os
 import plistlib
 import shutil
@@ -17,6 +16,7 @@ from gi.repository import GLib
 import desktop
 from accessible import act, find, found
 from desktop import Bus, BusMenu, Panel, Program, keys, titled, wait_until, zv
+from key_grab import KeyGrab
 
 HOME = desktop.HOME
 DEFAULTS = os.path.join(HOME, ".config/zanthe-vell/org.zanthevell.ZantheVell.plist")
@@ -26,32 +26,6 @@ SETTINGS, NOTES, ALERT = "Zanthe Vell Settings", "Zanthe Vell Beta", "Zanthe Vel
 OWN = ("org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell")
 NO_BUS = {"DBUS_SESSION_BUS_ADDRESS": None, "XDG_RUNTIME_DIR": os.path.join(HOME, "no-bus")}
 FOR_THE_USER = {"XCTestSessionIdentifier": None}  # a launch that counts, and that may ask to move
-K, CONTROL_ALT = 45, 4 | 8  # as the X server names them
-
-
-class KeyGrab:
-    """Another client of the X server, which tries to hold a combination."""
-
-    HANDLER = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)
-
-    def __init__(self):
-        self.x11 = ctypes.CDLL("libX11.so.6")
-        self.x11.XOpenDisplay.restype = ctypes.c_void_p
-        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
-        self.x11.XSetErrorHandler.restype = ctypes.c_void_p
-        self.errors = []
-        self.handler = self.HANDLER(lambda *_: self.errors.append(True) or 0)
-
-    def is_free(self):
-        display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
-        root = ctypes.c_ulong(self.x11.XDefaultRootWindow(display))
-        self.errors.clear()
-        self.x11.XSetErrorHandler(self.handler)
-        self.x11.XGrabKey(display, K, CONTROL_ALT, root, 0, 1, 1)
-        self.x11.XSync(display, 0)
-        self.x11.XSetErrorHandler(None)
-        self.x11.XCloseDisplay(display)
-        return not self.errors
 
 
 def set_launch_count(count):
