@@ -29,6 +29,7 @@ QPalette darkPalette()
     palette.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
     palette.setColor(QPalette::Highlight, QColor(0x35, 0x84, 0xe4));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0xa8, 0xa8, 0xa6));
     palette.setColor(QPalette::Link, QColor(0x78, 0xae, 0xed));
     palette.setColor(QPalette::ToolTipBase, QColor(0x1e, 0x1e, 0x1e));
     palette.setColor(QPalette::ToolTipText, text);
