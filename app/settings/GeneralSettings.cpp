@@ -166,9 +166,11 @@ SettingsSection GeneralSettings::menuFile()
         choices.push_back({ localizedDateAndTime(backups[i].time) + suffix, static_cast<std::int64_t>(i) });
     }
     section.rows.push_back(
-        choice("backups", "Backups", "The last menus, each kept before it was changed.", -1, std::move(choices), [&file, backups](auto index) {
+        choice("backups", "Backups", "The last menus, each kept before it was changed.", -1, std::move(choices), [this, &file, backups](auto index) {
             if (index >= 0 && static_cast<std::size_t>(index) < backups.size())
                 file.restoreBackup(backups[static_cast<std::size_t>(index)]);
+            if (onChanged)
+                onChanged(); // the list stands at its title again
         }));
     return section;
 }

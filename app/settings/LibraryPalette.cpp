@@ -3,11 +3,28 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
 
 namespace zv {
 
 namespace {
+
+constexpr int entriesProperty = 0;
+constexpr char const* applicationsGroup = "Installed Applications";
+
+LibraryEntry entryFor(InstalledApplication const& application)
+{
+    LibraryEntry entry;
+    entry.id = "application:" + application.file.path();
+    entry.title = application.name;
+    entry.localizedDescription = "Opens " + application.name + ".";
+    entry.group = applicationsGroup;
+    entry.itemTemplate = MenuItem::ofKind(MenuItemKind::fsObject);
+    entry.itemTemplate.title = application.name;
+    entry.itemTemplate.location.emplace().path = application.file.path();
+    return entry;
+}
 
 std::vector<std::string> wordsOf(std::string_view search)
 {
@@ -30,6 +47,7 @@ bool matches(LibraryEntry const& entry, std::vector<std::string> const& words)
 
 std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view search) const
 {
+    m_registrar.access(entriesProperty);
     auto const words = wordsOf(search);
     std::vector<Group> groups;
     for (auto const& entry : m_entries) {
@@ -41,6 +59,14 @@ std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view searc
         group->entries.push_back(&entry);
     }
     return groups;
+}
+
+void LibraryPalette::setApplications(std::vector<InstalledApplication> applications)
+{
+    std::erase_if(m_entries, [](auto const& entry) { return entry.group == applicationsGroup; });
+    std::sort(applications.begin(), applications.end(), [](auto const& a, auto const& b) { return localizedStandardCompare(a.name, b.name) < 0; });
+    std::transform(applications.begin(), applications.end(), std::back_inserter(m_entries), entryFor);
+    m_registrar.changed(entriesProperty);
 }
 
 LibraryEntry const* LibraryPalette::entry(std::string_view id) const

@@ -1,12 +1,17 @@
 #pragma once
 
 #include "app/model/ItemLibrary.h"
+#include "app/settings/InstalledApplications.h"
+#include "base/Observation.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zv {
+
+/// What an empty palette says.
+inline constexpr char const* nothingFoundText = "Nothing in the library matches.";
 
 /// The palette of things to add, in groups, narrowed by what is typed into its search field.
 class LibraryPalette {
@@ -23,13 +28,18 @@ public:
 
     /// Groups in the order of their first entry, empty ones left out. Every word of `search`
     /// must occur in the title, the description or the group; case and accents do not count.
-    /// The pointers hold as long as the palette.
+    /// The pointers hold until the applications are set. Reading this within
+    /// withObservationTracking() observes them.
     [[nodiscard]] std::vector<Group> groups(std::string_view search = {}) const;
     /// Null when there is none.
     [[nodiscard]] LibraryEntry const* entry(std::string_view id) const;
 
+    /// They stand in a group of their own at the end, in the order of their names.
+    void setApplications(std::vector<InstalledApplication> applications);
+
 private:
     std::vector<LibraryEntry> m_entries;
+    ObservationRegistrar m_registrar;
 };
 
 } // namespace zv

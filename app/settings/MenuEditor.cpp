@@ -34,7 +34,51 @@ std::optional<std::size_t> singleDifference(Items const& before, Items const& af
     return difference;
 }
 
+/// The shortest stretch of top-level items that makes the difference.
+MenuEdit differenceOf(Items const& before, Items const& after)
+{
+    auto const [first, firstNow] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    auto last = before.end();
+    auto lastNow = after.end();
+    while (last != first && lastNow != firstNow && *std::prev(last) == *std::prev(lastNow)) {
+        --last;
+        --lastNow;
+    }
+    MenuEdit edit;
+    edit.index = static_cast<std::size_t>(first - before.begin());
+    edit.before.assign(first, last);
+    edit.after.assign(firstNow, lastNow);
+    return edit;
+}
+
+/// Puts `replacement` where `count` items stand from `index` on; both are clamped.
+void replaceStretch(Items& items, std::size_t index, std::size_t count, Items const& replacement)
+{
+    auto const start = std::min(index, items.size());
+    auto const first = items.begin() + static_cast<std::ptrdiff_t>(start);
+    auto const last = first + static_cast<std::ptrdiff_t>(std::min(count, items.size() - start));
+    items.insert(items.erase(first, last), replacement.begin(), replacement.end());
+}
+
+/// The next sibling that stays, else the one before, else the parent.
+std::optional<Uuid> survivorBeside(Items const& siblings, std::size_t index, std::set<Uuid> const& leaving)
+{
+    auto const stays = [&](auto const& item) { return !leaving.contains(item.id); };
+    auto const here = siblings.begin() + static_cast<std::ptrdiff_t>(index);
+    if (auto const next = std::find_if(here, siblings.end(), stays); next != siblings.end())
+        return next->id;
+    auto const previous = std::find_if(std::make_reverse_iterator(here), siblings.rend(), stays);
+    return previous == siblings.rend() ? std::nullopt : std::optional(previous->id);
+}
+
 } // namespace
+
+MenuEditor::MenuEditor(Services services)
+    : m_services(services)
+    , m_known(services.store.items())
+{
+    observe();
+}
 
 MenuEditor::Position MenuEditor::positionAfter(Ids const& selection, std::optional<Uuid> const& openSubmenu) const
 {
@@ -68,6 +112,7 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
             continue;
         }
         auto item = MenuItem::ofKind(MenuItemKind::fsObject);
+        item.title = titleFor(file);
         item.location = ItemLocation::forURL(file, m_services.locations);
         added.push_back(std::move(item));
     }
@@ -75,6 +120,14 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
     if (!added.empty())
         add(name, std::move(added), position);
     return missing;
+}
+
+/// An item is called by its file's name; where that is not what the system shows, as with
+/// applications, it gets a title.
+std::optional<std::string> MenuEditor::titleFor(Url const& file) const
+{
+    auto shown = m_services.locations.files.localizedName(file);
+    return shown.empty() || shown == file.lastPathComponent() ? std::nullopt : std::optional(std::move(shown));
 }
 
 bool MenuEditor::move(Ids const& ids, Position const& position)
@@ -111,7 +164,19 @@ void MenuEditor::remove(Ids const& ids)
 {
     auto after = items();
     menuTree::remove(after, ids);
-    commit("Delete", std::move(after), {});
+    commit("Delete", std::move(after), neighbourOf(ids));
+}
+
+MenuEditor::Ids MenuEditor::neighbourOf(Ids const& ids) const
+{
+    auto const leaving = menuTree::outermost(items(), ids);
+    auto const position = leaving.empty() ? std::nullopt : menuTree::positionOf(items(), leaving.back());
+    if (!position)
+        return {};
+    auto const* parent = position->parent ? findItem(items(), *position->parent) : nullptr;
+    if (auto const survivor = survivorBeside(parent ? parent->children : items(), position->index, ids))
+        return { *survivor };
+    return position->parent ? Ids { *position->parent } : Ids {};
 }
 
 void MenuEditor::duplicate(Ids const& ids)
@@ -143,7 +208,7 @@ std::optional<std::string> MenuEditor::drop(std::vector<std::string> const& reco
     for (auto const& record : records) {
         auto item = menuItemFromDragRecord(record);
         if (!item)
-            return item.error().description();
+            return "What was dropped is no menu item: " + item.error().description() + ".";
         dropped.push_back(std::move(*item));
     }
     auto const ids = idsOf(dropped);
@@ -166,7 +231,12 @@ void MenuEditor::setTitle(Uuid const& id, std::string const& title)
 
 void MenuEditor::setTarget(Uuid const& id, Url const& target)
 {
-    edit("Choose Target", id, [&](MenuItem& item) { item.location = ItemLocation::forURL(target, m_services.locations); });
+    edit("Choose Target", id, [&](MenuItem& item) {
+        bool const hasGivenTitle = item.title && item.location && item.location->path && item.title == titleFor(Url::fromPath(*item.location->path));
+        if (!item.title || hasGivenTitle)
+            item.title = titleFor(target);
+        item.location = ItemLocation::forURL(target, m_services.locations);
+    });
 }
 
 void MenuEditor::setScanDepth(Uuid const& id, std::optional<std::int64_t> depth)
@@ -186,7 +256,7 @@ void MenuEditor::setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpe
 
 void MenuEditor::restoreDefaultMenu() { replaceMenu(m_services.store.defaultMenu(), "Restore Default Menu"); }
 
-void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), {}); }
+void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), std::nullopt); }
 
 void MenuEditor::add(std::string name, std::vector<MenuItem> added, Position const& position)
 {
@@ -200,28 +270,70 @@ void MenuEditor::edit(std::string name, Uuid const& id, std::function<void(MenuI
 {
     auto after = items();
     if (menuTree::change(after, id, edit))
-        commit(std::move(name), std::move(after), { id });
+        commit(std::move(name), std::move(after), std::nullopt);
 }
 
-void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Ids selection)
+void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Selection selection)
 {
     assertMainThread();
-    auto before = items();
-    if (after == before)
+    if (after == items())
         return;
-    put(after);
-    // As the store has it now: locations may have been refreshed.
-    if (onEdit)
-        onEdit({ std::move(name), std::move(before), items(), std::move(selection) });
+    put(std::move(after));
+    tell(std::move(name), std::move(selection));
 }
 
-void MenuEditor::put(std::vector<MenuItem> const& after)
+void MenuEditor::undo(MenuEdit const& edit)
 {
+    auto menu = items();
+    replaceStretch(menu, edit.index, edit.after.size(), edit.before);
+    put(std::move(menu));
+    (void)takeOver();
+}
+
+void MenuEditor::redo(MenuEdit const& edit)
+{
+    auto menu = items();
+    replaceStretch(menu, edit.index, edit.before.size(), edit.after);
+    put(std::move(menu));
+    (void)takeOver();
+}
+
+void MenuEditor::put(std::vector<MenuItem> after)
+{
+    m_isPutting = true;
     auto& store = m_services.store;
     if (auto const changed = singleDifference(store.items(), after))
-        store.replace(after[*changed].id, after[*changed]);
+        store.replace(after[*changed].id, std::move(after[*changed]));
     else if (after != store.items())
-        store.replaceAll(after);
+        store.replaceAll(std::move(after));
+    m_isPutting = false;
+}
+
+void MenuEditor::tell(std::string name, Selection selection)
+{
+    auto edit = takeOver();
+    edit.name = std::move(name);
+    edit.selectionAfter = std::move(selection);
+    if (onEdit)
+        onEdit(edit);
+}
+
+/// What differs since the last edit, as the store has it now: locations may have been refreshed.
+MenuEdit MenuEditor::takeOver()
+{
+    auto edit = differenceOf(m_known, items());
+    replaceStretch(m_known, edit.index, edit.before.size(), edit.after);
+    return edit;
+}
+
+void MenuEditor::observe()
+{
+    m_observation = withObservationTracking([this] { (void)items(); },
+        [this] {
+            observe();
+            if (!m_isPutting && items() != m_known)
+                tell("Change from Outside", std::nullopt);
+        });
 }
 
 } // namespace zv

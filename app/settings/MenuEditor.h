@@ -3,6 +3,7 @@
 #include "app/model/ItemLibrary.h"
 #include "app/model/MenuStore.h"
 #include "app/settings/MenuTree.h"
+#include "base/Observation.h"
 #include "base/Result.h"
 
 #include <functional>
@@ -13,16 +14,18 @@
 
 namespace zv {
 
-/// One step back or forward: the whole menu before and after an edit.
+/// One step back or forward: the top-level items that differ, before and after an edit.
 struct MenuEdit {
     std::string name; ///< for the Undo command: "Move", "Add Separator" …
+    std::size_t index = 0; ///< where the items stand in the menu
     std::vector<MenuItem> before;
     std::vector<MenuItem> after;
-    std::set<Uuid> selectionAfter; ///< what the edit is about
+    std::optional<std::set<Uuid>> selectionAfter; ///< nothing: what was selected stays so
 };
 
 /// The operations of the menu editor over the store. Each that changes something is told
-/// through `onEdit` as one snapshot, which the window's undo stack keeps. Main thread only.
+/// through `onEdit`, and so is a change of the menu that was made elsewhere: the window's
+/// undo stack then leads back over both. Main thread only.
 class MenuEditor {
 public:
     using Position = menuTree::Position;
@@ -33,10 +36,9 @@ public:
         LocationServices locations;
     };
 
-    explicit MenuEditor(Services services)
-        : m_services(services)
-    {
-    }
+    explicit MenuEditor(Services services);
+    MenuEditor(MenuEditor const&) = delete;
+    MenuEditor& operator=(MenuEditor const&) = delete;
 
     /// Told after the store has taken the edit. Not called for undo and redo.
     std::function<void(MenuEdit const&)> onEdit;
@@ -50,7 +52,8 @@ public:
     void addEntry(LibraryEntry const& entry, Position const& position);
     void addSubmenu(Position const& position);
     void addSeparator(Position const& position);
-    /// Files, folders and applications become items. Gives those that are not there.
+    /// Files, folders and applications become items, by the names that the system shows for
+    /// them. Gives those that are not there.
     std::vector<Url> addFiles(std::vector<Url> const& files, Position const& position);
 
     /// False when an item would land within itself; then nothing changes.
@@ -58,6 +61,7 @@ public:
     /// One place up or down among its siblings; several move together.
     bool moveUp(Ids const& ids);
     bool moveDown(Ids const& ids);
+    /// What stood behind them is selected then.
     void remove(Ids const& ids);
     void duplicate(Ids const& ids);
 
@@ -80,17 +84,27 @@ public:
     /// A whole menu that was read from a file or a backup.
     void replaceMenu(std::vector<MenuItem> items, std::string const& editName);
 
-    /// Undo and redo: puts a snapshot in place.
-    void restore(std::vector<MenuItem> const& snapshot) { put(snapshot); }
+    void undo(MenuEdit const& edit);
+    void redo(MenuEdit const& edit);
 
 private:
-    void commit(std::string name, std::vector<MenuItem> after, Ids selection);
+    using Selection = std::optional<Ids>;
+
+    void commit(std::string name, std::vector<MenuItem> after, Selection selection);
     void add(std::string name, std::vector<MenuItem> added, Position const& position);
     void edit(std::string name, Uuid const& id, std::function<void(MenuItem&)> const& edit);
     bool moveBy(Ids const& ids, int step);
-    void put(std::vector<MenuItem> const& items);
+    [[nodiscard]] Ids neighbourOf(Ids const& ids) const;
+    [[nodiscard]] std::optional<std::string> titleFor(Url const& file) const;
+    void put(std::vector<MenuItem> items);
+    void tell(std::string name, Selection selection);
+    [[nodiscard]] MenuEdit takeOver();
+    void observe();
 
     Services m_services;
+    std::vector<MenuItem> m_known; ///< the menu as the last edit left it
+    bool m_isPutting = false;
+    Observation m_observation;
 };
 
 } // namespace zv

@@ -1,6 +1,6 @@
 #include "app/settings/MenuOutline.h"
 
-#include <algorithm>
+#include "app/menu/DisplayText.h"
 
 namespace zv {
 
@@ -9,25 +9,24 @@ namespace {
 constexpr char const* missingFile = "This item points at a file that no longer exists.";
 constexpr char const* takenElsewhere = "Another app already uses this combination.";
 
-} // namespace
-
-MenuItem const* itemWithShortcut(std::vector<MenuItem> const& items, KeyEquivalentSpec const& spec, Uuid const& otherThan)
+/// The first that gets the shortcut, in the order in which they are claimed.
+MenuItem const* ownerOf(std::vector<MenuItem> const& items, std::string const& shortcut)
 {
-    auto const shortcut = spec.description();
     for (auto const& item : items) {
-        bool const hasIt = item.keyEquivalent && item.keyEquivalent->description() == shortcut;
-        if (hasIt && item.id != otherThan)
+        if (item.keyEquivalent && !item.kind.isLegacy() && item.keyEquivalent->description() == shortcut)
             return &item;
-        if (auto const* below = itemWithShortcut(item.children, spec, otherThan))
+        if (auto const* below = ownerOf(item.children, shortcut))
             return below;
     }
     return nullptr;
 }
 
+} // namespace
+
 OutlineRow MenuOutline::row(MenuItem const& item) const
 {
     OutlineRow row;
-    row.title = item.displayTitle();
+    row.title = displayText(item.displayTitle());
     row.isSeparator = item.kind == MenuItemKind::separator;
     row.shortcut = item.keyEquivalent ? item.keyEquivalent->description() : std::string();
     row.badge = badgeOf(item);
@@ -48,14 +47,11 @@ std::string MenuOutline::badgeOf(MenuItem const& item) const
 std::string MenuOutline::conflictOf(MenuItem const& item) const
 {
     auto const& conflicts = m_services.hotkeys.conflicts();
-    bool const isConflict = item.keyEquivalent && std::any_of(conflicts.begin(), conflicts.end(), [&](auto const& conflict) {
-        auto const* id = conflict.target.itemID();
-        return id && *id == item.id;
-    });
-    if (!isConflict)
+    auto const shortcut = item.keyEquivalent ? item.keyEquivalent->description() : std::string();
+    if (shortcut.empty() || !conflicts.contains({ HotkeyTarget::item(item.id), shortcut }))
         return {};
-    auto const* owner = itemWithShortcut(m_services.store.items(), *item.keyEquivalent, item.id);
-    return owner ? "“" + owner->displayTitle() + "” already uses this combination." : takenElsewhere;
+    auto const* owner = ownerOf(m_services.store.items(), shortcut);
+    return owner && owner->id != item.id ? "“" + displayText(owner->displayTitle()) + "” already uses this combination." : takenElsewhere;
 }
 
 } // namespace zv

@@ -10,6 +10,9 @@
 
 namespace zv {
 
+/// What an empty outline says.
+inline constexpr char const* emptyMenuText = "Your menu is empty. Drag things here from the library, or add them with the buttons below.";
+
 /// What the editor's outline shows of one item.
 struct OutlineRow {
     std::string title;
@@ -40,8 +43,5 @@ private:
 
     Services m_services;
 };
-
-/// The item, other than the one asked about, that carries the shortcut first.
-[[nodiscard]] MenuItem const* itemWithShortcut(std::vector<MenuItem> const& items, KeyEquivalentSpec const& spec, Uuid const& otherThan);
 
 } // namespace zv

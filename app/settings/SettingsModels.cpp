@@ -12,6 +12,8 @@ SettingsModels::SettingsModels(Services services)
           { m_services.preferences, m_services.loginItem, m_services.updater, m_menuFile, m_services.alerts, m_services.wording, m_services.statusItemProblem })
     , m_about(aboutText(m_services.resources))
 {
+    if (m_services.installedApplications)
+        m_services.installedApplications(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
 }
 
 void SettingsModels::reveal(MenuItem const& item)
@@ -28,13 +30,13 @@ void SettingsModels::copyDiagnostics() { m_services.copyText(m_services.diagnost
 void SettingsModels::beginRecording()
 {
     if (!std::exchange(m_isRecording, true))
-        m_services.hotkeys.unregisterAll();
+        m_services.hotkeys.pause();
 }
 
 void SettingsModels::endRecording()
 {
     if (std::exchange(m_isRecording, false))
-        m_services.hotkeys.reregister();
+        m_services.hotkeys.resume();
 }
 
 } // namespace zv

@@ -2,10 +2,12 @@
 
 #include "app/settings/AboutText.h"
 #include "app/settings/GeneralSettings.h"
+#include "app/settings/InstalledApplications.h"
 #include "app/settings/LibraryPalette.h"
 #include "app/settings/MenuEditor.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
+#include "base/Lifetime.h"
 
 #include <functional>
 #include <string>
@@ -38,6 +40,7 @@ public:
         std::function<void()> showReadMe;
         std::function<void(std::string const&)> copyText;
         std::function<std::string()> diagnostics; ///< without personal paths
+        InstalledApplications installedApplications; ///< none where the palette names no applications
     };
 
     explicit SettingsModels(Services services);
@@ -75,6 +78,7 @@ private:
     GeneralSettings m_general;
     AboutText m_about;
     bool m_isRecording = false;
+    Lifetime m_lifetime;
 };
 
 } // namespace zv

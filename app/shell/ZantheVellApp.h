@@ -85,6 +85,7 @@ public:
         std::string homePath;
         Url itemsFolder;
         Url backupsFolder;
+        InstalledApplications installedApplications = {}; ///< for the palette of the settings
     };
 
     explicit ZantheVellApp(Platform platform);

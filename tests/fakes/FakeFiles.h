@@ -54,7 +54,11 @@ public:
     }
     Url resolvingSymlinks(Url const& url) const override { return Url::fromPath(follow(url.path())); }
     Url resolvingAlias(Url const& url) const override { return resolvingSymlinks(url); }
-    std::string localizedName(Url const& url) const override { return url.lastPathComponent(); }
+    std::string localizedName(Url const& url) const override
+    {
+        auto const found = localizedNames.find(url.path());
+        return found == localizedNames.end() ? url.lastPathComponent() : found->second;
+    }
     std::optional<std::string> volumeName(Url const& url) const override
     {
         auto const found = volumes.find(url.path());
@@ -106,6 +110,7 @@ public:
     std::map<std::string, Node> nodes { { "/", { Node::Type::folder, {}, {} } } };
     std::set<std::string> readOnly; ///< folders that cannot be written
     std::map<std::string, std::string> volumes; ///< root path to name
+    std::map<std::string, std::string> localizedNames; ///< where they differ from the file's name
 
 private:
     void put(std::string const& path, Node node)

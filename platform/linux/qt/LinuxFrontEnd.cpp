@@ -72,6 +72,17 @@ std::vector<std::vector<std::string>> const& autostartSettings()
 
 Url ownFolder(std::string const& base, char const* name) { return Url::fromPath(base).appending("zanthe-vell").appending(name); }
 
+std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& index)
+{
+    auto const desktops = DesktopAudience::current().desktops;
+    std::vector<InstalledApplication> applications;
+    for (auto const& entry : index.entries()) {
+        if (entry.isListed(desktops) && entry.missingProgram().empty())
+            applications.push_back({ entry.name, Url::fromPath(entry.path) });
+    }
+    return applications;
+}
+
 } // namespace
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
@@ -263,6 +274,7 @@ ZantheVellApp::Platform LinuxFrontEnd::platform()
         m_directories.home,
         ownFolder(m_directories.data, "Zanthe Vell Items"),
         ownFolder(m_directories.data, "Backups"),
+        [this](auto use) { m_catalog.withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
     };
 }
 

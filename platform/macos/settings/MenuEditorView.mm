@@ -9,7 +9,8 @@
 
 using zv::MenuEditor;
 using zv::MenuItem;
-using Items = std::shared_ptr<std::vector<MenuItem> const>;
+using Edit = std::shared_ptr<zv::MenuEdit const>;
+enum class Direction { back, forward };
 
 @implementation ZVMenuOutlineView
 
@@ -338,21 +339,24 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 
 - (void)edited:(zv::MenuEdit const&)edit
 {
-    _toSelect = edit.selectionAfter;
-    [self registerReturnTo:std::make_shared<std::vector<MenuItem> const>(edit.before)
-                      from:std::make_shared<std::vector<MenuItem> const>(edit.after)
-                     named:zv::toNSString(edit.name)];
+    if (edit.selectionAfter)
+        _toSelect = *edit.selectionAfter;
+    [self registerStep:std::make_shared<zv::MenuEdit const>(edit) direction:Direction::back];
 }
 
 /// Going back registers the way forward.
-- (void)registerReturnTo:(Items)target from:(Items)current named:(NSString*)name
+- (void)registerStep:(Edit)edit direction:(Direction)direction
 {
     [_undoManager registerUndoWithTarget:self
                                  handler:^(ZVMenuEditor* editor) {
-                                     editor->_models->editor().restore(*target);
-                                     [editor registerReturnTo:current from:target named:name];
+                                     bool const goesBack = direction == Direction::back;
+                                     if (goesBack)
+                                         editor->_models->editor().undo(*edit);
+                                     else
+                                         editor->_models->editor().redo(*edit);
+                                     [editor registerStep:edit direction:goesBack ? Direction::forward : Direction::back];
                                  }];
-    [_undoManager setActionName:name];
+    [_undoManager setActionName:zv::toNSString(edit->name)];
 }
 
 #pragma mark The outline's questions

@@ -118,7 +118,7 @@ TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)
     menuFile.importMenu();
     EXPECT_EQ(menu(), "a b[x]");
     ASSERT_EQ(edits.size(), 1U);
-    editor->restore(edits[0].before);
+    editor->undo(edits[0]);
     EXPECT_EQ(menu(), "c") << "an import can be undone";
 
     files.addFile("/out/wrong.plist", "<plist version=\"1.0\"><array><dict/></array></plist>");
@@ -141,7 +141,7 @@ TEST_F(GeneralSettingsTest, RestoresTheDefaultMenuOnlyWhenToldSo)
     EXPECT_EQ(menu(), "a");
     row("resetMenu")->press();
     EXPECT_NE(menu(), "a");
-    editor->restore(edits.back().before);
+    editor->undo(edits.back());
     EXPECT_EQ(menu(), "a");
 }
 
@@ -154,7 +154,7 @@ TEST(LibraryPalette, FindsEntriesAsPeopleType)
         made.group = std::move(group);
         return made;
     };
-    LibraryPalette const palette({ entry("Sleep", "Puts the computer to sleep.", "System"), entry("Café Menü", "A test.", "Lists"),
+    LibraryPalette palette({ entry("Sleep", "Puts the computer to sleep.", "System"), entry("Café Menü", "A test.", "Lists"),
         entry("Restart…", "Asks, then restarts.", "System") });
     auto const found = [&](std::string_view search) {
         std::string text;
@@ -169,6 +169,13 @@ TEST(LibraryPalette, FindsEntriesAsPeopleType)
     EXPECT_EQ(found("cafe menu"), "Lists:Café Menü;");
     EXPECT_EQ(found("  SYSTEM sleep "), "System:Sleep;");
     EXPECT_EQ(found("nothing like that"), "");
+
+    bool told = false;
+    auto const observation = withObservationTracking([&] { (void)palette.groups(); }, [&] { told = true; });
+    palette.setApplications({ { "Web", Url::fromPath("/a/web.desktop") }, { "mail", Url::fromPath("/a/mail.desktop") } });
+    EXPECT_TRUE(told);
+    EXPECT_EQ(found("installed"), "Installed Applications:mail;Web;");
+    EXPECT_EQ(palette.groups("web").at(0).entries.at(0)->itemTemplate.location->path, "/a/web.desktop");
 }
 
 TEST(Diagnostics, NamePeopleNowhere)

@@ -58,7 +58,7 @@ TEST_F(MenuEditorTest, MovesByKeyboardWithinTheSameParent)
     EXPECT_FALSE(editor->moveUp({}));
 }
 
-TEST_F(MenuEditorTest, UndoesAndRedoesEveryOperationAsOneSnapshot)
+TEST_F(MenuEditorTest, UndoesAndRedoesEveryOperationAsOneStep)
 {
     files.addFolder("/home/me/Work");
     LibraryEntry entry;
@@ -105,14 +105,64 @@ TEST_F(MenuEditorTest, UndoesAndRedoesEveryOperationAsOneSnapshot)
         operation();
         ASSERT_EQ(edits.size(), 1U);
         EXPECT_EQ(edits[0].name, name);
-        EXPECT_EQ(edits[0].before, before);
         auto const after = store->items();
         EXPECT_NE(after, before);
-        editor->restore(edits[0].before);
+        editor->undo(edits[0]);
         EXPECT_EQ(store->items(), before);
-        editor->restore(edits[0].after);
+        editor->redo(edits[0]);
         EXPECT_EQ(store->items(), after);
         EXPECT_EQ(edits.size(), 1U) << "undo and redo are no edits";
+    }
+}
+
+TEST_F(MenuEditorTest, LeadsBackOverWhatWasChangedElsewhereToo)
+{
+    setMenu("a b c");
+    editor->setTitle(id('b'), "Mine");
+    store->replaceAll({ itemNamed('x'), itemNamed('y') });
+    ASSERT_EQ(edits.size(), 2U);
+    editor->remove({ id('y') });
+    for (auto const* expected : { "x y", "a Mine c", "a b c" }) {
+        editor->undo(edits.back());
+        edits.pop_back();
+        EXPECT_EQ(menu(), expected);
+    }
+}
+
+TEST_F(MenuEditorTest, KeepsOnlyTheItemsThatAnEditChanges)
+{
+    setMenu("a b[x y] c d");
+    editor->setTitle(id('y'), "New");
+    ASSERT_EQ(edits.size(), 1U);
+    EXPECT_EQ(edits[0].index, 1U);
+    EXPECT_EQ(edits[0].before.size(), 1U);
+    EXPECT_EQ(edits[0].after.size(), 1U);
+    EXPECT_FALSE(edits[0].selectionAfter) << "who edits an item may have gone on to another one";
+}
+
+TEST_F(MenuEditorTest, SelectsWhatStoodBehindTheRemovedItems)
+{
+    struct Row {
+        std::string ids;
+        std::string selected;
+        std::string why;
+    };
+    Row const rows[] = {
+        { "a", "b", "the next one" },
+        { "ab", "c", "the next that stays" },
+        { "c", "b", "the last one goes: the one before" },
+        { "xy", "b", "an emptied submenu itself" },
+        { "bx", "c", "what lies below another goes with it" },
+        { "abc", "", "nothing is left" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        setMenu("a b[x y] c");
+        Ids ids;
+        for (char const name : row.ids)
+            ids.insert(id(name));
+        editor->remove(ids);
+        EXPECT_EQ(edits.at(0).selectionAfter, row.selected.empty() ? Ids {} : Ids { id(row.selected[0]) });
     }
 }
 
@@ -139,6 +189,24 @@ TEST_F(MenuEditorTest, AddsTheFilesThatAreThereAndNamesTheOthers)
     EXPECT_EQ(menu(), "1 2 4 5 a");
     EXPECT_EQ(edits.size(), 1U);
     EXPECT_TRUE(store->items()[0].location->bookmark);
+}
+
+TEST_F(MenuEditorTest, CallsFilesByTheNamesThatTheSystemShows)
+{
+    for (auto const* path : { "/f/notes.txt", "/f/org.browser.desktop", "/f/org.mail.desktop" })
+        files.addFile(path);
+    files.localizedNames = { { "/f/org.browser.desktop", "Browser" }, { "/f/org.mail.desktop", "Mail" } };
+    setMenu("");
+    editor->addFiles({ Url::fromPath("/f/notes.txt"), Url::fromPath("/f/org.browser.desktop") }, {});
+    EXPECT_EQ(menu(), "notes.txt Browser");
+    EXPECT_FALSE(store->items()[0].title) << "a file may be renamed";
+
+    auto const id = store->items()[1].id;
+    editor->setTarget(id, Url::fromPath("/f/org.mail.desktop"));
+    EXPECT_EQ(menu(), "notes.txt Mail");
+    editor->setTitle(id, "Post");
+    editor->setTarget(id, Url::fromPath("/f/org.browser.desktop"));
+    EXPECT_EQ(menu(), "notes.txt Post") << "what the user wrote stays";
 }
 
 TEST_F(MenuEditorTest, TakesRecordsAsAMoveOrAsFreshCopies)

@@ -1,12 +1,12 @@
 #include "platform/linux/qt/settings/AboutView.h"
 
 #include "platform/linux/qt/LaurelIcon.h"
+#include "platform/linux/qt/settings/SettingsButton.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zv {
@@ -23,13 +23,6 @@ QLabel* centred(std::string const& text, double scale, bool isBold)
     font.setBold(isBold);
     label->setFont(font);
     return label;
-}
-
-QPushButton* button(std::string const& title)
-{
-    auto* made = new QPushButton(QString::fromStdString(title));
-    made->setAutoDefault(false);
-    return made;
 }
 
 } // namespace
@@ -51,9 +44,9 @@ AboutView::AboutView(SettingsModels& models)
     column->addWidget(centred(about.purpose, 1.1, false));
     column->addSpacing(14);
     auto* buttons = new QHBoxLayout;
-    auto* readMe = button(about.readMeButton);
-    auto* licences = button(about.licencesButton);
-    auto* diagnostics = button(about.diagnosticsButton);
+    auto* readMe = settingsButton(QString::fromStdString(about.readMeButton));
+    auto* licences = settingsButton(QString::fromStdString(about.licencesButton));
+    auto* diagnostics = settingsButton(QString::fromStdString(about.diagnosticsButton));
     buttons->addStretch();
     for (auto* each : { readMe, licences, diagnostics })
         buttons->addWidget(each);

@@ -1,16 +1,20 @@
 #include "platform/linux/qt/settings/InspectorView.h"
 
+#include "platform/linux/qt/settings/SettingsButton.h"
+
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zv {
 
 namespace {
+
+constexpr std::chrono::milliseconds pauseInTyping { 800 };
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
@@ -21,13 +25,6 @@ QLabel* smallLabel()
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
-}
-
-QPushButton* plainButton(char const* title)
-{
-    auto* button = new QPushButton(QString::fromUtf8(title));
-    button->setAutoDefault(false);
-    return button;
 }
 
 } // namespace
@@ -64,8 +61,8 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_shortcut = new RecorderField(m_models, std::move(lookUp));
     auto* target = new QVBoxLayout(m_targetRow);
     target->setContentsMargins(0, 0, 0, 0);
-    auto* choose = plainButton("Choose…");
-    auto* reveal = plainButton("Reveal");
+    auto* choose = settingsButton(QStringLiteral("Choose…"));
+    auto* reveal = settingsButton(QStringLiteral("Reveal"));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(choose);
     buttons->addWidget(reveal);
@@ -75,21 +72,23 @@ void InspectorView::buildForm(KeyLookup lookUp)
 
     m_form->addRow(QStringLiteral("Title"), m_title);
     m_form->addRow(QStringLiteral("Target"), m_targetRow);
-    m_form->addRow(QStringLiteral("Folders within open"), m_depth);
+    m_form->addRow(QStringLiteral("Levels of folders"), m_depth);
     m_form->addRow(QStringLiteral("Shortcut"), m_shortcut);
     m_form->addRow(m_hidden);
     m_form->addRow(m_note);
 
-    connect(m_title, &QLineEdit::editingFinished, this, [this] {
-        if (m_id)
-            m_models.editor().setTitle(*m_id, m_title->text().toStdString());
-    });
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseInTyping);
+    m_title->installEventFilter(this);
+    connect(&m_pause, &QTimer::timeout, this, [this] { takeTitle(); });
+    connect(m_title, &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
+    connect(m_title, &QLineEdit::editingFinished, this, [this] { takeTitle(); });
     connect(choose, &QPushButton::clicked, this, [this] { chooseTarget(); });
     connect(reveal, &QPushButton::clicked, this, [this] {
         if (auto const* item = m_id ? m_models.store().find(*m_id) : nullptr)
             m_models.reveal(*item);
     });
-    connect(m_depth, &QComboBox::activated, this, [this] {
+    connect(m_depth, &QComboBox::currentIndexChanged, this, [this] {
         auto const depth = m_depth->currentData().toLongLong();
         if (m_id)
             m_models.editor().setScanDepth(*m_id, depth == depthOfPreference ? std::nullopt : std::optional<std::int64_t>(depth));
@@ -118,8 +117,8 @@ void InspectorView::chooseTarget()
 void InspectorView::show(MenuItem const* item, std::size_t count)
 {
     // A title being typed belongs to the item that was shown until now.
-    if (m_id && (!item || item->id != *m_id) && m_title->isModified())
-        m_models.editor().setTitle(*m_id, m_title->text().toStdString());
+    if (!item || item->id != m_id)
+        takeTitle();
     m_id = item && count == 1 ? std::optional(item->id) : std::nullopt;
     m_body->setVisible(m_id.has_value());
     if (!m_id) {
@@ -133,7 +132,7 @@ void InspectorView::show(MenuItem const* item, std::size_t count)
 void InspectorView::fill(InspectorFields const& fields)
 {
     m_heading->setText(text(fields.kindTitle));
-    if (!m_title->hasFocus() || !m_title->isModified())
+    if (!m_title->isModified() && m_title->text() != text(fields.title))
         m_title->setText(text(fields.title));
     m_title->setPlaceholderText(text(fields.titlePlaceholder));
     setRowVisible(m_title, fields.hasTitle);
@@ -158,10 +157,21 @@ void InspectorView::fill(InspectorFields const& fields)
 
 void InspectorView::setRowVisible(QWidget* field, bool isVisible) { m_form->setRowVisible(field, isVisible); }
 
-void InspectorView::editTitle()
+void InspectorView::takeTitle()
 {
-    m_title->setFocus();
-    m_title->selectAll();
+    m_pause.stop();
+    if (!m_id || !m_title->isModified())
+        return;
+    m_title->setModified(false);
+    m_models.editor().setTitle(*m_id, m_title->text().toStdString());
+}
+
+/// The field does not call its editing finished when the window is left or closed.
+bool InspectorView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)
+        takeTitle();
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace zv

@@ -4,6 +4,7 @@
 #include "app/settings/SettingsModels.h"
 #include "platform/linux/qt/settings/RecorderField.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -23,10 +24,13 @@ public:
 
     /// Null for no selection; `count` is how many are selected.
     void show(MenuItem const* item, std::size_t count);
-    void editTitle();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildForm(KeyLookup lookUp);
+    void takeTitle();
     void fill(InspectorFields const& fields);
     void chooseTarget();
     void setRowVisible(QWidget* field, bool isVisible);
@@ -37,6 +41,7 @@ private:
     QWidget* m_body;
     QFormLayout* m_form;
     QLineEdit* m_title;
+    QTimer m_pause; ///< in typing a title
     QWidget* m_targetRow;
     QLabel* m_target;
     QComboBox* m_depth;

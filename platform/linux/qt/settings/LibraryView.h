@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QKeyEvent;
 class QLineEdit;
 
 namespace zv {
@@ -21,15 +22,23 @@ public:
 
     std::function<void(LibraryEntry const&)> onAdd;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
     class Tree;
+    class Entry;
     void fill();
+    void refill();
     void addChosen();
+    [[nodiscard]] bool searchKeyPressed(QKeyEvent& event);
 
     LibraryPalette const& m_palette;
     MenuIcons& m_icons;
     QLineEdit* m_search;
     QTreeWidget* m_tree;
+    Observation m_observation;
 };
 
 } // namespace zv

@@ -1,10 +1,13 @@
 #include "platform/linux/qt/settings/MenuEditorView.h"
 
 #include "platform/linux/qt/MenuImages.h"
+#include "platform/linux/qt/settings/EmptyText.h"
+#include "platform/linux/qt/settings/SettingsButton.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMimeData>
@@ -12,9 +15,35 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace zv {
 
-/// One edit on the undo stack, as the whole menu before and after it.
+namespace {
+
+constexpr int undoLimit = 200;
+
+/// Rows that follow one another as one range each: a selection of many ranges is slow.
+/// Sorts the rows.
+QItemSelection stretchesOf(QModelIndexList& rows)
+{
+    auto const key = [](QModelIndex const& index) { return std::pair(index.parent().internalId(), index.row()); };
+    std::sort(rows.begin(), rows.end(), [&](auto const& a, auto const& b) { return key(a) < key(b); });
+    QItemSelection selection;
+    for (qsizetype first = 0; first < rows.size();) {
+        auto last = first;
+        while (last + 1 < rows.size() && rows[last + 1].row() == rows[last].row() + 1 && rows[last + 1].parent() == rows[first].parent())
+            ++last;
+        selection.append(QItemSelectionRange(rows[first], rows[last]));
+        first = last + 1;
+    }
+    return selection;
+}
+
+} // namespace
+
+/// One edit on the undo stack.
 class MenuEditorView::EditCommand : public QUndoCommand {
 public:
     EditCommand(MenuEditor& editor, MenuEdit edit)
@@ -23,11 +52,11 @@ public:
         , m_edit(std::move(edit))
     {
     }
-    void undo() override { m_editor.restore(m_edit.before); }
+    void undo() override { m_editor.undo(m_edit); }
     void redo() override
     {
         if (std::exchange(m_isDone, true)) // the stack does what was just done: the store has it already
-            m_editor.restore(m_edit.after);
+            m_editor.redo(m_edit);
     }
 
 private:
@@ -36,7 +65,8 @@ private:
     bool m_isDone = false;
 };
 
-/// Drags of our own default to a move; with Control held, or from elsewhere, to a copy.
+/// Drags of our own default to a move; with Control held, or from elsewhere, to a copy. Where
+/// a drag comes from must not hear of a move: it might take away what it had.
 class MenuEditorView::Outline : public QTreeView {
 public:
     explicit Outline(QAbstractItemModel& model)
@@ -47,7 +77,9 @@ public:
         setAcceptDrops(true);
         setDropIndicatorShown(true);
         setDefaultDropAction(Qt::MoveAction);
-        setEditTriggers(QAbstractItemView::EditKeyPressed);
+        setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::DoubleClicked);
+        setExpandsOnDoubleClick(false);
+        setContextMenuPolicy(Qt::ActionsContextMenu);
         setUniformRowHeights(true);
         setAllColumnsShowFocus(true);
         setIconSize({ menuIconSize, menuIconSize });
@@ -56,6 +88,34 @@ public:
         header()->setSectionResizeMode(0, QHeaderView::Stretch);
         header()->setSectionResizeMode(1, QHeaderView::Interactive);
         header()->resizeSection(1, 150);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QTreeView::paintEvent(event);
+        if (model()->rowCount() == 0)
+            paintEmptyText(*this, emptyMenuText);
+    }
+    void dragMoveEvent(QDragMoveEvent* event) override
+    {
+        QTreeView::dragMoveEvent(event);
+        copyFromElsewhere(*event);
+    }
+    void dropEvent(QDropEvent* event) override
+    {
+        QTreeView::dropEvent(event);
+        copyFromElsewhere(*event);
+    }
+
+private:
+    static void copyFromElsewhere(QDropEvent& event)
+    {
+        bool const isOurs = event.source() != nullptr;
+        if (isOurs || !event.isAccepted() || !event.possibleActions().testFlag(Qt::CopyAction))
+            return;
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
     }
 };
 
@@ -77,13 +137,15 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     columns->setSizes({ 230, 400, 240 });
     line->addWidget(columns);
 
-    m_library->onAdd = [this](LibraryEntry const& entry) { m_models.editor().addEntry(entry, insertPosition()); };
+    m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
     m_models.editor().onEdit = [this](MenuEdit const& edit) { edited(edit); };
     connect(&m_tree, &MenuTreeModel::aboutToLayAnew, this, [this] { keepState(); });
     connect(&m_tree, &MenuTreeModel::laidAnew, this, [this] { bringStateBack(); });
     connect(&m_tree, &QAbstractItemModel::dataChanged, this, [this] { refreshInspector(); });
-    connect(m_outline->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { refreshInspector(); });
-    addShortcuts();
+    connect(m_outline->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { selectionChanged(); });
+    m_undo.setUndoLimit(undoLimit);
+    addActions();
+    selectionChanged();
 }
 
 MenuEditorView::~MenuEditorView() { m_models.editor().onEdit = nullptr; }
@@ -101,7 +163,7 @@ QWidget* MenuEditorView::outlineColumn()
     addButton(*buttons, "Submenu", "Adds an empty submenu", [this] { m_models.editor().addSubmenu(insertPosition()); });
     addButton(*buttons, "Separator", "Adds a line", [this] { m_models.editor().addSeparator(insertPosition()); });
     buttons->addStretch();
-    addButton(*buttons, "Remove", "Removes what is selected", [this] { removeSelected(); });
+    m_remove = addButton(*buttons, "Remove", "Removes what is selected", [this] { removeSelected(); });
     box->addLayout(buttons);
     return column;
 }
@@ -112,46 +174,71 @@ QWidget* MenuEditorView::inspectorColumn()
     auto* box = new QVBoxLayout(column);
     box->setContentsMargins(6, 0, 0, 0);
     box->addWidget(m_inspector, 1);
-    auto* restore = new QPushButton(QStringLiteral("Restore Default Menu…"));
-    restore->setAutoDefault(false);
+    auto* restore = settingsButton(QStringLiteral("Restore Default Menu…"));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
     box->addWidget(restore);
     return column;
 }
 
-void MenuEditorView::addButton(QLayout& line, char const* title, char const* help, std::function<void()> act)
+QPushButton* MenuEditorView::addButton(QLayout& line, char const* title, char const* help, std::function<void()> act)
 {
-    auto* button = new QPushButton(QString::fromUtf8(title));
-    button->setAutoDefault(false);
+    auto* button = settingsButton(QString::fromUtf8(title));
     button->setToolTip(QString::fromUtf8(help));
     button->setAccessibleDescription(QString::fromUtf8(help));
     connect(button, &QPushButton::clicked, this, [act = std::move(act)] { act(); });
     line.addWidget(button);
+    return button;
 }
 
-void MenuEditorView::addAction(QKeySequence const& keys, std::function<void()> act)
+QAction* MenuEditorView::addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act)
 {
-    auto* action = new QAction(m_outline);
-    action->setShortcut(keys);
+    auto* action = new QAction(QString::fromUtf8(title), m_outline);
+    action->setShortcuts(keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, [act = std::move(act)] { act(); });
     m_outline->addAction(action);
+    return action;
 }
 
-void MenuEditorView::addShortcuts()
+void MenuEditorView::addGap()
 {
-    addAction(QKeySequence::Undo, [this] { m_undo.undo(); });
-    addAction(QKeySequence::Redo, [this] { m_undo.redo(); });
-    addAction(QKeySequence::Delete, [this] { removeSelected(); });
-    addAction(QKeySequence::Copy, [this] { copySelected(); });
-    addAction(QKeySequence::Cut, [this] {
+    auto* gap = new QAction(m_outline);
+    gap->setSeparator(true);
+    m_outline->addAction(gap);
+}
+
+/// The outline's context menu, and the keys for the same.
+void MenuEditorView::addActions()
+{
+    using Keys = QKeySequence;
+    addUndoActions();
+    addGap();
+    auto* cut = addAction("Cut", Keys::keyBindings(Keys::Cut), [this] {
         copySelected();
         removeSelected();
     });
-    addAction(QKeySequence::Paste, [this] { paste(); });
-    addAction(QKeySequence(Qt::CTRL | Qt::Key_D), [this] { m_models.editor().duplicate(selection()); });
-    addAction(QKeySequence(Qt::ALT | Qt::Key_Up), [this] { m_models.editor().moveUp(selection()); });
-    addAction(QKeySequence(Qt::ALT | Qt::Key_Down), [this] { m_models.editor().moveDown(selection()); });
+    auto* copy = addAction("Copy", Keys::keyBindings(Keys::Copy), [this] { copySelected(); });
+    addAction("Paste", Keys::keyBindings(Keys::Paste), [this] { paste(); });
+    auto* duplicate = addAction("Duplicate", { Keys(Qt::CTRL | Qt::Key_D) }, [this] { m_models.editor().duplicate(selection()); });
+    auto* remove = addAction("Delete", Keys::keyBindings(Keys::Delete), [this] { removeSelected(); });
+    addGap();
+    auto* up = addAction("Move Up", { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
+    auto* down = addAction("Move Down", { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
+    m_selectionActions = { cut, copy, duplicate, remove, up, down };
+}
+
+/// They work wherever the focus is in this tab; a text field undoes its own typing first.
+void MenuEditorView::addUndoActions()
+{
+    auto* undo = m_undo.createUndoAction(this, QStringLiteral("Undo"));
+    undo->setShortcuts(QKeySequence::Undo);
+    auto* redo = m_undo.createRedoAction(this, QStringLiteral("Redo"));
+    redo->setShortcuts(QKeySequence::Redo);
+    for (auto* action : { undo, redo }) {
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        QWidget::addAction(action);
+        m_outline->addAction(action);
+    }
 }
 
 std::set<Uuid> MenuEditorView::selection() const
@@ -174,20 +261,36 @@ MenuEditor::Position MenuEditorView::insertPosition() const
 
 void MenuEditorView::select(std::set<Uuid> const& ids)
 {
-    auto* model = m_outline->selectionModel();
-    model->clearSelection();
-    QModelIndex last;
+    QModelIndexList rows;
     for (auto const& id : ids) {
-        auto const index = m_tree.indexOf(id);
-        if (!index.isValid())
-            continue;
-        model->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        last = index;
+        if (auto const index = m_tree.indexOf(id); index.isValid())
+            rows.push_back(index);
     }
-    if (!last.isValid())
+    auto* model = m_outline->selectionModel();
+    model->select(stretchesOf(rows), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (rows.isEmpty())
         return;
-    model->setCurrentIndex(last, QItemSelectionModel::NoUpdate);
-    m_outline->scrollTo(last);
+    model->setCurrentIndex(rows.back(), QItemSelectionModel::NoUpdate);
+    m_outline->scrollTo(rows.back());
+}
+
+void MenuEditorView::selectionChanged()
+{
+    bool const hasSelection = m_outline->selectionModel()->hasSelection();
+    for (auto* action : m_selectionActions)
+        action->setEnabled(hasSelection);
+    m_remove->setEnabled(hasSelection);
+    refreshInspector();
+}
+
+/// A file has to be chosen before it can be added.
+void MenuEditorView::addEntry(LibraryEntry const& entry)
+{
+    bool const isChosenFirst = entry.itemTemplate.kind == MenuItemKind::fsObject && !entry.itemTemplate.location;
+    if (isChosenFirst)
+        addFiles(FilePanelKind::filesAndFolders);
+    else
+        m_models.editor().addEntry(entry, insertPosition());
 }
 
 void MenuEditorView::addFiles(FilePanelKind kind)
@@ -214,11 +317,12 @@ void MenuEditorView::paste()
 
 void MenuEditorView::edited(MenuEdit const& edit)
 {
-    m_keptSelection = edit.selectionAfter;
     m_undo.push(new EditCommand(m_models.editor(), edit));
-    // The tree is laid anew in the turn after this one; what is not laid anew is there now.
+    if (!edit.selectionAfter)
+        return;
+    // The tree is laid anew in the turn after this one.
     QMetaObject::invokeMethod(
-        this, [this, ids = edit.selectionAfter] { select(ids); }, Qt::QueuedConnection);
+        this, [this, ids = *edit.selectionAfter] { select(ids); }, Qt::QueuedConnection);
 }
 
 void MenuEditorView::keepState()

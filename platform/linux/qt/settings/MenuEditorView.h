@@ -11,6 +11,8 @@
 
 #include <set>
 
+class QPushButton;
+
 namespace zv {
 
 /// The Menu tab: the library, the outline, the inspector.
@@ -25,13 +27,17 @@ private:
 
     [[nodiscard]] QWidget* outlineColumn();
     [[nodiscard]] QWidget* inspectorColumn();
-    void addButton(QLayout& line, char const* title, char const* help, std::function<void()> act);
-    void addShortcuts();
-    void addAction(QKeySequence const& keys, std::function<void()> act);
+    QPushButton* addButton(QLayout& line, char const* title, char const* help, std::function<void()> act);
+    void addActions();
+    void addUndoActions();
+    QAction* addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act);
+    void addGap();
 
     [[nodiscard]] std::set<Uuid> selection() const;
     [[nodiscard]] MenuEditor::Position insertPosition() const;
     void select(std::set<Uuid> const& ids);
+    void selectionChanged();
+    void addEntry(LibraryEntry const& entry);
     void addFiles(FilePanelKind kind);
     void removeSelected();
     void copySelected();
@@ -47,6 +53,8 @@ private:
     LibraryView* m_library;
     QTreeView* m_outline;
     InspectorView* m_inspector;
+    QList<QAction*> m_selectionActions; ///< of use only when something is selected
+    QPushButton* m_remove = nullptr;
     std::set<Uuid> m_keptSelection;
     std::set<Uuid> m_keptExpanded;
 };

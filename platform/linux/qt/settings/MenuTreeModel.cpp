@@ -61,7 +61,7 @@ MenuTreeModel::MenuTreeModel(SettingsModels& models)
 {
     auto const& items = m_models.store().items();
     lay(m_root, items);
-    remember(items);
+    remember(m_root, items);
     observe();
 }
 
@@ -77,7 +77,7 @@ void MenuTreeModel::observe()
     m_observation = withObservationTracking(read, [this] {
         QMetaObject::invokeMethod(
             this, [this] { storeChanged(); }, Qt::QueuedConnection);
-        m_items.clear(); // what it points at is gone
+        m_isStale = true;
     });
 }
 
@@ -86,7 +86,8 @@ void MenuTreeModel::storeChanged()
     auto const& items = m_models.store().items();
     observe();
     if (hasShape(m_root, items)) {
-        remember(items);
+        remember(m_root, items);
+        m_isStale = false;
         tellDataChanged({});
         return;
     }
@@ -95,7 +96,8 @@ void MenuTreeModel::storeChanged()
     m_nodes.clear();
     m_root.children.clear();
     lay(m_root, items);
-    remember(items);
+    remember(m_root, items);
+    m_isStale = false;
     endResetModel();
     Q_EMIT laidAnew();
 }
@@ -125,11 +127,13 @@ void MenuTreeModel::lay(Node& node, std::vector<MenuItem> const& items)
     }
 }
 
-void MenuTreeModel::remember(std::vector<MenuItem> const& items)
+void MenuTreeModel::remember(Node& node, std::vector<MenuItem> const& items)
 {
-    for (auto const& item : items) {
-        m_items[item.id] = &item;
-        remember(item.children);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        auto& child = *node.children[i];
+        child.item = &items[i];
+        child.shown.reset();
+        remember(child, items[i].children);
     }
 }
 
@@ -148,13 +152,7 @@ MenuTreeModel::Node* MenuTreeModel::nodeOf(QModelIndex const& index) const
     return index.isValid() ? static_cast<Node*>(index.internalPointer()) : const_cast<Node*>(&m_root);
 }
 
-MenuItem const* MenuTreeModel::item(QModelIndex const& index) const
-{
-    if (!index.isValid())
-        return nullptr;
-    auto const found = m_items.find(nodeOf(index)->id);
-    return found == m_items.end() ? nullptr : found->second;
-}
+MenuItem const* MenuTreeModel::item(QModelIndex const& index) const { return index.isValid() && !m_isStale ? nodeOf(index)->item : nullptr; }
 
 QModelIndex MenuTreeModel::indexOf(Uuid const& id) const
 {
@@ -193,20 +191,27 @@ QVariant MenuTreeModel::headerData(int section, Qt::Orientation orientation, int
 
 QVariant MenuTreeModel::data(QModelIndex const& index, int role) const
 {
-    auto const* shown = item(index);
-    if (!shown)
+    if (!item(index))
         return {};
-    return index.column() == titleColumn ? titleData(*shown, role) : shortcutData(*shown, role);
+    auto const& node = *nodeOf(index);
+    return index.column() == titleColumn ? titleData(node, role) : shortcutData(node, role);
 }
 
-QVariant MenuTreeModel::titleData(MenuItem const& item, int role) const
+OutlineRow const& MenuTreeModel::rowOf(Node const& node) const
 {
-    auto const row = m_models.outline().row(item);
+    if (!node.shown)
+        node.shown = m_models.outline().row(*node.item);
+    return *node.shown;
+}
+
+QVariant MenuTreeModel::titleData(Node const& node, int role) const
+{
+    auto const& row = rowOf(node);
     switch (role) {
     case Qt::DisplayRole:
         return row.isSeparator ? QStringLiteral("――――――") : QString::fromStdString(row.title);
     case Qt::EditRole:
-        return QString::fromStdString(item.title.value_or(""));
+        return QString::fromStdString(node.item->displayTitle());
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return QString::fromStdString(row.badge);
@@ -214,24 +219,32 @@ QVariant MenuTreeModel::titleData(MenuItem const& item, int role) const
         return row.isSeparator ? QStringLiteral("Separator") : QString::fromStdString(row.title);
     case Qt::ForegroundRole:
         return row.isDimmed || row.isSeparator ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
-    case Qt::DecorationRole: {
-        if (!row.badge.empty())
-            return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
-        auto const& url = item.location ? item.location->path : std::optional<std::string>();
-        auto const image
-            = item.kind == MenuItemKind::fsObject && url ? m_models.icons().iconForFile(Url::fromPath(*url)) : m_models.icons().iconForKind(item.kind);
-        return row.isSeparator ? QVariant() : QVariant(image ? menuIconOf(image) : blankMenuIcon());
-    }
+    case Qt::DecorationRole:
+        return decoration(node);
     default:
         return {};
     }
 }
 
-QVariant MenuTreeModel::shortcutData(MenuItem const& item, int role) const
+QVariant MenuTreeModel::decoration(Node const& node) const
 {
-    if (role == Qt::DisplayRole && item.keyEquivalent)
-        return readableShortcut(*item.keyEquivalent);
-    return role == Qt::ToolTipRole || role == Qt::ForegroundRole ? titleData(item, role) : QVariant();
+    auto const& row = rowOf(node);
+    if (row.isSeparator)
+        return {};
+    if (!row.badge.empty())
+        return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    auto const& item = *node.item;
+    bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
+    auto& icons = m_models.icons();
+    auto const image = isFile ? icons.iconForFile(Url::fromPath(*item.location->path)) : icons.iconForKind(item.kind);
+    return image ? menuIconOf(image) : blankMenuIcon();
+}
+
+QVariant MenuTreeModel::shortcutData(Node const& node, int role) const
+{
+    if (role == Qt::DisplayRole && node.item->keyEquivalent)
+        return readableShortcut(*node.item->keyEquivalent);
+    return role == Qt::ToolTipRole || role == Qt::ForegroundRole ? titleData(node, role) : QVariant();
 }
 
 Qt::ItemFlags MenuTreeModel::flags(QModelIndex const& index) const
@@ -250,9 +263,10 @@ Qt::ItemFlags MenuTreeModel::flags(QModelIndex const& index) const
 bool MenuTreeModel::setData(QModelIndex const& index, QVariant const& value, int role)
 {
     auto const* edited = item(index);
-    if (!edited || role != Qt::EditRole)
+    auto const title = value.toString().toStdString();
+    if (!edited || role != Qt::EditRole || title == edited->displayTitle())
         return false;
-    m_models.editor().setTitle(edited->id, value.toString().toStdString());
+    m_models.editor().setTitle(edited->id, title);
     return true;
 }
 

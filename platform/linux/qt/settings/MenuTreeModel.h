@@ -57,22 +57,26 @@ private:
         Node* parent = nullptr;
         int row = 0;
         std::vector<std::unique_ptr<Node>> children;
+        MenuItem const* item = nullptr; ///< of the store's list as it is now
+        mutable std::optional<OutlineRow> shown; ///< kept until the next change
     };
 
     void observe();
     void storeChanged();
     [[nodiscard]] static bool hasShape(Node const& node, std::vector<MenuItem> const& items);
     void lay(Node& node, std::vector<MenuItem> const& items);
-    void remember(std::vector<MenuItem> const& items);
+    static void remember(Node& node, std::vector<MenuItem> const& items);
+    [[nodiscard]] OutlineRow const& rowOf(Node const& node) const;
     void tellDataChanged(QModelIndex const& parent);
     [[nodiscard]] Node* nodeOf(QModelIndex const& index) const;
-    [[nodiscard]] QVariant titleData(MenuItem const& item, int role) const;
-    [[nodiscard]] QVariant shortcutData(MenuItem const& item, int role) const;
+    [[nodiscard]] QVariant titleData(Node const& node, int role) const;
+    [[nodiscard]] QVariant shortcutData(Node const& node, int role) const;
+    [[nodiscard]] QVariant decoration(Node const& node) const;
 
     SettingsModels& m_models;
     Node m_root;
     std::map<Uuid, Node*> m_nodes;
-    std::map<Uuid, MenuItem const*> m_items; ///< of the store's list as it is now
+    bool m_isStale = false; ///< the store has changed, and what the nodes point at is gone
     Observation m_observation;
 };
 

@@ -5,8 +5,8 @@
 #include "platform/linux/qt/settings/MenuEditorView.h"
 #include "platform/linux/qt/settings/SettingsPageView.h"
 
-
 #include <QCloseEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -18,7 +18,7 @@ namespace {
 constexpr char const* widthKey = "SettingsWidth";
 constexpr char const* heightKey = "SettingsHeight";
 constexpr char const* tabKey = "SettingsTab";
-constexpr QSize usualSize { 900, 680 };
+constexpr QSize usualSize { 960, 680 };
 constexpr QSize smallestSize { 700, 440 };
 
 void keep(UserDefaults& defaults, char const* key, int value)
@@ -49,10 +49,17 @@ public:
         m_models.general().onChanged = [this] { refresh(); };
         QObject::connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
         QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
-        QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) { keep(m_models.defaults(), tabKey, tab); });
+        QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) {
+            keep(m_models.defaults(), tabKey, tab);
+            refresh(); // there may be backups that were not there
+        });
         refresh();
     }
-    ~Window() override { m_models.general().onChanged = nullptr; }
+    ~Window() override
+    {
+        keepSize();
+        m_models.general().onChanged = nullptr;
+    }
 
     /// Shows what holds now, and follows it.
     void refresh()
@@ -69,8 +76,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override
     {
-        keep(m_models.defaults(), widthKey, width());
-        keep(m_models.defaults(), heightKey, height());
+        keepSize();
         QWidget::closeEvent(event);
     }
     void changeEvent(QEvent* event) override
@@ -82,12 +88,22 @@ protected:
     }
 
 private:
+    /// The one to which a maximized window goes back.
+    void keepSize()
+    {
+        auto const size = isMaximized() || isFullScreen() ? normalGeometry().size() : this->size();
+        if (!testAttribute(Qt::WA_WState_Created) || size.isEmpty())
+            return;
+        keep(m_models.defaults(), widthKey, size.width());
+        keep(m_models.defaults(), heightKey, size.height());
+    }
+
     void bringPlaceBack()
     {
         auto& defaults = m_models.defaults();
         QSize const kept(static_cast<int>(defaults.integerForKey(widthKey)), static_cast<int>(defaults.integerForKey(heightKey)));
         setMinimumSize(smallestSize);
-        resize(kept.width() >= smallestSize.width() && kept.height() >= smallestSize.height() ? kept : usualSize);
+        resize(kept.width() >= smallestSize.width() && kept.height() >= smallestSize.height() ? kept.boundedTo(screen()->availableSize()) : usualSize);
         m_tabs->setCurrentIndex(static_cast<int>(std::clamp<std::int64_t>(defaults.integerForKey(tabKey), 0, m_tabs->count() - 1)));
     }
 
@@ -109,7 +125,8 @@ void QtSettingsWindow::openOrRaise()
 {
     if (!m_window)
         m_window = std::make_unique<Window>(m_models(), m_lookUp);
-    m_window->showNormal();
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
     m_window->raise();
     m_window->activateWindow();
 }

@@ -1,30 +1,84 @@
 #include "platform/linux/qt/settings/SettingsPageView.h"
 
+#include "platform/linux/qt/settings/SettingsButton.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QStyle>
 #include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
 
 namespace zv {
 
 namespace {
 
+constexpr int indentation = 22;
+constexpr int widthOfNotes = 440;
+
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
+
+/// The wheel scrolls the page, whatever lies under the pointer.
+class Choices : public QComboBox {
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+QLabel* headingLabel(QString const& title)
+{
+    auto* heading = new QLabel(title);
+    auto bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    return heading;
+}
+
+/// The control in a line of its own, behind the title of a choice.
+QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& titles)
+{
+    auto* field = new QWidget;
+    auto* line = new QHBoxLayout(field);
+    line->setContentsMargins(row.isIndented ? indentation : 0, 0, 0, 0);
+    if (row.kind == SettingsRow::Kind::choice) {
+        auto* title = new QLabel(text(row.title));
+        title->setBuddy(control);
+        title->setToolTip(text(row.help));
+        line->addWidget(title);
+        titles.push_back(title);
+    }
+    line->addWidget(control);
+    if (row.kind == SettingsRow::Kind::note)
+        control->setFixedWidth(widthOfNotes);
+    else
+        line->addStretch();
+    return field;
+}
+
+/// So that the choices of a section stand below one another.
+void alignWidths(QList<QLabel*> const& titles)
+{
+    int width = 0;
+    for (auto const* title : titles)
+        width = std::max(width, title->sizeHint().width());
+    for (auto* title : titles)
+        title->setMinimumWidth(width);
+}
 
 } // namespace
 
 /// One control and what it does now: the actions are taken anew whenever the page is shown.
 class SettingsPageView::Row : public QObject {
 public:
-    Row(SettingsRow const& row, QObject* parent)
-        : QObject(parent)
-        , m_row(row)
+    explicit Row(SettingsRow const& row)
+        : m_row(row)
     {
         make();
+        setParent(m_widget);
         take(row);
     }
 
@@ -69,9 +123,10 @@ private:
 
     void makeChoice()
     {
-        auto* choices = new QComboBox;
+        auto* choices = new Choices;
         choices->setAccessibleName(text(m_row.title));
-        connect(choices, &QComboBox::activated, this, [this, choices] {
+        // Typing into the list chooses, too, and is not told as an activation.
+        connect(choices, &QComboBox::currentIndexChanged, this, [this, choices] {
             auto const value = choices->currentData().toLongLong();
             later([value](SettingsRow const& row) { row.choose(value); });
         });
@@ -80,9 +135,8 @@ private:
 
     void makeButton()
     {
-        auto* button = new QPushButton(text(m_row.title));
+        auto* button = settingsButton(text(m_row.title));
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-        button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this] { later([](SettingsRow const& row) { row.press(); }); });
         m_widget = button;
     }
@@ -133,7 +187,7 @@ SettingsPageView::SettingsPageView()
 {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
 }
 
 QString SettingsPageView::shapeOf(std::vector<SettingsSection> const& sections)
@@ -163,29 +217,30 @@ void SettingsPageView::show(std::vector<SettingsSection> const& sections)
 void SettingsPageView::build(std::vector<SettingsSection> const& sections)
 {
     auto const focused = QString(focusWidget() ? focusWidget()->objectName() : QString());
-    auto const scrolled = verticalScrollBar() ? widget() : nullptr;
-    auto const position = scrolled ? -scrolled->y() : 0;
+    auto const position = verticalScrollBar()->value();
     m_rows.clear();
     auto* page = new QWidget;
-    auto* column = new QVBoxLayout(page);
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(18);
     form->setVerticalSpacing(7);
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     form->setLabelAlignment(Qt::AlignRight);
-    form->setFormAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    column->setContentsMargins(24, 20, 24, 20);
-    column->addLayout(form);
-    column->addStretch();
     for (auto const& section : sections)
         addSection(*form, section);
+    // As wide as it needs, in the middle of the page.
+    auto* line = new QHBoxLayout(page);
+    line->setContentsMargins(24, 20, 24, 20);
+    line->addStretch();
+    line->addLayout(form);
+    line->addStretch();
     setWidget(page);
+    page->setAutoFillBackground(false);
     if (auto* row = m_rows.value(focused))
         row->widget()->setFocus();
     verticalScrollBar()->setValue(position);
 }
 
-/// The section's title stands beside its first row, as a form's labels do.
+/// The section's title stands beside its first line, as a form's labels do.
 void SettingsPageView::addSection(QFormLayout& form, SettingsSection const& section)
 {
     if (form.rowCount() > 0) {
@@ -194,40 +249,31 @@ void SettingsPageView::addSection(QFormLayout& form, SettingsSection const& sect
         form.addRow(space);
     }
     auto label = text(section.title) + QLatin1Char(':');
+    auto const add = [&](QWidget* field) { form.addRow(headingLabel(std::exchange(label, {})), field); };
+    QList<QLabel*> titles;
+    QBoxLayout* buttons = nullptr;
     for (auto const& row : section.rows) {
-        addRow(form, row, label);
-        label.clear();
+        auto* control = makeRow(row);
+        if (row.kind != SettingsRow::Kind::button) {
+            buttons = nullptr;
+            add(fieldOf(row, control, titles));
+        } else if (buttons) {
+            buttons->insertWidget(buttons->count() - 1, control);
+        } else {
+            auto* field = fieldOf(row, control, titles);
+            buttons = static_cast<QBoxLayout*>(field->layout());
+            add(field);
+        }
     }
+    alignWidths(titles);
 }
 
-void SettingsPageView::addRow(QFormLayout& form, SettingsRow const& row, QString const& label)
+QWidget* SettingsPageView::makeRow(SettingsRow const& row)
 {
-    auto* made = new Row(row, this);
-    auto* control = made->widget();
-    control->setObjectName(text(row.id));
+    auto* made = new Row(row);
     m_rows.insert(text(row.id), made);
-    auto* field = control;
-    bool const isLabelled = row.kind == SettingsRow::Kind::choice;
-    if (isLabelled || row.isIndented || row.kind == SettingsRow::Kind::note) {
-        field = new QWidget;
-        auto* line = new QHBoxLayout(field);
-        line->setContentsMargins(row.isIndented ? 22 : 0, 0, 0, 0);
-        if (isLabelled) {
-            auto* title = new QLabel(text(row.title));
-            title->setBuddy(control);
-            title->setToolTip(text(row.help));
-            line->addWidget(title);
-        }
-        line->addWidget(control);
-        line->addStretch(row.kind == SettingsRow::Kind::note ? 0 : 1);
-        if (row.kind == SettingsRow::Kind::note)
-            control->setMinimumWidth(420);
-    }
-    auto* heading = new QLabel(label);
-    auto bold = heading->font();
-    bold.setBold(true);
-    heading->setFont(bold);
-    form.addRow(heading, field);
+    made->widget()->setObjectName(text(row.id));
+    return made->widget();
 }
 
 } // namespace zv

@@ -26,7 +26,7 @@ private:
     [[nodiscard]] static QString shapeOf(std::vector<SettingsSection> const& sections);
     void build(std::vector<SettingsSection> const& sections);
     void addSection(QFormLayout& form, SettingsSection const& section);
-    void addRow(QFormLayout& form, SettingsRow const& row, QString const& label);
+    [[nodiscard]] QWidget* makeRow(SettingsRow const& row);
 
     QString m_shape; ///< ids and kinds of the rows that stand
     QHash<QString, Row*> m_rows;
