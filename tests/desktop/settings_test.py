@@ -12,7 +12,8 @@ import pyatspi
 
 import desktop
 from accessible import act, find, found, middle
-from desktop import Program, keys, wait_until, zv
+from desktop import Bus, BusMenu, Panel, Program, keys, wait_until, zv
+from key_grab import KeyGrab
 
 HOME = desktop.HOME
 LAUNCHED = os.path.join(HOME, "launched")
@@ -58,8 +59,48 @@ def hotkeys(part):
     return json.loads(zv("hotkeys", "--json"))[part]
 
 
+def choose(title, *pressed):
+    """Presses keys in the list of choices behind that title; its own name is what is chosen."""
+    label = found(title, pyatspi.ROLE_LABEL)
+    relation = next(each for each in label.getRelationSet() if each.getRelationType() == pyatspi.RELATION_LABEL_FOR)
+    relation.getTarget(0).queryComponent().grabFocus()
+    keys(*pressed)
+
+
+class NextMenu:
+    """What the next opening of the menu, read over the bus, has of the folder that is its first entry."""
+
+    def __init__(self):
+        bus = Bus()
+        self.menu = BusMenu(bus, wait_until(bus.items, 10, "an icon in the panel")[0])
+
+    def folder(self):
+        """(title, properties) of what is in the folder."""
+        self.menu.about_to_show()
+        number, _ = self.menu.entries()[0]
+        self.menu.about_to_show(number)
+        return [(properties["label"], properties) for _, properties in self.menu.entries(number)]
+
+    def titles(self):
+        return [title for title, _ in self.folder()]
+
+    def has_icons(self):
+        return any("icon-name" in properties or "icon-data" in properties for _, properties in self.folder())
+
+    def has_submenus(self):
+        return any("children-display" in properties for _, properties in self.folder())
+
+
 class SettingsTest(unittest.TestCase):
     def setUp(self):
+        self.set_up_menu()
+        self.program = Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        self.program.__enter__()
+        self.addCleanup(self.program.__exit__)
+        wait_until(lambda: subprocess.run([desktop.PROGRAM, "settings"], capture_output=True, check=False).returncode == 0, 10, "it opens its settings")
+        found("Zanthe Vell Settings")
+
+    def set_up_menu(self):
         entry = os.path.join(HOME, "Launch.desktop")
         with open(entry, "w", encoding="utf-8") as file:
             file.write(f"[Desktop Entry]\nType=Application\nName=Launch\nExec=touch {LAUNCHED}\n")
@@ -67,12 +108,9 @@ class SettingsTest(unittest.TestCase):
         if os.path.exists(LAUNCHED):
             os.remove(LAUNCHED)
         desktop.set_menu([("FSObject", "Launch", entry), ("Submenu", "Group", None), ("Restart", "Again", None)])
+        for line in zv("prefs", "read").splitlines():
+            zv("prefs", "reset", line.split()[0])
         zv("prefs", "write", "ReplaceAppleMenu", "false")
-        self.program = Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        self.program.__enter__()
-        self.addCleanup(self.program.__exit__)
-        wait_until(lambda: subprocess.run([desktop.PROGRAM, "settings"], capture_output=True, check=False).returncode == 0, 10, "it opens its settings")
-        found("Zanthe Vell Settings")
 
     def tab(self, name):
         click(found(name, pyatspi.ROLE_PAGE_TAB))
@@ -139,6 +177,85 @@ class SettingsTest(unittest.TestCase):
         self.assertFalse(os.path.exists(LAUNCHED))
         keys("ctrl+alt+k")
         wait_until(lambda: os.path.exists(LAUNCHED), 3, "the shortcut acts")
+
+
+    def test_the_next_menu_shows_each_change(self):
+        folder = os.path.join(HOME, "Things")
+        os.makedirs(os.path.join(folder, "Zoo", "Deep"), exist_ok=True)
+        for name in (*(f"file {number}" for number in range(60)), ".concealed", "Key-*[ctrl+opt+J]*"):
+            open(os.path.join(folder, name), "w", encoding="utf-8").close()
+        desktop.set_menu([("FSObject", "Things", folder)])
+
+        def toggle(title):
+            return lambda: act(found(title, pyatspi.ROLE_CHECK_BOX))
+
+        with Panel():
+            menu, bus = NextMenu(), Bus()
+            self.tab("General")
+            rows = (
+                (toggle("Icons"), lambda: not menu.has_icons()),
+                (toggle("Hidden files"), lambda: ".concealed" in menu.titles()),
+                (toggle("Folders first"), lambda: menu.titles()[0] != "Zoo"),
+                (toggle("Folders first"), lambda: menu.titles()[0] == "Zoo"),
+                (lambda: choose("Items per folder", "Home"), lambda: len(menu.titles()) == 51),
+                (lambda: choose("Levels of folders", "Home"), lambda: not menu.has_submenus()),
+                (lambda: choose("Levels of folders", "Down"), menu.has_submenus),
+                (lambda: choose("Recent items", "3"), lambda: pref("RecentItemsLimit") == "30"),
+                (lambda: choose("Look for shortcuts in file names", "Down"), lambda: hotkeys("registrations")),
+                (toggle("Icon in the panel"), lambda: not bus.items()),
+                (toggle("Icon in the panel"), bus.items),
+                (toggle("Corner of the panel"), desktop.windows),
+                (toggle("Corner of the panel"), lambda: len(desktop.windows()) == 1),
+            )
+            for number, (change, follows) in enumerate(rows):
+                with self.subTest(number):
+                    change()
+                    wait_until(follows, 4, f"row {number} is seen")
+
+    def test_a_badge_says_who_has_the_combination(self):
+        self.tab("Menu")
+        self.record("Launch", "ctrl+alt+k")
+        click(found("Shortcut", pyatspi.ROLE_CHECK_BOX))
+        wait_until(lambda: not hotkeys("registrations"), 3, "the combination is free")
+        with KeyGrab():
+            keys("Escape")
+            launch = found("Launch", pyatspi.ROLE_TABLE_CELL)
+            wait_until(lambda: launch.description == "Another app already uses this combination.", 3, "the badge")
+        self.record("Again", "ctrl+alt+k")
+        wait_until(lambda: found("Again", pyatspi.ROLE_TABLE_CELL).description == "“Launch” already uses this combination.", 3, "the other badge")
+        wait_until(lambda: not found("Launch", pyatspi.ROLE_TABLE_CELL).description, 3, "what the other app let go is ours")
+
+    def test_a_title_is_kept_however_the_field_is_left(self):
+        self.tab("Menu")
+        leavings = (
+            ("by a pause", lambda: None),
+            ("for another item", lambda: click(found("Group"))),
+            ("by closing the window", lambda: keys("Escape")),
+        )
+        for number, (how, leave) in enumerate(leavings):
+            with self.subTest(how):
+                click(found("Again" if number == 0 else f"Title {number - 1}"))
+                click(found("Title", pyatspi.ROLE_TEXT))
+                keys("ctrl+a")
+                subprocess.run(["xdotool", "type", f"Title {number}"], check=True)
+                leave()
+                wait_until(lambda: menu()[2].get("title") == f"Title {number}", 3, f"a title left {how}")
+                if number == 1:
+                    self.assertTrue(found("Group", pyatspi.ROLE_TABLE_CELL).getState().contains(pyatspi.STATE_SELECTED))
+
+    def test_a_change_made_elsewhere_is_shown_and_can_be_taken_back(self):
+        self.tab("Menu")
+        click(found("Again"))
+        keys("alt+Up")
+        wait_until(lambda: kinds() == ["FSObject", "Restart", "Submenu"], 3, "moved")
+        desktop.set_menu([("Sleep", "From Elsewhere", None)])
+        found("From Elsewhere")
+        keys("ctrl+z")
+        wait_until(lambda: kinds() == ["FSObject", "Restart", "Submenu"], 3, "the menu of before")
+        keys("ctrl+z")
+        wait_until(lambda: kinds() == ["FSObject", "Submenu", "Restart"], 3, "and the one before that")
+        keys("ctrl+shift+z", "ctrl+shift+z")
+        wait_until(lambda: kinds() == ["Sleep"], 3, "nothing is lost")
 
 
 if __name__ == "__main__":
