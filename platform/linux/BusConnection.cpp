@@ -3,9 +3,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstdlib>
 #include <iterator>
+#include <mutex>
 #include <string_view>
+#include <thread>
 
 namespace zv {
 
@@ -54,6 +57,27 @@ Kind kindOf(GError const* error)
     return found == std::end(remoteErrors) ? Kind::other : found->kind;
 }
 
+/// Cancels what takes longer, for connecting has no limit of its own.
+class Watchdog {
+public:
+    explicit Watchdog(Deadline const& deadline)
+        : m_thread([this, end = deadline.end()](std::stop_token const& stop) {
+            std::unique_lock lock(m_mutex);
+            m_ended.wait_until(lock, stop, end, [] { return false; });
+            if (!stop.stop_requested())
+                g_cancellable_cancel(m_cancellable.get());
+        })
+    {
+    }
+    [[nodiscard]] GCancellable* cancellable() const { return m_cancellable.get(); }
+
+private:
+    GObjectRef<GCancellable> m_cancellable { g_cancellable_new() };
+    std::mutex m_mutex;
+    std::condition_variable_any m_ended;
+    std::jthread m_thread;
+};
+
 BusFailure failureOf(GError* error)
 {
     auto const kind = kindOf(error);
@@ -79,12 +103,13 @@ int Deadline::millisecondsLeft() const
     return static_cast<int>(std::max<std::int64_t>(left, 1));
 }
 
-std::optional<BusConnection> BusConnection::open(std::string const& address)
+std::optional<BusConnection> BusConnection::open(std::string const& address, Deadline const& deadline)
 {
     if (address.empty())
         return std::nullopt;
+    Watchdog const watchdog(deadline);
     auto const flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    auto* const connection = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
+    auto* const connection = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, watchdog.cancellable(), nullptr);
     return connection ? std::optional(BusConnection(connection)) : std::nullopt;
 }
 

@@ -40,19 +40,20 @@ public:
     }
     /// Never less than one: a zero would mean "no limit" to some calls.
     [[nodiscard]] int millisecondsLeft() const;
+    [[nodiscard]] std::chrono::steady_clock::time_point end() const { return m_end; }
 
 private:
     std::chrono::steady_clock::time_point m_end;
 };
 
-/// A connection of its own for one piece of background work. Calls block; never used on
-/// the main thread.
+/// A connection of its own for one piece of background work, or for a command. Calls block:
+/// never used on the main thread of what has a menu.
 class BusConnection {
 public:
     enum class Starting { allowed, forbidden }; ///< whether a call may start the service
 
-    /// Nothing when there is no bus.
-    [[nodiscard]] static std::optional<BusConnection> open(std::string const& address);
+    /// Nothing when there is no bus, or none that answers in time.
+    [[nodiscard]] static std::optional<BusConnection> open(std::string const& address, Deadline const& deadline);
 
     /// `arguments` may be floating, or null for none. A reply of another type than
     /// `replyType` ("()" and the like; null for any) is a failure.

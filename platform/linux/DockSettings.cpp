@@ -155,7 +155,7 @@ ScriptOutcome changePlasmaPanel(ScriptPurpose purpose, DesktopAccess const& acce
         return outcome(false);
     std::string const script
         = edge ? "panels()[0].location = '" + std::string(edge) + "'" : "var p = panels()[0]; p.hiding = p.hiding == 'autohide' ? 'none' : 'autohide'";
-    auto const bus = BusConnection::open(access.buses.session);
+    auto const bus = BusConnection::open(access.buses.session, deadline);
     if (!bus)
         return outcome(false);
     auto const reply
@@ -173,7 +173,7 @@ ScriptOutcome showPanelPreferences(ScriptPurpose purpose, DesktopAccess const& a
 
 bool isPlankRunning(DesktopAccess const& access, Deadline const& deadline)
 {
-    auto const bus = BusConnection::open(access.buses.session);
+    auto const bus = BusConnection::open(access.buses.session, deadline);
     return bus && bus->hasOwner("net.launchpad.plank", deadline);
 }
 

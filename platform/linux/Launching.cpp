@@ -129,10 +129,11 @@ MaybeFailure<> openUrl(Url const& url)
 MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus)
 {
     static constexpr BusObject fileManager { "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1" };
-    if (auto const bus = BusConnection::open(sessionBus)) {
+    Deadline const deadline(fileManagerTimeout);
+    if (auto const bus = BusConnection::open(sessionBus, deadline)) {
         char const* const urls[] = { fileURL.toString().c_str() };
         auto* const arguments = g_variant_new("(@ass)", g_variant_new_strv(urls, 1), "");
-        auto const reply = bus->call(fileManager, "ShowItems", arguments, Deadline(fileManagerTimeout));
+        auto const reply = bus->call(fileManager, "ShowItems", arguments, deadline);
         // One that is slow to answer shows it all the same; a second window would be one too many.
         if (reply || reply.error().kind == BusFailure::Kind::timedOut)
             return std::nullopt;

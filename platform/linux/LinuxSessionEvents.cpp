@@ -109,7 +109,7 @@ bool LinuxSession::callShell(char const* service, char const* path, char const* 
 {
     if (m_access.desktop != Desktop::kde)
         return false;
-    auto const bus = BusConnection::open(m_access.buses.session);
+    auto const bus = BusConnection::open(m_access.buses.session, deadline);
     if (!bus)
         return false;
     auto const reply = bus->call({ service, path, interface }, method, nullptr, deadline);
@@ -119,7 +119,7 @@ bool LinuxSession::callShell(char const* service, char const* path, char const* 
 
 SessionEventOutcome LinuxSession::callLogin(Event const& event, Deadline const& deadline) const
 {
-    auto const bus = BusConnection::open(m_access.buses.system);
+    auto const bus = BusConnection::open(m_access.buses.system, deadline);
     if (!bus)
         return failed(SessionStatus::noSuchService);
     bool needsAuthorization = false;

@@ -16,9 +16,9 @@ constexpr gsize mostConnections = 32;
 /// Reads properties of NetworkManager's objects, all of them by one moment.
 class NetworkManager {
 public:
-    explicit NetworkManager(BusConnection bus)
+    NetworkManager(BusConnection bus, Deadline deadline)
         : m_bus(std::move(bus))
-        , m_deadline(patience)
+        , m_deadline(deadline)
     {
     }
     /// The property's value; null when there is none, or when it is of another type.
@@ -74,10 +74,11 @@ void addConnection(ConnectionNames& names, NetworkManager const& manager, std::s
 ConnectionNames networkManagerNames(std::string const& busAddress)
 {
     ConnectionNames names;
-    auto bus = BusConnection::open(busAddress);
+    Deadline const deadline(patience);
+    auto bus = BusConnection::open(busAddress, deadline);
     if (!bus)
         return names;
-    NetworkManager const manager(std::move(*bus));
+    NetworkManager const manager(std::move(*bus), deadline);
     for (auto const& path : manager.paths("/org/freedesktop/NetworkManager", service, "ActiveConnections"))
         addConnection(names, manager, path);
     return names;

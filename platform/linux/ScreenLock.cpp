@@ -24,7 +24,7 @@ GVariant* argumentsFor(BusObject const& saver) { return std::string_view(saver.s
 
 bool lockBySaver(DesktopAccess const& access, Deadline const& deadline)
 {
-    auto const bus = BusConnection::open(access.buses.session);
+    auto const bus = BusConnection::open(access.buses.session, deadline);
     if (!bus)
         return false;
     for (auto const& saver : savers) {
@@ -37,7 +37,7 @@ bool lockBySaver(DesktopAccess const& access, Deadline const& deadline)
 
 MaybeFailure<BusFailure> lockByLogin(DesktopAccess const& access, Deadline const& deadline)
 {
-    auto const bus = BusConnection::open(access.buses.system);
+    auto const bus = BusConnection::open(access.buses.system, deadline);
     if (!bus)
         return BusFailure { BusFailure::Kind::noService, {} };
     auto const* const session = access.sessionId.empty() ? "auto" : access.sessionId.c_str();
@@ -49,10 +49,10 @@ MaybeFailure<BusFailure> lockByLogin(DesktopAccess const& access, Deadline const
 
 ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout)
 {
-    Deadline const deadline(timeout);
-    if (lockBySaver(access, deadline))
+    // Each has its time: a saver that hangs must not leave the screen open.
+    if (lockBySaver(access, Deadline(timeout)))
         return {};
-    auto const failure = lockByLogin(access, deadline);
+    auto const failure = lockByLogin(access, Deadline(timeout));
     if (!failure)
         return {};
     for (auto const& command : commands) {

@@ -29,7 +29,7 @@ struct NetworkManagerNamesTest : testing::Test {
 
     PrivateBus bus;
     MockService mock { bus, service, manager, service };
-    std::optional<BusConnection> connection = BusConnection::open(bus.address());
+    std::optional<BusConnection> connection = BusConnection::open(bus.address(), Deadline(std::chrono::seconds(5)));
 };
 
 TEST_F(NetworkManagerNamesTest, AreTheConnectionsOfTheInterfaces)

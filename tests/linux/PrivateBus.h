@@ -73,7 +73,7 @@ public:
         : m_configuration(writeConfiguration())
         , m_daemon({ "/usr/bin/dbus-daemon", "--nofork", "--nopidfile", "--config-file=" + m_configuration })
     {
-        eventually([&] { return BusConnection::open(address()).has_value(); });
+        eventually([&] { return BusConnection::open(address(), Deadline(std::chrono::seconds(5))).has_value(); });
     }
     [[nodiscard]] std::string address() const { return "unix:path=" + m_folder.path("socket"); }
 
@@ -98,7 +98,7 @@ public:
         : m_service(std::move(service))
         , m_path(std::move(path))
         , m_interface(std::move(interface))
-        , m_connection(BusConnection::open(bus.address()))
+        , m_connection(BusConnection::open(bus.address(), Deadline(std::chrono::seconds(5))))
         , m_process({ "/usr/bin/python3", "-m", "dbusmock", "--session", m_service, m_path, m_interface }, { "DBUS_SESSION_BUS_ADDRESS=" + bus.address() })
     {
         eventually([&] { return m_connection->hasOwner(m_service.c_str(), deadline()); });
@@ -108,6 +108,19 @@ public:
     void method(char const* name, char const* in, char const* out, char const* code)
     {
         auto const reply = m_connection->call(mock(), "AddMethod", g_variant_new("(sssss)", m_interface.c_str(), name, in, out, code), deadline());
+        ASSERT_TRUE(reply.ok()) << reply.error().message;
+    }
+
+    /// Sends a signal; `values` is a tuple of what it carries, of the D-Bus types in `types`.
+    void emitSignal(char const* name, char const* types, char const* values)
+    {
+        GVariantRef const tuple(g_variant_parse(nullptr, values, nullptr, nullptr, nullptr));
+        ASSERT_TRUE(tuple);
+        GVariantBuilder boxed;
+        g_variant_builder_init(&boxed, G_VARIANT_TYPE("av"));
+        for (gsize i = 0; i < g_variant_n_children(tuple.get()); ++i)
+            g_variant_builder_add(&boxed, "v", GVariantRef(g_variant_get_child_value(tuple.get(), i)).get());
+        auto const reply = m_connection->call(mock(), "EmitSignal", g_variant_new("(sssav)", m_interface.c_str(), name, types, &boxed), deadline());
         ASSERT_TRUE(reply.ok()) << reply.error().message;
     }
 

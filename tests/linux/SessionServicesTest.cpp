@@ -1,8 +1,14 @@
+#include "platform/linux/FileDescriptor.h"
 #include "platform/linux/LinuxScriptRunner.h"
 #include "platform/linux/LinuxSessionEvents.h"
 #include "platform/linux/ScreenLock.h"
 #include "tests/linux/FakePrograms.h"
 #include "tests/linux/PrivateBus.h"
+
+#include <algorithm>
+
+#include <sys/socket.h>
+#include <sys/un.h>
 
 namespace zv {
 namespace {
@@ -65,6 +71,30 @@ TEST_F(SessionServicesTest, ABusWithoutTheServiceIsNoService)
     EXPECT_EQ(send("slep"), "-600");
     EXPECT_EQ(send("rest"), "-600");
     EXPECT_EQ(send("logo"), "needs confirmation");
+}
+
+/// A socket whose connections nobody ever answers.
+struct SilentSocket {
+    SilentSocket()
+    {
+        sockaddr_un address { AF_UNIX, {} };
+        std::ranges::copy(path, address.sun_path);
+        EXPECT_EQ(::bind(descriptor.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(descriptor.get(), 8), 0);
+    }
+    tests::TemporaryFolder folder;
+    std::string path = folder.path("socket");
+    FileDescriptor descriptor { ::socket(AF_UNIX, SOCK_STREAM, 0) };
+};
+
+TEST_F(SessionServicesTest, ABusThatHangsIsNoBusInTheEnd)
+{
+    SilentSocket const silent;
+    access.buses.system = access.buses.session = "unix:path=" + silent.path;
+    access.desktop = Desktop::kde;
+    EXPECT_EQ(send("slep", 100ms), "-600");
+    EXPECT_EQ(send("logo", 100ms), "needs confirmation");
+    EXPECT_EQ(textOf(lockScreen(access, 100ms)), "no equivalent");
 }
 
 struct LoginServiceTest : SessionServicesTest {
@@ -217,6 +247,11 @@ TEST_F(LoginServiceTest, ScreensAreLockedByWhoeverDoesThat)
     saver.method("Lock", "", "", broken);
     EXPECT_EQ(lock(), "done");
     EXPECT_EQ(started(), Calls { "xflock4" }) << "a saver that cannot is passed over";
+    login.method("LockSession", "s", "", "");
+    login.calls();
+    saver.method("Lock", "", "", slow);
+    EXPECT_EQ(textOf(lockScreen(access, 300ms)), "done");
+    EXPECT_EQ(login.calls(), Calls { "LockSession 'auto'" }) << "nor does one that hangs leave the screen open";
 }
 
 TEST_F(SessionServicesTest, NobodyToLockIsNoEquivalent) { EXPECT_EQ(textOf(lockScreen(access, 10s)), "no equivalent"); }
