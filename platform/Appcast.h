@@ -20,6 +20,7 @@ struct AppcastItem {
     std::string minimumSystemVersion;
     std::string maximumSystemVersion;
     bool isCritical = false;
+    std::string criticalBefore; ///< critical for versions before this one only; empty for all
     std::string releaseNotes; ///< HTML or plain text
     std::string releasePage; ///< an address
     std::string downloadAddress;

@@ -34,8 +34,9 @@ public:
     virtual ~Downloads() = default;
     [[nodiscard]] virtual std::unique_ptr<Download> fetch(Url const& address, DownloadLimits const& limits, std::function<void(Result<Bytes>)> done) = 0;
     /// Into a file with the address's last component as its name, in a fresh folder of ours.
-    [[nodiscard]] virtual std::unique_ptr<Download> fetchFile(Url const& address, DownloadLimits const& limits,
-        std::function<void(std::uint64_t received)> progress, std::function<void(Result<Url>)> done)
+    /// Files of earlier downloads are removed.
+    [[nodiscard]] virtual std::unique_ptr<Download> fetchFile(
+        Url const& address, DownloadLimits const& limits, std::function<void(std::uint64_t received)> progress, std::function<void(Result<Url>)> done)
         = 0;
     /// Removes the folder that fetchFile() made for it.
     virtual void discard(Url const& file) = 0;

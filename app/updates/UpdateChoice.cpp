@@ -2,8 +2,11 @@
 
 #include "app/updates/VersionOrder.h"
 #include "base/Text.h"
+#include "base/Url.h"
+#include "base/Utf8.h"
 
 #include <array>
+#include <charconv>
 #include <string_view>
 #include <utility>
 
@@ -22,16 +25,53 @@ bool suitsSystem(AppcastItem const& item, UpdateCriteria const& criteria)
     return !tooOld && !tooNew;
 }
 
+/// Longer than any version is; what people read must fit a line.
+constexpr std::size_t longestVersion = 100;
+
+bool isVersion(std::string const& text) { return !text.empty() && text.size() <= longestVersion; }
+
+/// Any other address would open something on this computer.
+bool isWebPage(std::string const& address)
+{
+    auto const url = Url::parse(address);
+    return url && (url->scheme() == "https" || url->scheme() == "http");
+}
+
+bool isCritical(AppcastItem const& item, UpdateCriteria const& criteria)
+{
+    return item.isCritical && (item.criticalBefore.empty() || compareVersions(criteria.currentVersion, item.criticalBefore) < 0);
+}
+
 bool suits(AppcastItem const& item, UpdateCriteria const& criteria)
 {
     bool const inChannel = item.channel.empty() || criteria.channels.contains(item.channel);
-    bool const isSkipped = !item.isCritical && !criteria.skippedVersion.empty() && item.version == criteria.skippedVersion;
-    bool const hasSomethingToOffer = !item.version.empty() && (!item.downloadAddress.empty() || !item.releasePage.empty());
-    return inChannel && !isSkipped && hasSomethingToOffer && suitsSystem(item, criteria) && compareVersions(item.version, criteria.currentVersion) > 0;
+    bool const isSkipped = !isCritical(item, criteria) && !criteria.skippedVersion.empty() && item.version == criteria.skippedVersion;
+    bool const isNamed = isVersion(item.version) && (item.displayVersion.empty() || isVersion(item.displayVersion));
+    bool const hasSomethingToOffer = !item.downloadAddress.empty() || isWebPage(item.releasePage);
+    return inChannel && !isSkipped && isNamed && hasSomethingToOffer && suitsSystem(item, criteria)
+        && compareVersions(item.version, criteria.currentVersion) > 0;
+}
+
+/// "#39", "#x2019".
+std::optional<char32_t> referredCharacter(std::string_view name)
+{
+    if (!name.starts_with('#'))
+        return std::nullopt;
+    bool const isHexadecimal = name.starts_with("#x");
+    auto const digits = name.substr(isHexadecimal ? 2 : 1);
+    std::uint32_t number = 0;
+    auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, isHexadecimal ? 16 : 10);
+    bool const isWhole = error == std::errc() && end == digits.data() + digits.size();
+    return isWhole && number >= ' ' ? std::optional<char32_t>(number) : std::nullopt;
 }
 
 std::string resolvedReference(std::string_view name)
 {
+    if (auto const character = referredCharacter(name)) {
+        std::string text;
+        appendUtf8(text, *character);
+        return text;
+    }
     static constexpr std::array<std::pair<std::string_view, std::string_view>, 6> references { { { "amp", "&" }, { "lt", "<" }, { "gt", ">" }, { "quot", "\"" },
         { "apos", "'" }, { "nbsp", " " } } };
     for (auto const& [known, text] : references) {
@@ -51,24 +91,28 @@ bool endsLine(std::string_view tag)
     return false;
 }
 
+/// What is longer than these is no markup; so no stray sign is searched for to the end.
+constexpr std::size_t longestTag = 1000;
+constexpr std::size_t longestReference = 8;
+
 /// Takes the tag or reference that begins at `start`; gives the position behind it.
-std::size_t takeMarkup(std::string const& notes, std::size_t start, std::string& text)
+std::size_t takeMarkup(std::string_view notes, std::size_t start, std::string& text)
 {
-    char const closing = notes[start] == '<' ? '>' : ';';
-    auto const end = notes.find(closing, start);
-    bool const isStray = end == std::string::npos || (closing == ';' && end - start > 8);
-    if (isStray) {
+    bool const isTag = notes[start] == '<';
+    auto const inside = notes.substr(start + 1, isTag ? longestTag : longestReference);
+    auto const length = inside.find(isTag ? '>' : ';');
+    if (length == std::string_view::npos) {
         text += notes[start];
         return start + 1;
     }
-    auto const inside = lowerCased(std::string_view(notes).substr(start + 1, end - start - 1));
-    if (closing == ';')
-        text += resolvedReference(inside);
-    else if (inside == "li" || inside.starts_with("li "))
+    auto const name = lowerCased(inside.substr(0, length));
+    if (!isTag)
+        text += resolvedReference(name);
+    else if (name == "li" || name.starts_with("li "))
         text += "• ";
-    else if (endsLine(inside))
+    else if (endsLine(name))
         text += '\n';
-    return end + 1;
+    return start + length + 2;
 }
 
 std::string withoutBlankRuns(std::string_view text)
@@ -92,7 +136,13 @@ std::optional<AppcastItem> chooseUpdate(std::vector<AppcastItem> const& items, U
         if (suits(item, criteria) && (!best || compareVersions(item.version, best->version) > 0))
             best = &item;
     }
-    return best ? std::optional(*best) : std::nullopt;
+    if (!best)
+        return std::nullopt;
+    auto chosen = *best;
+    chosen.isCritical = isCritical(chosen, criteria);
+    if (!isWebPage(chosen.releasePage))
+        chosen.releasePage.clear();
+    return chosen;
 }
 
 std::string plainTextOfNotes(std::string const& notes)

@@ -18,7 +18,8 @@ struct UpdateCriteria {
     std::string skippedVersion; ///< not offered by scheduled checks unless critical; empty for none
 };
 
-/// The newest item that suits, when it is newer than what runs; the first of equals.
+/// The newest item that suits, when it is newer than what runs; the first of equals. It is
+/// critical only where it is so for what runs; its release page is a page of the web, or none.
 [[nodiscard]] std::optional<AppcastItem> chooseUpdate(std::vector<AppcastItem> const& items, UpdateCriteria const& criteria);
 
 /// Tags removed, character references resolved, block ends as line breaks.

@@ -1,6 +1,7 @@
 #include "app/updates/UpdateSchedule.h"
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 namespace zv {
@@ -20,6 +21,9 @@ constexpr int maximumJitter = 2 * 60 * 60;
 constexpr auto tickInterval = 15min;
 
 constexpr double secondsBetweenEpochs = 978307200; // 1970 to 2001
+
+/// Years that a clock can show; a damaged file may hold anything.
+bool isPlausible(PropertyListDate date) { return std::abs(date.secondsSinceReference) < 1e10; }
 
 WallTime fromDate(PropertyListDate date)
 {
@@ -55,7 +59,7 @@ std::optional<WallTime> UpdateSchedule::lastCheck() const
 {
     auto const stored = m_services.defaults.object(lastCheckKey);
     auto const date = stored ? stored->date() : std::nullopt;
-    return date ? std::optional(fromDate(*date)) : std::nullopt;
+    return date && isPlausible(*date) ? std::optional(fromDate(*date)) : std::nullopt;
 }
 
 void UpdateSchedule::noteCheck() { m_services.defaults.keep(lastCheckKey, toDate(m_services.clock.now())); }
@@ -74,7 +78,8 @@ WallTime UpdateSchedule::nextDue() const
     // A date in the future is a clock that was wrong: as good as none.
     if (!last || *last > m_services.clock.now())
         return m_services.clock.now();
-    return *last + interval + std::chrono::seconds(m_services.defaults.integerForKey(jitterKey));
+    auto const jitter = std::clamp<std::int64_t>(m_services.defaults.integerForKey(jitterKey), 0, maximumJitter);
+    return *last + interval + std::chrono::seconds(jitter);
 }
 
 void UpdateSchedule::arm()

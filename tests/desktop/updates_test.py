@@ -30,8 +30,14 @@ def openssl(*arguments):
 
 
 class Feed(http.server.SimpleHTTPRequestHandler):
+    requests = []  # (path, header lines)
+
     def log_message(self, *_):
         pass
+
+    def do_GET(self):
+        self.requests.append((self.path, {name: value for name, value in self.headers.items() if name not in ("Host", "Accept-Encoding")}))
+        super().do_GET()
 
 
 class UpdatesTest(unittest.TestCase):
@@ -48,11 +54,12 @@ class UpdatesTest(unittest.TestCase):
         with open(os.path.join(RESOURCES, "Info.plist"), "wb") as file:
             plistlib.dump({"SUFeedURL": cls.address + "/appcast.xml", "SUPublicEDKey": base64.b64encode(public).decode()}, file)
         cls.make_opener()
-        cls.notifications, cls.mock = dbusmock.DBusTestCase.spawn_server_template("notification_daemon", {}, stdout=subprocess.DEVNULL)
+        cls.notifications, cls.mock = dbusmock.DBusTestCase.spawn_server_template("notification_daemon", {"capabilities": "body actions"}, stdout=subprocess.DEVNULL)
 
     @classmethod
     def tearDownClass(cls):
         cls.server.shutdown()
+        cls.server.server_close()
         cls.notifications.terminate()
         cls.notifications.wait()
 
@@ -69,7 +76,7 @@ class UpdatesTest(unittest.TestCase):
         with open(os.path.join(config, "mimeapps.list"), "w", encoding="utf-8") as file:
             file.write("[Default Applications]\napplication/vnd.debian.binary-package=installer.desktop\napplication/x-deb=installer.desktop\n")
 
-    def offer(self, version, content, signed=None):
+    def offer(self, version, content, signed=None, name=""):
         """Puts a feed in place that offers `content`, signed as if it were `signed`."""
         package = os.path.join(SERVED, "zanthe-vell.deb")
         with open(package, "wb") as file:
@@ -80,12 +87,13 @@ class UpdatesTest(unittest.TestCase):
         signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", message)).decode()
         with open(os.path.join(SERVED, "appcast.xml"), "w", encoding="utf-8") as file:
             file.write(f"""<rss xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel><item>
-                <sparkle:version>{version}</sparkle:version><description>Better menus.</description>
+                <sparkle:version>{version}</sparkle:version><sparkle:shortVersionString>{name}</sparkle:shortVersionString><description>Better menus.</description>
                 <enclosure url="{self.address}/zanthe-vell.deb" length="{len(content)}" sparkle:edSignature="{signature}"/></item></channel></rss>""")
 
     def setUp(self):
         if os.path.exists(OPENED):
             os.remove(OPENED)
+        Feed.requests.clear()
         zv("prefs", "write", "ReplaceAppleMenu", "false")
         self.program = Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", ZANTHE_VELL_RESOURCES=RESOURCES)
         self.program.__enter__()
@@ -100,10 +108,20 @@ class UpdatesTest(unittest.TestCase):
         self.offer("99.0", b"!<arch>\nthe package")
         self.check_now()
         found("Zanthe Vell 99.0 is available. You have 0.9.0.")
+        self.assertEqual(Feed.requests, [("/appcast.xml", {"User-Agent": "Zanthe Vell", "Accept-Language": "*", "Connection": "Keep-Alive"})],
+                         "one request, and nothing in it that tells who asks")
+        self.install()
+
+    def install(self):
         act(found("Install"))
         wait_until(lambda: os.path.exists(OPENED), 10, "the installer gets the file")
         with open(OPENED, "rb") as file:
             self.assertEqual(file.read(), b"!<arch>\nthe package")
+
+    def test_a_feeds_words_are_never_markup(self):
+        self.offer("99.0", b"!<arch>\nthe package", name="99 &lt;b&gt;bold&lt;/b&gt;")
+        self.check_now()
+        found("Zanthe Vell 99 <b>bold</b> is available. You have 0.9.0.")
 
     def test_a_tampered_one_is_refused_with_its_reason(self):
         self.offer("99.0", b"!<arch>\nsomething else", signed=b"!<arch>\nthe package")
@@ -132,14 +150,18 @@ class ReminderTest(UpdatesTest):
         wait_until(lambda: keys("Escape") or find("Zanthe Vell Settings") is None, 5, "the settings close")
 
     def test_a_signed_newer_version_is_handed_over(self):
-        # A scheduled check comes a minute after the start at the earliest.
-        called = wait_until(lambda: [call for call in self.mock.GetMethodCalls("Notify")], 75, "the notification")
+        begin = time.monotonic()
+        wait_until(lambda: Feed.requests, 75, "a scheduled check")
+        self.assertGreater(time.monotonic() - begin, 50, "the first minute belongs to the menu")
+        called = wait_until(lambda: [call for call in self.mock.GetMethodCalls("Notify")], 5, "the notification")
         self.assertEqual(called[-1][1][3], "Zanthe Vell 99.0 is available")
         self.assertEqual(called[-1][1][4], "Click to install it.")
         self.mock.EmitSignal("org.freedesktop.Notifications", "ActionInvoked", "us", dbus.Array([dbus.UInt32(1), "default"], signature="v"))
         found("Zanthe Vell 99.0 is available. You have 0.9.0.")
         wait_until(lambda: self.mock.GetMethodCalls("CloseNotification"), 3, "it is taken back when it was attended to")
+        self.install()
 
+    test_a_feeds_words_are_never_markup = None
     test_a_tampered_one_is_refused_with_its_reason = None
     test_without_anything_newer_it_says_so = None
 

@@ -1,87 +1,24 @@
-#include "app/updates/AppcastUpdateEngine.h"
-
-#include "base/Base64.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeFiles.h"
-#include "tests/fakes/FakeTime.h"
-#include "tests/fakes/FakeUpdateWindow.h"
-#include "tests/fakes/FakeUserDefaults.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sodium.h>
+#include "tests/qt/UpdateEngineFixture.h"
 
 namespace zv {
 namespace {
 
 using namespace std::chrono_literals;
 
-struct RecordingDriver : UpdateChannels, UpdateUserDriver {
-    std::set<std::string> allowedChannels() const override { return {}; }
-    bool supportsGentleScheduledUpdateReminders() const override { return true; }
-    bool shouldHandleShowingScheduledUpdate(UpdateItem const&, bool) override { return engineShows; }
-    void willHandleShowingUpdate(bool shows, UpdateItem const& item) override { log.push_back((shows ? "show " : "remind ") + item.displayVersion); }
-    void didReceiveUserAttention(UpdateItem const&) override { log.emplace_back("attention"); }
-    void willFinishUpdateSession() override { log.emplace_back("finish"); }
-
-    bool engineShows = false;
-    std::vector<std::string> log;
-};
-
 /// The engine over the real feed reader and real signatures; only the network is a fake.
-struct UpdateEngineTest : testing::Test {
+struct UpdateEngineTest : tests::UpdateEngineFixture {
     UpdateEngineTest()
+        : UpdateEngineFixture(downloads)
     {
-        EXPECT_GE(sodium_init(), 0);
-        crypto_sign_keypair(publicKey, secretKey);
-        resources.info.set("CFBundleShortVersionString", "1.3");
         resources.info.set("SUFeedURL", "https://updates.zanthevell.org/appcast.xml");
-        resources.info.set("SUPublicEDKey", toBase64(std::as_bytes(std::span(publicKey))));
-        std::string pattern = testing::TempDir() + "zv-update-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        package = folder / "zv.deb";
-        std::ofstream(package) << "the package";
         start();
     }
-    ~UpdateEngineTest() override { std::filesystem::remove_all(folder); }
+    ~UpdateEngineTest() override { engine.reset(); }
 
-    void start()
-    {
-        engine = std::make_unique<AppcastUpdateEngine>(
-            AppcastUpdateEngine::Services { defaults, resources, time, time, application, workspace, downloads, origin, window }, driver, driver);
-        EXPECT_FALSE(engine->start());
-    }
+    std::vector<std::byte> goodFeed() { return fakes::bytesOf(feed(item("1.4", "the package"))); }
+    std::vector<std::byte> oldFeed() { return fakes::bytesOf(feed(item("1.3", "the package"))); }
 
-    std::string signatureOf(std::string const& content)
-    {
-        unsigned char signature[crypto_sign_BYTES];
-        crypto_sign_detached(signature, nullptr, reinterpret_cast<unsigned char const*>(content.data()), content.size(), secretKey);
-        return toBase64(std::as_bytes(std::span(signature)));
-    }
-
-    std::vector<std::byte> feed(std::string const& version, std::string const& signature)
-    {
-        return fakes::bytesOf("<rss xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><item><sparkle:version>" + version
-            + "</sparkle:version><link>https://a.b/notes</link><description>&lt;p&gt;Better&lt;/p&gt;</description>"
-              "<enclosure url=\"https://a.b/zv.deb\" length=\"11\" sparkle:edSignature=\""
-            + signature + "\"/></item></channel></rss>");
-    }
-    std::vector<std::byte> goodFeed() { return feed("1.4", signatureOf("the package")); }
-
-    unsigned char publicKey[crypto_sign_PUBLICKEYBYTES] {};
-    unsigned char secretKey[crypto_sign_SECRETKEYBYTES] {};
-    std::filesystem::path folder, package;
-    fakes::FakeUserDefaults defaults;
-    fakes::FakeResources resources;
-    fakes::FakeTime time;
-    fakes::FakeApplication application;
-    fakes::FakeWorkspace workspace;
     fakes::FakeDownloads downloads;
-    fakes::FakePackageOrigin origin;
-    fakes::FakeUpdateWindow window;
-    RecordingDriver driver;
-    std::unique_ptr<AppcastUpdateEngine> engine;
 };
 
 TEST_F(UpdateEngineTest, HandsOverAVerifiedPackage)
@@ -105,7 +42,7 @@ TEST_F(UpdateEngineTest, RefusesWhatIsNotOurs)
 {
     for (auto const& signature : { signatureOf("another package"), std::string("AAAA"), std::string() }) {
         engine->checkForUpdates();
-        downloads.answerFeed(feed("1.4", signature));
+        downloads.answerFeed(fakes::bytesOf(feed(itemSigned("1.4", signature))));
         ASSERT_TRUE(window.press("Install"));
         downloads.answerFile(Url::fromPath(package.string()));
         ASSERT_TRUE(window.page);
@@ -125,7 +62,7 @@ TEST_F(UpdateEngineTest, TellsTheReasonWhenAskedAndStaysQuietWhenNot)
         { fakes::bytesOf("<rss><channel>"), "The reason: the feed cannot be read: " },
         { fakes::bytesOf("<!DOCTYPE x [<!ENTITY a \"b\">]><rss/>"), "The reason: the feed cannot be read: it declares a document type of its own." },
         { fakes::bytesOf("<html/>"), "The reason: the feed cannot be read: it is not a feed." },
-        { feed("1.3", "x"), "Zanthe Vell 1.3 is the newest version." },
+        { oldFeed(), "Zanthe Vell 1.3 is the newest version." },
     };
     for (auto const& [answer, message] : answers) {
         engine->checkForUpdates();
@@ -146,7 +83,7 @@ TEST_F(UpdateEngineTest, LooksOnceADayAndNeverRightAtTheStart)
     EXPECT_TRUE(downloads.requested.empty()) << "the menu comes first";
     time.advance(20min);
     ASSERT_EQ(downloads.requested.size(), 1U);
-    downloads.answerFeed(feed("1.3", "x"));
+    downloads.answerFeed(oldFeed());
     time.advance(23h);
     EXPECT_EQ(downloads.requested.size(), 1U);
     start(); // remembered across starts

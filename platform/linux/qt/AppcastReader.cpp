@@ -1,5 +1,7 @@
 #include "platform/Appcast.h"
 
+#include "platform/linux/qt/ErrorText.h"
+
 #include <QXmlStreamReader>
 
 namespace zv {
@@ -40,6 +42,13 @@ void readEnclosure(QXmlStreamReader& xml, AppcastItem& item)
     xml.skipCurrentElement();
 }
 
+void readCriticalUpdate(QXmlStreamReader& xml, AppcastItem& item)
+{
+    item.isCritical = true;
+    takeIfSet(item.criticalBefore, attribute(xml.attributes(), QLatin1StringView("version")));
+    xml.skipCurrentElement();
+}
+
 void readTags(QXmlStreamReader& xml, AppcastItem& item)
 {
     while (xml.readNextStartElement()) {
@@ -70,6 +79,23 @@ std::string* fieldFor(QStringView name, AppcastItem& item)
     return nullptr;
 }
 
+/// The text of this element and of all within it. QXmlStreamReader::readElementText() calls
+/// itself at each level, and a feed may be nested deeper than any stack.
+QString textWithin(QXmlStreamReader& xml)
+{
+    QString text;
+    for (int depth = 1; depth > 0 && !xml.atEnd();) {
+        auto const token = xml.readNext();
+        if (token == QXmlStreamReader::StartElement)
+            ++depth;
+        else if (token == QXmlStreamReader::EndElement)
+            --depth;
+        else if (token == QXmlStreamReader::Characters)
+            text += xml.text();
+    }
+    return text;
+}
+
 AppcastItem readItem(QXmlStreamReader& xml)
 {
     AppcastItem item;
@@ -79,10 +105,9 @@ AppcastItem readItem(QXmlStreamReader& xml)
         } else if (xml.name() == QLatin1StringView("tags")) {
             readTags(xml, item);
         } else if (xml.name() == QLatin1StringView("criticalUpdate")) {
-            item.isCritical = true;
-            xml.skipCurrentElement();
+            readCriticalUpdate(xml, item);
         } else if (auto* field = fieldFor(xml.name(), item)) {
-            takeIfSet(*field, xml.readElementText(QXmlStreamReader::IncludeChildElements));
+            takeIfSet(*field, textWithin(xml));
         } else {
             xml.skipCurrentElement();
         }
@@ -112,7 +137,7 @@ Result<std::vector<AppcastItem>> readAppcast(std::span<std::byte const> bytes)
             items.push_back(readItem(xml));
     }
     if (xml.hasError())
-        return Failure { "line " + std::to_string(xml.lineNumber()) + ": " + xml.errorString().toStdString() };
+        return Failure { "line " + std::to_string(xml.lineNumber()) + ": " + reasonFrom(xml.errorString()) };
     if (!isFeed)
         return Failure { std::string("it is empty") };
     return items;

@@ -25,10 +25,12 @@ DBusNotifications::DBusNotifications(QDBusConnection connection)
 
 void DBusNotifications::requestAuthorization(std::function<void(bool)> done)
 {
-    auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(call("GetServerInformation")), this);
+    auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(call("GetCapabilities")), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
         watcher->deleteLater();
-        done(!watcher->isError());
+        QDBusPendingReply<QStringList> const capabilities = *watcher;
+        // A notification that cannot be clicked would promise what it does not keep.
+        done(!capabilities.isError() && capabilities.value().contains(QStringLiteral("actions")));
     });
 }
 

@@ -9,7 +9,7 @@
 namespace zv {
 
 /// Notifications through org.freedesktop.Notifications. There is no permission to ask for
-/// there: it is granted when a service answers.
+/// there: it is granted when a service answers that lets notifications be clicked.
 class DBusNotifications : public QObject, public UserNotifications {
     Q_OBJECT
 public:

@@ -1,5 +1,7 @@
 #include "platform/linux/qt/QtDownloads.h"
 
+#include "platform/linux/qt/ErrorText.h"
+
 #include <QFile>
 #include <QNetworkReply>
 #include <QPointer>
@@ -39,11 +41,12 @@ public:
         QNetworkRequest request(address);
         request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
         request.setMaximumRedirectsAllowed(limits.redirects);
-        // No cookies, no stored credentials, no version: one user's request looks like another's.
+        // No cookies, no stored credentials, no version, no language: one user's request looks like another's.
         request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
         request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
         request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
         request.setHeader(QNetworkRequest::UserAgentHeader, QByteArray("Zanthe Vell"));
+        request.setRawHeader("Accept-Language", "*");
         m_reply = network.get(request);
         m_reply->setReadBufferSize(1 << 18);
         connect(m_reply, &QIODevice::readyRead, this, [this] { take(); });
@@ -99,10 +102,7 @@ private:
             return "the server sends elsewhere than to an address of https";
         if (status >= 400)
             return "the server answers " + std::to_string(status);
-        auto text = reply.errorString().toStdString();
-        while (text.ends_with('.'))
-            text.pop_back();
-        return text;
+        return reasonFrom(reply.errorString());
     }
 
     /// The callback may destroy this object: nothing of it is touched afterwards.
@@ -155,6 +155,18 @@ std::string fileNameFor(Url const& address)
     return isUsable ? name : "update";
 }
 
+constexpr char const* folderPrefix = "update-";
+
+/// A newer download takes the place of those that were handed over before.
+void removeEarlierDownloads(std::string const& folder)
+{
+    std::error_code ignored;
+    for (auto const& entry : fs::directory_iterator(folder, ignored)) {
+        if (entry.path().filename().string().starts_with(folderPrefix))
+            fs::remove_all(entry.path(), ignored);
+    }
+}
+
 } // namespace
 
 QtDownloads::QtDownloads(std::string folder, DownloadSchemes schemes)
@@ -180,7 +192,8 @@ Result<Url> QtDownloads::makeFile(Url const& address) const
 {
     std::error_code code;
     fs::create_directories(m_folder, code);
-    auto pattern = m_folder + "/update-XXXXXX";
+    removeEarlierDownloads(m_folder);
+    auto pattern = m_folder + "/" + folderPrefix + "XXXXXX";
     if (code || !mkdtemp(pattern.data()))
         return Failure { std::string("there is no place to keep it") };
     return Url::fromPath(pattern + "/" + fileNameFor(address));
@@ -212,7 +225,7 @@ std::unique_ptr<Download> QtDownloads::fetchFile(
 
 void QtDownloads::discard(Url const& file)
 {
-    bool const isOurs = file.path().starts_with(m_folder + "/update-");
+    bool const isOurs = file.path().starts_with(m_folder + "/" + folderPrefix);
     std::error_code ignored;
     if (isOurs)
         fs::remove_all(file.parent().path(), ignored);

@@ -29,6 +29,9 @@ public:
 
         auto bold = font();
         bold.setBold(true);
+        // A feed's words are never markup.
+        m_title.setTextFormat(Qt::PlainText);
+        m_message.setTextFormat(Qt::PlainText);
         m_title.setFont(bold);
         m_title.setWordWrap(true);
         m_message.setWordWrap(true);

@@ -53,6 +53,14 @@ TEST(UpdateChoice, OffersTheNewestThatSuits)
         { "older", [](auto& i, auto&) { i.version = "0.9"; }, false },
         { "nothing to download and no page", [](auto& i, auto&) { i.downloadAddress.clear(); }, false },
         { "a page is enough", [](auto& i, auto&) { i.downloadAddress.clear(), i.releasePage = "https://a.b"; }, true },
+        { "a page that is not of the web",
+            [](auto& i, auto&) {
+                i.downloadAddress.clear();
+                i.releasePage = "file:///usr/share/applications/x.desktop";
+            },
+            false },
+        { "a version that no window could show", [](auto& i, auto&) { i.version = "2." + std::string(100, '0'); }, false },
+        { "a name that no window could show", [](auto& i, auto&) { i.displayVersion = std::string(101, '2'); }, false },
         { "a channel not asked for", [](auto& i, auto&) { i.channel = "beta"; }, false },
         { "a channel asked for", [](auto& i, auto& c) { i.channel = "beta", c.channels = { "beta" }; }, true },
         { "of another system", [](auto& i, auto&) { i.operatingSystem = "macos"; }, false },
@@ -63,6 +71,9 @@ TEST(UpdateChoice, OffersTheNewestThatSuits)
         { "limits on an unknown system", [](auto& i, auto& c) { i.minimumSystemVersion = "13", c.systemVersion.clear(); }, true },
         { "skipped", [](auto&, auto& c) { c.skippedVersion = "2.0"; }, false },
         { "skipped, but critical", [](auto& i, auto& c) { c.skippedVersion = "2.0", i.isCritical = true; }, true },
+        { "skipped, and critical for older ones only", [](auto& i, auto& c) { c.skippedVersion = "2.0", i.isCritical = true, i.criticalBefore = "1.0"; },
+            false },
+        { "skipped, but critical for this one", [](auto& i, auto& c) { c.skippedVersion = "2.0", i.isCritical = true, i.criticalBefore = "1.1"; }, true },
     };
     for (auto const& row : rows) {
         auto offered = item("2.0");
@@ -71,6 +82,10 @@ TEST(UpdateChoice, OffersTheNewestThatSuits)
         EXPECT_EQ(chooseUpdate({ offered }, criteria).has_value(), row.isOffered) << row.why;
     }
     EXPECT_EQ(chooseUpdate({ item("1.5"), item("3.0"), item("2.0") }, { "1.0", "linux", "", {}, {} })->version, "3.0");
+
+    auto withStrangePage = item("2.0");
+    withStrangePage.releasePage = "smb://nas/notes";
+    EXPECT_EQ(chooseUpdate({ withStrangePage }, { "1.0", "linux", "", {}, {} })->releasePage, "") << "its page is not opened";
 }
 
 TEST(UpdateNotes, BecomePlainText)
@@ -83,6 +98,8 @@ TEST(UpdateNotes, BecomePlainText)
         { "a<br/>b<script>alert(1)</script>", "a\nbalert(1)" },
         { "1 < 2 & 3; &unknown; &notclosed", "1 < 2 & 3; &unknown; &notclosed" },
         { "<p>one</p>\n\n\n<p>two</p>", "one\n\ntwo" },
+        { "it&#39;s&#x2014;&#x1f600; &#xd800;&#0;", "it's—😀 &#0;" },
+        { std::string(2'000'000, '<'), std::string(2'000'000, '<') },
         { "", "" },
     };
     for (auto const& row : rows)
