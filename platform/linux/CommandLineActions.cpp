@@ -1,6 +1,7 @@
 #include "platform/linux/CommandLineActions.h"
 
 #include "base/Log.h"
+#include "platform/linux/CountedWork.h"
 #include "platform/linux/GioWorkspace.h"
 #include "platform/linux/LinuxComputerInfo.h"
 #include "platform/linux/LinuxDesktopCommands.h"
@@ -20,39 +21,6 @@ using Failures = std::vector<std::string>;
 
 /// A shortcut may run for as long as it likes.
 constexpr std::chrono::hours noLimit { 24 * 20 };
-
-/// Knows when all that was started has ended.
-class CountingTasks : public Tasks {
-public:
-    explicit CountingTasks(Tasks& tasks)
-        : m_tasks(tasks)
-    {
-    }
-    void runInBackground(TaskPriority priority, std::function<void()> work) override
-    {
-        ++m_running;
-        m_tasks.runInBackground(priority, [this, work = std::move(work)] {
-            work();
-            m_tasks.runOnMain([this] { --m_running; });
-        });
-    }
-    void runDetached(std::function<std::function<void()>()> work) override
-    {
-        ++m_running;
-        m_tasks.runDetached([this, work = std::move(work)] {
-            return std::function<void()>([this, then = work()] {
-                then();
-                --m_running;
-            });
-        });
-    }
-    void runOnMain(std::function<void()> work) override { m_tasks.runOnMain(std::move(work)); }
-    [[nodiscard]] bool isIdle() const { return m_running == 0; }
-
-private:
-    Tasks& m_tasks;
-    int m_running = 0;
-};
 
 /// What an alert warns of is a failure here, and what it asks is declined; what it merely
 /// tells is printed, and goes on.
@@ -126,16 +94,17 @@ struct PrintedClipboard : Clipboard {
 struct CommandLineActions::Parts {
     Parts(Services const& services, DesktopAccess const& access, XdgDirectories const& directories)
         : turnUntil(services.turnUntil)
-        , tasks(services.tasks)
+        , tasks(services.tasks, pending)
+        , running(services.running, pending)
         , alerts(services.out, failures)
         , application(services.program, failures)
         , clipboard(services.out)
-        , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, services.running })
+        , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, running })
         , desktop(access, "/etc/os-release", tasks)
         , computer("/", tasks)
         , events(access, tasks)
         , scriptRunner(access, DockStore::ofThisMachine(directories), tasks)
-        , actions({ workspace, application, alerts, keys, clipboard, services.running, desktop, computer, session, scripts, tasks, services.locations },
+        , actions({ workspace, application, alerts, keys, clipboard, running, desktop, computer, session, scripts, tasks, services.locations },
               ShortcutsProvider(tools), NetworkLocations(tools), Url::fromPath(itemsFolder(directories)), { [this] { application.openSettings(); }, {}, {} })
         , cache(ShortcutsProvider(tools), services.clock, tasks)
     {
@@ -143,7 +112,9 @@ struct CommandLineActions::Parts {
 
     MenuSession::TurnUntil turnUntil;
     Failures failures;
-    CountingTasks tasks;
+    WorkCount pending;
+    CountedTasks tasks;
+    CountedRunningApplications running;
     PrintedAlerts alerts;
     OtherApplication application;
     ArgumentKeys keys;
@@ -181,7 +152,7 @@ std::vector<std::string> CommandLineActions::choose(MenuEntry const& entry, Modi
     LogCapture const log([this](std::string const& line) { m_parts->failures.push_back(line); });
     m_parts->keys.held = held;
     entry.target->invoke();
-    m_parts->turnUntil([this] { return m_parts->tasks.isIdle(); }, noLimit);
+    m_parts->turnUntil([this] { return m_parts->pending.isZero(); }, noLimit);
     return std::exchange(m_parts->failures, {});
 }
 

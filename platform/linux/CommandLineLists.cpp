@@ -43,7 +43,7 @@ QDBusConnection sessionBus(BusAddresses const& buses)
 
 struct CommandLineLists::Parts {
     Parts(Services const& services, DesktopAccess const& access, XdgDirectories const& directories)
-        : running({ services.applications, desktops, {}, sessionBus(access.buses) }, display.clientWindows())
+        : running({ services.applications, desktops, services.launch, sessionBus(access.buses) }, display.clientWindows())
         , volumes(services.tasks, services.timers)
         , servers(services.tasks, DesktopRecentServers::standardFiles())
         , addresses(services.tasks, access.buses.system)

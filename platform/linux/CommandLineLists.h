@@ -10,6 +10,7 @@
 #include "platform/linux/DesktopAccess.h"
 #include "platform/linux/XdgDirectories.h"
 
+#include <functional>
 #include <memory>
 
 namespace zv {
@@ -23,6 +24,7 @@ public:
         Preferences const& preferences;
         FolderListings& folders;
         ApplicationCatalog& applications;
+        std::function<void(Url const&)> launch; ///< of an application that runs without a window to bring to the front
     };
 
     /// The services outlive this.

@@ -3,6 +3,7 @@
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/FileEntry.h"
 #include "app/menu/RecentItemsProvider.h"
+#include "base/Log.h"
 #include "platform/linux/ApplicationIndex.h"
 #include "platform/linux/CellTextMeasure.h"
 #include "platform/linux/CommandLineActions.h"
@@ -48,13 +49,21 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
 struct CommandLineMenu::Parts {
     Parts(Services const& services, XdgDirectories const& directories)
         : access(DesktopAccess::ofThisMachine(directories))
-        , machine({ loop, loop, services.preferences, folders, applications }, access, directories)
+        , machine({ loop, loop, services.preferences, folders, applications, [this](Url const& url) { launch(url); } }, access, directories)
         , queries({ loop, services.clock, applications }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
         , recentItems(queries, [&files = services.files](Url const& url) { return fileEntry(url, files); })
         , cache(recentItems, services.preferences, services.clock)
         , actions({ loop, services.clock, services.locations, services.program, services.out, turnUntil, machine.runningApplications() }, access, directories)
         , builder({ services.preferences, services.locations, machine.icons(), actions.commands(), actions.workspace(), services.resources, text }, sources)
     {
+    }
+
+    void launch(Url const& application)
+    {
+        actions.workspace().openNewInstance(application, [application](std::optional<std::string> const& failure) {
+            if (failure)
+                logLine("could not open " + application.toString() + ": " + *failure);
+        });
     }
 
     LoopApplication application;
