@@ -2,18 +2,22 @@
 
 #include "app/menu/DisplayText.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace zv {
 
 namespace {
 
-/// A sentence that was made for a window may have paragraphs.
+/// A sentence that was made for a window may have paragraphs: their breaks become blanks.
 std::string oneLine(std::string_view message)
 {
-    std::string line(message);
-    std::replace(line.begin(), line.end(), '\n', ' ');
+    std::string line;
+    for (char const c : message) {
+        if (c != '\n')
+            line += c;
+        else if (!line.ends_with(' '))
+            line += ' ';
+    }
     return displayText(line);
 }
 

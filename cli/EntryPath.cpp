@@ -32,6 +32,17 @@ MenuEntry const* entryTitled(Menu const& menu, std::string const& title)
     return findEntry(menu, [&](std::string const& candidate) { return foldedForSearch(candidate) == folded; });
 }
 
+/// A menu in which nothing can be chosen says why: "Loading…", "No Shortcuts".
+std::string remarkOf(Menu const& menu)
+{
+    auto const isItem = [](MenuEntry const& entry) { return entry.type == MenuEntry::Type::item; };
+    auto const first = std::ranges::find_if(menu.entries, isItem);
+    bool const hasChoice = std::ranges::any_of(menu.entries, [&](MenuEntry const& entry) { return isItem(entry) && entry.enabled; });
+    if (hasChoice || first == menu.entries.end())
+        return {};
+    return ": " + first->visibleTitle() + (first->toolTip.empty() ? "" : ": " + first->toolTip);
+}
+
 } // namespace
 
 Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string const> titles, std::function<void(Menu&)> const& open)
@@ -40,7 +51,7 @@ Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string cons
     for (;; titles = titles.subspan(1)) {
         auto const* const entry = entryTitled(*menu, titles.front());
         if (!entry)
-            return Failure { "there is no " + quoted(titles.front()) + " " + place };
+            return Failure { "there is no " + quoted(titles.front()) + " " + place + remarkOf(*menu) };
         if (titles.size() == 1)
             return *entry;
         if (!entry->submenu)
