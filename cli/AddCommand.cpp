@@ -30,7 +30,8 @@ Url namedFile(CommandContext& context, std::string const& argument)
 /// The folder is the same whether the program runs or not: its submenu lists it when it opens.
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
-    auto const options = Options::parse(arguments, {});
+    static constexpr Options::Known known[] = { { "--alert" } };
+    auto const options = Options::parse(arguments, known);
     if (!options)
         return failUsage(context, addCommand, options.error());
     if (options->operands().empty())
@@ -38,6 +39,10 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     std::vector<Url> urls;
     for (auto const& argument : options->operands())
         urls.push_back(namedFile(context, argument));
+    if (options->has("--alert") && context.runningProgram().isRunning()) {
+        auto const failure = context.runningProgram().addFiles(urls);
+        return failure ? fail(context, *failure) : ExitStatus::done;
+    }
     auto const outcome = ItemsFolder(context.itemsFolder(), context.files(), context.aliases()).add(urls);
     auto const alert = alertFor(outcome, context.itemsFolder());
     return alert ? fail(context, alert->message + " " + alert->informativeText) : ExitStatus::done;
@@ -45,6 +50,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command addCommand { "add", "FILE…", "add to the Zanthe Vell Items folder", run };
+constexpr Command addCommand { "add", "[--alert] FILE…", "add to the Zanthe Vell Items folder; with --alert the running program tells what fails", run };
 
 } // namespace zv

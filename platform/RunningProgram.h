@@ -1,9 +1,11 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/Url.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zv {
 
@@ -22,6 +24,8 @@ public:
     [[nodiscard]] virtual MaybeFailure<> showMenu(std::optional<ScreenPoint> at) = 0;
     [[nodiscard]] virtual MaybeFailure<> openSettings() = 0;
     [[nodiscard]] virtual MaybeFailure<> quit() = 0;
+    /// Has it put files into the Items folder; it tells the user what goes wrong with them.
+    [[nodiscard]] virtual MaybeFailure<> addFiles(std::vector<Url> const& files) = 0;
     /// Registrations and conflicts in the form that `hotkeys --json` prints.
     [[nodiscard]] virtual Result<std::string> hotkeys() = 0;
 };

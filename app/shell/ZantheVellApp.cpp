@@ -101,16 +101,11 @@ SettingsModels::Services ZantheVellApp::settingsServices()
         [this](std::string const& text) { m_platform.clipboard.setText(text); }, m_platform.diagnostics, m_platform.installedApplications };
 }
 
-void ZantheVellApp::addFiles(std::vector<Url> files)
+MaybeFailure<> ZantheVellApp::addFiles(std::vector<Url> files)
 {
     if (!m_takesFiles)
-        return;
-    if (auto const failure = m_addToItems.addToZantheVellItems(std::move(files))) {
-        m_platform.application.activate();
-        Alert alert;
-        alert.message = *failure;
-        m_platform.alerts.run(alert);
-    }
+        return "Zanthe Vell is still starting.";
+    return m_addToItems.addToZantheVellItems(std::move(files));
 }
 
 std::string ZantheVellApp::hotkeyReport() const { return zv::hotkeyReport(m_hotkeys); }

@@ -98,7 +98,8 @@ public:
     /// What other processes ask for: the program was opened once more, files are to be added.
     void reopen();
     void openSettings() override;
-    void addFiles(std::vector<Url> files);
+    /// Returns at once. The failure is a sentence for who asked.
+    [[nodiscard]] MaybeFailure<> addFiles(std::vector<Url> files);
     [[nodiscard]] std::string hotkeyReport() const;
 
     [[nodiscard]] Preferences& preferences() { return m_preferences; }

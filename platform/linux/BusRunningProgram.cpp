@@ -1,93 +1,50 @@
 #include "platform/linux/BusRunningProgram.h"
 
-#include "platform/linux/BusConnection.h"
-
-#include <gio/gio.h>
-
 #include <cmath>
 
 namespace zv {
 
 namespace {
 
-constexpr char const* name = "org.zanthevell.ZantheVell";
-constexpr char const* path = "/org/zanthevell/ZantheVell";
-constexpr int patience = 5000; // milliseconds
-constexpr char const* notRunning = "Zanthe Vell is not running.";
+constexpr BusObject program { "org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell", "org.zanthevell.ZantheVell" };
+constexpr std::chrono::seconds patience { 5 };
 
-struct ErrorDeleter {
-    void operator()(GError* error) const { g_error_free(error); }
-};
-using ErrorRef = std::unique_ptr<GError, ErrorDeleter>;
-
-struct VariantDeleter {
-    void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using VariantRef = std::unique_ptr<GVariant, VariantDeleter>;
-
-std::string sentenceFor(GError const& error)
-{
-    bool const isAbsent
-        = g_error_matches(&error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) || g_error_matches(&error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER);
-    return isAbsent ? notRunning : "The running program did not answer: " + std::string(error.message);
-}
+/// Owned from here on, also where nobody takes them.
+GVariantRef owned(GVariant* floating) { return GVariantRef(floating ? g_variant_ref_sink(floating) : nullptr); }
 
 } // namespace
 
-/// The session's bus; none where it does not answer.
-struct BusRunningProgram::Connection {
-    Connection()
-    {
-        auto const address = BusAddresses::ofThisMachine().session;
-        auto const flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        if (!address.empty())
-            bus = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr);
-    }
-    ~Connection() { g_clear_object(&bus); }
-    Connection(Connection const&) = delete;
-    Connection& operator=(Connection const&) = delete;
-
-    GDBusConnection* bus = nullptr;
-};
-
-BusRunningProgram::BusRunningProgram() = default;
-BusRunningProgram::~BusRunningProgram() = default;
-
-Result<GVariant*> BusRunningProgram::ask(char const* method, GVariant* arguments)
+BusConnection const* BusRunningProgram::bus() const
 {
-    VariantRef const owned(arguments ? g_variant_ref_sink(arguments) : nullptr);
-    if (!m_connection)
-        m_connection = std::make_unique<Connection>();
-    if (!m_connection->bus)
+    if (!m_isConnected)
+        m_bus = BusConnection::open(BusAddresses::ofThisMachine().session, Deadline(patience));
+    m_isConnected = true;
+    return m_bus ? &*m_bus : nullptr;
+}
+
+Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef arguments, char const* replyType)
+{
+    auto const* const session = bus();
+    if (!session)
         return Failure { std::string("There is no session bus to reach the running program by.") };
-    GError* error = nullptr;
-    auto* answer = g_dbus_connection_call_sync(
-        m_connection->bus, name, path, name, method, owned.get(), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, patience, nullptr, &error);
-    if (answer)
-        return answer;
-    return Failure { sentenceFor(*ErrorRef(error)) };
+    auto reply = session->call(program, method, arguments.get(), Deadline(patience), replyType, BusConnection::Starting::forbidden);
+    if (reply)
+        return std::move(reply).value();
+    if (!isRunning())
+        return Failure { std::string("Zanthe Vell is not running.") };
+    return Failure { "The running program did not do it: " + reply.error().message };
 }
 
 MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments)
 {
-    auto const answer = ask(method, arguments);
-    if (!answer)
-        return answer.error();
-    g_variant_unref(*answer);
-    return std::nullopt;
+    auto const answer = ask(method, owned(arguments), nullptr);
+    return answer ? std::nullopt : std::optional(answer.error());
 }
 
 bool BusRunningProgram::isRunning() const
 {
-    Connection const connection;
-    if (!connection.bus)
-        return false;
-    VariantRef const answer(g_dbus_connection_call_sync(connection.bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
-        g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE, patience, nullptr, nullptr));
-    gboolean hasOwner = FALSE;
-    if (answer)
-        g_variant_get(answer.get(), "(b)", &hasOwner);
-    return hasOwner;
+    auto const* const session = bus();
+    return session && session->hasOwner(program.service, Deadline(patience));
 }
 
 MaybeFailure<> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
@@ -101,31 +58,23 @@ MaybeFailure<> BusRunningProgram::openSettings() { return tell("OpenSettings", n
 
 MaybeFailure<> BusRunningProgram::quit() { return tell("Quit", nullptr); }
 
-Result<std::string> BusRunningProgram::hotkeys()
+/// As addresses: a path may hold bytes that no text on a bus may.
+MaybeFailure<> BusRunningProgram::addFiles(std::vector<Url> const& files)
 {
-    auto const answer = ask("Hotkeys", nullptr);
-    if (!answer)
-        return Failure { answer.error() };
-    VariantRef const owned(*answer);
-    if (!g_variant_is_of_type(owned.get(), G_VARIANT_TYPE("(s)")))
-        return Failure { std::string("The running program's answer is not what was asked for.") };
-    char const* json = nullptr;
-    g_variant_get(owned.get(), "(&s)", &json);
-    return std::string(json);
+    std::vector<char const*> addresses;
+    for (auto const& file : files)
+        addresses.push_back(file.toString().c_str());
+    return tell("AddFiles", g_variant_new("(@as)", g_variant_new_strv(addresses.data(), static_cast<gssize>(addresses.size()))));
 }
 
-MaybeFailure<> BusRunningProgram::addFiles(std::vector<std::string> const& paths)
+Result<std::string> BusRunningProgram::hotkeys()
 {
-    GVariantBuilder builder;
-    g_variant_builder_init(&builder, G_VARIANT_TYPE("(as)"));
-    g_variant_builder_open(&builder, G_VARIANT_TYPE("as"));
-    for (auto const& file : paths) {
-        if (!g_utf8_validate(file.c_str(), -1, nullptr))
-            continue;
-        g_variant_builder_add(&builder, "s", file.c_str());
-    }
-    g_variant_builder_close(&builder);
-    return tell("AddFiles", g_variant_builder_end(&builder));
+    auto const answer = ask("Hotkeys", nullptr, "(s)");
+    if (!answer)
+        return Failure { answer.error() };
+    char const* json = nullptr;
+    g_variant_get(answer->get(), "(&s)", &json);
+    return std::string(json);
 }
 
 } // namespace zv

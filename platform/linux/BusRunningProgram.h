@@ -1,12 +1,11 @@
 #pragma once
 
 #include "platform/RunningProgram.h"
+#include "platform/linux/BusConnection.h"
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
-
-typedef struct _GVariant GVariant;
 
 namespace zv {
 
@@ -14,23 +13,20 @@ namespace zv {
 /// most; connects at the first question.
 class BusRunningProgram : public RunningProgram {
 public:
-    BusRunningProgram();
-    ~BusRunningProgram() override;
-
     bool isRunning() const override;
     MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
     MaybeFailure<> openSettings() override;
     MaybeFailure<> quit() override;
+    MaybeFailure<> addFiles(std::vector<Url> const& files) override;
     Result<std::string> hotkeys() override;
-    /// Absolute paths of files for the Items folder.
-    MaybeFailure<> addFiles(std::vector<std::string> const& paths);
 
 private:
-    struct Connection;
-    [[nodiscard]] Result<GVariant*> ask(char const* method, GVariant* arguments);
+    [[nodiscard]] BusConnection const* bus() const;
+    [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType);
     [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments);
 
-    std::unique_ptr<Connection> m_connection;
+    mutable bool m_isConnected = false; ///< or that was tried in vain
+    mutable std::optional<BusConnection> m_bus;
 };
 
 } // namespace zv

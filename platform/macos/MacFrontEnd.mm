@@ -24,7 +24,7 @@ Url homeFolder() { return fromNSURL([[NSFileManager defaultManager] homeDirector
 MacFrontEnd::MacFrontEnd()
     : m_settingsWindow(makeSettingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }))
     , m_app(std::make_unique<ZantheVellApp>(platform()))
-    , m_services([[ZVServicesProvider alloc] initWithFunction:[this](std::vector<Url> files) { m_app->addFiles(std::move(files)); }])
+    , m_services([[ZVServicesProvider alloc] initWithFunction:[this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); }])
 {
 }
 

@@ -2,11 +2,9 @@
 
 #import "platform/macos/Conversions.h"
 
-#include "app/actions/AddToItemsService.h"
-
 @implementation ZVServicesProvider
 
-- (instancetype)initWithFunction:(std::function<void(std::vector<zv::Url>)>)add
+- (instancetype)initWithFunction:(std::function<zv::MaybeFailure<>(std::vector<zv::Url>)>)add
 {
     if ((self = [super init]))
         _add = std::move(add);
@@ -20,10 +18,9 @@
     std::vector<zv::Url> files;
     for (NSURL* url in [pasteboard readObjectsForClasses:classes options:options])
         files.push_back(zv::fromNSURL(url));
-    if (!files.empty())
-        return _add(std::move(files));
-    if (error)
-        *error = zv::toNSString(zv::AddToItemsService::noFilesText);
+    auto const failure = _add(std::move(files));
+    if (failure && error)
+        *error = zv::toNSString(*failure);
 }
 
 @end

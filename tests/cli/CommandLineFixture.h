@@ -26,6 +26,13 @@ public:
     }
     MaybeFailure<> openSettings() override { return note("settings"); }
     MaybeFailure<> quit() override { return note("quit"); }
+    MaybeFailure<> addFiles(std::vector<Url> const& files) override
+    {
+        std::string request = "add";
+        for (auto const& file : files)
+            request += ' ' + file.toString();
+        return note(request);
+    }
     Result<std::string> hotkeys() override
     {
         if (failure)

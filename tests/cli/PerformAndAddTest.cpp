@@ -7,12 +7,13 @@ namespace {
 struct EntryPathTest : testing::Test {
     EntryPathTest()
     {
-        auto const folder = std::make_shared<Menu>("Home");
         menu->entries = { MenuEntry::disabled("Café"), action("Café"), MenuEntry::separator(), action("R&D"), MenuEntry::disabled("Gone") };
-        MenuEntry home;
-        home.title = "Home";
-        home.submenu = folder;
-        menu->entries.push_back(home);
+        for (auto const* title : { "Home", "Shortcuts" }) {
+            MenuEntry entry;
+            entry.title = title;
+            entry.submenu = std::make_shared<Menu>(title);
+            menu->entries.push_back(entry);
+        }
     }
     static MenuEntry action(std::string title)
     {
@@ -21,10 +22,16 @@ struct EntryPathTest : testing::Test {
         entry.target = std::make_shared<MenuActionTarget>([] {});
         return entry;
     }
-    /// What was found, or why nothing was; submenus list one document when they open.
+    static MenuEntry unavailable()
+    {
+        auto entry = MenuEntry::disabled("Shortcuts Unavailable");
+        entry.toolTip = "Broken.";
+        return entry;
+    }
+    /// What was found, or why nothing was; submenus fill when they open.
     std::string find(std::vector<std::string> const& titles)
     {
-        auto const entry = entryAt(menu, titles, [](Menu& opened) { opened.entries = { action("a.txt") }; });
+        auto const entry = entryAt(menu, titles, [](Menu& opened) { opened.entries = { opened.title == "Home" ? action("a.txt") : unavailable() }; });
         return entry ? entry->title + (entry->enabled ? "" : " (disabled)") : entry.error();
     }
     std::shared_ptr<Menu> menu = std::make_shared<Menu>();
@@ -44,6 +51,7 @@ TEST_F(EntryPathTest, FollowsTheTitles)
         { { "Home" }, "Home", "a submenu itself" },
         { { "Home", "a.txt" }, "a.txt", "it opens on the way" },
         { { "Home", "b.txt" }, "there is no “b.txt” in “Home”", "not in there" },
+        { { "Shortcuts", "X" }, "there is no “X” in “Shortcuts”: Shortcuts Unavailable: Broken.", "for a reason" },
         { { "b.txt" }, "there is no “b.txt” in the menu", "not at all" },
         { { "R&D", "a.txt" }, "“R&D” has no submenu", "a command" },
         { { "" }, "there is no “” in the menu", "separators have no title to match" },
@@ -84,7 +92,20 @@ TEST_F(AddCommandTest, SaysInOneLineWhatWentWrong)
     EXPECT_EQ(run({ "add" }).status, 2);
     files.erase("/data/Items");
     addFile("/data/Items", "a file");
-    EXPECT_EQ(run({ "add", "Work" }), (Outcome { 1, "", "zanthe-vell: The Zanthe Vell Items folder could not be created. /data/Items  File exists\n" }));
+    EXPECT_EQ(run({ "add", "Work" }), (Outcome { 1, "", "zanthe-vell: The Zanthe Vell Items folder could not be created. /data/Items File exists\n" }));
+}
+
+TEST_F(AddCommandTest, WithAlertTheRunningProgramAddsAndTells)
+{
+    addFile("/here/\xff.txt", "");
+    EXPECT_EQ(run({ "add", "--alert", "gone", "\xff.txt" }), (Outcome { 0, "", "" }));
+    EXPECT_EQ(program.asked, (std::vector<std::string> { "add file:///here/gone file:///here/%FF.txt" })) << "any name reaches it";
+    EXPECT_EQ(target("gone"), "none");
+
+    program.failure = "Zanthe Vell is not running.";
+    EXPECT_EQ(run({ "add", "--alert", "Report.pdf" }), (Outcome { 0, "", "" })) << "without it, it is added all the same";
+    EXPECT_EQ(target("Report.pdf"), "/here/Report.pdf");
+    EXPECT_EQ(run({ "add", "--alert", "gone" }).status, 1);
 }
 
 TEST_F(AddCommandTest, PerformNeedsATitle)

@@ -88,6 +88,39 @@ def home_page():
     return values.get("HOME_URL", "https://www.apple.com/macos/").strip('"')
 
 
+def calls_in(log):
+    """What a mock was called, without the times; it is forgotten then."""
+    with open(log, encoding="utf-8") as file:
+        lines = [" ".join(line.split()[1:]) for line in file]
+    open(log, "w", encoding="utf-8").close()
+    return lines
+
+
+class FileManager:
+    """A file manager that only notes what it shows."""
+
+    NAME = "org.freedesktop.FileManager1"
+    PATH = "/org/freedesktop/FileManager1"
+
+    def __init__(self, bus):
+        self.log = os.path.join(tempfile.mkdtemp(dir=HOME), "calls")
+        self.process = subprocess.Popen(["/usr/bin/python3", "-m", "dbusmock", "--session", "-l", self.log, self.NAME, self.PATH, self.NAME],
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(lambda: bus.has_owner(self.NAME), 10)
+        bus.call(self.NAME, self.PATH, "org.freedesktop.DBus.Mock", "AddMethod",
+                 desktop.GLib.Variant("(sssss)", (self.NAME, "ShowItems", "ass", "", "")))
+
+    def shown(self):
+        return calls_in(self.log)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait()
+
+
 class LoginService:
     """A login service on a system bus of the test's own, which can start nothing."""
 
@@ -112,10 +145,7 @@ class LoginService:
                    method, "b", "", code)
 
     def calls(self):
-        with open(self.log, encoding="utf-8") as log:
-            lines = [" ".join(line.split()[1:]) for line in log]
-        open(self.log, "w", encoding="utf-8").close()
-        return [line for line in lines if not line.startswith("Can")]
+        return [line for line in calls_in(self.log) if not line.startswith("Can")]
 
     def stop(self):
         for process in reversed(self.processes):
@@ -142,8 +172,10 @@ class ActionsTest(unittest.TestCase):
               "MimeType=inode/directory;x-scheme-handler/https;text/plain;\n")
         write(os.path.join(HOME, ".config/mimeapps.list"),
               "[Default Applications]\ninode/directory=handler.desktop\nx-scheme-handler/https=handler.desktop\ntext/plain=handler.desktop\n")
-        desktop.set_menu([(kind, kind, None) for kind in COMMANDS]
-                         + [("FSObject", "Launch", entry), ("FSObject", "Vanishing", os.path.join(HOME, "vanishing.txt"))])
+        write(os.path.join(HOME, "Broken.desktop"), "no entry")
+        desktop.set_menu([(kind, kind, None) for kind in [*COMMANDS, "OpenWith"]]
+                         + [("FSObject", "Launch", entry), ("FSObject", "Broken", os.path.join(HOME, "Broken.desktop")),
+                            ("FSObject", "Vanishing", os.path.join(HOME, "vanishing.txt"))])
         desktop.zv("prefs", "write", "ReplaceAppleMenu", "false")
 
     @classmethod
@@ -156,9 +188,17 @@ class ActionsTest(unittest.TestCase):
         started()
         self.login.calls()
 
+    def surroundings(self, name, **more):
+        return {"PATH": FAKES, "XDG_CURRENT_DESKTOP": name, "DBUS_SYSTEM_BUS_ADDRESS": self.login.address, **more}
+
     def program(self, name="XFCE", **more):
-        return Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE=None, PATH=FAKES, XDG_CURRENT_DESKTOP=name,
-                       **{"DBUS_SYSTEM_BUS_ADDRESS": self.login.address, **more})
+        return Program(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE=None, **self.surroundings(name, **more))
+
+    def command(self, *words, **more):
+        """What a command of the program answers: its status, standard output, standard error."""
+        done = subprocess.run([desktop.PROGRAM, *words], env={**os.environ, **self.surroundings("XFCE", **more)}, capture_output=True, text=True,
+                              check=False, timeout=30)
+        return done.returncode, done.stdout, done.stderr
 
     def open_menu(self):
         menu = BusMenu(self.bus, wait_until(self.bus.items, 10, "an icon in the panel")[0])
@@ -260,17 +300,91 @@ class ActionsTest(unittest.TestCase):
             time.sleep(1)
             self.assertEqual((started(), alerts()), ([], []), "what vanished does nothing, silently")
 
+    def test_command_reveals_instead(self):
+        shown = f'ShowItems ["file://{HOME}/Launch.desktop"] ""'
+        with FileManager(self.bus) as manager, Panel(), self.program():
+            self.assertEqual(self.command("perform", "--command", "Launch"), (0, "", ""))
+            self.assertEqual(wait_until(manager.shown, 10, "it is revealed"), [shown])
+            self.assertEqual(self.command("show", "--at", "40,40"), (0, "", ""))
+            wait_until(desktop.windows, 5, "the menu")
+            desktop.keys("l", "a", "u", "Down")
+            subprocess.run(["xdotool", "keydown", "ctrl", "key", "--delay", "50", "Return", "keyup", "ctrl"], check=True)
+            self.assertEqual(wait_until(manager.shown, 10, "it is revealed"), [shown])
+        self.assertEqual(started(), [])
+
+    def test_on_a_command_line_the_same_failures_are_one_line(self):
+        def not_completed(kind, failure):
+            return f"“{kind}” could not be completed. {failure}"
+
+        question = " Applications are closed without asking. Unsaved changes are lost."
+        rows = [
+            ("AppStore", not_completed("AppStore", NO_PROGRAM)), ("DockPrefs", not_completed("DockPrefs", NO_PROGRAM)),
+            ("ForceQuit", not_completed("ForceQuit", NO_EQUIVALENT)), ("DockHiding", not_completed("DockHiding", NO_EQUIVALENT)),
+            ("Sleep", not_completed("Sleep", "sendFailed(-600)")), ("LogOutForced", not_completed("LogOutForced", "sendFailed(-600)")),
+            ("Restart", "Do you want to restart the computer now?" + question),
+            ("LogOut", "Do you want to quit all applications and log out now?" + question),
+            ("CustomizeZantheVell", "Zanthe Vell is not running."), ("QuitZantheVell", "Zanthe Vell is not running."),
+            ("OpenWith", "“OpenWith” cannot be chosen: Acts on the Finder selection. Zanthe delivered this through a contextual menu plug-in, "
+             "which macOS no longer supports."),
+            ("Broken", f"could not open file://{HOME}/Broken.desktop: no application entry that can be started"),
+            ("Nothing", "there is no “Nothing” in the menu"),
+        ]
+        for title, failure in rows:
+            self.assertEqual(self.command("perform", title, DBUS_SYSTEM_BUS_ADDRESS="unix:path=/nowhere"), (1, "", f"zanthe-vell: {failure}\n"))
+        self.login.replace("Suspend", "import dbus; raise dbus.exceptions.DBusException('No.', name='org.freedesktop.DBus.Error.AccessDenied')")
+        self.assertEqual(self.command("perform", "Sleep"), (1, "", "zanthe-vell: “Sleep” could not be completed. sendFailed(-10004)\n"))
+        self.login.replace("Suspend", "")
+        self.assertEqual(self.command("perform", "Sleep"), (0, "", ""))
+        status, text, failure = self.command("perform", "AboutThisMac")
+        self.assertEqual((status, failure), (0, ""))
+        self.assertIn("Kernel: Linux", text)
+        self.assertEqual(self.command("perform", "Launch"), (0, "", ""))
+        self.assertEqual(wait_until(started, 5, "it is launched"), ["launched"])
+        install("xfce4-settings-manager")
+        self.assertEqual(self.command("perform", "SimpleSystemPrefs"), (0, "", ""))
+        self.assertEqual(started(), ["xfce4-settings-manager"])
+
+    def add_files(self, *names):
+        self.bus.call(desktop.NAME, "/org/zanthevell/ZantheVell", desktop.NAME, "AddFiles", desktop.GLib.Variant("(as)", (names,)))
+
     def test_adding_through_the_running_program_tells_what_went_wrong(self):
         with Panel(), self.program():
             wait_until(lambda: self.bus.has_owner(desktop.NAME), 10)
-            call = [desktop.NAME, "/org/zanthevell/ZantheVell", desktop.NAME, "AddFiles"]
-            write(os.path.join(HOME, "Added.txt"), "x")
-            self.bus.call(*call, desktop.GLib.Variant("(as)", ([os.path.join(HOME, "Added.txt")],)))
-            wait_until(lambda: os.path.islink(os.path.join(ITEMS, "Added.txt")), 5)
-            self.bus.call(*call, desktop.GLib.Variant("(as)", (["/gone"],)))
+            for name in ("Added.txt", '"quoted"', "two\nlines", " .leading"):
+                write(os.path.join(HOME, name), "x")
+                self.add_files(os.path.join(HOME, name))
+                wait_until(lambda: os.path.islink(os.path.join(ITEMS, name)), 5, name)
+            for nothing in ((), ("Added.txt",), ("https://a.b/c",)):
+                with self.assertRaisesRegex(desktop.GLib.Error, "No files or folders were sent to Zanthe Vell."):
+                    self.add_files(*nothing)
+            gone = ("“gone” could not be added to Zanthe Vell Items.", "“gone” — No such file or directory")
+            self.add_files("/gone")
             alert = Alert()
-            self.assertEqual((alert.message, alert.text), ("“gone” could not be added to Zanthe Vell Items.", "“gone” — No such file or directory"))
+            self.assertEqual((alert.message, alert.text), gone)
+            desktop.keys("Escape")
+            wait_until(lambda: not alerts(), 5, "Escape closes the alert")
+            self.assertEqual(self.command("add", "--alert", "/gone", os.path.join(HOME, "Added.txt")), (0, "", ""))
+            alert = Alert()
+            self.assertEqual((alert.message, alert.text), ("1 of 2 items could not be added to Zanthe Vell Items.", gone[1]))
             alert.press("OK")
+            self.assertTrue(os.path.islink(os.path.join(ITEMS, "Added 2.txt")))
+
+            os.rename(ITEMS, ITEMS + " before")
+            write(ITEMS, "a file")
+            self.add_files(os.path.join(HOME, "Added.txt"))
+            alert = Alert()
+            self.assertEqual((alert.message, alert.text), ("The Zanthe Vell Items folder could not be created.", f"{ITEMS}\n\nFile exists"))
+            alert.press("OK")
+            os.remove(ITEMS)
+            os.rename(ITEMS + " before", ITEMS)
+
+    def test_adding_at_the_same_moment_overwrites_nothing(self):
+        file = os.path.join(HOME, "Same.txt")
+        write(file, "x")
+        adding = [subprocess.Popen([desktop.PROGRAM, "add", file]) for _ in range(12)]
+        self.assertEqual([process.wait(20) for process in adding], [0] * 12)
+        names = {name for name in os.listdir(ITEMS) if name.startswith("Same")}
+        self.assertEqual(names, {"Same.txt", *(f"Same {number}.txt" for number in range(2, 13))})
 
     def test_quitting_ends_the_program(self):
         with Panel(), self.program() as program:

@@ -24,7 +24,8 @@ _zanthe_vell() {
     menu) mapfile -t COMPREPLY < <(compgen -W "--json --option --expand" -- "$current") ;;
     hotkeys | doctor) mapfile -t COMPREPLY < <(compgen -W "--json" -- "$current") ;;
     show) mapfile -t COMPREPLY < <(compgen -W "--at" -- "$current") ;;
-    add | export) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+    add) mapfile -t COMPREPLY < <(compgen -f -W "--alert" -- "$current") ;;
+    export) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
     import) mapfile -t COMPREPLY < <(compgen -f -W "--check" -- "$current") ;;
     prefs)
         if ((COMP_CWORD == 2)); then

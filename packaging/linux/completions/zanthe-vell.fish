@@ -35,6 +35,7 @@ complete -c zanthe-vell -n '__fish_seen_subcommand_from menu hotkeys doctor' -l 
 complete -c zanthe-vell -n '__fish_seen_subcommand_from menu' -l option
 complete -c zanthe-vell -n '__fish_seen_subcommand_from menu' -l expand -x
 complete -c zanthe-vell -n '__fish_seen_subcommand_from show' -l at -x
+complete -c zanthe-vell -n '__fish_seen_subcommand_from add' -l alert
 complete -c zanthe-vell -n '__fish_seen_subcommand_from import' -l check
 complete -c zanthe-vell -n '__fish_seen_subcommand_from add export import' -F
 complete -c zanthe-vell -n '__fish_seen_subcommand_from prefs' -a 'read write reset'

@@ -11,5 +11,5 @@ class AddToZantheVellItems(GObject.GObject, Nautilus.MenuProvider):
         if not paths or None in paths:
             return []
         item = Nautilus.MenuItem(name="ZantheVell::Add", label="Add to Zanthe Vell Items", icon="org.zanthevell.ZantheVell")
-        item.connect("activate", lambda _: subprocess.Popen(["zanthe-vell", "add", "--", *paths]))
+        item.connect("activate", lambda _: subprocess.Popen(["zanthe-vell", "add", "--alert", "--", *paths]))
         return [item]

@@ -1,8 +1,8 @@
 #include "platform/linux/qt/BusProgram.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
-#include <QUrl>
 
 namespace zv {
 
@@ -18,7 +18,7 @@ constexpr char const* introspection = R"xml(
   <method name="ShowMenuAt"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
   <method name="OpenSettings"/>
   <method name="Quit"/>
-  <method name="AddFiles"><arg name="paths" type="as" direction="in"/></method>
+  <method name="AddFiles"><arg name="files" type="as" direction="in"/></method>
   <method name="Hotkeys"><arg name="json" type="s" direction="out"/></method>
 </interface>
 <interface name="org.freedesktop.Application">
@@ -32,13 +32,16 @@ constexpr char const* introspection = R"xml(
 </interface>
 )xml";
 
+/// An absolute path, or an address.
+std::optional<Url> fileNamed(std::string const& name) { return name.starts_with('/') ? Url::fromPath(name) : Url::parse(name); }
+
 } // namespace
 
 struct BusProgram::Method {
     char const* interface;
     char const* name;
     char const* signature;
-    QVariantList (BusProgram::*answer)(QVariantList const&);
+    Answer (BusProgram::*answer)(QVariantList const&);
 
     [[nodiscard]] static Method const* find(QDBusMessage const& message)
     {
@@ -52,7 +55,7 @@ struct BusProgram::Method {
             { own, "AddFiles", "as", &BusProgram::addFiles },
             { own, "Hotkeys", "", &BusProgram::hotkeys },
             { desktop, "Activate", "a{sv}", &BusProgram::openSettings },
-            { desktop, "Open", "asa{sv}", &BusProgram::openUrls },
+            { desktop, "Open", "asa{sv}", &BusProgram::addFiles },
             { desktop, "ActivateAction", "sava{sv}", &BusProgram::activateAction },
         };
         for (auto const& method : methods) {
@@ -96,55 +99,54 @@ bool BusProgram::handleMessage(QDBusMessage const& message, QDBusConnection cons
     if (!method)
         return false;
     auto const answer = (this->*method->answer)(message.arguments());
-    return !message.isReplyRequired() || connection.send(message.createReply(answer));
+    if (!message.isReplyRequired())
+        return true;
+    return connection.send(answer ? message.createReply(*answer) : message.createErrorReply(QDBusError::Failed, QString::fromStdString(answer.error())));
 }
 
 /// After the answer was sent: who asks never waits for what it asked for.
 void BusProgram::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
 
-QVariantList BusProgram::showMenu(QVariantList const&)
+BusProgram::Answer BusProgram::showMenu(QVariantList const&)
 {
     later([this] { m_requests.showMenu(std::nullopt); });
-    return {};
+    return QVariantList {};
 }
 
-QVariantList BusProgram::showMenuAt(QVariantList const& arguments)
+BusProgram::Answer BusProgram::showMenuAt(QVariantList const& arguments)
 {
     later([this, at = QPoint(arguments[0].toInt(), arguments[1].toInt())] { m_requests.showMenu(at); });
-    return {};
+    return QVariantList {};
 }
 
-QVariantList BusProgram::openSettings(QVariantList const&)
+BusProgram::Answer BusProgram::openSettings(QVariantList const&)
 {
     later([this] { m_requests.openSettings(); });
-    return {};
+    return QVariantList {};
 }
 
-QVariantList BusProgram::quit(QVariantList const&)
+BusProgram::Answer BusProgram::quit(QVariantList const&)
 {
     later([this] { m_requests.quit(); });
-    return {};
+    return QVariantList {};
 }
 
-QVariantList BusProgram::addFiles(QVariantList const& arguments)
+/// Only notes what to add: who asks never waits for the adding either.
+BusProgram::Answer BusProgram::addFiles(QVariantList const& arguments)
 {
-    later([this, paths = arguments[0].toStringList()] { m_requests.addFiles(paths); });
-    return {};
-}
-
-QVariantList BusProgram::hotkeys(QVariantList const&) { return { m_requests.hotkeys() }; }
-
-QVariantList BusProgram::openUrls(QVariantList const& arguments)
-{
-    QStringList paths;
-    for (auto const& url : arguments[0].toStringList()) {
-        if (QUrl const parsed(url); parsed.isLocalFile())
-            paths.append(parsed.toLocalFile());
+    std::vector<Url> files;
+    for (auto const& name : arguments[0].toStringList()) {
+        if (auto file = fileNamed(name.toStdString()))
+            files.push_back(std::move(*file));
     }
-    return addFiles({ paths });
+    if (auto const failure = m_requests.addFiles(std::move(files)))
+        return Failure { *failure };
+    return QVariantList {};
 }
 
-QVariantList BusProgram::activateAction(QVariantList const& arguments)
+BusProgram::Answer BusProgram::hotkeys(QVariantList const&) { return QVariantList { m_requests.hotkeys() }; }
+
+BusProgram::Answer BusProgram::activateAction(QVariantList const& arguments)
 {
     return arguments[0].toString() == QLatin1String("show-menu") ? showMenu({}) : openSettings({});
 }

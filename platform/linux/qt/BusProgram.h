@@ -1,12 +1,15 @@
 #pragma once
 
+#include "base/Result.h"
+#include "base/Url.h"
+
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
 #include <QPoint>
-#include <QStringList>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -15,7 +18,7 @@ struct ProgramRequests {
     std::function<void(std::optional<QPoint>)> showMenu; ///< in pixels; at the pointer when it is not said
     std::function<void()> openSettings;
     std::function<void()> quit;
-    std::function<void(QStringList)> addFiles; ///< absolute paths
+    std::function<MaybeFailure<>(std::vector<Url>)> addFiles; ///< what is no file is ignored
     std::function<QString()> hotkeys; ///< as JSON
 };
 
@@ -37,14 +40,14 @@ public:
 
 private:
     struct Method;
-    QVariantList showMenu(QVariantList const& arguments);
-    QVariantList showMenuAt(QVariantList const& arguments);
-    QVariantList openSettings(QVariantList const& arguments);
-    QVariantList quit(QVariantList const& arguments);
-    QVariantList addFiles(QVariantList const& arguments);
-    QVariantList hotkeys(QVariantList const& arguments);
-    QVariantList openUrls(QVariantList const& arguments);
-    QVariantList activateAction(QVariantList const& arguments);
+    using Answer = Result<QVariantList>; ///< a failure is a sentence for who asked
+    Answer showMenu(QVariantList const& arguments);
+    Answer showMenuAt(QVariantList const& arguments);
+    Answer openSettings(QVariantList const& arguments);
+    Answer quit(QVariantList const& arguments);
+    Answer addFiles(QVariantList const& arguments);
+    Answer hotkeys(QVariantList const& arguments);
+    Answer activateAction(QVariantList const& arguments);
 
     void later(std::function<void()> request);
 

@@ -167,12 +167,7 @@ ProgramRequests LinuxFrontEnd::requests()
         [this](std::optional<QPoint> at) { showMenu(at); },
         [this] { m_app->reopen(); },
         [this] { m_application.terminate(); },
-        [this](QStringList const& paths) {
-            std::vector<Url> files;
-            for (auto const& path : paths)
-                files.push_back(Url::fromPath(path.toStdString()));
-            m_app->addFiles(std::move(files));
-        },
+        [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
         [this] { return QString::fromStdString(m_app->hotkeyReport()); },
     };
 }
