@@ -73,6 +73,13 @@ private:
     Failures& m_failures;
 };
 
+/// Lines of the log begin with the name of the program, which a command says itself.
+std::string withoutProgramName(std::string const& line)
+{
+    constexpr std::string_view name = "Zanthe Vell: ";
+    return line.starts_with(name) ? line.substr(name.size()) : line;
+}
+
 struct ArgumentKeys : ModifierKeys {
     ModifierMask current() const override { return held; }
     ModifierMask ofCurrentEvent() const override { return held; }
@@ -149,7 +156,7 @@ SubmenuFiller& CommandLineActions::locations() { return m_parts->locations; }
 std::vector<std::string> CommandLineActions::choose(MenuEntry const& entry, ModifierMask held)
 {
     // What the program would have logged is a failure that nobody else tells here.
-    LogCapture const log([this](std::string const& line) { m_parts->failures.push_back(line); });
+    LogCapture const log([this](std::string const& line) { m_parts->failures.push_back(withoutProgramName(line)); });
     m_parts->keys.held = held;
     entry.target->invoke();
     m_parts->turnUntil([this] { return m_parts->pending.isZero(); }, noLimit);

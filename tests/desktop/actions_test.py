@@ -305,6 +305,7 @@ class ActionsTest(unittest.TestCase):
         with FileManager(self.bus) as manager, Panel(), self.program():
             self.assertEqual(self.command("perform", "--command", "Launch"), (0, "", ""))
             self.assertEqual(wait_until(manager.shown, 10, "it is revealed"), [shown])
+            wait_until(lambda: self.bus.has_owner(desktop.NAME), 10)
             self.assertEqual(self.command("show", "--at", "40,40"), (0, "", ""))
             wait_until(desktop.windows, 5, "the menu")
             desktop.keys("l", "a", "u", "Down")
