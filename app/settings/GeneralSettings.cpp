@@ -137,9 +137,10 @@ SettingsSection GeneralSettings::updates()
     auto& updater = m_services.updater;
     auto const problem = updater.startProblem();
     SettingsSection section { "Updates", {} };
-    section.rows.push_back(toggle("checksAutomatically", "Look for updates automatically",
-        "Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer.", updater.checksAutomatically(),
-        [&](bool on) { updater.setChecksAutomatically(on); }));
+    section.rows.push_back(toggle(
+        "checksAutomatically", "Look for updates automatically", "", updater.checksAutomatically(), [&](bool on) { updater.setChecksAutomatically(on); }));
+    section.rows.push_back(
+        note("updatePrivacy", "Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer."));
     auto check = button("checkNow", "Check Now", [&] { updater.checkForUpdates(); });
     check.isEnabled = updater.canCheckForUpdates();
     section.rows.push_back(std::move(check));

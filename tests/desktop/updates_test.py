@@ -106,6 +106,7 @@ class UpdatesTest(unittest.TestCase):
 
     def test_a_signed_newer_version_is_handed_over(self):
         self.offer("99.0", b"!<arch>\nthe package")
+        found("Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer.")
         self.check_now()
         found("Zanthe Vell 99.0 is available. You have 0.9.0.")
         self.assertEqual(Feed.requests, [("/appcast.xml", {"User-Agent": "Zanthe Vell", "Accept-Language": "*", "Connection": "Keep-Alive"})],
