@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -10,58 +9,84 @@ namespace zv {
 
 namespace {
 
-/// Drawn large, so that curves stay curves when shapes are united.
-constexpr double kUnit = 40;
-constexpr double kWidth = 12.5 * kUnit;
-constexpr double kHeight = 15.5 * kUnit;
+double radians(double degrees) { return degrees * std::numbers::pi / 180; }
 
-QPainterPath leaf(QPointF stalk, double angle, double length, double width)
+/// A wreath is two branches, each half of an oval that is open at its top. Angles run from
+/// its foot. Few and bold leaves, as it is mostly seen sixteen pixels high.
+constexpr double kAcross = 4.2;
+constexpr double kUp = 6.2;
+constexpr double kFoot = -20; // crosses over to the other branch
+constexpr double kEnd = 118;
+constexpr double kStem = 1.3;
+
+struct Leaf {
+    double along;
+    double lean; ///< out of the branch's own direction
+    double length;
+    double breadth;
+};
+constexpr Leaf kLeaves[] = {
+    { 4, 26, 5.0, 1.5 },
+    { 36, 26, 5.0, 1.5 },
+    { 66, 26, 5.0, 1.5 },
+    { 94, 26, 5.0, 1.5 },
+    { kEnd, -10, 4.6, 1.4 },
+};
+
+QPointF onBranch(double degrees) { return { kAcross * std::sin(radians(degrees)), kUp * std::cos(radians(degrees)) }; }
+
+QPainterPath outline(Leaf const& leaf)
 {
     QPainterPath path;
-    path.cubicTo(length * 0.25, -width * 0.75, length * 0.7, -width * 0.6, length, 0);
-    path.cubicTo(length * 0.7, width * 0.6, length * 0.25, width * 0.75, 0, 0);
+    auto const at = [&](double forward, double aside) { return QPointF(forward * leaf.length, aside * leaf.breadth); };
+    path.cubicTo(at(0.22, -1.25), at(0.68, -1.2), at(1, 0));
+    path.cubicTo(at(0.68, 1.2), at(0.22, 1.25), at(0, 0));
+    double const along = radians(leaf.along);
     QTransform place;
-    place.translate(stalk.x(), stalk.y());
-    place.rotateRadians(angle);
+    place.translate(onBranch(leaf.along).x(), onBranch(leaf.along).y());
+    place.rotateRadians(std::atan2(-kUp * std::sin(along), kAcross * std::cos(along)) + radians(leaf.lean));
     return place.map(path);
 }
 
-/// A sprig: one leaf at the top, two pairs below it, a stem. Few and bold, as it is mostly
-/// seen sixteen pixels high.
-QPainterPath laurelSprig()
+QPainterPath stem()
 {
-    constexpr double middle = kWidth / 2;
-    constexpr double lift = 0.72; // radians above the horizontal
-    constexpr double topLeaf = 6.0 * kUnit;
-    constexpr double length = 6.9 * kUnit;
-    constexpr double width = 3.3 * kUnit;
-    constexpr double stem = 0.9 * kUnit;
-
-    auto sprig = leaf({ middle, topLeaf }, -std::numbers::pi / 2, topLeaf, width * 1.05);
-    for (double const y : { 9.4 * kUnit, 14.0 * kUnit }) {
-        sprig = sprig.united(leaf({ middle + stem / 4, y }, -lift, length, width));
-        sprig = sprig.united(leaf({ middle - stem / 4, y }, std::numbers::pi + lift, length, width));
-    }
-    QPainterPath stalk;
-    stalk.addRoundedRect(QRectF(middle - stem / 2, 2 * kUnit, stem, kHeight - 2.2 * kUnit), stem / 2, stem / 2);
-    return sprig.united(stalk);
+    QPainterPath line(onBranch(kFoot));
+    for (double degrees = kFoot; degrees <= kEnd; degrees += 3)
+        line.lineTo(onBranch(degrees));
+    QPainterPathStroker stroker;
+    stroker.setWidth(kStem);
+    stroker.setCapStyle(Qt::RoundCap);
+    return stroker.createStroke(line);
 }
 
-/// As large as it can be in the middle of the rectangle.
-QTransform fitting(QRectF const& path, QRectF const& rect)
+QPainterPath laurelWreath()
 {
-    double const scale = std::min(rect.width() / path.width(), rect.height() / path.height());
-    QTransform fit;
-    fit.translate(rect.center().x(), rect.center().y());
-    fit.scale(scale, scale);
-    fit.translate(-path.center().x(), -path.center().y());
-    return fit;
+    QPainterPath wreath;
+    wreath.setFillRule(Qt::WindingFill);
+    auto const addToBoth = [&](QPainterPath const& part) {
+        wreath.addPath(part);
+        wreath.addPath(QTransform::fromScale(-1, 1).map(part).toReversed());
+    };
+    addToBoth(stem());
+    for (auto const& leaf : kLeaves)
+        addToBoth(outline(leaf));
+    return wreath;
+}
+
+/// Filling the rectangle, as masks do.
+QTransform stretching(QRectF const& from, QRectF const& to)
+{
+    QTransform stretch;
+    stretch.translate(to.center().x(), to.center().y());
+    stretch.scale(to.width() / from.width(), to.height() / from.height());
+    stretch.translate(-from.center().x(), -from.center().y());
+    return stretch;
 }
 
 } // namespace
 
 LaurelMask::LaurelMask()
-    : m_path(laurelSprig())
+    : m_path(laurelWreath())
 {
 }
 
@@ -84,7 +109,7 @@ void LogoCanvas::clipToMask(Mask const& mask, Rect const& rect)
 {
     m_clipRect = rect;
     auto const& path = static_cast<LaurelMask const&>(mask).path();
-    m_clip = fitting(path.boundingRect(), toImage(rect)).map(path);
+    m_clip = stretching(path.boundingRect(), toImage(rect)).map(path);
 }
 
 void LogoCanvas::setFillColor(Color const& color)
@@ -92,13 +117,10 @@ void LogoCanvas::setFillColor(Color const& color)
     m_color = QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green), static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
-/// Adds up: where two bands share a row of pixels, each covers its part and together all of it.
+/// Whole pixels: at the rim it is the clip that thins them out.
 void LogoCanvas::fill(Rect const& rect)
 {
-    QPainter painter(&m_layer);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setCompositionMode(QPainter::CompositionMode_Plus);
-    painter.fillRect(toImage(rect), m_color);
+    QPainter(&m_layer).fillRect(toImage(rect).toAlignedRect(), m_color);
     m_hasDrawn = true;
 }
 
@@ -119,12 +141,15 @@ void LogoCanvas::restoreState()
     QPainter(&m_image).drawImage(0, 0, m_layer);
 }
 
-/// The clip's middle comes to stand on `m_centre`; y turns around.
+/// The clip's middle comes to stand on `m_centre`; y turns around. Edges of bands lie between
+/// two rows of pixels: at this size a blended row would be half of a band.
 QRectF LogoCanvas::toImage(Rect const& rect) const
 {
     double const middleX = m_clipRect.x + m_clipRect.width / 2;
     double const middleY = m_clipRect.y + m_clipRect.height / 2;
-    return { m_centre.x() + (rect.minX() - middleX) * m_scale, m_centre.y() - (rect.maxY() - middleY) * m_scale, rect.width * m_scale, rect.height * m_scale };
+    auto const row = [&](double y) { return std::round(m_centre.y() - (y - middleY) * m_scale); };
+    double const top = row(rect.maxY());
+    return { m_centre.x() + (rect.minX() - middleX) * m_scale, top, rect.width * m_scale, row(rect.minY()) - top };
 }
 
 } // namespace zv
