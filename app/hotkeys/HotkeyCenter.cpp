@@ -14,6 +14,7 @@ namespace zv {
 namespace {
 
 constexpr int conflictsProperty = 0;
+constexpr int supportProperty = 1;
 
 /// Retired and unknown kinds keep their stored shortcut but never get a hotkey.
 bool isEligible(MenuItemKind const& kind) { return !kind.isLegacy(); }
@@ -37,6 +38,7 @@ struct HotkeyCenter::Pass {
 HotkeyCenter::HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout)
     : m_registrar(registrar)
     , m_layout(layout)
+    , m_support(registrar.support())
 {
 }
 
@@ -73,9 +75,17 @@ std::set<HotkeyCenter::Conflict> const& HotkeyCenter::conflicts() const
     return m_conflicts;
 }
 
+HotkeySupport HotkeyCenter::support() const
+{
+    assertMainThread();
+    m_observers.access(supportProperty);
+    return m_support;
+}
+
 void HotkeyCenter::reregister()
 {
     assertMainThread();
+    noteSupport();
     if (m_isPaused)
         return;
     m_registrations.clear();
@@ -140,7 +150,7 @@ void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& p
 
 void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
 {
-    if (m_registrar.support() == HotkeySupport::none)
+    if (m_support == HotkeySupport::none)
         return; // nobody else holds them either: not a conflict
     std::vector<KeyChord> chords(wanted.size());
     std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
@@ -160,6 +170,14 @@ void HotkeyCenter::setConflicts(std::set<Conflict> conflicts)
         return;
     m_conflicts = std::move(conflicts);
     m_observers.changed(conflictsProperty);
+}
+
+/// A service may come to answer only while the program runs.
+void HotkeyCenter::noteSupport()
+{
+    auto const support = m_registrar.support();
+    if (std::exchange(m_support, support) != support)
+        m_observers.changed(supportProperty);
 }
 
 void HotkeyCenter::listen()

@@ -60,6 +60,9 @@ public:
     /// Reading them within withObservationTracking() observes them.
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
 
+    /// How far they work on this desktop. Reading it within withObservationTracking() observes it.
+    [[nodiscard]] HotkeySupport support() const;
+
     /// What to do when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
 
@@ -76,6 +79,7 @@ private:
     void collect(Target target, KeyEquivalentSpec const& spec, Pass& pass);
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
     void setConflicts(std::set<Conflict> conflicts);
+    void noteSupport();
     void listen();
     void pressed(HotkeyID id);
     [[nodiscard]] HotkeyID takeID();
@@ -90,6 +94,7 @@ private:
     HotkeyID m_nextHotKeyID = 1;
     std::vector<MenuItem> m_menuItems;
     std::map<Url, KeyEquivalentSpec> m_fileHotkeys;
+    HotkeySupport m_support;
     ObservationRegistrar m_observers;
 };
 

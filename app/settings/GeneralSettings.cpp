@@ -46,6 +46,14 @@ SettingsRow button(std::string id, std::string title, std::function<void()> pres
 
 SettingsRow note(std::string id, std::string text) { return row(Kind::note, std::move(id), std::move(text)); }
 
+using Problem = std::function<std::optional<std::string>()>;
+
+void addNote(SettingsSection& section, std::string id, Problem const& problem)
+{
+    if (auto text = problem ? problem() : std::nullopt)
+        section.rows.push_back(note(std::move(id), std::move(*text)));
+}
+
 std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 {
     std::vector<SettingsChoice> choices;
@@ -72,11 +80,12 @@ SettingsSection GeneralSettings::presence()
     logo.isEnabled = replaces;
     logo.isIndented = true;
     section.rows.push_back(std::move(logo));
+    if (replaces)
+        addNote(section, "overlayProblem", m_services.overlayProblem);
     section.rows.push_back(
         toggle("showStatusItem", wording.statusItem, wording.statusItemHelp, showsItem, [&](bool on) { preferences.setShowsStatusItem(on); }));
-    auto const problem = m_services.statusItemProblem ? m_services.statusItemProblem() : std::nullopt;
-    if (showsItem && problem)
-        section.rows.push_back(note("statusItemProblem", *problem));
+    if (showsItem)
+        addNote(section, "statusItemProblem", m_services.statusItemProblem);
     if (!replaces && !showsItem)
         section.rows.push_back(note("noPresence", wording.noPresenceNote));
     return section;
@@ -129,6 +138,7 @@ SettingsSection GeneralSettings::menus()
         "without it.",
         preferences.hotkeyPrescanDepth(), { { "Off", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 } },
         [&](std::int64_t value) { preferences.setHotkeyPrescanDepth(value); }));
+    addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
     return section;
 }
 

@@ -29,6 +29,9 @@ public:
         SettingsWording wording;
         /// Why the status icon cannot be seen on this desktop, as a sentence; nothing when it can.
         std::function<std::optional<std::string>()> statusItemProblem;
+        /// The same of the overlay, and of shortcuts in other programs.
+        std::function<std::optional<std::string>()> overlayProblem;
+        std::function<std::optional<std::string>()> hotkeyProblem;
     };
 
     explicit GeneralSettings(Services services)

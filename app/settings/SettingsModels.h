@@ -36,6 +36,7 @@ public:
         UserDefaults& defaults;
         SettingsWording wording;
         std::function<std::optional<std::string>()> statusItemProblem;
+        std::function<std::optional<std::string>()> overlayProblem;
         std::function<void(Url const&)> reveal;
         std::function<void()> showReadMe;
         std::function<void(std::string const&)> copyText;

@@ -26,6 +26,13 @@ std::string padded(std::string_view text, std::size_t width)
 
 } // namespace
 
+std::optional<std::string> noteOf(DoctorCheck const& check)
+{
+    if (check.state == DoctorCheck::State::ok)
+        return std::nullopt;
+    return check.remedy.empty() ? check.explanation : check.explanation + " " + check.remedy;
+}
+
 std::string doctorText(std::span<DoctorCheck const> checks)
 {
     std::size_t width = 0;

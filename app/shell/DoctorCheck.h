@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -16,6 +17,9 @@ struct DoctorCheck {
 
     friend bool operator==(DoctorCheck const&, DoctorCheck const&) = default;
 };
+
+/// What the settings say about it: nothing when all is well.
+[[nodiscard]] std::optional<std::string> noteOf(DoctorCheck const& check);
 
 /// A line for each check, its remedy below it.
 [[nodiscard]] std::string doctorText(std::span<DoctorCheck const> checks);

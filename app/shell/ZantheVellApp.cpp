@@ -1,6 +1,7 @@
 #include "app/shell/ZantheVellApp.h"
 
 #include "app/hotkeys/HotkeyReport.h"
+#include "app/menubar/OverlayCheck.h"
 
 #include <algorithm>
 
@@ -97,6 +98,7 @@ SettingsModels::Services ZantheVellApp::settingsServices()
 {
     return { m_store, m_preferences, m_hotkeys, m_backups, m_loginItem, m_updater, *m_platform.files, locations(), m_platform.resources, m_menus.icons(),
         m_platform.filePanels, m_platform.alerts, m_platform.defaults, m_platform.wording, m_platform.statusItemProblem,
+        [this] { return noteOf(overlayCheck(m_platform.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
         [this](Url const& url) { m_platform.workspace.reveal(url); }, [this] { m_begging.show(); },
         [this](std::string const& text) { m_platform.clipboard.setText(text); }, m_platform.diagnostics, m_platform.installedApplications };
 }

@@ -13,6 +13,14 @@ namespace {
 
 constexpr char const* choice = "QT_QPA_PLATFORM";
 
+bool canUseWayland()
+{
+    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
+}
+
+} // namespace
+
 bool doesXAnswer()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
@@ -23,13 +31,7 @@ bool doesXAnswer()
     return answers;
 }
 
-bool canUseWayland()
-{
-    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
-}
-
-} // namespace
+bool isWaylandSession() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland"; }
 
 void chooseDisplayServer()
 {

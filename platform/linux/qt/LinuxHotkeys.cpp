@@ -1,12 +1,12 @@
 #include "platform/linux/qt/LinuxHotkeys.h"
 
+#include "platform/linux/qt/DisplayServer.h"
 #include "platform/linux/qt/PortalHotkeyRegistrar.h"
 #include "platform/linux/qt/XcbHotkeyRegistrar.h"
 #include "platform/linux/qt/XkbConnection.h"
 #include "platform/linux/qt/XkbKeyboard.h"
 
 #include <QCoreApplication>
-#include <QtGlobal>
 
 namespace zv {
 
@@ -29,10 +29,6 @@ public:
     void releaseAll() override { }
     HotkeySupport support() const override { return HotkeySupport::none; }
 };
-
-/// There may well be an X server beside it, but what is grabbed there is told only while
-/// one of its own windows has the keyboard.
-bool isWayland() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland"; }
 
 /// The bus is asked by commands too, which have no application object.
 class OwnApplication {
@@ -57,7 +53,7 @@ LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus)
 {
     auto keyboard = m_connection ? std::make_unique<XkbKeyboard>(*m_connection, timers) : nullptr;
     m_keyboard = keyboard.get();
-    if (isWayland()) {
+    if (isWaylandSession()) {
         m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
         m_registrar = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
     } else if (keyboard) {
@@ -83,7 +79,7 @@ KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 
 HotkeySupport LinuxHotkeys::support()
 {
-    if (isWayland()) {
+    if (isWaylandSession()) {
         OwnApplication const application;
         return PortalHotkeyRegistrar::isThere(QDBusConnection::sessionBus()) ? HotkeySupport::askingTheUser : HotkeySupport::none;
     }

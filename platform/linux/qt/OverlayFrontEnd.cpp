@@ -1,5 +1,6 @@
 #include "platform/linux/qt/OverlayFrontEnd.h"
 
+#include "platform/linux/qt/DisplayServer.h"
 #include "platform/linux/qt/X11OverlayPanels.h"
 #include "platform/linux/qt/X11PointerMonitor.h"
 #include "platform/linux/qt/X11WorkspaceEvents.h"
@@ -52,11 +53,13 @@ private:
 
 std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make()
 {
-    // A Wayland session may have an X server too, but its panel is not there.
-    auto x = QGuiApplication::platformName() == QLatin1String("xcb") ? X11Connection::open() : nullptr;
+    bool const canBeX = !isWaylandSession() && QGuiApplication::platformName() == QLatin1String("xcb");
+    auto x = canBeX ? X11Connection::open() : nullptr;
     if (!x)
         return std::make_unique<NoOverlayFrontEnd>();
     return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
 }
+
+OverlaySupport OverlayFrontEnd::support() { return !isWaylandSession() && doesXAnswer() ? OverlaySupport::onPanels : OverlaySupport::none; }
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menubar/AppleMenuOverlayController.h"
+#include "app/menubar/OverlayCheck.h"
 
 #include <memory>
 
@@ -11,6 +12,8 @@ namespace zv {
 class OverlayFrontEnd {
 public:
     [[nodiscard]] static std::unique_ptr<OverlayFrontEnd> make();
+    /// What there would be, found out without making it; for `doctor`.
+    [[nodiscard]] static OverlaySupport support();
     virtual ~OverlayFrontEnd() = default;
 
     /// False: the desktop gives no program a place on its panel.

@@ -245,5 +245,20 @@ TEST_F(HotkeyCenterTest, FollowsTheLayoutAtTheNextPass)
     EXPECT_TRUE(center.conflicts().empty());
 }
 
+TEST_F(HotkeyCenterTest, TellsWhenTheDesktopsServiceComesToAnswer)
+{
+    registrar.supported = HotkeySupport::none;
+    register_({ itemWith(commandOption("E")) });
+    EXPECT_TRUE(center.registrations().empty());
+    EXPECT_TRUE(center.conflicts().empty());
+    bool isTold = false;
+    auto const observation = withObservationTracking([&] { (void)center.support(); }, [&] { isTold = true; });
+    registrar.supported = HotkeySupport::askingTheUser;
+    registrar.onInvalidated();
+    EXPECT_TRUE(isTold);
+    EXPECT_EQ(center.support(), HotkeySupport::askingTheUser);
+    EXPECT_EQ(center.registrations().size(), 1U);
+}
+
 } // namespace
 } // namespace zv

@@ -41,8 +41,13 @@ struct GeneralSettingsTest : SettingsFixture {
     fakes::FakeFilePanels panels;
     fakes::FakeAlerts alerts;
     MenuFileCommands menuFile { { *editor, backups, files, locations, panels, alerts } };
-    std::optional<std::string> trayProblem;
-    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), [this] { return trayProblem; } } };
+    std::map<std::string, std::string> problems;
+    std::function<std::optional<std::string>()> problem(std::string const& of)
+    {
+        return [this, of] { return problems.contains(of) ? std::optional(problems.at(of)) : std::nullopt; };
+    }
+    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), problem("statusItemProblem"),
+        problem("overlayProblem"), problem("hotkeyProblem") } };
 };
 
 TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
@@ -103,9 +108,21 @@ TEST_F(GeneralSettingsTest, ShowsWhatTheLoginItemAndTheUpdaterSay)
     engine->onCanCheckChanged();
     row("checkNow")->press();
     EXPECT_EQ(engine->checks, 1);
+}
 
-    trayProblem = "This desktop shows no status icons.";
-    EXPECT_EQ(row("statusItemProblem")->title, *trayProblem);
+TEST_F(GeneralSettingsTest, SaysWhatTheDesktopDoesNotLetItDoOnlyWhereItIsWanted)
+{
+    for (auto const* id : { "statusItemProblem", "overlayProblem", "hotkeyProblem" }) {
+        EXPECT_FALSE(row(id)) << id;
+        problems[id] = std::string("No ") + id;
+        ASSERT_TRUE(row(id)) << id;
+        EXPECT_EQ(row(id)->title, problems[id]);
+    }
+    preferences.setReplacesAppleMenu(false);
+    EXPECT_FALSE(row("overlayProblem"));
+    preferences.setShowsStatusItem(false);
+    EXPECT_FALSE(row("statusItemProblem"));
+    EXPECT_TRUE(row("hotkeyProblem"));
 }
 
 TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)

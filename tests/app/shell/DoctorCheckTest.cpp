@@ -23,6 +23,13 @@ TEST(Doctor, AlignsWhatItFound)
     EXPECT_EQ(doctorText({}), "");
 }
 
+TEST(Doctor, NotesForTheSettingsOnlyWhatIsAmiss)
+{
+    EXPECT_EQ(noteOf(checks[0]), "No tray. Install one.");
+    EXPECT_EQ(noteOf(checks[1]), std::nullopt);
+    EXPECT_EQ(noteOf(checks[2]), "Some \"keys\".");
+}
+
 TEST(Doctor, TellsItToPrograms)
 {
     EXPECT_EQ(doctorJson(checks),

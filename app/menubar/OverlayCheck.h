@@ -1,0 +1,12 @@
+#pragma once
+
+#include "app/shell/DoctorCheck.h"
+
+namespace zv {
+
+enum class OverlaySupport { onPanels, none };
+
+/// Whether a click on the panel's left end can open the menu.
+[[nodiscard]] DoctorCheck overlayCheck(OverlaySupport support);
+
+} // namespace zv
