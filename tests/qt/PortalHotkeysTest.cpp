@@ -60,8 +60,10 @@ public:
         qDBusRegisterMetaType<OfferedShortcut>();
         qDBusRegisterMetaType<QList<OfferedShortcut>>();
         m_bus.registerVirtualObject(text("/org/freedesktop/portal/desktop"), this, QDBusConnection::SubPath);
-        m_bus.registerService(text("org.freedesktop.portal.Desktop"));
+        come();
     }
+    void come() { m_bus.registerService(text("org.freedesktop.portal.Desktop")); }
+    void leave() { m_bus.unregisterService(text("org.freedesktop.portal.Desktop")); }
 
     QString introspect(QString const&) const override { return {}; }
     bool handleMessage(QDBusMessage const& message, QDBusConnection const& bus) override
@@ -209,6 +211,30 @@ TEST_F(PortalHotkeysTest, TellWhatTheUserRefusedAtTheNextPass)
     EXPECT_EQ(claim(4, { chords[0] }), (std::vector { true })) << "another question may have another answer";
     EXPECT_TRUE(turnUntil([this] { return invalidations == 3; }));
     EXPECT_EQ(claim(5, { chords[0] }), (std::vector { false }));
+}
+
+TEST_F(PortalHotkeysTest, AskAgainWhenThePortalHasComeBack)
+{
+    std::vector<KeyChord> const chords { { keyE, commandKey } };
+    registrar.onInvalidated = [&] {
+        if (registrar.support() != HotkeySupport::none)
+            (void)claim(7, chords);
+    };
+    EXPECT_TRUE(turnUntil([this] { return portal.sessions == 1 && !portal.triggers.empty(); }));
+    portal.leave();
+    EXPECT_TRUE(turnUntil([this] { return registrar.support() == HotkeySupport::none; }));
+    portal.triggers.clear();
+    portal.come();
+    EXPECT_TRUE(turnUntil([this] { return portal.sessions == 2 && !portal.triggers.empty(); }));
+    EXPECT_EQ(portal.closed, 0) << "the session has gone with the portal";
+
+    // The answer to the binding may be under way still.
+    EXPECT_TRUE(turnUntil([this] {
+        if (pressed.empty())
+            portal.activate(portal.triggers.begin()->first);
+        return !pressed.empty();
+    }));
+    EXPECT_EQ(pressed.front(), 7U);
 }
 
 } // namespace

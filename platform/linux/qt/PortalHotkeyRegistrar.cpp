@@ -105,11 +105,14 @@ PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers
     , m_timers(timers)
     , m_layout(layout)
     , m_context(std::make_unique<QObject>())
+    , m_portal(text(portalService), m_bus)
 {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     m_activations = std::make_unique<BusListener>(
         m_bus, text(portalService), text(portalPath), text(portalInterface), text("Activated"), [this](QDBusMessage const& message) { activated(message); });
+    QObject::connect(&m_portal, &QDBusServiceWatcher::serviceOwnerChanged, m_context.get(),
+        [this](QString const&, QString const&, QString const& newOwner) { portalChangedHands(newOwner); });
     askForPortal();
 }
 
@@ -118,6 +121,18 @@ PortalHotkeyRegistrar::~PortalHotkeyRegistrar() { closeSession(); }
 bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
 {
     return bus.call(versionQuestion(), QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+/// With the portal that has gone, the session and what was bound in it have.
+void PortalHotkeyRegistrar::portalChangedHands(QString const& newOwner)
+{
+    m_session.clear();
+    releaseAll();
+    bool const served = std::exchange(m_support, HotkeySupport::none) != HotkeySupport::none;
+    if (served && onInvalidated)
+        onInvalidated();
+    if (!newOwner.isEmpty())
+        askForPortal();
 }
 
 void PortalHotkeyRegistrar::askForPortal()

@@ -5,6 +5,7 @@
 #include "platform/Timers.h"
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
@@ -21,7 +22,7 @@ class BusListener;
 
 /// Combinations by the desktop's portal for global shortcuts, where programs cannot grab keys
 /// themselves. The user confirms them, so what is refused is known only later: a claim counts
-/// as held until then. Serves nothing before the portal has answered. Main thread only.
+/// as held until then. Serves nothing while no portal answers. Main thread only.
 class PortalHotkeyRegistrar : public HotkeyRegistrar {
 public:
     /// Timers and layout outlive this.
@@ -40,6 +41,7 @@ private:
     void shortcutsBound(QDBusMessage const& message);
     void activated(QDBusMessage const& message);
 
+    void portalChangedHands(QString const& newOwner);
     void askForPortal();
     void bindSoon();
     void bind();
@@ -65,6 +67,7 @@ private:
     std::unique_ptr<BusListener> m_activations;
     std::unique_ptr<BusListener> m_response; ///< to the request that is under way
     std::unique_ptr<QObject> m_context; ///< of the calls under way
+    QDBusServiceWatcher m_portal;
 };
 
 } // namespace zv
