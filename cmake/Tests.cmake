@@ -42,10 +42,8 @@ add_test(NAME documents COMMAND ${CMAKE_SOURCE_DIR}/tests/documents $<TARGET_FIL
 # sanitized one.
 if(ZV_SANITIZE)
   set(ZV_DESKTOP_PROGRAM ${CMAKE_SOURCE_DIR}/build/release/zanthe-vell)
-  set(ZV_DESKTOP_PROBE ${CMAKE_SOURCE_DIR}/build/release/overlay_probe)
 else()
   set(ZV_DESKTOP_PROGRAM $<TARGET_FILE:zanthe-vell>)
-  set(ZV_DESKTOP_PROBE $<TARGET_FILE:overlay_probe>)
 endif()
 
 add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${CMAKE_SOURCE_DIR}/tests/desktop/session
@@ -55,7 +53,7 @@ set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 180 RUN_S
 foreach(session IN ITEMS COMP=none COMP=picom AUTOHIDE=2)
   add_test(NAME desktop_overlay_${session}
            COMMAND ${CMAKE_COMMAND} -E env ${session} ${CMAKE_SOURCE_DIR}/tests/desktop/session
-                   ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROBE})
+                   ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROGRAM})
   set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
 endforeach()
 

@@ -5,6 +5,8 @@ import ctypes
 import json
 import os
 import plistlib
+import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -18,6 +20,9 @@ PRESSED = os.path.join(HOME, "pressed")
 # Key codes of the X server, by the place of the key.
 E, Z, Y, S, F5 = 26, 52, 29, 39, 71
 ALT, SUPER, CAPS_LOCK, NUM_LOCK, ESCAPE, DOWN, RIGHT = 64, 133, 66, 77, 9, 116, 114
+# Modifiers as the X server counts them.
+CAPS, NUM, ALT_BIT, SUPER_BIT = 2, 16, 8, 64
+LOCK_STATES = (0, CAPS, NUM, CAPS | NUM)
 NO_GROUP = {"shift": False, "option": False, "control": False, "noCommand": False}
 
 
@@ -40,11 +45,16 @@ def zv(*arguments):
 class Keyboard:
     """The user's fingers, and another program that holds combinations."""
 
+    ERROR_HANDLER = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)
+    errors = []
+    on_error = ERROR_HANDLER(lambda *_: Keyboard.errors.append(True) or 0)
+
     def __init__(self):
         self.x11 = ctypes.CDLL("libX11.so.6")
         self.xtest = ctypes.CDLL("libXtst.so.6")
         self.x11.XOpenDisplay.restype = ctypes.c_void_p
         self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.x11.XSetErrorHandler(self.on_error)
         self.display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
 
     def close(self):
@@ -65,6 +75,14 @@ class Keyboard:
         root = ctypes.c_ulong(self.x11.XDefaultRootWindow(self.display))
         self.x11.XGrabKey(self.display, code, modifiers, root, 0, 1, 1)
         self.x11.XSync(self.display, 0)
+
+    def is_free(self, code, modifiers):
+        """Whether yet another program could have the combination."""
+        other = Keyboard()
+        self.errors.clear()
+        other.grab(code, modifiers)
+        other.close()
+        return not self.errors
 
 
 def launcher(name):
@@ -131,7 +149,10 @@ class HotkeysTest(unittest.TestCase):
 
     def stop(self):
         self.keyboard.close()
-        self.program.terminate()
+        self.end(signal.SIGTERM)
+
+    def end(self, how):
+        self.program.send_signal(how)
         self.program.wait(10)
 
     def pressed(self):
@@ -184,10 +205,53 @@ class HotkeysTest(unittest.TestCase):
         self.keyboard.press(SUPER, Z)
         self.expect(["zed"])
 
+    def test_the_server_holds_what_the_report_says_until_the_end_whatever_that_is(self):
+        other = Keyboard()
+        self.addCleanup(other.close)
+        self.stop()
+        other.grab(Z, SUPER_BIT | NUM)
+        ours = [(E, SUPER_BIT | ALT_BIT), (F5, 0)]
+        for end in (signal.SIGTERM, signal.SIGKILL):
+            self.start()
+            self.assertEqual(shortcuts(), ["⌥⌘E", "F5"])
+            self.assertEqual(shortcuts("conflicts"), ["⌘Z", "⌥⌘E"])
+            for code, modifiers in ours:
+                for locks in LOCK_STATES:
+                    self.assertFalse(self.keyboard.is_free(code, modifiers | locks), (code, locks))
+            free = [locks for locks in LOCK_STATES if self.keyboard.is_free(Z, SUPER_BIT | locks)]
+            self.assertEqual(free, [0, CAPS, CAPS | NUM], "of what it cannot have whole it keeps nothing")
+            self.end(end)
+            for code, modifiers in ours:
+                wait_until(lambda: self.keyboard.is_free(code, modifiers), 2, "the end of its grabs")
+        self.start()
+
+    def test_a_pre_scan_switched_on_finds_the_shortcuts_below_the_menus_folders(self):
+        below = os.path.join(FOLDER, "Below")
+        os.makedirs(below, exist_ok=True)
+        path = launcher("deep")
+        os.rename(path, os.path.join(below, "Deep-*[cmd+opt+Y]*.desktop"))
+        os.symlink(FOLDER, os.path.join(below, "Up"))
+        self.addCleanup(shutil.rmtree, below)
+        self.addCleanup(zv, "prefs", "reset", "HotkeyPrescanDepth")
+        zv("prefs", "write", "HotkeyPrescanDepth", "1")
+        time.sleep(0.5)
+        self.assertNotIn("⌥⌘Y", shortcuts(), "it is a level further down")
+        zv("prefs", "write", "HotkeyPrescanDepth", "3")
+        wait_until(lambda: shortcuts().count("⌥⌘Y") == 1, 5, "the file's shortcut, once")
+        self.keyboard.press(SUPER, ALT, Y)
+        self.expect(["deep"])
+
     def test_a_german_layout_moves_z(self):
-        before = hotkeys()["registrations"][0]["id"]
+        first_id = lambda: hotkeys()["registrations"][0]["id"]  # noqa: E731
+        before = first_id()
+        subprocess.run(["setxkbmap", "us"], check=True)
+        self.keyboard.press(SUPER)
+        time.sleep(0.5)
+        self.assertEqual(first_id(), before, "nothing moved, so nothing is registered anew")
         subprocess.run(["setxkbmap", "de"], check=True)
-        wait_until(lambda: hotkeys()["registrations"][0]["id"] > before, 5, "a new pass")
+        wait_until(lambda: first_id() > before, 5, "a new pass")
+        time.sleep(0.5)
+        self.assertEqual(first_id(), before + 3, "one for each change")
         self.keyboard.press(SUPER, Z)
         self.keyboard.press(SUPER, Y)
         self.expect(["zed"])
