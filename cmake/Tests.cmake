@@ -52,7 +52,7 @@ set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 180 RUN_S
 
 foreach(session IN ITEMS COMP=none COMP=picom AUTOHIDE=2)
   add_test(NAME desktop_overlay_${session}
-           COMMAND ${CMAKE_COMMAND} -E env ${session} ${CMAKE_SOURCE_DIR}/tests/desktop/session
+           COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1 ${session} ${CMAKE_SOURCE_DIR}/tests/desktop/session
                    ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROGRAM})
   set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
 endforeach()
