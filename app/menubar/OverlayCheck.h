@@ -4,7 +4,11 @@
 
 namespace zv {
 
-enum class OverlaySupport { onPanels, none };
+enum class OverlaySupport {
+    onPanels,
+    noPanel, ///< none is at the top of a screen now
+    none,
+};
 
 /// Whether a click on the panel's left end can open the menu.
 [[nodiscard]] DoctorCheck overlayCheck(OverlaySupport support);

@@ -183,6 +183,15 @@ class OnAPanel(OverlayTest):
         self.expect_bands("restarted")
         self.click_opens()
 
+    def test_a_panel_that_grows_keeps_the_logo_in_its_place(self):
+        size = lambda pixels: output("xfconf-query", "-c", "xfce4-panel", "-p", "/panels/panel-1/size", "-s", str(pixels))  # noqa: E731
+        self.addCleanup(size, PANEL_HEIGHT - 1)
+        self.expect_bands("before-it-grows")
+        size(40)
+        wait_until(lambda: "41" in output("wmctrl", "-lG").split(), 5, "the larger panel")
+        self.expect_bands("grown")
+        self.click_opens(10, 35, panel=41)
+
     def test_the_preferences_work_at_once(self):
         self.expect_bands("logo")
         zv("prefs", "write", "RainbowAppleLogo", "false")

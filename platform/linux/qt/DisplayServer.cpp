@@ -13,14 +13,6 @@ namespace {
 
 constexpr char const* choice = "QT_QPA_PLATFORM";
 
-bool canUseWayland()
-{
-    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
-}
-
-} // namespace
-
 bool doesXAnswer()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
@@ -30,6 +22,14 @@ bool doesXAnswer()
     xcb_disconnect(connection);
     return answers;
 }
+
+bool canUseWayland()
+{
+    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
+}
+
+} // namespace
 
 bool isWaylandSession() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland"; }
 

@@ -8,9 +8,6 @@ namespace zv {
 /// unless it is an X11 that does not answer.
 void chooseDisplayServer();
 
-/// Whether an X server answers; needs no application object.
-[[nodiscard]] bool doesXAnswer();
-
 /// There may well be an X server beside it, but neither are the panels its windows, nor are
 /// keys grabbed there told while other programs have the keyboard.
 [[nodiscard]] bool isWaylandSession();

@@ -1,12 +1,11 @@
 #include "platform/linux/qt/LinuxHotkeys.h"
 
+#include "platform/linux/qt/CommandApplication.h"
 #include "platform/linux/qt/DisplayServer.h"
 #include "platform/linux/qt/PortalHotkeyRegistrar.h"
 #include "platform/linux/qt/XcbHotkeyRegistrar.h"
 #include "platform/linux/qt/XkbConnection.h"
 #include "platform/linux/qt/XkbKeyboard.h"
-
-#include <QCoreApplication>
 
 namespace zv {
 
@@ -28,22 +27,6 @@ public:
     std::vector<bool> claimAll(HotkeyID, std::span<KeyChord const> chords) override { return std::vector<bool>(chords.size(), false); }
     void releaseAll() override { }
     HotkeySupport support() const override { return HotkeySupport::none; }
-};
-
-/// The bus is asked by commands too, which have no application object.
-class OwnApplication {
-public:
-    OwnApplication()
-    {
-        if (!QCoreApplication::instance())
-            m_application = std::make_unique<QCoreApplication>(m_count, m_arguments);
-    }
-
-private:
-    int m_count = 1;
-    char m_name[12] = "zanthe-vell";
-    char* m_arguments[2] = { m_name, nullptr };
-    std::unique_ptr<QCoreApplication> m_application;
 };
 
 } // namespace
@@ -80,7 +63,7 @@ KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 HotkeySupport LinuxHotkeys::support()
 {
     if (isWaylandSession()) {
-        OwnApplication const application;
+        CommandApplication const application;
         return PortalHotkeyRegistrar::isThere(QDBusConnection::sessionBus()) ? HotkeySupport::askingTheUser : HotkeySupport::none;
     }
     return XkbConnection::isThere() ? HotkeySupport::everywhere : HotkeySupport::none;

@@ -1,5 +1,6 @@
 #include "platform/linux/qt/OverlayFrontEnd.h"
 
+#include "platform/linux/qt/CommandApplication.h"
 #include "platform/linux/qt/DisplayServer.h"
 #include "platform/linux/qt/X11OverlayPanels.h"
 #include "platform/linux/qt/X11PointerMonitor.h"
@@ -60,6 +61,15 @@ std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make()
     return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
 }
 
-OverlaySupport OverlayFrontEnd::support() { return !isWaylandSession() && doesXAnswer() ? OverlaySupport::onPanels : OverlaySupport::none; }
+OverlaySupport OverlayFrontEnd::support()
+{
+    CommandApplication const application;
+    auto const x = isWaylandSession() ? nullptr : X11Connection::open();
+    if (!x)
+        return OverlaySupport::none;
+    X11Screens const screens(*x, 1);
+    X11MenuBars const menuBars(*x, screens);
+    return menuBars.bars().empty() ? OverlaySupport::noPanel : OverlaySupport::onPanels;
+}
 
 } // namespace zv

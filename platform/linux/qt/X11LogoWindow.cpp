@@ -78,8 +78,8 @@ void X11LogoWindow::update()
     m_logo = *logo;
     if (m_window != XCB_NONE) {
         show();
-    } else if (auto const known = m_known.find(m_panel); known != m_known.end()) {
-        settle(known->second);
+    } else if (auto const known = m_known.find(m_panel); known != m_known.end() && known->second.panel == m_geometry.panel) {
+        settle(known->second.corner);
     } else if (!m_lookAgain.isActive()) {
         m_looks = 0;
         look();
@@ -115,7 +115,7 @@ bool X11LogoWindow::hasSettled(PanelPixels const& pixels) const
 void X11LogoWindow::settle(PanelCorner const& corner)
 {
     m_corner = corner;
-    m_known[m_panel] = corner;
+    m_known[m_panel] = { m_geometry.panel, corner };
     m_plate = plateFor(corner);
     m_corner->backgroundColumn = std::min(std::max(corner.backgroundColumn, m_plate.right()), m_geometry.panel.width - 1);
     m_background = readBackground();

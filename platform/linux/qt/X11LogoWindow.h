@@ -14,8 +14,13 @@
 
 namespace zv {
 
-/// What is known of the panels' left ends, by their windows.
-using PanelCorners = std::map<xcb_window_t, PanelCorner>;
+/// What is known of the panels' left ends, by their windows: a panel of another size has
+/// another picture there.
+struct KnownCorner {
+    XRect panel;
+    PanelCorner corner;
+};
+using PanelCorners = std::map<xcb_window_t, KnownCorner>;
 
 /// Shows the logo within a panel's window, in place of the picture at its left end and on
 /// the panel's own background, whatever that is at the moment. Lets every click through.
