@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <ctime>
@@ -25,6 +26,38 @@ inline double median(std::vector<double> values)
     auto const middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
+}
+
+/// Of the clock on the wall, for what another process (an X server) does for us.
+template <class Work> double wallNanosecondsOf(Work& work)
+{
+    auto const start = std::chrono::steady_clock::now();
+    work();
+    return static_cast<double>(std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now() - start).count());
+}
+
+/// What is to be measured, and what has to be undone after each time.
+template <class Work, class Undo> struct Side {
+    Work work;
+    Undo undo;
+};
+template <class Work, class Undo> Side(Work, Undo) -> Side<Work, Undo>;
+
+/// As ratio() does, by the clock on the wall.
+template <class Ours, class Bare> double wallRatio(std::string const& name, std::size_t units, Ours ours, Bare bare, int times = rounds)
+{
+    std::vector<double> ourTimes;
+    std::vector<double> bareTimes;
+    for (int round = 0; round < times; ++round) {
+        ourTimes.push_back(wallNanosecondsOf(ours.work));
+        ours.undo();
+        bareTimes.push_back(wallNanosecondsOf(bare.work));
+        bare.undo();
+    }
+    auto const perUnit = [&](std::vector<double> const& each) { return median(each) / static_cast<double>(units); };
+    double const result = median(ourTimes) / median(bareTimes);
+    std::printf("%s: %.0f ns, %.0f ns, ratio %.2f\n", name.c_str(), perUnit(ourTimes), perUnit(bareTimes), result);
+    return result;
 }
 
 /// Prints "name: A ns, B ns, ratio r": what ours takes for one of `units`, what the bare
