@@ -43,15 +43,13 @@ def screenshot(name, crop=f"{OVERLAY_WIDTH}x{PANEL_HEIGHT}+0+0"):
 BANDS = {"green": (94, 189, 62), "yellow": (255, 185, 0), "orange": (247, 130, 0), "red": (226, 56, 56), "purple": (151, 57, 153), "blue": (0, 156, 223)}
 
 
+def bands_of(row):
+    return [band for band, color in BANDS.items() if any(all(abs(a - b) < 26 for a, b in zip(pixel, color)) for pixel in row)]
+
+
 def bands(name):
     """The bands' names from the top down, each where its colour first stands out."""
-    found = []
-    for row in screenshot(name):
-        for pixel in row:
-            for band, color in BANDS.items():
-                if band not in found and all(abs(a - b) < 26 for a, b in zip(pixel, color)):
-                    found.append(band)
-    return found
+    return list(dict.fromkeys(band for row in screenshot(name) for band in bands_of(row)))
 
 
 def panel_top():
@@ -87,6 +85,8 @@ class Dock:
 
 
 class OverlayTest(unittest.TestCase):
+    ENVIRONMENT = {}
+
     def setUp(self):
         move(600, 400)
         launcher = os.path.join(HOME, "chooser.desktop")
@@ -94,7 +94,7 @@ class OverlayTest(unittest.TestCase):
             file.write(f"[Desktop Entry]\nType=Application\nName=chooser\nExec=touch {CHOSEN}\n")
         os.chmod(launcher, 0o755)
         set_menu([("FSObject", "Chooser", launcher), ("FSObject", "Home", HOME)])
-        self.program = self.enterContext(Program())
+        self.program = self.enterContext(Program(**self.ENVIRONMENT))
         wait_until(self.answers, 10, "the start")
         self.addCleanup(move, 600, 400)
         self.addCleanup(close_menus)
@@ -189,7 +189,9 @@ class OnAPanel(OverlayTest):
         self.expect_bands("before-it-grows")
         size(40)
         wait_until(lambda: "41" in output("wmctrl", "-lG").split(), 5, "the larger panel")
-        self.expect_bands("grown")
+        rows = lambda: [y for y, row in enumerate(screenshot("grown", "44x41+0+0")) if bands_of(row)]  # noqa: E731
+        wait_until(lambda: len(rows()) > 24, 5, "a logo as large as the picture that stood there")
+        self.assertAlmostEqual((rows()[0] + rows()[-1]) / 2, 20, delta=2)
         self.click_opens(10, 35, panel=41)
 
     def test_the_preferences_work_at_once(self):
@@ -228,6 +230,11 @@ class OnAPanel(OverlayTest):
             time.sleep(0.3)
             self.click_opens(650, 10, left=640, panel=30)
             self.click_opens(10, 10)
+            output("xrandr", "--delmonitor", "B")
+            output("xrandr", "--setmonitor", "*B", "640/100x800/100+640+0", "none")
+            time.sleep(1)  # the second is the primary one now
+            self.click_opens(650, 10, left=640, panel=30)
+            self.click_opens(10, 10)
             second.close()
             time.sleep(0.3)
             click(650, 10)
@@ -258,6 +265,22 @@ class OnAPanel(OverlayTest):
         names = [actions.getName(i) for i in range(actions.nActions)]
         actions.doAction(names.index("Press"))
         self.expect_menu()
+
+
+@unittest.skipIf(AUTOHIDE, "the panel is there all the time")
+class OnADesktopOfTwiceTheScale(OverlayTest):
+    ENVIRONMENT = {"QT_SCALE_FACTOR": "2"}
+
+    def test_the_corner_and_its_menu_are_where_they_should_be(self):
+        self.expect_bands("scaled")
+        for x in (2, 2 * OVERLAY_WIDTH - 2):
+            click(x, 10)
+            there = wait_until(windows, 3, "the menu")
+            self.assertEqual([place[:2] for place in there], [(0, PANEL_HEIGHT + 2 * GAP)])
+            close_menus()
+        click(2 * OVERLAY_WIDTH + 2, 10)
+        self.expect_no_menu("beside it is the panel")
+        keys("Escape")
 
 
 @unittest.skipUnless(AUTOHIDE, "needs a panel that hides itself")

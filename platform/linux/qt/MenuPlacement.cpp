@@ -3,6 +3,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <cmath>
+
 namespace zv {
 
 namespace {
@@ -23,6 +25,16 @@ QScreen* screenWithPixel(QPoint pixel)
 }
 
 } // namespace
+
+std::optional<QPoint> pixelOf(Point point)
+{
+    auto const* primary = QGuiApplication::primaryScreen();
+    if (!primary)
+        return std::nullopt;
+    auto const screen = pixelsOf(*primary);
+    auto const pixels = [](double points) { return static_cast<int>(std::lround(points * qGuiApp->devicePixelRatio())); };
+    return QPoint(screen.left() + pixels(point.x), screen.top() + screen.height() - pixels(point.y));
+}
 
 QPoint toolkitPoint(QPoint pixel)
 {

@@ -1,8 +1,16 @@
 #pragma once
 
+#include "platform/Geometry.h"
+
 #include <QPoint>
 
+#include <optional>
+
 namespace zv {
+
+/// From the core's coordinates, in points from the primary screen's lower left corner, to the
+/// screens' own pixels. Nothing without a screen.
+[[nodiscard]] std::optional<QPoint> pixelOf(Point point);
 
 /// From the screens' own pixels to the toolkit's coordinates, which count scaled pixels
 /// within each screen.
