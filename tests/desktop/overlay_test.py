@@ -217,8 +217,8 @@ class OnAPanel(OverlayTest):
             move(*pointer)
             time.sleep(0.6)
             rows = screenshot(name)
-            for y in (4, 22):  # above and below the logo, across what it stands on
-                self.assertEqual(len(set(rows[y][2:20])), 1, f"{name}, row {y}: one colour")
+            for y in (3, 24):  # above and below the logo, across what it stands on
+                self.assertEqual(len(set(rows[y][4:20])), 1, f"{name}, row {y}: one colour")
 
     def test_each_monitor_has_its_own(self):
         output("xrandr", "--setmonitor", "A", "640/100x800/100+0+0", "screen")

@@ -56,15 +56,16 @@ TEST(PanelCorner, FindsThePictureThatStandsFirst)
     struct Row {
         std::vector<Stretch> runs;
         int x, width, beside;
+        bool isCut;
         char const* why;
     };
     Row const rows[] = {
-        { { { blank, 3 }, { drawn, 14 }, { blank, 3 }, { drawn, 9 } }, 3, 14, 17, "an icon and its label" },
-        { { { blank, 3 }, { drawn, 6 }, { blank, 2 }, { drawn, 6 } }, 3, 14, 17, "a picture in two parts close together" },
-        { { { drawn, 20 }, { blank, 30 } }, 0, 20, 20, "one that begins at the very edge" },
-        { { { blank, 30 }, { drawn, 10 }, { blank, 10 } }, 30, 10, 40, "one at the far end of the reach" },
-        { { { blank, 4 }, { drawn, 30 }, { blank, 1 }, { drawn, 30 } }, 4, 30, 34, "a word is cut between two letters" },
-        { { { blank, 4 }, { drawn, 90 } }, 4, 40, 44, "what has no gap at all is cut at the reach" },
+        { { { blank, 3 }, { drawn, 14 }, { blank, 3 }, { drawn, 9 } }, 3, 14, 17, false, "an icon and its label" },
+        { { { blank, 3 }, { drawn, 6 }, { blank, 2 }, { drawn, 6 } }, 3, 14, 17, false, "a picture in two parts close together" },
+        { { { drawn, 20 }, { blank, 30 } }, 0, 20, 20, false, "one that begins at the very edge" },
+        { { { blank, 30 }, { drawn, 10 }, { blank, 10 } }, 30, 10, 40, false, "one at the far end of the reach" },
+        { { { blank, 4 }, { drawn, 30 }, { blank, 1 }, { drawn, 30 } }, 4, 30, 34, true, "a word is cut between two letters" },
+        { { { blank, 4 }, { drawn, 90 } }, 4, 40, 94, true, "what has no gap at all is cut at the reach" },
     };
     for (auto const& row : rows) {
         for (auto const ground : { Ground::plain, Ground::shaded, Ground::translucent }) {
@@ -73,6 +74,7 @@ TEST(PanelCorner, FindsThePictureThatStandsFirst)
             ASSERT_TRUE(corner.picture);
             EXPECT_EQ(*corner.picture, (XRect { row.x, 4, row.width, 19 }));
             EXPECT_EQ(corner.backgroundColumn, row.beside);
+            EXPECT_EQ(corner.isCut, row.isCut);
         }
     }
 }
@@ -82,6 +84,15 @@ TEST(PanelCorner, FindsNoneOnAnEmptyCornerOrInNothing)
     EXPECT_FALSE(findPanelCorner(panelOf({}), kReach).picture);
     EXPECT_FALSE(findPanelCorner(panelOf({ { blank, 44 }, { drawn, 20 } }), kReach).picture) << "beyond the reach";
     EXPECT_FALSE(findPanelCorner({}, kReach).picture);
+}
+
+TEST(PanelCorner, FindsBackgroundBesideWhatReachesFurtherThanThePicture)
+{
+    auto const panel = panelOf({ { blank, 3 }, { drawn, 6 }, { blank, 4 }, { drawn, 7 }, { blank, 2 }, { drawn, 30 } });
+    EXPECT_EQ(backgroundColumnFrom(panel, 10), 10);
+    EXPECT_EQ(backgroundColumnFrom(panel, 15), 20) << "not within a letter";
+    EXPECT_EQ(backgroundColumnFrom(panelOf({ { blank, 3 }, { drawn, 197 } }), 15), 199) << "there is none";
+    EXPECT_EQ(backgroundColumnFrom({}, 15), 0);
 }
 
 TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)

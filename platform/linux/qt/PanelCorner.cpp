@@ -50,19 +50,28 @@ public:
             ++x;
         return x;
     }
-    /// One past the picture's last column.
-    [[nodiscard]] int endOfPicture(int from) const
+    struct End {
+        int column; ///< one past the picture's last
+        bool isCut;
+    };
+    [[nodiscard]] End endOfPicture(int from) const
     {
         int lastGap = 0;
         for (int x = from; x < m_reach; ++x) {
             if (!isEmpty(x))
                 continue;
             if (emptyFrom(x) > m_letterGap)
-                return x;
+                return { x, false };
             lastGap = x;
         }
         // A word, not a picture: better cut between two of its letters than through one.
-        return lastGap > from ? lastGap : m_reach;
+        return { lastGap > from ? lastGap : m_reach, true };
+    }
+    [[nodiscard]] int firstEmptyFrom(int x) const
+    {
+        while (x < m_panel.width - 1 && !isEmpty(x))
+            ++x;
+        return std::min(x, m_panel.width - 1);
     }
     [[nodiscard]] XRect boundsOf(int from, int end) const
     {
@@ -111,10 +120,11 @@ PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
     Columns const columns(panel, reach);
     int const from = columns.firstDrawn();
     if (from >= std::min(reach, panel.width))
-        return { std::nullopt, 0 };
-    int const end = columns.endOfPicture(from);
-    int const beside = std::min(end, panel.width - 1);
-    return { columns.boundsOf(from, end), beside };
+        return {};
+    auto const end = columns.endOfPicture(from);
+    return { columns.boundsOf(from, end.column), columns.firstEmptyFrom(end.column), end.isCut };
 }
+
+int backgroundColumnFrom(PanelPixels const& panel, int x) { return panel.width <= 0 ? 0 : Columns(panel, panel.width).firstEmptyFrom(x); }
 
 } // namespace zv

@@ -25,11 +25,15 @@ struct PanelPixels {
 struct PanelCorner {
     std::optional<XRect> picture; ///< the first thing drawn there, such as a launcher's icon
     int backgroundColumn = 0; ///< one that shows the background beside it
+    bool isCut = false; ///< no gap ends the picture: it is a word, or a button lit up as a whole
     friend bool operator==(PanelCorner const&, PanelCorner const&) = default;
 };
 
 /// Finds the picture that begins within `reach` pixels: it ends at the first gap wide
 /// enough to be no gap between letters.
 [[nodiscard]] PanelCorner findPanelCorner(PanelPixels const& panel, int reach);
+
+/// The first column from `x` on that shows nothing but background; the last one without any.
+[[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x);
 
 } // namespace zv

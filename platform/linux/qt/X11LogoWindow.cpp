@@ -15,6 +15,8 @@ namespace {
 
 /// A panel that has just started draws itself piece by piece: look until two looks agree.
 constexpr std::array<int, 6> kPausesBetweenLooks { 60, 120, 250, 500, 1000, 2000 }; // milliseconds
+/// What has no end may be a button that is lit up: give it time to go out.
+constexpr std::size_t kLooksAtAWord = 4;
 constexpr int kLookWidth = 480; ///< enough to tell the background from what stands on it
 constexpr std::uint32_t kOpaque = 0xff000000;
 
@@ -99,7 +101,7 @@ void X11LogoWindow::look()
     auto const pixels = readPixels({ 0, 0, std::min(m_geometry.panel.width, kLookWidth), m_geometry.panel.height });
     bool const isLast = m_looks == kPausesBetweenLooks.size();
     if (!pixels.pixels.empty() && (isLast || hasSettled(pixels)))
-        return settle(findPanelCorner(pixels, m_geometry.reach));
+        return settle(cornerIn(pixels));
     m_lastLook = pixels;
     // While the panel cannot be read, as when it is half off the screen, go on at the last pace.
     m_lookAgain.start(kPausesBetweenLooks[std::min(m_looks, kPausesBetweenLooks.size() - 1)]);
@@ -109,7 +111,28 @@ void X11LogoWindow::look()
 bool X11LogoWindow::hasSettled(PanelPixels const& pixels) const
 {
     auto const corner = findPanelCorner(pixels, m_geometry.reach);
-    return corner.picture && m_lastLook.width == pixels.width && findPanelCorner(m_lastLook, m_geometry.reach) == corner;
+    return corner.picture && (!corner.isCut || m_looks >= kLooksAtAWord) && m_lastLook.width == pixels.width
+        && findPanelCorner(m_lastLook, m_geometry.reach) == corner;
+}
+
+/// The background is that beside what covers the picture, which may reach further.
+PanelCorner X11LogoWindow::cornerIn(PanelPixels const& pixels) const
+{
+    auto corner = findPanelCorner(pixels, m_geometry.reach);
+    corner.backgroundColumn = backgroundColumnFrom(pixels, std::max(corner.backgroundColumn, plateFor(corner).right()));
+    corner.isCut = corner.isCut && !m_hasDoubted;
+    return corner;
+}
+
+/// What seemed to have no end has another background now: it may have been lit up. Once.
+void X11LogoWindow::doubt()
+{
+    m_hasDoubted = true;
+    remove();
+    m_known.erase(m_panel);
+    m_corner.reset();
+    m_looks = 0;
+    look();
 }
 
 void X11LogoWindow::settle(PanelCorner const& corner)
@@ -117,7 +140,6 @@ void X11LogoWindow::settle(PanelCorner const& corner)
     m_corner = corner;
     m_known[m_panel] = { m_geometry.panel, corner };
     m_plate = plateFor(corner);
-    m_corner->backgroundColumn = std::min(std::max(corner.backgroundColumn, m_plate.right()), m_geometry.panel.width - 1);
     m_background = readBackground();
     if (m_background.empty()) { // cannot be read just now
         m_lookAgain.start(kPausesBetweenLooks.back());
@@ -131,7 +153,7 @@ void X11LogoWindow::settle(PanelCorner const& corner)
 XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
 {
     XRect const whole { 0, 0, m_geometry.panel.width, m_geometry.panel.height };
-    double const scale = logoScale();
+    double const scale = logoScale(corner);
     double const middle = m_geometry.panel.height / 2.0;
     auto const centre = corner.picture ? centreOf(*corner.picture) : QPointF(middle, middle);
     auto const logo = centredOn(centre, m_logo.width * scale, m_logo.height * scale);
@@ -139,9 +161,9 @@ XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
 }
 
 /// The logo is no smaller than stated; over a larger picture it is as large as that.
-double X11LogoWindow::logoScale() const
+double X11LogoWindow::logoScale(PanelCorner const& corner) const
 {
-    int const pictureHeight = m_corner && m_corner->picture ? std::min(m_corner->picture->height, m_geometry.panel.height - 6) : 0;
+    int const pictureHeight = corner.picture ? std::min(corner.picture->height, m_geometry.panel.height - 6) : 0;
     return std::max(m_geometry.scale, pictureHeight / m_logo.height);
 }
 
@@ -154,7 +176,7 @@ QImage X11LogoWindow::render() const
     }
     double const middle = m_geometry.panel.height / 2.0;
     auto const centre = m_corner->picture ? centreOf(*m_corner->picture) : QPointF(middle, middle);
-    LogoCanvas canvas(image, centre - QPointF(m_plate.x, m_plate.y), logoScale());
+    LogoCanvas canvas(image, centre - QPointF(m_plate.x, m_plate.y), logoScale(*m_corner));
     m_content.draw(&canvas, m_geometry.viewHeight);
     return image;
 }
@@ -222,6 +244,8 @@ void X11LogoWindow::followBackground()
     auto background = readBackground();
     if (background.empty() || background == m_background)
         return;
+    if (m_corner->isCut)
+        return doubt();
     m_background = std::move(background);
     show();
 }

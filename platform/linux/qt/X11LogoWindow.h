@@ -50,10 +50,12 @@ private:
 
     [[nodiscard]] std::optional<Rect> wantedLogo() const;
     void look();
+    void doubt();
+    [[nodiscard]] PanelCorner cornerIn(PanelPixels const& pixels) const;
     [[nodiscard]] bool hasSettled(PanelPixels const& pixels) const;
     void settle(PanelCorner const& corner);
     [[nodiscard]] XRect plateFor(PanelCorner const& corner) const;
-    [[nodiscard]] double logoScale() const;
+    [[nodiscard]] double logoScale(PanelCorner const& corner) const;
     [[nodiscard]] QImage render() const;
     void show();
     void createWindow();
@@ -79,6 +81,7 @@ private:
     std::optional<PanelCorner> m_corner; ///< once the panel has drawn itself
     PanelPixels m_lastLook;
     std::size_t m_looks = 0;
+    bool m_hasDoubted = false;
     Rect m_logo; ///< its size in points
     XRect m_plate; ///< what the window covers, within the panel
     Rows m_background; ///< of the plate, from the top
