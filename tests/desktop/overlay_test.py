@@ -94,10 +94,18 @@ class OverlayTest(unittest.TestCase):
             file.write(f"[Desktop Entry]\nType=Application\nName=chooser\nExec=touch {CHOSEN}\n")
         os.chmod(launcher, 0o755)
         set_menu([("FSObject", "Chooser", launcher), ("FSObject", "Home", HOME)])
-        self.program = self.enterContext(Program(**self.ENVIRONMENT))
-        wait_until(self.answers, 10, "the start")
+        self.start()
         self.addCleanup(move, 600, 400)
         self.addCleanup(close_menus)
+
+    def start(self):
+        self.program = self.enterContext(Program(**self.ENVIRONMENT))
+        wait_until(self.answers, 10, "the start")
+
+    def start_again(self):
+        self.program.process.terminate()
+        self.program.process.wait(10)
+        self.start()
 
     def answers(self):
         return subprocess.run([os.environ["ZV_PROGRAM"], "hotkeys"], capture_output=True, check=False).returncode == 0
@@ -217,8 +225,8 @@ class OnAPanel(OverlayTest):
             move(*pointer)
             time.sleep(0.6)
             rows = screenshot(name)
-            for y in (3, 24):  # above and below the logo, across what it stands on
-                self.assertEqual(len(set(rows[y][4:20])), 1, f"{name}, row {y}: one colour")
+            for y in (3, 23):  # above and below the logo, across what it stands on
+                self.assertEqual(len(set(rows[y][8:20])), 1, f"{name}, row {y}: one colour")
 
     def test_each_monitor_has_its_own(self):
         output("xrandr", "--setmonitor", "A", "640/100x800/100+0+0", "screen")
@@ -230,16 +238,21 @@ class OnAPanel(OverlayTest):
             time.sleep(0.3)
             self.click_opens(650, 10, left=640, panel=30)
             self.click_opens(10, 10)
-            output("xrandr", "--delmonitor", "B")
-            output("xrandr", "--setmonitor", "*B", "640/100x800/100+640+0", "none")
-            time.sleep(1)  # the second is the primary one now
-            self.click_opens(650, 10, left=640, panel=30)
-            self.click_opens(10, 10)
             second.close()
             time.sleep(0.3)
             click(650, 10)
             self.expect_no_menu("the second panel has gone")
             self.click_opens(10, 10)
+
+            output("xrandr", "--delmonitor", "B")
+            output("xrandr", "--setmonitor", "*B", "640/100x800/100+640+0", "none")
+            self.start_again()  # monitors divided by hand are not told
+            second = Dock(640, 640, 30)
+            wait_until(lambda: "30" in output("wmctrl", "-lG").split(), 3, "the second panel")
+            time.sleep(0.3)
+            self.click_opens(650, 10, left=640, panel=30)
+            self.click_opens(10, 10)
+            second.close()
         finally:
             output("xrandr", "--delmonitor", "B")
             output("xrandr", "--delmonitor", "A")
@@ -276,7 +289,8 @@ class OnADesktopOfTwiceTheScale(OverlayTest):
         for x in (2, 2 * OVERLAY_WIDTH - 2):
             click(x, 10)
             there = wait_until(windows, 3, "the menu")
-            self.assertEqual([place[:2] for place in there], [(0, PANEL_HEIGHT + 2 * GAP)])
+            self.assertEqual([place[0] for place in there], [0])
+            self.assertAlmostEqual(there[0][1], PANEL_HEIGHT + 2 * GAP, delta=1)  # the toolkit counts in twos
             close_menus()
         click(2 * OVERLAY_WIDTH + 2, 10)
         self.expect_no_menu("beside it is the panel")

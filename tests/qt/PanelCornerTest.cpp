@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace zv {
@@ -88,11 +89,41 @@ TEST(PanelCorner, FindsNoneOnAnEmptyCornerOrInNothing)
 
 TEST(PanelCorner, FindsBackgroundBesideWhatReachesFurtherThanThePicture)
 {
+    auto const onPanel = PanelCorner::Ground::panel;
     auto const panel = panelOf({ { blank, 3 }, { drawn, 6 }, { blank, 4 }, { drawn, 7 }, { blank, 2 }, { drawn, 30 } });
-    EXPECT_EQ(backgroundColumnFrom(panel, 10), 10);
-    EXPECT_EQ(backgroundColumnFrom(panel, 15), 20) << "not within a letter";
-    EXPECT_EQ(backgroundColumnFrom(panelOf({ { blank, 3 }, { drawn, 197 } }), 15), 199) << "there is none";
-    EXPECT_EQ(backgroundColumnFrom({}, 15), 0);
+    EXPECT_EQ(backgroundColumnFrom(panel, 10, kReach, onPanel), 10);
+    EXPECT_EQ(backgroundColumnFrom(panel, 15, kReach, onPanel), 20) << "not within a letter";
+    EXPECT_EQ(backgroundColumnFrom({}, 15, kReach, onPanel), 0);
+}
+
+/// The button reaches from the left end to column 100; its frame has round corners.
+PanelPixels lit(PanelPixels panel)
+{
+    for (int y = 0; y < panel.height - 1; ++y) {
+        for (int x = 0; x <= 100; ++x) {
+            auto& pixel = panel.pixels[static_cast<std::size_t>(y * panel.width + x)];
+            int const fromEdge = std::min({ x, y, 100 - x, panel.height - 2 - y });
+            bool const isRoundedOff = std::min(x, 100 - x) + std::min(y, panel.height - 2 - y) < 3;
+            if (pixel == groundAt(Ground::plain, y))
+                pixel = isRoundedOff || fromEdge > 0 ? 0xfffafaf9 : 0xffcfcac4;
+            if (isRoundedOff && fromEdge > 0)
+                pixel = 0xffcfcac4;
+        }
+    }
+    return panel;
+}
+
+TEST(PanelCorner, FindsThePictureOnAButtonThatIsLitUp)
+{
+    std::vector<Stretch> runs { { blank, 3 }, { drawn, 14 }, { blank, 3 } };
+    for (int letter = 0; letter < 10; ++letter)
+        runs.insert(runs.end(), { { drawn, 2 }, { blank, 5 } });
+    auto const corner = findPanelCorner(lit(panelOf(runs)), kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 3, 4, 14, 19 }));
+    EXPECT_EQ(corner.backgroundColumn, 17) << "the button's own, which goes out with it";
+    EXPECT_FALSE(corner.isCut);
+    EXPECT_EQ(corner.ground, PanelCorner::Ground::litButton);
 }
 
 TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)

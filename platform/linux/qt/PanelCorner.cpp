@@ -21,23 +21,27 @@ bool differs(std::uint32_t a, std::uint32_t b)
 
 /// A panel is mostly empty, and plain or shaded from the top down: each row's most frequent
 /// colour is its background.
-std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel)
+std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel, int width)
 {
     std::vector<std::uint32_t> rows;
     for (int y = 0; y < panel.height; ++y) {
         std::map<std::uint32_t, int> counts;
-        for (int x = 0; x < panel.width; ++x)
+        for (int x = 0; x < width; ++x)
             ++counts[panel.at(x, y)];
         rows.push_back(std::max_element(counts.begin(), counts.end(), [](auto const& a, auto const& b) { return a.second < b.second; })->first);
     }
     return rows;
 }
 
+/// A button's frame is no thicker than this, its round corners no larger.
+int frameOf(PanelPixels const& panel) { return panel.height / 6; }
+
 class Columns {
 public:
-    Columns(PanelPixels const& panel, int reach)
+    Columns(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
         : m_panel(panel)
-        , m_background(backgroundOf(panel))
+        , m_background(backgroundOf(panel, ground == PanelCorner::Ground::panel ? panel.width : std::min(2 * reach, panel.width)))
+        , m_frame(ground == PanelCorner::Ground::panel ? 0 : frameOf(panel))
         , m_reach(std::min(reach, panel.width))
         , m_letterGap(std::max(1, panel.height / 13))
     {
@@ -46,6 +50,10 @@ public:
     [[nodiscard]] int firstDrawn() const
     {
         int x = 0;
+        while (x < m_frame && !isEmpty(x))
+            ++x;
+        if (x == m_frame)
+            x = 0; // what is there is no frame
         while (x < m_reach && isEmpty(x))
             ++x;
         return x;
@@ -76,7 +84,7 @@ public:
     [[nodiscard]] XRect boundsOf(int from, int end) const
     {
         int top = m_panel.height, bottom = 0;
-        for (int y = 0; y < m_panel.height; ++y) {
+        for (int y = m_frame; y < m_panel.height - m_frame; ++y) {
             for (int x = from; x < end; ++x) {
                 if (isDrawn(x, y)) {
                     top = std::min(top, y);
@@ -91,7 +99,7 @@ private:
     [[nodiscard]] bool isDrawn(int x, int y) const { return differs(m_panel.at(x, y), m_background[static_cast<std::size_t>(y)]); }
     [[nodiscard]] bool isEmpty(int x) const
     {
-        for (int y = 0; y < m_panel.height; ++y) {
+        for (int y = m_frame; y < m_panel.height - m_frame; ++y) {
             if (isDrawn(x, y))
                 return false;
         }
@@ -107,9 +115,20 @@ private:
 
     PanelPixels const& m_panel;
     std::vector<std::uint32_t> m_background;
+    int m_frame;
     int m_reach;
     int m_letterGap;
 };
+
+PanelCorner cornerOn(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
+{
+    Columns const columns(panel, reach, ground);
+    int const from = columns.firstDrawn();
+    if (from >= std::min(reach, panel.width))
+        return {};
+    auto const end = columns.endOfPicture(from);
+    return { columns.boundsOf(from, end.column), columns.firstEmptyFrom(end.column), end.isCut, ground };
+}
 
 } // namespace
 
@@ -117,14 +136,17 @@ PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
 {
     if (panel.width <= 0 || panel.height <= 0)
         return {};
-    Columns const columns(panel, reach);
-    int const from = columns.firstDrawn();
-    if (from >= std::min(reach, panel.width))
-        return {};
-    auto const end = columns.endOfPicture(from);
-    return { columns.boundsOf(from, end.column), columns.firstEmptyFrom(end.column), end.isCut };
+    auto const corner = cornerOn(panel, reach, PanelCorner::Ground::panel);
+    bool const mayBeButton = corner.isCut && corner.picture->x < frameOf(panel);
+    if (!mayBeButton)
+        return corner;
+    auto const onButton = cornerOn(panel, reach, PanelCorner::Ground::litButton);
+    return onButton.picture && !onButton.isCut ? onButton : corner;
 }
 
-int backgroundColumnFrom(PanelPixels const& panel, int x) { return panel.width <= 0 ? 0 : Columns(panel, panel.width).firstEmptyFrom(x); }
+int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground)
+{
+    return panel.width <= 0 || panel.height <= 0 ? 0 : Columns(panel, reach, ground).firstEmptyFrom(x);
+}
 
 } // namespace zv

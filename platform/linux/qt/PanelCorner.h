@@ -25,7 +25,9 @@ struct PanelPixels {
 struct PanelCorner {
     std::optional<XRect> picture; ///< the first thing drawn there, such as a launcher's icon
     int backgroundColumn = 0; ///< one that shows the background beside it
-    bool isCut = false; ///< no gap ends the picture: it is a word, or a button lit up as a whole
+    bool isCut = false; ///< no gap ends the picture: it is a word, or something lit up as a whole
+    /// What it stands on: a button that is lit up has a background of its own, and a frame.
+    enum class Ground { panel, litButton } ground = Ground::panel;
     friend bool operator==(PanelCorner const&, PanelCorner const&) = default;
 };
 
@@ -34,6 +36,6 @@ struct PanelCorner {
 [[nodiscard]] PanelCorner findPanelCorner(PanelPixels const& panel, int reach);
 
 /// The first column from `x` on that shows nothing but background; the last one without any.
-[[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x);
+[[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground);
 
 } // namespace zv

@@ -119,7 +119,7 @@ bool X11LogoWindow::hasSettled(PanelPixels const& pixels) const
 PanelCorner X11LogoWindow::cornerIn(PanelPixels const& pixels) const
 {
     auto corner = findPanelCorner(pixels, m_geometry.reach);
-    corner.backgroundColumn = backgroundColumnFrom(pixels, std::max(corner.backgroundColumn, plateFor(corner).right()));
+    corner.backgroundColumn = backgroundColumnFrom(pixels, std::max(corner.backgroundColumn, plateFor(corner).right()), m_geometry.reach, corner.ground);
     corner.isCut = corner.isCut && !m_hasDoubted;
     return corner;
 }
