@@ -46,18 +46,20 @@ else()
   set(ZV_DESKTOP_PROGRAM $<TARGET_FILE:zanthe-vell>)
 endif()
 
-add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${CMAKE_SOURCE_DIR}/tests/desktop/session
-                                      /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/hotkeys_test.py ${ZV_DESKTOP_PROGRAM})
+set(ZV_PRIVATE_DESKTOP ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop)
+
+add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3
+                                      ${CMAKE_SOURCE_DIR}/tests/desktop/hotkeys_test.py ${ZV_DESKTOP_PROGRAM})
 set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
 
-foreach(session IN ITEMS COMP=none COMP=picom AUTOHIDE=2)
+foreach(session IN ITEMS COMPOSITOR=none COMPOSITOR=picom AUTOHIDE=2)
   add_test(NAME desktop_overlay_${session}
-           COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1 ${session} ${CMAKE_SOURCE_DIR}/tests/desktop/session
+           COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1 ${session} ${ZV_PRIVATE_DESKTOP} --
                    ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROGRAM})
   set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
 endforeach()
 
-add_test(NAME desktop_actions COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/actions_test.py)
+add_test(NAME desktop_actions COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/actions_test.py)
 set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 300 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;PYTHONDONTWRITEBYTECODE=1")
 
@@ -70,22 +72,19 @@ if(ZV_SANITIZE AND ZV_FUZZ)
   set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600 ENVIRONMENT ZV_FUZZ_PRESET=sanitize)
 endif()
 
-add_test(NAME desktop_lists
-         COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/session ${CMAKE_SOURCE_DIR}/tests/desktop/lists_test.py ${ZV_DESKTOP_PROGRAM})
+add_test(NAME desktop_lists COMMAND ${ZV_PRIVATE_DESKTOP} -- ${CMAKE_SOURCE_DIR}/tests/desktop/lists_test.py ${ZV_DESKTOP_PROGRAM})
 set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
 
 add_test(NAME packaging COMMAND ${CMAKE_SOURCE_DIR}/tests/packaging $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(packaging PROPERTIES TIMEOUT 120)
 
-add_test(NAME desktop_settings COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3
-                                       ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
+add_test(NAME desktop_settings COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
 set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
 
-add_test(NAME desktop_updates COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/updates_test.py)
+add_test(NAME desktop_updates COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/updates_test.py)
 set_tests_properties(desktop_updates PROPERTIES LABELS desktop TIMEOUT 240 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
-add_test(NAME desktop_shell COMMAND ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop -- /usr/bin/python3
-                                    ${CMAKE_SOURCE_DIR}/tests/desktop/shell_test.py)
+add_test(NAME desktop_shell COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/shell_test.py)
 set_tests_properties(desktop_shell PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")

@@ -1,5 +1,5 @@
 """Shortcuts in the running program, pressed by raw key codes on a private desktop.
-   hotkeys_test.py PROGRAM [TEST…]; run it with tests/desktop/session."""
+   hotkeys_test.py PROGRAM [TEST…]; run it with packaging/linux/private-desktop."""
 
 import ctypes
 import json

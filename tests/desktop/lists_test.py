@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """The lists of what the machine has, in the running program. Runs inside
-tests/desktop/session: lists_test.py PROGRAM [the unittest arguments]."""
+packaging/linux/private-desktop: lists_test.py PROGRAM [the unittest arguments]."""
 
 import os
 import plistlib

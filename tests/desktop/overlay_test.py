@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Uses the corner of the panel as a person at the desktop does. Runs inside
-tests/desktop/session: overlay_test.py PROGRAM [the unittest arguments]. Pictures go to
-$ZV_PICTURES if that is set."""
+packaging/linux/private-desktop: overlay_test.py PROGRAM [the unittest arguments]. Pictures
+go to $ZV_PICTURES if that is set."""
 
 import ctypes
 import os
