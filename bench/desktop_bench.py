@@ -2,6 +2,7 @@
 
 import os
 import re
+import shutil
 import statistics
 import subprocess
 import sys
@@ -15,6 +16,7 @@ from desktop import Bus, Panel, Program, keys, open_by_icon, wait_until, windows
 PROBE = os.environ["ZV_CLICK_LATENCY"]
 HOME = desktop.HOME
 PANEL_MENU = (12, 13)
+ENDINGS = ("txt", "png", "pdf", "odt", "mp3")
 
 
 class Times(NamedTuple):
@@ -23,14 +25,58 @@ class Times(NamedTuple):
     settled: float
 
 
-def latency(x, y, *options):
-    """Medians in milliseconds; nothing when no menu came."""
+def latencies(x, y, *options):
+    """In milliseconds, one a run in which a menu came."""
     said = subprocess.run([PROBE, str(x), str(y), *options], capture_output=True, text=True, check=False).stdout
-    found = re.search(r"mapped ([\d.]+) first ([\d.]+) settled ([\d.]+)", said)
-    return Times(*map(float, found.groups())) if found else None
+    return [Times(*map(float, run)) for run in re.findall(r"mapped ([\d.]+) first ([\d.]+) settled ([\d.]+)", said)]
 
 
-def folder_of(name, count, endings=("txt", "png", "pdf", "odt", "mp3")):
+def medians(times):
+    return Times(*map(statistics.median, zip(*times))) if times else None
+
+
+def in_turns(sides, rounds=5, runs=4):
+    """The medians of each side. They take turns, so that what else the machine does falls on all."""
+    found = {name: [] for name in sides}
+    for _ in range(rounds):
+        for name, arguments in sides.items():
+            found[name] += latencies(*arguments, "--runs", str(runs))
+    return {name: medians(times) for name, times in found.items()}
+
+
+class SmallMenu:
+    """jgmenu, if it is installed: a menu without a toolkit whose window is kept ready. It
+    opens on a signal, so neither a panel nor a bus stands between it and the user."""
+
+    SETTINGS = "stay_alive = 1\nhide_on_startup = 1\nicon_size = 16\ntint2_look = 0\n"
+    ICONS = {"txt": "text-x-generic", "png": "image-x-generic", "pdf": "x-office-document", "odt": "x-office-document", "mp3": "audio-x-generic"}
+
+    def __init__(self, titles):
+        self.process = None
+        if not shutil.which("jgmenu"):
+            return
+        settings, entries = os.path.join(HOME, "jgmenurc"), os.path.join(HOME, "jgmenu.csv")
+        with open(settings, "w", encoding="utf-8") as file:
+            file.write(self.SETTINGS)
+        with open(entries, "w", encoding="utf-8") as file:
+            file.writelines(f"{title},true,{self.ICONS[title.rsplit('.')[-1]]}\n" for title in titles)
+        self.process = subprocess.Popen(["jgmenu", f"--config-file={settings}", f"--csv-file={entries}", "--hide-on-startup"],
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        time.sleep(2)
+
+    def side(self):
+        return {"jgmenu": (0, 0, "--signal", str(self.process.pid))} if self.process else {}
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process:
+            self.process.terminate()
+            self.process.wait()
+
+
+def folder_of(name, count, endings=ENDINGS):
     folder = os.path.join(HOME, name)
     os.makedirs(folder, exist_ok=True)
     for number in range(count):
@@ -43,14 +89,15 @@ def menu_of(count):
     folder = folder_of("Many", 250)
     names = sorted(os.listdir(folder))[:count]
     desktop.set_menu([("FSObject", name, os.path.join(folder, name)) for name in names])
+    return names
 
 
-def report(name, times, reference=None, aim=None):
+def report(name, times, references=None, aim=None):
     if not times:
-        print(f"{name:44} nothing opened")
+        print(f"{name:32} nothing opened")
         return
-    ratio = f"  {times.settled / reference.settled:5.2f} of the panel's" if reference else ""
-    print(f"{name:44} mapped {times.mapped:6.2f} ms  settled {times.settled:6.2f} ms{ratio}" + (f"  aim {aim}" if aim else ""))
+    ratios = "".join(f"  {times.settled / reference.settled:5.2f} of {whose}'s" for whose, reference in (references or {}).items() if reference)
+    print(f"{name:32} mapped {times.mapped:6.2f} ms  settled {times.settled:6.2f} ms{ratios}" + (f"  aim {aim}" if aim else ""), flush=True)
 
 
 def first_submenu():
@@ -60,7 +107,7 @@ def first_submenu():
         time.sleep(0.5)
         open_by_icon()
         keys("Down")
-        return latency(0, 0, "--key", "Right", "--runs", "1")
+        return medians(latencies(0, 0, "--key", "Right", "--runs", "1"))
 
 
 def cold_icons():
@@ -98,23 +145,30 @@ def start_to_icon():
     return min(times)
 
 
+def openings_of(count, aim):
+    names = menu_of(count)
+    with SmallMenu(names) as small, Program():
+        wait_until(lambda: Bus().items())
+        time.sleep(1)
+        first = medians(latencies(*Panel.ICON, "--runs", "1"))
+        times = in_turns({"ours": Panel.ICON, "the panel": PANEL_MENU, **small.side()})
+    references = {name: found for name, found in times.items() if name != "ours"}
+    for name, found in references.items():
+        report(f"{name}'s own menu", found)
+    report(f"{count} items, first opening", first, references)
+    report(f"{count} items, warm", times["ours"], references, aim)
+
+
 def openings():
     with Panel():
-        reference = latency(*PANEL_MENU)
-        report("the panel's applications menu", reference)
-        for count, aim in ((30, "2 / 4"), (250, "6 / 10")):
-            menu_of(count)
-            with Program():
-                wait_until(lambda: Bus().items())
-                time.sleep(1)
-                report(f"{count} items, first opening", latency(*Panel.ICON, "--runs", "1"), reference)
-                report(f"{count} items, warm", latency(*Panel.ICON), reference, aim)
+        openings_of(30, "2 / 4")
+        openings_of(250, "6 / 10")
         desktop.set_menu([("FSObject", "Huge", folder_of("Huge", 10000))])
         with Program():
             wait_until(lambda: Bus().items())
             open_by_icon()
             keys("Down")
-            report("a folder of 250 out of 10,000", latency(0, 0, "--key", "Right"), None, "14 to map")
+            report("a folder of 250 out of 10,000", medians(latencies(0, 0, "--key", "Right")), None, "14 to map")
 
 
 def memory():
