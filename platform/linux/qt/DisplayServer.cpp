@@ -1,10 +1,16 @@
 #include "platform/linux/qt/DisplayServer.h"
 
+#include "platform/linux/FileDescriptor.h"
+
+#include <QByteArrayList>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLibraryInfo>
 
-#include <QDir>
-
+#include <algorithm>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <xcb/xcb.h>
 
 namespace zv {
@@ -23,10 +29,32 @@ bool doesXAnswer()
     return answers;
 }
 
-bool canUseWayland()
+bool hasWaylandPlugin()
 {
     QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
+    return !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
+}
+
+/// The toolkit would end the program if it found nobody there.
+bool doesWaylandAnswer()
+{
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) // an open connection, handed down
+        return hasWaylandPlugin();
+    auto const display = QFile::decodeName(qgetenv("WAYLAND_DISPLAY"));
+    auto const path = QFile::encodeName(QDir(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"))).absoluteFilePath(display)).toStdString();
+    sockaddr_un address { AF_UNIX, {} };
+    if (display.isEmpty() || path.size() >= sizeof address.sun_path || !hasWaylandPlugin())
+        return false;
+    path.copy(address.sun_path, path.size());
+    FileDescriptor const connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    return connect(connection.get(), reinterpret_cast<sockaddr const*>(&address), sizeof address) == 0;
+}
+
+bool answers(QByteArray const& platform)
+{
+    if (platform.startsWith("xcb"))
+        return doesXAnswer();
+    return !platform.startsWith("wayland") || doesWaylandAnswer();
 }
 
 } // namespace
@@ -35,13 +63,10 @@ bool isWaylandSession() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
 
 void chooseDisplayServer()
 {
-    auto const chosen = qgetenv(choice);
-    if (!chosen.isEmpty() && !chosen.startsWith("xcb"))
-        return;
-    if (doesXAnswer())
-        qputenv(choice, "xcb");
-    else
-        qputenv(choice, canUseWayland() ? "wayland" : "offscreen");
+    auto candidates = qgetenv(choice).split(';');
+    candidates.removeAll({});
+    candidates << "xcb" << "wayland" << "offscreen";
+    qputenv(choice, *std::find_if(candidates.begin(), candidates.end(), answers));
 }
 
 bool canPlaceWindows() { return qGuiApp && QGuiApplication::platformName() == QLatin1String("xcb"); }

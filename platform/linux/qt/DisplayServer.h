@@ -4,8 +4,8 @@ namespace zv {
 
 /// Chooses what the toolkit talks to, before its application object is made: X11 whenever
 /// it answers, as only there a menu can be put at a place; else Wayland; else nothing is
-/// shown and only the menu on the bus serves. A choice made in the environment stands,
-/// unless it is an X11 that does not answer.
+/// shown and only the menu on the bus serves. A choice made in the environment comes before
+/// all of them, as long as it answers.
 void chooseDisplayServer();
 
 /// There may well be an X server beside it, but neither are the panels its windows, nor are
