@@ -151,7 +151,7 @@ class Panel:
         self.process.kill()
         self.process.wait()
         self.log.close()
-        wait_until(lambda: not Bus().has_owner(WATCHER[0]), 5, "the panel is gone")
+        wait_until(lambda: not Bus().has_owner(WATCHER[0]), 15, "the panel is gone")
 
 
 def zv(*arguments):
@@ -227,7 +227,7 @@ def open_by_icon():
     for _ in range(4):
         click(*Panel.ICON)
         try:
-            return wait_until(windows, 3, "the menu")
+            return wait_until(windows, 6, "the menu")
         except AssertionError:
             continue
     raise AssertionError("the icon opens nothing")

@@ -5,7 +5,7 @@ import subprocess
 import time
 import unittest
 
-from gi.repository import GLib
+from gi.repository import Gio, GLib
 
 import desktop
 from desktop import Bus, BusMenu, Panel, Program, click, keys, open_by_icon, wait_until, windows, zv
@@ -19,6 +19,28 @@ def write(path, text=""):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     with open(path, "w", encoding="utf-8") as file:
         file.write(text)
+
+
+class FileManager:
+    """The desktop's, as far as it is asked to show files in their folders."""
+
+    NAME, PATH = "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1"
+    INTERFACE = Gio.DBusNodeInfo.new_for_xml(
+        f'<node><interface name="{NAME}"><method name="ShowItems"><arg type="as" direction="in"/><arg type="s" direction="in"/></method></interface></node>')
+
+    def __init__(self, bus):
+        self.addresses = []
+        bus.connection.register_object(self.PATH, self.INTERFACE.interfaces[0], self.called, None, None)
+        bus.call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "RequestName", GLib.Variant("(su)", (self.NAME, 0)))
+
+    def called(self, *arguments):
+        self.addresses += arguments[5].unpack()[0]
+        arguments[6].return_value(None)
+
+    def shown(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.addresses
 
 
 class MenuTest(unittest.TestCase):
@@ -135,6 +157,39 @@ class MenuTest(unittest.TestCase):
             wait_until(lambda: windows("wrapper-2.0"), 5, "the panel's own drawing of the menu")
             keys("Escape")
             self.assertEqual(windows(), [])
+
+    def test_what_stands_for_the_option_key_brings_the_commands_it_brings(self):
+        ways = {
+            "Shift and a click": ("Shift_L", lambda: click(*Panel.ICON)),
+            "Alt": ("Alt_L", lambda: zv("show", "--at", "300,100")),
+            "a middle click": (None, lambda: click(*Panel.ICON, button=2)),
+        }
+        with Panel(), Program():
+            self.item()
+            plain = open_by_icon()[0][3]
+            desktop.close_menus()
+            for name, (key, opens) in ways.items():
+                with self.subTest(name):
+                    try:
+                        subprocess.run(["xdotool", "keydown" if key else "sleep", key or "0"], check=True)
+                        opens()
+                        height = wait_until(windows, 3, "the menu")[0][3]
+                    finally:
+                        subprocess.run(["xdotool", "keyup" if key else "sleep", key or "0"], check=True)
+                    self.assertGreater(height, plain + 30, "with two commands more")
+                    wait_until(lambda: [high for *_, high in windows()] == [height], 3, "the same menu after letting go of the key")
+                    desktop.close_menus()
+
+    def test_control_while_choosing_reveals(self):
+        manager = FileManager(self.bus)
+        with Program():
+            wait_until(lambda: self.bus.has_owner(desktop.NAME))
+            zv("show", "--at", "300,100")
+            wait_until(windows)
+            subprocess.run(["xdotool", "type", "--delay", "30", "lau"], check=True)
+            keys("ctrl+Return")
+            self.assertEqual(wait_until(manager.shown, 5, "a file is revealed"), [f"file://{HOME}/Launch.desktop"])
+            self.assertFalse(os.path.exists(LAUNCHED))
 
     def test_the_icon_follows_the_preference(self):
         with Panel(), Program() as program:

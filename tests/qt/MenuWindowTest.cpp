@@ -140,6 +140,34 @@ TEST_F(MenuWindowTest, ASubmenuFillsWhenItOpensAndFollowsALaterFill)
     EXPECT_EQ(submenu->actions().size(), 2000) << "a closed menu follows nothing";
 }
 
+TEST_F(MenuWindowTest, ALateFillSelectsWhatAnEarlyOneWould)
+{
+    auto const sub = FillingMenu::make({ MenuEntry::disabled("Loading…") });
+    open({ branch("Folder", sub) });
+    auto const fillLater = [&](std::vector<MenuEntry> entries) {
+        sub->menu->entries = std::move(entries);
+        sub->menu->didRefill();
+    };
+    auto const selected = [&] {
+        auto const* action = window->actions()[0]->menu()->activeAction();
+        return action ? action->text() : QString();
+    };
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    EXPECT_EQ(selected(), "");
+    fillLater({ MenuEntry::disabled("none"), leaf("one"), branch("two", FillingMenu::make({})) });
+    EXPECT_EQ(selected(), "one") << "as a key opened it";
+    press(Qt::Key_Down);
+    fillLater({ leaf("zero"), leaf("one"), branch("two", FillingMenu::make({})), leaf("three") });
+    EXPECT_EQ(selected(), "two") << "what was selected stays so";
+
+    window->close();
+    window->popup({ 10, 10 });
+    window->setActiveAction(window->actions()[0]);
+    fillLater({ leaf("one") });
+    EXPECT_EQ(selected(), "") << "no key opened it";
+}
+
 TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
 {
     open({ leaf("Über uns", note("about")), MenuEntry::separator(), leaf("Settings", note("settings")), leaf("Restart", note("restart")) });

@@ -6,10 +6,12 @@
 #include "platform/linux/qt/ShortcutText.h"
 
 #include <QActionEvent>
+#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QStyleOptionMenuItem>
 #include <QTextDocument>
 #include <QTimer>
@@ -85,6 +87,7 @@ MenuWindow::MenuWindow(QWidget* parent)
     : QMenu(parent)
 {
     setToolTipsVisible(true);
+    setWindowIcon(blankMenuIcon()); // nobody sees it; the program's own would be sent to the display with each window
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
     if (qobject_cast<MenuWindow*>(parent))
@@ -194,6 +197,8 @@ void MenuWindow::willOpen()
 {
     if (m_isLayingOut || !m_menu)
         return;
+    auto const* parent = qobject_cast<MenuWindow const*>(parentWidget());
+    m_isOpenedByKey = parent && parent->m_handlesKey;
     m_filter.clear();
     setMinimumWidth(0);
     m_menu->needsUpdate();
@@ -216,16 +221,41 @@ void MenuWindow::chosen(QAction* action)
 {
     auto const* entry = dynamic_cast<EntryAction const*>(action);
     if (entry && entry->target && onChosen)
-        onChosen(entry->target, QGuiApplication::queryKeyboardModifiers());
+        onChosen(entry->target, QGuiApplication::keyboardModifiers()); // of the click or key that chose it
 }
 
 void MenuWindow::refilled()
 {
+    auto const selected = activeAction() ? activeAction()->text() : QString();
     mirror();
-    if (m_filter.isEmpty())
-        layOutAgain();
-    else
+    if (!m_filter.isEmpty()) {
         applyFilter();
+        return;
+    }
+    layOutAgain();
+    if (!selected.isEmpty())
+        selectAgain(selected);
+    else if (m_isOpenedByKey)
+        press(Qt::Key_Down);
+}
+
+/// By steps, as an entry that is made the active one opens its submenu.
+void MenuWindow::selectAgain(QString const& text)
+{
+    auto const all = actions();
+    if (std::none_of(all.begin(), all.end(), [&](QAction const* action) { return isSelectable(action) && action->text() == text; }))
+        return;
+    do
+        press(Qt::Key_Down);
+    while (activeAction()->text() != text);
+}
+
+/// Hidden, as what is closed gives its native window away, and making one anew takes longer
+/// than all the rest of an opening.
+void MenuWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    hide();
 }
 
 bool MenuWindow::event(QEvent* event)
@@ -285,6 +315,7 @@ void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
     if (choseByShortcut(*event) || typed(*event) || movedByKey(event->key()))
         return;
+    QScopedValueRollback const handling(m_handlesKey, true);
     QMenu::keyPressEvent(event);
 }
 

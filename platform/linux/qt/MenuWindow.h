@@ -38,6 +38,7 @@ public:
 
 protected:
     void actionEvent(QActionEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -55,6 +56,7 @@ private:
     void didHide();
     void chosen(QAction* action);
     void refilled();
+    void selectAgain(QString const& text);
     void fetchIcons();
 
     bool typed(QKeyEvent const& event);
@@ -79,6 +81,8 @@ private:
     bool m_changesQuietly = false;
     bool m_isLayingOut = false;
     bool m_iconsScheduled = false;
+    bool m_handlesKey = false;
+    bool m_isOpenedByKey = false; ///< then its first entry is the selected one, however late it comes
 };
 
 } // namespace zv
