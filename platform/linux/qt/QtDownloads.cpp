@@ -119,7 +119,7 @@ private:
     DownloadLimits m_limits;
     Sink m_sink;
     Done m_done;
-    QNetworkReply* m_reply = nullptr;
+    QPointer<QNetworkReply> m_reply; ///< the network manager, too, may take it away
     QTimer m_silence;
     QTimer m_total;
     std::uint64_t m_received = 0;
