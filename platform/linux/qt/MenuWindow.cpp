@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QWidgetAction>
 
+#include <utility>
+
 namespace zv {
 
 namespace {
@@ -87,7 +89,6 @@ MenuWindow::MenuWindow(QWidget* parent)
     : QMenu(parent)
 {
     setToolTipsVisible(true);
-    setWindowIcon(blankMenuIcon()); // nobody sees it; the program's own would be sent to the display with each window
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
     if (qobject_cast<MenuWindow*>(parent))
@@ -260,10 +261,19 @@ void MenuWindow::closeEvent(QCloseEvent* event)
 
 bool MenuWindow::event(QEvent* event)
 {
-    // Some keys would reach the menu as shortcuts of the program; all of them are the menu's.
-    if (event->type() == QEvent::ShortcutOverride) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride: // some keys would reach the menu as shortcuts of the program; all of them are the menu's
         event->accept();
         return true;
+    case QEvent::Show:
+        m_awaitsPaint = m_awaitsUpdate = true;
+        break;
+    case QEvent::UpdateLater: // the toolkit asks for one whenever it shows a window; most are painted by then
+        if (std::exchange(m_awaitsUpdate, false) && !m_awaitsPaint)
+            return true;
+        break;
+    default:
+        break;
     }
     return QMenu::event(event);
 }
@@ -288,6 +298,7 @@ void MenuWindow::initStyleOption(QStyleOptionMenuItem* option, QAction const* ac
 void MenuWindow::paintEvent(QPaintEvent* event)
 {
     QMenu::paintEvent(event);
+    m_awaitsPaint = m_awaitsPaint && event->region() != QRegion(rect());
     if (m_pendingIcons.empty() || m_iconsScheduled)
         return;
     m_iconsScheduled = true;

@@ -82,6 +82,8 @@ private:
     bool m_isLayingOut = false;
     bool m_iconsScheduled = false;
     bool m_handlesKey = false;
+    bool m_awaitsPaint = false; ///< as a whole, since it was shown
+    bool m_awaitsUpdate = false; ///< the one that comes with being shown
     bool m_isOpenedByKey = false; ///< then its first entry is the selected one, however late it comes
 };
 
