@@ -239,7 +239,8 @@ class MenuTest(unittest.TestCase):
         for name, environment in {
             "no X server": {"DISPLAY": None},
             "an X server that does not answer": {"DISPLAY": ":987"},
-            "Wayland without X": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none"},
+            "a Wayland that does not answer": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none"},
+            "one that was asked for": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none", "QT_QPA_PLATFORM": "wayland"},
             "no icon theme": {"XDG_DATA_DIRS": "/nonexistent"},
         }.items():
             with self.subTest(name), Panel(), Program(**environment) as program:
