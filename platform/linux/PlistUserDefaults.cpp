@@ -5,6 +5,7 @@
 #include "platform/PropertyListFormat.h"
 #include "platform/linux/WholeFiles.h"
 
+#include <unordered_map>
 #include <utility>
 
 namespace zv {
@@ -15,6 +16,16 @@ using Cause = SettingsFile::ReadFailure::Cause;
 
 std::optional<PropertyList> copyOf(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }
 
+/// Others may keep any number of keys in the file.
+std::unordered_map<std::string_view, PropertyList const*> valuesByKey(PropertyListDictionary const& settings)
+{
+    std::unordered_map<std::string_view, PropertyList const*> values;
+    values.reserve(settings.size());
+    for (auto const& [key, value] : settings)
+        values.emplace(key, &value);
+    return values;
+}
+
 bool canBeWritten(std::string const& key, PropertyList const* value)
 {
     return !value || writePropertyList(PropertyListDictionary { { key, *value } }, PropertyListEncoding::xml).ok();
@@ -22,8 +33,8 @@ bool canBeWritten(std::string const& key, PropertyList const* value)
 
 } // namespace
 
-PlistUserDefaults::PlistUserDefaults(std::string path)
-    : m_file(std::move(path))
+PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds patience)
+    : m_file(std::move(path), patience)
 {
     reload();
     m_unannounced.clear();
@@ -125,16 +136,18 @@ void PlistUserDefaults::overlay(PropertyListDictionary& settings, KeySet const& 
 
 void PlistUserDefaults::noteDifferences(PropertyListDictionary const& disk)
 {
-    auto const isOurs = [&](std::string const& key) { return m_unsaved.contains(key); };
+    auto known = valuesByKey(stored());
     for (auto const& [key, value] : disk) {
-        auto const* known = stored().find(key);
-        if (!isOurs(key) && (!known || *known != value))
+        auto const found = known.find(key);
+        if (found == known.end() || *found->second != value)
             m_unannounced.insert(key);
+        if (found != known.end())
+            known.erase(found);
     }
-    for (auto const& [key, value] : stored()) {
-        if (!isOurs(key) && !disk.contains(key))
-            m_unannounced.insert(key);
-    }
+    for (auto const& [key, value] : known)
+        m_unannounced.emplace(key);
+    for (auto const& key : m_unsaved)
+        m_unannounced.erase(key);
 }
 
 void PlistUserDefaults::announce()

@@ -4,6 +4,7 @@
 #include "platform/linux/FileWatch.h"
 #include "platform/linux/SettingsFile.h"
 
+#include <chrono>
 #include <optional>
 #include <set>
 #include <string>
@@ -16,7 +17,7 @@ namespace zv {
 /// cannot be read is set aside under a dated name, and said so in the log.
 class PlistUserDefaults : public UserDefaults {
 public:
-    explicit PlistUserDefaults(std::string path);
+    explicit PlistUserDefaults(std::string path, std::chrono::milliseconds patience = SettingsFile::usualPatience);
 
     [[nodiscard]] std::optional<PropertyList> object(std::string_view key) const override;
     [[nodiscard]] std::optional<PropertyList> storedObject(std::string_view key) const override;

@@ -5,7 +5,6 @@
 #include "platform/linux/WholeFiles.h"
 
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <fcntl.h>
@@ -19,7 +18,6 @@ namespace {
 
 constexpr mode_t privateFolder = 0700;
 constexpr mode_t privateFile = 0600;
-constexpr auto longestWait = std::chrono::seconds(2);
 constexpr auto betweenAttempts = std::chrono::milliseconds(5);
 
 bool isSameMoment(timespec const& a, timespec const& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; }
@@ -56,8 +54,9 @@ bool isTooLarge(std::string const& path)
 
 } // namespace
 
-SettingsFile::SettingsFile(std::string path)
+SettingsFile::SettingsFile(std::string path, std::chrono::milliseconds patience)
     : m_path(std::move(path))
+    , m_patience(patience)
 {
 }
 
@@ -70,7 +69,12 @@ bool SettingsFile::hasChanged() const
     return !isSameContent(there, m_knownStatus);
 }
 
-void SettingsFile::remember() { m_known = FileDescriptor(::open(m_path.c_str(), O_PATH | O_CLOEXEC)); }
+void SettingsFile::remember()
+{
+    m_known = FileDescriptor(::open(m_path.c_str(), O_PATH | O_CLOEXEC));
+    if (m_known.isOpen() && ::fstat(m_known.get(), &m_knownStatus) != 0)
+        m_known = FileDescriptor();
+}
 
 Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::read()
 {
@@ -106,7 +110,7 @@ Result<FileDescriptor> SettingsFile::lock() const
     FileDescriptor file(::open((m_path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, privateFile));
     if (!file.isOpen())
         return Failure { systemMessage(errno) };
-    auto const deadline = std::chrono::steady_clock::now() + longestWait;
+    auto const deadline = std::chrono::steady_clock::now() + m_patience;
     while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR)
             return Failure { systemMessage(errno) };

@@ -4,6 +4,7 @@
 #include "base/Result.h"
 #include "platform/linux/FileDescriptor.h"
 
+#include <chrono>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
@@ -20,7 +21,11 @@ public:
         std::string reason;
     };
 
-    explicit SettingsFile(std::string path);
+    /// How long to wait for other writers: longer than a busy machine takes for the largest
+    /// menu, but a program that was stopped in the wrong moment must not stop this one.
+    static constexpr std::chrono::milliseconds usualPatience { 5000 };
+
+    explicit SettingsFile(std::string path, std::chrono::milliseconds patience = usualPatience);
 
     [[nodiscard]] std::string const& path() const { return m_path; }
 
@@ -29,8 +34,7 @@ public:
     /// A missing file is an empty dictionary.
     [[nodiscard]] Result<PropertyListDictionary, ReadFailure> read();
 
-    /// Keeps other writers out until it is destroyed. Gives up after two seconds, so that a
-    /// program that was stopped in the wrong moment cannot stop this one.
+    /// Keeps other writers out until it is destroyed. Fails when they let it wait too long.
     [[nodiscard]] Result<FileDescriptor> lock() const;
     /// Under the lock only: the old content or the new one, whatever happens meanwhile.
     [[nodiscard]] MaybeFailure<> write(std::vector<std::byte> const& bytes);
@@ -42,6 +46,7 @@ private:
     [[nodiscard]] Result<PropertyListDictionary, ReadFailure> readDictionary() const;
 
     std::string m_path;
+    std::chrono::milliseconds m_patience;
     FileDescriptor m_known; ///< held open, so that the file system cannot give its identity to another file
     struct stat m_knownStatus { };
 };

@@ -320,7 +320,7 @@ TEST_F(PlistUserDefaultsTest, KeepsALinkToAFileElsewhere)
 
 TEST_F(PlistUserDefaultsTest, GivesUpWaitingForAProgramThatHoldsTheLock)
 {
-    PlistUserDefaults defaults(path);
+    PlistUserDefaults defaults(path, std::chrono::milliseconds(20));
     int const holder = ::open((path + ".lock").c_str(), O_RDWR | O_CREAT, 0600);
     ASSERT_EQ(::flock(holder, LOCK_EX), 0);
     auto const failure = defaults.setObject("a", 1);
