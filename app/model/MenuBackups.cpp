@@ -100,17 +100,16 @@ bool MenuBackups::isDue() const
     return clockWentBack || now >= *m_newest + minimumDistance;
 }
 
-void MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool isReadable)
+MaybeFailure<> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool isReadable)
 {
     assertMainThread();
     auto const now = m_services.clock.now();
-    if (auto const failure = write(stored, freeName(now, isReadable))) {
-        logLine("could not keep a copy of the menu in " + m_folder.path() + ": " + *failure);
-        return;
-    }
+    if (auto const failure = write(stored, freeName(now, isReadable)))
+        return "could not keep a copy of the menu in " + m_folder.path() + ": " + *failure;
     if (isReadable)
         m_newest = now;
     removeOldest(isReadable);
+    return std::nullopt;
 }
 
 MaybeFailure<> MenuBackups::write(PropertyList const& stored, Url const& file)

@@ -40,7 +40,7 @@ public:
     [[nodiscard]] std::vector<MenuBackup> list() const;
 
     [[nodiscard]] bool isDue() const override;
-    void menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override;
+    [[nodiscard]] MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override;
 
 private:
     [[nodiscard]] MaybeFailure<> write(PropertyList const& stored, Url const& file);

@@ -187,12 +187,12 @@ void MenuStore::didChange()
 }
 
 /// Before the first save over a menu that could not be read, and else when one is due.
-void MenuStore::backUp()
+MaybeFailure<> MenuStore::backUp()
 {
     if (!m_backupSink || (!m_loadFailure && !m_backupSink->isDue()))
-        return;
-    if (auto const stored = m_services.defaults.storedObject(defaultsKey))
-        m_backupSink->menuWillBeOverwritten(*stored, menuItemsFromPropertyList(*stored).ok());
+        return std::nullopt;
+    auto const stored = m_services.defaults.storedObject(defaultsKey);
+    return stored ? m_backupSink->menuWillBeOverwritten(*stored, menuItemsFromPropertyList(*stored).ok()) : std::nullopt;
 }
 
 void MenuStore::save()
@@ -207,9 +207,12 @@ MaybeFailure<> MenuStore::write()
 {
     if (auto const unwritable = findUnwritable(m_items))
         return unwritable->description();
-    backUp();
+    auto const backupFailure = backUp();
     m_loadFailure.reset();
-    return m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
+    auto failure = m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
+    if (!failure && backupFailure)
+        logLine(*backupFailure);
+    return failure;
 }
 
 } // namespace zv

@@ -27,8 +27,9 @@ public:
     /// False when a readable menu need not be kept now; the store then asks for nothing more.
     [[nodiscard]] virtual bool isDue() const = 0;
     /// Told before a save changes what is stored, with the value that is stored now. One
-    /// that is no readable menu comes whether a backup is due or not.
-    virtual void menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
+    /// that is no readable menu comes whether a backup is due or not. The failure is a
+    /// sentence for the log, where it is of interest only when the save then succeeds.
+    [[nodiscard]] virtual MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
 };
 
 /// Owns the user's menu and its persistence under the key "Menu". Every change refreshes
@@ -91,7 +92,7 @@ private:
     void setItems(std::vector<MenuItem> items);
     void refreshLocations();
     void didChange();
-    void backUp();
+    [[nodiscard]] MaybeFailure<> backUp();
     [[nodiscard]] MaybeFailure<> write();
 
     Services m_services;

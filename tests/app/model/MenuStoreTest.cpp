@@ -18,8 +18,13 @@ struct Sink : MenuItemsSink {
 
 struct BackupSink : MenuBackupSink {
     bool isDue() const override { return due; }
-    void menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override { kept.emplace_back(stored, isReadable); }
+    MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override
+    {
+        kept.emplace_back(stored, isReadable);
+        return failure;
+    }
     bool due = true;
+    MaybeFailure<> failure;
     std::vector<std::pair<PropertyList, bool>> kept;
 };
 
@@ -245,7 +250,10 @@ TEST_F(MenuStoreTest, AFailedSaveIsOneLineAndKeepsTheMenuInMemory)
         auto const before = *defaults.stored.find("Menu");
         MenuStore store({ defaults, resources, services });
         Sink sink;
+        BackupSink backups;
+        backups.failure = "No backup either";
         store.setItemsSink(&sink);
+        store.setBackupSink(&backups);
         std::vector<std::string> lines;
         LogCapture const capture([&](std::string const& line) { lines.push_back(line); });
         defaults.writeFailure = row.writeFailure;
@@ -258,6 +266,7 @@ TEST_F(MenuStoreTest, AFailedSaveIsOneLineAndKeepsTheMenuInMemory)
         defaults.writeFailure = std::nullopt;
         store.remove({ store.items().back().id });
         EXPECT_FALSE(store.saveFailure());
+        EXPECT_EQ(lines.back(), "Zanthe Vell: No backup either") << "said when it is what went wrong";
     }
 }
 
