@@ -1,7 +1,8 @@
 #include "cli/FileArgument.h"
 
+#include "platform/PropertyListFormat.h"
+
 #include <istream>
-#include <iterator>
 #include <ostream>
 
 namespace zv {
@@ -10,11 +11,19 @@ namespace {
 
 constexpr std::string_view standardStream = "-";
 
+constexpr std::size_t pieceSize = std::size_t { 64 } << 10;
+
+/// To the end, or until it is more than any document may hold.
 std::vector<std::byte> readAll(std::istream& in)
 {
-    std::string const text { std::istreambuf_iterator<char>(in), {} };
-    auto const* bytes = reinterpret_cast<std::byte const*>(text.data());
-    return { bytes, bytes + text.size() };
+    std::vector<std::byte> bytes;
+    while (in && bytes.size() <= maximumPropertyListSize) {
+        auto const size = bytes.size();
+        bytes.resize(size + pieceSize);
+        in.read(reinterpret_cast<char*>(bytes.data() + size), pieceSize);
+        bytes.resize(size + static_cast<std::size_t>(in.gcount()));
+    }
+    return bytes;
 }
 
 } // namespace

@@ -1,7 +1,7 @@
+#include "app/menu/DisplayText.h"
+#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
-
-#include "base/Text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -37,7 +37,7 @@ void print(Json const& entries, std::string_view remark, CommandContext& context
     for (auto const& entry : entries) {
         auto const shortcut = textOf(entry, "shortcut");
         auto const blanks = shortcutWidth - std::min(shortcutWidth - 1, graphemeCount(shortcut));
-        context.out() << shortcut << std::string(blanks, ' ') << targetName(entry, context) << remark << '\n';
+        context.out() << displayText(shortcut) << std::string(blanks, ' ') << displayText(targetName(entry, context)) << remark << '\n';
     }
 }
 

@@ -1,5 +1,6 @@
 #include "cli/MenuText.h"
 
+#include "app/menu/DisplayText.h"
 #include "app/menu/MenuKeyEquivalent.h"
 
 #include <nlohmann/json.hpp>
@@ -46,7 +47,7 @@ std::string textOf(MenuEntry const& entry)
 void appendLines(Menu const& menu, std::size_t level, std::vector<Line>& lines)
 {
     for (auto const& entry : menu.entries) {
-        lines.push_back({ std::string(level * indentation, ' ') + textOf(entry), shortcutOf(entry) });
+        lines.push_back({ std::string(level * indentation, ' ') + displayText(textOf(entry)), displayText(shortcutOf(entry)) });
         if (entry.submenu)
             appendLines(*entry.submenu, level + 1, lines);
     }

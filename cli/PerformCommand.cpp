@@ -35,10 +35,10 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         return fail(context, entry.error());
     if (auto const reason = reasonAgainst(entry.value()); !reason.empty())
         return fail(context, reason);
-    auto status = ExitStatus::done;
+    std::string said;
     for (auto const& failure : context.chooser().choose(entry.value(), options->has("--command") ? ModifierMask::command : ModifierMask::none))
-        status = fail(context, failure);
-    return status;
+        said += (said.empty() ? "" : " ") + failure;
+    return said.empty() ? ExitStatus::done : fail(context, said);
 }
 
 } // namespace

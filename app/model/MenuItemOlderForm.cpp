@@ -50,7 +50,7 @@ PropertyListDictionary unrecognizedKeysOf(PropertyListDictionary const& dictiona
     PropertyListDictionary unrecognized;
     for (auto const& [key, value] : dictionary) {
         if (std::find(knownKeys.begin(), knownKeys.end(), key) == knownKeys.end())
-            unrecognized.set(key, value);
+            unrecognized.append(key, value);
     }
     return unrecognized;
 }

@@ -1,5 +1,6 @@
 #include "app/shell/DoctorCheck.h"
 
+#include "app/menu/DisplayText.h"
 #include "base/Text.h"
 
 #include <nlohmann/json.hpp>
@@ -40,9 +41,9 @@ std::string doctorText(std::span<DoctorCheck const> checks)
         width = std::max(width, graphemeCount(check.name));
     std::string text;
     for (auto const& check : checks) {
-        text += padded(check.name, width) + "  " + padded(textOf(check.state), 7) + "  " + check.explanation + "\n";
+        text += padded(check.name, width) + "  " + padded(textOf(check.state), 7) + "  " + displayText(check.explanation) + "\n";
         if (!check.remedy.empty())
-            text += std::string(width + 11, ' ') + check.remedy + "\n";
+            text += std::string(width + 11, ' ') + displayText(check.remedy) + "\n";
     }
     return text;
 }

@@ -50,7 +50,7 @@ TEST(MenuText, IsATreeWithShortcutsInAColumn)
     marked.isMarked = true;
     menu.entries = { withKey(entryTitled("Sleep"), "S"), MenuEntry::separator(),
         withSubmenu(entryTitled("Places"), { withHint(entryTitled("日本"), "⌘F12"), unavailable("Private", "No permission."), marked }),
-        entryTitled("A title that is longer than all those with a shortcut"), MenuEntry::disabled("Loading…") };
+        entryTitled("A title that is longer than all those with a shortcut"), MenuEntry::disabled("Loading…"), unavailable("two\nlines", "One\x1B.") };
     EXPECT_EQ(menuAsText(menu, CellTextMeasure()),
         "Sleep     ⌥⌘S\n"
         "────────\n"
@@ -59,7 +59,8 @@ TEST(MenuText, IsATreeWithShortcutsInAColumn)
         "  (Private)  No permission.\n"
         "  ✓ Office\n"
         "A title that is longer than all those with a shortcut\n"
-        "(Loading…)\n");
+        "(Loading…)\n"
+        "(two␊lines)  One␛.\n");
 }
 
 TEST(MenuJson, HasTheDocumentedKeysOnlyWhereTheyApply)

@@ -1,3 +1,4 @@
+#include "app/model/MenuItem.h"
 #include "tests/cli/CommandLineFixture.h"
 
 namespace zv {
@@ -22,6 +23,24 @@ TEST_F(RunningProgramCommands, AskTheRunningProgram)
         EXPECT_EQ(run(row.arguments), (Outcome { 0, "", "" }));
         EXPECT_EQ(program.asked.back(), row.asked);
     }
+}
+
+TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
+{
+    auto item = MenuItem::ofKind(MenuItemKind::sleep);
+    item.title = "Nap\nnow";
+    defaults.stored.set("Menu", toPropertyList(std::vector { item }));
+    program.hotkeysJson = R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":")" + item.id.toString()
+        + R"("},{"id":2,"shortcut":"F5","file":"/a\u001bb\u202ec"}],"conflicts":[{"shortcut":"⌘Q","item":"gone"}]})";
+    EXPECT_EQ(run({ "hotkeys" }),
+        (Outcome { 0,
+            "⌥⌘E     Nap␊now\n"
+            "F5      /a␛b\uFFFDc\n"
+            "⌘Q      gone  (taken: another program or another entry has it)\n",
+            "" }));
+    EXPECT_EQ(run({ "hotkeys", "--json" }).out, program.hotkeysJson + "\n");
+    program.hotkeysJson = "no answer";
+    EXPECT_EQ(run({ "hotkeys" }).status, 1);
 }
 
 TEST_F(RunningProgramCommands, RefuseWhatTheyDoNotTake)
