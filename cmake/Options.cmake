@@ -5,10 +5,20 @@ option(ZV_PCH "Precompile the headers that most files include" ON)
 option(ZV_FUZZ "Build the fuzz targets (clang only)" OFF)
 option(ZV_PACKAGED "Build for a package: nothing of this machine in the program, and hardened linking" OFF)
 
+# Each set of optimizer flags makes its own guesses. Those of the presets are known to be silent; CMake's own
+# release flags, which define NDEBUG, are for who builds the program, and no guess shall stop that.
+string(TOUPPER "${CMAKE_BUILD_TYPE}" ZV_CONFIGURATION)
+if(CMAKE_CXX_FLAGS_${ZV_CONFIGURATION} MATCHES NDEBUG)
+  set(ZV_WERROR_DEFAULT OFF)
+else()
+  set(ZV_WERROR_DEFAULT ON)
+endif()
+option(ZV_WERROR "Treat warnings as errors" ${ZV_WERROR_DEFAULT})
+
 add_library(zv_options INTERFACE)
 target_include_directories(zv_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_definitions(zv_options INTERFACE ZV_VERSION="${PROJECT_VERSION}")
-target_compile_options(zv_options INTERFACE -Wall -Wextra -Werror -Wnon-virtual-dtor -Woverloaded-virtual
+target_compile_options(zv_options INTERFACE -Wall -Wextra $<$<BOOL:${ZV_WERROR}>:-Werror> -Wnon-virtual-dtor -Woverloaded-virtual
                                             -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   # Guesses about paths that its optimizer makes: gcc 12 has them wrong for std::optional and std::string.
