@@ -24,14 +24,8 @@ void logLine(std::string_view message)
     std::fputs(line.c_str(), stderr);
 }
 
-LogCapture::LogCapture(std::function<void(std::string const&)> sink)
-{
-    capture() = std::move(sink);
-}
+LogCapture::LogCapture(std::function<void(std::string const&)> sink) { capture() = std::move(sink); }
 
-LogCapture::~LogCapture()
-{
-    capture() = nullptr;
-}
+LogCapture::~LogCapture() { capture() = nullptr; }
 
 } // namespace zv

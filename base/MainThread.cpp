@@ -14,15 +14,9 @@ std::thread::id& mainThread()
 }
 } // namespace
 
-void markMainThread()
-{
-    mainThread() = std::this_thread::get_id();
-}
+void markMainThread() { mainThread() = std::this_thread::get_id(); }
 
-bool isMainThread()
-{
-    return mainThread() == std::this_thread::get_id();
-}
+bool isMainThread() { return mainThread() == std::this_thread::get_id(); }
 
 void assertMainThread()
 {
