@@ -40,7 +40,8 @@ std::string remarkOf(Menu const& menu)
     bool const hasChoice = std::ranges::any_of(menu.entries, [&](MenuEntry const& entry) { return isItem(entry) && entry.enabled; });
     if (hasChoice || first == menu.entries.end())
         return {};
-    return ": " + first->visibleTitle() + (first->toolTip.empty() ? "" : ": " + first->toolTip);
+    bool const hasReason = !first->toolTip.empty() && first->toolTip != first->visibleTitle();
+    return ": " + first->visibleTitle() + (hasReason ? ": " + first->toolTip : "");
 }
 
 } // namespace

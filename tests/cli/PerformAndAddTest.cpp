@@ -8,7 +8,7 @@ struct EntryPathTest : testing::Test {
     EntryPathTest()
     {
         menu->entries = { MenuEntry::disabled("Café"), action("Café"), MenuEntry::separator(), action("R&D"), MenuEntry::disabled("Gone") };
-        for (auto const* title : { "Home", "Shortcuts" }) {
+        for (auto const* title : { "Home", "Shortcuts", "Server" }) {
             MenuEntry entry;
             entry.title = title;
             entry.submenu = std::make_shared<Menu>(title);
@@ -22,16 +22,25 @@ struct EntryPathTest : testing::Test {
         entry.target = std::make_shared<MenuActionTarget>([] {});
         return entry;
     }
-    static MenuEntry unavailable()
+    static MenuEntry unavailable(std::string title, std::string reason)
     {
-        auto entry = MenuEntry::disabled("Shortcuts Unavailable");
-        entry.toolTip = "Broken.";
+        auto entry = MenuEntry::disabled(std::move(title));
+        entry.toolTip = std::move(reason);
         return entry;
+    }
+    static void fill(Menu& opened)
+    {
+        if (opened.title == "Home")
+            opened.entries = { action("a.txt") };
+        else if (opened.title == "Shortcuts")
+            opened.entries = { unavailable("Shortcuts Unavailable", "Broken.") };
+        else
+            opened.entries = { unavailable("It is silent.", "It is silent.") };
     }
     /// What was found, or why nothing was; submenus fill when they open.
     std::string find(std::vector<std::string> const& titles)
     {
-        auto const entry = entryAt(menu, titles, [](Menu& opened) { opened.entries = { opened.title == "Home" ? action("a.txt") : unavailable() }; });
+        auto const entry = entryAt(menu, titles, fill);
         return entry ? entry->title + (entry->enabled ? "" : " (disabled)") : entry.error();
     }
     std::shared_ptr<Menu> menu = std::make_shared<Menu>();
@@ -52,6 +61,7 @@ TEST_F(EntryPathTest, FollowsTheTitles)
         { { "Home", "a.txt" }, "a.txt", "it opens on the way" },
         { { "Home", "b.txt" }, "there is no “b.txt” in “Home”", "not in there" },
         { { "Shortcuts", "X" }, "there is no “X” in “Shortcuts”: Shortcuts Unavailable: Broken.", "for a reason" },
+        { { "Server", "X" }, "there is no “X” in “Server”: It is silent.", "a reason that is the title is said once" },
         { { "b.txt" }, "there is no “b.txt” in the menu", "not at all" },
         { { "R&D", "a.txt" }, "“R&D” has no submenu", "a command" },
         { { "" }, "there is no “” in the menu", "separators have no title to match" },
