@@ -187,8 +187,9 @@ def memory():
             return proportional_memory(program.process)
 
         warm = open_and_close(20)
-        much = open_and_close(int(os.environ.get("ZV_OPENINGS", "500")))
-        print(f"memory at rest {rest:.1f} MB (aim 28), after 20 openings {warm:.1f}, after 500 more {much:.1f}")
+        openings_more = int(os.environ.get("ZV_OPENINGS", "500"))
+        much = open_and_close(openings_more)
+        print(f"memory at rest {rest:.1f} MB (aim 28), after 20 openings {warm:.1f}, after {openings_more} more {much:.1f}")
 
 
 def start():
