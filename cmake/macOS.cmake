@@ -28,10 +28,15 @@ set(resources
     "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.icns")
 set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
 
+# An address goes into a property list, which is XML.
+string(REPLACE "&" "&amp;" ZV_FEED_URL "${ZV_FEED_URL}")
+
 add_executable(zanthe-vell MACOSX_BUNDLE ${front_end} ${resources})
 set_target_properties(zanthe-vell PROPERTIES
     OUTPUT_NAME "Zanthe Vell"
     MACOSX_BUNDLE_INFO_PLIST ${CMAKE_SOURCE_DIR}/packaging/macos/Info.plist.in
+    # Whatever the signature covers: it is signed anew, after the linking, when one of them changes.
+    LINK_DEPENDS "${resources};${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements;${CMAKE_BINARY_DIR}/Zanthe Vell.app/Contents/Info.plist"
     BUILD_RPATH "@executable_path/../Frameworks"
     INSTALL_RPATH "@executable_path/../Frameworks")
 target_compile_options(zanthe-vell PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
