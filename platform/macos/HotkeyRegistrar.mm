@@ -19,8 +19,8 @@ static_assert(hotkeySignature == 'ZVHK');
 static_assert(kEventHotKeyPressed == 5);
 static_assert(eventNotHandledErr == -9874);
 
-/// Combinations through the Carbon event manager. What is held and wanted again keeps its
-/// registration; the ids that the core sees are of its own pass.
+/// Combinations through the Carbon event manager, each under the id that the core gives it:
+/// what is pressed under an older id is nobody's.
 class CarbonHotkeyRegistrar : public HotkeyRegistrar {
 public:
     explicit CarbonHotkeyRegistrar(MenuTracking const& tracking)
@@ -36,50 +36,36 @@ public:
 
     std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override
     {
+        releaseAll();
         installHandler();
-        auto before = std::exchange(m_held, {});
-        m_idOfReference.clear();
         std::vector<bool> answers;
         for (auto const& chord : chords) {
-            bool const isClaimed = !m_held.contains(chord) && hold(chord, before);
+            bool const isClaimed = hold(firstID, chord);
             if (isClaimed)
-                m_idOfReference[m_held.at(chord).number] = firstID++;
+                ++firstID;
             answers.push_back(isClaimed);
         }
-        for (auto const& [chord, registration] : before)
-            UnregisterEventHotKey(registration.reference);
         return answers;
     }
 
     void releaseAll() override
     {
-        for (auto const& [chord, registration] : m_held)
-            UnregisterEventHotKey(registration.reference);
+        for (auto const& [id, reference] : m_held)
+            UnregisterEventHotKey(reference);
         m_held.clear();
-        m_idOfReference.clear();
     }
 
     HotkeySupport support() const override { return HotkeySupport::everywhere; }
 
 private:
-    struct Registration {
-        EventHotKeyRef reference = nullptr;
-        UInt32 number = 0; ///< what the system hands back
-    };
-
-    bool hold(KeyChord chord, std::map<KeyChord, Registration>& before)
+    bool hold(HotkeyID id, KeyChord chord)
     {
-        if (auto const kept = before.extract(chord); !kept.empty()) {
-            m_held.emplace(chord, kept.mapped());
-            return true;
-        }
-        Registration made;
-        made.number = m_nextNumber++;
-        EventHotKeyID const identity { hotkeySignature, made.number };
-        OSStatus const status = RegisterEventHotKey(chord.keyCode, chord.modifiers, identity, GetEventDispatcherTarget(), 0, &made.reference);
-        if (status != noErr || !made.reference)
+        EventHotKeyRef reference = nullptr;
+        EventHotKeyID const identity { hotkeySignature, id };
+        OSStatus const status = RegisterEventHotKey(chord.keyCode, chord.modifiers, identity, GetEventDispatcherTarget(), 0, &reference);
+        if (status != noErr || !reference)
             return false;
-        m_held.emplace(chord, made);
+        m_held.emplace(id, reference);
         return true;
     }
 
@@ -105,19 +91,16 @@ private:
 
     /// A press while a menu of ours was open is queued and comes when it closes: the menu
     /// has had it already.
-    void pressed(UInt32 number, double time)
+    void pressed(HotkeyID id, double time)
     {
-        auto const found = m_idOfReference.find(number);
         bool const wasForMenu = m_tracking.isOpen || time <= m_tracking.lastClosed;
-        if (found != m_idOfReference.end() && onPressed && !wasForMenu)
-            onPressed(HotkeyID { found->second });
+        if (m_held.contains(id) && onPressed && !wasForMenu)
+            onPressed(id);
     }
 
     MenuTracking const& m_tracking;
     EventHandlerRef m_handler = nullptr;
-    UInt32 m_nextNumber = 1;
-    std::map<KeyChord, Registration> m_held;
-    std::map<UInt32, HotkeyID> m_idOfReference;
+    std::map<HotkeyID, EventHotKeyRef> m_held;
 };
 
 } // namespace
