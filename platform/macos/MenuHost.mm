@@ -5,7 +5,8 @@ namespace zv {
 
 namespace {
 
-/// Returns when the menu has closed.
+/// Returns when the menu has closed. The mirror stays until the next one: what was chosen
+/// may be performed, and the closing told, after that.
 class PopUpMenuHost : public MenuHost {
 public:
     explicit PopUpMenuHost(MenuTracking& tracking)
@@ -15,13 +16,15 @@ public:
 
     void popUp(std::shared_ptr<Menu> const& menu, Point at) override
     {
-        ZVMenuMirror* const mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
-        [[mirror menu] popUpMenuPositioningItem:nil atLocation:NSMakePoint(at.x, at.y) inView:nil];
-        [[mirror menu] setDelegate:nil]; // keeps the mirror until here
+        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
+        [[m_mirror menu] popUpMenuPositioningItem:nil atLocation:NSMakePoint(at.x, at.y) inView:nil];
+        if (m_tracking.isOpen)
+            [m_mirror menuDidClose:[m_mirror menu]]; // not told yet
     }
 
 private:
     MenuTracking& m_tracking;
+    ZVMenuMirror* m_mirror = nil;
 };
 
 } // namespace

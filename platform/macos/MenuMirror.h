@@ -13,6 +13,7 @@
     std::shared_ptr<zv::Menu> _mirrored;
     NSMenu* _menu;
     zv::MenuTracking* _tracking;
+    BOOL _isOpen;
     zv::Lifetime _lifetime;
 }
 /// `tracking` is told of a menu that stands for itself; null for a submenu.

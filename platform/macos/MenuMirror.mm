@@ -111,6 +111,28 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     return item;
 }
 
+constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
+
+bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
+{
+    bool const isSame = [[item keyEquivalent] length] > 0 && [[item keyEquivalent] isEqualToString:typed];
+    return isSame && ([item keyEquivalentModifierMask] & shortcutModifiers) == modifiers && [item isEnabled] && [item action];
+}
+
+/// Also in submenus, but for those that fill themselves.
+NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
+{
+    NSString* const typed = [[event charactersByApplyingModifiers:0] lowercaseString];
+    NSUInteger const modifiers = [event modifierFlags] & shortcutModifiers;
+    for (NSMenuItem* item in [menu itemArray]) {
+        bool const isGroup = [item hasSubmenu] && ![[item submenu] delegate];
+        NSMenuItem* const within = isGroup ? itemWithShortcut([item submenu], event) : nil;
+        if (within || hasShortcut(item, typed, modifiers))
+            return within ? within : item;
+    }
+    return nil;
+}
+
 } // namespace
 
 @implementation ZVMenuMirror
@@ -123,10 +145,8 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     _tracking = tracking;
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
     [_menu setAutoenablesItems:menu->autoenablesItems ? YES : NO];
-    // What nobody fills later is shown at once, so that its shortcuts are found.
-    if (menu->delegate.expired() && !tracking)
-        [self showEntries];
-    else
+    [self showEntries]; // of a menu that fills itself: what stands there until it does
+    if (!menu->delegate.expired() || tracking)
         [_menu setDelegate:self];
     return self;
 }
@@ -163,12 +183,14 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
 
 - (void)menuWillOpen:(NSMenu*)menu
 {
+    _isOpen = YES;
     if (_tracking)
         _tracking->isOpen = true;
 }
 
 - (void)menuDidClose:(NSMenu*)menu
 {
+    _isOpen = NO;
     auto const mirrored = _mirrored; // what is told may let go of this
     mirrored->onRefilled = nullptr;
     if (_tracking) {
@@ -178,10 +200,16 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     mirrored->didClose();
 }
 
-/// Looking for a shortcut would fill every menu that fills itself.
+/// Shortcuts work while their menu is open. Left to itself the system would fill every menu
+/// that fills itself, at each key press, to look for them.
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
 {
-    return NO;
+    NSMenuItem* const item = _isOpen ? itemWithShortcut(menu, event) : nil;
+    if (!item)
+        return NO;
+    *target = [item target];
+    *action = [item action];
+    return YES;
 }
 
 @end
