@@ -3,22 +3,43 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
+#include <stdio.h>
+#include <sys/stdio.h>
 
 namespace zv {
 
 namespace {
 
-/// Takes the name by making an empty file that was not there before; the alias is then
-/// written in its place, so that nothing of another's is ever replaced.
-std::optional<AliasFailure> takeName(Url const& place)
+/// A folder to write in before the file takes its name, on the same volume.
+NSURL* makeWorkshop(NSURL* place, NSError* __autoreleasing* error)
 {
-    int const file = open(place.path().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-    if (file < 0)
+    return [[NSFileManager defaultManager] URLForDirectory:NSItemReplacementDirectory
+                                                  inDomain:NSUserDomainMask
+                                         appropriateForURL:[place URLByDeletingLastPathComponent]
+                                                    create:YES
+                                                     error:error];
+}
+
+/// The one file in the folder: some systems give an alias an extension of its own.
+NSString* productIn(NSURL* workshop)
+{
+    NSString* const name = [[[NSFileManager defaultManager] contentsOfDirectoryAtPath:[workshop path] error:nullptr] firstObject];
+    return name ? [[workshop path] stringByAppendingPathComponent:name] : nil;
+}
+
+/// Never replaces what has the name, even if that came a moment ago.
+std::optional<AliasFailure> giveName(NSString* product, Url const& place)
+{
+    auto const from = fromNSString(product);
+    auto const to = place.path();
+    if (renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
+        return std::nullopt;
+    if (errno != ENOTSUP)
         return AliasFailure { errno == EEXIST, std::strerror(errno) };
-    close(file);
-    return std::nullopt;
+    NSError* error = nil; // a volume that cannot promise that: the next best
+    if ([[NSFileManager defaultManager] moveItemAtPath:product toPath:toNSString(to) error:&error])
+        return std::nullopt;
+    return AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) };
 }
 
 class MacAliasFiles : public AliasFiles {
@@ -32,12 +53,22 @@ public:
                                                                 error:&error];
         if (!data)
             return AliasFailure { false, describe(error) };
-        if (auto const failure = takeName(place))
-            return failure;
-        if ([NSURL writeBookmarkData:data toURL:toNSURL(place) options:0 error:&error])
-            return std::nullopt;
-        unlink(place.path().c_str());
-        return AliasFailure { false, describe(error) };
+        NSURL* const workshop = makeWorkshop(toNSURL(place), &error);
+        if (!workshop)
+            return AliasFailure { false, describe(error) };
+        auto failure = write(data, workshop, place);
+        [[NSFileManager defaultManager] removeItemAtURL:workshop error:nullptr];
+        return failure;
+    }
+
+private:
+    static MaybeFailure<AliasFailure> write(NSData* data, NSURL* workshop, Url const& place)
+    {
+        NSError* error = nil;
+        if (![NSURL writeBookmarkData:data toURL:[workshop URLByAppendingPathComponent:@"alias"] options:0 error:&error])
+            return AliasFailure { false, describe(error) };
+        NSString* const product = productIn(workshop);
+        return product ? giveName(product, place) : AliasFailure { false, describe(nil) };
     }
 };
 
