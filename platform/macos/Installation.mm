@@ -2,6 +2,7 @@
 #include "platform/macos/Factories.h"
 
 #import <DiskArbitration/DiskArbitration.h>
+#include <sys/xattr.h>
 
 namespace zv {
 
@@ -25,6 +26,17 @@ bool isOnDiskImage(NSURL* bundle)
         CFRelease(disk);
     CFRelease(session);
     return [model isKindOfClass:[NSString class]] && fromNSString(model) == diskImageModel;
+}
+
+/// A copy of a download is a download still, which the system would start from a read-only
+/// copy once more. The user has let this program run already.
+void releaseFromQuarantine(NSURL* root)
+{
+    constexpr char const* attribute = "com.apple.quarantine";
+    NSString* const path = [root path];
+    removexattr(fromNSString(path).c_str(), attribute, XATTR_NOFOLLOW);
+    for (NSString* below in [[NSFileManager defaultManager] enumeratorAtPath:path])
+        removexattr(fromNSString([path stringByAppendingPathComponent:below]).c_str(), attribute, XATTR_NOFOLLOW);
 }
 
 MaybeFailure<> failureOf(BOOL succeeded, NSError* error)
@@ -67,6 +79,8 @@ public:
     {
         NSError* error = nil;
         BOOL const copied = [files() copyItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
+        if (copied)
+            releaseFromQuarantine(toNSURL(to));
         return failureOf(copied, error);
     }
 
