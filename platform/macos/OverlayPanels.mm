@@ -43,15 +43,27 @@
     zv::LogoCanvas canvas(context);
     _content->draw(&canvas, height);
 }
+/// A press returns when the menu has closed. The menu bar may have gone meanwhile, and the
+/// panel with it: both are kept until the end.
+- (BOOL)press:(bool (*)(zv::OverlayPanelContent&))act
+{
+    __attribute__((objc_precise_lifetime, unused)) NSWindow* const panel = [self window];
+    __attribute__((objc_precise_lifetime, unused)) ZVOverlayView* const view = self;
+    return _content && act(*_content) ? YES : NO;
+}
 - (void)mouseDown:(NSEvent*)event
 {
-    if (_content)
-        _content->mouseDown();
+    [self press:[](zv::OverlayPanelContent& content) {
+        content.mouseDown();
+        return true;
+    }];
 }
 - (void)rightMouseDown:(NSEvent*)event
 {
-    if (_content)
-        _content->rightMouseDown();
+    [self press:[](zv::OverlayPanelContent& content) {
+        content.rightMouseDown();
+        return true;
+    }];
 }
 - (BOOL)acceptsFirstMouse:(NSEvent*)event
 {
@@ -71,7 +83,7 @@
 }
 - (BOOL)accessibilityPerformPress
 {
-    return _content && _content->accessibilityPerformPress() ? YES : NO;
+    return [self press:[](zv::OverlayPanelContent& content) { return content.accessibilityPerformPress(); }];
 }
 @end
 
