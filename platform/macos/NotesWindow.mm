@@ -53,7 +53,7 @@ NSTextView* textViewFor(NotesWindowLayout const& layout, NSAttributedString* tex
     [[view textContainer] setWidthTracksTextView:YES];
     [view setVerticallyResizable:YES];
     [view setHorizontallyResizable:NO];
-    [view setMaxSize:NSMakeSize(CGFLOAT_MAX, CGFLOAT_MAX)];
+    [view setMaxSize:NSMakeSize(unlimited, unlimited)];
     [view setAutoresizingMask:NSViewWidthSizable];
     [view setUsesAdaptiveColorMappingForDarkAppearance:YES];
     [view setLinkTextAttributes:[NSDictionary dictionaryWithObjectsAndKeys:[NSColor linkColor], NSForegroundColorAttributeName, [NSCursor pointingHandCursor],
@@ -87,7 +87,11 @@ public:
         [m_window setReleasedWhenClosed:NO];
         [m_window center];
     }
-    void bringToFront() override { [m_window makeKeyAndOrderFront:nil]; }
+    void bringToFront() override
+    {
+        [m_window makeKeyAndOrderFront:nil];
+        [m_window orderFrontRegardless]; // becoming active is a request, which the system may decline
+    }
 
 private:
     NSWindow* m_window;

@@ -3,6 +3,7 @@
 #import <Cocoa/Cocoa.h>
 
 #include "app/settings/SettingsModels.h"
+#import "platform/macos/Observers.h"
 #import "platform/macos/settings/Controls.h"
 
 #include <functional>
@@ -43,6 +44,7 @@ private:
     NSButton* m_clear = nil;
     NSView* m_view = nil;
     std::optional<KeyEquivalentSpec> m_spec;
+    Observers m_observers { [NSNotificationCenter defaultCenter] };
 };
 
 } // namespace zv

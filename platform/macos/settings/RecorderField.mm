@@ -89,6 +89,11 @@ RecorderField::RecorderField(SettingsModels& models)
     });
     [m_clear setBordered:NO];
     m_view = stack(Direction::row, { m_button, m_clear });
+    // The global hotkeys are let go of meanwhile: not for longer than the window has the keys.
+    m_observers.observe(NSWindowDidResignKeyNotification, ^(NSNotification* told) {
+        if ([told object] == [m_button window])
+            [m_button setRecording:NO];
+    });
     refresh();
 }
 

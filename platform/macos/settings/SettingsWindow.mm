@@ -5,7 +5,6 @@
 #import "platform/macos/settings/MenuEditorView.h"
 #import "platform/macos/settings/SettingsPage.h"
 
-
 /// Lends the window the editor's undo stack, and tells when the window closes.
 @interface ZVSettingsWindowDelegate : NSObject <NSWindowDelegate> {
     NSUndoManager* _undoManager;
@@ -78,7 +77,11 @@ public:
         [m_window orderOut:nil];
     }
 
-    void bringToFront() { [m_window makeKeyAndOrderFront:nil]; }
+    void bringToFront()
+    {
+        [m_window makeKeyAndOrderFront:nil];
+        [m_window orderFrontRegardless]; // becoming active is a request, which the system may decline
+    }
 
 private:
     void addTab(NSString* title, NSString* symbol, NSView* view)
