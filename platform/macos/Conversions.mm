@@ -45,13 +45,13 @@ NSURL* toNSURL(Url const& url)
         return [NSURL URLWithString:toNSString(url.toString())];
     std::string const path = url.path();
     NSString* const string = [[NSFileManager defaultManager] stringWithFileSystemRepresentation:path.data() length:path.size()];
-    return [NSURL fileURLWithPath:string];
+    return [NSURL fileURLWithPath:string ? string : toNSString(path)];
 }
 
 Url fromNSURL(NSURL* url)
 {
     if ([url isFileURL])
-        return Url::fromPath([[url path] fileSystemRepresentation]);
+        return Url::fromPath(fromNSString([url path]));
     auto const parsed = Url::parse(fromNSString([url absoluteString]));
     return parsed ? *parsed : Url::fromPath("/");
 }

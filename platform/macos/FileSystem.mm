@@ -50,7 +50,9 @@ public:
         // The key is true of symbolic links as well, which need no bookmark to follow.
         if (flag(given, NSURLIsSymbolicLinkKey) || !flag(given, NSURLIsAliasFileKey))
             return resolvingSymlinks(url);
-        NSURL* const target = [NSURL URLByResolvingAliasFileAtURL:given options:NSURLBookmarkResolutionWithoutUI error:nullptr];
+        NSURL* const target = [NSURL URLByResolvingAliasFileAtURL:given
+                                                          options:NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting
+                                                            error:nullptr];
         return target ? fromNSURL(target) : url;
     }
 
@@ -104,7 +106,7 @@ public:
             return Failure { describe(error) };
         std::vector<std::string> names;
         for (NSString* name in found)
-            names.emplace_back([name fileSystemRepresentation]);
+            names.push_back(fromNSString(name));
         return names;
     }
 

@@ -1,6 +1,7 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
 
+#include <algorithm>
 #include <sys/mount.h>
 #include <sys/param.h>
 
@@ -34,21 +35,28 @@ FolderReadFailure failureOf(NSError* error)
     }
 }
 
-/// The mount point with the longest path that holds the folder, from the kernel's own table:
-/// no volume is asked.
+/// The kernel's own table: no volume is asked. Into memory of the caller's, for any thread.
+std::vector<struct statfs> mountTable()
+{
+    int const expected = getfsstat(nullptr, 0, MNT_NOWAIT);
+    std::vector<struct statfs> mounts(static_cast<std::size_t>(std::max(expected, 0)) + 4); // some may come in between
+    int const count = getfsstat(mounts.data(), static_cast<int>(mounts.size() * sizeof(struct statfs)), MNT_NOWAIT);
+    mounts.resize(static_cast<std::size_t>(std::max(count, 0)));
+    return mounts;
+}
+
+/// What the mount point with the longest path says that holds the folder.
 bool liesOnRemoteMount(std::string const& path)
 {
-    struct statfs* mounts = nullptr;
-    int const count = getmntinfo(&mounts, MNT_NOWAIT);
     std::size_t longest = 0;
     bool isRemote = false;
-    for (int i = 0; i < count; ++i) {
-        std::string_view const point = mounts[i].f_mntonname;
+    for (auto const& mount : mountTable()) {
+        std::string_view const point = mount.f_mntonname;
         bool const holds = point == "/" || path == point || (path.starts_with(point) && path[point.size()] == '/');
         if (!holds || point.size() < longest)
             continue;
         longest = point.size();
-        isRemote = (mounts[i].f_flags & MNT_LOCAL) == 0;
+        isRemote = (mount.f_flags & MNT_LOCAL) == 0;
     }
     return isRemote;
 }
@@ -74,7 +82,7 @@ public:
 private:
     static void add(NSURL* child, FolderContents& contents)
     {
-        std::string const name = [[child lastPathComponent] fileSystemRepresentation];
+        std::string const name = fromNSString([child lastPathComponent]);
         NSString* localized = nil;
         [child getResourceValue:&localized forKey:NSURLLocalizedNameKey error:nullptr];
         bool const isLink = flag(child, NSURLIsSymbolicLinkKey) || flag(child, NSURLIsAliasFileKey);
@@ -93,7 +101,7 @@ private:
                                             error:nullptr];
         if (!target)
             return {};
-        if (liesOnRemoteMount([[target path] fileSystemRepresentation]))
+        if (liesOnRemoteMount(fromNSString([target path])))
             return { [[target pathExtension] length] == 0, false };
         return traitsOf(target);
     }

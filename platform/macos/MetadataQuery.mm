@@ -47,7 +47,7 @@ public:
         id const path = [[m_query resultAtIndex:index] valueForAttribute:NSMetadataItemPathKey];
         if (![path isKindOfClass:[NSString class]])
             return item;
-        item.path = std::string([path fileSystemRepresentation]);
+        item.path = fromNSString(path);
         item.isDirectory = [path hasSuffix:@"/"];
         return item;
     }

@@ -3,4 +3,4 @@
 #include <cstdint>
 struct statfs { std::uint32_t f_flags; char f_mntonname[1024]; };
 enum { MNT_NOWAIT = 2, MNT_LOCAL = 0x00001000 };
-extern "C" int getmntinfo(struct statfs **mounts, int flags);
+extern "C" int getfsstat(struct statfs *mounts, int bytes, int flags);
