@@ -1,5 +1,6 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
+#import "platform/macos/Observers.h"
 
 namespace zv {
 
@@ -14,18 +15,12 @@ class MacApplication : public Application {
 public:
     MacApplication()
     {
-        NSNotificationCenter* const center = [NSNotificationCenter defaultCenter];
         void (^const changed)(NSNotification*) = ^(NSNotification*) {
             if (onWindowsChanged)
                 onWindowsChanged();
         };
-        for (NSString* name in [NSArray arrayWithObjects:NSWindowDidUpdateNotification, NSWindowWillCloseNotification, nil])
-            [m_observers addObject:[center addObserverForName:name object:nil queue:[NSOperationQueue mainQueue] usingBlock:changed]];
-    }
-    ~MacApplication() override
-    {
-        for (id observer in m_observers)
-            [[NSNotificationCenter defaultCenter] removeObserver:observer];
+        m_observers.observe(NSWindowDidUpdateNotification, changed);
+        m_observers.observe(NSWindowWillCloseNotification, changed);
     }
 
     void activate() override
@@ -55,7 +50,7 @@ public:
     }
 
 private:
-    NSMutableArray* m_observers = [[NSMutableArray alloc] init];
+    Observers m_observers { [NSNotificationCenter defaultCenter] };
 };
 
 class MacModifierKeys : public ModifierKeys {

@@ -66,6 +66,8 @@ public:
         : m_userQueue([[NSOperationQueue alloc] init])
         , m_utilityQueue([[NSOperationQueue alloc] init])
     {
+        [m_userQueue setQualityOfService:NSQualityOfServiceUserInitiated];
+        [m_utilityQueue setQualityOfService:NSQualityOfServiceUtility];
         [m_utilityQueue setMaxConcurrentOperationCount:1];
     }
 
@@ -76,9 +78,7 @@ public:
                 work();
             }
         }];
-        bool const isUtility = priority == TaskPriority::utility;
-        [operation setQueuePriority:isUtility ? NSOperationQueuePriorityLow : NSOperationQueuePriorityNormal];
-        [(isUtility ? m_utilityQueue : m_userQueue) addOperation:operation];
+        [(priority == TaskPriority::utility ? m_utilityQueue : m_userQueue) addOperation:operation];
     }
 
     void runDetached(std::function<std::function<void()>()> work) override

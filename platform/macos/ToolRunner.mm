@@ -9,7 +9,7 @@ namespace {
 
 std::string readToEnd(NSFileHandle* handle)
 {
-    NSData* const data = [handle readDataToEndOfFile];
+    NSData* const data = [handle readDataToEndOfFileAndReturnError:nullptr];
     return { static_cast<char const*>([data bytes]), [data length] };
 }
 
@@ -22,13 +22,15 @@ public:
         auto const state = m_state;
         double const seconds = std::chrono::duration<double>(timeout).count();
         [NSThread detachNewThreadWithBlock:^{
-            [state->wait lock];
-            NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:seconds];
-            while (!state->isCancelled && [state->wait waitUntilDate:end]) { }
-            bool const isOver = !state->isCancelled;
-            [state->wait unlock];
-            if (isOver)
-                [task terminate];
+            @autoreleasepool {
+                [state->wait lock];
+                NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:seconds];
+                while (!state->isCancelled && [state->wait waitUntilDate:end]) { }
+                bool const isOver = !state->isCancelled;
+                [state->wait unlock];
+                if (isOver)
+                    [task terminate];
+            }
         }];
     }
     ~Watchdog()

@@ -1,6 +1,8 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
 
+#include "base/Lifetime.h"
+
 #import <UserNotifications/UserNotifications.h>
 
 static_assert((UNAuthorizationOptionAlert | UNAuthorizationOptionSound) == 6);
@@ -50,10 +52,11 @@ public:
         if (![[NSBundle mainBundle] bundleIdentifier])
             return;
         m_center = [UNUserNotificationCenter currentNotificationCenter];
-        m_delegate = [[ZVNotificationDelegate alloc] initWithFunction:[this](std::string const& identifier) {
+        auto const activated = m_lifetime.guard([this](std::string const& identifier) {
             if (onActivated)
                 onActivated(identifier);
-        }];
+        });
+        m_delegate = [[ZVNotificationDelegate alloc] initWithFunction:activated];
         [m_center setDelegate:m_delegate];
     }
     ~MacUserNotifications() override { [m_center setDelegate:nil]; }
@@ -91,6 +94,7 @@ public:
 private:
     UNUserNotificationCenter* m_center = nil;
     ZVNotificationDelegate* m_delegate = nil; // the centre holds it weakly
+    Lifetime m_lifetime;
 };
 
 } // namespace

@@ -172,6 +172,7 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSAppleEventDescriptor (CompatMac)
 + (instancetype)descriptorWithBundleIdentifier:(NSString *)i;
 - (instancetype)initWithEventClass:(unsigned)c eventID:(unsigned)i targetDescriptor:(NSAppleEventDescriptor *)t returnID:(short)r transactionID:(int)x;
+- (const struct AEDesc *)aeDesc;
 - (NSAppleEventDescriptor *)sendEventWithOptions:(NSAppleEventSendOptions)o timeout:(NSTimeInterval)t error:(NSError **)e;
 @end
 @interface NSImageSymbolConfiguration : NSObject
@@ -224,6 +225,12 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @end
 @interface NSColorSpace (CompatMac2)
 + (NSColorSpace *)sRGBColorSpace;
+@end
+@interface NSOperationQueue (CompatMac2)
+- (void)setQualityOfService:(NSQualityOfService)q;
+@end
+@interface NSFileHandle (CompatMac2)
+- (NSData *)readDataToEndOfFileAndReturnError:(NSError **)e;
 @end
 @interface NSSavePanel (CompatMac2)
 - (void)setAllowedContentTypes:(NSArray *)t;
