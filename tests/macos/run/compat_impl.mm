@@ -282,3 +282,15 @@ OSStatus UCGetCollationKey(CollatorRef, const UniChar *, UniCharCount, ItemCount
   swap([NSURL class], @selector(getResourceValue:forKey:error:), @selector(compat_getResourceValue:forKey:error:));
 } }
 @end
+
+@implementation NSOperationQueue (CompatMac2)
+- (void)setQualityOfService:(NSQualityOfService)q
+{
+}
+@end
+@implementation NSEvent (CompatSettings)
+- (NSString*)charactersByApplyingModifiers:(NSEventModifierFlags)m
+{
+    return [self charactersIgnoringModifiers];
+}
+@end

@@ -83,6 +83,7 @@ struct Menus {
         folder.submenu = std::make_shared<Menu>("Folder");
         folder.submenu->autoenablesItems = false;
         folder.submenu->delegate = lazy;
+        folder.submenu->entries = { MenuEntry::disabled("Loading…") };
         auto group = MenuEntry();
         group.title = "Group";
         group.submenu = std::make_shared<Menu>("Group");
@@ -90,6 +91,20 @@ struct Menus {
         return { open, MenuEntry::separator(), titled, MenuEntry::disabled("Cannot"), folder, group };
     }
 };
+
+NSEvent* pressOf(NSString* key, NSUInteger modifiers)
+{
+    return [NSEvent keyEventWithType:NSKeyDown
+                            location:NSZeroPoint
+                       modifierFlags:modifiers
+                           timestamp:0
+                        windowNumber:0
+                             context:nil
+                          characters:key
+         charactersIgnoringModifiers:key
+                           isARepeat:NO
+                             keyCode:14];
+}
 
 void choose(NSMenuItem* item) { [NSApp sendAction:[item action] to:[item target] from:item]; }
 
@@ -117,7 +132,7 @@ void menusAreMirrored()
     choose(open);
     expect(menus.performed == 1, "an action fires");
     NSMenu* const folder = [[shown itemAtIndex:4] submenu];
-    expect(folder && menus.lazy->fillings == 0, "a submenu waits until it opens");
+    expect(folder && menus.lazy->fillings == 0 && [[[folder itemAtIndex:0] title] isEqual:@"Loading…"], "a submenu waits until it opens");
     [folder update];
     expect(menus.lazy->fillings == 1 && [folder numberOfItems] == 1, "then it fills itself");
     choose((NSMenuItem*)[folder itemAtIndex:0]);
@@ -126,10 +141,17 @@ void menusAreMirrored()
     expect([group numberOfItems] == 1, "a group is there at once");
     choose((NSMenuItem*)[group itemAtIndex:0]);
     expect(menus.performed == 111, "and its members act");
-    expect(![mirror menuHasKeyEquivalent:shown forEvent:nil target:nullptr action:nullptr], "a key press fills nothing");
 
+    id target = nil;
+    SEL action = nullptr;
+    expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action], "a closed menu takes no key press");
     [mirror menuWillOpen:shown];
     expect(tracking.isOpen, "the hot keys know that a menu is open");
+    expect([mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action] && target == [open target]
+            && action == [open action],
+        "an open one knows its shortcuts");
+    expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x100000) target:&target action:&action], "with just their modifiers");
+    expect(menus.lazy->fillings == 1, "and fills nothing to find them");
     [shown setDelegate:nil]; // adding an item would ask for an update here
     menu->entries.resize(2);
     menu->didRefill();
@@ -333,6 +355,15 @@ void filesAreTaken(char const* file)
     expect(taken.size() == 1 && taken.front().path() == file && !error, "a file that is sent is taken");
 }
 
+/// Another program's change, as the system tells of it; that implementation does not by itself.
+void changeElsewhere(NSString* key, int value)
+{
+    NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
+    [defaults willChangeValueForKey:key];
+    [defaults setObject:[NSNumber numberWithInt:value] forKey:key];
+    [defaults didChangeValueForKey:key];
+}
+
 void defaultsAreKept(bool isFirstRun)
 {
     auto const defaults = makeUserDefaults();
@@ -341,12 +372,24 @@ void defaultsAreKept(bool isFirstRun)
         [[NSUserDefaults standardUserDefaults] synchronize]; // the Mac does so by itself
         return;
     }
+    std::vector<std::string> differing;
+    defaults->onExternalChange = [&](std::vector<std::string> const& keys) { differing = keys; };
     auto const stored = defaults->storedObject("Items");
     expect(stored && *stored == sample(), "the next run finds it again");
     PropertyListDictionary registered;
     registered.set("Depth", std::int64_t { 3 });
     defaults->registerDefaults(registered);
     expect(defaults->integerForKey("Depth") == 3 && !defaults->storedObject("Depth"), "what is registered is not stored");
+
+    changeElsewhere(@"Depth", 3);
+    expect(!defaults->setObject("Depth", std::int64_t { 4 }), "a setting is changed here");
+    runLoopFor(0.2);
+    expect(differing.empty(), "which is nobody else's doing");
+    changeElsewhere(@"Depth", 5);
+    changeElsewhere(@"Unread", 1);
+    runLoopFor(0.2);
+    expect(differing == std::vector<std::string> { "Depth" } && defaults->integerForKey("Depth") == 5, "what another program changes is told");
+    expect(!defaults->removeObject("Depth"), "a setting is let go of");
 }
 
 } // namespace
