@@ -21,5 +21,6 @@ struct SystemPlaceTarget {
 [[nodiscard]] SystemPlaceTarget const* systemPlaceFor(MenuItemKind const& kind);
 
 inline constexpr std::string_view automationPane = "com.apple.preference.security?Privacy_Automation";
+inline constexpr std::string_view accessibilityPane = "com.apple.preference.security?Privacy_Accessibility";
 
 } // namespace zv

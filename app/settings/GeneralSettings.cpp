@@ -64,7 +64,13 @@ std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 
 } // namespace
 
-std::vector<SettingsSection> GeneralSettings::sections() { return { presence(), login(), menus(), updates(), menuFile() }; }
+std::vector<SettingsSection> GeneralSettings::sections()
+{
+    std::vector<SettingsSection> sections { presence(), login(), menus(), updates(), menuFile() };
+    if (m_services.permissions)
+        sections.insert(sections.begin() + 2, permissionSection(*m_services.permissions, m_services.openSettingsPane));
+    return sections;
+}
 
 SettingsSection GeneralSettings::presence()
 {

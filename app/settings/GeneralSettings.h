@@ -2,6 +2,7 @@
 
 #include "app/model/Preferences.h"
 #include "app/settings/MenuFileCommands.h"
+#include "app/settings/PermissionRows.h"
 #include "app/settings/SettingsPage.h"
 #include "app/settings/SettingsWording.h"
 #include "app/shell/LoginItem.h"
@@ -16,8 +17,8 @@
 namespace zv {
 
 /// The General tab. Each change acts at once. Asking for the sections within
-/// withObservationTracking() observes all that they show, but for the login item, which the
-/// front end asks for again when the program becomes active. Main thread only.
+/// withObservationTracking() observes all that they show, but for the login item and the
+/// permissions, which the front end asks for again when the program becomes active. Main thread only.
 class GeneralSettings {
 public:
     struct Services {
@@ -32,6 +33,8 @@ public:
         /// The same of the overlay, and of shortcuts in other programs.
         std::function<std::optional<std::string>()> overlayProblem;
         std::function<std::optional<std::string>()> hotkeyProblem;
+        Permissions const* permissions = nullptr; ///< null where the system asks for none
+        std::function<void(std::string_view)> openSettingsPane {};
     };
 
     explicit GeneralSettings(Services services)

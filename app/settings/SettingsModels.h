@@ -42,6 +42,8 @@ public:
         std::function<void(std::string const&)> copyText;
         std::function<std::string()> diagnostics; ///< without personal paths
         InstalledApplications installedApplications; ///< none where the palette names no applications
+        Permissions const* permissions = nullptr; ///< null where the system asks for none
+        std::function<void(std::string_view)> openSettingsPane {};
     };
 
     explicit SettingsModels(Services services);

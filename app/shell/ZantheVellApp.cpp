@@ -79,7 +79,12 @@ void ZantheVellApp::makeDockIcon()
     m_dockIcon = std::make_unique<DockIconController>(DockIconController::Services { m_platform.application, m_preferences, m_platform.tasks });
 }
 
-void ZantheVellApp::setServicesProvider() { m_takesFiles = true; }
+void ZantheVellApp::setServicesProvider()
+{
+    m_takesFiles = true;
+    if (m_platform.provideServices)
+        m_platform.provideServices();
+}
 
 void ZantheVellApp::startUpdater() { m_updater.start(); }
 
@@ -100,7 +105,8 @@ SettingsModels::Services ZantheVellApp::settingsServices()
         m_platform.filePanels, m_platform.alerts, m_platform.defaults, m_platform.wording, m_platform.statusItemProblem,
         [this] { return noteOf(overlayCheck(m_platform.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
         [this](Url const& url) { m_platform.workspace.reveal(url); }, [this] { m_begging.show(); },
-        [this](std::string const& text) { m_platform.clipboard.setText(text); }, m_platform.diagnostics, m_platform.installedApplications };
+        [this](std::string const& text) { m_platform.clipboard.setText(text); }, m_platform.diagnostics, m_platform.installedApplications,
+        m_platform.permissions, [this](std::string_view pane) { m_actions.openSettingsPane(pane); } };
 }
 
 MaybeFailure<> ZantheVellApp::addFiles(std::vector<Url> files)

@@ -20,6 +20,7 @@
 #include "app/shell/StatusItemJoints.h"
 #include "app/updates/KresUpdater.h"
 #include "platform/HotkeyRegistrar.h"
+#include "platform/Permissions.h"
 
 #include <optional>
 
@@ -86,6 +87,11 @@ public:
         Url itemsFolder;
         Url backupsFolder;
         InstalledApplications installedApplications = {}; ///< for the palette of the settings
+
+        Permissions const* permissions = nullptr; ///< null where the system asks for none
+        /// From here on other programs may reach addFiles(); empty where they always could,
+        /// and were not listened to.
+        std::function<void()> provideServices {};
     };
 
     explicit ZantheVellApp(Platform platform);

@@ -23,6 +23,7 @@
 #include "platform/NetworkInterfaces.h"
 #include "platform/NotesWindow.h"
 #include "platform/OverlayPanels.h"
+#include "platform/Permissions.h"
 #include "platform/PointerMonitor.h"
 #include "platform/RecentServers.h"
 #include "platform/Resources.h"
@@ -84,6 +85,7 @@ std::unique_ptr<ModifierKeys> makeModifierKeys();
 std::unique_ptr<NetworkInterfaces> makeNetworkInterfaces();
 std::unique_ptr<NotesWindows> makeNotesWindows();
 std::unique_ptr<OverlayPanels> makeOverlayPanels();
+std::unique_ptr<Permissions> makePermissions();
 std::unique_ptr<PointerMonitor> makePointerMonitor();
 std::unique_ptr<RecentServers> makeRecentServers();
 std::unique_ptr<Resources> makeResources();

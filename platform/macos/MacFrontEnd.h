@@ -17,7 +17,7 @@ class MacFrontEnd {
 public:
     MacFrontEnd();
 
-    void launch();
+    void launch() { (void)m_app->launch(); } // when a copy takes over, it ends this process once it has started
     void reopen() { m_app->reopen(); }
     void openSettings() { m_app->openSettings(); }
 
@@ -72,10 +72,11 @@ private:
     std::unique_ptr<NotesWindows> m_notesWindows = makeNotesWindows();
     std::unique_ptr<UserNotifications> m_userNotifications = makeUserNotifications();
     std::unique_ptr<FilePanels> m_filePanels = makeFilePanels();
+    std::unique_ptr<Permissions> m_permissions = makePermissions();
     std::unique_ptr<SettingsWindow> m_settingsWindow;
 
     std::unique_ptr<ZantheVellApp> m_app;
-    ZVServicesProvider* m_services = nil;
+    ZVServicesProvider* m_services = nil; // kept for the application
 };
 
 } // namespace zv

@@ -28,13 +28,6 @@ MacFrontEnd::MacFrontEnd()
 {
 }
 
-void MacFrontEnd::launch()
-{
-    if (m_app->launch() == AppDelegate::Launch::relocated)
-        return; // a copy takes over, and ends this process once it has started
-    [NSApp setServicesProvider:m_services];
-}
-
 AppleMenuOverlayServices MacFrontEnd::overlay()
 {
     return { *m_windowList, *m_screens, *m_workspaceEvents, *m_pointerMonitor, *m_panels, *m_timers, *m_clock, m_menuBarVisibility.get() };
@@ -101,6 +94,9 @@ ZantheVellApp::Platform MacFrontEnd::platform()
         home.path(),
         library.appending("Zanthe Vell Items"),
         library.appending("Application Support").appending("Zanthe Vell").appending("Backups"),
+        {}, // the palette names no applications
+        m_permissions.get(),
+        [this] { [NSApp setServicesProvider:m_services]; },
     };
 }
 

@@ -4,6 +4,7 @@
 #include "tests/app/settings/SettingsFixture.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFilePanels.h"
+#include "tests/fakes/FakePermissions.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/fakes/FakeUpdates.h"
@@ -14,9 +15,10 @@ namespace zv {
 namespace {
 
 struct GeneralSettingsTest : SettingsFixture {
-    [[nodiscard]] std::optional<SettingsRow> row(std::string const& id)
+    [[nodiscard]] std::optional<SettingsRow> row(std::string const& id) { return rowOf(settings, id); }
+    [[nodiscard]] static std::optional<SettingsRow> rowOf(GeneralSettings& shown, std::string const& id)
     {
-        for (auto const& section : settings.sections()) {
+        for (auto const& section : shown.sections()) {
             for (auto const& candidate : section.rows) {
                 if (candidate.id == id)
                     return candidate;
@@ -123,6 +125,33 @@ TEST_F(GeneralSettingsTest, SaysWhatTheDesktopDoesNotLetItDoOnlyWhereItIsWanted)
     preferences.setShowsStatusItem(false);
     EXPECT_FALSE(row("statusItemProblem"));
     EXPECT_TRUE(row("hotkeyProblem"));
+}
+
+TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
+{
+    EXPECT_FALSE(row("automation")) << "most systems ask for none";
+
+    fakes::FakePermissions permissions;
+    std::vector<std::string> opened;
+    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), {}, {}, {}, &permissions,
+        [&](std::string_view pane) { opened.emplace_back(pane); } } };
+    struct Row {
+        Permission permission;
+        PermissionState state;
+        std::string id, beginning;
+    };
+    Row const rows[] = {
+        { Permission::automation, PermissionState::granted, "automation", "Automation: allowed. System Events and the login window " },
+        { Permission::automation, PermissionState::notAsked, "automation", "Automation: not in use yet; macOS asks at the first such command. " },
+        { Permission::accessibility, PermissionState::refused, "accessibility", "Accessibility: not allowed. Lock Screen and Force Quit " },
+    };
+    for (auto const& expected : rows) {
+        permissions.states[expected.permission] = expected.state;
+        EXPECT_EQ(rowOf(asking, expected.id)->title.substr(0, expected.beginning.size()), expected.beginning);
+    }
+    rowOf(asking, "automationSettings")->press();
+    rowOf(asking, "accessibilitySettings")->press();
+    EXPECT_EQ(opened, (std::vector<std::string> { "com.apple.preference.security?Privacy_Automation", "com.apple.preference.security?Privacy_Accessibility" }));
 }
 
 TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)

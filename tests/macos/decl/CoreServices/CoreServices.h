@@ -13,6 +13,9 @@ OSStatus UCCreateCollator(void *locale, UInt32 opVariant, UCCollateOptions optio
 OSStatus UCGetCollationKey(CollatorRef, const UniChar *text, UniCharCount length, ItemCount maxKeySize, ItemCount *actualKeySize, UCCollationValue key[]);
 enum { kCoreEventClass = 'aevt', kAESleep = 'slep', kAEShowRestartDialog = 'rrst', kAEShowShutdownDialog = 'rsdn', kAELogOut = 'logo',
   kAERestart = 'rest', kAEShutDown = 'shut', kAEReallyLogOut = 'rlgo' };
+typedef FourCharCode AEEventClass, AEEventID;
+typedef struct AEDesc AEDesc, AEAddressDesc;
+OSStatus AEDeterminePermissionToAutomateTarget(const AEAddressDesc *target, AEEventClass, AEEventID, Boolean askUserIfNeeded);
 enum { errAEEventNotPermitted = -1743, procNotFound = -600, errAETimeout = -1712 };
 #ifdef __cplusplus
 }
