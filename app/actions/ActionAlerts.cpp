@@ -52,7 +52,7 @@ Alert locationAlert(std::string const& name)
 
 std::optional<Alert> confirmationAlert(MenuItemKind const& kind)
 {
-    auto const* const question = std::ranges::find_if(questions, [&](auto const& candidate) { return kind == candidate.kind; });
+    auto const* const question = std::find_if(std::begin(questions), std::end(questions), [&](auto const& candidate) { return kind == candidate.kind; });
     if (question == std::end(questions))
         return std::nullopt;
     return Alert { AlertStyle::warning, std::string(question->message), "Applications are closed without asking. Unsaved changes are lost.",

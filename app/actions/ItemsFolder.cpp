@@ -52,7 +52,7 @@ std::string ItemsFolder::fileNameFor(Url const& url) const
     if (!isUsableAsFileName(name))
         name = "Untitled";
     // A volume's label may hold what a file's name cannot.
-    std::ranges::replace(name, '/', ':');
+    std::replace(name.begin(), name.end(), '/', ':');
     return name;
 }
 

@@ -19,7 +19,11 @@ std::string_view withoutMarks(std::string_view text)
     return text.substr(first, text.find_last_not_of(marks) - first + 1);
 }
 
-bool containsWhiteSpace(std::string_view text) { return std::ranges::any_of(firstGraphemes(text, text.size()), isWhiteSpace); }
+bool containsWhiteSpace(std::string_view text)
+{
+    auto const graphemes = firstGraphemes(text, text.size());
+    return std::any_of(graphemes.begin(), graphemes.end(), isWhiteSpace);
+}
 
 } // namespace
 

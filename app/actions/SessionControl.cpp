@@ -48,7 +48,7 @@ std::string SessionControl::Failure::description() const
 
 std::optional<SessionControl::Event> SessionControl::eventFor(MenuItemKind const& kind)
 {
-    auto const* const found = std::ranges::find_if(sessionEvents, [&](auto const& event) { return kind == event.kind; });
+    auto const* const found = std::find_if(std::begin(sessionEvents), std::end(sessionEvents), [&](auto const& event) { return kind == event.kind; });
     if (found == std::end(sessionEvents))
         return std::nullopt;
     return static_cast<Event>(found - std::begin(sessionEvents));

@@ -58,7 +58,7 @@ std::string SystemEventsBridge::Failure::description() const { return reason == 
 
 std::optional<Script> SystemEventsBridge::scriptFor(MenuItemKind const& kind)
 {
-    auto const* const found = std::ranges::find_if(kindScripts, [&](auto const& script) { return kind == script.kind; });
+    auto const* const found = std::find_if(std::begin(kindScripts), std::end(kindScripts), [&](auto const& script) { return kind == script.kind; });
     if (found == std::end(kindScripts))
         return std::nullopt;
     return Script { found->purpose, std::string(found->source) };

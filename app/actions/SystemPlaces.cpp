@@ -27,7 +27,7 @@ constexpr SystemPlaceTarget targets[] = {
 
 SystemPlaceTarget const* systemPlaceFor(MenuItemKind const& kind)
 {
-    auto const* const found = std::ranges::find_if(targets, [&](auto const& target) { return kind == target.kind; });
+    auto const* const found = std::find_if(std::begin(targets), std::end(targets), [&](auto const& target) { return kind == target.kind; });
     return found == std::end(targets) ? nullptr : found;
 }
 
