@@ -9,6 +9,7 @@ set(CMAKE_OBJCXX_EXTENSIONS OFF)
 set(ZV_SPARKLE "" CACHE PATH "Sparkle.framework to put into the application; empty for a build without updates")
 set(ZV_FEED_URL "" CACHE STRING "Address of the update feed")
 set(ZV_UPDATE_KEY "" CACHE STRING "Public Ed25519 key of the updates, base64")
+set(ZV_SIGNING_IDENTITY "-" CACHE STRING "Certificate to sign each build with; - for none, which is good on this machine alone")
 
 # Other versions of the compiler and the SDK warn about other things: seen, not fatal.
 target_compile_options(zv_options INTERFACE -Wno-error -Wno-unused-parameter -Wno-four-char-constants)
@@ -51,6 +52,6 @@ if(ZV_SPARKLE)
       COMMAND ditto "${ZV_SPARKLE}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework")
 endif()
 
-# Signed for this machine, so that permissions once given are remembered while developing.
+# With a certificate, permissions once given are remembered from build to build.
 add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
-    COMMAND codesign --force --deep --sign - --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")
+    COMMAND codesign --force --deep --sign "${ZV_SIGNING_IDENTITY}" --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")

@@ -5,7 +5,9 @@ import os
 import plistlib
 import re
 import stat
+import shutil
 import subprocess
+import tempfile
 import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
@@ -113,6 +115,88 @@ class ContentsTest(unittest.TestCase):
         self.assertTrue(found)
         for name, extension in found:
             self.assertIn(f"{name}.{extension}", listed)
+
+
+# Tools that only leave a file where theirs would be, and write down how they were called.
+TOOLS = {
+    "compiler": """out=a.out; last=
+for a in "$@"; do [[ $last == -o ]] && out=$a; [[ $last == -MF ]] && : > "$a"; last=$a; done
+printf '%s\\n' "$*" >> "$HERE/compiled"; mkdir -p "${out%/*}" 2> /dev/null; : > "$out"; chmod +x "$out\"""",
+    "ar": 'for a in "$@"; do [[ $a == *.a ]] && : > "$a"; done; true',
+    "ranlib": "true",
+    "codesign": """printf '%s\\n' "$*" >> "$HERE/signed"; cd "${@: -1}" && find . -type f | sort > "$HERE/contents\"""",
+    "ditto": 'cp -R "$1" "$2"',
+}
+TOOLCHAIN = """set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_VERSION 22)
+foreach(language CXX OBJCXX)
+  set(CMAKE_${language}_COMPILER @HERE@/bin/compiler)
+  set(CMAKE_${language}_COMPILER_ID AppleClang)
+  set(CMAKE_${language}_COMPILER_VERSION 15.0.0)
+  set(CMAKE_${language}_COMPILER_ID_RUN TRUE)
+  set(CMAKE_${language}_COMPILER_WORKS TRUE)
+  set(CMAKE_${language}_ABI_COMPILED TRUE)
+  set(CMAKE_${language}_STANDARD_COMPUTED_DEFAULT 14)
+  set(CMAKE_${language}_EXTENSIONS_COMPUTED_DEFAULT ON)
+  set(CMAKE_${language}_COMPILE_FEATURES cxx_std_11 cxx_std_14 cxx_std_17 cxx_std_20)
+endforeach()
+set(CMAKE_AR @HERE@/bin/ar)
+set(CMAKE_RANLIB @HERE@/bin/ranlib)
+set(CMAKE_INSTALL_NAME_TOOL @HERE@/bin/ranlib)
+set(CMAKE_OSX_SYSROOT @HERE@/sdk)
+"""
+
+
+class BuildTest(unittest.TestCase):
+    """The Mac's build with pretended tools: what CMake makes of cmake/macOS.cmake."""
+
+    def setUp(self):
+        self.here = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, self.here)
+        os.makedirs(os.path.join(self.here, "bin"))
+        os.makedirs(os.path.join(self.here, "sdk"))
+        os.makedirs(os.path.join(self.here, "Sparkle.framework"))
+        self.write("Sparkle.framework/Sparkle", "")
+        self.write("toolchain.cmake", TOOLCHAIN.replace("@HERE@", self.here))
+        for name, text in TOOLS.items():
+            os.chmod(self.write(f"bin/{name}", f"#!/bin/bash\nHERE={self.here}\n{text}\n"), 0o755)
+
+    def write(self, name, text):
+        path = os.path.join(self.here, name)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+        return path
+
+    def lines(self, name):
+        with open(os.path.join(self.here, name), encoding="utf-8") as file:
+            return file.read().splitlines()
+
+    def build(self, *options):
+        environment = {**os.environ, "PATH": f"{self.here}/bin:{os.environ['PATH']}"}
+        preset = ["-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_OSX_ARCHITECTURES=arm64;x86_64", "-DCMAKE_OSX_DEPLOYMENT_TARGET=13.0", "-DZV_CCACHE="]
+        made = ["cmake", "-S", ROOT, "-B", f"{self.here}/build", "-G", "Ninja", "--toolchain", f"{self.here}/toolchain.cmake", *preset, *options]
+        for command in (made, ["cmake", "--build", f"{self.here}/build"]):
+            ended = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+            self.assertEqual(ended.returncode, 0, ended.stdout[-2000:])
+
+    def test_it_makes_a_whole_signed_application_of_both_processors(self):
+        self.build("-DZV_FEED_URL=https://updates.zanthevell.org/feed?a=1&b=2", f"-DZV_SPARKLE={self.here}/Sparkle.framework")
+        with open(os.path.join(self.here, "build", "Zanthe Vell.app", "Contents", "Info.plist"), "rb") as file:
+            self.assertEqual(plistlib.load(file)["SUFeedURL"], "https://updates.zanthevell.org/feed?a=1&b=2")
+        contents = self.lines("contents")
+        for name in ("Begging.rtf", "Default Apple Menu.plist", "DockMenu.plist", "Library.plist", "Licences.txt", "ZantheVell.icns"):
+            self.assertIn(f"./Contents/Resources/{name}", contents, "is there before the application is signed")
+        self.assertIn("./Contents/Frameworks/Sparkle.framework/Sparkle", contents)
+        compiled = self.lines("compiled")
+        objective = [line for line in compiled if line.endswith(".mm")]
+        self.assertEqual(len(objective), sum(len([name for name in names if name.endswith(".mm")]) for _, _, names in os.walk(os.path.join(ROOT, "platform", "macos"))))
+        for line in objective:
+            self.assertRegex(line, r"-fobjc-arc .*-std=c\+\+2|-std=c\+\+2.* -fobjc-arc")
+        self.assertTrue(all("-arch arm64 -arch x86_64" in line and "-mmacosx-version-min=13.0" in line for line in compiled))
+        self.assertEqual(len(self.lines("signed")), 1)
+        self.build("-DZV_FEED_URL=https://updates.zanthevell.org/other", "-DZV_SIGNING_IDENTITY=Apple Development: Somebody")
+        self.assertEqual(len(self.lines("signed")), 2, "a changed property list is signed anew")
+        self.assertIn("--sign Apple Development: Somebody", self.lines("signed")[1])
 
 
 class ScriptsTest(unittest.TestCase):

@@ -39,7 +39,8 @@ private:
     static void take(Row& row, SettingsRow const& described);
     static void fillChoices(NSPopUpButton* button, SettingsRow const& described);
 
-    NSView* m_view;
+    NSView* m_content;
+    NSScrollView* m_view;
     NSGridView* m_grid = nil;
     ControlActions m_actions;
     std::string m_shape;

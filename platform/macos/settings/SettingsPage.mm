@@ -2,6 +2,17 @@
 
 #import "platform/macos/Conversions.h"
 
+/// Rows begin at its top.
+@interface ZVFlippedView : NSView
+@end
+
+@implementation ZVFlippedView
+- (BOOL)isFlipped
+{
+    return YES;
+}
+@end
+
 namespace zv {
 
 namespace {
@@ -13,9 +24,17 @@ constexpr double sectionSpacing = 14;
 
 } // namespace
 
+/// As wide as what scrolls it, as high as its rows.
 SettingsPage::SettingsPage()
-    : m_view([[NSView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
+    : m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
+    , m_view(scrollAround(m_content))
 {
+    [m_view setDrawsBackground:NO];
+    NSView* const shown = [m_view contentView];
+    [m_content setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_content topAnchor] constraintEqualToAnchor:[shown topAnchor] constant:0],
+                                                     [[m_content leadingAnchor] constraintEqualToAnchor:[shown leadingAnchor] constant:0],
+                                                     [[m_content trailingAnchor] constraintEqualToAnchor:[shown trailingAnchor] constant:0], nil]];
 }
 
 std::string SettingsPage::shapeOf(std::vector<SettingsSection> const& sections)
@@ -58,11 +77,10 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
             [[m_grid rowAtIndex:first] setTopPadding:sectionSpacing];
     }
     [m_grid setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [m_view addSubview:m_grid];
-    [NSLayoutConstraint
-        activateConstraints:[NSArray arrayWithObjects:[[m_grid topAnchor] constraintEqualToAnchor:[m_view topAnchor] constant:pageMargin],
-                                     [[m_grid centerXAnchor] constraintEqualToAnchor:[m_view centerXAnchor] constant:0],
-                                     [[m_view bottomAnchor] constraintGreaterThanOrEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
+    [m_content addSubview:m_grid];
+    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_grid topAnchor] constraintEqualToAnchor:[m_content topAnchor] constant:pageMargin],
+                                                     [[m_grid centerXAnchor] constraintEqualToAnchor:[m_content centerXAnchor] constant:0],
+                                                     [[m_content bottomAnchor] constraintEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
 }
 
 void SettingsPage::addRow(NSString* heading, SettingsRow const& described)
