@@ -342,7 +342,10 @@ void theNotesShow(char const* file)
 void filesAreTaken(char const* file)
 {
     std::vector<Url> taken;
-    ZVServicesProvider* const provider = [[ZVServicesProvider alloc] initWithFunction:[&](std::vector<Url> files) { taken = std::move(files); }];
+    ZVServicesProvider* const provider = [[ZVServicesProvider alloc] initWithFunction:[&](std::vector<Url> files) -> MaybeFailure<> {
+        taken = std::move(files);
+        return taken.empty() ? MaybeFailure<>("No files or folders were sent to Zanthe Vell.") : std::nullopt;
+    }];
     NSPasteboard* const pasteboard = [NSPasteboard pasteboardWithUniqueName];
     NSString* error = nil;
     [pasteboard declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
