@@ -25,10 +25,6 @@ zv_tests(zv_core_tests FOLDERS base app cli LINK zv_cli zv_app zv_linux)
 zv_tests(zv_linux_tests FOLDERS linux LINK zv_app zv_linux)
 zv_tests(zv_qt_tests FOLDERS qt LINK zv_app zv_qt)
 
-# Driven from outside by the scripts in tests/desktop.
-add_executable(overlay_probe ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_probe.cpp)
-target_link_libraries(overlay_probe PRIVATE zv_qt)
-
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
 add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/check_all)
