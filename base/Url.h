@@ -29,7 +29,9 @@ public:
     [[nodiscard]] Url appending(std::string_view component) const;
     [[nodiscard]] Url parent() const;
 
-    friend auto operator<=>(Url const&, Url const&) = default;
+    friend bool operator==(Url const&, Url const&) = default;
+    // Written out, as not every standard library compares strings three ways.
+    friend std::strong_ordering operator<=>(Url const& a, Url const& b) { return a.m_text.compare(b.m_text) <=> 0; }
 
 private:
     explicit Url(std::string text)

@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,7 +24,9 @@ public:
     [[nodiscard]] std::string toString() const;
     [[nodiscard]] std::array<std::uint8_t, 16> const& bytes() const { return m_bytes; }
 
-    friend auto operator<=>(Uuid const&, Uuid const&) = default;
+    friend bool operator==(Uuid const&, Uuid const&) = default;
+    // Written out, as not every standard library compares arrays three ways.
+    friend std::strong_ordering operator<=>(Uuid const& a, Uuid const& b) { return std::memcmp(a.m_bytes.data(), b.m_bytes.data(), a.m_bytes.size()) <=> 0; }
 
 private:
     std::array<std::uint8_t, 16> m_bytes {};

@@ -8,6 +8,7 @@
 #include "base/Observation.h"
 #include "platform/HotkeyRegistrar.h"
 
+#include <compare>
 #include <functional>
 #include <map>
 #include <optional>
@@ -32,7 +33,12 @@ public:
     struct Conflict {
         Target target;
         std::string shortcut;
-        friend auto operator<=>(Conflict const&, Conflict const&) = default;
+        friend bool operator==(Conflict const&, Conflict const&) = default;
+        friend std::strong_ordering operator<=>(Conflict const& a, Conflict const& b)
+        {
+            auto const byTarget = a.target <=> b.target;
+            return byTarget != 0 ? byTarget : a.shortcut.compare(b.shortcut) <=> 0;
+        }
     };
 
     /// Both outlive this.

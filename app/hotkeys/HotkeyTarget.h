@@ -21,7 +21,13 @@ public:
     [[nodiscard]] Uuid const* itemID() const { return std::get_if<Uuid>(&m_value); }
     [[nodiscard]] Url const* fileURL() const { return std::get_if<Url>(&m_value); }
 
-    friend auto operator<=>(HotkeyTarget const&, HotkeyTarget const&) = default;
+    friend bool operator==(HotkeyTarget const&, HotkeyTarget const&) = default;
+    friend std::strong_ordering operator<=>(HotkeyTarget const& a, HotkeyTarget const& b)
+    {
+        if (a.m_value.index() != b.m_value.index())
+            return a.m_value.index() <=> b.m_value.index();
+        return a.itemID() ? *a.itemID() <=> *b.itemID() : *a.fileURL() <=> *b.fileURL();
+    }
 
 private:
     template <class Value>
