@@ -16,8 +16,7 @@ public:
 
     [[nodiscard]] std::weak_ptr<void> token() const { return m_alive; }
 
-    template <class Function>
-    [[nodiscard]] auto guard(Function function) const
+    template <class Function> [[nodiscard]] auto guard(Function function) const
     {
         return [weak = token(), function = std::move(function)](auto&&... arguments) mutable {
             if (auto const alive = weak.lock())

@@ -8,17 +8,14 @@
 namespace zv {
 
 /// Wraps an error so that a Result can be made from it without ambiguity.
-template <class E>
-struct Failure {
+template <class E> struct Failure {
     E error;
 };
 
-template <class E>
-Failure(E) -> Failure<E>;
+template <class E> Failure(E) -> Failure<E>;
 
 /// A value or the reason why there is none. Errors are values here: nothing throws.
-template <class T, class E = std::string>
-class [[nodiscard]] Result {
+template <class T, class E = std::string> class [[nodiscard]] Result {
 public:
     Result(T value) // NOLINT(google-explicit-constructor): `return value;` is the point
         : m_state(std::in_place_index<0>, std::move(value))
@@ -48,7 +45,6 @@ private:
 };
 
 /// For operations that only succeed or fail: empty on success.
-template <class E = std::string>
-using MaybeFailure = std::optional<E>;
+template <class E = std::string> using MaybeFailure = std::optional<E>;
 
 } // namespace zv

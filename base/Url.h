@@ -52,7 +52,6 @@ private:
 
 } // namespace zv
 
-template <>
-struct std::hash<zv::Url> {
+template <> struct std::hash<zv::Url> {
     std::size_t operator()(zv::Url const& url) const noexcept { return std::hash<std::string>()(url.toString()); }
 };

@@ -34,7 +34,6 @@ private:
 
 } // namespace zv
 
-template <>
-struct std::hash<zv::Uuid> {
+template <> struct std::hash<zv::Uuid> {
     std::size_t operator()(zv::Uuid const& uuid) const noexcept;
 };

@@ -17,14 +17,8 @@ enum class ModifierMask : std::uint32_t {
 {
     return static_cast<ModifierMask>(static_cast<std::uint32_t>(a) | static_cast<std::uint32_t>(b));
 }
-constexpr ModifierMask& operator|=(ModifierMask& a, ModifierMask b)
-{
-    return a = a | b;
-}
-[[nodiscard]] constexpr bool contains(ModifierMask set, ModifierMask flag)
-{
-    return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(flag)) != 0;
-}
+constexpr ModifierMask& operator|=(ModifierMask& a, ModifierMask b) { return a = a | b; }
+[[nodiscard]] constexpr bool contains(ModifierMask set, ModifierMask flag) { return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(flag)) != 0; }
 
 /// What the keyboard holds down, in the program's terms: a front end may let other
 /// keys stand for these. Main thread only.

@@ -25,8 +25,7 @@ public:
 
     /// Computes in the background and hands the result to `thenOnMain` on the main thread.
     /// `thenOnMain` holds its owner weakly (base/Lifetime.h).
-    template <class Work, class Then>
-    void inBackground(TaskPriority priority, Work work, Then thenOnMain)
+    template <class Work, class Then> void inBackground(TaskPriority priority, Work work, Then thenOnMain)
     {
         // Handed on, never copied: what the closures own is released on the main thread.
         auto const then = std::make_shared<Then>(std::move(thenOnMain));

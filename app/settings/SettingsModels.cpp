@@ -11,8 +11,8 @@ SettingsModels::SettingsModels(Services services)
     , m_palette(loadItemLibrary(m_services.resources, m_services.locations, LibraryMode::everything))
     , m_menuFile({ m_editor, m_services.backups, m_services.files, m_services.locations, m_services.panels, m_services.alerts })
     , m_general({ m_services.preferences, m_services.loginItem, m_services.updater, m_menuFile, m_services.alerts, m_services.wording,
-          m_services.statusItemProblem, m_services.overlayProblem, [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
-          m_services.permissions, m_services.openSettingsPane })
+          m_services.statusItemProblem, m_services.overlayProblem, [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); }, m_services.permissions,
+          m_services.openSettingsPane })
     , m_about(aboutText(m_services.resources))
 {
     if (m_services.installedApplications)

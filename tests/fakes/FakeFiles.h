@@ -19,10 +19,7 @@ inline std::vector<std::byte> bytesOf(std::string_view text)
     return bytes;
 }
 
-inline std::string textOf(std::vector<std::byte> const& bytes)
-{
-    return { reinterpret_cast<char const*>(bytes.data()), bytes.size() };
-}
+inline std::string textOf(std::vector<std::byte> const& bytes) { return { reinterpret_cast<char const*>(bytes.data()), bytes.size() }; }
 
 /// A small disk in memory. Paths are absolute; parents of what is added exist.
 class FakeFileSystem : public FileSystem {

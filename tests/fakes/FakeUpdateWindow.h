@@ -63,8 +63,8 @@ public:
         feedDone = std::move(done);
         return request;
     }
-    std::unique_ptr<Download> fetchFile(Url const& address, DownloadLimits const&, std::function<void(std::uint64_t)>,
-        std::function<void(Result<Url>)> done) override
+    std::unique_ptr<Download> fetchFile(
+        Url const& address, DownloadLimits const&, std::function<void(std::uint64_t)>, std::function<void(Result<Url>)> done) override
     {
         requested.push_back(address.toString());
         auto request = std::make_unique<Request>(*this);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/UserNotifications.h"
 #include "platform/UpdateEngine.h"
+#include "platform/UserNotifications.h"
 
 #include <string>
 #include <vector>

@@ -65,7 +65,7 @@ void chooseDisplayServer()
 {
     auto candidates = qgetenv(choice).split(';');
     candidates.removeAll({});
-    candidates << "xcb" << "wayland" << "offscreen";
+    candidates.append({ "xcb", "wayland", "offscreen" });
     qputenv(choice, *std::find_if(candidates.begin(), candidates.end(), answers));
 }
 
