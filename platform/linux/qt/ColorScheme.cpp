@@ -31,6 +31,7 @@ QPalette darkPalette()
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::PlaceholderText, QColor(0xa8, 0xa8, 0xa6));
     palette.setColor(QPalette::Link, QColor(0x78, 0xae, 0xed));
+    palette.setColor(QPalette::PlaceholderText, QColor(0xa6, 0xa6, 0xa4));
     palette.setColor(QPalette::ToolTipBase, QColor(0x1e, 0x1e, 0x1e));
     palette.setColor(QPalette::ToolTipText, text);
     for (auto const role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
