@@ -17,6 +17,7 @@ import desktop
 from accessible import act, find, found
 from desktop import Bus, BusMenu, Panel, Program, keys, titled, wait_until, zv
 from key_grab import KeyGrab
+from session_manager import SessionManager
 
 HOME = desktop.HOME
 DEFAULTS = os.path.join(HOME, ".config/zanthe-vell/org.zanthevell.ZantheVell.plist")
@@ -26,6 +27,7 @@ SETTINGS, NOTES, ALERT = "Zanthe Vell Settings", "Zanthe Vell Beta", "Zanthe Vel
 OWN = ("org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell")
 NO_BUS = {"DBUS_SESSION_BUS_ADDRESS": None, "XDG_RUNTIME_DIR": os.path.join(HOME, "no-bus")}
 FOR_THE_USER = {"XCTestSessionIdentifier": None}  # a launch that counts, and that may ask to move
+RESTART_NEVER = 3  # among the session manager's hints
 
 
 def set_launch_count(count):
@@ -148,6 +150,19 @@ class ShellTest(unittest.TestCase):
                     wait_until(lambda: not self.bus.items(), 3, "the icon is gone")
                     self.assertTrue(grab.is_free(), "and the combination free")
                     self.assertFalse(self.is_running())
+
+    def test_the_end_of_the_session_ends_it_and_asks_for_no_second_start(self):
+        session = SessionManager()
+        self.addCleanup(session.close)
+        with Panel(), Program(SESSION_MANAGER=session.address) as program:
+            self.assertTrue(session.serve(lambda: session.saved and self.is_running(), 20), "it belongs to the session")
+            self.activate()
+            wait_until(lambda: titled(SETTINGS), 5, "an open window")
+            wait_until(self.bus.items, 5, "its icon")
+            session.end_session()
+            self.assertEqual(program.ends(), 0, program.said())
+            wait_until(lambda: not self.bus.items(), 3, "the icon is gone")
+            self.assertEqual(session.properties["RestartStyleHint"][0][0], RESTART_NEVER)
 
     def test_killed_it_leaves_no_lock_with_a_bus_or_without(self):
         os.makedirs(NO_BUS["XDG_RUNTIME_DIR"], mode=0o700, exist_ok=True)

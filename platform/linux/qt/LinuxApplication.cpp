@@ -4,6 +4,7 @@
 #include "platform/linux/qt/MenuStyle.h"
 
 #include <QLocale>
+#include <QSessionManager>
 #include <QWidget>
 
 namespace zv {
@@ -30,6 +31,8 @@ LinuxApplication::LinuxApplication(int& count, char** arguments)
     setWindowIcon(laurelApplicationIcon());
     setStyle(new MenuStyle);
     setLayoutDirection(QLocale::system().textDirection());
+    // What starts at login is chosen in the settings alone: started by its session too, it would be a second start, which opens them.
+    connect(this, &QGuiApplication::saveStateRequest, this, [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
 }
 
 void LinuxApplication::activate()
@@ -65,6 +68,16 @@ std::vector<WindowState> LinuxApplication::windows() const
                 { !widget->windowFlags().testFlag(Qt::FramelessWindowHint), widget->isVisible() && !widget->isMinimized(), widget->isMinimized() });
     }
     return states;
+}
+
+bool LinuxApplication::event(QEvent* event)
+{
+    // The session ends. The toolkit would ask the windows first, and before the loop runs forget about it.
+    if (event->type() == QEvent::Quit) {
+        terminate();
+        return true;
+    }
+    return QApplication::event(event);
 }
 
 bool LinuxApplication::notify(QObject* receiver, QEvent* event)

@@ -25,6 +25,9 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     bool m_isTerminating = false;
     ActivationPolicy m_policy = ActivationPolicy::accessory;
