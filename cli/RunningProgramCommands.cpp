@@ -60,8 +60,8 @@ ExitStatus quit(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-Command const showCommand { "show", "[--at X,Y]", "opens the menu of the running program", show };
-Command const settingsCommand { "settings", "", "opens the settings of the running program", settings };
+Command const showCommand { "show", "[--at X,Y]", "opens the menu of the running program, which is started if need be", show };
+Command const settingsCommand { "settings", "", "opens the settings; starts the program if need be", settings };
 Command const quitCommand { "quit", "", "ends the running program", quit };
 
 } // namespace zv

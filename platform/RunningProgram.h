@@ -9,8 +9,9 @@
 
 namespace zv {
 
-/// The program that runs for this user, asked from a command line. The failures are
-/// sentences for standard error; one of them says that the program does not run.
+/// The program that runs for this user, asked from a command line. To show something, it is
+/// started where the system knows how. The failures are sentences for standard error; one of
+/// them says that the program does not run.
 class RunningProgram {
 public:
     struct ScreenPoint {

@@ -22,12 +22,12 @@ BusConnection const* BusRunningProgram::bus() const
     return m_bus ? &*m_bus : nullptr;
 }
 
-Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef arguments, char const* replyType)
+Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting)
 {
     auto const* const session = bus();
     if (!session)
         return Failure { std::string("There is no session bus to reach the running program by.") };
-    auto reply = session->call(program, method, arguments.get(), Deadline(patience), replyType, BusConnection::Starting::forbidden);
+    auto reply = session->call(program, method, arguments.get(), Deadline(patience), replyType, starting);
     if (reply)
         return std::move(reply).value();
     if (!isRunning())
@@ -35,9 +35,9 @@ Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef argum
     return Failure { "The running program did not do it: " + reply.error().message };
 }
 
-MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments)
+MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments, BusConnection::Starting starting)
 {
-    auto const answer = ask(method, owned(arguments), nullptr);
+    auto const answer = ask(method, owned(arguments), nullptr, starting);
     return answer ? std::nullopt : std::optional(answer.error());
 }
 
@@ -50,13 +50,14 @@ bool BusRunningProgram::isRunning() const
 MaybeFailure<> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
 {
     if (!at)
-        return tell("ShowMenu", nullptr);
-    return tell("ShowMenuAt", g_variant_new("(ii)", static_cast<int>(std::lround(at->x)), static_cast<int>(std::lround(at->y))));
+        return tell("ShowMenu", nullptr, BusConnection::Starting::allowed);
+    return tell(
+        "ShowMenuAt", g_variant_new("(ii)", static_cast<int>(std::lround(at->x)), static_cast<int>(std::lround(at->y))), BusConnection::Starting::allowed);
 }
 
-MaybeFailure<> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr); }
+MaybeFailure<> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr, BusConnection::Starting::allowed); }
 
-MaybeFailure<> BusRunningProgram::quit() { return tell("Quit", nullptr); }
+MaybeFailure<> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
 
 /// As addresses: a path may hold bytes that no text on a bus may.
 MaybeFailure<> BusRunningProgram::addFiles(std::vector<Url> const& files)
@@ -64,12 +65,13 @@ MaybeFailure<> BusRunningProgram::addFiles(std::vector<Url> const& files)
     std::vector<char const*> addresses;
     for (auto const& file : files)
         addresses.push_back(file.toString().c_str());
-    return tell("AddFiles", g_variant_new("(@as)", g_variant_new_strv(addresses.data(), static_cast<gssize>(addresses.size()))));
+    return tell(
+        "AddFiles", g_variant_new("(@as)", g_variant_new_strv(addresses.data(), static_cast<gssize>(addresses.size()))), BusConnection::Starting::forbidden);
 }
 
 Result<std::string> BusRunningProgram::hotkeys()
 {
-    auto const answer = ask("Hotkeys", nullptr, "(s)");
+    auto const answer = ask("Hotkeys", nullptr, "(s)", BusConnection::Starting::forbidden);
     if (!answer)
         return Failure { answer.error() };
     char const* json = nullptr;

@@ -22,8 +22,8 @@ public:
 
 private:
     [[nodiscard]] BusConnection const* bus() const;
-    [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType);
-    [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments);
+    [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting);
+    [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
 
     mutable bool m_isConnected = false; ///< or that was tried in vain
     mutable std::optional<BusConnection> m_bus;
