@@ -3,7 +3,7 @@ option(ZV_TESTS "Build the tests" ON)
 option(ZV_BENCH "Build the measurements" OFF)
 option(ZV_PCH "Precompile the headers that most files include" ON)
 option(ZV_FUZZ "Build the fuzz targets (clang only)" OFF)
-option(ZV_PACKAGED "Build for a package: nothing of this machine in the program, and hardened linking" OFF)
+option(ZV_PACKAGED "Build for a package: nothing of this machine in the program" OFF)
 
 # Each set of optimizer flags makes its own guesses. Those of the presets are known to be silent; CMake's own
 # release flags, which define NDEBUG, are for who builds the program, and no guess shall stop that.
@@ -32,10 +32,6 @@ endif()
 
 if(ZV_FUZZ)
   target_compile_options(zv_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()
-
-if(ZV_PACKAGED)
-  target_link_options(zv_options INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()
 
 find_program(ZV_MOLD mold)

@@ -73,6 +73,8 @@ set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 180 RUN_SER
 
 add_test(NAME packaging COMMAND ${CMAKE_SOURCE_DIR}/tests/packaging $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(packaging PROPERTIES TIMEOUT 120)
+add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET_FILE:zanthe-vell>)
+set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
 add_test(NAME desktop_settings COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
 set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
