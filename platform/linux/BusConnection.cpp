@@ -22,6 +22,8 @@ std::string environmentText(char const* name)
 
 std::string socketAddress(std::string const& path) { return ::access(path.c_str(), R_OK | W_OK) == 0 ? "unix:path=" + path : ""; }
 
+constexpr BusObject bus { "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus" };
+
 struct NamedKind {
     std::string_view name;
     BusFailure::Kind kind;
@@ -128,12 +130,27 @@ Result<GVariantRef, BusFailure> BusConnection::call(
 
 bool BusConnection::hasOwner(char const* service, Deadline const& deadline) const
 {
-    static constexpr BusObject bus { "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus" };
     auto const reply = call(bus, "NameHasOwner", g_variant_new("(s)", service), deadline, "(b)");
     gboolean isOwned = FALSE;
     if (reply)
         g_variant_get(reply->get(), "(b)", &isOwned);
     return isOwned != FALSE;
+}
+
+bool BusConnection::canReach(std::string_view service, Deadline const& deadline) const
+{
+    for (auto const* question : { "ListNames", "ListActivatableNames" }) {
+        auto const reply = call(bus, question, nullptr, deadline, "(as)");
+        if (!reply)
+            continue;
+        GVariantRef const names(g_variant_get_child_value(reply->get(), 0));
+        for (gsize i = 0; i < g_variant_n_children(names.get()); ++i) {
+            GVariantRef const name(g_variant_get_child_value(names.get(), i));
+            if (service == g_variant_get_string(name.get(), nullptr))
+                return true;
+        }
+    }
+    return false;
 }
 
 } // namespace zv

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace zv {
 
@@ -60,6 +61,8 @@ public:
     Result<GVariantRef, BusFailure> call(BusObject const& object, char const* method, GVariant* arguments, Deadline const& deadline,
         char const* replyType = nullptr, Starting starting = Starting::allowed) const;
     [[nodiscard]] bool hasOwner(char const* service, Deadline const& deadline) const;
+    /// Runs, or would be started by a call.
+    [[nodiscard]] bool canReach(std::string_view service, Deadline const& deadline) const;
 
 private:
     explicit BusConnection(GDBusConnection* connection)

@@ -1,9 +1,13 @@
 #include "platform/linux/CommandLineServices.h"
 
+#include "app/shell/DesktopChecks.h"
 #include "platform/linux/CommandLineDoctor.h"
+#include "platform/linux/DesktopSurvey.h"
 #include "platform/linux/ProgramFiles.h"
 
+#include <algorithm>
 #include <climits>
+#include <iterator>
 #include <unistd.h>
 
 namespace zv {
@@ -53,8 +57,11 @@ Url CommandLineServices::currentFolder()
 std::vector<DoctorCheck> CommandLineServices::doctorChecks()
 {
     auto checks = filesAndProgramChecks(runningProgram(), resources(), m_files, store(), m_directories);
-    for (auto const& check : m_desktopChecks)
-        checks.push_back(check());
+    DesktopFindings findings;
+    if (m_surveyDisplay)
+        m_surveyDisplay(findings);
+    surveyServices(DesktopAccess::ofThisMachine(m_directories), m_directories, findings);
+    std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;
 }
 

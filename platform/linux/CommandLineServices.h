@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/CommandContext.h"
+#include "platform/DesktopFindings.h"
 #include "platform/linux/BundleResources.h"
 #include "platform/linux/BusRunningProgram.h"
 #include "platform/linux/CommandLineMenu.h"
@@ -11,11 +12,9 @@
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/XdgDirectories.h"
 
+#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
-
-#include <functional>
 #include <vector>
 
 namespace zv {
@@ -40,13 +39,13 @@ public:
     Url itemsFolder() override;
     Url currentFolder() override;
     std::vector<DoctorCheck> doctorChecks() override;
-    /// Adds what only the toolkit can find out; asked by doctor alone.
-    void addDesktopCheck(std::function<DoctorCheck()> check) { m_desktopChecks.push_back(std::move(check)); }
+    /// What only the toolkit can find out; asked by doctor alone.
+    void setDisplaySurvey(std::function<void(DesktopFindings&)> survey) { m_surveyDisplay = std::move(survey); }
 
 private:
     [[nodiscard]] CommandLineMenu& menu();
 
-    std::vector<std::function<DoctorCheck()>> m_desktopChecks;
+    std::function<void(DesktopFindings&)> m_surveyDisplay;
     XdgDirectories m_directories = XdgDirectories::current();
     LinuxFileSystem m_files;
     LinuxBookmarks m_bookmarks;

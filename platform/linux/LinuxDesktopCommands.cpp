@@ -3,6 +3,7 @@
 #include "platform/linux/GObjects.h"
 #include "platform/linux/OsRelease.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -61,21 +62,32 @@ PlaceProgram const programs[] = {
     { dockSettings, std::nullopt, { "plank", "--preferences" } },
 };
 
+bool isFor(PlaceProgram const& program, SystemPlace place, DesktopAccess const& access)
+{
+    bool const isRightVersion = !program.requiredEntry || access.programs->hasEntry(program.requiredEntry);
+    return program.place == place && isForDesktop(program.desktop, access.desktop) && isRightVersion;
+}
+
 PlaceOutcome openFirst(SystemPlace place, DesktopAccess const& access)
 {
     for (auto const& program : programs) {
-        bool const fits = program.place == place && isForDesktop(program.desktop, access.desktop);
-        bool const isRightVersion = !program.requiredEntry || access.programs->hasEntry(program.requiredEntry);
-        if (fits && isRightVersion && access.programs->start(program.command))
+        if (isFor(program, place, access) && access.programs->start(program.command))
             return PlaceOutcome::opened;
     }
     return PlaceOutcome::notFound;
 }
 
+bool hasProgram(SystemPlace place, DesktopAccess const& access)
+{
+    return std::ranges::any_of(programs, [&](auto const& program) { return isFor(program, place, access) && access.programs->has(program.command.front()); });
+}
+
 /// The application that the user chose for software is the one that takes its links.
+GObjectRef<GAppInfo> softwareLinkHandler() { return GObjectRef<GAppInfo>(g_app_info_get_default_for_uri_scheme("appstream")); }
+
 bool startSoftwareLinkHandler()
 {
-    GObjectRef<GAppInfo> const handler(g_app_info_get_default_for_uri_scheme("appstream"));
+    auto const handler = softwareLinkHandler();
     return handler && g_app_info_launch(handler.get(), nullptr, nullptr, nullptr) != FALSE;
 }
 
@@ -109,6 +121,19 @@ PlaceOutcome LinuxDesktopCommands::perform(SystemPlace place, DesktopAccess cons
     if (place == softwareUpdate)
         return openUpdates(access);
     return openFirst(place, access);
+}
+
+std::vector<SystemPlace> LinuxDesktopCommands::placesWithoutProgram(DesktopAccess const& access)
+{
+    bool const hasStore = softwareLinkHandler() || hasProgram(softwareStore, access);
+    std::vector<SystemPlace> places;
+    if (!hasProgram(systemSettings, access))
+        places.push_back(systemSettings);
+    if (!hasStore && !hasProgram(softwareUpdate, access))
+        places.push_back(softwareUpdate);
+    if (!hasStore)
+        places.push_back(softwareStore);
+    return places;
 }
 
 void LinuxDesktopCommands::open(SystemPlace place, std::function<void(PlaceOutcome)> done)

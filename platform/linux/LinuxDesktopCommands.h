@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace zv {
 
@@ -23,6 +24,8 @@ public:
 
     /// What open() does, in the caller's thread.
     [[nodiscard]] static PlaceOutcome perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile);
+    /// Of the settings, the updates and the store, those that no installed program is.
+    [[nodiscard]] static std::vector<SystemPlace> placesWithoutProgram(DesktopAccess const& access);
 
 private:
     DesktopAccess m_access;

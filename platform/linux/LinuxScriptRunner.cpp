@@ -53,6 +53,16 @@ ScriptOutcome LinuxScriptRunner::perform(Script const& script, DesktopAccess con
     return changeDock(script.purpose, access, dockStore, serviceTimeout);
 }
 
+DesktopFindings::ForceQuit LinuxScriptRunner::forceQuitOf(DesktopAccess const& access)
+{
+    using enum DesktopFindings::ForceQuit;
+    for (auto const& manager : taskManagers) {
+        if (isForDesktop(manager.desktop, access.desktop) && access.programs->has(manager.program))
+            return taskManager;
+    }
+    return access.programs->has("xkill") ? clickOnWindow : none;
+}
+
 void LinuxScriptRunner::run(Script const& script, std::function<void(ScriptOutcome)> done)
 {
     m_tasks.runDetached([access = m_access, store = m_dockStore, script, done = std::move(done)] {

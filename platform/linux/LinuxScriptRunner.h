@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopFindings.h"
 #include "platform/ScriptRunner.h"
 #include "platform/Tasks.h"
 #include "platform/linux/DesktopAccess.h"
@@ -20,6 +21,7 @@ public:
 
     /// What run() does, in the caller's thread.
     [[nodiscard]] static ScriptOutcome perform(Script const& script, DesktopAccess const& access, DockStore const& dockStore);
+    [[nodiscard]] static DesktopFindings::ForceQuit forceQuitOf(DesktopAccess const& access);
 
 private:
     DesktopAccess m_access;

@@ -1,5 +1,6 @@
 #include "platform/linux/ScreenLock.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace zv {
@@ -62,6 +63,19 @@ ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds 
     if (failure->kind == BusFailure::Kind::noService)
         return { ScriptOutcome::State::noEquivalent };
     return { ScriptOutcome::State::failed, std::nullopt, failure->message };
+}
+
+DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chrono::milliseconds timeout)
+{
+    using enum DesktopFindings::ScreenLock;
+    Deadline const deadline(timeout);
+    auto const session = BusConnection::open(access.buses.session, deadline);
+    if (session && std::ranges::any_of(savers, [&](auto const& known) { return session->hasOwner(known.service, deadline); }))
+        return saver;
+    auto const system = BusConnection::open(access.buses.system, deadline);
+    if (system && system->canReach(loginManager.service, deadline))
+        return loginService;
+    return access.programs->has("xflock4") ? command : none; // the other command asks the login service too
 }
 
 } // namespace zv

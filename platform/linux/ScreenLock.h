@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopFindings.h"
 #include "platform/ScriptRunner.h"
 #include "platform/linux/DesktopAccess.h"
 
@@ -7,5 +8,7 @@ namespace zv {
 
 /// Locks the screen by whoever does that here. Blocks.
 [[nodiscard]] ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout);
+/// Who would do it. Blocks.
+[[nodiscard]] DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chrono::milliseconds timeout);
 
 } // namespace zv

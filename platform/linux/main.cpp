@@ -1,12 +1,9 @@
-#include "app/hotkeys/HotkeyCheck.h"
-#include "app/menubar/OverlayCheck.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
 #include "platform/linux/CommandLineServices.h"
 #include "platform/linux/qt/DisplayServer.h"
+#include "platform/linux/qt/DisplaySurvey.h"
 #include "platform/linux/qt/LinuxFrontEnd.h"
-#include "platform/linux/qt/LinuxHotkeys.h"
-#include "platform/linux/qt/OverlayFrontEnd.h"
 
 #include <iostream>
 #include <string>
@@ -18,8 +15,7 @@ int runCommand(std::vector<std::string> const& arguments)
 {
     std::ios::sync_with_stdio(false);
     zv::CommandLineServices services({ std::cin, std::cout, std::cerr });
-    services.addDesktopCheck([] { return zv::hotkeyCheck(zv::LinuxHotkeys::support()); });
-    services.addDesktopCheck([] { return zv::overlayCheck(zv::OverlayFrontEnd::support()); });
+    services.setDisplaySurvey(zv::surveyDisplay);
     return zv::runCommandLine(arguments, services);
 }
 

@@ -29,32 +29,12 @@ bool doesXAnswer()
     return answers;
 }
 
-bool hasWaylandPlugin()
-{
-    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
-    return !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
-}
-
-/// The toolkit would end the program if it found nobody there.
-bool doesWaylandAnswer()
-{
-    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) // an open connection, handed down
-        return hasWaylandPlugin();
-    auto const display = QFile::decodeName(qgetenv("WAYLAND_DISPLAY"));
-    auto const path = QFile::encodeName(QDir(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"))).absoluteFilePath(display)).toStdString();
-    sockaddr_un address { AF_UNIX, {} };
-    if (display.isEmpty() || path.size() >= sizeof address.sun_path || !hasWaylandPlugin())
-        return false;
-    path.copy(address.sun_path, path.size());
-    FileDescriptor const connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    return connect(connection.get(), reinterpret_cast<sockaddr const*>(&address), sizeof address) == 0;
-}
-
 bool answers(QByteArray const& platform)
 {
     if (platform.startsWith("xcb"))
         return doesXAnswer();
-    return !platform.startsWith("wayland") || doesWaylandAnswer();
+    // The toolkit would end the program if it found nobody there.
+    return !platform.startsWith("wayland") || (hasWaylandPlugin() && doesWaylandAnswer());
 }
 
 } // namespace
@@ -67,6 +47,26 @@ void chooseDisplayServer()
     candidates.removeAll({});
     candidates.append({ "xcb", "wayland", "offscreen" });
     qputenv(choice, *std::find_if(candidates.begin(), candidates.end(), answers));
+}
+
+bool hasWaylandPlugin()
+{
+    QDir const plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+    return !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
+}
+
+bool doesWaylandAnswer()
+{
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) // an open connection, handed down
+        return true;
+    auto const display = QFile::decodeName(qgetenv("WAYLAND_DISPLAY"));
+    auto const path = QFile::encodeName(QDir(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"))).absoluteFilePath(display)).toStdString();
+    sockaddr_un address { AF_UNIX, {} };
+    if (display.isEmpty() || path.size() >= sizeof address.sun_path)
+        return false;
+    path.copy(address.sun_path, path.size());
+    FileDescriptor const connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    return connect(connection.get(), reinterpret_cast<sockaddr const*>(&address), sizeof address) == 0;
 }
 
 bool canPlaceWindows() { return qGuiApp && QGuiApplication::platformName() == QLatin1String("xcb"); }

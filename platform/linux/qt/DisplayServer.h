@@ -15,5 +15,9 @@ void chooseDisplayServer();
 /// True on X11: a menu can be put at a place of the desktop. Elsewhere only the desktop's
 /// own menus, drawn from what the bus serves, can.
 [[nodiscard]] bool canPlaceWindows();
+/// Whether the toolkit could draw on Wayland by itself.
+[[nodiscard]] bool hasWaylandPlugin();
+/// Whether the environment names a Wayland display that somebody serves.
+[[nodiscard]] bool doesWaylandAnswer();
 
 } // namespace zv

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <optional>
 
@@ -20,7 +21,7 @@ namespace zv {
 namespace {
 
 constexpr auto iconThemeSetting = "Net/IconThemeName";
-constexpr auto lastResort = "Adwaita";
+constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
 
 struct Freed {
@@ -109,28 +110,12 @@ std::string storedInGSettings()
     return name;
 }
 
-bool isInstalled(QString const& theme)
+bool isInstalled(QString const& theme, QStringList const& folders)
 {
     if (theme.isEmpty() || theme.contains(QLatin1Char('/')))
         return false;
-    auto const folders = QIcon::themeSearchPaths();
     return std::any_of(folders.begin(), folders.end(),
         [&](QString const& folder) { return QFileInfo::exists(folder + QLatin1Char('/') + theme + QStringLiteral("/index.theme")); });
-}
-
-QString installedTheme()
-{
-    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    auto* const connection = x11 ? x11->connection() : nullptr;
-    std::string const config = g_get_user_config_dir();
-    std::string const candidates[]
-        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(config + "/kdeglobals", "Icons", "Theme"),
-              iniValue(config + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings(), lastResort };
-    for (auto const& candidate : candidates) {
-        if (auto const theme = QString::fromStdString(candidate); isInstalled(theme))
-            return theme;
-    }
-    return {};
 }
 
 } // namespace
@@ -171,12 +156,28 @@ std::string iniValue(std::string const& path, char const* group, char const* key
     return text;
 }
 
+QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders)
+{
+    std::string const config = g_get_user_config_dir();
+    std::vector<std::string> candidates
+        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(config + "/kdeglobals", "Icons", "Theme"),
+              iniValue(config + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings() };
+    candidates.insert(candidates.end(), std::begin(usualThemes), std::end(usualThemes));
+    for (auto const& candidate : candidates) {
+        if (auto const theme = QString::fromStdString(candidate); isInstalled(theme, folders))
+            return theme;
+    }
+    return {};
+}
+
 void adoptDesktopIconTheme()
 {
     auto const current = QIcon::themeName();
-    if (current != QLatin1String("hicolor") && isInstalled(current))
+    auto const folders = QIcon::themeSearchPaths();
+    if (current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;
-    if (auto const theme = installedTheme(); !theme.isEmpty())
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (auto const theme = desktopIconTheme(x11 ? x11->connection() : nullptr, folders); !theme.isEmpty())
         QIcon::setThemeName(theme);
 }
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QStringList>
+
 #include <string>
 #include <string_view>
 #include <vector>
+
+struct xcb_connection_t;
 
 namespace zv {
 
@@ -12,9 +16,12 @@ namespace zv {
 /// The value of a key in a file of "key = value" lines, such as gtk-3.0/settings.ini.
 [[nodiscard]] std::string iniValue(std::string const& path, char const* group, char const* key);
 
-/// Makes Qt use the desktop's icon theme where its platform plugin knows of none: the one
-/// that the desktop publishes or has stored, else one that is installed. Call it once,
-/// after the application was made.
+/// The theme that the desktop publishes (on the X server, where there is one) or has stored,
+/// else a usual one; empty when none of them is installed in the folders.
+[[nodiscard]] QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders);
+
+/// Makes Qt use the desktop's icon theme where its platform plugin knows of none: call
+/// it once, after the application was made.
 void adoptDesktopIconTheme();
 
 } // namespace zv

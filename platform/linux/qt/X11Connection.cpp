@@ -21,6 +21,7 @@ constexpr std::array<char const*, static_cast<std::size_t>(XAtom::count)> kAtomN
     "_NET_WM_STATE_FULLSCREEN",
     "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_STRUT",
+    "_NET_SUPPORTING_WM_CHECK",
 };
 
 template <class Handler> X11Connection::Token subscribe(std::vector<std::weak_ptr<Handler>>& handlers, Handler handler)

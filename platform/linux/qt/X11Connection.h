@@ -31,6 +31,7 @@ enum class XAtom {
     netWmStateFullscreen,
     netWmStrutPartial,
     netWmStrut,
+    netSupportingWmCheck,
     count,
 };
 
