@@ -30,7 +30,7 @@ add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
 add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/check_all)
 set_tests_properties(macos_check PROPERTIES TIMEOUT 600)
 add_test(NAME macos_smoke COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/smoke ${CMAKE_BINARY_DIR}/macos-smoke)
-set_tests_properties(macos_smoke PROPERTIES LABELS desktop TIMEOUT 300 RUN_SERIAL ON)
+set_tests_properties(macos_smoke PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
 add_test(NAME macos_bundle COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/macos/bundle_test.py)
 add_test(NAME documents COMMAND ${CMAKE_SOURCE_DIR}/tests/documents $<TARGET_FILE:zanthe-vell>)
 
@@ -46,21 +46,21 @@ set(ZV_PRIVATE_DESKTOP ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop)
 
 add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3
                                       ${CMAKE_SOURCE_DIR}/tests/desktop/hotkeys_test.py ${ZV_DESKTOP_PROGRAM})
-set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
 
 foreach(session IN ITEMS COMPOSITOR=none COMPOSITOR=picom AUTOHIDE=2)
   add_test(NAME desktop_overlay_${session}
            COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1 ${session} ${ZV_PRIVATE_DESKTOP} --
                    ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_DESKTOP_PROGRAM})
-  set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+  set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
 endforeach()
 
 add_test(NAME desktop_actions COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/actions_test.py)
-set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 300 RUN_SERIAL ON
+set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;PYTHONDONTWRITEBYTECODE=1")
 
 add_test(NAME desktop_menu COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/run)
-set_tests_properties(desktop_menu PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON ENVIRONMENT "ZV_BUILT_PROGRAM=${ZV_DESKTOP_PROGRAM}")
+set_tests_properties(desktop_menu PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON ENVIRONMENT "ZV_BUILT_PROGRAM=${ZV_DESKTOP_PROGRAM}")
 
 if(ZV_SANITIZE AND ZV_FUZZ)
   # Short: enough to find what broke.
@@ -69,7 +69,7 @@ if(ZV_SANITIZE AND ZV_FUZZ)
 endif()
 
 add_test(NAME desktop_lists COMMAND ${ZV_PRIVATE_DESKTOP} -- ${CMAKE_SOURCE_DIR}/tests/desktop/lists_test.py ${ZV_DESKTOP_PROGRAM})
-set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON)
+set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
 
 add_test(NAME packaging COMMAND ${CMAKE_SOURCE_DIR}/tests/packaging $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(packaging PROPERTIES TIMEOUT 120)
@@ -77,12 +77,12 @@ add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET
 set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
 add_test(NAME desktop_settings COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
-set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
+set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
 
 add_test(NAME desktop_updates COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/updates_test.py)
-set_tests_properties(desktop_updates PROPERTIES LABELS desktop TIMEOUT 240 RUN_SERIAL ON
+set_tests_properties(desktop_updates PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
 add_test(NAME desktop_shell COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/shell_test.py)
-set_tests_properties(desktop_shell PROPERTIES LABELS desktop TIMEOUT 180 RUN_SERIAL ON
+set_tests_properties(desktop_shell PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
                      ENVIRONMENT "ZV_PROGRAM=${ZV_DESKTOP_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
