@@ -305,14 +305,19 @@ class OnAPanelThatHides(OverlayTest):
             time.sleep(0.05)
 
     def is_hidden(self):
-        return panel_top() != 0
+        """All of it, not on its way."""
+        top = panel_top()
+        return top is not None and top <= -PANEL_HEIGHT
+
+    def is_shown(self):
+        return panel_top() == 0
 
     def test_it_comes_with_the_panel_stays_under_the_pointer_and_goes_with_it(self):
         wait_until(self.is_hidden, 5, "the panel hides")
         click(10, 20)
         self.expect_no_menu("only the desktop is there")
         move(600, 0)
-        wait_until(lambda: not self.is_hidden(), 5, "the panel comes")
+        wait_until(self.is_shown, 5, "the panel comes")
         self.expect_bands("slid-in")
         move(10, 10)
         self.expect_panel_stays()
@@ -323,7 +328,7 @@ class OnAPanelThatHides(OverlayTest):
     def test_it_is_under_the_pointer_that_calls_the_panel_at_the_corner(self):
         wait_until(self.is_hidden, 5, "the panel hides")
         move(0, 0)
-        wait_until(lambda: not self.is_hidden(), 5, "the panel comes")
+        wait_until(self.is_shown, 5, "the panel comes")
         self.expect_panel_stays()
         self.click_opens(0, 0)
 
