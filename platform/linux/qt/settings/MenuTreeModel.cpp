@@ -249,10 +249,13 @@ QVariant MenuTreeModel::shortcutData(Node const& node, int role) const
 
 Qt::ItemFlags MenuTreeModel::flags(QModelIndex const& index) const
 {
-    auto const* shown = item(index);
-    if (!shown)
+    if (!index.isValid())
         return Qt::ItemIsDropEnabled;
-    auto flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    auto const* shown = item(index);
+    if (!shown) // a click that ends the typing of a title selects before the tree has followed
+        return flags;
+    flags |= Qt::ItemIsDragEnabled;
     if (menuTree::canHoldItems(*shown))
         flags |= Qt::ItemIsDropEnabled;
     if (index.column() == titleColumn && shown->kind != MenuItemKind::separator)

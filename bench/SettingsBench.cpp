@@ -1,0 +1,158 @@
+// What the menu editor takes with 10,000 items, against the same with 100: what a person
+// waits for must not grow with the menu, or hardly.
+
+#include "app/menu/MenuIcon.h"
+#include "app/settings/SettingsModels.h"
+#include "base/MainThread.h"
+#include "bench/Ratio.h"
+#include "platform/linux/LinuxBookmarks.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/PlistUserDefaults.h"
+#include "platform/linux/qt/ThemeIcons.h"
+#include "platform/linux/qt/settings/MenuEditorView.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeFilePanels.h"
+#include "tests/fakes/FakeFiles.h"
+#include "tests/fakes/FakeHotkeys.h"
+#include "tests/fakes/FakeShell.h"
+#include "tests/fakes/FakeTime.h"
+#include "tests/fakes/FakeUpdates.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace zv;
+
+namespace {
+
+/// The editor over a menu of files, a title of 10,000 characters among them, on the real disk.
+class Editor {
+public:
+    Editor(std::filesystem::path const& folder, std::size_t count)
+        : m_defaults((folder / ("settings " + std::to_string(count) + ".plist")).string())
+    {
+        m_store.setItemsSink(&m_hotkeys);
+        m_store.replaceAll(menuOf(folder, count));
+        m_view.resize(900, 640);
+        m_view.show();
+        for (auto* tree : m_view.findChildren<QTreeView*>()) {
+            if (tree->accessibleName() == QStringLiteral("Menu"))
+                m_outline = tree;
+        }
+        m_outline->setCurrentIndex(m_outline->model()->index(0, 0));
+        for (auto* field : m_view.findChildren<QLineEdit*>()) {
+            if (field->placeholderText() != QStringLiteral("Search"))
+                m_title = field;
+        }
+        QApplication::processEvents();
+    }
+    ~Editor() { m_store.setItemsSink(nullptr); }
+    Editor(Editor const&) = delete;
+    Editor& operator=(Editor const&) = delete;
+
+    void change() // one edit, as far as the picture of it
+    {
+        m_models.editor().setTitle(m_store.items().front().id, "Title " + std::to_string(++m_changes));
+        QApplication::processEvents();
+    }
+    void save() { m_store.save(); }
+    void type() // a letter in the title field, without the pause after it
+    {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+        QApplication::sendEvent(m_title, &press);
+        QApplication::processEvents();
+    }
+    void scroll() // a page on, painted
+    {
+        auto* bar = m_outline->verticalScrollBar();
+        bar->setValue(bar->value() + bar->pageStep() < bar->maximum() ? bar->value() + bar->pageStep() : 0);
+        QApplication::processEvents();
+    }
+    void repaint() { (void)m_outline->grab(); }
+
+private:
+    static std::vector<MenuItem> menuOf(std::filesystem::path const& folder, std::size_t count)
+    {
+        LinuxFileSystem files;
+        LinuxBookmarks bookmarks;
+        LocationServices const services { files, bookmarks };
+        auto const location = ItemLocation::forURL(Url::fromPath((folder / "Some Application.desktop").string()), services);
+        std::vector<MenuItem> items;
+        for (std::size_t i = 0; i < count; ++i) {
+            auto item = MenuItem::ofKind(MenuItemKind::fsObject);
+            item.title = i == 1 ? std::string(10'000, 'M') : "Some Application " + std::to_string(i);
+            item.location = location;
+            item.keyEquivalent = KeyEquivalentSpec { KeyEquivalentSpec::Trigger::character(std::string(1, static_cast<char>('A' + i % 26))) };
+            items.push_back(std::move(item));
+        }
+        return items;
+    }
+
+    LinuxFileSystem m_files;
+    LinuxBookmarks m_bookmarks;
+    LocationServices m_locations { m_files, m_bookmarks };
+    PlistUserDefaults m_defaults;
+    fakes::FakeResources m_resources;
+    MenuStore m_store { { m_defaults, m_resources, m_locations } };
+    Preferences m_preferences { m_defaults };
+    fakes::FakeHotkeyRegistrar m_registrar;
+    fakes::FakeKeyboardLayoutSource m_keyboard;
+    Notifications m_notifications;
+    KeyboardLayout m_layout { m_keyboard, m_notifications };
+    HotkeyCenter m_hotkeys { m_registrar, m_layout };
+    fakes::FakeTime m_time;
+    MenuBackups m_backups { { m_files, m_time }, Url::fromPath("/nonexistent") };
+    fakes::FakeLoginService m_loginService;
+    LoginItem m_loginItem { m_loginService };
+    fakes::FakeUserNotifications m_userNotifications;
+    fakes::FakeApplication m_application;
+    KresUpdater m_updater { { m_resources, { m_userNotifications, m_application, m_resources },
+        [](UpdateChannels&, UpdateUserDriver&) { return std::make_unique<fakes::FakeUpdateEngine>(); } } };
+    ThemeIcons m_themeIcons { m_time };
+    MenuIcon m_icons { m_themeIcons, Url::fromPath("/") };
+    fakes::FakeFilePanels m_panels;
+    fakes::FakeAlerts m_alerts;
+    SettingsModels m_models { { m_store, m_preferences, m_hotkeys, m_backups, m_loginItem, m_updater, m_files, m_locations, m_resources, m_icons, m_panels,
+        m_alerts, m_defaults, SettingsWording::linuxDesktop(), {}, [](Url const&) {}, [] {}, [](std::string const&) {}, [] { return std::string(); }, {} } };
+    MenuEditorView m_view { m_models, {} };
+    QTreeView* m_outline = nullptr;
+    QLineEdit* m_title = nullptr;
+    int m_changes = 0;
+};
+
+template <class Step> void compare(char const* name, Editor& large, Editor& small, int times, Step step)
+{
+    auto const repeat = [&](Editor& editor) {
+        for (int i = 0; i < times; ++i)
+            step(editor);
+    };
+    bench::ratio(
+        std::string(name) + " (10,000 items, 100 items)", static_cast<std::size_t>(times), [&] { repeat(large); }, [&] { repeat(small); });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    markMainThread();
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication const application(argc, argv);
+    auto const folder = std::filesystem::temp_directory_path() / "zv-settings-bench";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "Some Application.desktop") << "[Desktop Entry]\n";
+    {
+        Editor large(folder, 10'000);
+        Editor small(folder, 100);
+        compare("scroll by a page", large, small, 20, [](Editor& editor) { editor.scroll(); });
+        compare("paint the outline", large, small, 20, [](Editor& editor) { editor.repaint(); });
+        compare("type a letter of a title", large, small, 20, [](Editor& editor) { editor.type(); });
+        compare("change an item, to the picture of it", large, small, 2, [](Editor& editor) { editor.change(); });
+        compare("of that, saving the menu", large, small, 2, [](Editor& editor) { editor.save(); });
+    }
+    std::filesystem::remove_all(folder);
+}
