@@ -118,7 +118,8 @@ private:
     fakes::FakeFilePanels m_panels;
     fakes::FakeAlerts m_alerts;
     SettingsModels m_models { { m_store, m_preferences, m_hotkeys, m_backups, m_loginItem, m_updater, m_files, m_locations, m_resources, m_icons, m_panels,
-        m_alerts, m_defaults, SettingsWording::linuxDesktop(), {}, [](Url const&) {}, [] {}, [](std::string const&) {}, [] { return std::string(); }, {} } };
+        m_alerts, m_defaults, SettingsWording::linuxDesktop(), {}, {}, [](Url const&) {}, [] {}, [](std::string const&) {}, [] { return std::string(); },
+        {} } };
     MenuEditorView m_view { m_models, {} };
     QTreeView* m_outline = nullptr;
     QLineEdit* m_title = nullptr;
