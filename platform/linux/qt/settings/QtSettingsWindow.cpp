@@ -19,7 +19,7 @@ constexpr char const* widthKey = "SettingsWidth";
 constexpr char const* heightKey = "SettingsHeight";
 constexpr char const* tabKey = "SettingsTab";
 constexpr QSize usualSize { 960, 680 };
-constexpr QSize smallestSize { 700, 440 };
+constexpr QSize smallestSize { 880, 440 }; // three columns, none of them cut
 
 void keep(UserDefaults& defaults, char const* key, int value)
 {
