@@ -9,9 +9,12 @@ class BundleResources : public Resources {
 public:
     BundleResources()
     {
-        auto const information = fromFoundation([[NSBundle mainBundle] infoDictionary]);
-        if (information && information->dictionary())
-            m_information = *information->dictionary();
+        NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
+        // One by one: the system puts an address among them, which no property list holds.
+        for (NSString* key in [[information allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
+            if (auto value = fromFoundation([information objectForKey:key]))
+                m_information.set(fromNSString(key), std::move(*value));
+        }
     }
 
     std::optional<std::vector<std::byte>> load(std::string_view name, std::string_view extension) const override
