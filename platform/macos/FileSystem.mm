@@ -1,5 +1,6 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
+#import "platform/macos/LinkTargets.h"
 
 namespace zv {
 
@@ -46,13 +47,7 @@ public:
 
     Url resolvingAlias(Url const& url) const override
     {
-        NSURL* const given = toNSURL(url);
-        // The key is true of symbolic links as well, which need no bookmark to follow.
-        if (flag(given, NSURLIsSymbolicLinkKey) || !flag(given, NSURLIsAliasFileKey))
-            return resolvingSymlinks(url);
-        NSURL* const target = [NSURL URLByResolvingAliasFileAtURL:given
-                                                          options:NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting
-                                                            error:nullptr];
+        NSURL* const target = targetOfLinks(toNSURL(url));
         return target ? fromNSURL(target) : url;
     }
 

@@ -1,9 +1,6 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
-
-#include <algorithm>
-#include <sys/mount.h>
-#include <sys/param.h>
+#import "platform/macos/LinkTargets.h"
 
 namespace zv {
 
@@ -35,40 +32,17 @@ FolderReadFailure failureOf(NSError* error)
     }
 }
 
-/// The kernel's own table: no volume is asked. Into memory of the caller's, for any thread.
-std::vector<struct statfs> mountTable()
-{
-    int const expected = getfsstat(nullptr, 0, MNT_NOWAIT);
-    std::vector<struct statfs> mounts(static_cast<std::size_t>(std::max(expected, 0)) + 4); // some may come in between
-    int const count = getfsstat(mounts.data(), static_cast<int>(mounts.size() * sizeof(struct statfs)), MNT_NOWAIT);
-    mounts.resize(static_cast<std::size_t>(std::max(count, 0)));
-    return mounts;
-}
-
-/// What the mount point with the longest path says that holds the folder.
-bool liesOnRemoteMount(std::string const& path)
-{
-    std::size_t longest = 0;
-    bool isRemote = false;
-    for (auto const& mount : mountTable()) {
-        std::string_view const point = mount.f_mntonname;
-        bool const holds = point == "/" || path == point || (path.starts_with(point) && path[point.size()] == '/');
-        if (!holds || point.size() < longest)
-            continue;
-        longest = point.size();
-        isRemote = (mount.f_flags & MNT_LOCAL) == 0;
-    }
-    return isRemote;
-}
-
 class MacFolderReader : public FolderReader {
 public:
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override
     {
         NSFileManager* const files = [[NSFileManager alloc] init];
         NSDirectoryEnumerationOptions const options = hiddenFiles == HiddenFiles::skipped ? NSDirectoryEnumerationSkipsHiddenFiles : 0;
+        NSURL* const place = targetOfLinks(toNSURL(folder)); // listing follows neither a link nor an alias
+        if (!place)
+            return Failure { FolderReadFailure::notFound };
         NSError* error = nil;
-        NSArray* const children = [files contentsOfDirectoryAtURL:toNSURL(folder) includingPropertiesForKeys:prefetchedKeys() options:options error:&error];
+        NSArray* const children = [files contentsOfDirectoryAtURL:place includingPropertiesForKeys:prefetchedKeys() options:options error:&error];
         if (!children)
             return Failure { failureOf(error) };
         FolderContents contents;
@@ -77,7 +51,7 @@ public:
         return contents;
     }
 
-    bool isRemote(Url const& folder) const override { return liesOnRemoteMount(folder.path()); }
+    bool isRemote(Url const& folder) const override { return leadsToRemoteVolume(folder.path()); }
 
 private:
     static void add(NSURL* child, FolderContents& contents)
@@ -94,16 +68,10 @@ private:
 
     static FileTraits traitsOfTarget(NSURL* link)
     {
-        NSURL* const target = flag(link, NSURLIsSymbolicLinkKey)
-            ? [link URLByResolvingSymlinksInPath]
-            : [NSURL URLByResolvingAliasFileAtURL:link
-                                          options:NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting
-                                            error:nullptr];
-        if (!target)
-            return {};
-        if (liesOnRemoteMount(fromNSString([target path])))
-            return { [[target pathExtension] length] == 0, false };
-        return traitsOf(target);
+        if (leadsToRemoteVolume(fromNSString([link path])))
+            return { [[link pathExtension] length] == 0, false };
+        NSURL* const target = targetOfLinks(link);
+        return target ? traitsOf(target) : FileTraits {};
     }
 };
 

@@ -131,6 +131,8 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 - (NSData *)bookmarkDataWithOptions:(NSURLBookmarkCreationOptions)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e;
 + (instancetype)URLByResolvingBookmarkData:(NSData *)d options:(NSURLBookmarkResolutionOptions)o relativeToURL:(NSURL *)u bookmarkDataIsStale:(BOOL *)s error:(NSError **)e;
 + (BOOL)writeBookmarkData:(NSData *)d toURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e;
++ (NSData *)bookmarkDataWithContentsOfURL:(NSURL *)u error:(NSError **)e;
++ (NSDictionary *)resourceValuesForKeys:(NSArray *)k fromBookmarkData:(NSData *)d;
 + (instancetype)URLByResolvingAliasFileAtURL:(NSURL *)u options:(NSURLBookmarkResolutionOptions)o error:(NSError **)e;
 @end
 @interface NSFileManager (CompatMac)
