@@ -37,9 +37,12 @@ namespace zv {
 /// Negative, zero or positive as in a file manager: case is ignored, digit runs compare by
 /// value, in the user's language.
 [[nodiscard]] int localizedStandardCompare(std::string_view a, std::string_view b);
-/// Bytes whose memcmp order is localizedStandardCompare's; for long lists.
+/// What a long list compares in the place of texts, by compareSortKeys. Where two keys differ
+/// within their first eight bytes, those alone tell the order.
 [[nodiscard]] std::string sortKey(std::string_view text);
 /// The same bytes at the end of a block that many keys share.
 void appendSortKey(std::string& block, std::string_view text);
+/// Negative, zero or positive: what localizedStandardCompare says of the texts.
+[[nodiscard]] int compareSortKeys(std::string_view a, std::string_view b);
 
 } // namespace zv

@@ -5,14 +5,19 @@
 
 #include <algorithm>
 #include <set>
-#include <tuple>
 
 namespace zv {
 
 namespace {
 
 /// The way to the rest of the world first, then interface by interface, IPv4 before IPv6.
-auto orderOf(InterfaceAddress const& address) { return std::tuple(!address.hasDefaultRoute, sortKey(address.interfaceName), address.family); }
+bool comesBefore(InterfaceAddress const& a, InterfaceAddress const& b)
+{
+    if (a.hasDefaultRoute != b.hasDefaultRoute)
+        return a.hasDefaultRoute;
+    int const order = localizedStandardCompare(a.interfaceName, b.interfaceName);
+    return order != 0 ? order < 0 : a.family < b.family;
+}
 
 void keepThoseOfUse(std::vector<InterfaceAddress>& addresses)
 {
@@ -45,7 +50,7 @@ DynamicEntry entryFor(InterfaceAddress const& address)
 std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> addresses)
 {
     keepThoseOfUse(addresses);
-    std::stable_sort(addresses.begin(), addresses.end(), [](auto const& a, auto const& b) { return orderOf(a) < orderOf(b); });
+    std::stable_sort(addresses.begin(), addresses.end(), comesBefore);
     std::vector<DynamicEntry> entries;
     std::set<std::string> seen;
     for (auto const& address : addresses) {

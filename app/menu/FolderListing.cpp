@@ -80,7 +80,7 @@ private:
             return a.rank < b.rank;
         if (a.keyStart != b.keyStart)
             return a.keyStart < b.keyStart;
-        int const order = keyOf(a).compare(keyOf(b));
+        int const order = compareSortKeys(keyOf(a), keyOf(b));
         return order != 0 ? order < 0 : m_contents[a.index].name < m_contents[b.index].name;
     }
 

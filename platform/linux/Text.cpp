@@ -382,4 +382,6 @@ void appendSortKey(std::string& block, std::string_view text)
         block.append(reinterpret_cast<char const*>(key.data()), withoutZero(length));
 }
 
+int compareSortKeys(std::string_view a, std::string_view b) { return a.compare(b); }
+
 } // namespace zv

@@ -1,7 +1,9 @@
 #include "base/Text.h"
 
 #import "platform/macos/Conversions.h"
-#import <CoreServices/CoreServices.h>
+
+#include <cstdint>
+#include <cstring>
 
 namespace zv {
 
@@ -51,23 +53,17 @@ std::vector<std::size_t> graphemeLengths(std::string_view text, std::size_t coun
 
 bool isInSet(std::string_view grapheme, NSCharacterSet* set)
 {
-    NSString* const string = toNSString(grapheme);
-    return [string length] > 0 && [set longCharacterIsMember:[[string decomposedStringWithCanonicalMapping] characterAtIndex:0]];
+    NSString* const string = [toNSString(grapheme) decomposedStringWithCanonicalMapping];
+    NSData* const bytes = [string dataUsingEncoding:NSUTF32LittleEndianStringEncoding];
+    std::uint32_t first = 0;
+    if ([bytes length] < sizeof first)
+        return false;
+    std::memcpy(&first, [bytes bytes], sizeof first);
+    return [set longCharacterIsMember:first];
 }
 
-/// Compares file names as the Finder does; made once, kept for good.
-CollatorRef fileNameCollator()
-{
-    static CollatorRef const collator = [] {
-        CollatorRef made = nullptr;
-        UCCreateCollator(nullptr, 0,
-            kUCCollateComposeInsensitiveMask | kUCCollateWidthInsensitiveMask | kUCCollateCaseInsensitiveMask | kUCCollateDigitsOverrideMask
-                | kUCCollateDigitsAsNumberMask | kUCCollatePunctuationSignificantMask,
-            &made);
-        return made;
-    }();
-    return collator;
-}
+/// At the front of each sort key: it tells nothing, so that what follows is compared.
+constexpr std::string_view undecidedStart("\0\0\0\0\0\0\0\0", 8);
 
 NSStringCompareOptions searchOptions()
 {
@@ -175,22 +171,13 @@ std::string sortKey(std::string_view text)
     return key;
 }
 
-void appendSortKey(std::string& block, std::string_view text)
+/// The system has no keys that are documented to order as its comparison does: the text itself is kept.
+void appendSortKey(std::string& block, std::string_view text) { block.append(undecidedStart).append(text); }
+
+int compareSortKeys(std::string_view a, std::string_view b)
 {
-    NSString* const string = toNSString(text);
-    std::vector<UniChar> units([string length]);
-    [string getCharacters:units.data() range:NSMakeRange(0, units.size())];
-    std::vector<UCCollationValue> values(units.size() * 5 + 16); // the documentation's own estimate
-    ItemCount count = 0;
-    if (UCGetCollationKey(fileNameCollator(), units.data(), units.size(), values.size(), &count, values.data()) != noErr) {
-        block += foldedForSearch(text);
-        return;
-    }
-    block.reserve(block.size() + count * 4);
-    for (ItemCount i = 0; i < count; ++i) {
-        for (int shift = 24; shift >= 0; shift -= 8)
-            block += static_cast<char>(values[i] >> shift & 0xFF);
-    }
+    auto const start = undecidedStart.size();
+    return localizedStandardCompare(a.substr(start), b.substr(start));
 }
 
 } // namespace zv

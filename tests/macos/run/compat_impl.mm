@@ -240,10 +240,6 @@ UTType *const UTTypeFolder = nil;
 @implementation NSBundle (CompatMain)
 - (NSString *)compat_bundleIdentifier { return self == [NSBundle mainBundle] ? [[NSProcessInfo processInfo] processName] : [self compat_bundleIdentifier]; }
 @end
-/* No collator: the callers fall back to folded text. */
-#import <CoreServices/CoreServices.h>
-OSStatus UCCreateCollator(void *, UInt32, UCCollateOptions, CollatorRef *out) { *out = nullptr; return -1; }
-OSStatus UCGetCollationKey(CollatorRef, const UniChar *, UniCharCount, ItemCount, ItemCount *, UCCollationValue *) { return -1; }
 /* What the settings and the notes call beside. */
 @implementation NSAttributedString (CompatMac2)
 - (NSRect)boundingRectWithSize:(NSSize)s options:(NSStringDrawingOptions)o context:(id)c { return [self boundingRectWithSize:s options:o]; }
