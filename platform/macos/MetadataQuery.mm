@@ -15,6 +15,8 @@ public:
         NSSortDescriptor* const order = [[NSSortDescriptor alloc] initWithKey:sortKeyOf(search) ascending:ascends];
         [m_query setSortDescriptors:[NSArray arrayWithObject:order]];
         [m_query setSearchScopes:[NSArray arrayWithObject:NSMetadataQueryLocalComputerScope]];
+        // Left to the run loop, results might wait until the menu that wants them has closed.
+        [m_query setOperationQueue:[NSOperationQueue mainQueue]];
     }
     ~SpotlightQuery() override { stop(); }
 

@@ -228,6 +228,9 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSColorSpace (CompatMac2)
 + (NSColorSpace *)sRGBColorSpace;
 @end
+@interface NSMetadataQuery (CompatMac2)
+- (void)setOperationQueue:(NSOperationQueue *)q;
+@end
 @interface NSOperationQueue (CompatMac2)
 - (void)setQualityOfService:(NSQualityOfService)q;
 @end
