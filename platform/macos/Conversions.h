@@ -5,6 +5,7 @@
 #include "base/PropertyList.h"
 #include "base/Url.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,7 +31,8 @@ std::optional<PropertyList> fromFoundation(id object);
 /// The error's localized description, or a sentence that says there is none.
 std::string describe(NSError* error);
 
-/// Runs the block on the main thread in a later turn, menu tracking and modal panels included.
-void performOnMain(void (^block)(void));
+/// Runs the work on the main thread in a later turn, menu tracking and modal panels included.
+/// What was moved into it is released there as well, whichever thread asked.
+void performOnMain(std::function<void()> work);
 
 } // namespace zv

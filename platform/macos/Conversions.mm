@@ -2,23 +2,26 @@
 
 #include "base/Text.h"
 
+#include <utility>
+
+/// Outlives its run where the thread that asked still holds it: by then it is empty.
 @interface ZVMainThreadCall : NSObject {
-    void (^_block)(void);
+    std::function<void()> _work;
 }
-- (instancetype)initWithBlock:(void (^)(void))block;
+- (instancetype)initWithFunction:(std::function<void()>)work;
 - (void)run;
 @end
 
 @implementation ZVMainThreadCall
-- (instancetype)initWithBlock:(void (^)(void))block
+- (instancetype)initWithFunction:(std::function<void()>)work
 {
     if ((self = [super init]))
-        _block = [block copy];
+        _work = std::move(work);
     return self;
 }
 - (void)run
 {
-    _block();
+    std::exchange(_work, nullptr)();
 }
 @end
 
@@ -174,9 +177,9 @@ std::string describe(NSError* error)
     return text ? fromNSString(text) : std::string("The system gives no reason.");
 }
 
-void performOnMain(void (^block)(void))
+void performOnMain(std::function<void()> work)
 {
-    ZVMainThreadCall* const call = [[ZVMainThreadCall alloc] initWithBlock:block];
+    ZVMainThreadCall* const call = [[ZVMainThreadCall alloc] initWithFunction:std::move(work)];
     NSArray* const modes = [NSArray arrayWithObjects:NSRunLoopCommonModes, nil];
     [call performSelectorOnMainThread:@selector(run) withObject:nil waitUntilDone:NO modes:modes];
 }

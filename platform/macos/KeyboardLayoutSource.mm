@@ -31,10 +31,7 @@
 }
 - (void)inputSourceChanged:(NSNotification*)notification
 {
-    auto const changed = _changed;
-    zv::performOnMain(^{
-        changed();
-    });
+    zv::performOnMain(_changed);
 }
 @end
 

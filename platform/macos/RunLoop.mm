@@ -41,11 +41,19 @@ public:
         double const seconds = std::chrono::duration<double>(interval).count();
         m_timer = [NSTimer timerWithTimeInterval:seconds target:target selector:@selector(fired:) userInfo:nil repeats:repeats ? YES : NO];
         [[NSRunLoop mainRunLoop] addTimer:m_timer forMode:NSRunLoopCommonModes];
+        if (repeats) // a program without a window in sight would have it slowed down to save power
+            m_activity = [[NSProcessInfo processInfo] beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep reason:@"A timer repeats"];
     }
-    ~MacTimer() override { [m_timer invalidate]; }
+    ~MacTimer() override
+    {
+        [m_timer invalidate];
+        if (m_activity)
+            [[NSProcessInfo processInfo] endActivity:m_activity];
+    }
 
 private:
     NSTimer* m_timer;
+    id m_activity = nil;
 };
 
 class MacTimers : public Timers {
@@ -85,20 +93,16 @@ public:
     {
         [NSThread detachNewThreadWithBlock:^{
             @autoreleasepool {
-                auto const then = work();
+                auto then = work();
                 if (then)
-                    performOnMain(^{
-                        then();
-                    });
+                    performOnMain(std::move(then));
             }
         }];
     }
 
     void runOnMain(std::function<void()> work) override
     {
-        performOnMain(^{
-            work();
-        });
+        performOnMain(std::move(work));
     }
 
 private:

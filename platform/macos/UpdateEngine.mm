@@ -100,11 +100,7 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
 
 - (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
 {
-    auto const told = [path isEqualToString:canCheckKey] ? _canCheck : _automatic;
-    zv::performOnMain(^{
-        auto call = told;
-        call();
-    });
+    zv::performOnMain([path isEqualToString:canCheckKey] ? _canCheck : _automatic);
 }
 
 @end

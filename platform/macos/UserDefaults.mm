@@ -63,10 +63,7 @@ public:
         auto const compare = m_lifetime.guard([this] { tellWhatDiffers(); });
         m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults
                                                           changed:[compare] {
-                                                              performOnMain(^{
-                                                                  auto call = compare;
-                                                                  call();
-                                                              });
+                                                              performOnMain(compare);
                                                           }];
     }
     ~StandardUserDefaults() override { [m_observer stop]; }

@@ -33,9 +33,7 @@ static_assert((UNNotificationPresentationOptionBanner | UNNotificationPresentati
 {
     auto const activated = _activated;
     auto const identifier = zv::fromNSString([[[response notification] request] identifier]);
-    zv::performOnMain(^{
-        activated(identifier);
-    });
+    zv::performOnMain([activated, identifier] { activated(identifier); });
     handler();
 }
 @end
@@ -69,9 +67,7 @@ public:
         [m_center requestAuthorizationWithOptions:options
                                 completionHandler:^(BOOL granted, NSError* error) {
                                     bool const isGranted = granted && !error;
-                                    performOnMain(^{
-                                        done(isGranted);
-                                    });
+                                    performOnMain([done, isGranted] { done(isGranted); });
                                 }];
     }
 

@@ -33,9 +33,7 @@ public:
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
                                               auto const failure = error ? std::optional(describe(error)) : std::nullopt;
-                                              performOnMain(^{
-                                                  done(failure);
-                                              });
+                                              performOnMain([done, failure] { done(failure); });
                                           }];
     }
 };

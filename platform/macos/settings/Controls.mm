@@ -87,15 +87,16 @@ NSStackView* stack(Direction direction, std::vector<NSView*> const& views)
     [made setAlignment:isColumn ? NSLayoutAttributeLeading : NSLayoutAttributeCenterY];
     [made setSpacing:rowSpacing];
     for (NSView* view : views)
-        [made addArrangedSubview:view];
+        [made addView:view inGravity:NSStackViewGravityLeading]; // a column's top
     return made;
 }
 
 NSStackView* fillingColumn(std::vector<NSView*> const& views)
 {
-    NSStackView* const made = stack(Direction::column, views);
+    NSStackView* const made = stack(Direction::column, {});
     [made setDistribution:NSStackViewDistributionFill];
     for (NSView* view : views) {
+        [made addArrangedSubview:view];
         if ([view isKindOfClass:[NSScrollView class]] || [view isKindOfClass:[NSTextField class]])
             [[[view widthAnchor] constraintEqualToAnchor:[made widthAnchor]] setActive:YES];
     }
@@ -141,7 +142,7 @@ NSScrollView* scrollAround(NSView* document)
 
 void later(std::function<void()> act)
 {
-    performOnMain(^{ act(); });
+    performOnMain(std::move(act));
 }
 
 } // namespace zv

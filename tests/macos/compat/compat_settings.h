@@ -9,6 +9,7 @@
 - (void)setAccessibilityHelp:(NSString *)s;
 - (void)setIdentifier:(NSString *)s;
 @end
+typedef NS_ENUM(NSInteger, NSStackViewGravity) { NSStackViewGravityTop = 1, NSStackViewGravityLeading = 1, NSStackViewGravityCenter = 2 };
 typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionGravityAreas = -1, NSStackViewDistributionFill = 0 };
 @interface NSStackView : NSView
 + (instancetype)stackViewWithViews:(NSArray<NSView *> *)v;
@@ -18,6 +19,7 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionGra
 - (void)setSpacing:(CGFloat)s;
 - (void)setEdgeInsets:(NSEdgeInsets)i;
 - (void)addArrangedSubview:(NSView *)v;
+- (void)addView:(NSView *)v inGravity:(NSStackViewGravity)g;
 @end
 @interface NSTextField (CompatSettings)
 + (instancetype)wrappingLabelWithString:(NSString *)s;
