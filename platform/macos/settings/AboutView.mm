@@ -62,6 +62,7 @@ void AboutView::showLicences()
         [text setEditable:NO];
         [text setAutoresizingMask:NSViewWidthSizable];
         [text setString:toNSString(m_models.about().licences)];
+        [text setTextColor:[NSColor textColor]];
         [m_licences setContentView:scrollAround(text)];
         [m_licences center];
     }

@@ -11,7 +11,7 @@ NSString* recordType() { return toNSString(menuItemDragType); }
 NSPasteboardItem* pasteboardItemOf(std::string const& record)
 {
     NSPasteboardItem* const item = [[NSPasteboardItem alloc] init];
-    [item setString:toNSString(record) forType:recordType()];
+    [item setData:[NSData dataWithBytes:record.data() length:record.size()] forType:recordType()];
     return item;
 }
 
@@ -19,8 +19,8 @@ std::vector<std::string> recordsOn(NSPasteboard* pasteboard)
 {
     std::vector<std::string> records;
     for (NSPasteboardItem* item in [pasteboard pasteboardItems]) {
-        if (NSString* const record = [item stringForType:recordType()])
-            records.push_back(fromNSString(record));
+        if (NSData* const record = [item dataForType:recordType()])
+            records.emplace_back(static_cast<char const*>([record bytes]), [record length]);
     }
     return records;
 }

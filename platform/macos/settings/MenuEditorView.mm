@@ -129,7 +129,8 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
     [columns addArrangedSubview:[_library view]];
     [columns addArrangedSubview:[self outlineColumn]];
     [columns addArrangedSubview:[self inspectorColumn]];
-    [columns setHoldingPriority:NSLayoutPriorityDefaultLow forSubviewAtIndex:1]; // grows first
+    for (NSInteger side : { 0, 2 })
+        [columns setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:side]; // the outline grows first
     _view = [[NSView alloc] initWithFrame:[columns frame]];
     zv::fill(_view, columns, 12);
 }

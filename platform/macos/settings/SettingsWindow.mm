@@ -73,6 +73,7 @@ public:
     ~MacSettings()
     {
         m_models.general().onChanged = nullptr;
+        [m_window unbind:NSTitleBinding];
         [m_window setDelegate:nil];
         [m_window orderOut:nil];
     }
@@ -88,7 +89,8 @@ private:
     {
         NSViewController* const page = [[NSViewController alloc] initWithNibName:nil bundle:nil];
         [page setView:view];
-        [page setTitle:title]; // the window takes the selected page's title
+        [page setTitle:title];
+        [view setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
         NSTabViewItem* const item = [NSTabViewItem tabViewItemWithViewController:page];
         [item setLabel:title];
         [item setImage:[NSImage imageWithSystemSymbolName:symbol accessibilityDescription:title]];
@@ -102,6 +104,7 @@ private:
         m_delegate = [[ZVSettingsWindowDelegate alloc] initWithUndoManager:[m_editor undoManager] closing:m_lifetime.guard([this] { keepPlace(); })];
         [m_window setReleasedWhenClosed:NO];
         [m_window setContentViewController:m_tabs];
+        [m_window bind:NSTitleBinding toObject:m_tabs withKeyPath:@"title" options:nil]; // the selected page's
         [m_window setToolbarStyle:NSWindowToolbarStylePreference];
         [m_window setContentMinSize:NSMakeSize(smallestWidth, smallestHeight)];
         [m_window setDelegate:m_delegate];
