@@ -37,7 +37,13 @@ public:
     {
         return [NSApp activationPolicy] == NSApplicationActivationPolicyRegular ? ActivationPolicy::regular : ActivationPolicy::accessory;
     }
-    void setActivationPolicy(ActivationPolicy policy) override { [NSApp setActivationPolicy:toSystem(policy)]; }
+    void setActivationPolicy(ActivationPolicy policy) override
+    {
+        [NSApp setActivationPolicy:toSystem(policy)];
+        // A program that is in front already gets its menu bar only when it comes there again.
+        if (policy == ActivationPolicy::regular && isActive())
+            activate();
+    }
 
     std::vector<WindowState> windows() const override
     {
