@@ -10,6 +10,9 @@ constexpr double fieldWidth = 210;
 
 NSView* titled(char const* title, NSView* field)
 {
+    bool const isField = [field isKindOfClass:[NSTextField class]] || [field isKindOfClass:[NSPopUpButton class]];
+    if (isField)
+        [field setAccessibilityLabel:toNSString(title)];
     NSStackView* const made = stack(Direction::column, { label(title), field });
     [made setSpacing:3];
     return made;
