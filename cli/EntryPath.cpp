@@ -36,8 +36,8 @@ MenuEntry const* entryTitled(Menu const& menu, std::string const& title)
 std::string remarkOf(Menu const& menu)
 {
     auto const isItem = [](MenuEntry const& entry) { return entry.type == MenuEntry::Type::item; };
-    auto const first = std::ranges::find_if(menu.entries, isItem);
-    bool const hasChoice = std::ranges::any_of(menu.entries, [&](MenuEntry const& entry) { return isItem(entry) && entry.enabled; });
+    auto const first = std::find_if(menu.entries.begin(), menu.entries.end(), isItem);
+    bool const hasChoice = std::any_of(menu.entries.begin(), menu.entries.end(), [&](MenuEntry const& entry) { return isItem(entry) && entry.enabled; });
     if (hasChoice || first == menu.entries.end())
         return {};
     bool const hasReason = !first->toolTip.empty() && first->toolTip != first->visibleTitle();
