@@ -1,6 +1,7 @@
 #import "platform/macos/Conversions.h"
 #import "platform/macos/Factories.h"
 #import "platform/macos/Images.h"
+#import "platform/macos/LinkTargets.h"
 #import "platform/macos/SystemValues.h"
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
@@ -45,12 +46,21 @@ NSImage* iconOfModel()
     return type && ![type isDynamic] ? [[NSWorkspace sharedWorkspace] iconForContentType:type] : nil;
 }
 
+/// By the name alone; what has no extension counts as a folder.
+NSImage* iconOfName(NSString* extension)
+{
+    UTType* const type = [extension length] == 0 ? UTTypeFolder : [UTType typeWithFilenameExtension:extension];
+    return [[NSWorkspace sharedWorkspace] iconForContentType:type ? type : UTTypeData];
+}
+
 class WorkspaceIcons : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override
     {
         if (!file.isFile())
             return nullptr;
+        if (leadsToRemoteVolume(file.path())) // which may not answer: it is not asked
+            return menuSized(iconOfName([toNSString(file.lastPathComponent()) pathExtension]), file.path());
         NSString* const path = [toNSURL(file) path];
         if (!path || ![[NSFileManager defaultManager] fileExistsAtPath:path])
             return nullptr;
