@@ -39,7 +39,7 @@ void addToForm(NSGridView* grid, NSView* title, NSView* field);
 void fill(NSView* parent, NSView* child, double margin);
 void setWidth(NSView* view, double width);
 void setMinimumWidth(NSView* view, double width);
-/// Scrolls vertically.
+/// Scrolls vertically. Of a table the first column takes what room there is.
 NSScrollView* scrollAround(NSView* document);
 /// What `act` does may take the control down: it runs in a turn of its own.
 void later(std::function<void()> act);

@@ -133,6 +133,10 @@ void setMinimumWidth(NSView* view, double width) { [[[view widthAnchor] constrai
 
 NSScrollView* scrollAround(NSView* document)
 {
+    if ([document isKindOfClass:[NSTableView class]]) {
+        [(NSTableView*)document setColumnAutoresizingStyle:NSTableViewFirstColumnOnlyAutoresizingStyle];
+        [(NSTableView*)document sizeToFit];
+    }
     NSScrollView* const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, 300, 300)];
     [scroll setHasVerticalScroller:YES];
     [scroll setAutohidesScrollers:YES];
