@@ -103,7 +103,8 @@ private:
     static std::string targetOf(std::string const& place, std::string const& rest)
     {
         auto const link = linkAt(place);
-        return link.empty() && rest.empty() ? pathInAlias(place) : link;
+        bool const isEnd = rest.empty() && !place.empty();
+        return link.empty() && isEnd ? pathInAlias(place) : link;
     }
 
     std::vector<struct statfs> m_mounts = mountTable();
