@@ -1,17 +1,26 @@
 #include "platform/linux/CommandLineMenu.h"
 
-#include "app/menu/DynamicSubmenu.h"
-#include "app/menu/FileEntry.h"
-#include "app/menu/RecentItemsProvider.h"
 #include "base/Log.h"
+#include "cli/CommandMenu.h"
 #include "platform/linux/ApplicationIndex.h"
 #include "platform/linux/CellTextMeasure.h"
-#include "platform/linux/CommandLineActions.h"
-#include "platform/linux/CommandLineLists.h"
+#include "platform/linux/DesktopEntryText.h"
+#include "platform/linux/DesktopRecentServers.h"
+#include "platform/linux/DesktopSettingsPanes.h"
+#include "platform/linux/DesktopVolumes.h"
+#include "platform/linux/GioWorkspace.h"
+#include "platform/linux/LinuxComputerInfo.h"
+#include "platform/linux/LinuxDesktopCommands.h"
 #include "platform/linux/LinuxFolderReader.h"
+#include "platform/linux/LinuxScriptRunner.h"
+#include "platform/linux/LinuxSessionEvents.h"
+#include "platform/linux/PosixToolRunner.h"
 #include "platform/linux/ProgramFiles.h"
 #include "platform/linux/RecentlyUsedQueries.h"
+#include "platform/linux/SystemNetworkInterfaces.h"
+#include "platform/linux/qt/DesktopRunningApplications.h"
 #include "platform/linux/qt/QtRunLoop.h"
+#include "platform/linux/qt/ThemeIcons.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -20,10 +29,6 @@
 namespace zv {
 
 namespace {
-
-struct NoHotkeys : ListedFolderSink {
-    void folderListed(Url const& /*folder*/, std::vector<DynamicEntry> const& /*withHotkeys*/) override { }
-};
 
 /// Qt's loop needs an application object, not a display.
 struct LoopApplication {
@@ -44,23 +49,59 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+/// The X server, where there is one: it knows which applications run.
+class Display {
+public:
+    Display() = default;
+    ~Display() { xcb_disconnect(m_connection); }
+    Display(Display const&) = delete;
+    Display& operator=(Display const&) = delete;
+
+    [[nodiscard]] std::optional<X11ClientWindows> clientWindows() const
+    {
+        if (xcb_connection_has_error(m_connection) != 0 || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+            return std::nullopt;
+        return X11ClientWindows(m_connection, xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root);
+    }
+
+private:
+    xcb_connection_t* m_connection = xcb_connect(nullptr, nullptr);
+};
+
+/// Where no bus is known the toolkit would start one of its own.
+QDBusConnection sessionBus(BusAddresses const& buses)
+{
+    return buses.session.empty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::sessionBus();
+}
+
 } // namespace
 
 struct CommandLineMenu::Parts {
     Parts(Services const& services, XdgDirectories const& directories)
         : access(DesktopAccess::ofThisMachine(directories))
-        , machine({ loop, loop, services.preferences, folders, applications, [this](Url const& url) { launch(url); } }, access, directories)
-        , queries({ loop, services.clock, applications }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
-        , recentItems(queries, [&files = services.files](Url const& url) { return fileEntry(url, files); })
-        , cache(recentItems, services.preferences, services.clock)
-        , actions({ loop, services.clock, services.locations, services.program, services.out, turnUntil, machine.runningApplications() }, access, directories)
-        , builder({ services.preferences, services.locations, machine.icons(), actions.commands(), actions.workspace(), services.resources, text }, sources)
+        , running({ catalog, desktops, [this](Url const& application) { launch(application); }, sessionBus(access.buses) }, display.clientWindows())
+        , countedRunning(running, pending)
+        , volumes(loop, loop)
+        , servers(loop, DesktopRecentServers::standardFiles())
+        , addresses(loop, access.buses.system)
+        , panes(catalog, desktops)
+        , pictures(loop)
+        , queries({ loop, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
+        , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, countedRunning })
+        , desktop(access, "/etc/os-release", tasks)
+        , computer("/", tasks)
+        , events(access, tasks)
+        , scripts(access, DockStore::ofThisMachine(directories), tasks)
+        , menu({ services.preferences, services.resources,
+              { workspace, desktop, computer, events, scripts, std::make_shared<PosixToolRunner>(), running, loop, pending, services.clock, services.locations,
+                  services.program, services.out, turnUntil, Url::fromPath(itemsFolder(directories)) },
+              std::make_shared<LinuxFolderReader>(DesktopAudience::current()), cells, queries, pictures, volumes, servers, addresses, panes, loop })
     {
     }
 
     void launch(Url const& application)
     {
-        actions.workspace().openNewInstance(application, [application](std::optional<std::string> const& failure) {
+        workspace.openNewInstance(application, [application](std::optional<std::string> const& failure) {
             if (failure)
                 logLine("could not open " + application.toString() + ": " + *failure);
         });
@@ -68,21 +109,27 @@ struct CommandLineMenu::Parts {
 
     LoopApplication application;
     QtRunLoop loop;
-    NoHotkeys hotkeys;
-    CellTextMeasure text;
-    std::shared_ptr<FolderReader const> reader = std::make_shared<LinuxFolderReader>(DesktopAudience::current());
-    FolderListings folders { reader, loop };
-    ApplicationCatalog applications { loop, applicationFolders() };
+    WorkCount pending;
+    CountedTasks tasks { loop, pending };
+    std::vector<std::string> desktops = DesktopAudience::current().desktops;
+    Display display;
+    ApplicationCatalog catalog { loop, applicationFolders() };
     DesktopAccess access;
-    CommandLineLists machine;
+    DesktopRunningApplications running;
+    CountedRunningApplications countedRunning;
+    CellTextMeasure cells;
+    DesktopVolumes volumes;
+    DesktopRecentServers servers;
+    SystemNetworkInterfaces addresses;
+    DesktopSettingsPanes panes;
+    ThemeIcons pictures;
     RecentlyUsedQueries queries;
-    RecentItemsProvider recentItems;
-    RecentItemsCache cache;
-    CommandLineActions actions;
-    DynamicLists lists = machine.with(actions.shortcuts(), actions.locations());
-    SubmenuSources sources { folders, cache, lists, hotkeys, loop };
-    MenuBuilder builder;
-    MenuSession session { builder, turnUntil };
+    GioWorkspace workspace;
+    LinuxDesktopCommands desktop;
+    LinuxComputerInfo computer;
+    LinuxSessionEvents events;
+    LinuxScriptRunner scripts;
+    CommandMenu menu;
 };
 
 CommandLineMenu::CommandLineMenu(Services const& services, XdgDirectories const& directories)
@@ -92,8 +139,8 @@ CommandLineMenu::CommandLineMenu(Services const& services, XdgDirectories const&
 
 CommandLineMenu::~CommandLineMenu() = default;
 
-MenuSession& CommandLineMenu::session() { return m_parts->session; }
+MenuSession& CommandLineMenu::session() { return m_parts->menu.session(); }
 
-EntryChooser& CommandLineMenu::chooser() { return m_parts->actions; }
+EntryChooser& CommandLineMenu::chooser() { return m_parts->menu.chooser(); }
 
 } // namespace zv

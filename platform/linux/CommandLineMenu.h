@@ -5,7 +5,6 @@
 #include "cli/EntryChooser.h"
 #include "cli/MenuSession.h"
 #include "platform/Clock.h"
-#include "platform/FileSystem.h"
 #include "platform/Resources.h"
 #include "platform/RunningProgram.h"
 #include "platform/linux/XdgDirectories.h"
@@ -15,14 +14,12 @@
 
 namespace zv {
 
-/// Menus of this machine without a display: the lists are as they are, icons are names, and
-/// nothing is drawn.
+/// The command line's menus over this machine.
 class CommandLineMenu {
 public:
     struct Services {
         Preferences const& preferences;
         LocationServices locations;
-        FileSystem& files;
         Resources const& resources;
         Clock const& clock;
         RunningProgram& program;

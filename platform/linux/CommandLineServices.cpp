@@ -1,7 +1,7 @@
 #include "platform/linux/CommandLineServices.h"
 
 #include "app/shell/DesktopChecks.h"
-#include "platform/linux/CommandLineDoctor.h"
+#include "cli/ProgramChecks.h"
 #include "platform/linux/DesktopSurvey.h"
 #include "platform/linux/ProgramFiles.h"
 
@@ -36,7 +36,7 @@ RunningProgram& CommandLineServices::runningProgram() { return madeOnce(m_runnin
 
 CommandLineMenu& CommandLineServices::menu()
 {
-    CommandLineMenu::Services const services { preferences(), locations(), m_files, resources(), m_clock, runningProgram(), out() };
+    CommandLineMenu::Services const services { preferences(), locations(), resources(), m_clock, runningProgram(), out() };
     return madeOnce(m_menu, services, m_directories);
 }
 
@@ -56,7 +56,9 @@ Url CommandLineServices::currentFolder()
 
 std::vector<DoctorCheck> CommandLineServices::doctorChecks()
 {
-    auto checks = filesAndProgramChecks(runningProgram(), resources(), m_files, store(), m_directories);
+    auto const settings = Url::fromPath(settingsFile(m_directories)).parent();
+    auto checks = programChecks(
+        runningProgram(), resources(), m_files, store(), { { "Settings", settings }, { "Items", itemsFolder() }, { "Backups", backupsFolder() } });
     DesktopFindings findings;
     if (m_surveyDisplay)
         m_surveyDisplay(findings);

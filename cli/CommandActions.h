@@ -4,11 +4,10 @@
 #include "app/actions/LocationsMenu.h"
 #include "app/actions/MenuActions.h"
 #include "app/actions/ShortcutsMenu.h"
+#include "cli/CountedWork.h"
 #include "cli/EntryChooser.h"
 #include "cli/MenuSession.h"
 #include "platform/RunningProgram.h"
-#include "platform/linux/DesktopAccess.h"
-#include "platform/linux/XdgDirectories.h"
 
 #include <iosfwd>
 #include <memory>
@@ -17,24 +16,31 @@ namespace zv {
 
 /// What entries do when they are chosen from a terminal: the same as in the menu, with
 /// standard error in the place of alerts.
-class CommandLineActions : public EntryChooser {
+class CommandActions : public EntryChooser {
 public:
+    /// All of it outlives the actions.
     struct Services {
+        Workspace& workspace;
+        DesktopCommands& desktop;
+        ComputerInfo& computer;
+        SessionEvents& sessionEvents;
+        ScriptRunner& scripts;
+        std::shared_ptr<ToolRunner> tools;
+        RunningApplications& runningApplications;
         Tasks& tasks;
+        WorkCount& pending; ///< what these services have not ended
         Clock const& clock;
         LocationServices locations;
         RunningProgram& program;
         std::ostream& out;
         MenuSession::TurnUntil turnUntil;
-        RunningApplications& running;
+        Url itemsFolder;
     };
 
-    /// The services outlive this.
-    CommandLineActions(Services services, DesktopAccess const& access, XdgDirectories const& directories);
-    ~CommandLineActions() override;
+    explicit CommandActions(Services services);
+    ~CommandActions() override;
 
     [[nodiscard]] MenuCommands& commands();
-    [[nodiscard]] Workspace& workspace();
     [[nodiscard]] SubmenuFiller& shortcuts();
     [[nodiscard]] SubmenuFiller& locations();
     std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) override;

@@ -1,6 +1,6 @@
-#include "platform/linux/CommandLineDoctor.h"
+#include "cli/ProgramChecks.h"
 
-#include "platform/linux/ProgramFiles.h"
+#include <utility>
 
 namespace zv {
 
@@ -12,7 +12,7 @@ DoctorCheck programCheck(RunningProgram const& program)
 {
     if (program.isRunning())
         return { "Program", State::ok, "Zanthe Vell is running and answers.", {} };
-    return { "Program", State::limited, "Zanthe Vell is not running, or this session has no bus to ask it on.", "Start it with zanthe-vell." };
+    return { "Program", State::limited, "Zanthe Vell is not running, or cannot be asked from this session.", "Start it with zanthe-vell." };
 }
 
 DoctorCheck resourcesCheck(Resources const& resources)
@@ -40,26 +40,23 @@ bool canBeWritten(Url folder, FileSystem const& files)
     return files.isWritableDirectory(folder);
 }
 
-DoctorCheck folderCheck(std::string name, std::string const& path, FileSystem const& files)
+DoctorCheck folderCheck(KeptFolder const& kept, FileSystem const& files)
 {
-    if (canBeWritten(Url::fromPath(path), files))
-        return { std::move(name), State::ok, "kept in " + path, {} };
-    return { std::move(name), State::missing, path + " cannot be written.", "Make the folder yours, and writable." };
+    auto const path = kept.folder.path();
+    if (canBeWritten(kept.folder, files))
+        return { kept.name, State::ok, "kept in " + path, {} };
+    return { kept.name, State::missing, path + " cannot be written.", "Make the folder yours, and writable." };
 }
 
 } // namespace
 
-std::vector<DoctorCheck> filesAndProgramChecks(
-    RunningProgram& program, Resources const& resources, FileSystem const& files, MenuStore const& store, XdgDirectories const& directories)
+std::vector<DoctorCheck> programChecks(
+    RunningProgram const& program, Resources const& resources, FileSystem const& files, MenuStore const& store, std::vector<KeptFolder> const& folders)
 {
-    return {
-        programCheck(program),
-        resourcesCheck(resources),
-        menuCheck(store),
-        folderCheck("Settings", Url::fromPath(settingsFile(directories)).parent().path(), files),
-        folderCheck("Items", itemsFolder(directories), files),
-        folderCheck("Backups", backupsFolder(directories), files),
-    };
+    std::vector<DoctorCheck> checks { programCheck(program), resourcesCheck(resources), menuCheck(store) };
+    for (auto const& kept : folders)
+        checks.push_back(folderCheck(kept, files));
+    return checks;
 }
 
 } // namespace zv

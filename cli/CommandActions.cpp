@@ -1,14 +1,6 @@
-#include "platform/linux/CommandLineActions.h"
+#include "cli/CommandActions.h"
 
 #include "base/Log.h"
-#include "platform/linux/CountedWork.h"
-#include "platform/linux/GioWorkspace.h"
-#include "platform/linux/LinuxComputerInfo.h"
-#include "platform/linux/LinuxDesktopCommands.h"
-#include "platform/linux/LinuxScriptRunner.h"
-#include "platform/linux/LinuxSessionEvents.h"
-#include "platform/linux/PosixToolRunner.h"
-#include "platform/linux/ProgramFiles.h"
 
 #include <ostream>
 #include <utility>
@@ -98,62 +90,56 @@ struct PrintedClipboard : Clipboard {
 
 } // namespace
 
-struct CommandLineActions::Parts {
-    Parts(Services const& services, DesktopAccess const& access, XdgDirectories const& directories)
-        : turnUntil(services.turnUntil)
+struct CommandActions::Parts {
+    explicit Parts(Services services)
+        : pending(services.pending)
+        , turnUntil(std::move(services.turnUntil))
         , tasks(services.tasks, pending)
-        , running(services.running, pending)
+        , running(services.runningApplications, pending)
         , alerts(services.out, failures)
         , application(services.program, failures)
         , clipboard(services.out)
-        , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, running })
-        , desktop(access, "/etc/os-release", tasks)
-        , computer("/", tasks)
-        , events(access, tasks)
-        , scriptRunner(access, DockStore::ofThisMachine(directories), tasks)
-        , actions({ workspace, application, alerts, keys, clipboard, running, desktop, computer, session, scripts, tasks, services.locations },
-              ShortcutsProvider(tools), NetworkLocations(tools), Url::fromPath(itemsFolder(directories)), { [this] { application.openSettings(); }, {}, {} })
-        , cache(ShortcutsProvider(tools), services.clock, tasks)
+        , session(services.sessionEvents, confirmation)
+        , scripts(services.scripts, [this] { return confirmation.confirmsForceQuit(); })
+        , actions({ services.workspace, application, alerts, keys, clipboard, running, services.desktop, services.computer, session, scripts, tasks,
+                      services.locations },
+              ShortcutsProvider(services.tools), NetworkLocations(services.tools), services.itemsFolder, { [this] { application.openSettings(); }, {}, {} })
+        , cache(ShortcutsProvider(services.tools), services.clock, tasks)
+        , shortcuts(cache, actions)
+        , locations(NetworkLocations(services.tools), actions)
     {
     }
 
+    WorkCount& pending;
     MenuSession::TurnUntil turnUntil;
     Failures failures;
-    WorkCount pending;
     CountedTasks tasks;
     CountedRunningApplications running;
     PrintedAlerts alerts;
     OtherApplication application;
     ArgumentKeys keys;
     PrintedClipboard clipboard;
-    GioWorkspace workspace;
-    LinuxDesktopCommands desktop;
-    LinuxComputerInfo computer;
-    LinuxSessionEvents events;
-    LinuxScriptRunner scriptRunner;
     AlertConfirmation confirmation { application, alerts };
-    SessionControl session { events, confirmation };
-    SystemEventsBridge scripts { scriptRunner, [this] { return confirmation.confirmsForceQuit(); } };
-    std::shared_ptr<ToolRunner> tools = std::make_shared<PosixToolRunner>();
+    SessionControl session;
+    SystemEventsBridge scripts;
     MenuActions actions;
     ShortcutsCache cache;
-    ShortcutsMenu shortcuts { cache, actions };
-    LocationsMenu locations { NetworkLocations(tools), actions };
+    ShortcutsMenu shortcuts;
+    LocationsMenu locations;
 };
 
-CommandLineActions::CommandLineActions(Services services, DesktopAccess const& access, XdgDirectories const& directories)
-    : m_parts(std::make_unique<Parts>(services, access, directories))
+CommandActions::CommandActions(Services services)
+    : m_parts(std::make_unique<Parts>(std::move(services)))
 {
 }
 
-CommandLineActions::~CommandLineActions() = default;
+CommandActions::~CommandActions() = default;
 
-MenuCommands& CommandLineActions::commands() { return m_parts->actions; }
-Workspace& CommandLineActions::workspace() { return m_parts->workspace; }
-SubmenuFiller& CommandLineActions::shortcuts() { return m_parts->shortcuts; }
-SubmenuFiller& CommandLineActions::locations() { return m_parts->locations; }
+MenuCommands& CommandActions::commands() { return m_parts->actions; }
+SubmenuFiller& CommandActions::shortcuts() { return m_parts->shortcuts; }
+SubmenuFiller& CommandActions::locations() { return m_parts->locations; }
 
-std::vector<std::string> CommandLineActions::choose(MenuEntry const& entry, ModifierMask held)
+std::vector<std::string> CommandActions::choose(MenuEntry const& entry, ModifierMask held)
 {
     // What the program would have logged is a failure that nobody else tells here.
     LogCapture const log([this](std::string const& line) { m_parts->failures.push_back(withoutProgramName(line)); });

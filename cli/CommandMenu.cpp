@@ -1,0 +1,20 @@
+#include "cli/CommandMenu.h"
+
+namespace zv {
+
+CommandMenu::CommandMenu(Platform platform)
+    : m_actions(platform.actions)
+    , m_menus(menuServices(platform))
+    , m_session(m_menus.builder(), platform.actions.turnUntil)
+{
+}
+
+MenuAssembly::Services CommandMenu::menuServices(Platform const& platform)
+{
+    auto const& actions = platform.actions;
+    return { platform.preferences, actions.locations, platform.resources, platform.folders, platform.cells, platform.metadata, platform.icons,
+        m_actions.commands(), actions.workspace, actions.runningApplications, platform.volumes, platform.recentServers, platform.networkInterfaces,
+        platform.settingsPanes, m_hotkeys, &m_actions.shortcuts(), &m_actions.locations(), actions.clock, platform.timers, actions.tasks, actions.itemsFolder };
+}
+
+} // namespace zv
