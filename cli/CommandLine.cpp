@@ -83,6 +83,14 @@ ExitStatus afterWriting(ExitStatus status, CommandContext& context)
 
 std::span<Command const* const> commandTable() { return table; }
 
+bool asksForCommand(Arguments arguments)
+{
+    if (arguments.empty())
+        return false;
+    auto const& first = arguments.front();
+    return !first.starts_with('-') || first.starts_with("--") || first == "-h";
+}
+
 int runCommandLine(Arguments arguments, CommandContext& context)
 {
     if (arguments.empty())

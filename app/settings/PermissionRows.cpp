@@ -2,6 +2,8 @@
 
 #include "app/actions/SystemPlaces.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -39,11 +41,16 @@ char const* textOf(PermissionState state)
     return "not in use yet; macOS asks at the first such command";
 }
 
+std::string sentenceOf(Described const& described, PermissionState state)
+{
+    return std::string(described.name) + ": " + textOf(state) + ". " + described.reason;
+}
+
 SettingsRow stateRow(Described const& described, PermissionState state)
 {
     SettingsRow row;
     row.id = described.id;
-    row.title = std::string(described.name) + ": " + textOf(state) + ". " + described.reason;
+    row.title = sentenceOf(described, state);
     return row;
 }
 
@@ -58,6 +65,12 @@ SettingsRow paneRow(Described const& described, std::function<void(std::string_v
 }
 
 } // namespace
+
+PermissionText permissionText(Permission permission, PermissionState state)
+{
+    auto const* const described = std::find_if(std::begin(all), std::end(all), [&](Described const& each) { return each.permission == permission; });
+    return { described->name, sentenceOf(*described, state) };
+}
 
 SettingsSection permissionSection(Permissions const& permissions, std::function<void(std::string_view)> const& openPane)
 {

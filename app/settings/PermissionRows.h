@@ -4,9 +4,16 @@
 #include "platform/Permissions.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace zv {
+
+struct PermissionText {
+    std::string name; ///< "Automation"
+    std::string sentence; ///< its state, and what it is for
+};
+[[nodiscard]] PermissionText permissionText(Permission permission, PermissionState state);
 
 /// Each permission with its state, what it is for, and a button that shows where it is
 /// given. `openPane` gets the identifier of a page of the system's settings.

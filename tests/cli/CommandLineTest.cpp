@@ -51,6 +51,15 @@ TEST_F(CommandLineTest, WrongUsageIsStatusTwoAndOneLine)
     EXPECT_TRUE(defaults.writes.empty());
 }
 
+TEST(CommandLine, IsToldFromTheSettingsThatADesktopStartsAProgramWith)
+{
+    EXPECT_FALSE(asksForCommand(Words {}));
+    EXPECT_FALSE(asksForCommand(Words { "-AppleLanguages", "(de)" }));
+    EXPECT_FALSE(asksForCommand(Words { "-psn_0_12345" }));
+    for (auto const* first : { "menu", "fly", "--help", "--json", "-h" })
+        EXPECT_TRUE(asksForCommand(Words { first, "-x" })) << first;
+}
+
 TEST(Options, TellOptionsFromOperands)
 {
     Options::Known const known[] = { { "--json" }, { "--at", Options::Takes::value } };
