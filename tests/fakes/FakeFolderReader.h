@@ -16,6 +16,7 @@ public:
         std::string name;
         FileTraits traits {};
         std::string localizedName {};
+        bool isLink = true; ///< or not known to be none
     };
 
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override
@@ -29,7 +30,7 @@ public:
         FolderContents contents;
         for (auto const& child : found->second) {
             if (hiddenFiles == HiddenFiles::included || !child.name.starts_with('.'))
-                contents.add({ child.name, child.localizedName, child.traits });
+                contents.add({ child.name, child.localizedName, child.traits, child.isLink });
         }
         return contents;
     }
