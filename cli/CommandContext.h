@@ -11,6 +11,8 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace zv {
@@ -54,6 +56,9 @@ public:
     [[nodiscard]] virtual Url itemsFolder() = 0;
     /// What relative paths among the arguments start from.
     [[nodiscard]] virtual Url currentFolder() = 0;
+    /// The program's file, where it does not lie among the commands by itself: --help tells
+    /// how to make it one.
+    [[nodiscard]] virtual std::optional<std::string> fileToLink() { return std::nullopt; }
     /// What works on this desktop and what does not, found out now.
     [[nodiscard]] virtual std::vector<DoctorCheck> doctorChecks() = 0;
 

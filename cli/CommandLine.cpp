@@ -31,6 +31,15 @@ std::string synopsisOf(Command const& command)
     return command.usage.empty() ? std::string(command.name) : std::string(command.name) + ' ' + std::string(command.usage);
 }
 
+/// As one word of a shell.
+std::string quoted(std::string_view text)
+{
+    std::string word = "'";
+    for (char const c : text)
+        word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return word + "'";
+}
+
 ExitStatus showHelp(CommandContext& context)
 {
     auto& out = context.out();
@@ -40,6 +49,8 @@ ExitStatus showHelp(CommandContext& context)
         out << "  " << synopsisOf(*command) << "\n        " << command->summary << '\n';
     out << "\n  --help      this text\n  --version   the version\n\n"
            "Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.\n";
+    if (auto const file = context.fileToLink())
+        out << "\nTo have it as a command:\n  sudo mkdir -p /usr/local/bin\n  sudo ln -sf " << quoted(*file) << " /usr/local/bin/zanthe-vell\n";
     return ExitStatus::done;
 }
 

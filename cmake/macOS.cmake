@@ -18,6 +18,7 @@ zv_library(zv_base FOLDER base)
 file(GLOB seam_helpers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp)
 target_sources(zv_base PRIVATE ${seam_helpers})
 zv_library(zv_app FOLDER app RECURSE LINK zv_base nlohmann_json::nlohmann_json)
+zv_library(zv_cli FOLDER cli LINK zv_app nlohmann_json::nlohmann_json)
 
 file(GLOB_RECURSE front_end CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.mm)
 set(resources
@@ -27,7 +28,15 @@ set(resources
     "${CMAKE_SOURCE_DIR}/app/resources/Library.plist"
     "${CMAKE_SOURCE_DIR}/app/resources/Licences.txt"
     "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.icns")
+set(man_pages "${CMAKE_SOURCE_DIR}/packaging/linux/zanthe-vell.1")
+set(completions
+    "${CMAKE_SOURCE_DIR}/packaging/linux/completions/_zanthe-vell"
+    "${CMAKE_SOURCE_DIR}/packaging/linux/completions/zanthe-vell.bash"
+    "${CMAKE_SOURCE_DIR}/packaging/linux/completions/zanthe-vell.fish")
 set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+set_source_files_properties(${man_pages} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/man/man1)
+set_source_files_properties(${completions} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/completions)
+list(APPEND resources ${man_pages} ${completions})
 
 # An address goes into a property list, which is XML.
 string(REPLACE "&" "&amp;" ZV_FEED_URL "${ZV_FEED_URL}")
@@ -44,7 +53,7 @@ target_compile_options(zanthe-vell PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-a
 
 set(frameworks Cocoa Carbon CoreGraphics CoreServices DiskArbitration ServiceManagement SystemConfiguration UniformTypeIdentifiers UserNotifications)
 list(TRANSFORM frameworks PREPEND "-framework ")
-target_link_libraries(zanthe-vell PRIVATE zv_app zv_base ${frameworks})
+target_link_libraries(zanthe-vell PRIVATE zv_cli zv_app zv_base ${frameworks})
 
 if(ZV_SPARKLE)
   add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM

@@ -16,6 +16,7 @@
 #include "platform/Installation.h"
 #include "platform/KeyboardLayoutSource.h"
 #include "platform/LoginService.h"
+#include "platform/MacFindings.h"
 #include "platform/MenuBarVisibility.h"
 #include "platform/MenuHost.h"
 #include "platform/MetadataQuery.h"
@@ -25,6 +26,7 @@
 #include "platform/OverlayPanels.h"
 #include "platform/Permissions.h"
 #include "platform/PointerMonitor.h"
+#include "platform/ProgramPost.h"
 #include "platform/RecentServers.h"
 #include "platform/Resources.h"
 #include "platform/RunningApplications.h"
@@ -46,8 +48,11 @@
 #include "platform/Workspace.h"
 #include "platform/WorkspaceEvents.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 /// One function a seam, each in the file named after it. All are called on the main thread
 /// after the application object exists; what they make outlives nothing but main.
@@ -62,10 +67,18 @@ struct MenuTracking {
     double lastClosed = 0;
 };
 
+/// The menu bar of a Mac: an icon in it can be clicked from elsewhere.
+class MacStatusBar : public StatusBar {
+public:
+    /// Opens the menu of the icon, and returns when it has closed; false when none is shown.
+    virtual bool openMenu() = 0;
+};
+
 std::unique_ptr<Alerts> makeAlerts();
 std::unique_ptr<AliasFiles> makeAliasFiles();
 std::unique_ptr<Application> makeApplication();
 std::unique_ptr<Bookmarks> makeBookmarks();
+std::unique_ptr<TextMeasure> makeCellTextMeasure(); ///< measures in cells of a terminal
 std::unique_ptr<Clipboard> makeClipboard();
 std::unique_ptr<Clock> makeClock();
 std::unique_ptr<ComputerInfo> makeComputerInfo();
@@ -75,7 +88,8 @@ std::shared_ptr<FileSystem> makeFileSystem();
 std::shared_ptr<FolderReader const> makeFolderReader();
 std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking);
 std::unique_ptr<IconSource> makeIconSource();
-std::unique_ptr<Installation> makeInstallation();
+/// `giveWay` is called when a copy of the program is about to take over.
+std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay);
 std::unique_ptr<KeyboardLayoutSource> makeKeyboardLayoutSource();
 std::unique_ptr<LoginService> makeLoginService();
 std::unique_ptr<MenuBarVisibility> makeMenuBarVisibility(); ///< null where the system does not tell
@@ -87,6 +101,7 @@ std::unique_ptr<NotesWindows> makeNotesWindows();
 std::unique_ptr<OverlayPanels> makeOverlayPanels();
 std::unique_ptr<Permissions> makePermissions();
 std::unique_ptr<PointerMonitor> makePointerMonitor();
+std::unique_ptr<ProgramPost> makeProgramPost();
 std::unique_ptr<RecentServers> makeRecentServers();
 std::unique_ptr<Resources> makeResources();
 std::unique_ptr<RunningApplications> makeRunningApplications();
@@ -96,7 +111,7 @@ std::unique_ptr<SessionEvents> makeSessionEvents();
 std::unique_ptr<SettingsPanes> makeSettingsPanes(Tasks& tasks);
 /// `models` is asked when the window is first opened.
 std::unique_ptr<SettingsWindow> makeSettingsWindow(std::function<SettingsModels&()> models);
-std::unique_ptr<StatusBar> makeStatusBar(MenuTracking& tracking);
+std::unique_ptr<MacStatusBar> makeStatusBar(MenuTracking& tracking);
 std::unique_ptr<Tasks> makeTasks();
 std::unique_ptr<TextMeasure> makeTextMeasure();
 std::unique_ptr<Timers> makeTimers();
@@ -109,5 +124,13 @@ std::unique_ptr<Volumes> makeVolumes();
 std::unique_ptr<WindowList> makeWindowList();
 std::unique_ptr<Workspace> makeWorkspace();
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
+
+/// Turns the main thread's run loop until the question is answered with yes, or the time is over.
+void turnRunLoopUntil(std::function<bool()> const& isDone, std::chrono::milliseconds limit);
+/// Looks at this copy of the program and its system; blocks for a moment. Without what only
+/// the running program knows.
+MacFindings surveyThisMac();
+/// The identifier of the application in that folder; empty when it has none. Any thread.
+std::string bundleIdentifierOf(Url const& application);
 
 } // namespace zv

@@ -46,6 +46,11 @@ MaybeFailure<> failureOf(BOOL succeeded, NSError* error)
 
 class MacInstallation : public Installation {
 public:
+    explicit MacInstallation(std::function<void()> giveWay)
+        : m_giveWay(std::move(giveWay))
+    {
+    }
+
     RelocationSource source(Url const& bundle) const override
     {
         if (bundle.path().find("/AppTranslocation/") != std::string::npos)
@@ -104,19 +109,20 @@ public:
     /// The system sees an application in its folder by itself.
     MaybeFailure<> announce(Url const&) override { return std::nullopt; }
 
+    void giveWay() override { m_giveWay(); }
+
 private:
     static NSFileManager* files() { return [NSFileManager defaultManager]; }
     static NSURL* folder(NSSearchPathDomainMask domain, BOOL create)
     {
         return [files() URLForDirectory:NSApplicationDirectory inDomain:domain appropriateForURL:nil create:create error:nullptr];
     }
+
+    std::function<void()> m_giveWay;
 };
 
 } // namespace
 
-std::unique_ptr<Installation> makeInstallation()
-{
-    return std::make_unique<MacInstallation>();
-}
+std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay) { return std::make_unique<MacInstallation>(std::move(giveWay)); }
 
 } // namespace zv

@@ -2,8 +2,10 @@
 
 #import <Cocoa/Cocoa.h>
 
+#include "app/shell/ProgramRequest.h"
 #include "app/shell/ZantheVellApp.h"
 #include "platform/macos/Factories.h"
+#import "platform/macos/ProgramPort.h"
 
 #include <memory>
 
@@ -17,15 +19,20 @@ class MacFrontEnd {
 public:
     MacFrontEnd();
 
-    void launch() { (void)m_app->launch(); } // when a copy takes over, it ends this process once it has started
+    void launch();
     void reopen() { m_app->reopen(); }
     void openSettings() { m_app->openSettings(); }
 
 private:
     [[nodiscard]] ZantheVellApp::Platform platform();
     [[nodiscard]] AppleMenuOverlayServices overlay();
+    [[nodiscard]] ProgramServices services();
+    [[nodiscard]] MacFindings findings() const;
     [[nodiscard]] std::string diagnostics() const;
+    void showMenu(std::optional<RunningProgram::ScreenPoint> at);
+    void listApplications(std::function<void(std::vector<InstalledApplication>)> use);
 
+    ProgramPort m_port;
     MenuTracking m_menuTracking;
     std::unique_ptr<UserDefaults> m_defaults = makeUserDefaults();
     std::unique_ptr<Resources> m_resources = makeResources();
@@ -57,7 +64,7 @@ private:
 
     std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking);
     std::unique_ptr<KeyboardLayoutSource> m_keyboardLayout = makeKeyboardLayoutSource();
-    std::unique_ptr<StatusBar> m_statusBar = makeStatusBar(m_menuTracking);
+    std::unique_ptr<MacStatusBar> m_statusBar = makeStatusBar(m_menuTracking);
     std::unique_ptr<MenuHost> m_menuHost = makeMenuHost(m_menuTracking);
 
     std::unique_ptr<WindowList> m_windowList = makeWindowList();
@@ -67,7 +74,7 @@ private:
     std::unique_ptr<OverlayPanels> m_panels = makeOverlayPanels();
     std::unique_ptr<MenuBarVisibility> m_menuBarVisibility = makeMenuBarVisibility();
 
-    std::unique_ptr<Installation> m_installation = makeInstallation();
+    std::unique_ptr<Installation> m_installation = makeInstallation([this] { m_port.close(); });
     std::unique_ptr<LoginService> m_loginService = makeLoginService();
     std::unique_ptr<NotesWindows> m_notesWindows = makeNotesWindows();
     std::unique_ptr<UserNotifications> m_userNotifications = makeUserNotifications();

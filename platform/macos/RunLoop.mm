@@ -127,4 +127,18 @@ std::unique_ptr<Tasks> makeTasks()
     return std::make_unique<MacTasks>();
 }
 
+/// A timer that fires does not end a turn: none is longer than a moment.
+void turnRunLoopUntil(std::function<bool()> const& isDone, std::chrono::milliseconds limit)
+{
+    constexpr double moment = 0.02;
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:std::chrono::duration<double>(limit).count()];
+    while (!isDone() && [end timeIntervalSinceNow] > 0) {
+        @autoreleasepool {
+            NSDate* const next = [NSDate dateWithTimeIntervalSinceNow:moment];
+            if (![[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:next])
+                [NSThread sleepUntilDate:next]; // a loop with nothing to wait for returns at once
+        }
+    }
+}
+
 } // namespace zv

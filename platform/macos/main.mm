@@ -2,6 +2,11 @@
 #import "platform/macos/MainMenu.h"
 
 #include "base/MainThread.h"
+#include "cli/CommandLine.h"
+#import "platform/macos/CommandLineServices.h"
+#import "platform/macos/OwnExecutable.h"
+
+#include <iostream>
 
 /// Hands what the system tells the program on to it.
 @interface ZVApplicationDelegate : NSObject <NSApplicationDelegate> {
@@ -47,15 +52,36 @@
 
 @end
 
-int main()
+namespace {
+
+int runCommand(std::vector<std::string> const& arguments)
+{
+    zv::CommandLineServices services({ std::cin, std::cout, std::cerr });
+    return zv::runCommandLine(arguments, services);
+}
+
+/// A second start shows that the first one runs.
+int runProgram()
+{
+    auto const post = zv::makeProgramPost();
+    if (post->isRunning())
+        return runCommand({ "settings" });
+    NSApplication* const application = [NSApplication sharedApplication];
+    static ZVApplicationDelegate* const delegate = [[ZVApplicationDelegate alloc] init]; // the application holds it weakly
+    [application setDelegate:delegate];
+    [application setMainMenu:zv::makeMainMenu(delegate, @selector(openSettings:))];
+    [application run];
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments)
 {
     @autoreleasepool {
+        zv::leaveLink(arguments);
         zv::markMainThread();
-        NSApplication* const application = [NSApplication sharedApplication];
-        static ZVApplicationDelegate* const delegate = [[ZVApplicationDelegate alloc] init]; // the application holds it weakly
-        [application setDelegate:delegate];
-        [application setMainMenu:zv::makeMainMenu(delegate, @selector(openSettings:))];
-        [application run];
+        std::vector<std::string> const given(arguments + 1, arguments + count);
+        return zv::asksForCommand(given) ? runCommand(given) : runProgram();
     }
-    return 0;
 }

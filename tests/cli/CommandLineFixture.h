@@ -75,6 +75,7 @@ struct CommandLineFixture : testing::Test {
     fakes::FakeTime time;
     FakeRunningProgram program;
     std::vector<DoctorCheck> checks;
+    std::optional<std::string> fileToLink;
     std::string input;
     MenuSession* menus = nullptr;
 
@@ -116,6 +117,7 @@ private:
         Url backupsFolder() override { return Url::fromPath("/data/Backups"); }
         Url itemsFolder() override { return Url::fromPath("/data/Items"); }
         Url currentFolder() override { return Url::fromPath("/here"); }
+        std::optional<std::string> fileToLink() override { return m_machine.fileToLink; }
         std::vector<DoctorCheck> doctorChecks() override { return m_machine.checks; }
 
     private:

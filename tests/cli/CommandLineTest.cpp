@@ -27,6 +27,13 @@ TEST_F(CommandLineTest, HelpNamesEveryCommand)
     EXPECT_EQ(run({ "help" }), help);
 }
 
+TEST_F(CommandLineTest, HelpTellsHowToMakeItACommandWhereItIsNone)
+{
+    EXPECT_EQ(run({ "--help" }).out.find("ln -s"), std::string::npos);
+    fileToLink = "/Ada's Apps/Zanthe Vell";
+    EXPECT_TRUE(run({ "--help" }).out.ends_with("\n  sudo ln -sf '/Ada'\\''s Apps/Zanthe Vell' /usr/local/bin/zanthe-vell\n"));
+}
+
 TEST_F(CommandLineTest, EachCommandTellsItsUsage)
 {
     EXPECT_EQ(run({ "export", "--help" }), (Outcome { 0, "usage: zanthe-vell export FILE\n\nwrite the menu to a file (- is standard output)\n", "" }));

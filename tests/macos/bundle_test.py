@@ -74,6 +74,17 @@ class InformationTest(unittest.TestCase):
             self.assertRegex(cmake, rf"set\({name} .* CACHE ")
 
 
+class CommandLineTest(unittest.TestCase):
+    def test_the_port_for_commands_has_a_name_of_the_program_s(self):
+        name = re.search(r'CFSTR\("([^"]+)"\)', read("platform", "macos", "ProgramPort.mm"))[1]
+        self.assertTrue(name.startswith(configured()["CFBundleIdentifier"] + "."), "other programs' names are not taken")
+
+    def test_the_link_that_the_documents_make_leads_to_what_is_built(self):
+        executable = f'Zanthe Vell.app/Contents/MacOS/{configured()["CFBundleExecutable"]}"'
+        for document in (("README.md",), ("docs", "first-mac-build.md"), ("packaging", "linux", "zanthe-vell.1")):
+            self.assertIn(executable, read(*document).replace("\\(dq", '"'), document)
+
+
 class ContentsTest(unittest.TestCase):
     def test_the_entitlements_are_the_events_alone(self):
         with open(os.path.join(PACKAGING, "ZantheVell.entitlements"), "rb") as file:
@@ -186,8 +197,12 @@ class BuildTest(unittest.TestCase):
         contents = self.lines("contents")
         for name in ("Begging.rtf", "Default Apple Menu.plist", "DockMenu.plist", "Library.plist", "Licences.txt", "ZantheVell.icns"):
             self.assertIn(f"./Contents/Resources/{name}", contents, "is there before the application is signed")
+        for name in ("man/man1/zanthe-vell.1", "completions/_zanthe-vell", "completions/zanthe-vell.bash", "completions/zanthe-vell.fish"):
+            self.assertIn(f"./Contents/Resources/{name}", contents)
         self.assertIn("./Contents/Frameworks/Sparkle.framework/Sparkle", contents)
         compiled = self.lines("compiled")
+        commands = [name for name in os.listdir(os.path.join(ROOT, "cli")) if name.endswith(".cpp")]
+        self.assertLessEqual({f"/cli/{name}" for name in commands}, {line[line.rfind("/cli/") :] for line in compiled if "/cli/" in line})
         objective = [line for line in compiled if line.endswith(".mm")]
         self.assertEqual(len(objective), sum(len([name for name in names if name.endswith(".mm")]) for _, _, names in os.walk(os.path.join(ROOT, "platform", "macos"))))
         for line in objective:

@@ -3,16 +3,19 @@
 #import <Cocoa/Cocoa.h>
 
 #include "app/settings/SettingsModels.h"
+#include "base/Lifetime.h"
+#include "base/Observation.h"
 #import "platform/macos/settings/Controls.h"
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace zv {
 
 struct LibraryRow {
     std::string heading; ///< of a group
-    LibraryEntry const* entry = nullptr; ///< null for a group
+    std::string entry; ///< its id; empty for a group
 };
 
 } // namespace zv
@@ -27,6 +30,8 @@ struct LibraryRow {
     NSSearchField* _search;
     NSTableView* _table;
     NSView* _view;
+    zv::Observation _observation;
+    zv::Lifetime _lifetime;
 }
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add;
 - (NSView*)view;

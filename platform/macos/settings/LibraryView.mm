@@ -46,15 +46,23 @@
     zv::setMinimumWidth(_view, 190);
 }
 
+/// Shows what is there now, and follows it: the applications come later.
 - (void)fill
+{
+    __unsafe_unretained ZVLibrary* const library = self;
+    _observation
+        = zv::withObservationTracking([library] { [library layRows]; }, [library] { zv::later(library->_lifetime.guard([library] { [library fill]; })); });
+    [_table reloadData];
+}
+
+- (void)layRows
 {
     _rows.clear();
     for (auto const& group : _models->palette().groups(zv::fromNSString([_search stringValue]))) {
-        _rows.push_back({ group.title, nullptr });
+        _rows.push_back({ group.title, {} });
         for (auto const* entry : group.entries)
-            _rows.push_back({ {}, entry });
+            _rows.push_back({ {}, entry->id });
     }
-    [_table reloadData];
 }
 
 - (void)addRow:(NSInteger)row
@@ -66,7 +74,8 @@
 
 - (zv::LibraryEntry const*)entryAt:(NSInteger)row
 {
-    return row >= 0 && static_cast<std::size_t>(row) < _rows.size() ? _rows[static_cast<std::size_t>(row)].entry : nullptr;
+    bool const isThere = row >= 0 && static_cast<std::size_t>(row) < _rows.size();
+    return isThere ? _models->palette().entry(_rows[static_cast<std::size_t>(row)].entry) : nullptr;
 }
 
 - (void)controlTextDidChange:(NSNotification*)notification
@@ -104,13 +113,22 @@
     return [self entryAt:row] ? YES : NO;
 }
 
+/// Asked for as a row comes into sight: there may be hundreds of applications.
+- (zv::ImageRef)pictureOf:(zv::LibraryEntry const&)entry
+{
+    auto const& item = entry.itemTemplate;
+    bool const isFile = item.location && item.location->path;
+    return isFile ? _models->icons().iconForFile(zv::Url::fromPath(*item.location->path)) : _models->icons().iconForKind(item.kind);
+}
+
 - (NSView*)tableView:(NSTableView*)table viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row
 {
     auto const* entry = [self entryAt:row];
     if (!entry)
         return zv::textCell(table, @"group", _rows[static_cast<std::size_t>(row)].heading);
     NSTableCellView* const cell = zv::iconCell(table, @"entry");
-    zv::show(cell, _models->icons().iconForKind(entry->itemTemplate.kind), entry->title);
+    auto const picture = [self pictureOf:*entry];
+    zv::show(cell, picture, entry->title);
     [cell setToolTip:zv::toNSString(entry->localizedDescription)];
     return cell;
 }

@@ -290,3 +290,67 @@ UTType *const UTTypeFolder = nil;
     return [self charactersIgnoringModifiers];
 }
 @end
+/* Message ports within one process: who asks a port calls it. A name that is taken is another process's. */
+#include <CoreFoundation/CoreFoundation.h>
+#include <set>
+struct __CFMessagePort {
+    CFMessagePortCallBack call;
+    void* info;
+    std::string name;
+};
+static auto& localPorts()
+{
+    static auto* ports = new std::map<std::string, CFMessagePortRef>;
+    return *ports;
+}
+static auto& allPorts()
+{
+    static auto* ports = new std::set<CFTypeRef>;
+    return *ports;
+}
+const CFAllocatorRef kCFAllocatorDefault = nullptr;
+const CFRunLoopMode kCFRunLoopDefaultMode = (CFStringRef) @"kCFRunLoopDefaultMode";
+const CFRunLoopMode kCFRunLoopCommonModes = (CFStringRef) @"kCFRunLoopCommonModes";
+CFRunLoopRef CFRunLoopGetMain(void) { return nullptr; }
+void CFRunLoopAddSource(CFRunLoopRef, CFRunLoopSourceRef, CFRunLoopMode) { }
+CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef, CFMessagePortRef, CFIndex) { return nullptr; }
+CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef, CFStringRef name, CFMessagePortCallBack call, CFMessagePortContext* context, Boolean*)
+{
+    std::string const text = [(NSString*)name UTF8String];
+    if (localPorts().count(text))
+        return nullptr;
+    auto* const port = new __CFMessagePort { call, context->info, text };
+    allPorts().insert(port);
+    return localPorts()[text] = port;
+}
+CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef, CFStringRef name)
+{
+    std::string const text = [(NSString*)name UTF8String];
+    if (!localPorts().count(text))
+        return nullptr;
+    auto* const port = new __CFMessagePort { nullptr, nullptr, text };
+    allPorts().insert(port);
+    return port;
+}
+SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 message, CFDataRef data, CFTimeInterval, CFTimeInterval, CFStringRef, CFDataRef* answer)
+{
+    auto const found = localPorts().find(remote->name);
+    if (found == localPorts().end())
+        return kCFMessagePortIsInvalid;
+    *answer = found->second->call(found->second, message, data, found->second->info);
+    return kCFMessagePortSuccess;
+}
+void CFMessagePortInvalidate(CFMessagePortRef port) { localPorts().erase(port->name); }
+void CFRelease(CFTypeRef object)
+{
+    if (allPorts().erase(object))
+        delete static_cast<CFMessagePortRef>(const_cast<void*>(object));
+}
+CFDictionaryRef CFBundleCopyInfoDictionaryInDirectory(CFURLRef bundle)
+{
+    NSString* const path = [[(NSURL*)bundle path] stringByAppendingPathComponent:@"Contents/Info.plist"];
+    return (CFDictionaryRef)[[NSDictionary dictionaryWithContentsOfFile:path] retain];
+}
+/* Nothing is mounted. */
+#include <sys/mount.h>
+int getfsstat(struct statfs*, int, int) { return 0; }

@@ -4,8 +4,10 @@
 #import "platform/macos/Factories.h"
 #import "platform/macos/MainMenu.h"
 #import "platform/macos/MenuMirror.h"
+#import "platform/macos/ProgramPort.h"
 #import "platform/macos/ServicesProvider.h"
 
+#include "app/settings/InstalledApplications.h"
 #include "base/MainThread.h"
 #include "base/Text.h"
 #include "platform/PropertyListFormat.h"
@@ -14,6 +16,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <set>
 
 using namespace zv;
 
@@ -307,6 +310,61 @@ void workLeavesAndReturns()
     expect(ticks == before, "until it is let go");
 }
 
+void waitingEndsWhenItIsOver()
+{
+    auto const tasks = makeTasks();
+    bool isDone = false;
+    tasks->runDetached([&] { return [&] { isDone = true; }; });
+    turnRunLoopUntil([&] { return isDone; }, std::chrono::seconds(20));
+    expect(isDone, "a command waits for what it started");
+    turnRunLoopUntil([] { return false; }, std::chrono::milliseconds(50));
+    expect(true, "and not for ever");
+}
+
+void terminalCellsAreCounted()
+{
+    auto const cells = makeCellTextMeasure();
+    expect(cells->menuFontWidth("Open ⌥⌘E") == 8, "a character takes a cell of a terminal");
+    expect(cells->menuFontWidth("e\xCC\x81日本") == 5, "an accent none, an ideograph two");
+}
+
+void commandsReachTheProgram()
+{
+    auto const post = makeProgramPost();
+    expect(!post->isRunning() && !post->ask("anybody?"), "nobody answers while the program does not run");
+    ProgramPort port([](std::string const& request) { return "<" + request + ">"; });
+    ProgramPort second([](std::string const&) { return "second"; });
+    expect(port.open() && port.open() && post->isRunning(), "it opens its door once");
+    std::string const request = std::string("gr\xC3\xBCn \0\xFF", 8);
+    expect(post->ask(request) == "<" + request + ">", "what is asked arrives, and so does the answer");
+    expect(!second.open(), "there is one door only");
+    port.close();
+    expect(!post->isRunning() && second.open() && post->ask("") == "second", "which a copy can have once it is let go of");
+}
+
+void makeApplication(NSString* path, NSString* identifier)
+{
+    NSString* const contents = [path stringByAppendingPathComponent:@"Contents"];
+    [[NSFileManager defaultManager] createDirectoryAtPath:contents withIntermediateDirectories:YES attributes:nil error:nullptr];
+    NSDictionary* const information = [NSDictionary dictionaryWithObject:identifier forKey:@"CFBundleIdentifier"];
+    [information writeToFile:[contents stringByAppendingPathComponent:@"Info.plist"] atomically:YES];
+}
+
+void applicationsAreFound()
+{
+    NSString* const folder = [NSTemporaryDirectory() stringByAppendingPathComponent:[[NSProcessInfo processInfo] globallyUniqueString]];
+    makeApplication([folder stringByAppendingPathComponent:@"Über.app"], @"org.example.one");
+    makeApplication([folder stringByAppendingPathComponent:@"Utilities/Tool.app"], @"org.example.two");
+    makeApplication([folder stringByAppendingPathComponent:@"Utilities/Again.app"], @"org.example.one");
+    makeApplication([folder stringByAppendingPathComponent:@"Utilities/Tool.app/Contents/Inner.app"], @"org.example.three");
+    auto const found = applicationsIn({ fromNSURL([NSURL fileURLWithPath:folder]) }, *makeFolderReader(), bundleIdentifierOf);
+    std::set<std::string> names;
+    for (auto const& each : found)
+        names.insert(each.name);
+    expect(found.size() == 2 && names.count("Tool") == 1 && names.count("Über") + names.count("Again") == 1, "applications are found, each once, none within another");
+    [[NSFileManager defaultManager] removeItemAtPath:folder error:nullptr];
+}
+
 NSString* textIn(NSView* view)
 {
     if ([view isKindOfClass:[NSTextView class]])
@@ -417,6 +475,10 @@ int main(int count, char** arguments)
         theSettingsItemIsFound();
         filesAreTaken(arguments[2]);
         workLeavesAndReturns();
+        waitingEndsWhenItIsOver();
+        terminalCellsAreCounted();
+        commandsReachTheProgram();
+        applicationsAreFound();
         theNotesShow(arguments[2]);
         anAlertAnswers();
         std::puts("The smoke run is through.");

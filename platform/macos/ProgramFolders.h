@@ -1,0 +1,12 @@
+#pragma once
+
+#import "platform/macos/Conversions.h"
+
+/// Where the program keeps what is the user's.
+namespace zv {
+
+inline Url homeFolder() { return fromNSURL([[NSFileManager defaultManager] homeDirectoryForCurrentUser]); }
+inline Url itemsFolder() { return homeFolder().appending("Library").appending("Zanthe Vell Items"); }
+inline Url backupsFolder() { return homeFolder().appending("Library").appending("Application Support").appending("Zanthe Vell").appending("Backups"); }
+
+} // namespace zv
