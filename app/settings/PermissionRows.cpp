@@ -41,16 +41,11 @@ char const* textOf(PermissionState state)
     return "not in use yet; macOS asks at the first such command";
 }
 
-std::string sentenceOf(Described const& described, PermissionState state)
-{
-    return std::string(described.name) + ": " + textOf(state) + ". " + described.reason;
-}
-
 SettingsRow stateRow(Described const& described, PermissionState state)
 {
     SettingsRow row;
     row.id = described.id;
-    row.title = sentenceOf(described, state);
+    row.title = std::string(described.name) + ": " + textOf(state) + ". " + described.reason;
     return row;
 }
 
@@ -69,7 +64,7 @@ SettingsRow paneRow(Described const& described, std::function<void(std::string_v
 PermissionText permissionText(Permission permission, PermissionState state)
 {
     auto const* const described = std::find_if(std::begin(all), std::end(all), [&](Described const& each) { return each.permission == permission; });
-    return { described->name, sentenceOf(*described, state) };
+    return { described->name, textOf(state), described->reason };
 }
 
 SettingsSection permissionSection(Permissions const& permissions, std::function<void(std::string_view)> const& openPane)

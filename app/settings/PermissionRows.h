@@ -11,7 +11,8 @@ namespace zv {
 
 struct PermissionText {
     std::string name; ///< "Automation"
-    std::string sentence; ///< its state, and what it is for
+    std::string state; ///< "not allowed"
+    std::string reason; ///< what it is for, a sentence
 };
 [[nodiscard]] PermissionText permissionText(Permission permission, PermissionState state);
 

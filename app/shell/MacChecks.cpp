@@ -55,9 +55,10 @@ DoctorCheck shortcutsCheck(std::vector<std::string> const& refused)
 DoctorCheck permissionCheck(Permission permission, PermissionState state)
 {
     auto const text = permissionText(permission, state);
+    auto const explanation = "It is " + text.state + ". " + text.reason;
     if (state != PermissionState::refused)
-        return { text.name, State::ok, text.sentence, {} };
-    return { text.name, State::limited, text.sentence, "System Settings has the switch, under Privacy & Security, " + text.name + "." };
+        return { text.name, State::ok, explanation, {} };
+    return { text.name, State::limited, explanation, "System Settings has the switch, under Privacy & Security, " + text.name + "." };
 }
 
 DoctorCheck updateCheck(MacFindings const& found)

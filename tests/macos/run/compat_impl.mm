@@ -99,7 +99,10 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   for (NSString *k in ks) { id v = nil; if (![self getResourceValue:&v forKey:k error:e]) return nil; if (v) [d setObject:v forKey:k]; }
   return d;
 }
-- (NSData *)bookmarkDataWithOptions:(NSUInteger)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e { return [[@"book" stringByAppendingString:[self path]] dataUsingEncoding:NSUTF8StringEncoding]; }
+- (NSData *)bookmarkDataWithOptions:(NSUInteger)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e {
+  if (![[NSFileManager defaultManager] fileExistsAtPath:[self path]]) { if (e) *e = [NSError errorWithDomain:NSCocoaErrorDomain code:260 userInfo:nil]; return nil; }
+  return [[@"book" stringByAppendingString:[self path]] dataUsingEncoding:NSUTF8StringEncoding];
+}
 + (instancetype)URLByResolvingBookmarkData:(NSData *)d options:(NSUInteger)o relativeToURL:(NSURL *)u bookmarkDataIsStale:(BOOL *)s error:(NSError **)e {
   NSString *t = [[[NSString alloc] initWithData:d encoding:NSUTF8StringEncoding] autorelease];
   if (s) *s = NO;
@@ -120,7 +123,7 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
     if (!(o & NSDirectoryEnumerationSkipsHiddenFiles) || ![n hasPrefix:@"."]) [r addObject:[NSURL fileURLWithPath:[[u path] stringByAppendingPathComponent:n]]];
   return r;
 }
-- (NSURL *)homeDirectoryForCurrentUser { return [NSURL fileURLWithPath:NSHomeDirectory()]; }
+- (NSURL *)homeDirectoryForCurrentUser { return [NSURL fileURLWithPath:[NSString stringWithUTF8String:getenv("HOME")]]; } /* base 1.28 asks the user database */
 @end
 @implementation NSString (CompatMac)
 /* base 1.28 ignores NSCaseInsensitiveSearch when NSNumericSearch is given */

@@ -14,6 +14,3 @@ CFTypeRef SCDynamicStoreCopyValue(SCDynamicStoreRef, CFStringRef key);
 #ifdef __cplusplus
 }
 #endif
-#ifndef CFSTR
-#define CFSTR(text) ((__bridge CFStringRef) @text)
-#endif
