@@ -5,8 +5,7 @@
 #import "platform/macos/Factories.h"
 #import "platform/macos/ProgramFolders.h"
 
-#include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace zv {
 
@@ -110,7 +109,8 @@ MacFindings CommandLineServices::findings()
 std::vector<DoctorCheck> CommandLineServices::doctorChecks()
 {
     auto checks = programChecks(m_program, resources(), files(), store(), { { "Items", itemsFolder() }, { "Backups", backupsFolder() } });
-    std::ranges::move(macChecks(findings()), std::back_inserter(checks));
+    for (auto& check : macChecks(findings()))
+        checks.push_back(std::move(check));
     return checks;
 }
 

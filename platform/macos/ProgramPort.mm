@@ -52,7 +52,7 @@ public:
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
                                               auto const reason = error ? std::optional(describe(error)) : std::nullopt;
-                                              performOnMain(^{ *failure = reason; });
+                                              performOnMain([failure, reason] { *failure = reason; });
                                           }];
         turnRunLoopUntil([&] { return failure->has_value() || isRunning(); }, patienceWithStart);
         if (*failure || isRunning())

@@ -47,6 +47,7 @@ class Commands(unittest.TestCase):
         shown = self.done("menu", "--expand", "1")
         self.assertTrue(shown.startswith("About This Mac\n"), shown)
         self.assertIn("Zanthe Vell Items ▸\n  Sub ▸\n    (Loading…)\n  Example.txt", shown)
+        self.assertLess(shown.index("  File 9\n"), shown.index("  File 10\n"))
         self.assertLess(shown.index("Recent Items ▸\n  (No Items)"), shown.index("Running Applications ▸\n  (No Items)"))
         self.assertIn("⌘,", shown)
         entries = json.loads(self.done("menu", "--json", "--option"))["items"]

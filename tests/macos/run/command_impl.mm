@@ -55,6 +55,11 @@ int renamex_np(char const* from, char const* to, unsigned) { return std::rename(
     return 0;
 }
 @end
+@implementation NSMetadataQuery (CompatMac2)
+- (void)setOperationQueue:(NSOperationQueue*)queue
+{
+}
+@end
 @implementation NSData (CompatMac2)
 + (instancetype)dataWithContentsOfURL:(NSURL*)url options:(NSUInteger)options error:(NSError**)error
 {
