@@ -31,37 +31,37 @@ void appendEscape(std::string& text, char c)
 
 void appendPercentEncoded(std::string& text, std::string_view bytes)
 {
-    auto const* const firstReserved = std::find_if_not(bytes.begin(), bytes.end(), isUnreserved);
-    text.append(bytes.begin(), firstReserved);
-    for (auto const* c = firstReserved; c != bytes.end(); ++c) {
-        if (isUnreserved(*c))
-            text += *c;
-        else
-            appendEscape(text, *c);
+    while (!bytes.empty()) {
+        auto const* const reserved = std::find_if_not(bytes.begin(), bytes.end(), isUnreserved);
+        text.append(bytes.begin(), reserved);
+        bytes.remove_prefix(static_cast<std::size_t>(reserved - bytes.begin()));
+        if (bytes.empty())
+            return;
+        appendEscape(text, bytes.front());
+        bytes.remove_prefix(1);
     }
 }
 
 int hexValue(char c)
 {
-    if (std::isdigit(static_cast<unsigned char>(c)))
+    if (c >= '0' && c <= '9')
         return c - '0';
-    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+    auto const lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 std::string percentDecoded(std::string_view text)
 {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        bool const isEscape = text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 && hexValue(text[i + 2]) >= 0;
-        if (!isEscape) {
-            bytes += text[i];
-            continue;
-        }
-        bytes += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
-        i += 2;
+    for (auto percent = text.find('%'); percent != std::string_view::npos; percent = text.find('%')) {
+        bytes += text.substr(0, percent);
+        text.remove_prefix(percent);
+        bool const isEscape = text.size() > 2 && hexValue(text[1]) >= 0 && hexValue(text[2]) >= 0;
+        bytes += isEscape ? static_cast<char>(hexValue(text[1]) * 16 + hexValue(text[2])) : '%';
+        text.remove_prefix(isEscape ? 3 : 1);
     }
+    bytes += text;
     return bytes;
 }
 
