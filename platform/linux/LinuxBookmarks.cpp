@@ -28,17 +28,25 @@ struct Identity {
     std::int64_t birth = 0;
 };
 
+struct Entry {
+    Identity identity;
+    bool isLink;
+};
+
 constexpr std::size_t headerSize = signature.size() + sizeof(Identity);
 
 /// Of the entry itself, not of what a link leads to.
-std::optional<Identity> identityAt(int folder, char const* path)
+std::optional<Entry> entryAt(int folder, char const* path)
 {
     struct statx status { };
-    if (::statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_INO | STATX_BTIME, &status) != 0)
+    // The time of the last change is asked for because kernels stamp what happens after such a
+    // question more finely: a file that is made a moment later then has another time of birth.
+    constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_BTIME | STATX_CTIME;
+    if (::statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
         return std::nullopt;
     bool const hasBirth = (status.stx_mask & STATX_BTIME) != 0;
     auto const birth = hasBirth ? status.stx_btime.tv_sec * 1'000'000'000 + status.stx_btime.tv_nsec : 0;
-    return Identity { ::makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino, birth };
+    return Entry { { ::makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino, birth }, S_ISLNK(status.stx_mode) };
 }
 
 /// Device numbers may change from one start of the system to the next, so the birth time, too,
@@ -49,10 +57,14 @@ bool isSameFile(Identity const& recorded, Identity const& found)
     return recorded.inode == found.inode && hasSameBirth && (recorded.device == found.device || recorded.birth != 0);
 }
 
-bool existsFollowingLinks(std::string const& path)
+/// Nothing for a link that leads nowhere, too.
+std::optional<Identity> identityOf(std::string const& path)
 {
-    struct stat status { };
-    return ::fstatat(AT_FDCWD, path.c_str(), &status, AT_NO_AUTOMOUNT) == 0;
+    auto const entry = entryAt(AT_FDCWD, path.c_str());
+    struct stat target { };
+    if (!entry || (entry->isLink && ::fstatat(AT_FDCWD, path.c_str(), &target, AT_NO_AUTOMOUNT) != 0))
+        return std::nullopt;
+    return entry->identity;
 }
 
 struct CloseFolder {
@@ -70,8 +82,8 @@ std::optional<std::string> findBeside(std::string const& path, Identity const& i
         // Only the entry with the right number is worth a closer look.
         if (entry->d_ino != identity.inode)
             continue;
-        auto const found = identityAt(::dirfd(stream.get()), entry->d_name);
-        if (found && isSameFile(identity, *found))
+        auto const found = entryAt(::dirfd(stream.get()), entry->d_name);
+        if (found && isSameFile(identity, found->identity))
             return (folder == "/" ? folder : folder + "/") + entry->d_name;
     }
     return std::nullopt;
@@ -114,7 +126,7 @@ std::optional<BookmarkData> LinuxBookmarks::create(Url const& url) const
     auto const path = url.path();
     if (m_mounts.isRemote(path))
         return std::nullopt;
-    auto const identity = existsFollowingLinks(path) ? identityAt(AT_FDCWD, path.c_str()) : std::nullopt;
+    auto const identity = identityOf(path);
     return identity ? std::optional(dataOf(*identity, path)) : std::nullopt;
 }
 
@@ -125,13 +137,11 @@ std::optional<ResolvedBookmark> LinuxBookmarks::resolve(BookmarkData const& data
         return std::nullopt;
     if (m_mounts.isRemote(recorded->path))
         return ResolvedBookmark { Url::fromPath(recorded->path), false };
-    if (existsFollowingLinks(recorded->path)) {
-        // A program that saves by replacing the file leaves another one in its place.
-        auto const identity = identityAt(AT_FDCWD, recorded->path.c_str());
-        return ResolvedBookmark { Url::fromPath(recorded->path), !identity || !isSameFile(recorded->identity, *identity) };
-    }
+    // A program that saves by replacing the file leaves another one in its place.
+    if (auto const identity = identityOf(recorded->path))
+        return ResolvedBookmark { Url::fromPath(recorded->path), !isSameFile(recorded->identity, *identity) };
     auto const moved = findBeside(recorded->path, recorded->identity);
-    if (!moved || !existsFollowingLinks(*moved))
+    if (!moved || !identityOf(*moved))
         return std::nullopt;
     return ResolvedBookmark { Url::fromPath(*moved), true };
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <poll.h>
+#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -18,6 +19,14 @@ std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path
     auto const& mounts = table.mounts();
     bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return isRemoteFileSystem(mount.type); });
     return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
+}
+
+/// Of the kernel's clock that costs next to nothing to read: some milliseconds long.
+std::int64_t currentTick()
+{
+    timespec now {};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return std::int64_t { now.tv_sec } * 1'000'000'000 + now.tv_nsec;
 }
 
 } // namespace
@@ -51,10 +60,14 @@ bool MountWatch::isRemote(std::string_view path)
     return mounts->hasRemote && mounts->table.follow(path).kind == MountTable::Fate::Kind::remote;
 }
 
-bool MountWatch::hasChanged() const
+bool MountWatch::hasChanged()
 {
     if (m_file < 0)
         return true;
+    // A menu asks once for each of its items.
+    auto const tick = currentTick();
+    if (m_askedAt.exchange(tick) == tick)
+        return false;
     pollfd watched { m_file, POLLPRI, 0 };
     return poll(&watched, 1, 0) > 0 && (watched.revents & (POLLPRI | POLLERR)) != 0;
 }

@@ -3,13 +3,15 @@
 #include "platform/linux/MountTable.h"
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace zv {
 
-/// The mount table as it stands, read again only after the kernel says that it changed. Any thread.
+/// The mount table as it stood some milliseconds ago at most, read again only after the kernel
+/// says that it changed. Any thread.
 class MountWatch {
 public:
     struct Snapshot {
@@ -29,10 +31,11 @@ public:
     [[nodiscard]] bool isRemote(std::string_view path);
 
 private:
-    [[nodiscard]] bool hasChanged() const;
+    [[nodiscard]] bool hasChanged();
 
     std::string m_path;
     int m_file; ///< polled only: the kernel marks it when something is mounted or unmounted
+    std::atomic<std::int64_t> m_askedAt { -1 }; ///< the tick of the clock in which the kernel was asked last
     std::atomic<std::shared_ptr<Snapshot const>> m_snapshot;
 };
 
