@@ -113,7 +113,7 @@ private:
     fakes::FakeApplication m_application;
     KresUpdater m_updater { { m_resources, { m_userNotifications, m_application, m_resources },
         [](UpdateChannels&, UpdateUserDriver&) { return std::make_unique<fakes::FakeUpdateEngine>(); } } };
-    ThemeIcons m_themeIcons { m_time };
+    ThemeIcons m_themeIcons { m_time, m_time };
     MenuIcon m_icons { m_themeIcons, Url::fromPath("/") };
     fakes::FakeFilePanels m_panels;
     fakes::FakeAlerts m_alerts;

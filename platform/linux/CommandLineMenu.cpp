@@ -85,7 +85,7 @@ struct CommandLineMenu::Parts {
         , servers(loop, DesktopRecentServers::standardFiles())
         , addresses(loop, access.buses.system)
         , panes(catalog, desktops)
-        , pictures(loop)
+        , pictures(loop, loop)
         , queries({ loop, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
         , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, countedRunning })
         , desktop(access, "/etc/os-release", tasks)

@@ -59,7 +59,7 @@ protected:
 
     tests::TemporaryFolder disk;
     fakes::FakeTime time;
-    ThemeIcons icons { time };
+    ThemeIcons icons { time, time };
 
 private:
     QString m_previousTheme;
@@ -118,6 +118,7 @@ TEST_F(ThemeIconsTest, FollowAFileThatBecameAnotherOneByTheNextMenu)
     std::filesystem::remove(disk.path("x.txt"));
     disk.write("x.txt", "");
     EXPECT_EQ(imageOf(fileIcon("x.txt")).pixelColor(8, 8), QColor(Qt::red)) << "drawn at once from what is known";
+    time.advance(std::chrono::seconds(1));
     time.runTasks();
     EXPECT_EQ(imageOf(fileIcon("x.txt")).pixelColor(8, 8), QColor(Qt::green));
 }
@@ -137,11 +138,12 @@ TEST_F(ThemeIconsTest, OutliveTheirSource)
 {
     ImageRef image;
     {
-        ThemeIcons shortLived(time);
+        ThemeIcons shortLived(time, time);
         image = shortLived.fileIcon(Url::fromPath(disk.makeFolder("sub")));
         (void)menuIconOf(image);
         (void)shortLived.fileIcon(Url::fromPath(disk.path("sub")));
     }
+    time.advance(std::chrono::seconds(1));
     time.runTasks();
     EXPECT_GT(paintedPixels(imageOf(image)), 30);
 }

@@ -18,7 +18,7 @@ namespace {
 
 // Far more than menus show; then everything is forgotten, which costs one slow menu.
 constexpr std::size_t mostKnown = 20'000;
-constexpr qsizetype mostDrawn = 4'000;
+constexpr std::size_t mostDrawn = 4'000;
 constexpr int linkEmblemSize = 8;
 
 /// One for each scale factor that a menu may be shown at.
@@ -79,6 +79,14 @@ QPixmap drawn(FileIconNames const& names, QIcon const& source, qreal scale)
     return canvas;
 }
 
+std::string keyOf(FileIconNames const& names)
+{
+    auto key = std::to_string(static_cast<int>(names.shape)) + (names.isLink ? "l\n" : "-\n") + names.imageFile;
+    for (auto const& name : names.names)
+        key += '\n' + name;
+    return key;
+}
+
 } // namespace
 
 QString firstThemeName(FileIconNames const& names)
@@ -90,46 +98,74 @@ QString firstThemeName(FileIconNames const& names)
     return {};
 }
 
-FileIconNames const* IconPictures::known(std::string const& path) const
+std::shared_ptr<IconLook> IconPictures::known(std::string const& path) const
 {
     auto const found = m_known.find(path);
-    return found == m_known.end() ? nullptr : &found->second;
+    return found == m_known.end() ? nullptr : found->second;
 }
 
-void IconPictures::remember(std::string const& path, FileIconNames names)
+std::shared_ptr<IconLook> IconPictures::remember(std::string const& path, FileIconNames names)
 {
-    if (m_known.size() >= mostKnown)
+    if (m_known.size() >= mostKnown) {
         m_known.clear();
-    m_known.insert_or_assign(path, std::move(names));
+        forgetDrawn();
+        m_looks.clear();
+    }
+    auto look = lookOf(std::move(names));
+    m_known.insert_or_assign(path, look);
+    return look;
 }
 
-bool IconPictures::isDrawn(FileIconNames const& names) const { return m_drawn.contains(keyOf(names)); }
-
-QIcon IconPictures::picture(FileIconNames const& names)
+std::shared_ptr<IconLook> IconPictures::lookOf(FileIconNames names)
 {
-    auto const key = keyOf(names);
-    if (auto const found = m_drawn.constFind(key); found != m_drawn.constEnd())
-        return *found;
-    if (m_drawn.size() >= mostDrawn)
-        m_drawn.clear();
-    auto const source = sourceOf(names);
+    auto& look = m_looks[keyOf(names)];
+    if (!look)
+        look = std::make_shared<IconLook>(IconLook { .names = std::move(names), .drawn = {} });
+    return look;
+}
+
+bool IconPictures::isDrawn(IconLook const& look)
+{
+    followThemeAndScreens();
+    return look.drawnFor == m_number;
+}
+
+QIcon IconPictures::picture(IconLook& look)
+{
+    if (isDrawn(look))
+        return look.drawn;
+    if (m_drawnCount >= mostDrawn)
+        forgetDrawn();
+    auto const source = sourceOf(look.names);
     QIcon icon;
-    for (auto const scale : screenScales())
-        icon.addPixmap(drawn(names, source, scale));
-    m_drawn.insert(key, icon);
+    for (auto const scale : m_scales)
+        icon.addPixmap(drawn(look.names, source, scale));
+    look.drawn = icon;
+    look.drawnFor = m_number;
+    ++m_drawnCount;
     return icon;
 }
 
 /// A picture is good for one theme and one set of screens.
-QString IconPictures::keyOf(FileIconNames const& names)
+void IconPictures::followThemeAndScreens()
 {
-    auto key = QIcon::themeName() + QLatin1Char('\n') + QString::fromStdString(names.imageFile);
-    for (auto const& name : names.names)
-        key += QLatin1Char('\n') + QString::fromStdString(name);
-    key += QLatin1Char('\n') + QString::number(static_cast<int>(names.shape)) + QLatin1Char(names.isLink ? 'l' : '-');
-    for (auto const scale : screenScales())
-        key += QLatin1Char(' ') + QString::number(scale);
-    return key;
+    auto const theme = QIcon::themeName();
+    auto scales = screenScales();
+    if (theme == m_theme && scales == m_scales)
+        return;
+    forgetDrawn();
+    ++m_number;
+    m_theme = theme;
+    m_scales = std::move(scales);
+}
+
+void IconPictures::forgetDrawn()
+{
+    for (auto const& [key, look] : m_looks) {
+        look->drawn = {};
+        look->drawnFor = -1;
+    }
+    m_drawnCount = 0;
 }
 
 } // namespace zv

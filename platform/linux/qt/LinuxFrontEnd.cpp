@@ -103,7 +103,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_computer("/", m_runLoop)
     , m_sessionEvents(m_access, m_runLoop)
     , m_scripts(m_access, DockStore::ofThisMachine(m_directories), m_runLoop)
-    , m_icons(m_runLoop)
+    , m_icons(m_runLoop, m_runLoop)
     , m_recentlyUsed(
           { m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
     , m_volumes(m_runLoop, m_runLoop)

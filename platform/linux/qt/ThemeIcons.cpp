@@ -12,6 +12,9 @@ namespace zv {
 
 namespace {
 
+// By then the menu that asked for the pictures is on screen, and the machine has time.
+constexpr std::chrono::milliseconds secondLookDelay { 400 };
+
 /// The name for those who look the picture up themselves. Without a display nobody knows
 /// what the theme has: then the best name stands.
 std::string shownName(FileIconNames const& names)
@@ -28,16 +31,16 @@ class NamedImage : public ThemeImage {
 public:
     NamedImage(std::shared_ptr<IconPictures> pictures, FileIconNames names)
         : m_pictures(std::move(pictures))
-        , m_names(std::move(names))
+        , m_look(m_pictures->lookOf(std::move(names)))
     {
     }
-    std::string name() const override { return shownName(m_names); }
-    QIcon icon() const override { return m_pictures->picture(m_names); }
-    bool isReady() const override { return m_pictures->isDrawn(m_names); }
+    std::string name() const override { return shownName(m_look->names); }
+    QIcon icon() const override { return m_pictures->picture(*m_look); }
+    bool isReady() const override { return m_pictures->isDrawn(*m_look); }
 
 private:
     std::shared_ptr<IconPictures> m_pictures;
-    FileIconNames m_names;
+    std::shared_ptr<IconLook> m_look;
 };
 
 /// The picture of a file, which is looked at when the picture is drawn for the first time.
@@ -49,22 +52,19 @@ public:
         , m_path(std::move(path))
     {
     }
-    std::string name() const override { return shownName(names()); }
-    QIcon icon() const override { return m_pictures->picture(names()); }
+    std::string name() const override { return shownName(look()->names); }
+    QIcon icon() const override { return m_pictures->picture(*look()); }
     bool isReady() const override
     {
-        auto const* known = m_pictures->known(m_path);
+        auto const known = m_pictures->known(m_path);
         return known && m_pictures->isDrawn(*known);
     }
 
 private:
-    [[nodiscard]] FileIconNames names() const
+    [[nodiscard]] std::shared_ptr<IconLook> look() const
     {
-        if (auto const* known = m_pictures->known(m_path))
-            return *known;
-        auto found = iconNamesOfFile(m_path, m_mounts->current()->table);
-        m_pictures->remember(m_path, found);
-        return found;
+        auto known = m_pictures->known(m_path);
+        return known ? known : m_pictures->remember(m_path, iconNamesOfFile(m_path, m_mounts->current()->table));
     }
 
     std::shared_ptr<IconPictures> m_pictures;
@@ -81,8 +81,9 @@ public:
 
 } // namespace
 
-ThemeIcons::ThemeIcons(Tasks& tasks)
+ThemeIcons::ThemeIcons(Tasks& tasks, Timers& timers)
     : m_tasks(tasks)
+    , m_timers(timers)
     , m_mounts(std::make_shared<MountWatch>("/proc/self/mountinfo"))
     , m_pictures(std::make_shared<IconPictures>())
 {
@@ -119,7 +120,7 @@ void ThemeIcons::lookAgainLater(std::string const& path)
 {
     m_toLookAt.push_back(path);
     if (m_toLookAt.size() == 1)
-        m_tasks.runOnMain(m_lifetime.guard([this] { lookAgain(); }));
+        m_secondLook = m_timers.after(secondLookDelay, m_lifetime.guard([this] { lookAgain(); }));
 }
 
 void ThemeIcons::lookAgain()

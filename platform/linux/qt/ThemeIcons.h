@@ -3,6 +3,7 @@
 #include "base/Lifetime.h"
 #include "platform/IconSource.h"
 #include "platform/Tasks.h"
+#include "platform/Timers.h"
 #include "platform/linux/FileIconNames.h"
 #include "platform/linux/MountWatch.h"
 #include "platform/linux/qt/ThemeImage.h"
@@ -17,11 +18,11 @@ class IconPictures;
 
 /// Pictures from the desktop's icon theme. What was drawn once is kept for the program's
 /// life and drawn at once the next time; whether a file has become another one meanwhile is
-/// looked up in the background, after the menu is on screen. Main thread only.
+/// looked up in the background, a while after the menu is on screen. Main thread only.
 class ThemeIcons : public IconSource {
 public:
-    /// `tasks` outlives this. Needs no display until a picture is drawn.
-    explicit ThemeIcons(Tasks& tasks);
+    /// Both outlive this. Needs no display until a picture is drawn.
+    ThemeIcons(Tasks& tasks, Timers& timers);
     ~ThemeIcons() override;
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
@@ -35,9 +36,11 @@ private:
     void lookAgain();
 
     Tasks& m_tasks;
+    Timers& m_timers;
     std::shared_ptr<MountWatch> m_mounts;
     std::shared_ptr<IconPictures> m_pictures;
     std::vector<std::string> m_toLookAt;
+    std::unique_ptr<Timer> m_secondLook;
     Lifetime m_lifetime;
 };
 
