@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPixmap>
+#include <QScreen>
 #include <QStyleOptionMenuItem>
 
 #include <gtest/gtest.h>
@@ -40,6 +41,23 @@ struct SlowImage : ThemeImage {
     mutable int fetched = 0;
 };
 
+struct ReadyImage : ThemeImage {
+    std::string name() const override { return "ready"; }
+    bool isReady() const override { return true; }
+    QIcon icon() const override { return kept.isNull() ? kept = QIcon(pixmap) : kept; }
+    QPixmap pixmap { 16, 16 };
+    mutable QIcon kept;
+};
+
+struct CountingStyle : MenuStyle {
+    void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const override
+    {
+        ++drawn;
+        MenuStyle::drawControl(element, option, painter, widget);
+    }
+    mutable int drawn = 0;
+};
+
 /// Tells what it has the style draw.
 struct SeenWindow : MenuWindow {
     using MenuWindow::MenuWindow;
@@ -49,6 +67,8 @@ struct SeenWindow : MenuWindow {
         initStyleOption(&option, actions()[index]);
         return option.text;
     }
+    /// What is on screen.
+    QImage shown() { return screen()->grabWindow(winId()).toImage(); }
 };
 
 class MenuWindowTest : public testing::Test {
@@ -56,7 +76,8 @@ protected:
     void SetUp() override
     {
         ensureApplication();
-        qApp->setStyle(new MenuStyle);
+        style = new CountingStyle;
+        qApp->setStyle(style);
         window = std::make_unique<SeenWindow>(nullptr);
         window->onChosen = [](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
     }
@@ -65,6 +86,29 @@ protected:
         top = FillingMenu::make(std::move(entries));
         window->setMenu(top->menu);
         window->popup({ 10, 10 });
+    }
+    void closeAndForget()
+    {
+        window->close();
+        window->forget();
+        top = nullptr;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Has it painted.
+    static void settle()
+    {
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+    }
+    /// How a window that never showed anything else shows the entries.
+    QImage drawnAnew(std::shared_ptr<Menu> const& menu)
+    {
+        SeenWindow fresh(nullptr);
+        auto const filling = FillingMenu::make(menu->entries);
+        fresh.setMenu(filling->menu);
+        fresh.popup({ 10, 10 });
+        settle();
+        return fresh.shown();
     }
     void press(int key, QString const& text = {}, Qt::KeyboardModifiers modifiers = {})
     {
@@ -83,6 +127,7 @@ protected:
     }
 
     std::shared_ptr<FillingMenu> top;
+    CountingStyle* style = nullptr;
     std::unique_ptr<SeenWindow> window;
     std::vector<std::string> done;
 };
@@ -266,17 +311,83 @@ TEST_F(MenuWindowTest, PicturesThatAreNotAtHandComeAfterTheMenu)
     EXPECT_EQ(window->actions()[0]->icon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
 }
 
-TEST_F(MenuWindowTest, ForgettingLetsGoOfEverything)
+TEST_F(MenuWindowTest, ForgettingLetsGoOfAllThatEntriesHold)
 {
     auto entry = leaf("Held");
-    std::weak_ptr<MenuActionTarget> const held = entry.target;
-    open({ std::move(entry) });
-    top->next.clear();
-    window->close();
-    window->forget();
-    top->menu->entries.clear();
-    EXPECT_TRUE(held.expired());
-    EXPECT_TRUE(window->actions().isEmpty());
+    entry.image = std::make_shared<SlowImage>();
+    std::weak_ptr<MenuActionTarget> const target = entry.target;
+    std::weak_ptr<Image const> const image = entry.image;
+    auto sub = FillingMenu::make({ leaf("one") });
+    std::weak_ptr<FillingMenu> const delegate = sub;
+    open({ std::move(entry), branch("Folder", std::exchange(sub, nullptr)) });
+    press(Qt::Key_End);
+    press(Qt::Key_Right);
+    ASSERT_TRUE(window->actions()[1]->menu()->isVisible());
+    closeAndForget();
+    EXPECT_TRUE(target.expired());
+    EXPECT_TRUE(image.expired());
+    EXPECT_TRUE(delegate.expired());
+
+    open(std::vector<MenuEntry>(2000, leaf("one of many")));
+    closeAndForget();
+    EXPECT_TRUE(window->actions().isEmpty()) << "not kept for the next time, as too many";
+}
+
+TEST_F(MenuWindowTest, AnUnchangedMenuIsShownAsItWasAndAnyChangeIsSeen)
+{
+    auto pictured = [](QColor const& color) {
+        auto image = std::make_shared<ReadyImage>();
+        image->pixmap.fill(color);
+        return image;
+    };
+    auto const red = pictured(Qt::red);
+    auto const blue = pictured(Qt::blue);
+    auto entries = [&](auto change) {
+        std::vector<MenuEntry> all { leaf("one", note("one")), leaf("two"), MenuEntry::separator(), branch("Folder", FillingMenu::make({ leaf("x") })) };
+        all[0].image = red;
+        change(all);
+        return all;
+    };
+    using Entries = std::vector<MenuEntry>;
+    struct Row {
+        char const* what;
+        std::function<void(Entries&)> change;
+        bool isDrawn;
+    };
+    Row const rows[] = {
+        { "as it was", [](Entries&) {}, false },
+        { "a title", [](Entries& all) { all[1].title = "other"; }, true },
+        { "the same again", [](Entries& all) { all[1].title = "other"; }, false },
+        { "one fewer, in other places", [](Entries& all) { all.erase(all.begin()); }, true },
+        { "one more", [](Entries&) {}, true },
+        { "a picture", [&](Entries& all) { all[0].image = blue; }, true },
+        { "a mark", [](Entries& all) { all[0].isMarked = true; }, true },
+        { "a disabled one", [](Entries& all) { all[0].enabled = false; }, true },
+        { "a shortcut", [](Entries& all) { all[0].keyEquivalent = "x"; }, true },
+        { "italics",
+            [](Entries& all) {
+                all[0].attributedTitle = AttributedTitle { "one", true, "", 0 };
+            },
+            true },
+        { "no folder", [](Entries& all) { all.pop_back(); }, true },
+        { "plain again", [](Entries&) {}, true },
+    };
+    open(entries([](Entries&) {}));
+    settle();
+    closeAndForget();
+    for (auto const& row : rows) {
+        auto const drawnBefore = style->drawn;
+        open(entries(row.change));
+        settle();
+        EXPECT_EQ(style->drawn != drawnBefore, row.isDrawn) << row.what;
+        auto const shown = window->shown();
+        EXPECT_EQ(shown, drawnAnew(top->menu)) << row.what;
+        closeAndForget();
+    }
+    open(entries([](Entries&) {}));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(done, std::vector<std::string> { "one" }) << "what it does is of this opening";
 }
 
 TEST_F(MenuWindowTest, AVeryLongNameLosesItsMiddleNotTheMenuItsShape)

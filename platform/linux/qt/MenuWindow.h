@@ -3,6 +3,7 @@
 #include "app/menubar/MenuFilter.h"
 
 #include <QMenu>
+#include <QPixmap>
 
 #include <functional>
 #include <memory>
@@ -14,6 +15,7 @@ class QLabel;
 namespace zv {
 
 class Menu;
+class EntryAction;
 class MenuActionTarget;
 struct MenuEntry;
 
@@ -28,7 +30,8 @@ public:
     void setMenu(std::shared_ptr<Menu> menu);
     /// Fills the window from the menu as it stands.
     void mirror();
-    /// Drops what was mirrored; the window itself stays for the next time.
+    /// Lets go of the menu and makes ready for the next time, in which most menus look the
+    /// same: the window stays, and so does what its entries look like.
     void forget();
 
     /// Runs what an entry does; called by the window at the root of the tree.
@@ -41,15 +44,37 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, QAction const* action) const override;
 
 private:
-    class QuietChanges;
+    /// While it lives, changes of the actions do not lay the menu out anew, which takes as long
+    /// as the menu is; once at the end is enough.
+    class QuietChanges {
+    public:
+        explicit QuietChanges(MenuWindow& window)
+            : m_window(window)
+            , m_wasVisible(window.isVisible())
+        {
+            m_window.setAttribute(Qt::WA_WState_Visible, false);
+        }
+        ~QuietChanges() { m_window.setAttribute(Qt::WA_WState_Visible, m_wasVisible); }
+        QuietChanges(QuietChanges const&) = delete;
+        QuietChanges& operator=(QuietChanges const&) = delete;
 
-    [[nodiscard]] QAction* actionFor(MenuEntry const& entry);
-    [[nodiscard]] QAction* submenuActionFor(MenuEntry const& entry);
-    void dress(QAction& action, MenuEntry const& entry);
+    private:
+        MenuWindow& m_window;
+        bool m_wasVisible;
+    };
+
+    [[nodiscard]] static bool isSelectable(QAction const* action) { return action->isVisible() && !action->isSeparator() && action->isEnabled(); }
+    void show(EntryAction& action, MenuEntry const& entry);
+    void giveSubmenu(EntryAction& action, std::shared_ptr<Menu> const& menu);
+    void takeSubmenu(EntryAction& action);
+    void forgetSubmenu(EntryAction& action);
+    void addEntryActions(std::size_t count);
+    void dropEntryActions(std::size_t from);
     [[nodiscard]] MenuWindow* root();
 
     void willOpen();
@@ -58,6 +83,9 @@ private:
     void refilled();
     void selectAgain(QString const& text);
     void fetchIcons();
+    void didPaintFirst();
+    void takePicture();
+    [[nodiscard]] bool showsPicture() const;
 
     bool typed(QKeyEvent const& event);
     bool movedByKey(int key);
@@ -65,24 +93,23 @@ private:
     void press(int key, int times = 1);
     void applyFilter();
     void showTyped();
+    void dropTypedLine();
     void layOutAgain();
-
-    struct PendingIcon {
-        QAction* action;
-        std::size_t entry;
-    };
 
     std::shared_ptr<Menu> m_menu;
     MenuFilter m_filter;
-    std::vector<QAction*> m_entryActions; ///< one an entry, in their order
-    std::vector<PendingIcon> m_pendingIcons;
+    std::vector<EntryAction*> m_entryActions; ///< one an entry, in their order
+    std::vector<EntryAction*> m_pendingIcons;
     QAction* m_typedLine = nullptr;
     QLabel* m_typedText = nullptr; ///< of that line, which owns it
+    QPixmap m_picture; ///< of the window as it opens, with nothing selected; null when it looks otherwise by now
     bool m_changesQuietly = false;
     bool m_isLayingOut = false;
     bool m_iconsScheduled = false;
     bool m_handlesKey = false;
     bool m_awaitsPaint = false; ///< as a whole, since it was shown
+    bool m_isPosing = false; ///< for the picture
+    bool m_isJustPainted = false; ///< as a whole, in this turn of the loop
     bool m_awaitsUpdate = false; ///< the one that comes with being shown
     bool m_isOpenedByKey = false; ///< then its first entry is the selected one, however late it comes
 };
