@@ -284,6 +284,14 @@ TEST_F(MenuWindowTest, AKeyEquivalentWorksWhileTheMenuIsOpen)
     EXPECT_EQ(done, std::vector<std::string> { "customize" });
 }
 
+TEST_F(MenuWindowTest, LateNewsOfTheLastMenusEndDoesNotCloseTheNext)
+{
+    open({ leaf("one") });
+    QEvent deactivated(QEvent::ApplicationDeactivate);
+    QApplication::sendEvent(qApp, &deactivated);
+    EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(MenuWindowTest, AnEntryDeepDownIsChosenOnce)
 {
     auto const inner = FillingMenu::make({ leaf("deep", note("deep")) });

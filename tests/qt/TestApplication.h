@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QApplication>
+#include "platform/linux/qt/LinuxApplication.h"
 
 namespace zv {
 
-/// One application a program, which shows nothing; tests that run in any order share it.
+/// One application a program, the real one, which shows nothing here; tests that run in any order share it.
 inline void ensureApplication()
 {
     static int argc = 1;
@@ -13,7 +13,7 @@ inline void ensureApplication()
     if (QCoreApplication::instance())
         return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QApplication(argc, argv); // lives as long as the program
+    new LinuxApplication(argc, argv); // lives as long as the program
 }
 
 } // namespace zv

@@ -2,6 +2,7 @@
 
 #include "platform/linux/qt/LaurelIcon.h"
 #include "platform/linux/qt/MenuStyle.h"
+#include "platform/linux/qt/MenuWindow.h"
 
 #include <QLocale>
 #include <QSessionManager>
@@ -18,6 +19,11 @@ bool isOrdinaryWindow(QWidget const& widget)
 }
 
 bool changesWindows(QEvent::Type type) { return type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange || type == QEvent::Close; }
+
+/// The toolkit closes menus when the program stops being the active one. It learns of that a
+/// while after a menu gave the keyboard back, when the next menu may just have opened. An open
+/// menu has the keyboard for itself, so there is nothing to close it for.
+bool isMenuOpen() { return qobject_cast<MenuWindow const*>(QApplication::activePopupWidget()); }
 
 } // namespace
 
@@ -83,6 +89,8 @@ bool LinuxApplication::event(QEvent* event)
 bool LinuxApplication::notify(QObject* receiver, QEvent* event)
 {
     auto const type = event->type(); // the event may be gone afterwards
+    if (type == QEvent::ApplicationDeactivate && isMenuOpen())
+        return true;
     auto const* widget = changesWindows(type) && receiver->isWidgetType() ? static_cast<QWidget const*>(receiver) : nullptr;
     bool const tells = widget && widget->isWindow() && isOrdinaryWindow(*widget);
     bool const handled = QApplication::notify(receiver, event);
