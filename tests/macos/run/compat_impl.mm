@@ -243,6 +243,18 @@ UTType *const UTTypeFolder = nil;
 @implementation NSBundle (CompatMain)
 - (NSString *)compat_bundleIdentifier { return self == [NSBundle mainBundle] ? [[NSProcessInfo processInfo] processName] : [self compat_bundleIdentifier]; }
 @end
+/* The Mac's own adds an address to what it read. */
+@interface NSBundle (CompatInformation)
+- (NSDictionary *)compat_infoDictionary;
+@end
+@implementation NSBundle (CompatInformation)
+- (NSDictionary *)compat_infoDictionary {
+  NSMutableDictionary *d = [NSMutableDictionary dictionaryWithDictionary:[self compat_infoDictionary]];
+  [d setObject:[NSURL fileURLWithPath:@"/Info.plist"] forKey:@"CFBundleInfoPlistURL"];
+  if (![d objectForKey:@"CFBundleShortVersionString"]) [d setObject:@"0.1" forKey:@"CFBundleShortVersionString"];
+  return d;
+}
+@end
 /* What the settings and the notes call beside. */
 @implementation NSAttributedString (CompatMac2)
 - (NSRect)boundingRectWithSize:(NSSize)s options:(NSStringDrawingOptions)o context:(id)c { return [self boundingRectWithSize:s options:o]; }
@@ -277,6 +289,7 @@ UTType *const UTTypeFolder = nil;
   swap([NSFileManager class], @selector(contentsOfDirectoryAtURL:includingPropertiesForKeys:options:error:), @selector(compat_contentsOfDirectoryAtURL:includingPropertiesForKeys:options:error:));
   swap([NSObject class], @selector(performSelectorOnMainThread:withObject:waitUntilDone:modes:), @selector(compat_performSelectorOnMainThread:withObject:waitUntilDone:modes:));
   swap([NSBundle class], @selector(bundleIdentifier), @selector(compat_bundleIdentifier));
+  swap([NSBundle class], @selector(infoDictionary), @selector(compat_infoDictionary));
   swap([NSMenu class], @selector(update), @selector(compat_update));
   swap([NSURL class], @selector(getResourceValue:forKey:error:), @selector(compat_getResourceValue:forKey:error:));
 } }

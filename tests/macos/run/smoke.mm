@@ -285,6 +285,14 @@ void textsAreTakenApart()
     expect(withValidUtf8("a\xFFz") == "a\xEF\xBF\xBDz", "a wrong byte is replaced");
     expect(fromNSString(toNSString("a\xFFz")) == "a\xEF\xBF\xBDz", "and does not lose the text");
     expect(localizedStandardCompare("File 2", "file 10") < 0, "numbers compare by value");
+    expect(compareSortKeys(sortKey("File 2"), sortKey("file 10")) < 0 && compareSortKeys(sortKey(""), sortKey("a")) < 0, "in keys as well");
+}
+
+void theProgramKnowsItself()
+{
+    auto const resources = makeResources();
+    auto const* version = resources->information().find("CFBundleShortVersionString");
+    expect(version && version->string(), "the version is read, whatever the system adds to the property list");
 }
 
 void workLeavesAndReturns()
@@ -470,6 +478,7 @@ int main(int count, char** arguments)
         if (isFirstRun)
             return 0;
         textsAreTakenApart();
+        theProgramKnowsItself();
         propertyListsSurvive();
         menusAreMirrored();
         theSettingsItemIsFound();
