@@ -114,7 +114,12 @@ NSGridView* formGrid()
     return grid;
 }
 
-void addToForm(NSGridView* grid, NSView* title, NSView* field) { [grid addRowWithViews:[NSArray arrayWithObjects:title, field, nil]]; }
+void addToForm(NSGridView* grid, NSView* title, NSView* field)
+{
+    [title setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [field setTranslatesAutoresizingMaskIntoConstraints:NO];
+    [grid addRowWithViews:[NSArray arrayWithObjects:title, field, nil]];
+}
 
 void fill(NSView* parent, NSView* child, double margin)
 {
