@@ -392,6 +392,14 @@ TEST_F(MenuWindowTest, AnUnchangedMenuIsShownAsItWasAndAnyChangeIsSeen)
         EXPECT_EQ(shown, drawnAnew(top->menu)) << row.what;
         closeAndForget();
     }
+    auto const light = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black));
+    open(entries([](Entries&) {}));
+    settle();
+    EXPECT_EQ(window->shown(), drawnAnew(top->menu)) << "other colours";
+    QApplication::setPalette(light);
+    closeAndForget();
+
     open(entries([](Entries&) {}));
     press(Qt::Key_Down);
     press(Qt::Key_Return);

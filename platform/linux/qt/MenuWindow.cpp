@@ -304,7 +304,8 @@ void MenuWindow::takePicture()
 /// Whether the picture is what would be drawn.
 bool MenuWindow::showsPicture() const
 {
-    return !m_picture.isNull() && !activeAction() && m_picture.devicePixelRatio() == devicePixelRatioF() && m_picture.deviceIndependentSize() == QSizeF(size());
+    auto const scale = devicePixelRatioF();
+    return !m_picture.isNull() && !activeAction() && m_picture.devicePixelRatio() == scale && m_picture.size() == (QSizeF(size()) * scale).toSize();
 }
 
 /// A window that is mapped is told twice to show itself. What was asked for before the whole
