@@ -50,8 +50,10 @@ set_target_properties(zanthe-vell PROPERTIES
     BUILD_RPATH "@executable_path/../Frameworks"
     INSTALL_RPATH "@executable_path/../Frameworks")
 target_compile_options(zanthe-vell PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+# Else the system's headers make macros of words such as check and verify.
+target_compile_definitions(zanthe-vell PRIVATE __ASSERT_MACROS_DEFINE_VERSIONS_WITHOUT_UNDERSCORES=0)
 
-set(frameworks Cocoa Carbon CoreGraphics CoreServices DiskArbitration ServiceManagement SystemConfiguration UniformTypeIdentifiers UserNotifications)
+set(frameworks Cocoa ApplicationServices Carbon CoreGraphics CoreServices DiskArbitration ServiceManagement SystemConfiguration UniformTypeIdentifiers UserNotifications)
 list(TRANSFORM frameworks PREPEND "-framework ")
 target_link_libraries(zanthe-vell PRIVATE zv_cli zv_app zv_base ${frameworks})
 

@@ -206,6 +206,7 @@ class BuildTest(unittest.TestCase):
         objective = [line for line in compiled if line.endswith(".mm")]
         self.assertEqual(len(objective), sum(len([name for name in names if name.endswith(".mm")]) for _, _, names in os.walk(os.path.join(ROOT, "platform", "macos"))))
         for line in objective:
+            self.assertIn("-D__ASSERT_MACROS_DEFINE_VERSIONS_WITHOUT_UNDERSCORES=0", line)
             self.assertRegex(line, r"-fobjc-arc .*-std=c\+\+2|-std=c\+\+2.* -fobjc-arc")
         self.assertTrue(all("-arch arm64 -arch x86_64" in line and "-mmacosx-version-min=13.0" in line for line in compiled))
         self.assertEqual(len(self.lines("signed")), 1)
@@ -230,6 +231,71 @@ class ScriptsTest(unittest.TestCase):
             if os.uname().sysname != "Darwin":
                 self.assertNotEqual(ended.returncode, 0, script)
                 self.assertIn(expected, ended.stdout)
+
+
+# What each tool was called with is written down, whole calls in order.
+RELEASE_TOOLS = {
+    "uname": "echo Darwin",
+    "codesign": "called codesign",
+    "ditto": '[[ $1 == -c ]] && : > "${@: -1}" || cp -R "$1" "$2"; called ditto',
+    "spctl": "called spctl",
+    "sleep": "true",
+    "hdiutil": """called hdiutil; tries=$(grep -c ^hdiutil "$HERE/called"); [[ $tries -gt $BUSY ]] || { echo "hdiutil: create failed - Resource busy"; exit 1; }
+: > "${@: -1}\"""",
+    "plutil": """python3 -c 'import json, plistlib, sys
+contents = open(sys.argv[2], "rb").read()
+print((json.loads if contents.lstrip().startswith(b"{") else plistlib.loads)(contents)[sys.argv[1]])' "$2" "${@: -1}\"""",
+    # The real one, too, ends well when it was refused.
+    "xcrun": """called "$1"; case "$*" in *submit*) echo '{"id":"a-number","status":"'$STATUS'","message":"Processing complete"}' ;; *log*) echo "its reasons" ;; esac""",
+}
+
+
+class ReleaseTest(unittest.TestCase):
+    """The release script with pretended tools."""
+
+    def setUp(self):
+        self.here = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, self.here)
+        self.application = os.path.join(self.here, "Zanthe Vell.app")
+        framework = os.path.join(self.application, "Contents", "Frameworks", "Sparkle.framework", "Versions", "B")
+        for folder in ("Contents/MacOS", f"{framework}/XPCServices/Installer.xpc", f"{framework}/Updater.app"):
+            os.makedirs(os.path.join(self.application, folder))
+        open(os.path.join(framework, "Autoupdate"), "w", encoding="utf-8").close()
+        with open(os.path.join(self.application, "Contents", "Info.plist"), "wb") as file:
+            plistlib.dump({"CFBundleShortVersionString": "1.2.3"}, file)
+        os.makedirs(os.path.join(self.here, "bin"))
+        for name, text in RELEASE_TOOLS.items():
+            path = os.path.join(self.here, "bin", name)
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(f"#!/bin/bash\nHERE={self.here}\ncalled() {{ echo \"$1 $ARGUMENTS\" >> \"$HERE/called\"; }}\nARGUMENTS=\"$*\"\n{text}\n")
+            os.chmod(path, 0o755)
+
+    def release(self, status="Accepted", busy=0):
+        environment = {**os.environ, "PATH": f"{self.here}/bin:{os.environ['PATH']}", "SIGNING_IDENTITY": "Somebody", "NOTARY_PROFILE": "profile", "STATUS": status, "BUSY": str(busy)}
+        ended = subprocess.run([os.path.join(PACKAGING, "release"), self.application], env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        with open(os.path.join(self.here, "called"), encoding="utf-8") as file:
+            return ended, file.read().splitlines()
+
+    def test_it_signs_from_the_inside_out_and_makes_an_image_that_is_notarised_and_stapled(self):
+        ended, called = self.release(busy=2)
+        self.assertEqual(ended.returncode, 0, ended.stdout)
+        signed = [line.rsplit("/", 1)[1] for line in called if "--sign" in line]
+        self.assertEqual(signed, ["Installer.xpc", "Updater.app", "Autoupdate", "Sparkle.framework", "Zanthe Vell.app", "Zanthe Vell 1.2.3.dmg"])
+        stapled = [line.rsplit("/", 1)[1] for line in called if "stapler staple" in line]
+        self.assertEqual(stapled, ["Zanthe Vell.app", "Zanthe Vell 1.2.3.dmg"])
+        self.assertEqual(sum(line.startswith("hdiutil") for line in called), 3, "a busy disk is tried again")
+
+    def test_what_the_notary_service_refuses_goes_no_further(self):
+        ended, called = self.release(status="Invalid")
+        self.assertNotEqual(ended.returncode, 0)
+        self.assertIn("its reasons", ended.stdout)
+        self.assertIn("the notary service says Invalid", ended.stdout)
+        self.assertFalse([line for line in called if "stapler" in line or line.startswith("hdiutil")])
+
+    def test_a_disk_that_stays_busy_ends_it(self):
+        ended, called = self.release(busy=9)
+        self.assertNotEqual(ended.returncode, 0)
+        self.assertFalse([line for line in called if "--sign" in line and ".dmg" in line])
 
 
 if __name__ == "__main__":
