@@ -51,7 +51,26 @@ private:
 
 class MacToolRunner : public ToolRunner {
 public:
+    /// A tool that is waited for turns the run loop of the thread that waits: the main one
+    /// would let timers and events in, in the middle of whoever wants the answer.
     ToolResult run(ToolRequest const& request) override
+    {
+        if (![NSThread isMainThread])
+            return runHere(request);
+        auto const result = std::make_shared<ToolResult>();
+        NSConditionLock* const done = [[NSConditionLock alloc] initWithCondition:0];
+        [NSThread detachNewThreadWithBlock:^{
+            *result = runHere(request);
+            [done lock];
+            [done unlockWithCondition:1];
+        }];
+        [done lockWhenCondition:1];
+        [done unlock];
+        return std::move(*result);
+    }
+
+private:
+    static ToolResult runHere(ToolRequest const& request)
     {
         @autoreleasepool {
             if (![[NSFileManager defaultManager] isExecutableFileAtPath:toNSString(request.path)])
@@ -60,7 +79,6 @@ public:
         }
     }
 
-private:
     static NSTask* taskFor(ToolRequest const& request)
     {
         NSTask* const task = [[NSTask alloc] init];

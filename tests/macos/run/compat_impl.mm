@@ -80,6 +80,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   @catch (NSException *x) { if (e) *e = [NSError errorWithDomain:NSCocoaErrorDomain code:4 userInfo:nil]; return NO; }
 }
 @end
+@implementation NSFileHandle (CompatMac2)
+- (NSData *)readDataToEndOfFileAndReturnError:(NSError **)e { return [self readDataToEndOfFile]; }
+@end
 @implementation NSURL (CompatMac)
 - (BOOL)compat_getResourceValue:(id *)v forKey:(NSString *)k error:(NSError **)e {
   struct stat l, s; const char *p = [[self path] fileSystemRepresentation];

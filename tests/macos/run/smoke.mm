@@ -329,6 +329,32 @@ void waitingEndsWhenItIsOver()
     expect(true, "and not for ever");
 }
 
+/// Counts how often the run loop lets a timer in while the work lasts.
+int timersDuring(std::function<void()> const& work)
+{
+    auto const timers = makeTimers();
+    int ticks = 0;
+    auto const timer = timers->every(std::chrono::milliseconds(10), [&] { ++ticks; });
+    work();
+    return ticks;
+}
+
+void toolsAreWaitedFor()
+{
+    auto const tools = makeToolRunner();
+    ToolResult result;
+    auto const shell = [&](std::string script, ToolOutput output) {
+        return timersDuring([&, script, output] { result = tools->run({ "/bin/sh", { "-c", script }, output }); });
+    };
+    expect(shell("sleep 0.3", ToolOutput::discarded) == 0, "nothing happens on the main thread while it waits for a tool");
+    expect(result.end == ToolResult::End::exited && result.status == 0, "and the tool is through");
+    shell("echo out; echo err >&2; exit 3", ToolOutput::captured);
+    expect(result.status == 3 && result.output == "out\n" && result.errorOutput == "err\n", "what it says comes in two parts");
+    shell("echo out; echo err >&2", ToolOutput::capturedWithErrors);
+    expect(result.output == "out\nerr\n" && result.errorOutput.empty(), "or in one");
+    expect(tools->run({ "/nowhere/tool", {} }).end == ToolResult::End::notStarted, "a tool that is not there does not start");
+}
+
 void terminalCellsAreCounted()
 {
     auto const cells = makeCellTextMeasure();
@@ -485,6 +511,7 @@ int main(int count, char** arguments)
         filesAreTaken(arguments[2]);
         workLeavesAndReturns();
         waitingEndsWhenItIsOver();
+        toolsAreWaitedFor();
         terminalCellsAreCounted();
         commandsReachTheProgram();
         applicationsAreFound();
