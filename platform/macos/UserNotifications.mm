@@ -2,6 +2,7 @@
 #include "platform/macos/Factories.h"
 
 #include "base/Lifetime.h"
+#include "base/Log.h"
 
 #import <UserNotifications/UserNotifications.h>
 
@@ -42,6 +43,13 @@ namespace zv {
 
 namespace {
 
+/// The system refuses programs that are signed for one machine only, and says why nowhere else.
+void tellOf(NSError* error)
+{
+    if (error)
+        logLine("notifications: " + describe(error));
+}
+
 /// The centre exists for programs within a bundle alone; elsewhere nothing is ever granted.
 class MacUserNotifications : public UserNotifications {
 public:
@@ -66,6 +74,7 @@ public:
         auto const options = static_cast<UNAuthorizationOptions>(UNAuthorizationOptionAlert | UNAuthorizationOptionSound);
         [m_center requestAuthorizationWithOptions:options
                                 completionHandler:^(BOOL granted, NSError* error) {
+                                    tellOf(error);
                                     bool const isGranted = granted && !error;
                                     performOnMain([done, isGranted] { done(isGranted); });
                                 }];
@@ -79,7 +88,10 @@ public:
         if (request.playsSound)
             [content setSound:[UNNotificationSound defaultSound]];
         UNNotificationRequest* const made = [UNNotificationRequest requestWithIdentifier:toNSString(request.identifier) content:content trigger:nil];
-        [m_center addNotificationRequest:made withCompletionHandler:nil];
+        [m_center addNotificationRequest:made
+                 withCompletionHandler:^(NSError* error) {
+                     tellOf(error);
+                 }];
     }
 
     void removeDelivered(std::string const& identifier) override
