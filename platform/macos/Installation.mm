@@ -28,15 +28,22 @@ bool isOnDiskImage(NSURL* bundle)
     return [model isKindOfClass:[NSString class]] && fromNSString(model) == diskImageModel;
 }
 
-/// A copy of a download is a download still, which the system would start from a read-only
-/// copy once more. The user has let this program run already.
-void releaseFromQuarantine(NSURL* root)
+/// Only what has the mark is touched: the system watches who changes applications.
+void releaseFromQuarantine(NSString* file)
 {
     constexpr char const* attribute = "com.apple.quarantine";
-    NSString* const path = [root path];
-    removexattr(fromNSString(path).c_str(), attribute, XATTR_NOFOLLOW);
-    for (NSString* below in [[NSFileManager defaultManager] enumeratorAtPath:path])
-        removexattr(fromNSString([path stringByAppendingPathComponent:below]).c_str(), attribute, XATTR_NOFOLLOW);
+    auto const path = fromNSString(file);
+    if (getxattr(path.c_str(), attribute, nullptr, 0, 0, XATTR_NOFOLLOW) >= 0)
+        removexattr(path.c_str(), attribute, XATTR_NOFOLLOW);
+}
+
+/// A copy of a download is a download still, which the system would start from a read-only
+/// copy once more. The user has let this program run already.
+void releaseAllFromQuarantine(NSString* root)
+{
+    releaseFromQuarantine(root);
+    for (NSString* below in [[NSFileManager defaultManager] enumeratorAtPath:root])
+        releaseFromQuarantine([root stringByAppendingPathComponent:below]);
 }
 
 MaybeFailure<> failureOf(BOOL succeeded, NSError* error)
@@ -85,7 +92,7 @@ public:
         NSError* error = nil;
         BOOL const copied = [files() copyItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
         if (copied)
-            releaseFromQuarantine(toNSURL(to));
+            releaseAllFromQuarantine([toNSURL(to) path]);
         return failureOf(copied, error);
     }
 
@@ -101,6 +108,8 @@ public:
                                              resultingItemURL:nullptr
                                                         error:&error]
                                   : [files() moveItemAtURL:toNSURL(from) toURL:target error:&error];
+        if (done)
+            releaseFromQuarantine([target path]); // what it replaced may have passed a mark on
         return failureOf(done, error);
     }
 
