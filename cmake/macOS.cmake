@@ -60,9 +60,11 @@ target_link_libraries(zanthe-vell PRIVATE zv_cli zv_app zv_base ${frameworks})
 if(ZV_SPARKLE)
   add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
       COMMAND ${CMAKE_COMMAND} -E make_directory "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks"
-      COMMAND ditto "${ZV_SPARKLE}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework")
+      COMMAND ditto "${ZV_SPARKLE}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework"
+      COMMAND codesign --force --deep --preserve-metadata=entitlements --sign "${ZV_SIGNING_IDENTITY}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework")
 endif()
 
-# With a certificate, permissions once given are remembered from build to build.
+# With a certificate, permissions once given are remembered from build to build. What the
+# program may do is not what the parts of the framework may: each is signed for itself.
 add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
-    COMMAND codesign --force --deep --sign "${ZV_SIGNING_IDENTITY}" --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")
+    COMMAND codesign --force --sign "${ZV_SIGNING_IDENTITY}" --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")

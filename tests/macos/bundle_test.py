@@ -209,10 +209,12 @@ class BuildTest(unittest.TestCase):
             self.assertIn("-D__ASSERT_MACROS_DEFINE_VERSIONS_WITHOUT_UNDERSCORES=0", line)
             self.assertRegex(line, r"-fobjc-arc .*-std=c\+\+2|-std=c\+\+2.* -fobjc-arc")
         self.assertTrue(all("-arch arm64 -arch x86_64" in line and "-mmacosx-version-min=13.0" in line for line in compiled))
-        self.assertEqual(len(self.lines("signed")), 1)
+        framework, application = self.lines("signed")
+        self.assertTrue(framework.endswith("/Sparkle.framework") and "--entitlements" not in framework, framework)
+        self.assertTrue(application.endswith("/Zanthe Vell.app") and "--entitlements" in application and "--deep" not in application, application)
         self.build("-DZV_FEED_URL=https://updates.zanthevell.org/other", "-DZV_SIGNING_IDENTITY=Apple Development: Somebody")
-        self.assertEqual(len(self.lines("signed")), 2, "a changed property list is signed anew")
-        self.assertIn("--sign Apple Development: Somebody", self.lines("signed")[1])
+        self.assertEqual(len(self.lines("signed")), 4, "a changed property list is signed anew")
+        self.assertTrue(all("--sign Apple Development: Somebody" in line for line in self.lines("signed")[2:]))
 
 
 class ScriptsTest(unittest.TestCase):
