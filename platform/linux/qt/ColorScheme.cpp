@@ -29,7 +29,6 @@ QPalette darkPalette()
     palette.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
     palette.setColor(QPalette::Highlight, QColor(0x35, 0x84, 0xe4));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::PlaceholderText, QColor(0xa8, 0xa8, 0xa6));
     palette.setColor(QPalette::Link, QColor(0x78, 0xae, 0xed));
     palette.setColor(QPalette::PlaceholderText, QColor(0xa6, 0xa6, 0xa4));
     palette.setColor(QPalette::ToolTipBase, QColor(0x1e, 0x1e, 0x1e));
@@ -50,10 +49,10 @@ QVariant unwrapped(QVariant value)
 } // namespace
 
 ColorScheme::ColorScheme(QDBusConnection bus)
+    : m_changes(bus, portal(), portalPath(), settings(), QStringLiteral("SettingChanged"), [this](auto const& change) { heard(change); })
 {
     if (!bus.isConnected())
         return;
-    bus.connect(portal(), portalPath(), settings(), QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QString, QString, QDBusVariant)));
     auto call = QDBusMessage::createMethodCall(portal(), portalPath(), settings(), QStringLiteral("Read"));
     call << appearance() << colorScheme();
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
@@ -65,10 +64,11 @@ ColorScheme::ColorScheme(QDBusConnection bus)
     });
 }
 
-void ColorScheme::settingChanged(QString const& group, QString const& key, QDBusVariant const& value)
+void ColorScheme::heard(QDBusMessage const& change)
 {
-    if (group == appearance() && key == colorScheme())
-        apply(value.variant());
+    auto const arguments = change.arguments();
+    if (arguments.size() == 3 && arguments[0].toString() == appearance() && arguments[1].toString() == colorScheme())
+        apply(arguments[2]);
 }
 
 void ColorScheme::apply(QVariant const& preference)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/linux/qt/BusListener.h"
+
 #include <QDBusConnection>
-#include <QDBusVariant>
 #include <QObject>
+#include <QVariant>
 
 namespace zv {
 
@@ -14,11 +16,11 @@ public:
     /// Asks without waiting; the colours change when the answer comes.
     explicit ColorScheme(QDBusConnection bus);
 
-private Q_SLOTS:
-    void settingChanged(QString const& group, QString const& key, QDBusVariant const& value);
-
 private:
+    void heard(QDBusMessage const& change);
     void apply(QVariant const& preference);
+
+    BusListener m_changes;
 };
 
 } // namespace zv
