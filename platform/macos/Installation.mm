@@ -1,8 +1,8 @@
 #import "platform/macos/Conversions.h"
 #include "platform/macos/Factories.h"
+#import "platform/macos/Quarantine.h"
 
 #import <DiskArbitration/DiskArbitration.h>
-#include <sys/xattr.h>
 
 namespace zv {
 
@@ -31,10 +31,8 @@ bool isOnDiskImage(NSURL* bundle)
 /// Only what has the mark is touched: the system watches who changes applications.
 void releaseFromQuarantine(NSString* file)
 {
-    constexpr char const* attribute = "com.apple.quarantine";
-    auto const path = fromNSString(file);
-    if (getxattr(path.c_str(), attribute, nullptr, 0, 0, XATTR_NOFOLLOW) >= 0)
-        removexattr(path.c_str(), attribute, XATTR_NOFOLLOW);
+    if (isQuarantined(file))
+        removexattr(fromNSString(file).c_str(), quarantineAttribute, XATTR_NOFOLLOW);
 }
 
 /// A copy of a download is a download still, which the system would start from a read-only

@@ -1,5 +1,6 @@
 #import "platform/macos/Conversions.h"
 #import "platform/macos/Factories.h"
+#import "platform/macos/ProgramFolders.h"
 #import "platform/macos/SparkleInterface.h"
 
 #include "base/Lifetime.h"
@@ -177,7 +178,7 @@ private:
 
 Class controllerClass()
 {
-    NSString* const path = [[[NSBundle mainBundle] privateFrameworksPath] stringByAppendingPathComponent:@"Sparkle.framework"];
+    NSString* const path = updateFramework();
     NSBundle* const framework = path ? [NSBundle bundleWithPath:path] : nil;
     return [framework load] ? NSClassFromString(@"SPUStandardUpdaterController") : Nil;
 }
