@@ -5,7 +5,7 @@
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
-#include "platform/linux/LinuxFolderReader.h"
+#include "platform/linux/files/LinuxFolderReader.h"
 #include "tests/app/menu/MenuBench.h"
 
 #include <benchmark/benchmark.h>

@@ -2,12 +2,12 @@
 #include "app/hotkeys/HotkeyPrescan.h"
 #include "base/MainThread.h"
 #include "bench/Ratio.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/LinuxFolderReader.h"
-#include "platform/linux/qt/QtRunLoop.h"
-#include "platform/linux/qt/XcbHotkeyRegistrar.h"
-#include "platform/linux/qt/XkbConnection.h"
-#include "platform/linux/qt/XkbKeyboard.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFolderReader.h"
+#include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
+#include "platform/linux/hotkeys/XkbConnection.h"
+#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/PrivateX.h"
 
 #include <QCoreApplication>

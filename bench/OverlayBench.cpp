@@ -2,9 +2,9 @@
 
 #include "app/menubar/AppleMenuOverlayController.h"
 #include "base/MainThread.h"
-#include "platform/linux/SystemClock.h"
-#include "platform/linux/qt/OverlayFrontEnd.h"
-#include "platform/linux/qt/QtRunLoop.h"
+#include "platform/linux/machine/SystemClock.h"
+#include "platform/linux/overlay/OverlayFrontEnd.h"
+#include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/DockWindow.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/fakes/FakeUserDefaults.h"

@@ -2,7 +2,7 @@
 
 #include "base/Uuid.h"
 #include "bench/Ratio.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <benchmark/benchmark.h>
 #include <plist/plist.h>

@@ -5,10 +5,10 @@
 #include "app/model/MenuStore.h"
 #include "base/MainThread.h"
 #include "bench/Ratio.h"
-#include "platform/PropertyListFormat.h"
-#include "platform/linux/LinuxBookmarks.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/PlistUserDefaults.h"
+#include "platform/linux/files/LinuxBookmarks.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/store/PlistUserDefaults.h"
+#include "platform/text/PropertyListFormat.h"
 #include "tests/fakes/FakeFiles.h"
 
 #include <benchmark/benchmark.h>

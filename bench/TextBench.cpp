@@ -1,8 +1,8 @@
 // Texts against bare ICU: what 100,000 file names cost to parse and to sort.
 
 #include "app/model/FinderPopName.h"
-#include "base/Text.h"
 #include "bench/Ratio.h"
+#include "platform/text/Text.h"
 
 #include <benchmark/benchmark.h>
 #include <unicode/ubrk.h>

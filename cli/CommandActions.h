@@ -7,7 +7,7 @@
 #include "cli/CountedWork.h"
 #include "cli/EntryChooser.h"
 #include "cli/MenuSession.h"
-#include "platform/RunningProgram.h"
+#include "platform/program/RunningProgram.h"
 
 #include <iosfwd>
 #include <memory>

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/doctor/DoctorCheck.h"
 #include "app/model/MenuBackups.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
-#include "app/shell/DoctorCheck.h"
-#include "platform/AliasFiles.h"
-#include "platform/Clock.h"
-#include "platform/FileSystem.h"
-#include "platform/RunningProgram.h"
+#include "platform/files/AliasFiles.h"
+#include "platform/files/FileSystem.h"
+#include "platform/program/RunningProgram.h"
+#include "platform/time/Clock.h"
 
 #include <iosfwd>
 #include <memory>

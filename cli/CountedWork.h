@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/RunningApplications.h"
-#include "platform/Tasks.h"
+#include "platform/lists/RunningApplications.h"
+#include "platform/time/Tasks.h"
 
 #include <functional>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/menu/Menu.h"
-#include "platform/ModifierKeys.h"
+#include "platform/desk/ModifierKeys.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "cli/EntryPath.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 

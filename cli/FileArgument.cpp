@@ -1,6 +1,6 @@
 #include "cli/FileArgument.h"
 
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <istream>
 #include <ostream>

@@ -1,7 +1,7 @@
 #include "app/menu/DisplayText.h"
-#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
+#include "platform/text/Text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/menu/Menu.h"
-#include "platform/TextMeasure.h"
+#include "platform/desk/TextMeasure.h"
 
 #include <nlohmann/json_fwd.hpp>
 

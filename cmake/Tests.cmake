@@ -21,9 +21,11 @@ function(zv_tests name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
 
-zv_tests(zv_core_tests FOLDERS base app cli LINK zv_cli zv_app zv_linux)
-zv_tests(zv_linux_tests FOLDERS linux LINK zv_app zv_linux)
-zv_tests(zv_qt_tests FOLDERS qt LINK zv_app zv_qt)
+list(TRANSFORM plain_rooms PREPEND linux/ OUTPUT_VARIABLE plain_tests)
+list(TRANSFORM toolkit_rooms PREPEND linux/ OUTPUT_VARIABLE toolkit_tests)
+zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_cli zv_app zv_linux)
+zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux)
+zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
 
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)

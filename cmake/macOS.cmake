@@ -14,11 +14,9 @@ set(ZV_SIGNING_IDENTITY "-" CACHE STRING "Certificate to sign each build with; -
 # Other versions of the compiler and the SDK warn about other things: seen, not fatal.
 target_compile_options(zv_options INTERFACE -Wno-error -Wno-unused-parameter -Wno-four-char-constants)
 
-zv_library(zv_base FOLDER base)
-file(GLOB seam_helpers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.cpp)
-target_sources(zv_base PRIVATE ${seam_helpers})
-zv_library(zv_app FOLDER app RECURSE LINK zv_base nlohmann_json::nlohmann_json)
-zv_library(zv_cli FOLDER cli LINK zv_app nlohmann_json::nlohmann_json)
+zv_library(zv_base FOLDERS base platform/files)
+zv_library(zv_app FOLDERS app LINK zv_base nlohmann_json::nlohmann_json)
+zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
 file(GLOB_RECURSE front_end CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.mm)
 set(resources

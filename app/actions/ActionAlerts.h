@@ -3,9 +3,9 @@
 #include "app/actions/SessionControl.h"
 #include "app/actions/ShortcutsProvider.h"
 #include "app/actions/SystemEventsBridge.h"
-#include "platform/Alerts.h"
-#include "platform/Application.h"
-#include "platform/ComputerInfo.h"
+#include "platform/desk/Alerts.h"
+#include "platform/desk/Application.h"
+#include "platform/session/ComputerInfo.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "app/actions/AddToItemsService.h"
 
 #include "base/MainThread.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <utility>
 

@@ -2,9 +2,9 @@
 
 #include "app/actions/ItemsFolder.h"
 #include "base/Lifetime.h"
-#include "platform/Alerts.h"
-#include "platform/Application.h"
-#include "platform/Tasks.h"
+#include "platform/desk/Alerts.h"
+#include "platform/desk/Application.h"
+#include "platform/time/Tasks.h"
 
 #include <functional>
 #include <optional>

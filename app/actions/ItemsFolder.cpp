@@ -1,6 +1,6 @@
 #include "app/actions/ItemsFolder.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 

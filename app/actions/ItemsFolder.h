@@ -2,8 +2,8 @@
 
 #include "base/Result.h"
 #include "base/Url.h"
-#include "platform/AliasFiles.h"
-#include "platform/FileSystem.h"
+#include "platform/files/AliasFiles.h"
+#include "platform/files/FileSystem.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "app/actions/NetworkLocations.h"
 
 #include "app/actions/Lines.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ToolRunner.h"
+#include "platform/session/ToolRunner.h"
 
 #include <memory>
 #include <optional>

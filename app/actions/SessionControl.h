@@ -2,7 +2,7 @@
 
 #include "app/model/MenuItemKind.h"
 #include "base/Lifetime.h"
-#include "platform/SessionEvents.h"
+#include "platform/session/SessionEvents.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,8 +2,8 @@
 
 #include "app/actions/ShortcutsProvider.h"
 #include "base/Lifetime.h"
-#include "platform/Clock.h"
-#include "platform/Tasks.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Tasks.h"
 
 #include <functional>
 #include <optional>

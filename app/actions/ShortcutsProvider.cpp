@@ -1,8 +1,8 @@
 #include "app/actions/ShortcutsProvider.h"
 
 #include "app/actions/Lines.h"
-#include "base/Text.h"
 #include "base/Uuid.h"
+#include "platform/text/Text.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "app/actions/Shortcuts.h"
 #include "base/Result.h"
-#include "platform/ToolRunner.h"
+#include "platform/session/ToolRunner.h"
 
 #include <chrono>
 #include <memory>

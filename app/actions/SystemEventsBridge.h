@@ -2,7 +2,7 @@
 
 #include "app/model/MenuItemKind.h"
 #include "base/Lifetime.h"
-#include "platform/ScriptRunner.h"
+#include "platform/session/ScriptRunner.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/MenuItemKind.h"
-#include "platform/DesktopCommands.h"
+#include "platform/session/DesktopCommands.h"
 
 #include <optional>
 #include <string_view>

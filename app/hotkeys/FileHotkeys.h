@@ -5,9 +5,9 @@
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/model/MenuItem.h"
 #include "base/Lifetime.h"
-#include "platform/FileSystem.h"
-#include "platform/FolderReader.h"
-#include "platform/Tasks.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/FolderReader.h"
+#include "platform/time/Tasks.h"
 
 #include <cstdint>
 #include <memory>

@@ -6,7 +6,7 @@
 #include "app/model/MenuItem.h"
 #include "app/model/MenuStore.h"
 #include "base/Observation.h"
-#include "platform/HotkeyRegistrar.h"
+#include "platform/menubar/HotkeyRegistrar.h"
 
 #include <compare>
 #include <functional>

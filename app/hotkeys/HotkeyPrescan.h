@@ -2,8 +2,8 @@
 
 #include "app/model/KeyEquivalentSpec.h"
 #include "base/Url.h"
-#include "platform/FileSystem.h"
-#include "platform/FolderReader.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/FolderReader.h"
 
 #include <cstddef>
 #include <cstdint>

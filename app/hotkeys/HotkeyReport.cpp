@@ -1,6 +1,6 @@
 #include "app/hotkeys/HotkeyReport.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #include "app/hotkeys/KeyboardLayout.h"
 
 #include "base/MainThread.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Notifications.h"
-#include "platform/KeyboardLayoutSource.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
 
 #include <cstdint>
 #include <optional>

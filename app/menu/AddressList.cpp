@@ -1,7 +1,7 @@
 #include "app/menu/MachineLists.h"
 
 #include "app/menu/DisplayText.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <set>

@@ -1,6 +1,6 @@
 #include "app/menu/DockMenu.h"
 
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 namespace zv {
 

@@ -7,11 +7,11 @@
 #include "app/model/MenuItemKind.h"
 #include "app/model/Preferences.h"
 #include "base/Url.h"
-#include "platform/NetworkInterfaces.h"
-#include "platform/RecentServers.h"
-#include "platform/RunningApplications.h"
-#include "platform/SettingsPanes.h"
-#include "platform/Volumes.h"
+#include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentServers.h"
+#include "platform/lists/RunningApplications.h"
+#include "platform/lists/SettingsPanes.h"
+#include "platform/lists/Volumes.h"
 
 #include <cstdint>
 #include <functional>

@@ -6,7 +6,7 @@
 #include "app/menu/Menu.h"
 #include "app/menu/RecentItemsCache.h"
 #include "base/Lifetime.h"
-#include "platform/Timers.h"
+#include "platform/time/Timers.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/menu/FileEntry.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <cstdint>

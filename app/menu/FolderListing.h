@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/menu/DynamicEntry.h"
-#include "platform/FolderReader.h"
+#include "platform/files/FolderReader.h"
 
 #include <cstddef>
 #include <limits>

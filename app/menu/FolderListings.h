@@ -2,7 +2,7 @@
 
 #include "app/menu/FolderListing.h"
 #include "base/Lifetime.h"
-#include "platform/Tasks.h"
+#include "platform/time/Tasks.h"
 
 #include <functional>
 #include <map>

@@ -2,7 +2,7 @@
 
 #include "app/menu/DynamicEntry.h"
 #include "app/menu/Menu.h"
-#include "platform/TextMeasure.h"
+#include "platform/desk/TextMeasure.h"
 
 #include <span>
 

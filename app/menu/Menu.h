@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Image.h"
-#include "platform/ModifierKeys.h"
+#include "platform/desk/Image.h"
+#include "platform/desk/ModifierKeys.h"
 
 #include <cstddef>
 #include <functional>

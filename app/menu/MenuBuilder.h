@@ -8,9 +8,9 @@
 #include "app/menu/OptionKey.h"
 #include "app/model/MenuItem.h"
 #include "app/model/Preferences.h"
-#include "platform/Resources.h"
-#include "platform/TextMeasure.h"
-#include "platform/Workspace.h"
+#include "platform/desk/TextMeasure.h"
+#include "platform/files/Resources.h"
+#include "platform/session/Workspace.h"
 
 #include <cstdint>
 #include <functional>

@@ -2,8 +2,8 @@
 
 #include "app/model/MenuItemKind.h"
 #include "base/Url.h"
-#include "platform/IconSource.h"
-#include "platform/Image.h"
+#include "platform/desk/IconSource.h"
+#include "platform/desk/Image.h"
 
 #include <string>
 #include <unordered_map>

@@ -1,6 +1,6 @@
 #include "app/menu/MenuKeyEquivalent.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <charconv>
 #include <utility>

@@ -3,7 +3,7 @@
 #include "app/menu/RecentItemsQuerying.h"
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
-#include "platform/Clock.h"
+#include "platform/time/Clock.h"
 
 #include <functional>
 #include <map>

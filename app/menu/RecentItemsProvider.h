@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/menu/RecentItemsQuerying.h"
-#include "platform/MetadataQuery.h"
+#include "platform/lists/MetadataQuery.h"
 
 #include <cstdint>
 #include <functional>

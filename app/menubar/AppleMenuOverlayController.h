@@ -5,13 +5,13 @@
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "base/Observation.h"
-#include "platform/MenuBarVisibility.h"
-#include "platform/OverlayPanels.h"
-#include "platform/PointerMonitor.h"
-#include "platform/Screens.h"
-#include "platform/Timers.h"
-#include "platform/WindowList.h"
-#include "platform/WorkspaceEvents.h"
+#include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/OverlayPanels.h"
+#include "platform/menubar/PointerMonitor.h"
+#include "platform/menubar/Screens.h"
+#include "platform/menubar/WindowList.h"
+#include "platform/menubar/WorkspaceEvents.h"
+#include "platform/time/Timers.h"
 
 #include <functional>
 #include <memory>

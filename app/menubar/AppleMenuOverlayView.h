@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/Preferences.h"
-#include "platform/OverlayPanels.h"
+#include "platform/menubar/OverlayPanels.h"
 
 #include <functional>
 

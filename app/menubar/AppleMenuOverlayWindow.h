@@ -2,7 +2,7 @@
 
 #include "app/menubar/AppleMenuOverlayView.h"
 #include "base/Lifetime.h"
-#include "platform/OverlayPanels.h"
+#include "platform/menubar/OverlayPanels.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Clock.h"
-#include "platform/Screens.h"
-#include "platform/WindowList.h"
+#include "platform/menubar/Screens.h"
+#include "platform/menubar/WindowList.h"
+#include "platform/time/Clock.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "app/menubar/MenuFilter.h"
 
 #include "app/menu/Menu.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 namespace zv {
 

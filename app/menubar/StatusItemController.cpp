@@ -5,8 +5,8 @@
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
 #include "base/MainThread.h"
-#include "platform/Tasks.h"
-#include "platform/Workspace.h"
+#include "platform/session/Workspace.h"
+#include "platform/time/Tasks.h"
 
 namespace zv {
 

@@ -4,8 +4,8 @@
 #include "app/menubar/StatusItemNeighbours.h"
 #include "base/Lifetime.h"
 #include "base/Observation.h"
-#include "platform/MenuHost.h"
-#include "platform/StatusBar.h"
+#include "platform/menubar/MenuHost.h"
+#include "platform/menubar/StatusBar.h"
 
 #include <functional>
 #include <memory>

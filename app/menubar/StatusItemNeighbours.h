@@ -4,7 +4,7 @@
 #include "app/model/MenuItem.h"
 #include "base/Url.h"
 #include "base/Uuid.h"
-#include "platform/FolderReader.h"
+#include "platform/files/FolderReader.h"
 
 #include <cstdint>
 #include <functional>

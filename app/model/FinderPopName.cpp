@@ -1,8 +1,8 @@
 #include "app/model/FinderPopName.h"
 
 #include "app/model/HashCombiner.h"
-#include "base/Text.h"
 #include "base/Url.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <array>

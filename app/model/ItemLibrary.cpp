@@ -1,7 +1,7 @@
 #include "app/model/ItemLibrary.h"
 
 #include "app/model/HashCombiner.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <set>
 #include <utility>

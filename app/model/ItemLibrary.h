@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/MenuItem.h"
-#include "platform/Resources.h"
+#include "platform/files/Resources.h"
 
 #include <cstddef>
 #include <string>

@@ -4,8 +4,8 @@
 #include "base/PropertyList.h"
 #include "base/Result.h"
 #include "base/Url.h"
-#include "platform/Bookmarks.h"
-#include "platform/FileSystem.h"
+#include "platform/files/Bookmarks.h"
+#include "platform/files/FileSystem.h"
 
 #include <cstddef>
 #include <optional>

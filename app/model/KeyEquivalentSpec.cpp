@@ -3,7 +3,7 @@
 #include "app/model/HashCombiner.h"
 #include "app/model/NameTable.h"
 #include "app/model/RecordReader.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "base/Log.h"
 #include "base/MainThread.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
 #include <array>

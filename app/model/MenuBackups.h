@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/model/MenuStore.h"
-#include "platform/Clock.h"
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
+#include "platform/time/Clock.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "app/model/MenuDocument.h"
 
 #include "app/model/RecordReader.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <unordered_set>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "app/model/MenuItem.h"
 
 #include "app/model/HashCombiner.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 

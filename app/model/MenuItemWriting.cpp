@@ -1,6 +1,6 @@
 #include "app/model/MenuItem.h"
 #include "app/model/PlainText.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <utility>

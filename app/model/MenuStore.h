@@ -2,8 +2,8 @@
 
 #include "app/model/MenuItem.h"
 #include "base/Observation.h"
-#include "platform/Resources.h"
-#include "platform/UserDefaults.h"
+#include "platform/files/Resources.h"
+#include "platform/files/UserDefaults.h"
 
 #include <cstddef>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "app/model/NameTable.h"
 
 #include "base/Log.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Observation.h"
-#include "platform/UserDefaults.h"
+#include "platform/files/UserDefaults.h"
 
 #include <cstdint>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Resources.h"
+#include "platform/files/Resources.h"
 
 #include <string>
 #include <string_view>

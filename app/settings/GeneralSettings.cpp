@@ -1,6 +1,6 @@
 #include "app/settings/GeneralSettings.h"
 
-#include "platform/DateText.h"
+#include "platform/text/DateText.h"
 
 namespace zv {
 

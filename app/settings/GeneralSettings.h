@@ -1,13 +1,13 @@
 #pragma once
 
 #include "app/model/Preferences.h"
+#include "app/settings/LoginItem.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/PermissionRows.h"
 #include "app/settings/SettingsPage.h"
 #include "app/settings/SettingsWording.h"
-#include "app/shell/LoginItem.h"
 #include "app/updates/KresUpdater.h"
-#include "platform/Alerts.h"
+#include "platform/desk/Alerts.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "app/settings/InstalledApplications.h"
 
-#include "base/Text.h"
-#include "platform/FolderReader.h"
+#include "platform/files/FolderReader.h"
+#include "platform/text/Text.h"
 
 #include <set>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "app/settings/LibraryPalette.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,8 +2,8 @@
 
 #include "app/model/MenuBackups.h"
 #include "app/settings/MenuEditor.h"
-#include "platform/Alerts.h"
-#include "platform/FilePanels.h"
+#include "platform/desk/Alerts.h"
+#include "platform/desk/FilePanels.h"
 
 #include <string>
 #include <vector>

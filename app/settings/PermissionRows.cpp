@@ -1,11 +1,9 @@
 #include "app/settings/PermissionRows.h"
 
 #include "app/actions/SystemPlaces.h"
+#include "app/doctor/PermissionText.h"
 
-#include <algorithm>
-#include <iterator>
 #include <string>
-#include <utility>
 
 namespace zv {
 
@@ -14,38 +12,21 @@ namespace {
 struct Described {
     Permission permission;
     char const* id;
-    char const* name;
-    char const* reason;
     char const* button;
     std::string_view pane;
 };
 
 constexpr Described all[] = {
-    { Permission::automation, "automation", "Automation",
-        "System Events and the login window carry out Sleep, Restart, Shut Down, Log Out and the Dock commands.", "Open Automation Settings", automationPane },
-    { Permission::accessibility, "accessibility", "Accessibility",
-        "Lock Screen and Force Quit press the system’s own key combinations, which needs Automation as well.", "Open Accessibility Settings",
-        accessibilityPane },
+    { Permission::automation, "automation", "Open Automation Settings", automationPane },
+    { Permission::accessibility, "accessibility", "Open Accessibility Settings", accessibilityPane },
 };
-
-char const* textOf(PermissionState state)
-{
-    switch (state) {
-    case PermissionState::granted:
-        return "allowed";
-    case PermissionState::refused:
-        return "not allowed";
-    case PermissionState::notAsked:
-        break;
-    }
-    return "not in use yet; macOS asks at the first such command";
-}
 
 SettingsRow stateRow(Described const& described, PermissionState state)
 {
+    auto const text = permissionText(described.permission, state);
     SettingsRow row;
     row.id = described.id;
-    row.title = std::string(described.name) + ": " + textOf(state) + ". " + described.reason;
+    row.title = text.name + ": " + text.state + ". " + text.reason;
     return row;
 }
 
@@ -60,12 +41,6 @@ SettingsRow paneRow(Described const& described, std::function<void(std::string_v
 }
 
 } // namespace
-
-PermissionText permissionText(Permission permission, PermissionState state)
-{
-    auto const* const described = std::find_if(std::begin(all), std::end(all), [&](Described const& each) { return each.permission == permission; });
-    return { described->name, textOf(state), described->reason };
-}
 
 SettingsSection permissionSection(Permissions const& permissions, std::function<void(std::string_view)> const& openPane)
 {

@@ -1,6 +1,6 @@
 #include "app/settings/RecorderRules.h"
 
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 namespace zv {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/KeyEquivalentSpec.h"
-#include "platform/ModifierKeys.h"
+#include "platform/desk/ModifierKeys.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "app/settings/SettingsModels.h"
 
-#include "app/hotkeys/HotkeyCheck.h"
+#include "app/doctor/HotkeyCheck.h"
 
 namespace zv {
 

@@ -1,6 +1,6 @@
 #include "app/settings/SettingsWording.h"
 
-#include "app/shell/LoginItem.h"
+#include "app/settings/LoginItem.h"
 
 namespace zv {
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "base/Lifetime.h"
-#include "platform/Application.h"
-#include "platform/Installation.h"
-#include "platform/NotesWindow.h"
-#include "platform/Resources.h"
-#include "platform/Tasks.h"
-#include "platform/UserDefaults.h"
+#include "platform/desk/Application.h"
+#include "platform/desk/NotesWindow.h"
+#include "platform/files/Resources.h"
+#include "platform/files/UserDefaults.h"
+#include "platform/program/Installation.h"
+#include "platform/time/Tasks.h"
 
 #include <memory>
 

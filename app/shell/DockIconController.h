@@ -3,8 +3,8 @@
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "base/Observation.h"
-#include "platform/Application.h"
-#include "platform/Tasks.h"
+#include "platform/desk/Application.h"
+#include "platform/time/Tasks.h"
 
 namespace zv {
 

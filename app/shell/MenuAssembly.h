@@ -7,8 +7,8 @@
 #include "app/menu/MenuIcon.h"
 #include "app/menu/RecentItemsCache.h"
 #include "app/menu/RecentItemsProvider.h"
-#include "platform/IconSource.h"
-#include "platform/MetadataQuery.h"
+#include "platform/desk/IconSource.h"
+#include "platform/lists/MetadataQuery.h"
 
 namespace zv {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Alerts.h"
-#include "platform/Application.h"
-#include "platform/Installation.h"
-#include "platform/Workspace.h"
+#include "platform/desk/Alerts.h"
+#include "platform/desk/Application.h"
+#include "platform/program/Installation.h"
+#include "platform/session/Workspace.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Application.h"
-#include "platform/SettingsWindow.h"
+#include "platform/desk/Application.h"
+#include "platform/desk/SettingsWindow.h"
 
 namespace zv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Installation.h"
+#include "platform/program/Installation.h"
 
 namespace zv {
 

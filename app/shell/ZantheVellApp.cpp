@@ -1,7 +1,7 @@
 #include "app/shell/ZantheVellApp.h"
 
+#include "app/doctor/OverlayCheck.h"
 #include "app/hotkeys/HotkeyReport.h"
-#include "app/menubar/OverlayCheck.h"
 
 #include <algorithm>
 

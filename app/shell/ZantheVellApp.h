@@ -9,18 +9,18 @@
 #include "app/menubar/AppleMenuOverlayController.h"
 #include "app/menubar/StatusItemController.h"
 #include "app/model/MenuBackups.h"
+#include "app/settings/LoginItem.h"
 #include "app/settings/SettingsModels.h"
 #include "app/shell/AppDelegate.h"
 #include "app/shell/Begging.h"
 #include "app/shell/DockIconController.h"
-#include "app/shell/LoginItem.h"
 #include "app/shell/MenuAssembly.h"
 #include "app/shell/Relocation.h"
 #include "app/shell/SettingsOpener.h"
 #include "app/shell/StatusItemJoints.h"
 #include "app/updates/KresUpdater.h"
-#include "platform/HotkeyRegistrar.h"
-#include "platform/Permissions.h"
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/program/Permissions.h"
 
 #include <optional>
 

@@ -5,7 +5,7 @@
 #include "base/Base64.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
-#include "platform/Signatures.h"
+#include "platform/text/Signatures.h"
 
 #include <algorithm>
 

@@ -2,13 +2,13 @@
 
 #include "app/updates/UpdateChoice.h"
 #include "app/updates/UpdateSchedule.h"
-#include "platform/Application.h"
-#include "platform/Downloads.h"
-#include "platform/PackageOrigin.h"
-#include "platform/Resources.h"
-#include "platform/UpdateEngine.h"
-#include "platform/UpdateWindow.h"
-#include "platform/Workspace.h"
+#include "platform/desk/Application.h"
+#include "platform/files/Resources.h"
+#include "platform/program/Downloads.h"
+#include "platform/program/PackageOrigin.h"
+#include "platform/program/UpdateEngine.h"
+#include "platform/program/UpdateWindow.h"
+#include "platform/session/Workspace.h"
 
 #include <memory>
 #include <optional>

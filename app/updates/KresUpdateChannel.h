@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Resources.h"
-#include "platform/UpdateEngine.h"
+#include "platform/files/Resources.h"
+#include "platform/program/UpdateEngine.h"
 
 #include <string_view>
 

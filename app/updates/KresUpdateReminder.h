@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Lifetime.h"
-#include "platform/Application.h"
-#include "platform/Resources.h"
-#include "platform/UpdateEngine.h"
-#include "platform/UserNotifications.h"
+#include "platform/desk/Application.h"
+#include "platform/desk/UserNotifications.h"
+#include "platform/files/Resources.h"
+#include "platform/program/UpdateEngine.h"
 
 #include <functional>
 

@@ -5,7 +5,7 @@
 #include "base/Observation.h"
 #include "base/PropertyList.h"
 #include "base/Url.h"
-#include "platform/UpdateEngine.h"
+#include "platform/program/UpdateEngine.h"
 
 #include <memory>
 #include <optional>

@@ -1,9 +1,9 @@
 #include "app/updates/UpdateChoice.h"
 
 #include "app/updates/VersionOrder.h"
-#include "base/Text.h"
 #include "base/Url.h"
 #include "base/Utf8.h"
+#include "platform/text/Text.h"
 
 #include <array>
 #include <charconv>

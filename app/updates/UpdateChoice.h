@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Appcast.h"
+#include "platform/program/Appcast.h"
 
 #include <optional>
 #include <set>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Appcast.h"
-#include "platform/UpdateWindow.h"
+#include "platform/program/Appcast.h"
+#include "platform/program/UpdateWindow.h"
 
 #include <optional>
 #include <string>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/Lifetime.h"
-#include "platform/Clock.h"
-#include "platform/Timers.h"
-#include "platform/UserDefaults.h"
+#include "platform/files/UserDefaults.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Timers.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "app/model/MenuDocument.h"
 #include "base/Log.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 namespace zv {
 

@@ -1,6 +1,6 @@
 #include "cli/MenuText.h"
 #include "app/menu/MenuKeyEquivalent.h"
-#include "platform/linux/CellTextMeasure.h"
+#include "platform/linux/text/CellTextMeasure.h"
 #include "tests/fakes/FakeMenuServices.h"
 
 #include <gtest/gtest.h>

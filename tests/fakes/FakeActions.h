@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/AliasFiles.h"
-#include "platform/ComputerInfo.h"
-#include "platform/DesktopCommands.h"
-#include "platform/ScriptRunner.h"
-#include "platform/SessionEvents.h"
-#include "platform/ToolRunner.h"
+#include "platform/files/AliasFiles.h"
+#include "platform/session/ComputerInfo.h"
+#include "platform/session/DesktopCommands.h"
+#include "platform/session/ScriptRunner.h"
+#include "platform/session/SessionEvents.h"
+#include "platform/session/ToolRunner.h"
 #include "tests/fakes/FakeFiles.h"
 
 #include <algorithm>

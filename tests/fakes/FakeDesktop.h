@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Alerts.h"
-#include "platform/Application.h"
-#include "platform/ModifierKeys.h"
-#include "platform/Workspace.h"
+#include "platform/desk/Alerts.h"
+#include "platform/desk/Application.h"
+#include "platform/desk/ModifierKeys.h"
+#include "platform/session/Workspace.h"
 
 #include <map>
 #include <string>

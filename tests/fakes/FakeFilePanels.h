@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FilePanels.h"
+#include "platform/desk/FilePanels.h"
 
 namespace zv::fakes {
 

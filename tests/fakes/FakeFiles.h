@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Bookmarks.h"
-#include "platform/FileSystem.h"
-#include "platform/Resources.h"
+#include "platform/files/Bookmarks.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/Resources.h"
 
 #include <cstring>
 #include <map>

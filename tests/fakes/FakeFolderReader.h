@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/FolderReader.h"
+#include "platform/files/FolderReader.h"
 
 #include <map>
 #include <set>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/HotkeyRegistrar.h"
-#include "platform/KeyboardLayoutSource.h"
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
 
 #include <map>
 #include <set>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/Clipboard.h"
-#include "platform/IconSource.h"
-#include "platform/MetadataQuery.h"
-#include "platform/NetworkInterfaces.h"
-#include "platform/RecentServers.h"
-#include "platform/RunningApplications.h"
-#include "platform/SettingsPanes.h"
-#include "platform/Volumes.h"
+#include "platform/desk/Clipboard.h"
+#include "platform/desk/IconSource.h"
+#include "platform/lists/MetadataQuery.h"
+#include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentServers.h"
+#include "platform/lists/RunningApplications.h"
+#include "platform/lists/SettingsPanes.h"
+#include "platform/lists/Volumes.h"
 
 #include <map>
 #include <string>

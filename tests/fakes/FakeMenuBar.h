@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/menu/Menu.h"
-#include "platform/MenuHost.h"
-#include "platform/StatusBar.h"
+#include "platform/menubar/MenuHost.h"
+#include "platform/menubar/StatusBar.h"
 
 #include <utility>
 #include <vector>

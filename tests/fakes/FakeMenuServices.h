@@ -4,7 +4,7 @@
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
 #include "app/menu/RecentItemsQuerying.h"
-#include "platform/TextMeasure.h"
+#include "platform/desk/TextMeasure.h"
 
 #include <functional>
 #include <map>

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/Canvas.h"
-#include "platform/MenuBarVisibility.h"
-#include "platform/OverlayPanels.h"
-#include "platform/PointerMonitor.h"
-#include "platform/Screens.h"
-#include "platform/WindowList.h"
-#include "platform/WorkspaceEvents.h"
+#include "platform/desk/Canvas.h"
+#include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/OverlayPanels.h"
+#include "platform/menubar/PointerMonitor.h"
+#include "platform/menubar/Screens.h"
+#include "platform/menubar/WindowList.h"
+#include "platform/menubar/WorkspaceEvents.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Permissions.h"
+#include "platform/program/Permissions.h"
 
 #include <map>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Installation.h"
-#include "platform/LoginService.h"
-#include "platform/NotesWindow.h"
-#include "platform/SettingsWindow.h"
+#include "platform/desk/NotesWindow.h"
+#include "platform/desk/SettingsWindow.h"
+#include "platform/program/Installation.h"
+#include "platform/program/LoginService.h"
 
 #include <set>
 #include <string>

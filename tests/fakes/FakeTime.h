@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Clock.h"
-#include "platform/Tasks.h"
-#include "platform/Timers.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Tasks.h"
+#include "platform/time/Timers.h"
 
 #include <algorithm>
 #include <deque>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Downloads.h"
-#include "platform/PackageOrigin.h"
-#include "platform/UpdateWindow.h"
+#include "platform/program/Downloads.h"
+#include "platform/program/PackageOrigin.h"
+#include "platform/program/UpdateWindow.h"
 
 #include <deque>
 #include <string>

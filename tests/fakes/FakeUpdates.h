@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/UpdateEngine.h"
-#include "platform/UserNotifications.h"
+#include "platform/desk/UserNotifications.h"
+#include "platform/program/UpdateEngine.h"
 
 #include <string>
 #include <vector>

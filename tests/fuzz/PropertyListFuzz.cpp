@@ -1,4 +1,4 @@
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <cstdint>
 #include <cstdio>

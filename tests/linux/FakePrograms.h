@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/Programs.h"
+#include "platform/linux/session/Programs.h"
 
 #include <set>
 #include <string>

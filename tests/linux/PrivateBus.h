@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/BusConnection.h"
+#include "platform/linux/bus/BusConnection.h"
 #include "tests/linux/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

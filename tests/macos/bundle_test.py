@@ -76,7 +76,7 @@ class InformationTest(unittest.TestCase):
 
 class CommandLineTest(unittest.TestCase):
     def test_the_port_for_commands_has_a_name_of_the_program_s(self):
-        name = re.search(r'CFSTR\("([^"]+)"\)', read("platform", "macos", "ProgramPort.mm"))[1]
+        name = re.search(r'CFSTR\("([^"]+)"\)', read("platform", "macos", "MessagePortServer.mm"))[1]
         self.assertTrue(name.startswith(configured()["CFBundleIdentifier"] + "."), "other programs' names are not taken")
 
     def test_the_link_that_the_documents_make_leads_to_what_is_built(self):

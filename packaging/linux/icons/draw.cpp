@@ -1,4 +1,4 @@
-#include "platform/linux/qt/Laurel.h"
+#include "platform/linux/icons/Laurel.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #import "platform/macos/settings/AboutView.h"
 
-#import "platform/macos/Conversions.h"
+#import "platform/macos/cocoa/Conversions.h"
 
 namespace zv {
 

@@ -2,7 +2,7 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include "platform/Image.h"
+#include "platform/desk/Image.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #import "platform/macos/settings/Cells.h"
 
-#import "platform/macos/Conversions.h"
-#import "platform/macos/Images.h"
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/desk/Images.h"
 
 namespace zv {
 

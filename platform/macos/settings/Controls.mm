@@ -1,6 +1,6 @@
 #import "platform/macos/settings/Controls.h"
 
-#import "platform/macos/Conversions.h"
+#import "platform/macos/cocoa/Conversions.h"
 
 @interface ZVControlTarget : NSObject {
     std::function<void()> _act;

@@ -1,6 +1,6 @@
 #import "platform/macos/settings/LibraryView.h"
 
-#import "platform/macos/Conversions.h"
+#import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/settings/Cells.h"
 #import "platform/macos/settings/Dragging.h"
 

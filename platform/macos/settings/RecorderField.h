@@ -3,7 +3,7 @@
 #import <Cocoa/Cocoa.h>
 
 #include "app/settings/SettingsModels.h"
-#import "platform/macos/Observers.h"
+#import "platform/macos/cocoa/Observers.h"
 #import "platform/macos/settings/Controls.h"
 
 #include <functional>

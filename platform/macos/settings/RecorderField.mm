@@ -1,6 +1,6 @@
 #import "platform/macos/settings/RecorderField.h"
 
-#import "platform/macos/Conversions.h"
+#import "platform/macos/cocoa/Conversions.h"
 
 #include "app/settings/RecorderRules.h"
 

@@ -1,6 +1,6 @@
 #import "platform/macos/settings/SettingsPage.h"
 
-#import "platform/macos/Conversions.h"
+#import "platform/macos/cocoa/Conversions.h"
 
 /// Rows begin at its top.
 @interface ZVFlippedView : NSView

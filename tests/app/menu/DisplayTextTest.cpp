@@ -1,5 +1,5 @@
 #include "app/menu/DisplayText.h"
-#include "base/Text.h"
+#include "platform/text/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 #include "tests/app/menu/MenuBench.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/MenuItem.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/PropertyListFormat.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeUserDefaults.h"
 

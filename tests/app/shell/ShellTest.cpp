@@ -1,5 +1,5 @@
+#include "app/settings/LoginItem.h"
 #include "app/shell/DockIconController.h"
-#include "app/shell/LoginItem.h"
 
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeShell.h"

@@ -1,11 +1,11 @@
 /// The command line at work, a command a process, as on the Mac but without the application
 /// around it. After --running the program stands at its door in the same process, and says
 /// what it was asked to do.
-#import "platform/macos/CommandLineServices.h"
-#import "platform/macos/Factories.h"
-#import "platform/macos/ProgramPort.h"
+#import "platform/macos/compose/CommandLineServices.h"
+#import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/program/MessagePortServer.h"
 
-#include "app/shell/MacChecks.h"
+#include "app/doctor/MacChecks.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
 
@@ -21,7 +21,7 @@ int run(std::vector<std::string> const& arguments)
     return runCommandLine(arguments, services);
 }
 
-ProgramServices spokenServices()
+ProgramHandlers spokenServices()
 {
     return {
         [](auto at) { std::cout << "shows its menu" << (at ? " at " + std::to_string(static_cast<int>(at->x)) : "") << std::endl; },
@@ -40,7 +40,7 @@ ProgramServices spokenServices()
 int runBesideTheProgram(std::vector<std::string> const& arguments)
 {
     auto const tasks = makeTasks();
-    ProgramPort port([&](std::string const& request) { return answerTo(request, spokenServices(), *tasks); });
+    MessagePortServer port([&](std::string const& request) { return answerTo(request, spokenServices(), *tasks); });
     if (!port.open())
         return 9;
     int const status = run(arguments);

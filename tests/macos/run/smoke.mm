@@ -1,16 +1,16 @@
 /// The front end's own files at work, as far as another implementation of the system's
 /// interfaces can carry them. Prints what it did; a wrong outcome ends it with a sentence.
-#import "platform/macos/Conversions.h"
-#import "platform/macos/Factories.h"
-#import "platform/macos/MainMenu.h"
-#import "platform/macos/MenuMirror.h"
-#import "platform/macos/ProgramPort.h"
-#import "platform/macos/ServicesProvider.h"
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/compose/MainMenu.h"
+#import "platform/macos/menu/MenuMirror.h"
+#import "platform/macos/program/MessagePortServer.h"
+#import "platform/macos/program/ServicesProvider.h"
 
 #include "app/settings/InstalledApplications.h"
 #include "base/MainThread.h"
-#include "base/Text.h"
-#include "platform/PropertyListFormat.h"
+#include "platform/text/Text.h"
+#include "platform/text/PropertyListFormat.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -364,10 +364,10 @@ void terminalCellsAreCounted()
 
 void commandsReachTheProgram()
 {
-    auto const post = makeProgramPost();
+    auto const post = makeMessagePort();
     expect(!post->isRunning() && !post->ask("anybody?"), "nobody answers while the program does not run");
-    ProgramPort port([](std::string const& request) { return "<" + request + ">"; });
-    ProgramPort second([](std::string const&) { return "second"; });
+    MessagePortServer port([](std::string const& request) { return "<" + request + ">"; });
+    MessagePortServer second([](std::string const&) { return "second"; });
     expect(port.open() && port.open() && post->isRunning(), "it opens its door once");
     std::string const request = std::string("gr\xC3\xBCn \0\xFF", 8);
     expect(post->ask(request) == "<" + request + ">", "what is asked arrives, and so does the answer");

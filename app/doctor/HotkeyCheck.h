@@ -1,0 +1,11 @@
+#pragma once
+
+#include "app/doctor/DoctorCheck.h"
+#include "platform/menubar/HotkeyRegistrar.h"
+
+namespace zv {
+
+/// Whether shortcuts work while other programs have the keyboard.
+[[nodiscard]] DoctorCheck hotkeyCheck(HotkeySupport support);
+
+} // namespace zv

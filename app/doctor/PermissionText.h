@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/program/Permissions.h"
+
+#include <string>
+
+namespace zv {
+
+struct PermissionText {
+    std::string name; ///< "Automation"
+    std::string state; ///< "not allowed"
+    std::string reason; ///< what it is for, a sentence
+};
+[[nodiscard]] PermissionText permissionText(Permission permission, PermissionState state);
+
+} // namespace zv

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "base/Result.h"
+#include "platform/desk/Alerts.h"
+#include "platform/program/LoginService.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace zv {
+
+/// Opening the program at login, in the three states that a user can tell apart.
+/// Main thread only.
+class LoginItem {
+public:
+    enum class State { enabled, disabled, requiresApproval };
+    struct ChangeFailure {
+        std::int32_t code = 0;
+        std::string description;
+    };
+    struct Enabled {
+        bool requiresApproval = false; ///< the system waits for the user
+    };
+
+    explicit LoginItem(LoginService& service)
+        : m_service(service)
+    {
+    }
+
+    /// Read from the system each time.
+    [[nodiscard]] State state() const;
+    Result<Enabled, ChangeFailure> enable();
+    std::optional<ChangeFailure> disable();
+    void openSettings();
+
+    /// The alert for a change that failed.
+    [[nodiscard]] static Alert alertFor(ChangeFailure const& failure);
+
+    static constexpr char const* approvalNote
+        = "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.";
+    static constexpr char const* approvalButton = "Open Login Items Settings";
+    static constexpr char const* helpText
+        = "If you do not select this checkbox, you’ll get the standard Apple menu every login until you manually open Zanthe Vell yourself.";
+
+private:
+    LoginService& m_service;
+};
+
+} // namespace zv

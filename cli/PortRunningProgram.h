@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/shell/ProgramMessage.h"
+#include "platform/program/MessagePort.h"
+
+namespace zv {
+
+/// The running program, asked by post.
+class PortRunningProgram : public RunningProgram {
+public:
+    /// `post` outlives this.
+    explicit PortRunningProgram(MessagePort& post)
+        : m_post(post)
+    {
+    }
+
+    bool isRunning() const override { return m_post.isRunning(); }
+    MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
+    MaybeFailure<> openSettings() override;
+    MaybeFailure<> quit() override;
+    MaybeFailure<> addFiles(std::vector<Url> const& files) override;
+    Result<std::string> hotkeys() override;
+    /// What it found out about its system, in a form of that system's own.
+    [[nodiscard]] Result<std::string> findings();
+
+private:
+    enum class Starting { allowed, forbidden };
+
+    [[nodiscard]] ProgramAnswer ask(ProgramMessage const& request, Starting starting);
+    [[nodiscard]] MaybeFailure<> tell(ProgramMessage const& request, Starting starting);
+
+    MessagePort& m_post;
+};
+
+} // namespace zv

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "base/Result.h"
+#include "base/Url.h"
+#include "platform/files/FileSystem.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zv {
+
+/// The immediate children of one folder, in no order. Names lie end to end in one block,
+/// so that a folder of 100,000 files costs little more than its names.
+class FolderContents {
+public:
+    struct Item {
+        std::string_view name; ///< the bytes of the file system; neither is ever as long as 64 KB
+        std::string_view localizedName; ///< valid UTF-8; empty where the name itself is what a file manager shows
+        FileTraits traits; ///< of what a link or alias leads to; a plain file where that is nothing
+        bool isLink = true; ///< a link or alias, or not known to be none
+    };
+
+    void add(Item const& item)
+    {
+        m_records.push_back({ m_text.size(), static_cast<std::uint16_t>(item.name.size()), static_cast<std::uint16_t>(item.localizedName.size()),
+            item.traits.isDirectory, item.traits.isPackage, item.isLink });
+        m_text.append(item.name).append(item.localizedName);
+    }
+
+    [[nodiscard]] std::size_t size() const { return m_records.size(); }
+    [[nodiscard]] bool empty() const { return m_records.empty(); }
+    /// The views hold until the contents change.
+    [[nodiscard]] Item operator[](std::size_t index) const
+    {
+        auto const& record = m_records[index];
+        auto const text = std::string_view(m_text).substr(record.offset);
+        return { text.substr(0, record.nameLength), text.substr(record.nameLength, record.localizedLength), { record.isDirectory, record.isPackage },
+            record.isLink };
+    }
+
+private:
+    struct Record {
+        std::size_t offset;
+        std::uint16_t nameLength;
+        std::uint16_t localizedLength;
+        bool isDirectory;
+        bool isPackage;
+        bool isLink;
+    };
+
+    std::string m_text;
+    std::vector<Record> m_records;
+};
+
+enum class HiddenFiles { skipped, included };
+
+enum class FolderReadFailure { notPermitted, notFound, notAFolder, failed };
+
+/// Reads a folder in one pass, asking about single files only where their directory entry
+/// does not tell what they are. Any thread. Shared, because a reading that hangs may
+/// outlive everything else.
+class FolderReader {
+public:
+    virtual ~FolderReader() = default;
+    /// What is never to be listed (such as application entries meant for another desktop)
+    /// is left out here. A link that leads to a remote file system is not followed: it
+    /// counts as a folder unless its name has an extension.
+    [[nodiscard]] virtual Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const = 0;
+    /// True when looking into the folder may block: it lies on a file system that another
+    /// machine or program answers for. Found out without touching that file system.
+    [[nodiscard]] virtual bool isRemote(Url const& folder) const = 0;
+};
+
+} // namespace zv

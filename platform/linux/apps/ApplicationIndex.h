@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/linux/entries/ApplicationEntry.h"
+
+#include "base/Lifetime.h"
+#include "platform/time/Tasks.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zv {
+
+/// The application entries of the search path, an earlier folder's before a later one's of
+/// the same id. Never changes once it is made. Any thread.
+class ApplicationIndex {
+public:
+    /// Reads every entry below the folders.
+    [[nodiscard]] static ApplicationIndex read(std::vector<std::string> const& folders, std::string const& language = {});
+
+    [[nodiscard]] std::vector<ApplicationEntry> const& entries() const { return m_entries; }
+    /// By id, with or without ".desktop"; null when there is none. So are the others.
+    [[nodiscard]] ApplicationEntry const* find(std::string_view id) const;
+    /// The entry that a window of this class belongs to: by its StartupWMClass, else by its
+    /// id, in any case, else by the last part of a reversed domain name.
+    [[nodiscard]] ApplicationEntry const* findByWindowClass(std::string_view windowClass) const;
+    /// By the name of the program that it starts.
+    [[nodiscard]] ApplicationEntry const* findByProgram(std::string_view program) const;
+
+    /// The folders that were read, each with its time of change.
+    using Fingerprint = std::vector<std::pair<std::string, std::int64_t>>;
+    [[nodiscard]] bool isCurrent() const;
+
+private:
+    using Names = std::map<std::string, std::size_t, std::less<>>;
+
+    void addFolder(std::string const& folder, std::string const& idPrefix, std::string const& language, int depth);
+    void add(ApplicationEntry entry);
+    [[nodiscard]] ApplicationEntry const* at(Names const& names, std::string_view name) const;
+
+    std::vector<ApplicationEntry> m_entries;
+    Names m_byId; ///< lower case, without ".desktop"
+    Names m_byWindowClass; ///< lower case
+    Names m_byProgram;
+    Names m_byShortId; ///< the last part of "org.gnome.Nautilus", lower case
+    Fingerprint m_fingerprint;
+};
+
+/// Keeps an index that is read off the main thread, and anew when the folders have changed.
+/// Main thread only, callbacks too.
+class ApplicationCatalog {
+public:
+    using Index = std::shared_ptr<ApplicationIndex const>;
+
+    /// `tasks` outlives this.
+    ApplicationCatalog(Tasks& tasks, std::vector<std::string> folders);
+    /// Calls `use` once: before it returns when the index is at hand, else later, unless the
+    /// catalog is gone by then.
+    void withIndex(std::function<void(Index)> use);
+
+private:
+    Tasks& m_tasks;
+    std::vector<std::string> m_folders;
+    Index m_index;
+    std::vector<std::function<void(Index)>> m_waiting;
+    Lifetime m_lifetime;
+};
+
+/// The "applications" folders of XDG_DATA_HOME and XDG_DATA_DIRS, in their order.
+[[nodiscard]] std::vector<std::string> applicationFolders();
+
+} // namespace zv

@@ -1,0 +1,102 @@
+#include "platform/linux/apps/GioWorkspace.h"
+
+#include "base/Log.h"
+#include "base/MainThread.h"
+#include "platform/linux/apps/Launching.h"
+#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/entries/PackageName.h"
+#include "platform/text/Text.h"
+
+#include <algorithm>
+#include <ctime>
+#include <utility>
+#include <vector>
+
+namespace zv {
+
+namespace {
+
+/// Applications that go by another identifier elsewhere, by their entries here.
+struct KnownApplication {
+    std::string_view identifier;
+    std::vector<char const*> entries;
+};
+KnownApplication const knownApplications[] = {
+    { "com.apple.SystemProfiler",
+        { "org.kde.kinfocenter.desktop", "hardinfo2.desktop", "hardinfo.desktop", "org.gnome.SystemMonitor.desktop", "gnome-system-monitor.desktop",
+            "gnome-system-monitor-kde.desktop" } },
+};
+
+std::optional<Url> entryUrl(char const* entry)
+{
+    GObjectRef<GDesktopAppInfo> const found(g_desktop_app_info_new(entry));
+    auto const* const path = found ? g_desktop_app_info_get_filename(found.get()) : nullptr;
+    return path ? std::optional(Url::fromPath(path)) : std::nullopt;
+}
+
+void logFailure(std::string const& what, Url const& url, std::string const& reason) { logLine(what + " " + withValidUtf8(url.toString()) + ": " + reason); }
+
+/// Runs `work` off the main thread; its failure is logged.
+template <class Work> void runLogged(Tasks& tasks, std::string what, Url const& url, Work work)
+{
+    tasks.runDetached([what = std::move(what), url, work = std::move(work)] {
+        return std::function<void()>([what, url, failure = work()] {
+            if (failure)
+                logFailure(what, url, *failure);
+        });
+    });
+}
+
+} // namespace
+
+void GioWorkspace::open(Url const& url)
+{
+    assertMainThread();
+    if (!url.isFile() || !isApplicationEntryName(url.lastPathComponent()))
+        return openInBackground(url);
+    m_services.runningApplications.list([this, url](RunningApplications::List const& list) {
+        auto const running = list.value_or(std::vector<RunningApplication> {});
+        auto const found = std::ranges::find(running, std::optional(url), &RunningApplication::url);
+        if (found == running.end())
+            openInBackground(url);
+        else
+            m_services.runningApplications.activate(found->id);
+    });
+}
+
+void GioWorkspace::openInBackground(Url const& url)
+{
+    runLogged(m_services.tasks, "could not open", url, [url, launches = m_launches] {
+        auto failure = openUrl(url);
+        if (!failure && isApplication(url))
+            launches.add({ std::time(nullptr), url.path() });
+        return failure;
+    });
+}
+
+void GioWorkspace::reveal(Url const& fileURL)
+{
+    assertMainThread();
+    runLogged(m_services.tasks, "could not reveal", fileURL, [fileURL, bus = m_sessionBus] { return revealFile(fileURL, bus); });
+}
+
+std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view identifier) const
+{
+    auto const* const known = std::ranges::find(knownApplications, identifier, &KnownApplication::identifier);
+    if (known == std::end(knownApplications))
+        return entryUrl((std::string(identifier) + ".desktop").c_str());
+    for (auto const* entry : known->entries) {
+        if (auto url = entryUrl(entry))
+            return url;
+    }
+    return std::nullopt;
+}
+
+void GioWorkspace::openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached(
+        [application, done = std::move(done)] { return std::function<void()>([done, failure = launchApplication(application)] { done(failure); }); });
+}
+
+} // namespace zv

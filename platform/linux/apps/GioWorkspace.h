@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/linux/apps/LaunchLog.h"
+#include "platform/lists/RunningApplications.h"
+#include "platform/session/Workspace.h"
+#include "platform/time/Tasks.h"
+
+#include <memory>
+#include <string>
+
+namespace zv {
+
+/// Opens by what GIO knows of applications and handlers, reveals by the file manager's
+/// D-Bus service. All of it in the background: a handler may lie on a slow disk.
+class GioWorkspace : public Workspace {
+public:
+    struct Services {
+        Tasks& tasks;
+        RunningApplications& runningApplications;
+    };
+
+    /// `sessionBus` is an address; empty where there is no bus. The applications that are
+    /// started are noted in `launches`.
+    GioWorkspace(std::string sessionBus, LaunchLog launches, Services services)
+        : m_sessionBus(std::move(sessionBus))
+        , m_launches(std::move(launches))
+        , m_services(services)
+    {
+    }
+
+    void open(Url const& url) override;
+    void reveal(Url const& fileURL) override;
+    std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override;
+    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override;
+
+private:
+    void openInBackground(Url const& url);
+
+    std::string m_sessionBus;
+    LaunchLog m_launches;
+    Services m_services;
+};
+
+} // namespace zv

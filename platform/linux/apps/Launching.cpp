@@ -1,0 +1,144 @@
+#include "platform/linux/apps/Launching.h"
+
+#include "platform/linux/bus/BusConnection.h"
+#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/entries/PackageName.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+constexpr std::chrono::seconds fileManagerTimeout { 10 };
+constexpr int maximumLinkSteps = 8;
+
+/// A launch over D-Bus is only queued when the call returns; nothing of it may be lost
+/// when this program ends next. The shared connection must not end it either.
+void flushSharedBus()
+{
+    if (!std::getenv("DBUS_SESSION_BUS_ADDRESS"))
+        return;
+    GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (!bus)
+        return;
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
+}
+
+bool isFolder(std::string const& path)
+{
+    struct stat information { };
+    return ::stat(path.c_str(), &information) == 0 && S_ISDIR(information.st_mode);
+}
+
+bool isProgramFile(std::string const& path)
+{
+    struct stat information { };
+    return !isApplicationEntryName(path) && ::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && ::access(path.c_str(), X_OK) == 0;
+}
+
+/// The program that starts an application folder; empty when it is a plain folder.
+std::string startProgramOf(Url const& url)
+{
+    if (!isPackageFolderName(url.lastPathComponent()) || !isFolder(url.path()))
+        return {};
+    auto const program = url.appending("AppRun").path();
+    return ::access(program.c_str(), X_OK) == 0 ? program : "";
+}
+
+MaybeFailure<> startProgram(std::string const& path)
+{
+    auto const home = GString8(g_strdup(g_get_home_dir()));
+    char* arguments[] = { const_cast<char*>(path.c_str()), nullptr };
+    GErrorSlot error;
+    g_spawn_async(home.get(), arguments, nullptr, G_SPAWN_DEFAULT, nullptr, nullptr, nullptr, error.out());
+    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+}
+
+MaybeFailure<> launchEntry(std::string const& path)
+{
+    GObjectRef<GDesktopAppInfo> const entry(g_desktop_app_info_new_from_filename(path.c_str()));
+    if (!entry)
+        return std::string("no application entry that can be started");
+    GErrorSlot error;
+    g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, error.out());
+    flushSharedBus();
+    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+}
+
+/// Where an entry of the type Link leads.
+std::optional<Url> linkTarget(std::string const& path)
+{
+    auto* const file = g_key_file_new();
+    std::optional<Url> target;
+    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) {
+        GString8 const type(g_key_file_get_string(file, "Desktop Entry", "Type", nullptr));
+        GString8 const url(g_key_file_get_string(file, "Desktop Entry", "URL", nullptr));
+        if (type && url && std::string_view(type.get()) == "Link")
+            target = url.get()[0] == '/' ? Url::fromPath(url.get()) : Url::parse(url.get());
+    }
+    g_key_file_unref(file);
+    return target;
+}
+
+MaybeFailure<> openInHandler(Url const& url)
+{
+    GErrorSlot error;
+    g_app_info_launch_default_for_uri(url.toString().c_str(), nullptr, error.out());
+    flushSharedBus();
+    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+}
+
+bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEntryName(url.lastPathComponent()) && !isFolder(url.path()); }
+
+} // namespace
+
+bool isApplication(Url const& url) { return isApplicationEntry(url) || !startProgramOf(url).empty(); }
+
+MaybeFailure<> launchApplication(Url const& application)
+{
+    if (isProgramFile(application.path()))
+        return startProgram(application.path());
+    if (auto const program = startProgramOf(application); !program.empty())
+        return startProgram(program);
+    return launchEntry(application.path());
+}
+
+MaybeFailure<> openUrl(Url const& url)
+{
+    auto current = url;
+    for (int step = 0; step < maximumLinkSteps; ++step) {
+        if (!startProgramOf(current).empty())
+            return launchApplication(current);
+        if (!isApplicationEntry(current))
+            return openInHandler(current);
+        auto const target = linkTarget(current.path());
+        if (!target)
+            return launchApplication(current);
+        current = *target;
+    }
+    return std::string("the links lead nowhere");
+}
+
+MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus)
+{
+    static constexpr BusObject fileManager { "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1" };
+    Deadline const deadline(fileManagerTimeout);
+    if (auto const bus = BusConnection::open(sessionBus, deadline)) {
+        char const* const urls[] = { fileURL.toString().c_str() };
+        auto* const arguments = g_variant_new("(@ass)", g_variant_new_strv(urls, 1), "");
+        auto const reply = bus->call(fileManager, "ShowItems", arguments, deadline);
+        // One that is slow to answer shows it all the same; a second window would be one too many.
+        if (reply || reply.error().kind == BusFailure::Kind::timedOut)
+            return std::nullopt;
+    }
+    return openInHandler(fileURL.parent());
+}
+
+} // namespace zv

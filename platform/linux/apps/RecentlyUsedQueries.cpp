@@ -1,0 +1,213 @@
+#include "platform/linux/apps/RecentlyUsedQueries.h"
+
+#include "base/Log.h"
+#include "base/Url.h"
+#include "platform/linux/apps/RecentlyUsedFile.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+
+namespace zv {
+
+namespace {
+
+constexpr std::string_view applicationExtension = ".desktop";
+
+UsedItemType typeOf(RecentlyUsed const& bookmark, std::string_view path)
+{
+    if (bookmark.mimeType == "inode/directory")
+        return UsedItemType::folder;
+    return path.ends_with(applicationExtension) ? UsedItemType::application : UsedItemType::document;
+}
+
+/// Collects what was used, once a path with its latest use.
+class UsedItemCollector {
+public:
+    UsedItemCollector(ApplicationIndex const& applications, std::int64_t since)
+        : m_applications(applications)
+        , m_desktops(currentDesktops())
+        , m_since(since)
+    {
+    }
+
+    void addBookmark(RecentlyUsed const& bookmark)
+    {
+        if (bookmark.visited >= m_since && !bookmark.isPrivate)
+            addFile(bookmark);
+        for (auto const& application : bookmark.applications) {
+            if (application.lastUsed >= m_since)
+                addApplication(application);
+        }
+    }
+    void addLaunch(LaunchLog::Launch const& launch)
+    {
+        if (launch.time >= m_since)
+            add({ launch.path, launch.time, UsedItemType::application });
+    }
+    [[nodiscard]] std::vector<UsedItem> newestFirst()
+    {
+        std::vector<UsedItem> items;
+        items.reserve(m_items.size());
+        for (auto& [path, item] : m_items)
+            items.push_back(std::move(item));
+        std::sort(
+            items.begin(), items.end(), [](auto const& a, auto const& b) { return a.lastUsed != b.lastUsed ? a.lastUsed > b.lastUsed : a.path < b.path; });
+        return items;
+    }
+
+private:
+    void addFile(RecentlyUsed const& bookmark)
+    {
+        auto const url = Url::parse(bookmark.href);
+        if (!url || !url->isFile())
+            return;
+        auto path = url->path();
+        auto const type = typeOf(bookmark, path);
+        add({ std::move(path), bookmark.visited, type });
+    }
+    void addApplication(RecentlyUsed::Application const& application)
+    {
+        if (auto const* entry = entryOf(application); entry && entry->isListed(m_desktops))
+            add({ entry->path, application.lastUsed, UsedItemType::application });
+    }
+    /// The same few applications stand in thousands of bookmarks: each is looked up once.
+    ApplicationEntry const* entryOf(RecentlyUsed::Application const& application)
+    {
+        auto const [place, isNew] = m_entryOfCommand.try_emplace(application.exec + '\n' + application.name, nullptr);
+        if (isNew)
+            place->second = lookUp(application);
+        return place->second;
+    }
+    ApplicationEntry const* lookUp(RecentlyUsed::Application const& application) const
+    {
+        // The command line was quoted as a whole when it was registered: 'evince %u'.
+        auto const commandLine = programOfCommandLine(application.exec).value_or(application.exec);
+        auto const program = programOfCommandLine(commandLine).value_or(commandLine);
+        if (auto const* entry = m_applications.findByProgram(program))
+            return entry;
+        return m_applications.findByWindowClass(application.name);
+    }
+    void add(UsedItem item)
+    {
+        auto const [place, isNew] = m_items.try_emplace(item.path, item);
+        if (!isNew && place->second.lastUsed < item.lastUsed)
+            place->second = std::move(item);
+    }
+
+    ApplicationIndex const& m_applications;
+    std::vector<std::string> m_desktops;
+    std::int64_t m_since;
+    std::unordered_map<std::string, UsedItem> m_items;
+    std::unordered_map<std::string, ApplicationEntry const*> m_entryOfCommand;
+};
+
+/// What a query needs once it has left the main thread.
+struct Search {
+    std::string recentlyUsedFile;
+    LaunchLog launches;
+    MetadataPredicate predicate;
+    std::int64_t now;
+    std::size_t mostWanted;
+
+    [[nodiscard]] std::vector<MetadataItem> run(ApplicationIndex const& applications) const
+    {
+        auto const since = predicate.usedWithinSeconds > 0 ? now - predicate.usedWithinSeconds : 0;
+        auto items = usedItems(recentlyUsedFile, launches.read(), applications, since);
+        std::erase_if(items, [this](UsedItem const& item) { return !predicate.admits(item.type); });
+        return existingItems(items, MountTable::current(), mostWanted);
+    }
+};
+
+class RecentlyUsedQuery : public MetadataQuery {
+public:
+    RecentlyUsedQuery(Tasks& tasks, ApplicationCatalog& applications, std::optional<Search> search)
+        : m_tasks(tasks)
+        , m_applications(applications)
+        , m_search(std::move(search))
+    {
+    }
+
+    void start() override
+    {
+        if (!m_search)
+            return m_tasks.runOnMain(m_lifetime.guard([this] { finish({}); }));
+        m_applications.withIndex(m_lifetime.guard([this](ApplicationCatalog::Index const& index) { searchIn(index); }));
+    }
+    void stop() override { m_isStopped = true; }
+    std::size_t resultCount() const override { return m_results.size(); }
+    MetadataItem result(std::size_t index) const override { return m_results.at(index); }
+
+private:
+    void searchIn(ApplicationCatalog::Index const& index)
+    {
+        auto const run = [search = *m_search, index] { return search.run(*index); };
+        m_tasks.inBackground(TaskPriority::user, run, m_lifetime.guard([this](auto results) { finish(std::move(results)); }));
+    }
+    void finish(std::vector<MetadataItem> results)
+    {
+        if (m_isStopped)
+            return;
+        m_results = std::move(results);
+        auto const told = onDidFinishGathering; // outlives the query, which it may destroy
+        if (told)
+            told();
+    }
+
+    Tasks& m_tasks;
+    ApplicationCatalog& m_applications;
+    std::optional<Search> m_search; ///< nothing: a query that is not understood finds nothing
+    std::vector<MetadataItem> m_results;
+    bool m_isStopped = false;
+    Lifetime m_lifetime;
+};
+
+} // namespace
+
+std::vector<UsedItem> usedItems(
+    std::string const& recentlyUsedFile, std::vector<LaunchLog::Launch> const& launches, ApplicationIndex const& applications, std::int64_t since)
+{
+    UsedItemCollector collector(applications, since);
+    if (readRecentlyUsed(recentlyUsedFile, [&](RecentlyUsed&& bookmark) { collector.addBookmark(bookmark); }) == FileReading::failed)
+        logLine("the list of recently used files cannot be read");
+    for (auto const& launch : launches)
+        collector.addLaunch(launch);
+    return collector.newestFirst();
+}
+
+std::vector<MetadataItem> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t mostWanted)
+{
+    std::vector<MetadataItem> existing;
+    for (auto const& item : items) {
+        if (existing.size() == mostWanted)
+            break;
+        auto const fate = mounts.follow(item.path);
+        if (fate.kind == MountTable::Fate::Kind::missing)
+            continue;
+        bool const isRemote = fate.kind == MountTable::Fate::Kind::remote;
+        existing.push_back({ item.path, isRemote ? item.type == UsedItemType::folder : fate.isDirectory, isRemote });
+    }
+    return existing;
+}
+
+RecentlyUsedQueries::RecentlyUsedQueries(Services services, std::string recentlyUsedFile, LaunchLog launches)
+    : m_services(services)
+    , m_recentlyUsedFile(std::move(recentlyUsedFile))
+    , m_launches(std::move(launches))
+{
+}
+
+std::unique_ptr<MetadataQuery> RecentlyUsedQueries::make(MetadataSearch const& search)
+{
+    auto const predicate = MetadataPredicate::parse(search.queryString);
+    std::optional<Search> prepared;
+    if (predicate && search.sortDirection == SortDirection::descending) {
+        auto const now = std::chrono::system_clock::to_time_t(m_services.clock.now());
+        prepared = Search { m_recentlyUsedFile, m_launches, *predicate, now, search.mostWanted };
+    }
+    return std::make_unique<RecentlyUsedQuery>(m_services.tasks, m_services.applications, std::move(prepared));
+}
+
+} // namespace zv

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/LaunchLog.h"
+#include "platform/linux/apps/MetadataPredicate.h"
+#include "platform/linux/files/MountTable.h"
+#include "platform/lists/MetadataQuery.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Tasks.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Something that was used, when, and what it is.
+struct UsedItem {
+    std::string path;
+    std::int64_t lastUsed = 0; ///< seconds since 1970
+    UsedItemType type = UsedItemType::document;
+};
+
+/// What the desktop's list of recently used things and our own launches say was used since
+/// `since`: files and folders by their last visit, the applications that visited them by
+/// theirs. One item a path, newest first; nobody has looked yet whether they still exist.
+/// Any thread.
+[[nodiscard]] std::vector<UsedItem> usedItems(
+    std::string const& recentlyUsedFile, std::vector<LaunchLog::Launch> const& launches, ApplicationIndex const& applications, std::int64_t since);
+/// The first `mostWanted` of those that exist, or lie where nobody may look. Any thread.
+[[nodiscard]] std::vector<MetadataItem> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t mostWanted);
+
+/// Answers metadata queries from the desktop's list of recently used things.
+class RecentlyUsedQueries : public MetadataQueries {
+public:
+    struct Services {
+        Tasks& tasks;
+        Clock const& clock;
+        ApplicationCatalog& applications;
+    };
+
+    /// The services outlive this and its queries.
+    RecentlyUsedQueries(Services services, std::string recentlyUsedFile, LaunchLog launches);
+    [[nodiscard]] std::unique_ptr<MetadataQuery> make(MetadataSearch const& search) override;
+
+private:
+    Services m_services;
+    std::string m_recentlyUsedFile;
+    LaunchLog m_launches;
+};
+
+} // namespace zv

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/lists/RunningApplications.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zv {
+
+/// What a window says about the application that it belongs to; any of it may be missing.
+struct ClientWindow {
+    std::uint32_t window = 0;
+    std::string windowClass; ///< the two parts of WM_CLASS
+    std::string windowInstance;
+    std::string gtkApplicationId;
+    std::string title;
+    std::uint32_t pid = 0; ///< 0 when unknown
+    std::string program; ///< the path of the process's program, when it could be found out
+};
+
+/// The application of a window, by its application entry where one can be found. Pure. Any thread.
+[[nodiscard]] RunningApplication applicationOf(ClientWindow const& window, ApplicationIndex const& index);
+
+/// The application id in the name of a user unit, "app-gnome-firefox\x2desr-1234.scope";
+/// nothing when the name is not of that kind.
+[[nodiscard]] std::optional<std::string> applicationIdOfUnit(std::string_view unitName);
+/// The applications of running units that a menu shows, without this program. Pure. Any thread.
+[[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(
+    std::vector<std::string> const& unitNames, ApplicationIndex const& index, std::vector<std::string> const& desktops);
+
+/// The path of the program that a process runs; empty when it is not ours to know.
+[[nodiscard]] std::string programOfProcess(std::uint32_t pid);
+
+} // namespace zv

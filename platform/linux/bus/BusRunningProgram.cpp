@@ -1,0 +1,82 @@
+#include "platform/linux/bus/BusRunningProgram.h"
+
+#include <cmath>
+
+namespace zv {
+
+namespace {
+
+constexpr BusObject program { "org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell", "org.zanthevell.ZantheVell" };
+constexpr std::chrono::seconds patience { 5 };
+
+/// Owned from here on, also where nobody takes them.
+GVariantRef owned(GVariant* floating) { return GVariantRef(floating ? g_variant_ref_sink(floating) : nullptr); }
+
+} // namespace
+
+BusConnection const* BusRunningProgram::bus() const
+{
+    if (!m_isConnected)
+        m_bus = BusConnection::open(BusAddresses::ofThisMachine().session, Deadline(patience));
+    m_isConnected = true;
+    return m_bus ? &*m_bus : nullptr;
+}
+
+Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting)
+{
+    auto const* const session = bus();
+    if (!session)
+        return Failure { std::string("There is no session bus to reach the running program by.") };
+    auto reply = session->call(program, method, arguments.get(), Deadline(patience), replyType, starting);
+    if (reply)
+        return std::move(reply).value();
+    if (!isRunning())
+        return Failure { std::string("Zanthe Vell is not running.") };
+    return Failure { "The running program did not do it: " + reply.error().message };
+}
+
+MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments, BusConnection::Starting starting)
+{
+    auto const answer = ask(method, owned(arguments), nullptr, starting);
+    return answer ? std::nullopt : std::optional(answer.error());
+}
+
+bool BusRunningProgram::isRunning() const
+{
+    auto const* const session = bus();
+    return session && session->hasOwner(program.service, Deadline(patience));
+}
+
+MaybeFailure<> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
+{
+    if (!at)
+        return tell("ShowMenu", nullptr, BusConnection::Starting::allowed);
+    return tell(
+        "ShowMenuAt", g_variant_new("(ii)", static_cast<int>(std::lround(at->x)), static_cast<int>(std::lround(at->y))), BusConnection::Starting::allowed);
+}
+
+MaybeFailure<> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr, BusConnection::Starting::allowed); }
+
+MaybeFailure<> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
+
+/// As addresses: a path may hold bytes that no text on a bus may.
+MaybeFailure<> BusRunningProgram::addFiles(std::vector<Url> const& files)
+{
+    std::vector<char const*> addresses;
+    for (auto const& file : files)
+        addresses.push_back(file.toString().c_str());
+    return tell(
+        "AddFiles", g_variant_new("(@as)", g_variant_new_strv(addresses.data(), static_cast<gssize>(addresses.size()))), BusConnection::Starting::forbidden);
+}
+
+Result<std::string> BusRunningProgram::hotkeys()
+{
+    auto const answer = ask("Hotkeys", nullptr, "(s)", BusConnection::Starting::forbidden);
+    if (!answer)
+        return Failure { answer.error() };
+    char const* json = nullptr;
+    g_variant_get(answer->get(), "(&s)", &json);
+    return std::string(json);
+}
+
+} // namespace zv

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/linux/bus/BusConnection.h"
+#include "platform/program/RunningProgram.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Asks the running program over the session bus. Waits for the answer, a few seconds at
+/// most; connects at the first question.
+class BusRunningProgram : public RunningProgram {
+public:
+    bool isRunning() const override;
+    MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
+    MaybeFailure<> openSettings() override;
+    MaybeFailure<> quit() override;
+    MaybeFailure<> addFiles(std::vector<Url> const& files) override;
+    Result<std::string> hotkeys() override;
+
+private:
+    [[nodiscard]] BusConnection const* bus() const;
+    [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting);
+    [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
+
+    mutable bool m_isConnected = false; ///< or that was tried in vain
+    mutable std::optional<BusConnection> m_bus;
+};
+
+} // namespace zv

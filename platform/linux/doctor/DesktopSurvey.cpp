@@ -1,0 +1,112 @@
+#include "platform/linux/doctor/DesktopSurvey.h"
+
+#include "platform/linux/install/AutostartLoginService.h"
+#include "platform/linux/session/LinuxDesktopCommands.h"
+#include "platform/linux/session/LinuxScriptRunner.h"
+#include "platform/linux/session/ScreenLock.h"
+
+#include <gio/gio.h>
+
+#include <filesystem>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+using Allowed = DesktopFindings::Allowed;
+
+constexpr std::chrono::seconds patience { 5 };
+constexpr char const* watcher = "org.kde.StatusNotifierWatcher";
+constexpr BusObject watcherProperties { watcher, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties" };
+constexpr BusObject loginManager { "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
+
+DesktopFindings::StatusIcons statusIconsOn(BusConnection const& bus, Deadline const& deadline)
+{
+    using enum DesktopFindings::StatusIcons;
+    if (!bus.hasOwner(watcher, deadline))
+        return noWatcher;
+    auto const reply = bus.call(watcherProperties, "Get", g_variant_new("(ss)", watcher, "IsStatusNotifierHostRegistered"), deadline, "(v)");
+    if (!reply)
+        return shown; // a watcher that does not tell is a panel's own
+    GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
+    GVariantRef const value(g_variant_get_variant(boxed.get()));
+    bool const isBoolean = g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN);
+    return isBoolean && g_variant_get_boolean(value.get()) == FALSE ? withoutHost : shown;
+}
+
+DesktopFindings::FileManager fileManagerOn(std::optional<BusConnection> const& bus, Deadline const& deadline)
+{
+    using enum DesktopFindings::FileManager;
+    if (bus && bus->canReach("org.freedesktop.FileManager1", deadline))
+        return reveals;
+    GObjectRef<GAppInfo> const handler(g_app_info_get_default_for_type("inode/directory", FALSE));
+    return handler ? opensFolders : none;
+}
+
+/// Nautilus loads extensions in Python by a library among its own.
+bool lacksFilesExtension(Programs const& programs)
+{
+    if (!programs.has("nautilus"))
+        return false;
+    std::error_code ignored;
+    for (auto const& library : std::filesystem::directory_iterator("/usr/lib", ignored)) {
+        for (auto const* folder : { "nautilus/extensions-4", "nautilus/extensions-3.0" }) {
+            if (std::filesystem::exists(library.path() / folder / "libnautilus-python.so", ignored))
+                return false;
+        }
+    }
+    return true;
+}
+
+Allowed allowedBy(BusConnection const& bus, char const* question, Deadline const& deadline)
+{
+    auto const reply = bus.call(loginManager, question, nullptr, deadline, "(s)");
+    if (!reply)
+        return Allowed::no;
+    char const* text = "";
+    g_variant_get(reply->get(), "(&s)", &text);
+    std::string_view const answer = text;
+    return answer == "yes" ? Allowed::yes : answer == "challenge" ? Allowed::afterPassword : Allowed::no;
+}
+
+void surveySessionBus(std::optional<BusConnection> const& bus, Deadline const& deadline, DesktopFindings& findings)
+{
+    findings.hasSessionBus = bus.has_value();
+    findings.fileManager = fileManagerOn(bus, deadline);
+    if (!bus)
+        return;
+    findings.statusIcons = statusIconsOn(*bus, deadline);
+    findings.hasPortal = bus->canReach("org.freedesktop.portal.Desktop", deadline);
+    findings.hasNotifications = bus->canReach("org.freedesktop.Notifications", deadline);
+}
+
+void surveySystemBus(std::optional<BusConnection> const& bus, Deadline const& deadline, DesktopFindings& findings)
+{
+    findings.hasLoginService = bus && bus->canReach(loginManager.service, deadline);
+    if (!findings.hasLoginService)
+        return;
+    findings.hasAuthorization = bus->canReach("org.freedesktop.PolicyKit1", deadline);
+    findings.sleep = allowedBy(*bus, "CanSuspend", deadline);
+    findings.restart = allowedBy(*bus, "CanReboot", deadline);
+    findings.shutDown = allowedBy(*bus, "CanPowerOff", deadline);
+}
+
+} // namespace
+
+void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, DesktopFindings& findings)
+{
+    Deadline const deadline(patience);
+    findings.isGnome = access.desktop == Desktop::gnome;
+    surveySessionBus(BusConnection::open(access.buses.session, deadline), deadline, findings);
+    surveySystemBus(BusConnection::open(access.buses.system, deadline), deadline, findings);
+    findings.lacksFilesExtension = lacksFilesExtension(*access.programs);
+    findings.screenLock = screenLockOf(access, patience);
+    findings.forceQuit = LinuxScriptRunner::forceQuitOf(access);
+    findings.placesWithoutProgram = LinuxDesktopCommands::placesWithoutProgram(access);
+    AutostartLoginService::Options options;
+    options.configHome = directories.config;
+    findings.openAtLogin = AutostartLoginService(std::move(options)).status();
+}
+
+} // namespace zv

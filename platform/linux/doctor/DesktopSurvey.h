@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/linux/session/DesktopAccess.h"
+#include "platform/program/DesktopFindings.h"
+
+namespace zv {
+
+/// Fills in what the message buses and the installed programs tell. Blocks, a few seconds
+/// at most; starts nothing.
+void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, DesktopFindings& findings);
+
+} // namespace zv

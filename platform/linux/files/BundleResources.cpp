@@ -1,0 +1,69 @@
+#include "platform/linux/files/BundleResources.h"
+
+#include "platform/linux/posix/WholeFiles.h"
+#include "platform/text/PropertyListFormat.h"
+
+#include <climits>
+#include <cstdlib>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* folderName = "zanthe-vell";
+
+std::string programFolder()
+{
+    char path[PATH_MAX];
+    return ::realpath("/proc/self/exe", path) ? folderOf(path) : std::string("/usr/bin");
+}
+
+PropertyListDictionary builtInInformation()
+{
+    return {
+        { "CFBundleName", "Zanthe Vell" },
+        { "CFBundleDisplayName", "Zanthe Vell" },
+        { "CFBundleIdentifier", "org.zanthevell.ZantheVell" },
+        { "CFBundleShortVersionString", ZV_VERSION },
+    };
+}
+
+} // namespace
+
+BundleResources::BundleResources(std::vector<std::string> folders)
+    : m_folders(std::move(folders))
+    , m_information(builtInInformation())
+{
+    auto const bytes = load("Info", "plist");
+    auto const own = bytes ? readPropertyList(*bytes) : Result<PropertyList>(PropertyListDictionary());
+    if (!own || !own->dictionary())
+        return;
+    for (auto const& [key, value] : *own->dictionary())
+        m_information.set(key, value);
+}
+
+std::vector<std::string> BundleResources::standardFolders()
+{
+    auto const program = programFolder();
+    return { program + "/resources", folderOf(program) + "/share/" + folderName };
+}
+
+std::optional<std::vector<std::byte>> BundleResources::load(std::string_view name, std::string_view extension) const
+{
+    for (std::string const system : { " (Linux)", "" }) {
+        if (auto bytes = loadFile(std::string(name) + system + "." + std::string(extension)))
+            return bytes;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::vector<std::byte>> BundleResources::loadFile(std::string const& fileName) const
+{
+    for (auto const& folder : m_folders) {
+        if (auto bytes = readWholeFile(folder + "/" + fileName, maximumPropertyListSize))
+            return std::move(*bytes);
+    }
+    return std::nullopt;
+}
+
+} // namespace zv

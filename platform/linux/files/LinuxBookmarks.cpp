@@ -1,0 +1,149 @@
+#include "platform/linux/files/LinuxBookmarks.h"
+
+#include "platform/linux/posix/WholeFiles.h"
+
+#include <cstdint>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::string_view signature = "zvb1";
+
+/// What stays the same while a file is renamed. Inode numbers are given out again after a
+/// file is deleted; the time of birth tells the new file from the old. Where the file system
+/// keeps none it is zero.
+struct Identity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t birth = 0;
+};
+
+struct Entry {
+    Identity identity;
+    bool isLink;
+};
+
+constexpr std::size_t headerSize = signature.size() + sizeof(Identity);
+
+/// Of the entry itself, not of what a link leads to.
+std::optional<Entry> entryAt(int folder, char const* path)
+{
+    struct statx status { };
+    // The time of the last change is asked for because kernels stamp what happens after such a
+    // question more finely: a file that is made a moment later then has another time of birth.
+    constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_BTIME | STATX_CTIME;
+    if (::statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
+        return std::nullopt;
+    bool const hasBirth = (status.stx_mask & STATX_BTIME) != 0;
+    auto const birth = hasBirth ? status.stx_btime.tv_sec * 1'000'000'000 + status.stx_btime.tv_nsec : 0;
+    return Entry { { ::makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino, birth }, S_ISLNK(status.stx_mode) };
+}
+
+/// Device numbers may change from one start of the system to the next, so the birth time, too,
+/// vouches for an inode.
+bool isSameFile(Identity const& recorded, Identity const& found)
+{
+    bool const hasSameBirth = recorded.birth == found.birth;
+    return recorded.inode == found.inode && hasSameBirth && (recorded.device == found.device || recorded.birth != 0);
+}
+
+/// Nothing for a link that leads nowhere, too.
+std::optional<Identity> identityOf(std::string const& path)
+{
+    auto const entry = entryAt(AT_FDCWD, path.c_str());
+    struct stat target { };
+    if (!entry || (entry->isLink && ::fstatat(AT_FDCWD, path.c_str(), &target, AT_NO_AUTOMOUNT) != 0))
+        return std::nullopt;
+    return entry->identity;
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// The path of the file beside `path` that has the identity.
+std::optional<std::string> findBeside(std::string const& path, Identity const& identity)
+{
+    auto const folder = folderOf(path);
+    std::unique_ptr<DIR, CloseFolder> const stream(::opendir(folder.c_str()));
+    if (!stream)
+        return std::nullopt;
+    while (auto const* entry = ::readdir(stream.get())) {
+        // Only the entry with the right number is worth a closer look.
+        if (entry->d_ino != identity.inode)
+            continue;
+        auto const found = entryAt(::dirfd(stream.get()), entry->d_name);
+        if (found && isSameFile(identity, found->identity))
+            return (folder == "/" ? folder : folder + "/") + entry->d_name;
+    }
+    return std::nullopt;
+}
+
+BookmarkData dataOf(Identity const& identity, std::string_view path)
+{
+    BookmarkData data(headerSize + path.size());
+    std::memcpy(data.data(), signature.data(), signature.size());
+    std::memcpy(data.data() + signature.size(), &identity, sizeof identity);
+    std::memcpy(data.data() + headerSize, path.data(), path.size());
+    return data;
+}
+
+struct Recorded {
+    Identity identity;
+    std::string path;
+};
+
+std::optional<Recorded> recordedIn(BookmarkData const& data)
+{
+    if (data.size() <= headerSize || std::memcmp(data.data(), signature.data(), signature.size()) != 0)
+        return std::nullopt;
+    Recorded recorded;
+    std::memcpy(&recorded.identity, data.data() + signature.size(), sizeof recorded.identity);
+    recorded.path.assign(reinterpret_cast<char const*>(data.data()) + headerSize, data.size() - headerSize);
+    bool const isPath = recorded.path.starts_with('/') && recorded.path.find('\0') == std::string::npos;
+    return isPath ? std::optional(std::move(recorded)) : std::nullopt;
+}
+
+} // namespace
+
+LinuxBookmarks::LinuxBookmarks(std::string mountInfoPath)
+    : m_mounts(std::move(mountInfoPath))
+{
+}
+
+std::optional<BookmarkData> LinuxBookmarks::create(Url const& url) const
+{
+    auto const path = url.path();
+    if (m_mounts.isRemote(path))
+        return std::nullopt;
+    auto const identity = identityOf(path);
+    return identity ? std::optional(dataOf(*identity, path)) : std::nullopt;
+}
+
+std::optional<ResolvedBookmark> LinuxBookmarks::resolve(BookmarkData const& data) const
+{
+    auto const recorded = recordedIn(data);
+    if (!recorded)
+        return std::nullopt;
+    if (m_mounts.isRemote(recorded->path))
+        return ResolvedBookmark { Url::fromPath(recorded->path), false };
+    // A program that saves by replacing the file leaves another one in its place.
+    if (auto const identity = identityOf(recorded->path))
+        return ResolvedBookmark { Url::fromPath(recorded->path), !isSameFile(recorded->identity, *identity) };
+    auto const moved = findBeside(recorded->path, recorded->identity);
+    if (!moved || !identityOf(*moved))
+        return std::nullopt;
+    return ResolvedBookmark { Url::fromPath(*moved), true };
+}
+
+} // namespace zv

@@ -1,0 +1,154 @@
+#include "platform/linux/files/LinuxFileSystem.h"
+
+#include "base/Uuid.h"
+#include "platform/linux/entries/ApplicationEntry.h"
+#include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/WholeFiles.h"
+#include "platform/text/Text.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <gio/gunixmounts.h>
+#include <memory>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+/// Larger than any document of ours; keeps a mistaken choice from filling the memory.
+constexpr std::size_t mostBytesRead = std::size_t { 256 } << 20;
+
+enum class Links { followed, kept };
+
+/// Nothing when there is no such file. Never sets off an automatic mount.
+std::optional<struct stat> statusOf(std::string const& path, Links links)
+{
+    struct stat status { };
+    int const flags = AT_NO_AUTOMOUNT | (links == Links::kept ? AT_SYMLINK_NOFOLLOW : 0);
+    return ::fstatat(AT_FDCWD, path.c_str(), &status, flags) == 0 ? std::optional(status) : std::nullopt;
+}
+
+std::string temporaryBeside(std::string const& path) { return folderOf(path) + "/.zanthe-vell-" + Uuid::random().toString(); }
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+bool isDotOrDotDot(std::string_view name) { return name == "." || name == ".."; }
+
+struct FreeMountEntry {
+    void operator()(GUnixMountEntry* entry) const { g_unix_mount_free(entry); }
+};
+
+/// A name without an extension is taken for a folder's.
+FileTraits traitsByName(std::string_view name)
+{
+    bool const isFolder = pathExtension(name).empty() || isPackageFolderName(name);
+    return { isFolder, isPackageFolderName(name) || isApplicationEntryName(name) };
+}
+
+} // namespace
+
+LinuxFileSystem::LinuxFileSystem(std::string mountInfoPath)
+    : m_mounts(std::move(mountInfoPath))
+{
+}
+
+bool LinuxFileSystem::exists(Url const& url) const
+{
+    auto const path = url.path();
+    return m_mounts.isRemote(path) || statusOf(path, Links::followed).has_value();
+}
+
+bool LinuxFileSystem::isTaken(Url const& url) const { return statusOf(url.path(), Links::kept).has_value(); }
+
+std::optional<FileTraits> LinuxFileSystem::traits(Url const& url) const
+{
+    auto const path = url.path();
+    if (m_mounts.isRemote(path))
+        return traitsByName(url.lastPathComponent());
+    auto const status = statusOf(path, Links::followed);
+    if (!status)
+        return isTaken(url) ? std::optional(FileTraits {}) : std::nullopt;
+    auto const name = url.lastPathComponent();
+    bool const isDirectory = S_ISDIR(status->st_mode);
+    return FileTraits { isDirectory, isDirectory ? isPackageFolderName(name) : isApplicationEntryName(name) };
+}
+
+Url LinuxFileSystem::resolvingSymlinks(Url const& url) const
+{
+    auto const path = url.path();
+    char resolved[PATH_MAX];
+    return !m_mounts.isRemote(path) && ::realpath(path.c_str(), resolved) ? Url::fromPath(resolved) : url;
+}
+
+Url LinuxFileSystem::resolvingAlias(Url const& url) const { return Url::fromPath(followingLink(url.path())); }
+
+/// An application entry is shown by the name of its application.
+std::string LinuxFileSystem::localizedName(Url const& url) const
+{
+    auto const name = url.lastPathComponent();
+    bool const isReadable = isApplicationEntryName(name) && !m_mounts.isRemote(url.path());
+    auto const entry = isReadable ? readApplicationEntry(url.path(), name) : std::nullopt;
+    return withValidUtf8(entry ? entry->name : name);
+}
+
+std::optional<std::string> LinuxFileSystem::volumeName(Url const& url) const
+{
+    std::unique_ptr<GUnixMountEntry, FreeMountEntry> const entry(g_unix_mount_at(url.path().c_str(), nullptr));
+    if (!entry)
+        return std::nullopt;
+    std::unique_ptr<char, decltype(&g_free)> const name(g_unix_mount_guess_name(entry.get()), g_free);
+    return withValidUtf8(name.get());
+}
+
+bool LinuxFileSystem::isOnReadOnlyVolume(Url const& url) const
+{
+    struct statvfs volume { };
+    return ::statvfs(url.path().c_str(), &volume) == 0 && (volume.f_flag & ST_RDONLY) != 0;
+}
+
+MaybeFailure<> LinuxFileSystem::createDirectory(Url const& url) { return makeFolders(url.path(), 0777); }
+
+bool LinuxFileSystem::isWritableDirectory(Url const& url) const
+{
+    auto const status = statusOf(url.path(), Links::followed);
+    return status && S_ISDIR(status->st_mode) && ::faccessat(AT_FDCWD, url.path().c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { return readWholeFile(url.path(), mostBytesRead); }
+
+MaybeFailure<> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
+{
+    // A link to a document stays one: the document is what is written.
+    auto const path = followingLink(url.path());
+    auto const status = statusOf(path, Links::followed);
+    if (status && !S_ISREG(status->st_mode))
+        return S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file";
+    return replaceFile(path, temporaryBeside(path), bytes, 0666);
+}
+
+Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
+{
+    std::unique_ptr<DIR, CloseFolder> const stream(::opendir(folder.path().c_str()));
+    if (!stream)
+        return Failure { systemMessage(errno) };
+    std::vector<std::string> names;
+    while (auto const* entry = ::readdir(stream.get())) {
+        if (!isDotOrDotDot(entry->d_name))
+            names.emplace_back(entry->d_name);
+    }
+    return names;
+}
+
+MaybeFailure<> LinuxFileSystem::remove(Url const& url) { return std::remove(url.path().c_str()) == 0 ? MaybeFailure<>() : systemMessage(errno); }
+
+} // namespace zv

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/files/FileSystem.h"
+#include "platform/linux/files/MountWatch.h"
+
+#include <string>
+
+namespace zv {
+
+/// The disk. A file on a remote file system is taken to be there, and to be what its name
+/// says: to look might take forever.
+class LinuxFileSystem : public FileSystem {
+public:
+    explicit LinuxFileSystem(std::string mountInfoPath = MountWatch::systemTable);
+
+    [[nodiscard]] bool exists(Url const& url) const override;
+    [[nodiscard]] bool isTaken(Url const& url) const override;
+    [[nodiscard]] std::optional<FileTraits> traits(Url const& url) const override;
+    [[nodiscard]] Url resolvingSymlinks(Url const& url) const override;
+    [[nodiscard]] Url resolvingAlias(Url const& url) const override;
+    [[nodiscard]] std::string localizedName(Url const& url) const override;
+    [[nodiscard]] std::optional<std::string> volumeName(Url const& url) const override;
+    [[nodiscard]] bool isOnReadOnlyVolume(Url const& url) const override;
+    [[nodiscard]] MaybeFailure<> createDirectory(Url const& url) override;
+    [[nodiscard]] bool isWritableDirectory(Url const& url) const override;
+    [[nodiscard]] Result<std::vector<std::byte>> read(Url const& url) const override;
+    [[nodiscard]] MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) override;
+    [[nodiscard]] Result<std::vector<std::string>> names(Url const& folder) const override;
+    [[nodiscard]] MaybeFailure<> remove(Url const& url) override;
+
+private:
+    mutable MountWatch m_mounts;
+};
+
+} // namespace zv

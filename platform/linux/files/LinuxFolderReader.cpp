@@ -1,0 +1,259 @@
+#include "platform/linux/files/LinuxFolderReader.h"
+
+#include "platform/linux/entries/PackageName.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <optional>
+#include <span>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <unordered_set>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::size_t bufferSize = std::size_t { 32 } << 10;
+constexpr off_t mostHiddenListBytes = off_t { 1 } << 20;
+
+enum class EntryType { file, folder, link, unknown };
+
+EntryType typeOf(unsigned char direntType)
+{
+    switch (direntType) {
+    case DT_DIR:
+        return EntryType::folder;
+    case DT_LNK:
+        return EntryType::link;
+    case DT_UNKNOWN:
+        return EntryType::unknown;
+    default:
+        return EntryType::file;
+    }
+}
+
+FolderReadFailure failureOf(int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return FolderReadFailure::notPermitted;
+    case ENOENT:
+    case ELOOP:
+        return FolderReadFailure::notFound;
+    case ENOTDIR:
+        return FolderReadFailure::notAFolder;
+    default:
+        return FolderReadFailure::failed;
+    }
+}
+
+class Descriptor {
+public:
+    explicit Descriptor(int file)
+        : m_file(file)
+    {
+    }
+    ~Descriptor()
+    {
+        if (m_file >= 0)
+            close(m_file);
+    }
+    Descriptor(Descriptor const&) = delete;
+    Descriptor& operator=(Descriptor const&) = delete;
+    [[nodiscard]] int get() const { return m_file; }
+
+private:
+    int m_file;
+};
+
+/// The names that a folder's own ".hidden" file wants hidden.
+class HiddenList {
+public:
+    explicit HiddenList(int folder)
+        : m_text(load(folder))
+    {
+        for (std::string_view rest = m_text; !rest.empty();) {
+            auto const end = std::min(rest.find('\n'), rest.size());
+            m_names.insert(rest.substr(0, end));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    HiddenList(HiddenList const&) = delete;
+    HiddenList& operator=(HiddenList const&) = delete;
+
+    [[nodiscard]] bool contains(std::string_view name) const { return !m_names.empty() && m_names.contains(name); }
+
+private:
+    static std::string load(int folder)
+    {
+        Descriptor const file(openat(folder, ".hidden", O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
+        struct stat status { };
+        if (file.get() < 0 || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > mostHiddenListBytes)
+            return {};
+        std::string text(static_cast<std::size_t>(status.st_size), '\0');
+        auto const count = ::read(file.get(), text.data(), text.size());
+        text.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        return text;
+    }
+
+    std::string m_text;
+    std::unordered_set<std::string_view> m_names;
+};
+
+/// One pass over one open folder.
+class FolderPass {
+public:
+    FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, DesktopAudience const& audience, MountWatch& mounts)
+        : m_folder(folder)
+        , m_path(std::move(path))
+        , m_audience(audience)
+        , m_mounts(mounts)
+    {
+        if (hiddenFiles == HiddenFiles::skipped)
+            m_hidden.emplace(folder);
+    }
+
+    Result<FolderContents, FolderReadFailure> run()
+    {
+        alignas(dirent64) std::array<std::byte, bufferSize> buffer; // filled by each call as far as it is read
+        while (true) {
+            auto const count = getdents64(m_folder, buffer.data(), buffer.size());
+            if (count < 0)
+                return Failure { failureOf(errno) };
+            if (count == 0)
+                return std::move(m_contents);
+            takeAll({ buffer.data(), static_cast<std::size_t>(count) });
+        }
+    }
+
+private:
+    void takeAll(std::span<std::byte const> records)
+    {
+        for (std::size_t offset = 0; offset < records.size();) {
+            auto const* const record = reinterpret_cast<dirent64 const*>(records.data() + offset);
+            take(record->d_name, typeOf(record->d_type));
+            offset += record->d_reclen;
+        }
+    }
+
+    void take(char const* name, EntryType type)
+    {
+        std::string_view const text = name;
+        if (text == "." || text == ".." || isHidden(text))
+            return;
+        if (type == EntryType::unknown)
+            type = askForType(name);
+        if (type == EntryType::folder)
+            m_contents.add({ text, {}, { true, isPackageFolderName(text) }, false });
+        else if (type == EntryType::link)
+            takeLink(name);
+        else if (isApplicationEntryName(text))
+            takeApplicationEntry(name);
+        else
+            add(text, {});
+    }
+
+    [[nodiscard]] bool isHidden(std::string_view name) const { return m_hidden && (name.starts_with('.') || m_hidden->contains(name)); }
+
+    [[nodiscard]] EntryType askForType(char const* name) const
+    {
+        struct stat status { };
+        if (fstatat(m_folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return EntryType::file;
+        if (S_ISDIR(status.st_mode))
+            return EntryType::folder;
+        return S_ISLNK(status.st_mode) ? EntryType::link : EntryType::file;
+    }
+
+    void takeLink(char const* name)
+    {
+        if (isPlainFileAtOnce(name)) {
+            add(name, {});
+            return;
+        }
+        auto const fate = mounts().table.follow(m_path + "/" + name);
+        auto const targetName = lastPathComponent(fate.path);
+        if (fate.kind == MountTable::Fate::Kind::missing)
+            add(name, {});
+        else if (fate.kind == MountTable::Fate::Kind::remote)
+            add(name, FileTraits { pathExtension(name).empty(), false });
+        else if (fate.isDirectory)
+            add(name, { true, isPackageFolderName(targetName) });
+        else if (isApplicationEntryName(targetName) && isApplicationEntryName(name))
+            takeApplicationEntry(name);
+        else
+            add(name, FileTraits { false, isApplicationEntryName(targetName) });
+    }
+
+    /// Most links lead to plain files: one look tells, where nothing remote can be in the way.
+    [[nodiscard]] bool isPlainFileAtOnce(char const* name)
+    {
+        struct stat status { };
+        if (mounts().hasRemote)
+            return false;
+        if (fstatat(m_folder, name, &status, 0) != 0)
+            return true;
+        return !S_ISDIR(status.st_mode) && !isApplicationEntryName(targetOf(name));
+    }
+
+    [[nodiscard]] std::string_view targetOf(char const* name)
+    {
+        auto const length = readlinkat(m_folder, name, m_target.data(), m_target.size());
+        return { m_target.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)) };
+    }
+
+    void takeApplicationEntry(char const* name)
+    {
+        auto const entry = DesktopEntryText::read(m_folder, name, m_audience);
+        if (entry.isListed)
+            m_contents.add({ name, entry.name, { false, true } });
+    }
+
+    void add(std::string_view name, FileTraits traits) { m_contents.add({ name, {}, traits }); }
+
+    MountWatch::Snapshot const& mounts()
+    {
+        if (!m_snapshot)
+            m_snapshot = m_mounts.current();
+        return *m_snapshot;
+    }
+
+    int m_folder;
+    std::string m_path;
+    DesktopAudience const& m_audience;
+    MountWatch& m_mounts;
+    std::shared_ptr<MountWatch::Snapshot const> m_snapshot; ///< asked for once there is a link
+    std::optional<HiddenList> m_hidden; ///< absent where hidden files are shown
+    std::array<char, PATH_MAX> m_target;
+    FolderContents m_contents;
+};
+
+} // namespace
+
+LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath)
+    : m_audience(std::move(audience))
+    , m_mounts(std::move(mountInfoPath))
+{
+}
+
+Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& folder, HiddenFiles hiddenFiles) const
+{
+    auto path = folder.path();
+    Descriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (open.get() < 0)
+        return Failure { failureOf(errno) };
+    return FolderPass(open.get(), std::move(path), hiddenFiles, m_audience, m_mounts).run();
+}
+
+bool LinuxFolderReader::isRemote(Url const& folder) const { return m_mounts.isRemote(folder.path()); }
+
+} // namespace zv

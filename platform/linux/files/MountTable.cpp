@@ -1,0 +1,167 @@
+#include "platform/linux/files/MountTable.h"
+
+#include "platform/linux/posix/SmallFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zv {
+
+namespace {
+
+constexpr std::array remoteTypes { "nfs", "nfs4", "cifs", "smb3", "smbfs", "ncpfs", "afs", "ceph", "coda", "9p", "glusterfs", "lustre", "autofs", "davfs",
+    "fuse" };
+
+constexpr int mostLinks = 40; // as the kernel has it
+
+std::vector<std::string_view> split(std::string_view text, char separator)
+{
+    std::vector<std::string_view> parts;
+    while (!text.empty()) {
+        auto const end = std::min(text.find(separator), text.size());
+        if (end > 0)
+            parts.push_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return parts;
+}
+
+bool isOctal(char c) { return c >= '0' && c <= '7'; }
+
+/// Blanks, tabs, line breaks and backslashes come as "\040".
+std::string unescaped(std::string_view text)
+{
+    std::string plain;
+    plain.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isEscape = text[i] == '\\' && i + 3 < text.size() && isOctal(text[i + 1]) && isOctal(text[i + 2]) && isOctal(text[i + 3]);
+        if (!isEscape) {
+            plain += text[i];
+            continue;
+        }
+        plain += static_cast<char>((text[i + 1] - '0') * 64 + (text[i + 2] - '0') * 8 + (text[i + 3] - '0'));
+        i += 3;
+    }
+    return plain;
+}
+
+/// "36 35 98:0 /root /mount/point rw,noatime master:1 - ext4 /dev/sda1 rw"
+std::optional<Mount> mountOfLine(std::string_view line)
+{
+    auto const fields = split(line, ' ');
+    auto const dash = std::find(fields.begin(), fields.end(), "-");
+    if (fields.size() < 6 || dash - fields.begin() < 6 || fields.end() - dash < 3)
+        return std::nullopt;
+    return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]) };
+}
+
+bool isAtOrBelow(std::string_view path, std::string_view mountPoint)
+{
+    if (mountPoint == "/")
+        return true;
+    return path.starts_with(mountPoint) && (path.size() == mountPoint.size() || path[mountPoint.size()] == '/');
+}
+
+std::optional<std::string> linkTarget(std::string const& path)
+{
+    std::array<char, PATH_MAX> buffer {};
+    auto const length = readlink(path.c_str(), buffer.data(), buffer.size());
+    return length < 0 ? std::nullopt : std::optional(std::string(buffer.data(), static_cast<std::size_t>(length)));
+}
+
+/// A path that is walked component by component.
+class Walk {
+public:
+    explicit Walk(std::string_view path) { prepend(path); }
+
+    [[nodiscard]] bool isDone() const { return m_rest.empty(); }
+    [[nodiscard]] std::string const& place() const { return m_place; }
+
+    void step()
+    {
+        auto const component = std::move(m_rest.back());
+        m_rest.pop_back();
+        if (component == "..")
+            m_place.resize(m_place.size() > 1 ? std::max<std::size_t>(m_place.rfind('/'), 1) : 1);
+        else if (component != ".")
+            m_place += (m_place == "/" ? "" : "/") + component;
+    }
+    /// The place is a link: go on from where it leads.
+    void jump(std::string_view target)
+    {
+        m_place.resize(target.starts_with('/') ? 1 : std::max<std::size_t>(m_place.rfind('/'), 1));
+        prepend(target);
+    }
+
+private:
+    void prepend(std::string_view path)
+    {
+        auto const parts = split(path, '/');
+        m_rest.insert(m_rest.end(), parts.rbegin(), parts.rend());
+    }
+
+    std::string m_place = "/";
+    std::vector<std::string> m_rest; ///< the next one last
+};
+
+} // namespace
+
+MountTable::MountTable(std::string_view mountInfo)
+{
+    for (auto const line : split(mountInfo, '\n')) {
+        if (auto mount = mountOfLine(line))
+            m_mounts.push_back(std::move(*mount));
+    }
+}
+
+MountTable MountTable::current() { return MountTable(readSmallFile("/proc/self/mountinfo").value_or("")); }
+
+Mount const* MountTable::mountOf(std::string_view path) const
+{
+    Mount const* deepest = nullptr;
+    for (auto const& mount : m_mounts) {
+        bool const isDeeper = !deepest || mount.path.size() >= deepest->path.size();
+        if (isDeeper && isAtOrBelow(path, mount.path))
+            deepest = &mount;
+    }
+    return deepest;
+}
+
+MountTable::Fate MountTable::follow(std::string_view path) const
+{
+    Walk walk(path);
+    int links = 0;
+    bool isDirectory = true;
+    bool isLink = false;
+    while (!walk.isDone()) {
+        walk.step();
+        if (auto const* mount = mountOf(walk.place()); mount && isRemoteFileSystem(mount->type))
+            return { Fate::Kind::remote, false, walk.place(), isLink };
+        struct stat status { };
+        if (lstat(walk.place().c_str(), &status) != 0)
+            return { Fate::Kind::missing, false, {}, isLink };
+        isDirectory = S_ISDIR(status.st_mode);
+        if (!S_ISLNK(status.st_mode))
+            continue;
+        isLink = isLink || walk.isDone(); // nothing of the path is left: this is its end
+        auto const target = linkTarget(walk.place());
+        if (!target || target->empty() || ++links > mostLinks)
+            return { Fate::Kind::missing, false, {}, isLink };
+        walk.jump(*target);
+        isDirectory = true; // what the walk stands on now
+    }
+    return { Fate::Kind::found, isDirectory, walk.place(), isLink };
+}
+
+bool isRemoteFileSystem(std::string_view type)
+{
+    if (type.starts_with("fuse."))
+        return true;
+    return std::find(remoteTypes.begin(), remoteTypes.end(), type) != remoteTypes.end();
+}
+
+} // namespace zv

@@ -1,0 +1,75 @@
+#include "platform/linux/files/MountWatch.h"
+
+#include "platform/linux/posix/SmallFiles.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <poll.h>
+#include <time.h>
+#include <unistd.h>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path)
+{
+    MountTable table(readSmallFile(path).value_or(""));
+    auto const& mounts = table.mounts();
+    bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return isRemoteFileSystem(mount.type); });
+    return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
+}
+
+/// Of the kernel's clock that costs next to nothing to read: some milliseconds long.
+std::int64_t currentTick()
+{
+    timespec now {};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return std::int64_t { now.tv_sec } * 1'000'000'000 + now.tv_nsec;
+}
+
+} // namespace
+
+MountWatch::MountWatch(std::string mountInfoPath)
+    : m_path(std::move(mountInfoPath))
+    , m_file(open(m_path.c_str(), O_RDONLY | O_CLOEXEC))
+{
+}
+
+MountWatch::~MountWatch()
+{
+    if (m_file >= 0)
+        close(m_file);
+}
+
+std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
+{
+    bool const isOutdated = hasChanged(); // asked before reading: a change during it is seen the next time
+    auto snapshot = m_snapshot.load();
+    if (snapshot && !isOutdated)
+        return snapshot;
+    snapshot = readSnapshot(m_path);
+    m_snapshot.store(snapshot);
+    return snapshot;
+}
+
+bool MountWatch::isRemote(std::string_view path)
+{
+    auto const mounts = current();
+    return mounts->hasRemote && mounts->table.follow(path).kind == MountTable::Fate::Kind::remote;
+}
+
+bool MountWatch::hasChanged()
+{
+    if (m_file < 0)
+        return true;
+    // A menu asks once for each of its items.
+    auto const tick = currentTick();
+    if (m_askedAt.exchange(tick) == tick)
+        return false;
+    pollfd watched { m_file, POLLPRI, 0 };
+    return poll(&watched, 1, 0) > 0 && (watched.revents & (POLLPRI | POLLERR)) != 0;
+}
+
+} // namespace zv

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/files/AliasFiles.h"
+
+namespace zv {
+
+/// Aliases as absolute symbolic links, which every file manager understands.
+class SymlinkAliasFiles : public AliasFiles {
+public:
+    MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) override;
+};
+
+} // namespace zv

@@ -1,0 +1,72 @@
+#include "platform/linux/hotkeys/LinuxHotkeys.h"
+
+#include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
+#include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
+#include "platform/linux/hotkeys/XkbConnection.h"
+#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/toolkit/CommandApplication.h"
+#include "platform/linux/toolkit/DisplayServer.h"
+
+namespace zv {
+
+namespace {
+
+/// Without an X server nobody tells what layout is selected: the one that the environment
+/// names, else the usual one.
+class FixedLayout : public KeyboardLayoutSource {
+public:
+    std::vector<KeyTexts> layers() override
+    {
+        auto const keymap = XkbKeymap::named(nullptr);
+        return keymap ? keymap->layers(0) : std::vector<KeyTexts>();
+    }
+};
+
+class NoHotkeys : public HotkeyRegistrar {
+public:
+    std::vector<bool> claimAll(HotkeyID, std::span<KeyChord const> chords) override { return std::vector<bool>(chords.size(), false); }
+    void releaseAll() override { }
+    HotkeySupport support() const override { return HotkeySupport::none; }
+};
+
+} // namespace
+
+LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus)
+    : m_connection(XkbConnection::open())
+{
+    auto keyboard = m_connection ? std::make_unique<XkbKeyboard>(*m_connection, timers) : nullptr;
+    m_keyboard = keyboard.get();
+    if (isWaylandSession()) {
+        m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
+        m_registrar = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
+    } else if (keyboard) {
+        m_registrar = std::make_unique<XcbHotkeyRegistrar>(*m_connection, *keyboard, timers);
+        m_layout = std::move(keyboard);
+    } else {
+        m_layout = std::make_unique<FixedLayout>();
+        m_registrar = std::make_unique<NoHotkeys>();
+    }
+}
+
+LinuxHotkeys::~LinuxHotkeys() = default;
+
+KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
+{
+    auto const layers = m_keyboard ? m_keyboard->layers() : std::vector<KeyTexts>();
+    for (std::uint16_t code = 0; !layers.empty() && code < keyCodeCount; ++code) {
+        if (m_keyboard->keycode(code) == xKeycode)
+            return { code, layers.front()[code] };
+    }
+    return {};
+}
+
+HotkeySupport LinuxHotkeys::support()
+{
+    if (isWaylandSession()) {
+        CommandApplication const application;
+        return PortalHotkeyRegistrar::isThere(QDBusConnection::sessionBus()) ? HotkeySupport::askingTheUser : HotkeySupport::none;
+    }
+    return XkbConnection::isThere() ? HotkeySupport::everywhere : HotkeySupport::none;
+}
+
+} // namespace zv

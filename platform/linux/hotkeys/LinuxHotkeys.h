@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/linux/hotkeys/RecordedKeys.h"
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
+#include "platform/time/Timers.h"
+
+#include <QDBusConnection>
+
+#include <memory>
+
+namespace zv {
+
+class XkbConnection;
+class XkbKeyboard;
+
+/// What this session offers for hotkeys: X11's grabs, on Wayland the desktop's portal, else
+/// nothing, with a layout to go by in each case. Made after the application object.
+class LinuxHotkeys {
+public:
+    /// The timers outlive this.
+    LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus);
+    ~LinuxHotkeys();
+    LinuxHotkeys(LinuxHotkeys const&) = delete;
+    LinuxHotkeys& operator=(LinuxHotkeys const&) = delete;
+
+    [[nodiscard]] HotkeyRegistrar& registrar() { return *m_registrar; }
+    [[nodiscard]] KeyboardLayoutSource& layout() { return *m_layout; }
+
+    /// The key with that code of the X server, as the layout has it now.
+    [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
+
+    /// What there would be, found out without making it; for `doctor`.
+    [[nodiscard]] static HotkeySupport support();
+
+private:
+    std::unique_ptr<XkbConnection> m_connection; ///< null without an X server
+    std::unique_ptr<KeyboardLayoutSource> m_layout;
+    XkbKeyboard* m_keyboard = nullptr; ///< the layout, where an X server has it
+    std::unique_ptr<HotkeyRegistrar> m_registrar;
+};
+
+} // namespace zv

@@ -1,0 +1,296 @@
+#include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
+
+#include "base/MainThread.h"
+#include "platform/linux/hotkeys/VirtualKeys.h"
+#include "platform/linux/toolkit/BusListener.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QStringList>
+#include <xkbcommon/xkbcommon.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+namespace zv {
+
+/// One shortcut in the portal's form: a name, and what it is told about it.
+struct PortalShortcut {
+    QString id;
+    QVariantMap properties;
+};
+
+static QDBusArgument& operator<<(QDBusArgument& argument, PortalShortcut const& shortcut)
+{
+    argument.beginStructure();
+    argument << shortcut.id << shortcut.properties;
+    argument.endStructure();
+    return argument;
+}
+
+static QDBusArgument const& operator>>(QDBusArgument const& argument, PortalShortcut& shortcut)
+{
+    argument.beginStructure();
+    argument >> shortcut.id >> shortcut.properties;
+    argument.endStructure();
+    return argument;
+}
+
+} // namespace zv
+
+Q_DECLARE_METATYPE(zv::PortalShortcut)
+
+namespace zv {
+
+namespace {
+
+constexpr auto portalService = "org.freedesktop.portal.Desktop";
+constexpr auto portalPath = "/org/freedesktop/portal/desktop";
+constexpr auto portalInterface = "org.freedesktop.portal.GlobalShortcuts";
+constexpr auto requestInterface = "org.freedesktop.portal.Request";
+constexpr auto sessionInterface = "org.freedesktop.portal.Session";
+
+/// Each binding may show the user a question, so several passes in a row make one.
+constexpr std::chrono::milliseconds gatheringTime { 300 };
+constexpr int patience = 1000;
+
+QString text(char const* latin1) { return QString::fromLatin1(latin1); }
+
+QDBusMessage versionQuestion()
+{
+    auto question = QDBusMessage::createMethodCall(text(portalService), text(portalPath), text("org.freedesktop.DBus.Properties"), text("Get"));
+    question << text(portalInterface) << text("version");
+    return question;
+}
+
+/// The same for the same combination at every start, so that the desktop remembers the user's choice.
+QString nameOf(KeyChord chord) { return text("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
+
+/// Of a key that types nothing: "FK05" is F5.
+QString nameOfKey(std::uint16_t code)
+{
+    for (auto const& key : virtualKeys()) {
+        if (key.code != code)
+            continue;
+        auto const name = text(key.xkbName);
+        if (name == text("ESC"))
+            return text("Escape");
+        return name.startsWith(text("FK")) ? text("F") + QString::number(name.mid(2).toInt()) : QString();
+    }
+    return {};
+}
+
+QString nameOfSymbol(std::string const& typed)
+{
+    auto const characters = QString::fromStdString(typed).toUcs4();
+    auto const symbol = characters.isEmpty() ? XKB_KEY_NoSymbol : xkb_utf32_to_keysym(characters.first());
+    std::array<char, 64> name {};
+    return symbol != XKB_KEY_NoSymbol && xkb_keysym_get_name(symbol, name.data(), name.size()) > 0 ? text(name.data()) : QString();
+}
+
+/// A response is a number, 0 for yes, and a map of what came of it.
+bool isGranted(QDBusMessage const& response) { return response.arguments().value(0, 1U).toUInt() == 0; }
+
+QVariantMap resultsOf(QDBusMessage const& response) { return qdbus_cast<QVariantMap>(response.arguments().value(1)); }
+
+} // namespace
+
+PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers, KeyboardLayoutSource& layout)
+    : m_bus(std::move(bus))
+    , m_timers(timers)
+    , m_layout(layout)
+    , m_context(std::make_unique<QObject>())
+    , m_portal(text(portalService), m_bus)
+{
+    qDBusRegisterMetaType<PortalShortcut>();
+    qDBusRegisterMetaType<QList<PortalShortcut>>();
+    m_activations = std::make_unique<BusListener>(
+        m_bus, text(portalService), text(portalPath), text(portalInterface), text("Activated"), [this](QDBusMessage const& message) { activated(message); });
+    QObject::connect(&m_portal, &QDBusServiceWatcher::serviceOwnerChanged, m_context.get(),
+        [this](QString const&, QString const&, QString const& newOwner) { portalChangedHands(newOwner); });
+    askForPortal();
+}
+
+PortalHotkeyRegistrar::~PortalHotkeyRegistrar() { closeSession(); }
+
+bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
+{
+    return bus.call(versionQuestion(), QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+/// With the portal that has gone, the session and what was bound in it have.
+void PortalHotkeyRegistrar::portalChangedHands(QString const& newOwner)
+{
+    m_session.clear();
+    releaseAll();
+    bool const served = std::exchange(m_support, HotkeySupport::none) != HotkeySupport::none;
+    if (served && onInvalidated)
+        onInvalidated();
+    if (!newOwner.isEmpty())
+        askForPortal();
+}
+
+void PortalHotkeyRegistrar::askForPortal()
+{
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(versionQuestion()), m_context.get());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [this](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        if (finished->isError())
+            return;
+        m_support = HotkeySupport::askingTheUser;
+        if (onInvalidated)
+            onInvalidated();
+    });
+}
+
+std::vector<bool> PortalHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyChord const> chords)
+{
+    assertMainThread();
+    std::set<KeyChord> const wanted(chords.begin(), chords.end());
+    if (wanted != m_wanted) {
+        m_wanted = wanted;
+        m_refused.clear();
+        bindSoon();
+    }
+    m_held.clear();
+    std::vector<bool> answers;
+    answers.reserve(chords.size());
+    for (auto const& chord : chords) {
+        bool const succeeded = !m_refused.contains(chord) && m_held.try_emplace(nameOf(chord), chord, firstID).second;
+        firstID += succeeded ? 1 : 0;
+        answers.push_back(succeeded);
+    }
+    return answers;
+}
+
+void PortalHotkeyRegistrar::releaseAll()
+{
+    assertMainThread();
+    m_pendingBind.reset();
+    m_wanted.clear();
+    m_refused.clear();
+    m_held.clear();
+    closeSession();
+}
+
+void PortalHotkeyRegistrar::bindSoon()
+{
+    m_pendingBind = m_timers.after(gatheringTime, [this] { bind(); });
+}
+
+/// A session takes its shortcuts once, so others need another session.
+void PortalHotkeyRegistrar::bind()
+{
+    m_pendingBind.reset();
+    closeSession();
+    if (m_wanted.empty())
+        return;
+    auto options = request(&PortalHotkeyRegistrar::sessionCreated);
+    options.insert(text("session_handle_token"), options.value(text("handle_token")));
+    call("CreateSession", { options });
+}
+
+void PortalHotkeyRegistrar::sessionCreated(QDBusMessage const& message)
+{
+    auto const session = resultsOf(message).value(text("session_handle"));
+    bool const isPath = session.metaType() == QMetaType::fromType<QDBusObjectPath>();
+    m_session = isPath ? session.value<QDBusObjectPath>().path() : session.toString();
+    if (!isGranted(message) || m_session.isEmpty())
+        refuse(m_wanted);
+    else
+        bindShortcuts();
+}
+
+void PortalHotkeyRegistrar::bindShortcuts()
+{
+    QList<PortalShortcut> shortcuts;
+    for (auto const& chord : m_wanted) {
+        auto const wish = trigger(chord);
+        shortcuts.append({ nameOf(chord), { { text("description"), wish }, { text("preferred_trigger"), wish } } });
+    }
+    auto const options = request(&PortalHotkeyRegistrar::shortcutsBound);
+    call("BindShortcuts", { QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts), QString(), options });
+}
+
+void PortalHotkeyRegistrar::shortcutsBound(QDBusMessage const& message)
+{
+    auto refused = m_wanted;
+    if (isGranted(message)) {
+        for (auto const& shortcut : qdbus_cast<QList<PortalShortcut>>(resultsOf(message).value(text("shortcuts"))))
+            std::erase_if(refused, [&](KeyChord chord) { return nameOf(chord) == shortcut.id; });
+    }
+    refuse(std::move(refused));
+}
+
+void PortalHotkeyRegistrar::refuse(std::set<KeyChord> refused)
+{
+    if (std::exchange(m_refused, std::move(refused)) != m_refused && onInvalidated)
+        onInvalidated();
+}
+
+void PortalHotkeyRegistrar::activated(QDBusMessage const& message)
+{
+    auto const arguments = message.arguments();
+    if (arguments.size() < 2 || arguments[0].value<QDBusObjectPath>().path() != m_session)
+        return;
+    auto const held = m_held.find(arguments[1].toString());
+    if (held != m_held.end() && onPressed)
+        onPressed(held->second.second);
+}
+
+void PortalHotkeyRegistrar::closeSession()
+{
+    m_response.reset();
+    if (m_session.isEmpty())
+        return;
+    m_bus.send(QDBusMessage::createMethodCall(text(portalService), std::exchange(m_session, {}), text(sessionInterface), text("Close")));
+}
+
+/// The response may come before the call's own answer, so it is listened for beforehand, at
+/// the path that the portal makes of our name on the bus and the token.
+QVariantMap PortalHotkeyRegistrar::request(Responded responded)
+{
+    auto const token = text("zanthe_vell_%1").arg(++m_serial);
+    auto const sender = m_bus.baseService().mid(1).replace(u'.', u'_');
+    m_response = std::make_unique<BusListener>(m_bus, text(portalService), text("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token),
+        text(requestInterface), text("Response"), [this, responded](QDBusMessage const& message) { (this->*responded)(message); });
+    return { { text("handle_token"), token } };
+}
+
+void PortalHotkeyRegistrar::call(char const* method, QVariantList const& arguments)
+{
+    auto message = QDBusMessage::createMethodCall(text(portalService), text(portalPath), text(portalInterface), text(method));
+    message.setArguments(arguments);
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), m_context.get());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [this, serial = m_serial](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        if (finished->isError() && serial == m_serial)
+            refuse(m_wanted);
+    });
+}
+
+/// "CTRL+LOGO+e": the portal's own words, whose keys are named by what they type.
+QString PortalHotkeyRegistrar::trigger(KeyChord chord)
+{
+    static constexpr std::pair<std::uint32_t, char const*> words[]
+        = { { controlKey, "CTRL" }, { optionKey, "ALT" }, { shiftKey, "SHIFT" }, { commandKey, "LOGO" } };
+    QStringList parts;
+    for (auto const& [modifier, word] : words) {
+        if ((chord.modifiers & modifier) != 0)
+            parts.append(text(word));
+    }
+    QString key = nameOfKey(chord.keyCode);
+    for (auto const& layer : m_layout.layers()) {
+        if (key.isEmpty() && chord.keyCode < layer.size())
+            key = nameOfSymbol(layer[chord.keyCode]);
+    }
+    parts.append(key);
+    return parts.join(u'+');
+}
+
+} // namespace zv

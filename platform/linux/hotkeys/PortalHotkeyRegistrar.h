@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
+#include "platform/time/Timers.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QString>
+#include <QVariantMap>
+
+#include <map>
+#include <memory>
+#include <set>
+
+class QDBusMessage;
+
+namespace zv {
+
+class BusListener;
+
+/// Combinations by the desktop's portal for global shortcuts, where programs cannot grab keys
+/// themselves. The user confirms them, so what is refused is known only later: a claim counts
+/// as held until then. Serves nothing while no portal answers. Main thread only.
+class PortalHotkeyRegistrar : public HotkeyRegistrar {
+public:
+    /// Timers and layout outlive this.
+    PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers, KeyboardLayoutSource& layout);
+    ~PortalHotkeyRegistrar() override;
+
+    [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
+    void releaseAll() override;
+    [[nodiscard]] HotkeySupport support() const override { return m_support; }
+
+    /// Asks the portal and waits for its answer, but not for long.
+    [[nodiscard]] static bool isThere(QDBusConnection const& bus);
+
+private:
+    void sessionCreated(QDBusMessage const& message);
+    void shortcutsBound(QDBusMessage const& message);
+    void activated(QDBusMessage const& message);
+
+    void portalChangedHands(QString const& newOwner);
+    void askForPortal();
+    void bindSoon();
+    void bind();
+    void bindShortcuts();
+    void closeSession();
+    void refuse(std::set<KeyChord> refused);
+    using Responded = void (PortalHotkeyRegistrar::*)(QDBusMessage const& message);
+    /// The options of a request whose response comes to `responded`.
+    [[nodiscard]] QVariantMap request(Responded responded);
+    void call(char const* method, QVariantList const& arguments);
+    [[nodiscard]] QString trigger(KeyChord chord);
+
+    QDBusConnection m_bus;
+    Timers& m_timers;
+    KeyboardLayoutSource& m_layout;
+    HotkeySupport m_support = HotkeySupport::none;
+    std::set<KeyChord> m_wanted;
+    std::set<KeyChord> m_refused;
+    std::map<QString, std::pair<KeyChord, HotkeyID>> m_held; ///< by the name that the portal knows
+    std::unique_ptr<Timer> m_pendingBind;
+    QString m_session;
+    int m_serial = 0;
+    std::unique_ptr<BusListener> m_activations;
+    std::unique_ptr<BusListener> m_response; ///< to the request that is under way
+    std::unique_ptr<QObject> m_context; ///< of the calls under way
+    QDBusServiceWatcher m_portal;
+};
+
+} // namespace zv

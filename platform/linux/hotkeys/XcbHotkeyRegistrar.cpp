@@ -1,0 +1,295 @@
+#include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
+
+#include "base/MainThread.h"
+#include "platform/linux/hotkeys/XkbConnection.h"
+#include "platform/linux/hotkeys/XkbKeyboard.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::chrono::milliseconds heldKeysInterval { 30 };
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// Nobody else is served while it lives, so that no program slips in between.
+class ServerGrab {
+public:
+    explicit ServerGrab(xcb_connection_t* connection)
+        : m_connection(connection)
+    {
+        xcb_grab_server(m_connection);
+    }
+    ~ServerGrab()
+    {
+        xcb_ungrab_server(m_connection);
+        xcb_flush(m_connection);
+    }
+    ServerGrab(ServerGrab const&) = delete;
+    ServerGrab& operator=(ServerGrab const&) = delete;
+
+private:
+    xcb_connection_t* m_connection;
+};
+
+/// Sees the program's pop-ups close: they hold the keyboard while they are open.
+class PopupFilter : public QObject {
+public:
+    explicit PopupFilter(std::function<void()> closed)
+        : m_closed(std::move(closed))
+    {
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide && watched->isWidgetType() && static_cast<QWidget*>(watched)->windowType() == Qt::Popup)
+            m_closed();
+        return false;
+    }
+
+private:
+    std::function<void()> m_closed;
+};
+
+} // namespace
+
+XcbHotkeyRegistrar::XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboard& keyboard, Timers& timers)
+    : m_connection(connection)
+    , m_keyboard(keyboard)
+    , m_timers(timers)
+    , m_menuFilter(std::make_unique<PopupFilter>([this] { ownMenuDidClose(); }))
+{
+    m_connection.addHandler([this](xcb_generic_event_t const& event) { handle(event); });
+    m_keyboard.onMappingChanged = [this] {
+        releaseAll();
+        if (onInvalidated)
+            onInvalidated();
+    };
+    QCoreApplication::instance()->installEventFilter(m_menuFilter.get());
+}
+
+XcbHotkeyRegistrar::~XcbHotkeyRegistrar() { m_keyboard.onMappingChanged = nullptr; }
+
+std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyChord const> chords)
+{
+    assertMainThread();
+    m_connection.dispatch(); // what was pressed before belongs to the ids of before
+    std::vector<Grab> wanted(chords.size());
+    std::transform(chords.begin(), chords.end(), wanted.begin(), [this](KeyChord chord) { return grabFor(chord); });
+    replaceHeld(wanted);
+
+    std::set<Grab> answered;
+    std::vector<bool> answers;
+    answers.reserve(wanted.size());
+    for (auto const& each : wanted) {
+        auto const held = m_held.find(each);
+        bool const succeeded = held != m_held.end() && answered.insert(each).second;
+        if (succeeded)
+            held->second = firstID++;
+        answers.push_back(succeeded);
+    }
+    return answers;
+}
+
+void XcbHotkeyRegistrar::releaseAll()
+{
+    assertMainThread();
+    if (m_held.empty())
+        return;
+    ungrabAll();
+    m_held.clear();
+    xcb_flush(m_connection.xcb());
+}
+
+/// Without a key for a chord whose key or modifier this keyboard does not have: a grab
+/// without its modifier would swallow typing.
+XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
+{
+    auto const bits = m_keyboard.modifiers();
+    std::pair<std::uint32_t, std::uint16_t> const table[] = {
+        { commandKey, bits.command },
+        { shiftKey, XCB_MOD_MASK_SHIFT },
+        { optionKey, bits.option },
+        { controlKey, XCB_MOD_MASK_CONTROL },
+    };
+    Grab grab { m_keyboard.keycode(chord.keyCode), 0 };
+    for (auto const& [modifier, bit] : table) {
+        if ((chord.modifiers & modifier) == 0)
+            continue;
+        if (bit == 0)
+            return {};
+        grab.modifiers |= bit;
+    }
+    return grab;
+}
+
+/// A combination is meant whatever the locks are set to, but the server knows only exact states.
+std::vector<std::uint16_t> XcbHotkeyRegistrar::lockStates() const
+{
+    std::uint16_t const caps = XCB_MOD_MASK_LOCK;
+    auto const num = m_keyboard.modifiers().numLock;
+    if (num == 0)
+        return { 0, caps };
+    return { 0, caps, num, static_cast<std::uint16_t>(caps | num) };
+}
+
+XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::strippedOfLocks(std::uint8_t keycode, std::uint16_t state) const
+{
+    auto const locks = XCB_MOD_MASK_LOCK | m_keyboard.modifiers().numLock;
+    return { keycode, static_cast<std::uint16_t>(state & 0xFF & ~locks) };
+}
+
+void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
+{
+    std::set<Grab> missing;
+    for (auto const& each : wanted) {
+        if (each.keycode != 0)
+            missing.insert(each);
+    }
+    std::vector<Grab> obsolete;
+    for (auto const& [grab, id] : m_held) {
+        if (missing.erase(grab) == 0)
+            obsolete.push_back(grab);
+    }
+    if (missing.empty() && obsolete.empty())
+        return;
+
+    ServerGrab const serverGrab(m_connection.xcb());
+    for (auto const& each : obsolete)
+        m_held.erase(each);
+    if (obsolete.size() > m_held.size()) {
+        // One request drops everything; what is kept is then the smaller part to take again.
+        ungrabAll();
+        for (auto const& [grab, id] : m_held)
+            missing.insert(grab);
+        m_held.clear();
+    } else {
+        for (auto const& each : obsolete)
+            ungrab(each);
+    }
+    std::vector<Grab> const claims(missing.begin(), missing.end());
+    auto const succeeded = grab(claims);
+    for (std::size_t i = 0; i < claims.size(); ++i) {
+        if (succeeded[i])
+            m_held.emplace_hint(m_held.end(), claims[i], 0);
+    }
+    m_connection.dispatchSoon();
+}
+
+/// All requests go out before the first answer is waited for.
+std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
+{
+    auto* const xcb = m_connection.xcb();
+    auto const locks = lockStates();
+    std::vector<xcb_void_cookie_t> cookies;
+    cookies.reserve(grabs.size() * locks.size());
+    for (auto const& each : grabs) {
+        for (auto const lock : locks)
+            cookies.push_back(xcb_grab_key_checked(xcb, 0, m_connection.root(), each.modifiers | lock, each.keycode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    }
+    std::vector<bool> succeeded(grabs.size(), true);
+    for (std::size_t i = 0; i < cookies.size(); ++i) {
+        std::unique_ptr<xcb_generic_error_t, Free> const error(xcb_request_check(xcb, cookies[i]));
+        if (error)
+            succeeded[i / locks.size()] = false;
+    }
+    for (std::size_t i = 0; i < grabs.size(); ++i) {
+        if (!succeeded[i])
+            ungrab(grabs[i]); // the lock states that nobody else had
+    }
+    return succeeded;
+}
+
+void XcbHotkeyRegistrar::ungrab(Grab grab)
+{
+    for (auto const lock : lockStates())
+        xcb_ungrab_key(m_connection.xcb(), grab.keycode, m_connection.root(), grab.modifiers | lock);
+}
+
+void XcbHotkeyRegistrar::ungrabAll() { xcb_ungrab_key(m_connection.xcb(), XCB_GRAB_ANY, m_connection.root(), XCB_MOD_MASK_ANY); }
+
+void XcbHotkeyRegistrar::handle(xcb_generic_event_t const& event)
+{
+    auto const type = event.response_type & 0x7F;
+    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
+        return;
+    auto const& key = reinterpret_cast<xcb_key_press_event_t const&>(event);
+    if (type == XCB_KEY_PRESS)
+        keyPressed(key.detail, key.state);
+    else
+        keyReleased(key.detail);
+}
+
+/// A held key repeats its press. What else is pressed while a grabbed key is held comes to
+/// us too, and is one of ours or nothing.
+void XcbHotkeyRegistrar::keyPressed(std::uint8_t keycode, std::uint16_t state)
+{
+    if (m_grabbingKey == 0)
+        m_grabbingKey = keycode;
+    if (m_down.test(keycode))
+        return;
+    m_down.set(keycode);
+    auto const held = m_held.find(strippedOfLocks(keycode, state));
+    if (held != m_held.end() && onPressed)
+        onPressed(held->second);
+}
+
+/// With the key that gave us the keyboard we lose it, and do not hear of the others' release.
+void XcbHotkeyRegistrar::keyReleased(std::uint8_t keycode)
+{
+    m_down.reset(keycode);
+    if (keycode != m_grabbingKey)
+        return;
+    m_grabbingKey = 0;
+    watchHeldKeys();
+}
+
+void XcbHotkeyRegistrar::ownMenuDidClose()
+{
+    auto const down = keysDown();
+    for (auto const& [grab, id] : m_held) {
+        if (down.test(grab.keycode))
+            m_down.set(grab.keycode);
+    }
+    watchHeldKeys();
+    m_connection.dispatchSoon();
+}
+
+/// Only while such a key is held, which is not for long.
+void XcbHotkeyRegistrar::watchHeldKeys()
+{
+    if (m_down.any() && !m_watch)
+        m_watch = m_timers.every(heldKeysInterval, [this] { forgetReleasedKeys(); });
+}
+
+void XcbHotkeyRegistrar::forgetReleasedKeys()
+{
+    auto const before = m_down;
+    auto const down = keysDown();
+    m_connection.dispatch(); // repeats of a key that has gone up meanwhile are still repeats
+    m_down &= down | ~before;
+    if (m_down.none())
+        m_watch.reset();
+}
+
+XcbHotkeyRegistrar::Keycodes XcbHotkeyRegistrar::keysDown() const
+{
+    auto* const xcb = m_connection.xcb();
+    std::unique_ptr<xcb_query_keymap_reply_t, Free> const reply(xcb_query_keymap_reply(xcb, xcb_query_keymap(xcb), nullptr));
+    Keycodes down;
+    for (std::size_t keycode = 0; reply && keycode < down.size(); ++keycode)
+        down[keycode] = (reply->keys[keycode / 8] >> (keycode % 8) & 1) != 0;
+    return down;
+}
+
+} // namespace zv

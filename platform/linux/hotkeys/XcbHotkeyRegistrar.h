@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/time/Timers.h"
+
+#include <xcb/xcb.h>
+
+#include <bitset>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <vector>
+
+class QObject;
+
+namespace zv {
+
+class XkbConnection;
+class XkbKeyboard;
+
+/// Combinations grabbed from the X server. What a pass asks for is compared with what is
+/// held, so that an unchanged pass says nothing to the server. Main thread only.
+class XcbHotkeyRegistrar : public HotkeyRegistrar {
+public:
+    /// All three outlive this.
+    XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboard& keyboard, Timers& timers);
+    ~XcbHotkeyRegistrar() override;
+
+    [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
+    void releaseAll() override;
+    [[nodiscard]] HotkeySupport support() const override { return HotkeySupport::everywhere; }
+
+    /// A key that is down now was pressed for the menu: it fires nothing before it is let go.
+    /// Called by itself when a menu of ours closes.
+    void ownMenuDidClose();
+
+private:
+    using Keycodes = std::bitset<256>;
+
+    /// A combination as the server knows it, without the states of the locks.
+    struct Grab {
+        std::uint8_t keycode = 0;
+        std::uint16_t modifiers = 0;
+        friend auto operator<=>(Grab const&, Grab const&) = default;
+    };
+
+    [[nodiscard]] Grab grabFor(KeyChord chord) const;
+    [[nodiscard]] std::vector<std::uint16_t> lockStates() const;
+    [[nodiscard]] Grab strippedOfLocks(std::uint8_t keycode, std::uint16_t state) const;
+
+    void replaceHeld(std::vector<Grab> const& wanted);
+    [[nodiscard]] std::vector<bool> grab(std::vector<Grab> const& grabs);
+    void ungrab(Grab grab);
+    void ungrabAll();
+
+    void handle(xcb_generic_event_t const& event);
+    void keyPressed(std::uint8_t keycode, std::uint16_t state);
+    void keyReleased(std::uint8_t keycode);
+    void watchHeldKeys();
+    void forgetReleasedKeys();
+    [[nodiscard]] Keycodes keysDown() const;
+
+    XkbConnection& m_connection;
+    XkbKeyboard& m_keyboard;
+    Timers& m_timers;
+    std::map<Grab, HotkeyID> m_held;
+    /// Keys that have fired, or must not, and have not been seen to go up.
+    Keycodes m_down;
+    std::uint8_t m_grabbingKey = 0; ///< whose press gave us the keyboard, until it goes up
+    std::unique_ptr<Timer> m_watch;
+    std::unique_ptr<QObject> m_menuFilter;
+};
+
+} // namespace zv

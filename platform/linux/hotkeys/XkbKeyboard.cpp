@@ -1,0 +1,89 @@
+#include "platform/linux/hotkeys/XkbKeyboard.h"
+
+#include "platform/linux/hotkeys/XkbConnection.h"
+
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+
+#include <cstdlib>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr std::chrono::milliseconds gatheringTime { 20 };
+
+} // namespace
+
+XkbKeyboard::XkbKeyboard(XkbConnection& connection, Timers& timers)
+    : m_connection(connection)
+    , m_timers(timers)
+{
+    m_connection.addHandler([this](xcb_generic_event_t const& event) { handle(event); });
+}
+
+std::vector<KeyTexts> XkbKeyboard::layers()
+{
+    ensureRead();
+    return m_layers;
+}
+
+std::uint8_t XkbKeyboard::keycode(std::uint16_t virtualCode)
+{
+    ensureRead();
+    return virtualCode < m_keycodes.size() ? m_keycodes[virtualCode] : 0;
+}
+
+ModifierBits XkbKeyboard::modifiers()
+{
+    ensureRead();
+    return m_modifiers;
+}
+
+void XkbKeyboard::handle(xcb_generic_event_t const& event)
+{
+    if ((event.response_type & 0x7F) != m_connection.xkbEvent() || !m_isRead || m_pending)
+        return;
+    m_pending = m_timers.after(gatheringTime, [this] { readAgain(); });
+}
+
+void XkbKeyboard::readAgain()
+{
+    m_pending.reset();
+    auto const layers = m_layers;
+    auto const mapping = std::pair(m_keycodes, m_modifiers);
+    read();
+    if (mapping != std::pair(m_keycodes, m_modifiers) && onMappingChanged)
+        onMappingChanged();
+    if (layers != m_layers && onChanged)
+        onChanged();
+}
+
+void XkbKeyboard::ensureRead()
+{
+    if (!std::exchange(m_isRead, true))
+        read();
+}
+
+/// What stood before stays when the server does not answer.
+void XkbKeyboard::read()
+{
+    auto const keymap = XkbKeymap::current(m_connection);
+    if (keymap) {
+        m_layers = keymap->layers(currentGroup());
+        m_keycodes = keymap->keycodes();
+        m_modifiers = keymap->modifiers();
+    }
+    m_connection.dispatchSoon();
+}
+
+std::uint32_t XkbKeyboard::currentGroup() const
+{
+    auto const cookie = xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD);
+    std::unique_ptr<xcb_xkb_get_state_reply_t, decltype(&std::free)> const reply(xcb_xkb_get_state_reply(m_connection.xcb(), cookie, nullptr), &std::free);
+    return reply ? reply->group : 0;
+}
+
+} // namespace zv

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/linux/hotkeys/XkbKeymap.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
+#include "platform/time/Timers.h"
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+class XkbConnection;
+
+/// The keyboard of the X server: what its keys type, and where they and the modifiers are.
+/// One change of the layout comes as several events, so they are gathered for a moment.
+class XkbKeyboard : public KeyboardLayoutSource {
+public:
+    /// Both outlive this.
+    XkbKeyboard(XkbConnection& connection, Timers& timers);
+
+    [[nodiscard]] std::vector<KeyTexts> layers() override;
+    /// 0 for a key that this keyboard does not have.
+    [[nodiscard]] std::uint8_t keycode(std::uint16_t virtualCode);
+    [[nodiscard]] ModifierBits modifiers();
+
+    /// Key codes or modifiers are others than before; called before onChanged.
+    std::function<void()> onMappingChanged;
+
+private:
+    void handle(xcb_generic_event_t const& event);
+    void readAgain();
+    void read();
+    void ensureRead();
+    [[nodiscard]] std::uint32_t currentGroup() const;
+
+    XkbConnection& m_connection;
+    Timers& m_timers;
+    bool m_isRead = false;
+    std::vector<KeyTexts> m_layers;
+    XKeycodes m_keycodes {};
+    ModifierBits m_modifiers;
+    std::unique_ptr<Timer> m_pending;
+};
+
+} // namespace zv

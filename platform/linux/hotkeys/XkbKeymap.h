@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/menubar/KeyboardLayoutSource.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+struct xkb_keymap;
+
+namespace zv {
+
+class XkbConnection;
+
+/// The bits of the core protocol that the modifiers have on this keyboard; 0 for none.
+struct ModifierBits {
+    std::uint16_t command = 0; ///< Super
+    std::uint16_t option = 0; ///< Alt
+    std::uint16_t numLock = 0;
+    friend bool operator==(ModifierBits const&, ModifierBits const&) = default;
+};
+
+/// The X key code of each virtual key code; 0 for none.
+using XKeycodes = std::array<std::uint8_t, keyCodeCount>;
+
+/// What the keyboard is like at one moment.
+class XkbKeymap {
+public:
+    /// Nothing when the server does not answer.
+    [[nodiscard]] static std::optional<XkbKeymap> current(XkbConnection const& connection);
+    /// From the names of layouts, such as "us,ru"; null for those of the environment.
+    [[nodiscard]] static std::optional<XkbKeymap> named(char const* layouts);
+
+    /// What keys type in `group`, then in the first group with the Latin alphabet, or where
+    /// there is none on a US layout: shortcuts are Latin on a Russian keyboard too.
+    [[nodiscard]] std::vector<KeyTexts> layers(std::uint32_t group) const;
+    [[nodiscard]] XKeycodes const& keycodes() const { return m_keycodes; }
+    [[nodiscard]] ModifierBits const& modifiers() const { return m_modifiers; }
+
+private:
+    struct Unref {
+        void operator()(xkb_keymap* keymap) const;
+    };
+
+    explicit XkbKeymap(xkb_keymap* keymap);
+    [[nodiscard]] XKeycodes readKeycodes() const;
+    [[nodiscard]] ModifierBits readModifiers() const;
+    [[nodiscard]] std::uint16_t realModifiers(char const* name, char const* usual) const;
+    [[nodiscard]] KeyTexts textsOfGroup(std::uint32_t group) const;
+
+    std::unique_ptr<xkb_keymap, Unref> m_keymap;
+    XKeycodes m_keycodes {};
+    ModifierBits m_modifiers;
+};
+
+} // namespace zv

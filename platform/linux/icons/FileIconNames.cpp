@@ -1,0 +1,186 @@
+#include "platform/linux/icons/FileIconNames.h"
+
+#include "base/Url.h"
+#include "platform/linux/entries/ApplicationEntry.h"
+#include "platform/linux/machine/DesktopVolumes.h"
+#include "platform/text/Text.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+#include <sys/stat.h>
+
+namespace zv {
+
+namespace {
+
+/// Where the home system keeps its applications, and what other themes call them.
+struct HomeSystemPlace {
+    std::string_view path;
+    std::array<char const*, 3> names;
+    IconShape shape;
+};
+
+constexpr std::array homeSystemPlaces {
+    HomeSystemPlace { "/System/Library/CoreServices/Dock.app", { "user-desktop", "preferences-desktop", "desktop" }, IconShape::computer },
+    HomeSystemPlace { "/System/Applications/Shortcuts.app", { "preferences-desktop-keyboard-shortcuts", "preferences-desktop-keyboard", "input-keyboard" },
+        IconShape::settings },
+    HomeSystemPlace { "/System/Applications/App Store.app", { "system-software-install", "applications-other", "package-x-generic" }, IconShape::application },
+    HomeSystemPlace { "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex",
+        { "system-software-update", "software-update-available", "system-software-install" }, IconShape::settings },
+    HomeSystemPlace { "/System/Applications/System Settings.app", { "preferences-system", "preferences-desktop", "applications-system" }, IconShape::settings },
+    HomeSystemPlace {
+        "/System/Library/ExtensionKit/Extensions/Network.appex", { "preferences-system-network", "network-workgroup", "network-wired" }, IconShape::network },
+};
+
+struct UserFolder {
+    GUserDirectory directory;
+    char const* name;
+};
+
+constexpr std::array userFolders {
+    UserFolder { G_USER_DIRECTORY_DESKTOP, "user-desktop" },
+    UserFolder { G_USER_DIRECTORY_DOCUMENTS, "folder-documents" },
+    UserFolder { G_USER_DIRECTORY_DOWNLOAD, "folder-download" },
+    UserFolder { G_USER_DIRECTORY_MUSIC, "folder-music" },
+    UserFolder { G_USER_DIRECTORY_PICTURES, "folder-pictures" },
+    UserFolder { G_USER_DIRECTORY_PUBLIC_SHARE, "folder-publicshare" },
+    UserFolder { G_USER_DIRECTORY_TEMPLATES, "folder-templates" },
+    UserFolder { G_USER_DIRECTORY_VIDEOS, "folder-videos" },
+};
+
+std::optional<FileIconNames> homeSystemIcon(std::string_view path)
+{
+    auto const place = std::find_if(homeSystemPlaces.begin(), homeSystemPlaces.end(), [&](auto const& known) { return known.path == path; });
+    if (place == homeSystemPlaces.end())
+        return std::nullopt;
+    return FileIconNames { { place->names.begin(), place->names.end() }, {}, place->shape };
+}
+
+/// A volume's root has the picture of the medium, not that of a folder.
+std::optional<FileIconNames> volumeIcon(std::string const& path, MountTable const& mounts)
+{
+    auto const* mount = mounts.mountOf(path);
+    if (!mount || mount->path != path || !isUserVolume(*mount))
+        return std::nullopt;
+    if (isRemoteFileSystem(mount->type))
+        return FileIconNames { { "folder-remote", "network-server" }, {}, IconShape::network };
+    if (mount->type == "iso9660" || mount->type == "udf")
+        return FileIconNames { { "media-optical", "drive-optical" }, {}, IconShape::drive };
+    bool const isRemovable = path.starts_with("/media/") || path.starts_with("/run/media/");
+    return FileIconNames { { isRemovable ? "drive-removable-media" : "drive-harddisk", "drive-harddisk" }, {}, IconShape::drive };
+}
+
+FileIconNames folderIcon(std::string const& path)
+{
+    FileIconNames icon { { "folder", "inode-directory" }, {}, IconShape::folder };
+    if (path == g_get_home_dir()) {
+        icon.names.insert(icon.names.begin(), "user-home");
+        return icon;
+    }
+    for (auto const& folder : userFolders) {
+        auto const* place = g_get_user_special_dir(folder.directory);
+        if (place && path == place)
+            icon.names.insert(icon.names.begin(), folder.name);
+    }
+    return icon;
+}
+
+std::vector<std::string> namesOfType(gchar const* contentType)
+{
+    std::vector<std::string> names;
+    auto* const icon = g_content_type_get_icon(contentType);
+    if (G_IS_THEMED_ICON(icon)) {
+        for (auto const* const* name = g_themed_icon_get_names(G_THEMED_ICON(icon)); *name; ++name) {
+            if (!std::string_view(*name).ends_with("-symbolic"))
+                names.emplace_back(*name);
+        }
+    }
+    g_object_unref(icon);
+    names.emplace_back("text-x-generic");
+    return names;
+}
+
+FileIconNames iconByName(std::string const& path)
+{
+    auto const name = withValidUtf8(lastPathComponent(path));
+    auto* const type = g_content_type_guess(name.c_str(), nullptr, 0, nullptr);
+    FileIconNames const icon { namesOfType(type), {}, IconShape::document };
+    g_free(type);
+    return icon;
+}
+
+/// Some entries give a theme icon's name an extension.
+std::string themeName(std::string const& icon)
+{
+    for (std::string_view const extension : { ".png", ".svg", ".xpm" }) {
+        if (icon.ends_with(extension))
+            return icon.substr(0, icon.size() - extension.size());
+    }
+    return icon;
+}
+
+std::optional<FileIconNames> applicationIcon(std::string const& path)
+{
+    if (!path.ends_with(".desktop"))
+        return std::nullopt;
+    auto const entry = readApplicationEntry(path, {});
+    if (!entry)
+        return std::nullopt;
+    FileIconNames icon { { "application-x-executable" }, {}, IconShape::application };
+    if (entry->icon.starts_with('/'))
+        icon.imageFile = entry->icon;
+    else if (!entry->icon.empty())
+        icon.names.insert(icon.names.begin(), themeName(entry->icon));
+    return icon;
+}
+
+FileIconNames iconOfRegularFile(std::string const& path)
+{
+    if (auto const application = applicationIcon(path))
+        return *application;
+    auto icon = iconByName(path);
+    struct stat status { };
+    bool const isProgram = pathExtension(lastPathComponent(path)).empty() && stat(path.c_str(), &status) == 0 && (status.st_mode & S_IXUSR) != 0;
+    if (isProgram) {
+        icon.names.insert(icon.names.begin(), "application-x-executable");
+        icon.shape = IconShape::application;
+    }
+    return icon;
+}
+
+/// For what cannot be looked at, or is not there.
+FileIconNames guessedIcon(std::string const& path, char const* folderName)
+{
+    if (!pathExtension(lastPathComponent(path)).empty())
+        return iconByName(path);
+    return { { folderName, "folder" }, {}, IconShape::folder };
+}
+
+/// What is not there may be a folder that nobody has made yet; a broken link is a file.
+FileIconNames iconOfMissingFile(std::string const& path, bool isLink) { return isLink ? iconByName(path) : guessedIcon(path, "folder"); }
+
+} // namespace
+
+FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
+{
+    if (auto const icon = homeSystemIcon(path))
+        return *icon;
+    if (auto const icon = volumeIcon(path, mounts))
+        return *icon;
+    if (auto const* mount = mounts.mountOf(path); mount && isRemoteFileSystem(mount->type))
+        return guessedIcon(path, "folder-remote");
+
+    auto const fate = mounts.follow(path);
+    auto icon = fate.kind == MountTable::Fate::Kind::remote ? guessedIcon(path, "folder-remote")
+        : fate.kind == MountTable::Fate::Kind::missing      ? iconOfMissingFile(path, fate.isLink)
+        : fate.isDirectory                                  ? folderIcon(path)
+                                                            : iconOfRegularFile(path);
+    icon.isLink = fate.isLink;
+    return icon;
+}
+
+} // namespace zv

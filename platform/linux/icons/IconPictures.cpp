@@ -1,0 +1,171 @@
+#include "platform/linux/icons/IconPictures.h"
+
+#include "platform/linux/icons/IconShapes.h"
+#include "platform/linux/icons/MenuImages.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace zv {
+
+namespace {
+
+// Far more than menus show; then everything is forgotten, which costs one slow menu.
+constexpr std::size_t mostKnown = 20'000;
+constexpr std::size_t mostDrawn = 4'000;
+constexpr int linkEmblemSize = 8;
+
+/// One for each scale factor that a menu may be shown at.
+std::vector<qreal> screenScales()
+{
+    std::vector<qreal> scales { 1 };
+    for (auto const* screen : QGuiApplication::screens())
+        scales.push_back(screen->devicePixelRatio());
+    std::sort(scales.begin(), scales.end());
+    scales.erase(std::unique(scales.begin(), scales.end()), scales.end());
+    return scales;
+}
+
+QIcon sourceOf(FileIconNames const& names)
+{
+    if (!names.imageFile.empty()) {
+        if (QIcon icon(QString::fromStdString(names.imageFile)); !icon.pixmap(menuIconSize).isNull())
+            return icon;
+    }
+    auto const name = firstThemeName(names);
+    return name.isEmpty() ? QIcon() : QIcon::fromTheme(name);
+}
+
+/// In the middle of the box, made smaller when it is too large for it.
+void drawFitted(QPainter& painter, QPixmap const& source, QRectF const& box)
+{
+    auto const size = source.deviceIndependentSize();
+    auto const scale = std::min({ 1.0, box.width() / size.width(), box.height() / size.height() });
+    QRectF target(QPointF(), size * scale);
+    target.moveCenter(box.center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(target, source, QRectF(source.rect()));
+}
+
+void drawLinkEmblem(QPainter& painter, qreal scale)
+{
+    auto const emblem = QIcon::fromTheme(QStringLiteral("emblem-symbolic-link")).pixmap(QSize(linkEmblemSize, linkEmblemSize), scale);
+    if (emblem.isNull())
+        drawLinkArrow(painter);
+    else
+        drawFitted(painter, emblem, QRectF(0, menuIconSize - linkEmblemSize, linkEmblemSize, linkEmblemSize));
+}
+
+QPixmap drawn(FileIconNames const& names, QIcon const& source, qreal scale)
+{
+    auto const pixels = static_cast<int>(std::ceil(menuIconSize * scale));
+    QPixmap canvas(pixels, pixels);
+    canvas.setDevicePixelRatio(scale);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    auto const picture = source.isNull() ? QPixmap() : source.pixmap(QSize(menuIconSize, menuIconSize), scale);
+    if (picture.isNull())
+        drawIconShape(painter, names.shape);
+    else
+        drawFitted(painter, picture, QRectF(0, 0, menuIconSize, menuIconSize));
+    if (names.isLink)
+        drawLinkEmblem(painter, scale);
+    return canvas;
+}
+
+std::string keyOf(FileIconNames const& names)
+{
+    auto key = std::to_string(static_cast<int>(names.shape)) + (names.isLink ? "l\n" : "-\n") + names.imageFile;
+    for (auto const& name : names.names)
+        key += '\n' + name;
+    return key;
+}
+
+} // namespace
+
+QString firstThemeName(FileIconNames const& names)
+{
+    for (auto const& name : names.names) {
+        if (auto const themed = QString::fromStdString(name); QIcon::hasThemeIcon(themed))
+            return themed;
+    }
+    return {};
+}
+
+std::shared_ptr<IconLook> IconPictures::known(std::string const& path) const
+{
+    auto const found = m_known.find(path);
+    return found == m_known.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<IconLook> IconPictures::remember(std::string const& path, FileIconNames names)
+{
+    if (m_known.size() >= mostKnown) {
+        m_known.clear();
+        forgetDrawn();
+        m_looks.clear();
+    }
+    auto look = lookOf(std::move(names));
+    m_known.insert_or_assign(path, look);
+    return look;
+}
+
+std::shared_ptr<IconLook> IconPictures::lookOf(FileIconNames names)
+{
+    auto& look = m_looks[keyOf(names)];
+    if (!look)
+        look = std::make_shared<IconLook>(IconLook { .names = std::move(names), .drawn = {} });
+    return look;
+}
+
+bool IconPictures::isDrawn(IconLook const& look)
+{
+    followThemeAndScreens();
+    return look.drawnFor == m_number;
+}
+
+QIcon IconPictures::picture(IconLook& look)
+{
+    if (isDrawn(look))
+        return look.drawn;
+    if (m_drawnCount >= mostDrawn)
+        forgetDrawn();
+    auto const source = sourceOf(look.names);
+    QIcon icon;
+    for (auto const scale : m_scales)
+        icon.addPixmap(drawn(look.names, source, scale));
+    look.drawn = icon;
+    look.drawnFor = m_number;
+    ++m_drawnCount;
+    return icon;
+}
+
+/// A picture is good for one theme and one set of screens.
+void IconPictures::followThemeAndScreens()
+{
+    auto const theme = QIcon::themeName();
+    auto scales = screenScales();
+    if (theme == m_theme && scales == m_scales)
+        return;
+    forgetDrawn();
+    ++m_number;
+    m_theme = theme;
+    m_scales = std::move(scales);
+}
+
+void IconPictures::forgetDrawn()
+{
+    for (auto const& [key, look] : m_looks) {
+        look->drawn = {};
+        look->drawnFor = -1;
+    }
+    m_drawnCount = 0;
+}
+
+} // namespace zv

@@ -1,0 +1,184 @@
+#include "platform/linux/icons/IconTheme.h"
+
+#include <gio/gio.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <memory>
+#include <optional>
+
+namespace zv {
+
+namespace {
+
+constexpr auto iconThemeSetting = "Net/IconThemeName";
+constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
+constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
+
+struct Freed {
+    void operator()(void* reply) const { std::free(reply); } // NOLINT: how xcb allocates
+};
+
+/// Reads the published settings front to back; stops at the first thing that is cut off.
+class SettingsReader {
+public:
+    explicit SettingsReader(std::string_view bytes)
+        : m_rest(bytes)
+        , m_isBigEndian(!bytes.empty() && bytes[0] == 1)
+    {
+    }
+    [[nodiscard]] bool isCut() const { return m_isCut; }
+    std::string_view take(std::size_t count)
+    {
+        m_isCut = m_isCut || count > m_rest.size();
+        if (m_isCut)
+            return {};
+        auto const taken = m_rest.substr(0, count);
+        m_rest.remove_prefix(count);
+        return taken;
+    }
+    std::uint32_t number(std::size_t size)
+    {
+        std::uint32_t value = 0;
+        auto const digits = take(size);
+        for (std::size_t i = 0; i < digits.size(); ++i)
+            value = value << 8 | static_cast<unsigned char>(digits[m_isBigEndian ? i : digits.size() - 1 - i]);
+        return value;
+    }
+    std::string_view padded(std::size_t count)
+    {
+        auto const text = take(count);
+        take((4 - count % 4) % 4);
+        return text;
+    }
+
+private:
+    std::string_view m_rest;
+    bool m_isBigEndian;
+    bool m_isCut = false;
+};
+
+std::optional<xcb_atom_t> atomNamed(xcb_connection_t* connection, std::string const& name)
+{
+    auto const cookie = xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.c_str());
+    std::unique_ptr<xcb_intern_atom_reply_t, Freed> const reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply && reply->atom != XCB_ATOM_NONE ? std::optional(reply->atom) : std::nullopt;
+}
+
+/// The settings belong to the owner of a selection of their own.
+std::string publishedSettings(xcb_connection_t* connection)
+{
+    auto const selection = atomNamed(connection, "_XSETTINGS_S0");
+    auto const property = atomNamed(connection, "_XSETTINGS_SETTINGS");
+    if (!selection || !property)
+        return {};
+    std::unique_ptr<xcb_get_selection_owner_reply_t, Freed> const owner(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, *selection), nullptr));
+    if (!owner || owner->owner == XCB_WINDOW_NONE)
+        return {};
+    auto const cookie = xcb_get_property(connection, 0, owner->owner, *property, *property, 0, longestSettings);
+    std::unique_ptr<xcb_get_property_reply_t, Freed> const value(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!value || value->format != 8)
+        return {};
+    return { static_cast<char const*>(xcb_get_property_value(value.get())), static_cast<std::size_t>(xcb_get_property_value_length(value.get())) };
+}
+
+std::string storedInGSettings()
+{
+    auto* const source = g_settings_schema_source_get_default();
+    auto* const schema = source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr;
+    if (!schema)
+        return {};
+    std::string name;
+    if (g_settings_schema_has_key(schema, "icon-theme")) {
+        auto* const settings = g_settings_new_full(schema, nullptr, nullptr);
+        auto* const value = g_settings_get_string(settings, "icon-theme");
+        name = value;
+        g_free(value);
+        g_object_unref(settings);
+    }
+    g_settings_schema_unref(schema);
+    return name;
+}
+
+bool isInstalled(QString const& theme, QStringList const& folders)
+{
+    if (theme.isEmpty() || theme.contains(QLatin1Char('/')))
+        return false;
+    return std::any_of(folders.begin(), folders.end(),
+        [&](QString const& folder) { return QFileInfo::exists(folder + QLatin1Char('/') + theme + QStringLiteral("/index.theme")); });
+}
+
+} // namespace
+
+std::string xSetting(std::string_view settings, std::string_view name)
+{
+    enum Type : std::uint32_t { integer, text, color };
+    SettingsReader reader(settings);
+    reader.take(8); // byte order, padding, serial
+    auto const count = reader.number(4);
+    for (std::uint32_t i = 0; i < count && !reader.isCut(); ++i) {
+        auto const type = reader.number(1);
+        reader.take(1);
+        auto const nameLength = reader.number(2);
+        auto const settingName = reader.padded(nameLength);
+        reader.take(4); // serial
+        if (type == text) {
+            auto const length = reader.number(4);
+            auto const value = reader.padded(length);
+            if (settingName == name && !reader.isCut())
+                return std::string(value);
+        } else {
+            reader.take(type == color ? 8 : 4);
+        }
+    }
+    return {};
+}
+
+std::string iniValue(std::string const& path, char const* group, char const* key)
+{
+    auto* const file = g_key_file_new();
+    gchar* value = nullptr;
+    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr))
+        value = g_key_file_get_string(file, group, key, nullptr);
+    std::string const text = value ? value : "";
+    g_free(value);
+    g_key_file_unref(file);
+    return text;
+}
+
+QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders)
+{
+    std::string const config = g_get_user_config_dir();
+    std::vector<std::string> candidates
+        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(config + "/kdeglobals", "Icons", "Theme"),
+              iniValue(config + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings() };
+    candidates.insert(candidates.end(), std::begin(usualThemes), std::end(usualThemes));
+    for (auto const& candidate : candidates) {
+        if (auto const theme = QString::fromStdString(candidate); isInstalled(theme, folders))
+            return theme;
+    }
+    return {};
+}
+
+void adoptDesktopIconTheme()
+{
+    auto const current = QIcon::themeName();
+    auto const folders = QIcon::themeSearchPaths();
+    if (current != QLatin1String("hicolor") && isInstalled(current, folders))
+        return;
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (auto const theme = desktopIconTheme(x11 ? x11->connection() : nullptr, folders); !theme.isEmpty())
+        QIcon::setThemeName(theme);
+}
+
+} // namespace zv

@@ -1,0 +1,126 @@
+#include "platform/linux/icons/LaurelIcon.h"
+
+#include "platform/linux/icons/Laurel.h"
+
+#include <QCoreApplication>
+#include <QDBusMetaType>
+#include <QDir>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QtEndian>
+
+namespace zv {
+
+namespace {
+
+// Seen well on a light panel as on a dark one: a panel cannot tint what comes as pixels.
+constexpr QColor middleGreen { 0x5a, 0x9a, 0x3c };
+
+QImage drawn(int size, QBrush const& brush)
+{
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size / laurel::boxSize, size / laurel::boxSize);
+    painter.fillPath(laurel::path(), brush);
+    return image;
+}
+
+StatusPixmap statusPixmap(int size)
+{
+    auto const image = drawn(size, middleGreen).convertToFormat(QImage::Format_ARGB32);
+    StatusPixmap pixmap { size, size, QByteArray(size * size * 4, Qt::Uninitialized) };
+    qToBigEndian<quint32>(image.constBits(), size * size, pixmap.pixels.data());
+    return pixmap;
+}
+
+QBrush leafGreen()
+{
+    QLinearGradient gradient(0, 0, 0, laurel::boxSize);
+    gradient.setColorAt(0, QColor(0x8f, 0xc6, 0x4a));
+    gradient.setColorAt(1, QColor(0x2f, 0x7d, 0x32));
+    return gradient;
+}
+
+bool isInstalled()
+{
+    auto const file = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/icons/hicolor/symbolic/apps/%1.svg").arg(laurelSymbolName());
+    return QFile::exists(file);
+}
+
+} // namespace
+
+QDBusArgument& operator<<(QDBusArgument& argument, StatusPixmap const& pixmap)
+{
+    argument.beginStructure();
+    argument << pixmap.width << pixmap.height << pixmap.pixels;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument const& operator>>(QDBusArgument const& argument, StatusPixmap& pixmap)
+{
+    argument.beginStructure();
+    argument >> pixmap.width >> pixmap.height >> pixmap.pixels;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument& operator<<(QDBusArgument& argument, StatusToolTip const& toolTip)
+{
+    argument.beginStructure();
+    argument << toolTip.iconName << toolTip.pixmaps << toolTip.title << toolTip.text;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument const& operator>>(QDBusArgument const& argument, StatusToolTip& toolTip)
+{
+    argument.beginStructure();
+    argument >> toolTip.iconName >> toolTip.pixmaps >> toolTip.title >> toolTip.text;
+    argument.endStructure();
+    return argument;
+}
+
+void registerStatusPixmapTypes()
+{
+    static bool const registered = [] {
+        qDBusRegisterMetaType<StatusPixmap>();
+        qDBusRegisterMetaType<StatusPixmaps>();
+        qDBusRegisterMetaType<StatusToolTip>();
+        return true;
+    }();
+    Q_UNUSED(registered);
+}
+
+QString laurelSymbolName() { return QStringLiteral("org.zanthevell.ZantheVell-symbolic"); }
+
+QString laurelIconThemePath()
+{
+    static QString const path = [] {
+        auto const ofTheSources = QStringLiteral(ZV_ICONS_SOURCE);
+        return isInstalled() || ofTheSources.isEmpty() || !QDir(ofTheSources).exists() ? QString() : ofTheSources;
+    }();
+    return path;
+}
+
+StatusPixmaps laurelStatusPixmaps()
+{
+    static StatusPixmaps const pixmaps { statusPixmap(16), statusPixmap(22), statusPixmap(32), statusPixmap(48) };
+    return pixmaps;
+}
+
+// Drawn once: a menu asks for it at each of its openings.
+QIcon laurelApplicationIcon()
+{
+    static QIcon const icon = [] {
+        QIcon drawnIcon;
+        for (int const size : { 16, 24, 32, 48, 64, 128, 256 })
+            drawnIcon.addPixmap(QPixmap::fromImage(drawn(size, leafGreen())));
+        return drawnIcon;
+    }();
+    return icon;
+}
+
+} // namespace zv

@@ -1,0 +1,142 @@
+#include "platform/linux/icons/ThemeIcons.h"
+
+#include "base/MainThread.h"
+#include "platform/linux/icons/IconPictures.h"
+#include "platform/linux/icons/LaurelIcon.h"
+
+#include <QGuiApplication>
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+// By then the menu that asked for the pictures is on screen, and the machine has time.
+constexpr std::chrono::milliseconds secondLookDelay { 400 };
+
+/// The name for those who look the picture up themselves. Without a display nobody knows
+/// what the theme has: then the best name stands.
+std::string shownName(FileIconNames const& names)
+{
+    if (!names.imageFile.empty())
+        return names.imageFile;
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return firstThemeName(names).toStdString();
+    return names.names.empty() ? std::string() : names.names.front();
+}
+
+/// A picture that is known by its names.
+class NamedImage : public ThemeImage {
+public:
+    NamedImage(std::shared_ptr<IconPictures> pictures, FileIconNames names)
+        : m_pictures(std::move(pictures))
+        , m_look(m_pictures->lookOf(std::move(names)))
+    {
+    }
+    std::string name() const override { return shownName(m_look->names); }
+    QIcon icon() const override { return m_pictures->picture(*m_look); }
+    bool isReady() const override { return m_pictures->isDrawn(*m_look); }
+
+private:
+    std::shared_ptr<IconPictures> m_pictures;
+    std::shared_ptr<IconLook> m_look;
+};
+
+/// The picture of a file, which is looked at when the picture is drawn for the first time.
+class FileImage : public ThemeImage {
+public:
+    FileImage(std::shared_ptr<IconPictures> pictures, std::shared_ptr<MountWatch> mounts, std::string path)
+        : m_pictures(std::move(pictures))
+        , m_mounts(std::move(mounts))
+        , m_path(std::move(path))
+    {
+    }
+    std::string name() const override { return shownName(look()->names); }
+    QIcon icon() const override { return m_pictures->picture(*look()); }
+    bool isReady() const override
+    {
+        auto const known = m_pictures->known(m_path);
+        return known && m_pictures->isDrawn(*known);
+    }
+
+private:
+    [[nodiscard]] std::shared_ptr<IconLook> look() const
+    {
+        auto known = m_pictures->known(m_path);
+        return known ? known : m_pictures->remember(m_path, iconNamesOfFile(m_path, m_mounts->current()->table));
+    }
+
+    std::shared_ptr<IconPictures> m_pictures;
+    std::shared_ptr<MountWatch> m_mounts;
+    std::string m_path;
+};
+
+class ApplicationImage : public ThemeImage {
+public:
+    std::string name() const override { return "org.zanthevell.ZantheVell"; }
+    QIcon icon() const override { return laurelApplicationIcon(); }
+    bool isReady() const override { return true; }
+};
+
+} // namespace
+
+ThemeIcons::ThemeIcons(Tasks& tasks, Timers& timers)
+    : m_tasks(tasks)
+    , m_timers(timers)
+    , m_mounts(std::make_shared<MountWatch>("/proc/self/mountinfo"))
+    , m_pictures(std::make_shared<IconPictures>())
+{
+}
+
+ThemeIcons::~ThemeIcons() = default;
+
+ImageRef ThemeIcons::fileIcon(Url const& file)
+{
+    assertMainThread();
+    auto path = file.path();
+    if (path.empty())
+        return nullptr;
+    if (m_pictures->known(path))
+        lookAgainLater(path);
+    return std::make_shared<FileImage>(m_pictures, m_mounts, std::move(path));
+}
+
+ImageRef ThemeIcons::computerIcon()
+{
+    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "computer", "video-display" }, {}, IconShape::computer });
+}
+
+ImageRef ThemeIcons::folderIcon() { return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "folder", "inode-directory" }, {}, IconShape::folder }); }
+
+ImageRef ThemeIcons::networkIcon()
+{
+    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "network-workgroup", "network-server", "folder-remote" }, {}, IconShape::network });
+}
+
+ImageRef ThemeIcons::applicationIcon() { return std::make_shared<ApplicationImage>(); }
+
+void ThemeIcons::lookAgainLater(std::string const& path)
+{
+    m_toLookAt.push_back(path);
+    if (m_toLookAt.size() == 1)
+        m_secondLook = m_timers.after(secondLookDelay, m_lifetime.guard([this] { lookAgain(); }));
+}
+
+void ThemeIcons::lookAgain()
+{
+    using Found = std::vector<std::pair<std::string, FileIconNames>>;
+    auto const look = [paths = std::exchange(m_toLookAt, {}), mounts = m_mounts] {
+        Found found;
+        auto const current = mounts->current();
+        for (auto const& path : paths)
+            found.emplace_back(path, iconNamesOfFile(path, current->table));
+        return found;
+    };
+    m_tasks.inBackground(TaskPriority::utility, look, m_lifetime.guard([this](Found found) {
+        for (auto& [path, names] : found)
+            m_pictures->remember(path, std::move(names));
+    }));
+}
+
+} // namespace zv

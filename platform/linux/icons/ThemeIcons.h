@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/desk/IconSource.h"
+#include "platform/linux/files/MountWatch.h"
+#include "platform/linux/icons/FileIconNames.h"
+#include "platform/linux/icons/ThemeImage.h"
+#include "platform/time/Tasks.h"
+#include "platform/time/Timers.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+class IconPictures;
+
+/// Pictures from the desktop's icon theme. What was drawn once is kept for the program's
+/// life and drawn at once the next time; whether a file has become another one meanwhile is
+/// looked up in the background, a while after the menu is on screen. Main thread only.
+class ThemeIcons : public IconSource {
+public:
+    /// Both outlive this. Needs no display until a picture is drawn.
+    ThemeIcons(Tasks& tasks, Timers& timers);
+    ~ThemeIcons() override;
+
+    [[nodiscard]] ImageRef fileIcon(Url const& file) override;
+    [[nodiscard]] ImageRef computerIcon() override;
+    [[nodiscard]] ImageRef folderIcon() override;
+    [[nodiscard]] ImageRef networkIcon() override;
+    [[nodiscard]] ImageRef applicationIcon() override;
+
+private:
+    void lookAgainLater(std::string const& path);
+    void lookAgain();
+
+    Tasks& m_tasks;
+    Timers& m_timers;
+    std::shared_ptr<MountWatch> m_mounts;
+    std::shared_ptr<IconPictures> m_pictures;
+    std::vector<std::string> m_toLookAt;
+    std::unique_ptr<Timer> m_secondLook;
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

@@ -1,0 +1,88 @@
+#include "platform/linux/install/AutostartLoginService.h"
+
+#include "platform/linux/entries/ExecLine.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <glib.h>
+#include <memory>
+#include <system_error>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* group = "Desktop Entry";
+
+struct KeyFileDeleter {
+    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
+};
+
+LoginService::Error errorFor(std::error_code code) { return { code.value(), "The autostart entry could not be changed: " + code.message() + "." }; }
+
+bool isTrue(GKeyFile* file, char const* key) { return g_key_file_get_boolean(file, group, key, nullptr) != FALSE; }
+
+bool isSwitchedOff(GKeyFile* file)
+{
+    constexpr char const* gnomeKey = "X-GNOME-Autostart-enabled";
+    bool const gnomeOff = g_key_file_has_key(file, group, gnomeKey, nullptr) && !isTrue(file, gnomeKey);
+    return gnomeOff || isTrue(file, "Hidden");
+}
+
+std::string entryText(std::string const& program)
+{
+    return "[Desktop Entry]\nType=Application\nName=Zanthe Vell\nComment=A menu of your own making\nExec=" + quotedForExec(program)
+        + "\nIcon=org.zanthevell.ZantheVell\nX-GNOME-Autostart-enabled=true\n";
+}
+
+} // namespace
+
+std::string AutostartLoginService::folder() const { return m_options.configHome + "/autostart"; }
+
+std::string AutostartLoginService::entryPath() const { return folder() + "/org.zanthevell.ZantheVell.desktop"; }
+
+LoginService::Status AutostartLoginService::status() const
+{
+    std::unique_ptr<GKeyFile, KeyFileDeleter> const file(g_key_file_new());
+    if (!g_key_file_load_from_file(file.get(), entryPath().c_str(), G_KEY_FILE_NONE, nullptr))
+        return Status::notRegistered;
+    return isSwitchedOff(file.get()) ? Status::requiresApproval : Status::enabled;
+}
+
+std::optional<LoginService::Error> AutostartLoginService::registerService()
+{
+    if (status() == Status::requiresApproval)
+        return std::nullopt;
+    std::error_code code;
+    std::filesystem::create_directories(folder(), code);
+    if (code)
+        return errorFor(code);
+    auto const temporary = entryPath() + ".new";
+    errno = 0;
+    std::ofstream stream(temporary, std::ios::trunc);
+    stream << entryText(m_options.program);
+    stream.close();
+    if (!stream)
+        return errorFor({ errno != 0 ? errno : EIO, std::generic_category() });
+    std::filesystem::rename(temporary, entryPath(), code);
+    return code ? std::optional(errorFor(code)) : std::nullopt;
+}
+
+std::optional<LoginService::Error> AutostartLoginService::unregisterService()
+{
+    std::error_code code;
+    std::filesystem::remove(entryPath(), code);
+    return code ? std::optional(errorFor(code)) : std::nullopt;
+}
+
+void AutostartLoginService::openSystemSettings()
+{
+    if (m_options.openDesktopSettings && m_options.openDesktopSettings())
+        return;
+    if (m_options.openFolder)
+        m_options.openFolder(Url::fromPath(folder()));
+}
+
+} // namespace zv

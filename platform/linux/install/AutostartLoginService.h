@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/Url.h"
+#include "platform/program/LoginService.h"
+
+#include <functional>
+#include <string>
+
+namespace zv {
+
+/// Opening at login by an entry in the user's autostart folder. An entry that the desktop
+/// switched off (Hidden=true, or X-GNOME-Autostart-enabled=false) waits for approval: it is
+/// left as the user wants it.
+class AutostartLoginService : public LoginService {
+public:
+    struct Options {
+        std::string configHome; ///< $XDG_CONFIG_HOME
+        std::string program; ///< the path to start
+        /// Starts the first of the desktop's own autostart settings that is installed; false when none is.
+        std::function<bool()> openDesktopSettings;
+        std::function<void(Url const&)> openFolder; ///< what is left then
+    };
+
+    explicit AutostartLoginService(Options options)
+        : m_options(std::move(options))
+    {
+    }
+
+    Status status() const override;
+    std::optional<Error> registerService() override;
+    std::optional<Error> unregisterService() override;
+    void openSystemSettings() override;
+
+private:
+    [[nodiscard]] std::string folder() const;
+    [[nodiscard]] std::string entryPath() const;
+
+    Options m_options;
+};
+
+} // namespace zv

@@ -1,0 +1,226 @@
+#include "platform/linux/install/LinuxInstallation.h"
+
+#include "platform/linux/entries/ExecLine.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string_view>
+#include <system_error>
+#include <unistd.h>
+
+namespace zv {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// What /proc/self/mountinfo says of the mount that a path lies on.
+struct Mount {
+    std::string point;
+    std::string type;
+    std::string source;
+    bool isReadOnly = false;
+};
+
+bool liesWithin(std::string_view path, std::string_view folder)
+{
+    if (folder == "/")
+        return true;
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+/// Blanks, tabs, line feeds and backslashes stand as octal escapes there.
+std::string unescaped(std::string_view text)
+{
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\' || text.size() - i < 4) {
+            plain += text[i];
+            continue;
+        }
+        plain += static_cast<char>(std::strtol(std::string(text.substr(i + 1, 3)).c_str(), nullptr, 8));
+        i += 3;
+    }
+    return plain;
+}
+
+/// Fields: id, parent, device, root, mount point, options, … "-", type, source, super options.
+std::optional<Mount> parseMount(std::string const& line)
+{
+    std::istringstream stream(line);
+    std::string field;
+    std::array<std::string, 6> head;
+    for (auto& value : head)
+        stream >> value;
+    while (stream >> field && field != "-") { }
+    Mount mount;
+    std::string superOptions;
+    if (!(stream >> mount.type >> mount.source))
+        return std::nullopt;
+    stream >> superOptions;
+    mount.point = unescaped(head[4]);
+    auto const isReadOnly = [](std::string const& options) { return options == "ro" || options.starts_with("ro,"); };
+    mount.isReadOnly = isReadOnly(head[5]) || isReadOnly(superOptions);
+    return mount;
+}
+
+std::optional<Mount> mountOf(std::string const& path, std::string const& mountInfo)
+{
+    std::ifstream stream(mountInfo);
+    std::optional<Mount> best;
+    for (std::string line; std::getline(stream, line);) {
+        auto mount = parseMount(line);
+        if (mount && liesWithin(path, mount->point) && (!best || mount->point.size() >= best->point.size()))
+            best = std::move(mount);
+    }
+    return best;
+}
+
+bool isImage(Mount const& mount)
+{
+    static constexpr std::array<std::string_view, 4> imageTypes { "iso9660", "udf", "squashfs", "erofs" };
+    return std::find(imageTypes.begin(), imageTypes.end(), mount.type) != imageTypes.end() || mount.source.starts_with("/dev/loop");
+}
+
+/// Places that a package manager keeps; read-only there is by design.
+bool isManaged(std::string const& path)
+{
+    static constexpr std::array<std::string_view, 7> managed { "/usr", "/opt", "/nix", "/gnu", "/snap", "/app", "/bin" };
+    return std::any_of(managed.begin(), managed.end(), [&](auto folder) { return liesWithin(path, folder); });
+}
+
+/// Beside what the build system just made: nobody's installation.
+bool isBuildTree(std::string const& path) { return fs::exists(fs::path(path).parent_path() / "CMakeCache.txt"); }
+
+std::optional<std::string> sentence(std::error_code code) { return code ? std::optional(code.message() + ".") : std::nullopt; }
+
+bool isWritableFolder(std::string const& path)
+{
+    std::error_code code;
+    return fs::is_directory(path, code) && access(path.c_str(), W_OK) == 0;
+}
+
+} // namespace
+
+Url LinuxInstallation::runningBundle(Environment const& environment)
+{
+    if (auto const appImage = environment.find("APPIMAGE"); appImage != environment.end() && !appImage->second.empty())
+        return Url::fromPath(appImage->second);
+    std::error_code code;
+    auto const executable = fs::read_symlink("/proc/self/exe", code);
+    for (auto folder = executable.parent_path(); folder.has_relative_path(); folder = folder.parent_path()) {
+        if (folder.extension() == ".AppDir")
+            return Url::fromPath(folder.string());
+    }
+    return Url::fromPath(executable.string());
+}
+
+RelocationSource LinuxInstallation::source(Url const& bundle) const
+{
+    auto const path = bundle.path();
+    bool const isInPlace = liesWithin(path, m_options.systemFolder) || liesWithin(path, m_options.userFolder);
+    if (isInPlace || isManaged(path) || isBuildTree(path))
+        return RelocationSource::none;
+    if (m_options.isMountedAppImage)
+        return RelocationSource::diskImage;
+    auto const mount = mountOf(path, m_options.mountInfo);
+    if (mount && isImage(*mount))
+        return RelocationSource::diskImage;
+    bool const isTemporary = liesWithin(path, m_options.temporaryFolder) || liesWithin(path, "/var/tmp") || liesWithin(path, "/run");
+    return isTemporary || (mount && mount->isReadOnly) ? RelocationSource::temporaryPlace : RelocationSource::none;
+}
+
+std::optional<Url> LinuxInstallation::applicationsFolder()
+{
+    if (isWritableFolder(m_options.systemFolder))
+        return Url::fromPath(m_options.systemFolder);
+    std::error_code code;
+    fs::create_directories(m_options.userFolder, code);
+    return code ? std::nullopt : std::optional(Url::fromPath(m_options.userFolder));
+}
+
+Result<Url> LinuxInstallation::makeReplacementFolder(Url const& destination)
+{
+    auto pattern = destination.path() + "/.zanthe-vell-XXXXXX";
+    if (!mkdtemp(pattern.data()))
+        return Failure { *sentence({ errno, std::generic_category() }) };
+    return Url::fromPath(pattern);
+}
+
+MaybeFailure<> LinuxInstallation::copy(Url const& from, Url const& to)
+{
+    std::error_code code;
+    fs::copy(from.path(), to.path(), fs::copy_options::recursive | fs::copy_options::copy_symlinks, code);
+    return sentence(code);
+}
+
+MaybeFailure<> LinuxInstallation::put(Url const& from, Url const& to)
+{
+    // A folder cannot be renamed over one that is not empty: the two change places instead.
+    if (renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_EXCHANGE) == 0) {
+        std::error_code ignored;
+        fs::remove_all(from.path(), ignored);
+        return std::nullopt;
+    }
+    std::error_code code;
+    fs::rename(from.path(), to.path(), code);
+    return sentence(code);
+}
+
+void LinuxInstallation::removeFolder(Url const& folder)
+{
+    std::error_code ignored;
+    fs::remove_all(folder.path(), ignored);
+}
+
+MaybeFailure<> LinuxInstallation::announce(Url const& installed)
+{
+    auto failure = copyResources(installed);
+    return failure ? failure : writeEntry(installed);
+}
+
+/// To "share" beside the folder of programs, where an installed program looks for them. An
+/// image or an application's folder has them within.
+MaybeFailure<> LinuxInstallation::copyResources(Url const& installed) const
+{
+    if (m_options.isMountedAppImage || m_options.resources.empty() || fs::is_directory(installed.path()))
+        return std::nullopt;
+    auto const folder = fs::path(installed.path()).parent_path().parent_path() / "share/zanthe-vell";
+    std::error_code code;
+    fs::create_directories(folder, code);
+    if (!code)
+        fs::copy(m_options.resources, folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing, code);
+    return sentence(code);
+}
+
+MaybeFailure<> LinuxInstallation::writeEntry(Url const& installed) const
+{
+    bool const forAll = liesWithin(installed.path(), m_options.systemFolder);
+    fs::path const folder = forAll ? m_options.systemApplications : m_options.userApplications;
+    std::error_code code;
+    fs::create_directories(folder, code);
+    if (code)
+        return sentence(code);
+    auto const program = fs::is_directory(installed.path()) ? installed.path() + "/AppRun" : installed.path();
+    std::ofstream stream(folder / "org.zanthevell.ZantheVell.desktop", std::ios::trunc);
+    stream << "[Desktop Entry]\nType=Application\nName=Zanthe Vell\nComment=A menu of your own making\nExec=" << quotedForExec(program)
+           << "\nIcon=org.zanthevell.ZantheVell\nCategories=Utility;\n";
+    stream.close();
+    return stream ? std::nullopt : std::optional<std::string>("The application entry could not be written.");
+}
+
+void LinuxInstallation::giveWay()
+{
+    if (m_options.giveWay)
+        m_options.giveWay();
+}
+
+} // namespace zv

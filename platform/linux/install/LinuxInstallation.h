@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/program/Installation.h"
+
+#include <functional>
+#include <string>
+
+namespace zv {
+
+/// Where the program lies on a Linux machine, and how it moves to where programs belong.
+/// The "bundle" is an AppImage file, an AppDir folder or the program's own file.
+class LinuxInstallation : public Installation {
+public:
+    struct Options {
+        std::string mountInfo = "/proc/self/mountinfo";
+        std::string systemFolder = "/usr/local/bin"; ///< for all users
+        std::string userFolder; ///< ~/.local/bin
+        std::string systemApplications = "/usr/local/share/applications"; ///< application entries
+        std::string userApplications; ///< $XDG_DATA_HOME/applications
+        std::string temporaryFolder = "/tmp";
+        std::string resources; ///< of the running program; they move with a program that is a file of its own
+        bool isMountedAppImage = false; ///< $APPIMAGE is set
+        std::function<void()> giveWay; ///< ends this process's being the one that runs
+    };
+
+    explicit LinuxInstallation(Options options)
+        : m_options(std::move(options))
+    {
+    }
+
+    /// What the running process was started from: $APPIMAGE, the enclosing AppDir, or the
+    /// executable itself.
+    [[nodiscard]] static Url runningBundle(Environment const& environment);
+
+    RelocationSource source(Url const& bundle) const override;
+    std::optional<Url> applicationsFolder() override;
+    Result<Url> makeReplacementFolder(Url const& destination) override;
+    MaybeFailure<> copy(Url const& from, Url const& to) override;
+    MaybeFailure<> put(Url const& from, Url const& to) override;
+    void removeFolder(Url const& folder) override;
+    MaybeFailure<> announce(Url const& installed) override;
+    void giveWay() override;
+
+private:
+    [[nodiscard]] MaybeFailure<> copyResources(Url const& installed) const;
+    [[nodiscard]] MaybeFailure<> writeEntry(Url const& installed) const;
+
+    Options m_options;
+};
+
+} // namespace zv

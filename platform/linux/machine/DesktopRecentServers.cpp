@@ -1,0 +1,80 @@
+#include "platform/linux/machine/DesktopRecentServers.h"
+
+#include "platform/linux/apps/RecentlyUsedFile.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+/// Local files and web pages fill these lists; neither is a server that one connects to.
+bool mayBeServer(Url const& url)
+{
+    auto const scheme = url.scheme();
+    return scheme != "file" && scheme != "http" && scheme != "https";
+}
+
+FileReading addBookmarkedFiles(std::vector<RecentServer>& servers, std::string const& path)
+{
+    return readRecentlyUsed(path, [&](RecentlyUsed&& bookmark) {
+        auto const url = Url::parse(bookmark.href);
+        if (url && !bookmark.isPrivate && mayBeServer(*url))
+            servers.push_back({ *url, bookmark.visited });
+    });
+}
+
+FileReading addBookmarkLines(std::vector<RecentServer>& servers, std::string const& path)
+{
+    std::string text;
+    auto const reading = readInPieces(path, [&](std::string_view piece) {
+        text += piece;
+        return text.size() < std::size_t { 1 } << 20;
+    });
+    for (std::size_t start = 0; start < text.size();) {
+        auto const end = std::min(text.find('\n', start), text.size());
+        auto const line = std::string_view(text).substr(start, end - start);
+        if (auto const url = Url::parse(line.substr(0, line.find(' '))); url && mayBeServer(*url))
+            servers.push_back({ *url });
+        start = end + 1;
+    }
+    return reading;
+}
+
+} // namespace
+
+DesktopRecentServers::Files DesktopRecentServers::standardFiles()
+{
+    std::string const config = g_get_user_config_dir();
+    return { std::string(g_get_user_data_dir()) + "/recently-used.xbel", config + "/gtk-3.0/bookmarks", config + "/gtk-3.0/servers" };
+}
+
+DesktopRecentServers::DesktopRecentServers(Tasks& tasks, Files files)
+    : m_tasks(tasks)
+    , m_files(std::move(files))
+{
+}
+
+void DesktopRecentServers::list(std::function<void(List)> done)
+{
+    m_tasks.inBackground(
+        TaskPriority::user, [files = m_files] { return readRecentServers(files); }, std::move(done));
+}
+
+RecentServers::List readRecentServers(DesktopRecentServers::Files const& files)
+{
+    std::vector<RecentServer> servers;
+    std::array const readings { addBookmarkedFiles(servers, files.recentlyUsed), addBookmarkedFiles(servers, files.servers),
+        addBookmarkLines(servers, files.bookmarks) };
+    bool const anyFailed = std::find(readings.begin(), readings.end(), FileReading::failed) != readings.end();
+    bool const anyComplete = std::find(readings.begin(), readings.end(), FileReading::complete) != readings.end();
+    if (anyFailed && !anyComplete)
+        return std::nullopt;
+    return servers;
+}
+
+} // namespace zv

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/lists/RecentServers.h"
+#include "platform/time/Tasks.h"
+
+#include <string>
+
+namespace zv {
+
+/// Servers from what the desktop remembers: remote files that were used, the bookmarks of
+/// its file dialogs, and its list of servers.
+class DesktopRecentServers : public RecentServers {
+public:
+    struct Files {
+        std::string recentlyUsed; ///< recently-used.xbel
+        std::string bookmarks; ///< gtk-3.0/bookmarks: "sftp://host/folder Label" a line
+        std::string servers; ///< gtk-3.0/servers, an XBEL file as well
+    };
+    [[nodiscard]] static Files standardFiles();
+
+    /// `tasks` outlives this.
+    DesktopRecentServers(Tasks& tasks, Files files);
+    void list(std::function<void(List)> done) override;
+
+private:
+    Tasks& m_tasks;
+    Files m_files;
+};
+
+/// Nothing when none of the files can be read though one is there. Any thread.
+[[nodiscard]] RecentServers::List readRecentServers(DesktopRecentServers::Files const& files);
+
+} // namespace zv

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/session/ComputerInfo.h"
+#include "platform/time/Tasks.h"
+
+namespace zv {
+
+/// From the files in which the system describes the machine.
+class LinuxComputerInfo : public ComputerInfo {
+public:
+    /// `root` is "/", or a tree of such files.
+    LinuxComputerInfo(std::string root, Tasks& tasks)
+        : m_root(std::move(root))
+        , m_tasks(tasks)
+    {
+    }
+    void gather(std::function<void(ComputerFacts)> done) override;
+
+    /// What gather() does, in the caller's thread.
+    [[nodiscard]] static ComputerFacts read(std::string const& root);
+
+private:
+    std::string m_root;
+    Tasks& m_tasks;
+};
+
+} // namespace zv

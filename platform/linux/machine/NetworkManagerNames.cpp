@@ -1,0 +1,87 @@
+#include "platform/linux/machine/SystemNetworkInterfaces.h"
+
+#include "platform/linux/bus/BusConnection.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* service = "org.freedesktop.NetworkManager";
+constexpr std::chrono::milliseconds patience { 1000 };
+constexpr gsize mostConnections = 32;
+
+/// Reads properties of NetworkManager's objects, all of them by one moment.
+class NetworkManager {
+public:
+    NetworkManager(BusConnection bus, Deadline deadline)
+        : m_bus(std::move(bus))
+        , m_deadline(deadline)
+    {
+    }
+    /// The property's value; null when there is none, or when it is of another type.
+    [[nodiscard]] GVariantRef property(std::string const& path, char const* interface, char const* name, char const* type) const
+    {
+        auto const reply = m_bus.call({ service, path.c_str(), "org.freedesktop.DBus.Properties" }, "Get", g_variant_new("(ss)", interface, name), m_deadline,
+            "(v)", BusConnection::Starting::forbidden);
+        if (!reply)
+            return nullptr;
+        GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
+        GVariantRef value(g_variant_get_variant(boxed.get()));
+        return g_variant_is_of_type(value.get(), G_VARIANT_TYPE(type)) ? std::move(value) : nullptr;
+    }
+    [[nodiscard]] std::string text(std::string const& path, char const* interface, char const* name) const
+    {
+        auto const value = property(path, interface, name, "s");
+        return value ? g_variant_get_string(value.get(), nullptr) : "";
+    }
+    [[nodiscard]] std::vector<std::string> paths(std::string const& path, char const* interface, char const* name) const
+    {
+        std::vector<std::string> found;
+        auto const value = property(path, interface, name, "ao");
+        auto const count = value ? std::min(g_variant_n_children(value.get()), mostConnections) : 0;
+        for (gsize i = 0; i < count; ++i) {
+            GVariantRef const child(g_variant_get_child_value(value.get(), i));
+            found.emplace_back(g_variant_get_string(child.get(), nullptr));
+        }
+        return found;
+    }
+
+private:
+    BusConnection m_bus;
+    Deadline m_deadline;
+};
+
+void addConnection(ConnectionNames& names, NetworkManager const& manager, std::string const& path)
+{
+    static constexpr char const* active = "org.freedesktop.NetworkManager.Connection.Active";
+    static constexpr char const* device = "org.freedesktop.NetworkManager.Device";
+    auto const name = manager.text(path, active, "Id");
+    if (name.empty())
+        return;
+    for (auto const& devicePath : manager.paths(path, active, "Devices")) {
+        for (auto const* key : { "Interface", "IpInterface" }) {
+            if (auto const interface = manager.text(devicePath, device, key); !interface.empty())
+                names.emplace(interface, name);
+        }
+    }
+}
+
+} // namespace
+
+ConnectionNames networkManagerNames(std::string const& busAddress)
+{
+    ConnectionNames names;
+    Deadline const deadline(patience);
+    auto bus = BusConnection::open(busAddress, deadline);
+    if (!bus)
+        return names;
+    NetworkManager const manager(std::move(*bus), deadline);
+    for (auto const& path : manager.paths("/org/freedesktop/NetworkManager", service, "ActiveConnections"))
+        addConnection(names, manager, path);
+    return names;
+}
+
+} // namespace zv

@@ -1,0 +1,39 @@
+#include "platform/linux/machine/OsRelease.h"
+
+#include <fstream>
+#include <string_view>
+
+namespace zv {
+
+namespace {
+
+/// The file is a shell's: quotes around a value, a backslash before what is special.
+std::string unquoted(std::string_view text)
+{
+    bool const isQuoted = text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();
+    if (isQuoted)
+        text = text.substr(1, text.size() - 2);
+    std::string value;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 1 < text.size())
+            ++i;
+        value += text[i];
+    }
+    return value;
+}
+
+} // namespace
+
+std::map<std::string, std::string> readOsRelease(std::string const& path)
+{
+    std::map<std::string, std::string> values;
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        auto const equals = line.find('=');
+        if (equals != std::string::npos && !line.starts_with('#'))
+            values[line.substr(0, equals)] = unquoted(std::string_view(line).substr(equals + 1));
+    }
+    return values;
+}
+
+} // namespace zv

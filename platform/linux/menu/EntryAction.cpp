@@ -1,0 +1,99 @@
+#include "platform/linux/menu/EntryAction.h"
+
+#include "app/menu/Menu.h"
+#include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/menu/MenuStyle.h"
+#include "platform/linux/menu/ShortcutText.h"
+
+#include <QFont>
+#include <QTextDocument>
+
+namespace zv {
+
+namespace {
+
+/// A title in which "&" stands for itself.
+QString actionText(MenuEntry const& entry)
+{
+    auto text = QString::fromStdString(entry.visibleTitle());
+    return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ').replace(u'\n', u' ');
+}
+
+/// A tool tip is always plain text, whatever a file's name looks like.
+QString toolTipText(std::string const& toolTip)
+{
+    auto const text = QString::fromStdString(toolTip);
+    return Qt::mightBeRichText(text) ? QLatin1String("<qt>") + text.toHtmlEscaped() : text;
+}
+
+/// Of everything else the menu's own font decides.
+QFont fontOf(MenuEntry const& entry)
+{
+    QFont font;
+    if (entry.attributedTitle && entry.attributedTitle->italic)
+        font.setItalic(true);
+    return font;
+}
+
+} // namespace
+
+void EntryAction::show(MenuEntry const& entry, QFontMetrics const& metrics)
+{
+    m_target = entry.target;
+    m_represented = entry.representedObject;
+    m_awaited = nullptr;
+    setSeparator(entry.type == MenuEntry::Type::separator);
+    setVisible(true);
+    setEnabled(entry.enabled);
+    setCheckable(entry.isMarked);
+    setChecked(entry.isMarked);
+    showText(entry, metrics);
+    showIcon(entry.image);
+}
+
+void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)
+{
+    if (auto const title = actionText(entry); title != text()) {
+        setText(title);
+        m_isShortened = MenuStyle::isShortened(title, metrics);
+    }
+    bool const explainsItself = entry.toolTip.empty() && !m_isShortened;
+    setToolTip(explainsItself ? QString() : toolTipText(entry.toolTip.empty() ? entry.visibleTitle() : entry.toolTip));
+    if (auto const wanted = fontOf(entry); font() != wanted)
+        setFont(wanted);
+    m_keys = shortcutKeysOf(entry).text();
+    setData(columnKeysOf(entry).text()); // not part of the text, which assistive tools read out as the entry's name
+}
+
+void EntryAction::showIcon(ImageRef const& image)
+{
+    if (!image)
+        setIconIfOther({});
+    else if (isMenuIconReady(image))
+        setIconIfOther(menuIconOf(image));
+    else {
+        m_awaited = image;
+        setIconIfOther(blankMenuIcon());
+    }
+}
+
+void EntryAction::fetchIcon()
+{
+    setIconIfOther(menuIconOf(m_awaited));
+    m_awaited = nullptr;
+}
+
+void EntryAction::release()
+{
+    m_target = nullptr;
+    m_represented = nullptr;
+    m_awaited = nullptr;
+}
+
+void EntryAction::setIconIfOther(QIcon const& icon)
+{
+    if (this->icon().cacheKey() != icon.cacheKey())
+        setIcon(icon);
+}
+
+} // namespace zv

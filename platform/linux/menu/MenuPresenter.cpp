@@ -1,0 +1,47 @@
+#include "platform/linux/menu/MenuPresenter.h"
+
+#include "app/menu/Menu.h"
+#include "platform/linux/menu/MenuPlacement.h"
+
+#include <QAccessible>
+
+namespace zv {
+
+MenuPresenter::MenuPresenter(MenuPerformer& performer)
+    : m_performer(performer)
+    , m_accessibleParent(std::make_unique<MenuAccessibleParent>())
+    , m_window(new MenuWindow(m_accessibleParent.get()))
+{
+    m_window->onChosen = [this](auto target, Qt::KeyboardModifiers held) { m_performer.perform(std::move(target), held); };
+    // Later, as the closing window still holds what is chosen in it.
+    m_window->onClosed = [this] { m_performer.later(m_lifetime.guard([this] { m_window->forget(); })); };
+}
+
+MenuPresenter::~MenuPresenter() = default;
+
+void MenuPresenter::prepare()
+{
+    m_window->winId();
+    (void)m_window->fontMetrics().horizontalAdvance(QStringLiteral("Zanthe Vell…"));
+}
+
+void MenuPresenter::open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra)
+{
+    close();
+    if (QAccessible::isActive())
+        m_accessibleParent->show();
+    m_window->setMenu(menu);
+    m_performer.modifiers().setOpeningWith(extra);
+    m_window->popup(menuPositionFor(pixel));
+    m_performer.modifiers().setOpeningWith(ModifierMask::none);
+}
+
+void MenuPresenter::close()
+{
+    if (isOpen())
+        m_window->close();
+}
+
+bool MenuPresenter::isOpen() const { return m_window->isVisible(); }
+
+} // namespace zv

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/linux/menu/MenuAccessibility.h"
+#include "platform/linux/menu/MenuPerformer.h"
+#include "platform/linux/menu/MenuWindow.h"
+
+#include <QPoint>
+
+#include <memory>
+
+namespace zv {
+
+/// Opens menus of ours as windows, one tree of them at a time. Main thread only.
+class MenuPresenter {
+public:
+    /// The performer outlives it.
+    explicit MenuPresenter(MenuPerformer& performer);
+    ~MenuPresenter();
+    MenuPresenter(MenuPresenter const&) = delete;
+    MenuPresenter& operator=(MenuPresenter const&) = delete;
+
+    /// Makes the window and loads the font ahead of the first opening.
+    void prepare();
+    /// At a point of the desktop in the screens' own pixels, origin at the top left; `extra`
+    /// counts as held in addition to what the keyboard says.
+    void open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra = ModifierMask::none);
+    void close();
+    [[nodiscard]] bool isOpen() const;
+
+private:
+    MenuPerformer& m_performer;
+    std::unique_ptr<MenuAccessibleParent> m_accessibleParent;
+    MenuWindow* m_window; ///< a child of it
+    Lifetime m_lifetime;
+};
+
+} // namespace zv

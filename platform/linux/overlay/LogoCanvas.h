@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/desk/Canvas.h"
+
+#include <QImage>
+#include <QPainterPath>
+#include <QPointF>
+
+#include <memory>
+#include <optional>
+
+namespace zv {
+
+/// Our laurel: on Linux it is what stands at the left end of the panel.
+class LaurelMask : public Mask {
+public:
+    LaurelMask();
+    [[nodiscard]] QPainterPath const& path() const { return m_path; }
+
+private:
+    QPainterPath m_path;
+};
+
+/// Draws onto a picture. What is clipped to the logo stands where the panel's own picture
+/// stood, at its size, not where another system has its logo.
+class LogoCanvas : public Canvas {
+public:
+    /// `centre` in the image's pixels; `scale` is the number of pixels a point.
+    LogoCanvas(QImage& image, QPointF centre, double scale);
+
+    std::shared_ptr<Mask const> logoMask() override;
+    void saveState() override;
+    void restoreState() override;
+    void clipToMask(Mask const& mask, Rect const& rect) override;
+    void setFillColor(Color const& color) override;
+    void fill(Rect const& rect) override;
+
+    /// What was clipped to the logo, in the view's points; nothing when nothing was drawn.
+    [[nodiscard]] std::optional<Rect> logoRect() const { return m_hasDrawn ? std::optional(m_clipRect) : std::nullopt; }
+
+private:
+    [[nodiscard]] QRectF toImage(Rect const& rect) const;
+
+    QImage& m_image;
+    QPointF m_centre;
+    double m_scale;
+    QImage m_layer; ///< what was filled since the clip was set
+    QPainterPath m_clip;
+    Rect m_clipRect;
+    QColor m_color;
+    bool m_hasDrawn = false;
+};
+
+} // namespace zv

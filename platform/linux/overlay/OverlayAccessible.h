@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/menubar/OverlayPanels.h"
+
+#include <QRect>
+#include <QWindow>
+
+#include <memory>
+
+namespace zv {
+
+/// Stands for a panel's window among the program's accessible objects: that window is
+/// none of the toolkit's. Never shown.
+class OverlayAccessible : public QWindow {
+public:
+    explicit OverlayAccessible(OverlayPanelContent& content);
+    ~OverlayAccessible() override;
+
+    void setVisibleRect(QRect const& rect) { m_rect = rect; }
+    [[nodiscard]] QRect visibleRect() const { return m_rect; }
+    [[nodiscard]] OverlayPanelContent& content() const { return m_content; }
+    QAccessibleInterface* accessibleRoot() const override;
+
+private:
+    OverlayPanelContent& m_content;
+    QRect m_rect;
+};
+
+} // namespace zv

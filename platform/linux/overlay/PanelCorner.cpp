@@ -1,0 +1,152 @@
+#include "platform/linux/overlay/PanelCorner.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+
+namespace zv {
+
+namespace {
+
+constexpr int kTolerance = 12; ///< of 255 a channel: gradients and antialiased rims
+
+bool differs(std::uint32_t a, std::uint32_t b)
+{
+    for (int shift = 0; shift < 32; shift += 8) {
+        if (std::abs(static_cast<int>((a >> shift) & 0xff) - static_cast<int>((b >> shift) & 0xff)) > kTolerance)
+            return true;
+    }
+    return false;
+}
+
+/// A panel is mostly empty, and plain or shaded from the top down: each row's most frequent
+/// colour is its background.
+std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel, int width)
+{
+    std::vector<std::uint32_t> rows;
+    for (int y = 0; y < panel.height; ++y) {
+        std::map<std::uint32_t, int> counts;
+        for (int x = 0; x < width; ++x)
+            ++counts[panel.at(x, y)];
+        rows.push_back(std::max_element(counts.begin(), counts.end(), [](auto const& a, auto const& b) { return a.second < b.second; })->first);
+    }
+    return rows;
+}
+
+/// A button's frame is no thicker than this, its round corners no larger.
+int frameOf(PanelPixels const& panel) { return panel.height / 6; }
+
+class Columns {
+public:
+    Columns(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
+        : m_panel(panel)
+        , m_background(backgroundOf(panel, ground == PanelCorner::Ground::panel ? panel.width : std::min(2 * reach, panel.width)))
+        , m_frame(ground == PanelCorner::Ground::panel ? 0 : frameOf(panel))
+        , m_reach(std::min(reach, panel.width))
+        , m_letterGap(std::max(1, panel.height / 13))
+    {
+    }
+
+    [[nodiscard]] int firstDrawn() const
+    {
+        int x = 0;
+        while (x < m_frame && !isEmpty(x))
+            ++x;
+        if (x == m_frame)
+            x = 0; // what is there is no frame
+        while (x < m_reach && isEmpty(x))
+            ++x;
+        return x;
+    }
+    struct End {
+        int column; ///< one past the picture's last
+        bool isCut;
+    };
+    [[nodiscard]] End endOfPicture(int from) const
+    {
+        int lastGap = 0;
+        for (int x = from; x < m_reach; ++x) {
+            if (!isEmpty(x))
+                continue;
+            if (emptyFrom(x) > m_letterGap)
+                return { x, false };
+            lastGap = x;
+        }
+        // A word, not a picture: better cut between two of its letters than through one.
+        return { lastGap > from ? lastGap : m_reach, true };
+    }
+    [[nodiscard]] int firstEmptyFrom(int x) const
+    {
+        while (x < m_panel.width - 1 && !isEmpty(x))
+            ++x;
+        return std::min(x, m_panel.width - 1);
+    }
+    [[nodiscard]] XRect boundsOf(int from, int end) const
+    {
+        int top = m_panel.height, bottom = 0;
+        for (int y = m_frame; y < m_panel.height - m_frame; ++y) {
+            for (int x = from; x < end; ++x) {
+                if (isDrawn(x, y)) {
+                    top = std::min(top, y);
+                    bottom = y + 1;
+                }
+            }
+        }
+        return { from, top, end - from, bottom - top };
+    }
+
+private:
+    [[nodiscard]] bool isDrawn(int x, int y) const { return differs(m_panel.at(x, y), m_background[static_cast<std::size_t>(y)]); }
+    [[nodiscard]] bool isEmpty(int x) const
+    {
+        for (int y = m_frame; y < m_panel.height - m_frame; ++y) {
+            if (isDrawn(x, y))
+                return false;
+        }
+        return true;
+    }
+    [[nodiscard]] int emptyFrom(int x) const
+    {
+        int end = x;
+        while (end < m_panel.width && isEmpty(end))
+            ++end;
+        return end - x;
+    }
+
+    PanelPixels const& m_panel;
+    std::vector<std::uint32_t> m_background;
+    int m_frame;
+    int m_reach;
+    int m_letterGap;
+};
+
+PanelCorner cornerOn(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
+{
+    Columns const columns(panel, reach, ground);
+    int const from = columns.firstDrawn();
+    if (from >= std::min(reach, panel.width))
+        return {};
+    auto const end = columns.endOfPicture(from);
+    return { columns.boundsOf(from, end.column), columns.firstEmptyFrom(end.column), end.isCut, ground };
+}
+
+} // namespace
+
+PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
+{
+    if (panel.width <= 0 || panel.height <= 0)
+        return {};
+    auto const corner = cornerOn(panel, reach, PanelCorner::Ground::panel);
+    bool const mayBeButton = corner.isCut && corner.picture->x < frameOf(panel);
+    if (!mayBeButton)
+        return corner;
+    auto const onButton = cornerOn(panel, reach, PanelCorner::Ground::litButton);
+    return onButton.picture && !onButton.isCut ? onButton : corner;
+}
+
+int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground)
+{
+    return panel.width <= 0 || panel.height <= 0 ? 0 : Columns(panel, reach, ground).firstEmptyFrom(x);
+}
+
+} // namespace zv

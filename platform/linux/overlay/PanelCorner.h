@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/linux/x11/X11Screens.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// A panel's left end as pixels, row by row from the top; alpha, if any, in the top byte.
+struct PanelPixels {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+
+    [[nodiscard]] std::uint32_t at(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
+    }
+    friend bool operator==(PanelPixels const&, PanelPixels const&) = default;
+};
+
+/// What stands at the panel's left end, in the panel's own pixels.
+struct PanelCorner {
+    std::optional<XRect> picture; ///< the first thing drawn there, such as a launcher's icon
+    int backgroundColumn = 0; ///< one that shows the background beside it
+    bool isCut = false; ///< no gap ends the picture: it is a word, or something lit up as a whole
+    /// What it stands on: a button that is lit up has a background of its own, and a frame.
+    enum class Ground { panel, litButton } ground = Ground::panel;
+    friend bool operator==(PanelCorner const&, PanelCorner const&) = default;
+};
+
+/// Finds the picture that begins within `reach` pixels: it ends at the first gap wide
+/// enough to be no gap between letters.
+[[nodiscard]] PanelCorner findPanelCorner(PanelPixels const& panel, int reach);
+
+/// The first column from `x` on that shows nothing but background; the last one without any.
+[[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground);
+
+} // namespace zv

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "platform/linux/overlay/PanelCorner.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/menubar/OverlayPanels.h"
+
+#include <QImage>
+#include <QTimer>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// What is known of the panels' left ends, by their windows: a panel of another size has
+/// another picture there.
+struct KnownCorner {
+    XRect panel;
+    PanelCorner corner;
+};
+using PanelCorners = std::map<xcb_window_t, KnownCorner>;
+
+/// Shows the logo within a panel's window, in place of the picture at its left end and on
+/// the panel's own background, whatever that is at the moment. Lets every click through.
+class X11LogoWindow {
+public:
+    struct Geometry {
+        XRect panel;
+        double viewHeight = 0; ///< points
+        double scale = 1; ///< pixels a point
+        int reach = 0; ///< how many pixels of the panel's left end are ours
+        friend bool operator==(Geometry const&, Geometry const&) = default;
+    };
+
+    /// `known` remembers the panel's corner when this window has gone.
+    X11LogoWindow(X11Connection& x, xcb_window_t panel, Geometry const& geometry, OverlayPanelContent& content, PanelCorners& known);
+    ~X11LogoWindow();
+    X11LogoWindow(X11LogoWindow const&) = delete;
+    X11LogoWindow& operator=(X11LogoWindow const&) = delete;
+
+    /// None until there is something to show.
+    [[nodiscard]] xcb_window_t window() const { return m_window; }
+    /// Draws anew, and shows or hides what there is to show.
+    void update();
+
+private:
+    using Rows = std::vector<std::uint32_t>;
+
+    [[nodiscard]] std::optional<Rect> wantedLogo() const;
+    void look();
+    void doubt();
+    [[nodiscard]] PanelCorner cornerIn(PanelPixels const& pixels) const;
+    [[nodiscard]] bool hasSettled(PanelPixels const& pixels) const;
+    void settle(PanelCorner const& corner);
+    [[nodiscard]] XRect plateFor(PanelCorner const& corner) const;
+    [[nodiscard]] double logoScale(PanelCorner const& corner) const;
+    [[nodiscard]] QImage render() const;
+    void show();
+    void createWindow();
+    void remove();
+
+    void handle(xcb_generic_event_t const& event);
+    void followBackground();
+    [[nodiscard]] Rows readBackground() const;
+    [[nodiscard]] PanelPixels readPixels(XRect const& rect) const;
+
+    X11Connection& m_x;
+    xcb_window_t m_panel;
+    Geometry m_geometry;
+    OverlayPanelContent& m_content;
+    PanelCorners& m_known;
+
+    xcb_window_t m_window = XCB_NONE;
+    std::uint8_t m_depth = 0;
+    std::uint32_t m_damage = XCB_NONE;
+    std::uint8_t m_firstDamageEvent = 0;
+    bool m_isDamaged = false;
+
+    std::optional<PanelCorner> m_corner; ///< once the panel has drawn itself
+    PanelPixels m_lastLook;
+    std::size_t m_looks = 0;
+    bool m_hasDoubted = false;
+    Rect m_logo; ///< its size in points
+    XRect m_plate; ///< what the window covers, within the panel
+    Rows m_background; ///< of the plate, from the top
+    QTimer m_lookAgain;
+    X11Connection::Token m_events;
+    X11Connection::Token m_batch;
+};
+
+} // namespace zv

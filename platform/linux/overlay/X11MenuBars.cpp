@@ -1,0 +1,237 @@
+#include "platform/linux/overlay/X11MenuBars.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+/// What hides itself leaves a strip of this height at most, to be woken by the pointer.
+constexpr int kTallestTriggerStrip = 9;
+/// A bar may float a little below the edge; with a strut it may do so further.
+constexpr int kFloatingGap = 12;
+constexpr std::size_t kTopStrut = 2; ///< left, right, top, bottom
+
+bool hasAtom(std::vector<std::uint32_t> const& atoms, xcb_atom_t wanted) { return std::find(atoms.begin(), atoms.end(), wanted) != atoms.end(); }
+
+template <class Reply, class Cookie>
+XReply<Reply> wait(Reply* (*function)(xcb_connection_t*, Cookie, xcb_generic_error_t**), X11Connection const& x, Cookie cookie)
+{
+    return XReply<Reply>(function(x.get(), cookie, nullptr));
+}
+
+std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_cookie_t cookie)
+{
+    return wordsOf(wait(xcb_get_property_reply, x, cookie).get());
+}
+
+} // namespace
+
+/// One managed window, as it stands now.
+struct X11MenuBars::Client {
+    xcb_window_t window = XCB_NONE;
+    bool isDock = false;
+    bool isViewable = false;
+    bool isFullScreen = false;
+    int topStrut = 0;
+    XRect rect;
+};
+
+bool isTopBar(XRect const& dock, int topStrut, std::vector<XRect> const& monitors)
+{
+    if (dock.height <= kTallestTriggerStrip || dock.width <= dock.height)
+        return false;
+    return std::any_of(monitors.begin(), monitors.end(), [&](XRect const& monitor) {
+        int const centre = dock.x + dock.width / 2;
+        int const lowest = monitor.y + (topStrut > 0 ? monitor.height / 3 : kFloatingGap);
+        return centre >= monitor.x && centre < monitor.right() && dock.bottom() > monitor.y && dock.y <= lowest && dock.y > monitor.y - dock.height;
+    });
+}
+
+X11MenuBars::X11MenuBars(X11Connection& x, X11Screens const& screens)
+    : m_x(x)
+    , m_screens(screens)
+    , m_events(x.onEvent([this](auto const& event) { handle(event); }))
+    , m_batch(x.afterEvents([this] { refresh(); }))
+{
+    refresh();
+}
+
+std::optional<WindowInfo> X11MenuBars::window(std::uint32_t number) const
+{
+    auto const found = std::find_if(m_bars.begin(), m_bars.end(), [number](auto const& bar) { return bar.window == number; });
+    return found == m_bars.end() ? std::nullopt : std::optional(infoOf(*found));
+}
+
+std::vector<WindowInfo> X11MenuBars::onScreenWindows() const
+{
+    std::vector<WindowInfo> windows;
+    for (auto const& bar : m_bars) {
+        if (bar.isOnscreen)
+            windows.push_back(infoOf(bar));
+    }
+    return windows;
+}
+
+WindowInfo X11MenuBars::infoOf(XMenuBar const& bar) const
+{
+    return { "Window Server", mainMenuLevel(), m_screens.space().toWindowList(bar.rect), bar.window, bar.isOnscreen };
+}
+
+void X11MenuBars::handle(xcb_generic_event_t const& event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_PROPERTY_NOTIFY: {
+        auto const& change = reinterpret_cast<xcb_property_notify_event_t const&>(event);
+        auto const isOneOf = [&](auto... names) { return ((change.atom == m_x.atom(names)) || ...); };
+        m_isStale = m_isStale
+            || isOneOf(XAtom::netClientList, XAtom::netClientListStacking, XAtom::netActiveWindow, XAtom::netCurrentDesktop, XAtom::netWmStrutPartial,
+                XAtom::netWmStrut);
+        return;
+    }
+    case XCB_CONFIGURE_NOTIFY:
+        m_isStale = m_isStale || concernsBars(reinterpret_cast<xcb_configure_notify_event_t const&>(event));
+        return;
+    case XCB_MAP_NOTIFY:
+    case XCB_UNMAP_NOTIFY:
+    case XCB_REPARENT_NOTIFY:
+    case XCB_DESTROY_NOTIFY: // alike in what is read here
+        m_isStale = m_isStale || concernsBars(reinterpret_cast<xcb_map_notify_event_t const&>(event));
+        if ((event.response_type & 0x7f) == XCB_DESTROY_NOTIFY)
+            m_docks.erase(reinterpret_cast<xcb_destroy_notify_event_t const&>(event).window);
+        return;
+    default:
+        return;
+    }
+}
+
+/// A window being dragged about sends a hundred of these a second: only those that are, or
+/// touch, a bar count.
+bool X11MenuBars::concernsBars(xcb_configure_notify_event_t const& event) const
+{
+    if (event.window == m_x.root())
+        return true;
+    if (event.event != m_x.root())
+        return m_docks.contains(event.window);
+    XRect const rect { event.x, event.y, event.width, event.height };
+    return std::any_of(m_bars.begin(), m_bars.end(), [&](XMenuBar const& bar) {
+        bool const isItsFrame = rect.width == bar.rect.width && rect.height == bar.rect.height;
+        return isItsFrame || rect.contains(bar.rect) || !bar.isOnscreen;
+    });
+}
+
+/// Menus and tooltips come and go unmanaged; what happens inside a panel is its own affair.
+bool X11MenuBars::concernsBars(xcb_map_notify_event_t const& event) const
+{
+    bool const isTransient = (event.response_type & 0x7f) == XCB_MAP_NOTIFY && event.override_redirect;
+    return m_docks.contains(event.window) || (event.event == m_x.root() && !isTransient);
+}
+
+void X11MenuBars::refresh()
+{
+    if (!m_isStale && m_monitors == m_screens.monitors())
+        return;
+    m_monitors = m_screens.monitors();
+    std::vector<XMenuBar> bars;
+    do {
+        m_isStale = false;
+        bars = readBars();
+    } while (m_isStale); // a new dock may have changed before we listened to it
+    if (bars == m_bars)
+        return;
+    m_bars = std::move(bars);
+    if (auto const changed = onMenuBarsChanged)
+        changed();
+}
+
+std::vector<XMenuBar> X11MenuBars::readBars()
+{
+    auto const clients = readStates(readClients());
+    std::vector<XMenuBar> bars;
+    for (auto client = clients.begin(); client != clients.end(); ++client) {
+        if (!client->isDock)
+            continue;
+        listenTo(client->window);
+        if (!isTopBar(client->rect, client->topStrut, m_screens.monitors()))
+            continue;
+        bool const isCovered = std::any_of(client + 1, clients.end(),
+            [&](Client const& above) { return above.isFullScreen && above.isViewable && above.rect.intersected(client->rect) == client->rect; });
+        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered });
+    }
+    // The stacking order changes with every click; the bars keep one of their own.
+    std::sort(bars.begin(), bars.end(), [](auto const& a, auto const& b) { return a.window < b.window; });
+    return bars;
+}
+
+void X11MenuBars::listenTo(xcb_window_t dock)
+{
+    if (!m_docks.insert(dock).second)
+        return;
+    std::uint32_t const mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_x.get(), dock, XCB_CW_EVENT_MASK, &mask);
+    m_isStale = true;
+}
+
+/// From the bottom up. Without a window manager: the root's children.
+std::vector<xcb_window_t> X11MenuBars::readClients() const
+{
+    auto const stacking = requestWords(m_x, m_x.root(), XAtom::netClientListStacking, 4096);
+    auto const mapping = requestWords(m_x, m_x.root(), XAtom::netClientList, 4096);
+    auto const tree = xcb_query_tree(m_x.get(), m_x.root());
+    auto clients = waitWords(m_x, stacking);
+    auto const unordered = waitWords(m_x, mapping);
+    auto const children = wait(xcb_query_tree_reply, m_x, tree);
+    if (clients.empty())
+        clients = unordered;
+    if (clients.empty() && children) {
+        auto const* first = xcb_query_tree_children(children.get());
+        clients.assign(first, first + xcb_query_tree_children_length(children.get()));
+    }
+    return clients;
+}
+
+/// One round trip, however many there are. What goes away meanwhile is left out.
+std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_t> const& clients) const
+{
+    struct Request {
+        xcb_get_property_cookie_t type, state, strut;
+        xcb_get_window_attributes_cookie_t attributes;
+        xcb_get_geometry_cookie_t geometry;
+        xcb_translate_coordinates_cookie_t place;
+    };
+    std::vector<Request> requests;
+    requests.reserve(clients.size());
+    for (auto const window : clients) {
+        requests.push_back({
+            requestWords(m_x, window, XAtom::netWmWindowType),
+            requestWords(m_x, window, XAtom::netWmState),
+            requestWords(m_x, window, XAtom::netWmStrutPartial),
+            xcb_get_window_attributes(m_x.get(), window),
+            xcb_get_geometry(m_x.get(), window),
+            xcb_translate_coordinates(m_x.get(), window, m_x.root(), 0, 0),
+        });
+    }
+
+    std::vector<Client> states;
+    for (std::size_t i = 0; i < clients.size(); ++i) {
+        auto const types = waitWords(m_x, requests[i].type);
+        auto const state = waitWords(m_x, requests[i].state);
+        auto const strut = waitWords(m_x, requests[i].strut);
+        auto const attributes = wait(xcb_get_window_attributes_reply, m_x, requests[i].attributes);
+        auto const geometry = wait(xcb_get_geometry_reply, m_x, requests[i].geometry);
+        auto const place = wait(xcb_translate_coordinates_reply, m_x, requests[i].place);
+        if (!attributes || !geometry || !place)
+            continue;
+        Client client;
+        client.window = clients[i];
+        client.isDock = hasAtom(types, m_x.atom(XAtom::netWmWindowTypeDock));
+        client.isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+        client.isFullScreen = hasAtom(state, m_x.atom(XAtom::netWmStateFullscreen));
+        client.topStrut = strut.size() > kTopStrut ? static_cast<int>(strut[kTopStrut]) : 0;
+        client.rect = { place->dst_x, place->dst_y, geometry->width, geometry->height };
+        states.push_back(client);
+    }
+    return states;
+}
+
+} // namespace zv

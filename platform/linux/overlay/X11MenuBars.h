@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Screens.h"
+#include "platform/menubar/WindowList.h"
+
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace zv {
+
+/// A panel at the top of a screen.
+struct XMenuBar {
+    xcb_window_t window = XCB_NONE;
+    XRect rect;
+    bool isOnscreen = false;
+    friend bool operator==(XMenuBar const&, XMenuBar const&) = default;
+};
+
+/// The panels at the top of the screens, told as the window server's menu bars. They are
+/// read again only after an event that can have changed them; asking costs nothing.
+class X11MenuBars : public WindowList {
+public:
+    X11MenuBars(X11Connection& x, X11Screens const& screens);
+
+    std::optional<WindowInfo> window(std::uint32_t number) const override;
+    std::vector<WindowInfo> onScreenWindows() const override;
+    int mainMenuLevel() const override { return 24; }
+
+    [[nodiscard]] std::vector<XMenuBar> const& bars() const { return m_bars; }
+
+private:
+    struct Client;
+
+    void handle(xcb_generic_event_t const& event);
+    [[nodiscard]] bool concernsBars(xcb_configure_notify_event_t const& event) const;
+    [[nodiscard]] bool concernsBars(xcb_map_notify_event_t const& event) const;
+    void refresh();
+    [[nodiscard]] std::vector<XMenuBar> readBars();
+    void listenTo(xcb_window_t dock);
+    [[nodiscard]] std::vector<xcb_window_t> readClients() const;
+    [[nodiscard]] std::vector<Client> readStates(std::vector<xcb_window_t> const& clients) const;
+    [[nodiscard]] WindowInfo infoOf(XMenuBar const& bar) const;
+
+    X11Connection& m_x;
+    X11Screens const& m_screens;
+    std::set<xcb_window_t> m_docks; ///< whose events we hear
+    std::vector<XRect> m_monitors; ///< as they were when the bars were read
+    std::vector<XMenuBar> m_bars;
+    bool m_isStale = true;
+    X11Connection::Token m_events;
+    X11Connection::Token m_batch;
+};
+
+/// Whether a dock with that place and strut is a bar at the top of one of the monitors, at
+/// least partly visible. A strip of a few pixels that only waits for the pointer is none.
+[[nodiscard]] bool isTopBar(XRect const& dock, int topStrut, std::vector<XRect> const& monitors);
+
+} // namespace zv

@@ -1,0 +1,236 @@
+#include "platform/linux/overlay/X11OverlayPanels.h"
+
+#include "base/Lifetime.h"
+#include "platform/linux/overlay/OverlayAccessible.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace zv {
+
+namespace {
+
+enum Button : xcb_button_t { leftButton = 1, middleButton = 2, rightButton = 3 };
+
+/// The bar at whose left end the frame stands.
+XMenuBar const* barUnder(XRect const& frame, std::vector<XMenuBar> const& bars)
+{
+    auto const found
+        = std::find_if(bars.begin(), bars.end(), [&](XMenuBar const& bar) { return bar.rect.x == frame.x && bar.rect.bottom() == frame.bottom(); });
+    return found == bars.end() ? nullptr : &*found;
+}
+
+/// The toolkit scales each screen about its own top left corner.
+QRect toToolkit(XRect const& rect)
+{
+    auto const* screen = QGuiApplication::primaryScreen();
+    for (auto const* candidate : QGuiApplication::screens()) {
+        QRect const native(candidate->geometry().topLeft(), candidate->geometry().size() * candidate->devicePixelRatio());
+        if (native.contains(rect.x, std::max(rect.y, native.y())))
+            screen = candidate;
+    }
+    if (!screen)
+        return {};
+    auto const origin = screen->geometry().topLeft();
+    double const scale = screen->devicePixelRatio();
+    auto const scaled = [scale](int pixels) { return static_cast<int>(std::lround(pixels / scale)); };
+    return { origin.x() + scaled(rect.x - origin.x()), origin.y() + scaled(rect.y - origin.y()), scaled(rect.width), scaled(rect.height) };
+}
+
+class X11OverlayPanel : public OverlayPanel {
+public:
+    X11OverlayPanel(
+        X11Connection& x, X11Screens const& screens, X11MenuBars const& menuBars, PanelCorners& corners, Rect const& frame, OverlayPanelContent& content)
+        : m_x(x)
+        , m_screens(screens)
+        , m_menuBars(menuBars)
+        , m_corners(corners)
+        , m_content(content)
+        , m_frame(frame)
+        , m_events(x.onEvent([this](auto const& event) { handle(event); }))
+        , m_batch(x.afterEvents([this] { followPanel(); }))
+    {
+    }
+    ~X11OverlayPanel() override { orderOut(); }
+
+    Rect frame() const override { return m_frame; }
+    void setFrameAndDisplay(Rect const& frame) override
+    {
+        m_frame = frame;
+        if (m_isShown)
+            place();
+    }
+    void orderFrontRegardless() override
+    {
+        m_isShown = true;
+        place();
+    }
+    void orderOut() override
+    {
+        m_isShown = false;
+        remove();
+    }
+    void setNeedsDisplay() override
+    {
+        if (m_logo)
+            m_logo->update();
+        raise();
+    }
+
+private:
+    /// What the windows are made for; they are made anew when it changes.
+    struct Place {
+        xcb_window_t panel = XCB_NONE;
+        XRect within; ///< the panel's window
+        X11LogoWindow::Geometry logo;
+        friend bool operator==(Place const&, Place const&) = default;
+    };
+
+    void place();
+    void followPanel();
+    [[nodiscard]] std::optional<Place> findPlace() const;
+    void createWindows();
+    void remove();
+    void raise() const;
+    void handle(xcb_generic_event_t const& event);
+    void handlePress(xcb_button_press_event_t const& press);
+
+    X11Connection& m_x;
+    X11Screens const& m_screens;
+    X11MenuBars const& m_menuBars;
+    PanelCorners& m_corners;
+    OverlayPanelContent& m_content;
+    Rect m_frame;
+    bool m_isShown = false;
+    std::optional<Place> m_place;
+    xcb_window_t m_window = XCB_NONE; ///< takes the clicks
+    std::unique_ptr<X11LogoWindow> m_logo;
+    std::unique_ptr<OverlayAccessible> m_accessible;
+    X11Connection::Token m_events;
+    X11Connection::Token m_batch;
+};
+
+/// Another panel may stand in the old one's place: to the core nothing has changed.
+void X11OverlayPanel::followPanel()
+{
+    if (m_isShown && findPlace() != m_place)
+        place();
+}
+
+/// A panel that only moved has taken the windows along.
+void X11OverlayPanel::place()
+{
+    auto const place = findPlace();
+    if (place != m_place) {
+        remove();
+        m_place = place;
+        if (m_place)
+            createWindows();
+    }
+    if (m_accessible)
+        m_accessible->setVisibleRect(toToolkit(m_screens.space().fromScreen(m_frame)));
+}
+
+std::optional<X11OverlayPanel::Place> X11OverlayPanel::findPlace() const
+{
+    auto const space = m_screens.space();
+    auto const frame = space.fromScreen(m_frame);
+    auto const* bar = barUnder(frame, m_menuBars.bars());
+    if (!bar)
+        return std::nullopt;
+    XRect const within { frame.x - bar->rect.x, frame.y - bar->rect.y, frame.width, frame.height };
+    XRect const size { 0, 0, bar->rect.width, bar->rect.height };
+    return Place { bar->window, within, { size, m_frame.height, space.scale, frame.width } };
+}
+
+/// What the pointer does over the window is hidden from the panel: it would light up its
+/// own button there and explain it.
+void X11OverlayPanel::createWindows()
+{
+    auto* c = m_x.get();
+    auto const& within = m_place->within;
+    m_window = xcb_generate_id(c);
+    std::uint32_t const values[] = {
+        1, // no window manager minds it, not even when the panel is taken apart
+        XCB_EVENT_MASK_BUTTON_PRESS,
+        XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION,
+    };
+    xcb_create_window(c, 0, m_window, m_place->panel, static_cast<std::int16_t>(within.x), static_cast<std::int16_t>(within.y),
+        static_cast<std::uint16_t>(within.width), static_cast<std::uint16_t>(within.height), 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+        XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_DONT_PROPAGATE, values);
+    xcb_map_window(c, m_window);
+    m_logo = std::make_unique<X11LogoWindow>(m_x, m_place->panel, m_place->logo, m_content, m_corners);
+    m_logo->update();
+    m_accessible = std::make_unique<OverlayAccessible>(m_content);
+    raise();
+}
+
+void X11OverlayPanel::remove()
+{
+    m_logo.reset();
+    m_accessible.reset();
+    if (m_window != XCB_NONE)
+        xcb_destroy_window(m_x.get(), m_window);
+    m_window = XCB_NONE;
+    m_place.reset();
+    m_x.flush();
+}
+
+/// Above whatever windows the panel has put into itself.
+void X11OverlayPanel::raise() const
+{
+    if (m_window == XCB_NONE)
+        return;
+    std::uint32_t const above = XCB_STACK_MODE_ABOVE;
+    if (m_logo && m_logo->window() != XCB_NONE)
+        xcb_configure_window(m_x.get(), m_logo->window(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_configure_window(m_x.get(), m_window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    m_x.flush();
+}
+
+void X11OverlayPanel::handle(xcb_generic_event_t const& event)
+{
+    auto const type = event.response_type & 0x7f;
+    if (type == XCB_BUTTON_PRESS)
+        return handlePress(reinterpret_cast<xcb_button_press_event_t const&>(event));
+    if (type != XCB_MAP_NOTIFY && type != XCB_CONFIGURE_NOTIFY)
+        return;
+    auto const& change = reinterpret_cast<xcb_map_notify_event_t const&>(event); // alike in what is read here
+    bool const isOurs = change.window == m_window || (m_logo && change.window == m_logo->window());
+    if (m_place && change.event == m_place->panel && change.window != m_place->panel && !isOurs)
+        raise();
+}
+
+/// The server has given us the pointer until the button is let go; the menu needs it now.
+/// Nothing of this panel may be touched after the content was told: it may be gone.
+void X11OverlayPanel::handlePress(xcb_button_press_event_t const& press)
+{
+    if (press.event != m_window || press.detail > rightButton)
+        return;
+    xcb_ungrab_pointer(m_x.get(), press.time);
+    XReply<xcb_get_input_focus_reply_t> const arrived(xcb_get_input_focus_reply(m_x.get(), xcb_get_input_focus(m_x.get()), nullptr));
+    if (press.detail == leftButton || press.detail == middleButton)
+        m_content.mouseDown();
+    else
+        m_content.rightMouseDown();
+}
+
+} // namespace
+
+X11OverlayPanels::X11OverlayPanels(X11Connection& x, X11Screens const& screens, X11MenuBars const& menuBars)
+    : m_x(x)
+    , m_screens(screens)
+    , m_menuBars(menuBars)
+{
+}
+
+std::unique_ptr<OverlayPanel> X11OverlayPanels::create(Rect const& frame, OverlayPanelStyle const&, OverlayPanelContent& content)
+{
+    return std::make_unique<X11OverlayPanel>(m_x, m_screens, m_menuBars, m_corners, frame, content);
+}
+
+} // namespace zv

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/menubar/WorkspaceEvents.h"
+
+namespace zv {
+
+/// What the window manager tells on the root window: another desktop, another active window.
+class X11WorkspaceEvents : public WorkspaceEvents {
+public:
+    explicit X11WorkspaceEvents(X11Connection& x);
+
+private:
+    void handle(xcb_generic_event_t const& event) const;
+
+    X11Connection& m_x;
+    X11Connection::Token m_events;
+};
+
+} // namespace zv

@@ -1,0 +1,95 @@
+#include "platform/linux/posix/XdgDirectories.h"
+
+#include "base/Url.h"
+
+#include <cstdlib>
+#include <pwd.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace zv {
+
+namespace {
+
+std::string homeOfAccount()
+{
+    std::vector<char> buffer(16384);
+    passwd entry {};
+    passwd* found = nullptr;
+    if (::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found && found->pw_dir && *found->pw_dir == '/')
+        return found->pw_dir;
+    return "/";
+}
+
+std::string absolutePath(std::string_view value) { return value.starts_with('/') ? std::string(withoutTrailingSlashes(value)) : std::string(); }
+
+std::vector<std::string> absolutePaths(std::string_view list)
+{
+    std::vector<std::string> paths;
+    while (!list.empty()) {
+        auto const end = list.find(':');
+        if (auto path = absolutePath(list.substr(0, end)); !path.empty())
+            paths.push_back(std::move(path));
+        list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
+    }
+    return paths;
+}
+
+class Reader {
+public:
+    explicit Reader(XdgDirectories::Environment const& environment)
+        : m_environment(environment)
+        , m_home(path("HOME", homeOfAccount()))
+    {
+    }
+
+    [[nodiscard]] std::string const& home() const { return m_home; }
+    [[nodiscard]] std::string path(char const* variable, std::string const& otherwise) const
+    {
+        auto path = absolutePath(value(variable));
+        return path.empty() ? otherwise : path;
+    }
+    [[nodiscard]] std::string inHome(char const* variable, std::string_view folder) const
+    {
+        return path(variable, (m_home == "/" ? std::string() : m_home) + "/" + std::string(folder));
+    }
+    [[nodiscard]] std::vector<std::string> paths(char const* variable, std::string_view otherwise) const
+    {
+        auto paths = absolutePaths(value(variable));
+        return paths.empty() ? absolutePaths(otherwise) : paths;
+    }
+
+private:
+    [[nodiscard]] std::string_view value(char const* variable) const
+    {
+        auto const* text = m_environment(variable);
+        return text ? text : "";
+    }
+
+    XdgDirectories::Environment const& m_environment;
+    std::string m_home;
+};
+
+} // namespace
+
+XdgDirectories XdgDirectories::from(Environment const& environment)
+{
+    Reader const reader(environment);
+    return {
+        reader.home(),
+        reader.inHome("XDG_CONFIG_HOME", ".config"),
+        reader.inHome("XDG_DATA_HOME", ".local/share"),
+        reader.inHome("XDG_CACHE_HOME", ".cache"),
+        reader.inHome("XDG_STATE_HOME", ".local/state"),
+        reader.path("XDG_RUNTIME_DIR", ""),
+        reader.paths("XDG_DATA_DIRS", "/usr/local/share:/usr/share"),
+        reader.paths("XDG_CONFIG_DIRS", "/etc/xdg"),
+    };
+}
+
+XdgDirectories XdgDirectories::current()
+{
+    return from([](char const* name) { return std::getenv(name); });
+}
+
+} // namespace zv

@@ -1,0 +1,154 @@
+#include "platform/linux/program/BusProgramServer.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QDBusMessage>
+
+namespace zv {
+
+namespace {
+
+QString programName() { return QStringLiteral("org.zanthevell.ZantheVell"); }
+
+QString programPath() { return QStringLiteral("/org/zanthevell/ZantheVell"); }
+
+constexpr char const* introspection = R"xml(
+<interface name="org.zanthevell.ZantheVell">
+  <method name="ShowMenu"/>
+  <method name="ShowMenuAt"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="OpenSettings"/>
+  <method name="Quit"/>
+  <method name="AddFiles"><arg name="files" type="as" direction="in"/></method>
+  <method name="Hotkeys"><arg name="json" type="s" direction="out"/></method>
+</interface>
+<interface name="org.freedesktop.Application">
+  <method name="Activate"><arg name="platformData" type="a{sv}" direction="in"/></method>
+  <method name="Open"><arg name="uris" type="as" direction="in"/><arg name="platformData" type="a{sv}" direction="in"/></method>
+  <method name="ActivateAction">
+    <arg name="name" type="s" direction="in"/>
+    <arg name="parameter" type="av" direction="in"/>
+    <arg name="platformData" type="a{sv}" direction="in"/>
+  </method>
+</interface>
+)xml";
+
+/// An absolute path, or an address.
+std::optional<Url> fileNamed(std::string const& name) { return name.starts_with('/') ? Url::fromPath(name) : Url::parse(name); }
+
+} // namespace
+
+struct BusProgramServer::Method {
+    char const* interface;
+    char const* name;
+    char const* signature;
+    Answer (BusProgramServer::*answer)(QVariantList const&);
+
+    [[nodiscard]] static Method const* find(QDBusMessage const& message)
+    {
+        constexpr char const* own = "org.zanthevell.ZantheVell";
+        constexpr char const* desktop = "org.freedesktop.Application";
+        static constexpr Method methods[] = {
+            { own, "ShowMenu", "", &BusProgramServer::showMenu },
+            { own, "ShowMenuAt", "ii", &BusProgramServer::showMenuAt },
+            { own, "OpenSettings", "", &BusProgramServer::openSettings },
+            { own, "Quit", "", &BusProgramServer::quit },
+            { own, "AddFiles", "as", &BusProgramServer::addFiles },
+            { own, "Hotkeys", "", &BusProgramServer::hotkeys },
+            { desktop, "Activate", "a{sv}", &BusProgramServer::openSettings },
+            { desktop, "Open", "asa{sv}", &BusProgramServer::addFiles },
+            { desktop, "ActivateAction", "sava{sv}", &BusProgramServer::activateAction },
+        };
+        for (auto const& method : methods) {
+            bool const isMeant = message.interface().isEmpty() || message.interface() == QLatin1String(method.interface);
+            if (isMeant && message.member() == QLatin1String(method.name) && message.signature() == QLatin1String(method.signature))
+                return &method;
+        }
+        return nullptr;
+    }
+};
+
+BusProgramServer::BusProgramServer(QDBusConnection bus, ProgramRequests requests)
+    : m_bus(std::move(bus))
+    , m_requests(std::move(requests))
+{
+}
+
+BusProgramServer::~BusProgramServer() { leaveName(); }
+
+void BusProgramServer::leaveName()
+{
+    if (!m_bus.isConnected())
+        return;
+    m_bus.unregisterService(programName());
+    m_bus.unregisterObject(programPath());
+}
+
+bool BusProgramServer::takeName()
+{
+    m_bus.registerVirtualObject(programPath(), this);
+    auto* bus = m_bus.interface();
+    auto const reply = bus->registerService(programName(), QDBusConnectionInterface::DontQueueService, QDBusConnectionInterface::DontAllowReplacement);
+    return reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+}
+
+QString BusProgramServer::introspect(QString const& path) const { return path == programPath() ? QString::fromLatin1(introspection) : QString(); }
+
+bool BusProgramServer::handleMessage(QDBusMessage const& message, QDBusConnection const& connection)
+{
+    auto const* method = Method::find(message);
+    if (!method)
+        return false;
+    auto const answer = (this->*method->answer)(message.arguments());
+    if (!message.isReplyRequired())
+        return true;
+    return connection.send(answer ? message.createReply(*answer) : message.createErrorReply(QDBusError::Failed, QString::fromStdString(answer.error())));
+}
+
+/// After the answer was sent: who asks never waits for what it asked for.
+void BusProgramServer::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
+
+BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&)
+{
+    later([this] { m_requests.showMenu(std::nullopt); });
+    return QVariantList {};
+}
+
+BusProgramServer::Answer BusProgramServer::showMenuAt(QVariantList const& arguments)
+{
+    later([this, at = QPoint(arguments[0].toInt(), arguments[1].toInt())] { m_requests.showMenu(at); });
+    return QVariantList {};
+}
+
+BusProgramServer::Answer BusProgramServer::openSettings(QVariantList const&)
+{
+    later([this] { m_requests.openSettings(); });
+    return QVariantList {};
+}
+
+BusProgramServer::Answer BusProgramServer::quit(QVariantList const&)
+{
+    later([this] { m_requests.quit(); });
+    return QVariantList {};
+}
+
+/// Only notes what to add: who asks never waits for the adding either.
+BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& arguments)
+{
+    std::vector<Url> files;
+    for (auto const& name : arguments[0].toStringList()) {
+        if (auto file = fileNamed(name.toStdString()))
+            files.push_back(std::move(*file));
+    }
+    if (auto const failure = m_requests.addFiles(std::move(files)))
+        return Failure { *failure };
+    return QVariantList {};
+}
+
+BusProgramServer::Answer BusProgramServer::hotkeys(QVariantList const&) { return QVariantList { m_requests.hotkeys() }; }
+
+BusProgramServer::Answer BusProgramServer::activateAction(QVariantList const& arguments)
+{
+    return arguments[0].toString() == QLatin1String("show-menu") ? showMenu({}) : openSettings({});
+}
+
+} // namespace zv

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/linux/program/BusProgramServer.h"
+
+#include <QLockFile>
+
+#include <memory>
+
+namespace zv {
+
+/// Sees to it that the program runs once a user session: by its name on the bus and, where
+/// there is no bus, by a lock file.
+class SingleInstance {
+public:
+    SingleInstance(QDBusConnection bus, ProgramRequests requests);
+    ~SingleInstance();
+
+    /// False when another one runs already.
+    [[nodiscard]] bool claim();
+    /// Lets another process be the one that runs.
+    void release();
+
+private:
+    QDBusConnection m_bus;
+    BusProgramServer m_program;
+    std::unique_ptr<QLockFile> m_lock;
+};
+
+} // namespace zv

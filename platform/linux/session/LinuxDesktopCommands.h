@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/linux/session/DesktopAccess.h"
+#include "platform/session/DesktopCommands.h"
+#include "platform/time/Tasks.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// The places by the programs that are installed for them.
+class LinuxDesktopCommands : public DesktopCommands {
+public:
+    /// `releaseFile` is the os-release file.
+    LinuxDesktopCommands(DesktopAccess access, std::string releaseFile, Tasks& tasks)
+        : m_access(std::move(access))
+        , m_releaseFile(std::move(releaseFile))
+        , m_tasks(tasks)
+    {
+    }
+    void open(SystemPlace place, std::function<void(PlaceOutcome)> done) override;
+
+    /// What open() does, in the caller's thread.
+    [[nodiscard]] static PlaceOutcome perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile);
+    /// Of the settings, the updates and the store, those that no installed program is.
+    [[nodiscard]] static std::vector<SystemPlace> placesWithoutProgram(DesktopAccess const& access);
+
+private:
+    DesktopAccess m_access;
+    std::string m_releaseFile;
+    Tasks& m_tasks;
+};
+
+} // namespace zv

@@ -1,0 +1,216 @@
+#include "platform/linux/session/PosixToolRunner.h"
+
+#include "platform/linux/posix/FileDescriptor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <thread>
+
+extern char** environ;
+
+namespace zv {
+
+namespace {
+
+using Time = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds grace { 1000 }; ///< from the request to end until the end
+constexpr milliseconds exitCheckInterval { 10 };
+constexpr std::size_t keptOutput = std::size_t { 64 } << 20; ///< what a tool writes beyond is read and dropped
+
+/// Both ends above the standard descriptors, so that none is overwritten on its way into the child.
+struct Pipe {
+    FileDescriptor readEnd;
+    FileDescriptor writeEnd;
+
+    static Pipe make()
+    {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0)
+            return { FileDescriptor(), FileDescriptor() };
+        FileDescriptor const low[2] { FileDescriptor(ends[0]), FileDescriptor(ends[1]) };
+        return { FileDescriptor(::fcntl(ends[0], F_DUPFD_CLOEXEC, 3)), FileDescriptor(::fcntl(ends[1], F_DUPFD_CLOEXEC, 3)) };
+    }
+    explicit operator bool() const { return readEnd.isOpen() && writeEnd.isOpen(); }
+};
+
+/// What the child gets for its three standard descriptors, and how it starts.
+class SpawnPlan {
+public:
+    SpawnPlan()
+    {
+        ::posix_spawn_file_actions_init(&m_actions);
+        ::posix_spawnattr_init(&m_attributes);
+        sigset_t none;
+        sigset_t all;
+        ::sigemptyset(&none);
+        ::sigfillset(&all);
+        ::posix_spawnattr_setsigmask(&m_attributes, &none);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &all);
+        ::posix_spawnattr_setpgroup(&m_attributes, 0);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    ~SpawnPlan()
+    {
+        ::posix_spawn_file_actions_destroy(&m_actions);
+        ::posix_spawnattr_destroy(&m_attributes);
+    }
+    SpawnPlan(SpawnPlan const&) = delete;
+    SpawnPlan& operator=(SpawnPlan const&) = delete;
+
+    void useNullDevice(int descriptor, int flags) { ::posix_spawn_file_actions_addopen(&m_actions, descriptor, "/dev/null", flags, 0); }
+    void use(int descriptor, FileDescriptor const& source) { ::posix_spawn_file_actions_adddup2(&m_actions, source.get(), descriptor); }
+
+    /// Zero when it could not be started.
+    [[nodiscard]] pid_t start(ToolRequest const& request)
+    {
+        // Descriptors that this program was started with, or that a library left open, stay here.
+        ::posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1);
+        std::vector<char*> arguments { const_cast<char*>(request.path.c_str()) };
+        for (auto const& argument : request.arguments)
+            arguments.push_back(const_cast<char*>(argument.c_str()));
+        arguments.push_back(nullptr);
+        pid_t child = 0;
+        return ::posix_spawn(&child, request.path.c_str(), &m_actions, &m_attributes, arguments.data(), environ) == 0 ? child : 0;
+    }
+
+private:
+    posix_spawn_file_actions_t m_actions {};
+    posix_spawnattr_t m_attributes {};
+};
+
+/// A started tool until it has ended and its output is read.
+class RunningTool {
+public:
+    RunningTool(pid_t child, FileDescriptor output, FileDescriptor errors, std::optional<milliseconds> timeout)
+        : m_child(child)
+        , m_streams { Stream { std::move(output), {} }, Stream { std::move(errors), {} } }
+    {
+        if (timeout)
+            m_deadline = Time::now() + *timeout;
+    }
+
+    ToolResult finish()
+    {
+        while (isOpen() && wait()) { }
+        while (m_deadline && !hasExited() && !isLate())
+            std::this_thread::sleep_for(exitCheckInterval);
+        if (m_deadline && (isOpen() || !hasExited()))
+            end();
+        return reap();
+    }
+
+private:
+    struct Stream {
+        FileDescriptor descriptor;
+        std::string text;
+
+        /// One read; the descriptor is closed at the end of the stream.
+        void readSome()
+        {
+            static thread_local std::array<char, 65536> buffer;
+            auto const count = ::read(descriptor.get(), buffer.data(), buffer.size());
+            if (count > 0)
+                text.append(buffer.data(), std::min(static_cast<std::size_t>(count), keptOutput - std::min(keptOutput, text.size())));
+            else if (count == 0 || errno != EINTR)
+                descriptor = FileDescriptor();
+        }
+    };
+
+    [[nodiscard]] bool isOpen() const { return m_streams[0].descriptor.isOpen() || m_streams[1].descriptor.isOpen(); }
+    [[nodiscard]] bool isLate() const { return m_deadline && Time::now() >= *m_deadline; }
+
+    /// Reads from whichever stream has something, so that neither ever blocks the tool. False when the time is up.
+    bool wait()
+    {
+        // A closed stream's descriptor is negative, which poll() passes over.
+        std::array<pollfd, 2> polled { pollfd { m_streams[0].descriptor.get(), POLLIN, 0 }, pollfd { m_streams[1].descriptor.get(), POLLIN, 0 } };
+        ::poll(polled.data(), polled.size(), millisecondsLeft());
+        for (std::size_t i = 0; i < polled.size(); ++i) {
+            if (polled[i].revents != 0)
+                m_streams[i].readSome();
+        }
+        return !isLate();
+    }
+
+    [[nodiscard]] int millisecondsLeft() const
+    {
+        if (!m_deadline)
+            return -1;
+        auto const left = std::chrono::ceil<milliseconds>(*m_deadline - Time::now()).count();
+        return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
+    }
+
+    /// The child stays a zombie, so that its process group keeps its number.
+    [[nodiscard]] bool hasExited() const
+    {
+        siginfo_t info {};
+        return ::waitid(P_PID, static_cast<id_t>(m_child), &info, WEXITED | WNOHANG | WNOWAIT) != 0 || info.si_pid != 0;
+    }
+
+    /// The watchdog: the whole group is asked to end, then made to.
+    void end()
+    {
+        m_wasEndedByWatchdog = !hasExited();
+        ::kill(-m_child, SIGTERM);
+        auto const last = Time::now() + grace;
+        while (!hasExited() && Time::now() < last)
+            std::this_thread::sleep_for(exitCheckInterval);
+        ::kill(-m_child, SIGKILL);
+    }
+
+    ToolResult reap()
+    {
+        int status = 0;
+        while (::waitpid(m_child, &status, 0) < 0) {
+            if (errno != EINTR)
+                return {};
+        }
+        // A tool that answered the watchdog's signal by exiting was ended by it all the same.
+        bool const wasEnded = m_wasEndedByWatchdog || !WIFEXITED(status);
+        ToolResult result;
+        result.end = wasEnded ? ToolResult::End::signalled : ToolResult::End::exited;
+        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status);
+        result.output = std::move(m_streams[0].text);
+        result.errorOutput = std::move(m_streams[1].text);
+        return result;
+    }
+
+    pid_t m_child;
+    std::array<Stream, 2> m_streams;
+    std::optional<Time::time_point> m_deadline;
+    bool m_wasEndedByWatchdog = false;
+};
+
+} // namespace
+
+ToolResult PosixToolRunner::run(ToolRequest const& request)
+{
+    auto output = Pipe::make();
+    auto errors = Pipe::make();
+    if (!output || !errors)
+        return {};
+    SpawnPlan plan;
+    plan.useNullDevice(STDIN_FILENO, O_RDONLY);
+    if (request.output == ToolOutput::discarded)
+        plan.useNullDevice(STDOUT_FILENO, O_WRONLY);
+    else
+        plan.use(STDOUT_FILENO, output.writeEnd);
+    plan.use(STDERR_FILENO, request.output == ToolOutput::capturedWithErrors ? output.writeEnd : errors.writeEnd);
+    auto const child = plan.start(request);
+    output.writeEnd = FileDescriptor();
+    errors.writeEnd = FileDescriptor();
+    if (child == 0)
+        return {};
+    return RunningTool(child, std::move(output.readEnd), std::move(errors.readEnd), request.timeout).finish();
+}
+
+} // namespace zv

@@ -1,0 +1,81 @@
+#include "platform/linux/session/ScreenLock.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace zv {
+
+namespace {
+
+/// Those that belong to one desktop before the common name, which some own without locking.
+constexpr BusObject savers[] = {
+    { "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver" },
+    { "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver", "org.cinnamon.ScreenSaver" },
+    { "org.mate.ScreenSaver", "/", "org.mate.ScreenSaver" },
+    { "org.xfce.ScreenSaver", "/", "org.xfce.ScreenSaver" },
+    { "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver" },
+    { "org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver" },
+};
+constexpr BusObject loginManager { "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
+
+std::vector<std::vector<std::string>> const commands = { { "xflock4" }, { "loginctl", "lock-session" } };
+
+/// One saver takes a message, the others nothing.
+GVariant* argumentsFor(BusObject const& saver) { return std::string_view(saver.service) == "org.cinnamon.ScreenSaver" ? g_variant_new("(s)", "") : nullptr; }
+
+bool lockBySaver(DesktopAccess const& access, Deadline const& deadline)
+{
+    auto const bus = BusConnection::open(access.buses.session, deadline);
+    if (!bus)
+        return false;
+    for (auto const& saver : savers) {
+        bool const isThere = bus->hasOwner(saver.service, deadline);
+        if (isThere && bus->call(saver, "Lock", argumentsFor(saver), deadline, nullptr, BusConnection::Starting::forbidden))
+            return true;
+    }
+    return false;
+}
+
+MaybeFailure<BusFailure> lockByLogin(DesktopAccess const& access, Deadline const& deadline)
+{
+    auto const bus = BusConnection::open(access.buses.system, deadline);
+    if (!bus)
+        return BusFailure { BusFailure::Kind::noService, {} };
+    auto const* const session = access.sessionId.empty() ? "auto" : access.sessionId.c_str();
+    auto const reply = bus->call(loginManager, "LockSession", g_variant_new("(s)", session), deadline);
+    return reply ? std::nullopt : std::optional(reply.error());
+}
+
+} // namespace
+
+ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout)
+{
+    // Each has its time: a saver that hangs must not leave the screen open.
+    if (lockBySaver(access, Deadline(timeout)))
+        return {};
+    auto const failure = lockByLogin(access, Deadline(timeout));
+    if (!failure)
+        return {};
+    for (auto const& command : commands) {
+        if (access.programs->start(command))
+            return {};
+    }
+    if (failure->kind == BusFailure::Kind::noService)
+        return { ScriptOutcome::State::noEquivalent };
+    return { ScriptOutcome::State::failed, std::nullopt, failure->message };
+}
+
+DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chrono::milliseconds timeout)
+{
+    using enum DesktopFindings::ScreenLock;
+    Deadline const deadline(timeout);
+    auto const session = BusConnection::open(access.buses.session, deadline);
+    if (session && std::ranges::any_of(savers, [&](auto const& known) { return session->hasOwner(known.service, deadline); }))
+        return saver;
+    auto const system = BusConnection::open(access.buses.system, deadline);
+    if (system && system->canReach(loginManager.service, deadline))
+        return loginService;
+    return access.programs->has("xflock4") ? command : none; // the other command asks the login service too
+}
+
+} // namespace zv

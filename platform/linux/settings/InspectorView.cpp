@@ -1,0 +1,177 @@
+#include "platform/linux/settings/InspectorView.h"
+
+#include "platform/linux/settings/SettingsButton.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+constexpr std::chrono::milliseconds pauseInTyping { 800 };
+
+QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
+
+QLabel* smallLabel()
+{
+    auto* label = new QLabel;
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+} // namespace
+
+InspectorView::InspectorView(SettingsModels& models, KeyLookup lookUp)
+    : m_models(models)
+    , m_heading(smallLabel())
+    , m_body(new QWidget)
+    , m_form(new QFormLayout(m_body))
+    , m_title(new QLineEdit)
+    , m_targetRow(new QWidget)
+    , m_target(smallLabel())
+    , m_depth(new QComboBox)
+    , m_shortcut(nullptr)
+    , m_hidden(new QCheckBox(QStringLiteral("Hide in the menu")))
+    , m_note(smallLabel())
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto bold = m_heading->font();
+    bold.setBold(true);
+    m_heading->setFont(bold);
+    column->addWidget(m_heading);
+    column->addWidget(m_body);
+    column->addStretch();
+    buildForm(std::move(lookUp));
+    show(nullptr, 0);
+}
+
+void InspectorView::buildForm(KeyLookup lookUp)
+{
+    m_form->setContentsMargins(0, 0, 0, 0);
+    m_form->setRowWrapPolicy(QFormLayout::WrapAllRows);
+    m_shortcut = new RecorderField(m_models, std::move(lookUp));
+    auto* target = new QVBoxLayout(m_targetRow);
+    target->setContentsMargins(0, 0, 0, 0);
+    auto* choose = settingsButton(QStringLiteral("Choose…"));
+    auto* reveal = settingsButton(QStringLiteral("Reveal"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(choose);
+    buttons->addWidget(reveal);
+    buttons->addStretch();
+    target->addWidget(m_target);
+    target->addLayout(buttons);
+
+    m_form->addRow(QStringLiteral("Title"), m_title);
+    m_form->addRow(QStringLiteral("Target"), m_targetRow);
+    m_form->addRow(QStringLiteral("Levels of folders"), m_depth);
+    m_form->addRow(QStringLiteral("Shortcut"), m_shortcut);
+    m_form->addRow(m_hidden);
+    m_form->addRow(m_note);
+
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseInTyping);
+    m_title->installEventFilter(this);
+    connect(&m_pause, &QTimer::timeout, this, [this] { takeTitle(); });
+    connect(m_title, &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
+    connect(m_title, &QLineEdit::editingFinished, this, [this] { takeTitle(); });
+    connect(choose, &QPushButton::clicked, this, [this] { chooseTarget(); });
+    connect(reveal, &QPushButton::clicked, this, [this] {
+        if (auto const* item = m_id ? m_models.store().find(*m_id) : nullptr)
+            m_models.reveal(*item);
+    });
+    connect(m_depth, &QComboBox::currentIndexChanged, this, [this] {
+        auto const depth = m_depth->currentData().toLongLong();
+        if (m_id)
+            m_models.editor().setScanDepth(*m_id, depth == depthOfPreference ? std::nullopt : std::optional<std::int64_t>(depth));
+    });
+    connect(m_hidden, &QCheckBox::toggled, this, [this](bool on) {
+        if (m_id)
+            m_models.editor().setHidden(*m_id, on);
+    });
+    m_shortcut->onChange = [this](auto const& spec) {
+        if (m_id)
+            m_models.editor().setKeyEquivalent(*m_id, spec);
+    };
+}
+
+void InspectorView::chooseTarget()
+{
+    auto const id = m_id;
+    auto const* item = id ? m_models.store().find(*id) : nullptr;
+    if (!item)
+        return;
+    auto const chosen = m_models.panels().chooseToOpen("Choose Target", FilePanelKind::filesAndFolders);
+    if (!chosen.empty())
+        m_models.editor().setTarget(*id, chosen.front());
+}
+
+void InspectorView::show(MenuItem const* item, std::size_t count)
+{
+    // A title being typed belongs to the item that was shown until now.
+    if (!item || item->id != m_id)
+        takeTitle();
+    m_id = item && count == 1 ? std::optional(item->id) : std::nullopt;
+    m_body->setVisible(m_id.has_value());
+    if (!m_id) {
+        m_heading->setText(count == 0 ? QStringLiteral("No item selected") : QStringLiteral("%1 items selected").arg(count));
+        return;
+    }
+    bool const isMissing = m_models.store().unresolvedItemIDs().contains(item->id);
+    fill(inspectorFields(*item, m_models.preferences(), isMissing));
+}
+
+void InspectorView::fill(InspectorFields const& fields)
+{
+    m_heading->setText(text(fields.kindTitle));
+    if (!m_title->isModified() && m_title->text() != text(fields.title))
+        m_title->setText(text(fields.title));
+    m_title->setPlaceholderText(text(fields.titlePlaceholder));
+    setRowVisible(m_title, fields.hasTitle);
+
+    m_target->setText(text(fields.targetPath));
+    setRowVisible(m_targetRow, fields.hasTarget);
+
+    QSignalBlocker const quietDepth(m_depth);
+    m_depth->clear();
+    for (auto const& choice : fields.depthChoices)
+        m_depth->addItem(text(choice.title), QVariant::fromValue<qlonglong>(choice.value));
+    m_depth->setCurrentIndex(m_depth->findData(QVariant::fromValue<qlonglong>(fields.depth.value_or(depthOfPreference))));
+    setRowVisible(m_depth, fields.hasDepth);
+
+    m_shortcut->setSpec(fields.shortcut);
+    setRowVisible(m_shortcut, fields.hasShortcut);
+    QSignalBlocker const quietHidden(m_hidden);
+    m_hidden->setChecked(fields.isHidden);
+    m_note->setText(text(fields.note));
+    m_note->setVisible(!fields.note.empty());
+}
+
+void InspectorView::setRowVisible(QWidget* field, bool isVisible) { m_form->setRowVisible(field, isVisible); }
+
+void InspectorView::takeTitle()
+{
+    m_pause.stop();
+    if (!m_id || !m_title->isModified())
+        return;
+    m_title->setModified(false);
+    m_models.editor().setTitle(*m_id, m_title->text().toStdString());
+}
+
+/// The field does not call its editing finished when the window is left or closed.
+bool InspectorView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)
+        takeTitle();
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace zv

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/settings/ItemInspector.h"
+#include "app/settings/SettingsModels.h"
+#include "platform/linux/settings/RecorderField.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+
+namespace zv {
+
+/// Edits the selected item; what does not apply to it is not there.
+class InspectorView : public QWidget {
+public:
+    InspectorView(SettingsModels& models, KeyLookup lookUp);
+
+    /// Null for no selection; `count` is how many are selected.
+    void show(MenuItem const* item, std::size_t count);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildForm(KeyLookup lookUp);
+    void takeTitle();
+    void fill(InspectorFields const& fields);
+    void chooseTarget();
+    void setRowVisible(QWidget* field, bool isVisible);
+
+    SettingsModels& m_models;
+    std::optional<Uuid> m_id;
+    QLabel* m_heading;
+    QWidget* m_body;
+    QFormLayout* m_form;
+    QLineEdit* m_title;
+    QTimer m_pause; ///< in typing a title
+    QWidget* m_targetRow;
+    QLabel* m_target;
+    QComboBox* m_depth;
+    RecorderField* m_shortcut;
+    QCheckBox* m_hidden;
+    QLabel* m_note;
+};
+
+} // namespace zv

@@ -1,0 +1,195 @@
+#include "platform/linux/settings/LibraryView.h"
+
+#include "app/menu/MenuIcon.h"
+#include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/settings/EmptyText.h"
+#include "platform/linux/settings/MenuTreeModel.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+constexpr int entryRole = Qt::UserRole;
+
+QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
+
+} // namespace
+
+/// Drags entries as the records of what they add.
+class LibraryView::Tree : public QTreeWidget {
+public:
+    explicit Tree(LibraryPalette const& palette)
+        : m_palette(palette)
+    {
+        setHeaderHidden(true);
+        setRootIsDecorated(false);
+        setIndentation(10);
+        setIconSize({ menuIconSize, menuIconSize });
+        setDragEnabled(true);
+        setDragDropMode(QAbstractItemView::DragOnly);
+        setSelectionMode(QAbstractItemView::SingleSelection);
+        setAccessibleName(QStringLiteral("Library"));
+    }
+
+    [[nodiscard]] LibraryEntry const* entry(QTreeWidgetItem const* item) const
+    {
+        auto const id = item ? item->data(0, entryRole).toString() : QString();
+        return id.isEmpty() ? nullptr : m_palette.entry(id.toStdString());
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QTreeWidget::paintEvent(event);
+        if (topLevelItemCount() == 0)
+            paintEmptyText(*this, nothingFoundText);
+    }
+    [[nodiscard]] QStringList mimeTypes() const override { return { QLatin1StringView(menuItemDragType) }; }
+    [[nodiscard]] QMimeData* mimeData(QList<QTreeWidgetItem*> const& items) const override
+    {
+        std::vector<std::string> records;
+        for (auto const* item : items) {
+            if (auto const* dragged = entry(item))
+                records.push_back(toDragRecord(menuTree::withFreshIds(dragged->itemTemplate)));
+        }
+        return mimeDataOfRecords(records);
+    }
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::CopyAction; }
+
+private:
+    LibraryPalette const& m_palette;
+};
+
+LibraryView::LibraryView(LibraryPalette const& palette, MenuIcons& icons)
+    : m_palette(palette)
+    , m_icons(icons)
+    , m_search(new QLineEdit)
+    , m_tree(new Tree(palette))
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_search);
+    column->addWidget(m_tree, 1);
+    m_search->setPlaceholderText(QStringLiteral("Search"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setAccessibleName(QStringLiteral("Search the library"));
+    m_search->installEventFilter(this);
+    QObject::connect(m_search, &QLineEdit::textChanged, this, [this] { fill(); });
+    QObject::connect(m_search, &QLineEdit::returnPressed, this, [this] { addChosen(); });
+    QObject::connect(m_tree, &QTreeWidget::itemActivated, this, [this] { addChosen(); });
+    fill();
+}
+
+/// Its picture is fetched when it comes into sight: there may be hundreds of applications.
+class LibraryView::Entry : public QTreeWidgetItem {
+public:
+    Entry(QTreeWidgetItem* heading, LibraryEntry const& entry, MenuIcons& icons)
+        : QTreeWidgetItem(heading, { zv::text(entry.title) })
+        , m_icons(icons)
+        , m_kind(entry.itemTemplate.kind)
+        , m_path(entry.itemTemplate.location ? entry.itemTemplate.location->path.value_or("") : "")
+    {
+        setData(0, entryRole, zv::text(entry.id));
+        setToolTip(0, zv::text(entry.localizedDescription));
+        setData(0, Qt::AccessibleDescriptionRole, zv::text(entry.localizedDescription));
+    }
+    [[nodiscard]] QVariant data(int column, int role) const override
+    {
+        if (role != Qt::DecorationRole)
+            return QTreeWidgetItem::data(column, role);
+        auto const image = m_path.empty() ? m_icons.iconForKind(m_kind) : m_icons.iconForFile(Url::fromPath(m_path));
+        return image ? menuIconOf(image) : blankMenuIcon();
+    }
+
+private:
+    MenuIcons& m_icons;
+    MenuItemKind m_kind;
+    std::string m_path;
+};
+
+void LibraryView::fill()
+{
+    m_observation = withObservationTracking([this] { refill(); },
+        [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { fill(); }, Qt::QueuedConnection);
+        });
+}
+
+void LibraryView::refill()
+{
+    auto const position = m_tree->verticalScrollBar()->value();
+    auto const chosen = m_tree->currentItem() ? m_tree->currentItem()->data(0, entryRole) : QVariant();
+    m_tree->clear();
+    auto bold = m_tree->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 0.92);
+    for (auto const& group : m_palette.groups(m_search->text().toStdString())) {
+        auto* heading = new QTreeWidgetItem(m_tree, { text(group.title) });
+        heading->setFlags(Qt::ItemIsEnabled);
+        heading->setFont(0, bold);
+        heading->setForeground(0, palette().color(QPalette::PlaceholderText));
+        for (auto const* entry : group.entries) {
+            auto* item = new Entry(heading, *entry, m_icons);
+            if (item->data(0, entryRole) == chosen)
+                m_tree->setCurrentItem(item);
+        }
+    }
+    m_tree->expandAll();
+    m_tree->verticalScrollBar()->setValue(position);
+    if (!m_search->text().isEmpty() && m_tree->topLevelItemCount() > 0)
+        m_tree->setCurrentItem(m_tree->topLevelItem(0)->child(0));
+}
+
+void LibraryView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        fill(); // the headings have a colour of their own
+}
+
+bool LibraryView::eventFilter(QObject* watched, QEvent* event)
+{
+    bool const isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    return (isKey && searchKeyPressed(static_cast<QKeyEvent&>(*event))) || QWidget::eventFilter(watched, event);
+}
+
+/// What was found is walked through while typing goes on; Escape takes the search back
+/// before it closes the window.
+bool LibraryView::searchKeyPressed(QKeyEvent& event)
+{
+    bool const isPress = event.type() == QEvent::KeyPress;
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return isPress && QCoreApplication::sendEvent(m_tree, &event);
+    case Qt::Key_Escape:
+        if (m_search->text().isEmpty())
+            return false;
+        event.accept();
+        if (isPress)
+            m_search->clear();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void LibraryView::addChosen()
+{
+    auto const* chosen = static_cast<Tree*>(m_tree)->entry(m_tree->currentItem());
+    if (chosen && onAdd)
+        onAdd(*chosen);
+}
+
+} // namespace zv

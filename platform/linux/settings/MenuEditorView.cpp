@@ -1,0 +1,359 @@
+#include "platform/linux/settings/MenuEditorView.h"
+
+#include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/settings/EmptyText.h"
+#include "platform/linux/settings/SettingsButton.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+constexpr int undoLimit = 200;
+
+/// Rows that follow one another as one range each: a selection of many ranges is slow.
+/// Sorts the rows.
+QItemSelection stretchesOf(QModelIndexList& rows)
+{
+    auto const key = [](QModelIndex const& index) { return std::pair(index.parent().internalId(), index.row()); };
+    std::sort(rows.begin(), rows.end(), [&](auto const& a, auto const& b) { return key(a) < key(b); });
+    QItemSelection selection;
+    for (qsizetype first = 0; first < rows.size();) {
+        auto last = first;
+        while (last + 1 < rows.size() && rows[last + 1].row() == rows[last].row() + 1 && rows[last + 1].parent() == rows[first].parent())
+            ++last;
+        selection.append(QItemSelectionRange(rows[first], rows[last]));
+        first = last + 1;
+    }
+    return selection;
+}
+
+} // namespace
+
+/// One edit on the undo stack.
+class MenuEditorView::EditCommand : public QUndoCommand {
+public:
+    EditCommand(MenuEditor& editor, MenuEdit edit)
+        : QUndoCommand(QString::fromStdString(edit.name))
+        , m_editor(editor)
+        , m_edit(std::move(edit))
+    {
+    }
+    void undo() override { m_editor.undo(m_edit); }
+    void redo() override
+    {
+        if (std::exchange(m_isDone, true)) // the stack does what was just done: the store has it already
+            m_editor.redo(m_edit);
+    }
+
+private:
+    MenuEditor& m_editor;
+    MenuEdit m_edit;
+    bool m_isDone = false;
+};
+
+/// Drags of our own default to a move; with Control held, or from elsewhere, to a copy. Where
+/// a drag comes from must not hear of a move: it might take away what it had.
+class MenuEditorView::Outline : public QTreeView {
+public:
+    explicit Outline(QAbstractItemModel& model)
+    {
+        setModel(&model);
+        setSelectionMode(QAbstractItemView::ExtendedSelection);
+        setDragEnabled(true);
+        setAcceptDrops(true);
+        setDropIndicatorShown(true);
+        setDefaultDropAction(Qt::MoveAction);
+        setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::DoubleClicked);
+        setExpandsOnDoubleClick(false);
+        setContextMenuPolicy(Qt::ActionsContextMenu);
+        setUniformRowHeights(true);
+        setAllColumnsShowFocus(true);
+        setIconSize({ menuIconSize, menuIconSize });
+        setAccessibleName(QStringLiteral("Menu"));
+        header()->setStretchLastSection(false);
+        header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        header()->setSectionResizeMode(1, QHeaderView::Interactive);
+        header()->resizeSection(1, 150);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QTreeView::paintEvent(event);
+        if (model()->rowCount() == 0)
+            paintEmptyText(*this, emptyMenuText);
+    }
+    void dragMoveEvent(QDragMoveEvent* event) override
+    {
+        QTreeView::dragMoveEvent(event);
+        copyFromElsewhere(*event);
+    }
+    void dropEvent(QDropEvent* event) override
+    {
+        QTreeView::dropEvent(event);
+        copyFromElsewhere(*event);
+    }
+
+private:
+    static void copyFromElsewhere(QDropEvent& event)
+    {
+        bool const isOurs = event.source() != nullptr;
+        if (isOurs || !event.isAccepted() || !event.possibleActions().testFlag(Qt::CopyAction))
+            return;
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
+    }
+};
+
+MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
+    : m_models(models)
+    , m_tree(models)
+    , m_library(new LibraryView(models.palette(), models.icons()))
+    , m_outline(new Outline(m_tree))
+    , m_inspector(new InspectorView(models, std::move(lookUp)))
+{
+    auto* line = new QVBoxLayout(this);
+    line->setContentsMargins(12, 12, 12, 12);
+    auto* columns = new QSplitter;
+    columns->setChildrenCollapsible(false);
+    columns->addWidget(m_library);
+    columns->addWidget(outlineColumn());
+    columns->addWidget(inspectorColumn());
+    columns->setStretchFactor(1, 1);
+    columns->setSizes({ 230, 400, 240 });
+    line->addWidget(columns);
+
+    m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
+    m_models.editor().onEdit = [this](MenuEdit const& edit) { edited(edit); };
+    connect(&m_tree, &MenuTreeModel::aboutToLayAnew, this, [this] { keepState(); });
+    connect(&m_tree, &MenuTreeModel::laidAnew, this, [this] { bringStateBack(); });
+    connect(&m_tree, &QAbstractItemModel::dataChanged, this, [this] { refreshInspector(); });
+    connect(m_outline->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { selectionChanged(); });
+    m_undo.setUndoLimit(undoLimit);
+    addActions();
+    selectionChanged();
+}
+
+MenuEditorView::~MenuEditorView() { m_models.editor().onEdit = nullptr; }
+
+QWidget* MenuEditorView::outlineColumn()
+{
+    auto* column = new QWidget;
+    auto* box = new QVBoxLayout(column);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->addWidget(m_outline, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(6);
+    addButton(*buttons, "File…", "Adds files and applications", [this] { addFiles(FilePanelKind::filesAndFolders); });
+    addButton(*buttons, "Folder…", "Adds a folder, which opens as a submenu", [this] { addFiles(FilePanelKind::folder); });
+    addButton(*buttons, "Submenu", "Adds an empty submenu", [this] { m_models.editor().addSubmenu(insertPosition()); });
+    addButton(*buttons, "Separator", "Adds a line", [this] { m_models.editor().addSeparator(insertPosition()); });
+    buttons->addStretch();
+    m_remove = addButton(*buttons, "Remove", "Removes what is selected", [this] { removeSelected(); });
+    box->addLayout(buttons);
+    return column;
+}
+
+QWidget* MenuEditorView::inspectorColumn()
+{
+    auto* column = new QWidget;
+    auto* box = new QVBoxLayout(column);
+    box->setContentsMargins(6, 0, 0, 0);
+    box->addWidget(m_inspector, 1);
+    auto* restore = settingsButton(QStringLiteral("Restore Default Menu…"));
+    connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
+    box->addWidget(restore);
+    return column;
+}
+
+QPushButton* MenuEditorView::addButton(QLayout& line, char const* title, char const* help, std::function<void()> act)
+{
+    auto* button = settingsButton(QString::fromUtf8(title));
+    button->setToolTip(QString::fromUtf8(help));
+    button->setAccessibleDescription(QString::fromUtf8(help));
+    connect(button, &QPushButton::clicked, this, [act = std::move(act)] { act(); });
+    line.addWidget(button);
+    return button;
+}
+
+QAction* MenuEditorView::addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act)
+{
+    auto* action = new QAction(QString::fromUtf8(title), m_outline);
+    action->setShortcuts(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, [act = std::move(act)] { act(); });
+    m_outline->addAction(action);
+    return action;
+}
+
+void MenuEditorView::addGap()
+{
+    auto* gap = new QAction(m_outline);
+    gap->setSeparator(true);
+    m_outline->addAction(gap);
+}
+
+/// The outline's context menu, and the keys for the same.
+void MenuEditorView::addActions()
+{
+    using Keys = QKeySequence;
+    addUndoActions();
+    addGap();
+    auto* cut = addAction("Cut", Keys::keyBindings(Keys::Cut), [this] {
+        copySelected();
+        removeSelected();
+    });
+    auto* copy = addAction("Copy", Keys::keyBindings(Keys::Copy), [this] { copySelected(); });
+    addAction("Paste", Keys::keyBindings(Keys::Paste), [this] { paste(); });
+    auto* duplicate = addAction("Duplicate", { Keys(Qt::CTRL | Qt::Key_D) }, [this] { m_models.editor().duplicate(selection()); });
+    auto* remove = addAction("Delete", Keys::keyBindings(Keys::Delete), [this] { removeSelected(); });
+    addGap();
+    auto* up = addAction("Move Up", { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
+    auto* down = addAction("Move Down", { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
+    m_selectionActions = { cut, copy, duplicate, remove, up, down };
+}
+
+/// They work wherever the focus is in this tab; a text field undoes its own typing first.
+void MenuEditorView::addUndoActions()
+{
+    auto* undo = m_undo.createUndoAction(this, QStringLiteral("Undo"));
+    undo->setShortcuts(QKeySequence::Undo);
+    auto* redo = m_undo.createRedoAction(this, QStringLiteral("Redo"));
+    redo->setShortcuts(QKeySequence::Redo);
+    for (auto* action : { undo, redo }) {
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        QWidget::addAction(action);
+        m_outline->addAction(action);
+    }
+}
+
+std::set<Uuid> MenuEditorView::selection() const
+{
+    std::set<Uuid> ids;
+    for (auto const& index : m_outline->selectionModel()->selectedRows()) {
+        if (auto const* item = m_tree.item(index))
+            ids.insert(item->id);
+    }
+    return ids;
+}
+
+MenuEditor::Position MenuEditorView::insertPosition() const
+{
+    auto const current = m_outline->selectionModel()->currentIndex();
+    auto const* item = m_tree.item(current);
+    bool const isOpen = item && m_outline->isExpanded(current.siblingAtColumn(0));
+    return m_models.editor().positionAfter(selection(), isOpen ? std::optional(item->id) : std::nullopt);
+}
+
+void MenuEditorView::select(std::set<Uuid> const& ids)
+{
+    QModelIndexList rows;
+    for (auto const& id : ids) {
+        if (auto const index = m_tree.indexOf(id); index.isValid())
+            rows.push_back(index);
+    }
+    auto* model = m_outline->selectionModel();
+    model->select(stretchesOf(rows), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (rows.isEmpty())
+        return;
+    model->setCurrentIndex(rows.back(), QItemSelectionModel::NoUpdate);
+    m_outline->scrollTo(rows.back());
+}
+
+void MenuEditorView::selectionChanged()
+{
+    bool const hasSelection = m_outline->selectionModel()->hasSelection();
+    for (auto* action : m_selectionActions)
+        action->setEnabled(hasSelection);
+    m_remove->setEnabled(hasSelection);
+    refreshInspector();
+}
+
+/// A file has to be chosen before it can be added.
+void MenuEditorView::addEntry(LibraryEntry const& entry)
+{
+    bool const isChosenFirst = entry.itemTemplate.kind == MenuItemKind::fsObject && !entry.itemTemplate.location;
+    if (isChosenFirst)
+        addFiles(FilePanelKind::filesAndFolders);
+    else
+        m_models.editor().addEntry(entry, insertPosition());
+}
+
+void MenuEditorView::addFiles(FilePanelKind kind)
+{
+    auto const position = insertPosition();
+    auto const chosen = m_models.panels().chooseToOpen(kind == FilePanelKind::folder ? "Add Folder" : "Add Files", kind);
+    if (!chosen.empty())
+        m_models.editor().addFiles(chosen, position);
+}
+
+void MenuEditorView::removeSelected() { m_models.editor().remove(selection()); }
+
+void MenuEditorView::copySelected()
+{
+    if (auto const ids = selection(); !ids.empty())
+        QApplication::clipboard()->setMimeData(mimeDataOfRecords(m_models.editor().records(ids)));
+}
+
+void MenuEditorView::paste()
+{
+    if (auto const* data = QApplication::clipboard()->mimeData())
+        m_tree.take(*data, Qt::CopyAction, insertPosition());
+}
+
+void MenuEditorView::edited(MenuEdit const& edit)
+{
+    m_undo.push(new EditCommand(m_models.editor(), edit));
+    if (!edit.selectionAfter)
+        return;
+    // The tree is laid anew in the turn after this one.
+    QMetaObject::invokeMethod(
+        this, [this, ids = *edit.selectionAfter] { select(ids); }, Qt::QueuedConnection);
+}
+
+void MenuEditorView::keepState()
+{
+    m_keptSelection = selection();
+    m_keptExpanded.clear();
+    std::function<void(QModelIndex const&)> const collect = [&](QModelIndex const& parent) {
+        for (int row = 0; row < m_tree.rowCount(parent); ++row) {
+            auto const index = m_tree.index(row, 0, parent);
+            if (!m_outline->isExpanded(index))
+                continue;
+            if (auto const* item = m_tree.item(index))
+                m_keptExpanded.insert(item->id);
+            collect(index);
+        }
+    };
+    collect({});
+}
+
+void MenuEditorView::bringStateBack()
+{
+    for (auto const& id : m_keptExpanded)
+        m_outline->setExpanded(m_tree.indexOf(id), true);
+    select(m_keptSelection);
+    refreshInspector();
+}
+
+void MenuEditorView::refreshInspector()
+{
+    auto const rows = m_outline->selectionModel()->selectedRows();
+    m_inspector->show(rows.size() == 1 ? m_tree.item(rows.front()) : nullptr, static_cast<std::size_t>(rows.size()));
+}
+
+} // namespace zv

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/settings/SettingsModels.h"
+#include "platform/linux/settings/InspectorView.h"
+#include "platform/linux/settings/LibraryView.h"
+#include "platform/linux/settings/MenuTreeModel.h"
+
+#include <QTreeView>
+#include <QUndoStack>
+#include <QWidget>
+
+#include <set>
+
+class QPushButton;
+
+namespace zv {
+
+/// The Menu tab: the library, the outline, the inspector.
+class MenuEditorView : public QWidget {
+public:
+    MenuEditorView(SettingsModels& models, KeyLookup lookUp);
+    ~MenuEditorView() override;
+
+private:
+    class Outline;
+    class EditCommand;
+
+    [[nodiscard]] QWidget* outlineColumn();
+    [[nodiscard]] QWidget* inspectorColumn();
+    QPushButton* addButton(QLayout& line, char const* title, char const* help, std::function<void()> act);
+    void addActions();
+    void addUndoActions();
+    QAction* addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act);
+    void addGap();
+
+    [[nodiscard]] std::set<Uuid> selection() const;
+    [[nodiscard]] MenuEditor::Position insertPosition() const;
+    void select(std::set<Uuid> const& ids);
+    void selectionChanged();
+    void addEntry(LibraryEntry const& entry);
+    void addFiles(FilePanelKind kind);
+    void removeSelected();
+    void copySelected();
+    void paste();
+    void keepState();
+    void bringStateBack();
+    void refreshInspector();
+    void edited(MenuEdit const& edit);
+
+    SettingsModels& m_models;
+    MenuTreeModel m_tree;
+    QUndoStack m_undo;
+    LibraryView* m_library;
+    QTreeView* m_outline;
+    InspectorView* m_inspector;
+    QList<QAction*> m_selectionActions; ///< of use only when something is selected
+    QPushButton* m_remove = nullptr;
+    std::set<Uuid> m_keptSelection;
+    std::set<Uuid> m_keptExpanded;
+};
+
+} // namespace zv

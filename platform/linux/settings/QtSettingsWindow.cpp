@@ -1,0 +1,136 @@
+#include "platform/linux/settings/QtSettingsWindow.h"
+
+#include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/settings/AboutView.h"
+#include "platform/linux/settings/MenuEditorView.h"
+#include "platform/linux/settings/SettingsPageView.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+constexpr char const* widthKey = "SettingsWidth";
+constexpr char const* heightKey = "SettingsHeight";
+constexpr char const* tabKey = "SettingsTab";
+constexpr QSize usualSize { 960, 680 };
+constexpr QSize smallestSize { 880, 440 }; // three columns, none of them cut
+
+void keep(UserDefaults& defaults, char const* key, int value)
+{
+    if (defaults.integerForKey(key) != value)
+        defaults.keep(key, value);
+}
+
+} // namespace
+
+class QtSettingsWindow::Window : public QWidget {
+public:
+    Window(SettingsModels& models, KeyLookup lookUp)
+        : m_models(models)
+        , m_tabs(new QTabWidget)
+        , m_general(new SettingsPageView)
+    {
+        setWindowTitle(QStringLiteral("Zanthe Vell Settings"));
+        setWindowIcon(laurelApplicationIcon());
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(8, 8, 8, 8);
+        column->addWidget(m_tabs);
+        m_tabs->addTab(m_general, QStringLiteral("General"));
+        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), QStringLiteral("Menu"));
+        m_tabs->addTab(new AboutView(models), QStringLiteral("About"));
+        m_tabs->setAccessibleName(QStringLiteral("Settings"));
+        bringPlaceBack();
+        m_models.general().onChanged = [this] { refresh(); };
+        QObject::connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
+        QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
+        QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) {
+            keep(m_models.defaults(), tabKey, tab);
+            refresh(); // there may be backups that were not there
+        });
+        refresh();
+    }
+    ~Window() override
+    {
+        keepSize();
+        m_models.general().onChanged = nullptr;
+    }
+
+    /// Shows what holds now, and follows it.
+    void refresh()
+    {
+        std::vector<SettingsSection> sections;
+        m_observation = withObservationTracking([&] { sections = m_models.general().sections(); },
+            [this] {
+                QMetaObject::invokeMethod(
+                    this, [this] { refresh(); }, Qt::QueuedConnection);
+            });
+        m_general->show(sections);
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        keepSize();
+        QWidget::closeEvent(event);
+    }
+    void changeEvent(QEvent* event) override
+    {
+        QWidget::changeEvent(event);
+        // The login item may have been changed in the desktop's own settings meanwhile.
+        if (event->type() == QEvent::ActivationChange && isActiveWindow())
+            refresh();
+    }
+
+private:
+    /// The one to which a maximized window goes back.
+    void keepSize()
+    {
+        auto const size = isMaximized() || isFullScreen() ? normalGeometry().size() : this->size();
+        if (!testAttribute(Qt::WA_WState_Created) || size.isEmpty())
+            return;
+        keep(m_models.defaults(), widthKey, size.width());
+        keep(m_models.defaults(), heightKey, size.height());
+    }
+
+    void bringPlaceBack()
+    {
+        auto& defaults = m_models.defaults();
+        QSize const kept(static_cast<int>(defaults.integerForKey(widthKey)), static_cast<int>(defaults.integerForKey(heightKey)));
+        setMinimumSize(smallestSize);
+        resize(kept.width() >= smallestSize.width() && kept.height() >= smallestSize.height() ? kept.boundedTo(screen()->availableSize()) : usualSize);
+        m_tabs->setCurrentIndex(static_cast<int>(std::clamp<std::int64_t>(defaults.integerForKey(tabKey), 0, m_tabs->count() - 1)));
+    }
+
+    SettingsModels& m_models;
+    QTabWidget* m_tabs;
+    SettingsPageView* m_general;
+    Observation m_observation;
+};
+
+QtSettingsWindow::QtSettingsWindow(std::function<SettingsModels&()> models, KeyLookup lookUp)
+    : m_models(std::move(models))
+    , m_lookUp(std::move(lookUp))
+{
+}
+
+QtSettingsWindow::~QtSettingsWindow() = default;
+
+void QtSettingsWindow::openOrRaise()
+{
+    if (!m_window)
+        m_window = std::make_unique<Window>(m_models(), m_lookUp);
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void QtSettingsWindow::close() { m_window.reset(); }
+
+} // namespace zv

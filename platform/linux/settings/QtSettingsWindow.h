@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/settings/SettingsModels.h"
+#include "base/Observation.h"
+#include "platform/desk/SettingsWindow.h"
+#include "platform/linux/hotkeys/RecordedKeys.h"
+
+#include <functional>
+#include <memory>
+
+class QTabWidget;
+class QWidget;
+
+namespace zv {
+
+class SettingsPageView;
+
+/// The settings window: General, Menu, About. Made when first opened, kept when closed;
+/// remembers its size and its tab.
+class QtSettingsWindow : public SettingsWindow {
+public:
+    /// `models` is asked when the window is first opened.
+    QtSettingsWindow(std::function<SettingsModels&()> models, KeyLookup lookUp);
+    ~QtSettingsWindow() override;
+
+    void openOrRaise() override;
+    /// Before what the models stand on goes away.
+    void close();
+
+private:
+    class Window;
+
+    std::function<SettingsModels&()> m_models;
+    KeyLookup m_lookUp;
+    std::unique_ptr<Window> m_window;
+};
+
+} // namespace zv

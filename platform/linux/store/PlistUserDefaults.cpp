@@ -1,0 +1,253 @@
+#include "platform/linux/store/PlistUserDefaults.h"
+
+#include "base/Log.h"
+#include "base/MainThread.h"
+#include "platform/linux/posix/WholeFiles.h"
+#include "platform/text/PropertyListFormat.h"
+
+#include <unordered_map>
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+using Cause = SettingsFile::ReadFailure::Cause;
+
+std::optional<PropertyList> copyOf(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }
+
+/// Others may keep any number of keys in the file.
+std::unordered_map<std::string_view, PropertyList const*> valuesByKey(PropertyListDictionary const& settings)
+{
+    std::unordered_map<std::string_view, PropertyList const*> values;
+    values.reserve(settings.size());
+    for (auto const& [key, value] : settings)
+        values.emplace(key, &value);
+    return values;
+}
+
+bool canBeWritten(std::string const& key, PropertyList const* value)
+{
+    return !value || writePropertyList(PropertyListDictionary { { key, *value } }, PropertyListEncoding::xml).ok();
+}
+
+} // namespace
+
+PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds patience)
+    : m_file(std::move(path), patience)
+{
+    reload();
+    m_unannounced.clear();
+}
+
+std::optional<PropertyList> PlistUserDefaults::object(std::string_view key) const
+{
+    auto const* value = stored().find(key);
+    return copyOf(value ? value : m_registered.find(key));
+}
+
+std::optional<PropertyList> PlistUserDefaults::storedObject(std::string_view key) const { return copyOf(stored().find(key)); }
+
+MaybeFailure<> PlistUserDefaults::setObject(std::string_view key, PropertyList value)
+{
+    assertMainThread();
+    auto const* known = stored().find(key);
+    if (known && *known == value && m_unsaved.empty() && !m_file.hasChanged())
+        return std::nullopt;
+    stored().set(key, std::move(value));
+    m_unsaved.emplace(key);
+    return save(key);
+}
+
+MaybeFailure<> PlistUserDefaults::removeObject(std::string_view key)
+{
+    assertMainThread();
+    if (!stored().contains(key) && m_unsaved.empty() && !m_file.hasChanged())
+        return std::nullopt;
+    stored().remove(key);
+    m_unsaved.emplace(key);
+    return save(key);
+}
+
+void PlistUserDefaults::registerDefaults(PropertyListDictionary const& defaults)
+{
+    for (auto const& [key, value] : defaults)
+        m_registered.set(key, value);
+}
+
+std::vector<std::string> PlistUserDefaults::storedKeys() const
+{
+    std::vector<std::string> keys;
+    keys.reserve(stored().size());
+    for (auto const& [key, value] : stored())
+        keys.push_back(key);
+    return keys;
+}
+
+int PlistUserDefaults::changeDescriptor()
+{
+    if (!m_watch) {
+        // A failure shows as a watch that does not work.
+        (void)makeFolders(folderOf(m_file.path()), 0700);
+        m_watch.emplace(followingLink(m_file.path()));
+        handleChange();
+    }
+    return m_watch->descriptor();
+}
+
+void PlistUserDefaults::handleChange()
+{
+    assertMainThread();
+    if (m_watch)
+        m_watch->takeEvents();
+    if (m_file.hasChanged())
+        reload();
+    announce();
+}
+
+// Reading
+
+void PlistUserDefaults::reload()
+{
+    auto disk = m_file.read();
+    if (disk)
+        return adopt(std::move(*disk));
+    if (disk.error().cause == Cause::content)
+        return setAside(disk.error().reason);
+    logLine("the settings in " + m_file.path() + " could not be read: " + disk.error().reason);
+}
+
+void PlistUserDefaults::adopt(PropertyListDictionary disk)
+{
+    noteDifferences(disk);
+    overlay(disk, m_unsaved);
+    stored() = std::move(disk);
+}
+
+void PlistUserDefaults::overlay(PropertyListDictionary& settings, KeySet const& keys) const
+{
+    for (auto const& key : keys) {
+        if (auto const* value = stored().find(key))
+            settings.set(key, *value);
+        else
+            settings.remove(key);
+    }
+}
+
+void PlistUserDefaults::noteDifferences(PropertyListDictionary const& disk)
+{
+    auto known = valuesByKey(stored());
+    for (auto const& [key, value] : disk) {
+        auto const found = known.find(key);
+        if (found == known.end() || *found->second != value)
+            m_unannounced.insert(key);
+        if (found != known.end())
+            known.erase(found);
+    }
+    for (auto const& [key, value] : known)
+        m_unannounced.emplace(key);
+    for (auto const& key : m_unsaved)
+        m_unannounced.erase(key);
+}
+
+void PlistUserDefaults::announce()
+{
+    auto const changed = std::exchange(m_unannounced, {});
+    if (!changed.empty() && onExternalChange)
+        onExternalChange({ changed.begin(), changed.end() });
+}
+
+void PlistUserDefaults::setAside(std::string const& reason)
+{
+    auto const lock = m_file.lock();
+    if (!lock)
+        return logLine(unreadableMessage(reason) + ", nor be kept aside: " + lock.error());
+    // Another process may have been quicker.
+    auto disk = m_file.read();
+    if (disk)
+        return adopt(std::move(*disk));
+    (void)setAsideUnderLock(reason);
+}
+
+bool PlistUserDefaults::setAsideUnderLock(std::string const& reason)
+{
+    auto const name = m_file.setAside();
+    if (!name) {
+        logLine(unreadableMessage(reason) + ", nor be kept aside: " + name.error());
+        return false;
+    }
+    logLine(unreadableMessage(reason) + "; it is kept as " + *name);
+    // What is known here is all there is now.
+    for (auto const& [key, value] : stored())
+        m_unsaved.insert(key);
+    return true;
+}
+
+std::string PlistUserDefaults::unreadableMessage(std::string const& reason) const
+{
+    return "the settings file " + m_file.path() + " cannot be read (" + reason + ")";
+}
+
+// Writing
+
+MaybeFailure<> PlistUserDefaults::save(std::string_view key)
+{
+    auto const lock = m_file.lock();
+    if (!lock)
+        return lock.error();
+    if (auto failure = catchUp())
+        return failure;
+    auto const bytes = writePropertyList(m_stored, PropertyListEncoding::xml);
+    if (!bytes)
+        return saveWhatCanBeWritten(key, bytes.error());
+    if (auto failure = m_file.write(*bytes))
+        return failure;
+    m_unsaved.clear();
+    return std::nullopt;
+}
+
+/// Takes over what another process has written, so that its keys stay. Fails where writing
+/// would destroy what could not be read.
+MaybeFailure<> PlistUserDefaults::catchUp()
+{
+    if (!m_file.hasChanged())
+        return std::nullopt;
+    auto disk = m_file.read();
+    if (disk) {
+        adopt(std::move(*disk));
+        return std::nullopt;
+    }
+    auto const& [cause, reason] = disk.error();
+    bool const isSafe = cause == Cause::content && setAsideUnderLock(reason);
+    return isSafe ? MaybeFailure<>() : "the file that is there cannot be read: " + reason;
+}
+
+/// A value that no property list can hold keeps no other from being saved; in the file its
+/// key stays as it was.
+MaybeFailure<> PlistUserDefaults::saveWhatCanBeWritten(std::string_view key, std::string const& reason)
+{
+    KeySet writable;
+    for (auto const& unsaved : m_unsaved) {
+        if (canBeWritten(unsaved, stored().find(unsaved)))
+            writable.insert(unsaved);
+    }
+    auto const bytes = withUnsaved(writable);
+    if (writable.empty() || !bytes)
+        return reason;
+    if (auto failure = m_file.write(*bytes))
+        return failure;
+    bool const isSaved = writable.contains(key);
+    std::erase_if(m_unsaved, [&](auto const& unsaved) { return writable.contains(unsaved); });
+    return isSaved ? MaybeFailure<>() : reason;
+}
+
+Result<std::vector<std::byte>> PlistUserDefaults::withUnsaved(KeySet const& keys)
+{
+    auto disk = m_file.read();
+    if (!disk)
+        return Failure { disk.error().reason };
+    overlay(*disk, keys);
+    return writePropertyList(std::move(*disk), PropertyListEncoding::xml);
+}
+
+} // namespace zv

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/files/UserDefaults.h"
+#include "platform/linux/posix/FileWatch.h"
+#include "platform/linux/store/SettingsFile.h"
+
+#include <chrono>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Settings in an XML property list of their own. Several processes may use the file at once:
+/// each writes only the keys that it set itself and keeps all others as they are. A file that
+/// cannot be read is set aside under a dated name, and said so in the log.
+class PlistUserDefaults : public UserDefaults {
+public:
+    explicit PlistUserDefaults(std::string path, std::chrono::milliseconds patience = SettingsFile::usualPatience);
+
+    [[nodiscard]] std::optional<PropertyList> object(std::string_view key) const override;
+    [[nodiscard]] std::optional<PropertyList> storedObject(std::string_view key) const override;
+    [[nodiscard]] MaybeFailure<> setObject(std::string_view key, PropertyList value) override;
+    [[nodiscard]] MaybeFailure<> removeObject(std::string_view key) override;
+    void registerDefaults(PropertyListDictionary const& defaults) override;
+    [[nodiscard]] std::vector<std::string> storedKeys() const override;
+
+    /// Becomes readable when another process may have written; the main loop then calls
+    /// handleChange(). The watch begins with the first call, which makes the folder. -1 when
+    /// there can be none.
+    [[nodiscard]] int changeDescriptor();
+    void handleChange();
+
+private:
+    using KeySet = std::set<std::string, std::less<>>;
+
+    [[nodiscard]] PropertyListDictionary& stored() { return *m_stored.dictionary(); }
+    [[nodiscard]] PropertyListDictionary const& stored() const { return *m_stored.dictionary(); }
+
+    [[nodiscard]] MaybeFailure<> save(std::string_view key);
+    [[nodiscard]] MaybeFailure<> catchUp();
+    [[nodiscard]] MaybeFailure<> saveWhatCanBeWritten(std::string_view key, std::string const& reason);
+    [[nodiscard]] Result<std::vector<std::byte>> withUnsaved(KeySet const& keys);
+    void reload();
+    void adopt(PropertyListDictionary disk);
+    void overlay(PropertyListDictionary& settings, KeySet const& keys) const;
+    void noteDifferences(PropertyListDictionary const& disk);
+    void announce();
+    void setAside(std::string const& reason);
+    [[nodiscard]] bool setAsideUnderLock(std::string const& reason);
+    [[nodiscard]] std::string unreadableMessage(std::string const& reason) const;
+
+    SettingsFile m_file;
+    std::optional<FileWatch> m_watch;
+    PropertyList m_stored = PropertyListDictionary(); ///< what the file holds, with what could not be written yet
+    PropertyListDictionary m_registered;
+    KeySet m_unsaved; ///< keys set or removed here and not in the file yet
+    KeySet m_unannounced; ///< keys that others changed
+};
+
+} // namespace zv

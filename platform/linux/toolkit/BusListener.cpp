@@ -1,0 +1,20 @@
+#include "platform/linux/toolkit/BusListener.h"
+
+#include <utility>
+
+namespace zv {
+
+BusListener::BusListener(QDBusConnection bus, QString const& service, QString const& path, QString const& interface, QString const& name,
+    std::function<void(QDBusMessage const&)> heard)
+    : m_heard(std::move(heard))
+{
+    bus.connect(service, path, interface, name, this, SLOT(receive(QDBusMessage)));
+}
+
+void BusListener::receive(QDBusMessage const& message)
+{
+    auto const heard = m_heard; // which may end this listener
+    heard(message);
+}
+
+} // namespace zv

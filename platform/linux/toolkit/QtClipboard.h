@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/desk/Clipboard.h"
+
+namespace zv {
+
+class QtClipboard : public Clipboard {
+public:
+    void setText(std::string const& text) override;
+};
+
+} // namespace zv

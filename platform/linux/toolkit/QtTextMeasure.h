@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/desk/TextMeasure.h"
+
+namespace zv {
+
+/// Measures in the font that our menus are drawn in. Needs the QApplication.
+class QtTextMeasure : public TextMeasure {
+public:
+    double menuFontWidth(std::string_view text) const override;
+};
+
+} // namespace zv

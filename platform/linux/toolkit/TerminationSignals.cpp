@@ -1,0 +1,51 @@
+#include "platform/linux/toolkit/TerminationSignals.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace zv {
+
+namespace {
+
+constexpr int caught[] = { SIGTERM, SIGINT, SIGHUP };
+int writingEnd = -1;
+
+extern "C" void tellOfSignal(int)
+{
+    char const byte = 0;
+    [[maybe_unused]] auto const written = write(writingEnd, &byte, 1);
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals(std::function<void()> onSignal)
+{
+    if (pipe2(m_ends, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    writingEnd = m_ends[1];
+    m_notifier = std::make_unique<QSocketNotifier>(m_ends[0], QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this, onSignal = std::move(onSignal)] {
+        char byte;
+        [[maybe_unused]] auto const taken = read(m_ends[0], &byte, 1);
+        onSignal();
+    });
+    struct sigaction action { };
+    action.sa_handler = tellOfSignal;
+    action.sa_flags = SA_RESTART;
+    for (int const signal : caught)
+        sigaction(signal, &action, nullptr);
+}
+
+TerminationSignals::~TerminationSignals()
+{
+    for (int const signal : caught)
+        std::signal(signal, SIG_DFL);
+    m_notifier.reset();
+    for (int const end : m_ends) {
+        if (end >= 0)
+            close(end);
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,166 @@
+#include "platform/linux/tray/StatusNotifierItem.h"
+
+#include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/toolkit/BusProperties.h"
+#include "platform/linux/toolkit/DisplayServer.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDBusConnectionInterface>
+#include <QDBusObjectPath>
+
+namespace zv {
+
+namespace {
+
+QString interfaceName() { return QStringLiteral("org.kde.StatusNotifierItem"); }
+
+QString itemPath() { return QStringLiteral("/StatusNotifierItem"); }
+
+QString menuPath() { return QStringLiteral("/StatusNotifierItem/Menu"); }
+
+QString watcherName() { return QStringLiteral("org.kde.StatusNotifierWatcher"); }
+
+/// One name an item ever shown: giving it back is what takes the icon away.
+QString nextBusName()
+{
+    static int count = 0;
+    return QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
+}
+
+constexpr char const* introspection = R"xml(
+<interface name="org.kde.StatusNotifierItem">
+  <property name="Category" type="s" access="read"/>
+  <property name="Id" type="s" access="read"/>
+  <property name="Title" type="s" access="read"/>
+  <property name="Status" type="s" access="read"/>
+  <property name="WindowId" type="i" access="read"/>
+  <property name="IconThemePath" type="s" access="read"/>
+  <property name="IconName" type="s" access="read"/>
+  <property name="IconAccessibleDesc" type="s" access="read"/>
+  <property name="IconPixmap" type="a(iiay)" access="read"/>
+  <property name="OverlayIconName" type="s" access="read"/>
+  <property name="OverlayIconPixmap" type="a(iiay)" access="read"/>
+  <property name="AttentionIconName" type="s" access="read"/>
+  <property name="AttentionIconPixmap" type="a(iiay)" access="read"/>
+  <property name="AttentionMovieName" type="s" access="read"/>
+  <property name="ToolTip" type="(sa(iiay)ss)" access="read"/>
+  <property name="ItemIsMenu" type="b" access="read"/>
+  <property name="Menu" type="o" access="read"/>
+  <method name="ContextMenu"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="Activate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="SecondaryActivate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="Scroll"><arg name="delta" type="i" direction="in"/><arg name="orientation" type="s" direction="in"/></method>
+  <signal name="NewTitle"/>
+  <signal name="NewIcon"/>
+  <signal name="NewToolTip"/>
+  <signal name="NewStatus"><arg name="status" type="s"/></signal>
+</interface>
+)xml";
+
+} // namespace
+
+StatusNotifierItem::StatusNotifierItem(QDBusConnection bus, StatusItemLook look, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer)
+    : m_bus(std::move(bus))
+    , m_look(std::move(look))
+    , m_menu(std::move(menu))
+    , m_presenter(presenter)
+    , m_busMenu(m_bus, menuPath(), m_menu, performer)
+    , m_name(nextBusName())
+    , m_watcher(watcherName(), m_bus, QDBusServiceWatcher::WatchForRegistration)
+{
+    registerStatusPixmapTypes();
+    m_bus.registerVirtualObject(itemPath(), this);
+    m_bus.registerService(m_name);
+    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &StatusNotifierItem::registerWithWatcher);
+    registerWithWatcher();
+}
+
+StatusNotifierItem::~StatusNotifierItem()
+{
+    m_bus.unregisterService(m_name);
+    m_bus.unregisterObject(itemPath());
+}
+
+/// Where there is no watcher the call fails, which is all right: it is made again when one comes.
+void StatusNotifierItem::registerWithWatcher()
+{
+    auto call
+        = QDBusMessage::createMethodCall(watcherName(), QStringLiteral("/StatusNotifierWatcher"), watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
+    call.setAutoStartService(false);
+    call << m_name;
+    m_bus.asyncCall(call);
+}
+
+QString StatusNotifierItem::introspect(QString const& path) const { return path == itemPath() ? QString::fromLatin1(introspection) : QString(); }
+
+QVariantMap StatusNotifierItem::properties() const
+{
+    auto const title = QString::fromStdString(m_look.accessibilityDescription);
+    auto const noPixmaps = QVariant::fromValue(StatusPixmaps());
+    return {
+        { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
+        { QStringLiteral("Id"), QStringLiteral("org.zanthevell.ZantheVell") },
+        { QStringLiteral("Title"), title },
+        { QStringLiteral("Status"), QStringLiteral("Active") },
+        { QStringLiteral("WindowId"), 0 },
+        { QStringLiteral("IconThemePath"), laurelIconThemePath() },
+        { QStringLiteral("IconName"), laurelSymbolName() },
+        { QStringLiteral("IconAccessibleDesc"), title },
+        { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps()) },
+        { QStringLiteral("OverlayIconName"), QString() },
+        { QStringLiteral("OverlayIconPixmap"), noPixmaps },
+        { QStringLiteral("AttentionIconName"), QString() },
+        { QStringLiteral("AttentionIconPixmap"), noPixmaps },
+        { QStringLiteral("AttentionMovieName"), QString() },
+        { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, title, {} }) },
+        { QStringLiteral("ItemIsMenu"), !canPlaceWindows() },
+        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath())) },
+    };
+}
+
+bool StatusNotifierItem::handleMessage(QDBusMessage const& message, QDBusConnection const& connection)
+{
+    if (message.interface() == QLatin1String("org.freedesktop.DBus.Properties"))
+        return answerProperties(message, connection, interfaceName(), properties());
+    if (!message.interface().isEmpty() && message.interface() != interfaceName())
+        return false;
+    bool const isKnown = message.member() == QLatin1String("Scroll") || open(message);
+    return isKnown && (!message.isReplyRequired() || connection.send(message.createReply()));
+}
+
+/// Opens our own menu; a middle click stands for Option. Some panels do not say where.
+bool StatusNotifierItem::open(QDBusMessage const& message)
+{
+    auto const member = message.member();
+    bool const isSecondary = member == QLatin1String("SecondaryActivate");
+    bool const opens = isSecondary || member == QLatin1String("Activate") || member == QLatin1String("ContextMenu");
+    if (!opens || message.signature() != QLatin1String("ii") || !canPlaceWindows())
+        return false;
+    QPoint const said(message.arguments()[0].toInt(), message.arguments()[1].toInt());
+    auto const pixel = said.isNull() ? QCursor::pos() : said;
+    if (onClicked)
+        onClicked(pixel);
+    // After the answer: a panel may wait for it while it still holds the pointer.
+    QMetaObject::invokeMethod(
+        this, [this, pixel, isSecondary] { m_presenter.open(m_menu, pixel, isSecondary ? ModifierMask::option : ModifierMask::none); }, Qt::QueuedConnection);
+    return true;
+}
+
+StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer)
+    : m_bus(std::move(bus))
+    , m_presenter(presenter)
+    , m_performer(performer)
+{
+}
+
+std::unique_ptr<StatusItem> StatusNotifierBar::add(StatusItemLook const& look, std::shared_ptr<Menu> menu)
+{
+    if (!m_bus.isConnected())
+        return std::make_unique<StatusItem>();
+    auto item = std::make_unique<StatusNotifierItem>(m_bus, look, std::move(menu), m_presenter, m_performer);
+    item->onClicked = [this](QPoint pixel) { m_lastClick = pixel; };
+    return item;
+}
+
+} // namespace zv

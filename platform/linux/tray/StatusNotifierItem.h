@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/linux/menu/MenuPresenter.h"
+#include "platform/linux/tray/BusMenu.h"
+#include "platform/menubar/StatusBar.h"
+
+#include <QDBusServiceWatcher>
+#include <QDBusVirtualObject>
+#include <QPoint>
+
+#include <functional>
+#include <optional>
+
+namespace zv {
+
+/// Our icon in the panels that follow the StatusNotifier convention. It registers as soon
+/// as there is somebody to register with, and again whenever that one comes back.
+class StatusNotifierItem : public QDBusVirtualObject, public StatusItem {
+    Q_OBJECT
+public:
+    StatusNotifierItem(QDBusConnection bus, StatusItemLook look, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer);
+    ~StatusNotifierItem() override;
+
+    QString introspect(QString const& path) const override;
+    bool handleMessage(QDBusMessage const& message, QDBusConnection const& connection) override;
+
+    /// Told where the icon was clicked, in pixels.
+    std::function<void(QPoint)> onClicked;
+
+private:
+    [[nodiscard]] QVariantMap properties() const;
+    void registerWithWatcher();
+    [[nodiscard]] bool open(QDBusMessage const& message);
+
+    QDBusConnection m_bus;
+    StatusItemLook m_look;
+    std::shared_ptr<Menu> m_menu;
+    MenuPresenter& m_presenter;
+    BusMenu m_busMenu;
+    QString m_name;
+    QDBusServiceWatcher m_watcher;
+};
+
+/// The status icons of the session's panel. Without a session bus an item is kept, but
+/// shown by nobody.
+class StatusNotifierBar : public StatusBar {
+public:
+    StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer);
+    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override;
+    /// Where an icon was clicked last.
+    [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
+
+private:
+    QDBusConnection m_bus;
+    MenuPresenter& m_presenter;
+    MenuPerformer& m_performer;
+    std::optional<QPoint> m_lastClick;
+};
+
+} // namespace zv

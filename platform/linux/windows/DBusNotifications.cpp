@@ -1,0 +1,79 @@
+#include "platform/linux/windows/DBusNotifications.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QVariantMap>
+
+namespace zv {
+
+namespace {
+
+QString const service = QStringLiteral("org.freedesktop.Notifications");
+QString const path = QStringLiteral("/org/freedesktop/Notifications");
+
+QDBusMessage call(char const* method) { return QDBusMessage::createMethodCall(service, path, service, QLatin1StringView(method)); }
+
+} // namespace
+
+DBusNotifications::DBusNotifications(QDBusConnection connection)
+    : m_connection(std::move(connection))
+{
+    m_connection.connect(service, path, service, QStringLiteral("ActionInvoked"), this, SLOT(actionInvoked(uint, QString)));
+    m_connection.connect(service, path, service, QStringLiteral("NotificationClosed"), this, SLOT(notificationClosed(uint, uint)));
+}
+
+void DBusNotifications::requestAuthorization(std::function<void(bool)> done)
+{
+    auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(call("GetCapabilities")), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
+        watcher->deleteLater();
+        QDBusPendingReply<QStringList> const capabilities = *watcher;
+        // A notification that cannot be clicked would promise what it does not keep.
+        done(!capabilities.isError() && capabilities.value().contains(QStringLiteral("actions")));
+    });
+}
+
+void DBusNotifications::post(NotificationRequest const& request) { send(QString::fromStdString(request.identifier), request); }
+
+void DBusNotifications::send(QString const& identifier, NotificationRequest const& request)
+{
+    QVariantMap hints { { QStringLiteral("desktop-entry"), QStringLiteral("org.zanthevell.ZantheVell") } };
+    if (request.playsSound)
+        hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
+    auto message = call("Notify");
+    message << QStringLiteral("Zanthe Vell") << m_delivered.value(identifier, 0U) << QStringLiteral("org.zanthevell.ZantheVell")
+            << QString::fromStdString(request.title) << QString::fromStdString(request.body)
+            << QStringList { QStringLiteral("default"), QStringLiteral("Show") } << hints << -1;
+    auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, identifier] {
+        watcher->deleteLater();
+        QDBusPendingReply<uint> const reply = *watcher;
+        if (!reply.isError())
+            m_delivered.insert(identifier, reply.value());
+    });
+}
+
+void DBusNotifications::removeDelivered(std::string const& identifier)
+{
+    auto const id = m_delivered.take(QString::fromStdString(identifier));
+    if (id == 0)
+        return;
+    auto message = call("CloseNotification");
+    message << id;
+    m_connection.asyncCall(message);
+}
+
+void DBusNotifications::actionInvoked(uint id, QString const&)
+{
+    auto const identifier = m_delivered.key(id);
+    if (!identifier.isEmpty() && onActivated)
+        onActivated(identifier.toStdString());
+}
+
+void DBusNotifications::notificationClosed(uint id, uint)
+{
+    m_delivered.removeIf([id](auto const& entry) { return entry.value() == id; });
+}
+
+} // namespace zv

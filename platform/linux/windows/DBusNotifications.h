@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/desk/UserNotifications.h"
+
+#include <QDBusConnection>
+#include <QHash>
+#include <QObject>
+
+namespace zv {
+
+/// Notifications through org.freedesktop.Notifications. There is no permission to ask for
+/// there: it is granted when a service answers that lets notifications be clicked.
+class DBusNotifications : public QObject, public UserNotifications {
+    Q_OBJECT
+public:
+    explicit DBusNotifications(QDBusConnection connection);
+
+    void requestAuthorization(std::function<void(bool)> done) override;
+    void post(NotificationRequest const& request) override;
+    void removeDelivered(std::string const& identifier) override;
+
+private Q_SLOTS:
+    void actionInvoked(uint id, QString const& action);
+    void notificationClosed(uint id, uint reason);
+
+private:
+    void send(QString const& identifier, NotificationRequest const& request);
+
+    QDBusConnection m_connection;
+    QHash<QString, uint> m_delivered; ///< identifier to the service's number
+};
+
+} // namespace zv

@@ -1,0 +1,102 @@
+#include "platform/linux/windows/LinuxApplication.h"
+
+#include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/menu/MenuStyle.h"
+#include "platform/linux/menu/MenuWindow.h"
+
+#include <QLocale>
+#include <QSessionManager>
+#include <QWidget>
+
+namespace zv {
+
+namespace {
+
+bool isOrdinaryWindow(QWidget const& widget)
+{
+    auto const type = widget.windowType();
+    return type == Qt::Window || type == Qt::Dialog;
+}
+
+bool changesWindows(QEvent::Type type) { return type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange || type == QEvent::Close; }
+
+/// The toolkit closes menus when the program stops being the active one. It learns of that a
+/// while after a menu gave the keyboard back, when the next menu may just have opened. An open
+/// menu has the keyboard for itself, so there is nothing to close it for.
+bool isMenuOpen() { return qobject_cast<MenuWindow const*>(QApplication::activePopupWidget()); }
+
+} // namespace
+
+LinuxApplication::LinuxApplication(int& count, char** arguments)
+    : QApplication(count, arguments)
+{
+    setApplicationName(QStringLiteral("zanthe-vell"));
+    setApplicationVersion(QStringLiteral(ZV_VERSION));
+    setDesktopFileName(QStringLiteral("org.zanthevell.ZantheVell"));
+    setQuitOnLastWindowClosed(false);
+    setWindowIcon(laurelApplicationIcon());
+    setStyle(new MenuStyle);
+    setLayoutDirection(QLocale::system().textDirection());
+    // What starts at login is chosen in the settings alone: started by its session too, it would be a second start, which opens them.
+    connect(this, &QGuiApplication::saveStateRequest, this, [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
+}
+
+void LinuxApplication::activate()
+{
+    for (auto* widget : topLevelWidgets()) {
+        if (isOrdinaryWindow(*widget) && widget->isVisible()) {
+            widget->raise();
+            widget->activateWindow();
+        }
+    }
+}
+
+void LinuxApplication::terminate()
+{
+    m_isTerminating = true;
+    // Not quit(): that one asks the open windows, and none of ours has anything to keep.
+    exit(0);
+}
+
+bool LinuxApplication::isActive() const
+{
+    // The toolkit's own state stays active when our last window closes and nobody else's takes over.
+    auto const* window = activeWindow();
+    return window && window->isVisible();
+}
+
+std::vector<WindowState> LinuxApplication::windows() const
+{
+    std::vector<WindowState> states;
+    for (auto const* widget : topLevelWidgets()) {
+        if (isOrdinaryWindow(*widget))
+            states.push_back(
+                { !widget->windowFlags().testFlag(Qt::FramelessWindowHint), widget->isVisible() && !widget->isMinimized(), widget->isMinimized() });
+    }
+    return states;
+}
+
+bool LinuxApplication::event(QEvent* event)
+{
+    // The session ends. The toolkit would ask the windows first, and before the loop runs forget about it.
+    if (event->type() == QEvent::Quit) {
+        terminate();
+        return true;
+    }
+    return QApplication::event(event);
+}
+
+bool LinuxApplication::notify(QObject* receiver, QEvent* event)
+{
+    auto const type = event->type(); // the event may be gone afterwards
+    if (type == QEvent::ApplicationDeactivate && isMenuOpen())
+        return true;
+    auto const* widget = changesWindows(type) && receiver->isWidgetType() ? static_cast<QWidget const*>(receiver) : nullptr;
+    bool const tells = widget && widget->isWindow() && isOrdinaryWindow(*widget);
+    bool const handled = QApplication::notify(receiver, event);
+    if (tells && onWindowsChanged)
+        onWindowsChanged();
+    return handled;
+}
+
+} // namespace zv

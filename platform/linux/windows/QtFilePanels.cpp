@@ -1,0 +1,44 @@
+#include "platform/linux/windows/QtFilePanels.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+
+namespace zv {
+
+namespace {
+
+Url urlOf(QString const& path) { return Url::fromPath(QFile::encodeName(path).toStdString()); }
+
+/// A link is what the user chose, not what it leads to.
+QFileDialog::Options const options = QFileDialog::DontResolveSymlinks;
+
+} // namespace
+
+std::vector<Url> QtFilePanels::chooseToOpen(std::string const& title, FilePanelKind kind)
+{
+    auto const caption = QString::fromStdString(title);
+    auto* parent = QApplication::activeWindow();
+    QStringList paths;
+    if (kind == FilePanelKind::folder)
+        paths << QFileDialog::getExistingDirectory(parent, caption, QDir::homePath(), options | QFileDialog::ShowDirsOnly);
+    else if (kind == FilePanelKind::menuDocument)
+        paths << QFileDialog::getOpenFileName(parent, caption, QDir::homePath(), QStringLiteral("Menus (*.plist);;All files (*)"), nullptr, options);
+    else
+        paths = QFileDialog::getOpenFileNames(parent, caption, QDir::homePath(), QString(), nullptr, options);
+    std::vector<Url> chosen;
+    for (auto const& path : paths) {
+        if (!path.isEmpty())
+            chosen.push_back(urlOf(path));
+    }
+    return chosen;
+}
+
+std::optional<Url> QtFilePanels::chooseToSave(std::string const& title, std::string const& suggestedName)
+{
+    auto const suggested = QDir::home().filePath(QString::fromStdString(suggestedName));
+    auto const path = QFileDialog::getSaveFileName(QApplication::activeWindow(), QString::fromStdString(title), suggested);
+    return path.isEmpty() ? std::nullopt : std::optional(urlOf(path));
+}
+
+} // namespace zv

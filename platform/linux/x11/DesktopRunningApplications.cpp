@@ -1,0 +1,134 @@
+#include "platform/linux/x11/DesktopRunningApplications.h"
+
+#include "base/MainThread.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QGuiApplication>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+constexpr int unitListTimeout = 2000;
+
+/// The names of an answer of type a(ssssssouso); what is of another type has none.
+std::vector<std::string> unitNamesIn(QDBusMessage const& answer)
+{
+    std::vector<std::string> names;
+    auto const values = answer.arguments();
+    if (answer.type() != QDBusMessage::ReplyMessage || values.isEmpty() || !values.first().canConvert<QDBusArgument>())
+        return names;
+    auto const list = values.first().value<QDBusArgument>();
+    if (list.currentSignature() != QStringLiteral("a(ssssssouso)"))
+        return names;
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString name;
+        list.beginStructure();
+        list >> name;
+        list.endStructure();
+        names.push_back(name.toStdString());
+    }
+    list.endArray();
+    return names;
+}
+
+QDBusMessage unitListCall()
+{
+    auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.systemd1"), QStringLiteral("/org/freedesktop/systemd1"),
+        QStringLiteral("org.freedesktop.systemd1.Manager"), QStringLiteral("ListUnitsByPatterns"));
+    call.setArguments({ QStringList { QStringLiteral("active") }, QStringList { QStringLiteral("app-*.scope"), QStringLiteral("app-*.service") } });
+    call.setAutoStartService(false);
+    return call;
+}
+
+/// The bus brings the application to the front, or starts it.
+void activateOverBus(QDBusConnection const& bus, ApplicationEntry const& entry)
+{
+    auto const name = QString::fromStdString(entry.id.substr(0, entry.id.rfind('.')));
+    auto const path = QStringLiteral("/") + QString(name).replace(QLatin1Char('.'), QLatin1Char('/')).replace(QLatin1Char('-'), QLatin1Char('_'));
+    auto call = QDBusMessage::createMethodCall(name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+    call.setArguments({ QVariantMap {} });
+    bus.asyncCall(call);
+}
+
+} // namespace
+
+DesktopRunningApplications::DesktopRunningApplications(Services services, std::optional<X11ClientWindows> windows)
+    : m_services(std::move(services))
+    , m_windows(std::move(windows))
+{
+}
+
+void DesktopRunningApplications::list(std::function<void(List)> done)
+{
+    assertMainThread();
+    m_services.catalog.withIndex(m_lifetime.guard([this, done = std::move(done)](ApplicationCatalog::Index const& index) {
+        if (!m_windows)
+            return listUnits(index, done);
+        auto const windows = m_windows->list();
+        if (!windows)
+            return done(std::nullopt);
+        std::vector<RunningApplication> applications;
+        for (auto const& window : *windows)
+            applications.push_back(applicationOf(window, *index));
+        done(std::move(applications));
+    }));
+}
+
+void DesktopRunningApplications::listUnits(ApplicationCatalog::Index const& index, std::function<void(List)> done)
+{
+    // A call without a connection is never answered.
+    if (!m_services.sessionBus.isConnected())
+        return done(std::nullopt);
+    auto* const watcher = new QDBusPendingCallWatcher(m_services.sessionBus.asyncCall(unitListCall(), unitListTimeout));
+    auto const answered = [this, index, done = std::move(done)](QDBusMessage const& answer) {
+        if (answer.type() != QDBusMessage::ReplyMessage)
+            return done(std::nullopt);
+        done(applicationsOfUnits(unitNamesIn(answer), *index, m_services.desktops));
+    };
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, answered = m_lifetime.guard(answered)]() mutable {
+        watcher->deleteLater();
+        answered(watcher->reply());
+    });
+}
+
+void DesktopRunningApplications::activate(std::string const& id)
+{
+    assertMainThread();
+    m_services.catalog.withIndex(m_lifetime.guard([this, id](ApplicationCatalog::Index const& index) { activateIn(*index, id); }));
+}
+
+void DesktopRunningApplications::activateIn(ApplicationIndex const& index, std::string const& id)
+{
+    auto const windows = m_windows ? m_windows->list().value_or(std::vector<ClientWindow> {}) : std::vector<ClientWindow> {};
+    auto const topmost = std::find_if(windows.rbegin(), windows.rend(), [&](auto const& window) { return applicationOf(window, index).id == id; });
+    if (topmost != windows.rend())
+        return m_windows->activate(topmost->window);
+    auto const* entry = index.find(id);
+    if (!entry)
+        return;
+    if (entry->isDBusActivatable)
+        activateOverBus(m_services.sessionBus, *entry);
+    else if (m_services.launch)
+        m_services.launch(Url::fromPath(entry->path));
+}
+
+std::optional<X11ClientWindows> clientWindowsOfThisDisplay()
+{
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11 || !x11->connection() || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return std::nullopt;
+    auto const screens = xcb_setup_roots_iterator(xcb_get_setup(x11->connection()));
+    return X11ClientWindows(x11->connection(), screens.data->root);
+}
+
+} // namespace zv

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/Lifetime.h"
+#include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/x11/X11ClientWindows.h"
+#include "platform/lists/RunningApplications.h"
+
+#include <QDBusConnection>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// Running applications by their windows on X11; elsewhere by the units of the user's
+/// service manager. Main thread only.
+class DesktopRunningApplications : public RunningApplications {
+public:
+    struct Services {
+        ApplicationCatalog& catalog;
+        std::vector<std::string> desktops;
+        /// Starts the application of an entry; for one that has no window to bring to the front.
+        std::function<void(Url const&)> launch;
+        QDBusConnection sessionBus { QStringLiteral("none") };
+    };
+
+    /// `windows` is nothing where the desktop is not X11. The services outlive this.
+    DesktopRunningApplications(Services services, std::optional<X11ClientWindows> windows);
+
+    void list(std::function<void(List)> done) override;
+    void activate(std::string const& id) override;
+
+private:
+    void listUnits(ApplicationCatalog::Index const& index, std::function<void(List)> done);
+    void activateIn(ApplicationIndex const& index, std::string const& id);
+
+    Services m_services;
+    std::optional<X11ClientWindows> m_windows;
+    Lifetime m_lifetime;
+};
+
+/// Those of the X server that Qt uses; nothing when there is none, and in a Wayland session,
+/// where the X server knows of some of the windows only.
+[[nodiscard]] std::optional<X11ClientWindows> clientWindowsOfThisDisplay();
+
+} // namespace zv

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/linux/apps/WindowApplications.h"
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// The windows that the window manager lists. Main thread only.
+class X11ClientWindows {
+public:
+    /// The connection outlives this.
+    X11ClientWindows(xcb_connection_t* connection, xcb_window_t root);
+
+    /// The ordinary windows of other programs than ours, the topmost last; nothing when no
+    /// window manager tells. Two round trips, however many there are.
+    [[nodiscard]] std::optional<std::vector<ClientWindow>> list() const;
+    /// Asks the window manager to bring the window to the front, wherever it is.
+    void activate(xcb_window_t window) const;
+
+private:
+    enum Name { clientList, clientListStacking, activeWindow, windowType, windowState, skipTaskbar, pid, title, gtkApplicationId, utf8String, nameCount };
+    static constexpr int typeCount = 8;
+
+    [[nodiscard]] std::vector<xcb_window_t> managedWindows() const;
+    [[nodiscard]] bool isOrdinary(std::vector<xcb_atom_t> const& types, std::vector<xcb_atom_t> const& states) const;
+
+    xcb_connection_t* m_connection;
+    xcb_window_t m_root;
+    std::array<xcb_atom_t, nameCount> m_atoms {};
+    std::array<xcb_atom_t, typeCount> m_foreignTypes {}; ///< docks, desktops, menus …
+};
+
+} // namespace zv

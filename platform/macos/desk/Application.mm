@@ -1,0 +1,112 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/Observers.h"
+
+namespace zv {
+
+namespace {
+
+NSApplicationActivationPolicy toSystem(ActivationPolicy policy)
+{
+    return policy == ActivationPolicy::regular ? NSApplicationActivationPolicyRegular : NSApplicationActivationPolicyAccessory;
+}
+
+class MacApplication : public Application {
+public:
+    MacApplication()
+    {
+        void (^const changed)(NSNotification*) = ^(NSNotification*) {
+            if (onWindowsChanged)
+                onWindowsChanged();
+        };
+        m_observers.observe(NSWindowDidUpdateNotification, changed);
+        m_observers.observe(NSWindowWillCloseNotification, changed);
+    }
+
+    void activate() override
+    {
+        if (@available(macOS 14.0, *))
+            [NSApp activate];
+        else
+            [NSApp activateIgnoringOtherApps:YES];
+    }
+    void terminate() override { [NSApp terminate:nil]; }
+    bool isActive() const override { return [NSApp isActive]; }
+    bool isHidden() const override { return [NSApp isHidden]; }
+    ActivationPolicy activationPolicy() const override
+    {
+        return [NSApp activationPolicy] == NSApplicationActivationPolicyRegular ? ActivationPolicy::regular : ActivationPolicy::accessory;
+    }
+    void setActivationPolicy(ActivationPolicy policy) override
+    {
+        [NSApp setActivationPolicy:toSystem(policy)];
+        // A program that is in front already gets its menu bar only when it comes there again.
+        if (policy == ActivationPolicy::regular && isActive())
+            activate();
+    }
+
+    std::vector<WindowState> windows() const override
+    {
+        std::vector<WindowState> states;
+        for (NSWindow* window in [NSApp windows]) {
+            bool const isTitled = ([window styleMask] & NSWindowStyleMaskTitled) != 0;
+            states.push_back({ isTitled, [window isVisible] != NO, [window isMiniaturized] != NO });
+        }
+        return states;
+    }
+
+private:
+    Observers m_observers { [NSNotificationCenter defaultCenter] };
+};
+
+class MacModifierKeys : public ModifierKeys {
+public:
+    ModifierMask current() const override { return mask([NSEvent modifierFlags]); }
+    ModifierMask ofCurrentEvent() const override { return mask([[NSApp currentEvent] modifierFlags]); }
+
+private:
+    static ModifierMask mask(NSUInteger flags)
+    {
+        static_assert(static_cast<NSUInteger>(ModifierMask::shift) == 0x20000);
+        constexpr NSUInteger known = 0x20000 | 0x40000 | 0x80000 | 0x100000;
+        return static_cast<ModifierMask>(flags & known);
+    }
+};
+
+class MacAlerts : public Alerts {
+public:
+    std::size_t run(Alert const& alert) override
+    {
+        NSAlert* const panel = [[NSAlert alloc] init];
+        [panel setMessageText:toNSString(alert.message)];
+        [panel setInformativeText:toNSString(alert.informativeText)];
+        [panel setAlertStyle:alert.style == AlertStyle::warning ? NSAlertStyleWarning : NSAlertStyleInformational];
+        for (std::size_t i = 0; i < alert.buttons.size(); ++i) {
+            NSButton* const button = [panel addButtonWithTitle:toNSString(alert.buttons[i])];
+            if (alert.buttons.size() > 1 && i == alert.escapeButton)
+                [button setKeyEquivalent:@"\033"];
+        }
+        auto const answer = [panel runModal] - NSAlertFirstButtonReturn;
+        bool const isButton = answer >= 0 && static_cast<std::size_t>(answer) < alert.buttons.size();
+        return isButton ? static_cast<std::size_t>(answer) : alert.escapeButton;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Application> makeApplication()
+{
+    return std::make_unique<MacApplication>();
+}
+
+std::unique_ptr<ModifierKeys> makeModifierKeys()
+{
+    return std::make_unique<MacModifierKeys>();
+}
+
+std::unique_ptr<Alerts> makeAlerts()
+{
+    return std::make_unique<MacAlerts>();
+}
+
+} // namespace zv

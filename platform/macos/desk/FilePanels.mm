@@ -1,0 +1,48 @@
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+
+#import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
+
+namespace zv {
+
+namespace {
+
+class MacFilePanels : public FilePanels {
+public:
+    std::vector<Url> chooseToOpen(std::string const& title, FilePanelKind kind) override
+    {
+        NSOpenPanel* const panel = [NSOpenPanel openPanel];
+        bool const isDocument = kind == FilePanelKind::menuDocument;
+        [panel setTitle:toNSString(title)];
+        [panel setMessage:toNSString(title)]; // panels show no title of their own any more
+        [panel setCanChooseFiles:kind != FilePanelKind::folder];
+        [panel setCanChooseDirectories:!isDocument];
+        [panel setAllowsMultipleSelection:!isDocument];
+        [panel setResolvesAliases:isDocument];
+        if (isDocument)
+            [panel setAllowedContentTypes:[NSArray arrayWithObject:[UTType typeWithIdentifier:@"com.apple.property-list"]]];
+        if ([panel runModal] != NSModalResponseOK)
+            return {};
+        std::vector<Url> chosen;
+        for (NSURL* url in [panel URLs])
+            chosen.push_back(fromNSURL(url));
+        return chosen;
+    }
+
+    std::optional<Url> chooseToSave(std::string const& title, std::string const& suggestedName) override
+    {
+        NSSavePanel* const panel = [NSSavePanel savePanel];
+        [panel setTitle:toNSString(title)];
+        [panel setMessage:toNSString(title)];
+        [panel setNameFieldStringValue:toNSString(suggestedName)];
+        if ([panel runModal] != NSModalResponseOK)
+            return std::nullopt;
+        return fromNSURL([panel URL]);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<FilePanels> makeFilePanels() { return std::make_unique<MacFilePanels>(); }
+
+} // namespace zv

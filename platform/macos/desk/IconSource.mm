@@ -1,0 +1,84 @@
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/desk/Images.h"
+#import "platform/macos/files/LinkTargets.h"
+#import "platform/macos/session/SystemValues.h"
+
+#import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
+
+namespace zv {
+
+namespace {
+
+constexpr double iconSize = 16;
+
+/// Drawn at each use, so that it is sharp at every scale.
+ImageRef menuSized(NSImage* source, std::string name)
+{
+    if (!source)
+        return nullptr;
+    BOOL (^const draw)(NSRect) = ^BOOL(NSRect rect) {
+        [source drawInRect:rect fromRect:NSZeroRect operation:NSCompositingOperationSourceOver fraction:1];
+        return YES;
+    };
+    NSImage* const image = [NSImage imageWithSize:NSMakeSize(iconSize, iconSize) flipped:NO drawingHandler:draw];
+    return image ? std::make_shared<MacImage>(image, std::move(name)) : nullptr;
+}
+
+/// The older preference panes name their picture themselves.
+NSImage* iconOfPreferencePane(NSString* path)
+{
+    if (![[path pathExtension] isEqualToString:@"prefPane"])
+        return nil;
+    NSBundle* const pane = [NSBundle bundleWithPath:path];
+    id const file = [pane objectForInfoDictionaryKey:@"NSPrefPaneIconFile"];
+    NSString* const icon = [file isKindOfClass:[NSString class]] ? [pane pathForImageResource:file] : nil;
+    return icon ? [[NSImage alloc] initWithContentsOfFile:icon] : nil;
+}
+
+/// Nil when the system has no picture of this model.
+NSImage* iconOfModel()
+{
+    auto const model = systemText("hw.model");
+    if (model.empty())
+        return nil;
+    UTType* const type = [UTType typeWithTag:toNSString(model) tagClass:@"com.apple.device-model-code" conformingToType:nil];
+    return type && ![type isDynamic] ? [[NSWorkspace sharedWorkspace] iconForContentType:type] : nil;
+}
+
+/// By the name alone; what has no extension counts as a folder.
+NSImage* iconOfName(NSString* extension)
+{
+    UTType* const type = [extension length] == 0 ? UTTypeFolder : [UTType typeWithFilenameExtension:extension];
+    return [[NSWorkspace sharedWorkspace] iconForContentType:type ? type : UTTypeData];
+}
+
+class WorkspaceIcons : public IconSource {
+public:
+    ImageRef fileIcon(Url const& file) override
+    {
+        if (!file.isFile())
+            return nullptr;
+        if (leadsToRemoteVolume(file.path())) // which may not answer: it is not asked
+            return menuSized(iconOfName([toNSString(file.lastPathComponent()) pathExtension]), file.path());
+        NSString* const path = [toNSURL(file) path];
+        if (!path || ![[NSFileManager defaultManager] fileExistsAtPath:path])
+            return nullptr;
+        NSImage* const pane = iconOfPreferencePane(path);
+        return menuSized(pane ? pane : [[NSWorkspace sharedWorkspace] iconForFile:path], file.path());
+    }
+    ImageRef computerIcon() override
+    {
+        NSImage* const model = iconOfModel();
+        return menuSized(model ? model : [NSImage imageNamed:NSImageNameComputer], "computer");
+    }
+    ImageRef folderIcon() override { return menuSized([[NSWorkspace sharedWorkspace] iconForContentType:UTTypeFolder], "folder"); }
+    ImageRef networkIcon() override { return menuSized([NSImage imageNamed:NSImageNameNetwork], "network"); }
+    ImageRef applicationIcon() override { return menuSized([NSApp applicationIconImage], "application"); }
+};
+
+} // namespace
+
+std::unique_ptr<IconSource> makeIconSource() { return std::make_unique<WorkspaceIcons>(); }
+
+} // namespace zv

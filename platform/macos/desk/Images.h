@@ -1,0 +1,30 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+#include "platform/desk/Image.h"
+
+#include <utility>
+
+namespace zv {
+
+/// A picture of the system's, drawn anew for each screen's scale.
+class MacImage : public Image {
+public:
+    MacImage(NSImage* image, std::string name)
+        : m_image(image)
+        , m_name(std::move(name))
+    {
+    }
+    [[nodiscard]] NSImage* image() const { return m_image; }
+    [[nodiscard]] std::string name() const override { return m_name; }
+
+private:
+    NSImage* m_image;
+    std::string m_name;
+};
+
+/// Nil for none.
+inline NSImage* toNSImage(ImageRef const& image) { return image ? std::static_pointer_cast<MacImage const>(image)->image() : nil; }
+
+} // namespace zv

@@ -1,0 +1,117 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+
+namespace zv {
+
+namespace {
+
+constexpr double unlimited = 1e7; // what the system's own text views use
+
+class MacRichText : public RichText {
+public:
+    explicit MacRichText(NSAttributedString* text)
+        : m_text(text)
+    {
+    }
+    double height(double width) const override
+    {
+        NSStringDrawingOptions const options = NSStringDrawingUsesLineFragmentOrigin | NSStringDrawingUsesFontLeading;
+        return [m_text boundingRectWithSize:NSMakeSize(width, unlimited) options:options context:nil].size.height;
+    }
+    NSAttributedString* text() const { return m_text; }
+
+private:
+    NSAttributedString* m_text;
+};
+
+/// Made for white paper: black becomes the text colour of the day, which follows the
+/// appearance by itself. Other colours are mapped by the view.
+NSAttributedString* adapted(NSAttributedString* given)
+{
+    NSMutableAttributedString* const text = [given mutableCopy];
+    [text beginEditing];
+    [given enumerateAttribute:NSForegroundColorAttributeName
+                      inRange:NSMakeRange(0, [given length])
+                      options:0
+                   usingBlock:^(id color, NSRange range, BOOL*) {
+                       NSColor* const plain = [color colorUsingColorSpace:[NSColorSpace sRGBColorSpace]];
+                       bool const isBlack = !plain || ([plain redComponent] + [plain greenComponent] + [plain blueComponent]) < 0.05;
+                       if (isBlack)
+                           [text addAttribute:NSForegroundColorAttributeName value:[NSColor textColor] range:range];
+                   }];
+    [text endEditing];
+    return text;
+}
+
+NSTextView* textViewFor(NotesWindowLayout const& layout, NSAttributedString* text)
+{
+    NSTextView* const view = [[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, layout.width, layout.height)];
+    [view setEditable:NO];
+    [view setSelectable:YES];
+    [view setDrawsBackground:NO];
+    [view setTextContainerInset:NSMakeSize(layout.textInset, layout.textInset)];
+    [[view textContainer] setWidthTracksTextView:YES];
+    [view setVerticallyResizable:YES];
+    [view setHorizontallyResizable:NO];
+    [view setMaxSize:NSMakeSize(unlimited, unlimited)];
+    [view setAutoresizingMask:NSViewWidthSizable];
+    [view setUsesAdaptiveColorMappingForDarkAppearance:YES];
+    [view setLinkTextAttributes:[NSDictionary dictionaryWithObjectsAndKeys:[NSColor linkColor], NSForegroundColorAttributeName, [NSCursor pointingHandCursor],
+                                              NSCursorAttributeName, nil]];
+    if (text)
+        [[view textStorage] setAttributedString:text];
+    return view;
+}
+
+NSScrollView* scrollViewAround(NSTextView* view, NotesWindowLayout const& layout)
+{
+    NSScrollView* const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, layout.width, layout.height)];
+    [scroll setHasVerticalScroller:YES];
+    [scroll setHasHorizontalScroller:NO];
+    [scroll setAutohidesScrollers:YES];
+    [scroll setDrawsBackground:NO];
+    [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+    [scroll setDocumentView:view];
+    return scroll;
+}
+
+class MacNotesWindow : public NotesWindow {
+public:
+    MacNotesWindow(NotesWindowLayout const& layout, NSAttributedString* text)
+    {
+        NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
+        m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, layout.width, layout.height) styleMask:style backing:NSBackingStoreBuffered defer:NO];
+        [m_window setTitle:toNSString(layout.title)];
+        [m_window setContentView:scrollViewAround(textViewFor(layout, text), layout)];
+        [m_window setContentMinSize:NSMakeSize(layout.minimumWidth, layout.minimumHeight)];
+        [m_window setReleasedWhenClosed:NO];
+        [m_window center];
+    }
+    void bringToFront() override
+    {
+        [m_window makeKeyAndOrderFront:nil];
+        [m_window orderFrontRegardless]; // becoming active is a request, which the system may decline
+    }
+
+private:
+    NSWindow* m_window;
+};
+
+class MacNotesWindows : public NotesWindows {
+public:
+    std::shared_ptr<RichText> read(std::vector<std::byte> const& rtf) override
+    {
+        NSAttributedString* const text = [[NSAttributedString alloc] initWithRTF:toNSData(rtf) documentAttributes:nullptr];
+        return text ? std::make_shared<MacRichText>(adapted(text)) : nullptr;
+    }
+    std::unique_ptr<NotesWindow> make(NotesWindowLayout const& layout, std::shared_ptr<RichText> const& text) override
+    {
+        return std::make_unique<MacNotesWindow>(layout, text ? std::static_pointer_cast<MacRichText>(text)->text() : nil);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<NotesWindows> makeNotesWindows() { return std::make_unique<MacNotesWindows>(); }
+
+} // namespace zv

@@ -1,0 +1,82 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+
+#include <cerrno>
+#include <cstring>
+#include <stdio.h>
+#include <sys/stdio.h>
+
+namespace zv {
+
+namespace {
+
+/// A folder to write in before the file takes its name, on the same volume.
+NSURL* makeWorkshop(NSURL* place, NSError* __autoreleasing* error)
+{
+    return [[NSFileManager defaultManager] URLForDirectory:NSItemReplacementDirectory
+                                                  inDomain:NSUserDomainMask
+                                         appropriateForURL:[place URLByDeletingLastPathComponent]
+                                                    create:YES
+                                                     error:error];
+}
+
+/// The one file in the folder: some systems give an alias an extension of its own.
+NSString* productIn(NSURL* workshop)
+{
+    NSString* const name = [[[NSFileManager defaultManager] contentsOfDirectoryAtPath:[workshop path] error:nullptr] firstObject];
+    return name ? [[workshop path] stringByAppendingPathComponent:name] : nil;
+}
+
+/// Never replaces what has the name, even if that came a moment ago.
+std::optional<AliasFailure> giveName(NSString* product, Url const& place)
+{
+    auto const from = fromNSString(product);
+    auto const to = place.path();
+    if (renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
+        return std::nullopt;
+    if (errno != ENOTSUP)
+        return AliasFailure { errno == EEXIST, std::strerror(errno) };
+    NSError* error = nil; // a volume that cannot promise that: the next best
+    if ([[NSFileManager defaultManager] moveItemAtPath:product toPath:toNSString(to) error:&error])
+        return std::nullopt;
+    return AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) };
+}
+
+class MacAliasFiles : public AliasFiles {
+public:
+    MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) override
+    {
+        NSError* error = nil;
+        NSData* const data = [toNSURL(target) bookmarkDataWithOptions:NSURLBookmarkCreationSuitableForBookmarkFile
+                                       includingResourceValuesForKeys:nil
+                                                        relativeToURL:nil
+                                                                error:&error];
+        if (!data)
+            return AliasFailure { false, describe(error) };
+        NSURL* const workshop = makeWorkshop(toNSURL(place), &error);
+        if (!workshop)
+            return AliasFailure { false, describe(error) };
+        auto failure = write(data, workshop, place);
+        [[NSFileManager defaultManager] removeItemAtURL:workshop error:nullptr];
+        return failure;
+    }
+
+private:
+    static MaybeFailure<AliasFailure> write(NSData* data, NSURL* workshop, Url const& place)
+    {
+        NSError* error = nil;
+        if (![NSURL writeBookmarkData:data toURL:[workshop URLByAppendingPathComponent:@"alias"] options:0 error:&error])
+            return AliasFailure { false, describe(error) };
+        NSString* const product = productIn(workshop);
+        return product ? giveName(product, place) : AliasFailure { false, describe(nil) };
+    }
+};
+
+} // namespace
+
+std::unique_ptr<AliasFiles> makeAliasFiles()
+{
+    return std::make_unique<MacAliasFiles>();
+}
+
+} // namespace zv

@@ -1,0 +1,85 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+#import "platform/macos/files/LinkTargets.h"
+
+namespace zv {
+
+namespace {
+
+// What a listing asks of every child in the one pass.
+NSArray* prefetchedKeys()
+{
+    return [NSArray arrayWithObjects:NSURLIsDirectoryKey, NSURLIsPackageKey, NSURLIsHiddenKey, NSURLIsAliasFileKey, NSURLIsSymbolicLinkKey,
+                    NSURLLocalizedNameKey, nil];
+}
+
+bool flag(NSURL* url, NSString* key)
+{
+    NSNumber* value = nil;
+    return [url getResourceValue:&value forKey:key error:nullptr] && [value boolValue];
+}
+
+FolderReadFailure failureOf(NSError* error)
+{
+    switch ([error code]) {
+    case NSFileReadNoPermissionError:
+        return FolderReadFailure::notPermitted;
+    case NSFileReadNoSuchFileError:
+    case NSFileNoSuchFileError:
+        return FolderReadFailure::notFound;
+    default:
+        return FolderReadFailure::failed;
+    }
+}
+
+class MacFolderReader : public FolderReader {
+public:
+    Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override
+    {
+        NSFileManager* const files = [[NSFileManager alloc] init];
+        NSDirectoryEnumerationOptions const options = hiddenFiles == HiddenFiles::skipped ? NSDirectoryEnumerationSkipsHiddenFiles : 0;
+        NSURL* const place = targetOfLinks(toNSURL(folder)); // listing follows neither a link nor an alias
+        if (!place)
+            return Failure { FolderReadFailure::notFound };
+        NSError* error = nil;
+        NSArray* const children = [files contentsOfDirectoryAtURL:place includingPropertiesForKeys:prefetchedKeys() options:options error:&error];
+        if (!children)
+            return Failure { failureOf(error) };
+        FolderContents contents;
+        for (NSURL* child in children)
+            add(child, contents);
+        return contents;
+    }
+
+    bool isRemote(Url const& folder) const override { return leadsToRemoteVolume(folder.path()); }
+
+private:
+    static void add(NSURL* child, FolderContents& contents)
+    {
+        std::string const name = fromNSString([child lastPathComponent]);
+        NSString* localized = nil;
+        [child getResourceValue:&localized forKey:NSURLLocalizedNameKey error:nullptr];
+        bool const isLink = flag(child, NSURLIsSymbolicLinkKey) || flag(child, NSURLIsAliasFileKey);
+        auto const shown = localized ? fromNSString(localized) : std::string();
+        contents.add({ name, shown == name ? std::string_view() : std::string_view(shown), isLink ? traitsOfTarget(child) : traitsOf(child), isLink });
+    }
+
+    static FileTraits traitsOf(NSURL* url) { return { flag(url, NSURLIsDirectoryKey), flag(url, NSURLIsPackageKey) }; }
+
+    static FileTraits traitsOfTarget(NSURL* link)
+    {
+        if (leadsToRemoteVolume(fromNSString([link path])))
+            return { [[link pathExtension] length] == 0, false };
+        NSURL* const target = targetOfLinks(link);
+        return target ? traitsOf(target) : FileTraits {};
+    }
+};
+
+} // namespace
+
+std::shared_ptr<FolderReader const> makeFolderReader()
+{
+    return std::make_shared<MacFolderReader>();
+}
+
+} // namespace zv

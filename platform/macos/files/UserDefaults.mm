@@ -1,0 +1,170 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+
+#include "base/Lifetime.h"
+
+/// Hears of every change of the keys it watches, our own and those of other programs. What
+/// it calls may run on any thread.
+@interface ZVDefaultsObserver : NSObject {
+    NSUserDefaults* _defaults;
+    NSMutableSet* _keys;
+    std::function<void()> _changed;
+}
+- (instancetype)initWithDefaults:(NSUserDefaults*)defaults changed:(std::function<void()>)changed;
+- (void)watch:(NSString*)key;
+- (NSSet*)keys;
+- (void)stop;
+@end
+
+@implementation ZVDefaultsObserver
+- (instancetype)initWithDefaults:(NSUserDefaults*)defaults changed:(std::function<void()>)changed
+{
+    if (!(self = [super init]))
+        return nil;
+    _defaults = defaults;
+    _keys = [[NSMutableSet alloc] init];
+    _changed = std::move(changed);
+    return self;
+}
+- (void)watch:(NSString*)key
+{
+    [_keys addObject:key];
+    [_defaults addObserver:self forKeyPath:key options:NSKeyValueObservingOptionNew context:nullptr];
+}
+- (NSSet*)keys
+{
+    return _keys;
+}
+- (void)stop
+{
+    for (NSString* key in _keys)
+        [_defaults removeObserver:self forKeyPath:key];
+    [_keys removeAllObjects];
+}
+- (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
+{
+    _changed();
+}
+@end
+
+namespace zv {
+
+namespace {
+
+/// The application's own domain of the standard user defaults. The system keeps the file;
+/// a write that fails there is not told. Every key that was asked for is watched from then
+/// on, as the system tells of other programs' changes by key alone.
+class StandardUserDefaults : public UserDefaults {
+public:
+    StandardUserDefaults()
+        : m_defaults([NSUserDefaults standardUserDefaults])
+    {
+        // Copied to the thread that tells; what it does runs on the main thread, while this lives.
+        auto const compare = m_lifetime.guard([this] { tellWhatDiffers(); });
+        m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults
+                                                          changed:[compare] {
+                                                              performOnMain(compare);
+                                                          }];
+    }
+    ~StandardUserDefaults() override { [m_observer stop]; }
+
+    std::optional<PropertyList> object(std::string_view key) const override
+    {
+        NSString* const name = toNSString(key);
+        watch(name);
+        return fromFoundation([m_defaults objectForKey:name]);
+    }
+
+    std::optional<PropertyList> storedObject(std::string_view key) const override
+    {
+        NSString* const name = toNSString(key);
+        watch(name);
+        return fromFoundation([domain() objectForKey:name]);
+    }
+
+    MaybeFailure<> setObject(std::string_view key, PropertyList value) override
+    {
+        id const object = toFoundation(value);
+        if (!object)
+            return "a text is not UTF-8";
+        NSString* const name = toNSString(key);
+        [m_defaults setObject:object forKey:name];
+        note(name);
+        return std::nullopt;
+    }
+
+    MaybeFailure<> removeObject(std::string_view key) override
+    {
+        NSString* const name = toNSString(key);
+        [m_defaults removeObjectForKey:name];
+        note(name);
+        return std::nullopt;
+    }
+
+    void registerDefaults(PropertyListDictionary const& defaults) override
+    {
+        [m_defaults registerDefaults:toFoundation(defaults)];
+        for (NSString* key in [m_observer keys])
+            note(key);
+    }
+
+    std::vector<std::string> storedKeys() const override
+    {
+        std::vector<std::string> keys;
+        for (NSString* key in domain())
+            keys.push_back(fromNSString(key));
+        return keys;
+    }
+
+private:
+    NSDictionary* domain() const
+    {
+        NSString* const identifier = [[NSBundle mainBundle] bundleIdentifier];
+        return identifier ? [m_defaults persistentDomainForName:identifier] : [NSDictionary dictionary];
+    }
+
+    void watch(NSString* key) const
+    {
+        bool const isPath = [key rangeOfString:@"."].location != NSNotFound; // observing would take it apart
+        if (isPath || [[m_observer keys] containsObject:key])
+            return;
+        note(key);
+        [m_observer watch:key];
+    }
+
+    /// What was last read or written here: whatever differs later came from elsewhere.
+    void note(NSString* key) const { [m_known setObject:current(key) forKey:key]; }
+
+    id current(NSString* key) const
+    {
+        id const value = [m_defaults objectForKey:key];
+        return value ? value : [NSNull null];
+    }
+
+    void tellWhatDiffers()
+    {
+        std::vector<std::string> keys;
+        for (NSString* key in [m_observer keys]) {
+            if ([current(key) isEqual:[m_known objectForKey:key]])
+                continue;
+            note(key);
+            keys.push_back(fromNSString(key));
+        }
+        if (!keys.empty() && onExternalChange)
+            onExternalChange(keys);
+    }
+
+    NSUserDefaults* m_defaults;
+    ZVDefaultsObserver* m_observer = nil;
+    NSMutableDictionary* m_known = [[NSMutableDictionary alloc] init];
+    Lifetime m_lifetime;
+};
+
+} // namespace
+
+std::unique_ptr<UserDefaults> makeUserDefaults()
+{
+    return std::make_unique<StandardUserDefaults>();
+}
+
+} // namespace zv

@@ -1,0 +1,215 @@
+#import "platform/macos/menu/MenuMirror.h"
+
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/desk/Images.h"
+
+using zv::MenuEntry;
+
+/// What an item holds for as long as it lives: its action, and the mirror of its submenu.
+@interface ZVMenuItemKeeper : NSObject {
+    std::shared_ptr<zv::MenuActionTarget> _target;
+    std::shared_ptr<void> _kept;
+    ZVMenuMirror* _submenu;
+}
+- (instancetype)initWithEntry:(MenuEntry const&)entry submenu:(ZVMenuMirror*)submenu;
+- (void)invoke:(id)sender;
+@end
+
+@implementation ZVMenuItemKeeper
+- (instancetype)initWithEntry:(MenuEntry const&)entry submenu:(ZVMenuMirror*)submenu
+{
+    if (!(self = [super init]))
+        return nil;
+    _target = entry.target;
+    _kept = entry.representedObject;
+    _submenu = submenu;
+    return self;
+}
+- (void)invoke:(id)sender
+{
+    auto const target = _target; // what runs may take the menu down, and this with it
+    if (target)
+        target->invoke();
+}
+@end
+
+namespace {
+
+/// Whether items show their images is the item's own choice on some systems, and not yet
+/// known to every version of their headers.
+NSString* const imageVisibilityKey = @"preferredImageVisibility";
+constexpr int imageIsVisible = 1;
+
+NSFont* menuFont(bool italic)
+{
+    NSFont* const plain = [NSFont menuFontOfSize:0];
+    if (!italic)
+        return plain;
+    static NSFont* const slanted = [NSFont fontWithDescriptor:[[plain fontDescriptor] fontDescriptorWithSymbolicTraits:NSFontDescriptorTraitItalic]
+                                                         size:[plain pointSize]];
+    return slanted ? slanted : plain;
+}
+
+NSParagraphStyle* styleWithTab(double place)
+{
+    NSTextTab* const tab = [[NSTextTab alloc] initWithTextAlignment:NSTextAlignmentRight location:place options:[NSDictionary dictionary]];
+    NSMutableParagraphStyle* const style = [[NSParagraphStyle defaultParagraphStyle] mutableCopy];
+    [style setTabStops:[NSArray arrayWithObject:tab]];
+    return style;
+}
+
+NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
+{
+    NSMutableDictionary* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic) forKey:NSFontAttributeName];
+    NSString* text = zv::toNSString(title.text);
+    if (!title.hint.empty()) {
+        text = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
+        [attributes setObject:styleWithTab(title.hintTab) forKey:NSParagraphStyleAttributeName];
+    }
+    return [[NSAttributedString alloc] initWithString:text attributes:attributes];
+}
+
+void setImage(NSMenuItem* item, zv::ImageRef const& image)
+{
+    if (!image)
+        return;
+    [item setImage:zv::toNSImage(image)];
+    if ([item respondsToSelector:NSSelectorFromString(@"setPreferredImageVisibility:")])
+        [item setValue:[NSNumber numberWithInt:imageIsVisible] forKey:imageVisibilityKey];
+}
+
+void setTexts(NSMenuItem* item, MenuEntry const& entry)
+{
+    if (entry.attributedTitle)
+        [item setAttributedTitle:toAttributedString(*entry.attributedTitle)];
+    if (!entry.toolTip.empty())
+        [item setToolTip:zv::toNSString(entry.toolTip)];
+    if (!entry.identifier.empty())
+        [item setIdentifier:zv::toNSString(entry.identifier)];
+}
+
+NSMenuItem* toMenuItem(MenuEntry const& entry)
+{
+    if (entry.type == MenuEntry::Type::separator)
+        return (NSMenuItem*)[NSMenuItem separatorItem];
+    NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:zv::toNSString(entry.title) action:nil keyEquivalent:zv::toNSString(entry.keyEquivalent)];
+    [item setKeyEquivalentModifierMask:static_cast<NSEventModifierFlags>(entry.keyEquivalentModifierMask)];
+    setTexts(item, entry);
+    setImage(item, entry.image);
+    [item setState:entry.isMarked ? NSControlStateValueOn : NSControlStateValueOff];
+
+    ZVMenuMirror* const submenu = entry.submenu ? [[ZVMenuMirror alloc] initWithMenu:entry.submenu tracking:nullptr] : nil;
+    ZVMenuItemKeeper* const keeper = [[ZVMenuItemKeeper alloc] initWithEntry:entry submenu:submenu];
+    [item setRepresentedObject:keeper];
+    if (submenu)
+        [item setSubmenu:[submenu menu]];
+    if (entry.target) {
+        [item setTarget:keeper];
+        [item setAction:@selector(invoke:)];
+    }
+    [item setEnabled:entry.enabled ? YES : NO];
+    return item;
+}
+
+constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
+
+bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
+{
+    bool const isSame = [[item keyEquivalent] length] > 0 && [[item keyEquivalent] isEqualToString:typed];
+    return isSame && ([item keyEquivalentModifierMask] & shortcutModifiers) == modifiers && [item isEnabled] && [item action];
+}
+
+/// Also in submenus, but for those that fill themselves.
+NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
+{
+    NSString* const typed = [[event charactersByApplyingModifiers:0] lowercaseString];
+    NSUInteger const modifiers = [event modifierFlags] & shortcutModifiers;
+    for (NSMenuItem* item in [menu itemArray]) {
+        bool const isGroup = [item hasSubmenu] && ![[item submenu] delegate];
+        NSMenuItem* const within = isGroup ? itemWithShortcut([item submenu], event) : nil;
+        if (within || hasShortcut(item, typed, modifiers))
+            return within ? within : item;
+    }
+    return nil;
+}
+
+} // namespace
+
+@implementation ZVMenuMirror
+
+- (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking*)tracking
+{
+    if (!(self = [super init]))
+        return nil;
+    _mirrored = menu;
+    _tracking = tracking;
+    _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
+    [_menu setAutoenablesItems:menu->autoenablesItems ? YES : NO];
+    [self showEntries]; // of a menu that fills itself: what stands there until it does
+    if (!menu->delegate.expired() || tracking)
+        [_menu setDelegate:self];
+    return self;
+}
+
+- (void)dealloc
+{
+    [_menu setDelegate:nil];
+    if (_mirrored)
+        _mirrored->onRefilled = nullptr;
+#if !__has_feature(objc_arc)
+    [super dealloc];
+#endif
+}
+
+- (NSMenu*)menu
+{
+    return _menu;
+}
+
+- (void)showEntries
+{
+    [_menu removeAllItems];
+    for (auto const& entry : _mirrored->entries)
+        [_menu addItem:toMenuItem(entry)];
+}
+
+- (void)menuNeedsUpdate:(NSMenu*)menu
+{
+    _mirrored->needsUpdate();
+    [self showEntries];
+    __unsafe_unretained ZVMenuMirror* const mirror = self;
+    _mirrored->onRefilled = _lifetime.guard([mirror] { [mirror showEntries]; });
+}
+
+- (void)menuWillOpen:(NSMenu*)menu
+{
+    _isOpen = YES;
+    if (_tracking)
+        _tracking->isOpen = true;
+}
+
+- (void)menuDidClose:(NSMenu*)menu
+{
+    _isOpen = NO;
+    auto const mirrored = _mirrored; // what is told may let go of this
+    mirrored->onRefilled = nullptr;
+    if (_tracking) {
+        _tracking->isOpen = false;
+        _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
+    }
+    mirrored->didClose();
+}
+
+/// Shortcuts work while their menu is open. Left to itself the system would fill every menu
+/// that fills itself, at each key press, to look for them.
+- (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
+{
+    NSMenuItem* const item = _isOpen ? itemWithShortcut(menu, event) : nil;
+    if (!item)
+        return NO;
+    *target = [item target];
+    *action = [item action];
+    return YES;
+}
+
+@end

@@ -1,0 +1,73 @@
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/menu/MenuMirror.h"
+
+namespace zv {
+
+namespace {
+
+struct ShownItem {
+    NSStatusItem* item;
+};
+
+/// The bar does not keep the item: this does.
+class MacStatusItem : public StatusItem {
+public:
+    MacStatusItem(StatusItemLook const& look, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
+        : m_mirror([[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking])
+        , m_shown(std::make_shared<ShownItem>(ShownItem { [[NSStatusBar systemStatusBar] statusItemWithLength:NSSquareStatusItemLength] }))
+    {
+        show(look);
+        [m_shown->item setMenu:[m_mirror menu]];
+    }
+    ~MacStatusItem() override { [[NSStatusBar systemStatusBar] removeStatusItem:m_shown->item]; }
+
+    [[nodiscard]] std::shared_ptr<ShownItem> const& shown() const { return m_shown; }
+
+private:
+    void show(StatusItemLook const& look)
+    {
+        NSString* const description = toNSString(look.accessibilityDescription);
+        NSImage* const symbol = [NSImage imageWithSystemSymbolName:toNSString(look.symbol) accessibilityDescription:description];
+        [symbol setTemplate:YES];
+        if (symbol)
+            [[m_shown->item button] setImage:symbol];
+        else
+            [[m_shown->item button] setTitle:description];
+    }
+
+    ZVMenuMirror* m_mirror;
+    std::shared_ptr<ShownItem> m_shown;
+};
+
+class SystemStatusBar : public MacStatusBar {
+public:
+    explicit SystemStatusBar(MenuTracking& tracking)
+        : m_tracking(tracking)
+    {
+    }
+    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override
+    {
+        auto item = std::make_unique<MacStatusItem>(look, menu, m_tracking);
+        m_shown = item->shown();
+        return item;
+    }
+
+    bool openMenu() override
+    {
+        auto const shown = m_shown.lock();
+        if (shown)
+            [[shown->item button] performClick:nil];
+        return shown != nullptr;
+    }
+
+private:
+    MenuTracking& m_tracking;
+    std::weak_ptr<ShownItem> m_shown;
+};
+
+} // namespace
+
+std::unique_ptr<MacStatusBar> makeStatusBar(MenuTracking& tracking) { return std::make_unique<SystemStatusBar>(tracking); }
+
+} // namespace zv

@@ -1,0 +1,26 @@
+#import "platform/macos/program/ServicesProvider.h"
+
+#import "platform/macos/cocoa/Conversions.h"
+
+@implementation ZVServicesProvider
+
+- (instancetype)initWithFunction:(std::function<zv::MaybeFailure<>(std::vector<zv::Url>)>)add
+{
+    if ((self = [super init]))
+        _add = std::move(add);
+    return self;
+}
+
+- (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error
+{
+    NSArray* const classes = [NSArray arrayWithObject:[NSURL class]];
+    NSDictionary* const options = [NSDictionary dictionaryWithObject:[NSNumber numberWithBool:YES] forKey:NSPasteboardURLReadingFileURLsOnlyKey];
+    std::vector<zv::Url> files;
+    for (NSURL* url in [pasteboard readObjectsForClasses:classes options:options])
+        files.push_back(zv::fromNSURL(url));
+    auto const failure = _add(std::move(files));
+    if (failure && error)
+        *error = zv::toNSString(*failure);
+}
+
+@end

@@ -1,0 +1,74 @@
+#import "platform/macos/cocoa/Conversions.h"
+#include "platform/macos/cocoa/Factories.h"
+
+#include "base/Log.h"
+
+namespace zv {
+
+namespace {
+
+class MacWorkspace : public Workspace {
+public:
+    void open(Url const& url) override
+    {
+        NSURL* const given = toNSURL(url);
+        if (!given || ![[NSWorkspace sharedWorkspace] openURL:given])
+            logLine("could not open " + url.toString());
+    }
+
+    void reveal(Url const& fileURL) override { [[NSWorkspace sharedWorkspace] activateFileViewerSelectingURLs:[NSArray arrayWithObject:toNSURL(fileURL)]]; }
+
+    std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override
+    {
+        NSURL* const found = [[NSWorkspace sharedWorkspace] URLForApplicationWithBundleIdentifier:toNSString(identifier)];
+        return found ? std::optional(fromNSURL(found)) : std::nullopt;
+    }
+
+    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override
+    {
+        NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
+        [configuration setCreatesNewApplicationInstance:YES];
+        // The handler comes on a queue of the system's choice.
+        [[NSWorkspace sharedWorkspace] openApplicationAtURL:toNSURL(application)
+                                              configuration:configuration
+                                          completionHandler:^(NSRunningApplication*, NSError* error) {
+                                              auto const failure = error ? std::optional(describe(error)) : std::nullopt;
+                                              performOnMain([done, failure] { done(failure); });
+                                          }];
+    }
+};
+
+class MacClipboard : public Clipboard {
+public:
+    void setText(std::string const& text) override
+    {
+        NSPasteboard* const pasteboard = [NSPasteboard generalPasteboard];
+        [pasteboard clearContents];
+        [pasteboard setString:toNSString(text) forType:NSPasteboardTypeString];
+    }
+};
+
+/// Every place has the same address on every Mac: the core opens it.
+class MacDesktopCommands : public DesktopCommands {
+public:
+    void open(SystemPlace, std::function<void(PlaceOutcome)> done) override { done(PlaceOutcome::hasFixedTarget); }
+};
+
+} // namespace
+
+std::unique_ptr<Workspace> makeWorkspace()
+{
+    return std::make_unique<MacWorkspace>();
+}
+
+std::unique_ptr<Clipboard> makeClipboard()
+{
+    return std::make_unique<MacClipboard>();
+}
+
+std::unique_ptr<DesktopCommands> makeDesktopCommands()
+{
+    return std::make_unique<MacDesktopCommands>();
+}
+
+} // namespace zv

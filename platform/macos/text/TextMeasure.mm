@@ -1,0 +1,20 @@
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+
+namespace zv {
+
+namespace {
+
+class MenuFontMeasure : public TextMeasure {
+public:
+    double menuFontWidth(std::string_view text) const override { return [toNSString(text) sizeWithAttributes:m_attributes].width; }
+
+private:
+    NSDictionary* m_attributes = [NSDictionary dictionaryWithObject:[NSFont menuFontOfSize:0] forKey:NSFontAttributeName];
+};
+
+} // namespace
+
+std::unique_ptr<TextMeasure> makeTextMeasure() { return std::make_unique<MenuFontMeasure>(); }
+
+} // namespace zv

@@ -1,0 +1,195 @@
+#import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/files/ProgramFolders.h"
+#import "platform/macos/updates/SparkleInterface.h"
+
+#include "base/Lifetime.h"
+
+namespace {
+
+NSString* const canCheckKey = @"canCheckForUpdates";
+NSString* const automaticKey = @"automaticallyChecksForUpdates";
+
+} // namespace
+
+/// Asked by the framework, under the names that it looks for.
+@interface ZVUpdateDelegate : NSObject {
+    zv::UpdateChannels* _channels;
+    zv::UpdateUserDriver* _driver;
+}
+- (instancetype)initWithChannels:(zv::UpdateChannels&)channels driver:(zv::UpdateUserDriver&)driver;
+@end
+
+@implementation ZVUpdateDelegate
+
+static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSString([update displayVersionString]) }; }
+
+- (instancetype)initWithChannels:(zv::UpdateChannels&)channels driver:(zv::UpdateUserDriver&)driver
+{
+    if (!(self = [super init]))
+        return nil;
+    _channels = &channels;
+    _driver = &driver;
+    return self;
+}
+
+- (NSSet*)allowedChannelsForUpdater:(id)updater
+{
+    NSMutableSet* const channels = [NSMutableSet set];
+    for (auto const& channel : _channels->allowedChannels())
+        [channels addObject:zv::toNSString(channel)];
+    return channels;
+}
+
+- (BOOL)supportsGentleScheduledUpdateReminders
+{
+    return _driver->supportsGentleScheduledUpdateReminders() ? YES : NO;
+}
+- (BOOL)standardUserDriverShouldHandleShowingScheduledUpdate:(id<ZVAppcastItem>)update andInImmediateFocus:(BOOL)focus
+{
+    return _driver->shouldHandleShowingScheduledUpdate(itemOf(update), focus != NO) ? YES : NO;
+}
+- (void)standardUserDriverWillHandleShowingUpdate:(BOOL)shows forUpdate:(id<ZVAppcastItem>)update state:(id)state
+{
+    _driver->willHandleShowingUpdate(shows != NO, itemOf(update));
+}
+- (void)standardUserDriverDidReceiveUserAttentionForUpdate:(id<ZVAppcastItem>)update
+{
+    _driver->didReceiveUserAttention(itemOf(update));
+}
+- (void)standardUserDriverWillFinishUpdateSession
+{
+    _driver->willFinishUpdateSession();
+}
+
+@end
+
+/// Watches the two properties; what it calls runs on the main thread.
+@interface ZVUpdaterWatch : NSObject {
+    NSObject* _updater;
+    std::function<void()> _canCheck;
+    std::function<void()> _automatic;
+}
+- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic;
+- (void)begin;
+- (void)end;
+@end
+
+@implementation ZVUpdaterWatch
+
+- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic
+{
+    if (!(self = [super init]))
+        return nil;
+    _updater = updater;
+    _canCheck = std::move(canCheck);
+    _automatic = std::move(automatic);
+    return self;
+}
+
+- (void)begin
+{
+    [_updater addObserver:self forKeyPath:canCheckKey options:NSKeyValueObservingOptionInitial | NSKeyValueObservingOptionNew context:nullptr];
+    [_updater addObserver:self forKeyPath:automaticKey options:NSKeyValueObservingOptionNew context:nullptr];
+}
+
+- (void)end
+{
+    [_updater removeObserver:self forKeyPath:canCheckKey];
+    [_updater removeObserver:self forKeyPath:automaticKey];
+}
+
+- (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
+{
+    zv::performOnMain([path isEqualToString:canCheckKey] ? _canCheck : _automatic);
+}
+
+@end
+
+namespace zv {
+
+namespace {
+
+class SparkleEngine : public UpdateEngine {
+public:
+    SparkleEngine(Class controllerClass, UpdateChannels& channels, UpdateUserDriver& driver)
+        : m_delegate([[ZVUpdateDelegate alloc] initWithChannels:channels driver:driver])
+        , m_controller([(id<ZVUpdaterController>)[controllerClass alloc] initWithStartingUpdater:NO updaterDelegate:m_delegate userDriverDelegate:m_delegate])
+        , m_updater([m_controller updater])
+    {
+        auto const canCheck = m_lifetime.guard([this] { tell(onCanCheckChanged); });
+        auto const automatic = m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); });
+        m_watch = [[ZVUpdaterWatch alloc] initWithUpdater:(NSObject*)m_updater canCheck:canCheck automatic:automatic];
+        [m_watch begin];
+    }
+    ~SparkleEngine() override { [m_watch end]; }
+
+    MaybeFailure<> start() override
+    {
+        NSError* __autoreleasing error = nil;
+        if ([m_updater startUpdater:&error])
+            return std::nullopt;
+        return describe(error);
+    }
+    void checkForUpdates() override { [m_updater checkForUpdates]; }
+    bool canCheckForUpdates() const override { return [m_updater canCheckForUpdates] != NO; }
+    bool automaticallyChecksForUpdates() const override { return [m_updater automaticallyChecksForUpdates] != NO; }
+    void setAutomaticallyChecksForUpdates(bool automatically) override { [m_updater setAutomaticallyChecksForUpdates:automatically ? YES : NO]; }
+    std::optional<WallTime> lastUpdateCheckDate() const override
+    {
+        NSDate* const date = [m_updater lastUpdateCheckDate];
+        if (!date)
+            return std::nullopt;
+        std::chrono::duration<double> const seconds([date timeIntervalSince1970]);
+        return WallTime(std::chrono::duration_cast<WallTime::duration>(seconds));
+    }
+
+private:
+    static void tell(std::function<void()> const& callback)
+    {
+        if (callback)
+            callback();
+    }
+
+    ZVUpdateDelegate* m_delegate;
+    id<ZVUpdaterController> m_controller;
+    id<ZVUpdater> m_updater;
+    ZVUpdaterWatch* m_watch = nil;
+    Lifetime m_lifetime;
+};
+
+/// Stands where the program was built without the framework: all of it but updates works.
+class NoUpdateEngine : public UpdateEngine {
+public:
+    explicit NoUpdateEngine(std::string problem)
+        : m_problem(std::move(problem))
+    {
+    }
+    MaybeFailure<> start() override { return m_problem; }
+    void checkForUpdates() override { }
+    bool canCheckForUpdates() const override { return false; }
+    bool automaticallyChecksForUpdates() const override { return false; }
+    void setAutomaticallyChecksForUpdates(bool) override { }
+    std::optional<WallTime> lastUpdateCheckDate() const override { return std::nullopt; }
+
+private:
+    std::string m_problem;
+};
+
+Class controllerClass()
+{
+    NSString* const path = updateFramework();
+    NSBundle* const framework = path ? [NSBundle bundleWithPath:path] : nil;
+    return [framework load] ? NSClassFromString(@"SPUStandardUpdaterController") : Nil;
+}
+
+} // namespace
+
+std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateUserDriver& userDriver)
+{
+    if (Class const found = controllerClass())
+        return std::make_unique<SparkleEngine>(found, channels, userDriver);
+    return std::make_unique<NoUpdateEngine>("Sparkle.framework is not in the application, so there is nothing to update it with.");
+}
+
+} // namespace zv

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/desk/Geometry.h"
+
+#include <memory>
+
+namespace zv {
+
+class Menu;
+
+/// Shows a menu of ours at any place of the screen. Main thread only.
+class MenuHost {
+public:
+    virtual ~MenuHost() = default;
+    /// Asks the menu to fill itself, then pops it up with its top left corner at the point,
+    /// moved as far as it must be to stay on the screen that holds the point. Whether it
+    /// returns before the menu has closed is the front end's business.
+    virtual void popUp(std::shared_ptr<Menu> const& menu, Point at) = 0;
+};
+
+} // namespace zv

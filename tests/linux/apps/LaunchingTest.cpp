@@ -1,0 +1,137 @@
+#include "platform/linux/apps/Launching.h"
+
+#include "platform/linux/session/PosixToolRunner.h"
+#include "tests/linux/PrivateBus.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace zv {
+namespace {
+
+using tests::eventually;
+using tests::MockService;
+using tests::PrivateBus;
+using tests::TemporaryFolder;
+namespace fs = std::filesystem;
+
+/// An entry that writes what it was started with into the file "log".
+std::string entryText(std::string const& home, std::string const& more = {})
+{
+    return "[Desktop Entry]\nType=Application\nName=N\nExec=" + home + "/note started %u\n" + more;
+}
+
+/// The applications are the test's own: these run again in a process whose environment
+/// names nothing but its folder.
+struct LaunchingInside : testing::Test {
+    void SetUp() override
+    {
+        if (!std::getenv("ZV_TEST_HOME"))
+            GTEST_SKIP() << "runs within Launching.InAnEnvironmentOfItsOwn";
+    }
+    std::string home(std::string const& name) { return std::string(std::getenv("ZV_TEST_HOME")) + "/" + name; }
+    std::string write(std::string const& name, std::string const& text)
+    {
+        fs::create_directories(fs::path(home(name)).parent_path());
+        std::ofstream(home(name)) << text;
+        return home(name);
+    }
+    std::string writeEntry(std::string const& name) { return write(name, entryText(std::getenv("ZV_TEST_HOME"))); }
+    std::string logText()
+    {
+        std::string text;
+        eventually([&] {
+            std::stringstream all;
+            all << std::ifstream(home("log")).rdbuf();
+            text = all.str();
+            return text.ends_with('\n');
+        });
+        fs::remove(home("log"));
+        return text;
+    }
+    std::string open(std::string const& path) { return openUrl(Url::fromPath(path)).value_or(""); }
+};
+
+TEST_F(LaunchingInside, AnEntryIsStartedAndNeverShown)
+{
+    EXPECT_EQ(open(writeEntry("My App.desktop")), "");
+    EXPECT_EQ(logText(), "started\n");
+    EXPECT_NE(open(write("empty.desktop", "")), "");
+    EXPECT_NE(open(write("missing.desktop", "[Desktop Entry]\nType=Application\nName=N\nExec=/nowhere/program\n")), "");
+    EXPECT_NE(open(home("gone.desktop")), "");
+    EXPECT_FALSE(fs::exists(home("log")));
+}
+
+TEST_F(LaunchingInside, ALinkLeadsOnButNotForEver)
+{
+    auto const link = [](std::string const& target) { return "[Desktop Entry]\nType=Link\nName=L\nURL=" + target + "\n"; };
+    EXPECT_EQ(open(write("link.desktop", link(Url::fromPath(writeEntry("target.desktop")).toString()))), "");
+    EXPECT_EQ(logText(), "started\n");
+    EXPECT_EQ(open(write("loop.desktop", link(home("loop.desktop")))), "the links lead nowhere");
+}
+
+TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
+{
+    write("Tool.AppDir/AppRun", "#!/bin/sh\nexec " + home("note") + " folder\n");
+    fs::permissions(home("Tool.AppDir/AppRun"), fs::perms::owner_all);
+    EXPECT_EQ(open(home("Tool.AppDir")), "");
+    EXPECT_EQ(logText(), "folder\n");
+    EXPECT_EQ(launchApplication(Url::fromPath(home("Tool.AppDir"))), std::nullopt);
+    EXPECT_EQ(logText(), "folder\n");
+}
+
+TEST_F(LaunchingInside, AProgramsOwnFileIsLaunchedOnlyWhenThatIsAskedFor)
+{
+    auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
+    EXPECT_EQ(launchApplication(Url::fromPath(program)), "no application entry that can be started");
+    fs::permissions(program, fs::perms::owner_all);
+    EXPECT_EQ(launchApplication(Url::fromPath(program)), std::nullopt);
+    EXPECT_EQ(logText(), "file\n");
+}
+
+TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
+{
+    auto const document = write("a b.txt", "text");
+    EXPECT_EQ(open(document), "");
+    EXPECT_EQ(logText(), "started " + document + "\n");
+    EXPECT_EQ(openUrl(*Url::parse("x-zv://there?a=1&b=2")), std::nullopt);
+    EXPECT_EQ(logText(), "started x-zv://there?a=1&b=2\n");
+    EXPECT_NE(openUrl(*Url::parse("x-none://there")), std::nullopt) << "nobody handles it";
+    EXPECT_NE(open(home("gone.txt")), "") << "gone between listing and choosing";
+
+    EXPECT_EQ(revealFile(Url::fromPath(document), ""), std::nullopt) << "no file manager to ask: its folder opens";
+    EXPECT_EQ(logText(), std::string("started ") + std::getenv("ZV_TEST_HOME") + "\n");
+}
+
+TEST(Launching, InAnEnvironmentOfItsOwn)
+{
+    TemporaryFolder const folder;
+    auto const note = folder.write("note", "#!/bin/sh\nh=${0%/*}\necho \"$@\" > \"$h/log.new\" && mv \"$h/log.new\" \"$h/log\"\n");
+    fs::permissions(note, fs::perms::owner_all);
+    // There before the other process first looks: what appears later it learns of in its own time.
+    folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
+    folder.write("applications/mimeapps.list",
+        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");
+    PosixToolRunner runner;
+    auto const result = runner.run({ "/usr/bin/env",
+        { "-u", "DBUS_SESSION_BUS_ADDRESS", "-u", "DISPLAY", "HOME=" + folder.path(), "XDG_DATA_HOME=" + folder.path(),
+            "XDG_CONFIG_HOME=" + folder.path("none"), "XDG_DATA_DIRS=" + folder.path("none"), "XDG_CONFIG_DIRS=" + folder.path("none"),
+            "XDG_CURRENT_DESKTOP=", "ZV_TEST_HOME=" + folder.path(), fs::read_symlink("/proc/self/exe").string(), "--gtest_filter=LaunchingInside.*" },
+        ToolOutput::capturedWithErrors });
+    EXPECT_EQ(result.status, 0) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 5 tests"), std::string::npos) << result.output;
+}
+
+TEST(Launching, RevealsInTheFileManager)
+{
+    PrivateBus const bus;
+    MockService manager(bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1");
+    manager.method("ShowItems", "ass", "", "");
+    EXPECT_EQ(revealFile(Url::fromPath("/tmp/a \"b\".txt"), bus.address()), std::nullopt);
+    EXPECT_EQ(manager.calls(), std::vector<std::string> { "ShowItems ['file:///tmp/a%20%22b%22.txt'] ''" });
+}
+
+} // namespace
+} // namespace zv

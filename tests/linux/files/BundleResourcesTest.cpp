@@ -1,0 +1,101 @@
+#include "platform/linux/files/BundleResources.h"
+
+#include "platform/linux/posix/XdgDirectories.h"
+#include "tests/linux/TemporaryFolder.h"
+#include "tests/linux/TextFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace zv {
+namespace {
+
+using tests::TemporaryFolder;
+using tests::writeText;
+
+std::string textOf(std::optional<std::vector<std::byte>> const& bytes)
+{
+    return bytes ? std::string(reinterpret_cast<char const*>(bytes->data()), bytes->size()) : "nothing";
+}
+
+TEST(BundleResources, TakesAResourceFromTheFirstFolderThatHasIt)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directories(folder.path("build"));
+    std::filesystem::create_directories(folder.path("share"));
+    writeText(folder.path("share/Library.plist"), "installed");
+    writeText(folder.path("share/DockMenu.plist"), "installed");
+    writeText(folder.path("build/Library.plist"), "built");
+    BundleResources const resources({ folder.path("absent"), folder.path("build"), folder.path("share") });
+    EXPECT_EQ(textOf(resources.load("Library", "plist")), "built");
+    EXPECT_EQ(textOf(resources.load("DockMenu", "plist")), "installed");
+    EXPECT_EQ(textOf(resources.load("Begging", "rtf")), "nothing");
+}
+
+TEST(BundleResources, AFileMadeForThisSystemComesFirst)
+{
+    TemporaryFolder const folder;
+    std::filesystem::create_directories(folder.path("share"));
+    writeText(folder.path("Library.plist"), "everywhere");
+    writeText(folder.path("share/Library (Linux).plist"), "here");
+    EXPECT_EQ(textOf(BundleResources({ folder.path(), folder.path("share") }).load("Library", "plist")), "here");
+    EXPECT_EQ(textOf(BundleResources({ folder.path() }).load("Library", "plist")), "everywhere");
+}
+
+TEST(BundleResources, FindsWhatShipsWithTheProgramBesideIt)
+{
+    auto const folders = BundleResources::standardFolders();
+    ASSERT_EQ(folders.size(), 2u);
+    EXPECT_TRUE(std::filesystem::is_symlink(folders[0])) << folders[0];
+    EXPECT_TRUE(folders[1].ends_with("/share/zanthe-vell"));
+}
+
+TEST(BundleResources, TellsOfTheProgramAndTakesTheRestFromItsInformationFile)
+{
+    TemporaryFolder const folder;
+    BundleResources const bare({ folder.path() });
+    EXPECT_EQ(*bare.information().find("CFBundleIdentifier"), PropertyList("org.zanthevell.ZantheVell"));
+    EXPECT_EQ(*bare.information().find("CFBundleShortVersionString"), PropertyList(ZV_VERSION));
+    EXPECT_FALSE(bare.information().contains("SUFeedURL"));
+    writeText(
+        folder.path("Info.plist"), "<plist><dict><key>SUFeedURL</key><string>https://x/y</string><key>CFBundleName</key><string>Other</string></dict></plist>");
+    BundleResources const informed({ folder.path() });
+    EXPECT_EQ(*informed.information().find("SUFeedURL"), PropertyList("https://x/y"));
+    EXPECT_EQ(*informed.information().find("CFBundleName"), PropertyList("Other"));
+    EXPECT_TRUE(informed.information().contains("CFBundleIdentifier"));
+    writeText(folder.path("Info.plist"), "garbage");
+    EXPECT_EQ(BundleResources({ folder.path() }).information(), bare.information());
+}
+
+TEST(XdgDirectories, FollowTheConventions)
+{
+    std::map<std::string, std::string> variables { { "HOME", "/home/u/" } };
+    auto const read = [&] {
+        return XdgDirectories::from([&](char const* name) {
+            auto const found = variables.find(name);
+            return found == variables.end() ? nullptr : found->second.c_str();
+        });
+    };
+    auto const standard = read();
+    EXPECT_EQ(standard.home, "/home/u");
+    EXPECT_EQ(standard.config, "/home/u/.config");
+    EXPECT_EQ(standard.data, "/home/u/.local/share");
+    EXPECT_EQ(standard.runtime, "");
+    EXPECT_EQ(standard.dataDirs, (std::vector<std::string> { "/usr/local/share", "/usr/share" }));
+
+    variables = { { "HOME", "/home/u" }, { "XDG_CONFIG_HOME", "/conf/" }, { "XDG_DATA_HOME", "relative" }, { "XDG_CACHE_HOME", "" },
+        { "XDG_RUNTIME_DIR", "/run/user/1" }, { "XDG_DATA_DIRS", "/a:relative::/b/" } };
+    auto const set = read();
+    EXPECT_EQ(set.config, "/conf");
+    EXPECT_EQ(set.data, "/home/u/.local/share") << "a relative path counts as unset";
+    EXPECT_EQ(set.cache, "/home/u/.cache") << "an empty one, too";
+    EXPECT_EQ(set.runtime, "/run/user/1");
+    EXPECT_EQ(set.dataDirs, (std::vector<std::string> { "/a", "/b" }));
+
+    variables = { { "HOME", "relative" } };
+    EXPECT_TRUE(read().home.starts_with('/')) << "the account's home";
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,177 @@
+#include "platform/linux/icons/ThemeIcons.h"
+
+#include "platform/linux/icons/IconTheme.h"
+#include "platform/linux/icons/MenuImages.h"
+#include "tests/fakes/FakeTime.h"
+#include "tests/linux/TemporaryFolder.h"
+#include "tests/linux/toolkit/TestApplication.h"
+
+#include <QImage>
+#include <QPixmap>
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+QImage imageOf(ImageRef const& image) { return menuIconOf(image).pixmap(QSize(16, 16), 1.0).toImage().convertToFormat(QImage::Format_ARGB32); }
+
+int paintedPixels(QImage const& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += qAlpha(image.pixel(x, y)) > 0 ? 1 : 0;
+    }
+    return count;
+}
+
+/// A theme of its own in which every icon is of one colour.
+class ThemeIconsTest : public testing::Test {
+protected:
+    ThemeIconsTest()
+    {
+        ensureApplication();
+        m_previousTheme = QIcon::themeName();
+        m_previousPaths = QIcon::themeSearchPaths();
+        QIcon::setThemeSearchPaths({ QString::fromStdString(disk.path("themes")) });
+        QIcon::setThemeName(QStringLiteral("none"));
+    }
+    ~ThemeIconsTest() override
+    {
+        QIcon::setThemeSearchPaths(m_previousPaths);
+        QIcon::setThemeName(m_previousTheme);
+    }
+    void installTheme(std::vector<std::pair<std::string, QColor>> const& pictures, int size = 16)
+    {
+        static int number = 0; // Qt remembers what a theme of a name holds
+        auto const name = "test" + std::to_string(++number);
+        disk.write("themes/" + name + "/index.theme", "[Icon Theme]\nName=Test\nDirectories=all\n[all]\nSize=" + std::to_string(size) + "\nType=Fixed\n");
+        disk.makeFolder("themes/" + name + "/all");
+        for (auto const& [icon, color] : pictures) {
+            QImage image(size, size, QImage::Format_ARGB32);
+            image.fill(color);
+            image.save(QString::fromStdString(disk.path("themes/" + name + "/all/" + icon + ".png")));
+        }
+        QIcon::setThemeName(QString::fromStdString(name));
+    }
+    ImageRef fileIcon(std::string const& name) { return icons.fileIcon(Url::fromPath(disk.path(name))); }
+
+    tests::TemporaryFolder disk;
+    fakes::FakeTime time;
+    ThemeIcons icons { time, time };
+
+private:
+    QString m_previousTheme;
+    QStringList m_previousPaths;
+};
+
+TEST_F(ThemeIconsTest, AreThoseOfTheThemeInOneSize)
+{
+    installTheme({ { "folder", Qt::red }, { "text-x-generic", Qt::green } }, 48);
+    disk.makeFolder("sub");
+    disk.write("a.txt", "");
+    EXPECT_EQ(imageOf(fileIcon("sub")).pixelColor(8, 8), QColor(Qt::red));
+    EXPECT_EQ(imageOf(fileIcon("a.txt")).pixelColor(8, 8), QColor(Qt::green));
+    EXPECT_EQ(imageOf(fileIcon("sub")).size(), QSize(16, 16)) << "a large picture is made smaller";
+    EXPECT_EQ(fileIcon("sub")->name(), "folder");
+}
+
+TEST_F(ThemeIconsTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
+{
+    disk.makeFolder("sub");
+    disk.write("a.txt", "");
+    disk.write("bad.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=/no/such/picture.png\n");
+    disk.write("b.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=" + disk.write("broken.png", "no picture") + "\n");
+    for (auto const& image : { fileIcon("sub"), fileIcon("a.txt"), fileIcon("bad.desktop"), fileIcon("b.desktop"), fileIcon("missing"), icons.computerIcon(),
+             icons.folderIcon(), icons.networkIcon(), icons.applicationIcon(), icons.fileIcon(Url::fromPath("/System/Applications/System Settings.app")) }) {
+        ASSERT_TRUE(image);
+        auto const picture = imageOf(image);
+        EXPECT_EQ(picture.size(), QSize(16, 16)) << image->name();
+        EXPECT_GT(paintedPixels(picture), 30) << image->name();
+        EXPECT_LT(paintedPixels(picture), 250) << "a full square is no picture: " << image->name();
+    }
+    EXPECT_NE(imageOf(fileIcon("sub")), imageOf(fileIcon("a.txt")));
+    EXPECT_EQ(fileIcon("sub")->name(), "") << "nothing that another program would find";
+}
+
+TEST_F(ThemeIconsTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)
+{
+    installTheme({ { "folder", Qt::red } });
+    disk.makeFolder("one");
+    disk.makeFolder("two");
+    auto const one = fileIcon("one");
+    EXPECT_FALSE(isMenuIconReady(one));
+    (void)menuIconOf(one);
+    EXPECT_TRUE(isMenuIconReady(one));
+    EXPECT_TRUE(isMenuIconReady(fileIcon("one"))) << "in the next menu too";
+    EXPECT_FALSE(isMenuIconReady(fileIcon("two"))) << "nobody has looked at it yet";
+    QIcon::setThemeName(QStringLiteral("none"));
+    EXPECT_FALSE(isMenuIconReady(fileIcon("one"))) << "another theme, other pictures";
+}
+
+TEST_F(ThemeIconsTest, FollowAFileThatBecameAnotherOneByTheNextMenu)
+{
+    installTheme({ { "folder", Qt::red }, { "text-x-generic", Qt::green } });
+    disk.makeFolder("x.txt");
+    (void)menuIconOf(fileIcon("x.txt"));
+    std::filesystem::remove(disk.path("x.txt"));
+    disk.write("x.txt", "");
+    EXPECT_EQ(imageOf(fileIcon("x.txt")).pixelColor(8, 8), QColor(Qt::red)) << "drawn at once from what is known";
+    time.advance(std::chrono::seconds(1));
+    time.runTasks();
+    EXPECT_EQ(imageOf(fileIcon("x.txt")).pixelColor(8, 8), QColor(Qt::green));
+}
+
+TEST_F(ThemeIconsTest, MarkLinks)
+{
+    installTheme({ { "folder", Qt::red } });
+    disk.makeFolder("sub");
+    disk.link("link", disk.path("sub"));
+    auto const plain = imageOf(fileIcon("sub"));
+    auto const link = imageOf(fileIcon("link"));
+    EXPECT_NE(plain, link);
+    EXPECT_EQ(plain.copy(8, 0, 8, 8), link.copy(8, 0, 8, 8)) << "the mark takes one corner";
+}
+
+TEST_F(ThemeIconsTest, OutliveTheirSource)
+{
+    ImageRef image;
+    {
+        ThemeIcons shortLived(time, time);
+        image = shortLived.fileIcon(Url::fromPath(disk.makeFolder("sub")));
+        (void)menuIconOf(image);
+        (void)shortLived.fileIcon(Url::fromPath(disk.path("sub")));
+    }
+    time.advance(std::chrono::seconds(1));
+    time.runTasks();
+    EXPECT_GT(paintedPixels(imageOf(image)), 30);
+}
+
+std::string published(std::vector<std::pair<std::string, std::string>> const& texts)
+{
+    auto const number = [](std::uint32_t value) { return std::string { static_cast<char>(value), static_cast<char>(value >> 8), 0, 0 }; };
+    auto const padded = [](std::string text) { return text + std::string((4 - text.size() % 4) % 4, '\0'); };
+    std::string bytes = std::string(4, '\0') + number(1) + number(static_cast<std::uint32_t>(texts.size()) + 2);
+    auto const head = [&](char type, std::string const& name) { return std::string { type, 0, static_cast<char>(name.size()), 0 } + padded(name) + number(0); };
+    bytes += head(0, "Xft/DPI") + number(96) + head(2, "Color") + std::string(8, '\1');
+    for (auto const& [name, text] : texts)
+        bytes += head(1, name) + number(static_cast<std::uint32_t>(text.size())) + padded(text);
+    return bytes;
+}
+
+TEST(XSettings, AreReadAmongOthersAndNeverBeyondTheirEnd)
+{
+    auto const bytes = published({ { "Net/ThemeName", "Adwaita" }, { "Net/IconThemeName", "Papirus" } });
+    EXPECT_EQ(xSetting(bytes, "Net/IconThemeName"), "Papirus");
+    EXPECT_EQ(xSetting(bytes, "Xft/DPI"), "") << "no text";
+    EXPECT_EQ(xSetting(bytes, "Missing"), "");
+    for (std::size_t length = 0; length < bytes.size() - 1; ++length)
+        EXPECT_EQ(xSetting(std::string_view(bytes).substr(0, length), "Net/IconThemeName"), "") << length;
+    std::string huge = bytes;
+    huge[8] = huge[9] = huge[10] = '\xFF';
+    EXPECT_EQ(xSetting(huge, "Missing"), "");
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,422 @@
+#undef QT_NO_CAST_FROM_ASCII // plain literals keep the tables readable
+
+#include "platform/linux/menu/MenuWindow.h"
+
+#include "platform/linux/icons/ThemeImage.h"
+#include "platform/linux/menu/MenuStyle.h"
+#include "tests/linux/menu/FillingMenu.h"
+#include "tests/linux/toolkit/TestApplication.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QScreen>
+#include <QStyleOptionMenuItem>
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+QStringList titles(QMenu const& menu)
+{
+    QStringList all;
+    for (auto const* action : menu.actions()) {
+        if (action->isVisible())
+            all.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    }
+    return all;
+}
+
+struct SlowImage : ThemeImage {
+    std::string name() const override { return "slow"; }
+    bool isReady() const override { return false; }
+    QIcon icon() const override
+    {
+        ++fetched;
+        QPixmap pixmap(16, 16);
+        pixmap.fill(Qt::red);
+        return QIcon(pixmap);
+    }
+    mutable int fetched = 0;
+};
+
+struct ReadyImage : ThemeImage {
+    std::string name() const override { return "ready"; }
+    bool isReady() const override { return true; }
+    QIcon icon() const override { return kept.isNull() ? kept = QIcon(pixmap) : kept; }
+    QPixmap pixmap { 16, 16 };
+    mutable QIcon kept;
+};
+
+struct CountingStyle : MenuStyle {
+    void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const override
+    {
+        ++drawn;
+        MenuStyle::drawControl(element, option, painter, widget);
+    }
+    mutable int drawn = 0;
+};
+
+/// Tells what it has the style draw.
+struct SeenWindow : MenuWindow {
+    using MenuWindow::MenuWindow;
+    QString drawnText(int index)
+    {
+        QStyleOptionMenuItem option;
+        initStyleOption(&option, actions()[index]);
+        return option.text;
+    }
+    /// What is on screen.
+    QImage shown() { return screen()->grabWindow(winId()).toImage(); }
+};
+
+class MenuWindowTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ensureApplication();
+        style = new CountingStyle;
+        qApp->setStyle(style);
+        window = std::make_unique<SeenWindow>(nullptr);
+        window->onChosen = [](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
+    }
+    void open(std::vector<MenuEntry> entries)
+    {
+        top = FillingMenu::make(std::move(entries));
+        window->setMenu(top->menu);
+        window->popup({ 10, 10 });
+    }
+    void closeAndForget()
+    {
+        window->close();
+        window->forget();
+        top = nullptr;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Has it painted.
+    static void settle()
+    {
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+    }
+    /// How a window that never showed anything else shows the entries.
+    QImage drawnAnew(std::shared_ptr<Menu> const& menu)
+    {
+        SeenWindow fresh(nullptr);
+        auto const filling = FillingMenu::make(menu->entries);
+        fresh.setMenu(filling->menu);
+        fresh.popup({ 10, 10 });
+        settle();
+        return fresh.shown();
+    }
+    void press(int key, QString const& text = {}, Qt::KeyboardModifiers modifiers = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(QApplication::activePopupWidget() ? QApplication::activePopupWidget() : window.get(), &event);
+    }
+    void type(QString const& text)
+    {
+        for (auto const character : text)
+            press(0, QString(character));
+    }
+    QString current() { return window->activeAction() ? window->activeAction()->text() : QString(); }
+    std::function<void()> note(std::string const& what)
+    {
+        return [this, what] { done.push_back(what); };
+    }
+
+    std::shared_ptr<FillingMenu> top;
+    CountingStyle* style = nullptr;
+    std::unique_ptr<SeenWindow> window;
+    std::vector<std::string> done;
+};
+
+TEST_F(MenuWindowTest, MirrorsWhatTheMenuHoldsEachTimeItOpens)
+{
+    auto keys = leaf("Force Quit");
+    keys.keyEquivalent = "e";
+    keys.keyEquivalentModifierMask = ModifierMask::option | ModifierMask::command;
+    auto hint = leaf("Notes");
+    hint.attributedTitle = AttributedTitle { "Notes", true, "⌥⌘N", 100 };
+    auto gone = MenuEntry::disabled("Gone");
+    gone.toolTip = "<b>a file</b>";
+    open({ leaf("R&D"), MenuEntry::separator(), keys, hint, gone });
+    EXPECT_EQ(titles(*window), (QStringList { "R&&D", "-", "Force Quit", "Notes", "Gone" })) << "titles alone: assistive tools read them out";
+    EXPECT_EQ(window->drawnText(2), "Force Quit\tAlt+Super+E");
+    EXPECT_EQ(window->drawnText(3), "Notes\tAlt+Super+N");
+    auto const actions = window->actions();
+    EXPECT_TRUE(actions[3]->font().italic());
+    EXPECT_FALSE(actions[2]->font().italic());
+    EXPECT_FALSE(actions[4]->isEnabled());
+    EXPECT_EQ(actions[4]->toolTip(), "<qt>&lt;b&gt;a file&lt;/b&gt;") << "never taken for markup";
+    EXPECT_TRUE(actions[2]->shortcut().isEmpty()) << "no key works while the menu is closed";
+
+    window->close();
+    EXPECT_EQ(top->closings, 1);
+    top->next = { leaf("Other") };
+    window->popup({ 10, 10 });
+    EXPECT_EQ(titles(*window), QStringList { "Other" });
+    EXPECT_EQ(top->updates, 2);
+}
+
+TEST_F(MenuWindowTest, ASubmenuFillsWhenItOpensAndFollowsALaterFill)
+{
+    auto const sub = FillingMenu::make({ leaf("one") });
+    open({ branch("Folder", sub) });
+    EXPECT_EQ(sub->updates, 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    EXPECT_EQ(sub->updates, 1);
+    auto* submenu = window->actions()[0]->menu();
+    ASSERT_TRUE(submenu->isVisible());
+    EXPECT_EQ(titles(*submenu), QStringList { "one" });
+
+    sub->menu->entries.clear();
+    for (int i = 0; i < 2000; ++i)
+        sub->menu->entries.push_back(leaf("late " + std::to_string(i)));
+    sub->menu->didRefill();
+    EXPECT_TRUE(submenu->isVisible());
+    EXPECT_EQ(submenu->actions().size(), 2000);
+    EXPECT_LE(submenu->height(), window->screen()->geometry().height()) << "scrolls instead of growing off the screen";
+    window->close();
+    EXPECT_EQ(sub->closings, 1);
+    sub->menu->didRefill();
+    EXPECT_EQ(submenu->actions().size(), 2000) << "a closed menu follows nothing";
+}
+
+TEST_F(MenuWindowTest, ALateFillSelectsWhatAnEarlyOneWould)
+{
+    auto const sub = FillingMenu::make({ MenuEntry::disabled("Loading…") });
+    open({ branch("Folder", sub) });
+    auto const fillLater = [&](std::vector<MenuEntry> entries) {
+        sub->menu->entries = std::move(entries);
+        sub->menu->didRefill();
+    };
+    auto const selected = [&] {
+        auto const* action = window->actions()[0]->menu()->activeAction();
+        return action ? action->text() : QString();
+    };
+    press(Qt::Key_Down);
+    press(Qt::Key_Right);
+    EXPECT_EQ(selected(), "");
+    fillLater({ MenuEntry::disabled("none"), leaf("one"), branch("two", FillingMenu::make({})) });
+    EXPECT_EQ(selected(), "one") << "as a key opened it";
+    press(Qt::Key_Down);
+    fillLater({ leaf("zero"), leaf("one"), branch("two", FillingMenu::make({})), leaf("three") });
+    EXPECT_EQ(selected(), "two") << "what was selected stays so";
+
+    window->close();
+    window->popup({ 10, 10 });
+    window->setActiveAction(window->actions()[0]);
+    fillLater({ leaf("one") });
+    EXPECT_EQ(selected(), "") << "no key opened it";
+}
+
+TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
+{
+    open({ leaf("Über uns", note("about")), MenuEntry::separator(), leaf("Settings", note("settings")), leaf("Restart", note("restart")) });
+    type("UB");
+    EXPECT_EQ(titles(*window), (QStringList { "UB", "Über uns" })) << "what was typed stands above what is left";
+    EXPECT_EQ(current(), "Über uns");
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(titles(*window), (QStringList { "Über uns", "-", "Settings", "Restart" }));
+    type("st");
+    type("x");
+    EXPECT_EQ(titles(*window), QStringList { "stx" });
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(titles(*window), (QStringList { "st", "Restart" }));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(done, std::vector<std::string> { "restart" });
+
+    window->popup({ 10, 10 });
+    EXPECT_EQ(titles(*window).size(), 4) << "the next opening starts afresh";
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MenuWindowTest, KeysMoveAmongWhatCanBeChosen)
+{
+    std::vector<MenuEntry> entries { MenuEntry::disabled("not this") };
+    for (int i = 0; i < 60; ++i)
+        entries.push_back(leaf(std::to_string(i)));
+    entries.push_back(MenuEntry::disabled("nor this"));
+    open(entries);
+    struct Row {
+        int key;
+        QString current;
+    };
+    Row const rows[] = {
+        { Qt::Key_Down, "0" },
+        { Qt::Key_End, "59" },
+        { Qt::Key_PageDown, "59" }, // stays at the end
+        { Qt::Key_Down, "0" }, // an arrow goes round
+        { Qt::Key_PageUp, "0" },
+        { Qt::Key_Up, "59" },
+        { Qt::Key_Home, "0" },
+    };
+    for (auto const& row : rows) {
+        press(row.key);
+        EXPECT_EQ(current(), row.current);
+    }
+    press(Qt::Key_PageDown);
+    EXPECT_GT(current().toInt(), 3);
+    EXPECT_LT(current().toInt(), 59);
+}
+
+TEST_F(MenuWindowTest, AKeyEquivalentWorksWhileTheMenuIsOpen)
+{
+    auto customize = leaf("Customize", note("customize"));
+    customize.keyEquivalent = ",";
+    customize.keyEquivalentModifierMask = ModifierMask::command;
+    auto off = leaf("Off", note("off"));
+    off.keyEquivalent = "o";
+    off.keyEquivalentModifierMask = ModifierMask::command;
+    off.enabled = false;
+    open({ customize, off });
+    press(Qt::Key_O, "o", Qt::MetaModifier);
+    press(Qt::Key_Comma, ",", Qt::ControlModifier);
+    EXPECT_TRUE(window->isVisible());
+    press(Qt::Key_Comma, ",", Qt::MetaModifier);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(done, std::vector<std::string> { "customize" });
+}
+
+TEST_F(MenuWindowTest, LateNewsOfTheLastMenusEndDoesNotCloseTheNext)
+{
+    open({ leaf("one") });
+    QEvent deactivated(QEvent::ApplicationDeactivate);
+    QApplication::sendEvent(qApp, &deactivated);
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(MenuWindowTest, AnEntryDeepDownIsChosenOnce)
+{
+    auto const inner = FillingMenu::make({ leaf("deep", note("deep")) });
+    auto const outer = FillingMenu::make({ branch("inner", inner) });
+    open({ branch("outer", outer) });
+    for (int const key : { Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return })
+        press(key);
+    EXPECT_EQ(done, std::vector<std::string> { "deep" });
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MenuWindowTest, PicturesThatAreNotAtHandComeAfterTheMenu)
+{
+    auto const image = std::make_shared<SlowImage>();
+    auto entry = leaf("Pictured");
+    entry.image = image;
+    open({ entry });
+    EXPECT_EQ(image->fetched, 0);
+    EXPECT_FALSE(window->actions()[0]->icon().isNull()) << "its place is kept";
+    for (QElapsedTimer timer; image->fetched == 0;) {
+        timer.isValid() ? void() : timer.start();
+        ASSERT_LT(timer.elapsed(), 5000);
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(window->actions()[0]->icon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
+}
+
+TEST_F(MenuWindowTest, ForgettingLetsGoOfAllThatEntriesHold)
+{
+    auto entry = leaf("Held");
+    entry.image = std::make_shared<SlowImage>();
+    std::weak_ptr<MenuActionTarget> const target = entry.target;
+    std::weak_ptr<Image const> const image = entry.image;
+    auto sub = FillingMenu::make({ leaf("one") });
+    std::weak_ptr<FillingMenu> const delegate = sub;
+    open({ std::move(entry), branch("Folder", std::exchange(sub, nullptr)) });
+    press(Qt::Key_End);
+    press(Qt::Key_Right);
+    ASSERT_TRUE(window->actions()[1]->menu()->isVisible());
+    closeAndForget();
+    EXPECT_TRUE(target.expired());
+    EXPECT_TRUE(image.expired());
+    EXPECT_TRUE(delegate.expired());
+
+    open(std::vector<MenuEntry>(2000, leaf("one of many")));
+    closeAndForget();
+    EXPECT_TRUE(window->actions().isEmpty()) << "not kept for the next time, as too many";
+}
+
+TEST_F(MenuWindowTest, AnUnchangedMenuIsShownAsItWasAndAnyChangeIsSeen)
+{
+    auto pictured = [](QColor const& color) {
+        auto image = std::make_shared<ReadyImage>();
+        image->pixmap.fill(color);
+        return image;
+    };
+    auto const red = pictured(Qt::red);
+    auto const blue = pictured(Qt::blue);
+    auto entries = [&](auto change) {
+        std::vector<MenuEntry> all { leaf("one", note("one")), leaf("two"), MenuEntry::separator(), branch("Folder", FillingMenu::make({ leaf("x") })) };
+        all[0].image = red;
+        change(all);
+        return all;
+    };
+    using Entries = std::vector<MenuEntry>;
+    struct Row {
+        char const* what;
+        std::function<void(Entries&)> change;
+        bool isDrawn;
+    };
+    Row const rows[] = {
+        { "as it was", [](Entries&) {}, false },
+        { "a title", [](Entries& all) { all[1].title = "other"; }, true },
+        { "the same again", [](Entries& all) { all[1].title = "other"; }, false },
+        { "one fewer, in other places", [](Entries& all) { all.erase(all.begin()); }, true },
+        { "one more", [](Entries&) {}, true },
+        { "a picture", [&](Entries& all) { all[0].image = blue; }, true },
+        { "a mark", [](Entries& all) { all[0].isMarked = true; }, true },
+        { "a disabled one", [](Entries& all) { all[0].enabled = false; }, true },
+        { "a shortcut", [](Entries& all) { all[0].keyEquivalent = "x"; }, true },
+        { "italics",
+            [](Entries& all) {
+                all[0].attributedTitle = AttributedTitle { "one", true, "", 0 };
+            },
+            true },
+        { "no folder", [](Entries& all) { all.pop_back(); }, true },
+        { "plain again", [](Entries&) {}, true },
+    };
+    open(entries([](Entries&) {}));
+    settle();
+    closeAndForget();
+    for (auto const& row : rows) {
+        auto const drawnBefore = style->drawn;
+        open(entries(row.change));
+        settle();
+        EXPECT_EQ(style->drawn != drawnBefore, row.isDrawn) << row.what;
+        auto const shown = window->shown();
+        EXPECT_EQ(shown, drawnAnew(top->menu)) << row.what;
+        closeAndForget();
+    }
+    auto const light = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black));
+    open(entries([](Entries&) {}));
+    settle();
+    EXPECT_EQ(window->shown(), drawnAnew(top->menu)) << "other colours";
+    QApplication::setPalette(light);
+    closeAndForget();
+
+    open(entries([](Entries&) {}));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(done, std::vector<std::string> { "one" }) << "what it does is of this opening";
+}
+
+TEST_F(MenuWindowTest, AVeryLongNameLosesItsMiddleNotTheMenuItsShape)
+{
+    auto const name = std::string(250, 'x') + ".mkv";
+    open({ leaf("Short & sweet"), leaf(name) });
+    EXPECT_LT(window->sizeHint().width(), 40 * window->fontMetrics().height());
+    EXPECT_LT(window->drawnText(1).size(), 200);
+    EXPECT_TRUE(window->drawnText(1).endsWith(".mkv"));
+    EXPECT_EQ(window->actions()[1]->text(), QString::fromStdString(name)) << "whole for those who hear it";
+    EXPECT_EQ(window->actions()[1]->toolTip(), QString::fromStdString(name));
+    EXPECT_EQ(window->drawnText(0), "Short && sweet");
+}
+
+} // namespace
+} // namespace zv

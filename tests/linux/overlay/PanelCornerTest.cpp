@@ -1,0 +1,140 @@
+#include "platform/linux/overlay/PanelCorner.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace zv {
+namespace {
+
+constexpr int kReach = 44;
+
+/// A panel painted column by column: a stretch of `length` columns each, blank or drawn.
+struct Stretch {
+    enum class Kind { blank, drawn };
+    Kind kind;
+    int length;
+};
+constexpr auto blank = Stretch::Kind::blank;
+constexpr auto drawn = Stretch::Kind::drawn;
+
+enum class Ground { plain, shaded, translucent };
+
+std::uint32_t groundAt(Ground ground, int y)
+{
+    switch (ground) {
+    case Ground::plain:
+        return 0xfff6f5f4;
+    case Ground::shaded:
+        return 0xff000000 | static_cast<std::uint32_t>(40 + 3 * y) * 0x010101;
+    case Ground::translucent:
+        return 0x80303030;
+    }
+    return 0;
+}
+
+/// Pictures and letters leave the four topmost and lowest rows free; the last row is the panel's border.
+PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::plain, int height = 27)
+{
+    PanelPixels panel { 200, height, {} };
+    for (int y = 0; y < height; ++y) {
+        std::vector<std::uint32_t> row(200, y == height - 1 ? 0xffb6b0a8 : groundAt(ground, y));
+        std::size_t x = 0;
+        for (auto const& run : runs) {
+            for (int i = 0; i < run.length; ++i, ++x) {
+                if (run.kind == drawn && y >= 4 && y < height - 4)
+                    row[x] = 0xffcc2020;
+            }
+        }
+        panel.pixels.insert(panel.pixels.end(), row.begin(), row.end());
+    }
+    return panel;
+}
+
+TEST(PanelCorner, FindsThePictureThatStandsFirst)
+{
+    struct Row {
+        std::vector<Stretch> runs;
+        int x, width, beside;
+        bool isCut;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { { blank, 3 }, { drawn, 14 }, { blank, 3 }, { drawn, 9 } }, 3, 14, 17, false, "an icon and its label" },
+        { { { blank, 3 }, { drawn, 6 }, { blank, 2 }, { drawn, 6 } }, 3, 14, 17, false, "a picture in two parts close together" },
+        { { { drawn, 20 }, { blank, 30 } }, 0, 20, 20, false, "one that begins at the very edge" },
+        { { { blank, 30 }, { drawn, 10 }, { blank, 10 } }, 30, 10, 40, false, "one at the far end of the reach" },
+        { { { blank, 4 }, { drawn, 30 }, { blank, 1 }, { drawn, 30 } }, 4, 30, 34, true, "a word is cut between two letters" },
+        { { { blank, 4 }, { drawn, 90 } }, 4, 40, 94, true, "what has no gap at all is cut at the reach" },
+    };
+    for (auto const& row : rows) {
+        for (auto const ground : { Ground::plain, Ground::shaded, Ground::translucent }) {
+            SCOPED_TRACE(std::string(row.why) + ", ground " + std::to_string(static_cast<int>(ground)));
+            auto const corner = findPanelCorner(panelOf(row.runs, ground), kReach);
+            ASSERT_TRUE(corner.picture);
+            EXPECT_EQ(*corner.picture, (XRect { row.x, 4, row.width, 19 }));
+            EXPECT_EQ(corner.backgroundColumn, row.beside);
+            EXPECT_EQ(corner.isCut, row.isCut);
+        }
+    }
+}
+
+TEST(PanelCorner, FindsNoneOnAnEmptyCornerOrInNothing)
+{
+    EXPECT_FALSE(findPanelCorner(panelOf({}), kReach).picture);
+    EXPECT_FALSE(findPanelCorner(panelOf({ { blank, 44 }, { drawn, 20 } }), kReach).picture) << "beyond the reach";
+    EXPECT_FALSE(findPanelCorner({}, kReach).picture);
+}
+
+TEST(PanelCorner, FindsBackgroundBesideWhatReachesFurtherThanThePicture)
+{
+    auto const onPanel = PanelCorner::Ground::panel;
+    auto const panel = panelOf({ { blank, 3 }, { drawn, 6 }, { blank, 4 }, { drawn, 7 }, { blank, 2 }, { drawn, 30 } });
+    EXPECT_EQ(backgroundColumnFrom(panel, 10, kReach, onPanel), 10);
+    EXPECT_EQ(backgroundColumnFrom(panel, 15, kReach, onPanel), 20) << "not within a letter";
+    EXPECT_EQ(backgroundColumnFrom({}, 15, kReach, onPanel), 0);
+}
+
+/// The button reaches from the left end to column 100; its frame has round corners.
+PanelPixels lit(PanelPixels panel)
+{
+    for (int y = 0; y < panel.height - 1; ++y) {
+        for (int x = 0; x <= 100; ++x) {
+            auto& pixel = panel.pixels[static_cast<std::size_t>(y * panel.width + x)];
+            int const fromEdge = std::min({ x, y, 100 - x, panel.height - 2 - y });
+            bool const isRoundedOff = std::min(x, 100 - x) + std::min(y, panel.height - 2 - y) < 3;
+            if (pixel == groundAt(Ground::plain, y))
+                pixel = isRoundedOff || fromEdge > 0 ? 0xfffafaf9 : 0xffcfcac4;
+            if (isRoundedOff && fromEdge > 0)
+                pixel = 0xffcfcac4;
+        }
+    }
+    return panel;
+}
+
+TEST(PanelCorner, FindsThePictureOnAButtonThatIsLitUp)
+{
+    std::vector<Stretch> runs { { blank, 3 }, { drawn, 14 }, { blank, 3 } };
+    for (int letter = 0; letter < 10; ++letter)
+        runs.insert(runs.end(), { { drawn, 2 }, { blank, 5 } });
+    auto const corner = findPanelCorner(lit(panelOf(runs)), kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 3, 4, 14, 19 }));
+    EXPECT_EQ(corner.backgroundColumn, 17) << "the button's own, which goes out with it";
+    EXPECT_FALSE(corner.isCut);
+    EXPECT_EQ(corner.ground, PanelCorner::Ground::litButton);
+}
+
+TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)
+{
+    PanelPixels panel { 10, 12, std::vector<std::uint32_t>(120, 0xff202020) };
+    panel.pixels[5 * 10 + 9] = 0xffffffff;
+    auto const corner = findPanelCorner(panel, kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 9, 5, 1, 1 }));
+    EXPECT_EQ(corner.backgroundColumn, 9);
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,279 @@
+#include "platform/linux/posix/FileDescriptor.h"
+#include "platform/linux/session/LinuxScriptRunner.h"
+#include "platform/linux/session/LinuxSessionEvents.h"
+#include "platform/linux/session/ScreenLock.h"
+#include "tests/linux/FakePrograms.h"
+#include "tests/linux/PrivateBus.h"
+
+#include <algorithm>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace zv {
+namespace {
+
+using namespace std::chrono_literals;
+using tests::FakePrograms;
+using tests::MockService;
+using tests::PrivateBus;
+using Calls = std::vector<std::string>;
+
+constexpr auto denied = "import dbus; raise dbus.exceptions.DBusException('No.', name='org.freedesktop.DBus.Error.AccessDenied')";
+constexpr auto broken = "import dbus; raise dbus.exceptions.DBusException('Oh.', name='org.example.Broken')";
+constexpr auto slow = "import time; time.sleep(1)";
+
+std::string textOf(SessionEventOutcome const& outcome)
+{
+    using State = SessionEventOutcome::State;
+    if (outcome.state == State::needsConfirmation)
+        return "needs confirmation";
+    return outcome.state == State::sent ? "sent" : std::to_string(outcome.status);
+}
+
+std::string textOf(ScriptOutcome const& outcome)
+{
+    using State = ScriptOutcome::State;
+    if (outcome.state == State::failed)
+        return "failed: " + outcome.errorMessage.value_or("-");
+    if (outcome.state == State::mustTellUser)
+        return "must tell";
+    return outcome.state == State::succeeded ? "done" : "no equivalent";
+}
+
+/// Everything that a session event can reach here is the test's own: two buses that
+/// nothing else listens on, and programs that are only written down.
+struct SessionServicesTest : testing::Test {
+    SessionServicesTest() { access.programs = programs; }
+    std::string send(char const* event, std::chrono::milliseconds timeout = 10s) { return textOf(LinuxSession(access).send(fourCharCode(event), timeout)); }
+    Calls started() { return std::exchange(programs->started, {}); }
+
+    std::shared_ptr<FakePrograms> programs = std::make_shared<FakePrograms>();
+    DesktopAccess access;
+};
+
+TEST_F(SessionServicesTest, WithoutAnyBusEveryEventFailsAtOnce)
+{
+    for (auto const* event : { "slep", "rest", "shut", "rlgo" }) {
+        EXPECT_EQ(send(event), "-600") << event;
+        access.buses = { "unix:path=/nowhere/bus", "no address" };
+    }
+    for (auto const* event : { "rrst", "rsdn", "logo" })
+        EXPECT_EQ(send(event), "needs confirmation") << event;
+    EXPECT_EQ(send("none"), "-1708");
+}
+
+TEST_F(SessionServicesTest, ABusWithoutTheServiceIsNoService)
+{
+    PrivateBus const bus;
+    access.buses.system = access.buses.session = bus.address();
+    access.desktop = Desktop::kde;
+    EXPECT_EQ(send("slep"), "-600");
+    EXPECT_EQ(send("rest"), "-600");
+    EXPECT_EQ(send("logo"), "needs confirmation");
+}
+
+/// A socket whose connections nobody ever answers.
+struct SilentSocket {
+    SilentSocket()
+    {
+        sockaddr_un address { AF_UNIX, {} };
+        std::ranges::copy(path, address.sun_path);
+        EXPECT_EQ(::bind(descriptor.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(descriptor.get(), 8), 0);
+    }
+    tests::TemporaryFolder folder;
+    std::string path = folder.path("socket");
+    FileDescriptor descriptor { ::socket(AF_UNIX, SOCK_STREAM, 0) };
+};
+
+TEST_F(SessionServicesTest, ABusThatHangsIsNoBusInTheEnd)
+{
+    SilentSocket const silent;
+    access.buses.system = access.buses.session = "unix:path=" + silent.path;
+    access.desktop = Desktop::kde;
+    EXPECT_EQ(send("slep", 100ms), "-600");
+    EXPECT_EQ(send("logo", 100ms), "needs confirmation");
+    EXPECT_EQ(textOf(lockScreen(access, 100ms)), "no equivalent");
+}
+
+struct LoginServiceTest : SessionServicesTest {
+    LoginServiceTest()
+    {
+        access.buses.system = bus.address();
+        for (auto const* check : { "CanSuspend", "CanReboot", "CanPowerOff" })
+            login.method(check, "", "s", "ret = 'yes'");
+        for (auto const* method : { "Suspend", "Reboot", "PowerOff" })
+            login.method(method, "b", "", "");
+        for (auto const* method : { "TerminateSession", "LockSession" })
+            login.method(method, "s", "", "");
+    }
+    PrivateBus bus;
+    MockService login { bus, "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
+};
+
+TEST_F(LoginServiceTest, TakesWhatNoDesktopTakes)
+{
+    struct Row {
+        char const* event;
+        Calls calls;
+    };
+    Row const rows[] = {
+        { "slep", { "CanSuspend", "Suspend true" } },
+        { "rest", { "CanReboot", "Reboot true" } },
+        { "shut", { "CanPowerOff", "PowerOff true" } },
+        { "rlgo", { "TerminateSession 'auto'" } },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.event);
+        EXPECT_EQ(send(row.event), "sent");
+        EXPECT_EQ(login.calls(), row.calls);
+    }
+    access.sessionId = "c7";
+    EXPECT_EQ(send("rlgo"), "sent");
+    EXPECT_EQ(login.calls(), Calls { "TerminateSession 'c7'" });
+    EXPECT_EQ(send("rrst"), "needs confirmation");
+    EXPECT_EQ(login.calls(), Calls {}) << "nothing is forced before the user was asked";
+}
+
+TEST_F(LoginServiceTest, ARefusalATimeoutAndAnErrorHaveTheirStatus)
+{
+    struct Row {
+        char const* check;
+        char const* call;
+        std::string outcome, why;
+        std::chrono::milliseconds timeout = 10s;
+    };
+    Row const rows[] = {
+        { "ret = 'no'", "", "-10004", "this user may not" },
+        { "ret = 'na'", "", "-10004", "this machine cannot" },
+        { "ret = 'challenge'", "", "sent", "after a password" },
+        { "ret = 'yes'", denied, "-10004", "denied" },
+        { "ret = 'challenge'", denied, "-10004", "the password was wrong" },
+        { "ret = 'yes'", broken, "-1708", "an error of its own" },
+        { broken, "", "-1708", "an error at the first question" },
+        { "ret = 'yes'", slow, "-1712", "too slow", 300ms },
+        { slow, "", "-1712", "too slow at the first question", 300ms },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        login.method("CanSuspend", "", "s", row.check);
+        login.method("Suspend", "b", "", row.call);
+        EXPECT_EQ(send("slep", row.timeout), row.outcome);
+        login.calls(); // waits until a slow one has ended
+    }
+    login.method("CanSuspend", "", "i", "ret = 3");
+    EXPECT_EQ(send("slep"), "-600") << "a reply that makes no sense is none";
+}
+
+TEST_F(SessionServicesTest, EachDesktopAsksInItsOwnWay)
+{
+    struct Row {
+        Desktop desktop;
+        char const* event;
+        std::string command;
+    };
+    Row const rows[] = {
+        { Desktop::gnome, "rrst", "gnome-session-quit --reboot" },
+        { Desktop::gnome, "rsdn", "gnome-session-quit --power-off" },
+        { Desktop::gnome, "logo", "gnome-session-quit --logout" },
+        { Desktop::gnome, "rlgo", "gnome-session-quit --logout --no-prompt" },
+        { Desktop::mate, "rrst", "mate-session-save --shutdown-dialog" },
+        { Desktop::mate, "logo", "mate-session-save --logout-dialog" },
+        { Desktop::cinnamon, "rsdn", "cinnamon-session-quit --power-off" },
+        { Desktop::lxqt, "rrst", "lxqt-leave" },
+        { Desktop::xfce, "logo", "xfce4-session-logout" },
+        { Desktop::xfce, "rest", "xfce4-session-logout --reboot" },
+        { Desktop::xfce, "shut", "xfce4-session-logout --halt" },
+        { Desktop::xfce, "rlgo", "xfce4-session-logout --logout" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.command);
+        access.desktop = row.desktop;
+        programs->installed = { row.command.substr(0, row.command.find(' ')) };
+        EXPECT_EQ(send(row.event), "sent");
+        EXPECT_EQ(started(), Calls { row.command });
+        programs->failing = programs->installed;
+        EXPECT_NE(send(row.event), "sent") << "one that fails at once did nothing";
+        programs->failing.clear();
+        started();
+    }
+    access.desktop = Desktop::other;
+    EXPECT_EQ(send("logo"), "needs confirmation");
+    EXPECT_EQ(started(), Calls {}) << "another desktop's question would end another session";
+}
+
+TEST_F(SessionServicesTest, PlasmaIsAskedOverItsBus)
+{
+    PrivateBus const bus;
+    access.buses.session = bus.address();
+    access.desktop = Desktop::kde;
+    {
+        MockService prompt(bus, "org.kde.LogoutPrompt", "/LogoutPrompt", "org.kde.LogoutPrompt");
+        for (auto const* method : { "promptReboot", "promptShutDown", "promptLogout" })
+            prompt.method(method, "", "", "");
+        for (auto const* event : { "rrst", "rsdn", "logo" })
+            EXPECT_EQ(send(event), "sent");
+        EXPECT_EQ(prompt.calls(), (Calls { "promptReboot", "promptShutDown", "promptLogout" }));
+    }
+    MockService shutdown(bus, "org.kde.Shutdown", "/Shutdown", "org.kde.Shutdown");
+    for (auto const* method : { "logoutAndReboot", "logoutAndShutdown", "logout" })
+        shutdown.method(method, "", "", "");
+    for (auto const* event : { "rest", "shut", "rlgo" })
+        EXPECT_EQ(send(event), "sent");
+    EXPECT_EQ(shutdown.calls(), (Calls { "logoutAndReboot", "logoutAndShutdown", "logout" }));
+    EXPECT_EQ(send("slep"), "-600") << "the desktop suspends nothing";
+}
+
+TEST_F(LoginServiceTest, ScreensAreLockedByWhoeverDoesThat)
+{
+    auto const lock = [&] { return textOf(lockScreen(access, 10s)); };
+    EXPECT_EQ(lock(), "done");
+    EXPECT_EQ(login.calls(), Calls { "LockSession 'auto'" });
+
+    login.method("LockSession", "s", "", denied);
+    EXPECT_EQ(lock(), "failed: No.");
+    programs->installed = { "loginctl", "xflock4" };
+    EXPECT_EQ(lock(), "done");
+    EXPECT_EQ(started(), Calls { "xflock4" });
+
+    login.calls();
+    access.buses.session = bus.address();
+    MockService saver(bus, "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver");
+    saver.method("Lock", "", "", "");
+    EXPECT_EQ(lock(), "done");
+    EXPECT_EQ(saver.calls(), Calls { "Lock" });
+    EXPECT_EQ(login.calls(), Calls {}) << "once is enough";
+    saver.method("Lock", "", "", broken);
+    EXPECT_EQ(lock(), "done");
+    EXPECT_EQ(started(), Calls { "xflock4" }) << "a saver that cannot is passed over";
+    login.method("LockSession", "s", "", "");
+    login.calls();
+    saver.method("Lock", "", "", slow);
+    EXPECT_EQ(textOf(lockScreen(access, 300ms)), "done");
+    EXPECT_EQ(login.calls(), Calls { "LockSession 'auto'" }) << "nor does one that hangs leave the screen open";
+}
+
+TEST_F(SessionServicesTest, NobodyToLockIsNoEquivalent) { EXPECT_EQ(textOf(lockScreen(access, 10s)), "no equivalent"); }
+
+TEST_F(SessionServicesTest, ForceQuitOpensTheTaskManagerElseTellsFirst)
+{
+    auto const run = [&](bool userWasTold) { return textOf(LinuxScriptRunner::perform({ ScriptPurpose::forceQuit, "", userWasTold }, access, {})); };
+    access.desktop = Desktop::xfce;
+    EXPECT_EQ(run(false), "no equivalent");
+    programs->installed = { "xkill", "gnome-system-monitor" };
+    EXPECT_EQ(run(false), "must tell");
+    EXPECT_EQ(started(), Calls {});
+    EXPECT_EQ(run(true), "done");
+    EXPECT_EQ(started(), Calls { "xkill" });
+    programs->installed.insert("xfce4-taskmanager");
+    EXPECT_EQ(run(false), "done");
+    EXPECT_EQ(started(), Calls { "xfce4-taskmanager" });
+    access.desktop = Desktop::other;
+    programs->installed = { "xkill", "gnome-system-monitor" };
+    EXPECT_EQ(run(false), "done") << "what is installed decides where the desktop is not known";
+    EXPECT_EQ(started(), Calls { "gnome-system-monitor" });
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,106 @@
+#include "platform/linux/updates/QtDownloads.h"
+
+#include "tests/linux/updates/LoopbackServer.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace zv {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using tests::LoopbackServer;
+using tests::turnUntil;
+
+struct QtDownloadsTest : testing::Test {
+    QtDownloadsTest()
+    {
+        server.answers = {
+            { "/good", { .body = "hello" } },
+            { "/circle", { .head = "302 Found\r\nLocation: /circle" } },
+            { "/elsewhere", { .head = "302 Found\r\nLocation: file:///etc/hostname" } },
+            { "/large", { .body = QByteArray(20'000'000, 'x') } },
+            { "/cut", { .head = "200 OK\r\nContent-Length: 100", .body = "only this" } },
+            { "/silent", { .head = "" } },
+            { "/dripping", { .body = "x", .isEndless = true } },
+        };
+    }
+    ~QtDownloadsTest() override { fs::remove_all(folder); }
+
+    static DownloadLimits limits()
+    {
+        DownloadLimits made;
+        made.bytes = 1'000'000;
+        made.silence = 300ms;
+        made.total = 2s;
+        return made;
+    }
+    std::string outcome(Url const& url, DownloadSchemes schemes = DownloadSchemes::localToo)
+    {
+        QtDownloads downloads(folder, schemes);
+        std::string result;
+        std::unique_ptr<Download> download = downloads.fetch(url, limits(), [&](Result<Downloads::Bytes> const& bytes) {
+            result = bytes ? "ok " + std::string(reinterpret_cast<char const*>(bytes->data()), bytes->size()) : "failed: " + bytes.error();
+            download.reset(); // as an owner may, within its own callback
+        });
+        turnUntil([&] { return !result.empty(); });
+        return result;
+    }
+
+    std::string folder = testing::TempDir() + "zv-downloads";
+    std::unique_ptr<LoopbackServer> running = (ensureApplication(), std::make_unique<LoopbackServer>());
+    LoopbackServer& server = *running;
+};
+
+TEST_F(QtDownloadsTest, IsBoundedInEveryDirection)
+{
+    struct Row {
+        std::string path, outcome;
+    };
+    Row const rows[] = {
+        { "/good", "ok hello" },
+        { "/missing", "failed: the server answers 404" },
+        { "/circle", "failed: the server sends round in circles" },
+        { "/large", "failed: it is larger than it may be" },
+        { "/silent", "failed: the server does not answer" },
+        { "/dripping", "failed: the server is too slow" },
+        { "/cut", "failed: Connection closed" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(outcome(server.url(row.path)), row.outcome);
+    EXPECT_EQ(outcome(server.url("/good"), DownloadSchemes::httpsOnly), "failed: the address is not one of https");
+    EXPECT_EQ(outcome(*Url::parse("https://127.0.0.1:1/"), DownloadSchemes::httpsOnly), "failed: Connection refused");
+}
+
+TEST_F(QtDownloadsTest, TellsNothingOfTheUser)
+{
+    EXPECT_EQ(outcome(server.url("/good")), "ok hello");
+    std::set<std::string> headers;
+    for (auto const& line : server.lastRequest.split('\n').mid(1))
+        headers.insert(line.trimmed().toStdString());
+    std::erase_if(headers, [](auto const& line) { return line.empty() || line.starts_with("Host: ") || line.starts_with("Accept-Encoding: "); });
+    EXPECT_EQ(headers, (std::set<std::string> { "User-Agent: Zanthe Vell", "Accept-Language: *", "Connection: Keep-Alive" })) << "the same for everybody";
+}
+
+TEST_F(QtDownloadsTest, KeepsAFileOnlyWhenItIsWhole)
+{
+    QtDownloads downloads(folder, DownloadSchemes::localToo);
+    for (auto const& [path, isWhole] : { std::pair { "/good", true }, std::pair { "/large", false }, std::pair { "/cut", false } }) {
+        std::optional<Result<Url>> result;
+        auto const download = downloads.fetchFile(server.url(path), limits(), {}, [&](Result<Url> const& file) { result = file; });
+        turnUntil([&] { return result.has_value(); });
+        ASSERT_TRUE(result);
+        EXPECT_EQ(result->ok(), isWhole) << path;
+        if (!isWhole)
+            continue;
+        EXPECT_EQ((*result)->lastPathComponent(), "good");
+        EXPECT_EQ(fs::file_size((*result)->path()), 5U);
+    }
+    EXPECT_TRUE(fs::is_empty(folder)) << "nothing is left of what was not kept, nor of what came before";
+}
+
+} // namespace
+} // namespace zv
