@@ -45,7 +45,11 @@ endif()
 
 find_program(ZV_CCACHE ccache)
 if(ZV_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${ZV_CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_SOURCE_DIR}/cmake/cached-compiler ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})
+  # clang's precompiled headers hold times and paths; what they are made of, ninja knows.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    target_compile_options(zv_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp" "SHELL:-Xclang -fno-validate-pch")
+  endif()
 endif()
 
 # A library of all the .cpp files of these folders and below them.

@@ -1,5 +1,8 @@
 find_package(GTest REQUIRED)
 
+# In one file alone: another tree finds all other objects in the compiler's cache.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/tests/main.cpp PROPERTIES COMPILE_DEFINITIONS ZV_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+
 # One program a layer: what needs no toolkit is built and run without one.
 function(zv_tests name)
   cmake_parse_arguments(ARG "" "" "FOLDERS;LINK" ${ARGN})
@@ -16,7 +19,6 @@ function(zv_tests name)
   if(ZV_PCH)
     target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <functional> <map> <string> <vector>)
   endif()
-  target_compile_definitions(${name} PRIVATE ZV_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()

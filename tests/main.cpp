@@ -1,6 +1,9 @@
 #include "base/MainThread.h"
+#include "tests/SourceTree.h"
 
 #include <gtest/gtest.h>
+
+std::string zv::tests::inSourceTree(std::string const& name) { return ZV_SOURCE_DIR "/" + name; }
 
 int main(int argc, char** argv)
 {

@@ -1,4 +1,5 @@
 #include "platform/text/PropertyListFormat.h"
+#include "tests/SourceTree.h"
 #include "tests/app/menu/MenuBench.h"
 
 #include <gtest/gtest.h>
@@ -309,7 +310,7 @@ std::vector<std::byte> fileBytes(std::string const& path)
 TEST_F(MenuBuilderTest, TheDockSubmenuShowsItsResourceWhateverTheItemHolds)
 {
     preferences.setShowIcons(true);
-    resources.files["DockMenu.plist"] = fileBytes(ZV_SOURCE_DIR "/app/resources/DockMenu.plist");
+    resources.files["DockMenu.plist"] = fileBytes(tests::inSourceTree("app/resources/DockMenu.plist"));
     auto const entry = entryFor(group("Dock", { item(Kind::sleep) }, Kind::dockMenu));
     EXPECT_EQ(linesOf(*entry.submenu),
         (Lines { "Dock Magnification", "Dock Hiding", "---", "Position Dock on Left", "Position Dock on Bottom", "Position Dock on Right", "---",

@@ -2,6 +2,7 @@
 
 #include "app/model/MenuItem.h"
 #include "platform/text/PropertyListFormat.h"
+#include "tests/SourceTree.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
@@ -29,7 +30,7 @@ struct ModelFixture : testing::Test {
     /// One that ships with the program.
     void addRealResource(std::string const& name, std::string const& asName)
     {
-        std::ifstream in(ZV_SOURCE_DIR "/app/resources/" + name, std::ios::binary);
+        std::ifstream in(tests::inSourceTree("app/resources/" + name), std::ios::binary);
         ASSERT_TRUE(in) << name;
         resources.files[asName] = fakes::bytesOf(std::string { std::istreambuf_iterator<char>(in), {} });
     }
