@@ -104,9 +104,9 @@ public:
 private:
     AppleMenuOverlayServices watched()
     {
-        auto const real = frontEnd->services(loop, clock);
+        auto const real = frontEnd->seams();
         panels.emplace(real.panels);
-        return { real.windowList, real.screens, real.workspaceEvents, real.pointerMonitor, *panels, real.timers, real.clock };
+        return { real.windowList, real.screens, real.workspaceEvents, real.pointerMonitor, *panels, loop, clock };
     }
 };
 

@@ -43,8 +43,8 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         auto const failure = context.runningProgram().addFiles(urls);
         return failure ? fail(context, *failure) : ExitStatus::done;
     }
-    auto const outcome = ItemsFolder(context.itemsFolder(), context.files(), context.aliases()).add(urls);
-    auto const alert = alertFor(outcome, context.itemsFolder());
+    auto const outcome = ItemsFolder(context.places().itemsFolder, *context.files().disk, context.files().aliases).add(urls);
+    auto const alert = alertFor(outcome, context.places().itemsFolder);
     return alert ? fail(context, alert->message + " " + alert->informativeText) : ExitStatus::done;
 }
 

@@ -9,12 +9,12 @@ CommandContext::CommandContext(Streams streams)
 
 CommandContext::~CommandContext() = default;
 
-LocationServices CommandContext::locations() { return { files(), bookmarks(), homePath() }; }
+LocationServices CommandContext::locations() { return { *files().disk, files().bookmarks, places().home }; }
 
 Preferences& CommandContext::preferences()
 {
     if (!m_preferences)
-        m_preferences = std::make_unique<Preferences>(defaults());
+        m_preferences = std::make_unique<Preferences>(files().defaults);
     return *m_preferences;
 }
 
@@ -22,10 +22,17 @@ MenuStore& CommandContext::store()
 {
     if (m_store)
         return *m_store;
-    m_backups = std::make_unique<MenuBackups>(MenuBackups::Services { files(), clock() }, backupsFolder());
-    m_store = std::make_unique<MenuStore>(MenuStore::Services { defaults(), resources(), locations() });
+    m_backups = std::make_unique<MenuBackups>(MenuBackups::Services { *files().disk, clock() }, places().backupsFolder);
+    m_store = std::make_unique<MenuStore>(MenuStore::Services { files().defaults, files().resources, locations() });
     m_store->setBackupSink(m_backups.get());
     return *m_store;
+}
+
+CommandMenu& CommandContext::menu()
+{
+    if (!m_menu)
+        m_menu = std::make_unique<CommandMenu>(turningSystem(), preferences(), runningProgram(), out());
+    return *m_menu;
 }
 
 } // namespace zv

@@ -4,10 +4,9 @@
 #include "app/model/MenuBackups.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
-#include "platform/files/AliasFiles.h"
-#include "platform/files/FileSystem.h"
+#include "cli/CommandMenu.h"
+#include "platform/System.h"
 #include "platform/program/RunningProgram.h"
-#include "platform/time/Clock.h"
 
 #include <iosfwd>
 #include <memory>
@@ -16,9 +15,6 @@
 #include <vector>
 
 namespace zv {
-
-class EntryChooser;
-class MenuSession;
 
 /// What commands need, made when the first of them asks, so that `--help` starts as
 /// quickly as it can and a command that only reads never makes anything else.
@@ -39,21 +35,12 @@ public:
     [[nodiscard]] std::ostream& out() { return m_streams.out; }
     [[nodiscard]] std::ostream& err() { return m_streams.err; }
 
-    [[nodiscard]] virtual UserDefaults& defaults() = 0;
-    [[nodiscard]] virtual Resources const& resources() = 0;
-    [[nodiscard]] virtual FileSystem& files() = 0;
-    [[nodiscard]] virtual Bookmarks& bookmarks() = 0;
-    [[nodiscard]] virtual Clock const& clock() = 0;
+    /// What is stored, and where; nothing else is made for a command that asks for no more.
+    [[nodiscard]] virtual Files const& files() = 0;
+    [[nodiscard]] virtual Places const& places() = 0;
+    [[nodiscard]] virtual Clock& clock() = 0;
     [[nodiscard]] virtual RunningProgram& runningProgram() = 0;
-    /// Menus over all this, without a display.
-    [[nodiscard]] virtual MenuSession& menuSession() = 0;
-    /// What the entries of those menus do.
-    [[nodiscard]] virtual EntryChooser& chooser() = 0;
-    [[nodiscard]] virtual AliasFiles& aliases() = 0;
-    /// The user's home folder, absolute.
-    [[nodiscard]] virtual std::string const& homePath() = 0;
-    [[nodiscard]] virtual Url backupsFolder() = 0;
-    [[nodiscard]] virtual Url itemsFolder() = 0;
+    [[nodiscard]] virtual TurningSystem turningSystem() = 0;
     /// What relative paths among the arguments start from.
     [[nodiscard]] virtual Url currentFolder() = 0;
     /// The program's file, where it does not lie among the commands by itself: --help tells
@@ -66,12 +53,19 @@ public:
     [[nodiscard]] Preferences& preferences();
     /// Loaded, and keeping backups.
     [[nodiscard]] MenuStore& store();
+    /// Menus over all this, without a display, and what their entries do.
+    [[nodiscard]] CommandMenu& menu();
+
+protected:
+    /// For the end of the system that the menus are over.
+    void forgetMenu() { m_menu.reset(); }
 
 private:
     Streams m_streams;
     std::unique_ptr<Preferences> m_preferences;
     std::unique_ptr<MenuBackups> m_backups;
     std::unique_ptr<MenuStore> m_store;
+    std::unique_ptr<CommandMenu> m_menu;
 };
 
 } // namespace zv

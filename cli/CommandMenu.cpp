@@ -1,20 +1,69 @@
 #include "cli/CommandMenu.h"
 
+#include "base/Log.h"
+
+#include <utility>
+
 namespace zv {
 
-CommandMenu::CommandMenu(Platform platform)
-    : m_actions(platform.actions)
-    , m_menus(menuServices(platform))
-    , m_session(m_menus.builder(), platform.actions.turnUntil)
+namespace {
+
+/// A shortcut may run for as long as it likes.
+constexpr std::chrono::hours noLimit { 24 * 20 };
+
+/// Lines of the log begin with the name of the program, which a command says itself.
+std::string withoutProgramName(std::string const& line)
+{
+    constexpr std::string_view name = "Zanthe Vell: ";
+    return line.starts_with(name) ? line.substr(name.size()) : line;
+}
+
+} // namespace
+
+CommandMenu::CommandMenu(TurningSystem const& over, Preferences const& preferences, RunningProgram& program, std::ostream& out)
+    : m_pending(over.pending)
+    , m_turnUntil(over.turnUntil)
+    , m_tasks(over.system.time.tasks, m_pending)
+    , m_running(over.system.lists.runningApplications, m_pending)
+    , m_system(countedSystem(over.system))
+    , m_looks(over.looks)
+    , m_terminal(program, out)
+    , m_desk(m_terminal.desk())
+    , m_menus({ .system = m_system,
+          .desk = m_desk,
+          .looks = m_looks,
+          .preferences = preferences,
+          .listedFolders = m_hotkeys,
+          .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} } })
+    , m_session(m_menus.builder(), m_turnUntil)
 {
 }
 
-MenuAssembly::Services CommandMenu::menuServices(Platform const& platform)
+/// What entries start is waited for before the command ends.
+System CommandMenu::countedSystem(System const& system)
 {
-    auto const& actions = platform.actions;
-    return { platform.preferences, actions.locations, platform.resources, platform.folders, platform.cells, platform.metadata, platform.icons,
-        m_actions.commands(), actions.workspace, actions.runningApplications, platform.volumes, platform.recentServers, platform.networkInterfaces,
-        platform.settingsPanes, m_hotkeys, &m_actions.shortcuts(), &m_actions.locations(), actions.clock, platform.timers, actions.tasks, actions.itemsFolder };
+    auto const& lists = system.lists;
+    return { .kind = system.kind,
+        .files = system.files,
+        .time = { .clock = system.time.clock, .timers = system.time.timers, .tasks = m_tasks },
+        .lists = { .recentFiles = lists.recentFiles,
+            .runningApplications = m_running,
+            .volumes = lists.volumes,
+            .recentServers = lists.recentServers,
+            .networkInterfaces = lists.networkInterfaces,
+            .settingsPanes = lists.settingsPanes },
+        .session = system.session,
+        .places = system.places };
+}
+
+std::vector<std::string> CommandMenu::choose(MenuEntry const& entry, ModifierMask held)
+{
+    // What the program would have logged is a failure that nobody else tells here.
+    LogCapture const log([this](std::string const& line) { m_terminal.fail(withoutProgramName(line)); });
+    m_terminal.hold(held);
+    entry.target->invoke();
+    m_turnUntil([this] { return m_pending.isZero(); }, noLimit);
+    return m_terminal.takeFailures();
 }
 
 } // namespace zv

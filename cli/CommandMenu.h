@@ -1,37 +1,36 @@
 #pragma once
 
-#include "app/shell/MenuAssembly.h"
-#include "cli/CommandActions.h"
+#include "app/model/Preferences.h"
+#include "app/shell/Menus.h"
+#include "cli/CountedWork.h"
+#include "cli/EntryChooser.h"
+#include "cli/MenuSession.h"
+#include "cli/TerminalDesk.h"
+#include "platform/program/RunningProgram.h"
+
+#include <iosfwd>
 
 namespace zv {
 
-/// Menus of this machine without a display, and what their entries do: the lists are as they
-/// are, icons are names, and nothing is drawn.
-class CommandMenu {
+/// A system with a run loop that turns while a command waits.
+struct TurningSystem {
+    System const& system;
+    Looks looks; ///< cells of a terminal, and names of pictures
+    WorkCount& pending; ///< what the system's own parts have not ended
+    MenuSession::TurnUntil turnUntil;
+};
+
+/// Menus without a display, and what their entries do: the lists are as they are, nothing is
+/// drawn, and standard error stands for alerts.
+class CommandMenu : public EntryChooser {
 public:
-    /// What only the system can do. All of it outlives the menu.
-    struct Platform {
-        Preferences const& preferences;
-        Resources const& resources;
-        CommandActions::Services actions;
-
-        std::shared_ptr<FolderReader const> folders;
-        TextMeasure const& cells; ///< measures in cells of a terminal
-        MetadataQueries& metadata;
-        IconSource& icons;
-        Volumes& volumes;
-        RecentServers& recentServers;
-        NetworkInterfaces& networkInterfaces;
-        SettingsPanes& settingsPanes;
-        Timers& timers;
-    };
-
-    explicit CommandMenu(Platform platform);
+    /// All of it outlives the menu.
+    CommandMenu(TurningSystem const& over, Preferences const& preferences, RunningProgram& program, std::ostream& out);
     CommandMenu(CommandMenu const&) = delete;
     CommandMenu& operator=(CommandMenu const&) = delete;
 
     [[nodiscard]] MenuSession& session() { return m_session; }
-    [[nodiscard]] EntryChooser& chooser() { return m_actions; }
+    std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) override;
 
 private:
     /// Hotkeys are the running program's.
@@ -39,11 +38,18 @@ private:
         void folderListed(Url const& /*folder*/, std::vector<DynamicEntry> const& /*withHotkeys*/) override { }
     };
 
-    [[nodiscard]] MenuAssembly::Services menuServices(Platform const& platform);
+    [[nodiscard]] System countedSystem(System const& system);
 
+    WorkCount& m_pending;
+    MenuSession::TurnUntil m_turnUntil;
+    CountedTasks m_tasks;
+    CountedRunningApplications m_running;
+    System m_system;
+    Looks m_looks;
+    TerminalDesk m_terminal;
+    Desk m_desk;
     NoHotkeys m_hotkeys;
-    CommandActions m_actions;
-    MenuAssembly m_menus;
+    Menus m_menus;
     MenuSession m_session;
 };
 

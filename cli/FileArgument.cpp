@@ -37,13 +37,13 @@ Result<std::vector<std::byte>> readFileArgument(CommandContext& context, std::st
 {
     if (argument == standardStream)
         return readAll(context.in());
-    return context.files().read(fileArgument(context, argument));
+    return context.files().disk->read(fileArgument(context, argument));
 }
 
 MaybeFailure<> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes)
 {
     if (argument != standardStream)
-        return context.files().write(fileArgument(context, argument), bytes);
+        return context.files().disk->write(fileArgument(context, argument), bytes);
     context.out().write(reinterpret_cast<char const*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     return std::nullopt; // what went wrong with standard output is said once, at the end
 }

@@ -39,7 +39,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!levels)
         return failUsage(context, menuCommand, "--expand takes a number of levels");
 
-    auto& session = context.menuSession();
+    auto& session = context.menu().session();
     auto const menu = session.build(context.store().items(), options->has("--option") ? OptionKey::held : OptionKey::released);
     session.openSubmenus(*menu, *levels);
     if (options->has("--json"))

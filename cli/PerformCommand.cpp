@@ -28,7 +28,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (options->operands().empty())
         return failUsage(context, performCommand, "no title of an entry");
 
-    auto& session = context.menuSession();
+    auto& session = context.menu().session();
     auto const menu = session.build(context.store().items(), OptionKey::released);
     auto const entry = entryAt(menu, options->operands(), [&](Menu& submenu) { session.open(submenu); });
     if (!entry)
@@ -36,7 +36,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (auto const reason = reasonAgainst(entry.value()); !reason.empty())
         return fail(context, reason);
     std::string said;
-    for (auto const& failure : context.chooser().choose(entry.value(), options->has("--command") ? ModifierMask::command : ModifierMask::none))
+    for (auto const& failure : context.menu().choose(entry.value(), options->has("--command") ? ModifierMask::command : ModifierMask::none))
         said += (said.empty() ? "" : " ") + failure;
     return said.empty() ? ExitStatus::done : fail(context, said);
 }

@@ -75,7 +75,7 @@ ExitStatus listAll(CommandContext& context)
 {
     for (auto const& description : Preferences::descriptions()) {
         auto const key = std::string(description.key);
-        auto const value = shownValue(description, context.defaults());
+        auto const value = shownValue(description, context.files().defaults);
         context.out() << key << std::string(23 - key.size(), ' ') << value << std::string(9 - std::min<std::size_t>(8, value.size()), ' ')
                       << description.meaning << '\n';
     }
@@ -87,7 +87,7 @@ ExitStatus readOne(std::vector<std::string> const& operands, CommandContext& con
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
-    context.out() << shownValue(*description, context.defaults()) << '\n';
+    context.out() << shownValue(*description, context.files().defaults) << '\n';
     return ExitStatus::done;
 }
 
@@ -99,7 +99,7 @@ ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& co
     auto value = parseValue(*description, operands[2]);
     if (!value)
         return fail(context, value.error());
-    if (auto const failure = context.defaults().setObject(description->key, std::move(value).value()))
+    if (auto const failure = context.files().defaults.setObject(description->key, std::move(value).value()))
         return fail(context, "could not save " + operands[1] + ": " + *failure);
     return ExitStatus::done;
 }
@@ -109,7 +109,7 @@ ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
-    if (auto const failure = context.defaults().removeObject(description->key))
+    if (auto const failure = context.files().defaults.removeObject(description->key))
         return fail(context, "could not reset " + operands[1] + ": " + *failure);
     return ExitStatus::done;
 }

@@ -2,6 +2,7 @@
 
 #include "app/actions/ActionAlerts.h"
 #include "app/actions/SystemPlaces.h"
+#include "app/model/Locations.h"
 #include "base/MainThread.h"
 
 #include <optional>
@@ -9,12 +10,10 @@
 
 namespace zv {
 
-MenuActions::MenuActions(Services services, ShortcutsProvider shortcuts, NetworkLocations networkLocations, Url itemsFolder, Shell shell)
-    : m_services(services)
-    , m_shortcuts(std::move(shortcuts))
-    , m_networkLocations(std::move(networkLocations))
-    , m_itemsFolder(std::move(itemsFolder))
-    , m_shell(std::move(shell))
+MenuActions::MenuActions(Services services)
+    : m_services(std::move(services))
+    , m_shortcuts(m_services.system.session.tools)
+    , m_networkLocations(m_services.system.session.tools)
 {
 }
 
@@ -28,7 +27,7 @@ bool MenuActions::perform(MenuItem const& item)
 
 bool MenuActions::openLocation(MenuItem const& item)
 {
-    auto const url = item.location ? item.location->resolvedURL(m_services.locations) : std::nullopt;
+    auto const url = item.location ? item.location->resolvedURL(locationsOf(m_services.system)) : std::nullopt;
     if (!url)
         return false;
     open(*url);
@@ -51,8 +50,9 @@ bool MenuActions::performInProgram(MenuItem const& item)
 /// Before the first file is added there is no folder yet that could be shown.
 void MenuActions::revealItemsFolder()
 {
-    (void)m_services.locations.files.createDirectory(m_itemsFolder);
-    m_services.workspace.reveal(m_itemsFolder);
+    auto const& folder = m_services.system.places.itemsFolder;
+    (void)m_services.system.files.disk->createDirectory(folder);
+    m_services.system.session.workspace.reveal(folder);
 }
 
 bool MenuActions::sendSessionEvent(MenuItem const& item)
@@ -84,7 +84,7 @@ bool MenuActions::openPlace(MenuItem const& item)
     auto const* const target = systemPlaceFor(item.kind);
     if (!target)
         return false;
-    m_services.desktop.open(target->place, m_lifetime.guard([this, target, item](PlaceOutcome outcome) {
+    m_services.system.session.desktop.open(target->place, m_lifetime.guard([this, target, item](PlaceOutcome outcome) {
         using Form = SystemPlaceTarget::Form;
         if (outcome == PlaceOutcome::opened)
             return;
@@ -93,7 +93,7 @@ bool MenuActions::openPlace(MenuItem const& item)
         else if (target->form == Form::settingsPane)
             openSettingsPane(target->target);
         else if (target->form == Form::application)
-            m_services.workspace.open(Url::fromPath(target->target));
+            m_services.system.session.workspace.open(Url::fromPath(target->target));
         else
             openWebPage(target->target);
     }));
@@ -105,16 +105,16 @@ void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
 {
     if (place != SystemPlace::aboutComputer)
         return presentScriptFailure(SystemEventsBridge::Failure::scriptError("this desktop has no program for it"), item);
-    m_services.computer.gather(m_lifetime.guard([this](ComputerFacts const& facts) { present(aboutComputerAlert(facts)); }));
+    m_services.system.session.computer.gather(m_lifetime.guard([this](ComputerFacts const& facts) { present(aboutComputerAlert(facts)); }));
 }
 
 void MenuActions::open(Url const& url)
 {
     assertMainThread();
     if (isCommandHeld())
-        m_services.workspace.reveal(url);
+        m_services.system.session.workspace.reveal(url);
     else
-        m_services.workspace.open(url);
+        m_services.system.session.workspace.open(url);
 }
 
 void MenuActions::open(DynamicEntry const& entry)
@@ -122,31 +122,31 @@ void MenuActions::open(DynamicEntry const& entry)
     assertMainThread();
     if (isCommandHeld()) {
         if (entry.fileURL)
-            m_services.workspace.reveal(*entry.fileURL);
+            m_services.system.session.workspace.reveal(*entry.fileURL);
     } else if (entry.action == DynamicEntryAction::activateApplication) {
-        m_services.runningApplications.activate(entry.id);
+        m_services.system.lists.runningApplications.activate(entry.id);
     } else if (entry.action == DynamicEntryAction::copyText) {
-        m_services.clipboard.setText(entry.id);
+        m_services.desk.clipboard.setText(entry.id);
     } else if (entry.url) {
-        m_services.workspace.open(*entry.url);
+        m_services.system.session.workspace.open(*entry.url);
     }
 }
 
 void MenuActions::openSettingsWindow()
 {
-    m_services.application.activate();
-    if (m_shell.openSettingsWindow)
-        m_shell.openSettingsWindow();
+    m_services.desk.application.activate();
+    if (m_services.shell.openSettingsWindow)
+        m_services.shell.openSettingsWindow();
 }
 
-void MenuActions::terminate() { m_services.application.terminate(); }
+void MenuActions::terminate() { m_services.desk.application.terminate(); }
 
-bool MenuActions::canCheckForUpdates() const { return m_shell.canCheckForUpdates && m_shell.canCheckForUpdates(); }
+bool MenuActions::canCheckForUpdates() const { return m_services.shell.canCheckForUpdates && m_services.shell.canCheckForUpdates(); }
 
 void MenuActions::checkForUpdates()
 {
-    if (m_shell.checkForUpdates)
-        m_shell.checkForUpdates();
+    if (m_services.shell.checkForUpdates)
+        m_services.shell.checkForUpdates();
 }
 
 void MenuActions::runShortcut(std::string const& id, std::string const& name)
@@ -154,14 +154,14 @@ void MenuActions::runShortcut(std::string const& id, std::string const& name)
     assertMainThread();
     if (isCommandHeld()) {
         if (auto const url = Url::parse("shortcuts://open-shortcut?id=" + id))
-            m_services.workspace.open(*url);
+            m_services.system.session.workspace.open(*url);
         return;
     }
     auto report = m_lifetime.guard([this, name](std::optional<ShortcutsProvider::Failure> const& failure) {
         if (failure)
             present(shortcutAlert(name, *failure));
     });
-    m_services.tasks.runDetached(
+    m_services.system.time.tasks.runDetached(
         [shortcuts = m_shortcuts, id, report] { return std::function<void()>([report, failure = shortcuts.run(id)]() mutable { report(failure); }); });
 }
 
@@ -175,13 +175,13 @@ void MenuActions::selectLocation(std::string const& id, std::string const& name)
 void MenuActions::openSettingsPane(std::string_view anchor)
 {
     if (auto const url = Url::parse("x-apple.systempreferences:" + std::string(anchor)))
-        m_services.workspace.open(*url);
+        m_services.system.session.workspace.open(*url);
 }
 
 void MenuActions::openWebPage(std::string_view text)
 {
     if (auto const url = Url::parse(text))
-        m_services.workspace.open(*url);
+        m_services.system.session.workspace.open(*url);
 }
 
 void MenuActions::presentSessionFailure(SessionControl::Failure const& failure, MenuItem const& item)
@@ -200,17 +200,17 @@ void MenuActions::presentScriptFailure(SystemEventsBridge::Failure const& failur
 
 void MenuActions::presentPermissionAlert(MenuItem const& item)
 {
-    m_services.application.activate();
-    if (m_services.alerts.run(permissionAlert(item.displayTitle())) == 0)
+    m_services.desk.application.activate();
+    if (m_services.desk.alerts.run(permissionAlert(item.displayTitle())) == 0)
         openSettingsPane(automationPane);
 }
 
 void MenuActions::present(Alert const& alert)
 {
-    m_services.application.activate();
-    m_services.alerts.run(alert);
+    m_services.desk.application.activate();
+    m_services.desk.alerts.run(alert);
 }
 
-bool MenuActions::isCommandHeld() const { return contains(m_services.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
+bool MenuActions::isCommandHeld() const { return contains(m_services.desk.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
 
 } // namespace zv

@@ -6,17 +6,8 @@
 #include "app/actions/ShortcutsProvider.h"
 #include "app/actions/SystemEventsBridge.h"
 #include "app/menu/MenuCommands.h"
-#include "app/model/ItemLocation.h"
 #include "base/Lifetime.h"
-#include "platform/desk/Alerts.h"
-#include "platform/desk/Application.h"
-#include "platform/desk/Clipboard.h"
-#include "platform/desk/ModifierKeys.h"
-#include "platform/lists/RunningApplications.h"
-#include "platform/session/ComputerInfo.h"
-#include "platform/session/DesktopCommands.h"
-#include "platform/session/Workspace.h"
-#include "platform/time/Tasks.h"
+#include "platform/System.h"
 
 #include <functional>
 #include <string>
@@ -27,29 +18,22 @@ namespace zv {
 /// What happens when an entry is chosen. Main thread only.
 class MenuActions : public MenuCommands, public ShortcutCommands, public LocationCommands {
 public:
-    /// All of these outlive the actions.
-    struct Services {
-        Workspace& workspace;
-        Application& application;
-        Alerts& alerts;
-        ModifierKeys const& modifierKeys;
-        Clipboard& clipboard;
-        RunningApplications& runningApplications;
-        DesktopCommands& desktop;
-        ComputerInfo& computer;
-        SessionControl& session;
-        SystemEventsBridge& scripts;
-        Tasks& tasks;
-        LocationServices locations;
-    };
     /// What the actions ask of the rest of the program; an empty one does nothing.
     struct Shell {
         std::function<void()> openSettingsWindow;
         std::function<bool()> canCheckForUpdates;
         std::function<void()> checkForUpdates;
     };
+    /// All that is referred to outlives the actions.
+    struct Services {
+        System const& system;
+        Desk const& desk;
+        SessionControl& session;
+        SystemEventsBridge& scripts;
+        Shell shell;
+    };
 
-    MenuActions(Services services, ShortcutsProvider shortcuts, NetworkLocations networkLocations, Url itemsFolder, Shell shell);
+    explicit MenuActions(Services services);
 
     bool perform(MenuItem const& item) override;
     void open(Url const& url) override;
@@ -81,8 +65,6 @@ private:
     Services m_services;
     ShortcutsProvider m_shortcuts;
     NetworkLocations m_networkLocations;
-    Url m_itemsFolder;
-    Shell m_shell;
     Lifetime m_lifetime;
 };
 

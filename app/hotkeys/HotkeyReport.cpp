@@ -34,13 +34,15 @@ Json entryFor(HotkeyCenter::Conflict const& conflict)
 
 } // namespace
 
-std::string hotkeyReport(HotkeyCenter const& center)
+std::string hotkeyReport(HotkeyCenter const* center)
 {
     Json report { { "registrations", Json::array() }, { "conflicts", Json::array() } };
-    for (auto const& [id, registration] : center.registrations())
-        report["registrations"].push_back(entryFor(id, registration));
-    for (auto const& conflict : center.conflicts())
-        report["conflicts"].push_back(entryFor(conflict));
+    if (center) {
+        for (auto const& [id, registration] : center->registrations())
+            report["registrations"].push_back(entryFor(id, registration));
+        for (auto const& conflict : center->conflicts())
+            report["conflicts"].push_back(entryFor(conflict));
+    }
     return report.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 

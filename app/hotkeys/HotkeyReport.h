@@ -8,7 +8,7 @@ namespace zv {
 
 /// Registrations by id, then conflicts, as JSON:
 /// {"registrations":[{"id":1,"shortcut":"⌥⌘E","item":UUID}|{…,"file":PATH}],"conflicts":[{"shortcut":…,"item"|"file":…}]}
-/// A path that is not UTF-8 has replacement characters.
-[[nodiscard]] std::string hotkeyReport(HotkeyCenter const& center);
+/// A path that is not UTF-8 has replacement characters. Without a center there is nothing yet to report.
+[[nodiscard]] std::string hotkeyReport(HotkeyCenter const* center);
 
 } // namespace zv

@@ -37,17 +37,17 @@ void DynamicMenuProvider::entries(MenuItemKind const& kind, std::optional<ItemLo
     case MenuItemKind::zantheVellItems:
         return listItemsFolder(std::move(done));
     case MenuItemKind::mountedVolumes:
-        return m_services.volumes.list(turnedInto<std::vector<Volume>>(volumeEntries, std::move(done)));
+        return m_services.lists.volumes.list(turnedInto<std::vector<Volume>>(volumeEntries, std::move(done)));
     case MenuItemKind::recentServers: {
         auto const limited = [limit = m_services.preferences.recentItemsLimit()](auto const& servers) { return recentServerEntries(servers, limit); };
-        return m_services.recentServers.list(turnedInto<RecentServers::List>(limited, std::move(done)));
+        return m_services.lists.recentServers.list(turnedInto<RecentServers::List>(limited, std::move(done)));
     }
     case MenuItemKind::runningApplications:
-        return m_services.runningApplications.list(turnedInto<RunningApplications::List>(runningApplicationEntries, std::move(done)));
+        return m_services.lists.runningApplications.list(turnedInto<RunningApplications::List>(runningApplicationEntries, std::move(done)));
     case MenuItemKind::ipAddress:
-        return m_services.networkInterfaces.list(turnedInto<std::vector<InterfaceAddress>>(addressEntries, std::move(done)));
+        return m_services.lists.networkInterfaces.list(turnedInto<std::vector<InterfaceAddress>>(addressEntries, std::move(done)));
     case MenuItemKind::systemPrefs:
-        return m_services.settingsPanes.list(turnedInto<std::vector<SettingsPane>>(settingsPaneEntries, std::move(done)));
+        return m_services.lists.settingsPanes.list(turnedInto<std::vector<SettingsPane>>(settingsPaneEntries, std::move(done)));
     default:
         return done({});
     }

@@ -7,11 +7,7 @@
 #include "app/model/MenuItemKind.h"
 #include "app/model/Preferences.h"
 #include "base/Url.h"
-#include "platform/lists/NetworkInterfaces.h"
-#include "platform/lists/RecentServers.h"
-#include "platform/lists/RunningApplications.h"
-#include "platform/lists/SettingsPanes.h"
-#include "platform/lists/Volumes.h"
+#include "platform/lists/Lists.h"
 
 #include <cstdint>
 #include <functional>
@@ -36,11 +32,7 @@ public:
 class DynamicMenuProvider : public DynamicListProvider {
 public:
     struct Services {
-        RunningApplications& runningApplications;
-        Volumes& volumes;
-        RecentServers& recentServers;
-        NetworkInterfaces& networkInterfaces;
-        SettingsPanes& settingsPanes;
+        Lists const& lists;
         Preferences const& preferences;
         FolderListings& folders;
         Url itemsFolder;

@@ -1,12 +1,15 @@
 #include "app/menubar/StatusItemController.h"
 
+#include "app/hotkeys/FileHotkeys.h"
+#include "app/hotkeys/HotkeyCenter.h"
+#include "app/hotkeys/KeyboardLayout.h"
+#include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
+#include "app/model/Locations.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
 #include "base/MainThread.h"
-#include "platform/session/Workspace.h"
-#include "platform/time/Tasks.h"
 
 namespace zv {
 
@@ -20,7 +23,7 @@ StatusItemController::StatusItemController(Services services)
 {
     assertMainThread();
     wireHotkeys();
-    m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.menuHost.popUp(m_overlayMenu, at); }));
+    m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.menuBar.menuHost.popUp(m_overlayMenu, at); }));
     observe(m_showsStatusItem);
     observe(m_prescanDepth);
     updateStatusItem();
@@ -39,11 +42,9 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
 {
     assertMainThread();
     auto const& items = m_services.store.items();
-    m_services.recentItems.refreshRecentItems(items);
-    if (containsKind(items, MenuItemKind::shortcuts))
-        m_services.shortcuts.refreshShortcuts();
-    bool const isHeld = contains(m_services.modifiers.current(), ModifierMask::option);
-    m_services.filler.fill(menu, items, isHeld ? OptionKey::held : OptionKey::released);
+    m_services.refreshLists(items);
+    bool const isHeld = contains(m_services.desk.modifierKeys.current(), ModifierMask::option);
+    m_services.builder.buildMenu(menu, items, isHeld ? OptionKey::held : OptionKey::released);
 }
 
 void StatusItemController::menuDidClose(Menu&)
@@ -60,7 +61,7 @@ void StatusItemController::updateStatusItem()
         return;
     }
     if (!m_statusItem)
-        m_statusItem = m_services.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
+        m_statusItem = m_services.menuBar.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
 }
 
 void StatusItemController::rescanFileHotkeys()
@@ -70,7 +71,8 @@ void StatusItemController::rescanFileHotkeys()
     if (depth < 1)
         return;
     auto const hidden = m_services.preferences.showHiddenFiles() ? HiddenFiles::included : HiddenFiles::skipped;
-    m_services.fileHotkeys.scan(m_services.fileHotkeys.foldersToScan(m_services.store.items()), depth, hidden);
+    auto const& system = m_services.system;
+    m_services.fileHotkeys.prescan(foldersToPrescan(m_services.store.items(), system.places.itemsFolder, locationsOf(system)), depth, hidden);
 }
 
 void StatusItemController::handleHotkey(Uuid const& item)
@@ -85,15 +87,19 @@ void StatusItemController::handleHotkey(Uuid const& item)
 void StatusItemController::handleHotkey(Url const& file)
 {
     assertMainThread();
-    m_services.workspace.open(file);
+    m_services.system.session.workspace.open(file);
 }
 
 void StatusItemController::wireHotkeys()
 {
-    m_services.hotkeys.setTriggerHandlers(
-        m_lifetime.guard([this](Uuid const& item) { handleHotkey(item); }), m_lifetime.guard([this](Url const& file) { handleHotkey(file); }));
+    m_services.hotkeys.onTrigger = m_lifetime.guard([this](HotkeyTarget const& target) {
+        if (auto const* item = target.itemID())
+            handleHotkey(*item);
+        else if (auto const* file = target.fileURL())
+            handleHotkey(*file);
+    });
     reregisterHotkeys();
-    m_layoutChanges = m_services.layout.listen(m_lifetime.guard([this] { reregisterHotkeys(); }));
+    m_layoutChanges = m_services.notifications.observe(KeyboardLayout::changedNotification, m_lifetime.guard([this] { reregisterHotkeys(); }));
 }
 
 void StatusItemController::reregisterHotkeys()
@@ -108,7 +114,7 @@ void StatusItemController::observe(Watch& watch)
         observe(watch);
         (this->*watch.update)();
     });
-    watch.tracking = withObservationTracking(watch.read, m_lifetime.guard([this, observeAgain] { m_services.tasks.runOnMain(observeAgain); }));
+    watch.tracking = withObservationTracking(watch.read, m_lifetime.guard([this, observeAgain] { m_services.system.time.tasks.runOnMain(observeAgain); }));
 }
 
 } // namespace zv

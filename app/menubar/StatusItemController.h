@@ -1,23 +1,25 @@
 #pragma once
 
 #include "app/menu/Menu.h"
-#include "app/menubar/StatusItemNeighbours.h"
+#include "app/model/MenuItem.h"
 #include "base/Lifetime.h"
+#include "base/Notifications.h"
 #include "base/Observation.h"
-#include "platform/menubar/MenuHost.h"
-#include "platform/menubar/StatusBar.h"
+#include "platform/System.h"
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace zv {
 
+class FileHotkeys;
+class HotkeyCenter;
+class MenuBuilder;
 class MenuCommands;
 class MenuIcons;
 class MenuStore;
 class Preferences;
-class Tasks;
-class Workspace;
 
 /// Owns the two menus that show the user's items: the status icon's and the one that pops
 /// up from the overlay. Receives the global hotkeys. Main thread only.
@@ -28,21 +30,18 @@ public:
     using OverlayFactory = std::function<std::shared_ptr<void>(std::function<void(Point)> showMenu)>;
 
     struct Services {
+        System const& system;
+        Desk const& desk;
+        MenuBar const& menuBar;
         MenuStore& store;
         Preferences& preferences;
-        MenuFiller& filler;
-        RecentItemsRefresher& recentItems;
-        ShortcutsRefresher& shortcuts;
+        MenuBuilder const& builder;
+        std::function<void(std::vector<MenuItem> const&)> refreshLists; ///< starts the queries that the lists among the items will show
         MenuIcons& icons;
         MenuCommands& commands;
-        HotkeyPasses& hotkeys;
-        KeyboardLayoutChanges& layout;
-        FileHotkeyPrescan& fileHotkeys;
-        ModifierKeys const& modifiers;
-        StatusBar& statusBar;
-        MenuHost& menuHost;
-        Workspace& workspace;
-        Tasks& tasks;
+        HotkeyCenter& hotkeys;
+        FileHotkeys& fileHotkeys;
+        Notifications& notifications; ///< tell when the keyboard's layout has changed
         OverlayFactory makeOverlay;
     };
 
@@ -82,7 +81,7 @@ private:
     std::shared_ptr<MenuDelegate> m_asDelegate; ///< what the menus hold weakly
     std::shared_ptr<Menu> m_menu;
     std::unique_ptr<StatusItem> m_statusItem;
-    std::shared_ptr<void> m_layoutChanges;
+    NotificationToken m_layoutChanges;
     std::shared_ptr<Menu> m_overlayMenu;
     std::shared_ptr<void> m_appleMenuOverlay;
     Watch m_showsStatusItem;

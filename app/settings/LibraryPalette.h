@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/model/ItemLibrary.h"
-#include "app/settings/InstalledApplications.h"
 #include "base/Observation.h"
+#include "platform/lists/InstalledApplications.h"
 
 #include <string>
 #include <string_view>

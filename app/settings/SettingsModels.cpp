@@ -1,34 +1,55 @@
 #include "app/settings/SettingsModels.h"
 
 #include "app/doctor/HotkeyCheck.h"
+#include "app/model/Locations.h"
 
 namespace zv {
 
 SettingsModels::SettingsModels(Services services)
     : m_services(std::move(services))
-    , m_editor({ m_services.store, m_services.locations })
+    , m_editor({ m_services.store, locationsOf(m_services.system) })
     , m_outline({ m_services.store, m_services.hotkeys })
-    , m_palette(loadItemLibrary(m_services.resources, m_services.locations, LibraryMode::everything))
-    , m_menuFile({ m_editor, m_services.backups, m_services.files, m_services.locations, m_services.panels, m_services.alerts })
-    , m_general({ m_services.preferences, m_services.loginItem, m_services.updater, m_menuFile, m_services.alerts, m_services.wording,
-          m_services.statusItemProblem, m_services.overlayProblem, [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); }, m_services.permissions,
-          m_services.openSettingsPane })
-    , m_about(aboutText(m_services.resources))
+    , m_palette(loadItemLibrary(m_services.system.files.resources, locationsOf(m_services.system), LibraryMode::everything))
+    , m_menuFile({ .editor = m_editor,
+          .backups = m_services.backups,
+          .files = *m_services.system.files.disk,
+          .locations = locationsOf(m_services.system),
+          .panels = m_services.surface.windows.filePanels,
+          .alerts = m_services.surface.desk.alerts })
+    , m_general({ .preferences = m_services.preferences,
+          .loginItem = m_services.loginItem,
+          .updater = m_services.updater,
+          .menuFile = m_menuFile,
+          .alerts = m_services.surface.desk.alerts,
+          .wording = SettingsWording::of(m_services.system.kind),
+          .statusItemProblem = [this] { return statusItemProblem(); },
+          .overlayProblem = m_services.overlayProblem,
+          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
+          .permissions = m_services.surface.home.permissions,
+          .openSettingsPane = m_services.openSettingsPane })
+    , m_about(aboutText(m_services.system.files.resources))
 {
-    if (m_services.installedApplications)
-        m_services.installedApplications(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
+    if (auto const& list = m_services.surface.home.installedApplications)
+        list(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
+}
+
+std::optional<std::string> SettingsModels::statusItemProblem() const
+{
+    if (m_services.surface.menuBar.showsStatusItems())
+        return std::nullopt;
+    return SettingsWording::of(m_services.system.kind).statusItemIsNotShown;
 }
 
 void SettingsModels::reveal(MenuItem const& item)
 {
-    auto const url = item.location ? item.location->resolvedURL(m_services.locations) : std::nullopt;
+    auto const url = item.location ? item.location->resolvedURL(locationsOf(m_services.system)) : std::nullopt;
     if (url)
-        m_services.reveal(*url);
+        m_services.system.session.workspace.reveal(*url);
 }
 
 void SettingsModels::showReadMe() { m_services.showReadMe(); }
 
-void SettingsModels::copyDiagnostics() { m_services.copyText(m_services.diagnostics()); }
+void SettingsModels::copyDiagnostics() { m_services.surface.desk.clipboard.setText(m_services.surface.home.diagnostics()); }
 
 void SettingsModels::beginRecording()
 {

@@ -2,12 +2,12 @@
 
 #include "app/settings/AboutText.h"
 #include "app/settings/GeneralSettings.h"
-#include "app/settings/InstalledApplications.h"
 #include "app/settings/LibraryPalette.h"
 #include "app/settings/MenuEditor.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
 #include "base/Lifetime.h"
+#include "platform/System.h"
 
 #include <functional>
 #include <string>
@@ -21,29 +21,18 @@ class MenuIcons;
 class SettingsModels {
 public:
     struct Services {
+        System const& system;
+        Surface const& surface;
         MenuStore& store;
         Preferences& preferences;
         HotkeyCenter& hotkeys;
         MenuBackups const& backups;
         LoginItem& loginItem;
         KresUpdater& updater;
-        FileSystem& files;
-        LocationServices locations;
-        Resources const& resources;
         MenuIcons& icons;
-        FilePanels& panels;
-        Alerts& alerts;
-        UserDefaults& defaults;
-        SettingsWording wording;
-        std::function<std::optional<std::string>()> statusItemProblem;
-        std::function<std::optional<std::string>()> overlayProblem;
-        std::function<void(Url const&)> reveal;
+        std::function<std::optional<std::string>()> overlayProblem; ///< why there is no overlay, as a sentence; nothing where there is
         std::function<void()> showReadMe;
-        std::function<void(std::string const&)> copyText;
-        std::function<std::string()> diagnostics; ///< without personal paths
-        InstalledApplications installedApplications; ///< none where the palette names no applications
-        Permissions const* permissions = nullptr; ///< null where the system asks for none
-        std::function<void(std::string_view)> openSettingsPane {};
+        std::function<void(std::string_view)> openSettingsPane;
     };
 
     explicit SettingsModels(Services services);
@@ -59,10 +48,10 @@ public:
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] MenuIcons& icons() { return m_services.icons; }
-    [[nodiscard]] FilePanels& panels() { return m_services.panels; }
-    [[nodiscard]] Alerts& alerts() { return m_services.alerts; }
+    [[nodiscard]] FilePanels& panels() { return m_services.surface.windows.filePanels; }
+    [[nodiscard]] Alerts& alerts() { return m_services.surface.desk.alerts; }
     /// Where the window keeps its size and its tab.
-    [[nodiscard]] UserDefaults& defaults() { return m_services.defaults; }
+    [[nodiscard]] UserDefaults& defaults() { return m_services.system.files.defaults; }
 
     void reveal(MenuItem const& item);
     void showReadMe();
@@ -73,6 +62,8 @@ public:
     void endRecording();
 
 private:
+    [[nodiscard]] std::optional<std::string> statusItemProblem() const;
+
     Services m_services;
     MenuEditor m_editor;
     MenuOutline m_outline;

@@ -4,7 +4,9 @@
 
 namespace zv {
 
-SettingsWording SettingsWording::macOS()
+namespace {
+
+SettingsWording forMacOS()
 {
     SettingsWording wording;
     wording.replaceMenu = "Replace the Apple menu";
@@ -17,7 +19,7 @@ SettingsWording SettingsWording::macOS()
     return wording;
 }
 
-SettingsWording SettingsWording::linuxDesktop()
+SettingsWording forLinuxDesktop()
 {
     SettingsWording wording;
     wording.replaceMenu = "Corner of the panel";
@@ -31,5 +33,9 @@ SettingsWording SettingsWording::linuxDesktop()
                                    "other panels have a status tray or notification area to add.";
     return wording;
 }
+
+} // namespace
+
+SettingsWording SettingsWording::of(SystemKind system) { return system == SystemKind::macOS ? forMacOS() : forLinuxDesktop(); }
 
 } // namespace zv

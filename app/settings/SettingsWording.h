@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/System.h"
+
 #include <string>
 
 namespace zv {
@@ -15,8 +17,7 @@ struct SettingsWording {
     std::string openAtLoginHelp;
     std::string statusItemIsNotShown; ///< what helps where nothing shows status icons
 
-    [[nodiscard]] static SettingsWording macOS();
-    [[nodiscard]] static SettingsWording linuxDesktop();
+    [[nodiscard]] static SettingsWording of(SystemKind system);
 };
 
 } // namespace zv

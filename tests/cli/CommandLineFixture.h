@@ -1,14 +1,10 @@
 #pragma once
 
 #include "cli/CommandLine.h"
-#include "tests/fakes/FakeActions.h"
-#include "tests/fakes/FakeFiles.h"
-#include "tests/fakes/FakeTime.h"
-#include "tests/fakes/FakeUserDefaults.h"
+#include "tests/fakes/FakeSystem.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -67,17 +63,15 @@ struct Outcome {
 /// Runs commands over a machine in memory. Each run is a process of its own: only the
 /// machine stays.
 struct CommandLineFixture : testing::Test {
-    fakes::FakeFileSystem files;
-    fakes::FakeBookmarks bookmarks { files };
-    fakes::FakeAliasFiles aliases { files };
-    fakes::FakeResources resources;
-    fakes::FakeUserDefaults defaults;
-    fakes::FakeTime time;
+    fakes::FakeSystem machine;
+    fakes::FakeFileSystem& files = machine.files;
+    fakes::FakeResources& resources = machine.resources;
+    fakes::FakeUserDefaults& defaults = machine.defaults;
+    fakes::FakeTime& time = machine.time;
     FakeRunningProgram program;
     std::vector<DoctorCheck> checks;
     std::optional<std::string> fileToLink;
     std::string input;
-    MenuSession* menus = nullptr;
 
     Outcome run(std::vector<std::string> arguments)
     {
@@ -99,30 +93,27 @@ private:
             , m_machine(machine)
         {
         }
-        UserDefaults& defaults() override { return m_machine.defaults; }
-        Resources const& resources() override { return m_machine.resources; }
-        FileSystem& files() override { return m_machine.files; }
-        Bookmarks& bookmarks() override { return m_machine.bookmarks; }
-        Clock const& clock() override { return m_machine.time; }
+        ~Context() override { forgetMenu(); }
+        Files const& files() override { return m_system.files; }
+        Places const& places() override { return m_system.places; }
+        Clock& clock() override { return m_machine.time; }
         RunningProgram& runningProgram() override { return m_machine.program; }
-        MenuSession& menuSession() override
+        TurningSystem turningSystem() override
         {
-            if (!m_machine.menus)
-                std::abort(); // the test runs no command that asks for one
-            return *m_machine.menus;
+            return { .system = m_system, .looks = { .text = m_text, .icons = m_icons }, .pending = m_pending, .turnUntil = [this](auto const&, auto) {
+                        m_machine.time.runTasks();
+                    } };
         }
-        EntryChooser& chooser() override { std::abort(); }
-        AliasFiles& aliases() override { return m_machine.aliases; }
-        std::string const& homePath() override { return m_home; }
-        Url backupsFolder() override { return Url::fromPath("/data/Backups"); }
-        Url itemsFolder() override { return Url::fromPath("/data/Items"); }
         Url currentFolder() override { return Url::fromPath("/here"); }
         std::optional<std::string> fileToLink() override { return m_machine.fileToLink; }
         std::vector<DoctorCheck> doctorChecks() override { return m_machine.checks; }
 
     private:
         CommandLineFixture& m_machine;
-        std::string m_home = "/home/ada";
+        System m_system = m_machine.machine.system();
+        fakes::FakeTextMeasure m_text;
+        fakes::FakeIconSource m_icons;
+        WorkCount m_pending;
     };
 };
 

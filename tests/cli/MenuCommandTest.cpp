@@ -1,5 +1,3 @@
-#include "cli/MenuSession.h"
-#include "tests/app/menu/MenuBench.h"
 #include "tests/cli/CommandLineFixture.h"
 
 #include <nlohmann/json.hpp>
@@ -12,16 +10,11 @@ struct MenuCommand : CommandLineFixture {
     {
         auto folder = MenuItem::ofKind(MenuItemKind::fsObject);
         folder.location = ItemLocation { .path = "/f" };
-        files.addFolder("/f"); // the store's disk
-        bench.files.addFolder("/f"); // the builder's
-        bench.reader->folders["/f"] = { fakes::FakeFolderReader::folder("g") };
-        bench.reader->folders["/f/g"] = { { "h" } };
+        files.addFolder("/f");
+        machine.folders->folders["/f"] = { fakes::FakeFolderReader::folder("g") };
+        machine.folders->folders["/f/g"] = { { "h" } };
         (void)defaults.setObject("Menu", toPropertyList(std::vector { folder, MenuItem::ofKind(MenuItemKind::aboutThisMac) }));
-        menus = &session;
     }
-
-    MenuBench bench;
-    MenuSession session { bench.builder, [](auto const&, auto) {} };
 };
 
 TEST_F(MenuCommand, ShowsTheUsersMenuAsItWouldOpen)

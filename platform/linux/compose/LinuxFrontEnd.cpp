@@ -3,9 +3,8 @@
 #include "app/updates/AppcastUpdateEngine.h"
 #include "base/Log.h"
 #include "platform/linux/bus/BusRunningProgram.h"
-#include "platform/linux/files/LinuxFolderReader.h"
+#include "platform/linux/entries/DesktopEntryText.h"
 #include "platform/linux/icons/IconTheme.h"
-#include "platform/linux/session/PosixToolRunner.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/linux/toolkit/ProgramEnvironment.h"
 
@@ -20,26 +19,6 @@
 namespace zv {
 
 namespace {
-
-/// Without an address in the environment, and none in the usual place, there is no bus: the
-/// toolkit would start one of its own, which nobody else is on.
-QDBusConnection sessionBus()
-{
-    bool const isKnown
-        = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-    return isKnown ? QDBusConnection::sessionBus() : QDBusConnection(QStringLiteral("none"));
-}
-
-/// Another folder of resources that comes first, for those who try out texts, menus or feeds.
-constexpr char const* resourcesVariable = "ZANTHE_VELL_RESOURCES";
-
-std::vector<std::string> resourceFolders()
-{
-    auto folders = BundleResources::standardFolders();
-    if (auto const given = qgetenv(resourcesVariable); !given.isEmpty())
-        folders.insert(folders.begin(), given.toStdString());
-    return folders;
-}
 
 /// Feeds of this machine are for those who try them out.
 DownloadSchemes downloadSchemes() { return qEnvironmentVariableIsEmpty(resourcesVariable) ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
@@ -70,8 +49,6 @@ std::vector<std::vector<std::string>> const& autostartSettings()
     return commands;
 }
 
-Url ownFolder(std::string const& base, char const* name) { return Url::fromPath(base).appending("zanthe-vell").appending(name); }
-
 std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& index)
 {
     auto const desktops = DesktopAudience::current().desktops;
@@ -87,43 +64,23 @@ std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& in
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     : m_application(count, arguments)
-    , m_bus(sessionBus())
+    , m_access(DesktopAccess::ofThisMachine(XdgDirectories::current()))
+    , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, requests())
-    , m_directories(XdgDirectories::current())
-    , m_defaults(ownFolder(m_directories.config, "org.zanthevell.ZantheVell.plist").path())
-    , m_resources(resourceFolders())
-    , m_files(std::make_shared<LinuxFileSystem>())
-    , m_access(DesktopAccess::ofThisMachine(m_directories))
-    , m_catalog(m_runLoop, applicationFolders())
-    , m_runningApplications({ m_catalog, DesktopAudience::current().desktops,
-                                [this](Url const& url) { m_workspace.openNewInstance(url, [](std::optional<std::string> const&) {}); }, m_bus },
-          clientWindowsOfThisDisplay())
-    , m_workspace(m_access.buses.session, LaunchLog(ownFolder(m_directories.state, "launches").path()), { m_runLoop, m_runningApplications })
-    , m_desktop(m_access, "/etc/os-release", m_runLoop)
-    , m_computer("/", m_runLoop)
-    , m_sessionEvents(m_access, m_runLoop)
-    , m_scripts(m_access, DockStore::ofThisMachine(m_directories), m_runLoop)
+    , m_system({ .files = m_files, .loop = m_runLoop, .access = m_access, .sessionBus = m_bus, .windows = clientWindowsOfThisDisplay(), .pending = nullptr })
     , m_icons(m_runLoop, m_runLoop)
-    , m_recentlyUsed(
-          { m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
-    , m_volumes(m_runLoop, m_runLoop)
-    , m_recentServers(m_runLoop, DesktopRecentServers::standardFiles())
-    , m_networkInterfaces(m_runLoop, m_access.buses.system)
-    , m_settingsPanes(m_catalog, DesktopAudience::current().desktops)
     , m_performer(m_modifierKeys, m_runLoop)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
     , m_keyboard(m_runLoop, m_bus)
     , m_overlay(OverlayFrontEnd::make())
-    , m_environment(processEnvironment())
-    , m_bundle(LinuxInstallation::runningBundle(m_environment))
-    , m_installation(installationOptions(m_directories, m_environment, [this] { m_instance.release(); }))
-    , m_loginService(
-          { m_directories.config, m_bundle.path(), [this] { return openAutostartSettings(); }, [this](Url const& folder) { m_workspace.open(folder); } })
+    , m_installation(installationOptions(m_files.directories(), m_files.places().environment, [this] { m_instance.release(); }))
+    , m_loginService({ m_files.directories().config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
+          [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_userNotifications(m_bus)
-    , m_downloads(m_directories.cache + "/zanthe-vell", downloadSchemes())
-    , m_packageOrigin(m_bundle.path())
+    , m_downloads(m_files.directories().cache + "/zanthe-vell", downloadSchemes())
+    , m_packageOrigin(m_files.places().bundle.path())
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
@@ -141,7 +98,7 @@ int LinuxFrontEnd::run()
         }
         return 0;
     }
-    m_app = std::make_unique<ZantheVellApp>(platform());
+    m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
     m_app->launch(); // when a copy takes over, it ends this process once it has started
     watchSettings();
@@ -154,11 +111,11 @@ int LinuxFrontEnd::run()
 
 void LinuxFrontEnd::watchSettings()
 {
-    auto const descriptor = m_defaults.changeDescriptor();
+    auto const descriptor = m_files.defaults().changeDescriptor();
     if (descriptor < 0)
         return;
     m_settingsWatch = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
-    QObject::connect(m_settingsWatch.get(), &QSocketNotifier::activated, &m_application, [this] { m_defaults.handleChange(); });
+    QObject::connect(m_settingsWatch.get(), &QSocketNotifier::activated, &m_application, [this] { m_files.defaults().handleChange(); });
 }
 
 ProgramRequests LinuxFrontEnd::requests()
@@ -179,15 +136,16 @@ void LinuxFrontEnd::showMenu(std::optional<QPoint> at)
         logLine("a menu can be put on the screen on X11 only; click its icon in the panel instead");
         return;
     }
-    if (auto const* statusItem = m_app->statusItem())
+    if (auto const* statusItem = m_app->delegate().statusItem())
         m_presenter.open(statusItem->menu(), at.value_or(m_statusBar.lastClick().value_or(QCursor::pos())));
 }
 
 UpdateEngineFactory LinuxFrontEnd::updateEngine()
 {
     return [this](UpdateChannels& channels, UpdateUserDriver& userDriver) {
-        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { m_defaults, m_resources, m_clock, m_runLoop, m_application, m_workspace,
-                                                         m_downloads, m_packageOrigin, m_updateWindow },
+        auto const files = m_files.files();
+        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { files.defaults, files.resources, m_files.clock(), m_runLoop, m_application,
+                                                         m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow },
             channels, userDriver);
     };
 }
@@ -211,66 +169,27 @@ bool LinuxFrontEnd::openAutostartSettings()
     return false;
 }
 
-std::optional<AppleMenuOverlayServices> LinuxFrontEnd::overlay()
-{
-    if (!m_overlay || !m_overlay->isSupported())
-        return std::nullopt;
-    return m_overlay->services(m_runLoop, m_clock);
-}
+std::optional<OverlaySeams> LinuxFrontEnd::overlay() { return m_overlay ? std::optional(m_overlay->seams()) : std::nullopt; }
 
-ZantheVellApp::Platform LinuxFrontEnd::platform()
+Surface LinuxFrontEnd::surface()
 {
-    return {
-        m_defaults,
-        m_resources,
-        m_files,
-        m_bookmarks,
-        m_aliases,
-        std::make_shared<LinuxFolderReader>(DesktopAudience::current()),
-        m_clock,
-        m_runLoop,
-        m_runLoop, //
-        m_application,
-        m_alerts,
-        m_modifierKeys,
-        m_clipboard,
-        m_workspace,
-        m_desktop,
-        m_computer,
-        m_sessionEvents,
-        m_scripts,
-        std::make_shared<PosixToolRunner>(), //
-        m_text,
-        m_icons,
-        m_recentlyUsed,
-        m_runningApplications,
-        m_volumes,
-        m_recentServers,
-        m_networkInterfaces,
-        m_settingsPanes, //
-        m_keyboard.registrar(),
-        m_keyboard.layout(),
-        m_statusBar,
-        m_menuHost,
-        overlay(),
-        m_settingsWindow, //
-        m_installation,
-        m_loginService,
-        m_notesWindows,
-        m_userNotifications,
-        updateEngine(),
-        m_filePanels,
-        SettingsWording::linuxDesktop(),
-        [this] { return statusIconsAreShown() ? std::nullopt : std::optional(SettingsWording::linuxDesktop().statusItemIsNotShown); },
-        [this] { return desktopDiagnostics(statusIconsAreShown()); },
-        ZantheVellApp::Platform::LastResort::settingsAtStart, //
-        m_bundle,
-        m_environment,
-        m_directories.home,
-        ownFolder(m_directories.data, "Zanthe Vell Items"),
-        ownFolder(m_directories.data, "Backups"),
-        [this](auto use) { m_catalog.withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
-    };
+    return { .desk = { .application = m_application, .alerts = m_alerts, .modifierKeys = m_modifierKeys, .clipboard = m_clipboard },
+        .looks = { .text = m_text, .icons = m_icons },
+        .menuBar = { .statusBar = m_statusBar,
+            .showsStatusItems = [this] { return statusIconsAreShown(); },
+            .menuHost = m_menuHost,
+            .hotkeys = m_keyboard.registrar(),
+            .keyboardLayout = m_keyboard.layout(),
+            .overlay = overlay() },
+        .windows = { .settings = m_settingsWindow, .notes = m_notesWindows, .filePanels = m_filePanels, .notifications = m_userNotifications },
+        .home = { .installation = m_installation,
+            .loginService = m_loginService,
+            .makeUpdateEngine = updateEngine(),
+            .installedApplications
+            = [this](auto use) { m_system.catalog().withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
+            .permissions = nullptr,
+            .provideServices = {},
+            .diagnostics = [this] { return desktopDiagnostics(statusIconsAreShown()); } } };
 }
 
 } // namespace zv

@@ -1,36 +1,18 @@
 #pragma once
 
 #include "app/shell/ZantheVellApp.h"
-#include "platform/linux/apps/ApplicationIndex.h"
-#include "platform/linux/apps/DesktopSettingsPanes.h"
-#include "platform/linux/apps/GioWorkspace.h"
-#include "platform/linux/apps/RecentlyUsedQueries.h"
-#include "platform/linux/files/BundleResources.h"
-#include "platform/linux/files/LinuxBookmarks.h"
-#include "platform/linux/files/LinuxFileSystem.h"
-#include "platform/linux/files/SymlinkAliasFiles.h"
+#include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/ThemeIcons.h"
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
-#include "platform/linux/machine/DesktopRecentServers.h"
-#include "platform/linux/machine/DesktopVolumes.h"
-#include "platform/linux/machine/LinuxComputerInfo.h"
-#include "platform/linux/machine/SystemClock.h"
-#include "platform/linux/machine/SystemNetworkInterfaces.h"
 #include "platform/linux/menu/QtMenuHost.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
-#include "platform/linux/posix/XdgDirectories.h"
 #include "platform/linux/program/SingleInstance.h"
-#include "platform/linux/session/LinuxDesktopCommands.h"
-#include "platform/linux/session/LinuxScriptRunner.h"
-#include "platform/linux/session/LinuxSessionEvents.h"
 #include "platform/linux/settings/QtSettingsWindow.h"
-#include "platform/linux/store/PlistUserDefaults.h"
 #include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
 #include "platform/linux/toolkit/QtTextMeasure.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
@@ -41,7 +23,6 @@
 #include "platform/linux/windows/QtAlerts.h"
 #include "platform/linux/windows/QtFilePanels.h"
 #include "platform/linux/windows/QtNotesWindows.h"
-#include "platform/linux/x11/DesktopRunningApplications.h"
 
 #include <QSocketNotifier>
 
@@ -59,8 +40,8 @@ public:
 
 private:
     [[nodiscard]] ProgramRequests requests();
-    [[nodiscard]] ZantheVellApp::Platform platform();
-    [[nodiscard]] std::optional<AppleMenuOverlayServices> overlay();
+    [[nodiscard]] Surface surface();
+    [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
@@ -68,36 +49,18 @@ private:
     void showMenu(std::optional<QPoint> at);
 
     LinuxApplication m_application;
+    DesktopAccess m_access;
     QDBusConnection m_bus;
     SingleInstance m_instance;
 
-    XdgDirectories m_directories;
+    LinuxFiles m_files;
     QtRunLoop m_runLoop;
-    SystemClock m_clock;
-    PlistUserDefaults m_defaults;
-    BundleResources m_resources;
-    std::shared_ptr<LinuxFileSystem> m_files;
-    LinuxBookmarks m_bookmarks;
-    SymlinkAliasFiles m_aliases;
+    LinuxSystem m_system;
 
-    DesktopAccess m_access;
-    ApplicationCatalog m_catalog;
-    DesktopRunningApplications m_runningApplications;
-    GioWorkspace m_workspace;
-    LinuxDesktopCommands m_desktop;
-    LinuxComputerInfo m_computer;
-    LinuxSessionEvents m_sessionEvents;
-    LinuxScriptRunner m_scripts;
     QtAlerts m_alerts;
     QtClipboard m_clipboard;
-
     QtTextMeasure m_text;
     ThemeIcons m_icons;
-    RecentlyUsedQueries m_recentlyUsed;
-    DesktopVolumes m_volumes;
-    DesktopRecentServers m_recentServers;
-    SystemNetworkInterfaces m_networkInterfaces;
-    DesktopSettingsPanes m_settingsPanes;
 
     QtModifierKeys m_modifierKeys;
     MenuPerformer m_performer;
@@ -107,8 +70,6 @@ private:
     LinuxHotkeys m_keyboard;
     std::unique_ptr<OverlayFrontEnd> m_overlay;
 
-    Environment m_environment;
-    Url m_bundle;
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
     QtNotesWindows m_notesWindows;

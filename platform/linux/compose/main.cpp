@@ -1,8 +1,7 @@
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
-#include "platform/linux/compose/CommandLineServices.h"
+#include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
-#include "platform/linux/doctor/DisplaySurvey.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
 #include <iostream>
@@ -14,9 +13,8 @@ namespace {
 int runCommand(std::vector<std::string> const& arguments)
 {
     std::ios::sync_with_stdio(false);
-    zv::CommandLineServices services({ std::cin, std::cout, std::cerr });
-    services.setDisplaySurvey(zv::surveyDisplay);
-    return zv::runCommandLine(arguments, services);
+    zv::LinuxCommands commands({ std::cin, std::cout, std::cerr });
+    return zv::runCommandLine(arguments, commands);
 }
 
 } // namespace

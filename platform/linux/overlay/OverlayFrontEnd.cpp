@@ -19,10 +19,14 @@ public:
         , m_screens(*m_x, scale)
     {
     }
-    bool isSupported() const override { return true; }
-    AppleMenuOverlayServices services(Timers& timers, Clock& clock) override
+    OverlaySeams seams() override
     {
-        return { m_menuBars, m_screens, m_workspaceEvents, m_pointerMonitor, m_panels, timers, clock };
+        return { .windowList = m_menuBars,
+            .screens = m_screens,
+            .workspaceEvents = m_workspaceEvents,
+            .pointerMonitor = m_pointerMonitor,
+            .panels = m_panels,
+            .visibility = nullptr };
     }
 
 private:
@@ -34,22 +38,6 @@ private:
     X11OverlayPanels m_panels { *m_x, m_screens, m_menuBars };
 };
 
-/// No screens: the overlay asks for nothing else.
-class NoOverlayFrontEnd : public OverlayFrontEnd, WindowList, Screens, WorkspaceEvents, PointerMonitor, OverlayPanels {
-public:
-    bool isSupported() const override { return false; }
-    AppleMenuOverlayServices services(Timers& timers, Clock& clock) override { return { *this, *this, *this, *this, *this, timers, clock }; }
-
-private:
-    std::optional<WindowInfo> window(std::uint32_t) const override { return std::nullopt; }
-    std::vector<WindowInfo> onScreenWindows() const override { return {}; }
-    int mainMenuLevel() const override { return 0; }
-    std::vector<Rect> frames() const override { return {}; }
-    std::unique_ptr<Token> watch(std::function<void()>) override { return nullptr; }
-    Point location() const override { return {}; }
-    std::unique_ptr<OverlayPanel> create(Rect const&, OverlayPanelStyle const&, OverlayPanelContent&) override { return nullptr; }
-};
-
 } // namespace
 
 std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make()
@@ -57,7 +45,7 @@ std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make()
     bool const canBeX = !isWaylandSession() && QGuiApplication::platformName() == QLatin1String("xcb");
     auto x = canBeX ? X11Connection::open() : nullptr;
     if (!x)
-        return std::make_unique<NoOverlayFrontEnd>();
+        return nullptr;
     return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
 }
 

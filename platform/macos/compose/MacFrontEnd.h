@@ -5,6 +5,7 @@
 #include "app/shell/ProgramMessage.h"
 #include "app/shell/ZantheVellApp.h"
 #include "platform/macos/cocoa/Factories.h"
+#import "platform/macos/compose/MacSystem.h"
 #import "platform/macos/program/MessagePortServer.h"
 
 #include <memory>
@@ -24,8 +25,7 @@ public:
     void openSettings() { m_app->openSettings(); }
 
 private:
-    [[nodiscard]] ZantheVellApp::Platform platform();
-    [[nodiscard]] AppleMenuOverlayServices overlay();
+    [[nodiscard]] Surface surface();
     [[nodiscard]] ProgramHandlers services();
     [[nodiscard]] MacFindings findings() const;
     [[nodiscard]] std::string diagnostics() const;
@@ -34,33 +34,16 @@ private:
 
     MessagePortServer m_port;
     MenuTracking m_menuTracking;
-    std::unique_ptr<UserDefaults> m_defaults = makeUserDefaults();
-    std::unique_ptr<Resources> m_resources = makeResources();
-    std::shared_ptr<FileSystem> m_files = makeFileSystem();
-    std::unique_ptr<Bookmarks> m_bookmarks = makeBookmarks();
-    std::unique_ptr<AliasFiles> m_aliases = makeAliasFiles();
-    std::unique_ptr<Clock> m_clock = makeClock();
-    std::unique_ptr<Timers> m_timers = makeTimers();
-    std::unique_ptr<Tasks> m_tasks = makeTasks();
+    MacFiles m_files;
+    MacSystem m_system { m_files };
 
     std::unique_ptr<Application> m_application = makeApplication();
     std::unique_ptr<Alerts> m_alerts = makeAlerts();
     std::unique_ptr<ModifierKeys> m_modifierKeys = makeModifierKeys();
     std::unique_ptr<Clipboard> m_clipboard = makeClipboard();
-    std::unique_ptr<Workspace> m_workspace = makeWorkspace();
-    std::unique_ptr<DesktopCommands> m_desktop = makeDesktopCommands();
-    std::unique_ptr<ComputerInfo> m_computer = makeComputerInfo();
-    std::unique_ptr<SessionEvents> m_sessionEvents = makeSessionEvents();
-    std::unique_ptr<ScriptRunner> m_scripts = makeScriptRunner();
 
     std::unique_ptr<TextMeasure> m_text = makeTextMeasure();
     std::unique_ptr<IconSource> m_icons = makeIconSource();
-    std::unique_ptr<MetadataQueries> m_metadata = makeMetadataQueries();
-    std::unique_ptr<RunningApplications> m_runningApplications = makeRunningApplications();
-    std::unique_ptr<Volumes> m_volumes = makeVolumes();
-    std::unique_ptr<RecentServers> m_recentServers = makeRecentServers();
-    std::unique_ptr<NetworkInterfaces> m_networkInterfaces = makeNetworkInterfaces();
-    std::unique_ptr<SettingsPanes> m_settingsPanes = makeSettingsPanes(*m_tasks);
 
     std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking);
     std::unique_ptr<KeyboardLayoutSource> m_keyboardLayout = makeKeyboardLayoutSource();

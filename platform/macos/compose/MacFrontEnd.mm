@@ -1,6 +1,7 @@
 #import "platform/macos/compose/MacFrontEnd.h"
 
 #include "app/doctor/MacChecks.h"
+#include "app/settings/ApplicationFolders.h"
 #include "base/Log.h"
 #import "platform/macos/files/ProgramFolders.h"
 #import "platform/macos/program/ServicesProvider.h"
@@ -9,17 +10,6 @@
 namespace zv {
 
 namespace {
-
-Environment processEnvironment()
-{
-    Environment environment;
-    NSDictionary* const given = [[NSProcessInfo processInfo] environment];
-    for (NSString* name in given)
-        environment[fromNSString(name)] = fromNSString([given objectForKey:name]);
-    return environment;
-}
-
-Url bundleOfThisProgram() { return fromNSURL([[NSBundle mainBundle] bundleURL]); }
 
 /// The user's own come before those for all users.
 std::vector<Url> applicationFolders()
@@ -44,9 +34,9 @@ Point atPointer()
 } // namespace
 
 MacFrontEnd::MacFrontEnd()
-    : m_port([this](std::string const& request) { return answerTo(request, services(), *m_tasks); })
+    : m_port([this](std::string const& request) { return answerTo(request, services(), m_system.tasks()); })
     , m_settingsWindow(makeSettingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }))
-    , m_app(std::make_unique<ZantheVellApp>(platform()))
+    , m_app(std::make_unique<ZantheVellApp>(m_system.system(), surface()))
     , m_services([[ZVServicesProvider alloc] initWithFunction:[this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); }])
 {
 }
@@ -73,7 +63,7 @@ ProgramHandlers MacFrontEnd::services()
 /// Without a place, where the icon is, else where the pointer is. One menu at a time.
 void MacFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
 {
-    auto const* controller = m_app->statusItem();
+    auto const* controller = m_app->delegate().statusItem();
     if (!controller || m_menuTracking.isOpen || (!at && m_statusBar->openMenu()))
         return;
     m_menuHost->popUp(controller->overlayMenu(), at ? onScreen(*at) : atPointer());
@@ -83,8 +73,10 @@ MacFindings MacFrontEnd::findings() const
 {
     auto found = surveyThisMac();
     MacProgramFindings running { m_permissions->state(Permission::automation), m_permissions->state(Permission::accessibility), {} };
-    for (auto const& conflict : m_app->hotkeys().conflicts())
-        running.refusedShortcuts.push_back(conflict.shortcut);
+    if (m_app->delegate().hasParts()) {
+        for (auto const& conflict : m_app->delegate().parts().hotkeys().conflicts())
+            running.refusedShortcuts.push_back(conflict.shortcut);
+    }
     found.running = std::move(running);
     return found;
 }
@@ -93,12 +85,7 @@ MacFindings MacFrontEnd::findings() const
 void MacFrontEnd::listApplications(std::function<void(std::vector<InstalledApplication>)> use)
 {
     auto const look = [reader = makeFolderReader(), folders = applicationFolders()] { return applicationsIn(folders, *reader, bundleIdentifierOf); };
-    m_tasks->inBackground(TaskPriority::user, look, std::move(use));
-}
-
-AppleMenuOverlayServices MacFrontEnd::overlay()
-{
-    return { *m_windowList, *m_screens, *m_workspaceEvents, *m_pointerMonitor, *m_panels, *m_timers, *m_clock, m_menuBarVisibility.get() };
+    m_system.tasks().inBackground(TaskPriority::user, look, std::move(use));
 }
 
 std::string MacFrontEnd::diagnostics() const
@@ -109,61 +96,29 @@ std::string MacFrontEnd::diagnostics() const
         + "\nMenu bar visibility: " + (m_menuBarVisibility ? "told by the window server" : "not told") + "\n";
 }
 
-ZantheVellApp::Platform MacFrontEnd::platform()
+Surface MacFrontEnd::surface()
 {
-    return {
-        *m_defaults,
-        *m_resources,
-        m_files,
-        *m_bookmarks,
-        *m_aliases,
-        makeFolderReader(),
-        *m_clock,
-        *m_timers,
-        *m_tasks, //
-        *m_application,
-        *m_alerts,
-        *m_modifierKeys,
-        *m_clipboard,
-        *m_workspace,
-        *m_desktop,
-        *m_computer,
-        *m_sessionEvents,
-        *m_scripts,
-        makeToolRunner(), //
-        *m_text,
-        *m_icons,
-        *m_metadata,
-        *m_runningApplications,
-        *m_volumes,
-        *m_recentServers,
-        *m_networkInterfaces,
-        *m_settingsPanes, //
-        *m_hotkeys,
-        *m_keyboardLayout,
-        *m_statusBar,
-        *m_menuHost,
-        overlay(),
-        *m_settingsWindow, //
-        *m_installation,
-        *m_loginService,
-        *m_notesWindows,
-        *m_userNotifications,
-        makeUpdateEngine,
-        *m_filePanels,
-        SettingsWording::macOS(),
-        [] { return std::nullopt; },
-        [this] { return diagnostics(); },
-        ZantheVellApp::Platform::LastResort::dockIcon, //
-        bundleOfThisProgram(),
-        processEnvironment(),
-        homeFolder().path(),
-        itemsFolder(),
-        backupsFolder(),
-        [this](auto use) { listApplications(std::move(use)); },
-        m_permissions.get(),
-        [this] { [NSApp setServicesProvider:m_services]; },
-    };
+    return { .desk = { .application = *m_application, .alerts = *m_alerts, .modifierKeys = *m_modifierKeys, .clipboard = *m_clipboard },
+        .looks = { .text = *m_text, .icons = *m_icons },
+        .menuBar = { .statusBar = *m_statusBar,
+            .showsStatusItems = [] { return true; },
+            .menuHost = *m_menuHost,
+            .hotkeys = *m_hotkeys,
+            .keyboardLayout = *m_keyboardLayout,
+            .overlay = OverlaySeams { .windowList = *m_windowList,
+                .screens = *m_screens,
+                .workspaceEvents = *m_workspaceEvents,
+                .pointerMonitor = *m_pointerMonitor,
+                .panels = *m_panels,
+                .visibility = m_menuBarVisibility.get() } },
+        .windows = { .settings = *m_settingsWindow, .notes = *m_notesWindows, .filePanels = *m_filePanels, .notifications = *m_userNotifications },
+        .home = { .installation = *m_installation,
+            .loginService = *m_loginService,
+            .makeUpdateEngine = makeUpdateEngine,
+            .installedApplications = [this](auto use) { listApplications(std::move(use)); },
+            .permissions = m_permissions.get(),
+            .provideServices = [this] { [NSApp setServicesProvider:m_services]; },
+            .diagnostics = [this] { return diagnostics(); } } };
 }
 
 } // namespace zv

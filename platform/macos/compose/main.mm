@@ -3,7 +3,7 @@
 
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
-#import "platform/macos/compose/CommandLineServices.h"
+#import "platform/macos/compose/MacCommands.h"
 #import "platform/macos/program/OwnExecutable.h"
 
 #include <iostream>
@@ -56,8 +56,8 @@ namespace {
 
 int runCommand(std::vector<std::string> const& arguments)
 {
-    zv::CommandLineServices services({ std::cin, std::cout, std::cerr });
-    return zv::runCommandLine(arguments, services);
+    zv::MacCommands commands({ std::cin, std::cout, std::cerr });
+    return zv::runCommandLine(arguments, commands);
 }
 
 /// A second start shows that the first one runs.

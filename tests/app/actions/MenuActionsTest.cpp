@@ -1,10 +1,7 @@
 #include "app/actions/MenuActions.h"
 
 #include "app/actions/ActionAlerts.h"
-#include "tests/fakes/FakeActions.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeLists.h"
-#include "tests/fakes/FakeTime.h"
+#include "tests/fakes/FakeSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -37,27 +34,37 @@ struct MenuActionsTest : testing::Test {
         return text;
     }
 
-    fakes::FakeWorkspace workspace;
-    fakes::FakeApplication application;
-    fakes::FakeAlerts alerts;
-    fakes::FakeModifierKeys keys;
-    fakes::FakeClipboard clipboard;
-    fakes::FakeRunningApplications running;
-    fakes::FakeDesktopCommands desktop;
-    fakes::FakeComputerInfo computer;
-    fakes::FakeSessionEvents events;
-    fakes::FakeScriptRunner scriptRunner;
+    fakes::FakeSystem machine { .places { .bundle = Url::fromPath("/"),
+        .environment = {},
+        .home = "/home/u",
+        .itemsFolder = Url::fromPath("/home/u/Items"),
+        .backupsFolder = Url::fromPath("/") } };
+    fakes::FakeSurface front;
+    fakes::FakeWorkspace& workspace = machine.workspace;
+    fakes::FakeApplication& application = front.application;
+    fakes::FakeAlerts& alerts = front.alerts;
+    fakes::FakeModifierKeys& keys = front.modifierKeys;
+    fakes::FakeClipboard& clipboard = front.clipboard;
+    fakes::FakeRunningApplications& running = machine.runningApplications;
+    fakes::FakeDesktopCommands& desktop = machine.desktop;
+    fakes::FakeComputerInfo& computer = machine.computer;
+    fakes::FakeSessionEvents& events = machine.sessionEvents;
+    fakes::FakeScriptRunner& scriptRunner = machine.scripts;
+    fakes::FakeTime& time = machine.time;
+    fakes::FakeFileSystem& files = machine.files;
+    fakes::FakeBookmarks& bookmarks = machine.bookmarks;
+    std::shared_ptr<fakes::FakeToolRunner>& tool = machine.tools;
     AlertConfirmation confirmation { application, alerts };
     SessionControl session { events, confirmation };
     SystemEventsBridge scripts { scriptRunner, [this] { return confirmation.confirmsForceQuit(); } };
-    fakes::FakeTime time;
-    fakes::FakeFileSystem files;
-    fakes::FakeBookmarks bookmarks { files };
-    std::shared_ptr<fakes::FakeToolRunner> tool = std::make_shared<fakes::FakeToolRunner>();
-    std::string home = "/home/u";
     Log shell;
-    MenuActions actions { { workspace, application, alerts, keys, clipboard, running, desktop, computer, session, scripts, time, { files, bookmarks, home } },
-        ShortcutsProvider(tool), NetworkLocations(tool), Url::fromPath("/home/u/Items"), { [this] { shell.push_back("settings"); }, {}, {} } };
+    System system = machine.system();
+    Desk desk = front.desk();
+    MenuActions actions { { .system = system,
+        .desk = desk,
+        .session = session,
+        .scripts = scripts,
+        .shell = { .openSettingsWindow = [this] { shell.push_back("settings"); }, .canCheckForUpdates = {}, .checkForUpdates = {} } } };
 };
 
 TEST_F(MenuActionsTest, EachKindDoesItsOwn)

@@ -15,7 +15,7 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     Notifications notifications;
     KeyboardLayout layout(source, notifications);
     HotkeyCenter center(registrar, layout);
-    EXPECT_EQ(hotkeyReport(center), R"({"registrations":[],"conflicts":[]})");
+    EXPECT_EQ(hotkeyReport(&center), R"({"registrations":[],"conflicts":[]})");
 
     auto item = MenuItem::ofKind(MenuItemKind::sleep);
     item.id = *Uuid::parse("00000000-0000-0000-0000-0000000000AB");
@@ -23,7 +23,7 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     auto const bare = KeyEquivalentSpec { .trigger = KeyEquivalentSpec::Trigger::named("f5"), .noCommand = true };
     center.setFileHotkeys({ { Url::fromPath("/a\xFF"), bare }, { Url::fromPath("/b"), *item.keyEquivalent } });
     center.menuItemsChanged({ item });
-    EXPECT_EQ(hotkeyReport(center),
+    EXPECT_EQ(hotkeyReport(&center),
         R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB"},)"
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}]})");
 }

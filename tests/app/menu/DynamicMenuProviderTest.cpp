@@ -25,17 +25,19 @@ struct DynamicMenuProviderTest : testing::Test {
         return found;
     }
 
+    fakes::FakeMetadataQueries recent;
     fakes::FakeRunningApplications applications;
     fakes::FakeVolumes volumes;
     fakes::FakeRecentServers servers;
     fakes::FakeNetworkInterfaces interfaces;
     fakes::FakeSettingsPanes panes;
+    Lists seams { recent, applications, volumes, servers, interfaces, panes };
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
     std::shared_ptr<fakes::FakeFolderReader> folders = std::make_shared<fakes::FakeFolderReader>();
     fakes::FakeTime time;
     FolderListings listings { folders, time };
-    DynamicMenuProvider provider { { applications, volumes, servers, interfaces, panes, preferences, listings, Url::fromPath("/items") } };
+    DynamicMenuProvider provider { { seams, preferences, listings, Url::fromPath("/items") } };
 };
 
 TEST_F(DynamicMenuProviderTest, GivesEachKindItsOwnList)

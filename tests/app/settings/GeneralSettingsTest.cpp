@@ -48,7 +48,7 @@ struct GeneralSettingsTest : SettingsFixture {
     {
         return [this, of] { return problems.contains(of) ? std::optional(problems.at(of)) : std::nullopt; };
     }
-    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), problem("statusItemProblem"),
+    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), problem("statusItemProblem"),
         problem("overlayProblem"), problem("hotkeyProblem") } };
 };
 
@@ -133,7 +133,7 @@ TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
 
     fakes::FakePermissions permissions;
     std::vector<std::string> opened;
-    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::macOS(), {}, {}, {}, &permissions,
+    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), {}, {}, {}, &permissions,
         [&](std::string_view pane) { opened.emplace_back(pane); } } };
     struct Row {
         Permission permission;

@@ -1,7 +1,7 @@
 /// The command line at work, a command a process, as on the Mac but without the application
 /// around it. After --running the program stands at its door in the same process, and says
 /// what it was asked to do.
-#import "platform/macos/compose/CommandLineServices.h"
+#import "platform/macos/compose/MacCommands.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/program/MessagePortServer.h"
 
@@ -17,8 +17,8 @@ namespace {
 
 int run(std::vector<std::string> const& arguments)
 {
-    CommandLineServices services({ std::cin, std::cout, std::cerr });
-    return runCommandLine(arguments, services);
+    MacCommands commands({ std::cin, std::cout, std::cerr });
+    return runCommandLine(arguments, commands);
 }
 
 ProgramHandlers spokenServices()

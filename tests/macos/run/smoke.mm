@@ -7,7 +7,7 @@
 #import "platform/macos/program/MessagePortServer.h"
 #import "platform/macos/program/ServicesProvider.h"
 
-#include "app/settings/InstalledApplications.h"
+#include "app/settings/ApplicationFolders.h"
 #include "base/MainThread.h"
 #include "platform/text/Text.h"
 #include "platform/text/PropertyListFormat.h"

@@ -8,8 +8,6 @@
 
 namespace zv {
 
-class FolderReader;
-
 /// An application of this machine, to be found in the palette.
 struct InstalledApplication {
     std::string name;
@@ -18,12 +16,7 @@ struct InstalledApplication {
 };
 
 /// Calls back once, before it returns or later, with the applications that a user may start.
+/// Main thread only, callback too.
 using InstalledApplications = std::function<void(std::function<void(std::vector<InstalledApplication>)>)>;
-
-/// The applications in these folders and in the folders below them, on systems where an
-/// application is a folder named *.app. None is looked into. Of several with one identifier
-/// the first stands for all; `identifierOf` gives an empty text for one that has none. Any thread.
-[[nodiscard]] std::vector<InstalledApplication> applicationsIn(
-    std::vector<Url> const& folders, FolderReader const& reader, std::function<std::string(Url const& application)> const& identifierOf);
 
 } // namespace zv

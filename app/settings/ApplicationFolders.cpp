@@ -1,4 +1,4 @@
-#include "app/settings/InstalledApplications.h"
+#include "app/settings/ApplicationFolders.h"
 
 #include "platform/files/FolderReader.h"
 #include "platform/text/Text.h"

@@ -1,4 +1,4 @@
-#include "app/settings/InstalledApplications.h"
+#include "app/settings/ApplicationFolders.h"
 
 #include "tests/fakes/FakeFolderReader.h"
 

@@ -1,0 +1,105 @@
+#include "app/shell/ProgramParts.h"
+
+#include "app/doctor/OverlayCheck.h"
+#include "app/menubar/AppleMenuOverlayController.h"
+
+#include <utility>
+
+namespace zv {
+
+ProgramParts::ProgramParts(Over over)
+    : m_over(over)
+    , m_loginItem(over.surface.home.loginService)
+    , m_updater({ .resources = over.system.files.resources,
+          .reminder
+          = { .notifications = over.surface.windows.notifications, .application = over.surface.desk.application, .resources = over.system.files.resources },
+          .makeEngine = over.surface.home.makeUpdateEngine })
+    , m_layout(over.surface.menuBar.keyboardLayout, m_notifications)
+    , m_hotkeys(over.surface.menuBar.hotkeys, m_layout)
+    , m_fileHotkeys({ .tasks = over.system.time.tasks, .reader = over.system.files.folders, .files = over.system.files.disk }, m_hotkeys)
+    , m_menus({ .system = over.system,
+          .desk = over.surface.desk,
+          .looks = over.surface.looks,
+          .preferences = over.preferences,
+          .listedFolders = m_fileHotkeys,
+          .shell = actionShell() })
+    , m_addToItems(ItemsFolder(over.system.places.itemsFolder, *over.system.files.disk, over.system.files.aliases),
+          { .application = over.surface.desk.application, .alerts = over.surface.desk.alerts, .tasks = over.system.time.tasks })
+{
+    m_over.store.setItemsSink(&m_hotkeys);
+}
+
+ProgramParts::~ProgramParts()
+{
+    m_hotkeys.onTrigger = nullptr;
+    m_over.store.setItemsSink(nullptr);
+}
+
+MenuActions::Shell ProgramParts::actionShell()
+{
+    return { .openSettingsWindow = [this] { m_over.settings.open(); },
+        .canCheckForUpdates = [this] { return m_updater.canCheckForUpdates(); },
+        .checkForUpdates = [this] { m_updater.checkForUpdates(); } };
+}
+
+std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
+{
+    return std::make_unique<StatusItemController>(StatusItemController::Services {
+        .system = m_over.system,
+        .desk = m_over.surface.desk,
+        .menuBar = m_over.surface.menuBar,
+        .store = m_over.store,
+        .preferences = m_over.preferences,
+        .builder = m_menus.builder(),
+        .refreshLists = [this](auto const& items) { m_menus.refreshLists(items); },
+        .icons = m_menus.icons(),
+        .commands = m_menus.actions(),
+        .hotkeys = m_hotkeys,
+        .fileHotkeys = m_fileHotkeys,
+        .notifications = m_notifications,
+        .makeOverlay = [this](auto showMenu) { return makeOverlay(std::move(showMenu)); },
+    });
+}
+
+std::shared_ptr<void> ProgramParts::makeOverlay(std::function<void(Point)> showMenu)
+{
+    auto const& seams = m_over.surface.menuBar.overlay;
+    if (!seams)
+        return nullptr;
+    return std::make_shared<AppleMenuOverlayController>(AppleMenuOverlayServices { .windowList = seams->windowList,
+                                                            .screens = seams->screens,
+                                                            .workspaceEvents = seams->workspaceEvents,
+                                                            .pointerMonitor = seams->pointerMonitor,
+                                                            .panels = seams->panels,
+                                                            .timers = m_over.system.time.timers,
+                                                            .clock = m_over.system.time.clock,
+                                                            .visibility = seams->visibility },
+        m_over.preferences, std::move(showMenu));
+}
+
+SettingsModels& ProgramParts::settingsModels()
+{
+    if (!m_settingsModels)
+        m_settingsModels = std::make_unique<SettingsModels>(settingsServices());
+    return *m_settingsModels;
+}
+
+SettingsModels::Services ProgramParts::settingsServices()
+{
+    return {
+        .system = m_over.system,
+        .surface = m_over.surface,
+        .store = m_over.store,
+        .preferences = m_over.preferences,
+        .hotkeys = m_hotkeys,
+        .backups = m_over.backups,
+        .loginItem = m_loginItem,
+        .updater = m_updater,
+        .icons = m_menus.icons(),
+        .overlayProblem = [this] { return noteOf(overlayCheck(m_over.surface.menuBar.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
+        .showReadMe = [this] { m_over.begging.show(); },
+        .openSettingsPane = [this](std::string_view pane) { m_menus.actions().openSettingsPane(pane); },
+    };
+}
+
+} // namespace zv

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/desk/Desk.h"
+#include "platform/files/Files.h"
+#include "platform/lists/Lists.h"
+#include "platform/menubar/MenuBar.h"
+#include "platform/program/Home.h"
+#include "platform/session/Session.h"
+#include "platform/time/Time.h"
+
+/// The system, named once and handed over whole: seams in groups, each group filled by name
+/// where a system's own classes are put together. Whoever needs one seam takes that seam; whoever
+/// needs several of a group takes the group. The groups hold references: what they name outlives
+/// whoever has them, and is used on the main thread, as each seam says of itself.
+///
+/// A new seam: a header in the folder of its group, a class in a room of each system, a member of the group,
+/// filled in by LinuxSystem or LinuxFrontEnd and by MacSystem or MacFrontEnd, and a fake in
+/// tests/fakes, which FakeSystem fills in. The compiler names each place that is forgotten.
+namespace zv {
+
+/// Which words and habits apply.
+enum class SystemKind { macOS, linuxDesktop };
+
+/// All that needs no display: the program and its commands share it.
+struct System {
+    SystemKind kind;
+    Files files;
+    Time time;
+    Lists lists;
+    Session session;
+    Places places;
+};
+
+/// What there is on a display only: the program has it, its commands have not.
+struct Surface {
+    Desk desk;
+    Looks looks;
+    MenuBar menuBar;
+    Windows windows;
+    Home home;
+};
+
+} // namespace zv

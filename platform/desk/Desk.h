@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/desk/Alerts.h"
+#include "platform/desk/Application.h"
+#include "platform/desk/Clipboard.h"
+#include "platform/desk/FilePanels.h"
+#include "platform/desk/IconSource.h"
+#include "platform/desk/ModifierKeys.h"
+#include "platform/desk/NotesWindow.h"
+#include "platform/desk/SettingsWindow.h"
+#include "platform/desk/TextMeasure.h"
+#include "platform/desk/UserNotifications.h"
+
+namespace zv {
+
+/// What choosing an entry talks through; a terminal has stand-ins for it.
+struct Desk {
+    Application& application;
+    Alerts& alerts;
+    ModifierKeys const& modifierKeys;
+    Clipboard& clipboard;
+};
+
+/// What a menu is measured and drawn with.
+struct Looks {
+    TextMeasure const& text;
+    IconSource& icons;
+};
+
+struct Windows {
+    SettingsWindow& settings;
+    NotesWindows& notes;
+    FilePanels& filePanels;
+    UserNotifications& notifications;
+};
+
+} // namespace zv

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "cli/CommandContext.h"
+#include "platform/linux/bus/BusRunningProgram.h"
+#include "platform/linux/compose/LinuxFiles.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+/// The command line over this machine, without a display. What costs anything is made when the
+/// first command asks for it.
+class LinuxCommands : public CommandContext {
+public:
+    explicit LinuxCommands(Streams streams);
+    ~LinuxCommands() override;
+
+    Files const& files() override;
+    Places const& places() override { return machine().places(); }
+    Clock& clock() override { return machine().clock(); }
+    RunningProgram& runningProgram() override;
+    TurningSystem turningSystem() override;
+    Url currentFolder() override;
+    std::vector<DoctorCheck> doctorChecks() override;
+
+private:
+    struct Turning;
+
+    [[nodiscard]] LinuxFiles& machine();
+
+    std::optional<LinuxFiles> m_machine;
+    std::optional<Files> m_files;
+    std::unique_ptr<BusRunningProgram> m_runningProgram;
+    std::unique_ptr<Turning> m_turning;
+};
+
+} // namespace zv

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "cli/CountedWork.h"
+#include "platform/System.h"
+#include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/DesktopSettingsPanes.h"
+#include "platform/linux/apps/GioWorkspace.h"
+#include "platform/linux/apps/RecentlyUsedQueries.h"
+#include "platform/linux/compose/LinuxFiles.h"
+#include "platform/linux/machine/DesktopRecentServers.h"
+#include "platform/linux/machine/DesktopVolumes.h"
+#include "platform/linux/machine/LinuxComputerInfo.h"
+#include "platform/linux/machine/SystemNetworkInterfaces.h"
+#include "platform/linux/session/DesktopAccess.h"
+#include "platform/linux/session/LinuxDesktopCommands.h"
+#include "platform/linux/session/LinuxScriptRunner.h"
+#include "platform/linux/session/LinuxSessionEvents.h"
+#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/x11/DesktopRunningApplications.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+/// This machine without a display, for the program and for its commands. Made after an
+/// application object of the toolkit.
+class LinuxSystem {
+public:
+    struct Over {
+        LinuxFiles& files;
+        QtRunLoop& loop;
+        DesktopAccess const& access;
+        QDBusConnection sessionBus;
+        std::optional<X11ClientWindows> windows; ///< nothing where no X server knows of all of them
+        WorkCount* pending; ///< counts what commands wait for; null in the program, which waits for nothing
+    };
+
+    /// What is referred to outlives the system.
+    explicit LinuxSystem(Over const& over);
+    LinuxSystem(LinuxSystem const&) = delete;
+    LinuxSystem& operator=(LinuxSystem const&) = delete;
+
+    [[nodiscard]] System system();
+    [[nodiscard]] ApplicationCatalog& catalog() { return m_catalog; }
+    [[nodiscard]] Workspace& workspace() { return m_workspace; }
+
+private:
+    void launch(Url const& application);
+    [[nodiscard]] Tasks& tasks();
+    [[nodiscard]] RunningApplications& countedApplications();
+
+    LinuxFiles& m_files;
+    QtRunLoop& m_loop;
+    std::vector<std::string> m_desktops;
+    std::string m_launchLog;
+    ApplicationCatalog m_catalog;
+    DesktopRunningApplications m_runningApplications;
+    std::optional<CountedTasks> m_countedTasks;
+    std::optional<CountedRunningApplications> m_countedApplications;
+    RecentlyUsedQueries m_recentFiles;
+    DesktopVolumes m_volumes;
+    DesktopRecentServers m_recentServers;
+    SystemNetworkInterfaces m_networkInterfaces;
+    DesktopSettingsPanes m_settingsPanes;
+    GioWorkspace m_workspace;
+    LinuxDesktopCommands m_desktop;
+    LinuxComputerInfo m_computer;
+    LinuxSessionEvents m_events;
+    LinuxScriptRunner m_scripts;
+    std::shared_ptr<ToolRunner> m_tools;
+};
+
+/// The session's bus; the toolkit would start one of its own, which nobody else is on, where none is known.
+[[nodiscard]] QDBusConnection sessionBus(BusAddresses const& buses);
+
+} // namespace zv

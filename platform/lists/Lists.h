@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/lists/MetadataQuery.h"
+#include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentServers.h"
+#include "platform/lists/RunningApplications.h"
+#include "platform/lists/SettingsPanes.h"
+#include "platform/lists/Volumes.h"
+
+namespace zv {
+
+/// What lists are computed from when they open.
+struct Lists {
+    MetadataQueries& recentFiles;
+    RunningApplications& runningApplications;
+    Volumes& volumes;
+    RecentServers& recentServers;
+    NetworkInterfaces& networkInterfaces;
+    SettingsPanes& settingsPanes;
+};
+
+} // namespace zv

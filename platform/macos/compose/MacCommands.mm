@@ -1,0 +1,95 @@
+#import "platform/macos/compose/MacCommands.h"
+
+#include "app/doctor/MacChecks.h"
+#include "app/doctor/ProgramChecks.h"
+#import "platform/macos/cocoa/Conversions.h"
+
+#include <utility>
+
+namespace zv {
+
+namespace {
+
+/// What is printed of a picture.
+class PictureName : public Image {
+public:
+    explicit PictureName(std::string name)
+        : m_name(std::move(name))
+    {
+    }
+    std::string name() const override { return m_name; }
+
+private:
+    std::string m_name;
+};
+
+class PictureNames : public IconSource {
+public:
+    ImageRef fileIcon(Url const& file) override { return file.isFile() ? named(file.path()) : nullptr; }
+    ImageRef computerIcon() override { return named("computer"); }
+    ImageRef folderIcon() override { return named("folder"); }
+    ImageRef networkIcon() override { return named("network"); }
+    ImageRef applicationIcon() override { return named("application"); }
+
+private:
+    static ImageRef named(std::string name) { return std::make_shared<PictureName>(std::move(name)); }
+};
+
+} // namespace
+
+struct MacCommands::Turning {
+    explicit Turning(MacFiles const& files)
+        : machine(files)
+        , system(machine.system())
+    {
+    }
+
+    WorkCount pending;
+    MacSystem machine;
+    System system;
+    PictureNames pictures;
+    std::unique_ptr<TextMeasure> cells = makeCellTextMeasure();
+};
+
+MacCommands::MacCommands(Streams streams)
+    : CommandContext(streams)
+    , m_stored(m_files.files())
+{
+}
+
+/// The system writes settings behind a program's back, which ends here.
+MacCommands::~MacCommands()
+{
+    forgetMenu();
+    [[NSUserDefaults standardUserDefaults] synchronize];
+}
+
+TurningSystem MacCommands::turningSystem()
+{
+    if (!m_turning)
+        m_turning = std::make_unique<Turning>(m_files);
+    return { .system = m_turning->system, .looks = { .text = *m_turning->cells, .icons = m_turning->pictures }, .pending = m_turning->pending, .turnUntil = turnRunLoopUntil };
+}
+
+Url MacCommands::currentFolder() { return Url::fromPath(fromNSString([[NSFileManager defaultManager] currentDirectoryPath])); }
+
+std::optional<std::string> MacCommands::fileToLink() { return fromNSString([[NSBundle mainBundle] executablePath]); }
+
+/// The running program knows more; one that does not answer is looked at from outside.
+MacFindings MacCommands::findings()
+{
+    auto const text = m_program.findings();
+    auto const found = text ? decodedMacFindings(*text) : std::nullopt;
+    return found ? *found : surveyThisMac();
+}
+
+std::vector<DoctorCheck> MacCommands::doctorChecks()
+{
+    auto checks = programChecks(
+        m_program, m_stored.resources, *m_stored.disk, store(), { { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+    for (auto& check : macChecks(findings()))
+        checks.push_back(std::move(check));
+    return checks;
+}
+
+} // namespace zv

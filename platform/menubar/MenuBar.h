@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/menubar/KeyboardLayoutSource.h"
+#include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/MenuHost.h"
+#include "platform/menubar/OverlayPanels.h"
+#include "platform/menubar/PointerMonitor.h"
+#include "platform/menubar/Screens.h"
+#include "platform/menubar/StatusBar.h"
+#include "platform/menubar/WindowList.h"
+#include "platform/menubar/WorkspaceEvents.h"
+
+#include <functional>
+#include <optional>
+
+namespace zv {
+
+/// What the corner of a menu bar takes.
+struct OverlaySeams {
+    WindowList& windowList;
+    Screens& screens;
+    WorkspaceEvents& workspaceEvents;
+    PointerMonitor& pointerMonitor;
+    OverlayPanels& panels;
+    MenuBarVisibility* visibility; ///< null: the window list alone decides
+};
+
+/// How the menu is reached.
+struct MenuBar {
+    StatusBar& statusBar;
+    std::function<bool()> showsStatusItems; ///< whether anybody shows the status bar's icons now
+    MenuHost& menuHost;
+    HotkeyRegistrar& hotkeys;
+    KeyboardLayoutSource& keyboardLayout;
+    std::optional<OverlaySeams> overlay; ///< none where no program may stand on the panel
+};
+
+} // namespace zv

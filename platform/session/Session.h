@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/session/ComputerInfo.h"
+#include "platform/session/DesktopCommands.h"
+#include "platform/session/ScriptRunner.h"
+#include "platform/session/SessionEvents.h"
+#include "platform/session/ToolRunner.h"
+#include "platform/session/Workspace.h"
+
+#include <memory>
+
+namespace zv {
+
+/// What commands act on: the desktop, the session, the machine.
+struct Session {
+    Workspace& workspace;
+    DesktopCommands& desktop;
+    ComputerInfo& computer;
+    SessionEvents& events;
+    ScriptRunner& scripts;
+    std::shared_ptr<ToolRunner> tools;
+};
+
+} // namespace zv

@@ -1,0 +1,281 @@
+#include "tests/app/shell/ProgramFixture.h"
+
+namespace zv {
+namespace {
+
+using Kind = MenuItemKind;
+using Program = ProgramFixture;
+
+constexpr std::uint16_t keyE = 14, keyF = 3, keyX = 7;
+
+TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
+{
+    machine.files.addFile("/a.txt");
+    machine.folders->folders["/folder"] = { { "b-*[cmd+opt+X]*.txt" } };
+    machine.files.addFolder("/folder");
+    auto group = item(Kind::submenu);
+    group.children = { item(Kind::sleep, 'e'), fileItem("/a.txt", 'f'), fileItem("/folder") };
+    Preferences(machine.defaults).setHotkeyPrescanDepth(1);
+    launchWith({ group });
+
+    EXPECT_TRUE(press(keyE));
+    EXPECT_EQ(machine.sessionEvents.sent, (Lines { "aevt/slep" }));
+    EXPECT_TRUE(press(keyF));
+    EXPECT_TRUE(press(keyX)) << "file names are scanned at start";
+    EXPECT_EQ(machine.workspace.log, (Lines { "open file:///a.txt", "open file:///folder/b-*%5Bcmd+opt+X%5D*.txt" }));
+
+    auto const held = front.hotkeys.held.begin()->first;
+    app->delegate().store().replaceAll({});
+    front.hotkeys.onPressed(held);
+    EXPECT_EQ(machine.sessionEvents.sent.size(), 1U) << "the key of an item that has gone does nothing";
+    EXPECT_FALSE(press(keyE));
+}
+
+TEST_F(Program, FollowsTheKeyboardLayoutAndTheDepthOfTheScan)
+{
+    machine.files.addFolder("/data/Items");
+    machine.folders->folders["/data/Items"] = { { "i-*[cmd+opt+X]*" } };
+    launchWith({ item(Kind::sleep, 'e') });
+    EXPECT_FALSE(press(keyX)) << "no scan: it is off by default";
+    app->delegate().preferences().setHotkeyPrescanDepth(1);
+    EXPECT_FALSE(press(keyX)) << "acts only in a later turn of the loop";
+    machine.time.runTasks();
+    EXPECT_TRUE(press(keyX));
+
+    front.keyboardLayout.set({ { { keyF, "e" } } });
+    front.keyboardLayout.onChanged();
+    machine.time.runTasks();
+    EXPECT_TRUE(press(keyF));
+    EXPECT_FALSE(press(keyE));
+}
+
+TEST_F(Program, EachListAsksItsOwnSource)
+{
+    machine.runningApplications.applications = { { "a", "Application", std::nullopt } };
+    machine.volumes.volumes = { { Url::fromPath("/v"), "Volume", true } };
+    machine.recentServers.servers = { { Url::parse("ftp://server/").value() } };
+    machine.networkInterfaces.addresses = { { "eth0", "", "10.0.0.1" } };
+    machine.settingsPanes.panes = { { "p", "Pane", Url::fromPath("/p"), Url::fromPath("/p"), "" } };
+    machine.folders->folders["/data/Items"] = { { "Item" } };
+    machine.folders->folders["/data/Backups"] = { { "Backup" } };
+    machine.tools->answers["list|--folder-name|none|--show-identifiers"] = fakes::FakeToolRunner::printing("Shortcut (6D0A7CC2-1E0C-4E0F-9D8C-0B7C1B0F8A01)\n");
+    machine.tools->answers["list|--folders|--show-identifiers"] = fakes::FakeToolRunner::printing("");
+    machine.tools->answers["-n"] = fakes::FakeToolRunner::printing(" * 0A1B-22\t(Location)\n");
+    launch();
+    struct Row {
+        Kind::Case kind;
+        std::string first;
+    };
+    Row const rows[] = {
+        { Kind::runningApplications, "Application" },
+        { Kind::mountedVolumes, "Volume" },
+        { Kind::recentServers, "server" },
+        { Kind::ipAddress, "10.0.0.1 — eth0" },
+        { Kind::systemPrefs, "Pane" },
+        { Kind::zantheVellItems, "Item" },
+        { Kind::shortcuts, "Shortcut" },
+        { Kind::location, "Location" },
+    };
+    for (auto const& row : rows) {
+        app->delegate().store().replaceAll({ item(row.kind) });
+        EXPECT_EQ(firstList().at(0), row.first);
+    }
+}
+
+TEST_F(Program, RecentThingsAreAskedForByTheirScopeWhenTheMenuOpens)
+{
+    launchWith({ item(Kind::recentApps) });
+    menu();
+    auto const applications = machine.recentFiles.made.size();
+    EXPECT_EQ(applications, 1U);
+    app->delegate().store().replaceAll({ item(Kind::recentDocs), item(Kind::recentFolders), item(Kind::recentItems) });
+    menu();
+    ASSERT_EQ(machine.recentFiles.made.size(), 4U);
+    std::set<std::string> asked;
+    for (auto const& query : machine.recentFiles.made)
+        asked.insert(query->search.queryString);
+    EXPECT_EQ(asked.size(), 4U);
+    EXPECT_NE(machine.recentFiles.made[0]->search.queryString.find("application"), std::string::npos);
+}
+
+TEST_F(Program, TheIconsMenuAndTheCornersAreFilledForThemselves)
+{
+    front.windowList.addMenuBar(7, { 0, 0, 1920, 24 });
+    Preferences(machine.defaults).setReplacesAppleMenu(true);
+    launchWith({ item(Kind::sleep) });
+    machine.time.advance(std::chrono::seconds(1));
+    ASSERT_EQ(front.statusBar.present, 1);
+    EXPECT_EQ(front.statusBar.looks[0], (StatusItemLook { "laurel.leading", "Zanthe Vell" }));
+    ASSERT_FALSE(front.panels.shown().empty());
+    front.panels.shown()[0]->content->mouseDown();
+    machine.time.runTasks();
+    ASSERT_EQ(front.menuHost.shown.size(), 1U);
+    auto const corner = front.menuHost.shown[0].first;
+    EXPECT_NE(corner.get(), &menu());
+    EXPECT_NE(entryIn(*corner, "Sleep"), nullptr);
+    app->delegate().store().replaceAll({ item(Kind::restart) });
+    EXPECT_NE(entryIn(*corner, "Sleep"), nullptr) << "an open menu stays as it is";
+    EXPECT_EQ(entry("Sleep"), nullptr);
+}
+
+TEST_F(Program, TheIconComesAndGoesWithThePreferenceInALaterTurn)
+{
+    launch();
+    EXPECT_EQ(front.statusBar.present, 1);
+    for (int round = 2; round <= 3; ++round) {
+        app->delegate().preferences().setShowsStatusItem(false);
+        EXPECT_EQ(front.statusBar.present, 1);
+        machine.time.runTasks();
+        EXPECT_EQ(front.statusBar.present, 0);
+        app->delegate().preferences().setShowsStatusItem(true);
+        machine.time.runTasks();
+        EXPECT_EQ(front.statusBar.added, round) << "off and on again makes a new one";
+    }
+    app->delegate().preferences().setShowsStatusItem(false);
+    app->delegate().preferences().setShowsStatusItem(true);
+    machine.time.runTasks();
+    EXPECT_EQ(front.statusBar.added, 3) << "a shown icon is never made anew";
+}
+
+TEST_F(Program, OptionCountsWhenTheMenuOpensAndIconsAreForgottenWhenItCloses)
+{
+    Preferences(machine.defaults).setShowIcons(true);
+    launchWith({ item(Kind::aboutThisMac) });
+    front.modifierKeys.held = ModifierMask::option | ModifierMask::shift;
+    EXPECT_NE(entry("System Information"), nullptr);
+    front.modifierKeys.held = ModifierMask::command;
+    EXPECT_EQ(entry("System Information"), nullptr);
+
+    EXPECT_EQ(front.icons.asked["computer"], 1);
+    menu().didClose();
+    menu();
+    EXPECT_EQ(front.icons.asked["computer"], 2);
+}
+
+TEST_F(Program, ItsOwnCommandsReachWhatTheyName)
+{
+    launch();
+    EXPECT_TRUE(choose("Customize Zanthe Vell…"));
+    EXPECT_EQ(front.settingsWindow.opened, 1);
+    front.updateEngine->canCheck = true;
+    front.updateEngine->onCanCheckChanged();
+    front.modifierKeys.held = ModifierMask::option;
+    EXPECT_TRUE(choose("Check for Updates…"));
+    EXPECT_EQ(front.updateEngine->checks, 1);
+    EXPECT_EQ(front.settingsWindow.opened, 1);
+    EXPECT_TRUE(choose("Quit Zanthe Vell"));
+    EXPECT_EQ(front.application.log.back(), "terminate");
+}
+
+TEST_F(Program, ReplacedMenusAreKeptAmongTheBackupsAndAddedFilesAmongTheItems)
+{
+    launchWith({ item(Kind::sleep) });
+    app->delegate().store().replaceAll({ item(Kind::restart) });
+    machine.files.addFile("/here/a.txt");
+    EXPECT_FALSE(app->addFiles({ Url::fromPath("/here/a.txt") }));
+    machine.time.runTasks();
+    auto const isIn = [this](std::string const& folder) {
+        return std::any_of(machine.files.nodes.begin(), machine.files.nodes.end(), [&](auto const& node) { return node.first.starts_with(folder + "/"); });
+    };
+    EXPECT_TRUE(isIn("/data/Backups"));
+    EXPECT_EQ(machine.files.nodes.at("/data/Items/a.txt").target, "/here/a.txt");
+    EXPECT_EQ(app->settingsModels().menuFile().backups().size(), 1U) << "and the settings offer what was kept";
+}
+
+TEST_F(Program, TakesOverWhatOthersWroteIntoTheSettings)
+{
+    launchWith({ item(Kind::sleep) });
+    (void)machine.defaults.setObject(MenuStore::defaultsKey, toPropertyList(std::vector { item(Kind::restart, 'e') }));
+    (void)machine.defaults.setObject("ShowStatusItem", false);
+    machine.defaults.onExternalChange({ std::string(MenuStore::defaultsKey), "ShowStatusItem" });
+    machine.time.runTasks();
+    EXPECT_TRUE(press(keyE));
+    EXPECT_EQ(front.statusBar.present, 0);
+}
+
+TEST_F(Program, BuildsNothingWhenACopyTakesOver)
+{
+    front.installation.from = RelocationSource::diskImage;
+    launchWith({ item(Kind::sleep, 'e') });
+    EXPECT_EQ(outcome, AppDelegate::Launch::relocated);
+    EXPECT_EQ(machine.workspace.log, (Lines { "launch file:///Applications/Zanthe%20Vell.app" }));
+    EXPECT_EQ(front.statusBar.added, 0);
+    EXPECT_EQ(front.updateEngine, nullptr);
+    EXPECT_EQ(front.hotkeys.passes, 0);
+    EXPECT_EQ(front.servicesProvided, 0);
+    EXPECT_EQ(app->hotkeyReport(), R"({"registrations":[],"conflicts":[]})");
+    EXPECT_EQ(app->addFiles({}), "Zanthe Vell is still starting.");
+    app->reopen();
+    EXPECT_EQ(front.settingsWindow.opened, 0) << "there is nothing yet but the question whether to move";
+}
+
+TEST_F(Program, LaunchesEveryPartOnceAndReopensTheSettings)
+{
+    (void)machine.defaults.setObject("LaunchCount", std::int64_t { 1 });
+    launch();
+    EXPECT_EQ(front.servicesProvided, 1);
+    ASSERT_NE(front.updateEngine, nullptr);
+    EXPECT_EQ(front.updateEngine->starts, 1);
+    EXPECT_EQ(front.application.policy, ActivationPolicy::accessory);
+    EXPECT_EQ(front.notesWindows.layouts.size(), 1U) << "the notes are due at the second launch";
+    EXPECT_EQ(front.settingsWindow.opened, 0);
+    app->reopen();
+    EXPECT_EQ(front.settingsWindow.opened, 1);
+}
+
+TEST_F(Program, WithoutAnyPresenceSomethingStillLeadsToIt)
+{
+    Preferences(machine.defaults).setShowsStatusItem(false);
+    Preferences(machine.defaults).setReplacesAppleMenu(false);
+    launch();
+    EXPECT_EQ(front.application.policy, ActivationPolicy::regular) << "a Dock icon";
+    EXPECT_EQ(front.settingsWindow.opened, 0);
+    app.reset();
+    machine.kind = SystemKind::linuxDesktop;
+    launch();
+    EXPECT_EQ(front.settingsWindow.opened, 1) << "where there is no Dock";
+}
+
+TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
+{
+    machine.kind = SystemKind::linuxDesktop;
+    front.showsStatusItems = false;
+    front.installedApplications = { { "Editor", Url::fromPath("/apps/editor") } };
+    launch();
+    auto& models = app->settingsModels();
+    std::string notes;
+    for (auto const& section : models.general().sections()) {
+        for (auto const& row : section.rows)
+            notes += row.id + "=" + row.title + "\n";
+    }
+    EXPECT_NE(notes.find("statusItemProblem=Nothing on this desktop shows status icons."), std::string::npos);
+    EXPECT_EQ(notes.find("overlayProblem"), std::string::npos);
+    EXPECT_NE(notes.find("=Icon in the panel\n"), std::string::npos);
+
+    models.copyDiagnostics();
+    EXPECT_EQ(front.clipboard.texts, (Lines { "a machine in memory" }));
+    machine.files.addFile("/a.txt");
+    models.reveal(fileItem("/a.txt"));
+    EXPECT_EQ(machine.workspace.log, (Lines { "reveal file:///a.txt" }));
+    models.showReadMe();
+    EXPECT_EQ(front.notesWindows.layouts.size(), 1U);
+}
+
+TEST_F(Program, NothingArrivesAfterItsEnd)
+{
+    launchWith({ item(Kind::sleep, 'e') });
+    auto const held = front.hotkeys.held.begin()->first;
+    auto const opened = front.statusBar.menus.back();
+    app->delegate().preferences().setHotkeyPrescanDepth(1);
+    app.reset();
+    machine.time.runTasks();
+    if (front.hotkeys.onPressed)
+        front.hotkeys.onPressed(held);
+    opened->needsUpdate();
+    EXPECT_EQ(machine.sessionEvents.sent, Lines {});
+    EXPECT_EQ(front.statusBar.present, 0);
+    EXPECT_FALSE(machine.defaults.onExternalChange);
+}
+
+} // namespace
+} // namespace zv
