@@ -6,7 +6,7 @@
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 #include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/PrivateX.h"
 
@@ -64,7 +64,7 @@ struct Hotkeys {
     desktop::PrivateX server;
     QtRunLoop loop;
     std::unique_ptr<XkbConnection> connection;
-    XkbKeyboard keyboard;
+    XkbKeyboardLayoutSource keyboard;
     XcbHotkeyRegistrar registrar;
     Notifications notifications;
     KeyboardLayout layout;

@@ -8,7 +8,7 @@
 #include "platform/linux/apps/RecentlyUsedQueries.h"
 #include "platform/linux/entries/DesktopEntryText.h"
 #include "platform/linux/files/LinuxFolderReader.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/machine/DesktopRecentServers.h"
 #include "platform/linux/machine/DesktopVolumes.h"
 #include "platform/linux/machine/LinuxComputerInfo.h"
@@ -122,7 +122,7 @@ struct CommandLineMenu::Parts {
     DesktopRecentServers servers;
     SystemNetworkInterfaces addresses;
     DesktopSettingsPanes panes;
-    ThemeIcons pictures;
+    ThemeIconSource pictures;
     RecentlyUsedQueries queries;
     GioWorkspace workspace;
     LinuxDesktopCommands desktop;

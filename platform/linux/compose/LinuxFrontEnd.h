@@ -10,7 +10,7 @@
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/SymlinkAliasFiles.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
@@ -36,7 +36,7 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
-#include "platform/linux/windows/DBusNotifications.h"
+#include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
 #include "platform/linux/windows/QtAlerts.h"
 #include "platform/linux/windows/QtFilePanels.h"
@@ -92,7 +92,7 @@ private:
     QtClipboard m_clipboard;
 
     QtTextMeasure m_text;
-    ThemeIcons m_icons;
+    ThemeIconSource m_icons;
     RecentlyUsedQueries m_recentlyUsed;
     DesktopVolumes m_volumes;
     DesktopRecentServers m_recentServers;
@@ -112,7 +112,7 @@ private:
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
     QtNotesWindows m_notesWindows;
-    DBusNotifications m_userNotifications;
+    BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
     QtDownloads m_downloads;
     LinuxPackageOrigin m_packageOrigin;

@@ -1,6 +1,6 @@
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 #include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/linux/toolkit/TestApplication.h"
@@ -32,7 +32,7 @@ protected:
         ASSERT_TRUE(server.run("setxkbmap us && xset r rate 60 50"));
         connection = XkbConnection::open();
         ASSERT_TRUE(connection);
-        keyboard = std::make_unique<XkbKeyboard>(*connection, loop);
+        keyboard = std::make_unique<XkbKeyboardLayoutSource>(*connection, loop);
         registrar = std::make_unique<XcbHotkeyRegistrar>(*connection, *keyboard, loop);
         registrar->onPressed = [this](HotkeyID id) { pressed.push_back(id); };
     }
@@ -67,7 +67,7 @@ protected:
     desktop::XClient user;
     QtRunLoop loop;
     std::unique_ptr<XkbConnection> connection;
-    std::unique_ptr<XkbKeyboard> keyboard;
+    std::unique_ptr<XkbKeyboardLayoutSource> keyboard;
     std::unique_ptr<XcbHotkeyRegistrar> registrar;
     std::vector<HotkeyID> pressed;
 };
