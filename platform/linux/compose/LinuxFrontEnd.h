@@ -33,7 +33,7 @@
 #include "platform/linux/toolkit/QtRunLoop.h"
 #include "platform/linux/toolkit/QtTextMeasure.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
-#include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
 #include "platform/linux/windows/BusUserNotifications.h"
