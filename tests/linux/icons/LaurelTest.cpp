@@ -1,47 +1,42 @@
 #undef QT_NO_CAST_FROM_ASCII // plain literals keep the tables readable
 
-<<<<<<< HEAD:tests/linux/icons/LaurelTest.cpp
 #include "platform/linux/icons/Laurel.h"
-    =======
-#include "platform/linux/qt/Laurel.h"
 #include "tests/SourceTree.h"
-    >>>>>>> 8fb0bc7 (build: the compiler's cache answers with precompiled headers, and for every tree):tests/qt/LaurelTest.cpp
 
 #include <QFile>
 
 #include <gtest/gtest.h>
 
-    namespace zv
+namespace zv {
+namespace {
+
+TEST(Laurel, FillsItsBoxAndIsTheSameOnBothSides)
 {
-    namespace {
+    auto const bounds = laurel::path().boundingRect();
+    EXPECT_GE(bounds.left(), 0);
+    EXPECT_GE(bounds.top(), 0);
+    EXPECT_LE(bounds.right(), laurel::boxSize);
+    EXPECT_LE(bounds.bottom(), laurel::boxSize);
+    EXPECT_GT(bounds.width(), 12);
+    EXPECT_NEAR(bounds.left(), laurel::boxSize - bounds.right(), 0.01);
+}
 
-    TEST(Laurel, FillsItsBoxAndIsTheSameOnBothSides)
-    {
-        auto const bounds = laurel::path().boundingRect();
-        EXPECT_GE(bounds.left(), 0);
-        EXPECT_GE(bounds.top(), 0);
-        EXPECT_LE(bounds.right(), laurel::boxSize);
-        EXPECT_LE(bounds.bottom(), laurel::boxSize);
-        EXPECT_GT(bounds.width(), 12);
-        EXPECT_NEAR(bounds.left(), laurel::boxSize - bounds.right(), 0.01);
+TEST(Laurel, TheIconFilesAreDrawnFromIt)
+{
+    struct Row {
+        QString file;
+        QString svg;
+    };
+    Row const rows[] = {
+        { "scalable/apps/org.zanthevell.ZantheVell.svg", laurel::applicationSvg() },
+        { "symbolic/apps/org.zanthevell.ZantheVell-symbolic.svg", laurel::symbolicSvg() },
+    };
+    for (auto const& row : rows) {
+        QFile file(QString::fromStdString(tests::inSourceTree("packaging/linux/icons/hicolor/")) + row.file);
+        ASSERT_TRUE(file.open(QFile::ReadOnly)) << row.file.toStdString();
+        EXPECT_EQ(QString::fromUtf8(file.readAll()), row.svg) << row.file.toStdString() << ": run draw-icons";
     }
+}
 
-    TEST(Laurel, TheIconFilesAreDrawnFromIt)
-    {
-        struct Row {
-            QString file;
-            QString svg;
-        };
-        Row const rows[] = {
-            { "scalable/apps/org.zanthevell.ZantheVell.svg", laurel::applicationSvg() },
-            { "symbolic/apps/org.zanthevell.ZantheVell-symbolic.svg", laurel::symbolicSvg() },
-        };
-        for (auto const& row : rows) {
-            QFile file(QString::fromStdString(tests::inSourceTree("packaging/linux/icons/hicolor/")) + row.file);
-            ASSERT_TRUE(file.open(QFile::ReadOnly)) << row.file.toStdString();
-            EXPECT_EQ(QString::fromUtf8(file.readAll()), row.svg) << row.file.toStdString() << ": run draw-icons";
-        }
-    }
-
-    } // namespace
+} // namespace
 } // namespace zv
