@@ -4,7 +4,7 @@
 #include "base/MainThread.h"
 #include "platform/linux/machine/SystemClock.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/DockWindow.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -93,7 +93,7 @@ public:
     }
 
     desktop::DockWindow bar { 0, 0, 640, 26 };
-    QtRunLoop loop;
+    QtTimers timers;
     SystemClock clock;
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
@@ -104,7 +104,7 @@ public:
 private:
     AppleMenuOverlayServices watched()
     {
-        auto const real = frontEnd->services(loop, clock);
+        auto const real = frontEnd->services(timers, clock);
         panels.emplace(real.panels);
         return { real.windowList, real.screens, real.workspaceEvents, real.pointerMonitor, *panels, real.timers, real.clock };
     }

@@ -19,7 +19,8 @@
 #include "platform/linux/session/LinuxSessionEvents.h"
 #include "platform/linux/session/PosixToolRunner.h"
 #include "platform/linux/text/CellTextMeasure.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTasks.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/x11/DesktopRunningApplications.h"
 
 #include <QCoreApplication>
@@ -81,21 +82,21 @@ struct CommandLineMenu::Parts {
         : access(DesktopAccess::ofThisMachine(directories))
         , running({ catalog, desktops, [this](Url const& application) { launch(application); }, sessionBus(access.buses) }, display.clientWindows())
         , countedRunning(running, pending)
-        , volumes(loop, loop)
-        , servers(loop, DesktopRecentServers::standardFiles())
-        , addresses(loop, access.buses.system)
+        , volumes(directTasks, timers)
+        , servers(directTasks, DesktopRecentServers::standardFiles())
+        , addresses(directTasks, access.buses.system)
         , panes(catalog, desktops)
-        , pictures(loop, loop)
-        , queries({ loop, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
+        , pictures(directTasks, timers)
+        , queries({ directTasks, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
         , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, countedRunning })
         , desktop(access, "/etc/os-release", tasks)
         , computer("/", tasks)
         , events(access, tasks)
         , scripts(access, DockStore::ofThisMachine(directories), tasks)
         , menu({ services.preferences, services.resources,
-              { workspace, desktop, computer, events, scripts, std::make_shared<PosixToolRunner>(), running, loop, pending, services.clock, services.locations,
-                  services.program, services.out, turnUntil, Url::fromPath(itemsFolder(directories)) },
-              std::make_shared<LinuxFolderReader>(DesktopAudience::current()), cells, queries, pictures, volumes, servers, addresses, panes, loop })
+              { workspace, desktop, computer, events, scripts, std::make_shared<PosixToolRunner>(), running, directTasks, pending, services.clock,
+                  services.locations, services.program, services.out, turnUntil, Url::fromPath(itemsFolder(directories)) },
+              std::make_shared<LinuxFolderReader>(DesktopAudience::current()), cells, queries, pictures, volumes, servers, addresses, panes, timers })
     {
     }
 
@@ -108,12 +109,13 @@ struct CommandLineMenu::Parts {
     }
 
     LoopApplication application;
-    QtRunLoop loop;
+    QtTimers timers;
+    QtTasks directTasks;
     WorkCount pending;
-    CountedTasks tasks { loop, pending };
+    CountedTasks tasks { directTasks, pending };
     std::vector<std::string> desktops = DesktopAudience::current().desktops;
     Display display;
-    ApplicationCatalog catalog { loop, applicationFolders() };
+    ApplicationCatalog catalog { directTasks, applicationFolders() };
     DesktopAccess access;
     DesktopRunningApplications running;
     CountedRunningApplications countedRunning;

@@ -94,27 +94,26 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_resources(resourceFolders())
     , m_files(std::make_shared<LinuxFileSystem>())
     , m_access(DesktopAccess::ofThisMachine(m_directories))
-    , m_catalog(m_runLoop, applicationFolders())
+    , m_catalog(m_tasks, applicationFolders())
     , m_runningApplications({ m_catalog, DesktopAudience::current().desktops,
                                 [this](Url const& url) { m_workspace.openNewInstance(url, [](std::optional<std::string> const&) {}); }, m_bus },
           clientWindowsOfThisDisplay())
-    , m_workspace(m_access.buses.session, LaunchLog(ownFolder(m_directories.state, "launches").path()), { m_runLoop, m_runningApplications })
-    , m_desktop(m_access, "/etc/os-release", m_runLoop)
-    , m_computer("/", m_runLoop)
-    , m_sessionEvents(m_access, m_runLoop)
-    , m_scripts(m_access, DockStore::ofThisMachine(m_directories), m_runLoop)
-    , m_icons(m_runLoop, m_runLoop)
-    , m_recentlyUsed(
-          { m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
-    , m_volumes(m_runLoop, m_runLoop)
-    , m_recentServers(m_runLoop, DesktopRecentServers::standardFiles())
-    , m_networkInterfaces(m_runLoop, m_access.buses.system)
+    , m_workspace(m_access.buses.session, LaunchLog(ownFolder(m_directories.state, "launches").path()), { m_tasks, m_runningApplications })
+    , m_desktop(m_access, "/etc/os-release", m_tasks)
+    , m_computer("/", m_tasks)
+    , m_sessionEvents(m_access, m_tasks)
+    , m_scripts(m_access, DockStore::ofThisMachine(m_directories), m_tasks)
+    , m_icons(m_tasks, m_timers)
+    , m_recentlyUsed({ m_tasks, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
+    , m_volumes(m_tasks, m_timers)
+    , m_recentServers(m_tasks, DesktopRecentServers::standardFiles())
+    , m_networkInterfaces(m_tasks, m_access.buses.system)
     , m_settingsPanes(m_catalog, DesktopAudience::current().desktops)
-    , m_performer(m_modifierKeys, m_runLoop)
+    , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_runLoop, m_bus)
+    , m_keyboard(m_timers, m_bus)
     , m_overlay(OverlayFrontEnd::make())
     , m_environment(processEnvironment())
     , m_bundle(LinuxInstallation::runningBundle(m_environment))
@@ -145,7 +144,7 @@ int LinuxFrontEnd::run()
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
     m_app->launch(); // when a copy takes over, it ends this process once it has started
     watchSettings();
-    auto const preparing = m_runLoop.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
+    auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
     m_settingsWindow.close();
     m_app.reset();
@@ -186,7 +185,7 @@ void LinuxFrontEnd::showMenu(std::optional<QPoint> at)
 UpdateEngineFactory LinuxFrontEnd::updateEngine()
 {
     return [this](UpdateChannels& channels, UpdateUserDriver& userDriver) {
-        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { m_defaults, m_resources, m_clock, m_runLoop, m_application, m_workspace,
+        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { m_defaults, m_resources, m_clock, m_timers, m_application, m_workspace,
                                                          m_downloads, m_packageOrigin, m_updateWindow },
             channels, userDriver);
     };
@@ -215,7 +214,7 @@ std::optional<AppleMenuOverlayServices> LinuxFrontEnd::overlay()
 {
     if (!m_overlay || !m_overlay->isSupported())
         return std::nullopt;
-    return m_overlay->services(m_runLoop, m_clock);
+    return m_overlay->services(m_timers, m_clock);
 }
 
 ZantheVellApp::Platform LinuxFrontEnd::platform()
@@ -228,8 +227,8 @@ ZantheVellApp::Platform LinuxFrontEnd::platform()
         m_aliases,
         std::make_shared<LinuxFolderReader>(DesktopAudience::current()),
         m_clock,
-        m_runLoop,
-        m_runLoop, //
+        m_timers,
+        m_tasks, //
         m_application,
         m_alerts,
         m_modifierKeys,

@@ -30,8 +30,9 @@
 #include "platform/linux/store/PlistUserDefaults.h"
 #include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTextMeasure.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
 #include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
@@ -72,7 +73,8 @@ private:
     SingleInstance m_instance;
 
     XdgDirectories m_directories;
-    QtRunLoop m_runLoop;
+    QtTimers m_timers;
+    QtTasks m_tasks;
     SystemClock m_clock;
     PlistUserDefaults m_defaults;
     BundleResources m_resources;
