@@ -3,6 +3,7 @@
 #include "base/MainThread.h"
 #include "platform/linux/icons/IconPictures.h"
 #include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/icons/SystemIconNames.h"
 
 #include <QGuiApplication>
 
@@ -102,22 +103,12 @@ ImageRef ThemeIconSource::fileIcon(Url const& file)
     return std::make_shared<FileImage>(m_pictures, m_mounts, std::move(path));
 }
 
-ImageRef ThemeIconSource::computerIcon()
+ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
 {
-    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "computer", "video-display" }, {}, IconShape::computer });
+    if (icon == SystemIcon::application)
+        return std::make_shared<ApplicationImage>();
+    return std::make_shared<NamedImage>(m_pictures, iconNamesOf(icon));
 }
-
-ImageRef ThemeIconSource::folderIcon()
-{
-    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "folder", "inode-directory" }, {}, IconShape::folder });
-}
-
-ImageRef ThemeIconSource::networkIcon()
-{
-    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "network-workgroup", "network-server", "folder-remote" }, {}, IconShape::network });
-}
-
-ImageRef ThemeIconSource::applicationIcon() { return std::make_shared<ApplicationImage>(); }
 
 void ThemeIconSource::lookAgainLater(std::string const& path)
 {

@@ -26,10 +26,7 @@ public:
     ~ThemeIconSource() override;
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
-    [[nodiscard]] ImageRef computerIcon() override;
-    [[nodiscard]] ImageRef folderIcon() override;
-    [[nodiscard]] ImageRef networkIcon() override;
-    [[nodiscard]] ImageRef applicationIcon() override;
+    [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
 
 private:
     void lookAgainLater(std::string const& path);

@@ -83,8 +83,9 @@ TEST_F(ThemeIconSourceTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
     disk.write("a.txt", "");
     disk.write("bad.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=/no/such/picture.png\n");
     disk.write("b.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=" + disk.write("broken.png", "no picture") + "\n");
-    for (auto const& image : { fileIcon("sub"), fileIcon("a.txt"), fileIcon("bad.desktop"), fileIcon("b.desktop"), fileIcon("missing"), icons.computerIcon(),
-             icons.folderIcon(), icons.networkIcon(), icons.applicationIcon(), icons.fileIcon(Url::fromPath("/System/Applications/System Settings.app")) }) {
+    for (auto const& image : { fileIcon("sub"), fileIcon("a.txt"), fileIcon("bad.desktop"), fileIcon("b.desktop"), fileIcon("missing"),
+             icons.systemIcon(SystemIcon::computer), icons.systemIcon(SystemIcon::folder), icons.systemIcon(SystemIcon::network),
+             icons.systemIcon(SystemIcon::application), icons.systemIcon(SystemIcon::systemSettings) }) {
         ASSERT_TRUE(image);
         auto const picture = imageOf(image);
         EXPECT_EQ(picture.size(), QSize(16, 16)) << image->name();
