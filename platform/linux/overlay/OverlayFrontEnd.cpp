@@ -35,19 +35,18 @@ private:
 };
 
 /// No screens: the overlay asks for nothing else.
-class NoOverlayFrontEnd : public OverlayFrontEnd, WindowList, Screens, WorkspaceEvents, PointerMonitor, OverlayPanels {
+class NoOverlayFrontEnd : public OverlayFrontEnd, MenuBars, Screens, WorkspaceEvents, PointerMonitor, OverlayPanels {
 public:
     bool isSupported() const override { return false; }
     AppleMenuOverlayServices services(Timers& timers, Clock& clock) override { return { *this, *this, *this, *this, *this, timers, clock }; }
 
 private:
-    std::optional<WindowInfo> window(std::uint32_t) const override { return std::nullopt; }
-    std::vector<WindowInfo> onScreenWindows() const override { return {}; }
-    int mainMenuLevel() const override { return 0; }
+    std::vector<MenuBar> onScreen() const override { return {}; }
+    std::optional<Rect> frame(MenuBarID) const override { return std::nullopt; }
     std::vector<Rect> frames() const override { return {}; }
     std::unique_ptr<Token> watch(std::function<void()>) override { return nullptr; }
     Point location() const override { return {}; }
-    std::unique_ptr<OverlayPanel> create(Rect const&, OverlayPanelStyle const&, OverlayPanelContent&) override { return nullptr; }
+    std::unique_ptr<OverlayPanel> create(Rect const&, OverlayPanelContent&) override { return nullptr; }
 };
 
 } // namespace

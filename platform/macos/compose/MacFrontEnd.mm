@@ -98,7 +98,7 @@ void MacFrontEnd::listApplications(std::function<void(std::vector<InstalledAppli
 
 AppleMenuOverlayServices MacFrontEnd::overlay()
 {
-    return { *m_windowList, *m_screens, *m_workspaceEvents, *m_pointerMonitor, *m_panels, *m_timers, *m_clock, m_menuBarVisibility.get() };
+    return { *m_menuBars, *m_screens, *m_workspaceEvents, *m_pointerMonitor, *m_panels, *m_timers, *m_clock, m_menuBarVisibility.get() };
 }
 
 std::string MacFrontEnd::diagnostics() const
