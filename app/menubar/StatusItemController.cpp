@@ -30,7 +30,6 @@ StatusItemController::StatusItemController(Services services)
 std::shared_ptr<Menu> StatusItemController::makeMenu() const
 {
     auto menu = std::make_shared<Menu>();
-    menu->autoenablesItems = false;
     menu->delegate = m_asDelegate;
     return menu;
 }

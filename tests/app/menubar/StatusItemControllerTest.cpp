@@ -109,8 +109,6 @@ TEST_F(StatusItemControllerTest, StartsWithTheHotkeysRegisteredAndTheIconShown)
     ASSERT_EQ(statusBar.present, 1);
     EXPECT_EQ(statusBar.looks[0], (StatusItemLook { "laurel.leading", "Zanthe Vell" }));
     EXPECT_EQ(statusBar.menus[0], controller->menu());
-    EXPECT_FALSE(controller->menu()->autoenablesItems);
-    EXPECT_FALSE(controller->overlayMenu()->autoenablesItems);
 }
 
 TEST_F(StatusItemControllerTest, TheIconComesAndGoesWithThePreferenceAfterItWasStored)
