@@ -6,8 +6,8 @@
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/PrivateX.h"
 
 #include <QCoreApplication>
@@ -48,8 +48,8 @@ std::vector<KeyEquivalentSpec> manyShortcuts()
 struct Hotkeys {
     Hotkeys()
         : connection(XkbConnection::open())
-        , keyboard(*connection, loop)
-        , registrar(*connection, keyboard, loop)
+        , keyboard(*connection, timers)
+        , registrar(*connection, keyboard, timers)
         , layout(keyboard, notifications)
         , center(registrar, layout)
     {
@@ -62,9 +62,9 @@ struct Hotkeys {
     }
 
     desktop::PrivateX server;
-    QtRunLoop loop;
+    QtTimers timers;
     std::unique_ptr<XkbConnection> connection;
-    XkbKeyboard keyboard;
+    XkbKeyboardLayoutSource keyboard;
     XcbHotkeyRegistrar registrar;
     Notifications notifications;
     KeyboardLayout layout;
@@ -184,7 +184,7 @@ void idle(benchmark::State& state)
     for (auto unused : state) {
         bool isOver = false;
         turn();
-        auto const timer = hotkeys.loop.after(std::chrono::seconds(5), [&] { isOver = true; });
+        auto const timer = hotkeys.timers.after(std::chrono::seconds(5), [&] { isOver = true; });
         auto const before = processorSeconds();
         int wakeups = 0;
         for (; !isOver; ++wakeups)

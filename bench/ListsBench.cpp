@@ -11,7 +11,7 @@
 #include "platform/linux/apps/WindowApplications.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/MenuImages.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/machine/DesktopVolumes.h"
 #include "platform/linux/machine/SystemNetworkInterfaces.h"
 #include "tests/fakes/FakeTime.h"
@@ -199,7 +199,7 @@ void coldIconsBeforeFirstPaintOnMain(benchmark::State& state)
     auto& machine = Machine::shared();
     fakes::FakeTime time;
     for (auto _ : state) {
-        ThemeIcons source(time, time);
+        ThemeIconSource source(time, time);
         MenuIcon icons(source, Url::fromPath("/items"));
         for (auto const& file : machine.files)
             benchmark::DoNotOptimize(isMenuIconReady(icons.iconForFile(Url::fromPath(file))));
@@ -212,7 +212,7 @@ void warmIconsBeforeFirstPaintOnMain(benchmark::State& state)
 {
     auto& machine = Machine::shared();
     fakes::FakeTime time;
-    ThemeIcons source(time, time);
+    ThemeIconSource source(time, time);
     for (auto const& file : machine.files)
         (void)menuIconOf(source.fileIcon(Url::fromPath(file)));
     for (auto _ : state) {
@@ -232,7 +232,7 @@ void coldIconsAfterFirstPaint(benchmark::State& state)
     auto& machine = Machine::shared();
     fakes::FakeTime time;
     for (auto _ : state) {
-        ThemeIcons source(time, time);
+        ThemeIconSource source(time, time);
         for (auto const& file : machine.files)
             benchmark::DoNotOptimize(menuIconOf(source.fileIcon(Url::fromPath(file))));
     }

@@ -4,7 +4,8 @@
 #include "base/MainThread.h"
 #include "platform/linux/machine/SystemClock.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTasks.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/DockWindow.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -93,7 +94,7 @@ public:
     }
 
     desktop::DockWindow bar { 0, 0, 640, 26 };
-    QtRunLoop loop;
+    QtTimers timers;
     SystemClock clock;
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
@@ -106,7 +107,7 @@ private:
     {
         auto const real = frontEnd->seams();
         panels.emplace(real.panels);
-        return { real.windowList, real.screens, real.workspaceEvents, real.pointerMonitor, *panels, loop, clock };
+        return { real.menuBars, real.screens, real.workspaceEvents, real.pointerMonitor, *panels, timers, clock };
     }
 };
 

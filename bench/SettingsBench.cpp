@@ -7,7 +7,7 @@
 #include "bench/Ratio.h"
 #include "platform/linux/files/LinuxBookmarks.h"
 #include "platform/linux/files/LinuxFileSystem.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/settings/MenuEditorView.h"
 #include "platform/linux/store/PlistUserDefaults.h"
 #include "tests/fakes/FakeDesktop.h"
@@ -113,7 +113,7 @@ private:
     fakes::FakeApplication m_application;
     KresUpdater m_updater { { m_resources, { m_userNotifications, m_application, m_resources },
         [](UpdateChannels&, UpdateUserDriver&) { return std::make_unique<fakes::FakeUpdateEngine>(); } } };
-    ThemeIcons m_themeIcons { m_time, m_time };
+    ThemeIconSource m_themeIcons { m_time, m_time };
     MenuIcon m_icons { m_themeIcons, Url::fromPath("/") };
     fakes::FakeFilePanels m_panels;
     fakes::FakeAlerts m_alerts;

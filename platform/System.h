@@ -3,7 +3,7 @@
 #include "platform/desk/Desk.h"
 #include "platform/files/Files.h"
 #include "platform/lists/Lists.h"
-#include "platform/menubar/MenuBar.h"
+#include "platform/menubar/Presence.h"
 #include "platform/program/Home.h"
 #include "platform/session/Session.h"
 #include "platform/time/Time.h"
@@ -35,7 +35,7 @@ struct System {
 struct Surface {
     Desk desk;
     Looks looks;
-    MenuBar menuBar;
+    Presence presence;
     Windows windows;
     Home home;
 };

@@ -67,7 +67,6 @@ MenuEntry ShortcutsMenu::entryFor(Shortcut const& shortcut) const
 MenuEntry ShortcutsMenu::entryFor(ShortcutFolder const& folder) const
 {
     auto const submenu = std::make_shared<Menu>(folder.name);
-    submenu->autoenablesItems = false;
     for (auto const& shortcut : folder.shortcuts)
         submenu->entries.push_back(entryFor(shortcut));
     if (folder.shortcuts.empty())

@@ -91,7 +91,6 @@ public:
     Menu& operator=(Menu const&) = delete;
 
     std::string title;
-    bool autoenablesItems = true; ///< ours are all made with false: enabled states are set explicitly
     std::weak_ptr<MenuDelegate> delegate;
     std::vector<MenuEntry> entries;
 

@@ -23,7 +23,6 @@ MenuEntry entryWithSubmenu(std::string title)
 {
     MenuEntry entry;
     entry.submenu = std::make_shared<Menu>(title);
-    entry.submenu->autoenablesItems = false;
     entry.title = std::move(title);
     return entry;
 }
@@ -63,7 +62,6 @@ void MenuBuilder::appendItems(Menu& menu, std::vector<MenuItem> const& items, Op
     assertMainThread();
     menu.entries.clear();
     menu.entries.reserve(items.size());
-    menu.autoenablesItems = false;
     for (auto const& item : items) {
         if (!item.isHidden)
             menu.entries.push_back(makeItem(item, option));

@@ -4,32 +4,47 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace zv {
 
 namespace {
 
-/// The kinds that carry the icon of a file of the system, and what stands in for it.
-struct KindFile {
+struct KindPicture {
     MenuItemKind::Case kind;
-    std::string_view path;
-    std::string_view fallback;
+    SystemIcon picture;
+    std::optional<SystemIcon> fallback {}; ///< for a system that lacks the picture
 };
 
-constexpr std::string_view dock = "/System/Library/CoreServices/Dock.app";
-constexpr std::string_view systemSettings = "/System/Applications/System Settings.app";
-
-constexpr std::array kindFiles {
-    KindFile { MenuItemKind::dockMenu, dock, "" },
-    KindFile { MenuItemKind::dockPrefs, dock, "" },
-    KindFile { MenuItemKind::shortcuts, "/System/Applications/Shortcuts.app", "" },
-    KindFile { MenuItemKind::appStore, "/System/Applications/App Store.app", "" },
-    KindFile { MenuItemKind::softwareUpdate, "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex", systemSettings },
-    KindFile { MenuItemKind::systemPrefs, systemSettings, "" },
-    KindFile { MenuItemKind::simpleSystemPrefs, systemSettings, "" },
-    KindFile { MenuItemKind::location, "/System/Library/ExtensionKit/Extensions/Network.appex", "" },
+/// Every kind that has a picture, apart from those of the items folder.
+constexpr std::array kindPictures {
+    KindPicture { MenuItemKind::recentServers, SystemIcon::network },
+    KindPicture { MenuItemKind::dockMenu, SystemIcon::dock },
+    KindPicture { MenuItemKind::dockPrefs, SystemIcon::dock },
+    KindPicture { MenuItemKind::shortcuts, SystemIcon::shortcuts },
+    KindPicture { MenuItemKind::aboutThisMac, SystemIcon::computer },
+    KindPicture { MenuItemKind::appStore, SystemIcon::appStore },
+    KindPicture { MenuItemKind::softwareUpdate, SystemIcon::softwareUpdate, SystemIcon::systemSettings },
+    KindPicture { MenuItemKind::systemPrefs, SystemIcon::systemSettings },
+    KindPicture { MenuItemKind::simpleSystemPrefs, SystemIcon::systemSettings },
+    KindPicture { MenuItemKind::customizeZantheVell, SystemIcon::application },
+    KindPicture { MenuItemKind::quitZantheVell, SystemIcon::application },
+    KindPicture { MenuItemKind::location, SystemIcon::networkLocation },
 };
+
+/// From the cache, else fetched. What is not there is not kept: it may be there the next
+/// time it is asked for.
+template <class Cache, class Fetch> ImageRef cached(Cache& cache, typename Cache::key_type const& key, Fetch fetch)
+{
+    auto const known = cache.find(key);
+    if (known != cache.end())
+        return known->second;
+    auto image = fetch();
+    if (image)
+        cache.emplace(key, image);
+    return image;
+}
 
 } // namespace
 
@@ -42,29 +57,13 @@ MenuIcon::MenuIcon(IconSource& source, Url itemsFolder)
 ImageRef MenuIcon::iconForKind(MenuItemKind const& kind)
 {
     assertMainThread();
-    switch (kind.value()) {
-    case MenuItemKind::zantheVellItems:
-    case MenuItemKind::revealZantheVellItems:
+    if (kind == MenuItemKind::zantheVellItems || kind == MenuItemKind::revealZantheVellItems)
         return itemsFolderIcon();
-    case MenuItemKind::recentServers:
-        return networkIcon();
-    case MenuItemKind::aboutThisMac:
-        return thisMacIcon();
-    case MenuItemKind::customizeZantheVell:
-    case MenuItemKind::quitZantheVell:
-        return applicationIcon();
-    default:
-        return iconOfKindFile(kind);
-    }
-}
-
-ImageRef MenuIcon::iconOfKindFile(MenuItemKind const& kind)
-{
-    auto const file = std::find_if(kindFiles.begin(), kindFiles.end(), [&](auto const& known) { return kind == known.kind; });
-    if (file == kindFiles.end())
+    auto const known = std::find_if(kindPictures.begin(), kindPictures.end(), [&](auto const& row) { return kind == row.kind; });
+    if (known == kindPictures.end())
         return nullptr;
-    auto const icon = iconForFile(Url::fromPath(file->path));
-    return icon || file->fallback.empty() ? icon : iconForFile(Url::fromPath(file->fallback));
+    auto const icon = systemIcon(known->picture);
+    return icon || !known->fallback ? icon : systemIcon(*known->fallback);
 }
 
 ImageRef MenuIcon::itemsFolderIcon()
@@ -78,38 +77,18 @@ ImageRef MenuIcon::iconForFile(Url const& url)
     assertMainThread();
     if (!url.isFile())
         return networkIcon();
-    return cached(url.path(), [&] { return m_source.fileIcon(url); });
+    return cached(m_files, url.path(), [&] { return m_source.fileIcon(url); });
 }
 
-ImageRef MenuIcon::thisMacIcon()
+ImageRef MenuIcon::systemIcon(SystemIcon icon)
 {
-    return cached("thisMac", [this] { return m_source.computerIcon(); });
+    return cached(m_systemIcons, icon, [&] { return m_source.systemIcon(icon); });
 }
 
-ImageRef MenuIcon::genericFolderIcon()
+void MenuIcon::emptyCache()
 {
-    return cached("genericFolder", [this] { return m_source.folderIcon(); });
-}
-
-ImageRef MenuIcon::networkIcon()
-{
-    return cached("network", [this] { return m_source.networkIcon(); });
-}
-
-ImageRef MenuIcon::applicationIcon() { return m_source.applicationIcon(); }
-
-void MenuIcon::emptyCache() { m_cache.clear(); }
-
-template <class Fetch> ImageRef MenuIcon::cached(std::string key, Fetch fetch)
-{
-    auto const known = m_cache.find(key);
-    if (known != m_cache.end())
-        return known->second;
-    // What is not there is not kept: it may be there the next time it is asked for.
-    auto image = fetch();
-    if (image)
-        m_cache.emplace(std::move(key), image);
-    return image;
+    m_files.clear();
+    m_systemIcons.clear();
 }
 
 } // namespace zv

@@ -32,20 +32,19 @@ public:
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     void emptyCache() override;
 
-    [[nodiscard]] ImageRef thisMacIcon();
-    [[nodiscard]] ImageRef genericFolderIcon();
-    [[nodiscard]] ImageRef networkIcon();
-    [[nodiscard]] ImageRef applicationIcon();
+    [[nodiscard]] ImageRef thisMacIcon() { return systemIcon(SystemIcon::computer); }
+    [[nodiscard]] ImageRef genericFolderIcon() { return systemIcon(SystemIcon::folder); }
+    [[nodiscard]] ImageRef networkIcon() { return systemIcon(SystemIcon::network); }
+    [[nodiscard]] ImageRef applicationIcon() { return systemIcon(SystemIcon::application); }
 
 private:
-    [[nodiscard]] ImageRef iconOfKindFile(MenuItemKind const& kind);
     [[nodiscard]] ImageRef itemsFolderIcon();
-    template <class Fetch> [[nodiscard]] ImageRef cached(std::string key, Fetch fetch);
+    [[nodiscard]] ImageRef systemIcon(SystemIcon icon);
 
     IconSource& m_source;
     Url m_itemsFolder;
-    /// By a file's path, or "thisMac", "genericFolder", "network".
-    std::unordered_map<std::string, ImageRef> m_cache;
+    std::unordered_map<std::string, ImageRef> m_files; ///< by path
+    std::unordered_map<SystemIcon, ImageRef> m_systemIcons;
 };
 
 } // namespace zv

@@ -13,7 +13,7 @@ AppleMenuOverlayController::AppleMenuOverlayController(
     : m_services(services)
     , m_preferences(preferences)
     , m_showMenu(std::move(showMenu))
-    , m_menuBars(services.windowList, services.screens, services.clock)
+    , m_menuBars(services.menuBars, services.screens, services.clock)
     , m_lastChange(services.clock.monotonic())
 {
     assertMainThread();
@@ -29,7 +29,7 @@ AppleMenuOverlayController::~AppleMenuOverlayController()
     m_services.screens.onChanged = nullptr;
     m_services.workspaceEvents.onActiveSpaceChanged = nullptr;
     m_services.workspaceEvents.onApplicationActivated = nullptr;
-    m_services.windowList.onMenuBarsChanged = nullptr;
+    m_services.menuBars.onChanged = nullptr;
 }
 
 void AppleMenuOverlayController::observeDesktop()
@@ -42,7 +42,7 @@ void AppleMenuOverlayController::observeDesktop()
     m_services.workspaceEvents.onActiveSpaceChanged = record;
     m_services.workspaceEvents.onApplicationActivated = record;
     // A bar that begins to move is followed from its first step, not from the next slow tick.
-    m_services.windowList.onMenuBarsChanged = m_lifetime.guard([this] {
+    m_services.menuBars.onChanged = m_lifetime.guard([this] {
         m_menuBars.expectOthers();
         heartbeatTick();
     });
@@ -58,7 +58,7 @@ void AppleMenuOverlayController::observePreferences()
         observePreferences();
         sync();
         for (auto const& window : m_windows)
-            window->setNeedsDisplay();
+            window->redraw();
     }));
 }
 
@@ -73,7 +73,7 @@ bool AppleMenuOverlayController::sync()
         return true;
     }
     for (std::size_t i = 0; i < frames.size(); ++i)
-        m_windows[i]->setFrameAndDisplay(frames[i]);
+        m_windows[i]->setFrame(frames[i]);
     return true;
 }
 
@@ -101,11 +101,11 @@ std::vector<Rect> AppleMenuOverlayController::currentFrames() const
 void AppleMenuOverlayController::recreateWindows(std::vector<Rect> const& frames)
 {
     for (auto const& window : m_windows)
-        window->orderOut();
+        window->hide();
     m_windows.clear();
     for (auto const& frame : frames) {
         m_windows.push_back(makeWindow(frame));
-        m_windows.back()->orderFrontRegardless();
+        m_windows.back()->show();
     }
 }
 

@@ -6,10 +6,10 @@
 #include "base/Lifetime.h"
 #include "base/Observation.h"
 #include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/OverlayPanels.h"
 #include "platform/menubar/PointerMonitor.h"
 #include "platform/menubar/Screens.h"
-#include "platform/menubar/WindowList.h"
 #include "platform/menubar/WorkspaceEvents.h"
 #include "platform/time/Timers.h"
 
@@ -22,14 +22,14 @@ namespace zv {
 /// What the overlay needs of the system. All outlive the controller, which is the one user
 /// of their callbacks.
 struct AppleMenuOverlayServices {
-    WindowList& windowList;
+    MenuBars& menuBars;
     Screens& screens;
     WorkspaceEvents& workspaceEvents;
     PointerMonitor& pointerMonitor;
     OverlayPanels& panels;
     Timers& timers;
     Clock& clock;
-    MenuBarVisibility* visibility = nullptr; ///< null: the window list alone decides
+    MenuBarVisibility* visibility = nullptr; ///< null: the menu bars alone decide
 };
 
 /// Keeps a nearly invisible window over the left end of every visible menu bar; a click on

@@ -11,13 +11,7 @@ void AppleMenuOverlayView::draw(Canvas* canvas, double height)
     RainbowAppleLogo::drawRainbowLogo(canvas, height - 1); // the point by which it is taller than the menu bar
 }
 
-bool AppleMenuOverlayView::accessibilityPerformPress()
-{
-    press();
-    return true;
-}
-
-void AppleMenuOverlayView::press() const
+void AppleMenuOverlayView::press()
 {
     auto const running = action; // outlives the view that it may destroy
     if (running)

@@ -19,17 +19,10 @@ public:
     std::function<void()> action;
 
     void draw(Canvas* canvas, double height) override;
-    void mouseDown() override { press(); }
-    void rightMouseDown() override { press(); }
-    bool acceptsFirstMouse() const override { return true; }
-
-    AccessibilityRole accessibilityRole() const override { return AccessibilityRole::menuBarItem; }
+    void press() override;
     std::string_view accessibilityLabel() const override { return "Zanthe Vell"; }
-    bool accessibilityPerformPress() override;
 
 private:
-    void press() const;
-
     Preferences const& m_preferences;
 };
 

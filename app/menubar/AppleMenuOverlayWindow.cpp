@@ -2,19 +2,9 @@
 
 namespace zv {
 
-namespace {
-
-constexpr OverlayPanelStyle kStyle {
-    .level = AppleMenuOverlayWindow::level,
-    .collectionBehavior = AppleMenuOverlayWindow::collectionBehavior,
-    .background = { 0, 0, 0, AppleMenuOverlayWindow::backgroundAlpha },
-};
-
-} // namespace
-
 AppleMenuOverlayWindow::AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, Rect const& frame)
     : m_view(preferences)
-    , m_panel(panels.create(frame, kStyle, m_view))
+    , m_panel(panels.create(frame, m_view))
 {
     m_view.action = m_lifetime.guard([this] { pressed(); });
 }

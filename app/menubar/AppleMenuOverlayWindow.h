@@ -12,11 +12,6 @@ namespace zv {
 /// The nearly invisible panel over the left end of one menu bar.
 class AppleMenuOverlayWindow {
 public:
-    static constexpr int level = 25; ///< of status windows: one above the menu bar
-    /// Joins all spaces (1), is stationary (16), is skipped when cycling (64), may stand beside a full-screen window (256).
-    static constexpr std::uint32_t collectionBehavior = 1 | 16 | 64 | 256;
-    /// Looks transparent and yet receives clicks.
-    static constexpr double backgroundAlpha = 0.004;
     /// How far below its bottom edge the menu opens.
     static constexpr double menuGap = 6;
 
@@ -26,10 +21,10 @@ public:
     std::function<void(Point)> action;
 
     [[nodiscard]] Rect frame() const { return m_panel->frame(); }
-    void setFrameAndDisplay(Rect const& frame) { m_panel->setFrameAndDisplay(frame); }
-    void orderFrontRegardless() { m_panel->orderFrontRegardless(); }
-    void orderOut() { m_panel->orderOut(); }
-    void setNeedsDisplay() { m_panel->setNeedsDisplay(); }
+    void setFrame(Rect const& frame) { m_panel->setFrame(frame); }
+    void show() { m_panel->show(); }
+    void hide() { m_panel->hide(); }
+    void redraw() { m_panel->redraw(); }
 
 private:
     void pressed() const;

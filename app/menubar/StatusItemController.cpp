@@ -23,7 +23,7 @@ StatusItemController::StatusItemController(Services services)
 {
     assertMainThread();
     wireHotkeys();
-    m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.menuBar.menuHost.popUp(m_overlayMenu, at); }));
+    m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.presence.menuHost.popUp(m_overlayMenu, at); }));
     observe(m_showsStatusItem);
     observe(m_prescanDepth);
     updateStatusItem();
@@ -33,7 +33,6 @@ StatusItemController::StatusItemController(Services services)
 std::shared_ptr<Menu> StatusItemController::makeMenu() const
 {
     auto menu = std::make_shared<Menu>();
-    menu->autoenablesItems = false;
     menu->delegate = m_asDelegate;
     return menu;
 }
@@ -61,7 +60,7 @@ void StatusItemController::updateStatusItem()
         return;
     }
     if (!m_statusItem)
-        m_statusItem = m_services.menuBar.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
+        m_statusItem = m_services.presence.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
 }
 
 void StatusItemController::rescanFileHotkeys()

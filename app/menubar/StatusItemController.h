@@ -32,7 +32,7 @@ public:
     struct Services {
         System const& system;
         Desk const& desk;
-        MenuBar const& menuBar;
+        Presence const& presence;
         MenuStore& store;
         Preferences& preferences;
         MenuBuilder const& builder;

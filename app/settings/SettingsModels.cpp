@@ -35,7 +35,7 @@ SettingsModels::SettingsModels(Services services)
 
 std::optional<std::string> SettingsModels::statusItemProblem() const
 {
-    if (m_services.surface.menuBar.showsStatusItems())
+    if (m_services.surface.presence.showsStatusItems())
         return std::nullopt;
     return SettingsWording::of(m_services.system.kind).statusItemIsNotShown;
 }

@@ -14,8 +14,8 @@ ProgramParts::ProgramParts(Over over)
           .reminder
           = { .notifications = over.surface.windows.notifications, .application = over.surface.desk.application, .resources = over.system.files.resources },
           .makeEngine = over.surface.home.makeUpdateEngine })
-    , m_layout(over.surface.menuBar.keyboardLayout, m_notifications)
-    , m_hotkeys(over.surface.menuBar.hotkeys, m_layout)
+    , m_layout(over.surface.presence.keyboardLayout, m_notifications)
+    , m_hotkeys(over.surface.presence.hotkeys, m_layout)
     , m_fileHotkeys({ .tasks = over.system.time.tasks, .reader = over.system.files.folders, .files = over.system.files.disk }, m_hotkeys)
     , m_menus({ .system = over.system,
           .desk = over.surface.desk,
@@ -47,7 +47,7 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
     return std::make_unique<StatusItemController>(StatusItemController::Services {
         .system = m_over.system,
         .desk = m_over.surface.desk,
-        .menuBar = m_over.surface.menuBar,
+        .presence = m_over.surface.presence,
         .store = m_over.store,
         .preferences = m_over.preferences,
         .builder = m_menus.builder(),
@@ -63,10 +63,10 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
 
 std::shared_ptr<void> ProgramParts::makeOverlay(std::function<void(Point)> showMenu)
 {
-    auto const& seams = m_over.surface.menuBar.overlay;
+    auto const& seams = m_over.surface.presence.overlay;
     if (!seams)
         return nullptr;
-    return std::make_shared<AppleMenuOverlayController>(AppleMenuOverlayServices { .windowList = seams->windowList,
+    return std::make_shared<AppleMenuOverlayController>(AppleMenuOverlayServices { .menuBars = seams->menuBars,
                                                             .screens = seams->screens,
                                                             .workspaceEvents = seams->workspaceEvents,
                                                             .pointerMonitor = seams->pointerMonitor,
@@ -96,7 +96,7 @@ SettingsModels::Services ProgramParts::settingsServices()
         .loginItem = m_loginItem,
         .updater = m_updater,
         .icons = m_menus.icons(),
-        .overlayProblem = [this] { return noteOf(overlayCheck(m_over.surface.menuBar.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
+        .overlayProblem = [this] { return noteOf(overlayCheck(m_over.surface.presence.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
         .showReadMe = [this] { m_over.begging.show(); },
         .openSettingsPane = [this](std::string_view pane) { m_menus.actions().openSettingsPane(pane); },
     };

@@ -5,20 +5,29 @@
 
 namespace zv {
 
+/// Pictures that stand for a thing, whatever file a system may keep it in.
+enum class SystemIcon {
+    application, ///< this program's own
+    appStore,
+    computer, ///< this one, by its model where that is known
+    dock,
+    folder,
+    network,
+    networkLocation,
+    shortcuts,
+    softwareUpdate,
+    systemSettings,
+};
+
 /// The system's own pictures, 16 by 16 points. None of these waits for a disk or a
 /// volume: a picture may get its contents after it was handed out. Main thread only.
 class IconSource {
 public:
     virtual ~IconSource() = default;
-    /// The file's icon, or null when there is none. The places where the home system keeps
-    /// its own applications ("/System/…") have an icon on every system.
+    /// The file's icon, or null when there is none.
     [[nodiscard]] virtual ImageRef fileIcon(Url const& file) = 0;
-    /// This computer's picture, by its model where that is known.
-    [[nodiscard]] virtual ImageRef computerIcon() = 0;
-    [[nodiscard]] virtual ImageRef folderIcon() = 0;
-    [[nodiscard]] virtual ImageRef networkIcon() = 0;
-    /// This program's own icon.
-    [[nodiscard]] virtual ImageRef applicationIcon() = 0;
+    /// Null where this system has none.
+    [[nodiscard]] virtual ImageRef systemIcon(SystemIcon icon) = 0;
 };
 
 } // namespace zv

@@ -10,6 +10,7 @@
 #include "platform/lists/Volumes.h"
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -119,18 +120,23 @@ public:
         std::string text;
     };
 
-    ImageRef fileIcon(Url const& file) override { return missing.contains(file.path()) ? nullptr : make("file:" + file.path()); }
-    ImageRef computerIcon() override { return make("computer"); }
-    ImageRef folderIcon() override { return make("folder"); }
-    ImageRef networkIcon() override { return make("network"); }
-    ImageRef applicationIcon() override { return make("application"); }
+    ImageRef fileIcon(Url const& file) override { return make("file:" + file.path()); }
+    ImageRef systemIcon(SystemIcon icon) override { return make(nameOf(icon)); }
+    static std::string nameOf(SystemIcon icon)
+    {
+        static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "network", "networkLocation", "shortcuts",
+            "softwareUpdate", "systemSettings" };
+        return names[static_cast<std::size_t>(icon)];
+    }
 
-    std::map<std::string, bool> missing; ///< paths that have no icon
+    std::set<std::string> missing; ///< by name
     std::map<std::string, int> asked;
 
 private:
     ImageRef make(std::string const& name)
     {
+        if (missing.contains(name))
+            return nullptr;
         ++asked[name];
         return std::make_shared<NamedImage>(name);
     }

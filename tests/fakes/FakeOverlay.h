@@ -2,52 +2,48 @@
 
 #include "platform/desk/Canvas.h"
 #include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/OverlayPanels.h"
 #include "platform/menubar/PointerMonitor.h"
 #include "platform/menubar/Screens.h"
-#include "platform/menubar/WindowList.h"
 #include "platform/menubar/WorkspaceEvents.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <memory>
-#include <string>
+#include <optional>
 #include <utility>
 #include <vector>
 
 namespace zv::fakes {
 
-/// A window server whose windows a test puts up; counts how it was asked.
-class FakeWindowList : public WindowList {
+/// Menu bars that a test puts up; counts how it was asked.
+class FakeMenuBars : public MenuBars {
 public:
-    static constexpr int menuLevel = 24;
+    struct Bar : MenuBar {
+        bool isOnScreen = true;
+    };
 
-    std::optional<WindowInfo> window(std::uint32_t number) const override
-    {
-        ++lookups;
-        auto const found = std::find_if(windows.begin(), windows.end(), [number](auto const& info) { return info.number == number; });
-        return found == windows.end() ? std::nullopt : std::optional(*found);
-    }
-    std::vector<WindowInfo> onScreenWindows() const override
+    std::vector<MenuBar> onScreen() const override
     {
         ++scans;
-        std::vector<WindowInfo> found;
-        std::copy_if(windows.begin(), windows.end(), std::back_inserter(found), [](auto const& info) { return info.isOnscreen; });
+        std::vector<MenuBar> found;
+        std::copy_if(bars.begin(), bars.end(), std::back_inserter(found), [](auto const& bar) { return bar.isOnScreen; });
         return found;
     }
-    int mainMenuLevel() const override { return menuLevel; }
-
-    /// `bounds` in the window list's own coordinates.
-    WindowInfo& addMenuBar(std::int64_t number, Rect const& bounds)
+    std::optional<Rect> frame(MenuBarID id) const override
     {
-        return windows.emplace_back(WindowInfo { "Window Server", menuLevel, bounds, number, true });
-    }
-    WindowInfo& menuBar(std::int64_t number)
-    {
-        return *std::find_if(windows.begin(), windows.end(), [number](auto const& info) { return info.number == number; });
+        ++lookups;
+        auto const found = std::find_if(bars.begin(), bars.end(), [id](auto const& bar) { return bar.id == id; });
+        return found != bars.end() && found->isOnScreen ? std::optional(found->frame) : std::nullopt;
     }
 
-    std::vector<WindowInfo> windows;
+    void add(std::optional<MenuBarID> id, Rect const& frame) { bars.push_back({ { frame, id } }); }
+    Bar& bar(MenuBarID id)
+    {
+        return *std::find_if(bars.begin(), bars.end(), [id](auto const& known) { return known.id == id; });
+    }
+
+    std::vector<Bar> bars;
     mutable int lookups = 0;
     mutable int scans = 0;
 };
@@ -105,14 +101,13 @@ class FakeOverlayPanels : public OverlayPanels {
 public:
     struct State {
         Rect frame;
-        OverlayPanelStyle style;
         OverlayPanelContent* content = nullptr;
         bool isShown = false;
         int moves = 0;
         int redraws = 0;
     };
 
-    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content) override
+    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelContent& content) override
     {
         struct Panel : OverlayPanel {
             explicit Panel(std::shared_ptr<State> s)
@@ -120,17 +115,17 @@ public:
             {
             }
             Rect frame() const override { return state->frame; }
-            void setFrameAndDisplay(Rect const& wanted) override
+            void setFrame(Rect const& wanted) override
             {
                 state->frame = wanted;
                 ++state->moves;
             }
-            void orderFrontRegardless() override { state->isShown = true; }
-            void orderOut() override { state->isShown = false; }
-            void setNeedsDisplay() override { ++state->redraws; }
+            void show() override { state->isShown = true; }
+            void hide() override { state->isShown = false; }
+            void redraw() override { ++state->redraws; }
             std::shared_ptr<State> state;
         };
-        auto state = std::make_shared<State>(State { frame, style, &content });
+        auto state = std::make_shared<State>(State { frame, &content });
         made.push_back(state);
         return std::make_unique<Panel>(std::move(state));
     }

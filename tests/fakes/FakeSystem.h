@@ -82,7 +82,7 @@ struct FakeSurface {
     FakeMenuHost menuHost;
     FakeHotkeyRegistrar hotkeys;
     FakeKeyboardLayoutSource keyboardLayout;
-    FakeWindowList windowList;
+    FakeMenuBars menuBars;
     FakeScreens screens;
     FakeWorkspaceEvents workspaceEvents;
     FakePointerMonitor pointerMonitor;
@@ -103,12 +103,12 @@ struct FakeSurface {
     {
         return { .desk = desk(),
             .looks = looks(),
-            .menuBar = { .statusBar = statusBar,
+            .presence = { .statusBar = statusBar,
                 .showsStatusItems = [this] { return showsStatusItems; },
                 .menuHost = menuHost,
                 .hotkeys = hotkeys,
                 .keyboardLayout = keyboardLayout,
-                .overlay = OverlaySeams { .windowList = windowList,
+                .overlay = OverlaySeams { .menuBars = menuBars,
                     .screens = screens,
                     .workspaceEvents = workspaceEvents,
                     .pointerMonitor = pointerMonitor,

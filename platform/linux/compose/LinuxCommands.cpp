@@ -5,9 +5,11 @@
 #include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/doctor/DesktopSurvey.h"
 #include "platform/linux/doctor/DisplaySurvey.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/text/CellTextMeasure.h"
 #include "platform/linux/toolkit/CommandApplication.h"
+#include "platform/linux/toolkit/QtTasks.h"
+#include "platform/linux/toolkit/QtTimers.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -59,25 +61,27 @@ struct LinuxCommands::Turning {
     explicit Turning(LinuxFiles& files)
         : access(DesktopAccess::ofThisMachine(files.directories()))
         , machine({ .files = files,
-              .loop = loop,
+              .timers = timers,
+              .tasks = tasks,
               .access = access,
               .sessionBus = sessionBus(access.buses),
               .windows = display.clientWindows(),
               .pending = &pending })
         , system(machine.system())
-        , pictures(loop, loop)
+        , pictures(tasks, timers)
     {
     }
 
     CommandApplication application;
-    QtRunLoop loop;
+    QtTimers timers;
+    QtTasks tasks;
     WorkCount pending;
     Display display;
     DesktopAccess access;
     LinuxSystem machine;
     System system;
     CellTextMeasure cells;
-    ThemeIcons pictures;
+    ThemeIconSource pictures;
 };
 
 LinuxCommands::LinuxCommands(Streams streams)

@@ -67,13 +67,13 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_access(DesktopAccess::ofThisMachine(XdgDirectories::current()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, requests())
-    , m_system({ .files = m_files, .loop = m_runLoop, .access = m_access, .sessionBus = m_bus, .windows = clientWindowsOfThisDisplay(), .pending = nullptr })
-    , m_icons(m_runLoop, m_runLoop)
-    , m_performer(m_modifierKeys, m_runLoop)
+    , m_system({ .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindowsOfThisDisplay(), .pending = nullptr })
+    , m_icons(m_tasks, m_timers)
+    , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_runLoop, m_bus)
+    , m_keyboard(m_timers, m_bus)
     , m_overlay(OverlayFrontEnd::make())
     , m_installation(installationOptions(m_files.directories(), m_files.places().environment, [this] { m_instance.release(); }))
     , m_loginService({ m_files.directories().config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
@@ -102,7 +102,7 @@ int LinuxFrontEnd::run()
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
     m_app->launch(); // when a copy takes over, it ends this process once it has started
     watchSettings();
-    auto const preparing = m_runLoop.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
+    auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
     m_settingsWindow.close();
     m_app.reset();
@@ -144,7 +144,7 @@ UpdateEngineFactory LinuxFrontEnd::updateEngine()
 {
     return [this](UpdateChannels& channels, UpdateUserDriver& userDriver) {
         auto const files = m_files.files();
-        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { files.defaults, files.resources, m_files.clock(), m_runLoop, m_application,
+        return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { files.defaults, files.resources, m_files.clock(), m_timers, m_application,
                                                          m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow },
             channels, userDriver);
     };
@@ -175,7 +175,7 @@ Surface LinuxFrontEnd::surface()
 {
     return { .desk = { .application = m_application, .alerts = m_alerts, .modifierKeys = m_modifierKeys, .clipboard = m_clipboard },
         .looks = { .text = m_text, .icons = m_icons },
-        .menuBar = { .statusBar = m_statusBar,
+        .presence = { .statusBar = m_statusBar,
             .showsStatusItems = [this] { return statusIconsAreShown(); },
             .menuHost = m_menuHost,
             .hotkeys = m_keyboard.registrar(),

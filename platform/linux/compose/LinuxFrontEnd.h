@@ -3,7 +3,7 @@
 #include "app/shell/ZantheVellApp.h"
 #include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
@@ -13,12 +13,14 @@
 #include "platform/linux/settings/QtSettingsWindow.h"
 #include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
+#include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTextMeasure.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
-#include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
-#include "platform/linux/windows/DBusNotifications.h"
+#include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
 #include "platform/linux/windows/QtAlerts.h"
 #include "platform/linux/windows/QtFilePanels.h"
@@ -54,13 +56,14 @@ private:
     SingleInstance m_instance;
 
     LinuxFiles m_files;
-    QtRunLoop m_runLoop;
+    QtTimers m_timers;
+    QtTasks m_tasks;
     LinuxSystem m_system;
 
     QtAlerts m_alerts;
     QtClipboard m_clipboard;
     QtTextMeasure m_text;
-    ThemeIcons m_icons;
+    ThemeIconSource m_icons;
 
     QtModifierKeys m_modifierKeys;
     MenuPerformer m_performer;
@@ -73,7 +76,7 @@ private:
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
     QtNotesWindows m_notesWindows;
-    DBusNotifications m_userNotifications;
+    BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
     QtDownloads m_downloads;
     LinuxPackageOrigin m_packageOrigin;

@@ -18,30 +18,31 @@ template <class Counted, class Seam> std::optional<Counted> countedBy(WorkCount*
 
 LinuxSystem::LinuxSystem(Over const& over)
     : m_files(over.files)
-    , m_loop(over.loop)
+    , m_timers(over.timers)
+    , m_tasks(over.tasks)
     , m_desktops(DesktopAudience::current().desktops)
     , m_launchLog(launchLogFile(over.files.directories()))
-    , m_catalog(m_loop, applicationFolders())
+    , m_catalog(m_tasks, applicationFolders())
     , m_runningApplications(
           { .catalog = m_catalog, .desktops = m_desktops, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus },
           over.windows)
-    , m_countedTasks(countedBy<CountedTasks>(over.pending, static_cast<Tasks&>(m_loop)))
+    , m_countedTasks(countedBy<CountedTasks>(over.pending, m_tasks))
     , m_countedApplications(countedBy<CountedRunningApplications>(over.pending, m_runningApplications))
-    , m_recentFiles({ m_loop, m_files.clock(), m_catalog }, m_files.directories().data + "/recently-used.xbel", LaunchLog(m_launchLog))
-    , m_volumes(m_loop, m_loop)
-    , m_recentServers(m_loop, DesktopRecentServers::standardFiles())
-    , m_networkInterfaces(m_loop, over.access.buses.system)
+    , m_recentFiles({ m_tasks, m_files.clock(), m_catalog }, m_files.directories().data + "/recently-used.xbel", LaunchLog(m_launchLog))
+    , m_volumes(m_tasks, m_timers)
+    , m_recentServers(m_tasks, DesktopRecentServers::standardFiles())
+    , m_networkInterfaces(m_tasks, over.access.buses.system)
     , m_settingsPanes(m_catalog, m_desktops)
-    , m_workspace(over.access.buses.session, LaunchLog(m_launchLog), { .tasks = tasks(), .runningApplications = countedApplications() })
-    , m_desktop(over.access, "/etc/os-release", tasks())
-    , m_computer("/", tasks())
-    , m_events(over.access, tasks())
-    , m_scripts(over.access, DockStore::ofThisMachine(m_files.directories()), tasks())
+    , m_workspace(over.access.buses.session, LaunchLog(m_launchLog), { .tasks = commandTasks(), .runningApplications = countedApplications() })
+    , m_desktop(over.access, "/etc/os-release", commandTasks())
+    , m_computer("/", commandTasks())
+    , m_events(over.access, commandTasks())
+    , m_scripts(over.access, DockStore::ofThisMachine(m_files.directories()), commandTasks())
     , m_tools(std::make_shared<PosixToolRunner>())
 {
 }
 
-Tasks& LinuxSystem::tasks() { return m_countedTasks ? static_cast<Tasks&>(*m_countedTasks) : m_loop; }
+Tasks& LinuxSystem::commandTasks() { return m_countedTasks ? static_cast<Tasks&>(*m_countedTasks) : m_tasks; }
 
 RunningApplications& LinuxSystem::countedApplications()
 {
@@ -60,7 +61,7 @@ System LinuxSystem::system()
 {
     return { .kind = SystemKind::linuxDesktop,
         .files = m_files.files(),
-        .time = { .clock = m_files.clock(), .timers = m_loop, .tasks = m_loop },
+        .time = { .clock = m_files.clock(), .timers = m_timers, .tasks = m_tasks },
         .lists = { .recentFiles = m_recentFiles,
             .runningApplications = m_runningApplications,
             .volumes = m_volumes,

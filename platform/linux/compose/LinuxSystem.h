@@ -15,7 +15,6 @@
 #include "platform/linux/session/LinuxDesktopCommands.h"
 #include "platform/linux/session/LinuxScriptRunner.h"
 #include "platform/linux/session/LinuxSessionEvents.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
 #include "platform/linux/x11/DesktopRunningApplications.h"
 
 #include <memory>
@@ -31,7 +30,8 @@ class LinuxSystem {
 public:
     struct Over {
         LinuxFiles& files;
-        QtRunLoop& loop;
+        Timers& timers;
+        Tasks& tasks;
         DesktopAccess const& access;
         QDBusConnection sessionBus;
         std::optional<X11ClientWindows> windows; ///< nothing where no X server knows of all of them
@@ -49,11 +49,12 @@ public:
 
 private:
     void launch(Url const& application);
-    [[nodiscard]] Tasks& tasks();
+    [[nodiscard]] Tasks& commandTasks();
     [[nodiscard]] RunningApplications& countedApplications();
 
     LinuxFiles& m_files;
-    QtRunLoop& m_loop;
+    Timers& m_timers;
+    Tasks& m_tasks;
     std::vector<std::string> m_desktops;
     std::string m_launchLog;
     ApplicationCatalog m_catalog;

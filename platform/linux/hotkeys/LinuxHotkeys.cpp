@@ -3,7 +3,7 @@
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 #include "platform/linux/toolkit/CommandApplication.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
@@ -34,7 +34,7 @@ public:
 LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus)
     : m_connection(XkbConnection::open())
 {
-    auto keyboard = m_connection ? std::make_unique<XkbKeyboard>(*m_connection, timers) : nullptr;
+    auto keyboard = m_connection ? std::make_unique<XkbKeyboardLayoutSource>(*m_connection, timers) : nullptr;
     m_keyboard = keyboard.get();
     if (isWaylandSession()) {
         m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();

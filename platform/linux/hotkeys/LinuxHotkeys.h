@@ -12,7 +12,7 @@
 namespace zv {
 
 class XkbConnection;
-class XkbKeyboard;
+class XkbKeyboardLayoutSource;
 
 /// What this session offers for hotkeys: X11's grabs, on Wayland the desktop's portal, else
 /// nothing, with a layout to go by in each case. Made after the application object.
@@ -36,7 +36,7 @@ public:
 private:
     std::unique_ptr<XkbConnection> m_connection; ///< null without an X server
     std::unique_ptr<KeyboardLayoutSource> m_layout;
-    XkbKeyboard* m_keyboard = nullptr; ///< the layout, where an X server has it
+    XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< the layout, where an X server has it
     std::unique_ptr<HotkeyRegistrar> m_registrar;
 };
 

@@ -2,7 +2,7 @@
 
 #include "base/MainThread.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -63,7 +63,7 @@ private:
 
 } // namespace
 
-XcbHotkeyRegistrar::XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboard& keyboard, Timers& timers)
+XcbHotkeyRegistrar::XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers)
     : m_connection(connection)
     , m_keyboard(keyboard)
     , m_timers(timers)

@@ -17,14 +17,14 @@ class QObject;
 namespace zv {
 
 class XkbConnection;
-class XkbKeyboard;
+class XkbKeyboardLayoutSource;
 
 /// Combinations grabbed from the X server. What a pass asks for is compared with what is
 /// held, so that an unchanged pass says nothing to the server. Main thread only.
 class XcbHotkeyRegistrar : public HotkeyRegistrar {
 public:
     /// All three outlive this.
-    XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboard& keyboard, Timers& timers);
+    XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers);
     ~XcbHotkeyRegistrar() override;
 
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
@@ -62,7 +62,7 @@ private:
     [[nodiscard]] Keycodes keysDown() const;
 
     XkbConnection& m_connection;
-    XkbKeyboard& m_keyboard;
+    XkbKeyboardLayoutSource& m_keyboard;
     Timers& m_timers;
     std::map<Grab, HotkeyID> m_held;
     /// Keys that have fired, or must not, and have not been seen to go up.

@@ -17,25 +17,6 @@ namespace zv {
 
 namespace {
 
-/// Where the home system keeps its applications, and what other themes call them.
-struct HomeSystemPlace {
-    std::string_view path;
-    std::array<char const*, 3> names;
-    IconShape shape;
-};
-
-constexpr std::array homeSystemPlaces {
-    HomeSystemPlace { "/System/Library/CoreServices/Dock.app", { "user-desktop", "preferences-desktop", "desktop" }, IconShape::computer },
-    HomeSystemPlace { "/System/Applications/Shortcuts.app", { "preferences-desktop-keyboard-shortcuts", "preferences-desktop-keyboard", "input-keyboard" },
-        IconShape::settings },
-    HomeSystemPlace { "/System/Applications/App Store.app", { "system-software-install", "applications-other", "package-x-generic" }, IconShape::application },
-    HomeSystemPlace { "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex",
-        { "system-software-update", "software-update-available", "system-software-install" }, IconShape::settings },
-    HomeSystemPlace { "/System/Applications/System Settings.app", { "preferences-system", "preferences-desktop", "applications-system" }, IconShape::settings },
-    HomeSystemPlace {
-        "/System/Library/ExtensionKit/Extensions/Network.appex", { "preferences-system-network", "network-workgroup", "network-wired" }, IconShape::network },
-};
-
 struct UserFolder {
     GUserDirectory directory;
     char const* name;
@@ -51,14 +32,6 @@ constexpr std::array userFolders {
     UserFolder { G_USER_DIRECTORY_TEMPLATES, "folder-templates" },
     UserFolder { G_USER_DIRECTORY_VIDEOS, "folder-videos" },
 };
-
-std::optional<FileIconNames> homeSystemIcon(std::string_view path)
-{
-    auto const place = std::find_if(homeSystemPlaces.begin(), homeSystemPlaces.end(), [&](auto const& known) { return known.path == path; });
-    if (place == homeSystemPlaces.end())
-        return std::nullopt;
-    return FileIconNames { { place->names.begin(), place->names.end() }, {}, place->shape };
-}
 
 /// A volume's root has the picture of the medium, not that of a folder.
 std::optional<FileIconNames> volumeIcon(std::string const& path, MountTable const& mounts)
@@ -167,8 +140,6 @@ FileIconNames iconOfMissingFile(std::string const& path, bool isLink) { return i
 
 FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
 {
-    if (auto const icon = homeSystemIcon(path))
-        return *icon;
     if (auto const icon = volumeIcon(path, mounts))
         return *icon;
     if (auto const* mount = mounts.mountOf(path); mount && isRemoteFileSystem(mount->type))

@@ -8,15 +8,6 @@ namespace zv {
 
 namespace {
 
-QAccessible::Role toolkitRole(AccessibilityRole role)
-{
-    switch (role) {
-    case AccessibilityRole::menuBarItem:
-        return QAccessible::MenuItem;
-    }
-    return QAccessible::NoRole;
-}
-
 class OverlayInterface : public QAccessibleObject, public QAccessibleActionInterface {
 public:
     explicit OverlayInterface(OverlayAccessible* window)
@@ -28,7 +19,7 @@ public:
     QAccessibleInterface* child(int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(QAccessibleInterface const*) const override { return -1; }
-    QAccessible::Role role() const override { return toolkitRole(stand().content().accessibilityRole()); }
+    QAccessible::Role role() const override { return QAccessible::MenuItem; }
     QRect rect() const override { return stand().visibleRect(); }
     QString text(QAccessible::Text text) const override
     {
@@ -52,7 +43,7 @@ public:
     {
         if (name == pressAction())
             QMetaObject::invokeMethod(
-                object(), [this] { stand().content().accessibilityPerformPress(); }, Qt::QueuedConnection);
+                object(), [this] { stand().content().press(); }, Qt::QueuedConnection);
     }
     QStringList keyBindingsForAction(QString const&) const override { return {}; }
 

@@ -21,7 +21,7 @@ public:
     }
     OverlaySeams seams() override
     {
-        return { .windowList = m_menuBars,
+        return { .menuBars = m_menuBars,
             .screens = m_screens,
             .workspaceEvents = m_workspaceEvents,
             .pointerMonitor = m_pointerMonitor,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/doctor/OverlayCheck.h"
-#include "platform/menubar/MenuBar.h"
+#include "platform/menubar/Presence.h"
 
 #include <memory>
 

@@ -57,25 +57,20 @@ X11MenuBars::X11MenuBars(X11Connection& x, X11Screens const& screens)
     refresh();
 }
 
-std::optional<WindowInfo> X11MenuBars::window(std::uint32_t number) const
+std::vector<MenuBar> X11MenuBars::onScreen() const
 {
-    auto const found = std::find_if(m_bars.begin(), m_bars.end(), [number](auto const& bar) { return bar.window == number; });
-    return found == m_bars.end() ? std::nullopt : std::optional(infoOf(*found));
-}
-
-std::vector<WindowInfo> X11MenuBars::onScreenWindows() const
-{
-    std::vector<WindowInfo> windows;
+    std::vector<MenuBar> shown;
     for (auto const& bar : m_bars) {
         if (bar.isOnscreen)
-            windows.push_back(infoOf(bar));
+            shown.push_back({ m_screens.space().toScreen(bar.rect), bar.window });
     }
-    return windows;
+    return shown;
 }
 
-WindowInfo X11MenuBars::infoOf(XMenuBar const& bar) const
+std::optional<Rect> X11MenuBars::frame(MenuBarID id) const
 {
-    return { "Window Server", mainMenuLevel(), m_screens.space().toWindowList(bar.rect), bar.window, bar.isOnscreen };
+    auto const bar = std::find_if(m_bars.begin(), m_bars.end(), [id](auto const& known) { return known.window == id; });
+    return bar != m_bars.end() && bar->isOnscreen ? std::optional(m_screens.space().toScreen(bar->rect)) : std::nullopt;
 }
 
 void X11MenuBars::handle(xcb_generic_event_t const& event)
@@ -140,7 +135,7 @@ void X11MenuBars::refresh()
     if (bars == m_bars)
         return;
     m_bars = std::move(bars);
-    if (auto const changed = onMenuBarsChanged)
+    if (auto const changed = onChanged)
         changed();
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Screens.h"
-#include "platform/menubar/WindowList.h"
+#include "platform/menubar/MenuBars.h"
 
 #include <optional>
 #include <set>
@@ -18,15 +18,14 @@ struct XMenuBar {
     friend bool operator==(XMenuBar const&, XMenuBar const&) = default;
 };
 
-/// The panels at the top of the screens, told as the window server's menu bars. They are
-/// read again only after an event that can have changed them; asking costs nothing.
-class X11MenuBars : public WindowList {
+/// The panels at the top of the screens. They are read again only after an event that can
+/// have changed them; asking costs nothing.
+class X11MenuBars : public MenuBars {
 public:
     X11MenuBars(X11Connection& x, X11Screens const& screens);
 
-    std::optional<WindowInfo> window(std::uint32_t number) const override;
-    std::vector<WindowInfo> onScreenWindows() const override;
-    int mainMenuLevel() const override { return 24; }
+    std::vector<MenuBar> onScreen() const override;
+    std::optional<Rect> frame(MenuBarID id) const override;
 
     [[nodiscard]] std::vector<XMenuBar> const& bars() const { return m_bars; }
 
@@ -41,7 +40,6 @@ private:
     void listenTo(xcb_window_t dock);
     [[nodiscard]] std::vector<xcb_window_t> readClients() const;
     [[nodiscard]] std::vector<Client> readStates(std::vector<xcb_window_t> const& clients) const;
-    [[nodiscard]] WindowInfo infoOf(XMenuBar const& bar) const;
 
     X11Connection& m_x;
     X11Screens const& m_screens;

@@ -14,7 +14,7 @@ namespace zv {
 
 namespace {
 
-enum Button : xcb_button_t { leftButton = 1, middleButton = 2, rightButton = 3 };
+constexpr xcb_button_t lastButton = 3; ///< left, middle, right; beyond them the wheel turns
 
 /// The bar at whose left end the frame stands.
 XMenuBar const* barUnder(XRect const& frame, std::vector<XMenuBar> const& bars)
@@ -55,26 +55,26 @@ public:
         , m_batch(x.afterEvents([this] { followPanel(); }))
     {
     }
-    ~X11OverlayPanel() override { orderOut(); }
+    ~X11OverlayPanel() override { hide(); }
 
     Rect frame() const override { return m_frame; }
-    void setFrameAndDisplay(Rect const& frame) override
+    void setFrame(Rect const& frame) override
     {
         m_frame = frame;
         if (m_isShown)
             place();
     }
-    void orderFrontRegardless() override
+    void show() override
     {
         m_isShown = true;
         place();
     }
-    void orderOut() override
+    void hide() override
     {
         m_isShown = false;
         remove();
     }
-    void setNeedsDisplay() override
+    void redraw() override
     {
         if (m_logo)
             m_logo->update();
@@ -209,14 +209,11 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
 /// Nothing of this panel may be touched after the content was told: it may be gone.
 void X11OverlayPanel::handlePress(xcb_button_press_event_t const& press)
 {
-    if (press.event != m_window || press.detail > rightButton)
+    if (press.event != m_window || press.detail > lastButton)
         return;
     xcb_ungrab_pointer(m_x.get(), press.time);
     XReply<xcb_get_input_focus_reply_t> const arrived(xcb_get_input_focus_reply(m_x.get(), xcb_get_input_focus(m_x.get()), nullptr));
-    if (press.detail == leftButton || press.detail == middleButton)
-        m_content.mouseDown();
-    else
-        m_content.rightMouseDown();
+    m_content.press();
 }
 
 } // namespace
@@ -228,7 +225,7 @@ X11OverlayPanels::X11OverlayPanels(X11Connection& x, X11Screens const& screens, 
 {
 }
 
-std::unique_ptr<OverlayPanel> X11OverlayPanels::create(Rect const& frame, OverlayPanelStyle const&, OverlayPanelContent& content)
+std::unique_ptr<OverlayPanel> X11OverlayPanels::create(Rect const& frame, OverlayPanelContent& content)
 {
     return std::make_unique<X11OverlayPanel>(m_x, m_screens, m_menuBars, m_corners, frame, content);
 }

@@ -13,7 +13,7 @@ class X11OverlayPanels : public OverlayPanels {
 public:
     X11OverlayPanels(X11Connection& x, X11Screens const& screens, X11MenuBars const& menuBars);
 
-    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content) override;
+    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelContent& content) override;
 
 private:
     X11Connection& m_x;

@@ -9,7 +9,6 @@
 #include <QPoint>
 
 #include <functional>
-#include <optional>
 
 namespace zv {
 
@@ -39,22 +38,6 @@ private:
     BusMenu m_busMenu;
     QString m_name;
     QDBusServiceWatcher m_watcher;
-};
-
-/// The status icons of the session's panel. Without a session bus an item is kept, but
-/// shown by nobody.
-class StatusNotifierBar : public StatusBar {
-public:
-    StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer);
-    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override;
-    /// Where an icon was clicked last.
-    [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
-
-private:
-    QDBusConnection m_bus;
-    MenuPresenter& m_presenter;
-    MenuPerformer& m_performer;
-    std::optional<QPoint> m_lastClick;
 };
 
 } // namespace zv

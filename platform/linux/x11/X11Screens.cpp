@@ -13,11 +13,6 @@ XRect XRect::intersected(XRect const& other) const
     return { left, top, std::max(0, std::min(right(), other.right()) - left), std::max(0, std::min(bottom(), other.bottom()) - top) };
 }
 
-Rect XScreenSpace::toWindowList(XRect const& rect) const
-{
-    return { (rect.x - primary.x) / scale, (rect.y - primary.y) / scale, rect.width / scale, rect.height / scale };
-}
-
 Rect XScreenSpace::toScreen(XRect const& rect) const
 {
     return { (rect.x - primary.x) / scale, (primary.bottom() - rect.bottom()) / scale, rect.width / scale, rect.height / scale };

@@ -26,8 +26,6 @@ struct XScreenSpace {
     XRect primary;
     double scale = 1; ///< pixels a point
 
-    /// To the window list's coordinates: the origin is the primary screen's top left corner, y grows downwards.
-    [[nodiscard]] Rect toWindowList(XRect const& rect) const;
     [[nodiscard]] Rect toScreen(XRect const& rect) const;
     [[nodiscard]] Point toScreen(int x, int y) const;
     [[nodiscard]] XRect fromScreen(Rect const& rect) const;

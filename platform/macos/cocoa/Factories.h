@@ -25,12 +25,12 @@
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 #include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/MenuHost.h"
 #include "platform/menubar/OverlayPanels.h"
 #include "platform/menubar/PointerMonitor.h"
 #include "platform/menubar/Screens.h"
 #include "platform/menubar/StatusBar.h"
-#include "platform/menubar/WindowList.h"
 #include "platform/menubar/WorkspaceEvents.h"
 #include "platform/program/Installation.h"
 #include "platform/program/LoginService.h"
@@ -93,6 +93,7 @@ std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay);
 std::unique_ptr<KeyboardLayoutSource> makeKeyboardLayoutSource();
 std::unique_ptr<LoginService> makeLoginService();
 std::unique_ptr<MenuBarVisibility> makeMenuBarVisibility(); ///< null where the system does not tell
+std::unique_ptr<MenuBars> makeMenuBars();
 std::unique_ptr<MenuHost> makeMenuHost(MenuTracking& tracking);
 std::unique_ptr<MetadataQueries> makeMetadataQueries();
 std::unique_ptr<ModifierKeys> makeModifierKeys();
@@ -121,7 +122,6 @@ std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateU
 std::unique_ptr<UserDefaults> makeUserDefaults();
 std::unique_ptr<UserNotifications> makeUserNotifications();
 std::unique_ptr<Volumes> makeVolumes();
-std::unique_ptr<WindowList> makeWindowList();
 std::unique_ptr<Workspace> makeWorkspace();
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
 

@@ -3,6 +3,7 @@
 #include "app/doctor/MacChecks.h"
 #include "app/doctor/ProgramChecks.h"
 #import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/desk/SystemIconNames.h"
 
 #include <utility>
 
@@ -26,10 +27,7 @@ private:
 class PictureNames : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override { return file.isFile() ? named(file.path()) : nullptr; }
-    ImageRef computerIcon() override { return named("computer"); }
-    ImageRef folderIcon() override { return named("folder"); }
-    ImageRef networkIcon() override { return named("network"); }
-    ImageRef applicationIcon() override { return named("application"); }
+    ImageRef systemIcon(SystemIcon icon) override { return named(std::string(nameOfSystemIcon(icon))); }
 
 private:
     static ImageRef named(std::string name) { return std::make_shared<PictureName>(std::move(name)); }

@@ -50,7 +50,7 @@ private:
     std::unique_ptr<MacStatusBar> m_statusBar = makeStatusBar(m_menuTracking);
     std::unique_ptr<MenuHost> m_menuHost = makeMenuHost(m_menuTracking);
 
-    std::unique_ptr<WindowList> m_windowList = makeWindowList();
+    std::unique_ptr<MenuBars> m_menuBars = makeMenuBars();
     std::unique_ptr<Screens> m_screens = makeScreens();
     std::unique_ptr<WorkspaceEvents> m_workspaceEvents = makeWorkspaceEvents();
     std::unique_ptr<PointerMonitor> m_pointerMonitor = makePointerMonitor();

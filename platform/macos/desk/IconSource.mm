@@ -1,6 +1,7 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/desk/Images.h"
+#import "platform/macos/desk/SystemIconNames.h"
 #import "platform/macos/files/LinkTargets.h"
 #import "platform/macos/session/SystemValues.h"
 
@@ -46,6 +47,24 @@ NSImage* iconOfModel()
     return type && ![type isDynamic] ? [[NSWorkspace sharedWorkspace] iconForContentType:type] : nil;
 }
 
+NSImage* pictureWithoutFile(SystemIcon icon)
+{
+    switch (icon) {
+    case SystemIcon::application:
+        return [NSApp applicationIconImage];
+    case SystemIcon::computer: {
+        NSImage* const model = iconOfModel();
+        return model ? model : [NSImage imageNamed:NSImageNameComputer];
+    }
+    case SystemIcon::folder:
+        return [[NSWorkspace sharedWorkspace] iconForContentType:UTTypeFolder];
+    case SystemIcon::network:
+        return [NSImage imageNamed:NSImageNameNetwork];
+    default:
+        return nil;
+    }
+}
+
 /// By the name alone; what has no extension counts as a folder.
 NSImage* iconOfName(NSString* extension)
 {
@@ -67,14 +86,11 @@ public:
         NSImage* const pane = iconOfPreferencePane(path);
         return menuSized(pane ? pane : [[NSWorkspace sharedWorkspace] iconForFile:path], file.path());
     }
-    ImageRef computerIcon() override
+    ImageRef systemIcon(SystemIcon icon) override
     {
-        NSImage* const model = iconOfModel();
-        return menuSized(model ? model : [NSImage imageNamed:NSImageNameComputer], "computer");
+        auto const name = nameOfSystemIcon(icon);
+        return name.starts_with('/') ? fileIcon(Url::fromPath(name)) : menuSized(pictureWithoutFile(icon), std::string(name));
     }
-    ImageRef folderIcon() override { return menuSized([[NSWorkspace sharedWorkspace] iconForContentType:UTTypeFolder], "folder"); }
-    ImageRef networkIcon() override { return menuSized([NSImage imageNamed:NSImageNameNetwork], "network"); }
-    ImageRef applicationIcon() override { return menuSized([NSApp applicationIconImage], "application"); }
 };
 
 } // namespace

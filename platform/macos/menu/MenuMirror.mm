@@ -144,7 +144,7 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
     _mirrored = menu;
     _tracking = tracking;
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
-    [_menu setAutoenablesItems:menu->autoenablesItems ? YES : NO];
+    [_menu setAutoenablesItems:NO]; // every entry says itself whether it is
     [self showEntries]; // of a menu that fills itself: what stands there until it does
     if (!menu->delegate.expired() || tracking)
         [_menu setDelegate:self];

@@ -1,6 +1,7 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/overlay/LogoCanvas.h"
+#import "platform/macos/overlay/OverlayPanelStyle.h"
 
 /// A panel without a title bar is never moved to make room for one, and never takes the keys.
 @interface ZVOverlayPanel : NSPanel
@@ -45,29 +46,26 @@
 }
 /// A press returns when the menu has closed. The menu bar may have gone meanwhile, and the
 /// panel with it: both are kept until the end.
-- (BOOL)press:(bool (*)(zv::OverlayPanelContent&))act
+- (BOOL)press
 {
     __attribute__((objc_precise_lifetime, unused)) NSWindow* const panel = [self window];
     __attribute__((objc_precise_lifetime, unused)) ZVOverlayView* const view = self;
-    return _content && act(*_content) ? YES : NO;
+    if (!_content)
+        return NO;
+    _content->press();
+    return YES;
 }
 - (void)mouseDown:(NSEvent*)event
 {
-    [self press:[](zv::OverlayPanelContent& content) {
-        content.mouseDown();
-        return true;
-    }];
+    [self press];
 }
 - (void)rightMouseDown:(NSEvent*)event
 {
-    [self press:[](zv::OverlayPanelContent& content) {
-        content.rightMouseDown();
-        return true;
-    }];
+    [self press];
 }
 - (BOOL)acceptsFirstMouse:(NSEvent*)event
 {
-    return _content && _content->acceptsFirstMouse() ? YES : NO;
+    return YES;
 }
 - (BOOL)isAccessibilityElement
 {
@@ -83,7 +81,7 @@
 }
 - (BOOL)accessibilityPerformPress
 {
-    return [self press:[](zv::OverlayPanelContent& content) { return content.accessibilityPerformPress(); }];
+    return [self press];
 }
 @end
 
@@ -95,14 +93,14 @@ NSRect toNSRect(Rect const& rect) { return NSMakeRect(rect.x, rect.y, rect.width
 
 class MacOverlayPanel : public OverlayPanel {
 public:
-    MacOverlayPanel(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content)
+    MacOverlayPanel(Rect const& frame, OverlayPanelContent& content)
         : m_panel([[ZVOverlayPanel alloc] initWithContentRect:toNSRect(frame)
                                                     styleMask:NSWindowStyleMaskNonactivatingPanel
                                                       backing:NSBackingStoreBuffered
                                                         defer:NO])
         , m_view([[ZVOverlayView alloc] initWithFrame:NSMakeRect(0, 0, frame.width, frame.height)])
     {
-        apply(style);
+        style();
         [m_view setContent:&content];
         [m_panel setContentView:m_view];
     }
@@ -117,20 +115,19 @@ public:
         NSRect const frame = [m_panel frame];
         return { frame.origin.x, frame.origin.y, frame.size.width, frame.size.height };
     }
-    void setFrameAndDisplay(Rect const& frame) override { [m_panel setFrame:toNSRect(frame) display:YES]; }
-    void orderFrontRegardless() override { [m_panel orderFrontRegardless]; }
-    void orderOut() override { [m_panel orderOut:nil]; }
-    void setNeedsDisplay() override { [m_view setNeedsDisplay:YES]; }
+    void setFrame(Rect const& frame) override { [m_panel setFrame:toNSRect(frame) display:YES]; }
+    void show() override { [m_panel orderFrontRegardless]; }
+    void hide() override { [m_panel orderOut:nil]; }
+    void redraw() override { [m_view setNeedsDisplay:YES]; }
 
 private:
-    void apply(OverlayPanelStyle const& style)
+    void style()
     {
-        auto const& color = style.background;
         [m_panel setOpaque:NO];
-        [m_panel setBackgroundColor:[NSColor colorWithSRGBRed:color.red green:color.green blue:color.blue alpha:color.alpha]];
+        [m_panel setBackgroundColor:[NSColor colorWithSRGBRed:0 green:0 blue:0 alpha:overlayPanelStyle::backgroundAlpha]];
         [m_panel setHasShadow:NO];
-        [m_panel setLevel:style.level];
-        [m_panel setCollectionBehavior:static_cast<NSWindowCollectionBehavior>(style.collectionBehavior)];
+        [m_panel setLevel:overlayPanelStyle::level];
+        [m_panel setCollectionBehavior:static_cast<NSWindowCollectionBehavior>(overlayPanelStyle::collectionBehavior)];
         [m_panel setMovable:NO];
         [m_panel setHidesOnDeactivate:NO];
         [m_panel setReleasedWhenClosed:NO];
@@ -144,10 +141,7 @@ private:
 
 class MacOverlayPanels : public OverlayPanels {
 public:
-    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content) override
-    {
-        return std::make_unique<MacOverlayPanel>(frame, style, content);
-    }
+    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelContent& content) override { return std::make_unique<MacOverlayPanel>(frame, content); }
 };
 
 } // namespace

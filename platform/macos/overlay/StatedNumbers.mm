@@ -2,9 +2,9 @@
 /// the system's own name for it. Nothing here runs: a number that differs does not compile.
 #import "platform/macos/cocoa/Conversions.h"
 
-#include "app/menubar/AppleMenuOverlayWindow.h"
-#include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/desk/ModifierKeys.h"
+#include "platform/macos/overlay/OverlayPanelStyle.h"
+#include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/session/SessionEvents.h"
 
 #import <Carbon/Carbon.h>
@@ -39,10 +39,10 @@ static_assert(kUCKeyActionDisplay == 3);
 static_assert(NSWindowStyleMaskNonactivatingPanel == 128 && NSBackingStoreBuffered == 2);
 static_assert(static_cast<unsigned>(NSWindowCollectionBehaviorCanJoinAllSpaces) + static_cast<unsigned>(NSWindowCollectionBehaviorStationary)
         + static_cast<unsigned>(NSWindowCollectionBehaviorIgnoresCycle) + static_cast<unsigned>(NSWindowCollectionBehaviorFullScreenAuxiliary)
-    == AppleMenuOverlayWindow::collectionBehavior);
-static_assert(AppleMenuOverlayWindow::collectionBehavior == 337);
+    == overlayPanelStyle::collectionBehavior);
+static_assert(overlayPanelStyle::collectionBehavior == 337);
 // The levels themselves are calls in some versions of the system's headers; the keys are not.
-static_assert(kCGMainMenuWindowLevelKey == 8 && kCGStatusWindowLevelKey == 9 && AppleMenuOverlayWindow::level == 25);
+static_assert(kCGMainMenuWindowLevelKey == 8 && kCGStatusWindowLevelKey == 9 && overlayPanelStyle::level == 25);
 static_assert(NSWindowAnimationBehaviorNone == 2);
 static_assert(NSEventMaskMouseMoved == 1 << 5);
 static_assert(kCGWindowListOptionAll == 0 && kCGWindowListOptionOnScreenOnly == 1 && kCGWindowListOptionIncludingWindow == 8 && kCGNullWindowID == 0);

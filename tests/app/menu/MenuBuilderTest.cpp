@@ -169,7 +169,6 @@ TEST_F(MenuBuilderTest, AGroupIsPlainAndNeverEmpty)
     auto const entry = entryFor(mine);
     EXPECT_EQ(linesOf(*entry.submenu), Lines { "Sleep" });
     EXPECT_EQ(entry.submenu->title, "Mine");
-    EXPECT_FALSE(entry.submenu->autoenablesItems);
     EXPECT_EQ(iconOf(entry) + entry.keyEquivalent, "") << "neither icon nor shortcut";
     EXPECT_EQ(entry.target, nullptr);
 

@@ -20,23 +20,21 @@ TEST_F(MenuIconTest, GivesEachKindItsPicture)
         MenuItemKind::Case kind;
         std::string name;
     };
-    std::string const dock = "file:/System/Library/CoreServices/Dock.app";
-    std::string const settings = "file:/System/Applications/System Settings.app";
     Row const rows[] = {
         { MenuItemKind::zantheVellItems, "file:/home/me/Zanthe Vell Items" },
         { MenuItemKind::revealZantheVellItems, "file:/home/me/Zanthe Vell Items" },
         { MenuItemKind::recentServers, "network" },
-        { MenuItemKind::dockMenu, dock },
-        { MenuItemKind::dockPrefs, dock },
-        { MenuItemKind::shortcuts, "file:/System/Applications/Shortcuts.app" },
+        { MenuItemKind::dockMenu, "dock" },
+        { MenuItemKind::dockPrefs, "dock" },
+        { MenuItemKind::shortcuts, "shortcuts" },
         { MenuItemKind::aboutThisMac, "computer" },
-        { MenuItemKind::appStore, "file:/System/Applications/App Store.app" },
-        { MenuItemKind::softwareUpdate, "file:/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex" },
-        { MenuItemKind::systemPrefs, settings },
-        { MenuItemKind::simpleSystemPrefs, settings },
+        { MenuItemKind::appStore, "appStore" },
+        { MenuItemKind::softwareUpdate, "softwareUpdate" },
+        { MenuItemKind::systemPrefs, "systemSettings" },
+        { MenuItemKind::simpleSystemPrefs, "systemSettings" },
         { MenuItemKind::customizeZantheVell, "application" },
         { MenuItemKind::quitZantheVell, "application" },
-        { MenuItemKind::location, "file:/System/Library/ExtensionKit/Extensions/Network.appex" },
+        { MenuItemKind::location, "networkLocation" },
     };
     for (int value = 0; value < MenuItemKind::fixedCount; ++value) {
         auto const kind = static_cast<MenuItemKind::Case>(value);
@@ -46,13 +44,11 @@ TEST_F(MenuIconTest, GivesEachKindItsPicture)
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::makeUnknown("x"))), "none");
 }
 
-TEST_F(MenuIconTest, FallsBackWhereAFileHasNoPicture)
+TEST_F(MenuIconTest, FallsBackWhereAPictureIsMissing)
 {
-    source.missing["/home/me/Zanthe Vell Items"] = true;
-    source.missing["/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex"] = true;
-    source.missing["/System/Applications/App Store.app"] = true;
+    source.missing = { "file:/home/me/Zanthe Vell Items", "softwareUpdate", "appStore" };
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::zantheVellItems)), "folder");
-    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "file:/System/Applications/System Settings.app");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "systemSettings");
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
 }
 

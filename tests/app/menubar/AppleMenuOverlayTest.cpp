@@ -17,15 +17,15 @@ using Rects = std::vector<Rect>;
 /// A desktop with one screen of 1920 by 1080 and a menu bar 24 points high.
 class AppleMenuOverlay : public testing::Test {
 protected:
-    static constexpr std::int64_t bar = 7;
+    static constexpr MenuBarID bar = 7;
 
-    AppleMenuOverlay() { windows.addMenuBar(bar, { 0, 0, 1920, 24 }); }
+    AppleMenuOverlay() { menuBars.add(bar, { 0, 1056, 1920, 24 }); }
 
     void start()
     {
         controller.emplace(services(), preferences, [this](Point point) { clicks.push_back(point); });
     }
-    AppleMenuOverlayServices services() { return { windows, screens, workspace, pointer, panels, time, time, hasVisibility ? &visibility : nullptr }; }
+    AppleMenuOverlayServices services() { return { menuBars, screens, workspace, pointer, panels, time, time, hasVisibility ? &visibility : nullptr }; }
     /// Until the first fast period is over.
     void startAndRest()
     {
@@ -35,17 +35,17 @@ protected:
     void addSecondDisplay()
     {
         screens.list.push_back({ 1920, -120, 1600, 1200 });
-        windows.addMenuBar(8, { 1920, 0, 1600, 30 });
+        menuBars.add(8, { 1920, 1050, 1600, 30 });
     }
-    /// The bar's top edge, as a distance from the screen's.
-    void slideBarTo(double y) { windows.menuBar(bar).bounds->y = y; }
-    void hideBar() { windows.menuBar(bar).isOnscreen = false; }
-    void showBar() { windows.menuBar(bar).isOnscreen = true; }
+    /// The bar's top edge, as a distance down from the screen's.
+    void slideBarTo(double y) { menuBars.bar(bar).frame.y = 1056 - y; }
+    void hideBar() { menuBars.bar(bar).isOnScreen = false; }
+    void showBar() { menuBars.bar(bar).isOnScreen = true; }
     Intervals heartbeat() const { return time.repeatingIntervals(); }
 
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
-    fakes::FakeWindowList windows;
+    fakes::FakeMenuBars menuBars;
     fakes::FakeScreens screens;
     fakes::FakeWorkspaceEvents workspace;
     fakes::FakePointerMonitor pointer;
@@ -64,34 +64,23 @@ protected:
 TEST_F(AppleMenuOverlay, StandsAtTheLeftEndOfTheMenuBarWhereverThatIs)
 {
     struct Row {
-        Rect primary, bounds, expected;
+        Rect frame, expected;
         char const* why;
     };
     Row const rows[] = {
-        { { 0, 0, 1920, 1080 }, { 0, 0, 1920, 24 }, { 0, 1056, 44, 25 }, "an ordinary menu bar" },
-        { { 0, 0, 1512, 982 }, { 0, 0, 1512, 37 }, { 0, 945, 44, 38 }, "a tall one" },
-        { { 0, 0, 1920, 1080 }, { -1600, 300, 1600, 24 }, { -1600, 756, 44, 25 }, "a screen to the left and further down" },
-        { { 0, 0, 1920, 1080 }, { 200, -1200, 1600, 24 }, { 200, 2256, 44, 25 }, "a screen above the primary one" },
-        { { 0, 0, 1920, 1080 }, { 0, -14, 1920, 24 }, { 0, 1070, 44, 25 }, "a bar that is sliding in" },
+        { { 0, 1056, 1920, 24 }, { 0, 1056, 44, 25 }, "an ordinary menu bar" },
+        { { 0, 945, 1512, 37 }, { 0, 945, 44, 38 }, "a tall one" },
+        { { -1600, 756, 1600, 24 }, { -1600, 756, 44, 25 }, "on a screen to the left" },
+        { { 0, 1070, 1920, 24 }, { 0, 1070, 44, 25 }, "a bar that is sliding in" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         controller.reset();
-        screens.list = { row.primary };
-        windows.windows.clear();
-        windows.addMenuBar(bar, row.bounds);
+        menuBars.bars.clear();
+        menuBars.add(bar, row.frame);
         start();
         EXPECT_EQ(panels.frames(), Rects { row.expected });
     }
-}
-
-TEST_F(AppleMenuOverlay, TakesOnlyTheWindowServersWindowsAtMenuLevelForMenuBars)
-{
-    windows.windows.push_back({ "Window Server", 25, Rect { 0, 0, 30, 24 }, 20, true });
-    windows.windows.push_back({ "Notepad", 24, Rect { 0, 0, 30, 24 }, 21, true });
-    windows.windows.push_back({ "Window Server", 24, std::nullopt, 22, true });
-    start();
-    EXPECT_EQ(panels.frames(), overBar);
 }
 
 TEST_F(AppleMenuOverlay, ShowsNothingWithoutScreensOrMenuBars)
@@ -101,37 +90,24 @@ TEST_F(AppleMenuOverlay, ShowsNothingWithoutScreensOrMenuBars)
     EXPECT_TRUE(panels.frames().empty());
 
     screens.list = { { 0, 0, 1920, 1080 } };
-    windows.windows.clear();
+    menuBars.bars.clear();
     time.advance(1s);
     EXPECT_TRUE(panels.frames().empty());
 }
 
-TEST_F(AppleMenuOverlay, MakesPanelsThatFollowEverySpaceAboveTheMenuBar)
-{
-    start();
-    auto const panel = panels.shown().at(0);
-    EXPECT_EQ(panel->style.level, 25);
-    EXPECT_EQ(panel->style.collectionBehavior, 337u);
-    EXPECT_EQ(panel->style.background, (Color { 0, 0, 0, 0.004 }));
-    EXPECT_TRUE(panel->content->acceptsFirstMouse());
-}
-
-TEST_F(AppleMenuOverlay, OpensTheMenuBelowItsLeftEdgeOnEitherButtonAndOnAPress)
+TEST_F(AppleMenuOverlay, OpensTheMenuBelowItsLeftEdge)
 {
     start();
     auto* content = panels.shown().at(0)->content;
-    content->mouseDown();
-    content->rightMouseDown();
-    EXPECT_TRUE(content->accessibilityPerformPress());
-    EXPECT_EQ(clicks, (std::vector<Point> { { 0, 1050 }, { 0, 1050 }, { 0, 1050 } }));
-    EXPECT_EQ(content->accessibilityRole(), AccessibilityRole::menuBarItem);
+    content->press();
+    EXPECT_EQ(clicks, (std::vector<Point> { { 0, 1050 } }));
     EXPECT_EQ(content->accessibilityLabel(), "Zanthe Vell");
 }
 
 TEST_F(AppleMenuOverlay, SurvivesAMenuThatTakesTheOverlayAway)
 {
     controller.emplace(services(), preferences, [this](Point) { controller.reset(); });
-    panels.shown().at(0)->content->mouseDown();
+    panels.shown().at(0)->content->press();
     EXPECT_TRUE(panels.shown().empty());
     EXPECT_TRUE(heartbeat().empty());
 }
@@ -141,11 +117,11 @@ TEST_F(AppleMenuOverlay, GivesEachDisplayItsOwnAndFollowsWhenOneGoes)
     addSecondDisplay();
     start();
     EXPECT_EQ(panels.frames(), (Rects { { 0, 1056, 44, 25 }, { 1920, 1050, 44, 31 } }));
-    panels.shown().at(1)->content->mouseDown();
+    panels.shown().at(1)->content->press();
     EXPECT_EQ(clicks.back(), (Point { 1920, 1044 }));
 
     screens.list.pop_back();
-    windows.windows.pop_back();
+    menuBars.bars.pop_back();
     screens.onChanged();
     EXPECT_EQ(panels.frames(), overBar);
 }
@@ -163,11 +139,11 @@ TEST_F(AppleMenuOverlay, StillKnowsAHiddenBarAfterTheScreensChanged)
     startAndRest();
     hideBar();
     screens.onChanged();
-    auto const scans = windows.scans;
+    auto const scans = menuBars.scans;
     showBar();
     time.advance(100ms);
     EXPECT_EQ(panels.frames(), overBar);
-    EXPECT_EQ(windows.scans, scans);
+    EXPECT_EQ(menuBars.scans, scans);
 }
 
 TEST_F(AppleMenuOverlay, MakesAllPanelsAnewWhenTheirNumberChangesAndMovesThemOtherwise)
@@ -181,7 +157,7 @@ TEST_F(AppleMenuOverlay, MakesAllPanelsAnewWhenTheirNumberChangesAndMovesThemOth
     EXPECT_EQ(panels.shown().at(0)->frame, (Rect { 0, 1066, 44, 25 }));
     EXPECT_FALSE(controller->sync()) << "nothing moved since";
 
-    windows.windows.pop_back();
+    menuBars.bars.pop_back();
     EXPECT_TRUE(controller->sync());
     EXPECT_EQ(panels.made.size(), before + 1);
     EXPECT_EQ(panels.shown().size(), 1u);
@@ -198,7 +174,7 @@ TEST_F(AppleMenuOverlay, IsGoneWhileTheSpaceHidesItsMenuBar)
     EXPECT_EQ(panels.frames(), overBar);
 }
 
-TEST_F(AppleMenuOverlay, ReliesOnTheWindowListWhereTheSpaceCannotBeAsked)
+TEST_F(AppleMenuOverlay, ReliesOnTheMenuBarsWhereTheSpaceCannotBeAsked)
 {
     hasVisibility = false;
     visibility.visible = false;
@@ -241,12 +217,12 @@ TEST_F(AppleMenuOverlay, FollowsAtOnceWhereTheSystemTellsThatABarMoves)
 {
     start();
     slideBarTo(-12);
-    windows.onMenuBarsChanged();
+    menuBars.onChanged();
     EXPECT_EQ(panels.frames(), (Rects { { 0, 1068, 44, 25 } }));
     EXPECT_EQ(heartbeat(), fast);
 
     time.advance(1s);
-    windows.onMenuBarsChanged();
+    menuBars.onChanged();
     EXPECT_EQ(heartbeat(), slow) << "a call without a move costs one look";
 }
 
@@ -299,62 +275,60 @@ TEST_F(AppleMenuOverlay, CallsTheTopFortyPointsOfAnyScreenNear)
     }
 }
 
-TEST_F(AppleMenuOverlay, LooksOnlyAtTheWindowsItKnows)
+TEST_F(AppleMenuOverlay, LooksOnlyAtTheBarsItKnows)
 {
     startAndRest();
-    auto const scans = windows.scans;
-    auto const lookups = windows.lookups;
+    auto const scans = menuBars.scans;
+    auto const lookups = menuBars.lookups;
     time.advance(1s);
-    EXPECT_EQ(windows.scans, scans);
-    EXPECT_EQ(windows.lookups, lookups + 10);
+    EXPECT_EQ(menuBars.scans, scans);
+    EXPECT_EQ(menuBars.lookups, lookups + 10);
 }
 
 TEST_F(AppleMenuOverlay, ScansNoMoreThanOnceASecondWhileTheBarIsHiddenAndKeepsLookingAtIt)
 {
     start();
-    auto const scans = windows.scans;
+    auto const scans = menuBars.scans;
     hideBar();
     time.advance(900ms);
-    EXPECT_EQ(windows.scans, scans) << "the first scan is not a second old";
+    EXPECT_EQ(menuBars.scans, scans) << "the first scan is not a second old";
     showBar();
     time.advance(100ms);
     EXPECT_EQ(panels.frames(), overBar);
-    EXPECT_EQ(windows.scans, scans);
+    EXPECT_EQ(menuBars.scans, scans);
 }
 
-TEST_F(AppleMenuOverlay, FindsAMenuBarThatCameBackAsAnotherWindow)
+TEST_F(AppleMenuOverlay, FindsAMenuBarThatCameBackAsAnotherOne)
 {
     start();
     time.advance(5s);
-    windows.windows.clear();
-    windows.addMenuBar(99, { 0, 0, 1920, 24 });
-    auto const scans = windows.scans;
+    menuBars.bars.clear();
+    menuBars.add(99, { 0, 1056, 1920, 24 });
+    auto const scans = menuBars.scans;
     time.advance(100ms);
-    EXPECT_EQ(windows.scans, scans + 1);
+    EXPECT_EQ(menuBars.scans, scans + 1);
     EXPECT_EQ(panels.frames(), overBar);
 }
 
 TEST_F(AppleMenuOverlay, ScansEachTimeWhileItKnowsNoMenuBar)
 {
-    windows.windows.clear();
+    menuBars.bars.clear();
     startAndRest();
-    auto const scans = windows.scans;
+    auto const scans = menuBars.scans;
     time.advance(300ms);
-    EXPECT_EQ(windows.scans, scans + 3);
+    EXPECT_EQ(menuBars.scans, scans + 3);
 }
 
-TEST_F(AppleMenuOverlay, NeverRemembersAWindowWithoutAUsableNumber)
+TEST_F(AppleMenuOverlay, AsksForAllBarsWhereOneCannotBeAskedAgain)
 {
-    windows.windows.clear();
-    windows.addMenuBar(-1, { 0, 0, 1920, 24 });
-    windows.addMenuBar(std::int64_t(1) << 32, { 1920, 0, 1600, 24 });
-    windows.addMenuBar(1, { 3600, 0, 1600, 24 }).number = std::nullopt;
+    menuBars.bars.clear();
+    menuBars.add(std::nullopt, { 0, 1056, 1920, 24 });
     start();
-    EXPECT_EQ(panels.frames().size(), 3u) << "they are shown all the same";
-    auto const scans = windows.scans;
+    EXPECT_EQ(panels.frames(), overBar) << "it is shown all the same";
+    auto const scans = menuBars.scans;
     EXPECT_FALSE(controller->sync());
-    EXPECT_EQ(windows.scans, scans + 1) << "by asking for the whole list";
-    EXPECT_EQ(windows.lookups, 0);
+    EXPECT_EQ(menuBars.scans, scans + 1);
+    EXPECT_EQ(menuBars.lookups, 0);
 }
 
 TEST_F(AppleMenuOverlay, GoesAndComesWithItsPreference)
@@ -404,7 +378,7 @@ TEST_F(AppleMenuOverlay, LeavesNothingRunningWhenItGoes)
     EXPECT_TRUE(panels.shown().empty());
     EXPECT_TRUE(heartbeat().empty());
     EXPECT_FALSE(pointer.isWatched());
-    EXPECT_FALSE(screens.onChanged || workspace.onActiveSpaceChanged || workspace.onApplicationActivated || windows.onMenuBarsChanged);
+    EXPECT_FALSE(screens.onChanged || workspace.onActiveSpaceChanged || workspace.onApplicationActivated || menuBars.onChanged);
     preferences.setReplacesAppleMenu(false); // tells nobody
 }
 

@@ -100,7 +100,7 @@ TEST_F(Program, RecentThingsAreAskedForByTheirScopeWhenTheMenuOpens)
 
 TEST_F(Program, TheIconsMenuAndTheCornersAreFilledForThemselves)
 {
-    front.windowList.addMenuBar(7, { 0, 0, 1920, 24 });
+    front.menuBars.add(7, { 0, 1056, 1920, 24 });
     Preferences(machine.defaults).setReplacesAppleMenu(true);
     launchWith({ item(Kind::sleep) });
     machine.time.advance(std::chrono::seconds(1));

@@ -1,6 +1,6 @@
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/fakes/FakeHotkeys.h"
 #include "tests/linux/toolkit/PrivateBus.h"
 #include "tests/linux/toolkit/TestApplication.h"
@@ -144,7 +144,7 @@ protected:
     bool turnUntil(std::function<bool()> const& isSo)
     {
         bool isLate = false;
-        auto const limit = loop.after(5s, [&] { isLate = true; });
+        auto const limit = timers.after(5s, [&] { isLate = true; });
         while (!isSo() && !isLate)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return isSo();
@@ -152,10 +152,10 @@ protected:
     std::vector<bool> claim(HotkeyID firstID, std::vector<KeyChord> const& chords) { return registrar.claimAll(firstID, chords); }
 
     PrivateBus bus;
-    QtRunLoop loop;
+    QtTimers timers;
     fakes::FakeKeyboardLayoutSource layout;
     FakePortal portal { bus.connect("portal-desktop") };
-    PortalHotkeyRegistrar registrar { bus.connect("portal-program"), loop, layout };
+    PortalHotkeyRegistrar registrar { bus.connect("portal-program"), timers, layout };
     std::vector<HotkeyID> pressed;
     int invalidations = 0;
 };
@@ -185,7 +185,7 @@ TEST_F(PortalHotkeysTest, AskOnceForPassesInARowAndNotAgainForTheSame)
     EXPECT_TRUE(turnUntil([this] { return !portal.triggers.empty(); }));
     EXPECT_EQ(claim(3, { { keyF5, 0 }, { keyF5, 0 } }), (std::vector { true, false }));
     bool isOver = false;
-    auto const wait = loop.after(500ms, [&] { isOver = true; });
+    auto const wait = timers.after(500ms, [&] { isOver = true; });
     turnUntil([&] { return isOver; });
     EXPECT_EQ(portal.sessions, 1);
 

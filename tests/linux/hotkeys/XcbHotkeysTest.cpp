@@ -1,7 +1,7 @@
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbConnection.h"
-#include "platform/linux/hotkeys/XkbKeyboard.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
@@ -32,8 +32,8 @@ protected:
         ASSERT_TRUE(server.run("setxkbmap us && xset r rate 60 50"));
         connection = XkbConnection::open();
         ASSERT_TRUE(connection);
-        keyboard = std::make_unique<XkbKeyboard>(*connection, loop);
-        registrar = std::make_unique<XcbHotkeyRegistrar>(*connection, *keyboard, loop);
+        keyboard = std::make_unique<XkbKeyboardLayoutSource>(*connection, timers);
+        registrar = std::make_unique<XcbHotkeyRegistrar>(*connection, *keyboard, timers);
         registrar->onPressed = [this](HotkeyID id) { pressed.push_back(id); };
     }
 
@@ -43,7 +43,7 @@ protected:
     bool turnUntil(std::function<bool()> const& isSo)
     {
         bool isLate = false;
-        auto const limit = loop.after(5s, [&] { isLate = true; });
+        auto const limit = timers.after(5s, [&] { isLate = true; });
         while (!isSo() && !isLate)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return isSo();
@@ -52,7 +52,7 @@ protected:
     void settle(std::chrono::milliseconds time = 150ms)
     {
         bool isOver = false;
-        auto const timer = loop.after(time, [&] { isOver = true; });
+        auto const timer = timers.after(time, [&] { isOver = true; });
         while (!isOver)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -65,9 +65,9 @@ protected:
 
     desktop::PrivateX server;
     desktop::XClient user;
-    QtRunLoop loop;
+    QtTimers timers;
     std::unique_ptr<XkbConnection> connection;
-    std::unique_ptr<XkbKeyboard> keyboard;
+    std::unique_ptr<XkbKeyboardLayoutSource> keyboard;
     std::unique_ptr<XcbHotkeyRegistrar> registrar;
     std::vector<HotkeyID> pressed;
 };

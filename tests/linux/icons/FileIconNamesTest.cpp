@@ -87,11 +87,5 @@ TEST_F(FileIconNamesTest, GuessOnARemoteMountWithoutLookingThere)
     EXPECT_TRUE(has(of("dead/picture.png"), "image-x-generic"));
 }
 
-TEST_F(FileIconNamesTest, StandInForTheHomeSystemsOwnApplications)
-{
-    EXPECT_EQ(iconNamesOfFile("/System/Applications/System Settings.app", mounts).names.front(), "preferences-system");
-    EXPECT_EQ(iconNamesOfFile("/System/Applications/App Store.app", mounts).names.front(), "system-software-install");
-}
-
 } // namespace
 } // namespace zv

@@ -84,7 +84,6 @@ struct Menus {
         auto folder = MenuEntry();
         folder.title = "Folder";
         folder.submenu = std::make_shared<Menu>("Folder");
-        folder.submenu->autoenablesItems = false;
         folder.submenu->delegate = lazy;
         folder.submenu->entries = { MenuEntry::disabled("Loading…") };
         auto group = MenuEntry();
@@ -116,7 +115,6 @@ void menusAreMirrored()
     Menus menus;
     MenuTracking tracking;
     auto const menu = std::make_shared<Menu>("Main");
-    menu->autoenablesItems = false;
     menu->delegate = menus.main;
     ZVMenuMirror* const mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking];
     NSMenu* const shown = [mirror menu];

@@ -10,10 +10,10 @@ namespace zv {
 
 /// Notifications through org.freedesktop.Notifications. There is no permission to ask for
 /// there: it is granted when a service answers that lets notifications be clicked.
-class DBusNotifications : public QObject, public UserNotifications {
+class BusUserNotifications : public QObject, public UserNotifications {
     Q_OBJECT
 public:
-    explicit DBusNotifications(QDBusConnection connection);
+    explicit BusUserNotifications(QDBusConnection connection);
 
     void requestAuthorization(std::function<void(bool)> done) override;
     void post(NotificationRequest const& request) override;

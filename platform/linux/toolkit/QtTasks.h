@@ -1,23 +1,21 @@
 #pragma once
 
 #include "platform/time/Tasks.h"
-#include "platform/time/Timers.h"
 
 #include <QObject>
 #include <QThreadPool>
 
 namespace zv {
 
-/// Timers and tasks over Qt's event loop. Made after the Q(Core)Application, on the main thread.
-class QtRunLoop : public Timers, public Tasks {
+/// Tasks on Qt's threads, and back through its event loop. Made after the
+/// Q(Core)Application, on the main thread.
+class QtTasks : public Tasks {
 public:
-    QtRunLoop();
+    QtTasks();
     /// Waits for running background work, detached work apart; what either hands to the main
     /// thread from now on is dropped.
-    ~QtRunLoop() override;
+    ~QtTasks() override;
 
-    std::unique_ptr<Timer> every(std::chrono::milliseconds interval, std::function<void()> tick) override;
-    std::unique_ptr<Timer> after(std::chrono::milliseconds delay, std::function<void()> fire) override;
     void runInBackground(TaskPriority priority, std::function<void()> work) override;
     void runDetached(std::function<std::function<void()>()> work) override;
     void runOnMain(std::function<void()> work) override;

@@ -8,7 +8,7 @@
 #include "platform/menubar/PointerMonitor.h"
 #include "platform/menubar/Screens.h"
 #include "platform/menubar/StatusBar.h"
-#include "platform/menubar/WindowList.h"
+#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/WorkspaceEvents.h"
 
 #include <functional>
@@ -18,7 +18,7 @@ namespace zv {
 
 /// What the corner of a menu bar takes.
 struct OverlaySeams {
-    WindowList& windowList;
+    MenuBars& menuBars;
     Screens& screens;
     WorkspaceEvents& workspaceEvents;
     PointerMonitor& pointerMonitor;
@@ -27,7 +27,7 @@ struct OverlaySeams {
 };
 
 /// How the menu is reached.
-struct MenuBar {
+struct Presence {
     StatusBar& statusBar;
     std::function<bool()> showsStatusItems; ///< whether anybody shows the status bar's icons now
     MenuHost& menuHost;

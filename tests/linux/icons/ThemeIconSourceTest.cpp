@@ -1,4 +1,4 @@
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/MenuImages.h"
@@ -27,9 +27,9 @@ int paintedPixels(QImage const& image)
 }
 
 /// A theme of its own in which every icon is of one colour.
-class ThemeIconsTest : public testing::Test {
+class ThemeIconSourceTest : public testing::Test {
 protected:
-    ThemeIconsTest()
+    ThemeIconSourceTest()
     {
         ensureApplication();
         m_previousTheme = QIcon::themeName();
@@ -37,7 +37,7 @@ protected:
         QIcon::setThemeSearchPaths({ QString::fromStdString(disk.path("themes")) });
         QIcon::setThemeName(QStringLiteral("none"));
     }
-    ~ThemeIconsTest() override
+    ~ThemeIconSourceTest() override
     {
         QIcon::setThemeSearchPaths(m_previousPaths);
         QIcon::setThemeName(m_previousTheme);
@@ -59,14 +59,14 @@ protected:
 
     tests::TemporaryFolder disk;
     fakes::FakeTime time;
-    ThemeIcons icons { time, time };
+    ThemeIconSource icons { time, time };
 
 private:
     QString m_previousTheme;
     QStringList m_previousPaths;
 };
 
-TEST_F(ThemeIconsTest, AreThoseOfTheThemeInOneSize)
+TEST_F(ThemeIconSourceTest, AreThoseOfTheThemeInOneSize)
 {
     installTheme({ { "folder", Qt::red }, { "text-x-generic", Qt::green } }, 48);
     disk.makeFolder("sub");
@@ -77,14 +77,15 @@ TEST_F(ThemeIconsTest, AreThoseOfTheThemeInOneSize)
     EXPECT_EQ(fileIcon("sub")->name(), "folder");
 }
 
-TEST_F(ThemeIconsTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
+TEST_F(ThemeIconSourceTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
 {
     disk.makeFolder("sub");
     disk.write("a.txt", "");
     disk.write("bad.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=/no/such/picture.png\n");
     disk.write("b.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\nIcon=" + disk.write("broken.png", "no picture") + "\n");
-    for (auto const& image : { fileIcon("sub"), fileIcon("a.txt"), fileIcon("bad.desktop"), fileIcon("b.desktop"), fileIcon("missing"), icons.computerIcon(),
-             icons.folderIcon(), icons.networkIcon(), icons.applicationIcon(), icons.fileIcon(Url::fromPath("/System/Applications/System Settings.app")) }) {
+    for (auto const& image : { fileIcon("sub"), fileIcon("a.txt"), fileIcon("bad.desktop"), fileIcon("b.desktop"), fileIcon("missing"),
+             icons.systemIcon(SystemIcon::computer), icons.systemIcon(SystemIcon::folder), icons.systemIcon(SystemIcon::network),
+             icons.systemIcon(SystemIcon::application), icons.systemIcon(SystemIcon::systemSettings) }) {
         ASSERT_TRUE(image);
         auto const picture = imageOf(image);
         EXPECT_EQ(picture.size(), QSize(16, 16)) << image->name();
@@ -95,7 +96,7 @@ TEST_F(ThemeIconsTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
     EXPECT_EQ(fileIcon("sub")->name(), "") << "nothing that another program would find";
 }
 
-TEST_F(ThemeIconsTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)
+TEST_F(ThemeIconSourceTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)
 {
     installTheme({ { "folder", Qt::red } });
     disk.makeFolder("one");
@@ -110,7 +111,7 @@ TEST_F(ThemeIconsTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)
     EXPECT_FALSE(isMenuIconReady(fileIcon("one"))) << "another theme, other pictures";
 }
 
-TEST_F(ThemeIconsTest, FollowAFileThatBecameAnotherOneByTheNextMenu)
+TEST_F(ThemeIconSourceTest, FollowAFileThatBecameAnotherOneByTheNextMenu)
 {
     installTheme({ { "folder", Qt::red }, { "text-x-generic", Qt::green } });
     disk.makeFolder("x.txt");
@@ -123,7 +124,7 @@ TEST_F(ThemeIconsTest, FollowAFileThatBecameAnotherOneByTheNextMenu)
     EXPECT_EQ(imageOf(fileIcon("x.txt")).pixelColor(8, 8), QColor(Qt::green));
 }
 
-TEST_F(ThemeIconsTest, MarkLinks)
+TEST_F(ThemeIconSourceTest, MarkLinks)
 {
     installTheme({ { "folder", Qt::red } });
     disk.makeFolder("sub");
@@ -134,11 +135,11 @@ TEST_F(ThemeIconsTest, MarkLinks)
     EXPECT_EQ(plain.copy(8, 0, 8, 8), link.copy(8, 0, 8, 8)) << "the mark takes one corner";
 }
 
-TEST_F(ThemeIconsTest, OutliveTheirSource)
+TEST_F(ThemeIconSourceTest, OutliveTheirSource)
 {
     ImageRef image;
     {
-        ThemeIcons shortLived(time, time);
+        ThemeIconSource shortLived(time, time);
         image = shortLived.fileIcon(Url::fromPath(disk.makeFolder("sub")));
         (void)menuIconOf(image);
         (void)shortLived.fileIcon(Url::fromPath(disk.path("sub")));

@@ -1,5 +1,6 @@
+#include "platform/linux/toolkit/QtTasks.h"
 #include "base/MainThread.h"
-#include "platform/linux/toolkit/QtRunLoop.h"
+#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
 #include <QCoreApplication>
@@ -11,15 +12,16 @@
 namespace zv {
 namespace {
 
-void turnUntil(QtRunLoop& loop, bool const& done)
+void turnUntil(bool const& done)
 {
     bool isLate = false;
-    auto const limit = loop.after(std::chrono::seconds(20), [&] { isLate = true; });
+    QtTimers timers;
+    auto const limit = timers.after(std::chrono::seconds(20), [&] { isLate = true; });
     while (!done && !isLate)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-TEST(QtRunLoop, DetachedWorkThatHangsBlocksNeitherOtherWorkNorTheEnd)
+TEST(QtTasks, DetachedWorkThatHangsBlocksNeitherOtherWorkNorTheEnd)
 {
     ensureApplication();
     auto const release = std::make_shared<std::promise<void>>();
@@ -27,21 +29,21 @@ TEST(QtRunLoop, DetachedWorkThatHangsBlocksNeitherOtherWorkNorTheEnd)
     auto const ended = std::make_shared<std::promise<void>>();
     bool hungCameBack = false;
     {
-        QtRunLoop loop;
-        loop.runDetached([released, ended, &hungCameBack]() -> std::function<void()> {
+        QtTasks tasks;
+        tasks.runDetached([released, ended, &hungCameBack]() -> std::function<void()> {
             released.wait();
             ended->set_value();
             return [&hungCameBack] { hungCameBack = true; };
         });
         bool otherCameBackOnMain = false;
-        loop.runDetached([&otherCameBackOnMain]() -> std::function<void()> { return [&] { otherCameBackOnMain = isMainThread(); }; });
-        turnUntil(loop, otherCameBackOnMain);
+        tasks.runDetached([&otherCameBackOnMain]() -> std::function<void()> { return [&] { otherCameBackOnMain = isMainThread(); }; });
+        turnUntil(otherCameBackOnMain);
         EXPECT_TRUE(otherCameBackOnMain);
     } // must not wait for the hung one
     release->set_value();
     ended->get_future().wait();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(hungCameBack) << "what arrives after the loop's end is dropped";
+    EXPECT_FALSE(hungCameBack) << "what arrives after their end is dropped";
 }
 
 } // namespace

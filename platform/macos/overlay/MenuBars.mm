@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/overlay/MenuBarWindows.h"
 
 #import <CoreGraphics/CoreGraphics.h>
 
@@ -36,31 +37,40 @@ WindowInfo infoOf(NSDictionary* description)
 
 NSArray* describe(CGWindowListOption option, CGWindowID relativeTo) { return CFBridgingRelease(CGWindowListCopyWindowInfo(option, relativeTo)); }
 
-class MacWindowList : public WindowList {
-public:
-    std::optional<WindowInfo> window(std::uint32_t number) const override
-    {
-        for (NSDictionary* description in describe(kCGWindowListOptionIncludingWindow, number)) {
-            auto info = infoOf(description);
-            if (info.number == static_cast<std::int64_t>(number))
-                return info;
-        }
-        return std::nullopt;
-    }
+/// The upper edge of the primary screen; nothing without screens.
+std::optional<double> topOfScreens()
+{
+    NSScreen* const primary = [[NSScreen screens] firstObject];
+    return primary ? std::optional<double>(NSMaxY([primary frame])) : std::nullopt;
+}
 
-    std::vector<WindowInfo> onScreenWindows() const override
+class MacMenuBars : public MenuBars {
+public:
+    std::vector<MenuBar> onScreen() const override
     {
+        auto const top = topOfScreens();
+        if (!top)
+            return {};
         std::vector<WindowInfo> windows;
         for (NSDictionary* description in describe(kCGWindowListOptionOnScreenOnly, kCGNullWindowID))
             windows.push_back(infoOf(description));
-        return windows;
+        return menuBarsAmong(windows, CGWindowLevelForKey(kCGMainMenuWindowLevelKey), *top);
     }
 
-    int mainMenuLevel() const override { return CGWindowLevelForKey(kCGMainMenuWindowLevelKey); }
+    std::optional<Rect> frame(MenuBarID id) const override
+    {
+        auto const top = topOfScreens();
+        for (NSDictionary* description in describe(kCGWindowListOptionIncludingWindow, id)) {
+            auto const window = infoOf(description);
+            if (top && window.number == static_cast<std::int64_t>(id))
+                return visibleFrameOf(window, *top);
+        }
+        return std::nullopt;
+    }
 };
 
 } // namespace
 
-std::unique_ptr<WindowList> makeWindowList() { return std::make_unique<MacWindowList>(); }
+std::unique_ptr<MenuBars> makeMenuBars() { return std::make_unique<MacMenuBars>(); }
 
 } // namespace zv

@@ -1,4 +1,4 @@
-#include "platform/linux/windows/DBusNotifications.h"
+#include "platform/linux/windows/BusUserNotifications.h"
 
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/updates/LoopbackServer.h"
@@ -11,12 +11,12 @@ using tests::PrivateBus;
 using tests::turnUntil;
 using Calls = std::vector<std::string>;
 
-struct DBusNotificationsTest : testing::Test {
-    DBusNotificationsTest()
+struct BusUserNotificationsTest : testing::Test {
+    BusUserNotificationsTest()
     {
         notifications.onActivated = [this](std::string const& identifier) { activated.push_back(identifier); };
     }
-    ~DBusNotificationsTest() override { QDBusConnection::disconnectFromBus(QStringLiteral("notifications")); }
+    ~BusUserNotificationsTest() override { QDBusConnection::disconnectFromBus(QStringLiteral("notifications")); }
 
     bool isGranted()
     {
@@ -37,11 +37,11 @@ struct DBusNotificationsTest : testing::Test {
 
     PrivateBus bus;
     QDBusConnection connection = (ensureApplication(), QDBusConnection::connectToBus(QString::fromStdString(bus.address()), QStringLiteral("notifications")));
-    DBusNotifications notifications { connection };
+    BusUserNotifications notifications { connection };
     Calls activated;
 };
 
-TEST_F(DBusNotificationsTest, AreGrantedWhereTheyCanBeClicked)
+TEST_F(BusUserNotificationsTest, AreGrantedWhereTheyCanBeClicked)
 {
     EXPECT_FALSE(isGranted()) << "nobody shows them";
     MockService service(bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications");
@@ -51,7 +51,7 @@ TEST_F(DBusNotificationsTest, AreGrantedWhereTheyCanBeClicked)
     EXPECT_TRUE(isGranted());
 }
 
-TEST_F(DBusNotificationsTest, ArePostedClickedReplacedAndClosed)
+TEST_F(BusUserNotificationsTest, ArePostedClickedReplacedAndClosed)
 {
     MockService service(bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications");
     service.method("Notify", "susssasa{sv}i", "u", "ret = 7");

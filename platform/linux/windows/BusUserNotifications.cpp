@@ -1,4 +1,4 @@
-#include "platform/linux/windows/DBusNotifications.h"
+#include "platform/linux/windows/BusUserNotifications.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -16,14 +16,14 @@ QDBusMessage call(char const* method) { return QDBusMessage::createMethodCall(se
 
 } // namespace
 
-DBusNotifications::DBusNotifications(QDBusConnection connection)
+BusUserNotifications::BusUserNotifications(QDBusConnection connection)
     : m_connection(std::move(connection))
 {
     m_connection.connect(service, path, service, QStringLiteral("ActionInvoked"), this, SLOT(actionInvoked(uint, QString)));
     m_connection.connect(service, path, service, QStringLiteral("NotificationClosed"), this, SLOT(notificationClosed(uint, uint)));
 }
 
-void DBusNotifications::requestAuthorization(std::function<void(bool)> done)
+void BusUserNotifications::requestAuthorization(std::function<void(bool)> done)
 {
     auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(call("GetCapabilities")), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
@@ -34,9 +34,9 @@ void DBusNotifications::requestAuthorization(std::function<void(bool)> done)
     });
 }
 
-void DBusNotifications::post(NotificationRequest const& request) { send(QString::fromStdString(request.identifier), request); }
+void BusUserNotifications::post(NotificationRequest const& request) { send(QString::fromStdString(request.identifier), request); }
 
-void DBusNotifications::send(QString const& identifier, NotificationRequest const& request)
+void BusUserNotifications::send(QString const& identifier, NotificationRequest const& request)
 {
     QVariantMap hints { { QStringLiteral("desktop-entry"), QStringLiteral("org.zanthevell.ZantheVell") } };
     if (request.playsSound)
@@ -54,7 +54,7 @@ void DBusNotifications::send(QString const& identifier, NotificationRequest cons
     });
 }
 
-void DBusNotifications::removeDelivered(std::string const& identifier)
+void BusUserNotifications::removeDelivered(std::string const& identifier)
 {
     auto const id = m_delivered.take(QString::fromStdString(identifier));
     if (id == 0)
@@ -64,14 +64,14 @@ void DBusNotifications::removeDelivered(std::string const& identifier)
     m_connection.asyncCall(message);
 }
 
-void DBusNotifications::actionInvoked(uint id, QString const&)
+void BusUserNotifications::actionInvoked(uint id, QString const&)
 {
     auto const identifier = m_delivered.key(id);
     if (!identifier.isEmpty() && onActivated)
         onActivated(identifier.toStdString());
 }
 
-void DBusNotifications::notificationClosed(uint id, uint)
+void BusUserNotifications::notificationClosed(uint id, uint)
 {
     m_delivered.removeIf([id](auto const& entry) { return entry.value() == id; });
 }

@@ -1,4 +1,4 @@
-#include "platform/linux/hotkeys/XkbKeyboard.h"
+#include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 
 #include "platform/linux/hotkeys/XkbConnection.h"
 
@@ -17,39 +17,39 @@ constexpr std::chrono::milliseconds gatheringTime { 20 };
 
 } // namespace
 
-XkbKeyboard::XkbKeyboard(XkbConnection& connection, Timers& timers)
+XkbKeyboardLayoutSource::XkbKeyboardLayoutSource(XkbConnection& connection, Timers& timers)
     : m_connection(connection)
     , m_timers(timers)
 {
     m_connection.addHandler([this](xcb_generic_event_t const& event) { handle(event); });
 }
 
-std::vector<KeyTexts> XkbKeyboard::layers()
+std::vector<KeyTexts> XkbKeyboardLayoutSource::layers()
 {
     ensureRead();
     return m_layers;
 }
 
-std::uint8_t XkbKeyboard::keycode(std::uint16_t virtualCode)
+std::uint8_t XkbKeyboardLayoutSource::keycode(std::uint16_t virtualCode)
 {
     ensureRead();
     return virtualCode < m_keycodes.size() ? m_keycodes[virtualCode] : 0;
 }
 
-ModifierBits XkbKeyboard::modifiers()
+ModifierBits XkbKeyboardLayoutSource::modifiers()
 {
     ensureRead();
     return m_modifiers;
 }
 
-void XkbKeyboard::handle(xcb_generic_event_t const& event)
+void XkbKeyboardLayoutSource::handle(xcb_generic_event_t const& event)
 {
     if ((event.response_type & 0x7F) != m_connection.xkbEvent() || !m_isRead || m_pending)
         return;
     m_pending = m_timers.after(gatheringTime, [this] { readAgain(); });
 }
 
-void XkbKeyboard::readAgain()
+void XkbKeyboardLayoutSource::readAgain()
 {
     m_pending.reset();
     auto const layers = m_layers;
@@ -61,14 +61,14 @@ void XkbKeyboard::readAgain()
         onChanged();
 }
 
-void XkbKeyboard::ensureRead()
+void XkbKeyboardLayoutSource::ensureRead()
 {
     if (!std::exchange(m_isRead, true))
         read();
 }
 
 /// What stood before stays when the server does not answer.
-void XkbKeyboard::read()
+void XkbKeyboardLayoutSource::read()
 {
     auto const keymap = XkbKeymap::current(m_connection);
     if (keymap) {
@@ -79,7 +79,7 @@ void XkbKeyboard::read()
     m_connection.dispatchSoon();
 }
 
-std::uint32_t XkbKeyboard::currentGroup() const
+std::uint32_t XkbKeyboardLayoutSource::currentGroup() const
 {
     auto const cookie = xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD);
     std::unique_ptr<xcb_xkb_get_state_reply_t, decltype(&std::free)> const reply(xcb_xkb_get_state_reply(m_connection.xcb(), cookie, nullptr), &std::free);

@@ -1,8 +1,9 @@
-#include "platform/linux/icons/ThemeIcons.h"
+#include "platform/linux/icons/ThemeIconSource.h"
 
 #include "base/MainThread.h"
 #include "platform/linux/icons/IconPictures.h"
 #include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/icons/SystemIconNames.h"
 
 #include <QGuiApplication>
 
@@ -81,7 +82,7 @@ public:
 
 } // namespace
 
-ThemeIcons::ThemeIcons(Tasks& tasks, Timers& timers)
+ThemeIconSource::ThemeIconSource(Tasks& tasks, Timers& timers)
     : m_tasks(tasks)
     , m_timers(timers)
     , m_mounts(std::make_shared<MountWatch>("/proc/self/mountinfo"))
@@ -89,9 +90,9 @@ ThemeIcons::ThemeIcons(Tasks& tasks, Timers& timers)
 {
 }
 
-ThemeIcons::~ThemeIcons() = default;
+ThemeIconSource::~ThemeIconSource() = default;
 
-ImageRef ThemeIcons::fileIcon(Url const& file)
+ImageRef ThemeIconSource::fileIcon(Url const& file)
 {
     assertMainThread();
     auto path = file.path();
@@ -102,28 +103,21 @@ ImageRef ThemeIcons::fileIcon(Url const& file)
     return std::make_shared<FileImage>(m_pictures, m_mounts, std::move(path));
 }
 
-ImageRef ThemeIcons::computerIcon()
+ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
 {
-    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "computer", "video-display" }, {}, IconShape::computer });
+    if (icon == SystemIcon::application)
+        return std::make_shared<ApplicationImage>();
+    return std::make_shared<NamedImage>(m_pictures, iconNamesOf(icon));
 }
 
-ImageRef ThemeIcons::folderIcon() { return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "folder", "inode-directory" }, {}, IconShape::folder }); }
-
-ImageRef ThemeIcons::networkIcon()
-{
-    return std::make_shared<NamedImage>(m_pictures, FileIconNames { { "network-workgroup", "network-server", "folder-remote" }, {}, IconShape::network });
-}
-
-ImageRef ThemeIcons::applicationIcon() { return std::make_shared<ApplicationImage>(); }
-
-void ThemeIcons::lookAgainLater(std::string const& path)
+void ThemeIconSource::lookAgainLater(std::string const& path)
 {
     m_toLookAt.push_back(path);
     if (m_toLookAt.size() == 1)
         m_secondLook = m_timers.after(secondLookDelay, m_lifetime.guard([this] { lookAgain(); }));
 }
 
-void ThemeIcons::lookAgain()
+void ThemeIconSource::lookAgain()
 {
     using Found = std::vector<std::pair<std::string, FileIconNames>>;
     auto const look = [paths = std::exchange(m_toLookAt, {}), mounts = m_mounts] {

@@ -17,10 +17,10 @@ class XkbConnection;
 
 /// The keyboard of the X server: what its keys type, and where they and the modifiers are.
 /// One change of the layout comes as several events, so they are gathered for a moment.
-class XkbKeyboard : public KeyboardLayoutSource {
+class XkbKeyboardLayoutSource : public KeyboardLayoutSource {
 public:
     /// Both outlive this.
-    XkbKeyboard(XkbConnection& connection, Timers& timers);
+    XkbKeyboardLayoutSource(XkbConnection& connection, Timers& timers);
 
     [[nodiscard]] std::vector<KeyTexts> layers() override;
     /// 0 for a key that this keyboard does not have.

@@ -19,17 +19,14 @@ class IconPictures;
 /// Pictures from the desktop's icon theme. What was drawn once is kept for the program's
 /// life and drawn at once the next time; whether a file has become another one meanwhile is
 /// looked up in the background, a while after the menu is on screen. Main thread only.
-class ThemeIcons : public IconSource {
+class ThemeIconSource : public IconSource {
 public:
     /// Both outlive this. Needs no display until a picture is drawn.
-    ThemeIcons(Tasks& tasks, Timers& timers);
-    ~ThemeIcons() override;
+    ThemeIconSource(Tasks& tasks, Timers& timers);
+    ~ThemeIconSource() override;
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
-    [[nodiscard]] ImageRef computerIcon() override;
-    [[nodiscard]] ImageRef folderIcon() override;
-    [[nodiscard]] ImageRef networkIcon() override;
-    [[nodiscard]] ImageRef applicationIcon() override;
+    [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
 
 private:
     void lookAgainLater(std::string const& path);

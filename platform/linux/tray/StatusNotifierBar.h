@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/linux/menu/MenuPresenter.h"
+#include "platform/menubar/StatusBar.h"
+
+#include <QDBusConnection>
+#include <QPoint>
+
+#include <optional>
+
+namespace zv {
+
+/// The status icons of the session's panel. Without a session bus an item is kept, but
+/// shown by nobody.
+class StatusNotifierBar : public StatusBar {
+public:
+    StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer);
+    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override;
+    /// Where an icon was clicked last.
+    [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
+
+private:
+    QDBusConnection m_bus;
+    MenuPresenter& m_presenter;
+    MenuPerformer& m_performer;
+    std::optional<QPoint> m_lastClick;
+};
+
+} // namespace zv

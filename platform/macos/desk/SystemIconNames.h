@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/desk/IconSource.h"
+
+#include <string_view>
+
+namespace zv {
+
+/// What a picture is called: the path of that application or extension of the system whose
+/// icon it is, or a word where it is no file's.
+constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
+{
+    switch (icon) {
+    case SystemIcon::application:
+        return "application";
+    case SystemIcon::appStore:
+        return "/System/Applications/App Store.app";
+    case SystemIcon::computer:
+        return "computer";
+    case SystemIcon::dock:
+        return "/System/Library/CoreServices/Dock.app";
+    case SystemIcon::folder:
+        return "folder";
+    case SystemIcon::network:
+        return "network";
+    case SystemIcon::networkLocation:
+        return "/System/Library/ExtensionKit/Extensions/Network.appex";
+    case SystemIcon::shortcuts:
+        return "/System/Applications/Shortcuts.app";
+    case SystemIcon::softwareUpdate:
+        return "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex";
+    case SystemIcon::systemSettings:
+        return "/System/Applications/System Settings.app";
+    }
+    return {};
+}
+
+} // namespace zv

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/desk/Geometry.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace zv {
+
+using MenuBarID = std::uint32_t;
+
+/// A menu bar, or the panel that stands for one, in screen coordinates.
+struct MenuBar {
+    Rect frame;
+    std::optional<MenuBarID> id; ///< absent for one that frame() cannot be asked about
+    friend bool operator==(MenuBar const&, MenuBar const&) = default;
+};
+
+/// The menu bars of all screens. Main thread only.
+class MenuBars {
+public:
+    virtual ~MenuBars() = default;
+
+    /// Those on screen, in the system's order. Looks through all windows: this may be slow.
+    [[nodiscard]] virtual std::vector<MenuBar> onScreen() const = 0;
+    /// Looks at this one alone; nothing while it is hidden, and when it has gone.
+    [[nodiscard]] virtual std::optional<Rect> frame(MenuBarID id) const = 0;
+
+    /// Called when a menu bar may have moved, appeared or gone, on systems that tell;
+    /// elsewhere never. Set by its one user.
+    std::function<void()> onChanged;
+};
+
+} // namespace zv
