@@ -18,7 +18,7 @@ zv_library(zv_base FOLDERS base platform/files)
 zv_library(zv_app FOLDERS app LINK zv_base nlohmann_json::nlohmann_json)
 zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
-file(GLOB_RECURSE front_end CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.mm)
+file(GLOB_RECURSE front_end CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.mm ${CMAKE_SOURCE_DIR}/platform/macos/*.cpp)
 set(resources
     "${CMAKE_SOURCE_DIR}/app/resources/Begging.rtf"
     "${CMAKE_SOURCE_DIR}/app/resources/Default Apple Menu.plist"

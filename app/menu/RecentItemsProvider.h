@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/menu/RecentItemsQuerying.h"
-#include "platform/lists/MetadataQuery.h"
+#include "app/menu/DynamicEntry.h"
+#include "platform/lists/RecentFiles.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,36 +11,35 @@
 
 namespace zv {
 
-/// What was used in the last thirty days, newest first, from the system's index of files.
-/// Main thread only, callbacks too.
-class RecentItemsProvider : public RecentItemsQuerying {
+/// What was used in the last thirty days, newest first, as entries. Main thread only,
+/// callbacks too.
+class RecentItemsProvider {
 public:
     using Scope = RecentItemsScope;
     using Entries = std::vector<DynamicEntry>;
     using EntryForFile = std::function<DynamicEntry(Url const&)>;
 
-    /// `queries` outlives this.
-    RecentItemsProvider(MetadataQueries& queries, EntryForFile entryForFile);
-    ~RecentItemsProvider() override;
+    /// `files` outlives this.
+    RecentItemsProvider(RecentFiles& files, EntryForFile entryForFile)
+        : m_files(files)
+        , m_entryForFile(std::move(entryForFile))
+    {
+    }
     RecentItemsProvider(RecentItemsProvider const&) = delete;
     RecentItemsProvider& operator=(RecentItemsProvider const&) = delete;
 
-    /// Calls `done` when the index has answered; never after this provider is gone.
-    void entries(Scope scope, std::int64_t limit, std::function<void(Entries)> done) override;
+    /// At most `limit` entries. Calls `done` exactly once, never before it returns, and never
+    /// after this provider is gone.
+    void entries(Scope scope, std::int64_t limit, std::function<void(Entries)> done);
 
 private:
-    struct Query;
+    using Searches = std::list<std::unique_ptr<RecentFilesSearch>>;
 
-    [[nodiscard]] Entries collect(Query const& query) const;
-    [[nodiscard]] DynamicEntry entryFor(MetadataItem const& item) const;
-    void finish(std::list<std::unique_ptr<Query>>::iterator query);
+    [[nodiscard]] DynamicEntry entryFor(RecentFile const& file) const;
 
-    MetadataQueries& m_queries;
+    RecentFiles& m_files;
     EntryForFile m_entryForFile;
-    std::list<std::unique_ptr<Query>> m_running;
+    Searches m_running;
 };
-
-/// The index's query string for a scope.
-[[nodiscard]] std::string metadataQueryString(RecentItemsProvider::Scope scope);
 
 } // namespace zv

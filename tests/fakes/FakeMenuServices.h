@@ -3,7 +3,6 @@
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
-#include "app/menu/RecentItemsQuerying.h"
 #include "platform/desk/TextMeasure.h"
 
 #include <functional>
@@ -87,22 +86,6 @@ public:
     bool answersAtOnce = true;
     std::vector<DynamicEntry> answer;
     std::vector<Question> questions;
-};
-
-class FakeRecentItems : public RecentItemsQuerying {
-public:
-    struct Query {
-        RecentItemsScope scope;
-        std::int64_t limit;
-        std::function<void(std::vector<DynamicEntry>)> done;
-    };
-
-    void entries(RecentItemsScope scope, std::int64_t limit, std::function<void(std::vector<DynamicEntry>)> done) override
-    {
-        queries.push_back({ scope, limit, std::move(done) });
-    }
-
-    std::vector<Query> queries; ///< all there were; the test calls `done`
 };
 
 class FakeListedFolders : public ListedFolderSink {

@@ -327,7 +327,13 @@ TEST_F(DynamicSubmenuTest, AKindThatNobodyListsHasNoItems)
 
 struct RecentItems : DynamicSubmenuTest {
     Lines openLines(Kind::Case kind) { return linesOf(*open(listEntry(kind))); }
-    void answer(std::size_t query, int count) { recentProvider.queries.at(query).done(entriesNamed(count)); }
+    void answer(std::size_t search, int count)
+    {
+        std::vector<RecentFile> found;
+        for (int i = 1; i <= count; ++i)
+            found.push_back({ "/E" + std::to_string(i) });
+        recentFiles.answer(search, found);
+    }
 };
 
 TEST_F(RecentItems, EachKindAsksForItsScope)
@@ -341,8 +347,8 @@ TEST_F(RecentItems, EachKindAsksForItsScope)
     preferences.setRecentItemsLimit(7);
     for (auto const& [kind, scope] : rows) {
         openLines(kind);
-        EXPECT_EQ(recentProvider.queries.back().scope, scope);
-        EXPECT_EQ(recentProvider.queries.back().limit, 7);
+        EXPECT_EQ(recentFiles.searches.back()->question.scope, scope);
+        EXPECT_EQ(recentFiles.searches.back()->question.limit, 7U);
     }
 }
 
@@ -366,12 +372,12 @@ TEST_F(RecentItems, AreAskedForAtMostEveryFiveSeconds)
     answer(0, 1);
     time.advance(std::chrono::milliseconds(4999));
     openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
+    EXPECT_EQ(recentFiles.searches.size(), 1U);
     time.advance(std::chrono::milliseconds(1));
     openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
+    EXPECT_EQ(recentFiles.searches.size(), 2U);
     openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U) << "one is still running";
+    EXPECT_EQ(recentFiles.searches.size(), 2U) << "one is still running";
 }
 
 TEST_F(RecentItems, AnEmptyListIsKnownToo)
@@ -379,7 +385,7 @@ TEST_F(RecentItems, AnEmptyListIsKnownToo)
     openLines(Kind::recentApps);
     answer(0, 0);
     EXPECT_EQ(openLines(Kind::recentApps), Lines { "(No Items)" });
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
+    EXPECT_EQ(recentFiles.searches.size(), 1U);
 }
 
 TEST_F(RecentItems, AnotherLimitAsksAgainAtOnce)
@@ -388,8 +394,8 @@ TEST_F(RecentItems, AnotherLimitAsksAgainAtOnce)
     answer(0, 1);
     preferences.setRecentItemsLimit(50);
     openLines(Kind::recentApps);
-    ASSERT_EQ(recentProvider.queries.size(), 2U);
-    EXPECT_EQ(recentProvider.queries[1].limit, 50);
+    ASSERT_EQ(recentFiles.searches.size(), 2U);
+    EXPECT_EQ(recentFiles.searches[1]->question.limit, 50U);
 }
 
 TEST_F(RecentItems, ALimitChangedWhileAskingIsNotTakenForTheNewOne)
@@ -398,7 +404,7 @@ TEST_F(RecentItems, ALimitChangedWhileAskingIsNotTakenForTheNewOne)
     preferences.setRecentItemsLimit(50);
     answer(0, 1);
     openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
+    EXPECT_EQ(recentFiles.searches.size(), 2U);
 }
 
 TEST_F(RecentItems, ReopenedWhileLoadingShareTheOneQuery)
@@ -407,7 +413,7 @@ TEST_F(RecentItems, ReopenedWhileLoadingShareTheOneQuery)
     auto const second = listEntry(Kind::recentApps);
     open(first);
     EXPECT_EQ(linesOf(*open(second)), Lines { "(Loading…)" });
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
+    EXPECT_EQ(recentFiles.searches.size(), 1U);
     answer(0, 1);
     EXPECT_EQ(linesOf(*first.submenu), Lines { "E1" });
     EXPECT_EQ(linesOf(*second.submenu), Lines { "E1" });
@@ -425,7 +431,7 @@ TEST_F(RecentItems, ScopesAreIndependent)
     openLines(Kind::recentApps);
     answer(0, 1);
     EXPECT_EQ(openLines(Kind::recentDocs), Lines { "(Loading…)" });
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
+    EXPECT_EQ(recentFiles.searches.size(), 2U);
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "app/menu/DynamicSubmenu.h"
+#include "app/menu/FileEntry.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuKeyEquivalent.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeFolderReader.h"
+#include "tests/fakes/FakeLists.h"
 #include "tests/fakes/FakeMenuServices.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -98,7 +100,8 @@ struct MenuBench {
     fakes::FakeTime time;
     std::shared_ptr<fakes::FakeFolderReader> reader = std::make_shared<fakes::FakeFolderReader>();
     FolderListings folders { reader, time };
-    fakes::FakeRecentItems recentProvider;
+    fakes::FakeRecentFiles recentFiles;
+    RecentItemsProvider recentProvider { recentFiles, [this](Url const& url) { return fileEntry(url, files); } };
     RecentItemsCache recentItems { recentProvider, preferences, time };
     fakes::FakeListProvider lists;
     DynamicLists dynamicLists;
