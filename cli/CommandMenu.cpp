@@ -12,7 +12,7 @@ CommandMenu::CommandMenu(Platform platform)
 MenuAssembly::Services CommandMenu::menuServices(Platform const& platform)
 {
     auto const& actions = platform.actions;
-    return { platform.preferences, actions.locations, platform.resources, platform.folders, platform.cells, platform.metadata, platform.icons,
+    return { platform.preferences, actions.locations, platform.resources, platform.folders, platform.cells, platform.recentFiles, platform.icons,
         m_actions.commands(), actions.workspace, actions.runningApplications, platform.volumes, platform.recentServers, platform.networkInterfaces,
         platform.settingsPanes, m_hotkeys, &m_actions.shortcuts(), &m_actions.locations(), actions.clock, platform.timers, actions.tasks, actions.itemsFolder };
 }

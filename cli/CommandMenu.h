@@ -17,7 +17,7 @@ public:
 
         std::shared_ptr<FolderReader const> folders;
         TextMeasure const& cells; ///< measures in cells of a terminal
-        MetadataQueries& metadata;
+        RecentFiles& recentFiles;
         IconSource& icons;
         Volumes& volumes;
         RecentServers& recentServers;

@@ -24,7 +24,7 @@ MenuAssembly::MenuAssembly(Services services)
     , m_machineLists({ services.runningApplications, services.volumes, services.recentServers, services.networkInterfaces, services.settingsPanes,
           services.preferences, m_folders, services.itemsFolder })
     , m_lists(listsOf(services, m_machineLists))
-    , m_recentItemsProvider(services.metadata, [&files = services.locations.files](Url const& url) { return fileEntry(url, files); })
+    , m_recentItemsProvider(services.recentFiles, [&files = services.locations.files](Url const& url) { return fileEntry(url, files); })
     , m_recentItems(m_recentItemsProvider, services.preferences, services.clock)
     , m_sources { m_folders, m_recentItems, m_lists, services.listedFolders, services.timers }
     , m_icons(services.icons, services.itemsFolder)

@@ -8,7 +8,7 @@
 #include "app/menu/RecentItemsCache.h"
 #include "app/menu/RecentItemsProvider.h"
 #include "platform/desk/IconSource.h"
-#include "platform/lists/MetadataQuery.h"
+#include "platform/lists/RecentFiles.h"
 
 namespace zv {
 
@@ -21,7 +21,7 @@ public:
         Resources const& resources;
         std::shared_ptr<FolderReader const> folders;
         TextMeasure const& text;
-        MetadataQueries& metadata;
+        RecentFiles& recentFiles;
         IconSource& icons;
         MenuCommands& commands;
         Workspace& workspace;

@@ -131,7 +131,7 @@ MenuActions::Shell ZantheVellApp::actionShell()
 
 MenuAssembly::Services ZantheVellApp::menuServices()
 {
-    return { m_preferences, locations(), m_platform.resources, m_platform.folders, m_platform.text, m_platform.metadata, m_platform.icons, m_actions,
+    return { m_preferences, locations(), m_platform.resources, m_platform.folders, m_platform.text, m_platform.recentFiles, m_platform.icons, m_actions,
         m_platform.workspace, m_platform.runningApplications, m_platform.volumes, m_platform.recentServers, m_platform.networkInterfaces,
         m_platform.settingsPanes, m_fileHotkeys, &m_shortcutsMenu, &m_networkLocationsMenu, m_platform.clock, m_platform.timers, m_platform.tasks,
         m_platform.itemsFolder };

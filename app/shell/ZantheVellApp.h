@@ -55,7 +55,7 @@ public:
 
         TextMeasure const& text;
         IconSource& icons;
-        MetadataQueries& metadata;
+        RecentFiles& recentFiles;
         RunningApplications& runningApplications;
         Volumes& volumes;
         RecentServers& recentServers;

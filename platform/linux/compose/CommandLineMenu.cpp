@@ -3,9 +3,9 @@
 #include "base/Log.h"
 #include "cli/CommandMenu.h"
 #include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/DesktopRecentFiles.h"
 #include "platform/linux/apps/DesktopSettingsPanes.h"
 #include "platform/linux/apps/GioWorkspace.h"
-#include "platform/linux/apps/RecentlyUsedQueries.h"
 #include "platform/linux/entries/DesktopEntryText.h"
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/icons/ThemeIcons.h"
@@ -86,7 +86,7 @@ struct CommandLineMenu::Parts {
         , addresses(loop, access.buses.system)
         , panes(catalog, desktops)
         , pictures(loop, loop)
-        , queries({ loop, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
+        , recentFiles({ loop, services.clock, catalog }, directories.data + "/recently-used.xbel", LaunchLog(launchLogFile(directories)))
         , workspace(access.buses.session, LaunchLog(launchLogFile(directories)), { tasks, countedRunning })
         , desktop(access, "/etc/os-release", tasks)
         , computer("/", tasks)
@@ -95,7 +95,7 @@ struct CommandLineMenu::Parts {
         , menu({ services.preferences, services.resources,
               { workspace, desktop, computer, events, scripts, std::make_shared<PosixToolRunner>(), running, loop, pending, services.clock, services.locations,
                   services.program, services.out, turnUntil, Url::fromPath(itemsFolder(directories)) },
-              std::make_shared<LinuxFolderReader>(DesktopAudience::current()), cells, queries, pictures, volumes, servers, addresses, panes, loop })
+              std::make_shared<LinuxFolderReader>(DesktopAudience::current()), cells, recentFiles, pictures, volumes, servers, addresses, panes, loop })
     {
     }
 
@@ -123,7 +123,7 @@ struct CommandLineMenu::Parts {
     SystemNetworkInterfaces addresses;
     DesktopSettingsPanes panes;
     ThemeIcons pictures;
-    RecentlyUsedQueries queries;
+    DesktopRecentFiles recentFiles;
     GioWorkspace workspace;
     LinuxDesktopCommands desktop;
     LinuxComputerInfo computer;

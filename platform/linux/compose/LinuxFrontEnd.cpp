@@ -104,8 +104,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_sessionEvents(m_access, m_runLoop)
     , m_scripts(m_access, DockStore::ofThisMachine(m_directories), m_runLoop)
     , m_icons(m_runLoop, m_runLoop)
-    , m_recentlyUsed(
-          { m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
+    , m_recentFiles({ m_runLoop, m_clock, m_catalog }, m_directories.data + "/recently-used.xbel", LaunchLog(ownFolder(m_directories.state, "launches").path()))
     , m_volumes(m_runLoop, m_runLoop)
     , m_recentServers(m_runLoop, DesktopRecentServers::standardFiles())
     , m_networkInterfaces(m_runLoop, m_access.buses.system)
@@ -242,7 +241,7 @@ ZantheVellApp::Platform LinuxFrontEnd::platform()
         std::make_shared<PosixToolRunner>(), //
         m_text,
         m_icons,
-        m_recentlyUsed,
+        m_recentFiles,
         m_runningApplications,
         m_volumes,
         m_recentServers,

@@ -2,9 +2,9 @@
 
 #include "app/shell/ZantheVellApp.h"
 #include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/DesktopRecentFiles.h"
 #include "platform/linux/apps/DesktopSettingsPanes.h"
 #include "platform/linux/apps/GioWorkspace.h"
-#include "platform/linux/apps/RecentlyUsedQueries.h"
 #include "platform/linux/files/BundleResources.h"
 #include "platform/linux/files/LinuxBookmarks.h"
 #include "platform/linux/files/LinuxFileSystem.h"
@@ -93,7 +93,7 @@ private:
 
     QtTextMeasure m_text;
     ThemeIcons m_icons;
-    RecentlyUsedQueries m_recentlyUsed;
+    DesktopRecentFiles m_recentFiles;
     DesktopVolumes m_volumes;
     DesktopRecentServers m_recentServers;
     SystemNetworkInterfaces m_networkInterfaces;

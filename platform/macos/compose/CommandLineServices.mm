@@ -43,7 +43,7 @@ struct CommandLineServices::Menus {
         : menu({ services.preferences(), services.resources(),
             { *workspace, *desktop, *computer, *sessionEvents, *scripts, makeToolRunner(), *running, *tasks, pending, services.clock(), services.locations(),
                 services.runningProgram(), services.out(), turnRunLoopUntil, services.itemsFolder() },
-            makeFolderReader(), *cells, *metadata, pictures, *volumes, *recentServers, *networkInterfaces, *panes, *timers })
+            makeFolderReader(), *cells, *recentFiles, pictures, *volumes, *recentServers, *networkInterfaces, *panes, *timers })
     {
     }
 
@@ -58,7 +58,7 @@ struct CommandLineServices::Menus {
     std::unique_ptr<SessionEvents> sessionEvents = makeSessionEvents();
     std::unique_ptr<ScriptRunner> scripts = makeScriptRunner();
     std::unique_ptr<RunningApplications> running = makeRunningApplications();
-    std::unique_ptr<MetadataQueries> metadata = makeMetadataQueries();
+    std::unique_ptr<RecentFiles> recentFiles = makeRecentFiles();
     std::unique_ptr<Volumes> volumes = makeVolumes();
     std::unique_ptr<RecentServers> recentServers = makeRecentServers();
     std::unique_ptr<NetworkInterfaces> networkInterfaces = makeNetworkInterfaces();

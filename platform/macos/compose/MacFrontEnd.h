@@ -55,7 +55,7 @@ private:
 
     std::unique_ptr<TextMeasure> m_text = makeTextMeasure();
     std::unique_ptr<IconSource> m_icons = makeIconSource();
-    std::unique_ptr<MetadataQueries> m_metadata = makeMetadataQueries();
+    std::unique_ptr<RecentFiles> m_recentFiles = makeRecentFiles();
     std::unique_ptr<RunningApplications> m_runningApplications = makeRunningApplications();
     std::unique_ptr<Volumes> m_volumes = makeVolumes();
     std::unique_ptr<RecentServers> m_recentServers = makeRecentServers();

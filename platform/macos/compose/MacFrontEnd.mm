@@ -133,7 +133,7 @@ ZantheVellApp::Platform MacFrontEnd::platform()
         makeToolRunner(), //
         *m_text,
         *m_icons,
-        *m_metadata,
+        *m_recentFiles,
         *m_runningApplications,
         *m_volumes,
         *m_recentServers,
