@@ -1,5 +1,6 @@
 #include "app/menu/MenuIcon.h"
 
+#include "app/menu/DynamicMenuProvider.h"
 #include "base/MainThread.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace zv {
 
 namespace {
 
-/// The kinds that carry the icon of a file of the system, and what stands in for it.
+/// The commands that carry the icon of a file of the system, and what stands in for it.
 struct KindFile {
     MenuItemKind::Case kind;
     std::string_view path;
@@ -23,18 +24,16 @@ constexpr std::string_view systemSettings = "/System/Applications/System Setting
 constexpr std::array kindFiles {
     KindFile { MenuItemKind::dockMenu, dock, "" },
     KindFile { MenuItemKind::dockPrefs, dock, "" },
-    KindFile { MenuItemKind::shortcuts, "/System/Applications/Shortcuts.app", "" },
     KindFile { MenuItemKind::appStore, "/System/Applications/App Store.app", "" },
     KindFile { MenuItemKind::softwareUpdate, "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex", systemSettings },
-    KindFile { MenuItemKind::systemPrefs, systemSettings, "" },
     KindFile { MenuItemKind::simpleSystemPrefs, systemSettings, "" },
-    KindFile { MenuItemKind::location, "/System/Library/ExtensionKit/Extensions/Network.appex", "" },
 };
 
 } // namespace
 
-MenuIcon::MenuIcon(IconSource& source, Url itemsFolder)
+MenuIcon::MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder)
     : m_source(source)
+    , m_lists(lists)
     , m_itemsFolder(std::move(itemsFolder))
 {
 }
@@ -42,12 +41,11 @@ MenuIcon::MenuIcon(IconSource& source, Url itemsFolder)
 ImageRef MenuIcon::iconForKind(MenuItemKind const& kind)
 {
     assertMainThread();
+    if (auto const* const list = m_lists.listOf(kind))
+        return list->icon(*this);
     switch (kind.value()) {
-    case MenuItemKind::zantheVellItems:
     case MenuItemKind::revealZantheVellItems:
         return itemsFolderIcon();
-    case MenuItemKind::recentServers:
-        return networkIcon();
     case MenuItemKind::aboutThisMac:
         return thisMacIcon();
     case MenuItemKind::customizeZantheVell:
@@ -95,6 +93,8 @@ ImageRef MenuIcon::networkIcon()
 {
     return cached("network", [this] { return m_source.networkIcon(); });
 }
+
+ImageRef MenuIcon::systemSettingsIcon() { return iconForFile(Url::fromPath(systemSettings)); }
 
 ImageRef MenuIcon::applicationIcon() { return m_source.applicationIcon(); }
 

@@ -10,6 +10,8 @@
 
 namespace zv {
 
+class DynamicMenuProvider;
+
 /// The pictures of menu entries. Main thread only.
 class MenuIcons {
 public:
@@ -24,14 +26,16 @@ public:
 /// The pictures, each fetched once and kept until the cache is emptied. Main thread only.
 class MenuIcon : public MenuIcons {
 public:
-    /// `source` outlives this.
-    MenuIcon(IconSource& source, Url itemsFolder);
+    /// `source` outlives this, and so do the lists, which know their own icons.
+    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder);
 
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
     /// What lies on another machine has the network's picture.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     void emptyCache() override;
 
+    [[nodiscard]] ImageRef itemsFolderIcon();
+    [[nodiscard]] ImageRef systemSettingsIcon();
     [[nodiscard]] ImageRef thisMacIcon();
     [[nodiscard]] ImageRef genericFolderIcon();
     [[nodiscard]] ImageRef networkIcon();
@@ -39,10 +43,10 @@ public:
 
 private:
     [[nodiscard]] ImageRef iconOfKindFile(MenuItemKind const& kind);
-    [[nodiscard]] ImageRef itemsFolderIcon();
     template <class Fetch> [[nodiscard]] ImageRef cached(std::string key, Fetch fetch);
 
     IconSource& m_source;
+    DynamicMenuProvider const& m_lists;
     Url m_itemsFolder;
     /// By a file's path, or "thisMac", "genericFolder", "network".
     std::unordered_map<std::string, ImageRef> m_cache;

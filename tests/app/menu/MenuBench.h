@@ -1,13 +1,11 @@
 #pragma once
 
 #include "app/menu/DynamicSubmenu.h"
-#include "app/menu/FileEntry.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuKeyEquivalent.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeFolderReader.h"
-#include "tests/fakes/FakeLists.h"
 #include "tests/fakes/FakeMenuServices.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -86,6 +84,14 @@ struct MenuBench {
         item.location = ItemLocation { .path = path };
         return item;
     }
+    /// Adds a list that the test answers.
+    fakes::FakeList& listFor(MenuItemKind::Case kind)
+    {
+        auto list = std::make_unique<fakes::FakeList>(kind);
+        auto& added = *list;
+        lists.add(std::move(list));
+        return added;
+    }
     void turn() { time.runTasks(); }
 
     fakes::FakeUserDefaults defaults;
@@ -100,13 +106,9 @@ struct MenuBench {
     fakes::FakeTime time;
     std::shared_ptr<fakes::FakeFolderReader> reader = std::make_shared<fakes::FakeFolderReader>();
     FolderListings folders { reader, time };
-    fakes::FakeRecentFiles recentFiles;
-    RecentItemsProvider recentProvider { recentFiles, [this](Url const& url) { return fileEntry(url, files); } };
-    RecentItemsCache recentItems { recentProvider, preferences, time };
-    fakes::FakeListProvider lists;
-    DynamicLists dynamicLists;
+    DynamicMenuProvider lists;
     fakes::FakeListedFolders listedFolders;
-    SubmenuSources sources { folders, recentItems, dynamicLists, listedFolders, time };
+    SubmenuSources sources { folders, lists, listedFolders, time };
     MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, sources };
 };
 

@@ -1,4 +1,5 @@
 #include "app/menu/MenuIcon.h"
+#include "app/menu/DynamicMenuProvider.h"
 
 #include "tests/fakes/FakeLists.h"
 
@@ -11,10 +12,11 @@ struct MenuIconTest : testing::Test {
     static std::string nameOf(ImageRef const& image) { return image ? image->name() : "none"; }
 
     fakes::FakeIconSource source;
-    MenuIcon icons { source, Url::fromPath("/home/me/Zanthe Vell Items") };
+    DynamicMenuProvider noLists;
+    MenuIcon icons { source, noLists, Url::fromPath("/home/me/Zanthe Vell Items") };
 };
 
-TEST_F(MenuIconTest, GivesEachKindItsPicture)
+TEST_F(MenuIconTest, GivesEachCommandItsPicture)
 {
     struct Row {
         MenuItemKind::Case kind;
@@ -23,20 +25,15 @@ TEST_F(MenuIconTest, GivesEachKindItsPicture)
     std::string const dock = "file:/System/Library/CoreServices/Dock.app";
     std::string const settings = "file:/System/Applications/System Settings.app";
     Row const rows[] = {
-        { MenuItemKind::zantheVellItems, "file:/home/me/Zanthe Vell Items" },
         { MenuItemKind::revealZantheVellItems, "file:/home/me/Zanthe Vell Items" },
-        { MenuItemKind::recentServers, "network" },
         { MenuItemKind::dockMenu, dock },
         { MenuItemKind::dockPrefs, dock },
-        { MenuItemKind::shortcuts, "file:/System/Applications/Shortcuts.app" },
         { MenuItemKind::aboutThisMac, "computer" },
         { MenuItemKind::appStore, "file:/System/Applications/App Store.app" },
         { MenuItemKind::softwareUpdate, "file:/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex" },
-        { MenuItemKind::systemPrefs, settings },
         { MenuItemKind::simpleSystemPrefs, settings },
         { MenuItemKind::customizeZantheVell, "application" },
         { MenuItemKind::quitZantheVell, "application" },
-        { MenuItemKind::location, "file:/System/Library/ExtensionKit/Extensions/Network.appex" },
     };
     for (int value = 0; value < MenuItemKind::fixedCount; ++value) {
         auto const kind = static_cast<MenuItemKind::Case>(value);
@@ -51,7 +48,7 @@ TEST_F(MenuIconTest, FallsBackWhereAFileHasNoPicture)
     source.missing["/home/me/Zanthe Vell Items"] = true;
     source.missing["/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex"] = true;
     source.missing["/System/Applications/App Store.app"] = true;
-    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::zantheVellItems)), "folder");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::revealZantheVellItems)), "folder");
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "file:/System/Applications/System Settings.app");
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
 }
@@ -61,7 +58,7 @@ TEST_F(MenuIconTest, FetchesAPictureOnceUntilItsCacheIsEmptied)
     auto const file = Url::fromPath("/a");
     auto const first = icons.iconForFile(file);
     EXPECT_EQ(icons.iconForFile(file), first);
-    (void)icons.iconForKind(MenuItemKind::recentServers);
+    (void)icons.iconForFile(Url::parse("smb://nas/Public").value());
     (void)icons.networkIcon();
     EXPECT_EQ(source.asked["file:/a"], 1);
     EXPECT_EQ(source.asked["network"], 1);

@@ -1,4 +1,4 @@
-#include "app/menu/RecentItemsCache.h"
+#include "app/lists/RecentItemsCache.h"
 
 #include "base/MainThread.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/menu/RecentItemsProvider.h"
+#include "app/lists/RecentItemsProvider.h"
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "platform/time/Clock.h"

@@ -1,4 +1,4 @@
-#include "app/menu/RecentItemsProvider.h"
+#include "app/lists/RecentItemsProvider.h"
 
 #include "app/menu/FileEntry.h"
 #include "base/MainThread.h"
