@@ -104,9 +104,6 @@ struct CommandActions::Parts {
         , actions({ services.workspace, application, alerts, keys, clipboard, running, services.desktop, services.computer, session, scripts, tasks,
                       services.locations },
               ShortcutsProvider(services.tools), NetworkLocations(services.tools), services.itemsFolder, { [this] { application.openSettings(); }, {}, {} })
-        , cache(ShortcutsProvider(services.tools), services.clock, tasks)
-        , shortcuts(cache, actions)
-        , locations(NetworkLocations(services.tools), actions)
     {
     }
 
@@ -123,9 +120,6 @@ struct CommandActions::Parts {
     SessionControl session;
     SystemEventsBridge scripts;
     MenuActions actions;
-    ShortcutsCache cache;
-    ShortcutsMenu shortcuts;
-    LocationsMenu locations;
 };
 
 CommandActions::CommandActions(Services services)
@@ -135,9 +129,7 @@ CommandActions::CommandActions(Services services)
 
 CommandActions::~CommandActions() = default;
 
-MenuCommands& CommandActions::commands() { return m_parts->actions; }
-SubmenuFiller& CommandActions::shortcuts() { return m_parts->shortcuts; }
-SubmenuFiller& CommandActions::locations() { return m_parts->locations; }
+MenuActions& CommandActions::commands() { return m_parts->actions; }
 
 std::vector<std::string> CommandActions::choose(MenuEntry const& entry, ModifierMask held)
 {

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "app/actions/ActionAlerts.h"
-#include "app/actions/LocationsMenu.h"
 #include "app/actions/MenuActions.h"
-#include "app/actions/ShortcutsMenu.h"
 #include "cli/CountedWork.h"
 #include "cli/EntryChooser.h"
 #include "cli/MenuSession.h"
 #include "platform/program/RunningProgram.h"
+#include "platform/time/Clock.h"
 
 #include <iosfwd>
 #include <memory>
@@ -40,9 +39,7 @@ public:
     explicit CommandActions(Services services);
     ~CommandActions() override;
 
-    [[nodiscard]] MenuCommands& commands();
-    [[nodiscard]] SubmenuFiller& shortcuts();
-    [[nodiscard]] SubmenuFiller& locations();
+    [[nodiscard]] MenuActions& commands();
     std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) override;
 
 private:

@@ -14,7 +14,8 @@ MenuAssembly::Services CommandMenu::menuServices(Platform const& platform)
     auto const& actions = platform.actions;
     return { platform.preferences, actions.locations, platform.resources, platform.folders, platform.cells, platform.recentFiles, platform.icons,
         m_actions.commands(), actions.workspace, actions.runningApplications, platform.volumes, platform.recentServers, platform.networkInterfaces,
-        platform.settingsPanes, m_hotkeys, &m_actions.shortcuts(), &m_actions.locations(), actions.clock, platform.timers, actions.tasks, actions.itemsFolder };
+        platform.settingsPanes, m_hotkeys, actions.tools, m_actions.commands(), m_actions.commands(), actions.clock, platform.timers, actions.tasks,
+        actions.itemsFolder };
 }
 
 } // namespace zv

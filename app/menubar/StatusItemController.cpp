@@ -39,9 +39,7 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
 {
     assertMainThread();
     auto const& items = m_services.store.items();
-    m_services.recentItems.refreshRecentItems(items);
-    if (containsKind(items, MenuItemKind::shortcuts))
-        m_services.shortcuts.refreshShortcuts();
+    m_services.lists.refreshLists(items);
     bool const isHeld = contains(m_services.modifiers.current(), ModifierMask::option);
     m_services.filler.fill(menu, items, isHeld ? OptionKey::held : OptionKey::released);
 }

@@ -31,8 +31,7 @@ public:
         MenuStore& store;
         Preferences& preferences;
         MenuFiller& filler;
-        RecentItemsRefresher& recentItems;
-        ShortcutsRefresher& shortcuts;
+        ListsRefresher& lists;
         MenuIcons& icons;
         MenuCommands& commands;
         HotkeyPasses& hotkeys;

@@ -24,17 +24,11 @@ public:
     virtual void fill(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) = 0;
 };
 
-/// Starts the queries that the recent-items lists of a tree need.
-class RecentItemsRefresher {
+/// Starts the queries that the lists of a tree need.
+class ListsRefresher {
 public:
-    virtual ~RecentItemsRefresher() = default;
-    virtual void refreshRecentItems(std::vector<MenuItem> const& items) = 0;
-};
-
-class ShortcutsRefresher {
-public:
-    virtual ~ShortcutsRefresher() = default;
-    virtual void refreshShortcuts() = 0;
+    virtual ~ListsRefresher() = default;
+    virtual void refreshLists(std::vector<MenuItem> const& items) = 0;
 };
 
 /// The global hotkeys, registered in whole passes.

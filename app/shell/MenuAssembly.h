@@ -1,14 +1,11 @@
 #pragma once
 
-#include "app/menu/DynamicMenuProvider.h"
+#include "app/lists/AllLists.h"
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/FolderListings.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuIcon.h"
-#include "app/menu/RecentItemsCache.h"
-#include "app/menu/RecentItemsProvider.h"
 #include "platform/desk/IconSource.h"
-#include "platform/lists/RecentFiles.h"
 
 namespace zv {
 
@@ -31,8 +28,9 @@ public:
         NetworkInterfaces& networkInterfaces;
         SettingsPanes& settingsPanes;
         ListedFolderSink& listedFolders;
-        SubmenuFiller* shortcuts; ///< null: the submenu has no items
-        SubmenuFiller* networkLocations; ///< likewise
+        std::shared_ptr<ToolRunner> tools;
+        ShortcutCommands& shortcutCommands;
+        LocationCommands& locationCommands;
         Clock const& clock;
         Timers& timers;
         Tasks& tasks;
@@ -44,15 +42,12 @@ public:
     MenuAssembly& operator=(MenuAssembly const&) = delete;
 
     [[nodiscard]] MenuBuilder& builder() { return m_builder; }
-    [[nodiscard]] RecentItemsCache& recentItems() { return m_recentItems; }
+    [[nodiscard]] DynamicMenuProvider const& lists() const { return m_lists; }
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
 
 private:
     FolderListings m_folders;
-    DynamicMenuProvider m_machineLists;
-    DynamicLists m_lists;
-    RecentItemsProvider m_recentItemsProvider;
-    RecentItemsCache m_recentItems;
+    DynamicMenuProvider m_lists;
     SubmenuSources m_sources;
     MenuIcon m_icons;
     MenuBuilder m_builder;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "app/actions/ShortcutsCache.h"
 #include "app/hotkeys/FileHotkeys.h"
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/hotkeys/KeyboardLayout.h"
+#include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuBuilder.h"
-#include "app/menu/RecentItemsCache.h"
 #include "app/menubar/StatusItemNeighbours.h"
 #include "base/Notifications.h"
 
@@ -24,28 +23,16 @@ private:
     MenuBuilder const& m_builder;
 };
 
-class RecentItemsJoint : public RecentItemsRefresher {
+class ListsJoint : public ListsRefresher {
 public:
-    explicit RecentItemsJoint(RecentItemsCache& cache)
-        : m_cache(cache)
+    explicit ListsJoint(DynamicMenuProvider const& lists)
+        : m_lists(lists)
     {
     }
-    void refreshRecentItems(std::vector<MenuItem> const& items) override;
+    void refreshLists(std::vector<MenuItem> const& items) override { m_lists.refresh(items); }
 
 private:
-    RecentItemsCache& m_cache;
-};
-
-class ShortcutsJoint : public ShortcutsRefresher {
-public:
-    explicit ShortcutsJoint(ShortcutsCache& cache)
-        : m_cache(cache)
-    {
-    }
-    void refreshShortcuts() override { m_cache.refresh(); }
-
-private:
-    ShortcutsCache& m_cache;
+    DynamicMenuProvider const& m_lists;
 };
 
 class HotkeysJoint : public HotkeyPasses {

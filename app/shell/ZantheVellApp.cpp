@@ -23,14 +23,10 @@ ZantheVellApp::ZantheVellApp(Platform platform)
     , m_session(m_platform.sessionEvents, m_confirmation)
     , m_scripts(m_platform.scripts, [this] { return m_confirmation.confirmsForceQuit(); })
     , m_actions(actionServices(), ShortcutsProvider(m_platform.tools), NetworkLocations(m_platform.tools), m_platform.itemsFolder, actionShell())
-    , m_shortcuts(ShortcutsProvider(m_platform.tools), m_platform.clock, m_platform.tasks)
-    , m_shortcutsMenu(m_shortcuts, m_actions)
-    , m_networkLocationsMenu(NetworkLocations(m_platform.tools), m_actions)
     , m_addToItems(ItemsFolder(m_platform.itemsFolder, *m_platform.files, m_platform.aliases), { m_platform.application, m_platform.alerts, m_platform.tasks })
     , m_menus(menuServices())
     , m_filler(m_menus.builder())
-    , m_recentItems(m_menus.recentItems())
-    , m_shortcutsRefresher(m_shortcuts)
+    , m_lists(m_menus.lists())
     , m_hotkeyPasses(m_hotkeys)
     , m_layoutChanges(m_notifications)
     , m_prescan(m_fileHotkeys, m_platform.itemsFolder, locations())
@@ -133,14 +129,14 @@ MenuAssembly::Services ZantheVellApp::menuServices()
 {
     return { m_preferences, locations(), m_platform.resources, m_platform.folders, m_platform.text, m_platform.recentFiles, m_platform.icons, m_actions,
         m_platform.workspace, m_platform.runningApplications, m_platform.volumes, m_platform.recentServers, m_platform.networkInterfaces,
-        m_platform.settingsPanes, m_fileHotkeys, &m_shortcutsMenu, &m_networkLocationsMenu, m_platform.clock, m_platform.timers, m_platform.tasks,
+        m_platform.settingsPanes, m_fileHotkeys, m_platform.tools, m_actions, m_actions, m_platform.clock, m_platform.timers, m_platform.tasks,
         m_platform.itemsFolder };
 }
 
 StatusItemController::Services ZantheVellApp::statusItemServices()
 {
-    return { m_store, m_preferences, m_filler, m_recentItems, m_shortcutsRefresher, m_menus.icons(), m_actions, m_hotkeyPasses, m_layoutChanges, m_prescan,
-        m_platform.modifierKeys, m_platform.statusBar, m_platform.menuHost, m_platform.workspace, m_platform.tasks,
+    return { m_store, m_preferences, m_filler, m_lists, m_menus.icons(), m_actions, m_hotkeyPasses, m_layoutChanges, m_prescan, m_platform.modifierKeys,
+        m_platform.statusBar, m_platform.menuHost, m_platform.workspace, m_platform.tasks,
         [this](std::function<void(Point)> showMenu) { return makeOverlay(std::move(showMenu)); } };
 }
 

@@ -2,9 +2,7 @@
 
 #include "app/actions/ActionAlerts.h"
 #include "app/actions/AddToItemsService.h"
-#include "app/actions/LocationsMenu.h"
 #include "app/actions/MenuActions.h"
-#include "app/actions/ShortcutsMenu.h"
 #include "app/hotkeys/FileHotkeys.h"
 #include "app/menubar/AppleMenuOverlayController.h"
 #include "app/menubar/StatusItemController.h"
@@ -151,16 +149,12 @@ private:
     SessionControl m_session;
     SystemEventsBridge m_scripts;
     MenuActions m_actions;
-    ShortcutsCache m_shortcuts;
-    ShortcutsMenu m_shortcutsMenu;
-    LocationsMenu m_networkLocationsMenu;
     AddToItemsService m_addToItems;
     bool m_takesFiles = false; ///< other programs reach the service only once it is provided
 
     MenuAssembly m_menus;
     BuilderJoint m_filler;
-    RecentItemsJoint m_recentItems;
-    ShortcutsJoint m_shortcutsRefresher;
+    ListsJoint m_lists;
     HotkeysJoint m_hotkeyPasses;
     LayoutJoint m_layoutChanges;
     PrescanJoint m_prescan;

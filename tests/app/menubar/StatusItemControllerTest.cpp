@@ -18,7 +18,7 @@ namespace {
 using Log = std::vector<std::string>;
 
 /// Everything around the controller writes what it was asked into one log.
-struct Neighbours : MenuFiller, RecentItemsRefresher, ShortcutsRefresher, MenuIcons, MenuCommands, HotkeyPasses, KeyboardLayoutChanges, FileHotkeyPrescan {
+struct Neighbours : MenuFiller, ListsRefresher, MenuIcons, MenuCommands, HotkeyPasses, KeyboardLayoutChanges, FileHotkeyPrescan {
     Log log;
     std::function<void(Uuid const&)> itemHotkey;
     std::function<void(Url const&)> fileHotkey;
@@ -31,8 +31,7 @@ struct Neighbours : MenuFiller, RecentItemsRefresher, ShortcutsRefresher, MenuIc
         for (auto const& item : items)
             menu.entries.push_back(MenuEntry::disabled(item.displayTitle()));
     }
-    void refreshRecentItems(std::vector<MenuItem> const&) override { log.emplace_back("recent"); }
-    void refreshShortcuts() override { log.emplace_back("shortcuts"); }
+    void refreshLists(std::vector<MenuItem> const&) override { log.emplace_back("refresh"); }
     ImageRef iconForKind(MenuItemKind const&) override { return {}; }
     ImageRef iconForFile(Url const&) override { return {}; }
     void emptyCache() override { log.emplace_back("empty icons"); }
@@ -79,7 +78,7 @@ protected:
     std::unique_ptr<StatusItemController> make()
     {
         return std::make_unique<StatusItemController>(StatusItemController::Services { store, preferences, around, around, around, around, around, around,
-            around, around, modifiers, statusBar, menuHost, workspace, time, [this](std::function<void(Point)> showMenu) {
+            around, modifiers, statusBar, menuHost, workspace, time, [this](std::function<void(Point)> showMenu) {
                 overlayClick = std::move(showMenu);
                 return std::make_shared<char>();
             } });
@@ -147,26 +146,15 @@ TEST_F(StatusItemControllerTest, EveryOpeningRefreshesTheCachesAndRebuildsTheMen
     store.replaceAll({ named(MenuItemKind::sleep, "Sleep") });
     takeLog();
     controller->menu()->needsUpdate();
-    EXPECT_EQ(takeLog(), (Log { "recent", "fill" }));
+    EXPECT_EQ(takeLog(), (Log { "refresh", "fill" }));
     store.replaceAll({ named(MenuItemKind::sleep, "Sleep"), named(MenuItemKind::restart, "Restart") });
     overlayClick({ 10, 700 });
-    EXPECT_EQ(takeLog(), (Log { "recent", "fill" }));
+    EXPECT_EQ(takeLog(), (Log { "refresh", "fill" }));
     ASSERT_EQ(menuHost.shown.size(), 1U);
     EXPECT_EQ(menuHost.shown[0].first, controller->overlayMenu());
     EXPECT_EQ(menuHost.shown[0].second, (Point { 10, 700 }));
     EXPECT_EQ(controller->overlayMenu()->entries.size(), 2U);
     EXPECT_EQ(controller->menu()->entries.size(), 1U) << "each menu is filled for itself";
-}
-
-TEST_F(StatusItemControllerTest, ShortcutsAreRefreshedOnlyForATreeThatHoldsSome)
-{
-    auto const controller = make();
-    auto group = named(MenuItemKind::submenu, "Group");
-    group.children.push_back(named(MenuItemKind::shortcuts, "Shortcuts"));
-    store.replaceAll({ group });
-    takeLog();
-    controller->menu()->needsUpdate();
-    EXPECT_EQ(takeLog(), (Log { "recent", "shortcuts", "fill" }));
 }
 
 TEST_F(StatusItemControllerTest, OptionCountsWhenTheMenuOpensAndOnlyThen)
@@ -176,10 +164,10 @@ TEST_F(StatusItemControllerTest, OptionCountsWhenTheMenuOpensAndOnlyThen)
     modifiers.held = ModifierMask::option | ModifierMask::shift;
     controller->menu()->needsUpdate();
     modifiers.held = ModifierMask::none;
-    EXPECT_EQ(takeLog(), (Log { "recent", "fill with option" }));
+    EXPECT_EQ(takeLog(), (Log { "refresh", "fill with option" }));
     modifiers.held = ModifierMask::command;
     controller->menu()->needsUpdate();
-    EXPECT_EQ(takeLog(), (Log { "recent", "fill" }));
+    EXPECT_EQ(takeLog(), (Log { "refresh", "fill" }));
 }
 
 TEST_F(StatusItemControllerTest, ClosingAMenuEmptiesTheIconCache)
