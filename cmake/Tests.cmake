@@ -26,10 +26,9 @@ endfunction()
 list(TRANSFORM plain_rooms PREPEND linux/ OUTPUT_VARIABLE plain_tests)
 list(TRANSFORM toolkit_rooms PREPEND linux/ OUTPUT_VARIABLE toolkit_tests)
 zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_cli zv_app zv_linux)
-zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux)
-# What the Mac's front end has in plain C++ is tested on every system.
-file(GLOB_RECURSE plain_mac CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/macos/*.cpp)
-target_sources(zv_linux_tests PRIVATE ${plain_mac})
+# What the Mac's rooms have without its frameworks runs here, too.
+zv_library(zv_macos_plain FOLDERS platform/macos LINK zv_base)
+zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux zv_macos_plain)
 zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
 
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.

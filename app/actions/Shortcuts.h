@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/model/MenuItem.h"
-
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -36,8 +34,5 @@ struct ShortcutsLibrary {
     std::hash<std::string> const hash;
     return hash(shortcut.id) * 31 + hash(shortcut.name);
 }
-
-/// Whether a menu of these items shows the shortcuts, at any depth.
-[[nodiscard]] inline bool containsShortcutsItem(std::vector<MenuItem> const& items) { return containsKind(items, MenuItemKind::shortcuts); }
 
 } // namespace zv

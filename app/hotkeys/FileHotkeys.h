@@ -2,7 +2,7 @@
 
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/hotkeys/HotkeyPrescan.h"
-#include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/ListedFolderSink.h"
 #include "app/model/MenuItem.h"
 #include "base/Lifetime.h"
 #include "platform/files/FileSystem.h"

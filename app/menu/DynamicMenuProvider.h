@@ -1,68 +1,61 @@
 #pragma once
 
 #include "app/menu/DynamicEntry.h"
-#include "app/menu/FolderListings.h"
 #include "app/menu/Menu.h"
-#include "app/model/ItemLocation.h"
-#include "app/model/MenuItemKind.h"
-#include "app/model/Preferences.h"
-#include "base/Url.h"
-#include "platform/lists/Lists.h"
+#include "app/model/MenuItem.h"
+#include "platform/desk/Image.h"
 
-#include <cstdint>
 #include <functional>
-#include <optional>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <variant>
 #include <vector>
 
 namespace zv {
 
-/// Computes the list of one or more dynamic kinds. Main thread only.
-class DynamicListProvider {
+class MenuIcon;
+
+/// What a list shows: entries, of which the submenu takes as many as the user prefers, or items
+/// that are made already and shown as they are.
+using ListContent = std::variant<std::vector<DynamicEntry>, std::vector<MenuEntry>>;
+
+/// The submenu of one dynamic kind, filled when it opens. app/lists has them, and the recipe for
+/// another one. Main thread only.
+class DynamicList {
 public:
-    virtual ~DynamicListProvider() = default;
-    /// Calls `done` exactly once: before it returns when the list is at hand, else later on
-    /// the main thread. `done` may outlive the menu it fills; it checks that itself.
-    virtual void entries(
-        MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth, std::function<void(std::vector<DynamicEntry>)> done)
-        = 0;
+    using Done = std::function<void(ListContent)>;
+
+    virtual ~DynamicList() = default;
+
+    [[nodiscard]] virtual MenuItemKind::Case kind() const = 0;
+    /// The picture of the entry that has the submenu; null for none.
+    [[nodiscard]] virtual ImageRef icon(MenuIcon& /*icons*/) const { return nullptr; }
+    /// The one line of a list without entries.
+    [[nodiscard]] virtual std::string_view emptyTitle() const { return "No Items"; }
+    /// The line after ten seconds of silence; empty: "Loading…" stays until the list comes.
+    [[nodiscard]] virtual std::string_view noResponseTitle() const { return {}; }
+
+    /// Calls `done` exactly once: before it returns when the list is at hand, be it the last known
+    /// one, else later, and until then the submenu says "Loading…". `done` may outlive the menu
+    /// that it fills; it checks that itself.
+    virtual void fill(Done done) = 0;
+    /// Told when a menu with an entry of this kind opens: the time to ask for what takes long, so
+    /// that it is at hand once the submenu opens.
+    virtual void refresh() { }
 };
 
-/// The lists of what the machine has now: its applications, volumes, servers, addresses and
-/// settings, and the Items folder.
-class DynamicMenuProvider : public DynamicListProvider {
+/// The lists of the dynamic kinds. Main thread only.
+class DynamicMenuProvider {
 public:
-    struct Services {
-        Lists const& lists;
-        Preferences const& preferences;
-        FolderListings& folders;
-        Url itemsFolder;
-    };
-
-    /// The services outlive this.
-    explicit DynamicMenuProvider(Services services);
-
-    void entries(MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth,
-        std::function<void(std::vector<DynamicEntry>)> done) override;
+    void add(std::unique_ptr<DynamicList> list);
+    /// Null for a kind without a list.
+    [[nodiscard]] DynamicList* listOf(MenuItemKind const& kind) const;
+    /// Refreshes the lists that are among these items, at any depth.
+    void refresh(std::vector<MenuItem> const& items) const;
 
 private:
-    void listItemsFolder(std::function<void(std::vector<DynamicEntry>)> done) const;
-
-    Services m_services;
-};
-
-/// Fills a submenu whose entries are not files: shortcuts, network locations.
-class SubmenuFiller {
-public:
-    virtual ~SubmenuFiller() = default;
-    virtual void fill(Menu& menu) = 0;
-};
-
-/// Learns the shortcuts that file names carry, folder by folder, as they are listed.
-class ListedFolderSink {
-public:
-    virtual ~ListedFolderSink() = default;
-    /// `withHotkeys` are those entries of the folder whose name carries a shortcut; may be empty.
-    virtual void folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys) = 0;
+    std::map<MenuItemKind::Case, std::unique_ptr<DynamicList>> m_lists;
 };
 
 } // namespace zv

@@ -13,29 +13,12 @@ namespace zv {
 
 namespace {
 
-constexpr std::chrono::seconds patienceWithFolders { 10 };
+constexpr std::chrono::seconds patience { 10 };
 constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
 constexpr char const* loadingTitle = "Loading…";
 constexpr char const* noItemsTitle = "No Items";
 constexpr char const* emptyFolderTitle = "Empty Folder";
-constexpr char const* noResponseTitle = "This folder did not respond.";
 constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
-
-std::optional<RecentItemsScope> recentItemsScopeOf(MenuItemKind const& kind)
-{
-    switch (kind.value()) {
-    case MenuItemKind::recentItems:
-        return RecentItemsScope::all;
-    case MenuItemKind::recentApps:
-        return RecentItemsScope::applications;
-    case MenuItemKind::recentFolders:
-        return RecentItemsScope::folders;
-    case MenuItemKind::recentDocs:
-        return RecentItemsScope::documents;
-    default:
-        return std::nullopt;
-    }
-}
 
 /// A stored limit below zero shows as little as zero does.
 std::size_t itemLimit(Preferences const& preferences) { return static_cast<std::size_t>(std::max<std::int64_t>(preferences.maximumItemsPerFolder(), 0)); }
@@ -122,18 +105,6 @@ void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& f
         show(menu, folder, m_sources.folders.list(folder.url, options));
 }
 
-void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& list)
-{
-    if (auto const scope = recentItemsScopeOf(list.kind))
-        fillRecentItems(menu, *scope, list.depth);
-    else if (list.kind == MenuItemKind::shortcuts)
-        fillWith(m_sources.lists.shortcuts, menu);
-    else if (list.kind == MenuItemKind::location)
-        fillWith(m_sources.lists.locations, menu);
-    else
-        fillFromProvider(menu, list);
-}
-
 template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change change)
 {
     auto const opening = m_opening;
@@ -147,10 +118,26 @@ template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change ch
     });
 }
 
+void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& source)
+{
+    auto* const list = m_sources.lists.listOf(source.kind);
+    if (!list) {
+        replaceEntries(menu, MenuEntry::disabled(noItemsTitle));
+        return;
+    }
+    showLoading(menu);
+    if (!list->noResponseTitle().empty())
+        startPatience(menu, std::string(list->noResponseTitle()));
+    list->fill(later(menu, [this, list, depth = source.depth](Menu& answered, ListContent content) {
+        m_patience.reset();
+        show(answered, *list, std::move(content), depth);
+    }));
+}
+
 void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options)
 {
     showLoading(menu);
-    startPatience(menu, m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : noResponseTitle);
+    startPatience(menu, m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : silentFolderTitle);
     m_sources.folders.listInBackground(folder.url, options, later(menu, [this, folder](Menu& answered, FolderListing listing) {
         m_patience.reset();
         show(answered, folder, std::move(listing));
@@ -160,7 +147,7 @@ void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Fol
 void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)
 {
     auto giveUp = [reason = std::move(reason)](Menu& silent) { replaceEntries(silent, MenuBuilder::makeUnavailableItem(reason, reason)); };
-    m_patience = m_sources.timers.after(patienceWithFolders, later(menu, std::move(giveUp)));
+    m_patience = m_sources.timers.after(patience, later(menu, std::move(giveUp)));
 }
 
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing)
@@ -169,42 +156,13 @@ void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& f
     populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, emptyFolderTitle, m_builder);
 }
 
-void DynamicSubmenuDelegate::fillRecentItems(Menu& menu, RecentItemsScope scope, std::int64_t depth)
+void DynamicSubmenuDelegate::show(Menu& menu, DynamicList const& list, ListContent content, std::int64_t depth) const
 {
-    auto& cache = m_sources.recentItems;
-    if (auto const* const known = cache.entries(scope)) {
-        populate(menu, *known, depth, noItemsTitle, m_builder);
-        cache.refresh(scope);
-        return;
-    }
-    showLoading(menu);
-    cache.load(
-        scope, later(menu, [this, depth](Menu& open, std::vector<DynamicEntry> const& entries) { populate(open, entries, depth, noItemsTitle, m_builder); }));
-}
-
-void DynamicSubmenuDelegate::fillFromProvider(Menu& menu, DynamicMenuSource::List const& list)
-{
-    auto const found = m_sources.lists.providers.find(list.kind.value());
-    if (found == m_sources.lists.providers.end() || !found->second) {
-        populate(menu, std::vector<DynamicEntry>(), list.depth, noItemsTitle, m_builder);
-        return;
-    }
-    showLoading(menu);
-    if (list.kind == MenuItemKind::zantheVellItems)
-        startPatience(menu, noResponseTitle);
-    auto const depth = list.depth;
-    found->second->entries(list.kind, list.location, depth, later(menu, [this, depth](Menu& answered, std::vector<DynamicEntry> entries) {
-        m_patience.reset();
-        populate(answered, std::move(entries), depth, noItemsTitle, m_builder);
-    }));
-}
-
-void DynamicSubmenuDelegate::fillWith(SubmenuFiller* filler, Menu& menu)
-{
-    if (filler)
-        filler->fill(menu);
-    else
-        populate(menu, std::vector<DynamicEntry>(), 0, noItemsTitle, m_builder);
+    if (auto* const entries = std::get_if<std::vector<DynamicEntry>>(&content))
+        return populate(menu, std::move(*entries), depth, list.emptyTitle(), m_builder);
+    menu.entries = std::get<std::vector<MenuEntry>>(std::move(content));
+    if (menu.entries.empty())
+        menu.entries.push_back(MenuEntry::disabled(std::string(list.emptyTitle())));
 }
 
 } // namespace zv

@@ -3,14 +3,13 @@
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/DynamicMenuSource.h"
 #include "app/menu/FolderListings.h"
+#include "app/menu/ListedFolderSink.h"
 #include "app/menu/Menu.h"
-#include "app/menu/RecentItemsCache.h"
 #include "base/Lifetime.h"
 #include "platform/time/Timers.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,18 +19,10 @@ namespace zv {
 
 class MenuBuilder;
 
-/// Who computes the list of which kind. A kind that nobody computes has no items.
-struct DynamicLists {
-    std::map<MenuItemKind::Case, DynamicListProvider*> providers;
-    SubmenuFiller* shortcuts = nullptr;
-    SubmenuFiller* locations = nullptr;
-};
-
 /// What self-filling submenus are filled from. All of it outlives the menus.
 struct SubmenuSources {
     FolderListings& folders;
-    RecentItemsCache& recentItems;
-    DynamicLists const& lists;
+    DynamicMenuProvider const& lists;
     ListedFolderSink& listedFolders;
     Timers& timers;
 };
@@ -76,19 +67,17 @@ private:
     void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
     void fill(Menu& menu, DynamicMenuSource::List const& list);
     void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
-    void fillRecentItems(Menu& menu, RecentItemsScope scope, std::int64_t depth);
-    void fillFromProvider(Menu& menu, DynamicMenuSource::List const& list);
-    void fillWith(SubmenuFiller* filler, Menu& menu);
     /// Says the reason in place of what has not come by then.
     void startPatience(Menu& menu, std::string reason);
     void show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing);
+    void show(Menu& menu, DynamicList const& list, ListContent content, std::int64_t depth) const;
     /// Does something to the menu later, if it still exists and has not opened again since.
     template <class Change> auto later(Menu& menu, Change change);
 
     DynamicMenuSource m_source;
     MenuBuilder const& m_builder;
     SubmenuSources const& m_sources;
-    std::unique_ptr<Timer> m_patience; ///< runs while a folder is silent
+    std::unique_ptr<Timer> m_patience; ///< runs while what was asked is silent
     bool m_isFilling = false; ///< what is at hand at once needs no word to the mirror
     unsigned m_opening = 0; ///< counts, so that what comes late for an earlier opening is known
     Lifetime m_lifetime;

@@ -12,6 +12,9 @@
 
 namespace zv {
 
+/// Said in place of a folder that does not answer.
+inline constexpr char const* silentFolderTitle = "This folder did not respond.";
+
 /// Lists folders: local ones at once, remote ones on threads that nothing waits for, never
 /// two for the same folder. Main thread only.
 class FolderListings {

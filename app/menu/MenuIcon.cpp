@@ -1,5 +1,6 @@
 #include "app/menu/MenuIcon.h"
 
+#include "app/menu/DynamicMenuProvider.h"
 #include "base/MainThread.h"
 
 #include <algorithm>
@@ -11,26 +12,22 @@ namespace zv {
 
 namespace {
 
+/// The commands that carry a picture of the system's, and what stands in for it.
 struct KindPicture {
     MenuItemKind::Case kind;
     SystemIcon picture;
     std::optional<SystemIcon> fallback {}; ///< for a system that lacks the picture
 };
 
-/// Every kind that has a picture, apart from those of the items folder.
 constexpr std::array kindPictures {
-    KindPicture { MenuItemKind::recentServers, SystemIcon::network },
     KindPicture { MenuItemKind::dockMenu, SystemIcon::dock },
     KindPicture { MenuItemKind::dockPrefs, SystemIcon::dock },
-    KindPicture { MenuItemKind::shortcuts, SystemIcon::shortcuts },
     KindPicture { MenuItemKind::aboutThisMac, SystemIcon::computer },
     KindPicture { MenuItemKind::appStore, SystemIcon::appStore },
     KindPicture { MenuItemKind::softwareUpdate, SystemIcon::softwareUpdate, SystemIcon::systemSettings },
-    KindPicture { MenuItemKind::systemPrefs, SystemIcon::systemSettings },
     KindPicture { MenuItemKind::simpleSystemPrefs, SystemIcon::systemSettings },
     KindPicture { MenuItemKind::customizeZantheVell, SystemIcon::application },
     KindPicture { MenuItemKind::quitZantheVell, SystemIcon::application },
-    KindPicture { MenuItemKind::location, SystemIcon::networkLocation },
 };
 
 /// From the cache, else fetched. What is not there is not kept: it may be there the next
@@ -48,8 +45,9 @@ template <class Cache, class Fetch> ImageRef cached(Cache& cache, typename Cache
 
 } // namespace
 
-MenuIcon::MenuIcon(IconSource& source, Url itemsFolder)
+MenuIcon::MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder)
     : m_source(source)
+    , m_lists(lists)
     , m_itemsFolder(std::move(itemsFolder))
 {
 }
@@ -57,7 +55,9 @@ MenuIcon::MenuIcon(IconSource& source, Url itemsFolder)
 ImageRef MenuIcon::iconForKind(MenuItemKind const& kind)
 {
     assertMainThread();
-    if (kind == MenuItemKind::zantheVellItems || kind == MenuItemKind::revealZantheVellItems)
+    if (auto const* const list = m_lists.listOf(kind))
+        return list->icon(*this);
+    if (kind == MenuItemKind::revealZantheVellItems)
         return itemsFolderIcon();
     auto const known = std::find_if(kindPictures.begin(), kindPictures.end(), [&](auto const& row) { return kind == row.kind; });
     if (known == kindPictures.end())

@@ -10,6 +10,8 @@
 
 namespace zv {
 
+class DynamicMenuProvider;
+
 /// The pictures of menu entries. Main thread only.
 class MenuIcons {
 public:
@@ -24,24 +26,21 @@ public:
 /// The pictures, each fetched once and kept until the cache is emptied. Main thread only.
 class MenuIcon : public MenuIcons {
 public:
-    /// `source` outlives this.
-    MenuIcon(IconSource& source, Url itemsFolder);
+    /// `source` outlives this, and so do the lists, which know their own icons.
+    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder);
 
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
     /// What lies on another machine has the network's picture.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     void emptyCache() override;
 
-    [[nodiscard]] ImageRef thisMacIcon() { return systemIcon(SystemIcon::computer); }
-    [[nodiscard]] ImageRef genericFolderIcon() { return systemIcon(SystemIcon::folder); }
-    [[nodiscard]] ImageRef networkIcon() { return systemIcon(SystemIcon::network); }
-    [[nodiscard]] ImageRef applicationIcon() { return systemIcon(SystemIcon::application); }
-
-private:
     [[nodiscard]] ImageRef itemsFolderIcon();
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon);
+    [[nodiscard]] ImageRef networkIcon() { return systemIcon(SystemIcon::network); }
 
+private:
     IconSource& m_source;
+    DynamicMenuProvider const& m_lists;
     Url m_itemsFolder;
     std::unordered_map<std::string, ImageRef> m_files; ///< by path
     std::unordered_map<SystemIcon, ImageRef> m_systemIcons;

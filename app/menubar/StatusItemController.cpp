@@ -3,6 +3,7 @@
 #include "app/hotkeys/FileHotkeys.h"
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/hotkeys/KeyboardLayout.h"
+#include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
@@ -41,7 +42,7 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
 {
     assertMainThread();
     auto const& items = m_services.store.items();
-    m_services.refreshLists(items);
+    m_services.lists.refresh(items);
     bool const isHeld = contains(m_services.desk.modifierKeys.current(), ModifierMask::option);
     m_services.builder.buildMenu(menu, items, isHeld ? OptionKey::held : OptionKey::released);
 }

@@ -13,6 +13,7 @@
 
 namespace zv {
 
+class DynamicMenuProvider;
 class FileHotkeys;
 class HotkeyCenter;
 class MenuBuilder;
@@ -36,7 +37,7 @@ public:
         MenuStore& store;
         Preferences& preferences;
         MenuBuilder const& builder;
-        std::function<void(std::vector<MenuItem> const&)> refreshLists; ///< starts the queries that the lists among the items will show
+        DynamicMenuProvider const& lists;
         MenuIcons& icons;
         MenuCommands& commands;
         HotkeyCenter& hotkeys;

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "app/actions/ActionAlerts.h"
-#include "app/actions/LocationsMenu.h"
 #include "app/actions/MenuActions.h"
-#include "app/actions/ShortcutsMenu.h"
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/FolderListings.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuIcon.h"
-#include "app/menu/RecentItemsCache.h"
-#include "app/menu/RecentItemsProvider.h"
 #include "platform/System.h"
 
 namespace zv {
@@ -36,12 +32,9 @@ public:
     [[nodiscard]] MenuBuilder const& builder() const { return m_builder; }
     [[nodiscard]] MenuActions& actions() { return m_actions; }
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
-    /// Starts the queries that the lists among these items will show.
-    void refreshLists(std::vector<MenuItem> const& items);
+    [[nodiscard]] DynamicMenuProvider const& lists() const { return m_lists; }
 
 private:
-    [[nodiscard]] DynamicLists lists();
-
     LocationServices m_locations;
     AlertConfirmation m_confirmation;
     SessionControl m_session;
@@ -49,14 +42,7 @@ private:
     MenuActions m_actions;
 
     FolderListings m_folders;
-    DynamicMenuProvider m_machineLists;
-    RecentItemsProvider m_recentItemsProvider;
-    RecentItemsCache m_recentItems;
-    ShortcutsCache m_shortcuts;
-    ShortcutsMenu m_shortcutsMenu;
-    LocationsMenu m_networkLocationsMenu;
-    DynamicLists m_lists;
-
+    DynamicMenuProvider m_lists;
     SubmenuSources m_sources;
     MenuIcon m_icons;
     MenuBuilder m_builder;

@@ -51,7 +51,7 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .store = m_over.store,
         .preferences = m_over.preferences,
         .builder = m_menus.builder(),
-        .refreshLists = [this](auto const& items) { m_menus.refreshLists(items); },
+        .lists = m_menus.lists(),
         .icons = m_menus.icons(),
         .commands = m_menus.actions(),
         .hotkeys = m_hotkeys,

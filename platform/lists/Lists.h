@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/lists/MetadataQuery.h"
+#include "platform/lists/RecentFiles.h"
 #include "platform/lists/NetworkInterfaces.h"
 #include "platform/lists/RecentServers.h"
 #include "platform/lists/RunningApplications.h"
@@ -11,7 +11,7 @@ namespace zv {
 
 /// What lists are computed from when they open.
 struct Lists {
-    MetadataQueries& recentFiles;
+    RecentFiles& recentFiles;
     RunningApplications& runningApplications;
     Volumes& volumes;
     RecentServers& recentServers;

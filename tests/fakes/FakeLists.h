@@ -2,8 +2,8 @@
 
 #include "platform/desk/Clipboard.h"
 #include "platform/desk/IconSource.h"
-#include "platform/lists/MetadataQuery.h"
 #include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentFiles.h"
 #include "platform/lists/RecentServers.h"
 #include "platform/lists/RunningApplications.h"
 #include "platform/lists/SettingsPanes.h"
@@ -54,57 +54,38 @@ public:
     std::vector<SettingsPane> panes;
 };
 
-/// An index of files that a test fills; each query answers when the test says so.
-class FakeMetadataQueries : public MetadataQueries {
+/// Writes the searches down; each ends when the test answers it.
+class FakeRecentFiles : public RecentFiles {
 public:
-    struct Running {
-        MetadataSearch search;
-        MetadataQuery* query = nullptr;
-        bool isGone = false;
-        int starts = 0;
-        int stops = 0;
-        int resultsRead = 0;
+    struct Asked {
+        RecentFilesQuestion question;
+        Done done; ///< empty once the search has ended
     };
 
-    std::unique_ptr<MetadataQuery> make(MetadataSearch const& search) override
+    std::unique_ptr<RecentFilesSearch> find(RecentFilesQuestion const& question, Done done) override
     {
-        auto record = std::make_shared<Running>(Running { search });
-        made.push_back(record);
-        auto query = std::make_unique<Query>(*this, record);
-        record->query = query.get();
-        return query;
+        searches.push_back(std::make_shared<Asked>(Asked { question, std::move(done) }));
+        return std::make_unique<Search>(searches.back());
     }
-    /// The index has answered the query that was made as number `index`.
-    void finish(std::size_t index = 0)
+    /// False when nobody waits for it any more.
+    bool answer(std::size_t index, std::vector<RecentFile> files)
     {
-        auto const& record = made.at(index);
-        if (record->isGone)
-            return;
-        auto const told = record->query->onDidFinishGathering; // outlives the query it may destroy
-        told();
+        auto const done = searches.at(index)->done; // outlives the search, which it may destroy
+        if (done)
+            done(std::move(files));
+        return done != nullptr;
     }
 
-    std::vector<MetadataItem> items; ///< what every query finds, in order
-    std::vector<std::shared_ptr<Running>> made;
+    std::vector<std::shared_ptr<Asked>> searches; ///< all there were
 
 private:
-    struct Query : MetadataQuery {
-        Query(FakeMetadataQueries& owner, std::shared_ptr<Running> r)
-            : queries(owner)
-            , record(std::move(r))
+    struct Search : RecentFilesSearch {
+        explicit Search(std::shared_ptr<Asked> a)
+            : asked(std::move(a))
         {
         }
-        ~Query() override { record->isGone = true; }
-        void start() override { ++record->starts; }
-        void stop() override { ++record->stops; }
-        std::size_t resultCount() const override { return queries.items.size(); }
-        MetadataItem result(std::size_t index) const override
-        {
-            ++record->resultsRead;
-            return queries.items.at(index);
-        }
-        FakeMetadataQueries& queries;
-        std::shared_ptr<Running> record;
+        ~Search() override { asked->done = nullptr; }
+        std::shared_ptr<Asked> asked;
     };
 };
 

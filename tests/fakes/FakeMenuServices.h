@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/ListedFolderSink.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
-#include "app/menu/RecentItemsQuerying.h"
 #include "platform/desk/TextMeasure.h"
 
 #include <functional>
@@ -67,42 +67,29 @@ public:
 };
 
 /// Answers at once, or keeps the question until the test answers it.
-class FakeListProvider : public DynamicListProvider {
+class FakeList : public DynamicList {
 public:
-    struct Question {
-        MenuItemKind kind;
-        std::optional<ItemLocation> location;
-        std::int64_t depth;
-        std::function<void(std::vector<DynamicEntry>)> done;
-    };
-
-    void entries(
-        MenuItemKind const& kind, std::optional<ItemLocation> const& location, std::int64_t depth, std::function<void(std::vector<DynamicEntry>)> done) override
+    explicit FakeList(MenuItemKind::Case kind)
+        : m_kind(kind)
     {
-        questions.push_back({ kind, location, depth, done });
+    }
+    MenuItemKind::Case kind() const override { return m_kind; }
+    std::string_view emptyTitle() const override { return "Empty List"; }
+    std::string_view noResponseTitle() const override { return whenSilent; }
+    void fill(Done done) override
+    {
+        questions.push_back(done);
         if (answersAtOnce)
             done(answer);
     }
 
+    std::string whenSilent;
     bool answersAtOnce = true;
-    std::vector<DynamicEntry> answer;
-    std::vector<Question> questions;
-};
+    ListContent answer;
+    std::vector<Done> questions;
 
-class FakeRecentItems : public RecentItemsQuerying {
-public:
-    struct Query {
-        RecentItemsScope scope;
-        std::int64_t limit;
-        std::function<void(std::vector<DynamicEntry>)> done;
-    };
-
-    void entries(RecentItemsScope scope, std::int64_t limit, std::function<void(std::vector<DynamicEntry>)> done) override
-    {
-        queries.push_back({ scope, limit, std::move(done) });
-    }
-
-    std::vector<Query> queries; ///< all there were; the test calls `done`
+private:
+    MenuItemKind::Case m_kind;
 };
 
 class FakeListedFolders : public ListedFolderSink {

@@ -35,7 +35,7 @@ struct FakeSystem {
     FakeAliasFiles aliases { files };
     std::shared_ptr<FakeFolderReader> folders = std::make_shared<FakeFolderReader>();
     FakeTime time;
-    FakeMetadataQueries recentFiles;
+    FakeRecentFiles recentFiles;
     FakeRunningApplications runningApplications;
     FakeVolumes volumes;
     FakeRecentServers recentServers;

@@ -67,7 +67,13 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
     , m_access(DesktopAccess::ofThisMachine(XdgDirectories::current()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, requests())
-    , m_system({ .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindowsOfThisDisplay(), .pending = nullptr })
+    , m_system({ .files = m_files,
+          .timers = m_timers,
+          .tasks = m_tasks,
+          .access = m_access,
+          .sessionBus = m_bus,
+          .windows = clientWindowsOfThisDisplay(),
+          .pending = nullptr })
     , m_icons(m_tasks, m_timers)
     , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)

@@ -3,9 +3,9 @@
 #include "cli/CountedWork.h"
 #include "platform/System.h"
 #include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/DesktopRecentFiles.h"
 #include "platform/linux/apps/DesktopSettingsPanes.h"
 #include "platform/linux/apps/GioWorkspace.h"
-#include "platform/linux/apps/RecentlyUsedQueries.h"
 #include "platform/linux/compose/LinuxFiles.h"
 #include "platform/linux/machine/DesktopRecentServers.h"
 #include "platform/linux/machine/DesktopVolumes.h"
@@ -61,7 +61,7 @@ private:
     DesktopRunningApplications m_runningApplications;
     std::optional<CountedTasks> m_countedTasks;
     std::optional<CountedRunningApplications> m_countedApplications;
-    RecentlyUsedQueries m_recentFiles;
+    DesktopRecentFiles m_recentFiles;
     DesktopVolumes m_volumes;
     DesktopRecentServers m_recentServers;
     SystemNetworkInterfaces m_networkInterfaces;

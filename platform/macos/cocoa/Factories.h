@@ -16,8 +16,8 @@
 #include "platform/files/FolderReader.h"
 #include "platform/files/Resources.h"
 #include "platform/files/UserDefaults.h"
-#include "platform/lists/MetadataQuery.h"
 #include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentFiles.h"
 #include "platform/lists/RecentServers.h"
 #include "platform/lists/RunningApplications.h"
 #include "platform/lists/SettingsPanes.h"
@@ -95,7 +95,6 @@ std::unique_ptr<LoginService> makeLoginService();
 std::unique_ptr<MenuBarVisibility> makeMenuBarVisibility(); ///< null where the system does not tell
 std::unique_ptr<MenuBars> makeMenuBars();
 std::unique_ptr<MenuHost> makeMenuHost(MenuTracking& tracking);
-std::unique_ptr<MetadataQueries> makeMetadataQueries();
 std::unique_ptr<ModifierKeys> makeModifierKeys();
 std::unique_ptr<NetworkInterfaces> makeNetworkInterfaces();
 std::unique_ptr<NotesWindows> makeNotesWindows();
@@ -103,6 +102,7 @@ std::unique_ptr<OverlayPanels> makeOverlayPanels();
 std::unique_ptr<Permissions> makePermissions();
 std::unique_ptr<PointerMonitor> makePointerMonitor();
 std::unique_ptr<MessagePort> makeMessagePort();
+std::unique_ptr<RecentFiles> makeRecentFiles();
 std::unique_ptr<RecentServers> makeRecentServers();
 std::unique_ptr<Resources> makeResources();
 std::unique_ptr<RunningApplications> makeRunningApplications();

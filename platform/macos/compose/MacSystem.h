@@ -44,7 +44,7 @@ private:
     MacFiles const& m_files;
     std::unique_ptr<Timers> m_timers = makeTimers();
     std::unique_ptr<Tasks> m_tasks = makeTasks();
-    std::unique_ptr<MetadataQueries> m_recentFiles = makeMetadataQueries();
+    std::unique_ptr<RecentFiles> m_recentFiles = makeRecentFiles();
     std::unique_ptr<RunningApplications> m_runningApplications = makeRunningApplications();
     std::unique_ptr<Volumes> m_volumes = makeVolumes();
     std::unique_ptr<RecentServers> m_recentServers = makeRecentServers();

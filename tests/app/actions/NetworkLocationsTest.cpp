@@ -1,4 +1,4 @@
-#include "app/actions/LocationsMenu.h"
+#include "app/actions/NetworkLocations.h"
 
 #include "tests/fakes/FakeActions.h"
 
@@ -44,12 +44,9 @@ TEST(NetworkLocations, ReadsOneLine)
     }
 }
 
-struct LocationTool : testing::Test, LocationCommands {
-    void selectLocation(std::string const& id, std::string const& name) override { chosen.push_back(id + "|" + name); }
-
+struct LocationTool : testing::Test {
     std::shared_ptr<FakeToolRunner> runner = std::make_shared<FakeToolRunner>();
     NetworkLocations locations { runner };
-    std::vector<std::string> chosen;
 };
 
 TEST_F(LocationTool, ListsInTheToolsOrderAndSkipsTheRest)
@@ -83,25 +80,6 @@ TEST_F(LocationTool, AToolThatFailsListsNothingAndSelectsNothing)
     }
     runner->answers["A"] = FakeToolRunner::printing("CurrentSet updated to A (Home)\n");
     EXPECT_TRUE(locations.select("A"));
-}
-
-TEST_F(LocationTool, TheSubmenuMarksTheCurrentOneAndSelects)
-{
-    runner->answers["-n"] = FakeToolRunner::printing("   B (Work)\n * A (Home)\n");
-    LocationsMenu filler(locations, *this);
-    auto const menu = std::make_shared<Menu>();
-    filler.fill(*menu);
-    ASSERT_EQ(menu->entries.size(), 2u);
-    EXPECT_FALSE(menu->entries[0].isMarked);
-    EXPECT_TRUE(menu->entries[1].isMarked);
-    menu->entries[0].target->invoke();
-    EXPECT_EQ(chosen, (std::vector<std::string> { "B|Work" }));
-
-    runner->answers.clear();
-    filler.fill(*menu);
-    ASSERT_EQ(menu->entries.size(), 1u);
-    EXPECT_EQ(menu->entries[0].title, "No Locations");
-    EXPECT_FALSE(menu->entries[0].enabled);
 }
 
 } // namespace

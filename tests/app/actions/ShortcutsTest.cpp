@@ -1,7 +1,6 @@
-#include "app/actions/ShortcutsMenu.h"
+#include "app/actions/ShortcutsProvider.h"
 
 #include "tests/fakes/FakeActions.h"
-#include "tests/fakes/FakeTime.h"
 
 #include <gtest/gtest.h>
 
@@ -45,14 +44,9 @@ TEST(ShortcutsProvider, ReadsOneLine)
     EXPECT_EQ(ShortcutsProvider::parseLine("B (" + std::string(idB) + ")")->id, idB) << "the identifier stays as it was written";
 }
 
-struct ShortcutTool : testing::Test, ShortcutCommands {
-    void runShortcut(std::string const& id, std::string const& name) override { chosen.push_back(id + "|" + name); }
-
+struct ShortcutTool : testing::Test {
     std::shared_ptr<FakeToolRunner> runner = std::make_shared<FakeToolRunner>();
     ShortcutsProvider provider { runner };
-    fakes::FakeTime time;
-    ShortcutsCache cache { provider, time, time };
-    std::vector<std::string> chosen;
 };
 
 TEST_F(ShortcutTool, ExplainsAFailedRun)
@@ -109,104 +103,6 @@ TEST_F(ShortcutTool, ALaterFailureKeepsWhatWasListed)
     runner->answers[folderList] = FakeToolRunner::printing(line("Work", folderId));
     runner->answers["list|--folder-name|Work|--show-identifiers"] = FakeToolRunner::failing(1, "Error: gone");
     EXPECT_EQ(provider.loadLibrary(), (ShortcutsLibrary { { { folderId, "Work", {} } }, { { idA, "Loose" } }, "gone" }));
-}
-
-TEST_F(ShortcutTool, TheCacheLoadsOnceWithinThirtySeconds)
-{
-    runner->answers[ungroupedList] = runner->answers[folderList] = FakeToolRunner::printing("");
-    cache.refresh();
-    cache.refresh();
-    EXPECT_EQ(time.pendingBackground(), 1u) << "one load at a time";
-    EXPECT_TRUE(runner->runs.empty()) << "nothing runs on the main thread";
-    time.runTasks();
-    ASSERT_TRUE(cache.library());
-    EXPECT_EQ(*cache.library(), ShortcutsLibrary {}) << "no shortcuts at all is no failure";
-
-    time.advance(29'999ms);
-    cache.refresh();
-    EXPECT_EQ(time.pendingBackground(), 0u);
-    time.advance(1ms);
-    cache.refresh();
-    EXPECT_EQ(time.pendingBackground(), 1u);
-    EXPECT_TRUE(cache.library()) << "the old list stays until the new one is there";
-}
-
-TEST_F(ShortcutTool, ALoadThatOutlivesTheCacheIsForgotten)
-{
-    auto shortLived = std::make_unique<ShortcutsCache>(provider, time, time);
-    shortLived->refresh();
-    shortLived.reset();
-    time.runTasks();
-}
-
-TEST_F(ShortcutTool, TheFirstOpeningWaitsAndLaterOnesShowWhatIsKnown)
-{
-    runner->answers[ungroupedList] = FakeToolRunner::printing(line("Loose", idA));
-    runner->answers[folderList] = FakeToolRunner::printing(line("Work", folderId));
-    runner->answers["list|--folder-name|Work|--show-identifiers"] = FakeToolRunner::printing("");
-    ShortcutsMenu filler(cache, *this);
-    auto const menu = std::make_shared<Menu>();
-    int refills = 0;
-    menu->onRefilled = [&] { ++refills; };
-    filler.fill(*menu);
-    ASSERT_EQ(menu->entries.size(), 1u);
-    EXPECT_EQ(menu->entries[0].title, "Loading…");
-    EXPECT_FALSE(menu->entries[0].enabled);
-
-    time.runTasks();
-    EXPECT_EQ(refills, 1);
-    ASSERT_EQ(menu->entries.size(), 2u);
-    EXPECT_EQ(menu->entries[0].title, "Work");
-    ASSERT_EQ(menu->entries[0].submenu->entries.size(), 1u);
-    EXPECT_EQ(menu->entries[0].submenu->entries[0].title, "No Shortcuts");
-    menu->entries[1].target->invoke();
-    EXPECT_EQ(chosen, (std::vector<std::string> { std::string(idA) + "|Loose" }));
-
-    time.advance(31s);
-    cache.refresh();
-    filler.fill(*menu);
-    EXPECT_EQ(menu->entries.size(), 2u) << "the known list at once, though a load is under way";
-    time.runTasks();
-    EXPECT_EQ(refills, 1) << "an open list does not change under the pointer";
-}
-
-TEST_F(ShortcutTool, SaysWhyThereAreNoShortcuts)
-{
-    struct Row {
-        ToolResult ungrouped;
-        std::vector<std::string> titles;
-        std::string toolTip, why;
-    };
-    Row const rows[] = {
-        { FakeToolRunner::printing(""), { "No Shortcuts" }, "", "none made" },
-        { {}, { "Shortcuts Unavailable" }, "The Shortcuts command-line tool is not installed on this Mac.", "no tool" },
-    };
-    runner->answers[folderList] = FakeToolRunner::printing("");
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.why);
-        runner->answers[ungroupedList] = row.ungrouped;
-        ShortcutsCache fresh(provider, time, time);
-        ShortcutsMenu filler(fresh, *this);
-        auto const menu = std::make_shared<Menu>();
-        filler.fill(*menu);
-        time.runTasks();
-        std::vector<std::string> titles;
-        for (auto const& entry : menu->entries)
-            titles.push_back(entry.title);
-        EXPECT_EQ(titles, row.titles);
-        EXPECT_FALSE(menu->entries[0].enabled);
-        EXPECT_EQ(menu->entries[0].toolTip, row.toolTip);
-    }
-}
-
-TEST_F(ShortcutTool, AMenuThatIsGoneIsNotFilled)
-{
-    ShortcutsMenu filler(cache, *this);
-    auto menu = std::make_shared<Menu>();
-    filler.fill(*menu);
-    menu.reset();
-    time.runTasks();
-    EXPECT_TRUE(cache.library());
 }
 
 } // namespace

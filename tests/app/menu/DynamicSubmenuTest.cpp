@@ -251,182 +251,83 @@ TEST_F(RemoteFolder, LocalFoldersOpenMeanwhile)
     EXPECT_EQ(linesOf(*open(folderEntry("/f"))), Lines { "f0" });
 }
 
-TEST_F(DynamicSubmenuTest, AListComesFromItsProvider)
+TEST_F(DynamicSubmenuTest, AListAtHandIsShownAtOnce)
 {
-    lists.answer = entriesNamed(2);
-    dynamicLists.providers[Kind::mountedVolumes] = &lists;
-    auto const entry = listEntry(Kind::mountedVolumes, 4);
+    auto& list = listFor(Kind::mountedVolumes);
+    list.answer = entriesNamed(2);
+    auto const entry = listEntry(Kind::mountedVolumes);
     auto const refills = countRefills(*entry.submenu);
     EXPECT_EQ(linesOf(*open(entry)), (Lines { "E1", "E2" }));
-    EXPECT_EQ(lists.questions.at(0).kind, Kind::mountedVolumes);
-    EXPECT_EQ(lists.questions.at(0).depth, 4);
     EXPECT_EQ(*refills, 0) << "filled before it is shown";
-    lists.answer.clear();
-    EXPECT_EQ(linesOf(*open(entry)), Lines { "(No Items)" });
+    list.answer = {};
+    EXPECT_EQ(linesOf(*open(entry)), Lines { "(Empty List)" });
 }
 
-TEST_F(DynamicSubmenuTest, AListThatTakesTimeFillsItsMenuLater)
+TEST_F(DynamicSubmenuTest, AListsFoldersBecomeSubmenusWhileDepthLasts)
 {
-    dynamicLists.providers[Kind::runningApplications] = &lists;
-    lists.answersAtOnce = false;
-    auto entry = listEntry(Kind::runningApplications);
+    auto folder = entryTitled("Folder");
+    folder.isDirectory = true;
+    listFor(Kind::mountedVolumes).answer = std::vector { folder };
+    EXPECT_EQ(linesOf(*open(listEntry(Kind::mountedVolumes, 1))), Lines { "Folder >" });
+    EXPECT_EQ(linesOf(*open(listEntry(Kind::mountedVolumes, 0))), Lines { "Folder" });
+}
+
+TEST_F(DynamicSubmenuTest, ItemsThatAListMadeAreShownAsTheyAre)
+{
+    auto& list = listFor(Kind::location);
+    list.answer = std::vector { MenuEntry::disabled("One"), MenuEntry::separator() };
+    preferences.setMaximumItemsPerFolder(1);
+    EXPECT_EQ(linesOf(*open(listEntry(Kind::location))), (Lines { "(One)", "---" }));
+    list.answer = std::vector<MenuEntry> {};
+    EXPECT_EQ(linesOf(*open(listEntry(Kind::location))), Lines { "(Empty List)" });
+}
+
+struct SlowList : DynamicSubmenuTest {
+    SlowList() { list.answersAtOnce = false; }
+    void answer(std::size_t question, int count) { list.questions.at(question)(entriesNamed(count)); }
+    fakes::FakeList& list = listFor(Kind::runningApplications);
+    MenuEntry entry = listEntry(Kind::runningApplications);
+};
+
+TEST_F(SlowList, FillsItsMenuLater)
+{
     auto const refills = countRefills(*entry.submenu);
     EXPECT_EQ(linesOf(*open(entry)), Lines { "(Loading…)" });
-    lists.questions.at(0).done(entriesNamed(1));
+    time.advance(seconds(20));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(Loading…)" }) << "it is waited for";
+    answer(0, 1);
     EXPECT_EQ(linesOf(*entry.submenu), Lines { "E1" });
     EXPECT_EQ(*refills, 1);
-
-    open(entry);
-    entry = MenuEntry();
-    lists.questions.at(1).done(entriesNamed(1)); // must not touch what is gone
 }
 
-TEST_F(DynamicSubmenuTest, AnItemsFolderThatIsSilentSaysSo)
+TEST_F(SlowList, IsNotShownWhereTheMenuIsGoneOrWasOpenedAgain)
 {
-    dynamicLists.providers[Kind::zantheVellItems] = &lists;
-    lists.answersAtOnce = false;
-    auto const entry = listEntry(Kind::zantheVellItems);
     open(entry);
-    time.advance(seconds(10));
-    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(This folder did not respond.)" });
-    lists.questions.at(0).done(entriesNamed(1));
+    open(entry);
+    answer(0, 1);
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(Loading…)" }) << "the answer to an earlier opening";
+    answer(1, 2);
+    EXPECT_EQ(linesOf(*entry.submenu), (Lines { "E1", "E2" }));
+    open(entry);
+    entry = MenuEntry();
+    answer(2, 1); // must not touch what is gone
+}
+
+TEST_F(SlowList, ThatMayBeSilentSaysSoAndIsShownWhenItComes)
+{
+    list.whenSilent = "Silent.";
+    open(entry);
+    time.advance(std::chrono::milliseconds(9999));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(Loading…)" });
+    time.advance(std::chrono::milliseconds(1));
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "(Silent.)" });
+    answer(0, 1);
     EXPECT_EQ(linesOf(*entry.submenu), Lines { "E1" });
     time.advance(seconds(20));
     EXPECT_EQ(linesOf(*entry.submenu), Lines { "E1" });
 }
 
-struct NamesItself : SubmenuFiller {
-    explicit NamesItself(std::string text)
-        : title(std::move(text))
-    {
-    }
-    void fill(Menu& menu) override
-    {
-        menu.entries.clear();
-        menu.entries.push_back(MenuEntry::disabled(title));
-    }
-    std::string title;
-};
-
-TEST_F(DynamicSubmenuTest, ShortcutsAndLocationsFillThemselves)
-{
-    NamesItself shortcuts("No Shortcuts");
-    NamesItself locations("No Locations");
-    dynamicLists.shortcuts = &shortcuts;
-    dynamicLists.locations = &locations;
-    EXPECT_EQ(linesOf(*open(listEntry(Kind::shortcuts))), Lines { "(No Shortcuts)" });
-    EXPECT_EQ(linesOf(*open(listEntry(Kind::location))), Lines { "(No Locations)" });
-}
-
-TEST_F(DynamicSubmenuTest, AKindThatNobodyListsHasNoItems)
-{
-    for (auto const kind : { Kind::zantheVellItems, Kind::mountedVolumes, Kind::recentServers, Kind::runningApplications, Kind::ipAddress, Kind::systemPrefs,
-             Kind::shortcuts, Kind::location })
-        EXPECT_EQ(linesOf(*open(listEntry(kind))), Lines { "(No Items)" }) << MenuItemKind(kind).rawValue();
-}
-
-struct RecentItems : DynamicSubmenuTest {
-    Lines openLines(Kind::Case kind) { return linesOf(*open(listEntry(kind))); }
-    void answer(std::size_t query, int count) { recentProvider.queries.at(query).done(entriesNamed(count)); }
-};
-
-TEST_F(RecentItems, EachKindAsksForItsScope)
-{
-    std::pair<Kind::Case, RecentItemsScope> const rows[] = {
-        { Kind::recentItems, RecentItemsScope::all },
-        { Kind::recentApps, RecentItemsScope::applications },
-        { Kind::recentFolders, RecentItemsScope::folders },
-        { Kind::recentDocs, RecentItemsScope::documents },
-    };
-    preferences.setRecentItemsLimit(7);
-    for (auto const& [kind, scope] : rows) {
-        openLines(kind);
-        EXPECT_EQ(recentProvider.queries.back().scope, scope);
-        EXPECT_EQ(recentProvider.queries.back().limit, 7);
-    }
-}
-
-TEST_F(RecentItems, LoadOnceThenShowAtOnceWhatIsKnown)
-{
-    auto const entry = listEntry(Kind::recentDocs);
-    EXPECT_EQ(linesOf(*open(entry)), Lines { "(Loading…)" });
-    auto const refills = countRefills(*entry.submenu);
-    answer(0, 2);
-    EXPECT_EQ(linesOf(*entry.submenu), (Lines { "E1", "E2" }));
-    EXPECT_EQ(*refills, 1);
-    time.advance(seconds(60));
-    EXPECT_EQ(openLines(Kind::recentDocs), (Lines { "E1", "E2" })) << "old as it is";
-    answer(1, 1);
-    EXPECT_EQ(openLines(Kind::recentDocs), Lines { "E1" }) << "the fresh list at the next opening";
-}
-
-TEST_F(RecentItems, AreAskedForAtMostEveryFiveSeconds)
-{
-    openLines(Kind::recentApps);
-    answer(0, 1);
-    time.advance(std::chrono::milliseconds(4999));
-    openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
-    time.advance(std::chrono::milliseconds(1));
-    openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
-    openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U) << "one is still running";
-}
-
-TEST_F(RecentItems, AnEmptyListIsKnownToo)
-{
-    openLines(Kind::recentApps);
-    answer(0, 0);
-    EXPECT_EQ(openLines(Kind::recentApps), Lines { "(No Items)" });
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
-}
-
-TEST_F(RecentItems, AnotherLimitAsksAgainAtOnce)
-{
-    openLines(Kind::recentApps);
-    answer(0, 1);
-    preferences.setRecentItemsLimit(50);
-    openLines(Kind::recentApps);
-    ASSERT_EQ(recentProvider.queries.size(), 2U);
-    EXPECT_EQ(recentProvider.queries[1].limit, 50);
-}
-
-TEST_F(RecentItems, ALimitChangedWhileAskingIsNotTakenForTheNewOne)
-{
-    openLines(Kind::recentApps);
-    preferences.setRecentItemsLimit(50);
-    answer(0, 1);
-    openLines(Kind::recentApps);
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
-}
-
-TEST_F(RecentItems, ReopenedWhileLoadingShareTheOneQuery)
-{
-    auto const first = listEntry(Kind::recentApps);
-    auto const second = listEntry(Kind::recentApps);
-    open(first);
-    EXPECT_EQ(linesOf(*open(second)), Lines { "(Loading…)" });
-    EXPECT_EQ(recentProvider.queries.size(), 1U);
-    answer(0, 1);
-    EXPECT_EQ(linesOf(*first.submenu), Lines { "E1" });
-    EXPECT_EQ(linesOf(*second.submenu), Lines { "E1" });
-}
-
-TEST_F(RecentItems, AMenuThatIsGoneIsNotFilledButTheListIsKept)
-{
-    openLines(Kind::recentApps);
-    answer(0, 1);
-    EXPECT_EQ(openLines(Kind::recentApps), Lines { "E1" });
-}
-
-TEST_F(RecentItems, ScopesAreIndependent)
-{
-    openLines(Kind::recentApps);
-    answer(0, 1);
-    EXPECT_EQ(openLines(Kind::recentDocs), Lines { "(Loading…)" });
-    EXPECT_EQ(recentProvider.queries.size(), 2U);
-}
+TEST_F(DynamicSubmenuTest, AKindWithoutAListHasNoItems) { EXPECT_EQ(linesOf(*open(listEntry(Kind::sleep))), Lines { "(No Items)" }); }
 
 } // namespace
 } // namespace zv

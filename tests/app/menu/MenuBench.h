@@ -84,6 +84,14 @@ struct MenuBench {
         item.location = ItemLocation { .path = path };
         return item;
     }
+    /// Adds a list that the test answers.
+    fakes::FakeList& listFor(MenuItemKind::Case kind)
+    {
+        auto list = std::make_unique<fakes::FakeList>(kind);
+        auto& added = *list;
+        lists.add(std::move(list));
+        return added;
+    }
     void turn() { time.runTasks(); }
 
     fakes::FakeUserDefaults defaults;
@@ -98,12 +106,9 @@ struct MenuBench {
     fakes::FakeTime time;
     std::shared_ptr<fakes::FakeFolderReader> reader = std::make_shared<fakes::FakeFolderReader>();
     FolderListings folders { reader, time };
-    fakes::FakeRecentItems recentProvider;
-    RecentItemsCache recentItems { recentProvider, preferences, time };
-    fakes::FakeListProvider lists;
-    DynamicLists dynamicLists;
+    DynamicMenuProvider lists;
     fakes::FakeListedFolders listedFolders;
-    SubmenuSources sources { folders, recentItems, dynamicLists, listedFolders, time };
+    SubmenuSources sources { folders, lists, listedFolders, time };
     MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, sources };
 };
 

@@ -1,10 +1,8 @@
+#include "platform/linux/apps/DesktopRecentFiles.h"
 #include "platform/linux/apps/LaunchLog.h"
-#include "platform/linux/apps/MetadataPredicate.h"
 #include "platform/linux/apps/RecentlyUsedFile.h"
-#include "platform/linux/apps/RecentlyUsedQueries.h"
 #include "platform/linux/machine/DesktopRecentServers.h"
 
-#include "app/menu/RecentItemsProvider.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/linux/TemporaryFolder.h"
 
@@ -152,43 +150,14 @@ TEST(ExistingItems, SkipsMissingFilesAndLeavesRemoteOnesUntouched)
     EXPECT_EQ(existingItems(items, mounts, 1).size(), 1u);
 }
 
-TEST(MetadataPredicate, UnderstandsTheQueriesOfTheRecentLists)
-{
-    struct Row {
-        RecentItemsScope scope;
-        bool applications, folders, documents;
-    };
-    Row const rows[] = {
-        { RecentItemsScope::all, true, true, true },
-        { RecentItemsScope::applications, true, false, false },
-        { RecentItemsScope::folders, false, true, false },
-        { RecentItemsScope::documents, false, false, true },
-    };
-    for (auto const& row : rows) {
-        auto const predicate = MetadataPredicate::parse(metadataQueryString(row.scope));
-        ASSERT_TRUE(predicate) << metadataQueryString(row.scope);
-        EXPECT_EQ(predicate->usedWithinSeconds, 30 * 24 * 60 * 60);
-        EXPECT_EQ(predicate->admits(UsedItemType::application), row.applications);
-        EXPECT_EQ(predicate->admits(UsedItemType::folder), row.folders);
-        EXPECT_EQ(predicate->admits(UsedItemType::document), row.documents);
-    }
-    for (auto const* text : { "", "kMDItemFSName == 'x'", "kMDItemLastUsedDate >= $time.now(-x)", "kMDItemContentType == 'public.folder' && " })
-        EXPECT_FALSE(MetadataPredicate::parse(text)) << text;
-}
-
-struct QueriesTest : testing::Test {
-    QueriesTest() { apps = disk.makeFolder("apps"); }
-    std::vector<std::string> titles(RecentItemsScope scope)
+struct DesktopRecentFilesTest : testing::Test {
+    DesktopRecentFilesTest() { apps = disk.makeFolder("apps"); }
+    std::vector<std::string> names(RecentItemsScope scope)
     {
         std::vector<std::string> found;
-        RecentItemsProvider provider(queries, [](Url const& url) {
-            DynamicEntry entry;
-            entry.title = url.lastPathComponent();
-            return entry;
-        });
-        provider.entries(scope, 10, [&](auto entries) {
-            for (auto const& entry : entries)
-                found.push_back(entry.title);
+        auto const search = files.find({ scope, std::chrono::days(30), 10 }, [&](auto const& told) {
+            for (auto const& file : told)
+                found.push_back(Url::fromPath(file.path).lastPathComponent());
         });
         EXPECT_TRUE(found.empty()) << "never before it returns";
         time.runTasks();
@@ -206,10 +175,10 @@ struct QueriesTest : testing::Test {
     std::string apps;
     fakes::FakeTime time;
     ApplicationCatalog catalog { time, { disk.path("apps") } };
-    RecentlyUsedQueries queries { { time, time, catalog }, disk.path("recently-used.xbel"), LaunchLog(disk.path("state/launches")) };
+    DesktopRecentFiles files { { time, time, catalog }, disk.path("recently-used.xbel"), LaunchLog(disk.path("state/launches")) };
 };
 
-TEST_F(QueriesTest, AnswerEachScopeFromTheLastThirtyDays)
+TEST_F(DesktopRecentFilesTest, AnswerEachScopeFromTheLastThirtyDays)
 {
     using std::chrono::hours;
     auto const doc = disk.write("doc.txt", "");
@@ -220,38 +189,21 @@ TEST_F(QueriesTest, AnswerEachScopeFromTheLastThirtyDays)
         document(bookmark("file://" + doc, dated(hours(1))) + bookmark("file://" + folder, dated(hours(2)), "inode/directory")
             + bookmark("file://" + old, dated(hours(24 * 31))) + bookmark("file:///gone.txt", dated(hours(1)))));
     LaunchLog(disk.path("state/launches")).add({ std::chrono::system_clock::to_time_t(time.now() - hours(24)), app });
-    EXPECT_EQ(titles(RecentItemsScope::all), (Paths { "doc.txt", "folder", "app.desktop" }));
-    EXPECT_EQ(titles(RecentItemsScope::applications), (Paths { "app.desktop" }));
-    EXPECT_EQ(titles(RecentItemsScope::folders), (Paths { "folder" }));
-    EXPECT_EQ(titles(RecentItemsScope::documents), (Paths { "doc.txt" }));
+    EXPECT_EQ(names(RecentItemsScope::all), (Paths { "doc.txt", "folder", "app.desktop" }));
+    EXPECT_EQ(names(RecentItemsScope::applications), (Paths { "app.desktop" }));
+    EXPECT_EQ(names(RecentItemsScope::folders), (Paths { "folder" }));
+    EXPECT_EQ(names(RecentItemsScope::documents), (Paths { "doc.txt" }));
 }
 
-TEST_F(QueriesTest, FindNothingForAQueryTheyDoNotUnderstandButAnswer)
+TEST_F(DesktopRecentFilesTest, SayNothingOnceTheSearchHasEnded)
 {
-    auto const query = queries.make({ "kMDItemFSName == 'x'", "kMDItemLastUsedDate" });
     int answers = 0;
-    query->onDidFinishGathering = [&] { ++answers; };
-    query->start();
-    EXPECT_EQ(answers, 0);
+    auto const note = [&](auto const&) { ++answers; };
+    auto kept = files.find({}, note);
+    auto ended = files.find({}, note);
+    ended.reset();
     time.runTasks();
     EXPECT_EQ(answers, 1);
-    EXPECT_EQ(query->resultCount(), 0u);
-}
-
-TEST_F(QueriesTest, SayNothingOnceStoppedOrGone)
-{
-    int answers = 0;
-    auto const search = MetadataSearch { metadataQueryString(RecentItemsScope::all), "kMDItemLastUsedDate" };
-    auto stopped = queries.make(search);
-    auto gone = queries.make(search);
-    for (auto* query : { stopped.get(), gone.get() }) {
-        query->onDidFinishGathering = [&] { ++answers; };
-        query->start();
-    }
-    stopped->stop();
-    gone.reset();
-    time.runTasks();
-    EXPECT_EQ(answers, 0);
 }
 
 TEST(LaunchLog, RemembersTheLatestLaunchesOfEachAndSurvivesDamage)

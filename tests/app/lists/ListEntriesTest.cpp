@@ -1,23 +1,52 @@
-#include "app/menu/MachineLists.h"
+#include "tests/app/lists/ListsFixture.h"
 
 #include <gtest/gtest.h>
 
 namespace zv {
 namespace {
 
-std::vector<std::string> titlesOf(std::vector<DynamicEntry> const& entries)
-{
-    std::vector<std::string> titles;
-    for (auto const& entry : entries)
-        titles.push_back(entry.title);
-    return titles;
-}
-
+using Kind = MenuItemKind;
 using Titles = std::vector<std::string>;
 
 Url url(std::string_view text) { return Url::parse(text).value(); }
 
-TEST(RunningApplicationEntries, ShowEachApplicationOnceInTheOrderOfTheirNames)
+/// The entries that each list makes of what its seam tells.
+struct MachineLists : testing::Test, ListsFixture {
+    std::vector<DynamicEntry> runningApplicationEntries(RunningApplications::List told)
+    {
+        applications.applications = std::move(told);
+        return entries(Kind::runningApplications);
+    }
+    std::vector<DynamicEntry> volumeEntries(std::vector<Volume> told)
+    {
+        volumes.volumes = std::move(told);
+        return entries(Kind::mountedVolumes);
+    }
+    std::vector<DynamicEntry> recentServerEntries(RecentServers::List told, std::int64_t limit)
+    {
+        servers.servers = std::move(told);
+        preferences.setRecentItemsLimit(limit);
+        return entries(Kind::recentServers);
+    }
+    std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> told)
+    {
+        interfaces.addresses = std::move(told);
+        return entries(Kind::ipAddress);
+    }
+    std::vector<DynamicEntry> settingsPaneEntries(std::vector<SettingsPane> told)
+    {
+        panes.panes = std::move(told);
+        return entries(Kind::systemPrefs);
+    }
+};
+
+using RunningApplicationEntries = MachineLists;
+using VolumeEntries = MachineLists;
+using RecentServerEntries = MachineLists;
+using AddressEntries = MachineLists;
+using SettingsPaneEntries = MachineLists;
+
+TEST_F(RunningApplicationEntries, ShowEachApplicationOnceInTheOrderOfTheirNames)
 {
     auto const terminal = Url::fromPath("/usr/share/applications/term.desktop");
     auto const entries = runningApplicationEntries(RunningApplications::List({
@@ -30,7 +59,7 @@ TEST(RunningApplicationEntries, ShowEachApplicationOnceInTheOrderOfTheirNames)
     EXPECT_EQ(titlesOf(entries), (Titles { "Étoile", "terminal", "zed 9", "Zed 10" }));
 }
 
-TEST(RunningApplicationEntries, AreActivatedWhenChosenAndNeverBecomeFolders)
+TEST_F(RunningApplicationEntries, AreActivatedWhenChosenAndNeverBecomeFolders)
 {
     auto const entries = runningApplicationEntries(RunningApplications::List({
         { "a b/ü", "Without file", std::nullopt },
@@ -47,7 +76,7 @@ TEST(RunningApplicationEntries, AreActivatedWhenChosenAndNeverBecomeFolders)
     EXPECT_EQ(entries[1].id, "a b/ü");
 }
 
-TEST(RunningApplicationEntries, SayWhenTheDesktopDoesNotTell)
+TEST_F(RunningApplicationEntries, SayWhenTheDesktopDoesNotTell)
 {
     auto const entries = runningApplicationEntries(std::nullopt);
     ASSERT_EQ(entries.size(), 1u);
@@ -56,7 +85,7 @@ TEST(RunningApplicationEntries, SayWhenTheDesktopDoesNotTell)
     EXPECT_TRUE(runningApplicationEntries(RunningApplications::List(std::vector<RunningApplication> {})).empty()) << "nothing runs: no reason to give";
 }
 
-TEST(VolumeEntries, PutTheBootVolumeFirstAndTheRestInOrder)
+TEST_F(VolumeEntries, PutTheBootVolumeFirstAndTheRestInOrder)
 {
     auto const entries = volumeEntries({
         { Url::fromPath("/media/me/STICK10"), "" },
@@ -68,7 +97,7 @@ TEST(VolumeEntries, PutTheBootVolumeFirstAndTheRestInOrder)
     EXPECT_EQ(titlesOf(entries), (Titles { "File System", "public on nas", "stick 9", "STICK10" }));
 }
 
-TEST(VolumeEntries, AreNamedByLabelThenByPath)
+TEST_F(VolumeEntries, AreNamedByLabelThenByPath)
 {
     struct Row {
         Volume volume;
@@ -93,7 +122,7 @@ TEST(VolumeEntries, AreNamedByLabelThenByPath)
     }
 }
 
-TEST(RecentServerEntries, NameTheShareAndHostAndOpenThatAlone)
+TEST_F(RecentServerEntries, NameTheShareAndHostAndOpenThatAlone)
 {
     struct Row {
         std::string given, title, opens, why;
@@ -117,7 +146,7 @@ TEST(RecentServerEntries, NameTheShareAndHostAndOpenThatAlone)
     }
 }
 
-TEST(RecentServerEntries, LeaveOutWhatIsNoServer)
+TEST_F(RecentServerEntries, LeaveOutWhatIsNoServer)
 {
     for (auto const* text : { "file:///home/me", "https://example.org/a", "smb:nas", "smb:///share", "sftp://user@/x", "trash:///" }) {
         SCOPED_TRACE(text);
@@ -125,7 +154,7 @@ TEST(RecentServerEntries, LeaveOutWhatIsNoServer)
     }
 }
 
-TEST(RecentServerEntries, ComeNewestFirstWithoutDoublesUpToTheLimit)
+TEST_F(RecentServerEntries, ComeNewestFirstWithoutDoublesUpToTheLimit)
 {
     auto const servers = RecentServers::List({
         { url("sftp://bookmarked/") },
@@ -139,7 +168,7 @@ TEST(RecentServerEntries, ComeNewestFirstWithoutDoublesUpToTheLimit)
     EXPECT_TRUE(recentServerEntries(servers, 0).empty());
 }
 
-TEST(RecentServerEntries, SayWhenTheListCannotBeRead)
+TEST_F(RecentServerEntries, SayWhenTheListCannotBeRead)
 {
     auto const entries = recentServerEntries(std::nullopt, 10);
     ASSERT_EQ(entries.size(), 1u);
@@ -152,7 +181,7 @@ InterfaceAddress address(std::string interface, std::string text, AddressFamily 
     return { std::move(interface), std::move(name), std::move(text), family };
 }
 
-TEST(AddressEntries, BeginWithTheWayOutAndPutIPv4BeforeIPv6)
+TEST_F(AddressEntries, BeginWithTheWayOutAndPutIPv4BeforeIPv6)
 {
     auto wifi6 = address("wlan0", "2001:db8::20", AddressFamily::ipv6, "Home");
     auto wifi4 = address("wlan0", "192.168.1.20", AddressFamily::ipv4, "Home");
@@ -166,7 +195,7 @@ TEST(AddressEntries, BeginWithTheWayOutAndPutIPv4BeforeIPv6)
     EXPECT_EQ(titlesOf(entries), (Titles { "192.168.1.20 — Home (wlan0)", "2001:db8::20 — Home (wlan0)", "2001:db8::9 — eth9", "10.0.0.2 — eth10" }));
 }
 
-TEST(AddressEntries, CopyTheAddressWhenChosen)
+TEST_F(AddressEntries, CopyTheAddressWhenChosen)
 {
     auto const entries = addressEntries({ address("eth0", "2001:db8::20", AddressFamily::ipv6) });
     ASSERT_EQ(entries.size(), 1u);
@@ -176,7 +205,7 @@ TEST(AddressEntries, CopyTheAddressWhenChosen)
     EXPECT_FALSE(entries[0].fileURL) << "nothing to reveal, no icon";
 }
 
-TEST(AddressEntries, FallBackOnLinkLocalAddressesAndNeverOnTheLoopback)
+TEST_F(AddressEntries, FallBackOnLinkLocalAddressesAndNeverOnTheLoopback)
 {
     auto local = address("eth0", "fe80::1%eth0", AddressFamily::ipv6);
     local.isLinkLocal = true;
@@ -187,7 +216,7 @@ TEST(AddressEntries, FallBackOnLinkLocalAddressesAndNeverOnTheLoopback)
     EXPECT_TRUE(addressEntries({ address("eth0", "", AddressFamily::ipv4) }).empty()) << "an interface without an address";
 }
 
-TEST(SettingsPaneEntries, StandInOrderAndGiveTheReasonWhyOneCannotOpen)
+TEST_F(SettingsPaneEntries, StandInOrderAndGiveTheReasonWhyOneCannotOpen)
 {
     auto const file = [](std::string_view name) { return Url::fromPath("/usr/share/applications/" + std::string(name)); };
     auto const entries = settingsPaneEntries({

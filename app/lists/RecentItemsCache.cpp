@@ -1,4 +1,4 @@
-#include "app/menu/RecentItemsCache.h"
+#include "app/lists/RecentItemsCache.h"
 
 #include "base/MainThread.h"
 
@@ -12,7 +12,7 @@ constexpr std::chrono::seconds freshFor { 5 };
 
 } // namespace
 
-RecentItemsCache::RecentItemsCache(RecentItemsQuerying& provider, Preferences const& preferences, Clock const& clock)
+RecentItemsCache::RecentItemsCache(RecentItemsProvider& provider, Preferences const& preferences, Clock const& clock)
     : m_provider(provider)
     , m_preferences(preferences)
     , m_clock(clock)

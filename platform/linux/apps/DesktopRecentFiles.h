@@ -3,9 +3,8 @@
 #include "base/Lifetime.h"
 #include "platform/linux/apps/ApplicationIndex.h"
 #include "platform/linux/apps/LaunchLog.h"
-#include "platform/linux/apps/MetadataPredicate.h"
 #include "platform/linux/files/MountTable.h"
-#include "platform/lists/MetadataQuery.h"
+#include "platform/lists/RecentFiles.h"
 #include "platform/time/Clock.h"
 #include "platform/time/Tasks.h"
 
@@ -15,6 +14,8 @@
 #include <vector>
 
 namespace zv {
+
+enum class UsedItemType { application, folder, document };
 
 /// Something that was used, when, and what it is.
 struct UsedItem {
@@ -29,11 +30,11 @@ struct UsedItem {
 /// Any thread.
 [[nodiscard]] std::vector<UsedItem> usedItems(
     std::string const& recentlyUsedFile, std::vector<LaunchLog::Launch> const& launches, ApplicationIndex const& applications, std::int64_t since);
-/// The first `mostWanted` of those that exist, or lie where nobody may look. Any thread.
-[[nodiscard]] std::vector<MetadataItem> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t mostWanted);
+/// The first `limit` of those that exist, or lie where nobody may look. Any thread.
+[[nodiscard]] std::vector<RecentFile> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t limit);
 
-/// Answers metadata queries from the desktop's list of recently used things.
-class RecentlyUsedQueries : public MetadataQueries {
+/// Recent files from the desktop's list of recently used things.
+class DesktopRecentFiles : public RecentFiles {
 public:
     struct Services {
         Tasks& tasks;
@@ -41,9 +42,9 @@ public:
         ApplicationCatalog& applications;
     };
 
-    /// The services outlive this and its queries.
-    RecentlyUsedQueries(Services services, std::string recentlyUsedFile, LaunchLog launches);
-    [[nodiscard]] std::unique_ptr<MetadataQuery> make(MetadataSearch const& search) override;
+    /// The services outlive this and its searches.
+    DesktopRecentFiles(Services services, std::string recentlyUsedFile, LaunchLog launches);
+    [[nodiscard]] std::unique_ptr<RecentFilesSearch> find(RecentFilesQuestion const& question, Done done) override;
 
 private:
     Services m_services;

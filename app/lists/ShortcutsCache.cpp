@@ -1,4 +1,4 @@
-#include "app/actions/ShortcutsCache.h"
+#include "app/lists/ShortcutsCache.h"
 
 #include "base/MainThread.h"
 

@@ -1,7 +1,7 @@
-#include "app/menu/MachineLists.h"
-
+#include "app/lists/AllLists.h"
+#include "app/lists/ListEntries.h"
 #include "app/menu/DisplayText.h"
-#include "app/model/MenuItemKind.h"
+#include "app/menu/MenuIcon.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -105,9 +105,8 @@ DynamicEntry entryFor(Server const& server)
     return entry;
 }
 
-} // namespace
-
-std::vector<DynamicEntry> recentServerEntries(RecentServers::List const& servers, std::int64_t limit)
+/// Newest first.
+std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::int64_t limit)
 {
     if (!servers) {
         auto const title = std::string(MenuItemKind(MenuItemKind::recentServers).defaultTitle());
@@ -125,6 +124,32 @@ std::vector<DynamicEntry> recentServerEntries(RecentServers::List const& servers
             entries.push_back(entryFor(*server));
     }
     return entries;
+}
+
+class ServerList : public DynamicList {
+public:
+    ServerList(RecentServers& servers, Preferences const& preferences)
+        : m_servers(servers)
+        , m_preferences(preferences)
+    {
+    }
+    MenuItemKind::Case kind() const override { return MenuItemKind::recentServers; }
+    ImageRef icon(MenuIcon& icons) const override { return icons.networkIcon(); }
+    void fill(Done done) override
+    {
+        m_servers.list([limit = m_preferences.recentItemsLimit(), done = std::move(done)](auto const& servers) { done(entriesFor(servers, limit)); });
+    }
+
+private:
+    RecentServers& m_servers;
+    Preferences const& m_preferences;
+};
+
+} // namespace
+
+void addServerList(DynamicMenuProvider& lists, ListServices const& services)
+{
+    lists.add(std::make_unique<ServerList>(services.seams.recentServers, services.preferences));
 }
 
 } // namespace zv

@@ -1,4 +1,4 @@
-#include "platform/linux/apps/RecentlyUsedQueries.h"
+#include "platform/linux/apps/DesktopRecentFiles.h"
 
 #include "base/Log.h"
 #include "base/Url.h"
@@ -104,63 +104,61 @@ private:
     std::unordered_map<std::string, ApplicationEntry const*> m_entryOfCommand;
 };
 
-/// What a query needs once it has left the main thread.
-struct Search {
+bool admits(RecentItemsScope scope, UsedItemType type)
+{
+    switch (scope) {
+    case RecentItemsScope::all:
+        return true;
+    case RecentItemsScope::applications:
+        return type == UsedItemType::application;
+    case RecentItemsScope::folders:
+        return type == UsedItemType::folder;
+    case RecentItemsScope::documents:
+        return type == UsedItemType::document;
+    }
+    return false;
+}
+
+/// What a search needs once it has left the main thread.
+struct Sources {
     std::string recentlyUsedFile;
     LaunchLog launches;
-    MetadataPredicate predicate;
-    std::int64_t now;
-    std::size_t mostWanted;
+    RecentItemsScope scope;
+    std::int64_t since;
+    std::size_t limit;
 
-    [[nodiscard]] std::vector<MetadataItem> run(ApplicationIndex const& applications) const
+    [[nodiscard]] std::vector<RecentFile> search(ApplicationIndex const& applications) const
     {
-        auto const since = predicate.usedWithinSeconds > 0 ? now - predicate.usedWithinSeconds : 0;
         auto items = usedItems(recentlyUsedFile, launches.read(), applications, since);
-        std::erase_if(items, [this](UsedItem const& item) { return !predicate.admits(item.type); });
-        return existingItems(items, MountTable::current(), mostWanted);
+        std::erase_if(items, [this](UsedItem const& item) { return !admits(scope, item.type); });
+        return existingItems(items, MountTable::current(), limit);
     }
 };
 
-class RecentlyUsedQuery : public MetadataQuery {
+class RecentlyUsedSearch : public RecentFilesSearch {
 public:
-    RecentlyUsedQuery(Tasks& tasks, ApplicationCatalog& applications, std::optional<Search> search)
+    RecentlyUsedSearch(Tasks& tasks, RecentFiles::Done done)
         : m_tasks(tasks)
-        , m_applications(applications)
-        , m_search(std::move(search))
+        , m_done(std::move(done))
     {
     }
-
-    void start() override
+    void start(ApplicationCatalog& applications, Sources sources)
     {
-        if (!m_search)
-            return m_tasks.runOnMain(m_lifetime.guard([this] { finish({}); }));
-        m_applications.withIndex(m_lifetime.guard([this](ApplicationCatalog::Index const& index) { searchIn(index); }));
+        applications.withIndex(m_lifetime.guard([this, sources = std::move(sources)](ApplicationCatalog::Index const& index) { searchIn(index, sources); }));
     }
-    void stop() override { m_isStopped = true; }
-    std::size_t resultCount() const override { return m_results.size(); }
-    MetadataItem result(std::size_t index) const override { return m_results.at(index); }
 
 private:
-    void searchIn(ApplicationCatalog::Index const& index)
+    void searchIn(ApplicationCatalog::Index const& index, Sources const& sources)
     {
-        auto const run = [search = *m_search, index] { return search.run(*index); };
-        m_tasks.inBackground(TaskPriority::user, run, m_lifetime.guard([this](auto results) { finish(std::move(results)); }));
-    }
-    void finish(std::vector<MetadataItem> results)
-    {
-        if (m_isStopped)
-            return;
-        m_results = std::move(results);
-        auto const told = onDidFinishGathering; // outlives the query, which it may destroy
-        if (told)
-            told();
+        m_tasks.inBackground(
+            TaskPriority::user, [sources, index] { return sources.search(*index); }, m_lifetime.guard([this](std::vector<RecentFile> files) {
+                auto const done = m_done; // outlives the search, which it may destroy
+                done(std::move(files));
+            }));
     }
 
     Tasks& m_tasks;
-    ApplicationCatalog& m_applications;
-    std::optional<Search> m_search; ///< nothing: a query that is not understood finds nothing
-    std::vector<MetadataItem> m_results;
-    bool m_isStopped = false;
+    RecentFiles::Done m_done;
     Lifetime m_lifetime;
 };
 
@@ -177,11 +175,11 @@ std::vector<UsedItem> usedItems(
     return collector.newestFirst();
 }
 
-std::vector<MetadataItem> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t mostWanted)
+std::vector<RecentFile> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t limit)
 {
-    std::vector<MetadataItem> existing;
+    std::vector<RecentFile> existing;
     for (auto const& item : items) {
-        if (existing.size() == mostWanted)
+        if (existing.size() == limit)
             break;
         auto const fate = mounts.follow(item.path);
         if (fate.kind == MountTable::Fate::Kind::missing)
@@ -192,22 +190,19 @@ std::vector<MetadataItem> existingItems(std::vector<UsedItem> const& items, Moun
     return existing;
 }
 
-RecentlyUsedQueries::RecentlyUsedQueries(Services services, std::string recentlyUsedFile, LaunchLog launches)
+DesktopRecentFiles::DesktopRecentFiles(Services services, std::string recentlyUsedFile, LaunchLog launches)
     : m_services(services)
     , m_recentlyUsedFile(std::move(recentlyUsedFile))
     , m_launches(std::move(launches))
 {
 }
 
-std::unique_ptr<MetadataQuery> RecentlyUsedQueries::make(MetadataSearch const& search)
+std::unique_ptr<RecentFilesSearch> DesktopRecentFiles::find(RecentFilesQuestion const& question, Done done)
 {
-    auto const predicate = MetadataPredicate::parse(search.queryString);
-    std::optional<Search> prepared;
-    if (predicate && search.sortDirection == SortDirection::descending) {
-        auto const now = std::chrono::system_clock::to_time_t(m_services.clock.now());
-        prepared = Search { m_recentlyUsedFile, m_launches, *predicate, now, search.mostWanted };
-    }
-    return std::make_unique<RecentlyUsedQuery>(m_services.tasks, m_services.applications, std::move(prepared));
+    auto const since = std::chrono::system_clock::to_time_t(m_services.clock.now() - question.usedWithin);
+    auto search = std::make_unique<RecentlyUsedSearch>(m_services.tasks, std::move(done));
+    search->start(m_services.applications, { m_recentlyUsedFile, m_launches, question.scope, since, question.limit });
+    return search;
 }
 
 } // namespace zv

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/menu/RecentItemsQuerying.h"
+#include "app/lists/RecentItemsProvider.h"
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "platform/time/Clock.h"
@@ -18,7 +18,7 @@ class RecentItemsCache {
 public:
     using Done = std::function<void(std::vector<DynamicEntry> const&)>;
 
-    RecentItemsCache(RecentItemsQuerying& provider, Preferences const& preferences, Clock const& clock);
+    RecentItemsCache(RecentItemsProvider& provider, Preferences const& preferences, Clock const& clock);
 
     /// Whatever their age; null before the first query for the scope has come back. The
     /// pointer holds until the next turn of the loop.
@@ -39,7 +39,7 @@ private:
     void startQuery(RecentItemsScope scope);
     void finishQuery(RecentItemsScope scope, std::int64_t limit, std::vector<DynamicEntry> entries);
 
-    RecentItemsQuerying& m_provider;
+    RecentItemsProvider& m_provider;
     Preferences const& m_preferences;
     Clock const& m_clock;
     std::map<RecentItemsScope, Cached> m_cached;

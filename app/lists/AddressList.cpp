@@ -1,5 +1,4 @@
-#include "app/menu/MachineLists.h"
-
+#include "app/lists/AllLists.h"
 #include "app/menu/DisplayText.h"
 #include "platform/text/Text.h"
 
@@ -45,9 +44,7 @@ DynamicEntry entryFor(InterfaceAddress const& address)
     return entry;
 }
 
-} // namespace
-
-std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> addresses)
+std::vector<DynamicEntry> entriesFor(std::vector<InterfaceAddress> addresses)
 {
     keepThoseOfUse(addresses);
     std::stable_sort(addresses.begin(), addresses.end(), comesBefore);
@@ -59,5 +56,26 @@ std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> addresses
     }
     return entries;
 }
+
+/// This machine's addresses; choosing one copies it.
+class AddressList : public DynamicList {
+public:
+    explicit AddressList(NetworkInterfaces& interfaces)
+        : m_interfaces(interfaces)
+    {
+    }
+    MenuItemKind::Case kind() const override { return MenuItemKind::ipAddress; }
+    void fill(Done done) override
+    {
+        m_interfaces.list([done = std::move(done)](auto addresses) { done(entriesFor(std::move(addresses))); });
+    }
+
+private:
+    NetworkInterfaces& m_interfaces;
+};
+
+} // namespace
+
+void addAddressList(DynamicMenuProvider& lists, ListServices const& services) { lists.add(std::make_unique<AddressList>(services.seams.networkInterfaces)); }
 
 } // namespace zv

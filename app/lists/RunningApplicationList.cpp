@@ -1,0 +1,65 @@
+#include "app/lists/AllLists.h"
+#include "app/lists/ListEntries.h"
+
+namespace zv {
+
+namespace {
+
+/// An entry that does something needs a URL; an application without a file of its own
+/// gets one that names it.
+Url urlNaming(RunningApplication const& application)
+{
+    if (application.url)
+        return *application.url;
+    auto const escaped = Url::fromPath("/" + application.id).toString().substr(std::string_view("file:///").size());
+    return Url::parse("application:" + escaped).value_or(Url::fromPath("/"));
+}
+
+DynamicEntry entryFor(RunningApplication const& application)
+{
+    auto entry = namedEntry(application.id, application.name);
+    entry.url = urlNaming(application);
+    entry.fileURL = application.url;
+    entry.isPackage = true; // a bundle is a folder: it must not become a submenu
+    entry.action = DynamicEntryAction::activateApplication;
+    return entry;
+}
+
+std::vector<DynamicEntry> entriesFor(RunningApplications::List const& applications)
+{
+    if (!applications) {
+        auto const title = std::string(MenuItemKind(MenuItemKind::runningApplications).defaultTitle());
+        return { unavailableEntry(title, "This desktop does not tell which applications are running.") };
+    }
+    std::vector<DynamicEntry> entries;
+    for (auto const& application : *applications)
+        entries.push_back(entryFor(application));
+    dropDoubles(entries);
+    sortByName(entries);
+    return entries;
+}
+
+class RunningApplicationList : public DynamicList {
+public:
+    explicit RunningApplicationList(RunningApplications& applications)
+        : m_applications(applications)
+    {
+    }
+    MenuItemKind::Case kind() const override { return MenuItemKind::runningApplications; }
+    void fill(Done done) override
+    {
+        m_applications.list([done = std::move(done)](auto const& applications) { done(entriesFor(applications)); });
+    }
+
+private:
+    RunningApplications& m_applications;
+};
+
+} // namespace
+
+void addRunningApplicationList(DynamicMenuProvider& lists, ListServices const& services)
+{
+    lists.add(std::make_unique<RunningApplicationList>(services.seams.runningApplications));
+}
+
+} // namespace zv
