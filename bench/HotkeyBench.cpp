@@ -223,7 +223,7 @@ Tree const& tree()
 void comparePrescan()
 {
     LinuxFileSystem const files;
-    LinuxFolderReader const reader { DesktopAudience::current() };
+    LinuxFolderReader const reader { DesktopAudience { userLanguages(), {} } };
     std::vector const roots { Url::fromPath(tree().root) };
     auto const command = "find '" + tree().root + "' > /dev/null";
     std::size_t folders = 0;

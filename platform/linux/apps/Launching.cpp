@@ -2,7 +2,9 @@
 
 #include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/bus/GObjects.h"
+#include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -75,16 +77,10 @@ MaybeFailure<> launchEntry(std::string const& path)
 /// Where an entry of the type Link leads.
 std::optional<Url> linkTarget(std::string const& path)
 {
-    auto* const file = g_key_file_new();
-    std::optional<Url> target;
-    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) {
-        GString8 const type(g_key_file_get_string(file, "Desktop Entry", "Type", nullptr));
-        GString8 const url(g_key_file_get_string(file, "Desktop Entry", "URL", nullptr));
-        if (type && url && std::string_view(type.get()) == "Link")
-            target = url.get()[0] == '/' ? Url::fromPath(url.get()) : Url::parse(url.get());
-    }
-    g_key_file_unref(file);
-    return target;
+    auto const text = readTextFile(path).value_or("");
+    DesktopEntry const entry(text);
+    auto const url = entry.text("Type") == "Link" ? entry.text("URL") : "";
+    return url.starts_with('/') ? Url::fromPath(url) : Url::parse(url);
 }
 
 MaybeFailure<> openInHandler(Url const& url)

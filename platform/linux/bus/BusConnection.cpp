@@ -128,6 +128,27 @@ Result<GVariantRef, BusFailure> BusConnection::call(
     return GVariantRef(reply);
 }
 
+Result<std::string, BusFailure> BusConnection::callForText(BusObject const& object, char const* method, Deadline const& deadline) const
+{
+    auto const reply = call(object, method, nullptr, deadline, "(s)");
+    if (!reply)
+        return Failure { reply.error() };
+    char const* text = "";
+    g_variant_get(reply->get(), "(&s)", &text);
+    return std::string(text);
+}
+
+GVariantRef BusConnection::property(BusObject const& object, char const* name, char const* type, Deadline const& deadline) const
+{
+    BusObject const properties { object.service, object.path, "org.freedesktop.DBus.Properties" };
+    auto const reply = call(properties, "Get", g_variant_new("(ss)", object.interface, name), deadline, "(v)", Starting::forbidden);
+    if (!reply)
+        return nullptr;
+    GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
+    GVariantRef value(g_variant_get_variant(boxed.get()));
+    return g_variant_is_of_type(value.get(), G_VARIANT_TYPE(type)) ? std::move(value) : nullptr;
+}
+
 bool BusConnection::hasOwner(char const* service, Deadline const& deadline) const
 {
     auto const reply = call(bus, "NameHasOwner", g_variant_new("(s)", service), deadline, "(b)");

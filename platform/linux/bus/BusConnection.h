@@ -60,6 +60,11 @@ public:
     /// `replyType` ("()" and the like; null for any) is a failure.
     Result<GVariantRef, BusFailure> call(BusObject const& object, char const* method, GVariant* arguments, Deadline const& deadline,
         char const* replyType = nullptr, Starting starting = Starting::allowed) const;
+    /// A call that a single text answers.
+    [[nodiscard]] Result<std::string, BusFailure> callForText(BusObject const& object, char const* method, Deadline const& deadline) const;
+    /// The value of a property of the object's interface; null when there is none, or when it
+    /// is of another type. Starts nothing.
+    [[nodiscard]] GVariantRef property(BusObject const& object, char const* name, char const* type, Deadline const& deadline) const;
     [[nodiscard]] bool hasOwner(char const* service, Deadline const& deadline) const;
     /// Runs, or would be started by a call.
     [[nodiscard]] bool canReach(std::string_view service, Deadline const& deadline) const;

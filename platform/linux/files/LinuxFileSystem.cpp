@@ -3,6 +3,7 @@
 #include "base/Uuid.h"
 #include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/FolderStream.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/Text.h"
 
@@ -10,7 +11,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <gio/gunixmounts.h>
 #include <memory>
@@ -37,10 +37,6 @@ std::optional<struct stat> statusOf(std::string const& path, Links links)
 }
 
 std::string temporaryBeside(std::string const& path) { return folderOf(path) + "/.zanthe-vell-" + Uuid::random().toString(); }
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 bool isDotOrDotDot(std::string_view name) { return name == "." || name == ".."; }
 
@@ -97,7 +93,7 @@ std::string LinuxFileSystem::localizedName(Url const& url) const
 {
     auto const name = url.lastPathComponent();
     bool const isReadable = isApplicationEntryName(name) && !m_mounts.isRemote(url.path());
-    auto const entry = isReadable ? readApplicationEntry(url.path(), name) : std::nullopt;
+    auto const entry = isReadable ? readApplicationEntry(url.path(), name, { userLanguages(), {} }) : std::nullopt;
     return withValidUtf8(entry ? entry->name : name);
 }
 
@@ -138,7 +134,7 @@ MaybeFailure<> LinuxFileSystem::write(Url const& url, std::vector<std::byte> con
 
 Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
 {
-    std::unique_ptr<DIR, CloseFolder> const stream(::opendir(folder.path().c_str()));
+    FolderStream const stream(::opendir(folder.path().c_str()));
     if (!stream)
         return Failure { systemMessage(errno) };
     std::vector<std::string> names;

@@ -127,7 +127,7 @@ std::optional<FileIconNames> applicationIcon(std::string const& path)
 {
     if (!path.ends_with(".desktop"))
         return std::nullopt;
-    auto const entry = readApplicationEntry(path, {});
+    auto const entry = readApplicationEntry(path, {}, { userLanguages(), {} });
     if (!entry)
         return std::nullopt;
     FileIconNames icon { { "application-x-executable" }, {}, IconShape::application };

@@ -1,5 +1,6 @@
 #include "platform/linux/machine/DesktopRecentServers.h"
 
+#include "base/Split.h"
 #include "platform/linux/apps/RecentlyUsedFile.h"
 
 #include <glib.h>
@@ -35,12 +36,9 @@ FileReading addBookmarkLines(std::vector<RecentServer>& servers, std::string con
         text += piece;
         return text.size() < std::size_t { 1 } << 20;
     });
-    for (std::size_t start = 0; start < text.size();) {
-        auto const end = std::min(text.find('\n', start), text.size());
-        auto const line = std::string_view(text).substr(start, end - start);
+    for (auto const line : split(text, '\n')) {
         if (auto const url = Url::parse(line.substr(0, line.find(' '))); url && mayBeServer(*url))
             servers.push_back({ *url });
-        start = end + 1;
     }
     return reading;
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/machine/DesktopVolumes.h"
 
+#include "platform/linux/posix/FolderStream.h"
+
 #include <gio/gio.h>
 #include <gio/gunixmounts.h>
 
@@ -7,7 +9,6 @@
 #include <array>
 #include <chrono>
 #include <climits>
-#include <dirent.h>
 #include <unistd.h>
 #include <utility>
 
@@ -92,18 +93,15 @@ std::vector<Volume> userVolumes(MountTable const& mounts, DeviceLabels const& la
 DeviceLabels readDeviceLabels(std::string const& folder)
 {
     DeviceLabels labels;
-    auto* const directory = opendir(folder.c_str());
-    if (!directory)
-        return labels;
-    while (auto const* item = readdir(directory)) {
+    FolderStream const stream(opendir(folder.c_str()));
+    while (auto const* item = stream ? readdir(stream.get()) : nullptr) {
         std::array<char, PATH_MAX> target {};
-        auto const length = readlinkat(dirfd(directory), item->d_name, target.data(), target.size());
+        auto const length = readlinkat(dirfd(stream.get()), item->d_name, target.data(), target.size());
         if (length <= 0)
             continue;
         std::string const device(target.data(), static_cast<std::size_t>(length));
         labels["/dev/" + device.substr(device.rfind('/') + 1)] = unescapedLabel(item->d_name);
     }
-    closedir(directory);
     return labels;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/posix/XdgDirectories.h"
 
+#include "base/Split.h"
 #include "base/Url.h"
 
 #include <cstdlib>
@@ -26,11 +27,9 @@ std::string absolutePath(std::string_view value) { return value.starts_with('/')
 std::vector<std::string> absolutePaths(std::string_view list)
 {
     std::vector<std::string> paths;
-    while (!list.empty()) {
-        auto const end = list.find(':');
-        if (auto path = absolutePath(list.substr(0, end)); !path.empty())
+    for (auto const value : split(list, ':')) {
+        if (auto path = absolutePath(value); !path.empty())
             paths.push_back(std::move(path));
-        list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
     }
     return paths;
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/session/Programs.h"
 
+#include "base/Split.h"
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -26,11 +28,9 @@ constexpr std::chrono::milliseconds checkInterval { 10 };
 std::vector<std::string> splitPath(std::string_view text)
 {
     std::vector<std::string> folders;
-    while (!text.empty()) {
-        auto const folder = text.substr(0, text.find(':'));
+    for (auto const folder : split(text, ':')) {
         if (folder.starts_with('/'))
             folders.emplace_back(folder);
-        text.remove_prefix(std::min(text.size(), folder.size() + 1));
     }
     return folders;
 }

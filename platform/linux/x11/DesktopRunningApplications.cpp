@@ -93,7 +93,7 @@ void DesktopRunningApplications::listUnits(ApplicationCatalog::Index const& inde
     auto const answered = [this, index, done = std::move(done)](QDBusMessage const& answer) {
         if (answer.type() != QDBusMessage::ReplyMessage)
             return done(std::nullopt);
-        done(applicationsOfUnits(unitNamesIn(answer), *index, m_services.desktops));
+        done(applicationsOfUnits(unitNamesIn(answer), *index));
     };
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, answered = m_lifetime.guard(answered)]() mutable {
         watcher->deleteLater();

@@ -20,7 +20,6 @@ class DesktopRunningApplications : public RunningApplications {
 public:
     struct Services {
         ApplicationCatalog& catalog;
-        std::vector<std::string> desktops;
         /// Starts the application of an entry; for one that has no window to bring to the front.
         std::function<void(Url const&)> launch;
         QDBusConnection sessionBus { QStringLiteral("none") };

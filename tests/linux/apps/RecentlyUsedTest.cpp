@@ -205,7 +205,7 @@ struct QueriesTest : testing::Test {
     TemporaryFolder disk;
     std::string apps;
     fakes::FakeTime time;
-    ApplicationCatalog catalog { time, { disk.path("apps") } };
+    ApplicationCatalog catalog { time, { disk.path("apps") }, {} };
     RecentlyUsedQueries queries { { time, time, catalog }, disk.path("recently-used.xbel"), LaunchLog(disk.path("state/launches")) };
 };
 

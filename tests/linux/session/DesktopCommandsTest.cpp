@@ -1,5 +1,5 @@
 #include "platform/linux/machine/LinuxComputerInfo.h"
-#include "platform/linux/machine/OsRelease.h"
+#include "platform/linux/posix/OsRelease.h"
 #include "platform/linux/session/Desktop.h"
 #include "platform/linux/session/LinuxDesktopCommands.h"
 #include "tests/linux/FakePrograms.h"
