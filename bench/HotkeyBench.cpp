@@ -5,7 +5,6 @@
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboard.h"
 #include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/PrivateX.h"
@@ -47,8 +46,8 @@ std::vector<KeyEquivalentSpec> manyShortcuts()
 /// The program's hotkeys on a server of their own.
 struct Hotkeys {
     Hotkeys()
-        : connection(XkbConnection::open())
-        , keyboard(*connection, loop)
+        : connection(X11Connection::open())
+        , keyboard(*connection, XkbExtension::setUp(*connection).value(), loop)
         , registrar(*connection, keyboard, loop)
         , layout(keyboard, notifications)
         , center(registrar, layout)
@@ -63,7 +62,7 @@ struct Hotkeys {
 
     desktop::PrivateX server;
     QtRunLoop loop;
-    std::unique_ptr<XkbConnection> connection;
+    std::unique_ptr<X11Connection> connection;
     XkbKeyboard keyboard;
     XcbHotkeyRegistrar registrar;
     Notifications notifications;
@@ -104,7 +103,7 @@ void compareFirstPass()
     Hotkeys hotkeys;
     auto const release = [&] {
         hotkeys.center.unregisterAll();
-        std::free(xcb_get_input_focus_reply(hotkeys.connection->xcb(), xcb_get_input_focus(hotkeys.connection->xcb()), nullptr));
+        std::free(xcb_get_input_focus_reply(hotkeys.connection->get(), xcb_get_input_focus(hotkeys.connection->get()), nullptr));
     };
     hotkeys.center.reregister();
     if (hotkeys.center.registrations().size() != shortcutCount)
@@ -118,10 +117,10 @@ void unchangedPass(benchmark::State& state)
 {
     Hotkeys hotkeys;
     hotkeys.center.reregister();
-    auto const before = xcb_no_operation(hotkeys.connection->xcb()).sequence;
+    auto const before = xcb_no_operation(hotkeys.connection->get()).sequence;
     for (auto unused : state)
         hotkeys.center.reregister();
-    state.counters["requests"] = xcb_no_operation(hotkeys.connection->xcb()).sequence - before - 1;
+    state.counters["requests"] = xcb_no_operation(hotkeys.connection->get()).sequence - before - 1;
 }
 BENCHMARK(unchangedPass)->Unit(benchmark::kMillisecond)->UseRealTime();
 

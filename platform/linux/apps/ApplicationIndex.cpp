@@ -3,7 +3,7 @@
 #include "base/MainThread.h"
 #include "platform/linux/posix/FolderStream.h"
 
-#include <gio/gio.h>
+#include <glib.h>
 
 #include <algorithm>
 #include <sys/stat.h>
@@ -157,14 +157,6 @@ void ApplicationCatalog::withIndex(std::function<void(Index)> use)
     };
     m_tasks.inBackground(
         TaskPriority::user, [folders = m_folders, audience = m_audience] { return ApplicationIndex::read(folders, audience); }, m_lifetime.guard(received));
-}
-
-std::vector<std::string> applicationFolders()
-{
-    std::vector<std::string> folders { std::string(g_get_user_data_dir()) + "/applications" };
-    for (auto const* const* folder = g_get_system_data_dirs(); *folder; ++folder)
-        folders.push_back(std::string(*folder) + "/applications");
-    return folders;
 }
 
 } // namespace zv

@@ -76,7 +76,4 @@ private:
     Lifetime m_lifetime;
 };
 
-/// The "applications" folders of XDG_DATA_HOME and XDG_DATA_DIRS, in their order.
-[[nodiscard]] std::vector<std::string> applicationFolders();
-
 } // namespace zv

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <condition_variable>
-#include <cstdlib>
 #include <iterator>
 #include <mutex>
 #include <string_view>
@@ -13,12 +12,6 @@
 namespace zv {
 
 namespace {
-
-std::string environmentText(char const* name)
-{
-    auto const* const value = std::getenv(name);
-    return value ? value : "";
-}
 
 std::string socketAddress(std::string const& path) { return ::access(path.c_str(), R_OK | W_OK) == 0 ? "unix:path=" + path : ""; }
 
@@ -89,11 +82,11 @@ BusFailure failureOf(GError* error)
 
 } // namespace
 
-BusAddresses BusAddresses::ofThisMachine()
+BusAddresses BusAddresses::of(Environment const& environment)
 {
-    BusAddresses addresses { environmentText("DBUS_SESSION_BUS_ADDRESS"), environmentText("DBUS_SYSTEM_BUS_ADDRESS") };
+    BusAddresses addresses { valueOf(environment, "DBUS_SESSION_BUS_ADDRESS"), valueOf(environment, "DBUS_SYSTEM_BUS_ADDRESS") };
     if (addresses.session.empty())
-        addresses.session = socketAddress(environmentText("XDG_RUNTIME_DIR") + "/bus");
+        addresses.session = socketAddress(valueOf(environment, "XDG_RUNTIME_DIR") + "/bus");
     if (addresses.system.empty())
         addresses.system = socketAddress("/run/dbus/system_bus_socket");
     return addresses;

@@ -2,6 +2,7 @@
 
 #include "base/Result.h"
 #include "platform/linux/bus/GObjects.h"
+#include "platform/program/Environment.h"
 
 #include <chrono>
 #include <optional>
@@ -11,13 +12,13 @@
 namespace zv {
 
 /// Where the two message buses listen; empty where there is none. Who uses a bus gets its
-/// address handed in: nothing but main finds out the machine's own.
+/// address handed in.
 struct BusAddresses {
     std::string session;
     std::string system;
 
-    /// Those of the process's environment, else the standard places.
-    [[nodiscard]] static BusAddresses ofThisMachine();
+    /// Those that the environment names, else the standard places.
+    [[nodiscard]] static BusAddresses of(Environment const& environment);
 };
 
 struct BusFailure {

@@ -3,8 +3,6 @@
 #include "base/Split.h"
 #include "platform/linux/apps/RecentlyUsedFile.h"
 
-#include <glib.h>
-
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -45,10 +43,9 @@ FileReading addBookmarkLines(std::vector<RecentServer>& servers, std::string con
 
 } // namespace
 
-DesktopRecentServers::Files DesktopRecentServers::standardFiles()
+DesktopRecentServers::Files DesktopRecentServers::Files::of(XdgDirectories const& user)
 {
-    std::string const config = g_get_user_config_dir();
-    return { std::string(g_get_user_data_dir()) + "/recently-used.xbel", config + "/gtk-3.0/bookmarks", config + "/gtk-3.0/servers" };
+    return { user.recentlyUsedFile(), user.config + "/gtk-3.0/bookmarks", user.config + "/gtk-3.0/servers" };
 }
 
 DesktopRecentServers::DesktopRecentServers(Tasks& tasks, Files files)

@@ -40,8 +40,8 @@ private:
     Lifetime m_lifetime;
 };
 
-/// Those of the X server that Qt uses; nothing when there is none, and in a Wayland session,
-/// where the X server knows of some of the windows only.
+/// Those of the X server that Qt uses; nothing when there is none. In a Wayland session it
+/// knows of some of the windows only.
 [[nodiscard]] std::optional<X11ClientWindows> clientWindowsOfThisDisplay();
 
 } // namespace zv

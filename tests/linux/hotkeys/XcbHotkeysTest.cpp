@@ -1,5 +1,4 @@
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboard.h"
 #include "platform/linux/toolkit/QtRunLoop.h"
 #include "tests/desktop/PrivateX.h"
@@ -30,9 +29,9 @@ protected:
     {
         ASSERT_TRUE(server.isRunning());
         ASSERT_TRUE(server.run("setxkbmap us && xset r rate 60 50"));
-        connection = XkbConnection::open();
+        connection = X11Connection::open();
         ASSERT_TRUE(connection);
-        keyboard = std::make_unique<XkbKeyboard>(*connection, loop);
+        keyboard = std::make_unique<XkbKeyboard>(*connection, XkbExtension::setUp(*connection).value(), loop);
         registrar = std::make_unique<XcbHotkeyRegistrar>(*connection, *keyboard, loop);
         registrar->onPressed = [this](HotkeyID id) { pressed.push_back(id); };
     }
@@ -66,7 +65,7 @@ protected:
     desktop::PrivateX server;
     desktop::XClient user;
     QtRunLoop loop;
-    std::unique_ptr<XkbConnection> connection;
+    std::unique_ptr<X11Connection> connection;
     std::unique_ptr<XkbKeyboard> keyboard;
     std::unique_ptr<XcbHotkeyRegistrar> registrar;
     std::vector<HotkeyID> pressed;
@@ -170,9 +169,9 @@ TEST_F(XcbHotkeysTest, SayNothingToTheServerInAnUnchangedPass)
     std::vector<KeyChord> const chords { { keyA, commandKey }, { keyE, commandKey } };
     (void)claim(1, chords);
     settle();
-    auto const before = xcb_no_operation(connection->xcb()).sequence;
+    auto const before = xcb_no_operation(connection->get()).sequence;
     EXPECT_EQ(claim(3, chords), (std::vector { true, true }));
-    EXPECT_EQ(xcb_no_operation(connection->xcb()).sequence, before + 1);
+    EXPECT_EQ(xcb_no_operation(connection->get()).sequence, before + 1);
 
     chord(xSuper, xE);
     EXPECT_TRUE(turnUntil([this] { return !pressed.empty(); }));

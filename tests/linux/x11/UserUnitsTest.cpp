@@ -65,7 +65,7 @@ TEST_F(UserUnitsTest, AreNotToBeHadWithoutTheServiceManager) { EXPECT_EQ(list(),
 
 TEST_F(UserUnitsTest, AreNotToBeHadWithoutABus)
 {
-    DesktopRunningApplications withoutBus({ catalog, {}, {} }, std::nullopt);
+    DesktopRunningApplications withoutBus({ catalog, {} }, std::nullopt);
     bool isAnswered = false;
     withoutBus.list([&](RunningApplications::List const& found) { isAnswered = !found; });
     time.runTasks();
