@@ -1,8 +1,6 @@
 #include "platform/linux/compose/LinuxSystem.h"
 
 #include "base/Log.h"
-#include "platform/linux/entries/DesktopEntryText.h"
-#include "platform/linux/posix/ProgramFiles.h"
 #include "platform/linux/session/PosixToolRunner.h"
 
 namespace zv {
@@ -19,25 +17,22 @@ template <class Counted, class Seam> std::optional<Counted> countedBy(WorkCount*
 LinuxSystem::LinuxSystem(Over const& over)
     : m_files(over.files)
     , m_loop(over.loop)
-    , m_desktops(DesktopAudience::current().desktops)
-    , m_launchLog(launchLogFile(over.files.directories()))
-    , m_catalog(m_loop, applicationFolders())
+    , m_catalog(m_loop, over.files.paths().user.applicationFolders(), over.files.audience())
     , m_runningApplications(
-          { .catalog = m_catalog, .desktops = m_desktops, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus },
-          over.windows)
+          { .catalog = m_catalog, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus }, over.windows)
     , m_countedTasks(countedBy<CountedTasks>(over.pending, static_cast<Tasks&>(m_loop)))
     , m_countedApplications(countedBy<CountedRunningApplications>(over.pending, m_runningApplications))
-    , m_recentFiles({ m_loop, m_files.clock(), m_catalog }, m_files.directories().data + "/recently-used.xbel", LaunchLog(m_launchLog))
+    , m_recentFiles({ m_loop, m_files.clock(), m_catalog }, m_files.paths().user.recentlyUsedFile(), LaunchLog(m_files.paths().launchLog))
     , m_volumes(m_loop, m_loop)
-    , m_recentServers(m_loop, DesktopRecentServers::standardFiles())
+    , m_recentServers(m_loop, DesktopRecentServers::Files::of(m_files.paths().user))
     , m_networkInterfaces(m_loop, over.access.buses.system)
-    , m_settingsPanes(m_catalog, m_desktops)
-    , m_workspace(over.access.buses.session, LaunchLog(m_launchLog), { .tasks = tasks(), .runningApplications = countedApplications() })
+    , m_settingsPanes(m_catalog)
+    , m_workspace(over.access.buses.session, LaunchLog(m_files.paths().launchLog), { .tasks = tasks(), .runningApplications = countedApplications() })
     , m_desktop(over.access, "/etc/os-release", tasks())
     , m_computer("/", tasks())
     , m_events(over.access, tasks())
-    , m_scripts(over.access, DockStore::ofThisMachine(m_files.directories()), tasks())
-    , m_tools(std::make_shared<PosixToolRunner>())
+    , m_scripts(over.access, DockStore::ofThisMachine(m_files.paths().user), tasks())
+    , m_tools(std::make_shared<PosixToolRunner>(m_files.environment()))
 {
 }
 
@@ -69,11 +64,6 @@ System LinuxSystem::system()
             .settingsPanes = m_settingsPanes },
         .session = { .workspace = m_workspace, .desktop = m_desktop, .computer = m_computer, .events = m_events, .scripts = m_scripts, .tools = m_tools },
         .places = m_files.places() };
-}
-
-QDBusConnection sessionBus(BusAddresses const& buses)
-{
-    return buses.session.empty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::sessionBus();
 }
 
 } // namespace zv
