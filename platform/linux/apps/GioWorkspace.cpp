@@ -3,8 +3,8 @@
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "platform/linux/apps/Launching.h"
-#include "platform/linux/bus/GObjects.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>

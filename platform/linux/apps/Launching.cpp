@@ -1,9 +1,9 @@
 #include "platform/linux/apps/Launching.h"
 
 #include "platform/linux/bus/BusConnection.h"
-#include "platform/linux/bus/GObjects.h"
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
-#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/program/Environment.h"
 
 #include <chrono>

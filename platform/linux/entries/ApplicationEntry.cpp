@@ -1,23 +1,16 @@
 #include "platform/linux/entries/ApplicationEntry.h"
 
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/Text.h"
 
-#include <glib.h>
-
 #include <algorithm>
-#include <memory>
 
 namespace zv {
 
 namespace {
 
 constexpr std::size_t largestEntry = std::size_t { 1 } << 20;
-
-struct Freed {
-    void operator()(gchar* text) const { g_free(text); }
-    void operator()(gchar** list) const { g_strfreev(list); }
-};
 
 } // namespace
 
@@ -52,13 +45,13 @@ std::optional<std::string> programOfCommandLine(std::string const& commandLine)
     gchar** arguments = nullptr;
     if (!g_shell_parse_argv(commandLine.c_str(), &count, &arguments, nullptr))
         return std::nullopt;
-    std::unique_ptr<gchar*, Freed> const owned(arguments);
+    GObjectRef<gchar*> const owned(arguments);
     std::vector<std::string> const words(arguments, arguments + count);
     auto const isPreamble = [](std::string const& word) { return word == "env" || word == "/usr/bin/env" || word.find('=') != std::string::npos; };
     auto const program = std::find_if_not(words.begin(), words.end(), isPreamble);
     return program == words.end() ? std::nullopt : std::optional(*program);
 }
 
-bool isInstalled(std::string const& program) { return std::unique_ptr<gchar, Freed>(g_find_program_in_path(program.c_str())) != nullptr; }
+bool isInstalled(std::string const& program) { return GString8(g_find_program_in_path(program.c_str())) != nullptr; }
 
 } // namespace zv

@@ -4,6 +4,7 @@
 #include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/entries/PackageName.h"
 #include "platform/linux/posix/FolderStream.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/Text.h"
 
@@ -102,8 +103,7 @@ std::optional<std::string> LinuxFileSystem::volumeName(Url const& url) const
     std::unique_ptr<GUnixMountEntry, FreeMountEntry> const entry(g_unix_mount_at(url.path().c_str(), nullptr));
     if (!entry)
         return std::nullopt;
-    std::unique_ptr<char, decltype(&g_free)> const name(g_unix_mount_guess_name(entry.get()), g_free);
-    return withValidUtf8(name.get());
+    return withValidUtf8(taken(g_unix_mount_guess_name(entry.get())));
 }
 
 bool LinuxFileSystem::isOnReadOnlyVolume(Url const& url) const

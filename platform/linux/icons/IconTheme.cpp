@@ -1,8 +1,7 @@
 #include "platform/linux/icons/IconTheme.h"
 
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/x11/XReply.h"
-
-#include <gio/gio.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -84,19 +83,11 @@ std::string publishedSettings(xcb_connection_t* connection)
 std::string storedInGSettings()
 {
     auto* const source = g_settings_schema_source_get_default();
-    auto* const schema = source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr;
-    if (!schema)
+    GObjectRef<GSettingsSchema> const schema(source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr);
+    if (!schema || !g_settings_schema_has_key(schema.get(), "icon-theme"))
         return {};
-    std::string name;
-    if (g_settings_schema_has_key(schema, "icon-theme")) {
-        auto* const settings = g_settings_new_full(schema, nullptr, nullptr);
-        auto* const value = g_settings_get_string(settings, "icon-theme");
-        name = value;
-        g_free(value);
-        g_object_unref(settings);
-    }
-    g_settings_schema_unref(schema);
-    return name;
+    GObjectRef<GSettings> const settings(g_settings_new_full(schema.get(), nullptr, nullptr));
+    return taken(g_settings_get_string(settings.get(), "icon-theme"));
 }
 
 bool isInstalled(QString const& theme, QStringList const& folders)
@@ -135,14 +126,9 @@ std::string xSetting(std::string_view settings, std::string_view name)
 
 std::string iniValue(std::string const& path, char const* group, char const* key)
 {
-    auto* const file = g_key_file_new();
-    gchar* value = nullptr;
-    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr))
-        value = g_key_file_get_string(file, group, key, nullptr);
-    std::string const text = value ? value : "";
-    g_free(value);
-    g_key_file_unref(file);
-    return text;
+    GObjectRef<GKeyFile> const file(g_key_file_new());
+    bool const isReadable = g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr) != FALSE;
+    return isReadable ? taken(g_key_file_get_string(file.get(), group, key, nullptr)) : "";
 }
 
 QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder)

@@ -1,6 +1,6 @@
 #include "platform/linux/session/LinuxDesktopCommands.h"
 
-#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/OsRelease.h"
 
 #include <algorithm>
