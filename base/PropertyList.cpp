@@ -60,6 +60,12 @@ PropertyList const* PropertyListDictionary::find(std::string_view key) const
     return found == m_entries.end() ? nullptr : &found->second;
 }
 
+std::string const* PropertyListDictionary::string(std::string_view key) const
+{
+    auto const* value = find(key);
+    return value ? value->string() : nullptr;
+}
+
 void PropertyListDictionary::set(std::string_view key, PropertyList value)
 {
     auto const found = std::find_if(m_entries.begin(), m_entries.end(), [&](Entry const& entry) { return entry.first == key; });

@@ -39,6 +39,8 @@ public:
     /// Null when absent. The pointer holds until the dictionary changes.
     [[nodiscard]] PropertyList const* find(std::string_view key) const;
     [[nodiscard]] bool contains(std::string_view key) const { return find(key) != nullptr; }
+    /// Null when absent, or of another type.
+    [[nodiscard]] std::string const* string(std::string_view key) const;
     /// Replaces the value in its place, or adds the key at the end.
     void set(std::string_view key, PropertyList value);
     /// Adds a key that is not there yet, which nobody checks. For records whose keys are written

@@ -150,7 +150,7 @@ struct OpenedFolder : MenuBench {
         return entry.submenu->entries.size();
     }
 
-    FolderListings realFolders { std::make_shared<LinuxFolderReader>(DesktopAudience::current()), time };
+    FolderListings realFolders { std::make_shared<LinuxFolderReader>(DesktopAudience { userLanguages(), {} }), time };
     SubmenuSources realSources { realFolders, recentItems, dynamicLists, listedFolders, time };
     MenuBuilder realBuilder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, realSources };
     MenuEntry entry;

@@ -5,8 +5,8 @@
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
+#include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/PrivateX.h"
 
@@ -47,8 +47,8 @@ std::vector<KeyEquivalentSpec> manyShortcuts()
 /// The program's hotkeys on a server of their own.
 struct Hotkeys {
     Hotkeys()
-        : connection(XkbConnection::open())
-        , keyboard(*connection, timers)
+        : connection(X11Connection::open())
+        , keyboard(*connection, XkbExtension::setUp(*connection).value(), timers)
         , registrar(*connection, keyboard, timers)
         , layout(keyboard, notifications)
         , center(registrar, layout)
@@ -63,7 +63,7 @@ struct Hotkeys {
 
     desktop::PrivateX server;
     QtTimers timers;
-    std::unique_ptr<XkbConnection> connection;
+    std::unique_ptr<X11Connection> connection;
     XkbKeyboardLayoutSource keyboard;
     XcbHotkeyRegistrar registrar;
     Notifications notifications;
@@ -104,7 +104,7 @@ void compareFirstPass()
     Hotkeys hotkeys;
     auto const release = [&] {
         hotkeys.center.unregisterAll();
-        std::free(xcb_get_input_focus_reply(hotkeys.connection->xcb(), xcb_get_input_focus(hotkeys.connection->xcb()), nullptr));
+        std::free(xcb_get_input_focus_reply(hotkeys.connection->get(), xcb_get_input_focus(hotkeys.connection->get()), nullptr));
     };
     hotkeys.center.reregister();
     if (hotkeys.center.registrations().size() != shortcutCount)
@@ -118,10 +118,10 @@ void unchangedPass(benchmark::State& state)
 {
     Hotkeys hotkeys;
     hotkeys.center.reregister();
-    auto const before = xcb_no_operation(hotkeys.connection->xcb()).sequence;
+    auto const before = xcb_no_operation(hotkeys.connection->get()).sequence;
     for (auto unused : state)
         hotkeys.center.reregister();
-    state.counters["requests"] = xcb_no_operation(hotkeys.connection->xcb()).sequence - before - 1;
+    state.counters["requests"] = xcb_no_operation(hotkeys.connection->get()).sequence - before - 1;
 }
 BENCHMARK(unchangedPass)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -223,7 +223,7 @@ Tree const& tree()
 void comparePrescan()
 {
     LinuxFileSystem const files;
-    LinuxFolderReader const reader { DesktopAudience::current() };
+    LinuxFolderReader const reader { DesktopAudience { userLanguages(), {} } };
     std::vector const roots { Url::fromPath(tree().root) };
     auto const command = "find '" + tree().root + "' > /dev/null";
     std::size_t folders = 0;

@@ -98,7 +98,7 @@ public:
     SystemClock clock;
     fakes::FakeUserDefaults defaults;
     Preferences preferences { defaults };
-    std::unique_ptr<OverlayFrontEnd> frontEnd = OverlayFrontEnd::make();
+    std::unique_ptr<OverlayFrontEnd> frontEnd = OverlayFrontEnd::make(SessionKind::x11);
     std::optional<WatchedPanels> panels;
     AppleMenuOverlayController controller;
 

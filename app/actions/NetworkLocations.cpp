@@ -1,6 +1,6 @@
 #include "app/actions/NetworkLocations.h"
 
-#include "app/actions/Lines.h"
+#include "base/Split.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -47,7 +47,7 @@ std::vector<NetworkLocations::Location> NetworkLocations::list() const
     auto const output = runTool("-n");
     if (!output)
         return locations;
-    for (auto const line : nonEmptyLines(*output)) {
+    for (auto const line : split(*output, '\n')) {
         if (auto location = parseLine(line))
             locations.push_back(std::move(*location));
     }

@@ -1,6 +1,6 @@
 #include "app/actions/ShortcutsProvider.h"
 
-#include "app/actions/Lines.h"
+#include "base/Split.h"
 #include "base/Uuid.h"
 #include "platform/text/Text.h"
 
@@ -63,7 +63,7 @@ Result<std::vector<Shortcut>, ShortcutsProvider::Failure> ShortcutsProvider::lis
     if (!output)
         return zv::Failure { output.error() };
     std::vector<Shortcut> shortcuts;
-    for (auto const line : nonEmptyLines(output.value())) {
+    for (auto const line : split(output.value(), '\n')) {
         if (auto shortcut = parseLine(line))
             shortcuts.push_back(std::move(*shortcut));
     }

@@ -10,10 +10,9 @@ namespace zv {
 
 namespace {
 
-std::string stringIn(PropertyListDictionary const& dictionary, std::string_view key)
+std::string textIn(PropertyListDictionary const& dictionary, std::string_view key)
 {
-    auto const* value = dictionary.find(key);
-    auto const* text = value ? value->string() : nullptr;
+    auto const* text = dictionary.string(key);
     return text ? *text : std::string();
 }
 
@@ -28,17 +27,17 @@ std::string identifierOf(std::string const& title, MenuItem const& itemTemplate)
 std::optional<LibraryEntry> readEntry(PropertyList const& value, LocationServices services, LibraryMode mode)
 {
     auto const* dictionary = value.dictionary();
-    if (!dictionary || (mode == LibraryMode::appleMenu && stringIn(*dictionary, "AppleMenu") != "YES"))
+    if (!dictionary || (mode == LibraryMode::appleMenu && textIn(*dictionary, "AppleMenu") != "YES"))
         return std::nullopt;
-    auto const* title = dictionary->find("Title");
+    auto const* title = dictionary->string("Title");
     auto const* data = dictionary->find("Data");
-    if (!title || !title->string() || !data)
+    if (!title || !data)
         return std::nullopt;
     auto itemTemplate = menuItemFromOlderDictionary(*data, services);
     if (!itemTemplate || (mode == LibraryMode::appleMenu && !fitsAppleMenu(itemTemplate->kind)))
         return std::nullopt;
-    auto id = identifierOf(*title->string(), *itemTemplate);
-    return LibraryEntry { std::move(id), *title->string(), stringIn(*dictionary, "Description"), std::move(*itemTemplate), stringIn(*dictionary, "Group") };
+    auto id = identifierOf(*title, *itemTemplate);
+    return LibraryEntry { std::move(id), *title, textIn(*dictionary, "Description"), std::move(*itemTemplate), textIn(*dictionary, "Group") };
 }
 
 } // namespace

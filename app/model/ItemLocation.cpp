@@ -38,12 +38,6 @@ std::optional<Url> relocatedFile(std::string_view path, FileSystem const& files)
 
 std::size_t hashOf(BookmarkData const& bookmark) { return std::hash<std::string_view>()({ reinterpret_cast<char const*>(bookmark.data()), bookmark.size() }); }
 
-std::string const* stringIn(PropertyListDictionary const& dictionary, std::string_view key)
-{
-    auto const* value = dictionary.find(key);
-    return value ? value->string() : nullptr;
-}
-
 std::string expandingHome(std::string const& path, std::string_view homePath)
 {
     bool const isBelowHome = path == "~" || path.starts_with("~/");
@@ -114,13 +108,13 @@ Result<ItemLocation, ReadFailure> ItemLocation::fromPropertyList(PropertyList co
 
 std::optional<ItemLocation> ItemLocation::fromOlderDictionary(PropertyListDictionary const& dictionary, LocationServices services)
 {
-    auto const* storedPath = stringIn(dictionary, "Path");
+    auto const* storedPath = dictionary.string("Path");
     if (!storedPath)
         return std::nullopt;
     ItemLocation location;
     location.path = expandingHome(*storedPath, services.homePath);
-    auto const* name = stringIn(dictionary, "DisplayName");
-    name = name ? name : stringIn(dictionary, "Title");
+    auto const* name = dictionary.string("DisplayName");
+    name = name ? name : dictionary.string("Title");
     if (name)
         location.displayName = *name;
     if (auto const url = location.resolvedURL(services))

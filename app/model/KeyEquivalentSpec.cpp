@@ -136,8 +136,7 @@ Result<KeyEquivalentSpec, ReadFailure> KeyEquivalentSpec::fromPropertyList(Prope
 
 std::optional<KeyEquivalentSpec> KeyEquivalentSpec::fromOlderDictionary(PropertyListDictionary const& dictionary)
 {
-    auto const* value = dictionary.find("Key");
-    auto const* key = value ? value->string() : nullptr;
+    auto const* key = dictionary.string("Key");
     if (!key || key->empty())
         return std::nullopt;
     auto trigger = olderTrigger(*key);

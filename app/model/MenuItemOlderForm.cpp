@@ -18,12 +18,6 @@ constexpr std::array<std::string_view, 6> commandCodes { "dokm", "dokh", "dlft",
 constexpr std::array<MenuItemKind::Case, commandCodes.size()> commandKinds { MenuItemKind::dockMagnification, MenuItemKind::dockHiding,
     MenuItemKind::dockPosLeft, MenuItemKind::dockPosBottom, MenuItemKind::dockPosRight, MenuItemKind::dockPrefs };
 
-std::string const* stringIn(PropertyListDictionary const& dictionary, std::string_view key)
-{
-    auto const* value = dictionary.find(key);
-    return value ? value->string() : nullptr;
-}
-
 MenuItemKind kindOfCommand(std::string_view code)
 {
     static NameTable const table(commandCodes);
@@ -34,14 +28,14 @@ MenuItemKind kindOfCommand(std::string_view code)
 MenuItemKind kindOf(std::string const& text, PropertyListDictionary const& dictionary)
 {
     auto kind = MenuItemKind::fromRawValue(text);
-    auto const* command = stringIn(dictionary, "Command");
+    auto const* command = dictionary.string("Command");
     return kind == MenuItemKind::menuCommand && command ? kindOfCommand(*command) : kind;
 }
 
 std::optional<std::string> titleOf(PropertyListDictionary const& dictionary)
 {
-    auto const* title = stringIn(dictionary, "Title");
-    title = title ? title : stringIn(dictionary, "DisplayName");
+    auto const* title = dictionary.string("Title");
+    title = title ? title : dictionary.string("DisplayName");
     return title ? std::optional(*title) : std::nullopt;
 }
 
@@ -60,7 +54,7 @@ std::vector<MenuItem> readList(PropertyListArray const& values, LocationServices
 std::optional<MenuItem> readItem(PropertyList const& value, LocationServices services, int depth)
 {
     auto const* dictionary = value.dictionary();
-    auto const* kindText = dictionary ? stringIn(*dictionary, "Kind") : nullptr;
+    auto const* kindText = dictionary ? dictionary->string("Kind") : nullptr;
     if (!kindText || depth > maximumMenuDepth)
         return std::nullopt;
     auto item = MenuItem::ofKind(kindOf(*kindText, *dictionary));

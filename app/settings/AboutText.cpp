@@ -6,8 +6,8 @@ namespace {
 
 std::string information(Resources const& resources, char const* key, char const* otherwise)
 {
-    auto const* value = resources.information().find(key);
-    return value && value->string() ? *value->string() : otherwise;
+    auto const* value = resources.information().string(key);
+    return value ? *value : otherwise;
 }
 
 void replaceAll(std::string& text, std::string_view what, std::string_view with)

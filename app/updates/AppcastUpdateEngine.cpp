@@ -258,8 +258,8 @@ void AppcastUpdateEngine::finishSession()
 
 std::string AppcastUpdateEngine::currentVersion() const
 {
-    auto const* version = m_services.resources.information().find("CFBundleShortVersionString");
-    return version && version->string() ? *version->string() : std::string();
+    auto const* version = m_services.resources.information().string("CFBundleShortVersionString");
+    return version ? *version : std::string();
 }
 
 UpdateItem AppcastUpdateEngine::pendingItem() const { return { m_pending->displayVersion.empty() ? m_pending->version : m_pending->displayVersion }; }

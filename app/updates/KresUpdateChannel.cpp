@@ -42,8 +42,8 @@ bool isPreReleaseVersion(std::string_view version)
 
 std::set<std::string> KresUpdateChannelDelegate::allowedChannels() const
 {
-    auto const* version = m_resources.information().find("CFBundleShortVersionString");
-    bool const isPreRelease = version && version->string() && isPreReleaseVersion(*version->string());
+    auto const* version = m_resources.information().string("CFBundleShortVersionString");
+    bool const isPreRelease = version && isPreReleaseVersion(*version);
     return isPreRelease ? std::set<std::string> { "beta" } : std::set<std::string> {};
 }
 

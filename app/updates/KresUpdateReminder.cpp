@@ -46,9 +46,8 @@ std::string KresUpdateReminder::applicationName() const
 {
     auto const& information = m_services.resources.information();
     for (auto const* key : { "CFBundleDisplayName", "CFBundleName" }) {
-        auto const* name = information.find(key);
-        if (name && name->string())
-            return *name->string();
+        if (auto const* name = information.string(key))
+            return *name;
     }
     return "Zanthe Vell";
 }

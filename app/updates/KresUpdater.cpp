@@ -9,12 +9,6 @@ namespace {
 
 constexpr std::size_t signingKeySize = 32; // an Ed25519 public key
 
-std::string const* text(PropertyListDictionary const& information, char const* key)
-{
-    auto const* value = information.find(key);
-    return value ? value->string() : nullptr;
-}
-
 std::string hostOf(std::string const& address)
 {
     auto const start = address.find("://");
@@ -33,7 +27,7 @@ bool isPlaceholder(std::string const& host)
 
 std::optional<Url> feedURL(PropertyListDictionary const& information)
 {
-    auto const* address = text(information, "SUFeedURL");
+    auto const* address = information.string("SUFeedURL");
     auto const url = address ? Url::parse(*address) : std::nullopt;
     if (!url)
         return std::nullopt;
@@ -46,7 +40,7 @@ std::optional<Url> feedURL(PropertyListDictionary const& information)
 
 std::optional<std::vector<std::byte>> updateSigningKey(PropertyListDictionary const& information)
 {
-    auto const* encoded = text(information, "SUPublicEDKey");
+    auto const* encoded = information.string("SUPublicEDKey");
     auto key = encoded ? fromBase64(*encoded) : std::nullopt;
     return key && key->size() == signingKeySize ? key : std::nullopt;
 }

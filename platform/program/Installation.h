@@ -2,15 +2,12 @@
 
 #include "base/Result.h"
 #include "base/Url.h"
+#include "platform/program/Environment.h"
 
-#include <map>
 #include <optional>
 #include <string>
 
 namespace zv {
-
-/// The process's environment.
-using Environment = std::map<std::string, std::string>;
 
 /// Where a running copy of the program lies that will not stay.
 enum class RelocationSource {

@@ -1,12 +1,11 @@
 #include "platform/linux/apps/ApplicationIndex.h"
 
 #include "base/MainThread.h"
+#include "platform/linux/posix/FolderStream.h"
 
-#include <gio/gio.h>
+#include <glib.h>
 
 #include <algorithm>
-#include <dirent.h>
-#include <memory>
 #include <sys/stat.h>
 
 namespace zv {
@@ -52,8 +51,7 @@ bool isFolder(dirent const& item, std::string const& path)
 Names namesIn(std::string const& folder)
 {
     Names names;
-    auto const close = [](DIR* directory) { closedir(directory); };
-    std::unique_ptr<DIR, decltype(close)> const directory(opendir(folder.c_str()), close);
+    FolderStream const directory(opendir(folder.c_str()));
     while (auto const* item = directory ? readdir(directory.get()) : nullptr) {
         std::string const name = item->d_name;
         if (name.ends_with(extension))
@@ -68,15 +66,16 @@ Names namesIn(std::string const& folder)
 
 } // namespace
 
-ApplicationIndex ApplicationIndex::read(std::vector<std::string> const& folders, std::string const& language)
+ApplicationIndex ApplicationIndex::read(std::vector<std::string> const& folders, DesktopAudience const& audience)
 {
     ApplicationIndex index;
+    index.m_desktops = audience.desktops;
     for (auto const& folder : folders)
-        index.addFolder(folder, "", language, 0);
+        index.addFolder(folder, "", audience, 0);
     return index;
 }
 
-void ApplicationIndex::addFolder(std::string const& folder, std::string const& idPrefix, std::string const& language, int depth)
+void ApplicationIndex::addFolder(std::string const& folder, std::string const& idPrefix, DesktopAudience const& audience, int depth)
 {
     m_fingerprint.emplace_back(folder, changeTime(folder));
     auto const names = namesIn(folder);
@@ -84,13 +83,13 @@ void ApplicationIndex::addFolder(std::string const& folder, std::string const& i
         auto const id = idPrefix + name;
         if (m_byId.contains(lowerCasedId(withoutExtension(id))))
             continue;
-        if (auto entry = readApplicationEntry(folder + "/" + name, id, language))
+        if (auto entry = readApplicationEntry(folder + "/" + name, id, audience))
             add(std::move(*entry));
     }
     if (depth == deepestFolder)
         return;
     for (auto const& name : names.folders)
-        addFolder(folder + "/" + name, idPrefix + name + "-", language, depth + 1);
+        addFolder(folder + "/" + name, idPrefix + name + "-", audience, depth + 1);
 }
 
 void ApplicationIndex::add(ApplicationEntry entry)
@@ -136,9 +135,10 @@ bool ApplicationIndex::isCurrent() const
     return std::all_of(m_fingerprint.begin(), m_fingerprint.end(), [](auto const& folder) { return changeTime(folder.first) == folder.second; });
 }
 
-ApplicationCatalog::ApplicationCatalog(Tasks& tasks, std::vector<std::string> folders)
+ApplicationCatalog::ApplicationCatalog(Tasks& tasks, std::vector<std::string> folders, DesktopAudience audience)
     : m_tasks(tasks)
     , m_folders(std::move(folders))
+    , m_audience(std::move(audience))
 {
 }
 
@@ -156,15 +156,7 @@ void ApplicationCatalog::withIndex(std::function<void(Index)> use)
             waiting(m_index);
     };
     m_tasks.inBackground(
-        TaskPriority::user, [folders = m_folders] { return ApplicationIndex::read(folders); }, m_lifetime.guard(received));
-}
-
-std::vector<std::string> applicationFolders()
-{
-    std::vector<std::string> folders { std::string(g_get_user_data_dir()) + "/applications" };
-    for (auto const* const* folder = g_get_system_data_dirs(); *folder; ++folder)
-        folders.push_back(std::string(*folder) + "/applications");
-    return folders;
+        TaskPriority::user, [folders = m_folders, audience = m_audience] { return ApplicationIndex::read(folders, audience); }, m_lifetime.guard(received));
 }
 
 } // namespace zv

@@ -21,7 +21,7 @@ namespace zv {
 class ApplicationIndex {
 public:
     /// Reads every entry below the folders.
-    [[nodiscard]] static ApplicationIndex read(std::vector<std::string> const& folders, std::string const& language = {});
+    [[nodiscard]] static ApplicationIndex read(std::vector<std::string> const& folders, DesktopAudience const& audience = {});
 
     [[nodiscard]] std::vector<ApplicationEntry> const& entries() const { return m_entries; }
     /// By id, with or without ".desktop"; null when there is none. So are the others.
@@ -32,6 +32,9 @@ public:
     /// By the name of the program that it starts.
     [[nodiscard]] ApplicationEntry const* findByProgram(std::string_view program) const;
 
+    /// Of the audience that it was read for.
+    [[nodiscard]] std::vector<std::string> const& desktops() const { return m_desktops; }
+
     /// The folders that were read, each with its time of change.
     using Fingerprint = std::vector<std::pair<std::string, std::int64_t>>;
     [[nodiscard]] bool isCurrent() const;
@@ -39,10 +42,11 @@ public:
 private:
     using Names = std::map<std::string, std::size_t, std::less<>>;
 
-    void addFolder(std::string const& folder, std::string const& idPrefix, std::string const& language, int depth);
+    void addFolder(std::string const& folder, std::string const& idPrefix, DesktopAudience const& audience, int depth);
     void add(ApplicationEntry entry);
     [[nodiscard]] ApplicationEntry const* at(Names const& names, std::string_view name) const;
 
+    std::vector<std::string> m_desktops;
     std::vector<ApplicationEntry> m_entries;
     Names m_byId; ///< lower case, without ".desktop"
     Names m_byWindowClass; ///< lower case
@@ -58,7 +62,7 @@ public:
     using Index = std::shared_ptr<ApplicationIndex const>;
 
     /// `tasks` outlives this.
-    ApplicationCatalog(Tasks& tasks, std::vector<std::string> folders);
+    ApplicationCatalog(Tasks& tasks, std::vector<std::string> folders, DesktopAudience audience);
     /// Calls `use` once: before it returns when the index is at hand, else later, unless the
     /// catalog is gone by then.
     void withIndex(std::function<void(Index)> use);
@@ -66,12 +70,10 @@ public:
 private:
     Tasks& m_tasks;
     std::vector<std::string> m_folders;
+    DesktopAudience m_audience;
     Index m_index;
     std::vector<std::function<void(Index)>> m_waiting;
     Lifetime m_lifetime;
 };
-
-/// The "applications" folders of XDG_DATA_HOME and XDG_DATA_DIRS, in their order.
-[[nodiscard]] std::vector<std::string> applicationFolders();
 
 } // namespace zv

@@ -28,7 +28,6 @@ class UsedItemCollector {
 public:
     UsedItemCollector(ApplicationIndex const& applications, std::int64_t since)
         : m_applications(applications)
-        , m_desktops(currentDesktops())
         , m_since(since)
     {
     }
@@ -70,7 +69,7 @@ private:
     }
     void addApplication(RecentlyUsed::Application const& application)
     {
-        if (auto const* entry = entryOf(application); entry && entry->isListed(m_desktops))
+        if (auto const* entry = entryOf(application); entry && entry->isListed())
             add({ entry->path, application.lastUsed, UsedItemType::application });
     }
     /// The same few applications stand in thousands of bookmarks: each is looked up once.
@@ -98,7 +97,6 @@ private:
     }
 
     ApplicationIndex const& m_applications;
-    std::vector<std::string> m_desktops;
     std::int64_t m_since;
     std::unordered_map<std::string, UsedItem> m_items;
     std::unordered_map<std::string, ApplicationEntry const*> m_entryOfCommand;

@@ -31,7 +31,7 @@ bool hasMark(ApplicationEntry const& entry, PaneMark const& mark)
 
 bool isMarkedPane(ApplicationEntry const& entry, std::vector<std::string> const& desktops)
 {
-    if (entry.isHidden || !entry.isMeantFor(desktops))
+    if (entry.isHidden || !entry.isForThisDesktop)
         return false;
     return std::any_of(marks.begin(), marks.end(), [&](auto const& mark) {
         bool const isRunning = std::find(desktops.begin(), desktops.end(), mark.desktop) != desktops.end();
@@ -60,23 +60,17 @@ template <class Predicate> std::vector<SettingsPane> panesWhere(ApplicationIndex
 
 } // namespace
 
-DesktopSettingsPanes::DesktopSettingsPanes(ApplicationCatalog& catalog, std::vector<std::string> desktops)
-    : m_catalog(catalog)
-    , m_desktops(std::move(desktops))
-{
-}
-
 void DesktopSettingsPanes::list(std::function<void(std::vector<SettingsPane>)> done)
 {
-    m_catalog.withIndex([desktops = m_desktops, done = std::move(done)](auto const& index) { done(settingsPanesIn(*index, desktops)); });
+    m_catalog.withIndex([done = std::move(done)](auto const& index) { done(settingsPanesIn(*index)); });
 }
 
-std::vector<SettingsPane> settingsPanesIn(ApplicationIndex const& index, std::vector<std::string> const& desktops)
+std::vector<SettingsPane> settingsPanesIn(ApplicationIndex const& index)
 {
-    auto panes = panesWhere(index, [&](auto const& entry) { return isMarkedPane(entry, desktops); });
+    auto panes = panesWhere(index, [&](auto const& entry) { return isMarkedPane(entry, index.desktops()); });
     if (!panes.empty())
         return panes;
-    return panesWhere(index, [&](auto const& entry) { return entry.isListed(desktops) && entry.hasCategory("Settings"); });
+    return panesWhere(index, [](auto const& entry) { return entry.isListed() && entry.hasCategory("Settings"); });
 }
 
 } // namespace zv

@@ -3,8 +3,8 @@
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "platform/linux/apps/Launching.h"
-#include "platform/linux/bus/GObjects.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -66,8 +66,8 @@ void GioWorkspace::open(Url const& url)
 
 void GioWorkspace::openInBackground(Url const& url)
 {
-    runLogged(m_services.tasks, "could not open", url, [url, launches = m_launches] {
-        auto failure = openUrl(url);
+    runLogged(m_services.tasks, "could not open", url, [url, bus = m_sessionBus, launches = m_launches] {
+        auto failure = openUrl(url, bus);
         if (!failure && isApplication(url))
             launches.add({ std::time(nullptr), url.path() });
         return failure;
@@ -95,8 +95,9 @@ std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view iden
 void GioWorkspace::openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done)
 {
     assertMainThread();
-    m_services.tasks.runDetached(
-        [application, done = std::move(done)] { return std::function<void()>([done, failure = launchApplication(application)] { done(failure); }); });
+    m_services.tasks.runDetached([application, bus = m_sessionBus, done = std::move(done)] {
+        return std::function<void()>([done, failure = launchApplication(application, bus)] { done(failure); });
+    });
 }
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "platform/linux/apps/LaunchLog.h"
 
-#include "platform/linux/posix/SmallFiles.h"
+#include "base/Split.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <glib/gstdio.h>
 
@@ -43,13 +44,10 @@ LaunchLog::LaunchLog(std::string path)
 
 std::vector<LaunchLog::Launch> LaunchLog::read() const
 {
-    auto const text = readSmallFile(m_path).value_or("");
+    auto const text = readTextFile(m_path).value_or("");
     std::vector<Launch> launches;
-    for (std::size_t start = 0; start < text.size();) {
-        auto const end = std::min(text.find('\n', start), text.size());
-        addLine(launches, std::string_view(text).substr(start, end - start));
-        start = end + 1;
-    }
+    for (auto const line : split(text, '\n'))
+        addLine(launches, line);
     return launches;
 }
 

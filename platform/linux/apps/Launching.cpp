@@ -1,13 +1,14 @@
 #include "platform/linux/apps/Launching.h"
 
 #include "platform/linux/bus/BusConnection.h"
-#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/GObjects.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <optional>
 #include <string_view>
 
@@ -20,9 +21,9 @@ constexpr int maximumLinkSteps = 8;
 
 /// A launch over D-Bus is only queued when the call returns; nothing of it may be lost
 /// when this program ends next. The shared connection must not end it either.
-void flushSharedBus()
+void flushSharedBus(std::string const& sessionBus)
 {
-    if (!std::getenv("DBUS_SESSION_BUS_ADDRESS"))
+    if (sessionBus.empty())
         return;
     GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
     if (!bus)
@@ -61,37 +62,31 @@ MaybeFailure<> startProgram(std::string const& path)
     return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
 }
 
-MaybeFailure<> launchEntry(std::string const& path)
+MaybeFailure<> launchEntry(std::string const& path, std::string const& sessionBus)
 {
     GObjectRef<GDesktopAppInfo> const entry(g_desktop_app_info_new_from_filename(path.c_str()));
     if (!entry)
         return std::string("no application entry that can be started");
     GErrorSlot error;
     g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, error.out());
-    flushSharedBus();
+    flushSharedBus(sessionBus);
     return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
 }
 
 /// Where an entry of the type Link leads.
 std::optional<Url> linkTarget(std::string const& path)
 {
-    auto* const file = g_key_file_new();
-    std::optional<Url> target;
-    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) {
-        GString8 const type(g_key_file_get_string(file, "Desktop Entry", "Type", nullptr));
-        GString8 const url(g_key_file_get_string(file, "Desktop Entry", "URL", nullptr));
-        if (type && url && std::string_view(type.get()) == "Link")
-            target = url.get()[0] == '/' ? Url::fromPath(url.get()) : Url::parse(url.get());
-    }
-    g_key_file_unref(file);
-    return target;
+    auto const text = readTextFile(path).value_or("");
+    DesktopEntry const entry(text);
+    auto const url = entry.text("Type") == "Link" ? entry.text("URL") : "";
+    return url.starts_with('/') ? Url::fromPath(url) : Url::parse(url);
 }
 
-MaybeFailure<> openInHandler(Url const& url)
+MaybeFailure<> openInHandler(Url const& url, std::string const& sessionBus)
 {
     GErrorSlot error;
     g_app_info_launch_default_for_uri(url.toString().c_str(), nullptr, error.out());
-    flushSharedBus();
+    flushSharedBus(sessionBus);
     return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
 }
 
@@ -101,26 +96,26 @@ bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEn
 
 bool isApplication(Url const& url) { return isApplicationEntry(url) || !startProgramOf(url).empty(); }
 
-MaybeFailure<> launchApplication(Url const& application)
+MaybeFailure<> launchApplication(Url const& application, std::string const& sessionBus)
 {
     if (isProgramFile(application.path()))
         return startProgram(application.path());
     if (auto const program = startProgramOf(application); !program.empty())
         return startProgram(program);
-    return launchEntry(application.path());
+    return launchEntry(application.path(), sessionBus);
 }
 
-MaybeFailure<> openUrl(Url const& url)
+MaybeFailure<> openUrl(Url const& url, std::string const& sessionBus)
 {
     auto current = url;
     for (int step = 0; step < maximumLinkSteps; ++step) {
         if (!startProgramOf(current).empty())
-            return launchApplication(current);
+            return launchApplication(current, sessionBus);
         if (!isApplicationEntry(current))
-            return openInHandler(current);
+            return openInHandler(current, sessionBus);
         auto const target = linkTarget(current.path());
         if (!target)
-            return launchApplication(current);
+            return launchApplication(current, sessionBus);
         current = *target;
     }
     return std::string("the links lead nowhere");
@@ -138,7 +133,7 @@ MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus)
         if (reply || reply.error().kind == BusFailure::Kind::timedOut)
             return std::nullopt;
     }
-    return openInHandler(fileURL.parent());
+    return openInHandler(fileURL.parent(), sessionBus);
 }
 
 } // namespace zv

@@ -6,14 +6,15 @@
 #include <string>
 
 /// Starting what stands behind a URL. These block, and never run on the main thread.
+/// `sessionBus` is an address; empty where there is no bus.
 namespace zv {
 
 /// An application entry, or a folder that is a whole application.
 [[nodiscard]] bool isApplication(Url const& url);
 /// Starts an entry, a folder that is a whole application, or a program's own file.
-[[nodiscard]] MaybeFailure<> launchApplication(Url const& application);
+[[nodiscard]] MaybeFailure<> launchApplication(Url const& application, std::string const& sessionBus);
 /// An application starts, a link entry leads on, everything else opens in its handler.
-[[nodiscard]] MaybeFailure<> openUrl(Url const& url);
+[[nodiscard]] MaybeFailure<> openUrl(Url const& url, std::string const& sessionBus);
 /// Selects the file in the file manager; where none offers that, its folder is opened.
 [[nodiscard]] MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/posix/SmallFiles.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <cstdint>
 #include <functional>

@@ -81,14 +81,13 @@ std::optional<std::string> applicationIdOfUnit(std::string_view unitName)
     return id.empty() || id.ends_with(scope) ? std::nullopt : std::optional(id);
 }
 
-std::vector<RunningApplication> applicationsOfUnits(
-    std::vector<std::string> const& unitNames, ApplicationIndex const& index, std::vector<std::string> const& desktops)
+std::vector<RunningApplication> applicationsOfUnits(std::vector<std::string> const& unitNames, ApplicationIndex const& index)
 {
     std::vector<RunningApplication> applications;
     for (auto const& unit : unitNames) {
         auto const id = applicationIdOfUnit(unit);
         auto const* entry = id ? index.find(*id) : nullptr;
-        if (entry && entry->isListed(desktops) && entry->id != ownEntry)
+        if (entry && entry->isListed() && entry->id != ownEntry)
             applications.push_back(applicationOf(*entry));
     }
     return applications;

@@ -29,8 +29,7 @@ struct ClientWindow {
 /// nothing when the name is not of that kind.
 [[nodiscard]] std::optional<std::string> applicationIdOfUnit(std::string_view unitName);
 /// The applications of running units that a menu shows, without this program. Pure. Any thread.
-[[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(
-    std::vector<std::string> const& unitNames, ApplicationIndex const& index, std::vector<std::string> const& desktops);
+[[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(std::vector<std::string> const& unitNames, ApplicationIndex const& index);
 
 /// The path of the program that a process runs; empty when it is not ours to know.
 [[nodiscard]] std::string programOfProcess(std::uint32_t pid);

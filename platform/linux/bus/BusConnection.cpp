@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <condition_variable>
-#include <cstdlib>
 #include <iterator>
 #include <mutex>
 #include <string_view>
@@ -13,12 +12,6 @@
 namespace zv {
 
 namespace {
-
-std::string environmentText(char const* name)
-{
-    auto const* const value = std::getenv(name);
-    return value ? value : "";
-}
 
 std::string socketAddress(std::string const& path) { return ::access(path.c_str(), R_OK | W_OK) == 0 ? "unix:path=" + path : ""; }
 
@@ -89,11 +82,11 @@ BusFailure failureOf(GError* error)
 
 } // namespace
 
-BusAddresses BusAddresses::ofThisMachine()
+BusAddresses BusAddresses::of(Environment const& environment)
 {
-    BusAddresses addresses { environmentText("DBUS_SESSION_BUS_ADDRESS"), environmentText("DBUS_SYSTEM_BUS_ADDRESS") };
+    BusAddresses addresses { valueOf(environment, "DBUS_SESSION_BUS_ADDRESS"), valueOf(environment, "DBUS_SYSTEM_BUS_ADDRESS") };
     if (addresses.session.empty())
-        addresses.session = socketAddress(environmentText("XDG_RUNTIME_DIR") + "/bus");
+        addresses.session = socketAddress(valueOf(environment, "XDG_RUNTIME_DIR") + "/bus");
     if (addresses.system.empty())
         addresses.system = socketAddress("/run/dbus/system_bus_socket");
     return addresses;
@@ -126,6 +119,27 @@ Result<GVariantRef, BusFailure> BusConnection::call(
     if (!reply)
         return Failure { failureOf(error.get()) };
     return GVariantRef(reply);
+}
+
+Result<std::string, BusFailure> BusConnection::callForText(BusObject const& object, char const* method, Deadline const& deadline) const
+{
+    auto const reply = call(object, method, nullptr, deadline, "(s)");
+    if (!reply)
+        return Failure { reply.error() };
+    char const* text = "";
+    g_variant_get(reply->get(), "(&s)", &text);
+    return std::string(text);
+}
+
+GVariantRef BusConnection::property(BusObject const& object, char const* name, char const* type, Deadline const& deadline) const
+{
+    BusObject const properties { object.service, object.path, "org.freedesktop.DBus.Properties" };
+    auto const reply = call(properties, "Get", g_variant_new("(ss)", object.interface, name), deadline, "(v)", Starting::forbidden);
+    if (!reply)
+        return nullptr;
+    GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
+    GVariantRef value(g_variant_get_variant(boxed.get()));
+    return g_variant_is_of_type(value.get(), G_VARIANT_TYPE(type)) ? std::move(value) : nullptr;
 }
 
 bool BusConnection::hasOwner(char const* service, Deadline const& deadline) const

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "base/Result.h"
-#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/posix/GObjects.h"
+#include "platform/program/Environment.h"
 
 #include <chrono>
 #include <optional>
@@ -11,13 +12,13 @@
 namespace zv {
 
 /// Where the two message buses listen; empty where there is none. Who uses a bus gets its
-/// address handed in: nothing but main finds out the machine's own.
+/// address handed in.
 struct BusAddresses {
     std::string session;
     std::string system;
 
-    /// Those of the process's environment, else the standard places.
-    [[nodiscard]] static BusAddresses ofThisMachine();
+    /// Those that the environment names, else the standard places.
+    [[nodiscard]] static BusAddresses of(Environment const& environment);
 };
 
 struct BusFailure {
@@ -60,6 +61,11 @@ public:
     /// `replyType` ("()" and the like; null for any) is a failure.
     Result<GVariantRef, BusFailure> call(BusObject const& object, char const* method, GVariant* arguments, Deadline const& deadline,
         char const* replyType = nullptr, Starting starting = Starting::allowed) const;
+    /// A call that a single text answers.
+    [[nodiscard]] Result<std::string, BusFailure> callForText(BusObject const& object, char const* method, Deadline const& deadline) const;
+    /// The value of a property of the object's interface; null when there is none, or when it
+    /// is of another type. Starts nothing.
+    [[nodiscard]] GVariantRef property(BusObject const& object, char const* name, char const* type, Deadline const& deadline) const;
     [[nodiscard]] bool hasOwner(char const* service, Deadline const& deadline) const;
     /// Runs, or would be started by a call.
     [[nodiscard]] bool canReach(std::string_view service, Deadline const& deadline) const;

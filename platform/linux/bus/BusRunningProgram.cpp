@@ -17,7 +17,7 @@ GVariantRef owned(GVariant* floating) { return GVariantRef(floating ? g_variant_
 BusConnection const* BusRunningProgram::bus() const
 {
     if (!m_isConnected)
-        m_bus = BusConnection::open(BusAddresses::ofThisMachine().session, Deadline(patience));
+        m_bus = BusConnection::open(m_address, Deadline(patience));
     m_isConnected = true;
     return m_bus ? &*m_bus : nullptr;
 }

@@ -10,6 +10,9 @@
 #include "platform/linux/toolkit/CommandApplication.h"
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
+#include "platform/linux/toolkit/DisplayServer.h"
+#include "platform/linux/toolkit/SessionBus.h"
+#include "platform/linux/x11/X11Connection.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -35,37 +38,25 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// The X server, where there is one: it knows which applications run.
-class Display {
-public:
-    Display() = default;
-    ~Display() { xcb_disconnect(m_connection); }
-    Display(Display const&) = delete;
-    Display& operator=(Display const&) = delete;
-
-    [[nodiscard]] std::optional<X11ClientWindows> clientWindows() const
-    {
-        if (xcb_connection_has_error(m_connection) != 0 || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
-            return std::nullopt;
-        return X11ClientWindows(m_connection, xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root);
-    }
-
-private:
-    xcb_connection_t* m_connection = xcb_connect(nullptr, nullptr);
-};
+/// In a Wayland session the X server knows of some of the windows only.
+std::optional<X11ClientWindows> clientWindows(X11Connection const* x, Environment const& environment)
+{
+    bool const knowsAll = x && sessionKindOf(environment) == SessionKind::x11;
+    return knowsAll ? std::optional(X11ClientWindows(x->get(), x->root())) : std::nullopt;
+}
 
 } // namespace
 
 /// The system with a run loop of the toolkit's, which needs no display.
 struct LinuxCommands::Turning {
     explicit Turning(LinuxFiles& files)
-        : access(DesktopAccess::ofThisMachine(files.directories()))
+        : access(DesktopAccess::of(files.environment()))
         , machine({ .files = files,
               .timers = timers,
               .tasks = tasks,
               .access = access,
               .sessionBus = sessionBus(access.buses),
-              .windows = display.clientWindows(),
+              .windows = clientWindows(display.get(), files.environment()),
               .pending = &pending })
         , system(machine.system())
         , pictures(tasks, timers)
@@ -76,7 +67,7 @@ struct LinuxCommands::Turning {
     QtTimers timers;
     QtTasks tasks;
     WorkCount pending;
-    Display display;
+    std::unique_ptr<X11Connection> display = X11Connection::open();
     DesktopAccess access;
     LinuxSystem machine;
     System system;
@@ -84,8 +75,9 @@ struct LinuxCommands::Turning {
     ThemeIconSource pictures;
 };
 
-LinuxCommands::LinuxCommands(Streams streams)
+LinuxCommands::LinuxCommands(Streams streams, Environment environment)
     : CommandContext(streams)
+    , m_environment(std::move(environment))
 {
 }
 
@@ -94,7 +86,7 @@ LinuxCommands::~LinuxCommands() { forgetMenu(); }
 LinuxFiles& LinuxCommands::machine()
 {
     if (!m_machine)
-        m_machine.emplace();
+        m_machine.emplace(m_environment);
     return *m_machine;
 }
 
@@ -108,7 +100,7 @@ Files const& LinuxCommands::files()
 RunningProgram& LinuxCommands::runningProgram()
 {
     if (!m_runningProgram)
-        m_runningProgram = std::make_unique<BusRunningProgram>();
+        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session);
     return *m_runningProgram;
 }
 
@@ -130,10 +122,10 @@ Url LinuxCommands::currentFolder()
 std::vector<DoctorCheck> LinuxCommands::doctorChecks()
 {
     auto checks = programChecks(runningProgram(), files().resources, *files().disk, store(),
-        { { "Settings", machine().settingsFolder() }, { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+        { { "Settings", Url::fromPath(machine().paths().settingsFile).parent() }, { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
     DesktopFindings findings;
-    surveyDisplay(findings);
-    surveyServices(DesktopAccess::ofThisMachine(machine().directories()), machine().directories(), findings);
+    surveyDisplay(m_environment, findings);
+    surveyServices(DesktopAccess::of(m_environment), machine().paths().user, findings);
     std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;
 }

@@ -14,7 +14,7 @@ namespace zv {
 /// first command asks for it.
 class LinuxCommands : public CommandContext {
 public:
-    explicit LinuxCommands(Streams streams);
+    LinuxCommands(Streams streams, Environment environment);
     ~LinuxCommands() override;
 
     Files const& files() override;
@@ -30,6 +30,7 @@ private:
 
     [[nodiscard]] LinuxFiles& machine();
 
+    Environment m_environment;
     std::optional<LinuxFiles> m_machine;
     std::optional<Files> m_files;
     std::unique_ptr<BusRunningProgram> m_runningProgram;

@@ -2,42 +2,31 @@
 
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/install/LinuxInstallation.h"
-#include "platform/linux/posix/ProgramFiles.h"
-#include "platform/linux/toolkit/ProgramEnvironment.h"
 
 namespace zv {
 
 namespace {
 
-Places placesOf(XdgDirectories const& directories)
+Places placesOf(ProgramPlaces const& paths, Environment environment)
 {
-    auto environment = processEnvironment();
     auto const bundle = LinuxInstallation::runningBundle(environment);
     return { .bundle = bundle,
         .environment = std::move(environment),
-        .home = directories.home,
-        .itemsFolder = Url::fromPath(itemsFolder(directories)),
-        .backupsFolder = Url::fromPath(backupsFolder(directories)) };
-}
-
-std::vector<std::string> resourceFolders(Environment const& environment)
-{
-    auto folders = BundleResources::standardFolders();
-    auto const given = environment.find(resourcesVariable);
-    if (given != environment.end() && !given->second.empty())
-        folders.insert(folders.begin(), given->second);
-    return folders;
+        .home = paths.user.home,
+        .itemsFolder = Url::fromPath(paths.itemsFolder),
+        .backupsFolder = Url::fromPath(paths.backupsFolder) };
 }
 
 } // namespace
 
-LinuxFiles::LinuxFiles()
-    : m_directories(XdgDirectories::current())
-    , m_places(placesOf(m_directories))
-    , m_defaults(settingsFile(m_directories))
-    , m_resources(resourceFolders(m_places.environment))
+LinuxFiles::LinuxFiles(Environment environment)
+    : m_paths(ProgramPlaces::of(environment))
+    , m_audience { userLanguages(), desktopsNamed(valueOf(environment, "XDG_CURRENT_DESKTOP")) }
+    , m_places(placesOf(m_paths, std::move(environment)))
+    , m_defaults(m_paths.settingsFile)
+    , m_resources(m_paths.resourceFolders())
     , m_disk(std::make_shared<LinuxFileSystem>())
-    , m_folders(std::make_shared<LinuxFolderReader>(DesktopAudience::current()))
+    , m_folders(std::make_shared<LinuxFolderReader>(m_audience))
 {
 }
 
@@ -45,7 +34,5 @@ Files LinuxFiles::files()
 {
     return { .defaults = m_defaults, .resources = m_resources, .disk = m_disk, .bookmarks = m_bookmarks, .aliases = m_aliases, .folders = m_folders };
 }
-
-Url LinuxFiles::settingsFolder() const { return Url::fromPath(settingsFile(m_directories)).parent(); }
 
 } // namespace zv

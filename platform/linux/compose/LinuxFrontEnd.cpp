@@ -3,10 +3,9 @@
 #include "app/updates/AppcastUpdateEngine.h"
 #include "base/Log.h"
 #include "platform/linux/bus/BusRunningProgram.h"
-#include "platform/linux/entries/DesktopEntryText.h"
 #include "platform/linux/icons/IconTheme.h"
-#include "platform/linux/toolkit/DisplayServer.h"
-#include "platform/linux/toolkit/ProgramEnvironment.h"
+#include "platform/linux/toolkit/DesktopDiagnostics.h"
+#include "platform/linux/toolkit/SessionBus.h"
 
 #include <QCursor>
 #include <QDBusConnectionInterface>
@@ -21,22 +20,22 @@ namespace zv {
 namespace {
 
 /// Feeds of this machine are for those who try them out.
-DownloadSchemes downloadSchemes() { return qEnvironmentVariableIsEmpty(resourcesVariable) ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
+DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
 
-std::string resourcesOfThisProgram()
+std::string resourcesOfThisProgram(ProgramPlaces const& paths)
 {
-    auto const folders = BundleResources::standardFolders();
+    auto const& folders = paths.ownResources;
     auto const found = std::find_if(folders.begin(), folders.end(), [](auto const& folder) { return QFile::exists(QString::fromStdString(folder)); });
     return found == folders.end() ? std::string() : *found;
 }
 
-LinuxInstallation::Options installationOptions(XdgDirectories const& directories, Environment const& environment, std::function<void()> giveWay)
+LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::function<void()> giveWay)
 {
     LinuxInstallation::Options options;
-    options.userFolder = directories.home + "/.local/bin";
-    options.userApplications = directories.data + "/applications";
-    options.isMountedAppImage = environment.contains("APPIMAGE");
-    options.resources = resourcesOfThisProgram();
+    options.userFolder = files.paths().user.home + "/.local/bin";
+    options.userApplications = files.paths().user.data + "/applications";
+    options.isMountedAppImage = files.environment().contains("APPIMAGE");
+    options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
     return options;
 }
@@ -51,10 +50,9 @@ std::vector<std::vector<std::string>> const& autostartSettings()
 
 std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& index)
 {
-    auto const desktops = DesktopAudience::current().desktops;
     std::vector<InstalledApplication> applications;
     for (auto const& entry : index.entries()) {
-        if (entry.isListed(desktops) && entry.missingProgram().empty())
+        if (entry.isListed() && entry.missingProgram().empty())
             applications.push_back({ entry.name, Url::fromPath(entry.path) });
     }
     return applications;
@@ -62,9 +60,10 @@ std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& in
 
 } // namespace
 
-LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
-    : m_application(count, arguments)
-    , m_access(DesktopAccess::ofThisMachine(XdgDirectories::current()))
+LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
+    : m_files(std::move(environment))
+    , m_application(count, arguments)
+    , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, requests())
     , m_system({ .files = m_files,
@@ -72,25 +71,25 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments)
           .tasks = m_tasks,
           .access = m_access,
           .sessionBus = m_bus,
-          .windows = clientWindowsOfThisDisplay(),
+          .windows = sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : std::nullopt,
           .pending = nullptr })
     , m_icons(m_tasks, m_timers)
     , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_timers, m_bus)
-    , m_overlay(OverlayFrontEnd::make())
-    , m_installation(installationOptions(m_files.directories(), m_files.places().environment, [this] { m_instance.release(); }))
-    , m_loginService({ m_files.directories().config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
+    , m_keyboard(m_timers, m_bus, sessionKind())
+    , m_overlay(OverlayFrontEnd::make(sessionKind()))
+    , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
+    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_userNotifications(m_bus)
-    , m_downloads(m_files.directories().cache + "/zanthe-vell", downloadSchemes())
+    , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
     , m_packageOrigin(m_files.places().bundle.path())
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
-    adoptDesktopIconTheme();
+    adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
 LinuxFrontEnd::~LinuxFrontEnd() = default;
@@ -98,7 +97,7 @@ LinuxFrontEnd::~LinuxFrontEnd() = default;
 int LinuxFrontEnd::run()
 {
     if (!m_instance.claim()) {
-        if (auto const failure = BusRunningProgram().openSettings()) {
+        if (auto const failure = BusRunningProgram(m_access.buses.session).openSettings()) {
             logLine("it runs already, and cannot be asked to open its settings. " + *failure);
             return 1;
         }
@@ -195,7 +194,7 @@ Surface LinuxFrontEnd::surface()
             = [this](auto use) { m_system.catalog().withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
             .permissions = nullptr,
             .provideServices = {},
-            .diagnostics = [this] { return desktopDiagnostics(statusIconsAreShown()); } } };
+            .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };
 }
 
 } // namespace zv

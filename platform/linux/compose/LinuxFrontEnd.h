@@ -33,14 +33,16 @@ namespace zv {
 /// The program on a Linux desktop: the seams over this system, and the program over them.
 class LinuxFrontEnd {
 public:
-    /// After chooseDisplayServer(). `count` and `arguments` outlive it.
-    LinuxFrontEnd(int& count, char** arguments);
+    /// `count` and `arguments` outlive it. The environment, and that of the process, names the
+    /// display server to use.
+    LinuxFrontEnd(int& count, char** arguments, Environment environment);
     ~LinuxFrontEnd();
 
     /// Runs until the program is asked to end; gives the status to exit with.
     int run();
 
 private:
+    [[nodiscard]] SessionKind sessionKind() const { return sessionKindOf(m_files.environment()); }
     [[nodiscard]] ProgramRequests requests();
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::optional<OverlaySeams> overlay();
@@ -50,12 +52,12 @@ private:
     void watchSettings();
     void showMenu(std::optional<QPoint> at);
 
+    LinuxFiles m_files;
     LinuxApplication m_application;
     DesktopAccess m_access;
     QDBusConnection m_bus;
     SingleInstance m_instance;
 
-    LinuxFiles m_files;
     QtTimers m_timers;
     QtTasks m_tasks;
     LinuxSystem m_system;

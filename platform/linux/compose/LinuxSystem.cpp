@@ -1,8 +1,6 @@
 #include "platform/linux/compose/LinuxSystem.h"
 
 #include "base/Log.h"
-#include "platform/linux/entries/DesktopEntryText.h"
-#include "platform/linux/posix/ProgramFiles.h"
 #include "platform/linux/session/PosixToolRunner.h"
 
 namespace zv {
@@ -20,25 +18,22 @@ LinuxSystem::LinuxSystem(Over const& over)
     : m_files(over.files)
     , m_timers(over.timers)
     , m_tasks(over.tasks)
-    , m_desktops(DesktopAudience::current().desktops)
-    , m_launchLog(launchLogFile(over.files.directories()))
-    , m_catalog(m_tasks, applicationFolders())
+    , m_catalog(m_tasks, over.files.paths().user.applicationFolders(), over.files.audience())
     , m_runningApplications(
-          { .catalog = m_catalog, .desktops = m_desktops, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus },
-          over.windows)
+          { .catalog = m_catalog, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus }, over.windows)
     , m_countedTasks(countedBy<CountedTasks>(over.pending, m_tasks))
     , m_countedApplications(countedBy<CountedRunningApplications>(over.pending, m_runningApplications))
-    , m_recentFiles({ m_tasks, m_files.clock(), m_catalog }, m_files.directories().data + "/recently-used.xbel", LaunchLog(m_launchLog))
+    , m_recentFiles({ m_tasks, m_files.clock(), m_catalog }, m_files.paths().user.recentlyUsedFile(), LaunchLog(m_files.paths().launchLog))
     , m_volumes(m_tasks, m_timers)
-    , m_recentServers(m_tasks, DesktopRecentServers::standardFiles())
+    , m_recentServers(m_tasks, DesktopRecentServers::Files::of(m_files.paths().user))
     , m_networkInterfaces(m_tasks, over.access.buses.system)
-    , m_settingsPanes(m_catalog, m_desktops)
-    , m_workspace(over.access.buses.session, LaunchLog(m_launchLog), { .tasks = commandTasks(), .runningApplications = countedApplications() })
+    , m_settingsPanes(m_catalog)
+    , m_workspace(over.access.buses.session, LaunchLog(m_files.paths().launchLog), { .tasks = commandTasks(), .runningApplications = countedApplications() })
     , m_desktop(over.access, "/etc/os-release", commandTasks())
     , m_computer("/", commandTasks())
     , m_events(over.access, commandTasks())
-    , m_scripts(over.access, DockStore::ofThisMachine(m_files.directories()), commandTasks())
-    , m_tools(std::make_shared<PosixToolRunner>())
+    , m_scripts(over.access, DockStore::ofThisMachine(m_files.paths().user), commandTasks())
+    , m_tools(std::make_shared<PosixToolRunner>(m_files.environment()))
 {
 }
 
@@ -70,11 +65,6 @@ System LinuxSystem::system()
             .settingsPanes = m_settingsPanes },
         .session = { .workspace = m_workspace, .desktop = m_desktop, .computer = m_computer, .events = m_events, .scripts = m_scripts, .tools = m_tools },
         .places = m_files.places() };
-}
-
-QDBusConnection sessionBus(BusAddresses const& buses)
-{
-    return buses.session.empty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::sessionBus();
 }
 
 } // namespace zv

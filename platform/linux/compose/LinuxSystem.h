@@ -19,8 +19,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace zv {
 
@@ -55,8 +53,6 @@ private:
     LinuxFiles& m_files;
     Timers& m_timers;
     Tasks& m_tasks;
-    std::vector<std::string> m_desktops;
-    std::string m_launchLog;
     ApplicationCatalog m_catalog;
     DesktopRunningApplications m_runningApplications;
     std::optional<CountedTasks> m_countedTasks;
@@ -73,8 +69,5 @@ private:
     LinuxScriptRunner m_scripts;
     std::shared_ptr<ToolRunner> m_tools;
 };
-
-/// The session's bus; the toolkit would start one of its own, which nobody else is on, where none is known.
-[[nodiscard]] QDBusConnection sessionBus(BusAddresses const& buses);
 
 } // namespace zv

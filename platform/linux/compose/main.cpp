@@ -2,18 +2,21 @@
 #include "cli/CommandLine.h"
 #include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
+#include "platform/linux/compose/ProcessEnvironment.h"
+#include "platform/linux/text/Collation.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
 
 namespace {
 
-int runCommand(std::vector<std::string> const& arguments)
+int runCommand(std::vector<std::string> const& arguments, zv::Environment const& environment)
 {
     std::ios::sync_with_stdio(false);
-    zv::LinuxCommands commands({ std::cin, std::cout, std::cerr });
+    zv::LinuxCommands commands({ std::cin, std::cout, std::cerr }, environment);
     return zv::runCommandLine(arguments, commands);
 }
 
@@ -22,9 +25,12 @@ int runCommand(std::vector<std::string> const& arguments)
 int main(int argc, char** argv)
 {
     zv::markMainThread();
+    auto environment = zv::processEnvironment();
+    zv::useCollationOf(environment);
     if (argc > 1)
-        return runCommand({ argv + 1, argv + argc });
-    zv::chooseDisplayServer();
-    zv::LinuxFrontEnd program(argc, argv);
+        return runCommand({ argv + 1, argv + argc }, environment);
+    environment["QT_QPA_PLATFORM"] = zv::displayServerFor(environment);
+    ::setenv("QT_QPA_PLATFORM", environment["QT_QPA_PLATFORM"].c_str(), 1); // for the toolkit
+    zv::LinuxFrontEnd program(argc, argv, environment);
     return program.run();
 }

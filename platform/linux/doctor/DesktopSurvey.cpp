@@ -3,12 +3,12 @@
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/session/LinuxDesktopCommands.h"
 #include "platform/linux/session/LinuxScriptRunner.h"
+#include "platform/linux/session/LoginManager.h"
 #include "platform/linux/session/ScreenLock.h"
 
 #include <gio/gio.h>
 
 #include <filesystem>
-#include <string_view>
 
 namespace zv {
 
@@ -18,21 +18,16 @@ using Allowed = DesktopFindings::Allowed;
 
 constexpr std::chrono::seconds patience { 5 };
 constexpr char const* watcher = "org.kde.StatusNotifierWatcher";
-constexpr BusObject watcherProperties { watcher, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties" };
-constexpr BusObject loginManager { "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
+constexpr BusObject watcherObject { watcher, "/StatusNotifierWatcher", watcher };
 
 DesktopFindings::StatusIcons statusIconsOn(BusConnection const& bus, Deadline const& deadline)
 {
     using enum DesktopFindings::StatusIcons;
     if (!bus.hasOwner(watcher, deadline))
         return noWatcher;
-    auto const reply = bus.call(watcherProperties, "Get", g_variant_new("(ss)", watcher, "IsStatusNotifierHostRegistered"), deadline, "(v)");
-    if (!reply)
-        return shown; // a watcher that does not tell is a panel's own
-    GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
-    GVariantRef const value(g_variant_get_variant(boxed.get()));
-    bool const isBoolean = g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN);
-    return isBoolean && g_variant_get_boolean(value.get()) == FALSE ? withoutHost : shown;
+    auto const value = bus.property(watcherObject, "IsStatusNotifierHostRegistered", "b", deadline);
+    // A watcher that does not tell is a panel's own.
+    return value && g_variant_get_boolean(value.get()) == FALSE ? withoutHost : shown;
 }
 
 DesktopFindings::FileManager fileManagerOn(std::optional<BusConnection> const& bus, Deadline const& deadline)
@@ -61,12 +56,8 @@ bool lacksFilesExtension(Programs const& programs)
 
 Allowed allowedBy(BusConnection const& bus, char const* question, Deadline const& deadline)
 {
-    auto const reply = bus.call(loginManager, question, nullptr, deadline, "(s)");
-    if (!reply)
-        return Allowed::no;
-    char const* text = "";
-    g_variant_get(reply->get(), "(&s)", &text);
-    std::string_view const answer = text;
+    auto const reply = bus.callForText(loginManager, question, deadline);
+    auto const answer = reply ? *reply : "";
     return answer == "yes" ? Allowed::yes : answer == "challenge" ? Allowed::afterPassword : Allowed::no;
 }
 

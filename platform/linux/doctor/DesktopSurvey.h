@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/posix/XdgDirectories.h"
 #include "platform/linux/session/DesktopAccess.h"
 #include "platform/program/DesktopFindings.h"
 

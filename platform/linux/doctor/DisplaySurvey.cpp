@@ -3,8 +3,9 @@
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
+#include "platform/linux/posix/XdgDirectories.h"
 #include "platform/linux/toolkit/CommandApplication.h"
-#include "platform/linux/toolkit/DisplayServer.h"
+#include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/x11/X11Connection.h"
 
 #include <QDir>
@@ -17,13 +18,13 @@ namespace {
 
 using Display = DesktopFindings::Display;
 
-Display display(bool hasX)
+Display display(bool hasX, Environment const& environment)
 {
     if (hasX)
-        return isWaylandSession() ? Display::x11WithinWayland : Display::x11;
-    if (doesWaylandAnswer())
+        return sessionKindOf(environment) == SessionKind::wayland ? Display::x11WithinWayland : Display::x11;
+    if (doesWaylandAnswer(environment))
         return hasWaylandPlugin() ? Display::wayland : Display::waylandWithoutPlugin;
-    bool const isNamed = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    bool const isNamed = !valueOf(environment, "DISPLAY").empty() || !valueOf(environment, "WAYLAND_DISPLAY").empty();
     return isNamed ? Display::unreachable : Display::none;
 }
 
@@ -31,8 +32,7 @@ Display display(bool hasX)
 bool hasWindowManager(X11Connection const& x)
 {
     auto const namedBy = [&](xcb_window_t window) {
-        XReply<xcb_get_property_reply_t> const reply(xcb_get_property_reply(x.get(), requestWords(x, window, XAtom::netSupportingWmCheck), nullptr));
-        auto const words = wordsOf(reply.get());
+        auto const words = wordsOf(XProperty(xcb_get_property_reply(x.get(), requestWords(x, window, XAtom::netSupportingWmCheck), nullptr)));
         return words.empty() ? xcb_window_t { XCB_WINDOW_NONE } : words.front();
     };
     auto const window = namedBy(x.root());
@@ -54,18 +54,19 @@ QStringList iconFolders()
 
 } // namespace
 
-void surveyDisplay(DesktopFindings& findings)
+void surveyDisplay(Environment const& environment, DesktopFindings& findings)
 {
     CommandApplication const application;
+    auto const session = sessionKindOf(environment);
     auto const x = X11Connection::open();
-    findings.display = display(x != nullptr);
+    findings.display = display(x != nullptr, environment);
     if (x) {
         findings.hasWindowManager = hasWindowManager(*x);
-        findings.hasPanelAtTop = OverlayFrontEnd::support() == OverlaySupport::onPanels;
+        findings.hasPanelAtTop = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;
     }
-    findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders()).isEmpty();
+    findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders(), XdgDirectories::of(environment).config).isEmpty();
     findings.readsDrawings = readsDrawings();
-    findings.hotkeys = LinuxHotkeys::support();
+    findings.hotkeys = LinuxHotkeys::support(sessionBus(BusAddresses::of(environment)), session);
 }
 
 } // namespace zv

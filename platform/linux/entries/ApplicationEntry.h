@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/entries/DesktopEntry.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,29 +9,23 @@
 
 namespace zv {
 
-/// What the desktop calls itself: the parts of XDG_CURRENT_DESKTOP ("ubuntu:GNOME").
-[[nodiscard]] std::vector<std::string> currentDesktops();
-[[nodiscard]] std::vector<std::string> desktopsNamed(std::string_view colonSeparated);
-
 /// One application entry (a .desktop file) as far as lists need it.
 struct ApplicationEntry {
     std::string id; ///< "org.gnome.Nautilus.desktop"; folders below the search path become "folder-"
     std::string path;
-    std::string name; ///< in the user's language
+    std::string name; ///< in the user's language; valid UTF-8
     std::string icon; ///< a theme icon's name or a path
     std::string exec;
     std::string tryExec;
     std::string startupWMClass;
     std::vector<std::string> categories;
-    std::vector<std::string> onlyShowIn;
-    std::vector<std::string> notShowIn;
+    bool isForThisDesktop = true;
     bool noDisplay = false;
     bool isHidden = false; ///< stands for "deleted by the user"
     bool isDBusActivatable = false;
 
-    [[nodiscard]] bool isMeantFor(std::vector<std::string> const& desktops) const;
     /// Neither hidden nor kept out of menus nor meant for another desktop.
-    [[nodiscard]] bool isListed(std::vector<std::string> const& desktops) const;
+    [[nodiscard]] bool isListed() const { return !isHidden && !noDisplay && isForThisDesktop; }
     [[nodiscard]] bool hasCategory(std::string_view category) const;
     /// The program of `exec`, "env" and its variables skipped; nothing when it cannot be parsed.
     [[nodiscard]] std::optional<std::string> program() const;
@@ -37,9 +33,8 @@ struct ApplicationEntry {
     [[nodiscard]] std::string missingProgram() const;
 };
 
-/// Nothing when the file is no application entry, or too damaged to be one. `language` is
-/// the user's own when empty. Any thread.
-[[nodiscard]] std::optional<ApplicationEntry> readApplicationEntry(std::string const& path, std::string const& id, std::string const& language = {});
+/// Nothing when the file is no application entry, or too damaged to be one. Any thread.
+[[nodiscard]] std::optional<ApplicationEntry> readApplicationEntry(std::string const& path, std::string const& id, DesktopAudience const& audience);
 
 /// The program of a command line: what is left after "env A=b"; nothing when its quotes are wrong.
 [[nodiscard]] std::optional<std::string> programOfCommandLine(std::string const& commandLine);

@@ -3,20 +3,9 @@
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/PropertyListFormat.h"
 
-#include <climits>
-#include <cstdlib>
-
 namespace zv {
 
 namespace {
-
-constexpr char const* folderName = "zanthe-vell";
-
-std::string programFolder()
-{
-    char path[PATH_MAX];
-    return ::realpath("/proc/self/exe", path) ? folderOf(path) : std::string("/usr/bin");
-}
 
 PropertyListDictionary builtInInformation()
 {
@@ -40,12 +29,6 @@ BundleResources::BundleResources(std::vector<std::string> folders)
         return;
     for (auto const& [key, value] : *own->dictionary())
         m_information.set(key, value);
-}
-
-std::vector<std::string> BundleResources::standardFolders()
-{
-    auto const program = programFolder();
-    return { program + "/resources", folderOf(program) + "/share/" + folderName };
 }
 
 std::optional<std::vector<std::byte>> BundleResources::load(std::string_view name, std::string_view extension) const

@@ -13,9 +13,6 @@ public:
     /// The first of the folders that has a resource gives it.
     explicit BundleResources(std::vector<std::string> folders);
 
-    /// Beside the program where it was built, and "share/zanthe-vell" of where it is installed.
-    [[nodiscard]] static std::vector<std::string> standardFolders();
-
     [[nodiscard]] std::optional<std::vector<std::byte>> load(std::string_view name, std::string_view extension) const override;
     /// What the program knows of itself, then the resource "Info.plist", whose values count where
     /// both have one.

@@ -1,12 +1,11 @@
 #include "platform/linux/files/LinuxBookmarks.h"
 
+#include "platform/linux/posix/FolderStream.h"
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <cstdint>
 #include <cstring>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -67,15 +66,11 @@ std::optional<Identity> identityOf(std::string const& path)
     return entry->identity;
 }
 
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-
 /// The path of the file beside `path` that has the identity.
 std::optional<std::string> findBeside(std::string const& path, Identity const& identity)
 {
     auto const folder = folderOf(path);
-    std::unique_ptr<DIR, CloseFolder> const stream(::opendir(folder.c_str()));
+    FolderStream const stream(::opendir(folder.c_str()));
     if (!stream)
         return std::nullopt;
     while (auto const* entry = ::readdir(stream.get())) {

@@ -3,6 +3,8 @@
 #include "base/Uuid.h"
 #include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/FolderStream.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/Text.h"
 
@@ -10,7 +12,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <gio/gunixmounts.h>
 #include <memory>
@@ -37,10 +38,6 @@ std::optional<struct stat> statusOf(std::string const& path, Links links)
 }
 
 std::string temporaryBeside(std::string const& path) { return folderOf(path) + "/.zanthe-vell-" + Uuid::random().toString(); }
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 bool isDotOrDotDot(std::string_view name) { return name == "." || name == ".."; }
 
@@ -97,7 +94,7 @@ std::string LinuxFileSystem::localizedName(Url const& url) const
 {
     auto const name = url.lastPathComponent();
     bool const isReadable = isApplicationEntryName(name) && !m_mounts.isRemote(url.path());
-    auto const entry = isReadable ? readApplicationEntry(url.path(), name) : std::nullopt;
+    auto const entry = isReadable ? readApplicationEntry(url.path(), name, { userLanguages(), {} }) : std::nullopt;
     return withValidUtf8(entry ? entry->name : name);
 }
 
@@ -106,8 +103,7 @@ std::optional<std::string> LinuxFileSystem::volumeName(Url const& url) const
     std::unique_ptr<GUnixMountEntry, FreeMountEntry> const entry(g_unix_mount_at(url.path().c_str(), nullptr));
     if (!entry)
         return std::nullopt;
-    std::unique_ptr<char, decltype(&g_free)> const name(g_unix_mount_guess_name(entry.get()), g_free);
-    return withValidUtf8(name.get());
+    return withValidUtf8(taken(g_unix_mount_guess_name(entry.get())));
 }
 
 bool LinuxFileSystem::isOnReadOnlyVolume(Url const& url) const
@@ -138,7 +134,7 @@ MaybeFailure<> LinuxFileSystem::write(Url const& url, std::vector<std::byte> con
 
 Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
 {
-    std::unique_ptr<DIR, CloseFolder> const stream(::opendir(folder.path().c_str()));
+    FolderStream const stream(::opendir(folder.path().c_str()));
     if (!stream)
         return Failure { systemMessage(errno) };
     std::vector<std::string> names;

@@ -1,6 +1,9 @@
 #include "platform/linux/files/LinuxFolderReader.h"
 
+#include "base/Split.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/posix/WholeFiles.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -22,7 +25,8 @@ namespace zv {
 namespace {
 
 constexpr std::size_t bufferSize = std::size_t { 32 } << 10;
-constexpr off_t mostHiddenListBytes = off_t { 1 } << 20;
+constexpr std::size_t mostNameBytes = 1024; ///< of an application; the name comes from any file
+constexpr std::size_t mostHiddenListBytes = std::size_t { 1 } << 20;
 
 enum class EntryType { file, folder, link, unknown };
 
@@ -56,36 +60,14 @@ FolderReadFailure failureOf(int error)
     }
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(int file)
-        : m_file(file)
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_file >= 0)
-            close(m_file);
-    }
-    Descriptor(Descriptor const&) = delete;
-    Descriptor& operator=(Descriptor const&) = delete;
-    [[nodiscard]] int get() const { return m_file; }
-
-private:
-    int m_file;
-};
-
 /// The names that a folder's own ".hidden" file wants hidden.
 class HiddenList {
 public:
     explicit HiddenList(int folder)
         : m_text(load(folder))
     {
-        for (std::string_view rest = m_text; !rest.empty();) {
-            auto const end = std::min(rest.find('\n'), rest.size());
-            m_names.insert(rest.substr(0, end));
-            rest.remove_prefix(std::min(end + 1, rest.size()));
-        }
+        auto const lines = split(m_text, '\n');
+        m_names.insert(lines.begin(), lines.end());
     }
     HiddenList(HiddenList const&) = delete;
     HiddenList& operator=(HiddenList const&) = delete;
@@ -95,14 +77,8 @@ public:
 private:
     static std::string load(int folder)
     {
-        Descriptor const file(openat(folder, ".hidden", O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
-        struct stat status { };
-        if (file.get() < 0 || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > mostHiddenListBytes)
-            return {};
-        std::string text(static_cast<std::size_t>(status.st_size), '\0');
-        auto const count = ::read(file.get(), text.data(), text.size());
-        text.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        return text;
+        auto const file = openPlainFile(".hidden", folder, O_NOFOLLOW);
+        return file ? readText(*file, mostHiddenListBytes).value_or("") : "";
     }
 
     std::string m_text;
@@ -213,9 +189,10 @@ private:
 
     void takeApplicationEntry(char const* name)
     {
-        auto const entry = DesktopEntryText::read(m_folder, name, m_audience);
-        if (entry.isListed)
-            m_contents.add({ name, entry.name, { false, true } });
+        auto const text = readDesktopEntry(m_folder, name);
+        DesktopEntry const entry(text);
+        if (entry.isListed(m_audience.desktops))
+            m_contents.add({ name, withValidUtf8(entry.translated("Name", m_audience.languages).substr(0, mostNameBytes)), { false, true } });
     }
 
     void add(std::string_view name, FileTraits traits) { m_contents.add({ name, {}, traits }); }
@@ -248,8 +225,8 @@ LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mount
 Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& folder, HiddenFiles hiddenFiles) const
 {
     auto path = folder.path();
-    Descriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (open.get() < 0)
+    FileDescriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!open.isOpen())
         return Failure { failureOf(errno) };
     return FolderPass(open.get(), std::move(path), hiddenFiles, m_audience, m_mounts).run();
 }

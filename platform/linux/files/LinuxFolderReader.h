@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/files/FolderReader.h"
-#include "platform/linux/entries/DesktopEntryText.h"
+#include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/files/MountWatch.h"
 
 #include <string>

@@ -1,6 +1,7 @@
 #include "platform/linux/files/MountTable.h"
 
-#include "platform/linux/posix/SmallFiles.h"
+#include "base/Split.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -17,18 +18,6 @@ constexpr std::array remoteTypes { "nfs", "nfs4", "cifs", "smb3", "smbfs", "ncpf
     "fuse" };
 
 constexpr int mostLinks = 40; // as the kernel has it
-
-std::vector<std::string_view> split(std::string_view text, char separator)
-{
-    std::vector<std::string_view> parts;
-    while (!text.empty()) {
-        auto const end = std::min(text.find(separator), text.size());
-        if (end > 0)
-            parts.push_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return parts;
-}
 
 bool isOctal(char c) { return c >= '0' && c <= '7'; }
 
@@ -49,6 +38,8 @@ std::string unescaped(std::string_view text)
     return plain;
 }
 
+bool isReadOnlyBy(std::string_view options) { return options == "ro" || options.starts_with("ro,"); }
+
 /// "36 35 98:0 /root /mount/point rw,noatime master:1 - ext4 /dev/sda1 rw"
 std::optional<Mount> mountOfLine(std::string_view line)
 {
@@ -56,14 +47,8 @@ std::optional<Mount> mountOfLine(std::string_view line)
     auto const dash = std::find(fields.begin(), fields.end(), "-");
     if (fields.size() < 6 || dash - fields.begin() < 6 || fields.end() - dash < 3)
         return std::nullopt;
-    return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]) };
-}
-
-bool isAtOrBelow(std::string_view path, std::string_view mountPoint)
-{
-    if (mountPoint == "/")
-        return true;
-    return path.starts_with(mountPoint) && (path.size() == mountPoint.size() || path[mountPoint.size()] == '/');
+    bool const isReadOnly = isReadOnlyBy(fields[5]) || (fields.end() - dash > 3 && isReadOnlyBy(dash[3]));
+    return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]), isReadOnly };
 }
 
 std::optional<std::string> linkTarget(std::string const& path)
@@ -118,7 +103,7 @@ MountTable::MountTable(std::string_view mountInfo)
     }
 }
 
-MountTable MountTable::current() { return MountTable(readSmallFile("/proc/self/mountinfo").value_or("")); }
+MountTable MountTable::current() { return MountTable(readTextFile("/proc/self/mountinfo").value_or("")); }
 
 Mount const* MountTable::mountOf(std::string_view path) const
 {
@@ -155,6 +140,13 @@ MountTable::Fate MountTable::follow(std::string_view path) const
         isDirectory = true; // what the walk stands on now
     }
     return { Fate::Kind::found, isDirectory, walk.place(), isLink };
+}
+
+bool isAtOrBelow(std::string_view path, std::string_view folder)
+{
+    if (folder == "/")
+        return true;
+    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
 }
 
 bool isRemoteFileSystem(std::string_view type)

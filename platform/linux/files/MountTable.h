@@ -11,9 +11,10 @@ struct Mount {
     std::string type; ///< "ext4", "nfs4", "fuse.sshfs" …
     std::string source; ///< "/dev/sda1", "nas:/export"; anything for others
     std::string root; ///< what of the file system is mounted; "/" unless it is a part
+    bool isReadOnly = false;
 };
 
-/// What is mounted, from the kernel's own table: reading it touches no file system. Any thread.
+/// What is mounted, from the kernel's own table (proc_pid_mountinfo(5)): reading it touches no file system. Any thread.
 class MountTable {
 public:
     /// The text of /proc/self/mountinfo. Lines that make no sense are skipped.
@@ -40,6 +41,7 @@ private:
     std::vector<Mount> m_mounts;
 };
 
+[[nodiscard]] bool isAtOrBelow(std::string_view path, std::string_view folder);
 /// Another machine, or a program of the user's, answers for it: it may hang.
 [[nodiscard]] bool isRemoteFileSystem(std::string_view type);
 

@@ -1,12 +1,11 @@
 #include "platform/linux/files/MountWatch.h"
 
-#include "platform/linux/posix/SmallFiles.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <algorithm>
 #include <fcntl.h>
 #include <poll.h>
 #include <time.h>
-#include <unistd.h>
 #include <utility>
 
 namespace zv {
@@ -15,7 +14,7 @@ namespace {
 
 std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path)
 {
-    MountTable table(readSmallFile(path).value_or(""));
+    MountTable table(readTextFile(path).value_or(""));
     auto const& mounts = table.mounts();
     bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return isRemoteFileSystem(mount.type); });
     return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
@@ -37,12 +36,6 @@ MountWatch::MountWatch(std::string mountInfoPath)
 {
 }
 
-MountWatch::~MountWatch()
-{
-    if (m_file >= 0)
-        close(m_file);
-}
-
 std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
 {
     bool const isOutdated = hasChanged(); // asked before reading: a change during it is seen the next time
@@ -62,13 +55,13 @@ bool MountWatch::isRemote(std::string_view path)
 
 bool MountWatch::hasChanged()
 {
-    if (m_file < 0)
+    if (!m_file.isOpen())
         return true;
     // A menu asks once for each of its items.
     auto const tick = currentTick();
     if (m_askedAt.exchange(tick) == tick)
         return false;
-    pollfd watched { m_file, POLLPRI, 0 };
+    pollfd watched { m_file.get(), POLLPRI, 0 };
     return poll(&watched, 1, 0) > 0 && (watched.revents & (POLLPRI | POLLERR)) != 0;
 }
 

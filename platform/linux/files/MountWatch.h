@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/files/MountTable.h"
+#include "platform/linux/posix/FileDescriptor.h"
 
 #include <atomic>
 #include <cstdint>
@@ -22,9 +23,6 @@ public:
     static constexpr char const* systemTable = "/proc/self/mountinfo";
 
     explicit MountWatch(std::string mountInfoPath = systemTable);
-    ~MountWatch();
-    MountWatch(MountWatch const&) = delete;
-    MountWatch& operator=(MountWatch const&) = delete;
 
     [[nodiscard]] std::shared_ptr<Snapshot const> current();
     /// The path leads, links followed, onto a remote file system; found out without touching that.
@@ -34,7 +32,7 @@ private:
     [[nodiscard]] bool hasChanged();
 
     std::string m_path;
-    int m_file; ///< polled only: the kernel marks it when something is mounted or unmounted
+    FileDescriptor m_file; ///< polled only: the kernel marks it when something is mounted or unmounted
     std::atomic<std::int64_t> m_askedAt { -1 }; ///< the tick of the clock in which the kernel was asked last
     std::atomic<std::shared_ptr<Snapshot const>> m_snapshot;
 };

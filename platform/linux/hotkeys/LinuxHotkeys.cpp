@@ -2,10 +2,8 @@
 
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
-#include "platform/linux/toolkit/CommandApplication.h"
-#include "platform/linux/toolkit/DisplayServer.h"
+#include "platform/linux/x11/X11Connection.h"
 
 namespace zv {
 
@@ -31,12 +29,13 @@ public:
 
 } // namespace
 
-LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus)
-    : m_connection(XkbConnection::open())
+LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, SessionKind session)
+    : m_connection(X11Connection::open())
 {
-    auto keyboard = m_connection ? std::make_unique<XkbKeyboardLayoutSource>(*m_connection, timers) : nullptr;
+    auto const xkb = m_connection ? XkbExtension::setUp(*m_connection) : std::nullopt;
+    auto keyboard = xkb ? std::make_unique<XkbKeyboardLayoutSource>(*m_connection, *xkb, timers) : nullptr;
     m_keyboard = keyboard.get();
-    if (isWaylandSession()) {
+    if (session == SessionKind::wayland) {
         m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
         m_registrar = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
     } else if (keyboard) {
@@ -60,13 +59,12 @@ KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
     return {};
 }
 
-HotkeySupport LinuxHotkeys::support()
+HotkeySupport LinuxHotkeys::support(QDBusConnection const& sessionBus, SessionKind session)
 {
-    if (isWaylandSession()) {
-        CommandApplication const application;
-        return PortalHotkeyRegistrar::isThere(QDBusConnection::sessionBus()) ? HotkeySupport::askingTheUser : HotkeySupport::none;
-    }
-    return XkbConnection::isThere() ? HotkeySupport::everywhere : HotkeySupport::none;
+    if (session == SessionKind::wayland)
+        return PortalHotkeyRegistrar::isThere(sessionBus) ? HotkeySupport::askingTheUser : HotkeySupport::none;
+    auto const x = X11Connection::open();
+    return x && XkbExtension::setUp(*x) ? HotkeySupport::everywhere : HotkeySupport::none;
 }
 
 } // namespace zv

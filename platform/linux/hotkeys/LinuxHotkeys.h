@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/hotkeys/RecordedKeys.h"
+#include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 #include "platform/time/Timers.h"
@@ -11,7 +12,7 @@
 
 namespace zv {
 
-class XkbConnection;
+class X11Connection;
 class XkbKeyboardLayoutSource;
 
 /// What this session offers for hotkeys: X11's grabs, on Wayland the desktop's portal, else
@@ -19,7 +20,7 @@ class XkbKeyboardLayoutSource;
 class LinuxHotkeys {
 public:
     /// The timers outlive this.
-    LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus);
+    LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, SessionKind session);
     ~LinuxHotkeys();
     LinuxHotkeys(LinuxHotkeys const&) = delete;
     LinuxHotkeys& operator=(LinuxHotkeys const&) = delete;
@@ -31,10 +32,10 @@ public:
     [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
 
     /// What there would be, found out without making it; for `doctor`.
-    [[nodiscard]] static HotkeySupport support();
+    [[nodiscard]] static HotkeySupport support(QDBusConnection const& sessionBus, SessionKind session);
 
 private:
-    std::unique_ptr<XkbConnection> m_connection; ///< null without an X server
+    std::unique_ptr<X11Connection> m_connection; ///< null without an X server
     std::unique_ptr<KeyboardLayoutSource> m_layout;
     XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< the layout, where an X server has it
     std::unique_ptr<HotkeyRegistrar> m_registrar;

@@ -3,6 +3,7 @@
 #include "base/MainThread.h"
 #include "platform/linux/hotkeys/VirtualKeys.h"
 #include "platform/linux/toolkit/BusListener.h"
+#include "platform/linux/toolkit/BusStructures.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -25,20 +26,11 @@ struct PortalShortcut {
     QVariantMap properties;
 };
 
-static QDBusArgument& operator<<(QDBusArgument& argument, PortalShortcut const& shortcut)
-{
-    argument.beginStructure();
-    argument << shortcut.id << shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
+static QDBusArgument& operator<<(QDBusArgument& argument, PortalShortcut const& shortcut) { return writeStructure(argument, shortcut.id, shortcut.properties); }
 
 static QDBusArgument const& operator>>(QDBusArgument const& argument, PortalShortcut& shortcut)
 {
-    argument.beginStructure();
-    argument >> shortcut.id >> shortcut.properties;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, shortcut.id, shortcut.properties);
 }
 
 } // namespace zv

@@ -1,7 +1,6 @@
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 
 #include "base/MainThread.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 
 #include <QCoreApplication>
@@ -9,7 +8,6 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <cstdlib>
 #include <set>
 #include <utility>
 
@@ -18,10 +16,6 @@ namespace zv {
 namespace {
 
 constexpr std::chrono::milliseconds heldKeysInterval { 30 };
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
 
 /// Nobody else is served while it lives, so that no program slips in between.
 class ServerGrab {
@@ -63,13 +57,13 @@ private:
 
 } // namespace
 
-XcbHotkeyRegistrar::XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers)
+XcbHotkeyRegistrar::XcbHotkeyRegistrar(X11Connection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers)
     : m_connection(connection)
     , m_keyboard(keyboard)
     , m_timers(timers)
     , m_menuFilter(std::make_unique<PopupFilter>([this] { ownMenuDidClose(); }))
+    , m_events(connection.onEvent([this](auto const& event) { handle(event); }))
 {
-    m_connection.addHandler([this](xcb_generic_event_t const& event) { handle(event); });
     m_keyboard.onMappingChanged = [this] {
         releaseAll();
         if (onInvalidated)
@@ -108,7 +102,7 @@ void XcbHotkeyRegistrar::releaseAll()
         return;
     ungrabAll();
     m_held.clear();
-    xcb_flush(m_connection.xcb());
+    xcb_flush(m_connection.get());
 }
 
 /// Without a key for a chord whose key or modifier this keyboard does not have: a grab
@@ -164,7 +158,7 @@ void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
     if (missing.empty() && obsolete.empty())
         return;
 
-    ServerGrab const serverGrab(m_connection.xcb());
+    ServerGrab const serverGrab(m_connection.get());
     for (auto const& each : obsolete)
         m_held.erase(each);
     if (obsolete.size() > m_held.size()) {
@@ -183,13 +177,12 @@ void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
         if (succeeded[i])
             m_held.emplace_hint(m_held.end(), claims[i], 0);
     }
-    m_connection.dispatchSoon();
 }
 
 /// All requests go out before the first answer is waited for.
 std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
 {
-    auto* const xcb = m_connection.xcb();
+    auto* const xcb = m_connection.get();
     auto const locks = lockStates();
     std::vector<xcb_void_cookie_t> cookies;
     cookies.reserve(grabs.size() * locks.size());
@@ -199,7 +192,7 @@ std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
     }
     std::vector<bool> succeeded(grabs.size(), true);
     for (std::size_t i = 0; i < cookies.size(); ++i) {
-        std::unique_ptr<xcb_generic_error_t, Free> const error(xcb_request_check(xcb, cookies[i]));
+        XReply<xcb_generic_error_t> const error(xcb_request_check(xcb, cookies[i]));
         if (error)
             succeeded[i / locks.size()] = false;
     }
@@ -213,10 +206,10 @@ std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
 void XcbHotkeyRegistrar::ungrab(Grab grab)
 {
     for (auto const lock : lockStates())
-        xcb_ungrab_key(m_connection.xcb(), grab.keycode, m_connection.root(), grab.modifiers | lock);
+        xcb_ungrab_key(m_connection.get(), grab.keycode, m_connection.root(), grab.modifiers | lock);
 }
 
-void XcbHotkeyRegistrar::ungrabAll() { xcb_ungrab_key(m_connection.xcb(), XCB_GRAB_ANY, m_connection.root(), XCB_MOD_MASK_ANY); }
+void XcbHotkeyRegistrar::ungrabAll() { xcb_ungrab_key(m_connection.get(), XCB_GRAB_ANY, m_connection.root(), XCB_MOD_MASK_ANY); }
 
 void XcbHotkeyRegistrar::handle(xcb_generic_event_t const& event)
 {
@@ -262,7 +255,6 @@ void XcbHotkeyRegistrar::ownMenuDidClose()
             m_down.set(grab.keycode);
     }
     watchHeldKeys();
-    m_connection.dispatchSoon();
 }
 
 /// Only while such a key is held, which is not for long.
@@ -284,8 +276,8 @@ void XcbHotkeyRegistrar::forgetReleasedKeys()
 
 XcbHotkeyRegistrar::Keycodes XcbHotkeyRegistrar::keysDown() const
 {
-    auto* const xcb = m_connection.xcb();
-    std::unique_ptr<xcb_query_keymap_reply_t, Free> const reply(xcb_query_keymap_reply(xcb, xcb_query_keymap(xcb), nullptr));
+    auto* const xcb = m_connection.get();
+    XReply<xcb_query_keymap_reply_t> const reply(xcb_query_keymap_reply(xcb, xcb_query_keymap(xcb), nullptr));
     Keycodes down;
     for (std::size_t keycode = 0; reply && keycode < down.size(); ++keycode)
         down[keycode] = (reply->keys[keycode / 8] >> (keycode % 8) & 1) != 0;

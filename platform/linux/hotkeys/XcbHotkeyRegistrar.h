@@ -1,9 +1,8 @@
 #pragma once
 
+#include "platform/linux/x11/X11Connection.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/time/Timers.h"
-
-#include <xcb/xcb.h>
 
 #include <bitset>
 #include <cstdint>
@@ -12,11 +11,8 @@
 #include <span>
 #include <vector>
 
-class QObject;
-
 namespace zv {
 
-class XkbConnection;
 class XkbKeyboardLayoutSource;
 
 /// Combinations grabbed from the X server. What a pass asks for is compared with what is
@@ -24,7 +20,7 @@ class XkbKeyboardLayoutSource;
 class XcbHotkeyRegistrar : public HotkeyRegistrar {
 public:
     /// All three outlive this.
-    XcbHotkeyRegistrar(XkbConnection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers);
+    XcbHotkeyRegistrar(X11Connection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers);
     ~XcbHotkeyRegistrar() override;
 
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
@@ -61,7 +57,7 @@ private:
     void forgetReleasedKeys();
     [[nodiscard]] Keycodes keysDown() const;
 
-    XkbConnection& m_connection;
+    X11Connection& m_connection;
     XkbKeyboardLayoutSource& m_keyboard;
     Timers& m_timers;
     std::map<Grab, HotkeyID> m_held;
@@ -70,6 +66,7 @@ private:
     std::uint8_t m_grabbingKey = 0; ///< whose press gave us the keyboard, until it goes up
     std::unique_ptr<Timer> m_watch;
     std::unique_ptr<QObject> m_menuFilter;
+    X11Connection::Token m_events;
 };
 
 } // namespace zv

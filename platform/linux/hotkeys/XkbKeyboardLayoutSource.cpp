@@ -1,12 +1,9 @@
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 
-#include "platform/linux/hotkeys/XkbConnection.h"
-
 #define explicit explicit_
 #include <xcb/xkb.h>
 #undef explicit
 
-#include <cstdlib>
 #include <utility>
 
 namespace zv {
@@ -17,11 +14,12 @@ constexpr std::chrono::milliseconds gatheringTime { 20 };
 
 } // namespace
 
-XkbKeyboardLayoutSource::XkbKeyboardLayoutSource(XkbConnection& connection, Timers& timers)
+XkbKeyboardLayoutSource::XkbKeyboardLayoutSource(X11Connection& connection, XkbExtension xkb, Timers& timers)
     : m_connection(connection)
+    , m_xkb(xkb)
     , m_timers(timers)
+    , m_events(connection.onEvent([this](auto const& event) { handle(event); }))
 {
-    m_connection.addHandler([this](xcb_generic_event_t const& event) { handle(event); });
 }
 
 std::vector<KeyTexts> XkbKeyboardLayoutSource::layers()
@@ -44,7 +42,7 @@ ModifierBits XkbKeyboardLayoutSource::modifiers()
 
 void XkbKeyboardLayoutSource::handle(xcb_generic_event_t const& event)
 {
-    if ((event.response_type & 0x7F) != m_connection.xkbEvent() || !m_isRead || m_pending)
+    if ((event.response_type & 0x7F) != m_xkb.event || !m_isRead || m_pending)
         return;
     m_pending = m_timers.after(gatheringTime, [this] { readAgain(); });
 }
@@ -70,19 +68,18 @@ void XkbKeyboardLayoutSource::ensureRead()
 /// What stood before stays when the server does not answer.
 void XkbKeyboardLayoutSource::read()
 {
-    auto const keymap = XkbKeymap::current(m_connection);
+    auto const keymap = XkbKeymap::current(m_connection.get(), m_xkb.deviceID);
     if (keymap) {
         m_layers = keymap->layers(currentGroup());
         m_keycodes = keymap->keycodes();
         m_modifiers = keymap->modifiers();
     }
-    m_connection.dispatchSoon();
 }
 
 std::uint32_t XkbKeyboardLayoutSource::currentGroup() const
 {
-    auto const cookie = xcb_xkb_get_state(m_connection.xcb(), XCB_XKB_ID_USE_CORE_KBD);
-    std::unique_ptr<xcb_xkb_get_state_reply_t, decltype(&std::free)> const reply(xcb_xkb_get_state_reply(m_connection.xcb(), cookie, nullptr), &std::free);
+    auto const cookie = xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD);
+    XReply<xcb_xkb_get_state_reply_t> const reply(xcb_xkb_get_state_reply(m_connection.get(), cookie, nullptr));
     return reply ? reply->group : 0;
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/linux/hotkeys/XkbExtension.h"
 #include "platform/linux/hotkeys/XkbKeymap.h"
+#include "platform/linux/x11/X11Connection.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 #include "platform/time/Timers.h"
-
-#include <xcb/xcb.h>
 
 #include <cstdint>
 #include <memory>
@@ -13,14 +13,12 @@
 
 namespace zv {
 
-class XkbConnection;
-
 /// The keyboard of the X server: what its keys type, and where they and the modifiers are.
 /// One change of the layout comes as several events, so they are gathered for a moment.
 class XkbKeyboardLayoutSource : public KeyboardLayoutSource {
 public:
-    /// Both outlive this.
-    XkbKeyboardLayoutSource(XkbConnection& connection, Timers& timers);
+    /// Connection and timers outlive this.
+    XkbKeyboardLayoutSource(X11Connection& connection, XkbExtension xkb, Timers& timers);
 
     [[nodiscard]] std::vector<KeyTexts> layers() override;
     /// 0 for a key that this keyboard does not have.
@@ -37,13 +35,15 @@ private:
     void ensureRead();
     [[nodiscard]] std::uint32_t currentGroup() const;
 
-    XkbConnection& m_connection;
+    X11Connection& m_connection;
+    XkbExtension m_xkb;
     Timers& m_timers;
     bool m_isRead = false;
     std::vector<KeyTexts> m_layers;
     XKeycodes m_keycodes {};
     ModifierBits m_modifiers;
     std::unique_ptr<Timer> m_pending;
+    X11Connection::Token m_events;
 };
 
 } // namespace zv

@@ -1,7 +1,6 @@
 #include "platform/linux/hotkeys/XkbKeymap.h"
 
 #include "platform/linux/hotkeys/VirtualKeys.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
@@ -82,12 +81,12 @@ KeyTexts usTexts()
 
 void XkbKeymap::Unref::operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
 
-std::optional<XkbKeymap> XkbKeymap::current(XkbConnection const& connection)
+std::optional<XkbKeymap> XkbKeymap::current(xcb_connection_t* connection, std::int32_t deviceID)
 {
     Context const context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
     if (!context)
         return std::nullopt;
-    auto* keymap = xkb_x11_keymap_new_from_device(context.get(), connection.xcb(), connection.deviceID(), XKB_KEYMAP_COMPILE_NO_FLAGS);
+    auto* keymap = xkb_x11_keymap_new_from_device(context.get(), connection, deviceID, XKB_KEYMAP_COMPILE_NO_FLAGS);
     return keymap ? std::optional(XkbKeymap(keymap)) : std::nullopt;
 }
 

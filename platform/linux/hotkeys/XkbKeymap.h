@@ -8,11 +8,10 @@
 #include <optional>
 #include <vector>
 
+struct xcb_connection_t;
 struct xkb_keymap;
 
 namespace zv {
-
-class XkbConnection;
 
 /// The bits of the core protocol that the modifiers have on this keyboard; 0 for none.
 struct ModifierBits {
@@ -29,7 +28,7 @@ using XKeycodes = std::array<std::uint8_t, keyCodeCount>;
 class XkbKeymap {
 public:
     /// Nothing when the server does not answer.
-    [[nodiscard]] static std::optional<XkbKeymap> current(XkbConnection const& connection);
+    [[nodiscard]] static std::optional<XkbKeymap> current(xcb_connection_t* connection, std::int32_t deviceID);
     /// From the names of layouts, such as "us,ru"; null for those of the environment.
     [[nodiscard]] static std::optional<XkbKeymap> named(char const* layouts);
 

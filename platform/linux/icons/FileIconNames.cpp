@@ -3,6 +3,7 @@
 #include "base/Url.h"
 #include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/machine/DesktopVolumes.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/text/Text.h"
 
 #include <gio/gio.h>
@@ -65,14 +66,13 @@ FileIconNames folderIcon(std::string const& path)
 std::vector<std::string> namesOfType(gchar const* contentType)
 {
     std::vector<std::string> names;
-    auto* const icon = g_content_type_get_icon(contentType);
-    if (G_IS_THEMED_ICON(icon)) {
-        for (auto const* const* name = g_themed_icon_get_names(G_THEMED_ICON(icon)); *name; ++name) {
+    GObjectRef<GIcon> const icon(g_content_type_get_icon(contentType));
+    if (G_IS_THEMED_ICON(icon.get())) {
+        for (auto const* const* name = g_themed_icon_get_names(G_THEMED_ICON(icon.get())); *name; ++name) {
             if (!std::string_view(*name).ends_with("-symbolic"))
                 names.emplace_back(*name);
         }
     }
-    g_object_unref(icon);
     names.emplace_back("text-x-generic");
     return names;
 }
@@ -80,10 +80,8 @@ std::vector<std::string> namesOfType(gchar const* contentType)
 FileIconNames iconByName(std::string const& path)
 {
     auto const name = withValidUtf8(lastPathComponent(path));
-    auto* const type = g_content_type_guess(name.c_str(), nullptr, 0, nullptr);
-    FileIconNames const icon { namesOfType(type), {}, IconShape::document };
-    g_free(type);
-    return icon;
+    GString8 const type(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    return { namesOfType(type.get()), {}, IconShape::document };
 }
 
 /// Some entries give a theme icon's name an extension.
@@ -100,7 +98,7 @@ std::optional<FileIconNames> applicationIcon(std::string const& path)
 {
     if (!path.ends_with(".desktop"))
         return std::nullopt;
-    auto const entry = readApplicationEntry(path, {});
+    auto const entry = readApplicationEntry(path, {}, { userLanguages(), {} });
     if (!entry)
         return std::nullopt;
     FileIconNames icon { { "application-x-executable" }, {}, IconShape::application };

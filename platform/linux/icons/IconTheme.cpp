@@ -1,19 +1,15 @@
 #include "platform/linux/icons/IconTheme.h"
 
-#include <gio/gio.h>
+#include "platform/linux/posix/GObjects.h"
+#include "platform/linux/x11/XReply.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
 
-#include <xcb/xcb.h>
-
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <iterator>
-#include <memory>
 #include <optional>
 
 namespace zv {
@@ -23,10 +19,6 @@ namespace {
 constexpr auto iconThemeSetting = "Net/IconThemeName";
 constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
-
-struct Freed {
-    void operator()(void* reply) const { std::free(reply); } // NOLINT: how xcb allocates
-};
 
 /// Reads the published settings front to back; stops at the first thing that is cut off.
 class SettingsReader {
@@ -70,7 +62,7 @@ private:
 std::optional<xcb_atom_t> atomNamed(xcb_connection_t* connection, std::string const& name)
 {
     auto const cookie = xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.c_str());
-    std::unique_ptr<xcb_intern_atom_reply_t, Freed> const reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    XReply<xcb_intern_atom_reply_t> const reply(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply && reply->atom != XCB_ATOM_NONE ? std::optional(reply->atom) : std::nullopt;
 }
 
@@ -81,33 +73,21 @@ std::string publishedSettings(xcb_connection_t* connection)
     auto const property = atomNamed(connection, "_XSETTINGS_SETTINGS");
     if (!selection || !property)
         return {};
-    std::unique_ptr<xcb_get_selection_owner_reply_t, Freed> const owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, *selection), nullptr));
+    XReply<xcb_get_selection_owner_reply_t> const owner(xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, *selection), nullptr));
     if (!owner || owner->owner == XCB_WINDOW_NONE)
         return {};
     auto const cookie = xcb_get_property(connection, 0, owner->owner, *property, *property, 0, longestSettings);
-    std::unique_ptr<xcb_get_property_reply_t, Freed> const value(xcb_get_property_reply(connection, cookie, nullptr));
-    if (!value || value->format != 8)
-        return {};
-    return { static_cast<char const*>(xcb_get_property_value(value.get())), static_cast<std::size_t>(xcb_get_property_value_length(value.get())) };
+    return std::string(bytesOf(XProperty(xcb_get_property_reply(connection, cookie, nullptr))));
 }
 
 std::string storedInGSettings()
 {
     auto* const source = g_settings_schema_source_get_default();
-    auto* const schema = source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr;
-    if (!schema)
+    GObjectRef<GSettingsSchema> const schema(source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr);
+    if (!schema || !g_settings_schema_has_key(schema.get(), "icon-theme"))
         return {};
-    std::string name;
-    if (g_settings_schema_has_key(schema, "icon-theme")) {
-        auto* const settings = g_settings_new_full(schema, nullptr, nullptr);
-        auto* const value = g_settings_get_string(settings, "icon-theme");
-        name = value;
-        g_free(value);
-        g_object_unref(settings);
-    }
-    g_settings_schema_unref(schema);
-    return name;
+    GObjectRef<GSettings> const settings(g_settings_new_full(schema.get(), nullptr, nullptr));
+    return taken(g_settings_get_string(settings.get(), "icon-theme"));
 }
 
 bool isInstalled(QString const& theme, QStringList const& folders)
@@ -146,22 +126,16 @@ std::string xSetting(std::string_view settings, std::string_view name)
 
 std::string iniValue(std::string const& path, char const* group, char const* key)
 {
-    auto* const file = g_key_file_new();
-    gchar* value = nullptr;
-    if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr))
-        value = g_key_file_get_string(file, group, key, nullptr);
-    std::string const text = value ? value : "";
-    g_free(value);
-    g_key_file_unref(file);
-    return text;
+    GObjectRef<GKeyFile> const file(g_key_file_new());
+    bool const isReadable = g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr) != FALSE;
+    return isReadable ? taken(g_key_file_get_string(file.get(), group, key, nullptr)) : "";
 }
 
-QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders)
+QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder)
 {
-    std::string const config = g_get_user_config_dir();
     std::vector<std::string> candidates
-        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(config + "/kdeglobals", "Icons", "Theme"),
-              iniValue(config + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings() };
+        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(configFolder + "/kdeglobals", "Icons", "Theme"),
+              iniValue(configFolder + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings() };
     candidates.insert(candidates.end(), std::begin(usualThemes), std::end(usualThemes));
     for (auto const& candidate : candidates) {
         if (auto const theme = QString::fromStdString(candidate); isInstalled(theme, folders))
@@ -170,14 +144,14 @@ QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folder
     return {};
 }
 
-void adoptDesktopIconTheme()
+void adoptDesktopIconTheme(std::string const& configFolder)
 {
     auto const current = QIcon::themeName();
     auto const folders = QIcon::themeSearchPaths();
     if (current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (auto const theme = desktopIconTheme(x11 ? x11->connection() : nullptr, folders); !theme.isEmpty())
+    if (auto const theme = desktopIconTheme(x11 ? x11->connection() : nullptr, folders, configFolder); !theme.isEmpty())
         QIcon::setThemeName(theme);
 }
 

@@ -17,11 +17,12 @@ namespace zv {
 [[nodiscard]] std::string iniValue(std::string const& path, char const* group, char const* key);
 
 /// The theme that the desktop publishes (on the X server, where there is one) or has stored,
-/// else a usual one; empty when none of them is installed in the folders.
-[[nodiscard]] QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders);
+/// else a usual one; empty when none of them is installed in the folders. `configFolder` is
+/// the user's.
+[[nodiscard]] QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder);
 
 /// Makes Qt use the desktop's icon theme where its platform plugin knows of none: call
 /// it once, after the application was made.
-void adoptDesktopIconTheme();
+void adoptDesktopIconTheme(std::string const& configFolder);
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "platform/linux/icons/LaurelIcon.h"
 
 #include "platform/linux/icons/Laurel.h"
+#include "platform/linux/toolkit/BusStructures.h"
 
 #include <QCoreApplication>
 #include <QDBusMetaType>
@@ -51,36 +52,21 @@ bool isInstalled()
 
 } // namespace
 
-QDBusArgument& operator<<(QDBusArgument& argument, StatusPixmap const& pixmap)
-{
-    argument.beginStructure();
-    argument << pixmap.width << pixmap.height << pixmap.pixels;
-    argument.endStructure();
-    return argument;
-}
+QDBusArgument& operator<<(QDBusArgument& argument, StatusPixmap const& pixmap) { return writeStructure(argument, pixmap.width, pixmap.height, pixmap.pixels); }
 
 QDBusArgument const& operator>>(QDBusArgument const& argument, StatusPixmap& pixmap)
 {
-    argument.beginStructure();
-    argument >> pixmap.width >> pixmap.height >> pixmap.pixels;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, pixmap.width, pixmap.height, pixmap.pixels);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, StatusToolTip const& toolTip)
 {
-    argument.beginStructure();
-    argument << toolTip.iconName << toolTip.pixmaps << toolTip.title << toolTip.text;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
 }
 
 QDBusArgument const& operator>>(QDBusArgument const& argument, StatusToolTip& toolTip)
 {
-    argument.beginStructure();
-    argument >> toolTip.iconName >> toolTip.pixmaps >> toolTip.title >> toolTip.text;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
 }
 
 void registerStatusPixmapTypes()

@@ -1,34 +1,25 @@
 #include "platform/linux/install/AutostartLoginService.h"
 
+#include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/ExecLine.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <glib.h>
-#include <memory>
 #include <system_error>
 
 namespace zv {
 
 namespace {
 
-constexpr char const* group = "Desktop Entry";
-
-struct KeyFileDeleter {
-    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
-};
-
 LoginService::Error errorFor(std::error_code code) { return { code.value(), "The autostart entry could not be changed: " + code.message() + "." }; }
 
-bool isTrue(GKeyFile* file, char const* key) { return g_key_file_get_boolean(file, group, key, nullptr) != FALSE; }
-
-bool isSwitchedOff(GKeyFile* file)
+bool isSwitchedOff(DesktopEntry const& entry)
 {
     constexpr char const* gnomeKey = "X-GNOME-Autostart-enabled";
-    bool const gnomeOff = g_key_file_has_key(file, group, gnomeKey, nullptr) && !isTrue(file, gnomeKey);
-    return gnomeOff || isTrue(file, "Hidden");
+    return (entry.has(gnomeKey) && !entry.flag(gnomeKey)) || entry.flag("Hidden");
 }
 
 std::string entryText(std::string const& program)
@@ -45,10 +36,11 @@ std::string AutostartLoginService::entryPath() const { return folder() + "/org.z
 
 LoginService::Status AutostartLoginService::status() const
 {
-    std::unique_ptr<GKeyFile, KeyFileDeleter> const file(g_key_file_new());
-    if (!g_key_file_load_from_file(file.get(), entryPath().c_str(), G_KEY_FILE_NONE, nullptr))
+    auto const text = readTextFile(entryPath()).value_or("");
+    DesktopEntry const entry(text);
+    if (!entry.isThere())
         return Status::notRegistered;
-    return isSwitchedOff(file.get()) ? Status::requiresApproval : Status::enabled;
+    return isSwitchedOff(entry) ? Status::requiresApproval : Status::enabled;
 }
 
 std::optional<LoginService::Error> AutostartLoginService::registerService()

@@ -1,17 +1,17 @@
 #include "platform/linux/install/LinuxInstallation.h"
 
 #include "platform/linux/entries/ExecLine.h"
+#include "platform/linux/files/MountTable.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <sstream>
 #include <string_view>
 #include <system_error>
 #include <unistd.h>
@@ -21,68 +21,6 @@ namespace zv {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// What /proc/self/mountinfo says of the mount that a path lies on.
-struct Mount {
-    std::string point;
-    std::string type;
-    std::string source;
-    bool isReadOnly = false;
-};
-
-bool liesWithin(std::string_view path, std::string_view folder)
-{
-    if (folder == "/")
-        return true;
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
-/// Blanks, tabs, line feeds and backslashes stand as octal escapes there.
-std::string unescaped(std::string_view text)
-{
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\\' || text.size() - i < 4) {
-            plain += text[i];
-            continue;
-        }
-        plain += static_cast<char>(std::strtol(std::string(text.substr(i + 1, 3)).c_str(), nullptr, 8));
-        i += 3;
-    }
-    return plain;
-}
-
-/// Fields: id, parent, device, root, mount point, options, … "-", type, source, super options.
-std::optional<Mount> parseMount(std::string const& line)
-{
-    std::istringstream stream(line);
-    std::string field;
-    std::array<std::string, 6> head;
-    for (auto& value : head)
-        stream >> value;
-    while (stream >> field && field != "-") { }
-    Mount mount;
-    std::string superOptions;
-    if (!(stream >> mount.type >> mount.source))
-        return std::nullopt;
-    stream >> superOptions;
-    mount.point = unescaped(head[4]);
-    auto const isReadOnly = [](std::string const& options) { return options == "ro" || options.starts_with("ro,"); };
-    mount.isReadOnly = isReadOnly(head[5]) || isReadOnly(superOptions);
-    return mount;
-}
-
-std::optional<Mount> mountOf(std::string const& path, std::string const& mountInfo)
-{
-    std::ifstream stream(mountInfo);
-    std::optional<Mount> best;
-    for (std::string line; std::getline(stream, line);) {
-        auto mount = parseMount(line);
-        if (mount && liesWithin(path, mount->point) && (!best || mount->point.size() >= best->point.size()))
-            best = std::move(mount);
-    }
-    return best;
-}
 
 bool isImage(Mount const& mount)
 {
@@ -94,7 +32,7 @@ bool isImage(Mount const& mount)
 bool isManaged(std::string const& path)
 {
     static constexpr std::array<std::string_view, 7> managed { "/usr", "/opt", "/nix", "/gnu", "/snap", "/app", "/bin" };
-    return std::any_of(managed.begin(), managed.end(), [&](auto folder) { return liesWithin(path, folder); });
+    return std::any_of(managed.begin(), managed.end(), [&](auto folder) { return isAtOrBelow(path, folder); });
 }
 
 /// Beside what the build system just made: nobody's installation.
@@ -126,15 +64,16 @@ Url LinuxInstallation::runningBundle(Environment const& environment)
 RelocationSource LinuxInstallation::source(Url const& bundle) const
 {
     auto const path = bundle.path();
-    bool const isInPlace = liesWithin(path, m_options.systemFolder) || liesWithin(path, m_options.userFolder);
+    bool const isInPlace = isAtOrBelow(path, m_options.systemFolder) || isAtOrBelow(path, m_options.userFolder);
     if (isInPlace || isManaged(path) || isBuildTree(path))
         return RelocationSource::none;
     if (m_options.isMountedAppImage)
         return RelocationSource::diskImage;
-    auto const mount = mountOf(path, m_options.mountInfo);
+    MountTable const mounts(readTextFile(m_options.mountInfo).value_or(""));
+    auto const* const mount = mounts.mountOf(path);
     if (mount && isImage(*mount))
         return RelocationSource::diskImage;
-    bool const isTemporary = liesWithin(path, m_options.temporaryFolder) || liesWithin(path, "/var/tmp") || liesWithin(path, "/run");
+    bool const isTemporary = isAtOrBelow(path, m_options.temporaryFolder) || isAtOrBelow(path, "/var/tmp") || isAtOrBelow(path, "/run");
     return isTemporary || (mount && mount->isReadOnly) ? RelocationSource::temporaryPlace : RelocationSource::none;
 }
 
@@ -203,7 +142,7 @@ MaybeFailure<> LinuxInstallation::copyResources(Url const& installed) const
 
 MaybeFailure<> LinuxInstallation::writeEntry(Url const& installed) const
 {
-    bool const forAll = liesWithin(installed.path(), m_options.systemFolder);
+    bool const forAll = isAtOrBelow(installed.path(), m_options.systemFolder);
     fs::path const folder = forAll ? m_options.systemApplications : m_options.userApplications;
     std::error_code code;
     fs::create_directories(folder, code);

@@ -1,5 +1,7 @@
 #include "platform/linux/install/LinuxPackageOrigin.h"
 
+#include "platform/linux/posix/OsRelease.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -34,17 +36,6 @@ std::optional<std::string> LinuxPackageOrigin::owningPackage() const
     return isKept && !hasDpkg ? std::optional<std::string>("zanthe-vell") : std::nullopt;
 }
 
-std::string LinuxPackageOrigin::systemVersion() const
-{
-    std::ifstream stream(m_osRelease);
-    for (std::string line; std::getline(stream, line);) {
-        if (!line.starts_with("VERSION_ID="))
-            continue;
-        auto version = line.substr(11);
-        std::erase_if(version, [](char c) { return c == '"' || c == '\''; });
-        return version;
-    }
-    return {};
-}
+std::string LinuxPackageOrigin::systemVersion() const { return readOsRelease(m_osRelease)["VERSION_ID"]; }
 
 } // namespace zv

@@ -1,8 +1,7 @@
 #include "platform/linux/machine/DesktopRecentServers.h"
 
+#include "base/Split.h"
 #include "platform/linux/apps/RecentlyUsedFile.h"
-
-#include <glib.h>
 
 #include <algorithm>
 #include <array>
@@ -35,22 +34,18 @@ FileReading addBookmarkLines(std::vector<RecentServer>& servers, std::string con
         text += piece;
         return text.size() < std::size_t { 1 } << 20;
     });
-    for (std::size_t start = 0; start < text.size();) {
-        auto const end = std::min(text.find('\n', start), text.size());
-        auto const line = std::string_view(text).substr(start, end - start);
+    for (auto const line : split(text, '\n')) {
         if (auto const url = Url::parse(line.substr(0, line.find(' '))); url && mayBeServer(*url))
             servers.push_back({ *url });
-        start = end + 1;
     }
     return reading;
 }
 
 } // namespace
 
-DesktopRecentServers::Files DesktopRecentServers::standardFiles()
+DesktopRecentServers::Files DesktopRecentServers::Files::of(XdgDirectories const& user)
 {
-    std::string const config = g_get_user_config_dir();
-    return { std::string(g_get_user_data_dir()) + "/recently-used.xbel", config + "/gtk-3.0/bookmarks", config + "/gtk-3.0/servers" };
+    return { user.recentlyUsedFile(), user.config + "/gtk-3.0/bookmarks", user.config + "/gtk-3.0/servers" };
 }
 
 DesktopRecentServers::DesktopRecentServers(Tasks& tasks, Files files)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Lifetime.h"
+#include "platform/linux/posix/XdgDirectories.h"
 #include "platform/lists/RecentServers.h"
 #include "platform/time/Tasks.h"
 
@@ -16,8 +17,9 @@ public:
         std::string recentlyUsed; ///< recently-used.xbel
         std::string bookmarks; ///< gtk-3.0/bookmarks: "sftp://host/folder Label" a line
         std::string servers; ///< gtk-3.0/servers, an XBEL file as well
+
+        [[nodiscard]] static Files of(XdgDirectories const& user);
     };
-    [[nodiscard]] static Files standardFiles();
 
     /// `tasks` outlives this.
     DesktopRecentServers(Tasks& tasks, Files files);

@@ -1,13 +1,14 @@
 #include "platform/linux/machine/DesktopVolumes.h"
 
-#include <gio/gio.h>
+#include "platform/linux/posix/FolderStream.h"
+#include "platform/linux/posix/GObjects.h"
+
 #include <gio/gunixmounts.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <climits>
-#include <dirent.h>
 #include <unistd.h>
 #include <utility>
 
@@ -57,13 +58,6 @@ std::string labelOf(Mount const& mount, DeviceLabels const& labels)
     return found == labels.end() ? std::string() : found->second;
 }
 
-std::string owned(gchar* text)
-{
-    std::string const copy = text ? text : "";
-    g_free(text);
-    return copy;
-}
-
 } // namespace
 
 bool isUserVolume(Mount const& mount)
@@ -92,18 +86,15 @@ std::vector<Volume> userVolumes(MountTable const& mounts, DeviceLabels const& la
 DeviceLabels readDeviceLabels(std::string const& folder)
 {
     DeviceLabels labels;
-    auto* const directory = opendir(folder.c_str());
-    if (!directory)
-        return labels;
-    while (auto const* item = readdir(directory)) {
+    FolderStream const stream(opendir(folder.c_str()));
+    while (auto const* item = stream ? readdir(stream.get()) : nullptr) {
         std::array<char, PATH_MAX> target {};
-        auto const length = readlinkat(dirfd(directory), item->d_name, target.data(), target.size());
+        auto const length = readlinkat(dirfd(stream.get()), item->d_name, target.data(), target.size());
         if (length <= 0)
             continue;
         std::string const device(target.data(), static_cast<std::size_t>(length));
         labels["/dev/" + device.substr(device.rfind('/') + 1)] = unescapedLabel(item->d_name);
     }
-    closedir(directory);
     return labels;
 }
 
@@ -113,13 +104,10 @@ struct DesktopVolumes::Monitor {
         : monitor(m)
     {
     }
-    ~Monitor() { g_object_unref(monitor); }
-    Monitor(Monitor const&) = delete;
-    Monitor& operator=(Monitor const&) = delete;
 
     void addTo(std::vector<Volume>& volumes) const
     {
-        auto* const mounts = g_volume_monitor_get_mounts(monitor);
+        auto* const mounts = g_volume_monitor_get_mounts(monitor.get());
         for (auto* node = mounts; node; node = node->next) {
             auto* const mount = static_cast<GMount*>(node->data);
             if (!g_mount_is_shadowed(mount))
@@ -131,19 +119,18 @@ struct DesktopVolumes::Monitor {
 private:
     static void add(std::vector<Volume>& volumes, GMount* mount)
     {
-        auto* const root = g_mount_get_root(mount);
-        auto const url = Url::parse(owned(g_file_get_uri(root)));
-        g_object_unref(root);
+        GObjectRef<GFile> const root(g_mount_get_root(mount));
+        auto const url = Url::parse(taken(g_file_get_uri(root.get())));
         if (!url)
             return;
         auto const known = std::find_if(volumes.begin(), volumes.end(), [&](auto const& volume) { return volume.root == *url; });
         if (known == volumes.end())
-            volumes.push_back({ *url, owned(g_mount_get_name(mount)) });
+            volumes.push_back({ *url, taken(g_mount_get_name(mount)) });
         else if (known->label.empty() && !known->isBoot)
-            known->label = owned(g_mount_get_name(mount));
+            known->label = taken(g_mount_get_name(mount));
     }
 
-    GVolumeMonitor* monitor;
+    GObjectRef<GVolumeMonitor> monitor;
 };
 
 DesktopVolumes::DesktopVolumes(Tasks& tasks, Timers& timers)

@@ -1,6 +1,6 @@
 #include "platform/linux/machine/LinuxComputerInfo.h"
 
-#include "platform/linux/machine/OsRelease.h"
+#include "platform/linux/posix/OsRelease.h"
 #include "platform/text/Text.h"
 
 #include <sys/utsname.h>

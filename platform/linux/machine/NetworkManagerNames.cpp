@@ -21,26 +21,15 @@ public:
         , m_deadline(deadline)
     {
     }
-    /// The property's value; null when there is none, or when it is of another type.
-    [[nodiscard]] GVariantRef property(std::string const& path, char const* interface, char const* name, char const* type) const
-    {
-        auto const reply = m_bus.call({ service, path.c_str(), "org.freedesktop.DBus.Properties" }, "Get", g_variant_new("(ss)", interface, name), m_deadline,
-            "(v)", BusConnection::Starting::forbidden);
-        if (!reply)
-            return nullptr;
-        GVariantRef const boxed(g_variant_get_child_value(reply->get(), 0));
-        GVariantRef value(g_variant_get_variant(boxed.get()));
-        return g_variant_is_of_type(value.get(), G_VARIANT_TYPE(type)) ? std::move(value) : nullptr;
-    }
     [[nodiscard]] std::string text(std::string const& path, char const* interface, char const* name) const
     {
-        auto const value = property(path, interface, name, "s");
+        auto const value = m_bus.property({ service, path.c_str(), interface }, name, "s", m_deadline);
         return value ? g_variant_get_string(value.get(), nullptr) : "";
     }
     [[nodiscard]] std::vector<std::string> paths(std::string const& path, char const* interface, char const* name) const
     {
         std::vector<std::string> found;
-        auto const value = property(path, interface, name, "ao");
+        auto const value = m_bus.property({ service, path.c_str(), interface }, name, "ao", m_deadline);
         auto const count = value ? std::min(g_variant_n_children(value.get()), mostConnections) : 0;
         for (gsize i = 0; i < count; ++i) {
             GVariantRef const child(g_variant_get_child_value(value.get(), i));

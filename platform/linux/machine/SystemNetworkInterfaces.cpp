@@ -1,6 +1,7 @@
 #include "platform/linux/machine/SystemNetworkInterfaces.h"
 
-#include "platform/linux/posix/SmallFiles.h"
+#include "base/Split.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -54,10 +55,8 @@ std::string bestDefault(std::string_view table, RouteColumns const& columns)
 {
     std::optional<unsigned long> bestMetric;
     std::string best;
-    while (!table.empty()) {
-        auto const end = std::min(table.find('\n'), table.size());
-        auto const fields = words(table.substr(0, end));
-        table.remove_prefix(std::min(end + 1, table.size()));
+    for (auto const line : split(table, '\n')) {
+        auto const fields = words(line);
         if (fields.size() < 8 || fields.size() <= columns.interface || !isZero(fields[columns.destination]) || !isZero(fields[columns.prefix]))
             continue;
         auto const flags = number(fields[columns.flags], 16);
@@ -100,7 +99,7 @@ std::vector<InterfaceAddress> currentAddresses(std::string const& systemBus)
     if (getifaddrs(&list) != 0)
         return {};
     std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> const owned(list, freeifaddrs);
-    auto const route = defaultRouteInterface(readSmallFile("/proc/net/route").value_or(""), readSmallFile("/proc/net/ipv6_route").value_or(""));
+    auto const route = defaultRouteInterface(readTextFile("/proc/net/route").value_or(""), readTextFile("/proc/net/ipv6_route").value_or(""));
     return addressesIn(list, route, networkManagerNames(systemBus));
 }
 

@@ -3,8 +3,6 @@
 #include "platform/linux/overlay/X11OverlayPanels.h"
 #include "platform/linux/overlay/X11PointerMonitor.h"
 #include "platform/linux/overlay/X11WorkspaceEvents.h"
-#include "platform/linux/toolkit/CommandApplication.h"
-#include "platform/linux/toolkit/DisplayServer.h"
 
 #include <QGuiApplication>
 
@@ -40,19 +38,19 @@ private:
 
 } // namespace
 
-std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make()
+std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make(SessionKind session)
 {
-    bool const canBeX = !isWaylandSession() && QGuiApplication::platformName() == QLatin1String("xcb");
+    bool const canBeX = session == SessionKind::x11 && QGuiApplication::platformName() == QLatin1String("xcb");
     auto x = canBeX ? X11Connection::open() : nullptr;
     if (!x)
         return nullptr;
+    x->watchRoot();
     return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
 }
 
-OverlaySupport OverlayFrontEnd::support()
+OverlaySupport OverlayFrontEnd::support(SessionKind session)
 {
-    CommandApplication const application;
-    auto const x = isWaylandSession() ? nullptr : X11Connection::open();
+    auto const x = session == SessionKind::wayland ? nullptr : X11Connection::open();
     if (!x)
         return OverlaySupport::none;
     X11Screens const screens(*x, 1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/doctor/OverlayCheck.h"
+#include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/menubar/Presence.h"
 
 #include <memory>
@@ -11,9 +12,9 @@ namespace zv {
 class OverlayFrontEnd {
 public:
     /// Null where the desktop gives no program a place on its panel, as on Wayland.
-    [[nodiscard]] static std::unique_ptr<OverlayFrontEnd> make();
-    /// What there would be, found out without making it; for `doctor`.
-    [[nodiscard]] static OverlaySupport support();
+    [[nodiscard]] static std::unique_ptr<OverlayFrontEnd> make(SessionKind session);
+    /// What there would be, found out without making it; for `doctor`. Takes an application object.
+    [[nodiscard]] static OverlaySupport support(SessionKind session);
     virtual ~OverlayFrontEnd() = default;
 
     [[nodiscard]] virtual OverlaySeams seams() = 0;

@@ -20,10 +20,7 @@ XReply<Reply> wait(Reply* (*function)(xcb_connection_t*, Cookie, xcb_generic_err
     return XReply<Reply>(function(x.get(), cookie, nullptr));
 }
 
-std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_cookie_t cookie)
-{
-    return wordsOf(wait(xcb_get_property_reply, x, cookie).get());
-}
+std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_cookie_t cookie) { return wordsOf(wait(xcb_get_property_reply, x, cookie)); }
 
 } // namespace
 

@@ -1,7 +1,5 @@
 #include "platform/linux/posix/WholeFiles.h"
 
-#include "platform/linux/posix/FileDescriptor.h"
-
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -15,8 +13,10 @@ namespace zv {
 namespace {
 
 constexpr mode_t permissionBits = 07777;
+constexpr std::size_t pieceSize = std::size_t { 64 } << 10;
+constexpr int notPlain = -1; ///< beside the system's error numbers
 
-Failure<std::string> failureOf(int error) { return { systemMessage(error) }; }
+std::string sentenceOf(int error) { return error == notPlain ? "Not a regular file" : systemMessage(error); }
 
 ssize_t readSome(int descriptor, std::span<std::byte> into)
 {
@@ -27,20 +27,23 @@ ssize_t readSome(int descriptor, std::span<std::byte> into)
     return count;
 }
 
-/// Reads on when the file grew meanwhile, but never beyond `mostBytes`.
-Result<std::vector<std::byte>> readToEnd(int descriptor, std::size_t expected, std::size_t mostBytes)
+/// Reads on when the file grew meanwhile, but never beyond `mostBytes`. Files of the kernel say that they are empty.
+template <class Bytes> Result<Bytes, int> readToEnd(PlainFile const& file, std::size_t mostBytes)
 {
-    std::vector<std::byte> bytes(expected + 1);
+    if (file.size > mostBytes)
+        return Failure { EFBIG };
+    Bytes bytes;
+    bytes.resize(file.size > 0 ? file.size + 1 : pieceSize);
     std::size_t size = 0;
     while (true) {
-        auto const count = readSome(descriptor, std::span(bytes).subspan(size));
+        auto const count = readSome(file.descriptor.get(), std::as_writable_bytes(std::span(bytes)).subspan(size));
         if (count < 0)
-            return failureOf(errno);
+            return Failure { errno };
         if (count == 0)
             break;
         size += static_cast<std::size_t>(count);
         if (size > mostBytes)
-            return failureOf(EFBIG);
+            return Failure { EFBIG };
         if (size == bytes.size())
             bytes.resize(size * 2);
     }
@@ -110,18 +113,56 @@ std::string followingLink(std::string const& path)
     return ::realpath(path.c_str(), target) ? target : path;
 }
 
-Result<std::vector<std::byte>> readWholeFile(std::string const& path, std::size_t mostBytes)
+Result<PlainFile, int> openPlainFile(char const* path, int folder, int moreFlags)
 {
-    FileDescriptor const file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    FileDescriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | moreFlags));
     struct stat status { };
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
-        return failureOf(errno);
+        return Failure { errno };
     if (!S_ISREG(status.st_mode))
-        return S_ISDIR(status.st_mode) ? failureOf(EISDIR) : Failure { std::string("Not a regular file") };
-    auto const size = static_cast<std::size_t>(status.st_size);
-    if (size > mostBytes)
-        return failureOf(EFBIG);
-    return readToEnd(file.get(), size, mostBytes);
+        return Failure { S_ISDIR(status.st_mode) ? EISDIR : notPlain };
+    return PlainFile { std::move(file), static_cast<std::size_t>(status.st_size) };
+}
+
+Result<std::vector<std::byte>> readWholeFile(std::string const& path, std::size_t mostBytes)
+{
+    auto const file = openPlainFile(path.c_str());
+    auto bytes = file ? readToEnd<std::vector<std::byte>>(*file, mostBytes) : Failure { file.error() };
+    if (!bytes)
+        return Failure { sentenceOf(bytes.error()) };
+    return std::move(bytes).value();
+}
+
+std::optional<std::string> readText(PlainFile const& file, std::size_t mostBytes)
+{
+    auto text = readToEnd<std::string>(file, mostBytes);
+    return text ? std::optional(std::move(text).value()) : std::nullopt;
+}
+
+std::optional<std::string> readTextFile(std::string const& path, std::size_t mostBytes)
+{
+    auto const file = openPlainFile(path.c_str());
+    return file ? readText(*file, mostBytes) : std::nullopt;
+}
+
+FileReading readInPieces(PlainFile const& file, std::function<bool(std::string_view)> const& take, std::size_t most)
+{
+    std::string buffer(most, '\0');
+    while (true) {
+        auto const count = readSome(file.descriptor.get(), std::as_writable_bytes(std::span(buffer)));
+        if (count < 0)
+            return FileReading::failed;
+        if (count == 0 || !take({ buffer.data(), static_cast<std::size_t>(count) }))
+            return FileReading::complete;
+    }
+}
+
+FileReading readInPieces(std::string const& path, std::function<bool(std::string_view)> const& take)
+{
+    auto const file = openPlainFile(path.c_str());
+    if (!file)
+        return file.error() == ENOENT || file.error() == ENOTDIR ? FileReading::missing : FileReading::failed;
+    return readInPieces(*file, take, pieceSize);
 }
 
 MaybeFailure<> makeFolders(std::string const& path, mode_t mode)

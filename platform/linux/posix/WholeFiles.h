@@ -1,14 +1,20 @@
 #pragma once
 
 #include "base/Result.h"
+#include "platform/linux/posix/FileDescriptor.h"
 
 #include <cstddef>
+#include <fcntl.h>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <sys/types.h>
 #include <vector>
 
-/// Files read and written as a whole. Failures are the system's own sentence. Any thread.
+/// Files read and written as a whole. Pipes and devices that stand in a file's place are
+/// refused instead of waited for. Failures are the system's own sentence. Any thread.
 namespace zv {
 
 /// The system's sentence for an error number.
@@ -18,9 +24,24 @@ namespace zv {
 /// Where the path leads when it is a symbolic link that is not broken; else the path itself.
 [[nodiscard]] std::string followingLink(std::string const& path);
 
-/// Plain files only: pipes and devices are refused instead of waited for. What is larger
-/// than `mostBytes` is refused before a byte of it is read.
+/// What is larger than `mostBytes` is refused before a byte of it is read.
 [[nodiscard]] Result<std::vector<std::byte>> readWholeFile(std::string const& path, std::size_t mostBytes);
+/// Nothing when it cannot be read, or is larger than `mostBytes`.
+[[nodiscard]] std::optional<std::string> readTextFile(std::string const& path, std::size_t mostBytes = std::size_t { 8 } << 20);
+
+enum class FileReading { complete, missing, failed };
+/// Hands the file on piece by piece until its end, or until `take` returns false.
+[[nodiscard]] FileReading readInPieces(std::string const& path, std::function<bool(std::string_view)> const& take);
+
+/// A file that is open for reading.
+struct PlainFile {
+    FileDescriptor descriptor;
+    std::size_t size = 0;
+};
+/// A relative path begins at `folder`. Else the number of the error.
+[[nodiscard]] Result<PlainFile, int> openPlainFile(char const* path, int folder = AT_FDCWD, int moreFlags = 0);
+[[nodiscard]] std::optional<std::string> readText(PlainFile const& file, std::size_t mostBytes);
+[[nodiscard]] FileReading readInPieces(PlainFile const& file, std::function<bool(std::string_view)> const& take, std::size_t most);
 
 /// Makes the folder and its missing parents; an existing folder is fine.
 [[nodiscard]] MaybeFailure<> makeFolders(std::string const& path, mode_t mode);

@@ -1,8 +1,8 @@
 #include "platform/linux/posix/XdgDirectories.h"
 
-#include "base/Url.h"
+#include "base/Split.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <pwd.h>
 #include <string_view>
 #include <unistd.h>
@@ -21,23 +21,31 @@ std::string homeOfAccount()
     return "/";
 }
 
-std::string absolutePath(std::string_view value) { return value.starts_with('/') ? std::string(withoutTrailingSlashes(value)) : std::string(); }
+/// Without the slashes that say nothing: equal places are equal texts. Empty for what is not absolute.
+std::string absolutePath(std::string_view value)
+{
+    if (!value.starts_with('/'))
+        return {};
+    std::string path;
+    for (auto const component : split(value, '/'))
+        path += "/" + std::string(component);
+    return path.empty() ? "/" : path;
+}
 
 std::vector<std::string> absolutePaths(std::string_view list)
 {
     std::vector<std::string> paths;
-    while (!list.empty()) {
-        auto const end = list.find(':');
-        if (auto path = absolutePath(list.substr(0, end)); !path.empty())
+    for (auto const value : split(list, ':')) {
+        auto path = absolutePath(value);
+        if (!path.empty() && std::ranges::find(paths, path) == paths.end())
             paths.push_back(std::move(path));
-        list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
     }
     return paths;
 }
 
 class Reader {
 public:
-    explicit Reader(XdgDirectories::Environment const& environment)
+    explicit Reader(Environment const& environment)
         : m_environment(environment)
         , m_home(path("HOME", homeOfAccount()))
     {
@@ -60,19 +68,15 @@ public:
     }
 
 private:
-    [[nodiscard]] std::string_view value(char const* variable) const
-    {
-        auto const* text = m_environment(variable);
-        return text ? text : "";
-    }
+    [[nodiscard]] std::string value(char const* variable) const { return valueOf(m_environment, variable); }
 
-    XdgDirectories::Environment const& m_environment;
+    Environment const& m_environment;
     std::string m_home;
 };
 
 } // namespace
 
-XdgDirectories XdgDirectories::from(Environment const& environment)
+XdgDirectories XdgDirectories::of(Environment const& environment)
 {
     Reader const reader(environment);
     return {
@@ -87,9 +91,12 @@ XdgDirectories XdgDirectories::from(Environment const& environment)
     };
 }
 
-XdgDirectories XdgDirectories::current()
+std::vector<std::string> XdgDirectories::applicationFolders() const
 {
-    return from([](char const* name) { return std::getenv(name); });
+    std::vector<std::string> folders { data + "/applications" };
+    for (auto const& folder : dataDirs)
+        folders.push_back(folder + "/applications");
+    return folders;
 }
 
 } // namespace zv

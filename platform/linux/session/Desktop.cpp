@@ -1,5 +1,6 @@
 #include "platform/linux/session/Desktop.h"
 
+#include "base/Split.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -33,13 +34,10 @@ constexpr DesktopName names[] = {
 Desktop desktopFromText(std::string_view text)
 {
     auto const lowered = lowerCased(text);
-    std::string_view rest = lowered;
-    while (!rest.empty()) {
-        auto const name = rest.substr(0, rest.find(':'));
+    for (auto const name : split(lowered, ':')) {
         auto const* const found = std::ranges::find(names, name, &DesktopName::name);
         if (found != std::end(names))
             return found->desktop;
-        rest.remove_prefix(std::min(rest.size(), name.size() + 1));
     }
     return Desktop::other;
 }

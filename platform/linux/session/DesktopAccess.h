@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/linux/bus/BusConnection.h"
-#include "platform/linux/posix/XdgDirectories.h"
 #include "platform/linux/session/Desktop.h"
 #include "platform/linux/session/Programs.h"
 
@@ -18,8 +17,7 @@ struct DesktopAccess {
     std::shared_ptr<Programs> programs;
     std::string sessionId; ///< of the login service; empty lets that find it out
 
-    /// What the environment tells. For main only.
-    [[nodiscard]] static DesktopAccess ofThisMachine(XdgDirectories const& directories);
+    [[nodiscard]] static DesktopAccess of(Environment const& environment);
 };
 
 } // namespace zv

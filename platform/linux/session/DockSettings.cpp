@@ -11,10 +11,7 @@ namespace {
 
 using State = ScriptOutcome::State;
 
-struct SchemaRelease {
-    void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
-};
-using SchemaRef = std::unique_ptr<GSettingsSchema, SchemaRelease>;
+using SchemaRef = GObjectRef<GSettingsSchema>;
 
 SchemaRef findSchema(char const* id, DockStore const& store)
 {
@@ -22,12 +19,8 @@ SchemaRef findSchema(char const* id, DockStore const& store)
     if (auto* const schema = standard ? g_settings_schema_source_lookup(standard, id, TRUE) : nullptr)
         return SchemaRef(schema);
     for (auto const& folder : store.schemaFolders) {
-        auto* const source = g_settings_schema_source_new_from_directory(folder.c_str(), standard, FALSE, nullptr);
-        if (!source)
-            continue;
-        auto* const schema = g_settings_schema_source_lookup(source, id, FALSE);
-        g_settings_schema_source_unref(source);
-        if (schema)
+        GObjectRef<GSettingsSchemaSource> const source(g_settings_schema_source_new_from_directory(folder.c_str(), standard, FALSE, nullptr));
+        if (auto* const schema = source ? g_settings_schema_source_lookup(source.get(), id, FALSE) : nullptr)
             return SchemaRef(schema);
     }
     return nullptr;
@@ -53,14 +46,13 @@ public:
         return g_variant_is_of_type(value.get(), G_VARIANT_TYPE(type)) != FALSE;
     }
     [[nodiscard]] bool boolean(char const* key) const { return g_settings_get_boolean(m_settings.get(), key) != FALSE; }
-    [[nodiscard]] std::string text(char const* key) const { return GString8(g_settings_get_string(m_settings.get(), key)).get(); }
+    [[nodiscard]] std::string text(char const* key) const { return taken(g_settings_get_string(m_settings.get(), key)); }
     [[nodiscard]] std::vector<std::string> texts(char const* key) const
     {
         std::vector<std::string> found;
-        auto** const list = g_settings_get_strv(m_settings.get(), key);
-        for (auto** item = list; *item; ++item)
+        GObjectRef<char*> const list(g_settings_get_strv(m_settings.get(), key));
+        for (auto** item = list.get(); *item; ++item)
             found.emplace_back(*item);
-        g_strfreev(list);
         return found;
     }
     /// Written through before it returns. False when it may not be changed.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/bus/GObjects.h"
+#include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/XdgDirectories.h"
 #include "platform/linux/session/DesktopAccess.h"
 #include "platform/session/ScriptRunner.h"

@@ -1,7 +1,7 @@
 #include "platform/linux/session/LinuxDesktopCommands.h"
 
-#include "platform/linux/bus/GObjects.h"
-#include "platform/linux/machine/OsRelease.h"
+#include "platform/linux/posix/GObjects.h"
+#include "platform/linux/posix/OsRelease.h"
 
 #include <algorithm>
 #include <optional>

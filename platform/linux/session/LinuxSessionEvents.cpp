@@ -1,5 +1,7 @@
 #include "platform/linux/session/LinuxSessionEvents.h"
 
+#include "platform/linux/session/LoginManager.h"
+
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -10,7 +12,6 @@ namespace {
 
 using State = SessionEventOutcome::State;
 
-constexpr BusObject loginManager { "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
 /// Somebody types a password meanwhile.
 constexpr std::chrono::minutes authorizationTimeout { 5 };
 
@@ -124,14 +125,11 @@ SessionEventOutcome LinuxSession::callLogin(Event const& event, Deadline const& 
         return failed(SessionStatus::noSuchService);
     bool needsAuthorization = false;
     if (event.loginCheck) {
-        auto const reply = bus->call(loginManager, event.loginCheck, nullptr, deadline, "(s)");
-        if (!reply)
-            return outcomeOf(reply.error());
-        char const* text = "";
-        g_variant_get(reply->get(), "(&s)", &text);
-        std::string_view const answer = text;
-        needsAuthorization = answer == "challenge";
-        if (answer != "yes" && !needsAuthorization)
+        auto const answer = bus->callForText(loginManager, event.loginCheck, deadline);
+        if (!answer)
+            return outcomeOf(answer.error());
+        needsAuthorization = *answer == "challenge";
+        if (*answer != "yes" && !needsAuthorization)
             return failed(SessionStatus::refused);
     }
     auto const reply = bus->call(loginManager, event.loginMethod, loginArguments(event), needsAuthorization ? Deadline(authorizationTimeout) : deadline);

@@ -1,10 +1,9 @@
 #include "platform/linux/session/PosixToolRunner.h"
 
-#include "platform/linux/posix/FileDescriptor.h"
+#include "platform/linux/posix/Spawn.h"
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 
 #include <algorithm>
@@ -12,8 +11,6 @@
 #include <cerrno>
 #include <csignal>
 #include <thread>
-
-extern char** environ;
 
 namespace zv {
 
@@ -40,51 +37,6 @@ struct Pipe {
         return { FileDescriptor(::fcntl(ends[0], F_DUPFD_CLOEXEC, 3)), FileDescriptor(::fcntl(ends[1], F_DUPFD_CLOEXEC, 3)) };
     }
     explicit operator bool() const { return readEnd.isOpen() && writeEnd.isOpen(); }
-};
-
-/// What the child gets for its three standard descriptors, and how it starts.
-class SpawnPlan {
-public:
-    SpawnPlan()
-    {
-        ::posix_spawn_file_actions_init(&m_actions);
-        ::posix_spawnattr_init(&m_attributes);
-        sigset_t none;
-        sigset_t all;
-        ::sigemptyset(&none);
-        ::sigfillset(&all);
-        ::posix_spawnattr_setsigmask(&m_attributes, &none);
-        ::posix_spawnattr_setsigdefault(&m_attributes, &all);
-        ::posix_spawnattr_setpgroup(&m_attributes, 0);
-        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    ~SpawnPlan()
-    {
-        ::posix_spawn_file_actions_destroy(&m_actions);
-        ::posix_spawnattr_destroy(&m_attributes);
-    }
-    SpawnPlan(SpawnPlan const&) = delete;
-    SpawnPlan& operator=(SpawnPlan const&) = delete;
-
-    void useNullDevice(int descriptor, int flags) { ::posix_spawn_file_actions_addopen(&m_actions, descriptor, "/dev/null", flags, 0); }
-    void use(int descriptor, FileDescriptor const& source) { ::posix_spawn_file_actions_adddup2(&m_actions, source.get(), descriptor); }
-
-    /// Zero when it could not be started.
-    [[nodiscard]] pid_t start(ToolRequest const& request)
-    {
-        // Descriptors that this program was started with, or that a library left open, stay here.
-        ::posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1);
-        std::vector<char*> arguments { const_cast<char*>(request.path.c_str()) };
-        for (auto const& argument : request.arguments)
-            arguments.push_back(const_cast<char*>(argument.c_str()));
-        arguments.push_back(nullptr);
-        pid_t child = 0;
-        return ::posix_spawn(&child, request.path.c_str(), &m_actions, &m_attributes, arguments.data(), environ) == 0 ? child : 0;
-    }
-
-private:
-    posix_spawn_file_actions_t m_actions {};
-    posix_spawnattr_t m_attributes {};
 };
 
 /// A started tool until it has ended and its output is read.
@@ -198,14 +150,16 @@ ToolResult PosixToolRunner::run(ToolRequest const& request)
     auto errors = Pipe::make();
     if (!output || !errors)
         return {};
-    SpawnPlan plan;
+    SpawnPlan plan(SpawnPlan::Group::ofItsOwn);
     plan.useNullDevice(STDIN_FILENO, O_RDONLY);
     if (request.output == ToolOutput::discarded)
         plan.useNullDevice(STDOUT_FILENO, O_WRONLY);
     else
         plan.use(STDOUT_FILENO, output.writeEnd);
     plan.use(STDERR_FILENO, request.output == ToolOutput::capturedWithErrors ? output.writeEnd : errors.writeEnd);
-    auto const child = plan.start(request);
+    auto command = request.arguments;
+    command.insert(command.begin(), request.path);
+    auto const child = plan.start(request.path, command, m_environment);
     output.writeEnd = FileDescriptor();
     errors.writeEnd = FileDescriptor();
     if (child == 0)

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/program/Environment.h"
 #include "platform/session/ToolRunner.h"
+
+#include <utility>
 
 namespace zv {
 
@@ -8,7 +11,15 @@ namespace zv {
 /// ends what they started too.
 class PosixToolRunner : public ToolRunner {
 public:
+    /// Of the tools.
+    explicit PosixToolRunner(Environment environment)
+        : m_environment(std::move(environment))
+    {
+    }
     ToolResult run(ToolRequest const& request) override;
+
+private:
+    Environment m_environment;
 };
 
 } // namespace zv

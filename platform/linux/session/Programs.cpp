@@ -1,17 +1,16 @@
 #include "platform/linux/session/Programs.h"
 
+#include "base/Split.h"
+#include "platform/linux/posix/Spawn.h"
+
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <thread>
-
-extern char** environ;
 
 namespace zv {
 
@@ -23,50 +22,19 @@ using Time = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds failsWithin { 500 };
 constexpr std::chrono::milliseconds checkInterval { 10 };
 
-std::vector<std::string> splitPath(std::string_view text)
-{
-    std::vector<std::string> folders;
-    while (!text.empty()) {
-        auto const folder = text.substr(0, text.find(':'));
-        if (folder.starts_with('/'))
-            folders.emplace_back(folder);
-        text.remove_prefix(std::min(text.size(), folder.size() + 1));
-    }
-    return folders;
-}
-
 bool isProgram(std::string const& path)
 {
     struct stat information { };
     return ::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && ::access(path.c_str(), X_OK) == 0;
 }
 
-/// In a session of its own, without our terminal and open files; zero when it could not be started.
-pid_t spawnDetached(std::string const& path, std::vector<std::string> const& command)
+/// In a session of its own, without our terminal; zero when it could not be started.
+pid_t startDetached(std::string const& path, std::vector<std::string> const& command, Environment const& environment)
 {
-    std::vector<char*> arguments;
-    for (auto const& argument : command)
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    arguments.push_back(nullptr);
-    sigset_t none;
-    sigset_t all;
-    ::sigemptyset(&none);
-    ::sigfillset(&all);
-    posix_spawn_file_actions_t actions;
-    posix_spawnattr_t attributes;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawnattr_init(&attributes);
+    SpawnPlan plan(SpawnPlan::Group::sessionOfItsOwn);
     for (int const descriptor : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO })
-        ::posix_spawn_file_actions_addopen(&actions, descriptor, "/dev/null", O_RDWR, 0);
-    ::posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
-    ::posix_spawnattr_setsigmask(&attributes, &none);
-    ::posix_spawnattr_setsigdefault(&attributes, &all);
-    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    pid_t child = 0;
-    bool const started = ::posix_spawn(&child, path.c_str(), &actions, &attributes, arguments.data(), environ) == 0;
-    ::posix_spawn_file_actions_destroy(&actions);
-    ::posix_spawnattr_destroy(&attributes);
-    return started ? child : 0;
+        plan.useNullDevice(descriptor, O_RDWR);
+    return plan.start(path, command, environment);
 }
 
 /// False when it ended with a failure within the first moments. One that goes on is
@@ -86,17 +54,18 @@ bool survivesItsStart(pid_t child)
 
 } // namespace
 
-PathPrograms::PathPrograms(std::string_view searchPath, std::string_view dataFolders)
-    : m_folders(splitPath(searchPath))
-    , m_dataFolders(splitPath(dataFolders))
+PathPrograms::PathPrograms(Environment environment, std::vector<std::string> applicationFolders)
+    : m_environment(std::move(environment))
+    , m_applicationFolders(std::move(applicationFolders))
 {
 }
 
 std::string PathPrograms::find(std::string_view name) const
 {
-    for (auto const& folder : m_folders) {
-        auto path = folder + "/" + std::string(name);
-        if (isProgram(path))
+    auto const searchPath = valueOf(m_environment, "PATH");
+    for (auto const folder : split(searchPath, ':')) {
+        auto path = std::string(folder) + "/" + std::string(name);
+        if (path.starts_with('/') && isProgram(path))
             return path;
     }
     return {};
@@ -109,14 +78,13 @@ bool PathPrograms::start(std::vector<std::string> const& command)
     auto const path = command.empty() ? std::string() : find(command.front());
     if (path.empty())
         return false;
-    auto const child = spawnDetached(path, command);
+    auto const child = startDetached(path, command, m_environment);
     return child != 0 && survivesItsStart(child);
 }
 
 bool PathPrograms::hasEntry(std::string_view fileName) const
 {
-    return std::ranges::any_of(
-        m_dataFolders, [&](auto const& folder) { return ::access((folder + "/applications/" + std::string(fileName)).c_str(), R_OK) == 0; });
+    return std::ranges::any_of(m_applicationFolders, [&](auto const& folder) { return ::access((folder + "/" + std::string(fileName)).c_str(), R_OK) == 0; });
 }
 
 } // namespace zv

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/program/Environment.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,11 +20,11 @@ public:
     [[nodiscard]] virtual bool hasEntry(std::string_view fileName) const = 0;
 };
 
-/// Those in the folders of a search path.
+/// Those in the folders of PATH.
 class PathPrograms : public Programs {
 public:
-    /// `searchPath` is as in PATH, `dataFolders` as in XDG_DATA_HOME and XDG_DATA_DIRS together.
-    PathPrograms(std::string_view searchPath, std::string_view dataFolders);
+    /// What is started gets the environment.
+    PathPrograms(Environment environment, std::vector<std::string> applicationFolders);
 
     bool has(std::string_view name) const override;
     bool start(std::vector<std::string> const& command) override;
@@ -31,8 +33,8 @@ public:
 private:
     [[nodiscard]] std::string find(std::string_view name) const;
 
-    std::vector<std::string> m_folders;
-    std::vector<std::string> m_dataFolders;
+    Environment m_environment;
+    std::vector<std::string> m_applicationFolders;
 };
 
 } // namespace zv

@@ -1,5 +1,7 @@
 #include "platform/linux/session/ScreenLock.h"
 
+#include "platform/linux/session/LoginManager.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -16,7 +18,6 @@ constexpr BusObject savers[] = {
     { "org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver" },
     { "org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver" },
 };
-constexpr BusObject loginManager { "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager" };
 
 std::vector<std::vector<std::string>> const commands = { { "xflock4" }, { "loginctl", "lock-session" } };
 

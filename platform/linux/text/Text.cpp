@@ -1,5 +1,7 @@
 #include "platform/text/Text.h"
 
+#include "platform/linux/text/Collation.h"
+
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
@@ -12,7 +14,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <mutex>
 
@@ -157,25 +158,15 @@ icu::UnicodeString withoutAccents(icu::UnicodeString const& text)
     return icu::Normalizer2::getNFCInstance(status)->normalize(plain, status);
 }
 
-/// The variable that decides the order of names, as strcoll would read it.
-std::string collationLocaleName()
-{
-    for (auto const* variable : { "LC_ALL", "LC_COLLATE", "LANG" }) {
-        auto const* value = std::getenv(variable);
-        if (value && *value)
-            return value;
-    }
-    return {};
-}
+std::string collationLocaleName; // NOLINT: set once, before the first comparison
 
 /// The plain C locale sorts by byte, which no file manager does: it gets the root's order.
 icu::Locale collationLocale()
 {
-    auto const name = collationLocaleName();
-    auto const language = name.substr(0, name.find_first_of(".@"));
+    auto const language = collationLocaleName.substr(0, collationLocaleName.find_first_of(".@"));
     if (language.empty() || language == "C" || language == "POSIX")
         return icu::Locale::getRoot();
-    return icu::Locale::createCanonical(name.c_str());
+    return icu::Locale::createCanonical(collationLocaleName.c_str());
 }
 
 icu::Collator* makeCollator()
@@ -247,6 +238,14 @@ void appendLongSortKey(std::string& block, Utf16 const& text, int32_t length)
 }
 
 } // namespace
+
+void useCollationOf(Environment const& environment)
+{
+    for (auto const* variable : { "LC_ALL", "LC_COLLATE", "LANG" }) {
+        if (collationLocaleName.empty())
+            collationLocaleName = valueOf(environment, variable);
+    }
+}
 
 bool isValidUtf8(std::string_view text)
 {

@@ -1,10 +1,9 @@
 #include "platform/linux/toolkit/DisplayServer.h"
 
+#include "base/Split.h"
 #include "platform/linux/posix/FileDescriptor.h"
 
-#include <QByteArrayList>
 #include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QLibraryInfo>
 
@@ -17,11 +16,9 @@ namespace zv {
 
 namespace {
 
-constexpr char const* choice = "QT_QPA_PLATFORM";
-
-bool doesXAnswer()
+bool doesXAnswer(Environment const& environment)
 {
-    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+    if (valueOf(environment, "DISPLAY").empty())
         return false;
     auto* connection = xcb_connect(nullptr, nullptr);
     bool const answers = xcb_connection_has_error(connection) == 0;
@@ -29,24 +26,28 @@ bool doesXAnswer()
     return answers;
 }
 
-bool answers(QByteArray const& platform)
+bool answers(std::string_view platform, Environment const& environment)
 {
-    if (platform.startsWith("xcb"))
-        return doesXAnswer();
+    if (platform.starts_with("xcb"))
+        return doesXAnswer(environment);
     // The toolkit would end the program if it found nobody there.
-    return !platform.startsWith("wayland") || (hasWaylandPlugin() && doesWaylandAnswer());
+    return !platform.starts_with("wayland") || (hasWaylandPlugin() && doesWaylandAnswer(environment));
 }
 
 } // namespace
 
-bool isWaylandSession() { return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland"; }
-
-void chooseDisplayServer()
+SessionKind sessionKindOf(Environment const& environment)
 {
-    auto candidates = qgetenv(choice).split(';');
-    candidates.removeAll({});
-    candidates.append({ "xcb", "wayland", "offscreen" });
-    qputenv(choice, *std::find_if(candidates.begin(), candidates.end(), answers));
+    bool const isWayland = environment.contains("WAYLAND_DISPLAY") || valueOf(environment, "XDG_SESSION_TYPE") == "wayland";
+    return isWayland ? SessionKind::wayland : SessionKind::x11;
+}
+
+std::string displayServerFor(Environment const& environment)
+{
+    auto const chosen = valueOf(environment, "QT_QPA_PLATFORM");
+    auto candidates = split(chosen, ';');
+    candidates.insert(candidates.end(), { "xcb", "wayland", "offscreen" });
+    return std::string(*std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment); }));
 }
 
 bool hasWaylandPlugin()
@@ -55,14 +56,14 @@ bool hasWaylandPlugin()
     return !plugins.entryList({ QStringLiteral("libqwayland*") }).isEmpty();
 }
 
-bool doesWaylandAnswer()
+bool doesWaylandAnswer(Environment const& environment)
 {
-    if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET")) // an open connection, handed down
+    if (!valueOf(environment, "WAYLAND_SOCKET").empty()) // an open connection, handed down
         return true;
-    auto const display = QFile::decodeName(qgetenv("WAYLAND_DISPLAY"));
-    auto const path = QFile::encodeName(QDir(QFile::decodeName(qgetenv("XDG_RUNTIME_DIR"))).absoluteFilePath(display)).toStdString();
+    auto const display = valueOf(environment, "WAYLAND_DISPLAY");
+    auto const path = display.starts_with('/') ? display : valueOf(environment, "XDG_RUNTIME_DIR") + "/" + display;
     sockaddr_un address { AF_UNIX, {} };
-    if (display.isEmpty() || path.size() >= sizeof address.sun_path)
+    if (display.empty() || path.size() >= sizeof address.sun_path)
         return false;
     path.copy(address.sun_path, path.size());
     FileDescriptor const connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "platform/program/Environment.h"
+
 namespace zv {
 
-/// Chooses what the toolkit talks to, before its application object is made: X11 whenever
-/// it answers, as only there a menu can be put at a place; else Wayland; else nothing is
-/// shown and only the menu on the bus serves. A choice made in the environment comes before
-/// all of them, as long as it answers.
-void chooseDisplayServer();
+/// How the desktop shows windows. Within Wayland there may well be an X server, but neither are
+/// the panels its windows, nor are keys grabbed there told while other programs have the keyboard.
+enum class SessionKind { x11, wayland };
+[[nodiscard]] SessionKind sessionKindOf(Environment const& environment);
 
-/// There may well be an X server beside it, but neither are the panels its windows, nor are
-/// keys grabbed there told while other programs have the keyboard.
-[[nodiscard]] bool isWaylandSession();
+/// What the toolkit is to talk to, as QT_QPA_PLATFORM says it: X11 whenever it answers, as only
+/// there a menu can be put at a place; else Wayland; else nothing is shown and only the menu on
+/// the bus serves. A choice made in the environment comes before all of them, as long as it answers.
+[[nodiscard]] std::string displayServerFor(Environment const& environment);
 
 /// True on X11: a menu can be put at a place of the desktop. Elsewhere only the desktop's
 /// own menus, drawn from what the bus serves, can.
@@ -18,6 +20,6 @@ void chooseDisplayServer();
 /// Whether the toolkit could draw on Wayland by itself.
 [[nodiscard]] bool hasWaylandPlugin();
 /// Whether the environment names a Wayland display that somebody serves.
-[[nodiscard]] bool doesWaylandAnswer();
+[[nodiscard]] bool doesWaylandAnswer(Environment const& environment);
 
 } // namespace zv

@@ -21,13 +21,16 @@ extern "C" void tellOfSignal(int)
 
 TerminationSignals::TerminationSignals(std::function<void()> onSignal)
 {
-    if (pipe2(m_ends, O_CLOEXEC | O_NONBLOCK) != 0)
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
         return;
-    writingEnd = m_ends[1];
-    m_notifier = std::make_unique<QSocketNotifier>(m_ends[0], QSocketNotifier::Read);
+    m_readingEnd = FileDescriptor(ends[0]);
+    m_writingEnd = FileDescriptor(ends[1]);
+    writingEnd = ends[1];
+    m_notifier = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this, onSignal = std::move(onSignal)] {
         char byte;
-        [[maybe_unused]] auto const taken = read(m_ends[0], &byte, 1);
+        [[maybe_unused]] auto const taken = read(m_readingEnd.get(), &byte, 1);
         onSignal();
     });
     struct sigaction action { };
@@ -41,11 +44,6 @@ TerminationSignals::~TerminationSignals()
 {
     for (int const signal : caught)
         std::signal(signal, SIG_DFL);
-    m_notifier.reset();
-    for (int const end : m_ends) {
-        if (end >= 0)
-            close(end);
-    }
 }
 
 } // namespace zv

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/posix/FileDescriptor.h"
+
 #include <QSocketNotifier>
 
 #include <functional>
@@ -16,8 +18,8 @@ public:
     TerminationSignals& operator=(TerminationSignals const&) = delete;
 
 private:
-    int m_ends[2] = { -1, -1 };
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    FileDescriptor m_readingEnd, m_writingEnd;
+    std::unique_ptr<QSocketNotifier> m_notifier; ///< gone before its descriptor is closed
 };
 
 } // namespace zv

@@ -1,5 +1,7 @@
 #include "platform/linux/tray/BusMenuTypes.h"
 
+#include "platform/linux/toolkit/BusStructures.h"
+
 #include <QDBusMetaType>
 
 namespace zv {
@@ -33,34 +35,22 @@ QDBusArgument const& operator>>(QDBusArgument const& argument, BusMenuLayout& la
 
 QDBusArgument& operator<<(QDBusArgument& argument, BusMenuProperties const& properties)
 {
-    argument.beginStructure();
-    argument << properties.id << properties.properties;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, properties.id, properties.properties);
 }
 
 QDBusArgument const& operator>>(QDBusArgument const& argument, BusMenuProperties& properties)
 {
-    argument.beginStructure();
-    argument >> properties.id >> properties.properties;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, properties.id, properties.properties);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, BusMenuEvent const& event)
 {
-    argument.beginStructure();
-    argument << event.id << event.name << event.data << event.timestamp;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, event.id, event.name, event.data, event.timestamp);
 }
 
 QDBusArgument const& operator>>(QDBusArgument const& argument, BusMenuEvent& event)
 {
-    argument.beginStructure();
-    argument >> event.id >> event.name >> event.data >> event.timestamp;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, event.id, event.name, event.data, event.timestamp);
 }
 
 void registerBusMenuTypes()

@@ -11,7 +11,7 @@ namespace zv {
 class LinuxApplication : public QApplication, public Application {
     Q_OBJECT
 public:
-    /// After chooseDisplayServer(); `count` and `arguments` outlive it.
+    /// QT_QPA_PLATFORM names the display server by now; `count` and `arguments` outlive it.
     LinuxApplication(int& count, char** arguments);
 
     void activate() override;

@@ -90,10 +90,10 @@ void DesktopRunningApplications::listUnits(ApplicationCatalog::Index const& inde
     if (!m_services.sessionBus.isConnected())
         return done(std::nullopt);
     auto* const watcher = new QDBusPendingCallWatcher(m_services.sessionBus.asyncCall(unitListCall(), unitListTimeout));
-    auto const answered = [this, index, done = std::move(done)](QDBusMessage const& answer) {
+    auto const answered = [index, done = std::move(done)](QDBusMessage const& answer) {
         if (answer.type() != QDBusMessage::ReplyMessage)
             return done(std::nullopt);
-        done(applicationsOfUnits(unitNamesIn(answer), *index, m_services.desktops));
+        done(applicationsOfUnits(unitNamesIn(answer), *index));
     };
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, answered = m_lifetime.guard(answered)]() mutable {
         watcher->deleteLater();
@@ -125,7 +125,7 @@ void DesktopRunningApplications::activateIn(ApplicationIndex const& index, std::
 std::optional<X11ClientWindows> clientWindowsOfThisDisplay()
 {
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection() || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+    if (!x11 || !x11->connection())
         return std::nullopt;
     auto const screens = xcb_setup_roots_iterator(xcb_get_setup(x11->connection()));
     return X11ClientWindows(x11->connection(), screens.data->root);

@@ -20,7 +20,6 @@ class DesktopRunningApplications : public RunningApplications {
 public:
     struct Services {
         ApplicationCatalog& catalog;
-        std::vector<std::string> desktops;
         /// Starts the application of an entry; for one that has no window to bring to the front.
         std::function<void(Url const&)> launch;
         QDBusConnection sessionBus { QStringLiteral("none") };
@@ -41,8 +40,8 @@ private:
     Lifetime m_lifetime;
 };
 
-/// Those of the X server that Qt uses; nothing when there is none, and in a Wayland session,
-/// where the X server knows of some of the windows only.
+/// Those of the X server that Qt uses; nothing when there is none. In a Wayland session it
+/// knows of some of the windows only.
 [[nodiscard]] std::optional<X11ClientWindows> clientWindowsOfThisDisplay();
 
 } // namespace zv

@@ -1,9 +1,8 @@
 #include "platform/linux/x11/X11ClientWindows.h"
 
+#include "platform/linux/x11/XReply.h"
+
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -22,50 +21,17 @@ constexpr std::uint32_t longestText = 256; // in units of four bytes
 constexpr std::uint32_t mostWindows = 4096;
 constexpr std::uint32_t sourceIsPager = 2; // the user asked: the window manager obeys
 
-struct Freed {
-    void operator()(void* reply) const { std::free(reply); } // NOLINT: how xcb allocates
-};
-using Property = std::unique_ptr<xcb_get_property_reply_t, Freed>;
-
-template <std::size_t N> std::array<xcb_atom_t, N> intern(xcb_connection_t* connection, std::array<char const*, N> const& names)
+std::uint32_t firstNumber(XProperty const& property)
 {
-    std::array<xcb_intern_atom_cookie_t, N> cookies {};
-    for (std::size_t i = 0; i < N; ++i)
-        cookies[i] = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(std::strlen(names[i])), names[i]);
-    std::array<xcb_atom_t, N> atoms {};
-    for (std::size_t i = 0; i < N; ++i) {
-        std::unique_ptr<xcb_intern_atom_reply_t, Freed> const reply(xcb_intern_atom_reply(connection, cookies[i], nullptr));
-        atoms[i] = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-    }
-    return atoms;
-}
-
-std::string_view bytes(Property const& property)
-{
-    if (!property || property->format != 8)
-        return {};
-    return { static_cast<char const*>(xcb_get_property_value(property.get())), static_cast<std::size_t>(xcb_get_property_value_length(property.get())) };
-}
-
-std::vector<std::uint32_t> numbers(Property const& property)
-{
-    if (!property || property->format != 32)
-        return {};
-    auto const* first = static_cast<std::uint32_t const*>(xcb_get_property_value(property.get()));
-    return { first, first + xcb_get_property_value_length(property.get()) / 4 };
-}
-
-std::uint32_t firstNumber(Property const& property)
-{
-    auto const all = numbers(property);
+    auto const all = wordsOf(property);
     return all.empty() ? 0 : all.front();
 }
 
 /// Programs older than the UTF-8 title have the plain one.
-std::string_view titleOf(Property const& title, Property const& oldTitle)
+std::string_view titleOf(XProperty const& title, XProperty const& oldTitle)
 {
-    auto const text = bytes(title);
-    return text.empty() ? bytes(oldTitle) : text;
+    auto const text = bytesOf(title);
+    return text.empty() ? bytesOf(oldTitle) : text;
 }
 
 /// The properties of one window that are asked for together.
@@ -76,8 +42,8 @@ enum Asked { askedType, askedState, askedClass, askedApplicationId, askedPid, as
 X11ClientWindows::X11ClientWindows(xcb_connection_t* connection, xcb_window_t root)
     : m_connection(connection)
     , m_root(root)
-    , m_atoms(intern(connection, atomNames))
-    , m_foreignTypes(intern(connection, foreignTypeNames))
+    , m_atoms(internAtoms(connection, atomNames))
+    , m_foreignTypes(internAtoms(connection, foreignTypeNames))
 {
 }
 
@@ -86,10 +52,10 @@ std::vector<xcb_window_t> X11ClientWindows::managedWindows() const
     auto const ask = [this](Name name) { return xcb_get_property(m_connection, 0, m_root, m_atoms[name], XCB_ATOM_WINDOW, 0, mostWindows); };
     auto const stackingCookie = ask(clientListStacking);
     auto const listCookie = ask(clientList);
-    Property const stacking(xcb_get_property_reply(m_connection, stackingCookie, nullptr));
-    Property const list(xcb_get_property_reply(m_connection, listCookie, nullptr));
-    auto const stacked = numbers(stacking);
-    return stacked.empty() ? numbers(list) : stacked;
+    XProperty const stacking(xcb_get_property_reply(m_connection, stackingCookie, nullptr));
+    XProperty const list(xcb_get_property_reply(m_connection, listCookie, nullptr));
+    auto const stacked = wordsOf(stacking);
+    return stacked.empty() ? wordsOf(list) : stacked;
 }
 
 bool X11ClientWindows::isOrdinary(std::vector<xcb_atom_t> const& types, std::vector<xcb_atom_t> const& states) const
@@ -104,7 +70,7 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
     auto const windows = managedWindows();
     if (windows.empty()) {
         // An empty list is a list; without the property nobody keeps one.
-        Property const listed(
+        XProperty const listed(
             xcb_get_property_reply(m_connection, xcb_get_property(m_connection, 0, m_root, m_atoms[clientList], XCB_ATOM_WINDOW, 0, 1), nullptr));
         return listed && listed->type == XCB_ATOM_WINDOW ? std::optional(std::vector<ClientWindow> {}) : std::nullopt;
     }
@@ -121,19 +87,19 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
     auto const ownProgram = programOfProcess(static_cast<std::uint32_t>(getpid()));
     std::vector<ClientWindow> found;
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        std::array<Property, askedCount> answers;
+        std::array<XProperty, askedCount> answers;
         for (std::size_t j = 0; j < askedCount; ++j)
             answers[j].reset(xcb_get_property_reply(m_connection, cookies[i][j], nullptr));
         auto const processId = firstNumber(answers[askedPid]);
         auto program = programOfProcess(processId);
         bool const isOurs = !program.empty() && program == ownProgram;
-        if (isOurs || !isOrdinary(numbers(answers[askedType]), numbers(answers[askedState])))
+        if (isOurs || !isOrdinary(wordsOf(answers[askedType]), wordsOf(answers[askedState])))
             continue;
         // WM_CLASS is the instance and the class, each ended by a zero.
-        auto const names = bytes(answers[askedClass]);
+        auto const names = bytesOf(answers[askedClass]);
         auto const instance = names.substr(0, names.find('\0'));
         auto const rest = names.substr(std::min(instance.size() + 1, names.size()));
-        found.push_back({ windows[i], std::string(rest.substr(0, rest.find('\0'))), std::string(instance), std::string(bytes(answers[askedApplicationId])),
+        found.push_back({ windows[i], std::string(rest.substr(0, rest.find('\0'))), std::string(instance), std::string(bytesOf(answers[askedApplicationId])),
             std::string(titleOf(answers[askedTitle], answers[askedOldTitle])), processId, std::move(program) });
     }
     return found;

@@ -4,7 +4,6 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
-#include <cstring>
 
 namespace zv {
 
@@ -67,8 +66,6 @@ X11Connection::X11Connection(xcb_connection_t* connection, xcb_screen_t* screen)
     : m_connection(connection)
     , m_screen(screen)
 {
-    internAtoms();
-    selectRootEvents();
     m_notifier = new QSocketNotifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(From::socket); });
     // Waiting for a reply may have read events too: the socket does not tell of those again.
@@ -82,18 +79,14 @@ X11Connection::~X11Connection()
     xcb_disconnect(m_connection);
 }
 
-void X11Connection::internAtoms()
+xcb_atom_t X11Connection::atom(XAtom name) const
 {
-    std::array<xcb_intern_atom_cookie_t, kAtomNames.size()> cookies {};
-    for (std::size_t i = 0; i < kAtomNames.size(); ++i)
-        cookies[i] = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(std::strlen(kAtomNames[i])), kAtomNames[i]);
-    for (std::size_t i = 0; i < kAtomNames.size(); ++i) {
-        XReply<xcb_intern_atom_reply_t> const reply(xcb_intern_atom_reply(m_connection, cookies[i], nullptr));
-        m_atoms[i] = reply ? reply->atom : xcb_atom_t { XCB_ATOM_NONE };
-    }
+    if (!m_atoms)
+        m_atoms = internAtoms(m_connection, kAtomNames);
+    return (*m_atoms)[static_cast<std::size_t>(name)];
 }
 
-void X11Connection::selectRootEvents() const
+void X11Connection::watchRoot() const
 {
     std::uint32_t const mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection, root(), XCB_CW_EVENT_MASK, &mask);
@@ -123,14 +116,6 @@ void X11Connection::dispatch(From source)
 
 /// The server has gone; the toolkit will say so. Until then the dead socket must not keep us awake.
 void X11Connection::stop() { m_notifier->setEnabled(false); }
-
-std::vector<std::uint32_t> wordsOf(xcb_get_property_reply_t const* reply)
-{
-    if (!reply || reply->format != 32)
-        return {};
-    auto const* words = static_cast<std::uint32_t const*>(xcb_get_property_value(reply));
-    return { words, words + reply->value_len };
-}
 
 xcb_get_property_cookie_t requestWords(X11Connection const& x, xcb_window_t window, XAtom property, std::uint32_t limit)
 {

@@ -51,7 +51,7 @@ struct LaunchingInside : testing::Test {
         fs::remove(home("log"));
         return text;
     }
-    std::string open(std::string const& path) { return openUrl(Url::fromPath(path)).value_or(""); }
+    std::string open(std::string const& path) { return openUrl(Url::fromPath(path), "").value_or(""); }
 };
 
 TEST_F(LaunchingInside, AnEntryIsStartedAndNeverShown)
@@ -78,16 +78,16 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     fs::permissions(home("Tool.AppDir/AppRun"), fs::perms::owner_all);
     EXPECT_EQ(open(home("Tool.AppDir")), "");
     EXPECT_EQ(logText(), "folder\n");
-    EXPECT_EQ(launchApplication(Url::fromPath(home("Tool.AppDir"))), std::nullopt);
+    EXPECT_EQ(launchApplication(Url::fromPath(home("Tool.AppDir")), ""), std::nullopt);
     EXPECT_EQ(logText(), "folder\n");
 }
 
 TEST_F(LaunchingInside, AProgramsOwnFileIsLaunchedOnlyWhenThatIsAskedFor)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
-    EXPECT_EQ(launchApplication(Url::fromPath(program)), "no application entry that can be started");
+    EXPECT_EQ(launchApplication(Url::fromPath(program), ""), "no application entry that can be started");
     fs::permissions(program, fs::perms::owner_all);
-    EXPECT_EQ(launchApplication(Url::fromPath(program)), std::nullopt);
+    EXPECT_EQ(launchApplication(Url::fromPath(program), ""), std::nullopt);
     EXPECT_EQ(logText(), "file\n");
 }
 
@@ -96,9 +96,9 @@ TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
     auto const document = write("a b.txt", "text");
     EXPECT_EQ(open(document), "");
     EXPECT_EQ(logText(), "started " + document + "\n");
-    EXPECT_EQ(openUrl(*Url::parse("x-zv://there?a=1&b=2")), std::nullopt);
+    EXPECT_EQ(openUrl(*Url::parse("x-zv://there?a=1&b=2"), ""), std::nullopt);
     EXPECT_EQ(logText(), "started x-zv://there?a=1&b=2\n");
-    EXPECT_NE(openUrl(*Url::parse("x-none://there")), std::nullopt) << "nobody handles it";
+    EXPECT_NE(openUrl(*Url::parse("x-none://there"), ""), std::nullopt) << "nobody handles it";
     EXPECT_NE(open(home("gone.txt")), "") << "gone between listing and choosing";
 
     EXPECT_EQ(revealFile(Url::fromPath(document), ""), std::nullopt) << "no file manager to ask: its folder opens";
@@ -114,12 +114,14 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
     folder.write("applications/mimeapps.list",
         "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");
-    PosixToolRunner runner;
-    auto const result = runner.run({ "/usr/bin/env",
-        { "-u", "DBUS_SESSION_BUS_ADDRESS", "-u", "DISPLAY", "HOME=" + folder.path(), "XDG_DATA_HOME=" + folder.path(),
-            "XDG_CONFIG_HOME=" + folder.path("none"), "XDG_DATA_DIRS=" + folder.path("none"), "XDG_CONFIG_DIRS=" + folder.path("none"),
-            "XDG_CURRENT_DESKTOP=", "ZV_TEST_HOME=" + folder.path(), fs::read_symlink("/proc/self/exe").string(), "--gtest_filter=LaunchingInside.*" },
-        ToolOutput::capturedWithErrors });
+    Environment environment { { "HOME", folder.path() }, { "XDG_DATA_HOME", folder.path() }, { "XDG_CONFIG_HOME", folder.path("none") },
+        { "XDG_DATA_DIRS", folder.path("none") }, { "XDG_CONFIG_DIRS", folder.path("none") }, { "ZV_TEST_HOME", folder.path() } };
+    for (auto const* kept : { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS" }) {
+        if (auto const* value = std::getenv(kept))
+            environment[kept] = value;
+    }
+    PosixToolRunner runner(environment);
+    auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_NE(result.output.find("[  PASSED  ] 5 tests"), std::string::npos) << result.output;
 }

@@ -174,7 +174,7 @@ struct DesktopRecentFilesTest : testing::Test {
     TemporaryFolder disk;
     std::string apps;
     fakes::FakeTime time;
-    ApplicationCatalog catalog { time, { disk.path("apps") } };
+    ApplicationCatalog catalog { time, { disk.path("apps") }, {} };
     DesktopRecentFiles files { { time, time, catalog }, disk.path("recently-used.xbel"), LaunchLog(disk.path("state/launches")) };
 };
 

@@ -83,8 +83,7 @@ TEST_F(WindowApplicationsTest, ReadTheApplicationFromAUnitsName)
 TEST_F(WindowApplicationsTest, CountOnlyUnitsOfOtherApplicationsThatAMenuShows)
 {
     auto const applications = applicationsOfUnits(
-        { "app-gnome-org.gnome.Nautilus-1.scope", "app-background-2.scope", "app-unknown-3.scope", "app-org.zanthevell.ZantheVell@autostart.service" }, index,
-        {});
+        { "app-gnome-org.gnome.Nautilus-1.scope", "app-background-2.scope", "app-unknown-3.scope", "app-org.zanthevell.ZantheVell@autostart.service" }, index);
     ASSERT_EQ(applications.size(), 1u);
     EXPECT_EQ(applications[0].name, "Files");
 }

@@ -1,12 +1,10 @@
 #include "platform/linux/files/BundleResources.h"
 
-#include "platform/linux/posix/XdgDirectories.h"
+#include "platform/linux/posix/ProgramPlaces.h"
 #include "tests/linux/TemporaryFolder.h"
 #include "tests/linux/TextFiles.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 namespace zv {
 namespace {
@@ -45,10 +43,11 @@ TEST(BundleResources, AFileMadeForThisSystemComesFirst)
 
 TEST(BundleResources, FindsWhatShipsWithTheProgramBesideIt)
 {
-    auto const folders = BundleResources::standardFolders();
+    auto const folders = ProgramPlaces::of({}).resourceFolders();
     ASSERT_EQ(folders.size(), 2u);
     EXPECT_TRUE(std::filesystem::is_symlink(folders[0])) << folders[0];
     EXPECT_TRUE(folders[1].ends_with("/share/zanthe-vell"));
+    EXPECT_EQ(ProgramPlaces::of({ { "ZANTHE_VELL_RESOURCES", "/tried" } }).resourceFolders(), (std::vector<std::string> { "/tried", folders[0], folders[1] }));
 }
 
 TEST(BundleResources, TellsOfTheProgramAndTakesTheRestFromItsInformationFile)
@@ -70,31 +69,22 @@ TEST(BundleResources, TellsOfTheProgramAndTakesTheRestFromItsInformationFile)
 
 TEST(XdgDirectories, FollowTheConventions)
 {
-    std::map<std::string, std::string> variables { { "HOME", "/home/u/" } };
-    auto const read = [&] {
-        return XdgDirectories::from([&](char const* name) {
-            auto const found = variables.find(name);
-            return found == variables.end() ? nullptr : found->second.c_str();
-        });
-    };
-    auto const standard = read();
+    auto const standard = XdgDirectories::of({ { "HOME", "/home/u/" } });
     EXPECT_EQ(standard.home, "/home/u");
     EXPECT_EQ(standard.config, "/home/u/.config");
     EXPECT_EQ(standard.data, "/home/u/.local/share");
     EXPECT_EQ(standard.runtime, "");
     EXPECT_EQ(standard.dataDirs, (std::vector<std::string> { "/usr/local/share", "/usr/share" }));
 
-    variables = { { "HOME", "/home/u" }, { "XDG_CONFIG_HOME", "/conf/" }, { "XDG_DATA_HOME", "relative" }, { "XDG_CACHE_HOME", "" },
-        { "XDG_RUNTIME_DIR", "/run/user/1" }, { "XDG_DATA_DIRS", "/a:relative::/b/" } };
-    auto const set = read();
+    auto const set = XdgDirectories::of({ { "HOME", "/home/u" }, { "XDG_CONFIG_HOME", "/conf/" }, { "XDG_DATA_HOME", "relative" }, { "XDG_CACHE_HOME", "" },
+        { "XDG_RUNTIME_DIR", "/run/user/1" }, { "XDG_DATA_DIRS", "/a:relative::/b/:/b//c:/b" } });
     EXPECT_EQ(set.config, "/conf");
     EXPECT_EQ(set.data, "/home/u/.local/share") << "a relative path counts as unset";
     EXPECT_EQ(set.cache, "/home/u/.cache") << "an empty one, too";
     EXPECT_EQ(set.runtime, "/run/user/1");
-    EXPECT_EQ(set.dataDirs, (std::vector<std::string> { "/a", "/b" }));
-
-    variables = { { "HOME", "relative" } };
-    EXPECT_TRUE(read().home.starts_with('/')) << "the account's home";
+    EXPECT_EQ(set.dataDirs, (std::vector<std::string> { "/a", "/b", "/b/c" })) << "equal places are equal texts";
+    EXPECT_EQ(set.applicationFolders().back(), "/b/c/applications");
+    EXPECT_TRUE(XdgDirectories::of({ { "HOME", "relative" } }).home.starts_with('/')) << "the account's home";
 }
 
 } // namespace

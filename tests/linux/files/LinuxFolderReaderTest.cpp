@@ -155,12 +155,14 @@ TEST_F(FolderReaderTest, ApplicationEntriesCarryTheirLocalizedNameOrAreLeftOut)
         { "no.desktop", "[Desktop Entry]\nName=No\nNoDisplay=true\n" },
         { "gnome.desktop", "[Desktop Entry]\nName=G\nOnlyShowIn=GNOME;\n" },
         { "text.desktop", "just text" },
+        { "wrong.desktop", "[Desktop Entry]\nName=bad\xFF\n" },
     };
     for (auto const& [name, text] : entries)
         folder.write(name, text);
-    EXPECT_EQ(visibleNames(HiddenFiles::included), (std::vector<std::string> { "text.desktop", "web.desktop" }));
+    EXPECT_EQ(visibleNames(HiddenFiles::included), (std::vector<std::string> { "text.desktop", "web.desktop", "wrong.desktop" }));
     EXPECT_EQ(localizedNameOf("web.desktop"), "Netz");
     EXPECT_EQ(localizedNameOf("text.desktop"), "") << "the file's own name is shown";
+    EXPECT_EQ(localizedNameOf("wrong.desktop"), "bad\uFFFD") << "not UTF-8";
 }
 
 TEST_F(FolderReaderTest, ALinkToAnApplicationKeepsANameOfItsOwn)

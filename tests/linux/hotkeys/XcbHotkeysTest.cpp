@@ -1,6 +1,6 @@
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
-#include "platform/linux/hotkeys/XkbConnection.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
+#include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "tests/desktop/PrivateX.h"
 #include "tests/linux/toolkit/TestApplication.h"
@@ -30,9 +30,9 @@ protected:
     {
         ASSERT_TRUE(server.isRunning());
         ASSERT_TRUE(server.run("setxkbmap us && xset r rate 60 50"));
-        connection = XkbConnection::open();
+        connection = X11Connection::open();
         ASSERT_TRUE(connection);
-        keyboard = std::make_unique<XkbKeyboardLayoutSource>(*connection, timers);
+        keyboard = std::make_unique<XkbKeyboardLayoutSource>(*connection, XkbExtension::setUp(*connection).value(), timers);
         registrar = std::make_unique<XcbHotkeyRegistrar>(*connection, *keyboard, timers);
         registrar->onPressed = [this](HotkeyID id) { pressed.push_back(id); };
     }
@@ -66,7 +66,7 @@ protected:
     desktop::PrivateX server;
     desktop::XClient user;
     QtTimers timers;
-    std::unique_ptr<XkbConnection> connection;
+    std::unique_ptr<X11Connection> connection;
     std::unique_ptr<XkbKeyboardLayoutSource> keyboard;
     std::unique_ptr<XcbHotkeyRegistrar> registrar;
     std::vector<HotkeyID> pressed;
@@ -170,9 +170,9 @@ TEST_F(XcbHotkeysTest, SayNothingToTheServerInAnUnchangedPass)
     std::vector<KeyChord> const chords { { keyA, commandKey }, { keyE, commandKey } };
     (void)claim(1, chords);
     settle();
-    auto const before = xcb_no_operation(connection->xcb()).sequence;
+    auto const before = xcb_no_operation(connection->get()).sequence;
     EXPECT_EQ(claim(3, chords), (std::vector { true, true }));
-    EXPECT_EQ(xcb_no_operation(connection->xcb()).sequence, before + 1);
+    EXPECT_EQ(xcb_no_operation(connection->get()).sequence, before + 1);
 
     chord(xSuper, xE);
     EXPECT_TRUE(turnUntil([this] { return !pressed.empty(); }));

@@ -169,7 +169,7 @@ std::vector<std::string> paneTitles(std::string const& desktops, std::vector<Pan
     for (auto const& row : rows)
         disk.write("apps/" + row.file, "[Desktop Entry]\nType=Application\n" + row.keys);
     std::vector<std::string> titles;
-    for (auto const& pane : settingsPanesIn(ApplicationIndex::read({ disk.path("apps") }), desktopsNamed(desktops)))
+    for (auto const& pane : settingsPanesIn(ApplicationIndex::read({ disk.path("apps") }, { {}, desktopsNamed(desktops) })))
         titles.push_back(pane.title + (pane.missingProgram.empty() ? "" : " needs " + pane.missingProgram));
     std::sort(titles.begin(), titles.end());
     return titles;

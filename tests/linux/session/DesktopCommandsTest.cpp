@@ -1,5 +1,5 @@
 #include "platform/linux/machine/LinuxComputerInfo.h"
-#include "platform/linux/machine/OsRelease.h"
+#include "platform/linux/posix/OsRelease.h"
 #include "platform/linux/session/Desktop.h"
 #include "platform/linux/session/LinuxDesktopCommands.h"
 #include "tests/linux/FakePrograms.h"
@@ -116,7 +116,7 @@ TEST(PathPrograms, FindsOnlyWhatCanBeRun)
     add("bin/text", 0644);
     folder.makeFolder("bin/folder");
     folder.write("share/applications/a.desktop", "");
-    PathPrograms programs("relative::" + folder.path("none") + ":" + folder.path("bin"), folder.path("share"));
+    PathPrograms programs({ { "PATH", "relative::" + folder.path("none") + ":" + folder.path("bin") } }, { folder.path("share/applications") });
     EXPECT_TRUE(programs.has("tool"));
     EXPECT_FALSE(programs.has("text"));
     EXPECT_FALSE(programs.has("folder"));

@@ -21,8 +21,14 @@ struct PosixToolRunnerTest : testing::Test {
     {
         return runner.run({ "/bin/sh", { "-c", script }, output, timeout });
     }
-    PosixToolRunner runner;
+    PosixToolRunner runner { { { "PATH", "/usr/bin:/bin" }, { "ZV_GIVEN", "two words" } } };
 };
+
+TEST_F(PosixToolRunnerTest, GivesTheToolTheEnvironmentThatItWasGiven)
+{
+    ::setenv("ZV_NOT_GIVEN", "x", 1);
+    EXPECT_EQ(shell("echo \"$ZV_GIVEN$ZV_NOT_GIVEN\"").output, "two words\n");
+}
 
 TEST_F(PosixToolRunnerTest, KeepsTheTwoStreamsApartOrTogether)
 {
@@ -117,7 +123,8 @@ TEST_F(PosixToolRunnerTest, SaysWhatCannotBeStarted)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         EXPECT_EQ(runner.run({ row.path }).end, End::notStarted);
-        EXPECT_EQ(ShortcutsProvider(std::make_shared<PosixToolRunner>(), row.path).run("x")->reason, ShortcutsProvider::Failure::Case::notInstalled);
+        EXPECT_EQ(
+            ShortcutsProvider(std::make_shared<PosixToolRunner>(Environment {}), row.path).run("x")->reason, ShortcutsProvider::Failure::Case::notInstalled);
     }
     std::filesystem::remove_all(folder);
 }

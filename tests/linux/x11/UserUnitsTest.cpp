@@ -41,9 +41,9 @@ struct UserUnitsTest : testing::Test {
     PrivateBus bus;
     tests::TemporaryFolder disk;
     fakes::FakeTime time;
-    ApplicationCatalog catalog { time, { disk.path() } };
+    ApplicationCatalog catalog { time, { disk.path() }, {} };
     std::vector<std::string> launched;
-    DesktopRunningApplications applications { { catalog, {}, [this](Url const& url) { launched.push_back(url.lastPathComponent()); },
+    DesktopRunningApplications applications { { catalog, [this](Url const& url) { launched.push_back(url.lastPathComponent()); },
                                                   QDBusConnection::connectToBus(QString::fromStdString(bus.address()), QStringLiteral("units")) },
         std::nullopt };
 };
@@ -65,7 +65,7 @@ TEST_F(UserUnitsTest, AreNotToBeHadWithoutTheServiceManager) { EXPECT_EQ(list(),
 
 TEST_F(UserUnitsTest, AreNotToBeHadWithoutABus)
 {
-    DesktopRunningApplications withoutBus({ catalog, {}, {} }, std::nullopt);
+    DesktopRunningApplications withoutBus({ catalog, {} }, std::nullopt);
     bool isAnswered = false;
     withoutBus.list([&](RunningApplications::List const& found) { isAnswered = !found; });
     time.runTasks();

@@ -133,9 +133,9 @@ TEST_F(X11ClientWindowsTest, BringTheTopmostWindowOfAnApplicationToTheFront)
     fakes::FakeTime time;
     tests::TemporaryFolder const disk;
     disk.write("late.desktop", "[Desktop Entry]\nType=Application\nName=Late\nExec=late\n");
-    ApplicationCatalog catalog(time, { disk.path() });
+    ApplicationCatalog catalog(time, { disk.path() }, {});
     std::vector<std::string> launched;
-    DesktopRunningApplications applications({ catalog, {}, [&](Url const& url) { launched.push_back(url.lastPathComponent()); } }, windows());
+    DesktopRunningApplications applications({ catalog, [&](Url const& url) { launched.push_back(url.lastPathComponent()); } }, windows());
     applications.activate("class:XTerm");
     applications.activate("late.desktop");
     applications.activate("class:Gone");

@@ -1,28 +1,19 @@
-#include "platform/linux/toolkit/ProgramEnvironment.h"
+#include "platform/linux/toolkit/DesktopDiagnostics.h"
 
 #include <QGuiApplication>
-#include <QProcessEnvironment>
 #include <QScreen>
 #include <QSysInfo>
 
 namespace zv {
 
-Environment processEnvironment()
+std::string desktopDiagnostics(Environment const& environment, bool hasTray)
 {
-    Environment environment;
-    auto const all = QProcessEnvironment::systemEnvironment();
-    for (auto const& name : all.keys())
-        environment[name.toStdString()] = all.value(name).toStdString();
-    return environment;
-}
-
-std::string desktopDiagnostics(bool hasTray)
-{
+    auto const desktop = valueOf(environment, "XDG_CURRENT_DESKTOP");
     QStringList lines;
     lines << QStringLiteral("Zanthe Vell " ZV_VERSION);
     lines << QSysInfo::prettyProductName() + QStringLiteral(", kernel ") + QSysInfo::kernelVersion() + QStringLiteral(", ")
             + QSysInfo::currentCpuArchitecture();
-    lines << QStringLiteral("Desktop: ") + qEnvironmentVariable("XDG_CURRENT_DESKTOP", QStringLiteral("unknown"));
+    lines << QStringLiteral("Desktop: ") + (desktop.empty() ? QStringLiteral("unknown") : QString::fromStdString(desktop));
     lines << QStringLiteral("Display: ") + QGuiApplication::platformName() + QStringLiteral(", Qt ") + QLatin1StringView(qVersion());
     for (auto const* screen : QGuiApplication::screens())
         lines << QStringLiteral("Screen: %1×%2 at %3").arg(screen->geometry().width()).arg(screen->geometry().height()).arg(screen->devicePixelRatio());

@@ -1,6 +1,8 @@
-#include "platform/linux/machine/OsRelease.h"
+#include "platform/linux/posix/OsRelease.h"
 
-#include <fstream>
+#include "base/Split.h"
+#include "platform/linux/posix/WholeFiles.h"
+
 #include <string_view>
 
 namespace zv {
@@ -27,11 +29,11 @@ std::string unquoted(std::string_view text)
 std::map<std::string, std::string> readOsRelease(std::string const& path)
 {
     std::map<std::string, std::string> values;
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) {
+    auto const text = readTextFile(path).value_or("");
+    for (auto const line : split(text, '\n')) {
         auto const equals = line.find('=');
-        if (equals != std::string::npos && !line.starts_with('#'))
-            values[line.substr(0, equals)] = unquoted(std::string_view(line).substr(equals + 1));
+        if (equals != std::string_view::npos && !line.starts_with('#'))
+            values[std::string(line.substr(0, equals))] = unquoted(line.substr(equals + 1));
     }
     return values;
 }

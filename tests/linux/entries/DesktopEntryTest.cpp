@@ -1,4 +1,4 @@
-#include "platform/linux/entries/DesktopEntryText.h"
+#include "platform/linux/entries/DesktopEntry.h"
 #include "tests/linux/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 
 DesktopAudience const austrian { { "de_AT", "de" }, { "ubuntu", "XFCE" } };
 
-TEST(DesktopEntryText, FindsTheNameInTheBestLanguage)
+TEST(DesktopEntry, FindsTheNameInTheBestLanguage)
 {
     struct Row {
         std::string lines, name, why;
@@ -23,19 +23,20 @@ TEST(DesktopEntryText, FindsTheNameInTheBestLanguage)
         { " Name = Files \r\n", "Files", "blanks around" },
         { "Name=Two\\nlines\\s\\\\ \\x\n", "Two\nlines \\ \\x", "escapes" },
         { "#Name=No\nNames=No\nName[de=No\nName=Yes\n", "Yes", "what only looks like it" },
-        { "Name=bad\xFF\n", "bad\uFFFD", "not UTF-8" },
+        { "Name=bad\xFF\n", "bad\xFF", "not UTF-8" },
         { "Comment=None\n", "", "no name" },
         { "Name=First\n[Desktop Action new]\nName=Second\nNoDisplay=true\n", "First", "other groups say nothing" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
-        auto const entry = DesktopEntryText::parse("# comment\n[Desktop Entry]\n" + row.lines, austrian);
-        EXPECT_EQ(entry.name, row.name);
-        EXPECT_TRUE(entry.isListed);
+        auto const text = "# comment\n[Desktop Entry]\n" + row.lines;
+        DesktopEntry const entry(text);
+        EXPECT_EQ(entry.translated("Name", austrian.languages), row.name);
+        EXPECT_TRUE(entry.isListed(austrian.desktops));
     }
 }
 
-TEST(DesktopEntryText, ListsWhatIsMeantForThisDesktop)
+TEST(DesktopEntry, ListsWhatIsMeantForThisDesktop)
 {
     struct Row {
         std::string lines;
@@ -54,20 +55,22 @@ TEST(DesktopEntryText, ListsWhatIsMeantForThisDesktop)
         { "OnlyShowIn=\n", false },
         { "OnlyShowIn=xfce;\n", false },
     };
-    for (auto const& row : rows)
-        EXPECT_EQ(DesktopEntryText::parse("[Desktop Entry]\nName=N\n" + row.lines, austrian).isListed, row.isListed) << row.lines;
-}
-
-TEST(DesktopEntryText, WhatIsNoEntryHasNoName)
-{
-    for (auto const* text : { "", "Name=Loose\n", "[Other]\nName=X\nNoDisplay=true\n", "[Desktop Entry", "\n\n=\n" }) {
-        auto const entry = DesktopEntryText::parse(text, austrian);
-        EXPECT_EQ(entry.name, "") << text;
-        EXPECT_TRUE(entry.isListed) << text;
+    for (auto const& row : rows) {
+        auto const text = "[Desktop Entry]\nName=N\n" + row.lines;
+        EXPECT_EQ(DesktopEntry(text).isListed(austrian.desktops), row.isListed) << row.lines;
     }
 }
 
-TEST(DesktopEntryText, ReadsALongMainGroupButNoFurther)
+TEST(DesktopEntry, WhatIsNoEntryHasNoName)
+{
+    for (auto const* text : { "", "Name=Loose\n", "[Other]\nName=X\nNoDisplay=true\n", "[Desktop Entry", "\n\n=\n" }) {
+        DesktopEntry const entry(text);
+        EXPECT_EQ(entry.text("Name"), "") << text;
+        EXPECT_TRUE(entry.isListed(austrian.desktops)) << text;
+    }
+}
+
+TEST(DesktopEntry, ReadsALongMainGroupButNoFurther)
 {
     tests::TemporaryFolder const folder;
     std::string translations;
@@ -76,9 +79,14 @@ TEST(DesktopEntryText, ReadsALongMainGroupButNoFurther)
     folder.write("long.desktop", "[Desktop Entry]\n" + translations + "Name=At the end\n\n[Desktop Action x]\n" + translations);
     folder.write("huge.desktop", "[Desktop Entry]\nName=Early\n" + std::string(4 << 20, 'x'));
     int const open = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY);
-    EXPECT_EQ(DesktopEntryText::read(open, "long.desktop", austrian).name, "At the end");
-    EXPECT_EQ(DesktopEntryText::read(open, "huge.desktop", austrian).name, "Early");
-    EXPECT_EQ(DesktopEntryText::read(open, "missing.desktop", austrian).name, "");
+    auto const nameIn = [open](char const* file) {
+        auto const text = readDesktopEntry(open, file);
+        EXPECT_LT(text.size(), 600u << 10) << file;
+        return DesktopEntry(text).text("Name");
+    };
+    EXPECT_EQ(nameIn("long.desktop"), "At the end");
+    EXPECT_EQ(nameIn("huge.desktop"), "Early");
+    EXPECT_EQ(nameIn("missing.desktop"), "");
     close(open);
 }
 
