@@ -35,6 +35,7 @@ void KresUpdateReminder::willHandleShowingUpdate(bool engineShowsIt, UpdateItem 
     request.title = applicationName() + " " + update.displayVersion + " is available";
     request.body = "Click to install it.";
     request.playsSound = true;
+    request.actionTitle = "Show";
     m_services.notifications.post(request);
 }
 
