@@ -10,9 +10,6 @@
 
 namespace zv {
 
-/// What an empty outline says.
-inline constexpr char const* emptyMenuText = "Your menu is empty. Drag things here from the library, or add them with the buttons below.";
-
 /// What the editor's outline shows of one item.
 struct OutlineRow {
     std::string title;

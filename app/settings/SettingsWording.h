@@ -16,6 +16,7 @@ struct SettingsWording {
     std::string noPresenceNote;
     std::string openAtLoginHelp;
     std::string statusItemIsNotShown; ///< what helps where nothing shows status icons
+    std::string depth; ///< the inspector's title for how deep a folder opens
 
     [[nodiscard]] static SettingsWording of(SystemKind system);
 };
