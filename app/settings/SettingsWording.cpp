@@ -32,6 +32,7 @@ SettingsWording forLinuxDesktop()
     wording.openAtLoginHelp = "If you do not select this checkbox, you’ll get the standard panel every login until you manually open Zanthe Vell yourself.";
     wording.statusItemIsNotShown = "Nothing on this desktop shows status icons. On GNOME, the extension “AppIndicator and KStatusNotifierItem Support” does; "
                                    "other panels have a status tray or notification area to add.";
+    wording.loginFailure = [](std::string const& reason) { return "The autostart entry could not be changed: " + reason + "."; };
     wording.depth = "Levels of folders";
     return wording;
 }

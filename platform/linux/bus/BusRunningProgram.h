@@ -13,6 +13,11 @@ namespace zv {
 /// most; connects at the first question.
 class BusRunningProgram : public RunningProgram {
 public:
+    explicit BusRunningProgram(Texts texts)
+        : m_texts(std::move(texts))
+    {
+    }
+
     bool isRunning() const override;
     MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
     MaybeFailure<> openSettings() override;
@@ -25,6 +30,7 @@ private:
     [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting);
     [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
 
+    Texts m_texts;
     mutable bool m_isConnected = false; ///< or that was tried in vain
     mutable std::optional<BusConnection> m_bus;
 };

@@ -1,5 +1,7 @@
 #include "platform/linux/compose/LinuxFrontEnd.h"
 
+#include "app/shell/RelocationTexts.h"
+#include "app/shell/RunningProgramTexts.h"
 #include "app/updates/AppcastUpdateEngine.h"
 #include "base/Log.h"
 #include "platform/linux/bus/BusRunningProgram.h"
@@ -35,6 +37,7 @@ LinuxInstallation::Options installationOptions(XdgDirectories const& directories
     LinuxInstallation::Options options;
     options.userFolder = directories.home + "/.local/bin";
     options.userApplications = directories.data + "/applications";
+    options.entryNotWritten = relocationTexts::entryNotWritten;
     options.isMountedAppImage = environment.contains("APPIMAGE");
     options.resources = resourcesOfThisProgram();
     options.giveWay = std::move(giveWay);
@@ -92,7 +95,7 @@ LinuxFrontEnd::~LinuxFrontEnd() = default;
 int LinuxFrontEnd::run()
 {
     if (!m_instance.claim()) {
-        if (auto const failure = BusRunningProgram().openSettings()) {
+        if (auto const failure = BusRunningProgram(runningProgramTexts()).openSettings()) {
             logLine("it runs already, and cannot be asked to open its settings. " + *failure);
             return 1;
         }

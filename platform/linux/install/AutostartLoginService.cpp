@@ -20,7 +20,7 @@ struct KeyFileDeleter {
     void operator()(GKeyFile* file) const { g_key_file_unref(file); }
 };
 
-LoginService::Error errorFor(std::error_code code) { return { code.value(), "The autostart entry could not be changed: " + code.message() + "." }; }
+LoginService::Error errorFor(std::error_code code) { return { code.value(), code.message() }; }
 
 bool isTrue(GKeyFile* file, char const* key) { return g_key_file_get_boolean(file, group, key, nullptr) != FALSE; }
 

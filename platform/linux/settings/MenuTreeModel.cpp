@@ -206,16 +206,16 @@ QVariant MenuTreeModel::titleData(Node const& node, int role) const
     auto const& row = rowOf(node);
     switch (role) {
     case Qt::DisplayRole:
-        return QString::fromStdString(row.isSeparator ? settingsTexts::separatorLine : row.title);
+        return QString::fromStdString(row.shownTitle());
     case Qt::EditRole:
         return QString::fromStdString(node.item->displayTitle());
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return QString::fromStdString(row.badge);
     case Qt::AccessibleTextRole:
-        return QString::fromStdString(row.isSeparator ? settingsTexts::separator : row.title);
+        return QString::fromStdString(row.spokenTitle());
     case Qt::ForegroundRole:
-        return row.isDimmed || row.isSeparator ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
+        return row.isFaint() ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
     case Qt::DecorationRole:
         return decoration(node);
     default:

@@ -355,7 +355,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     auto const* item = _tree.itemOf(node);
     auto const row = item ? _models->outline().row(*item) : zv::OutlineRow();
-    NSColor* const color = row.isDimmed || row.isSeparator ? [NSColor secondaryLabelColor] : [NSColor labelColor];
+    NSColor* const color = row.isFaint() ? [NSColor secondaryLabelColor] : [NSColor labelColor];
     bool const isTitle = [[tableColumn identifier] isEqual:titleColumn];
     NSTableCellView* const cell = isTitle ? zv::iconCell(outline, titleColumn) : zv::textCell(outline, shortcutColumn, row.shortcut);
     if (isTitle && item)
@@ -367,12 +367,12 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 
 - (void)fillTitle:(NSTableCellView*)cell item:(MenuItem const&)item row:(zv::OutlineRow const&)row
 {
-    zv::show(cell, row.isSeparator ? nullptr : _models->iconOf(item), row.isSeparator ? texts::separatorLine : row.title);
+    zv::show(cell, row.isSeparator ? nullptr : _models->iconOf(item), row.shownTitle());
     if (!row.badge.empty())
         [[cell imageView] setImage:[NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)]];
     [[cell textField] setEditable:row.isSeparator ? NO : YES];
     [[cell textField] setDelegate:self];
-    [[cell textField] setAccessibilityLabel:row.isSeparator ? zv::toNSString(texts::separator) : nil];
+    [[cell textField] setAccessibilityLabel:row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil];
 }
 
 /// A title was edited in place; one that was left as shown was not.
