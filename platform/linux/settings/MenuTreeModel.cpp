@@ -1,6 +1,5 @@
 #include "platform/linux/settings/MenuTreeModel.h"
 
-#include "app/menu/MenuIcon.h"
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/RecorderField.h"
