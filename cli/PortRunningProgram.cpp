@@ -1,5 +1,7 @@
 #include "cli/PortRunningProgram.h"
 
+#include "app/shell/RunningProgramTexts.h"
+
 namespace zv {
 
 namespace {
@@ -12,7 +14,7 @@ ProgramAnswer PortRunningProgram::ask(ProgramMessage const& request, Starting st
 {
     if (!m_post.isRunning()) {
         if (starting == Starting::forbidden)
-            return Failure { std::string("Zanthe Vell is not running.") };
+            return Failure { runningProgramTexts().notRunning };
         if (auto failure = m_post.start())
             return Failure { "Zanthe Vell could not be started: " + *failure };
     }
@@ -22,7 +24,7 @@ ProgramAnswer PortRunningProgram::ask(ProgramMessage const& request, Starting st
     auto answer = decodedAnswer(*text);
     if (!answer)
         return Failure { std::string("The running program gave an answer that is none.") };
-    return *answer ? *answer : Failure { "The running program did not do it: " + answer->error() };
+    return *answer ? *answer : Failure { runningProgramTexts().refused(answer->error()) };
 }
 
 MaybeFailure<> PortRunningProgram::tell(ProgramMessage const& request, Starting starting)

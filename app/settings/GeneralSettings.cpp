@@ -118,7 +118,7 @@ void GeneralSettings::setOpensAtLogin(bool opens)
     else if (auto const enabled = m_services.loginItem.enable(); !enabled)
         failure = enabled.error();
     if (failure)
-        m_services.alerts.run(LoginItem::alertFor(*failure));
+        m_services.alerts.run(LoginItem::alertFor(m_services.wording.loginFailure(failure->description)));
     if (onChanged)
         onChanged();
 }

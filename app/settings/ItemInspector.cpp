@@ -37,6 +37,8 @@ bool listsFolders(MenuItemKind const& kind)
 
 } // namespace
 
+std::optional<std::int64_t> depthOfChoice(std::int64_t choice) { return choice == depthOfPreference ? std::nullopt : std::optional(choice); }
+
 InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing)
 {
     bool const isSeparator = item.kind == MenuItemKind::separator;

@@ -10,9 +10,6 @@
 
 namespace zv {
 
-/// What an empty palette says.
-inline constexpr char const* nothingFoundText = "Nothing in the library matches.";
-
 /// The palette of things to add, in groups, narrowed by what is typed into its search field.
 class LibraryPalette {
 public:

@@ -39,11 +39,11 @@ std::optional<LoginItem::ChangeFailure> LoginItem::disable()
 
 void LoginItem::openSettings() { m_service.openSystemSettings(); }
 
-Alert LoginItem::alertFor(ChangeFailure const& failure)
+Alert LoginItem::alertFor(std::string reason)
 {
     Alert alert;
     alert.message = "“Open at login” could not be changed.";
-    alert.informativeText = failure.description;
+    alert.informativeText = std::move(reason);
     return alert;
 }
 

@@ -34,8 +34,8 @@ public:
     std::optional<ChangeFailure> disable();
     void openSettings();
 
-    /// The alert for a change that failed.
-    [[nodiscard]] static Alert alertFor(ChangeFailure const& failure);
+    /// The alert for a change that failed; the reason is a sentence.
+    [[nodiscard]] static Alert alertFor(std::string reason);
 
     static constexpr char const* approvalNote
         = "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.";

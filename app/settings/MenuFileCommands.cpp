@@ -1,6 +1,7 @@
 #include "app/settings/MenuFileCommands.h"
 
 #include "app/model/MenuDocument.h"
+#include "app/settings/SettingsTexts.h"
 
 namespace zv {
 
@@ -17,9 +18,10 @@ void MenuFileCommands::exportMenu()
 
 void MenuFileCommands::importMenu()
 {
-    auto const files = m_services.panels.chooseToOpen("Import Menu", FilePanelKind::menuDocument);
+    auto const files
+        = m_services.panels.chooseToOpen({ settingsTexts::importMenu, FilePanelKind::menuDocument, settingsTexts::menuDocuments, settingsTexts::allFiles });
     if (!files.empty())
-        replaceFrom(files.front(), "Import Menu");
+        replaceFrom(files.front(), settingsTexts::importMenu);
 }
 
 std::vector<MenuBackup> MenuFileCommands::backups() const { return m_services.backups.list(); }

@@ -2,6 +2,7 @@
 
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/model/MenuStore.h"
+#include "app/settings/SettingsTexts.h"
 
 #include <functional>
 #include <optional>
@@ -10,9 +11,6 @@
 
 namespace zv {
 
-/// What an empty outline says.
-inline constexpr char const* emptyMenuText = "Your menu is empty. Drag things here from the library, or add them with the buttons below.";
-
 /// What the editor's outline shows of one item.
 struct OutlineRow {
     std::string title;
@@ -20,6 +18,13 @@ struct OutlineRow {
     bool isDimmed = false; ///< hidden, or cannot act
     std::string shortcut; ///< glyph text; empty for none
     std::string badge; ///< why something is wrong, as a sentence; empty when all is well
+
+    /// In the colour of what is less important.
+    [[nodiscard]] bool isFaint() const { return isDimmed || isSeparator; }
+    /// A separator's is a line.
+    [[nodiscard]] std::string shownTitle() const { return isSeparator ? settingsTexts::separatorLine : title; }
+    /// For assistive tools.
+    [[nodiscard]] std::string spokenTitle() const { return isSeparator ? settingsTexts::separator : title; }
 };
 
 /// Describes items with what the store and the hotkeys know of them. Main thread only.

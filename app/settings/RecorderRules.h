@@ -30,13 +30,7 @@ struct RecorderOutcome {
 /// what can be registered is decided elsewhere.
 [[nodiscard]] RecorderOutcome recorderOutcome(KeyPress const& press);
 
-/// What the recorder's field says.
-struct RecorderTexts {
-    static constexpr char const* recording = "Press keys…";
-    static constexpr char const* none = "None";
-    static constexpr char const* clear = "Clear";
-    static constexpr char const* help = "Click, then press the key combination you want.";
-    static constexpr double minimumWidth = 90; ///< points
-};
+/// Of the recorder's field, in points.
+inline constexpr double minimumRecorderWidth = 90;
 
 } // namespace zv

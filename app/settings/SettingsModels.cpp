@@ -1,7 +1,9 @@
 #include "app/settings/SettingsModels.h"
 
 #include "app/doctor/HotkeyCheck.h"
+#include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
+#include "app/settings/SettingsTexts.h"
 
 namespace zv {
 
@@ -21,13 +23,14 @@ SettingsModels::SettingsModels(Services services)
           .updater = m_services.updater,
           .menuFile = m_menuFile,
           .alerts = m_services.surface.desk.alerts,
-          .wording = SettingsWording::of(m_services.system.kind),
+          .wording = wording(),
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
           .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane })
     , m_about(aboutText(m_services.system.files.resources))
+    , m_place(m_services.system.files.defaults)
 {
     if (auto const& list = m_services.surface.home.installedApplications)
         list(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
@@ -37,12 +40,48 @@ std::optional<std::string> SettingsModels::statusItemProblem() const
 {
     if (m_services.surface.presence.showsStatusItems())
         return std::nullopt;
-    return SettingsWording::of(m_services.system.kind).statusItemIsNotShown;
+    return wording().statusItemIsNotShown;
 }
 
-void SettingsModels::reveal(MenuItem const& item)
+void SettingsModels::readOutline() const
 {
-    auto const url = item.location ? item.location->resolvedURL(locationsOf(m_services.system)) : std::nullopt;
+    (void)m_services.store.items();
+    (void)m_services.store.unresolvedItemIDs();
+    (void)m_outline.row(MenuItem::ofKind(MenuItemKind::sleep)); // the conflicts
+}
+
+ImageRef SettingsModels::iconOf(MenuItem const& item)
+{
+    bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
+    return isFile ? m_services.icons.iconForFile(Url::fromPath(*item.location->path)) : m_services.icons.iconForKind(item.kind);
+}
+
+InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const
+{
+    return inspectorFields(item, m_services.preferences, m_services.store.unresolvedItemIDs().contains(item.id));
+}
+
+DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position)
+{
+    auto const* title = kind == FilePanelKind::folder ? settingsTexts::chooseFolder : settingsTexts::chooseFiles;
+    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ title, kind });
+    return takeFiles(chosen, m_editor, position);
+}
+
+void SettingsModels::chooseTarget(Uuid const& id)
+{
+    auto const edited = id; // what shows the item may change while the panel is open
+    if (!m_services.store.find(edited))
+        return;
+    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ settingsTexts::chooseTarget, FilePanelKind::filesAndFolders });
+    if (!chosen.empty())
+        m_editor.setTarget(edited, chosen.front());
+}
+
+void SettingsModels::reveal(Uuid const& id)
+{
+    auto const* item = m_services.store.find(id);
+    auto const url = item && item->location ? item->location->resolvedURL(locationsOf(m_services.system)) : std::nullopt;
     if (url)
         m_services.system.session.workspace.reveal(*url);
 }

@@ -2,10 +2,13 @@
 
 #include "app/settings/AboutText.h"
 #include "app/settings/GeneralSettings.h"
+#include "app/settings/ItemInspector.h"
 #include "app/settings/LibraryPalette.h"
+#include "app/settings/MenuDrop.h"
 #include "app/settings/MenuEditor.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
+#include "app/settings/SettingsPlace.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -40,20 +43,26 @@ public:
     SettingsModels& operator=(SettingsModels const&) = delete;
 
     [[nodiscard]] MenuStore& store() { return m_services.store; }
-    [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }
     [[nodiscard]] MenuEditor& editor() { return m_editor; }
     [[nodiscard]] MenuOutline const& outline() const { return m_outline; }
     [[nodiscard]] LibraryPalette const& palette() const { return m_palette; }
     [[nodiscard]] MenuFileCommands& menuFile() { return m_menuFile; }
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
-    [[nodiscard]] MenuIcons& icons() { return m_services.icons; }
-    [[nodiscard]] FilePanels& panels() { return m_services.surface.windows.filePanels; }
+    [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
+    [[nodiscard]] SettingsPlace& place() { return m_place; }
     [[nodiscard]] Alerts& alerts() { return m_services.surface.desk.alerts; }
-    /// Where the window keeps its size and its tab.
-    [[nodiscard]] UserDefaults& defaults() { return m_services.system.files.defaults; }
 
-    void reveal(MenuItem const& item);
+    /// Reads all that the outline shows, for those who observe it.
+    void readOutline() const;
+    [[nodiscard]] ImageRef iconOf(MenuItem const& item);
+    [[nodiscard]] InspectorFields inspectorFieldsOf(MenuItem const& item) const;
+
+    /// Asks which files to add, and adds them.
+    DropOutcome addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position);
+    /// Asks for the item's new target.
+    void chooseTarget(Uuid const& id);
+    void reveal(Uuid const& id);
     void showReadMe();
     void copyDiagnostics();
     /// While a shortcut is recorded no global hotkey is held, so that any combination reaches
@@ -71,6 +80,7 @@ private:
     MenuFileCommands m_menuFile;
     GeneralSettings m_general;
     AboutText m_about;
+    SettingsPlace m_place;
     bool m_isRecording = false;
     Lifetime m_lifetime;
 };

@@ -39,7 +39,13 @@ struct SettingsRow {
 struct SettingsSection {
     std::string title;
     std::vector<SettingsRow> rows;
+
+    /// What stands before the first row.
+    [[nodiscard]] std::string heading() const { return title + ":"; }
 };
+
+/// Equal for pages that the same controls show: those with equal sections, of equal rows.
+[[nodiscard]] std::string shapeOf(std::vector<SettingsSection> const& sections);
 
 /// Adds the value that stands to the offered ones, in its order, when it is not among them:
 /// what somebody stored is shown and kept.

@@ -16,6 +16,7 @@ SettingsWording forMacOS()
     wording.statusItemHelp = "A laurel among the icons of the menu bar opens your menu.";
     wording.noPresenceNote = "Zanthe Vell then shows a Dock icon.";
     wording.openAtLoginHelp = LoginItem::helpText;
+    wording.depth = "Folders within open";
     return wording;
 }
 
@@ -31,6 +32,8 @@ SettingsWording forLinuxDesktop()
     wording.openAtLoginHelp = "If you do not select this checkbox, you’ll get the standard panel every login until you manually open Zanthe Vell yourself.";
     wording.statusItemIsNotShown = "Nothing on this desktop shows status icons. On GNOME, the extension “AppIndicator and KStatusNotifierItem Support” does; "
                                    "other panels have a status tray or notification area to add.";
+    wording.loginFailure = [](std::string const& reason) { return "The autostart entry could not be changed: " + reason + "."; };
+    wording.depth = "Levels of folders";
     return wording;
 }
 

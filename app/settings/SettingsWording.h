@@ -16,6 +16,9 @@ struct SettingsWording {
     std::string noPresenceNote;
     std::string openAtLoginHelp;
     std::string statusItemIsNotShown; ///< what helps where nothing shows status icons
+    /// Makes a sentence of the system's reason for not opening the program at login.
+    std::string (*loginFailure)(std::string const& reason) = [](std::string const& reason) { return reason; };
+    std::string depth; ///< the inspector's title for how deep a folder opens
 
     [[nodiscard]] static SettingsWording of(SystemKind system);
 };

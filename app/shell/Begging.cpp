@@ -28,6 +28,7 @@ NotesWindowLayout layoutFor(RichText const* text)
     double const textHeight = text ? text->height(textWidth) : 0;
     NotesWindowLayout layout;
     layout.title = "Zanthe Vell Beta";
+    layout.textName = "Notes";
     layout.width = windowWidth;
     layout.height = std::min(std::ceil(textHeight) + 2 * textInset, maximumHeight);
     layout.minimumWidth = 320;

@@ -1,5 +1,6 @@
 #include "app/updates/KresUpdateReminder.h"
 
+#include "app/updates/UpdateTexts.h"
 #include "base/MainThread.h"
 
 namespace zv {
@@ -35,6 +36,7 @@ void KresUpdateReminder::willHandleShowingUpdate(bool engineShowsIt, UpdateItem 
     request.title = applicationName() + " " + update.displayVersion + " is available";
     request.body = "Click to install it.";
     request.playsSound = true;
+    request.actionTitle = updateTexts::showUpdate;
     m_services.notifications.post(request);
 }
 

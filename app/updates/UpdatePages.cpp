@@ -1,6 +1,7 @@
 #include "app/updates/UpdatePages.h"
 
 #include "app/updates/UpdateChoice.h"
+#include "app/updates/UpdateTexts.h"
 
 namespace zv::updatePages {
 
@@ -22,6 +23,7 @@ Offer offer(AppcastItem const& item, std::string const& currentVersion, std::opt
     offer.page.title = item.isCritical ? "An important update is available" : "A new version is available";
     offer.page.message = nameOf(item) + " is available. You have " + currentVersion + ".";
     offer.page.notes = plainTextOfNotes(item.releaseNotes);
+    offer.page.notesName = updateTexts::notes;
     offer.page.buttons.clear();
     if (owningPackage)
         offer.page.message += " This copy belongs to the package “" + *owningPackage + "”, so your system’s own updates will bring it.";

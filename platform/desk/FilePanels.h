@@ -10,12 +10,21 @@ namespace zv {
 
 enum class FilePanelKind { filesAndFolders, folder, menuDocument };
 
+/// What is asked for, and the words to ask in.
+struct FilePanelQuestion {
+    std::string title;
+    FilePanelKind kind = FilePanelKind::filesAndFolders;
+    /// What the documents to choose from are called, and all files: panels may offer both.
+    std::string documents {};
+    std::string allFiles {};
+};
+
 /// The system's panels for choosing files; modal. Main thread only.
 class FilePanels {
 public:
     virtual ~FilePanels() = default;
     /// Empty when the user cancelled.
-    [[nodiscard]] virtual std::vector<Url> chooseToOpen(std::string const& title, FilePanelKind kind) = 0;
+    [[nodiscard]] virtual std::vector<Url> chooseToOpen(FilePanelQuestion const& question) = 0;
     [[nodiscard]] virtual std::optional<Url> chooseToSave(std::string const& title, std::string const& suggestedName) = 0;
 };
 

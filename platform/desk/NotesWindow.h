@@ -18,6 +18,7 @@ public:
 /// Sizes in points, of the content.
 struct NotesWindowLayout {
     std::string title;
+    std::string textName; ///< for assistive tools
     double width = 0;
     double height = 0;
     double minimumWidth = 0;

@@ -10,6 +10,7 @@ struct NotificationRequest {
     std::string title;
     std::string body;
     bool playsSound = false;
+    std::string actionTitle {}; ///< of what a click does, where a desktop names it
 };
 
 /// The desktop's notifications. They are shown, with their sound, even while the program

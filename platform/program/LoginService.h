@@ -13,7 +13,7 @@ public:
     enum class Status { notRegistered, enabled, requiresApproval, notFound };
     struct Error {
         std::int32_t code = 0;
-        std::string description; ///< localized, a whole sentence
+        std::string description; ///< the reason, in the system's own words
     };
 
     virtual ~LoginService() = default;

@@ -3,6 +3,7 @@
 #include "base/Result.h"
 #include "base/Url.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,13 @@ public:
     struct ScreenPoint {
         double x = 0;
         double y = 0;
+    };
+
+    /// What the failures say.
+    struct Texts {
+        std::string noConnection; ///< there is no way to reach it by
+        std::string notRunning;
+        std::function<std::string(std::string const& reason)> refused;
     };
 
     virtual ~RunningProgram() = default;

@@ -13,6 +13,7 @@ struct UpdatePage {
     std::string title;
     std::string message;
     std::string notes; ///< scrolls; empty for none
+    std::string notesName; ///< of the notes, for assistive tools
     std::optional<double> progress; ///< 0 to 1; negative while the end is unknown; none for no bar
     std::vector<std::string> buttons; ///< the first is the default
     std::size_t escapeButton = 0; ///< also closing the window

@@ -7,7 +7,7 @@ namespace zv::fakes {
 /// Answers with what the test chose; nothing chosen is a cancel.
 class FakeFilePanels : public FilePanels {
 public:
-    std::vector<Url> chooseToOpen(std::string const&, FilePanelKind) override { return opened; }
+    std::vector<Url> chooseToOpen(FilePanelQuestion const&) override { return opened; }
     std::optional<Url> chooseToSave(std::string const&, std::string const&) override { return saved; }
 
     std::vector<Url> opened;

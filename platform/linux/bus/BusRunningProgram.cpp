@@ -26,13 +26,13 @@ Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef argum
 {
     auto const* const session = bus();
     if (!session)
-        return Failure { std::string("There is no session bus to reach the running program by.") };
+        return Failure { m_texts.noConnection };
     auto reply = session->call(program, method, arguments.get(), Deadline(patience), replyType, starting);
     if (reply)
         return std::move(reply).value();
     if (!isRunning())
-        return Failure { std::string("Zanthe Vell is not running.") };
-    return Failure { "The running program did not do it: " + reply.error().message };
+        return Failure { m_texts.notRunning };
+    return Failure { m_texts.refused(reply.error().message) };
 }
 
 MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments, BusConnection::Starting starting)

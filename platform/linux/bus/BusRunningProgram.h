@@ -14,10 +14,12 @@ namespace zv {
 class BusRunningProgram : public RunningProgram {
 public:
     /// `sessionBus` is an address; empty where there is no bus.
-    explicit BusRunningProgram(std::string sessionBus)
+    BusRunningProgram(std::string sessionBus, Texts texts)
         : m_address(std::move(sessionBus))
+        , m_texts(std::move(texts))
     {
     }
+
     bool isRunning() const override;
     MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
     MaybeFailure<> openSettings() override;
@@ -31,6 +33,7 @@ private:
     [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
 
     std::string m_address;
+    Texts m_texts;
     mutable bool m_isConnected = false; ///< or that was tried in vain
     mutable std::optional<BusConnection> m_bus;
 };

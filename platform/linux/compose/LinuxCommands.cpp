@@ -2,6 +2,7 @@
 
 #include "app/doctor/DesktopChecks.h"
 #include "app/doctor/ProgramChecks.h"
+#include "app/shell/RunningProgramTexts.h"
 #include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/doctor/DesktopSurvey.h"
 #include "platform/linux/doctor/DisplaySurvey.h"
@@ -100,7 +101,7 @@ Files const& LinuxCommands::files()
 RunningProgram& LinuxCommands::runningProgram()
 {
     if (!m_runningProgram)
-        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session);
+        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts());
     return *m_runningProgram;
 }
 

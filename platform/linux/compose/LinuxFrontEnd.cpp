@@ -1,5 +1,7 @@
 #include "platform/linux/compose/LinuxFrontEnd.h"
 
+#include "app/shell/RelocationTexts.h"
+#include "app/shell/RunningProgramTexts.h"
 #include "app/updates/AppcastUpdateEngine.h"
 #include "base/Log.h"
 #include "platform/linux/bus/BusRunningProgram.h"
@@ -34,6 +36,7 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     LinuxInstallation::Options options;
     options.userFolder = files.paths().user.home + "/.local/bin";
     options.userApplications = files.paths().user.data + "/applications";
+    options.entryNotWritten = relocationTexts::entryNotWritten;
     options.isMountedAppImage = files.environment().contains("APPIMAGE");
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
@@ -97,7 +100,7 @@ LinuxFrontEnd::~LinuxFrontEnd() = default;
 int LinuxFrontEnd::run()
 {
     if (!m_instance.claim()) {
-        if (auto const failure = BusRunningProgram(m_access.buses.session).openSettings()) {
+        if (auto const failure = BusRunningProgram(m_access.buses.session, runningProgramTexts()).openSettings()) {
             logLine("it runs already, and cannot be asked to open its settings. " + *failure);
             return 1;
         }

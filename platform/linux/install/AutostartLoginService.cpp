@@ -14,7 +14,7 @@ namespace zv {
 
 namespace {
 
-LoginService::Error errorFor(std::error_code code) { return { code.value(), "The autostart entry could not be changed: " + code.message() + "." }; }
+LoginService::Error errorFor(std::error_code code) { return { code.value(), code.message() }; }
 
 bool isSwitchedOff(DesktopEntry const& entry)
 {

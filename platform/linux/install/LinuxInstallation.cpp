@@ -153,7 +153,7 @@ MaybeFailure<> LinuxInstallation::writeEntry(Url const& installed) const
     stream << "[Desktop Entry]\nType=Application\nName=Zanthe Vell\nComment=A menu of your own making\nExec=" << quotedForExec(program)
            << "\nIcon=org.zanthevell.ZantheVell\nCategories=Utility;\n";
     stream.close();
-    return stream ? std::nullopt : std::optional<std::string>("The application entry could not be written.");
+    return stream ? std::nullopt : std::optional(m_options.entryNotWritten);
 }
 
 void LinuxInstallation::giveWay()

@@ -19,6 +19,7 @@ public:
         std::string userApplications; ///< $XDG_DATA_HOME/applications
         std::string temporaryFolder = "/tmp";
         std::string resources; ///< of the running program; they move with a program that is a file of its own
+        std::string entryNotWritten; ///< says that the application entry could not be written
         bool isMountedAppImage = false; ///< $APPIMAGE is set
         std::function<void()> giveWay; ///< ends this process's being the one that runs
     };

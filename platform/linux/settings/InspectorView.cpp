@@ -1,5 +1,6 @@
 #include "platform/linux/settings/InspectorView.h"
 
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/settings/SettingsButton.h"
 
 #include <QCheckBox>
@@ -39,7 +40,7 @@ InspectorView::InspectorView(SettingsModels& models, KeyLookup lookUp)
     , m_target(smallLabel())
     , m_depth(new QComboBox)
     , m_shortcut(nullptr)
-    , m_hidden(new QCheckBox(QStringLiteral("Hide in the menu")))
+    , m_hidden(new QCheckBox(text(settingsTexts::hidden)))
     , m_note(smallLabel())
 {
     auto* column = new QVBoxLayout(this);
@@ -61,8 +62,8 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_shortcut = new RecorderField(m_models, std::move(lookUp));
     auto* target = new QVBoxLayout(m_targetRow);
     target->setContentsMargins(0, 0, 0, 0);
-    auto* choose = settingsButton(QStringLiteral("Choose…"));
-    auto* reveal = settingsButton(QStringLiteral("Reveal"));
+    auto* choose = settingsButton(text(settingsTexts::choose));
+    auto* reveal = settingsButton(text(settingsTexts::reveal));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(choose);
     buttons->addWidget(reveal);
@@ -70,10 +71,10 @@ void InspectorView::buildForm(KeyLookup lookUp)
     target->addWidget(m_target);
     target->addLayout(buttons);
 
-    m_form->addRow(QStringLiteral("Title"), m_title);
-    m_form->addRow(QStringLiteral("Target"), m_targetRow);
-    m_form->addRow(QStringLiteral("Levels of folders"), m_depth);
-    m_form->addRow(QStringLiteral("Shortcut"), m_shortcut);
+    m_form->addRow(text(settingsTexts::title), m_title);
+    m_form->addRow(text(settingsTexts::target), m_targetRow);
+    m_form->addRow(text(m_models.wording().depth), m_depth);
+    m_form->addRow(text(settingsTexts::shortcut), m_shortcut);
     m_form->addRow(m_hidden);
     m_form->addRow(m_note);
 
@@ -83,15 +84,17 @@ void InspectorView::buildForm(KeyLookup lookUp)
     connect(&m_pause, &QTimer::timeout, this, [this] { takeTitle(); });
     connect(m_title, &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
     connect(m_title, &QLineEdit::editingFinished, this, [this] { takeTitle(); });
-    connect(choose, &QPushButton::clicked, this, [this] { chooseTarget(); });
+    connect(choose, &QPushButton::clicked, this, [this] {
+        if (m_id)
+            m_models.chooseTarget(*m_id);
+    });
     connect(reveal, &QPushButton::clicked, this, [this] {
-        if (auto const* item = m_id ? m_models.store().find(*m_id) : nullptr)
-            m_models.reveal(*item);
+        if (m_id)
+            m_models.reveal(*m_id);
     });
     connect(m_depth, &QComboBox::currentIndexChanged, this, [this] {
-        auto const depth = m_depth->currentData().toLongLong();
         if (m_id)
-            m_models.editor().setScanDepth(*m_id, depth == depthOfPreference ? std::nullopt : std::optional<std::int64_t>(depth));
+            m_models.editor().setScanDepth(*m_id, depthOfChoice(m_depth->currentData().toLongLong()));
     });
     connect(m_hidden, &QCheckBox::toggled, this, [this](bool on) {
         if (m_id)
@@ -103,17 +106,6 @@ void InspectorView::buildForm(KeyLookup lookUp)
     };
 }
 
-void InspectorView::chooseTarget()
-{
-    auto const id = m_id;
-    auto const* item = id ? m_models.store().find(*id) : nullptr;
-    if (!item)
-        return;
-    auto const chosen = m_models.panels().chooseToOpen("Choose Target", FilePanelKind::filesAndFolders);
-    if (!chosen.empty())
-        m_models.editor().setTarget(*id, chosen.front());
-}
-
 void InspectorView::show(MenuItem const* item, std::size_t count)
 {
     // A title being typed belongs to the item that was shown until now.
@@ -122,11 +114,10 @@ void InspectorView::show(MenuItem const* item, std::size_t count)
     m_id = item && count == 1 ? std::optional(item->id) : std::nullopt;
     m_body->setVisible(m_id.has_value());
     if (!m_id) {
-        m_heading->setText(count == 0 ? QStringLiteral("No item selected") : QStringLiteral("%1 items selected").arg(count));
+        m_heading->setText(text(settingsTexts::selected(count)));
         return;
     }
-    bool const isMissing = m_models.store().unresolvedItemIDs().contains(item->id);
-    fill(inspectorFields(*item, m_models.preferences(), isMissing));
+    fill(m_models.inspectorFieldsOf(*item));
 }
 
 void InspectorView::fill(InspectorFields const& fields)
@@ -144,7 +135,7 @@ void InspectorView::fill(InspectorFields const& fields)
     m_depth->clear();
     for (auto const& choice : fields.depthChoices)
         m_depth->addItem(text(choice.title), QVariant::fromValue<qlonglong>(choice.value));
-    m_depth->setCurrentIndex(m_depth->findData(QVariant::fromValue<qlonglong>(fields.depth.value_or(depthOfPreference))));
+    m_depth->setCurrentIndex(m_depth->findData(QVariant::fromValue<qlonglong>(fields.depthChoice())));
     setRowVisible(m_depth, fields.hasDepth);
 
     m_shortcut->setSpec(fields.shortcut);

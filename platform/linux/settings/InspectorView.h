@@ -32,7 +32,6 @@ private:
     void buildForm(KeyLookup lookUp);
     void takeTitle();
     void fill(InspectorFields const& fields);
-    void chooseTarget();
     void setRowVisible(QWidget* field, bool isVisible);
 
     SettingsModels& m_models;

@@ -1,6 +1,6 @@
 #include "platform/linux/settings/LibraryView.h"
 
-#include "app/menu/MenuIcon.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/MenuTreeModel.h"
@@ -36,7 +36,7 @@ public:
         setDragEnabled(true);
         setDragDropMode(QAbstractItemView::DragOnly);
         setSelectionMode(QAbstractItemView::SingleSelection);
-        setAccessibleName(QStringLiteral("Library"));
+        setAccessibleName(QString::fromUtf8(settingsTexts::library));
     }
 
     [[nodiscard]] LibraryEntry const* entry(QTreeWidgetItem const* item) const
@@ -50,7 +50,7 @@ protected:
     {
         QTreeWidget::paintEvent(event);
         if (topLevelItemCount() == 0)
-            paintEmptyText(*this, nothingFoundText);
+            paintEmptyText(*this, settingsTexts::nothingFound);
     }
     [[nodiscard]] QStringList mimeTypes() const override { return { QLatin1StringView(menuItemDragType) }; }
     [[nodiscard]] QMimeData* mimeData(QList<QTreeWidgetItem*> const& items) const override
@@ -68,19 +68,18 @@ private:
     LibraryPalette const& m_palette;
 };
 
-LibraryView::LibraryView(LibraryPalette const& palette, MenuIcons& icons)
-    : m_palette(palette)
-    , m_icons(icons)
+LibraryView::LibraryView(SettingsModels& models)
+    : m_models(models)
     , m_search(new QLineEdit)
-    , m_tree(new Tree(palette))
+    , m_tree(new Tree(models.palette()))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_search);
     column->addWidget(m_tree, 1);
-    m_search->setPlaceholderText(QStringLiteral("Search"));
+    m_search->setPlaceholderText(QString::fromUtf8(settingsTexts::search));
     m_search->setClearButtonEnabled(true);
-    m_search->setAccessibleName(QStringLiteral("Search the library"));
+    m_search->setAccessibleName(QString::fromUtf8(settingsTexts::searchLibrary));
     m_search->installEventFilter(this);
     QObject::connect(m_search, &QLineEdit::textChanged, this, [this] { fill(); });
     QObject::connect(m_search, &QLineEdit::returnPressed, this, [this] { addChosen(); });
@@ -91,11 +90,10 @@ LibraryView::LibraryView(LibraryPalette const& palette, MenuIcons& icons)
 /// Its picture is fetched when it comes into sight: there may be hundreds of applications.
 class LibraryView::Entry : public QTreeWidgetItem {
 public:
-    Entry(QTreeWidgetItem* heading, LibraryEntry const& entry, MenuIcons& icons)
+    Entry(QTreeWidgetItem* heading, LibraryEntry const& entry, SettingsModels& models)
         : QTreeWidgetItem(heading, { zv::text(entry.title) })
-        , m_icons(icons)
-        , m_kind(entry.itemTemplate.kind)
-        , m_path(entry.itemTemplate.location ? entry.itemTemplate.location->path.value_or("") : "")
+        , m_models(models)
+        , m_item(entry.itemTemplate)
     {
         setData(0, entryRole, zv::text(entry.id));
         setToolTip(0, zv::text(entry.localizedDescription));
@@ -105,14 +103,13 @@ public:
     {
         if (role != Qt::DecorationRole)
             return QTreeWidgetItem::data(column, role);
-        auto const image = m_path.empty() ? m_icons.iconForKind(m_kind) : m_icons.iconForFile(Url::fromPath(m_path));
+        auto const image = m_models.iconOf(m_item);
         return image ? menuIconOf(image) : blankMenuIcon();
     }
 
 private:
-    MenuIcons& m_icons;
-    MenuItemKind m_kind;
-    std::string m_path;
+    SettingsModels& m_models;
+    MenuItem m_item;
 };
 
 void LibraryView::fill()
@@ -132,13 +129,13 @@ void LibraryView::refill()
     auto bold = m_tree->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 0.92);
-    for (auto const& group : m_palette.groups(m_search->text().toStdString())) {
+    for (auto const& group : m_models.palette().groups(m_search->text().toStdString())) {
         auto* heading = new QTreeWidgetItem(m_tree, { text(group.title) });
         heading->setFlags(Qt::ItemIsEnabled);
         heading->setFont(0, bold);
         heading->setForeground(0, palette().color(QPalette::PlaceholderText));
         for (auto const* entry : group.entries) {
-            auto* item = new Entry(heading, *entry, m_icons);
+            auto* item = new Entry(heading, *entry, m_models);
             if (item->data(0, entryRole) == chosen)
                 m_tree->setCurrentItem(item);
         }

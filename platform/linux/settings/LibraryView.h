@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/settings/LibraryPalette.h"
+#include "app/settings/SettingsModels.h"
 
 #include <QTreeWidget>
 #include <QWidget>
@@ -12,13 +12,11 @@ class QLineEdit;
 
 namespace zv {
 
-class MenuIcons;
-
 /// The palette: a search field above the groups of what can be added. Entries are dragged
 /// into the outline, or added by a double click or Return.
 class LibraryView : public QWidget {
 public:
-    LibraryView(LibraryPalette const& palette, MenuIcons& icons);
+    explicit LibraryView(SettingsModels& models);
 
     std::function<void(LibraryEntry const&)> onAdd;
 
@@ -34,8 +32,7 @@ private:
     void addChosen();
     [[nodiscard]] bool searchKeyPressed(QKeyEvent& event);
 
-    LibraryPalette const& m_palette;
-    MenuIcons& m_icons;
+    SettingsModels& m_models;
     QLineEdit* m_search;
     QTreeWidget* m_tree;
     Observation m_observation;

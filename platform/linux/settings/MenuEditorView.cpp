@@ -83,7 +83,7 @@ public:
         setUniformRowHeights(true);
         setAllColumnsShowFocus(true);
         setIconSize({ menuIconSize, menuIconSize });
-        setAccessibleName(QStringLiteral("Menu"));
+        setAccessibleName(QString::fromUtf8(settingsTexts::outline));
         header()->setStretchLastSection(false);
         header()->setSectionResizeMode(0, QHeaderView::Stretch);
         header()->setSectionResizeMode(1, QHeaderView::Interactive);
@@ -95,7 +95,7 @@ protected:
     {
         QTreeView::paintEvent(event);
         if (model()->rowCount() == 0)
-            paintEmptyText(*this, emptyMenuText);
+            paintEmptyText(*this, settingsTexts::emptyMenu);
     }
     void dragMoveEvent(QDragMoveEvent* event) override
     {
@@ -122,7 +122,7 @@ private:
 MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     : m_models(models)
     , m_tree(models)
-    , m_library(new LibraryView(models.palette(), models.icons()))
+    , m_library(new LibraryView(models))
     , m_outline(new Outline(m_tree))
     , m_inspector(new InspectorView(models, std::move(lookUp)))
 {
@@ -158,12 +158,12 @@ QWidget* MenuEditorView::outlineColumn()
     box->addWidget(m_outline, 1);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(6);
-    addButton(*buttons, "File…", "Adds files and applications", [this] { addFiles(FilePanelKind::filesAndFolders); });
-    addButton(*buttons, "Folder…", "Adds a folder, which opens as a submenu", [this] { addFiles(FilePanelKind::folder); });
-    addButton(*buttons, "Submenu", "Adds an empty submenu", [this] { m_models.editor().addSubmenu(insertPosition()); });
-    addButton(*buttons, "Separator", "Adds a line", [this] { m_models.editor().addSeparator(insertPosition()); });
+    addButton(*buttons, settingsTexts::addFile, [this] { addFiles(FilePanelKind::filesAndFolders); });
+    addButton(*buttons, settingsTexts::addFolder, [this] { addFiles(FilePanelKind::folder); });
+    addButton(*buttons, settingsTexts::addSubmenu, [this] { m_models.editor().addSubmenu(insertPosition()); });
+    addButton(*buttons, settingsTexts::addSeparator, [this] { m_models.editor().addSeparator(insertPosition()); });
     buttons->addStretch();
-    m_remove = addButton(*buttons, "Remove", "Removes what is selected", [this] { removeSelected(); });
+    m_remove = addButton(*buttons, settingsTexts::remove, [this] { removeSelected(); });
     box->addLayout(buttons);
     return column;
 }
@@ -174,17 +174,17 @@ QWidget* MenuEditorView::inspectorColumn()
     auto* box = new QVBoxLayout(column);
     box->setContentsMargins(6, 0, 0, 0);
     box->addWidget(m_inspector, 1);
-    auto* restore = settingsButton(QStringLiteral("Restore Default Menu…"));
+    auto* restore = settingsButton(QString::fromUtf8(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
     box->addWidget(restore);
     return column;
 }
 
-QPushButton* MenuEditorView::addButton(QLayout& line, char const* title, char const* help, std::function<void()> act)
+QPushButton* MenuEditorView::addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act)
 {
-    auto* button = settingsButton(QString::fromUtf8(title));
-    button->setToolTip(QString::fromUtf8(help));
-    button->setAccessibleDescription(QString::fromUtf8(help));
+    auto* button = settingsButton(QString::fromUtf8(texts.title));
+    button->setToolTip(QString::fromUtf8(texts.help));
+    button->setAccessibleDescription(QString::fromUtf8(texts.help));
     connect(button, &QPushButton::clicked, this, [act = std::move(act)] { act(); });
     line.addWidget(button);
     return button;
@@ -213,26 +213,26 @@ void MenuEditorView::addActions()
     using Keys = QKeySequence;
     addUndoActions();
     addGap();
-    auto* cut = addAction("Cut", Keys::keyBindings(Keys::Cut), [this] {
+    auto* cut = addAction(settingsTexts::cut, Keys::keyBindings(Keys::Cut), [this] {
         copySelected();
         removeSelected();
     });
-    auto* copy = addAction("Copy", Keys::keyBindings(Keys::Copy), [this] { copySelected(); });
-    addAction("Paste", Keys::keyBindings(Keys::Paste), [this] { paste(); });
-    auto* duplicate = addAction("Duplicate", { Keys(Qt::CTRL | Qt::Key_D) }, [this] { m_models.editor().duplicate(selection()); });
-    auto* remove = addAction("Delete", Keys::keyBindings(Keys::Delete), [this] { removeSelected(); });
+    auto* copy = addAction(settingsTexts::copy, Keys::keyBindings(Keys::Copy), [this] { copySelected(); });
+    addAction(settingsTexts::paste, Keys::keyBindings(Keys::Paste), [this] { paste(); });
+    auto* duplicate = addAction(settingsTexts::duplicate, { Keys(Qt::CTRL | Qt::Key_D) }, [this] { m_models.editor().duplicate(selection()); });
+    auto* remove = addAction(settingsTexts::deleteSelected, Keys::keyBindings(Keys::Delete), [this] { removeSelected(); });
     addGap();
-    auto* up = addAction("Move Up", { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
-    auto* down = addAction("Move Down", { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
+    auto* up = addAction(settingsTexts::moveUp, { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
+    auto* down = addAction(settingsTexts::moveDown, { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
     m_selectionActions = { cut, copy, duplicate, remove, up, down };
 }
 
 /// They work wherever the focus is in this tab; a text field undoes its own typing first.
 void MenuEditorView::addUndoActions()
 {
-    auto* undo = m_undo.createUndoAction(this, QStringLiteral("Undo"));
+    auto* undo = m_undo.createUndoAction(this, QString::fromUtf8(settingsTexts::undo));
     undo->setShortcuts(QKeySequence::Undo);
-    auto* redo = m_undo.createRedoAction(this, QStringLiteral("Redo"));
+    auto* redo = m_undo.createRedoAction(this, QString::fromUtf8(settingsTexts::redo));
     redo->setShortcuts(QKeySequence::Redo);
     for (auto* action : { undo, redo }) {
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -295,10 +295,8 @@ void MenuEditorView::addEntry(LibraryEntry const& entry)
 
 void MenuEditorView::addFiles(FilePanelKind kind)
 {
-    auto const position = insertPosition();
-    auto const chosen = m_models.panels().chooseToOpen(kind == FilePanelKind::folder ? "Add Folder" : "Add Files", kind);
-    if (!chosen.empty())
-        m_models.editor().addFiles(chosen, position);
+    if (auto const outcome = m_models.addChosenFiles(kind, insertPosition()); outcome.problem)
+        m_models.alerts().run(*outcome.problem);
 }
 
 void MenuEditorView::removeSelected() { m_models.editor().remove(selection()); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/settings/SettingsModels.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/settings/InspectorView.h"
 #include "platform/linux/settings/LibraryView.h"
 #include "platform/linux/settings/MenuTreeModel.h"
@@ -27,7 +28,7 @@ private:
 
     [[nodiscard]] QWidget* outlineColumn();
     [[nodiscard]] QWidget* inspectorColumn();
-    QPushButton* addButton(QLayout& line, char const* title, char const* help, std::function<void()> act);
+    QPushButton* addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act);
     void addActions();
     void addUndoActions();
     QAction* addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act);

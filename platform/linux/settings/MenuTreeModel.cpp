@@ -1,6 +1,6 @@
 #include "platform/linux/settings/MenuTreeModel.h"
 
-#include "app/menu/MenuIcon.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/RecorderField.h"
 
@@ -69,16 +69,12 @@ MenuTreeModel::~MenuTreeModel() = default;
 
 void MenuTreeModel::observe()
 {
-    auto const read = [this] {
-        (void)m_models.store().items();
-        (void)m_models.store().unresolvedItemIDs();
-        (void)m_models.outline().row(MenuItem::ofKind(MenuItemKind::sleep)); // the conflicts
-    };
-    m_observation = withObservationTracking(read, [this] {
-        QMetaObject::invokeMethod(
-            this, [this] { storeChanged(); }, Qt::QueuedConnection);
-        m_isStale = true;
-    });
+    m_observation = withObservationTracking([this] { m_models.readOutline(); },
+        [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { storeChanged(); }, Qt::QueuedConnection);
+            m_isStale = true;
+        });
 }
 
 void MenuTreeModel::storeChanged()
@@ -186,7 +182,7 @@ QVariant MenuTreeModel::headerData(int section, Qt::Orientation orientation, int
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == titleColumn ? QStringLiteral("Menu") : QStringLiteral("Shortcut");
+    return QString::fromUtf8(section == titleColumn ? settingsTexts::titleColumn : settingsTexts::shortcutColumn);
 }
 
 QVariant MenuTreeModel::data(QModelIndex const& index, int role) const
@@ -209,16 +205,16 @@ QVariant MenuTreeModel::titleData(Node const& node, int role) const
     auto const& row = rowOf(node);
     switch (role) {
     case Qt::DisplayRole:
-        return row.isSeparator ? QStringLiteral("――――――") : QString::fromStdString(row.title);
+        return QString::fromStdString(row.shownTitle());
     case Qt::EditRole:
         return QString::fromStdString(node.item->displayTitle());
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
         return QString::fromStdString(row.badge);
     case Qt::AccessibleTextRole:
-        return row.isSeparator ? QStringLiteral("Separator") : QString::fromStdString(row.title);
+        return QString::fromStdString(row.spokenTitle());
     case Qt::ForegroundRole:
-        return row.isDimmed || row.isSeparator ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
+        return row.isFaint() ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
     case Qt::DecorationRole:
         return decoration(node);
     default:
@@ -233,10 +229,7 @@ QVariant MenuTreeModel::decoration(Node const& node) const
         return {};
     if (!row.badge.empty())
         return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
-    auto const& item = *node.item;
-    bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
-    auto& icons = m_models.icons();
-    auto const image = isFile ? icons.iconForFile(Url::fromPath(*item.location->path)) : icons.iconForKind(item.kind);
+    auto const image = m_models.iconOf(*node.item);
     return image ? menuIconOf(image) : blankMenuIcon();
 }
 
@@ -295,28 +288,16 @@ bool MenuTreeModel::dropMimeData(QMimeData const* data, Qt::DropAction action, i
     return false; // the store has moved the items: the view must not remove them
 }
 
-bool MenuTreeModel::take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position)
+void MenuTreeModel::take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position)
 {
-    Alert alert;
-    if (data.hasFormat(recordType)) {
-        bool const moves = action == Qt::MoveAction && data.data(originType) == ownProcess();
-        auto const failure = m_models.editor().drop(recordsOf(data), position, moves ? MenuEditor::Drop::move : MenuEditor::Drop::copy);
-        if (!failure)
-            return true;
-        alert.message = "The items could not be added.";
-        alert.informativeText = *failure;
-    } else {
-        auto const missing = m_models.editor().addFiles(filesOf(data), position);
-        if (missing.empty())
-            return data.hasUrls();
-        alert.message = missing.size() == 1 ? "One file could not be added." : std::to_string(missing.size()) + " files could not be added.";
-        for (auto const& file : missing)
-            alert.informativeText += (alert.informativeText.empty() ? "" : "\n") + file.path() + " does not exist.";
-    }
+    bool const moves = action == Qt::MoveAction && data.data(originType) == ownProcess();
+    MenuDrop const drop { recordsOf(data), filesOf(data), moves ? MenuEditor::Drop::move : MenuEditor::Drop::copy };
+    auto const outcome = zv::take(drop, m_models.editor(), position);
+    if (!outcome.problem)
+        return;
     // Not from within the drop: the drag is still going on.
     QMetaObject::invokeMethod(
-        this, [this, alert] { m_models.alerts().run(alert); }, Qt::QueuedConnection);
-    return false;
+        this, [this, problem = *outcome.problem] { m_models.alerts().run(problem); }, Qt::QueuedConnection);
 }
 
 } // namespace zv

@@ -44,7 +44,7 @@ public:
     bool dropMimeData(QMimeData const* data, Qt::DropAction action, int row, int column, QModelIndex const& parent) override;
 
     /// Takes what the clipboard or a drag holds.
-    bool take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position);
+    void take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position);
 
 Q_SIGNALS:
     /// Before and after the tree is laid anew: the view keeps what was selected and open.

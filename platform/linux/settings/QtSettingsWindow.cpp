@@ -1,5 +1,6 @@
 #include "platform/linux/settings/QtSettingsWindow.h"
 
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/settings/AboutView.h"
 #include "platform/linux/settings/MenuEditorView.h"
@@ -15,17 +16,10 @@ namespace zv {
 
 namespace {
 
-constexpr char const* widthKey = "SettingsWidth";
-constexpr char const* heightKey = "SettingsHeight";
-constexpr char const* tabKey = "SettingsTab";
 constexpr QSize usualSize { 960, 680 };
 constexpr QSize smallestSize { 880, 440 }; // three columns, none of them cut
 
-void keep(UserDefaults& defaults, char const* key, int value)
-{
-    if (defaults.integerForKey(key) != value)
-        defaults.keep(key, value);
-}
+QString text(settingsTexts::Text utf8) { return QString::fromUtf8(utf8); }
 
 } // namespace
 
@@ -36,21 +30,21 @@ public:
         , m_tabs(new QTabWidget)
         , m_general(new SettingsPageView)
     {
-        setWindowTitle(QStringLiteral("Zanthe Vell Settings"));
+        setWindowTitle(text(settingsTexts::windowTitle));
         setWindowIcon(laurelApplicationIcon());
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(8, 8, 8, 8);
         column->addWidget(m_tabs);
-        m_tabs->addTab(m_general, QStringLiteral("General"));
-        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), QStringLiteral("Menu"));
-        m_tabs->addTab(new AboutView(models), QStringLiteral("About"));
-        m_tabs->setAccessibleName(QStringLiteral("Settings"));
+        m_tabs->addTab(m_general, text(settingsTexts::generalTab));
+        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), text(settingsTexts::menuTab));
+        m_tabs->addTab(new AboutView(models), text(settingsTexts::aboutTab));
+        m_tabs->setAccessibleName(text(settingsTexts::tabs));
         bringPlaceBack();
         m_models.general().onChanged = [this] { refresh(); };
         QObject::connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
         QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
         QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) {
-            keep(m_models.defaults(), tabKey, tab);
+            m_models.place().keepTab(tab);
             refresh(); // there may be backups that were not there
         });
         refresh();
@@ -94,17 +88,15 @@ private:
         auto const size = isMaximized() || isFullScreen() ? normalGeometry().size() : this->size();
         if (!testAttribute(Qt::WA_WState_Created) || size.isEmpty())
             return;
-        keep(m_models.defaults(), widthKey, size.width());
-        keep(m_models.defaults(), heightKey, size.height());
+        m_models.place().keepSize({ size.width(), size.height() });
     }
 
     void bringPlaceBack()
     {
-        auto& defaults = m_models.defaults();
-        QSize const kept(static_cast<int>(defaults.integerForKey(widthKey)), static_cast<int>(defaults.integerForKey(heightKey)));
+        auto const kept = m_models.place().size({ smallestSize.width(), smallestSize.height() });
         setMinimumSize(smallestSize);
-        resize(kept.width() >= smallestSize.width() && kept.height() >= smallestSize.height() ? kept.boundedTo(screen()->availableSize()) : usualSize);
-        m_tabs->setCurrentIndex(static_cast<int>(std::clamp<std::int64_t>(defaults.integerForKey(tabKey), 0, m_tabs->count() - 1)));
+        resize(kept ? QSize(static_cast<int>(kept->width), static_cast<int>(kept->height)).boundedTo(screen()->availableSize()) : usualSize);
+        m_tabs->setCurrentIndex(static_cast<int>(m_models.place().tab(m_tabs->count())));
     }
 
     SettingsModels& m_models;

@@ -1,6 +1,7 @@
 #include "platform/linux/settings/RecorderField.h"
 
 #include "app/settings/RecorderRules.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/linux/menu/ShortcutText.h"
 
 #include <QFontDatabase>
@@ -16,7 +17,7 @@ RecorderField::RecorderField(SettingsModels& models, KeyLookup lookUp)
     : m_models(models)
     , m_lookUp(std::move(lookUp))
     , m_field(new QPushButton)
-    , m_clear(new QPushButton(QLatin1StringView(RecorderTexts::clear)))
+    , m_clear(new QPushButton(QString::fromUtf8(settingsTexts::clear)))
 {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
@@ -24,16 +25,16 @@ RecorderField::RecorderField(SettingsModels& models, KeyLookup lookUp)
     line->addWidget(m_clear);
 
     m_field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_field->setMinimumWidth(static_cast<int>(RecorderTexts::minimumWidth));
+    m_field->setMinimumWidth(static_cast<int>(minimumRecorderWidth));
     m_field->setAutoDefault(false);
     m_field->setCheckable(true);
-    m_field->setToolTip(QLatin1StringView(RecorderTexts::help));
-    m_field->setAccessibleName(tr("Shortcut"));
-    m_field->setAccessibleDescription(QLatin1StringView(RecorderTexts::help));
+    m_field->setToolTip(QString::fromUtf8(settingsTexts::recorderHelp));
+    m_field->setAccessibleName(QString::fromUtf8(settingsTexts::recorder));
+    m_field->setAccessibleDescription(QString::fromUtf8(settingsTexts::recorderHelp));
     m_field->installEventFilter(this);
     m_clear->setFlat(true);
     m_clear->setAutoDefault(false);
-    m_clear->setAccessibleName(tr("Clear shortcut"));
+    m_clear->setAccessibleName(QString::fromUtf8(settingsTexts::clearShortcut));
     connect(m_field, &QPushButton::clicked, this, [this](bool isOn) { setRecording(isOn); });
     connect(m_clear, &QPushButton::clicked, this, [this] {
         setRecording(false);
@@ -67,9 +68,9 @@ void RecorderField::refresh()
     m_field->setChecked(m_isRecording);
     m_clear->setEnabled(m_spec.has_value());
     if (m_isRecording)
-        m_field->setText(QString::fromUtf8(RecorderTexts::recording));
+        m_field->setText(QString::fromUtf8(settingsTexts::recording));
     else
-        m_field->setText(m_spec ? readableShortcut(*m_spec) : QString::fromUtf8(RecorderTexts::none));
+        m_field->setText(m_spec ? readableShortcut(*m_spec) : QString::fromUtf8(settingsTexts::noShortcut));
 }
 
 bool RecorderField::eventFilter(QObject* watched, QEvent* event)

@@ -190,21 +190,10 @@ SettingsPageView::SettingsPageView()
     viewport()->setAutoFillBackground(false);
 }
 
-QString SettingsPageView::shapeOf(std::vector<SettingsSection> const& sections)
-{
-    QString shape;
-    for (auto const& section : sections) {
-        shape += text(section.title) + QLatin1Char('\n');
-        for (auto const& row : section.rows)
-            shape += text(row.id) + QString::number(static_cast<int>(row.kind)) + QLatin1Char(' ');
-    }
-    return shape;
-}
-
 void SettingsPageView::show(std::vector<SettingsSection> const& sections)
 {
-    if (auto const shape = shapeOf(sections); shape != m_shape) {
-        m_shape = shape;
+    if (auto shape = shapeOf(sections); shape != m_shape) {
+        m_shape = std::move(shape);
         build(sections);
         return;
     }
@@ -248,7 +237,7 @@ void SettingsPageView::addSection(QFormLayout& form, SettingsSection const& sect
         space->setFixedHeight(8);
         form.addRow(space);
     }
-    auto label = text(section.title) + QLatin1Char(':');
+    auto label = text(section.heading());
     auto const add = [&](QWidget* field) { form.addRow(headingLabel(std::exchange(label, {})), field); };
     QList<QLabel*> titles;
     QBoxLayout* buttons = nullptr;

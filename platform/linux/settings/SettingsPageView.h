@@ -23,12 +23,11 @@ public:
 private:
     class Row;
 
-    [[nodiscard]] static QString shapeOf(std::vector<SettingsSection> const& sections);
     void build(std::vector<SettingsSection> const& sections);
     void addSection(QFormLayout& form, SettingsSection const& section);
     [[nodiscard]] QWidget* makeRow(SettingsRow const& row);
 
-    QString m_shape; ///< ids and kinds of the rows that stand
+    std::string m_shape; ///< ids and kinds of the rows that stand
     QHash<QString, Row*> m_rows;
 };
 

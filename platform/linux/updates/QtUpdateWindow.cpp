@@ -37,7 +37,6 @@ public:
         m_message.setWordWrap(true);
         m_message.setMinimumWidth(380);
         m_notes.setReadOnly(true);
-        m_notes.setAccessibleName(QStringLiteral("Release notes"));
         m_notes.setMinimumHeight(160);
         for (QWidget* widget : { static_cast<QWidget*>(&m_title), static_cast<QWidget*>(&m_message), static_cast<QWidget*>(&m_notes),
                  static_cast<QWidget*>(&m_progress), static_cast<QWidget*>(&m_buttons) })
@@ -50,6 +49,7 @@ public:
         m_title.setText(QString::fromStdString(page.title));
         m_message.setText(QString::fromStdString(page.message));
         m_message.setVisible(!page.message.empty());
+        m_notes.setAccessibleName(QString::fromStdString(page.notesName));
         setNotes(QString::fromStdString(page.notes));
         setProgress(page.progress);
         setButtons(page.buttons);

@@ -44,7 +44,7 @@ void BusUserNotifications::send(QString const& identifier, NotificationRequest c
     auto message = call("Notify");
     message << QStringLiteral("Zanthe Vell") << m_delivered.value(identifier, 0U) << QStringLiteral("org.zanthevell.ZantheVell")
             << QString::fromStdString(request.title) << QString::fromStdString(request.body)
-            << QStringList { QStringLiteral("default"), QStringLiteral("Show") } << hints << -1;
+            << QStringList { QStringLiteral("default"), QString::fromStdString(request.actionTitle) } << hints << -1;
     auto* watcher = new QDBusPendingCallWatcher(m_connection.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, identifier] {
         watcher->deleteLater();

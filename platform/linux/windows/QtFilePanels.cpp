@@ -10,20 +10,26 @@ namespace {
 
 Url urlOf(QString const& path) { return Url::fromPath(QFile::encodeName(path).toStdString()); }
 
+QString menusOrAll(FilePanelQuestion const& question)
+{
+    return QStringLiteral("%1 (*.plist);;%2 (*)").arg(QString::fromStdString(question.documents), QString::fromStdString(question.allFiles));
+}
+
 /// A link is what the user chose, not what it leads to.
 QFileDialog::Options const options = QFileDialog::DontResolveSymlinks;
 
 } // namespace
 
-std::vector<Url> QtFilePanels::chooseToOpen(std::string const& title, FilePanelKind kind)
+std::vector<Url> QtFilePanels::chooseToOpen(FilePanelQuestion const& question)
 {
-    auto const caption = QString::fromStdString(title);
+    auto const kind = question.kind;
+    auto const caption = QString::fromStdString(question.title);
     auto* parent = QApplication::activeWindow();
     QStringList paths;
     if (kind == FilePanelKind::folder)
         paths << QFileDialog::getExistingDirectory(parent, caption, QDir::homePath(), options | QFileDialog::ShowDirsOnly);
     else if (kind == FilePanelKind::menuDocument)
-        paths << QFileDialog::getOpenFileName(parent, caption, QDir::homePath(), QStringLiteral("Menus (*.plist);;All files (*)"), nullptr, options);
+        paths << QFileDialog::getOpenFileName(parent, caption, QDir::homePath(), menusOrAll(question), nullptr, options);
     else
         paths = QFileDialog::getOpenFileNames(parent, caption, QDir::homePath(), QString(), nullptr, options);
     std::vector<Url> chosen;

@@ -6,7 +6,7 @@ namespace zv {
 
 class QtFilePanels : public FilePanels {
 public:
-    std::vector<Url> chooseToOpen(std::string const& title, FilePanelKind kind) override;
+    std::vector<Url> chooseToOpen(FilePanelQuestion const& question) override;
     std::optional<Url> chooseToSave(std::string const& title, std::string const& suggestedName) override;
 };
 

@@ -98,14 +98,14 @@ private:
 /// Writes the text anew when the desktop changes between light and dark.
 class NotesView : public QTextBrowser {
 public:
-    NotesView(std::shared_ptr<RichText> const& text, int inset)
+    NotesView(std::shared_ptr<RichText> const& text, NotesWindowLayout const& layout)
         : m_text(std::static_pointer_cast<QtRichText>(text))
-        , m_inset(inset)
+        , m_inset(static_cast<int>(layout.textInset))
     {
         setFrameShape(QFrame::NoFrame);
         setOpenExternalLinks(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        setAccessibleName(QStringLiteral("Notes"));
+        setAccessibleName(QString::fromStdString(layout.textName));
         rewrite();
     }
 
@@ -140,7 +140,7 @@ public:
         m_window.setBackgroundRole(QPalette::Base);
         auto* box = new QVBoxLayout(&m_window);
         box->setContentsMargins(0, 0, 0, 0);
-        box->addWidget(new NotesView(text, static_cast<int>(layout.textInset)));
+        box->addWidget(new NotesView(text, layout));
         m_window.setMinimumSize(static_cast<int>(layout.minimumWidth), static_cast<int>(layout.minimumHeight));
         m_window.resize(static_cast<int>(layout.width), static_cast<int>(layout.height));
         if (auto const* screen = QGuiApplication::primaryScreen())

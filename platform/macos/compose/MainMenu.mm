@@ -1,5 +1,9 @@
 #import "platform/macos/compose/MainMenu.h"
 
+#import "platform/macos/cocoa/Conversions.h"
+
+#include "app/shell/MainMenuTexts.h"
+
 namespace zv {
 
 namespace {
@@ -9,7 +13,7 @@ constexpr NSUInteger commandOption = NSEventModifierFlagCommand | NSEventModifie
 constexpr NSUInteger commandShift = NSEventModifierFlagCommand | NSEventModifierFlagShift;
 
 struct Command {
-    NSString* title; ///< nil for a separator
+    mainMenuTexts::Text title; ///< null for a separator
     SEL action;
     NSString* key;
     NSUInteger modifiers;
@@ -17,16 +21,18 @@ struct Command {
 
 NSMenuItem* add(NSMenu* menu, Command const& described)
 {
-    NSMenuItem* const item = described.title ? [[NSMenuItem alloc] initWithTitle:described.title action:described.action keyEquivalent:described.key]
-                                             : (NSMenuItem*)[NSMenuItem separatorItem];
+    NSMenuItem* const item = described.title
+        ? [[NSMenuItem alloc] initWithTitle:toNSString(described.title) action:described.action keyEquivalent:described.key]
+        : (NSMenuItem*)[NSMenuItem separatorItem];
     if (described.title)
         [item setKeyEquivalentModifierMask:static_cast<NSEventModifierFlags>(described.modifiers)];
     [menu addItem:item];
     return item;
 }
 
-NSMenu* addMenu(NSMenu* bar, NSString* title)
+NSMenu* addMenu(NSMenu* bar, mainMenuTexts::Text text)
 {
+    NSString* const title = toNSString(text);
     NSMenu* const menu = [[NSMenu alloc] initWithTitle:title];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:title action:nil keyEquivalent:@""];
     [item setSubmenu:menu];
@@ -36,36 +42,36 @@ NSMenu* addMenu(NSMenu* bar, NSString* title)
 
 void fillProgramMenu(NSMenu* menu, id target, SEL openSettings)
 {
-    [add(menu, { @"Settings…", openSettings, @",", command }) setTarget:target];
+    [add(menu, { mainMenuTexts::settings, openSettings, @",", command }) setTarget:target];
     add(menu, {});
-    NSMenu* const services = [[NSMenu alloc] initWithTitle:@"Services"];
-    [add(menu, { @"Services", nil, @"", 0 }) setSubmenu:services];
+    NSMenu* const services = [[NSMenu alloc] initWithTitle:toNSString(mainMenuTexts::services)];
+    [add(menu, { mainMenuTexts::services, nil, @"", 0 }) setSubmenu:services];
     [NSApp setServicesMenu:services];
     add(menu, {});
-    add(menu, { @"Hide Zanthe Vell", @selector(hide:), @"h", command });
-    add(menu, { @"Hide Others", @selector(hideOtherApplications:), @"h", commandOption });
-    add(menu, { @"Show All", @selector(unhideAllApplications:), @"", 0 });
+    add(menu, { mainMenuTexts::hide, @selector(hide:), @"h", command });
+    add(menu, { mainMenuTexts::hideOthers, @selector(hideOtherApplications:), @"h", commandOption });
+    add(menu, { mainMenuTexts::showAll, @selector(unhideAllApplications:), @"", 0 });
     add(menu, {});
-    add(menu, { @"Quit Zanthe Vell", @selector(terminate:), @"q", command });
+    add(menu, { mainMenuTexts::quit, @selector(terminate:), @"q", command });
 }
 
 void fillEditMenu(NSMenu* menu)
 {
-    add(menu, { @"Undo", NSSelectorFromString(@"undo:"), @"z", command });
-    add(menu, { @"Redo", NSSelectorFromString(@"redo:"), @"z", commandShift });
+    add(menu, { mainMenuTexts::undo, NSSelectorFromString(@"undo:"), @"z", command });
+    add(menu, { mainMenuTexts::redo, NSSelectorFromString(@"redo:"), @"z", commandShift });
     add(menu, {});
-    add(menu, { @"Cut", @selector(cut:), @"x", command });
-    add(menu, { @"Copy", @selector(copy:), @"c", command });
-    add(menu, { @"Paste", @selector(paste:), @"v", command });
-    add(menu, { @"Duplicate", NSSelectorFromString(@"duplicate:"), @"d", command });
-    add(menu, { @"Delete", NSSelectorFromString(@"delete:"), @"", 0 });
-    add(menu, { @"Select All", @selector(selectAll:), @"a", command });
+    add(menu, { mainMenuTexts::cut, @selector(cut:), @"x", command });
+    add(menu, { mainMenuTexts::copy, @selector(copy:), @"c", command });
+    add(menu, { mainMenuTexts::paste, @selector(paste:), @"v", command });
+    add(menu, { mainMenuTexts::duplicate, NSSelectorFromString(@"duplicate:"), @"d", command });
+    add(menu, { mainMenuTexts::deleteSelected, NSSelectorFromString(@"delete:"), @"", 0 });
+    add(menu, { mainMenuTexts::selectAll, @selector(selectAll:), @"a", command });
 }
 
 void fillWindowMenu(NSMenu* menu)
 {
-    add(menu, { @"Close", @selector(performClose:), @"w", command });
-    add(menu, { @"Minimize", @selector(performMiniaturize:), @"m", command });
+    add(menu, { mainMenuTexts::close, @selector(performClose:), @"w", command });
+    add(menu, { mainMenuTexts::minimize, @selector(performMiniaturize:), @"m", command });
     [NSApp setWindowsMenu:menu];
 }
 
@@ -74,9 +80,9 @@ void fillWindowMenu(NSMenu* menu)
 NSMenu* makeMainMenu(id target, SEL openSettings)
 {
     NSMenu* const bar = [[NSMenu alloc] initWithTitle:@""];
-    fillProgramMenu(addMenu(bar, @"Zanthe Vell"), target, openSettings);
-    fillEditMenu(addMenu(bar, @"Edit"));
-    fillWindowMenu(addMenu(bar, @"Window"));
+    fillProgramMenu(addMenu(bar, mainMenuTexts::program), target, openSettings);
+    fillEditMenu(addMenu(bar, mainMenuTexts::edit));
+    fillWindowMenu(addMenu(bar, mainMenuTexts::window));
     return bar;
 }
 

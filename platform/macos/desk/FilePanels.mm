@@ -9,13 +9,13 @@ namespace {
 
 class MacFilePanels : public FilePanels {
 public:
-    std::vector<Url> chooseToOpen(std::string const& title, FilePanelKind kind) override
+    std::vector<Url> chooseToOpen(FilePanelQuestion const& question) override
     {
         NSOpenPanel* const panel = [NSOpenPanel openPanel];
-        bool const isDocument = kind == FilePanelKind::menuDocument;
-        [panel setTitle:toNSString(title)];
-        [panel setMessage:toNSString(title)]; // panels show no title of their own any more
-        [panel setCanChooseFiles:kind != FilePanelKind::folder];
+        bool const isDocument = question.kind == FilePanelKind::menuDocument;
+        [panel setTitle:toNSString(question.title)];
+        [panel setMessage:toNSString(question.title)]; // panels show no title of their own any more
+        [panel setCanChooseFiles:question.kind != FilePanelKind::folder];
         [panel setCanChooseDirectories:!isDocument];
         [panel setAllowsMultipleSelection:!isDocument];
         [panel setResolvesAliases:isDocument];

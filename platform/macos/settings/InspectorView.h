@@ -26,8 +26,6 @@ private:
     void fill(InspectorFields const& fields);
     void fillDepths(InspectorFields const& fields);
     void commitTitle();
-    void chooseTarget();
-    void reveal();
     /// Does nothing while no item is shown.
     template <class Edit> [[nodiscard]] std::function<void()> editing(Edit edit);
 

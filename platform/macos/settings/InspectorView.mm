@@ -2,13 +2,15 @@
 
 #import "platform/macos/cocoa/Conversions.h"
 
+#include "app/settings/SettingsTexts.h"
+
 namespace zv {
 
 namespace {
 
 constexpr double fieldWidth = 210;
 
-NSView* titled(char const* title, NSView* field)
+NSView* titled(std::string const& title, NSView* field)
 {
     bool const isField = [field isKindOfClass:[NSTextField class]] || [field isKindOfClass:[NSPopUpButton class]];
     if (isField)
@@ -32,7 +34,7 @@ InspectorView::InspectorView(SettingsModels& models)
     , m_title([[NSTextField alloc] initWithFrame:NSZeroRect])
     , m_target(note(""))
     , m_depth([[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO])
-    , m_hidden([NSButton checkboxWithTitle:@"Hide in the menu" target:nil action:nil])
+    , m_hidden([NSButton checkboxWithTitle:toNSString(settingsTexts::hidden) target:nil action:nil])
     , m_note(note(""))
 {
     buildForm();
@@ -53,21 +55,18 @@ void InspectorView::buildForm()
         setWidth(field, fieldWidth);
     m_actions.attach(m_title, [this] { commitTitle(); });
     [[m_title cell] setSendsActionOnEndEditing:YES];
-    m_actions.attach(m_depth, editing([this](Uuid const& id) {
-        std::int64_t const depth = [m_depth selectedTag];
-        m_models.editor().setScanDepth(id, depth == depthOfPreference ? std::nullopt : std::optional(depth));
-    }));
+    m_actions.attach(m_depth, editing([this](Uuid const& id) { m_models.editor().setScanDepth(id, depthOfChoice([m_depth selectedTag])); }));
     m_actions.attach(m_hidden, editing([this](Uuid const& id) { m_models.editor().setHidden(id, [m_hidden state] == NSControlStateValueOn); }));
     m_recorder.onChange = [this](auto const& spec) {
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
     };
-    NSButton* const choose = pushButton("Choose…", {}, m_actions, [this] { chooseTarget(); });
-    NSButton* const show = pushButton("Reveal", {}, m_actions, [this] { reveal(); });
-    m_titleRow = titled("Title", m_title);
-    m_targetRow = titled("Target", stack(Direction::column, { m_target, stack(Direction::row, { choose, show }) }));
-    m_depthRow = titled("Folders within open", m_depth);
-    m_shortcutRow = titled("Shortcut", m_recorder.view());
+    NSButton* const choose = pushButton(settingsTexts::choose, {}, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
+    NSButton* const show = pushButton(settingsTexts::reveal, {}, m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
+    m_titleRow = titled(settingsTexts::title, m_title);
+    m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { choose, show }) }));
+    m_depthRow = titled(m_models.wording().depth, m_depth);
+    m_shortcutRow = titled(settingsTexts::shortcut, m_recorder.view());
     m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_shortcutRow, m_hidden, m_note });
     [m_form setSpacing:12];
     m_view = stack(Direction::column, { m_heading, m_form });
@@ -82,22 +81,6 @@ void InspectorView::commitTitle()
     m_models.editor().setTitle(*m_id, title);
 }
 
-void InspectorView::chooseTarget()
-{
-    auto const id = m_id;
-    if (!id || !m_models.store().find(*id))
-        return;
-    auto const chosen = m_models.panels().chooseToOpen("Choose Target", FilePanelKind::filesAndFolders);
-    if (!chosen.empty())
-        m_models.editor().setTarget(*id, chosen.front());
-}
-
-void InspectorView::reveal()
-{
-    if (auto const* item = m_id ? m_models.store().find(*m_id) : nullptr)
-        m_models.reveal(*item);
-}
-
 void InspectorView::show(MenuItem const* item, std::size_t selected)
 {
     if (m_id && (!item || item->id != *m_id)) {
@@ -106,11 +89,9 @@ void InspectorView::show(MenuItem const* item, std::size_t selected)
     }
     m_id = item ? std::optional(item->id) : std::nullopt;
     setShown(m_form, item != nullptr);
-    if (item) {
-        bool const isMissing = m_models.store().unresolvedItemIDs().contains(item->id);
-        return fill(inspectorFields(*item, m_models.preferences(), isMissing));
-    }
-    [m_heading setStringValue:toNSString(selected == 0 ? std::string("No item selected") : std::to_string(selected) + " items selected")];
+    if (item)
+        return fill(m_models.inspectorFieldsOf(*item));
+    [m_heading setStringValue:toNSString(settingsTexts::selected(selected))];
 }
 
 void InspectorView::fill(InspectorFields const& fields)
@@ -141,7 +122,7 @@ void InspectorView::fillDepths(InspectorFields const& fields)
         [item setTag:static_cast<NSInteger>(choice.value)];
         [[m_depth menu] addItem:item];
     }
-    [m_depth selectItemWithTag:static_cast<NSInteger>(fields.depth.value_or(depthOfPreference))];
+    [m_depth selectItemWithTag:static_cast<NSInteger>(fields.depthChoice())];
 }
 
 } // namespace zv

@@ -4,7 +4,7 @@
 #import "platform/macos/settings/Cells.h"
 #import "platform/macos/settings/Dragging.h"
 
-#include "app/menu/MenuIcon.h"
+#include "app/settings/SettingsTexts.h"
 
 @implementation ZVLibrary
 
@@ -27,13 +27,13 @@
 - (void)makeViews
 {
     _search = [[NSSearchField alloc] initWithFrame:NSZeroRect];
-    [_search setPlaceholderString:@"Search"];
-    [_search setAccessibilityLabel:@"Search the library"];
+    [_search setPlaceholderString:zv::toNSString(zv::settingsTexts::search)];
+    [_search setAccessibilityLabel:zv::toNSString(zv::settingsTexts::searchLibrary)];
     [_search setDelegate:self];
     _table = [[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
     [_table addTableColumn:[[NSTableColumn alloc] initWithIdentifier:@"entry"]];
     [_table setHeaderView:nil];
-    [_table setAccessibilityLabel:@"Library"];
+    [_table setAccessibilityLabel:zv::toNSString(zv::settingsTexts::library)];
     [_table setDataSource:self];
     [_table setDelegate:self];
     [_table setDraggingSourceOperationMask:NSDragOperationCopy forLocal:YES];
@@ -113,22 +113,14 @@
     return [self entryAt:row] ? YES : NO;
 }
 
-/// Asked for as a row comes into sight: there may be hundreds of applications.
-- (zv::ImageRef)pictureOf:(zv::LibraryEntry const&)entry
-{
-    auto const& item = entry.itemTemplate;
-    bool const isFile = item.location && item.location->path;
-    return isFile ? _models->icons().iconForFile(zv::Url::fromPath(*item.location->path)) : _models->icons().iconForKind(item.kind);
-}
-
+/// Asks for the picture as its row comes into sight: there may be hundreds of applications.
 - (NSView*)tableView:(NSTableView*)table viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row
 {
     auto const* entry = [self entryAt:row];
     if (!entry)
         return zv::textCell(table, @"group", _rows[static_cast<std::size_t>(row)].heading);
     NSTableCellView* const cell = zv::iconCell(table, @"entry");
-    auto const picture = [self pictureOf:*entry];
-    zv::show(cell, picture, entry->title);
+    zv::show(cell, _models->iconOf(entry->itemTemplate), entry->title);
     [cell setToolTip:zv::toNSString(entry->localizedDescription)];
     return cell;
 }

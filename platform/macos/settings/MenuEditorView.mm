@@ -5,10 +5,11 @@
 #import "platform/macos/settings/Cells.h"
 #import "platform/macos/settings/Dragging.h"
 
-#include "app/menu/MenuIcon.h"
+#include "app/settings/SettingsTexts.h"
 
 using zv::MenuEditor;
 using zv::MenuItem;
+namespace texts = zv::settingsTexts;
 using Edit = std::shared_ptr<zv::MenuEdit const>;
 enum class Direction { back, forward };
 
@@ -61,23 +62,13 @@ namespace {
 
 NSString* const titleColumn = @"title";
 NSString* const shortcutColumn = @"shortcut";
-constexpr char const* separatorText = "――――――";
 
-NSTableColumn* column(NSString* identifier, NSString* title, double width)
+NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     NSTableColumn* const made = [[NSTableColumn alloc] initWithIdentifier:identifier];
-    [[made headerCell] setStringValue:title];
+    [[made headerCell] setStringValue:zv::toNSString(title)];
     [made setWidth:width];
     return made;
-}
-
-zv::Alert alertAbout(std::vector<zv::Url> const& missing)
-{
-    zv::Alert alert;
-    alert.message = missing.size() == 1 ? "One file could not be added." : std::to_string(missing.size()) + " files could not be added.";
-    for (auto const& file : missing)
-        alert.informativeText += (alert.informativeText.empty() ? "" : "\n") + file.path() + " does not exist.";
-    return alert;
 }
 
 } // namespace
@@ -139,14 +130,14 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 {
     _outline = [[ZVMenuOutlineView alloc] initWithFrame:NSMakeRect(0, 0, 380, 400)];
     [_outline setEditor:self];
-    NSTableColumn* const titles = column(titleColumn, @"Menu", 250);
+    NSTableColumn* const titles = column(titleColumn, texts::titleColumn, 250);
     [_outline addTableColumn:titles];
-    [_outline addTableColumn:column(shortcutColumn, @"Shortcut", 90)];
+    [_outline addTableColumn:column(shortcutColumn, texts::shortcutColumn, 90)];
     [_outline setOutlineTableColumn:titles];
     [_outline setAllowsMultipleSelection:YES];
     [_outline setDataSource:self];
     [_outline setDelegate:self];
-    [_outline setAccessibilityLabel:@"Menu"];
+    [_outline setAccessibilityLabel:zv::toNSString(texts::outline)];
     [_outline registerForDraggedTypes:[NSArray arrayWithObjects:zv::recordType(), NSPasteboardTypeFileURL, nil]];
     [_outline setDraggingSourceOperationMask:NSDragOperationMove | NSDragOperationCopy forLocal:YES];
     [_outline setDraggingSourceOperationMask:NSDragOperationCopy forLocal:NO];
@@ -158,21 +149,21 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 - (NSView*)buttons
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
-    auto const button = [&](char const* title, char const* help, std::function<void()> act) { return zv::pushButton(title, help, _actions, std::move(act)); };
+    auto const button = [&](texts::Button const& said, std::function<void()> act) { return zv::pushButton(said.title, said.help, _actions, std::move(act)); };
     return zv::stack(zv::Direction::row,
         {
-            button("File…", "Adds files and applications", [editor] { [editor addFiles:zv::FilePanelKind::filesAndFolders]; }),
-            button("Folder…", "Adds a folder, which opens as a submenu", [editor] { [editor addFiles:zv::FilePanelKind::folder]; }),
-            button("Submenu", "Adds an empty submenu", [editor] { editor->_models->editor().addSubmenu([editor insertPosition]); }),
-            button("Separator", "Adds a line", [editor] { editor->_models->editor().addSeparator([editor insertPosition]); }),
-            button("Remove", "Removes what is selected", [editor] { [editor removeSelected]; }),
+            button(texts::addFile, [editor] { [editor addFiles:zv::FilePanelKind::filesAndFolders]; }),
+            button(texts::addFolder, [editor] { [editor addFiles:zv::FilePanelKind::folder]; }),
+            button(texts::addSubmenu, [editor] { editor->_models->editor().addSubmenu([editor insertPosition]); }),
+            button(texts::addSeparator, [editor] { editor->_models->editor().addSeparator([editor insertPosition]); }),
+            button(texts::remove, [editor] { [editor removeSelected]; }),
         });
 }
 
 - (NSView*)inspectorColumn
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
-    NSButton* const restore = zv::pushButton("Restore Default Menu…", {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
+    NSButton* const restore = zv::pushButton(texts::restoreDefaultMenu, {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
     NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), restore });
     [made setEdgeInsets:NSEdgeInsetsMake(0, 10, 0, 0)];
     zv::setMinimumWidth(made, 230);
@@ -195,8 +186,7 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
     auto const read = [editor] {
         auto& models = *editor->_models;
         editor->_tree.lay(models.store().items());
-        (void)models.store().unresolvedItemIDs();
-        (void)models.outline().row(MenuItem::ofKind(zv::MenuItemKind::sleep)); // the conflicts
+        models.readOutline();
     };
     _observation = zv::withObservationTracking(read, [editor] { [editor storeChanged]; });
 }
@@ -266,40 +256,23 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 
 - (void)addFiles:(zv::FilePanelKind)kind
 {
-    auto const position = [self insertPosition];
-    auto const chosen = _models->panels().chooseToOpen(kind == zv::FilePanelKind::folder ? "Add Folder" : "Add Files", kind);
-    if (!chosen.empty())
-        [self take:chosen at:position];
-}
-
-- (BOOL)take:(std::vector<zv::Url> const&)files at:(MenuEditor::Position const&)position
-{
-    auto const missing = _models->editor().addFiles(files, position);
-    if (!missing.empty())
-        [self tellLater:alertAbout(missing)];
-    return missing.size() < files.size() ? YES : NO;
+    [self tellLater:_models->addChosenFiles(kind, [self insertPosition]).problem];
 }
 
 - (BOOL)takeFrom:(NSPasteboard*)pasteboard at:(MenuEditor::Position const&)position drop:(MenuEditor::Drop)drop
 {
-    auto const records = zv::recordsOn(pasteboard);
-    if (records.empty())
-        return [self take:zv::filesOn(pasteboard) at:position];
-    auto const failure = _models->editor().drop(records, position, drop);
-    if (!failure)
-        return YES;
-    zv::Alert alert;
-    alert.message = "The items could not be added.";
-    alert.informativeText = *failure;
-    [self tellLater:alert];
-    return NO;
+    auto const outcome = zv::take({ zv::recordsOn(pasteboard), zv::filesOn(pasteboard), drop }, _models->editor(), position);
+    [self tellLater:outcome.problem];
+    return outcome.tookAny ? YES : NO;
 }
 
 /// Not from within a drop: the drag is still going on.
-- (void)tellLater:(zv::Alert const&)alert
+- (void)tellLater:(std::optional<zv::Alert> const&)problem
 {
+    if (!problem)
+        return;
     __unsafe_unretained ZVMenuEditor* const editor = self;
-    zv::later(_lifetime.guard([editor, alert] { (void)editor->_models->alerts().run(alert); }));
+    zv::later(_lifetime.guard([editor, alert = *problem] { (void)editor->_models->alerts().run(alert); }));
 }
 
 - (void)removeSelected
@@ -382,7 +355,7 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 {
     auto const* item = _tree.itemOf(node);
     auto const row = item ? _models->outline().row(*item) : zv::OutlineRow();
-    NSColor* const color = row.isDimmed || row.isSeparator ? [NSColor secondaryLabelColor] : [NSColor labelColor];
+    NSColor* const color = row.isFaint() ? [NSColor secondaryLabelColor] : [NSColor labelColor];
     bool const isTitle = [[tableColumn identifier] isEqual:titleColumn];
     NSTableCellView* const cell = isTitle ? zv::iconCell(outline, titleColumn) : zv::textCell(outline, shortcutColumn, row.shortcut);
     if (isTitle && item)
@@ -394,18 +367,12 @@ zv::Alert alertAbout(std::vector<zv::Url> const& missing)
 
 - (void)fillTitle:(NSTableCellView*)cell item:(MenuItem const&)item row:(zv::OutlineRow const&)row
 {
-    zv::show(cell, row.isSeparator ? nullptr : [self iconOf:item], row.isSeparator ? separatorText : row.title);
+    zv::show(cell, row.isSeparator ? nullptr : _models->iconOf(item), row.shownTitle());
     if (!row.badge.empty())
         [[cell imageView] setImage:[NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)]];
     [[cell textField] setEditable:row.isSeparator ? NO : YES];
     [[cell textField] setDelegate:self];
-    [[cell textField] setAccessibilityLabel:row.isSeparator ? @"Separator" : nil];
-}
-
-- (zv::ImageRef)iconOf:(MenuItem const&)item
-{
-    bool const isFile = item.kind == zv::MenuItemKind::fsObject && item.location && item.location->path;
-    return isFile ? _models->icons().iconForFile(zv::Url::fromPath(*item.location->path)) : _models->icons().iconForKind(item.kind);
+    [[cell textField] setAccessibilityLabel:row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil];
 }
 
 /// A title was edited in place; one that was left as shown was not.

@@ -3,6 +3,7 @@
 #import "platform/macos/cocoa/Conversions.h"
 
 #include "app/settings/RecorderRules.h"
+#include "app/settings/SettingsTexts.h"
 
 @implementation ZVRecorderButton
 
@@ -78,12 +79,12 @@ RecorderField::RecorderField(SettingsModels& models)
     [m_button setBezelStyle:NSBezelStyleRounded];
     [m_button setAlignment:NSTextAlignmentCenter];
     [m_button setFont:[NSFont monospacedSystemFontOfSize:[NSFont systemFontSize] weight:NSFontWeightRegular]];
-    [m_button setToolTip:toNSString(RecorderTexts::help)];
-    [m_button setAccessibilityHelp:toNSString(RecorderTexts::help)];
-    setMinimumWidth(m_button, RecorderTexts::minimumWidth);
+    [m_button setToolTip:toNSString(settingsTexts::recorderHelp)];
+    [m_button setAccessibilityHelp:toNSString(settingsTexts::recorderHelp)];
+    setMinimumWidth(m_button, minimumRecorderWidth);
     [m_button setRecordingChanged:[this](BOOL isRecording) { recordingChanged(isRecording != NO); } pressed:[this](NSEvent* event) { pressed(event); }];
     m_actions.attach(m_button, [this] { [m_button setRecording:![m_button isRecording]]; });
-    m_clear = pushButton(RecorderTexts::clear, {}, m_actions, [this] {
+    m_clear = pushButton(settingsTexts::clear, {}, m_actions, [this] {
         [m_button setRecording:NO];
         take(std::nullopt);
     });
@@ -136,9 +137,9 @@ void RecorderField::refresh()
 {
     [m_clear setEnabled:m_spec ? YES : NO];
     if ([m_button isRecording])
-        [m_button setTitle:toNSString(RecorderTexts::recording)];
+        [m_button setTitle:toNSString(settingsTexts::recording)];
     else
-        [m_button setTitle:toNSString(m_spec ? m_spec->description() : std::string(RecorderTexts::none))];
+        [m_button setTitle:toNSString(m_spec ? m_spec->description() : std::string(settingsTexts::noShortcut))];
 }
 
 } // namespace zv

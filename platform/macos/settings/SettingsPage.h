@@ -31,9 +31,8 @@ private:
     };
     using RowRef = std::shared_ptr<Row>;
 
-    [[nodiscard]] static std::string shapeOf(std::vector<SettingsSection> const& sections);
     void build(std::vector<SettingsSection> const& sections);
-    void addRow(NSString* heading, SettingsRow const& described);
+    void addRow(std::string const& heading, SettingsRow const& described);
     [[nodiscard]] NSControl* controlFor(RowRef const& row);
     [[nodiscard]] NSView* placed(Row const& row) const;
     static void take(Row& row, SettingsRow const& described);

@@ -37,17 +37,6 @@ SettingsPage::SettingsPage()
                                                      [[m_content trailingAnchor] constraintEqualToAnchor:[shown trailingAnchor] constant:0], nil]];
 }
 
-std::string SettingsPage::shapeOf(std::vector<SettingsSection> const& sections)
-{
-    std::string shape;
-    for (auto const& section : sections) {
-        shape += section.title + "\n";
-        for (auto const& row : section.rows)
-            shape += row.id + std::to_string(static_cast<int>(row.kind)) + " ";
-    }
-    return shape;
-}
-
 void SettingsPage::show(std::vector<SettingsSection> const& sections)
 {
     if (auto shape = shapeOf(sections); shape != m_shape) {
@@ -67,11 +56,11 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
     m_actions.clear();
     m_grid = formGrid();
     for (auto const& section : sections) {
-        NSString* heading = [toNSString(section.title) stringByAppendingString:@":"];
+        auto heading = section.heading();
         NSInteger const first = [m_grid numberOfRows];
         for (auto const& described : section.rows) {
             addRow(heading, described);
-            heading = @"";
+            heading.clear();
         }
         if (first > 0 && [m_grid numberOfRows] > first)
             [[m_grid rowAtIndex:first] setTopPadding:sectionSpacing];
@@ -83,12 +72,12 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
                                                      [[m_content bottomAnchor] constraintEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
 }
 
-void SettingsPage::addRow(NSString* heading, SettingsRow const& described)
+void SettingsPage::addRow(std::string const& heading, SettingsRow const& described)
 {
     auto const row = std::make_shared<Row>(Row { described });
     row->control = controlFor(row);
     m_rows[described.id] = row;
-    addToForm(m_grid, boldLabel(fromNSString(heading)), placed(*row));
+    addToForm(m_grid, boldLabel(heading), placed(*row));
 }
 
 NSControl* SettingsPage::controlFor(RowRef const& row)

@@ -5,6 +5,8 @@
 #import "platform/macos/settings/MenuEditorView.h"
 #import "platform/macos/settings/SettingsPage.h"
 
+#include "app/settings/SettingsTexts.h"
+
 /// Lends the window the editor's undo stack, and tells when the window closes.
 @interface ZVSettingsWindowDelegate : NSObject <NSWindowDelegate> {
     NSUndoManager* _undoManager;
@@ -36,19 +38,10 @@ namespace zv {
 
 namespace {
 
-constexpr char const* widthKey = "SettingsWidth";
-constexpr char const* heightKey = "SettingsHeight";
-constexpr char const* tabKey = "SettingsTab";
-constexpr double usualWidth = 900;
-constexpr double usualHeight = 620;
-constexpr double smallestWidth = 760;
-constexpr double smallestHeight = 440;
+constexpr SettingsPlace::Size usualSize { 900, 620 };
+constexpr SettingsPlace::Size smallestSize { 760, 440 };
 
-void keep(UserDefaults& defaults, char const* key, std::int64_t value)
-{
-    if (defaults.integerForKey(key) != value)
-        defaults.keep(key, value);
-}
+NSSize toNSSize(SettingsPlace::Size size) { return NSMakeSize(static_cast<double>(size.width), static_cast<double>(size.height)); }
 
 /// The window with its three tabs; made when first opened, kept when closed.
 class MacSettings {
@@ -60,9 +53,9 @@ public:
         , m_tabs([[NSTabViewController alloc] init])
     {
         [m_tabs setTabStyle:NSTabViewControllerTabStyleToolbar];
-        addTab(@"General", @"gearshape", m_general.view());
-        addTab(@"Menu", @"list.bullet.indent", [m_editor view]);
-        addTab(@"About", @"info.circle", m_about.view());
+        addTab(settingsTexts::generalTab, @"gearshape", m_general.view());
+        addTab(settingsTexts::menuTab, @"list.bullet.indent", [m_editor view]);
+        addTab(settingsTexts::aboutTab, @"info.circle", m_about.view());
         makeWindow();
         bringPlaceBack();
         m_models.general().onChanged = m_lifetime.guard([this] { refresh(); });
@@ -85,8 +78,9 @@ public:
     }
 
 private:
-    void addTab(NSString* title, NSString* symbol, NSView* view)
+    void addTab(settingsTexts::Text said, NSString* symbol, NSView* view)
     {
+        NSString* const title = toNSString(said);
         NSViewController* const page = [[NSViewController alloc] initWithNibName:nil bundle:nil];
         [page setView:view];
         [page setTitle:title];
@@ -100,35 +94,33 @@ private:
     void makeWindow()
     {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable | NSWindowStyleMaskResizable;
-        m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, usualWidth, usualHeight) styleMask:style backing:NSBackingStoreBuffered defer:YES];
+        m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, usualSize.width, usualSize.height)
+                                               styleMask:style
+                                                 backing:NSBackingStoreBuffered
+                                                   defer:YES];
         m_delegate = [[ZVSettingsWindowDelegate alloc] initWithUndoManager:[m_editor undoManager] closing:m_lifetime.guard([this] { keepPlace(); })];
         [m_window setReleasedWhenClosed:NO];
         [m_window setContentViewController:m_tabs];
         [m_window bind:NSTitleBinding toObject:m_tabs withKeyPath:@"title" options:nil]; // the selected page's
         [m_window setToolbarStyle:NSWindowToolbarStylePreference];
-        [m_window setContentMinSize:NSMakeSize(smallestWidth, smallestHeight)];
+        [m_window setContentMinSize:toNSSize(smallestSize)];
         [m_window setDelegate:m_delegate];
     }
 
     void bringPlaceBack()
     {
-        auto& defaults = m_models.defaults();
-        auto const width = static_cast<double>(defaults.integerForKey(widthKey));
-        auto const height = static_cast<double>(defaults.integerForKey(heightKey));
-        bool const isKept = width >= smallestWidth && height >= smallestHeight;
-        [m_window setContentSize:isKept ? NSMakeSize(width, height) : NSMakeSize(usualWidth, usualHeight)];
+        auto const& place = m_models.place();
+        [m_window setContentSize:toNSSize(place.size(smallestSize).value_or(usualSize))];
         [m_window center];
-        auto const tab = defaults.integerForKey(tabKey);
         auto const count = static_cast<std::int64_t>([[m_tabs tabViewItems] count]);
-        [m_tabs setSelectedTabViewItemIndex:static_cast<NSInteger>(tab >= 0 && tab < count ? tab : 0)];
+        [m_tabs setSelectedTabViewItemIndex:static_cast<NSInteger>(place.tab(count))];
     }
 
     void keepPlace()
     {
         NSSize const size = [[m_window contentView] frame].size;
-        keep(m_models.defaults(), widthKey, static_cast<std::int64_t>(size.width));
-        keep(m_models.defaults(), heightKey, static_cast<std::int64_t>(size.height));
-        keep(m_models.defaults(), tabKey, [m_tabs selectedTabViewItemIndex]);
+        m_models.place().keepSize({ static_cast<std::int64_t>(size.width), static_cast<std::int64_t>(size.height) });
+        m_models.place().keepTab([m_tabs selectedTabViewItemIndex]);
     }
 
     /// Shows what holds now, and follows it.

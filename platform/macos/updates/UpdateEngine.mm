@@ -3,6 +3,7 @@
 #import "platform/macos/files/ProgramFolders.h"
 #import "platform/macos/updates/SparkleInterface.h"
 
+#include "app/updates/UpdateTexts.h"
 #include "base/Lifetime.h"
 
 namespace {
@@ -189,7 +190,7 @@ std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateU
 {
     if (Class const found = controllerClass())
         return std::make_unique<SparkleEngine>(found, channels, userDriver);
-    return std::make_unique<NoUpdateEngine>("Sparkle.framework is not in the application, so there is nothing to update it with.");
+    return std::make_unique<NoUpdateEngine>(updateTexts::noFramework);
 }
 
 } // namespace zv

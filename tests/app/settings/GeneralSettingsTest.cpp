@@ -103,6 +103,7 @@ TEST_F(GeneralSettingsTest, ShowsWhatTheLoginItemAndTheUpdaterSay)
     loginService.failure = LoginService::Error { 1, "It may not be." };
     row("openAtLogin")->toggle(false);
     EXPECT_EQ(alerts.shown.back().informativeText, "It may not be.");
+    EXPECT_EQ(SettingsWording::of(SystemKind::linuxDesktop).loginFailure("No room"), "The autostart entry could not be changed: No room.") << "a reason alone";
 
     EXPECT_EQ(row("startProblem")->title, "No appcast URL is set, so there is nothing to check against.");
     EXPECT_FALSE(row("checkNow")->isEnabled);

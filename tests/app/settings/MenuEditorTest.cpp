@@ -1,3 +1,4 @@
+#include "app/settings/MenuDrop.h"
 #include "tests/app/settings/SettingsFixture.h"
 
 namespace zv {
@@ -230,6 +231,35 @@ TEST_F(MenuEditorTest, TakesRecordsAsAMoveOrAsFreshCopies)
     for (auto const* wrong : { "", "no json", "[]", "{\"id\":7}", "{\"version\":2}" })
         EXPECT_TRUE(editor->drop({ records[0], wrong }, { {}, 0 }, MenuEditor::Drop::copy)) << wrong;
     EXPECT_TRUE(edits.empty()) << "all or nothing";
+}
+
+TEST_F(MenuEditorTest, ADropTellsWhatItCouldNotTake)
+{
+    files.addFile("/f/1");
+    setMenu("a");
+    auto const records = editor->records({ id('a') });
+    Url const there = Url::fromPath("/f/1");
+    struct Row {
+        MenuDrop drop;
+        bool tookAny;
+        std::string message;
+        std::string menu;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { records, { there } }, true, "", "a a", "records come before files" },
+        { { {}, { there } }, true, "", "1 a a", "files where there are no records" },
+        { { {}, { Url::fromPath("/f/2"), there } }, true, "One file could not be added.", "1 1 a a", "what is there is added" },
+        { { {}, { Url::fromPath("/f/2"), Url::fromPath("/f/3") } }, false, "2 files could not be added.", "1 1 a a", "nothing is there" },
+        { { { "no json" }, { there } }, false, "The items could not be added.", "1 1 a a", "a wrong record" },
+        { {}, false, "", "1 1 a a", "nothing at all" },
+    };
+    for (auto const& row : rows) {
+        auto const outcome = take(row.drop, *editor, { {}, 0 });
+        EXPECT_EQ(outcome.tookAny, row.tookAny) << row.why;
+        EXPECT_EQ(outcome.problem ? outcome.problem->message : "", row.message) << row.why;
+        EXPECT_EQ(menu(), row.menu) << row.why;
+    }
 }
 
 TEST_F(MenuEditorTest, PutsNewItemsBehindTheSelection)

@@ -1,0 +1,11 @@
+#include "app/settings/SettingsTexts.h"
+
+namespace zv::settingsTexts {
+
+std::string selected(std::size_t count) { return count == 0 ? "No item selected" : std::to_string(count) + " items selected"; }
+
+std::string filesNotAdded(std::size_t count) { return count == 1 ? "One file could not be added." : std::to_string(count) + " files could not be added."; }
+
+std::string doesNotExist(std::string const& path) { return path + " does not exist."; }
+
+} // namespace zv::settingsTexts

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace zv {
+
+class EntryAction;
+class Menu;
+class MenuWindow;
+struct MenuEntry;
+
+/// The entries of a menu as actions of its window, an action an entry. Once the menu is closed,
+/// the actions keep what the entries look like, for the next time, in which most menus look the
+/// same. Pictures that take time come after the first painting, a few in each turn.
+class MenuMirror {
+public:
+    /// The window owns the actions and the mirror.
+    explicit MenuMirror(MenuWindow& window);
+
+    void show(Menu const& menu);
+    /// Lets go of what the entries do and stand for.
+    void forget();
+    void dropAll();
+
+    [[nodiscard]] std::vector<EntryAction*> const& actions() const { return m_actions; }
+    /// An action changes in a way that leaves the layout as it is.
+    [[nodiscard]] bool changesQuietly() const { return m_changesQuietly; }
+
+    [[nodiscard]] bool awaitsIcons() const { return !m_awaitingIcons.empty(); }
+    void fetchIconsSoon();
+    void dropAwaitedIcons() { m_awaitingIcons.clear(); }
+
+private:
+    void add(std::size_t count);
+    void dropFrom(std::size_t index);
+    void show(EntryAction& action, MenuEntry const& entry);
+    void giveSubmenu(EntryAction& action, std::shared_ptr<Menu> const& menu);
+    void takeSubmenu(EntryAction& action);
+    void renewSubmenu(EntryAction& action);
+    void fetchIcons();
+
+    MenuWindow& m_window;
+    std::vector<EntryAction*> m_actions; ///< in the order of the entries
+    std::vector<EntryAction*> m_awaitingIcons;
+    bool m_changesQuietly = false;
+    bool m_fetchesSoon = false;
+};
+
+} // namespace zv
