@@ -46,55 +46,38 @@ else()
 endif()
 set(ZV_PLAIN_PROGRAM ${ZV_PLAIN_BUILD}/zanthe-vell)
 add_test(NAME macos_smoke COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/smoke ${CMAKE_BINARY_DIR}/macos-smoke ${ZV_PLAIN_BUILD})
-set_tests_properties(macos_smoke PROPERTIES LABELS desktop TIMEOUT 600 RUN_SERIAL ON)
+set_tests_properties(macos_smoke PROPERTIES LABELS "desktop;plain" TIMEOUT 600 PROCESSORS 4)
 add_test(NAME macos_bundle COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/macos/bundle_test.py)
 add_test(NAME documents COMMAND ${CMAKE_SOURCE_DIR}/tests/documents $<TARGET_FILE:zanthe-vell>)
 if(ZV_SANITIZE)
   add_test(NAME documents_killed COMMAND ${CMAKE_SOURCE_DIR}/tests/documents ${ZV_PLAIN_PROGRAM} -k killing)
   set_tests_properties(documents_killed PROPERTIES LABELS plain)
 endif()
-
-set(ZV_PRIVATE_DESKTOP ${CMAKE_SOURCE_DIR}/packaging/linux/private-desktop)
-
-add_test(NAME desktop_hotkeys COMMAND ${CMAKE_COMMAND} -E env PANEL=none ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3
-                                      ${CMAKE_SOURCE_DIR}/tests/desktop/hotkeys_test.py ${ZV_PLAIN_PROGRAM})
-set_tests_properties(desktop_hotkeys PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
-
-foreach(session IN ITEMS COMPOSITOR=none COMPOSITOR=picom AUTOHIDE=2)
-  add_test(NAME desktop_overlay_${session}
-           COMMAND ${CMAKE_COMMAND} -E env PYTHONDONTWRITEBYTECODE=1 ${session} ${ZV_PRIVATE_DESKTOP} --
-                   ${CMAKE_SOURCE_DIR}/tests/desktop/overlay_test.py ${ZV_PLAIN_PROGRAM})
-  set_tests_properties(desktop_overlay_${session} PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
-endforeach()
-
-add_test(NAME desktop_actions COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/actions_test.py)
-set_tests_properties(desktop_actions PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
-                     ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM};PANEL=none;PYTHONDONTWRITEBYTECODE=1")
-
-add_test(NAME desktop_menu COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/run)
-set_tests_properties(desktop_menu PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON ENVIRONMENT "ZV_BUILT_PROGRAM=${ZV_PLAIN_PROGRAM}")
-
-if(ZV_SANITIZE AND ZV_FUZZ)
-  # Short: enough to find what broke.
-  add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
-  set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600 ENVIRONMENT ZV_FUZZ_PRESET=sanitize)
-endif()
-
-add_test(NAME desktop_lists COMMAND ${ZV_PRIVATE_DESKTOP} -- ${CMAKE_SOURCE_DIR}/tests/desktop/lists_test.py ${ZV_PLAIN_PROGRAM})
-set_tests_properties(desktop_lists PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON)
-
 add_test(NAME packaging COMMAND ${CMAKE_SOURCE_DIR}/tests/packaging $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(packaging PROPERTIES TIMEOUT 120)
 add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
-add_test(NAME desktop_settings COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/settings_test.py)
-set_tests_properties(desktop_settings PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
-                     ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
+if(ZV_SANITIZE AND ZV_FUZZ)
+  # Short: enough to find what broke.
+  add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
+  set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600)
+endif()
 
-add_test(NAME desktop_updates COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/updates_test.py)
-set_tests_properties(desktop_updates PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
-                     ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
-add_test(NAME desktop_shell COMMAND ${ZV_PRIVATE_DESKTOP} -- /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/desktop/shell_test.py)
-set_tests_properties(desktop_shell PROPERTIES LABELS desktop TIMEOUT 400 RUN_SERIAL ON
-                     ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM};PANEL=none;NO_AT_BRIDGE=0;PYTHONDONTWRITEBYTECODE=1")
+# What a machine of one processor does while it waits for panels: these count as half a test for `ctest -j`.
+set_tests_properties(zv_core_tests zv_linux_tests zv_qt_tests documents completions PROPERTIES PROCESSORS 2)
+set_tests_properties(macos_check PROPERTIES PROCESSORS 4)
+
+# desktop_NAME [VARIABLE=VALUE…]: a script of tests/desktop, each in a session of its own, side by side.
+function(zv_desktop_test name)
+  string(REGEX REPLACE "_.*" "" script ${name})
+  add_test(NAME desktop_${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktop/run ${script})
+  set_tests_properties(desktop_${name} PROPERTIES LABELS "desktop;plain" TIMEOUT 900 COST 100
+                       ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM};ZV_TRIES=2;${ARGN}")
+endfunction()
+foreach(name IN ITEMS actions hotkeys lists menu settings shell updates)
+  zv_desktop_test(${name})
+endforeach()
+foreach(session IN ITEMS COMPOSITOR=none COMPOSITOR=picom AUTOHIDE=2)
+  zv_desktop_test(overlay_${session} ${session})
+endforeach()

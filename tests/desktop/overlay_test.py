@@ -1,17 +1,14 @@
 #!/usr/bin/python3
-"""Uses the corner of the panel as a person at the desktop does. Runs inside
-packaging/linux/private-desktop: overlay_test.py PROGRAM [the unittest arguments]. Pictures
-go to $ZV_PICTURES if that is set."""
+"""Uses the corner of the panel as a person at the desktop does. tests/desktop/run
+overlay; pictures go to $ZV_PICTURES if that is set."""
 
 import ctypes
 import os
 import re
 import subprocess
-import sys
 import time
 import unittest
 
-os.environ["ZV_PROGRAM"] = os.path.abspath(sys.argv.pop(1))
 os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
 
 from desktop import HOME, Program, click, close_menus, keys, output, set_menu, wait_until, windows, zv  # noqa: E402
