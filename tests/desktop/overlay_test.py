@@ -259,10 +259,9 @@ class OnAPanel(OverlayTest):
         import pyatspi
 
         def find():
-            for application in pyatspi.Registry.getDesktop(0):
-                if application and application.name.lower() in ("zanthe vell", "zanthe-vell"):
-                    return next((child for child in application if child and child.getRole() == pyatspi.ROLE_MENU_ITEM), None)
-            return None
+            # A theme's toolkit may have registered the program once more.
+            ours = [each for each in pyatspi.Registry.getDesktop(0) if each and each.name.lower() in ("zanthe vell", "zanthe-vell")]
+            return next((child for each in ours for child in each if child and child.getRole() == pyatspi.ROLE_MENU_ITEM), None)
 
         item = wait_until(find, 10, "the corner among the accessible objects")
         self.assertEqual(item.name, "Zanthe Vell")
