@@ -34,10 +34,6 @@ if(ZV_SANITIZE)
   target_link_options(zv_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-if(ZV_FUZZ)
-  target_compile_options(zv_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()
-
 find_program(ZV_MOLD mold)
 if(ZV_MOLD AND NOT APPLE)
   target_link_options(zv_options INTERFACE -fuse-ld=mold)

@@ -1,5 +1,5 @@
 """Shortcuts in the running program, pressed by raw key codes on a private desktop.
-   hotkeys_test.py PROGRAM [TEST…]; run it with packaging/linux/private-desktop."""
+   tests/desktop/run hotkeys."""
 
 import ctypes
 import json
@@ -8,11 +8,10 @@ import plistlib
 import shutil
 import signal
 import subprocess
-import sys
 import time
 import unittest
 
-PROGRAM = sys.argv.pop(1)
+PROGRAM = os.environ["ZV_PROGRAM"]
 HOME = os.environ["HOME"]
 FOLDER = os.path.join(HOME, "Folder")
 PRESSED = os.path.join(HOME, "pressed")

@@ -1,17 +1,15 @@
 #!/usr/bin/python3
-"""The lists of what the machine has, in the running program. Runs inside
-packaging/linux/private-desktop: lists_test.py PROGRAM [the unittest arguments]."""
+"""The lists of what the machine has, in the running program. tests/desktop/run lists."""
 
 import os
 import plistlib
 import subprocess
-import sys
 import time
 import unittest
 
 from gi.repository import Gio, GLib
 
-PROGRAM = None
+PROGRAM = os.environ["ZV_PROGRAM"]
 HOME = os.environ["HOME"]
 APPLICATIONS = os.path.join(HOME, ".local/share/applications")
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -148,5 +146,4 @@ class ListsTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM = sys.argv.pop(1)
     unittest.main(verbosity=2)

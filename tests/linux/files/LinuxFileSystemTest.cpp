@@ -141,9 +141,11 @@ TEST_F(LinuxFileSystemTest, ReplacesAFileAsAWhole)
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link")));
     EXPECT_EQ(readText(folder.path("file")), "three");
     EXPECT_EQ(files.write(url(""), bytesOf("x")), "Is a directory");
-    EXPECT_EQ(files.write(Url::fromPath("/dev/null"), bytesOf("x")), "Not a regular file");
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(files.write(url("pipe"), bytesOf("x")), "Not a regular file");
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.path("pipe")));
     EXPECT_EQ(files.write(url("absent/file"), bytesOf("x")), "No such file or directory");
-    EXPECT_EQ(folder.names(), (std::vector<std::string> { "file", "link" })) << "no temporary file stays";
+    EXPECT_EQ(folder.names(), (std::vector<std::string> { "file", "link", "pipe" })) << "no temporary file stays";
 }
 
 TEST_F(LinuxFileSystemTest, WritesNothingWhereItMayNot)
