@@ -33,6 +33,8 @@ zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
 add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/check_all)
 set_tests_properties(macos_check PROPERTIES TIMEOUT 600)
+add_test(NAME macos_sdk COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/sdk/check)
+set_tests_properties(macos_sdk PROPERTIES TIMEOUT 300 PROCESSORS 2 SKIP_RETURN_CODE 77)
 # Sanitizers are not for what is linked with another compiler's objects: `./zv test` builds a plain program, too.
 if(ZV_SANITIZE)
   set(ZV_PLAIN_BUILD ${CMAKE_SOURCE_DIR}/build/release)
