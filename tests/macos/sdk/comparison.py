@@ -3,8 +3,6 @@
 import re
 from collections import Counter
 
-from sdk import run_together, split_outside
-
 # Names that the declarations cannot carry, by why.
 BEYOND = {
     name: why

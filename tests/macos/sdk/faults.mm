@@ -29,13 +29,16 @@
 }
 - (void)drawRect:(NSRect)rect
 {
+    id anything = _shown;
     [_shown removeAllItemss]; // fault: -[NSMenu removeAllItemss] is not in the SDK
     [_shown separatorItem]; // fault: -[NSMenu separatorItem] is not in the SDK
+    anything = @[ NSMenuItem.separatorItem, NSApp.mainMenu.title ];
+    anything = NSMenuItem.badge; // fault: +[NSMenuItem badge] is not in the SDK but for objects
     [NSMenuItem badge]; // fault: +[NSMenuItem badge] is not in the SDK but for objects
     [_shown setMinimumWidth:@"wide"]; // fault: parameter 1 is NSString *, in the SDK number
-    id anything = _shown;
     [anything removeAllItemss]; // fault: -[id removeAllItemss] is nowhere in the SDK
     NSMenuItem* item = [_shown itemAtIndex:[self numberOfItems]];
+    [_shown setTitle:item.userKeyEquivalents]; // fault: -[NSMenuItem userKeyEquivalents] is not in the SDK
     item.hasSubmenu = item.hasSubmenu == YES; // fault: -[NSMenuItem setHasSubmenu:] is not in the SDK
     [[NSNotificationCenter defaultCenter] addObserver:self selector:@selector(menuGone:) name:nil object:nil]; // fault: the selector menuGone: is not in the SDK
     [self performSelector:NSSelectorFromString(@"menuGoes:")]; // fault: the selector menuGoes: is not in the SDK

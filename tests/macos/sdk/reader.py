@@ -94,6 +94,13 @@ def innermost(cursor):
     return innermost(children[0]) if sort_of(cursor) in _WRAPPERS and len(children) == 1 else cursor
 
 
+def type_of(cursor):
+    """Of an expression without the conversions around it; a property has its type in its declaration alone."""
+    inner = innermost(cursor)
+    declared = inner.referenced if sort_of(inner) == C.MEMBER_REF_EXPR else None
+    return inner.type if not declared else declared.result_type if sort_of(declared) in _METHODS else declared.type
+
+
 def children_of(cursor, *kinds):
     return [child for child in cursor.get_children() if sort_of(child) in kinds]
 
@@ -177,8 +184,8 @@ class Reader:
         declared = self._refer(cursor)
         receiver = self._lib.clang_Cursor_getReceiverType(cursor)
         is_static = sort_of(declared) == C.OBJC_CLASS_METHOD_DECL if declared else receiver.kind == T.OBJCINTERFACE
-        arguments = [kind_of(innermost(argument).type) for argument in self._arguments(cursor)]
-        self._send(cursor, receiver, cursor.spelling, is_static, arguments, kind_of(cursor.type))
+        arguments = [kind_of(type_of(argument)) for argument in self._arguments(cursor)]
+        self._send(cursor, receiver.get_canonical().spelling, cursor.spelling, is_static, arguments, kind_of(cursor.type))
 
     @staticmethod
     def _arguments(message):
@@ -189,24 +196,25 @@ class Reader:
         is_before = len(children) > count and message.referenced and sort_of(message.referenced) == C.OBJC_INSTANCE_METHOD_DECL
         return children[is_before : count + is_before]
 
-    def _send(self, cursor, receiver, selector, is_static, arguments, result):
-        owner = bare(receiver.get_canonical().spelling).replace("*", "").strip()
+    def _send(self, cursor, owner, selector, is_static, arguments, result):
+        owner = bare(owner).replace("*", "").strip()
         self.facts.messages.append(Use(self._place(cursor), owner, selector, is_static, arguments, result))
 
     def _property(self, cursor):
         """A read, or in front of an assignment a write."""
-        declared, children = self._refer(cursor), list(cursor.get_children())
-        if not declared or sort_of(declared) not in (C.OBJC_PROPERTY_DECL, *_METHODS) or not children:
+        declared, receiver = self._refer(cursor), next(cursor.get_children(), None)
+        if not declared or sort_of(declared) not in (C.OBJC_PROPERTY_DECL, *_METHODS):
             return
-        is_static = sort_of(children[0]) == C.OBJC_CLASS_REF
+        # A class in front of the dot is no expression.
+        owner = type_of(receiver).get_canonical().spelling if receiver else re.match(r"\w*", self._source(cursor))[0]
+        setter = f"set{declared.spelling[:1].upper()}{declared.spelling[1:]}:"
         if sort_of(declared) in _METHODS:
             arguments = [kind_of(argument.type) for argument in declared.get_arguments()]
-            self._send(cursor, children[0].type, declared.spelling, is_static, arguments, kind_of(declared.result_type))
-        elif _ASSIGNED.match(self._after(cursor)):
-            setter = f"set{declared.spelling[:1].upper()}{declared.spelling[1:]}:"
-            self._send(cursor, children[0].type, setter, is_static, [kind_of(cursor.type)], Kind("void"))
+            self._send(cursor, owner, declared.spelling, not receiver, arguments, kind_of(declared.result_type))
+        elif _ASSIGNED.match(self._source(cursor, 9)):
+            self._send(cursor, owner, setter, not receiver, [kind_of(declared.type)], Kind("void"))
         else:
-            self._send(cursor, children[0].type, declared.spelling, is_static, [], kind_of(cursor.type))
+            self._send(cursor, owner, declared.spelling, not receiver, [], kind_of(declared.type))
 
     @staticmethod
     @functools.lru_cache(2)
@@ -214,14 +222,15 @@ class Reader:
         with open(file, "rb") as opened:
             return opened.read()
 
-    def _after(self, cursor):
-        end = cursor.extent.end
-        return self._bytes(end.file.name)[end.offset : end.offset + 9].decode(errors="replace")
+    def _source(self, cursor, after=0):
+        """The text of an expression, or of what follows it."""
+        start, end = cursor.extent.start.offset, cursor.extent.end
+        return self._bytes(end.file.name)[end.offset if after else start : end.offset + after].decode(errors="replace")
 
     def _call(self, cursor):
         declared = self._refer(cursor)
         if declared and sort_of(declared) == C.FUNCTION_DECL and not declared.spelling.startswith(("__", "operator")):
-            arguments = [kind_of(innermost(argument).type) for argument in cursor.get_arguments()]
+            arguments = [kind_of(type_of(argument)) for argument in cursor.get_arguments()]
             self.facts.functions.append(Use(self._place(cursor), "", declared.spelling, False, arguments, kind_of(cursor.type)))
 
     def _constant(self, cursor):
@@ -247,8 +256,7 @@ class Reader:
             self.facts.names.add((self._place(cursor), "protocol" if cursor.kind == C.OBJC_PROTOCOL_REF else "class", cursor.spelling))
 
     def _selector(self, cursor):
-        text = self._bytes(cursor.extent.start.file.name)[cursor.extent.start.offset : cursor.extent.end.offset].decode()
-        self.facts.names.add((self._place(cursor), "selector", re.sub(r"\s|@selector|[()]", "", text)))
+        self.facts.names.add((self._place(cursor), "selector", re.sub(r"\s|@selector|[()]", "", self._source(cursor))))
 
     # What is declared and implemented
 

@@ -18,9 +18,14 @@ _GENERIC = re.compile(r"<[\w, ]*(?:This extends abstract new \(\.\.\.args: any\)
 _BROUGHT = {"Cocoa": ["AppKit", "Foundation", "CoreFoundation", "Runtime"]}
 
 
+def named_frameworks(root):
+    """The frameworks that the build for the Mac names."""
+    return re.search(r"set\(frameworks ([^)]*)\)", (root / "cmake/macOS.cmake").read_text())[1].split()
+
+
 def linked_frameworks(root):
-    """The frameworks that the build for the Mac names, and what comes with them."""
-    named = re.search(r"set\(frameworks ([^)]*)\)", (root / "cmake/macOS.cmake").read_text())[1].split()
+    """Those, and what comes with them."""
+    named = named_frameworks(root)
     return named + [brought for name in named for brought in _BROUGHT.get(name, [])]
 
 
