@@ -46,7 +46,7 @@ class InformationTest(unittest.TestCase):
         self.assertEqual(service["NSMenuItem"]["default"], "Add to Zanthe Vell Items")
         self.assertEqual(service["NSSendFileTypes"], ["public.item"])
         self.assertEqual(service["NSPortName"], self.information["CFBundleName"])
-        provider = read("platform", "macos", "ServicesProvider.h")
+        provider = read("platform", "macos", "program", "ServicesProvider.h")
         self.assertRegex(provider, rf"- \(void\){service['NSMessage']}:\(NSPasteboard\*\)\w+ userData:\(NSString\*\)\w+ error:\(NSString\*")
 
     def test_the_exported_type_is_the_one_that_is_dragged(self):
@@ -76,7 +76,7 @@ class InformationTest(unittest.TestCase):
 
 class CommandLineTest(unittest.TestCase):
     def test_the_port_for_commands_has_a_name_of_the_program_s(self):
-        name = re.search(r'CFSTR\("([^"]+)"\)', read("platform", "macos", "MessagePortServer.mm"))[1]
+        name = re.search(r'CFSTR\("([^"]+)"\)', read("platform", "macos", "program", "MessagePortServer.mm"))[1]
         self.assertTrue(name.startswith(configured()["CFBundleIdentifier"] + "."), "other programs' names are not taken")
 
     def test_the_link_that_the_documents_make_leads_to_what_is_built(self):
@@ -155,6 +155,7 @@ set(CMAKE_AR @HERE@/bin/ar)
 set(CMAKE_RANLIB @HERE@/bin/ranlib)
 set(CMAKE_INSTALL_NAME_TOOL @HERE@/bin/ranlib)
 set(CMAKE_OSX_SYSROOT @HERE@/sdk)
+set(CMAKE_SHARED_LIBRARY_RUNTIME_CXX_FLAG "-Wl,-rpath,") # else CMake leaves it out where no Mac's version is known
 """
 
 
@@ -209,6 +210,7 @@ class BuildTest(unittest.TestCase):
             self.assertIn("-D__ASSERT_MACROS_DEFINE_VERSIONS_WITHOUT_UNDERSCORES=0", line)
             self.assertRegex(line, r"-fobjc-arc .*-std=c\+\+2|-std=c\+\+2.* -fobjc-arc")
         self.assertTrue(all("-arch arm64 -arch x86_64" in line and "-mmacosx-version-min=13.0" in line for line in compiled))
+        self.assertTrue(any("-Wl,-rpath,@executable_path/../Frameworks" in line for line in compiled))
         framework, application = self.lines("signed")
         self.assertTrue(framework.endswith("/Sparkle.framework") and "--entitlements" not in framework, framework)
         self.assertTrue(application.endswith("/Zanthe Vell.app") and "--entitlements" in application and "--deep" not in application, application)

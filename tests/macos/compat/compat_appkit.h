@@ -32,23 +32,16 @@ typedef NSRect CGRect; typedef NSPoint CGPoint; typedef NSSize CGSize;
 
 /* ---- renamed constants (10.12 and later spelling -> GNUstep spelling) ---------------------------------- */
 #define ALIAS(n, o) static const auto n __attribute__((unused)) = o
-ALIAS(NSEventModifierFlagCapsLock, NSAlphaShiftKeyMask); ALIAS(NSEventModifierFlagShift, NSShiftKeyMask);
+ALIAS(NSEventModifierFlagShift, NSShiftKeyMask);
 ALIAS(NSEventModifierFlagControl, NSControlKeyMask); ALIAS(NSEventModifierFlagOption, NSAlternateKeyMask);
-ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask); ALIAS(NSEventModifierFlagFunction, NSFunctionKeyMask);
-ALIAS(NSEventModifierFlagDeviceIndependentFlagsMask, NSDeviceIndependentModifierFlagsMask);
-ALIAS(NSEventTypeKeyDown, NSKeyDown); ALIAS(NSEventTypeKeyUp, NSKeyUp); ALIAS(NSEventTypeMouseMoved, NSMouseMoved);
-ALIAS(NSEventTypeLeftMouseDown, NSLeftMouseDown); ALIAS(NSEventTypeLeftMouseUp, NSLeftMouseUp);
-ALIAS(NSEventTypeRightMouseDown, NSRightMouseDown); ALIAS(NSEventTypeFlagsChanged, NSFlagsChanged);
-ALIAS(NSEventMaskMouseMoved, NSMouseMovedMask); ALIAS(NSEventMaskKeyDown, NSKeyDownMask);
-ALIAS(NSEventMaskFlagsChanged, NSFlagsChangedMask); ALIAS(NSEventMaskAny, NSAnyEventMask);
+ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask);
+ALIAS(NSEventMaskMouseMoved, NSMouseMovedMask);
 ALIAS(NSAlertStyleWarning, NSWarningAlertStyle); ALIAS(NSAlertStyleInformational, NSInformationalAlertStyle);
-ALIAS(NSAlertStyleCritical, NSCriticalAlertStyle);
-ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver); ALIAS(NSCompositingOperationCopy, NSCompositeCopy);
-ALIAS(NSButtonTypeSwitch, NSSwitchButton); ALIAS(NSButtonTypeMomentaryPushIn, NSMomentaryPushInButton);
+ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver);
 ALIAS(NSBezelStyleRounded, NSRoundedBezelStyle);
 enum { NSWindowAnimationBehaviorNone = 2 };
 ALIAS(NSFontDescriptorTraitItalic, NSFontItalicTrait);
-enum : NSUInteger { NSURLBookmarkCreationMinimalBookmark = 1UL << 9, NSURLBookmarkCreationSuitableForBookmarkFile = 1UL << 10,
+enum : NSUInteger { NSURLBookmarkCreationSuitableForBookmarkFile = 1UL << 10,
   NSVolumeEnumerationSkipHiddenVolumes = 2 };
 typedef NSUInteger NSURLBookmarkCreationOptions, NSURLBookmarkResolutionOptions;
 typedef NSString *NSURLResourceKey, *NSNotificationName, *NSPasteboardType, *NSAttributedStringKey, *NSImageName;
@@ -60,10 +53,8 @@ static NSString *const NSPasteboardTypeFileURL __attribute__((unused)) = @"publi
 static NSString *const NSAppleScriptErrorNumber __attribute__((unused)) = @"NSAppleScriptErrorNumber";
 static NSString *const NSAppleScriptErrorMessage __attribute__((unused)) = @"NSAppleScriptErrorMessage";
 static NSString *const NSAccessibilityMenuBarItemRole __attribute__((unused)) = @"AXMenuBarItem";
-static NSString *const NSImageNameApplicationIcon __attribute__((unused)) = @"NSApplicationIcon";
-enum { NSAppleEventSendNoReply = 1, NSAppleEventSendWaitForReply = 3 };
+enum { NSAppleEventSendNoReply = 1 };
 typedef NSUInteger NSAppleEventSendOptions;
-typedef struct { NSInteger majorVersion, minorVersion, patchVersion; } NSOperatingSystemVersion;
 /* bitwise or of two NS_OPTIONS constants declared by GNUstep as plain C enums gives int in C++ */
 inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawingOptions b) { return NSStringDrawingOptions(int(a) | int(b)); }
 
@@ -72,34 +63,16 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p;
 - (NSApplicationActivationPolicy)activationPolicy;
 - (void)activate;
-- (NSAppearance *)effectiveAppearance;
-@end
-@interface NSAppearance (CompatMac)
-- (NSString *)bestMatchFromAppearancesWithNames:(NSArray *)n;
 @end
 @interface NSMenu (CompatMac)
 - (void)removeAllItems;
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem *)i atLocation:(NSPoint)p inView:(NSView *)v;
-- (void)cancelTracking;
-- (NSMenuItem *)highlightedItem;
-- (void)setMinimumWidth:(CGFloat)w;
-- (void)setFont:(NSFont *)f;
-- (void)setShowsStateColumn:(BOOL)b;
-- (void)setAllowsContextMenuPlugIns:(BOOL)b;
-@property (nonatomic, copy) NSArray *itemArray;
 @end
 @interface NSMenuItem (CompatMac)
 @property (nonatomic, copy) NSString *identifier;
-@property (nonatomic, getter=isHidden) BOOL hidden;
-@property (nonatomic) BOOL allowsKeyEquivalentWhenHidden;
-@property (readonly) NSMenuItem *parentItem;
-@property (nonatomic, strong) NSView *view;
-+ (instancetype)sectionHeaderWithTitle:(NSString *)t;
 @end
 @interface NSStatusItem (CompatMac)
 @property (readonly) NSStatusBarButton *button;
-@property (getter=isVisible) BOOL visible;
-@property (copy) NSString *autosaveName;
 @end
 @interface NSWindow (CompatMac)
 - (void)setAnimationBehavior:(NSInteger)b;
@@ -109,37 +82,23 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSColor (CompatMac)
 + (NSColor *)linkColor;
 @end
-@interface NSAlert (CompatMac)
-- (void)setShowsSuppressionButton:(BOOL)b;
-- (NSButton *)suppressionButton;
-- (void)setAccessoryView:(NSView *)v;
-- (void)beginSheetModalForWindow:(NSWindow *)w completionHandler:(void (^)(NSModalResponse))h;
-@end
 @interface NSAttributedString (CompatMac)
 - (void)enumerateAttribute:(NSString *)k inRange:(NSRange)r options:(NSUInteger)o usingBlock:(void (^)(id, NSRange, BOOL *))b;
-@end
-@interface NSUserDefaults (CompatMac)
-- (instancetype)initWithSuiteName:(NSString *)n;
 @end
 @interface NSTask (CompatMac)
 - (void)setExecutableURL:(NSURL *)u;
 - (BOOL)launchAndReturnError:(NSError **)e;
-- (void)setTerminationHandler:(void (^)(NSTask *))h;
 @end
 @interface NSURL (CompatMac)
-- (NSDictionary *)resourceValuesForKeys:(NSArray *)k error:(NSError **)e;
 - (NSData *)bookmarkDataWithOptions:(NSURLBookmarkCreationOptions)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e;
 + (instancetype)URLByResolvingBookmarkData:(NSData *)d options:(NSURLBookmarkResolutionOptions)o relativeToURL:(NSURL *)u bookmarkDataIsStale:(BOOL *)s error:(NSError **)e;
 + (BOOL)writeBookmarkData:(NSData *)d toURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e;
 + (NSData *)bookmarkDataWithContentsOfURL:(NSURL *)u error:(NSError **)e;
 + (NSDictionary *)resourceValuesForKeys:(NSArray *)k fromBookmarkData:(NSData *)d;
-+ (instancetype)URLByResolvingAliasFileAtURL:(NSURL *)u options:(NSURLBookmarkResolutionOptions)o error:(NSError **)e;
 @end
 @interface NSFileManager (CompatMac)
-- (BOOL)trashItemAtURL:(NSURL *)u resultingItemURL:(NSURL **)r error:(NSError **)e;
 - (NSArray *)mountedVolumeURLsIncludingResourceValuesForKeys:(NSArray *)k options:(NSUInteger)o;
 - (NSURL *)homeDirectoryForCurrentUser;
-- (NSArray *)compat_contentsOfDirectoryAtURL:(NSURL *)u includingPropertiesForKeys:(NSArray *)k options:(NSUInteger)o error:(NSError **)e;
 @end
 @interface NSString (CompatMac)
 - (NSComparisonResult)localizedStandardCompare:(NSString *)s;
@@ -150,7 +109,6 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @property (nonatomic) BOOL createsNewApplicationInstance;
 @end
 @interface NSWorkspace (CompatMac)
-- (void)openURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
 - (void)activateFileViewerSelectingURLs:(NSArray *)u;
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i;
@@ -158,7 +116,6 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @end
 @interface NSEvent (CompatMac)
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)m handler:(void (^)(NSEvent *))h;
-+ (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)m handler:(NSEvent * (^)(NSEvent *))h;
 + (void)removeMonitor:(id)m;
 @end
 @interface NSThread (CompatMac)
@@ -191,19 +148,12 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 - (BOOL)writeObjects:(NSArray *)o;
 - (NSArray *)readObjectsForClasses:(NSArray *)c options:(NSDictionary *)o;
 @end
-@interface NSProcessInfo (CompatMac)
-- (NSOperatingSystemVersion)operatingSystemVersion;
-- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)v;
-@end
 @interface NSButton (CompatMac)
 + (instancetype)buttonWithTitle:(NSString *)t target:(id)o action:(SEL)a;
 + (instancetype)checkboxWithTitle:(NSString *)t target:(id)o action:(SEL)a;
 @end
 @interface NSTextField (CompatMac)
 + (instancetype)labelWithString:(NSString *)s;
-@end
-@interface NSFont (CompatMac)
-+ (NSFont *)systemFontOfSize:(CGFloat)s weight:(NSFontWeight)w;
 @end
 
 /* ---- grown with the code ------------------------------------------------------------------------------- */

@@ -9,8 +9,8 @@
 - (void)setAccessibilityHelp:(NSString *)s;
 - (void)setIdentifier:(NSString *)s;
 @end
-typedef NS_ENUM(NSInteger, NSStackViewGravity) { NSStackViewGravityTop = 1, NSStackViewGravityLeading = 1, NSStackViewGravityCenter = 2 };
-typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionGravityAreas = -1, NSStackViewDistributionFill = 0 };
+typedef NS_ENUM(NSInteger, NSStackViewGravity) { NSStackViewGravityLeading = 1 };
+typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionFill = 0 };
 @interface NSStackView : NSView
 + (instancetype)stackViewWithViews:(NSArray<NSView *> *)v;
 - (void)setOrientation:(NSUserInterfaceLayoutOrientation)o;
@@ -25,10 +25,6 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionGra
 + (instancetype)wrappingLabelWithString:(NSString *)s;
 - (void)setPlaceholderString:(NSString *)s;
 @end
-@interface NSColor (CompatSettings)
-+ (NSColor *)secondaryLabelColor;
-+ (NSColor *)labelColor;
-@end
 @interface NSFont (CompatSettings)
 + (NSFont *)monospacedSystemFontOfSize:(CGFloat)s weight:(NSFontWeight)w;
 @end
@@ -41,17 +37,15 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionGra
 @end
 @interface NSTableView (CompatSettings)
 - (NSView *)makeViewWithIdentifier:(NSString *)i owner:(id)o;
-- (NSInteger)rowForView:(NSView *)v;
 @end
 @interface NSSplitView (CompatSettings)
 - (void)addArrangedSubview:(NSView *)v;
 - (void)setHoldingPriority:(NSLayoutPriority)p forSubviewAtIndex:(NSInteger)i;
 @end
 @interface NSTabViewItem (CompatSettings)
-+ (instancetype)tabViewItemWithViewController:(NSViewController *)c;
 - (void)setImage:(NSImage *)i;
 @end
-typedef NS_ENUM(NSInteger, NSWindowToolbarStyle) { NSWindowToolbarStyleAutomatic = 0, NSWindowToolbarStylePreference = 2 };
+typedef NS_ENUM(NSInteger, NSWindowToolbarStyle) { NSWindowToolbarStylePreference = 2 };
 @interface NSWindow (CompatSettings)
 - (void)setContentViewController:(NSViewController *)c;
 - (void)setToolbarStyle:(NSWindowToolbarStyle)s;

@@ -16,7 +16,6 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p { sideSet(self, 1, [NSNumber numberWithInteger:p]); return YES; }
 - (NSApplicationActivationPolicy)activationPolicy { return [sideGet(self, 1) integerValue]; }
 - (void)activate { [self activateIgnoringOtherApps:YES]; }
-- (NSAppearance *)effectiveAppearance { return nil; }
 @end
 @implementation NSMenu (CompatMac)
 - (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }
@@ -36,25 +35,10 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   if ([d respondsToSelector:@selector(menuDidClose:)]) [d menuDidClose:self];
   return YES;
 }
-- (void)cancelTracking { }
-- (NSMenuItem *)highlightedItem { NSInteger n = [[self menuRepresentation] highlightedItemIndex]; return n < 0 ? nil : [self itemAtIndex:n]; }
-- (void)setMinimumWidth:(CGFloat)w { }
-- (void)setFont:(NSFont *)f { }
-- (void)setShowsStateColumn:(BOOL)b { }
-- (void)setAllowsContextMenuPlugIns:(BOOL)b { }
-- (void)setItemArray:(NSArray *)a { [self removeAllItems]; for (NSMenuItem *i in a) [self addItem:i]; }
 @end
 @implementation NSMenuItem (CompatMac)
 - (NSString *)identifier { return sideGet(self, 1); }
 - (void)setIdentifier:(NSString *)s { sideSet(self, 1, s); }
-- (BOOL)isHidden { return [sideGet(self, 2) boolValue]; }
-- (void)setHidden:(BOOL)b { sideSet(self, 2, [NSNumber numberWithBool:b]); }
-- (BOOL)allowsKeyEquivalentWhenHidden { return NO; }
-- (void)setAllowsKeyEquivalentWhenHidden:(BOOL)b { }
-- (NSMenuItem *)parentItem { NSMenu *m = [self menu], *s = [m supermenu]; NSInteger i = s ? [s indexOfItemWithSubmenu:m] : -1; return i < 0 ? nil : [s itemAtIndex:i]; }
-- (NSView *)view { return sideGet(self, 3); }
-- (void)setView:(NSView *)v { sideSet(self, 3, v); }
-+ (instancetype)sectionHeaderWithTitle:(NSString *)t { NSMenuItem *i = [[[self alloc] initWithTitle:t action:nil keyEquivalent:@""] autorelease]; [i setEnabled:NO]; return i; }
 @end
 @implementation NSWindow (CompatMac)
 - (void)setAnimationBehavior:(NSInteger)b { }
@@ -97,11 +81,6 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   else if ([k isEqual:NSURLLocalizedNameKey]) *v = [self lastPathComponent];
   return YES;
 }
-- (NSDictionary *)resourceValuesForKeys:(NSArray *)ks error:(NSError **)e {
-  NSMutableDictionary *d = [NSMutableDictionary dictionary];
-  for (NSString *k in ks) { id v = nil; if (![self getResourceValue:&v forKey:k error:e]) return nil; if (v) [d setObject:v forKey:k]; }
-  return d;
-}
 - (NSData *)bookmarkDataWithOptions:(NSUInteger)o includingResourceValuesForKeys:(NSArray *)k relativeToURL:(NSURL *)u error:(NSError **)e {
   if (![[NSFileManager defaultManager] fileExistsAtPath:[self path]]) { if (e) *e = [NSError errorWithDomain:NSCocoaErrorDomain code:260 userInfo:nil]; return nil; }
   return [[@"book" stringByAppendingString:[self path]] dataUsingEncoding:NSUTF8StringEncoding];
@@ -112,10 +91,11 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   return [t hasPrefix:@"book"] ? [NSURL fileURLWithPath:[t substringFromIndex:4]] : nil;
 }
 + (BOOL)writeBookmarkData:(NSData *)d toURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e { return [d writeToURL:u atomically:YES]; }
-+ (instancetype)URLByResolvingAliasFileAtURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e { return [u URLByResolvingSymlinksInPath]; }
+@end
+@interface NSFileManager (CompatMain)
+- (NSArray *)compat_contentsOfDirectoryAtURL:(NSURL *)u includingPropertiesForKeys:(NSArray *)k options:(NSUInteger)o error:(NSError **)e;
 @end
 @implementation NSFileManager (CompatMac)
-- (BOOL)trashItemAtURL:(NSURL *)u resultingItemURL:(NSURL **)r error:(NSError **)e { return NO; }
 - (NSArray *)mountedVolumeURLsIncludingResourceValuesForKeys:(NSArray *)k options:(NSUInteger)o { return [NSArray arrayWithObject:[NSURL fileURLWithPath:@"/"]]; }
 /* base 1.28 answers URLs relative to the working directory instead of the given one */
 - (NSArray *)compat_contentsOfDirectoryAtURL:(NSURL *)u includingPropertiesForKeys:(NSArray *)k options:(NSUInteger)o error:(NSError **)e {
@@ -140,11 +120,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 + (UTType *)typeWithIdentifier:(NSString *)i { return nil; }
 + (UTType *)typeWithTag:(NSString *)t tagClass:(NSString *)c conformingToType:(UTType *)s { return nil; }
 - (BOOL)isDynamic { return YES; }
-- (NSString *)identifier { return @""; }
 @end
 UTType *const UTTypeFolder = nil;
 @implementation NSWorkspace (CompatMac)
-- (void)openURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h { printf("[compat] open %s\n", [[u absoluteString] UTF8String]); if (h) h(nil, nil); }
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h { printf("[compat] launch %s\n", [[u absoluteString] UTF8String]); if (h) h(nil, nil); }
 - (void)activateFileViewerSelectingURLs:(NSArray *)u { printf("[compat] reveal %d\n", (int)[u count]); }
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i { return nil; }
@@ -152,7 +130,6 @@ UTType *const UTTypeFolder = nil;
 @end
 @implementation NSEvent (CompatMac)
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)m handler:(void (^)(NSEvent *))h { return [[h copy] autorelease]; }
-+ (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)m handler:(NSEvent * (^)(NSEvent *))h { return [[h copy] autorelease]; }
 + (void)removeMonitor:(id)m { }
 @end
 @interface CompatThread : NSObject { void (^b_)(void); }
@@ -203,19 +180,12 @@ UTType *const UTTypeFolder = nil;
   return r;
 }
 @end
-@implementation NSProcessInfo (CompatMac)
-- (NSOperatingSystemVersion)operatingSystemVersion { return NSOperatingSystemVersion{14, 0, 0}; }
-- (BOOL)isOperatingSystemAtLeastVersion:(NSOperatingSystemVersion)v { return v.majorVersion <= 14; }
-@end
 @implementation NSButton (CompatMac)
 + (instancetype)buttonWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [[[self alloc] init] autorelease]; [b setTitle:t]; [b setTarget:o]; [b setAction:a]; [b sizeToFit]; return b; }
 + (instancetype)checkboxWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [self buttonWithTitle:t target:o action:a]; [b setButtonType:NSSwitchButton]; return b; }
 @end
 @implementation NSTextField (CompatMac)
 + (instancetype)labelWithString:(NSString *)s { NSTextField *f = [[[self alloc] init] autorelease]; [f setStringValue:s]; [f setBezeled:NO]; [f setEditable:NO]; [f setDrawsBackground:NO]; [f sizeToFit]; return f; }
-@end
-@implementation NSFont (CompatMac)
-+ (NSFont *)systemFontOfSize:(CGFloat)s weight:(NSFontWeight)w { return [NSFont systemFontOfSize:s]; }
 @end
 /* GNUstep-base 1.28 treats NSRunLoopCommonModes as a mode of that name, so such a timer never fires. */
 @interface NSRunLoop (CompatMac)
@@ -355,7 +325,7 @@ SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 message, CFDataR
 {
     auto const found = localPorts().find(remote->name);
     if (found == localPorts().end())
-        return kCFMessagePortIsInvalid;
+        return -3; // the port is invalid
     *answer = found->second->call(found->second, message, data, found->second->info);
     return kCFMessagePortSuccess;
 }

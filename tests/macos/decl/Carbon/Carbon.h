@@ -13,23 +13,21 @@ typedef OSStatus (*EventHandlerUPP)(EventHandlerCallRef, EventRef, void *);
 typedef UInt32 EventParamName, EventParamType; typedef unsigned long ByteCount, ItemCount; typedef UInt32 OptionBits;
 typedef struct { OSType signature; UInt32 id; } EventHotKeyID;
 typedef struct { OSType eventClass; UInt32 eventKind; } EventTypeSpec;
-enum { kEventClassKeyboard = 'keyb', kEventHotKeyPressed = 5, kEventHotKeyReleased = 6, kEventParamDirectObject = '----', typeEventHotKeyID = 'hkid',
-  eventHotKeyExistsErr = -9878, eventNotHandledErr = -9874, cmdKey = 1 << 8, shiftKey = 1 << 9, alphaLock = 1 << 10, optionKey = 1 << 11, controlKey = 1 << 12 };
+enum { kEventClassKeyboard = 'keyb', kEventHotKeyPressed = 5, kEventParamDirectObject = '----', typeEventHotKeyID = 'hkid',
+  eventNotHandledErr = -9874, cmdKey = 1 << 8, shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 << 12 };
 OSStatus RegisterEventHotKey(UInt32 code, UInt32 modifiers, EventHotKeyID id, EventTargetRef target, OptionBits options, EventHotKeyRef *out);
 OSStatus UnregisterEventHotKey(EventHotKeyRef);
 EventTargetRef GetEventDispatcherTarget(void);
-EventTargetRef GetApplicationEventTarget(void);
 OSStatus InstallEventHandler(EventTargetRef, EventHandlerUPP, ItemCount, const EventTypeSpec *, void *user, EventHandlerRef *out);
 OSStatus RemoveEventHandler(EventHandlerRef);
 OSStatus GetEventParameter(EventRef, EventParamName, EventParamType, EventParamType *, ByteCount, ByteCount *, void *);
-UInt32 GetEventKind(EventRef);
 double GetEventTime(EventRef);
 typedef struct __TISInputSource *TISInputSourceRef;
 TISInputSourceRef TISCopyCurrentKeyboardLayoutInputSource(void);
 void *TISGetInputSourceProperty(TISInputSourceRef, CFStringRef);
 extern const CFStringRef kTISPropertyUnicodeKeyLayoutData, kTISNotifySelectedKeyboardInputSourceChanged;
 struct UCKeyboardLayout; typedef struct UCKeyboardLayout UCKeyboardLayout;
-enum { kUCKeyActionDown = 0, kUCKeyActionDisplay = 3, kUCKeyTranslateNoDeadKeysMask = 1 };
+enum { kUCKeyActionDisplay = 3 };
 OSStatus UCKeyTranslate(const UCKeyboardLayout *, UInt16 code, UInt16 action, UInt32 modifiers, UInt32 kbdType, OptionBits, UInt32 *dead, UniCharCount max, UniCharCount *n, UniChar *out);
 UInt8 LMGetKbdType(void);
 #ifdef __cplusplus
