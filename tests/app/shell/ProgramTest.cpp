@@ -206,7 +206,9 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
     machine.kind = SystemKind::linuxDesktop;
     front.showsStatusItems = false;
     front.installedApplications = { { "Editor", Url::fromPath("/apps/editor") } };
-    launch();
+    machine.files.addFile("/a.txt");
+    auto const item = fileItem("/a.txt");
+    launchWith({ item });
     auto& models = app->settingsModels();
     std::string notes;
     for (auto const& section : models.general().sections()) {
@@ -219,8 +221,7 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
 
     models.copyDiagnostics();
     EXPECT_EQ(front.clipboard.texts, (Lines { "a machine in memory" }));
-    machine.files.addFile("/a.txt");
-    models.reveal(fileItem("/a.txt"));
+    models.reveal(item.id);
     EXPECT_EQ(machine.workspace.log, (Lines { "reveal file:///a.txt" }));
     models.showReadMe();
     EXPECT_EQ(front.notesWindows.layouts.size(), 1U);

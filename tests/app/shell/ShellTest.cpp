@@ -100,8 +100,8 @@ TEST(LoginItem, ReducesTheSystemsStatesAndShapesItsFailures)
     auto const failed = item.enable();
     ASSERT_FALSE(failed.ok());
     EXPECT_EQ(failed.error().code, 13);
-    EXPECT_EQ(LoginItem::alertFor(failed.error()).message, "“Open at login” could not be changed.");
-    EXPECT_EQ(LoginItem::alertFor(failed.error()).informativeText, "Permission denied.");
+    EXPECT_EQ(failed.error().description, "Permission denied.");
+    EXPECT_EQ(LoginItem::alertFor("Permission denied.").message, "“Open at login” could not be changed.");
 }
 
 } // namespace

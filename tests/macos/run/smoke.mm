@@ -417,7 +417,7 @@ void theNotesShow(char const* file)
     auto const text = windows->read({ begin, begin + contents.size() });
     expect(text != nullptr, "the notes are read");
     expect(text->height(440) > 100, "and measured");
-    auto const window = windows->make({ "Zanthe Vell Beta", 480, 400, 320, 160, 20 }, text);
+    auto const window = windows->make({ "Zanthe Vell Beta", "Notes", 480, 400, 320, 160, 20 }, text);
     window->bringToFront();
     runLoopFor(0.5);
     NSWindow* shown = nil;
