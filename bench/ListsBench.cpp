@@ -145,7 +145,7 @@ void addressesInBackground(benchmark::State& state)
     ListsFixture lists;
     for (auto _ : state) {
         interfaces.list([&](auto addresses) {
-            lists.interfaces.addresses = std::move(addresses);
+            lists.networkInterfaces.addresses = std::move(addresses);
             benchmark::DoNotOptimize(lists.entries(MenuItemKind::ipAddress));
         });
         time.runTasks();
@@ -161,7 +161,7 @@ void runningApplicationsOnMain(benchmark::State& state)
         std::vector<RunningApplication> applications;
         for (auto const& window : machine.windows)
             applications.push_back(applicationOf(window, machine.index));
-        lists.applications.applications = std::move(applications);
+        lists.runningApplications.applications = std::move(applications);
         benchmark::DoNotOptimize(lists.entries(MenuItemKind::runningApplications));
     }
 }
@@ -201,7 +201,7 @@ void settingsPanesOnMain(benchmark::State& state)
     auto& machine = Machine::shared();
     ListsFixture lists;
     for (auto _ : state) {
-        lists.panes.panes = settingsPanesIn(machine.index, {});
+        lists.settingsPanes.panes = settingsPanesIn(machine.index, {});
         benchmark::DoNotOptimize(lists.entries(MenuItemKind::systemPrefs));
     }
 }

@@ -25,7 +25,8 @@
 ///    be put into a menu.
 /// 5. tests/app/lists/ListsTest.cpp: its row; a kind that fills itself and has no list fails there.
 ///
-/// What it asks the system for is a seam of platform/lists; what none tells yet needs one more.
+/// What it asks the system for is a seam in platform/lists; for what none tells yet,
+/// platform/System.h has the recipe of a new one.
 namespace zv {
 
 /// What lists are made from. All of it outlives them.

@@ -14,7 +14,7 @@ Url url(std::string_view text) { return Url::parse(text).value(); }
 struct MachineLists : testing::Test, ListsFixture {
     std::vector<DynamicEntry> runningApplicationEntries(RunningApplications::List told)
     {
-        applications.applications = std::move(told);
+        runningApplications.applications = std::move(told);
         return entries(Kind::runningApplications);
     }
     std::vector<DynamicEntry> volumeEntries(std::vector<Volume> told)
@@ -24,18 +24,18 @@ struct MachineLists : testing::Test, ListsFixture {
     }
     std::vector<DynamicEntry> recentServerEntries(RecentServers::List told, std::int64_t limit)
     {
-        servers.servers = std::move(told);
+        recentServers.servers = std::move(told);
         preferences.setRecentItemsLimit(limit);
         return entries(Kind::recentServers);
     }
     std::vector<DynamicEntry> addressEntries(std::vector<InterfaceAddress> told)
     {
-        interfaces.addresses = std::move(told);
+        networkInterfaces.addresses = std::move(told);
         return entries(Kind::ipAddress);
     }
     std::vector<DynamicEntry> settingsPaneEntries(std::vector<SettingsPane> told)
     {
-        panes.panes = std::move(told);
+        settingsPanes.panes = std::move(told);
         return entries(Kind::systemPrefs);
     }
 };

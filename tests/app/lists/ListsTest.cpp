@@ -14,12 +14,12 @@ struct AllLists : testing::Test, ListsFixture {
     /// One thing for each list to show.
     void fillTheMachine()
     {
-        folders->folders["/items"] = { { "Item" } };
-        applications.applications = { { "a", "Application", std::nullopt } };
+        folders->folders["/data/Items"] = { { "Item" } };
+        runningApplications.applications = { { "a", "Application", std::nullopt } };
         volumes.volumes = { { Url::fromPath("/"), "Volume", true } };
-        servers.servers = { { Url::parse("ftp://server/").value() } };
-        interfaces.addresses = { { "eth0", "", "10.0.0.1" } };
-        panes.panes = { { "p", "Pane", Url::fromPath("/p"), Url::fromPath("/p"), "" } };
+        recentServers.servers = { { Url::parse("ftp://server/").value() } };
+        networkInterfaces.addresses = { { "eth0", "", "10.0.0.1" } };
+        settingsPanes.panes = { { "p", "Pane", Url::fromPath("/p"), Url::fromPath("/p"), "" } };
         tools->answers["list|--folder-name|none|--show-identifiers"] = fakes::FakeToolRunner::printing("Shortcut (6D0A7CC2-1E0C-4E0F-9D8C-0B7C1B0F8A01)\n");
         tools->answers["list|--folders|--show-identifiers"] = fakes::FakeToolRunner::printing("");
         tools->answers["-n"] = fakes::FakeToolRunner::printing(" * A (Home)\n");
@@ -37,7 +37,7 @@ struct AllLists : testing::Test, ListsFixture {
 
     std::vector<std::string> const scopeNames { "anything", "app", "folder", "document" };
     fakes::FakeIconSource pictures;
-    MenuIcon icons { pictures, lists, Url::fromPath("/items") };
+    MenuIcon icons { pictures, lists, Url::fromPath("/data/Items") };
 };
 
 TEST_F(AllLists, EachKindThatFillsItselfHasItsOwn)
@@ -50,7 +50,7 @@ TEST_F(AllLists, EachKindThatFillsItselfHasItsOwn)
         std::string noResponseTitle {};
     };
     Row const rows[] = {
-        { Kind::zantheVellItems, "Item", "file:/items", "No Items", "This folder did not respond." },
+        { Kind::zantheVellItems, "Item", "file:/data/Items", "No Items", "This folder did not respond." },
         { Kind::mountedVolumes, "Volume", "" },
         { Kind::recentItems, "anything", "" },
         { Kind::recentApps, "app", "" },
@@ -100,7 +100,7 @@ TEST_F(AllLists, AreRefreshedWhereAMenuHasThem)
 
 TEST_F(AllLists, KeepServersWithinTheLimitOfRecentItemsAsItIsNow)
 {
-    servers.servers = { { Url::parse("ftp://a/").value(), 3 }, { Url::parse("ftp://b/").value(), 2 }, { Url::parse("ftp://c/").value(), 1 } };
+    recentServers.servers = { { Url::parse("ftp://a/").value(), 3 }, { Url::parse("ftp://b/").value(), 2 }, { Url::parse("ftp://c/").value(), 1 } };
     preferences.setRecentItemsLimit(2);
     EXPECT_EQ(titlesOf(entries(Kind::recentServers)), (Titles { "a", "b" }));
     preferences.setRecentItemsLimit(0);
@@ -110,11 +110,11 @@ TEST_F(AllLists, KeepServersWithinTheLimitOfRecentItemsAsItIsNow)
 TEST_F(AllLists, ShowTheItemsFolderAsAFolder)
 {
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles {})) << "nobody has made it yet";
-    folders->failures["/items"] = FolderReadFailure::notPermitted;
-    EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "items" })) << "the folder itself, with the reason";
+    folders->failures["/data/Items"] = FolderReadFailure::notPermitted;
+    EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "Items" })) << "the folder itself, with the reason";
     folders->failures.clear();
 
-    folders->folders["/items"] = { { "02)b.txt" }, { "01)z.txt" }, fakes::FakeFolderReader::folder("sub"), { ".hidden" } };
+    folders->folders["/data/Items"] = { { "02)b.txt" }, { "01)z.txt" }, fakes::FakeFolderReader::folder("sub"), { ".hidden" } };
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "sub", "z.txt", "b.txt" }));
     preferences.setSortFoldersFirst(false);
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "z.txt", "b.txt", "sub" }));
@@ -124,8 +124,8 @@ TEST_F(AllLists, ShowTheItemsFolderAsAFolder)
 
 TEST_F(AllLists, ReadARemoteItemsFolderOffTheMainThread)
 {
-    folders->remote.insert("/items");
-    folders->folders["/items"] = { { "a" } };
+    folders->remote.insert("/data/Items");
+    folders->folders["/data/Items"] = { { "a" } };
     int answers = 0;
     for (int opening = 0; opening < 2; ++opening)
         lists.listOf(Kind::zantheVellItems)->fill([&](auto const&) { ++answers; });
@@ -133,7 +133,7 @@ TEST_F(AllLists, ReadARemoteItemsFolderOffTheMainThread)
     EXPECT_EQ(answers, 0);
     time.runTasks();
     EXPECT_EQ(answers, 2);
-    EXPECT_EQ(folders->readings["/items"], 1) << "once for all who wait";
+    EXPECT_EQ(folders->readings["/data/Items"], 1) << "once for all who wait";
 }
 
 TEST_F(AllLists, MarkTheCurrentLocationAndSelectTheChosenOne)
