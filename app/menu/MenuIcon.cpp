@@ -69,7 +69,7 @@ ImageRef MenuIcon::iconForKind(MenuItemKind const& kind)
 ImageRef MenuIcon::itemsFolderIcon()
 {
     auto const icon = iconForFile(m_itemsFolder);
-    return icon ? icon : genericFolderIcon();
+    return icon ? icon : systemIcon(SystemIcon::folder);
 }
 
 ImageRef MenuIcon::iconForFile(Url const& url)
