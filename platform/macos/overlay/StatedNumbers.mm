@@ -29,7 +29,6 @@ static_assert(static_cast<unsigned>(KeyModifier::commandKey) == 256 && ::cmdKey 
 static_assert(static_cast<unsigned>(KeyModifier::shiftKey) == 512 && ::shiftKey == 512);
 static_assert(static_cast<unsigned>(KeyModifier::optionKey) == 2048 && ::optionKey == 2048);
 static_assert(static_cast<unsigned>(KeyModifier::controlKey) == 4096 && ::controlKey == 4096);
-static_assert(hotkeySignature == 0x5A56484B && hotkeySignature == fourCharCode("ZVHK"));
 static_assert(kEventClassKeyboard == fourCharCode("keyb") && kEventHotKeyPressed == 5);
 static_assert(kEventParamDirectObject == fourCharCode("----") && typeEventHotKeyID == fourCharCode("hkid"));
 static_assert(eventNotHandledErr == -9874);
