@@ -70,7 +70,7 @@ TEST_F(Program, TheIconsMenuAndTheCornersAreFilledForThemselves)
     launchWith({ item(Kind::sleep) });
     machine.time.advance(std::chrono::seconds(1));
     ASSERT_EQ(front.statusBar.present, 1);
-    EXPECT_EQ(front.statusBar.looks[0], (StatusItemLook { "laurel.leading", "Zanthe Vell" }));
+    EXPECT_EQ(front.statusBar.names[0], "Zanthe Vell");
     ASSERT_FALSE(front.panels.shown().empty());
     front.panels.shown()[0]->content->mouseDown();
     machine.time.runTasks();
