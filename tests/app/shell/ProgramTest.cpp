@@ -19,7 +19,7 @@ TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
     launchWith({ group });
 
     EXPECT_TRUE(press(keyE));
-    EXPECT_EQ(machine.sessionEvents.sent, (Lines { "aevt/slep" }));
+    EXPECT_EQ(machine.sessionEvents.sent, (Lines { "sleep" }));
     EXPECT_TRUE(press(keyF));
     EXPECT_TRUE(press(keyX)) << "file names are scanned at start";
     EXPECT_EQ(machine.workspace.log, (Lines { "open file:///a.txt", "open file:///folder/b-*%5Bcmd+opt+X%5D*.txt" }));
