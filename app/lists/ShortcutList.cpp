@@ -66,7 +66,6 @@ private:
         MenuEntry item;
         item.title = folder.name;
         item.submenu = std::make_shared<Menu>(folder.name);
-        item.submenu->autoenablesItems = false;
         for (auto const& shortcut : folder.shortcuts)
             item.submenu->entries.push_back(itemFor(shortcut));
         if (folder.shortcuts.empty())
