@@ -43,10 +43,10 @@ TEST_F(MenuIconTest, GivesEachCommandItsPicture)
 
 TEST_F(MenuIconTest, FallsBackWhereAPictureIsMissing)
 {
-    { MenuItemKind::dockMenu, "dock" }, { MenuItemKind::dockPrefs, "dock" }, { MenuItemKind::aboutThisMac, "computer" }, { MenuItemKind::appStore, "appStore" },
-        { MenuItemKind::softwareUpdate, "softwareUpdate" }, { MenuItemKind::simpleSystemPrefs, "systemSettings" },
-        { MenuItemKind::customizeZantheVell, "application" }, { MenuItemKind::quitZantheVell, "application" },
-        EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
+    source.missing = { "file:/home/me/Zanthe Vell Items", "softwareUpdate", "appStore" };
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::revealZantheVellItems)), "folder");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "systemSettings");
+    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
 }
 
 TEST_F(MenuIconTest, FetchesAPictureOnceUntilItsCacheIsEmptied)

@@ -72,7 +72,7 @@ TEST_F(Program, TheIconsMenuAndTheCornersAreFilledForThemselves)
     ASSERT_EQ(front.statusBar.present, 1);
     EXPECT_EQ(front.statusBar.names[0], "Zanthe Vell");
     ASSERT_FALSE(front.panels.shown().empty());
-    front.panels.shown()[0]->content->mouseDown();
+    front.panels.shown()[0]->content->press();
     machine.time.runTasks();
     ASSERT_EQ(front.menuHost.shown.size(), 1U);
     auto const corner = front.menuHost.shown[0].first;
