@@ -10,23 +10,22 @@ namespace zv {
 
 namespace {
 
-constexpr FourCharCode coreEventClass = fourCharCode("aevt");
 constexpr std::chrono::seconds sendTimeout { 10 };
 
-struct SessionEvent {
+struct KindEvent {
     MenuItemKind::Case kind;
-    FourCharCode id;
-    MenuItemKind::Case forced; ///< the kind that does the same without asking
+    SessionEvent event;
+    SessionEvent forced; ///< does the same without asking
 };
 
-constexpr SessionEvent sessionEvents[] = {
-    { MenuItemKind::sleep, fourCharCode("slep"), MenuItemKind::sleep },
-    { MenuItemKind::restart, fourCharCode("rrst"), MenuItemKind::restartForced },
-    { MenuItemKind::shutdown, fourCharCode("rsdn"), MenuItemKind::shutdownForced },
-    { MenuItemKind::logOut, fourCharCode("logo"), MenuItemKind::logOutForced },
-    { MenuItemKind::restartForced, fourCharCode("rest"), MenuItemKind::restartForced },
-    { MenuItemKind::shutdownForced, fourCharCode("shut"), MenuItemKind::shutdownForced },
-    { MenuItemKind::logOutForced, fourCharCode("rlgo"), MenuItemKind::logOutForced },
+constexpr KindEvent kindEvents[] = {
+    { MenuItemKind::sleep, SessionEvent::sleep, SessionEvent::sleep },
+    { MenuItemKind::restart, SessionEvent::askToRestart, SessionEvent::restart },
+    { MenuItemKind::shutdown, SessionEvent::askToShutDown, SessionEvent::shutDown },
+    { MenuItemKind::logOut, SessionEvent::askToLogOut, SessionEvent::logOut },
+    { MenuItemKind::restartForced, SessionEvent::restart, SessionEvent::restart },
+    { MenuItemKind::shutdownForced, SessionEvent::shutDown, SessionEvent::shutDown },
+    { MenuItemKind::logOutForced, SessionEvent::logOut, SessionEvent::logOut },
 };
 
 std::optional<SessionControl::Failure> failureFor(SessionEventOutcome const& outcome)
@@ -46,20 +45,16 @@ std::string SessionControl::Failure::description() const
     return reason == Case::notPermitted ? "notPermitted" : "sendFailed(" + std::to_string(status) + ")";
 }
 
-std::optional<SessionControl::Event> SessionControl::eventFor(MenuItemKind const& kind)
+std::optional<SessionEvent> SessionControl::eventFor(MenuItemKind const& kind)
 {
-    auto const* const found = std::find_if(std::begin(sessionEvents), std::end(sessionEvents), [&](auto const& event) { return kind == event.kind; });
-    if (found == std::end(sessionEvents))
-        return std::nullopt;
-    return static_cast<Event>(found - std::begin(sessionEvents));
+    auto const* const found = std::find_if(std::begin(kindEvents), std::end(kindEvents), [&](auto const& row) { return kind == row.kind; });
+    return found != std::end(kindEvents) ? std::optional(found->event) : std::nullopt;
 }
 
-void SessionControl::send(Event event, Done done)
+void SessionControl::send(SessionEvent event, Done done)
 {
     assertMainThread();
-    if (event >= std::size(sessionEvents))
-        return;
-    m_events.send(coreEventClass, sessionEvents[event].id, sendTimeout, m_lifetime.guard([this, event, done = std::move(done)](auto const& outcome) {
+    m_events.send(event, sendTimeout, m_lifetime.guard([this, event, done = std::move(done)](auto const& outcome) {
         if (outcome.state == SessionEventOutcome::State::needsConfirmation)
             confirmAndForce(event, done);
         else
@@ -67,14 +62,14 @@ void SessionControl::send(Event event, Done done)
     }));
 }
 
-void SessionControl::confirmAndForce(Event event, Done done)
+void SessionControl::confirmAndForce(SessionEvent event, Done done)
 {
-    auto const& asked = sessionEvents[event];
-    if (asked.forced == asked.kind)
+    auto const& asked = *std::find_if(std::begin(kindEvents), std::end(kindEvents), [&](auto const& row) { return event == row.event; });
+    if (asked.forced == event)
         return done(Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(SessionStatus::notHandled) });
     if (!m_confirmation.confirms(asked.kind))
         return done(std::nullopt);
-    send(*eventFor(asked.forced), std::move(done));
+    send(asked.forced, std::move(done));
 }
 
 } // namespace zv

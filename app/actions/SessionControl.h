@@ -31,7 +31,7 @@ public:
         [[nodiscard]] std::string description() const;
         friend bool operator==(Failure const&, Failure const&) = default;
     };
-    using Event = std::size_t;
+
     using Done = std::function<void(std::optional<Failure>)>;
 
     SessionControl(SessionEvents& events, SessionConfirmation& confirmation)
@@ -41,12 +41,12 @@ public:
     }
 
     /// Nothing for a kind that is no session event.
-    [[nodiscard]] static std::optional<Event> eventFor(MenuItemKind const& kind);
+    [[nodiscard]] static std::optional<SessionEvent> eventFor(MenuItemKind const& kind);
     /// Calls `done` once: at once where the system answers at once, else later.
-    void send(Event event, Done done);
+    void send(SessionEvent event, Done done);
 
 private:
-    void confirmAndForce(Event event, Done done);
+    void confirmAndForce(SessionEvent event, Done done);
 
     SessionEvents& m_events;
     SessionConfirmation& m_confirmation;

@@ -36,7 +36,10 @@ public:
 
     [[nodiscard]] ImageRef itemsFolderIcon();
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon);
+    [[nodiscard]] ImageRef thisMacIcon() { return systemIcon(SystemIcon::computer); }
+    [[nodiscard]] ImageRef genericFolderIcon() { return systemIcon(SystemIcon::folder); }
     [[nodiscard]] ImageRef networkIcon() { return systemIcon(SystemIcon::network); }
+    [[nodiscard]] ImageRef applicationIcon() { return systemIcon(SystemIcon::application); }
 
 private:
     IconSource& m_source;

@@ -61,7 +61,7 @@ void StatusItemController::updateStatusItem()
         return;
     }
     if (!m_statusItem)
-        m_statusItem = m_services.presence.statusBar.add({ "laurel.leading", "Zanthe Vell" }, m_menu);
+        m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu);
 }
 
 void StatusItemController::rescanFileHotkeys()

@@ -35,7 +35,6 @@ void KresUpdateReminder::willHandleShowingUpdate(bool engineShowsIt, UpdateItem 
     request.identifier = notificationIdentifier;
     request.title = applicationName() + " " + update.displayVersion + " is available";
     request.body = "Click to install it.";
-    request.playsSound = true;
     request.actionTitle = updateTexts::showUpdate;
     m_services.notifications.post(request);
 }

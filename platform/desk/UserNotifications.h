@@ -9,7 +9,6 @@ struct NotificationRequest {
     std::string identifier; ///< a newer one with the same identifier replaces it
     std::string title;
     std::string body;
-    bool playsSound = false;
     std::string actionTitle {}; ///< of what a click does, where a desktop names it
 };
 

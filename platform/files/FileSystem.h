@@ -30,8 +30,6 @@ public:
     [[nodiscard]] virtual std::optional<FileTraits> traits(Url const& url) const = 0;
     /// The path with every symbolic link resolved; itself where that fails.
     [[nodiscard]] virtual Url resolvingSymlinks(Url const& url) const = 0;
-    /// The file that an alias file or link stands for; itself where there is none.
-    [[nodiscard]] virtual Url resolvingAlias(Url const& url) const = 0;
     /// The name that a file manager shows; valid UTF-8.
     [[nodiscard]] virtual std::string localizedName(Url const& url) const = 0;
     /// The name of the volume when the URL is a volume's root.

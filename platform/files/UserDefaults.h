@@ -28,7 +28,6 @@ public:
     [[nodiscard]] virtual MaybeFailure<> setObject(std::string_view key, PropertyList value) = 0;
     [[nodiscard]] virtual MaybeFailure<> removeObject(std::string_view key) = 0;
     virtual void registerDefaults(PropertyListDictionary const& defaults) = 0;
-    [[nodiscard]] virtual std::vector<std::string> storedKeys() const = 0;
 
     /// setObject for values that nobody waits for: a failure is one line in the log.
     void keep(std::string_view key, PropertyList value);

@@ -10,9 +10,6 @@ namespace zv {
 
 using HotkeyID = std::uint32_t;
 
-/// What hotkeys are filed under where the system wants an owner beside the id: "ZVHK".
-inline constexpr std::uint32_t hotkeySignature = 0x5A56484B;
-
 /// Modifier keys as the bits of a key combination.
 enum KeyModifier : std::uint32_t {
     commandKey = 256,

@@ -16,7 +16,6 @@ struct DownloadLimits {
     std::uint64_t bytes = 0; ///< more is a failure
     std::chrono::milliseconds silence { 10'000 }; ///< how long nothing may arrive
     std::chrono::milliseconds total { 0 }; ///< for all of it; 0 for no limit
-    int redirects = 5;
 };
 
 /// A running download; destroying it stops it, and its callback is not called.

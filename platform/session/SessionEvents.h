@@ -3,21 +3,11 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string_view>
 
 namespace zv {
 
-/// Four ASCII characters, the first one in the highest byte.
-using FourCharCode = std::uint32_t;
-
-[[nodiscard]] constexpr FourCharCode fourCharCode(std::string_view text)
-{
-    FourCharCode code = 0;
-    for (char const c : text)
-        code = code << 8 | static_cast<unsigned char>(c);
-    return code;
-}
+/// What can be done to the session. To ask is to have the system ask the user, then do it.
+enum class SessionEvent : std::uint8_t { sleep, askToRestart, askToShutDown, askToLogOut, restart, shutDown, logOut };
 
 /// Status codes with a meaning of their own; any other is the system's.
 namespace SessionStatus {
@@ -44,7 +34,7 @@ public:
     virtual ~SessionEvents() = default;
     /// Calls `done` once, on the main thread: before it returns, or later. Waits no longer
     /// than `timeout` for the event to be taken.
-    virtual void send(FourCharCode eventClass, FourCharCode eventID, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) = 0;
+    virtual void send(SessionEvent event, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) = 0;
 };
 
 } // namespace zv

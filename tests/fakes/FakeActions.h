@@ -41,25 +41,23 @@ public:
 
 class FakeSessionEvents : public SessionEvents {
 public:
-    void send(FourCharCode eventClass, FourCharCode eventID, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override
+    void send(SessionEvent event, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override
     {
-        sent.push_back(textOf(eventClass) + "/" + textOf(eventID));
+        sent.push_back(nameOf(event));
         lastTimeout = timeout;
-        auto const found = outcomes.find(textOf(eventID));
+        auto const found = outcomes.find(nameOf(event));
         done(found == outcomes.end() ? SessionEventOutcome {} : found->second);
     }
 
-    std::map<std::string, SessionEventOutcome> outcomes; ///< by event identifier; others are sent
+    std::map<std::string, SessionEventOutcome> outcomes; ///< by the event's name; others are sent
     std::vector<std::string> sent;
     std::chrono::seconds lastTimeout {};
 
 private:
-    static std::string textOf(FourCharCode code)
+    static std::string nameOf(SessionEvent event)
     {
-        std::string text;
-        for (int shift = 24; shift >= 0; shift -= 8)
-            text += static_cast<char>(code >> shift & 0xff);
-        return text;
+        static constexpr char const* names[] { "sleep", "ask to restart", "ask to shut down", "ask to log out", "restart", "shut down", "log out" };
+        return names[static_cast<std::size_t>(event)];
     }
 };
 

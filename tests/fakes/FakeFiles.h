@@ -50,7 +50,6 @@ public:
         return FileTraits { isPackage || node->type == Node::Type::folder, isPackage };
     }
     Url resolvingSymlinks(Url const& url) const override { return Url::fromPath(follow(url.path())); }
-    Url resolvingAlias(Url const& url) const override { return resolvingSymlinks(url); }
     std::string localizedName(Url const& url) const override
     {
         auto const found = localizedNames.find(url.path());

@@ -4,6 +4,7 @@
 #include "platform/menubar/MenuHost.h"
 #include "platform/menubar/StatusBar.h"
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -27,16 +28,16 @@ public:
 
 class FakeStatusBar : public StatusBar {
 public:
-    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override
     {
         ++added;
-        looks.push_back(look);
+        names.push_back(name);
         menus.push_back(menu);
         return std::make_unique<Item>(present);
     }
     int added = 0; ///< ever
     int present = 0; ///< now
-    std::vector<StatusItemLook> looks;
+    std::vector<std::string> names;
     std::vector<std::shared_ptr<Menu>> menus;
 
 private:

@@ -32,13 +32,6 @@ public:
         for (auto const& [key, value] : defaults)
             registered.set(key, value);
     }
-    std::vector<std::string> storedKeys() const override
-    {
-        std::vector<std::string> keys;
-        for (auto const& [key, value] : stored)
-            keys.push_back(key);
-        return keys;
-    }
 
     PropertyListDictionary stored;
     PropertyListDictionary registered;

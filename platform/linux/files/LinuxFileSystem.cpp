@@ -87,8 +87,6 @@ Url LinuxFileSystem::resolvingSymlinks(Url const& url) const
     return !m_mounts.isRemote(path) && ::realpath(path.c_str(), resolved) ? Url::fromPath(resolved) : url;
 }
 
-Url LinuxFileSystem::resolvingAlias(Url const& url) const { return Url::fromPath(followingLink(url.path())); }
-
 /// An application entry is shown by the name of its application.
 std::string LinuxFileSystem::localizedName(Url const& url) const
 {

@@ -17,7 +17,6 @@ public:
     [[nodiscard]] bool isTaken(Url const& url) const override;
     [[nodiscard]] std::optional<FileTraits> traits(Url const& url) const override;
     [[nodiscard]] Url resolvingSymlinks(Url const& url) const override;
-    [[nodiscard]] Url resolvingAlias(Url const& url) const override;
     [[nodiscard]] std::string localizedName(Url const& url) const override;
     [[nodiscard]] std::optional<std::string> volumeName(Url const& url) const override;
     [[nodiscard]] bool isOnReadOnlyVolume(Url const& url) const override;

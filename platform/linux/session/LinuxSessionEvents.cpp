@@ -41,7 +41,7 @@ struct LinuxSession::Event {
         Desktop desktop;
         std::vector<std::string> line;
     };
-    FourCharCode id;
+    SessionEvent id;
     bool asks;
     char const* shellMethod; ///< of the KDE session services
     std::vector<Command> commands;
@@ -50,34 +50,34 @@ struct LinuxSession::Event {
 };
 
 LinuxSession::Event const LinuxSession::events[] = {
-    { fourCharCode("slep"), false, nullptr, {}, "Suspend", "CanSuspend" },
-    { fourCharCode("rrst"), true, "promptReboot",
+    { SessionEvent::sleep, false, nullptr, {}, "Suspend", "CanSuspend" },
+    { SessionEvent::askToRestart, true, "promptReboot",
         { { Desktop::gnome, { "gnome-session-quit", "--reboot" } }, { Desktop::mate, { "mate-session-save", "--shutdown-dialog" } },
             { Desktop::xfce, { "xfce4-session-logout" } }, { Desktop::lxqt, { "lxqt-leave" } },
             { Desktop::cinnamon, { "cinnamon-session-quit", "--reboot" } } },
         nullptr, nullptr },
-    { fourCharCode("rsdn"), true, "promptShutDown",
+    { SessionEvent::askToShutDown, true, "promptShutDown",
         { { Desktop::gnome, { "gnome-session-quit", "--power-off" } }, { Desktop::mate, { "mate-session-save", "--shutdown-dialog" } },
             { Desktop::xfce, { "xfce4-session-logout" } }, { Desktop::lxqt, { "lxqt-leave" } },
             { Desktop::cinnamon, { "cinnamon-session-quit", "--power-off" } } },
         nullptr, nullptr },
-    { fourCharCode("logo"), true, "promptLogout",
+    { SessionEvent::askToLogOut, true, "promptLogout",
         { { Desktop::gnome, { "gnome-session-quit", "--logout" } }, { Desktop::mate, { "mate-session-save", "--logout-dialog" } },
             { Desktop::xfce, { "xfce4-session-logout" } }, { Desktop::lxqt, { "lxqt-leave" } },
             { Desktop::cinnamon, { "cinnamon-session-quit", "--logout" } } },
         nullptr, nullptr },
-    { fourCharCode("rest"), false, "logoutAndReboot", { { Desktop::xfce, { "xfce4-session-logout", "--reboot" } } }, "Reboot", "CanReboot" },
-    { fourCharCode("shut"), false, "logoutAndShutdown", { { Desktop::xfce, { "xfce4-session-logout", "--halt" } } }, "PowerOff", "CanPowerOff" },
-    { fourCharCode("rlgo"), false, "logout",
+    { SessionEvent::restart, false, "logoutAndReboot", { { Desktop::xfce, { "xfce4-session-logout", "--reboot" } } }, "Reboot", "CanReboot" },
+    { SessionEvent::shutDown, false, "logoutAndShutdown", { { Desktop::xfce, { "xfce4-session-logout", "--halt" } } }, "PowerOff", "CanPowerOff" },
+    { SessionEvent::logOut, false, "logout",
         { { Desktop::xfce, { "xfce4-session-logout", "--logout" } }, { Desktop::gnome, { "gnome-session-quit", "--logout", "--no-prompt" } } },
         "TerminateSession", nullptr },
 };
 
-SessionEventOutcome LinuxSession::send(FourCharCode eventID, std::chrono::milliseconds timeout) const
+SessionEventOutcome LinuxSession::send(SessionEvent wanted, std::chrono::milliseconds timeout) const
 {
     Deadline const deadline(timeout);
     for (auto const& event : events) {
-        if (event.id == eventID)
+        if (event.id == wanted)
             return event.asks ? askThroughDesktop(event, deadline) : force(event, deadline);
     }
     return failed(SessionStatus::notHandled);
@@ -143,10 +143,10 @@ GVariant* LinuxSession::loginArguments(Event const& event) const
     return g_variant_new("(s)", m_access.sessionId.empty() ? "auto" : m_access.sessionId.c_str());
 }
 
-void LinuxSessionEvents::send(FourCharCode, FourCharCode eventID, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done)
+void LinuxSessionEvents::send(SessionEvent event, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done)
 {
-    m_tasks.runDetached([session = m_session, eventID, timeout, done = std::move(done)] {
-        return std::function<void()>([done, outcome = session.send(eventID, timeout)] { done(outcome); });
+    m_tasks.runDetached([session = m_session, event, timeout, done = std::move(done)] {
+        return std::function<void()>([done, outcome = session.send(event, timeout)] { done(outcome); });
     });
 }
 

@@ -15,7 +15,7 @@ public:
         : m_access(std::move(access))
     {
     }
-    [[nodiscard]] SessionEventOutcome send(FourCharCode eventID, std::chrono::milliseconds timeout) const;
+    [[nodiscard]] SessionEventOutcome send(SessionEvent wanted, std::chrono::milliseconds timeout) const;
 
 private:
     struct Event;
@@ -36,7 +36,7 @@ public:
         , m_tasks(tasks)
     {
     }
-    void send(FourCharCode eventClass, FourCharCode eventID, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override;
+    void send(SessionEvent event, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override;
 
 private:
     LinuxSession m_session;

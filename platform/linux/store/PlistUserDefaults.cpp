@@ -75,15 +75,6 @@ void PlistUserDefaults::registerDefaults(PropertyListDictionary const& defaults)
         m_registered.set(key, value);
 }
 
-std::vector<std::string> PlistUserDefaults::storedKeys() const
-{
-    std::vector<std::string> keys;
-    keys.reserve(stored().size());
-    for (auto const& [key, value] : stored())
-        keys.push_back(key);
-    return keys;
-}
-
 int PlistUserDefaults::changeDescriptor()
 {
     if (!m_watch) {

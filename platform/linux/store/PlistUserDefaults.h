@@ -24,7 +24,6 @@ public:
     [[nodiscard]] MaybeFailure<> setObject(std::string_view key, PropertyList value) override;
     [[nodiscard]] MaybeFailure<> removeObject(std::string_view key) override;
     void registerDefaults(PropertyListDictionary const& defaults) override;
-    [[nodiscard]] std::vector<std::string> storedKeys() const override;
 
     /// Becomes readable when another process may have written; the main loop then calls
     /// handleChange(). The watch begins with the first call, which makes the folder. -1 when

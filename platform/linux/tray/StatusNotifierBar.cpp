@@ -11,11 +11,11 @@ StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& present
 {
 }
 
-std::unique_ptr<StatusItem> StatusNotifierBar::add(StatusItemLook const& look, std::shared_ptr<Menu> menu)
+std::unique_ptr<StatusItem> StatusNotifierBar::add(std::string const& name, std::shared_ptr<Menu> menu)
 {
     if (!m_bus.isConnected())
         return std::make_unique<StatusItem>();
-    auto item = std::make_unique<StatusNotifierItem>(m_bus, look, std::move(menu), m_presenter, m_performer);
+    auto item = std::make_unique<StatusNotifierItem>(m_bus, name, std::move(menu), m_presenter, m_performer);
     item->onClicked = [this](QPoint pixel) { m_lastClick = pixel; };
     return item;
 }

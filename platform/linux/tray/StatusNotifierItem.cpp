@@ -60,9 +60,9 @@ constexpr char const* introspection = R"xml(
 
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(QDBusConnection bus, StatusItemLook look, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer)
+StatusNotifierItem::StatusNotifierItem(QDBusConnection bus, std::string const& name, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer)
     : m_bus(std::move(bus))
-    , m_look(std::move(look))
+    , m_title(QString::fromStdString(name))
     , m_menu(std::move(menu))
     , m_presenter(presenter)
     , m_busMenu(m_bus, menuPath(), m_menu, performer)
@@ -96,24 +96,23 @@ QString StatusNotifierItem::introspect(QString const& path) const { return path 
 
 QVariantMap StatusNotifierItem::properties() const
 {
-    auto const title = QString::fromStdString(m_look.accessibilityDescription);
     auto const noPixmaps = QVariant::fromValue(StatusPixmaps());
     return {
         { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
         { QStringLiteral("Id"), QStringLiteral("org.zanthevell.ZantheVell") },
-        { QStringLiteral("Title"), title },
+        { QStringLiteral("Title"), m_title },
         { QStringLiteral("Status"), QStringLiteral("Active") },
         { QStringLiteral("WindowId"), 0 },
         { QStringLiteral("IconThemePath"), laurelIconThemePath() },
         { QStringLiteral("IconName"), laurelSymbolName() },
-        { QStringLiteral("IconAccessibleDesc"), title },
+        { QStringLiteral("IconAccessibleDesc"), m_title },
         { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps()) },
         { QStringLiteral("OverlayIconName"), QString() },
         { QStringLiteral("OverlayIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionIconName"), QString() },
         { QStringLiteral("AttentionIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionMovieName"), QString() },
-        { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, title, {} }) },
+        { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, m_title, {} }) },
         { QStringLiteral("ItemIsMenu"), !canPlaceWindows() },
         { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath())) },
     };

@@ -7,6 +7,7 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVirtualObject>
 #include <QPoint>
+#include <QString>
 
 #include <functional>
 
@@ -17,7 +18,7 @@ namespace zv {
 class StatusNotifierItem : public QDBusVirtualObject, public StatusItem {
     Q_OBJECT
 public:
-    StatusNotifierItem(QDBusConnection bus, StatusItemLook look, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer);
+    StatusNotifierItem(QDBusConnection bus, std::string const& name, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer);
     ~StatusNotifierItem() override;
 
     QString introspect(QString const& path) const override;
@@ -32,7 +33,7 @@ private:
     [[nodiscard]] bool open(QDBusMessage const& message);
 
     QDBusConnection m_bus;
-    StatusItemLook m_look;
+    QString m_title;
     std::shared_ptr<Menu> m_menu;
     MenuPresenter& m_presenter;
     BusMenu m_busMenu;

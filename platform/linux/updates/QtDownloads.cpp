@@ -15,6 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int mostRedirects = 5;
+
 bool isAllowed(QUrl const& address, DownloadSchemes schemes)
 {
     if (address.scheme() == QLatin1StringView("https"))
@@ -40,7 +42,7 @@ public:
         }
         QNetworkRequest request(address);
         request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-        request.setMaximumRedirectsAllowed(limits.redirects);
+        request.setMaximumRedirectsAllowed(mostRedirects);
         // No cookies, no stored credentials, no version, no language: one user's request looks like another's.
         request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
         request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);

@@ -38,9 +38,8 @@ void BusUserNotifications::post(NotificationRequest const& request) { send(QStri
 
 void BusUserNotifications::send(QString const& identifier, NotificationRequest const& request)
 {
-    QVariantMap hints { { QStringLiteral("desktop-entry"), QStringLiteral("org.zanthevell.ZantheVell") } };
-    if (request.playsSound)
-        hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
+    QVariantMap const hints { { QStringLiteral("desktop-entry"), QStringLiteral("org.zanthevell.ZantheVell") },
+        { QStringLiteral("sound-name"), QStringLiteral("message-new-instant") } };
     auto message = call("Notify");
     message << QStringLiteral("Zanthe Vell") << m_delivered.value(identifier, 0U) << QStringLiteral("org.zanthevell.ZantheVell")
             << QString::fromStdString(request.title) << QString::fromStdString(request.body)

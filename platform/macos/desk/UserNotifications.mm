@@ -85,8 +85,7 @@ public:
         UNMutableNotificationContent* const content = [[UNMutableNotificationContent alloc] init];
         [content setTitle:toNSString(request.title)];
         [content setBody:toNSString(request.body)];
-        if (request.playsSound)
-            [content setSound:[UNNotificationSound defaultSound]];
+        [content setSound:[UNNotificationSound defaultSound]];
         UNNotificationRequest* const made = [UNNotificationRequest requestWithIdentifier:toNSString(request.identifier) content:content trigger:nil];
         [m_center addNotificationRequest:made
                  withCompletionHandler:^(NSError* error) {

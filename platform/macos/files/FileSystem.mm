@@ -39,17 +39,13 @@ public:
     {
         if (!isTaken(url))
             return std::nullopt;
-        NSURL* const target = toNSURL(resolvingAlias(url));
+        NSURL* const named = toNSURL(url);
+        NSURL* const found = targetOfLinks(named);
+        NSURL* const target = found ? found : named;
         return FileTraits { flag(target, NSURLIsDirectoryKey), flag(target, NSURLIsPackageKey) };
     }
 
     Url resolvingSymlinks(Url const& url) const override { return fromNSURL([toNSURL(url) URLByResolvingSymlinksInPath]); }
-
-    Url resolvingAlias(Url const& url) const override
-    {
-        NSURL* const target = targetOfLinks(toNSURL(url));
-        return target ? fromNSURL(target) : url;
-    }
 
     std::string localizedName(Url const& url) const override
     {

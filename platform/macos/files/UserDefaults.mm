@@ -108,14 +108,6 @@ public:
             note(key);
     }
 
-    std::vector<std::string> storedKeys() const override
-    {
-        std::vector<std::string> keys;
-        for (NSString* key in domain())
-            keys.push_back(fromNSString(key));
-        return keys;
-    }
-
 private:
     NSDictionary* domain() const
     {

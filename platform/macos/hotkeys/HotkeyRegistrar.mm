@@ -10,12 +10,15 @@ namespace zv {
 
 namespace {
 
+/// Hotkeys are filed under an owner beside the id.
+constexpr OSType hotkeySignature = 'ZVHK';
+static_assert(hotkeySignature == 0x5A56484B);
+
 // The model's numbers are Carbon's own.
 static_assert(static_cast<int>(KeyModifier::commandKey) == 256 && static_cast<int>(::cmdKey) == 256);
 static_assert(static_cast<int>(KeyModifier::shiftKey) == 512 && static_cast<int>(::shiftKey) == 512);
 static_assert(static_cast<int>(KeyModifier::optionKey) == 2048 && static_cast<int>(::optionKey) == 2048);
 static_assert(static_cast<int>(KeyModifier::controlKey) == 4096 && static_cast<int>(::controlKey) == 4096);
-static_assert(hotkeySignature == 'ZVHK');
 static_assert(kEventHotKeyPressed == 5);
 static_assert(eventNotHandledErr == -9874);
 

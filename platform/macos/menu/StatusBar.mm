@@ -13,11 +13,11 @@ struct ShownItem {
 /// The bar does not keep the item: this does.
 class MacStatusItem : public StatusItem {
 public:
-    MacStatusItem(StatusItemLook const& look, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
+    MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
         : m_mirror([[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking])
         , m_shown(std::make_shared<ShownItem>(ShownItem { [[NSStatusBar systemStatusBar] statusItemWithLength:NSSquareStatusItemLength] }))
     {
-        show(look);
+        show(toNSString(name));
         [m_shown->item setMenu:[m_mirror menu]];
     }
     ~MacStatusItem() override { [[NSStatusBar systemStatusBar] removeStatusItem:m_shown->item]; }
@@ -25,15 +25,14 @@ public:
     [[nodiscard]] std::shared_ptr<ShownItem> const& shown() const { return m_shown; }
 
 private:
-    void show(StatusItemLook const& look)
+    void show(NSString* name)
     {
-        NSString* const description = toNSString(look.accessibilityDescription);
-        NSImage* const symbol = [NSImage imageWithSystemSymbolName:toNSString(look.symbol) accessibilityDescription:description];
+        NSImage* const symbol = [NSImage imageWithSystemSymbolName:@"laurel.leading" accessibilityDescription:name];
         [symbol setTemplate:YES];
         if (symbol)
             [[m_shown->item button] setImage:symbol];
         else
-            [[m_shown->item button] setTitle:description];
+            [[m_shown->item button] setTitle:name];
     }
 
     ZVMenuMirror* m_mirror;
@@ -46,9 +45,9 @@ public:
         : m_tracking(tracking)
     {
     }
-    std::unique_ptr<StatusItem> add(StatusItemLook const& look, std::shared_ptr<Menu> menu) override
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override
     {
-        auto item = std::make_unique<MacStatusItem>(look, menu, m_tracking);
+        auto item = std::make_unique<MacStatusItem>(name, menu, m_tracking);
         m_shown = item->shown();
         return item;
     }

@@ -29,9 +29,8 @@ static_assert(static_cast<unsigned>(KeyModifier::commandKey) == 256 && ::cmdKey 
 static_assert(static_cast<unsigned>(KeyModifier::shiftKey) == 512 && ::shiftKey == 512);
 static_assert(static_cast<unsigned>(KeyModifier::optionKey) == 2048 && ::optionKey == 2048);
 static_assert(static_cast<unsigned>(KeyModifier::controlKey) == 4096 && ::controlKey == 4096);
-static_assert(hotkeySignature == 0x5A56484B && hotkeySignature == fourCharCode("ZVHK"));
-static_assert(kEventClassKeyboard == fourCharCode("keyb") && kEventHotKeyPressed == 5);
-static_assert(kEventParamDirectObject == fourCharCode("----") && typeEventHotKeyID == fourCharCode("hkid"));
+static_assert(kEventClassKeyboard == 'keyb' && kEventHotKeyPressed == 5);
+static_assert(kEventParamDirectObject == '----' && typeEventHotKeyID == 'hkid');
 static_assert(eventNotHandledErr == -9874);
 static_assert(kUCKeyActionDisplay == 3);
 
@@ -69,10 +68,6 @@ static_assert(NSAppleEventSendNoReply == 1);
 static_assert(errAEEventNotPermitted == SessionStatus::notPermitted && SessionStatus::notPermitted == -1743);
 static_assert(procNotFound == SessionStatus::noSuchService && SessionStatus::noSuchService == -600);
 static_assert(errAETimeout == SessionStatus::timedOut && SessionStatus::timedOut == -1712);
-static_assert(kCoreEventClass == fourCharCode("aevt"));
-static_assert(kAESleep == fourCharCode("slep") && kAEShowRestartDialog == fourCharCode("rrst") && kAEShowShutdownDialog == fourCharCode("rsdn"));
-static_assert(kAERestart == fourCharCode("rest") && kAEShutDown == fourCharCode("shut"));
-static_assert(kAELogOut == fourCharCode("logo") && kAEReallyLogOut == fourCharCode("rlgo"));
 
 // Observing and notifying.
 static_assert(NSNotificationSuspensionBehaviorDeliverImmediately == 4);

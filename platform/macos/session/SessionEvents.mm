@@ -1,5 +1,9 @@
 #import "platform/macos/cocoa/Conversions.h"
 #include "platform/macos/cocoa/Factories.h"
+#include "platform/macos/session/SessionEventCodes.h"
+
+#import <Carbon/Carbon.h>
+#import <CoreServices/CoreServices.h>
 
 namespace zv {
 
@@ -9,14 +13,18 @@ namespace {
 constexpr std::int16_t autoGenerateReturnID = -1; // kAutoGenerateReturnID
 constexpr std::int32_t anyTransactionID = 0; // kAnyTransactionID
 static_assert(NSAppleEventSendNoReply == 1);
+static_assert(sessionEventClass == kCoreEventClass && codeOf(SessionEvent::sleep) == kAESleep);
+static_assert(codeOf(SessionEvent::askToRestart) == kAEShowRestartDialog && codeOf(SessionEvent::askToShutDown) == kAEShowShutdownDialog);
+static_assert(codeOf(SessionEvent::restart) == kAERestart && codeOf(SessionEvent::shutDown) == kAEShutDown);
+static_assert(codeOf(SessionEvent::askToLogOut) == kAELogOut && codeOf(SessionEvent::logOut) == kAEReallyLogOut);
 
 class LoginWindowEvents : public SessionEvents {
 public:
-    void send(FourCharCode eventClass, FourCharCode eventID, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override
+    void send(SessionEvent wanted, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override
     {
         NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:@"com.apple.loginwindow"];
-        NSAppleEventDescriptor* const event = [[NSAppleEventDescriptor alloc] initWithEventClass:eventClass
-                                                                                         eventID:eventID
+        NSAppleEventDescriptor* const event = [[NSAppleEventDescriptor alloc] initWithEventClass:sessionEventClass
+                                                                                         eventID:codeOf(wanted)
                                                                                 targetDescriptor:target
                                                                                         returnID:autoGenerateReturnID
                                                                                    transactionID:anyTransactionID];

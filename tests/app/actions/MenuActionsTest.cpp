@@ -88,13 +88,13 @@ TEST_F(MenuActionsTest, EachKindDoesItsOwn)
         { MenuItemKind::dockPrefs, pane + "Desktop-Settings.extension", "", "", "" },
         { MenuItemKind::customizeZantheVell, "", "", "", "activate settings " },
         { MenuItemKind::quitZantheVell, "", "", "", "terminate " },
-        { MenuItemKind::sleep, "", "aevt/slep", "", "" },
-        { MenuItemKind::restart, "", "aevt/rrst", "", "" },
-        { MenuItemKind::shutdown, "", "aevt/rsdn", "", "" },
-        { MenuItemKind::logOut, "", "aevt/logo", "", "" },
-        { MenuItemKind::restartForced, "", "aevt/rest", "", "" },
-        { MenuItemKind::shutdownForced, "", "aevt/shut", "", "" },
-        { MenuItemKind::logOutForced, "", "aevt/rlgo", "", "" },
+        { MenuItemKind::sleep, "", "sleep", "", "" },
+        { MenuItemKind::restart, "", "ask to restart", "", "" },
+        { MenuItemKind::shutdown, "", "ask to shut down", "", "" },
+        { MenuItemKind::logOut, "", "ask to log out", "", "" },
+        { MenuItemKind::restartForced, "", "restart", "", "" },
+        { MenuItemKind::shutdownForced, "", "shut down", "", "" },
+        { MenuItemKind::logOutForced, "", "log out", "", "" },
         { MenuItemKind::forceQuit, "", "", "key code 53", "" },
         { MenuItemKind::lockScreen, "", "", "key code 12", "" },
         { MenuItemKind::dockMagnification, "", "", "not magnification", "" },
@@ -200,7 +200,7 @@ TEST_F(MenuActionsTest, AnEntryOpensItsUrlAndRevealsItsFile)
 
 TEST_F(MenuActionsTest, AFailedSessionEventOrScriptShowsTheFailureRaw)
 {
-    events.outcomes["slep"] = { SessionEventOutcome::State::failed, -600 };
+    events.outcomes["sleep"] = { SessionEventOutcome::State::failed, -600 };
     actions.perform(item(MenuItemKind::sleep, "Schlaf"));
     EXPECT_EQ(onlyAlert(), "“Schlaf” could not be completed.\nsendFailed(-600)\n[OK]");
     EXPECT_EQ(application.log, Log { "activate" });
@@ -215,7 +215,7 @@ TEST_F(MenuActionsTest, ADenialLeadsToThePrivacyPane)
 {
     auto const expected = "“T” needs permission to control your Mac.\nAllow Zanthe Vell to control System Events and the login window in Privacy & "
                           "Security › Automation, then try again.\n[Open Automation Settings]\n[Cancel]";
-    events.outcomes["slep"] = { SessionEventOutcome::State::failed, -1743 };
+    events.outcomes["sleep"] = { SessionEventOutcome::State::failed, -1743 };
     alerts.answers = { 0 };
     actions.perform(item(MenuItemKind::sleep));
     EXPECT_EQ(onlyAlert(), expected);
@@ -299,12 +299,12 @@ TEST_F(MenuActionsTest, TellsAboutTheComputerItselfWhereNothingElseDoes)
 
 TEST_F(MenuActionsTest, AsksByItselfWhereTheDesktopDoesNot)
 {
-    events.outcomes["rrst"] = { SessionEventOutcome::State::needsConfirmation };
+    events.outcomes["ask to restart"] = { SessionEventOutcome::State::needsConfirmation };
     alerts.answers = { 1 };
     actions.perform(item(MenuItemKind::restart));
     EXPECT_EQ(onlyAlert(), "Do you want to restart the computer now?\nApplications are closed without asking. Unsaved changes are lost.\n[Restart]\n[Cancel]");
     EXPECT_EQ(alerts.shown[0].escapeButton, 1u);
-    EXPECT_EQ(events.sent, Log { "aevt/rrst" });
+    EXPECT_EQ(events.sent, Log { "ask to restart" });
 }
 
 } // namespace

@@ -38,13 +38,13 @@ TEST_F(SessionControlTest, SendsTheEventOfEachKind)
         std::string event;
     };
     Row const rows[] = {
-        { MenuItemKind::sleep, "aevt/slep" },
-        { MenuItemKind::restart, "aevt/rrst" },
-        { MenuItemKind::shutdown, "aevt/rsdn" },
-        { MenuItemKind::logOut, "aevt/logo" },
-        { MenuItemKind::restartForced, "aevt/rest" },
-        { MenuItemKind::shutdownForced, "aevt/shut" },
-        { MenuItemKind::logOutForced, "aevt/rlgo" },
+        { MenuItemKind::sleep, "sleep" },
+        { MenuItemKind::restart, "ask to restart" },
+        { MenuItemKind::shutdown, "ask to shut down" },
+        { MenuItemKind::logOut, "ask to log out" },
+        { MenuItemKind::restartForced, "restart" },
+        { MenuItemKind::shutdownForced, "shut down" },
+        { MenuItemKind::logOutForced, "log out" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.event);
@@ -72,30 +72,30 @@ TEST_F(SessionControlTest, NamesTheStatusOfAFailure)
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
-        events.outcomes["slep"] = { State::failed, row.status };
+        events.outcomes["sleep"] = { State::failed, row.status };
         EXPECT_EQ(send(MenuItemKind::sleep), row.description);
     }
 }
 
 TEST_F(SessionControlTest, AsksBeforeForcingWhereTheSystemDoesNotAsk)
 {
-    events.outcomes["rrst"] = { State::needsConfirmation };
+    events.outcomes["ask to restart"] = { State::needsConfirmation };
     EXPECT_EQ(send(MenuItemKind::restart), "");
-    EXPECT_EQ(events.sent, (std::vector<std::string> { "aevt/rrst", "aevt/rest" }));
+    EXPECT_EQ(events.sent, (std::vector<std::string> { "ask to restart", "restart" }));
     EXPECT_EQ(confirmation.asked, (std::vector<MenuItemKind> { MenuItemKind::restart }));
 }
 
 TEST_F(SessionControlTest, ADeclinedQuestionEndsNothingAndIsNoFailure)
 {
     confirmation.answer = false;
-    events.outcomes["rsdn"] = { State::needsConfirmation };
+    events.outcomes["ask to shut down"] = { State::needsConfirmation };
     EXPECT_EQ(send(MenuItemKind::shutdown), "");
-    EXPECT_EQ(events.sent, (std::vector<std::string> { "aevt/rsdn" }));
+    EXPECT_EQ(events.sent, (std::vector<std::string> { "ask to shut down" }));
 }
 
 TEST_F(SessionControlTest, AForcedEventThatAsksFailsInsteadOfGoingRound)
 {
-    events.outcomes["rest"] = { State::needsConfirmation };
+    events.outcomes["restart"] = { State::needsConfirmation };
     EXPECT_EQ(send(MenuItemKind::restartForced), "sendFailed(-1708)");
     EXPECT_TRUE(confirmation.asked.empty());
 }

@@ -73,7 +73,7 @@ TEST_F(LinuxFileSystemTest, TellsWhatAPathIs)
     }
 }
 
-TEST_F(LinuxFileSystemTest, FollowsLinksAndAliases)
+TEST_F(LinuxFileSystemTest, FollowsLinks)
 {
     std::filesystem::create_directories(folder.path("real/inner"));
     std::filesystem::create_symlink(folder.path("real"), folder.path("link"));
@@ -81,9 +81,6 @@ TEST_F(LinuxFileSystemTest, FollowsLinksAndAliases)
     auto const real = files.resolvingSymlinks(url("real"));
     EXPECT_EQ(files.resolvingSymlinks(url("link/inner")), real.appending("inner"));
     EXPECT_EQ(files.resolvingSymlinks(url("absent")), url("absent"));
-    EXPECT_EQ(files.resolvingAlias(url("link")), real);
-    EXPECT_EQ(files.resolvingAlias(url("link/inner")), url("link/inner")) << "no alias itself";
-    EXPECT_EQ(files.resolvingAlias(url("broken")), url("broken"));
 }
 
 TEST_F(LinuxFileSystemTest, NamesFilesInValidText)

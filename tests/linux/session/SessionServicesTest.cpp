@@ -45,7 +45,7 @@ std::string textOf(ScriptOutcome const& outcome)
 /// nothing else listens on, and programs that are only written down.
 struct SessionServicesTest : testing::Test {
     SessionServicesTest() { access.programs = programs; }
-    std::string send(char const* event, std::chrono::milliseconds timeout = 10s) { return textOf(LinuxSession(access).send(fourCharCode(event), timeout)); }
+    std::string send(SessionEvent event, std::chrono::milliseconds timeout = 10s) { return textOf(LinuxSession(access).send(event, timeout)); }
     Calls started() { return std::exchange(programs->started, {}); }
 
     std::shared_ptr<FakePrograms> programs = std::make_shared<FakePrograms>();
@@ -54,13 +54,12 @@ struct SessionServicesTest : testing::Test {
 
 TEST_F(SessionServicesTest, WithoutAnyBusEveryEventFailsAtOnce)
 {
-    for (auto const* event : { "slep", "rest", "shut", "rlgo" }) {
-        EXPECT_EQ(send(event), "-600") << event;
+    for (auto const event : { SessionEvent::sleep, SessionEvent::restart, SessionEvent::shutDown, SessionEvent::logOut }) {
+        EXPECT_EQ(send(event), "-600") << static_cast<int>(event);
         access.buses = { "unix:path=/nowhere/bus", "no address" };
     }
-    for (auto const* event : { "rrst", "rsdn", "logo" })
-        EXPECT_EQ(send(event), "needs confirmation") << event;
-    EXPECT_EQ(send("none"), "-1708");
+    for (auto const event : { SessionEvent::askToRestart, SessionEvent::askToShutDown, SessionEvent::askToLogOut })
+        EXPECT_EQ(send(event), "needs confirmation") << static_cast<int>(event);
 }
 
 TEST_F(SessionServicesTest, ABusWithoutTheServiceIsNoService)
@@ -68,9 +67,9 @@ TEST_F(SessionServicesTest, ABusWithoutTheServiceIsNoService)
     PrivateBus const bus;
     access.buses.system = access.buses.session = bus.address();
     access.desktop = Desktop::kde;
-    EXPECT_EQ(send("slep"), "-600");
-    EXPECT_EQ(send("rest"), "-600");
-    EXPECT_EQ(send("logo"), "needs confirmation");
+    EXPECT_EQ(send(SessionEvent::sleep), "-600");
+    EXPECT_EQ(send(SessionEvent::restart), "-600");
+    EXPECT_EQ(send(SessionEvent::askToLogOut), "needs confirmation");
 }
 
 /// A socket whose connections nobody ever answers.
@@ -92,8 +91,8 @@ TEST_F(SessionServicesTest, ABusThatHangsIsNoBusInTheEnd)
     SilentSocket const silent;
     access.buses.system = access.buses.session = "unix:path=" + silent.path;
     access.desktop = Desktop::kde;
-    EXPECT_EQ(send("slep", 100ms), "-600");
-    EXPECT_EQ(send("logo", 100ms), "needs confirmation");
+    EXPECT_EQ(send(SessionEvent::sleep, 100ms), "-600");
+    EXPECT_EQ(send(SessionEvent::askToLogOut, 100ms), "needs confirmation");
     EXPECT_EQ(textOf(lockScreen(access, 100ms)), "no equivalent");
 }
 
@@ -115,24 +114,24 @@ struct LoginServiceTest : SessionServicesTest {
 TEST_F(LoginServiceTest, TakesWhatNoDesktopTakes)
 {
     struct Row {
-        char const* event;
+        SessionEvent event;
         Calls calls;
     };
     Row const rows[] = {
-        { "slep", { "CanSuspend", "Suspend true" } },
-        { "rest", { "CanReboot", "Reboot true" } },
-        { "shut", { "CanPowerOff", "PowerOff true" } },
-        { "rlgo", { "TerminateSession 'auto'" } },
+        { SessionEvent::sleep, { "CanSuspend", "Suspend true" } },
+        { SessionEvent::restart, { "CanReboot", "Reboot true" } },
+        { SessionEvent::shutDown, { "CanPowerOff", "PowerOff true" } },
+        { SessionEvent::logOut, { "TerminateSession 'auto'" } },
     };
     for (auto const& row : rows) {
-        SCOPED_TRACE(row.event);
+        SCOPED_TRACE(static_cast<int>(row.event));
         EXPECT_EQ(send(row.event), "sent");
         EXPECT_EQ(login.calls(), row.calls);
     }
     access.sessionId = "c7";
-    EXPECT_EQ(send("rlgo"), "sent");
+    EXPECT_EQ(send(SessionEvent::logOut), "sent");
     EXPECT_EQ(login.calls(), Calls { "TerminateSession 'c7'" });
-    EXPECT_EQ(send("rrst"), "needs confirmation");
+    EXPECT_EQ(send(SessionEvent::askToRestart), "needs confirmation");
     EXPECT_EQ(login.calls(), Calls {}) << "nothing is forced before the user was asked";
 }
 
@@ -159,33 +158,33 @@ TEST_F(LoginServiceTest, ARefusalATimeoutAndAnErrorHaveTheirStatus)
         SCOPED_TRACE(row.why);
         login.method("CanSuspend", "", "s", row.check);
         login.method("Suspend", "b", "", row.call);
-        EXPECT_EQ(send("slep", row.timeout), row.outcome);
+        EXPECT_EQ(send(SessionEvent::sleep, row.timeout), row.outcome);
         login.calls(); // waits until a slow one has ended
     }
     login.method("CanSuspend", "", "i", "ret = 3");
-    EXPECT_EQ(send("slep"), "-600") << "a reply that makes no sense is none";
+    EXPECT_EQ(send(SessionEvent::sleep), "-600") << "a reply that makes no sense is none";
 }
 
 TEST_F(SessionServicesTest, EachDesktopAsksInItsOwnWay)
 {
     struct Row {
         Desktop desktop;
-        char const* event;
+        SessionEvent event;
         std::string command;
     };
     Row const rows[] = {
-        { Desktop::gnome, "rrst", "gnome-session-quit --reboot" },
-        { Desktop::gnome, "rsdn", "gnome-session-quit --power-off" },
-        { Desktop::gnome, "logo", "gnome-session-quit --logout" },
-        { Desktop::gnome, "rlgo", "gnome-session-quit --logout --no-prompt" },
-        { Desktop::mate, "rrst", "mate-session-save --shutdown-dialog" },
-        { Desktop::mate, "logo", "mate-session-save --logout-dialog" },
-        { Desktop::cinnamon, "rsdn", "cinnamon-session-quit --power-off" },
-        { Desktop::lxqt, "rrst", "lxqt-leave" },
-        { Desktop::xfce, "logo", "xfce4-session-logout" },
-        { Desktop::xfce, "rest", "xfce4-session-logout --reboot" },
-        { Desktop::xfce, "shut", "xfce4-session-logout --halt" },
-        { Desktop::xfce, "rlgo", "xfce4-session-logout --logout" },
+        { Desktop::gnome, SessionEvent::askToRestart, "gnome-session-quit --reboot" },
+        { Desktop::gnome, SessionEvent::askToShutDown, "gnome-session-quit --power-off" },
+        { Desktop::gnome, SessionEvent::askToLogOut, "gnome-session-quit --logout" },
+        { Desktop::gnome, SessionEvent::logOut, "gnome-session-quit --logout --no-prompt" },
+        { Desktop::mate, SessionEvent::askToRestart, "mate-session-save --shutdown-dialog" },
+        { Desktop::mate, SessionEvent::askToLogOut, "mate-session-save --logout-dialog" },
+        { Desktop::cinnamon, SessionEvent::askToShutDown, "cinnamon-session-quit --power-off" },
+        { Desktop::lxqt, SessionEvent::askToRestart, "lxqt-leave" },
+        { Desktop::xfce, SessionEvent::askToLogOut, "xfce4-session-logout" },
+        { Desktop::xfce, SessionEvent::restart, "xfce4-session-logout --reboot" },
+        { Desktop::xfce, SessionEvent::shutDown, "xfce4-session-logout --halt" },
+        { Desktop::xfce, SessionEvent::logOut, "xfce4-session-logout --logout" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.command);
@@ -199,7 +198,7 @@ TEST_F(SessionServicesTest, EachDesktopAsksInItsOwnWay)
         started();
     }
     access.desktop = Desktop::other;
-    EXPECT_EQ(send("logo"), "needs confirmation");
+    EXPECT_EQ(send(SessionEvent::askToLogOut), "needs confirmation");
     EXPECT_EQ(started(), Calls {}) << "another desktop's question would end another session";
 }
 
@@ -212,17 +211,17 @@ TEST_F(SessionServicesTest, PlasmaIsAskedOverItsBus)
         MockService prompt(bus, "org.kde.LogoutPrompt", "/LogoutPrompt", "org.kde.LogoutPrompt");
         for (auto const* method : { "promptReboot", "promptShutDown", "promptLogout" })
             prompt.method(method, "", "", "");
-        for (auto const* event : { "rrst", "rsdn", "logo" })
+        for (auto const event : { SessionEvent::askToRestart, SessionEvent::askToShutDown, SessionEvent::askToLogOut })
             EXPECT_EQ(send(event), "sent");
         EXPECT_EQ(prompt.calls(), (Calls { "promptReboot", "promptShutDown", "promptLogout" }));
     }
     MockService shutdown(bus, "org.kde.Shutdown", "/Shutdown", "org.kde.Shutdown");
     for (auto const* method : { "logoutAndReboot", "logoutAndShutdown", "logout" })
         shutdown.method(method, "", "", "");
-    for (auto const* event : { "rest", "shut", "rlgo" })
+    for (auto const event : { SessionEvent::restart, SessionEvent::shutDown, SessionEvent::logOut })
         EXPECT_EQ(send(event), "sent");
     EXPECT_EQ(shutdown.calls(), (Calls { "logoutAndReboot", "logoutAndShutdown", "logout" }));
-    EXPECT_EQ(send("slep"), "-600") << "the desktop suspends nothing";
+    EXPECT_EQ(send(SessionEvent::sleep), "-600") << "the desktop suspends nothing";
 }
 
 TEST_F(LoginServiceTest, ScreensAreLockedByWhoeverDoesThat)

@@ -96,7 +96,8 @@ TEST_F(PlistUserDefaultsTest, KeepsSettingsInAPrivateXmlFileWhoseFolderItMakes)
     ASSERT_EQ(::stat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600u);
     PlistUserDefaults const again(path);
-    EXPECT_EQ(again.storedKeys(), (std::vector<std::string> { "ShowIcons", "Menu" }));
+    EXPECT_TRUE(again.object("Menu"));
+    EXPECT_FALSE(again.object("Gone"));
     EXPECT_EQ(again.object("ShowIcons"), PropertyList(false));
 }
 
@@ -141,7 +142,6 @@ TEST_F(PlistUserDefaultsTest, SetsAsideAFileThatItCannotReadAndSaysSoOnce)
         std::filesystem::create_directory(folder.path("config"));
         writeText(path, row.content);
         PlistUserDefaults defaults(path);
-        EXPECT_TRUE(defaults.storedKeys().empty());
         EXPECT_FALSE(defaults.setObject("ShowIcons", false));
         EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false } }));
         ASSERT_EQ(log.size(), 1u);
