@@ -29,14 +29,18 @@ constexpr SessionEvent sessionEvents[] = {
     { MenuItemKind::logOutForced, fourCharCode("rlgo"), MenuItemKind::logOutForced },
 };
 
-std::optional<SessionControl::Failure> failureFor(SessionEventOutcome const& outcome)
+Failure<SessionControl::Failure> sendFailure(std::int64_t status)
 {
-    using Failure = SessionControl::Failure;
+    return { { SessionControl::Failure::Case::sendFailed, static_cast<std::int32_t>(status) } };
+}
+
+Result<void, SessionControl::Failure> resultOf(SessionEventOutcome const& outcome)
+{
     if (outcome.state == SessionEventOutcome::State::sent)
-        return std::nullopt;
+        return {};
     if (outcome.status == SessionStatus::notPermitted)
-        return Failure { Failure::Case::notPermitted, 0 };
-    return Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(outcome.status) };
+        return Failure { SessionControl::Failure { SessionControl::Failure::Case::notPermitted } };
+    return sendFailure(outcome.status);
 }
 
 } // namespace
@@ -63,7 +67,7 @@ void SessionControl::send(Event event, Done done)
         if (outcome.state == SessionEventOutcome::State::needsConfirmation)
             confirmAndForce(event, done);
         else
-            done(failureFor(outcome));
+            done(resultOf(outcome));
     }));
 }
 
@@ -71,9 +75,9 @@ void SessionControl::confirmAndForce(Event event, Done done)
 {
     auto const& asked = sessionEvents[event];
     if (asked.forced == asked.kind)
-        return done(Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(SessionStatus::notHandled) });
+        return done(sendFailure(SessionStatus::notHandled));
     if (!m_confirmation.confirms(asked.kind))
-        return done(std::nullopt);
+        return done({});
     send(*eventFor(asked.forced), std::move(done));
 }
 

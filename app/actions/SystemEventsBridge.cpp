@@ -36,13 +36,11 @@ constexpr KindScript kindScripts[] = {
 
 bool isDockPurpose(ScriptPurpose purpose) { return purpose >= ScriptPurpose::dockMagnification; }
 
-std::optional<SystemEventsBridge::Failure> failureFor(ScriptOutcome const& outcome)
+SystemEventsBridge::Failure failureFor(ScriptOutcome const& outcome)
 {
     using Failure = SystemEventsBridge::Failure;
     using State = ScriptOutcome::State;
     auto const number = outcome.errorNumber.value_or(0);
-    if (outcome.state == State::succeeded)
-        return std::nullopt;
     if (outcome.state == State::notCompiled)
         return Failure::scriptError("could not compile script");
     if (outcome.state == State::noEquivalent)
@@ -50,6 +48,13 @@ std::optional<SystemEventsBridge::Failure> failureFor(ScriptOutcome const& outco
     if (number == notPermittedNumber)
         return Failure { Failure::Case::notPermitted };
     return Failure::scriptError(outcome.errorMessage.value_or("unknown error " + std::to_string(number)));
+}
+
+Result<void, SystemEventsBridge::Failure> resultOf(ScriptOutcome const& outcome)
+{
+    if (outcome.state == ScriptOutcome::State::succeeded)
+        return {};
+    return Failure { failureFor(outcome) };
 }
 
 } // namespace
@@ -77,14 +82,14 @@ void SystemEventsBridge::run(Script const& script, Done done)
         if (outcome.state == ScriptOutcome::State::mustTellUser && !script.userWasTold)
             tellAndRunAgain(script, done);
         else
-            done(failureFor(outcome));
+            done(resultOf(outcome));
     }));
 }
 
 void SystemEventsBridge::tellAndRunAgain(Script script, Done done)
 {
     if (!m_tellsUser())
-        return done(std::nullopt);
+        return done({});
     script.userWasTold = true;
     run(script, std::move(done));
 }

@@ -64,8 +64,8 @@ void KresUpdater::start()
     if (m_checksAutomatically)
         m_reminder.requestAuthorizationIfNeeded();
     m_reminder.showUpdateInFocus = [this] { m_engine->checkForUpdates(); };
-    if (auto const failure = m_engine->start())
-        set(m_startFailureDescription, std::optional("KresUpdater: " + *failure), startFailureProperty);
+    if (auto const started = m_engine->start(); !started)
+        set(m_startFailureDescription, std::optional("KresUpdater: " + started.error()), startFailureProperty);
 }
 
 void KresUpdater::checkForUpdates()

@@ -139,8 +139,8 @@ BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& argument
         if (auto file = fileNamed(name.toStdString()))
             files.push_back(std::move(*file));
     }
-    if (auto const failure = m_requests.addFiles(std::move(files)))
-        return Failure { *failure };
+    if (auto const added = m_requests.addFiles(std::move(files)); !added)
+        return Failure { added.error() };
     return QVariantList {};
 }
 
