@@ -44,7 +44,23 @@ private:
     std::variant<T, E> m_state;
 };
 
-/// For operations that only succeed or fail: empty on success.
-template <class E = std::string> using MaybeFailure = std::optional<E>;
+/// For operations that only succeed or fail: `return {};` is success.
+template <class E> class [[nodiscard]] Result<void, E> {
+public:
+    Result() = default;
+    template <class F>
+    Result(Failure<F> failure) // NOLINT(google-explicit-constructor)
+        : m_error(std::move(failure.error))
+    {
+    }
+
+    [[nodiscard]] bool ok() const { return !m_error; }
+    explicit operator bool() const { return ok(); }
+
+    [[nodiscard]] E const& error() const { return m_error.value(); }
+
+private:
+    std::optional<E> m_error;
+};
 
 } // namespace zv

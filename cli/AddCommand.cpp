@@ -40,8 +40,8 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     for (auto const& argument : options->operands())
         urls.push_back(namedFile(context, argument));
     if (options->has("--alert") && context.runningProgram().isRunning()) {
-        auto const failure = context.runningProgram().addFiles(urls);
-        return failure ? fail(context, *failure) : ExitStatus::done;
+        auto const sent = context.runningProgram().addFiles(urls);
+        return sent ? ExitStatus::done : fail(context, sent.error());
     }
     auto const outcome = ItemsFolder(context.places().itemsFolder, *context.files().disk, context.files().aliases).add(urls);
     auto const alert = alertFor(outcome, context.places().itemsFolder);

@@ -15,8 +15,8 @@ ExitStatus exportTo(std::string const& file, CommandContext& context)
     auto const bytes = menuDocument(store.items());
     if (!bytes)
         return fail(context, "the menu cannot be written: " + bytes.error());
-    if (auto const failure = writeFileArgument(context, file, *bytes))
-        return fail(context, file + ": " + *failure);
+    if (auto const written = writeFileArgument(context, file, *bytes); !written)
+        return fail(context, file + ": " + written.error());
     return ExitStatus::done;
 }
 

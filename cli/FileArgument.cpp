@@ -40,12 +40,12 @@ Result<std::vector<std::byte>> readFileArgument(CommandContext& context, std::st
     return context.files().disk->read(fileArgument(context, argument));
 }
 
-MaybeFailure<> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes)
+Result<void> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes)
 {
     if (argument != standardStream)
         return context.files().disk->write(fileArgument(context, argument), bytes);
     context.out().write(reinterpret_cast<char const*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return std::nullopt; // what went wrong with standard output is said once, at the end
+    return {}; // what went wrong with standard output is said once, at the end
 }
 
 } // namespace zv

@@ -14,6 +14,6 @@ namespace zv {
 /// The bytes of the named file, or of standard input for "-".
 [[nodiscard]] Result<std::vector<std::byte>> readFileArgument(CommandContext& context, std::string const& argument);
 /// Writes the named file whole, or to standard output for "-".
-[[nodiscard]] MaybeFailure<> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes);
+[[nodiscard]] Result<void> writeFileArgument(CommandContext& context, std::string const& argument, std::vector<std::byte> const& bytes);
 
 } // namespace zv

@@ -24,7 +24,7 @@ ExitStatus replaceMenu(ImportedMenu menu, CommandContext& context)
 {
     auto const summary = summaryOf(menu);
     context.store().replaceAll(std::move(menu.items));
-    if (context.store().saveFailure())
+    if (!context.store().lastSave())
         return ExitStatus::failed; // the store has said why
     context.out() << "Imported " << summary << ".\n";
     return ExitStatus::done;

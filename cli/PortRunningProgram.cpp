@@ -15,8 +15,8 @@ ProgramAnswer PortRunningProgram::ask(ProgramMessage const& request, Starting st
     if (!m_post.isRunning()) {
         if (starting == Starting::forbidden)
             return Failure { runningProgramTexts().notRunning };
-        if (auto failure = m_post.start())
-            return Failure { "Zanthe Vell could not be started: " + *failure };
+        if (auto const started = m_post.start(); !started)
+            return Failure { "Zanthe Vell could not be started: " + started.error() };
     }
     auto const text = m_post.ask(encoded(request));
     if (!text)
@@ -27,19 +27,21 @@ ProgramAnswer PortRunningProgram::ask(ProgramMessage const& request, Starting st
     return *answer ? *answer : Failure { runningProgramTexts().refused(answer->error()) };
 }
 
-MaybeFailure<> PortRunningProgram::tell(ProgramMessage const& request, Starting starting)
+Result<void> PortRunningProgram::tell(ProgramMessage const& request, Starting starting)
 {
     auto const answer = ask(request, starting);
-    return answer ? std::nullopt : std::optional(answer.error());
+    if (!answer)
+        return Failure { answer.error() };
+    return {};
 }
 
-MaybeFailure<> PortRunningProgram::showMenu(std::optional<ScreenPoint> at) { return tell({ Kind::showMenu, at }, Starting::allowed); }
+Result<void> PortRunningProgram::showMenu(std::optional<ScreenPoint> at) { return tell({ Kind::showMenu, at }, Starting::allowed); }
 
-MaybeFailure<> PortRunningProgram::openSettings() { return tell({ Kind::openSettings }, Starting::allowed); }
+Result<void> PortRunningProgram::openSettings() { return tell({ Kind::openSettings }, Starting::allowed); }
 
-MaybeFailure<> PortRunningProgram::quit() { return tell({ Kind::quit }, Starting::forbidden); }
+Result<void> PortRunningProgram::quit() { return tell({ Kind::quit }, Starting::forbidden); }
 
-MaybeFailure<> PortRunningProgram::addFiles(std::vector<Url> const& files) { return tell({ Kind::addFiles, {}, files }, Starting::forbidden); }
+Result<void> PortRunningProgram::addFiles(std::vector<Url> const& files) { return tell({ Kind::addFiles, {}, files }, Starting::forbidden); }
 
 Result<std::string> PortRunningProgram::hotkeys() { return ask({ Kind::hotkeys }, Starting::forbidden); }
 

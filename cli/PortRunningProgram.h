@@ -15,10 +15,10 @@ public:
     }
 
     bool isRunning() const override { return m_post.isRunning(); }
-    MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
-    MaybeFailure<> openSettings() override;
-    MaybeFailure<> quit() override;
-    MaybeFailure<> addFiles(std::vector<Url> const& files) override;
+    Result<void> showMenu(std::optional<ScreenPoint> at) override;
+    Result<void> openSettings() override;
+    Result<void> quit() override;
+    Result<void> addFiles(std::vector<Url> const& files) override;
     Result<std::string> hotkeys() override;
     /// What it found out about its system, in a form of that system's own.
     [[nodiscard]] Result<std::string> findings();
@@ -27,7 +27,7 @@ private:
     enum class Starting { allowed, forbidden };
 
     [[nodiscard]] ProgramAnswer ask(ProgramMessage const& request, Starting starting);
-    [[nodiscard]] MaybeFailure<> tell(ProgramMessage const& request, Starting starting);
+    [[nodiscard]] Result<void> tell(ProgramMessage const& request, Starting starting);
 
     MessagePort& m_post;
 };

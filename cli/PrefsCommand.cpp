@@ -99,8 +99,8 @@ ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& co
     auto value = parseValue(*description, operands[2]);
     if (!value)
         return fail(context, value.error());
-    if (auto const failure = context.files().defaults.setObject(description->key, std::move(value).value()))
-        return fail(context, "could not save " + operands[1] + ": " + *failure);
+    if (auto const saved = context.files().defaults.setObject(description->key, std::move(value).value()); !saved)
+        return fail(context, "could not save " + operands[1] + ": " + saved.error());
     return ExitStatus::done;
 }
 
@@ -109,8 +109,8 @@ ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
-    if (auto const failure = context.files().defaults.removeObject(description->key))
-        return fail(context, "could not reset " + operands[1] + ": " + *failure);
+    if (auto const removed = context.files().defaults.removeObject(description->key); !removed)
+        return fail(context, "could not reset " + operands[1] + ": " + removed.error());
     return ExitStatus::done;
 }
 

@@ -27,7 +27,7 @@ std::optional<RunningProgram::ScreenPoint> placeFrom(std::string_view text)
     return RunningProgram::ScreenPoint { static_cast<double>(*x), static_cast<double>(*y) };
 }
 
-ExitStatus done(MaybeFailure<> const& failure, CommandContext& context) { return failure ? fail(context, *failure) : ExitStatus::done; }
+ExitStatus statusOf(Result<void> const& told, CommandContext& context) { return told ? ExitStatus::done : fail(context, told.error()); }
 
 ExitStatus show(Arguments arguments, CommandContext& context)
 {
@@ -41,21 +41,21 @@ ExitStatus show(Arguments arguments, CommandContext& context)
     auto const place = text ? placeFrom(*text) : std::nullopt;
     if (text && !place)
         return failUsage(context, showCommand, "\"" + *text + "\" is no place on the screen; say --at X,Y");
-    return done(context.runningProgram().showMenu(place), context);
+    return statusOf(context.runningProgram().showMenu(place), context);
 }
 
 ExitStatus settings(Arguments arguments, CommandContext& context)
 {
     if (!arguments.empty())
         return failUsage(context, settingsCommand, "it takes no arguments");
-    return done(context.runningProgram().openSettings(), context);
+    return statusOf(context.runningProgram().openSettings(), context);
 }
 
 ExitStatus quit(Arguments arguments, CommandContext& context)
 {
     if (!arguments.empty())
         return failUsage(context, quitCommand, "it takes no arguments");
-    return done(context.runningProgram().quit(), context);
+    return statusOf(context.runningProgram().quit(), context);
 }
 
 } // namespace

@@ -49,10 +49,10 @@ public:
     void openSettings() { note(m_program.openSettings()); }
 
 private:
-    void note(MaybeFailure<> const& failure)
+    void note(Result<void> const& told)
     {
-        if (failure)
-            m_failures.push_back(*failure);
+        if (!told)
+            m_failures.push_back(told.error());
     }
     RunningProgram& m_program;
     Failures& m_failures;

@@ -39,16 +39,16 @@ std::optional<Alert> alertFor(ItemsFolder::Outcome const& outcome, Url const& fo
     return Alert { AlertStyle::warning, problemMessage(outcome), problemLines(outcome.problems) };
 }
 
-MaybeFailure<> AddToItemsService::addToZantheVellItems(std::vector<Url> urls)
+Result<void> AddToItemsService::addToZantheVellItems(std::vector<Url> urls)
 {
     assertMainThread();
     std::erase_if(urls, [](Url const& url) { return !url.isFile(); });
     if (urls.empty())
-        return noFilesText;
+        return Failure { noFilesText };
     m_services.tasks.inBackground(
         TaskPriority::user, [folder = m_folder, urls = std::move(urls)] { return folder.add(urls); },
         m_lifetime.guard([this](ItemsFolder::Outcome const& outcome) { report(outcome); }));
-    return std::nullopt;
+    return {};
 }
 
 void AddToItemsService::report(ItemsFolder::Outcome const& outcome)

@@ -34,7 +34,7 @@ public:
 
     /// Starts adding and returns at once: who asked is never kept waiting. What is not a
     /// file is ignored; the failure is the sentence for who asked when nothing is left.
-    [[nodiscard]] MaybeFailure<> addToZantheVellItems(std::vector<Url> urls);
+    [[nodiscard]] Result<void> addToZantheVellItems(std::vector<Url> urls);
     /// Called after each adding has ended, before any alert.
     std::function<void(ItemsFolder::Outcome const&)> onAdded;
 

@@ -29,15 +29,16 @@ std::string ItemsFolder::Failure::description() const { return "The folder alrea
 ItemsFolder::Outcome ItemsFolder::add(std::vector<Url> const& urls) const
 {
     Outcome outcome;
-    outcome.folderError = ensureExists();
-    if (outcome.folderError)
+    if (auto const made = ensureExists(); !made) {
+        outcome.folderError = made.error();
         return outcome;
+    }
     for (auto const& url : urls) {
         auto const name = fileNameFor(url);
-        if (auto reason = addOne(url, name))
-            outcome.problems.push_back({ withValidUtf8(name), std::move(*reason) });
-        else
+        if (auto const added = addOne(url, name); added)
             outcome.added.push_back(url);
+        else
+            outcome.problems.push_back({ withValidUtf8(name), added.error() });
     }
     return outcome;
 }
@@ -57,19 +58,19 @@ std::string ItemsFolder::fileNameFor(Url const& url) const
 }
 
 /// The name may be taken between the look and the making; then the next one is tried.
-MaybeFailure<> ItemsFolder::addOne(Url const& url, std::string const& name) const
+Result<void> ItemsFolder::addOne(Url const& url, std::string const& name) const
 {
     for (int number = 1; number <= highestNumber; ++number) {
         auto const place = m_url.appending(numberedName(name, number));
         if (m_files.isTaken(place))
             continue;
-        auto const failure = m_aliases.createAlias(url, place);
-        if (!failure)
-            return std::nullopt;
-        if (!failure->isNameTaken)
-            return failure->reason;
+        auto const created = m_aliases.createAlias(url, place);
+        if (created)
+            return {};
+        if (!created.error().isNameTaken)
+            return zv::Failure { created.error().reason };
     }
-    return Failure { withValidUtf8(name) }.description();
+    return zv::Failure { Failure { withValidUtf8(name) }.description() };
 }
 
 } // namespace zv

@@ -43,13 +43,13 @@ public:
 
     [[nodiscard]] Url const& url() const { return m_url; }
     /// Makes missing parents too; an existing folder is fine.
-    [[nodiscard]] MaybeFailure<> ensureExists() const { return m_files.createDirectory(m_url); }
+    [[nodiscard]] Result<void> ensureExists() const { return m_files.createDirectory(m_url); }
     /// Puts an alias of each file into the folder, under a name of its own.
     [[nodiscard]] Outcome add(std::vector<Url> const& urls) const;
 
 private:
     [[nodiscard]] std::string fileNameFor(Url const& url) const;
-    [[nodiscard]] MaybeFailure<> addOne(Url const& url, std::string const& name) const;
+    [[nodiscard]] Result<void> addOne(Url const& url, std::string const& name) const;
 
     Url m_url;
     FileSystem& m_files;

@@ -60,9 +60,9 @@ bool MenuActions::sendSessionEvent(MenuItem const& item)
     auto const event = SessionControl::eventFor(item.kind);
     if (!event)
         return false;
-    m_services.session.send(*event, m_lifetime.guard([this, item](std::optional<SessionControl::Failure> const& failure) {
-        if (failure)
-            presentSessionFailure(*failure, item);
+    m_services.session.send(*event, m_lifetime.guard([this, item](Result<void, SessionControl::Failure> const& sent) {
+        if (!sent)
+            presentSessionFailure(sent.error(), item);
     }));
     return true;
 }
@@ -72,9 +72,9 @@ bool MenuActions::runScript(MenuItem const& item)
     auto const script = SystemEventsBridge::scriptFor(item.kind);
     if (!script)
         return false;
-    m_services.scripts.run(*script, m_lifetime.guard([this, item](std::optional<SystemEventsBridge::Failure> const& failure) {
-        if (failure)
-            presentScriptFailure(*failure, item);
+    m_services.scripts.run(*script, m_lifetime.guard([this, item](Result<void, SystemEventsBridge::Failure> const& ran) {
+        if (!ran)
+            presentScriptFailure(ran.error(), item);
     }));
     return true;
 }
@@ -157,12 +157,12 @@ void MenuActions::runShortcut(std::string const& id, std::string const& name)
             m_services.system.session.workspace.open(*url);
         return;
     }
-    auto report = m_lifetime.guard([this, name](std::optional<ShortcutsProvider::Failure> const& failure) {
-        if (failure)
-            present(shortcutAlert(name, *failure));
+    auto report = m_lifetime.guard([this, name](Result<void, ShortcutsProvider::Failure> const& ran) {
+        if (!ran)
+            present(shortcutAlert(name, ran.error()));
     });
     m_services.system.time.tasks.runDetached(
-        [shortcuts = m_shortcuts, id, report] { return std::function<void()>([report, failure = shortcuts.run(id)]() mutable { report(failure); }); });
+        [shortcuts = m_shortcuts, id, report] { return std::function<void()>([report, ran = shortcuts.run(id)]() mutable { report(ran); }); });
 }
 
 void MenuActions::selectLocation(std::string const& id, std::string const& name)

@@ -28,14 +28,18 @@ constexpr KindEvent kindEvents[] = {
     { MenuItemKind::logOutForced, SessionEvent::logOut, SessionEvent::logOut },
 };
 
-std::optional<SessionControl::Failure> failureFor(SessionEventOutcome const& outcome)
+Failure<SessionControl::Failure> sendFailure(std::int64_t status)
 {
-    using Failure = SessionControl::Failure;
+    return { { SessionControl::Failure::Case::sendFailed, static_cast<std::int32_t>(status) } };
+}
+
+Result<void, SessionControl::Failure> resultOf(SessionEventOutcome const& outcome)
+{
     if (outcome.state == SessionEventOutcome::State::sent)
-        return std::nullopt;
+        return {};
     if (outcome.status == SessionStatus::notPermitted)
-        return Failure { Failure::Case::notPermitted, 0 };
-    return Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(outcome.status) };
+        return Failure { SessionControl::Failure { SessionControl::Failure::Case::notPermitted } };
+    return sendFailure(outcome.status);
 }
 
 } // namespace
@@ -58,7 +62,7 @@ void SessionControl::send(SessionEvent event, Done done)
         if (outcome.state == SessionEventOutcome::State::needsConfirmation)
             confirmAndForce(event, done);
         else
-            done(failureFor(outcome));
+            done(resultOf(outcome));
     }));
 }
 
@@ -66,9 +70,9 @@ void SessionControl::confirmAndForce(SessionEvent event, Done done)
 {
     auto const& asked = *std::find_if(std::begin(kindEvents), std::end(kindEvents), [&](auto const& row) { return event == row.event; });
     if (asked.forced == event)
-        return done(Failure { Failure::Case::sendFailed, static_cast<std::int32_t>(SessionStatus::notHandled) });
+        return done(sendFailure(SessionStatus::notHandled));
     if (!m_confirmation.confirms(asked.kind))
-        return done(std::nullopt);
+        return done({});
     send(asked.forced, std::move(done));
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/model/MenuItemKind.h"
 #include "base/Lifetime.h"
+#include "base/Result.h"
 #include "platform/session/SessionEvents.h"
 
 #include <cstddef>
@@ -31,8 +32,7 @@ public:
         [[nodiscard]] std::string description() const;
         friend bool operator==(Failure const&, Failure const&) = default;
     };
-
-    using Done = std::function<void(std::optional<Failure>)>;
+    using Done = std::function<void(Result<void, Failure>)>;
 
     SessionControl(SessionEvents& events, SessionConfirmation& confirmation)
         : m_events(events)

@@ -94,10 +94,12 @@ ShortcutsLibrary ShortcutsProvider::loadLibrary() const
     return library;
 }
 
-std::optional<ShortcutsProvider::Failure> ShortcutsProvider::run(std::string const& id) const
+Result<void, ShortcutsProvider::Failure> ShortcutsProvider::run(std::string const& id) const
 {
     auto const result = runTool({ "run", id }, ToolOutput::discarded, std::nullopt);
-    return result ? std::nullopt : std::optional(result.error());
+    if (!result)
+        return zv::Failure { result.error() };
+    return {};
 }
 
 } // namespace zv

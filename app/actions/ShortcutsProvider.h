@@ -39,7 +39,7 @@ public:
     /// Never fails: what goes wrong lands in the library's `failure`.
     [[nodiscard]] ShortcutsLibrary loadLibrary() const;
     /// Takes as long as the shortcut does.
-    [[nodiscard]] std::optional<Failure> run(std::string const& id) const;
+    [[nodiscard]] Result<void, Failure> run(std::string const& id) const;
 
     /// "Name (UUID)", the form of all lists of the tool.
     [[nodiscard]] static std::optional<Shortcut> parseLine(std::string_view line);

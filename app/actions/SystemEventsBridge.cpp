@@ -11,6 +11,8 @@ namespace zv {
 
 namespace {
 
+// errAEEventNotPermitted of Apple's MacErrors.h. Key codes below are kVK_Escape and kVK_ANSI_Q of HIToolbox/Events.h;
+// the terms are those of System Events' own dictionary.
 constexpr std::int64_t notPermittedNumber = -1743;
 
 struct KindScript {
@@ -36,13 +38,11 @@ constexpr KindScript kindScripts[] = {
 
 bool isDockPurpose(ScriptPurpose purpose) { return purpose >= ScriptPurpose::dockMagnification; }
 
-std::optional<SystemEventsBridge::Failure> failureFor(ScriptOutcome const& outcome)
+SystemEventsBridge::Failure failureFor(ScriptOutcome const& outcome)
 {
     using Failure = SystemEventsBridge::Failure;
     using State = ScriptOutcome::State;
     auto const number = outcome.errorNumber.value_or(0);
-    if (outcome.state == State::succeeded)
-        return std::nullopt;
     if (outcome.state == State::notCompiled)
         return Failure::scriptError("could not compile script");
     if (outcome.state == State::noEquivalent)
@@ -50,6 +50,13 @@ std::optional<SystemEventsBridge::Failure> failureFor(ScriptOutcome const& outco
     if (number == notPermittedNumber)
         return Failure { Failure::Case::notPermitted };
     return Failure::scriptError(outcome.errorMessage.value_or("unknown error " + std::to_string(number)));
+}
+
+Result<void, SystemEventsBridge::Failure> resultOf(ScriptOutcome const& outcome)
+{
+    if (outcome.state == ScriptOutcome::State::succeeded)
+        return {};
+    return Failure { failureFor(outcome) };
 }
 
 } // namespace
@@ -77,14 +84,14 @@ void SystemEventsBridge::run(Script const& script, Done done)
         if (outcome.state == ScriptOutcome::State::mustTellUser && !script.userWasTold)
             tellAndRunAgain(script, done);
         else
-            done(failureFor(outcome));
+            done(resultOf(outcome));
     }));
 }
 
 void SystemEventsBridge::tellAndRunAgain(Script script, Done done)
 {
     if (!m_tellsUser())
-        return done(std::nullopt);
+        return done({});
     script.userWasTold = true;
     run(script, std::move(done));
 }

@@ -2,6 +2,7 @@
 
 #include "app/model/MenuItemKind.h"
 #include "base/Lifetime.h"
+#include "base/Result.h"
 #include "platform/session/ScriptRunner.h"
 
 #include <functional>
@@ -23,7 +24,7 @@ public:
         [[nodiscard]] std::string description() const;
         friend bool operator==(Failure const&, Failure const&) = default;
     };
-    using Done = std::function<void(std::optional<Failure>)>;
+    using Done = std::function<void(Result<void, Failure>)>;
 
     /// `tellsUser` says what is about to happen; false when the user would rather not.
     SystemEventsBridge(ScriptRunner& runner, std::function<bool()> tellsUser)

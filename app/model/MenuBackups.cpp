@@ -100,25 +100,25 @@ bool MenuBackups::isDue() const
     return clockWentBack || now >= *m_newest + minimumDistance;
 }
 
-MaybeFailure<> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool isReadable)
+Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool isReadable)
 {
     assertMainThread();
     auto const now = m_services.clock.now();
-    if (auto const failure = write(stored, freeName(now, isReadable)))
-        return "could not keep a copy of the menu in " + m_folder.path() + ": " + *failure;
+    if (auto const written = write(stored, freeName(now, isReadable)); !written)
+        return Failure { "could not keep a copy of the menu in " + m_folder.path() + ": " + written.error() };
     if (isReadable)
         m_newest = now;
     removeOldest(isReadable);
-    return std::nullopt;
+    return {};
 }
 
-MaybeFailure<> MenuBackups::write(PropertyList const& stored, Url const& file)
+Result<void> MenuBackups::write(PropertyList const& stored, Url const& file)
 {
     auto const bytes = writePropertyList(stored, PropertyListEncoding::xml);
     if (!bytes)
-        return bytes.error();
-    if (auto failure = m_services.files.createDirectory(m_folder))
-        return failure;
+        return Failure { bytes.error() };
+    if (auto made = m_services.files.createDirectory(m_folder); !made)
+        return made;
     return m_services.files.write(file, *bytes);
 }
 
@@ -137,8 +137,8 @@ void MenuBackups::removeOldest(bool isReadable)
     for (auto const& backup : list()) {
         if (backup.isReadable != isReadable || ++count <= maximumCount)
             continue;
-        if (auto const failure = m_services.files.remove(backup.file))
-            logLine("could not remove " + backup.file.path() + ": " + *failure);
+        if (auto const removed = m_services.files.remove(backup.file); !removed)
+            logLine("could not remove " + backup.file.path() + ": " + removed.error());
     }
 }
 

@@ -40,10 +40,10 @@ public:
     [[nodiscard]] std::vector<MenuBackup> list() const;
 
     [[nodiscard]] bool isDue() const override;
-    [[nodiscard]] MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override;
+    [[nodiscard]] Result<void> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override;
 
 private:
-    [[nodiscard]] MaybeFailure<> write(PropertyList const& stored, Url const& file);
+    [[nodiscard]] Result<void> write(PropertyList const& stored, Url const& file);
     [[nodiscard]] Url freeName(WallTime time, bool isReadable) const;
     void removeOldest(bool isReadable);
 

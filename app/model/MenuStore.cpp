@@ -187,32 +187,32 @@ void MenuStore::didChange()
 }
 
 /// Before the first save over a menu that could not be read, and else when one is due.
-MaybeFailure<> MenuStore::backUp()
+Result<void> MenuStore::backUp()
 {
     if (!m_backupSink || (!m_loadFailure && !m_backupSink->isDue()))
-        return std::nullopt;
+        return {};
     auto const stored = m_services.defaults.storedObject(defaultsKey);
-    return stored ? m_backupSink->menuWillBeOverwritten(*stored, menuItemsFromPropertyList(*stored).ok()) : std::nullopt;
+    return stored ? m_backupSink->menuWillBeOverwritten(*stored, menuItemsFromPropertyList(*stored).ok()) : Result<void>();
 }
 
 void MenuStore::save()
 {
     assertMainThread();
-    m_saveFailure = write();
-    if (m_saveFailure)
-        logLine("could not save menu to " + std::string(defaultsKey) + ": " + *m_saveFailure);
+    m_lastSave = write();
+    if (!m_lastSave)
+        logLine("could not save menu to " + std::string(defaultsKey) + ": " + m_lastSave.error());
 }
 
-MaybeFailure<> MenuStore::write()
+Result<void> MenuStore::write()
 {
     if (auto const unwritable = findUnwritable(m_items))
-        return unwritable->description();
-    auto const backupFailure = backUp();
+        return Failure { unwritable->description() };
+    auto const backedUp = backUp();
     m_loadFailure.reset();
-    auto failure = m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
-    if (!failure && backupFailure)
-        logLine(*backupFailure);
-    return failure;
+    auto saved = m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
+    if (saved && !backedUp)
+        logLine(backedUp.error());
+    return saved;
 }
 
 } // namespace zv

@@ -29,7 +29,7 @@ public:
     /// Told before a save changes what is stored, with the value that is stored now. One
     /// that is no readable menu comes whether a backup is due or not. The failure is a
     /// sentence for the log, where it is of interest only when the save then succeeds.
-    [[nodiscard]] virtual MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
+    [[nodiscard]] virtual Result<void> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
 };
 
 /// Owns the user's menu and its persistence under the key "Menu". Every change refreshes
@@ -78,7 +78,7 @@ public:
     /// a save has replaced it.
     [[nodiscard]] std::optional<ReadFailure> const& loadFailure() const { return m_loadFailure; }
     /// Why the last save failed; nothing when it did not.
-    [[nodiscard]] std::optional<std::string> const& saveFailure() const { return m_saveFailure; }
+    [[nodiscard]] Result<void> const& lastSave() const { return m_lastSave; }
 
     /// Both outlive the store, or are reset to null.
     void setItemsSink(MenuItemsSink* sink) { m_itemsSink = sink; }
@@ -92,14 +92,14 @@ private:
     void setItems(std::vector<MenuItem> items);
     void refreshLocations();
     void didChange();
-    [[nodiscard]] MaybeFailure<> backUp();
-    [[nodiscard]] MaybeFailure<> write();
+    [[nodiscard]] Result<void> backUp();
+    [[nodiscard]] Result<void> write();
 
     Services m_services;
     std::vector<MenuItem> m_items;
     std::set<Uuid> m_unresolvedItemIDs;
     std::optional<ReadFailure> m_loadFailure;
-    std::optional<std::string> m_saveFailure;
+    Result<void> m_lastSave;
     MenuItemsSink* m_itemsSink = nullptr;
     MenuBackupSink* m_backupSink = nullptr;
     ObservationRegistrar m_registrar;

@@ -112,13 +112,14 @@ SettingsSection GeneralSettings::login()
 
 void GeneralSettings::setOpensAtLogin(bool opens)
 {
-    std::optional<LoginItem::ChangeFailure> failure;
-    if (!opens)
-        failure = m_services.loginItem.disable();
-    else if (auto const enabled = m_services.loginItem.enable(); !enabled)
-        failure = enabled.error();
-    if (failure)
-        m_services.alerts.run(LoginItem::alertFor(m_services.wording.loginFailure(failure->description)));
+    auto const tell = [this](auto const& changed) {
+        if (!changed)
+            m_services.alerts.run(LoginItem::alertFor(m_services.wording.loginFailure(changed.error().description)));
+    };
+    if (opens)
+        tell(m_services.loginItem.enable());
+    else
+        tell(m_services.loginItem.disable());
     if (onChanged)
         onChanged();
 }

@@ -4,6 +4,12 @@
 
 namespace zv {
 
+namespace {
+
+Failure<LoginItem::ChangeFailure> changeFailed(LoginService::Error const& error) { return { { error.code, error.description } }; }
+
+} // namespace
+
 LoginItem::State LoginItem::state() const
 {
     assertMainThread();
@@ -22,19 +28,19 @@ LoginItem::State LoginItem::state() const
 Result<LoginItem::Enabled, LoginItem::ChangeFailure> LoginItem::enable()
 {
     assertMainThread();
-    if (auto const error = m_service.registerService())
-        return Failure { ChangeFailure { error->code, error->description } };
+    if (auto const registered = m_service.registerService(); !registered)
+        return changeFailed(registered.error());
     return Enabled { state() == State::requiresApproval };
 }
 
-std::optional<LoginItem::ChangeFailure> LoginItem::disable()
+Result<void, LoginItem::ChangeFailure> LoginItem::disable()
 {
     assertMainThread();
     if (state() == State::disabled)
-        return std::nullopt;
-    if (auto const error = m_service.unregisterService())
-        return ChangeFailure { error->code, error->description };
-    return std::nullopt;
+        return {};
+    if (auto const unregistered = m_service.unregisterService(); !unregistered)
+        return changeFailed(unregistered.error());
+    return {};
 }
 
 void LoginItem::openSettings() { m_service.openSystemSettings(); }

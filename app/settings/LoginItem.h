@@ -5,7 +5,6 @@
 #include "platform/program/LoginService.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace zv {
@@ -31,7 +30,7 @@ public:
     /// Read from the system each time.
     [[nodiscard]] State state() const;
     Result<Enabled, ChangeFailure> enable();
-    std::optional<ChangeFailure> disable();
+    Result<void, ChangeFailure> disable();
     void openSettings();
 
     /// The alert for a change that failed; the reason is a sentence.

@@ -21,12 +21,12 @@ DropOutcome take(MenuDrop const& drop, MenuEditor& editor, MenuEditor::Position 
 {
     if (drop.records.empty())
         return takeFiles(drop.files, editor, position);
-    auto const failure = editor.drop(drop.records, position, drop.recordsBecome);
-    if (!failure)
+    auto const dropped = editor.drop(drop.records, position, drop.recordsBecome);
+    if (dropped)
         return { true, std::nullopt };
     Alert alert;
     alert.message = settingsTexts::itemsNotAdded;
-    alert.informativeText = *failure;
+    alert.informativeText = dropped.error();
     return { false, alert };
 }
 

@@ -202,26 +202,26 @@ std::vector<std::string> MenuEditor::records(Ids const& ids) const
     return records;
 }
 
-std::optional<std::string> MenuEditor::drop(std::vector<std::string> const& records, Position const& position, Drop drop)
+Result<void> MenuEditor::drop(std::vector<std::string> const& records, Position const& position, Drop drop)
 {
     Items dropped;
     for (auto const& record : records) {
         auto item = menuItemFromDragRecord(record);
         if (!item)
-            return "What was dropped is no menu item: " + item.error().description() + ".";
+            return Failure { "What was dropped is no menu item: " + item.error().description() + "." };
         dropped.push_back(std::move(*item));
     }
     auto const ids = idsOf(dropped);
     bool const areAllHere = std::all_of(ids.begin(), ids.end(), [&](auto const& id) { return findItem(items(), id) != nullptr; });
     if (drop == Drop::move && areAllHere) {
         if (!move(ids, position))
-            return "A submenu cannot be put into itself.";
-        return std::nullopt;
+            return Failure { "A submenu cannot be put into itself." };
+        return {};
     }
     std::transform(dropped.begin(), dropped.end(), dropped.begin(), menuTree::withFreshIds);
     auto const* name = dropped.size() == 1 ? "Add Item" : "Add Items";
     add(name, std::move(dropped), position);
-    return std::nullopt;
+    return {};
 }
 
 void MenuEditor::setTitle(Uuid const& id, std::string const& title)

@@ -70,7 +70,7 @@ public:
     enum class Drop { move, copy };
     /// Records dropped or pasted. Those of this menu are moved where `drop` says so; all
     /// others come in with fresh ids. The failure names the first wrong record; then nothing changes.
-    std::optional<std::string> drop(std::vector<std::string> const& records, Position const& position, Drop drop);
+    Result<void> drop(std::vector<std::string> const& records, Position const& position, Drop drop);
 
     /// Empty text is no title.
     void setTitle(Uuid const& id, std::string const& title);

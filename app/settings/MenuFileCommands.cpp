@@ -11,9 +11,9 @@ void MenuFileCommands::exportMenu()
     if (!file)
         return;
     auto const document = menuDocument(m_services.editor.items());
-    auto const failure = document ? m_services.files.write(*file, *document) : MaybeFailure<>(document.error());
-    if (failure)
-        tell("The menu could not be exported to “" + file->lastPathComponent() + "”.", *failure);
+    auto const exported = document ? m_services.files.write(*file, *document) : Failure { document.error() };
+    if (!exported)
+        tell("The menu could not be exported to “" + file->lastPathComponent() + "”.", exported.error());
 }
 
 void MenuFileCommands::importMenu()

@@ -73,10 +73,10 @@ void AppDelegate::setServicesProvider()
         m_surface.home.provideServices();
 }
 
-MaybeFailure<> AppDelegate::addFiles(std::vector<Url> files)
+Result<void> AppDelegate::addFiles(std::vector<Url> files)
 {
     if (!m_takesFiles)
-        return "Zanthe Vell is still starting.";
+        return Failure { "Zanthe Vell is still starting." };
     return parts().addToItems().addToZantheVellItems(std::move(files));
 }
 

@@ -30,7 +30,7 @@ public:
 
     void openSettings() { m_settings.open(); }
     /// Returns at once. The failure is a sentence for who asked.
-    [[nodiscard]] MaybeFailure<> addFiles(std::vector<Url> files);
+    [[nodiscard]] Result<void> addFiles(std::vector<Url> files);
 
     [[nodiscard]] System const& system() const { return m_system; }
     [[nodiscard]] Surface const& surface() const { return m_surface; }

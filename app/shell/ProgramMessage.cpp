@@ -117,8 +117,8 @@ ProgramAnswer answer(ProgramMessage request, ProgramHandlers const& services, Ta
         tasks.runOnMain(services.quit);
         break;
     case Kind::addFiles:
-        if (auto failure = services.addFiles(std::move(request.files)))
-            return Failure { std::move(*failure) };
+        if (auto const added = services.addFiles(std::move(request.files)); !added)
+            return Failure { added.error() };
         break;
     case Kind::hotkeys:
         return services.hotkeys();

@@ -37,7 +37,7 @@ struct ProgramHandlers {
     std::function<void(std::optional<RunningProgram::ScreenPoint>)> showMenu;
     std::function<void()> openSettings;
     std::function<void()> quit;
-    std::function<MaybeFailure<>(std::vector<Url>)> addFiles;
+    std::function<Result<void>(std::vector<Url>)> addFiles;
     std::function<std::string()> hotkeys;
     std::function<std::string()> findings;
 };

@@ -73,14 +73,14 @@ Result<Url> Relocation::copyTo(Url const& destination, Url const& bundle)
         return Failure { folder.error() };
     auto const copy = folder->appending(bundle.lastPathComponent());
     auto const target = destination.appending(bundle.lastPathComponent());
-    auto failure = installation.copy(bundle, copy);
-    if (!failure)
-        failure = installation.put(copy, target);
+    auto done = installation.copy(bundle, copy);
+    if (done)
+        done = installation.put(copy, target);
     installation.removeFolder(*folder);
-    if (!failure)
-        failure = installation.announce(target);
-    if (failure)
-        return Failure { *failure };
+    if (done)
+        done = installation.announce(target);
+    if (!done)
+        return Failure { done.error() };
     return target;
 }
 
@@ -97,11 +97,11 @@ void Relocation::openCopy(Url const& copy, Url const& destination)
     // The services outlive the run loop; this object need not.
     auto const services = m_services;
     services.installation.giveWay();
-    services.workspace.openNewInstance(copy, [services, copy, destination](std::optional<std::string> const& failure) {
-        if (failure) {
+    services.workspace.openNewInstance(copy, [services, copy, destination](Result<void> const& started) {
+        if (!started) {
             Alert alert;
             alert.message = "“" + nameWithoutExtension(copy) + "” could not be opened after copying.";
-            alert.informativeText = *failure + " Open the copy in " + destination.path() + ".";
+            alert.informativeText = started.error() + " Open the copy in " + destination.path() + ".";
             services.alerts.run(alert);
         }
         services.application.terminate();

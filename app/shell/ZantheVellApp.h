@@ -18,7 +18,7 @@ public:
     /// The program was opened once more.
     void reopen() { m_delegate.applicationShouldHandleReopen(false); }
     void openSettings() { m_delegate.openSettings(); }
-    [[nodiscard]] MaybeFailure<> addFiles(std::vector<Url> files) { return m_delegate.addFiles(std::move(files)); }
+    [[nodiscard]] Result<void> addFiles(std::vector<Url> files) { return m_delegate.addFiles(std::move(files)); }
     /// Registrations and conflicts, in the form that `hotkeys --json` prints.
     [[nodiscard]] std::string hotkeyReport() { return zv::hotkeyReport(m_delegate.hasParts() ? &m_delegate.parts().hotkeys() : nullptr); }
     [[nodiscard]] SettingsModels& settingsModels() { return m_delegate.parts().settingsModels(); }

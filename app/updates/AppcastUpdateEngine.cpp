@@ -46,12 +46,12 @@ AppcastUpdateEngine::AppcastUpdateEngine(Services services, UpdateChannels& chan
 
 AppcastUpdateEngine::~AppcastUpdateEngine() { m_services.window.onButton = nullptr; }
 
-MaybeFailure<> AppcastUpdateEngine::start()
+Result<void> AppcastUpdateEngine::start()
 {
     assertMainThread();
     if (canCheckForUpdates())
         m_schedule.start();
-    return std::nullopt;
+    return {};
 }
 
 bool AppcastUpdateEngine::canCheckForUpdates() const
@@ -214,23 +214,23 @@ void AppcastUpdateEngine::downloadArrived(Result<Url> const& file)
     auto const finished = std::move(m_download);
     if (!file)
         return tell("The update could not be downloaded", "The reason: " + file.error() + ". Nothing was changed.");
-    if (auto const problem = problemWith(*file)) {
+    if (auto const verified = verify(*file); !verified) {
         m_services.downloads.discard(*file);
-        return tell("The update was refused", *problem + " Nothing was changed.");
+        return tell("The update was refused", verified.error() + " Nothing was changed.");
     }
     m_services.workspace.open(*file);
     finishSession();
 }
 
-std::optional<std::string> AppcastUpdateEngine::problemWith(Url const& file) const
+Result<void> AppcastUpdateEngine::verify(Url const& file) const
 {
     auto const key = updateSigningKey(m_services.resources.information());
     auto const signature = fromBase64(m_pending->signature);
     if (m_pending->signature.empty() || !signature)
-        return "The feed gives no signature for it.";
+        return Failure { "The feed gives no signature for it." };
     if (!key || !isSignedBy(*key, *signature, file))
-        return "Its signature does not match: it is damaged, or it is not ours.";
-    return std::nullopt;
+        return Failure { "Its signature does not match: it is damaged, or it is not ours." };
+    return {};
 }
 
 void AppcastUpdateEngine::tell(std::string const& title, std::string const& message)

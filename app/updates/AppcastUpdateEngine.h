@@ -37,7 +37,7 @@ public:
     ~AppcastUpdateEngine() override;
 
     /// Without a feed or a key it starts all the same, and checks nothing.
-    MaybeFailure<> start() override;
+    Result<void> start() override;
     void checkForUpdates() override;
     bool canCheckForUpdates() const override;
     bool automaticallyChecksForUpdates() const override;
@@ -62,7 +62,7 @@ private:
     void download();
     void showProgress(std::uint64_t received);
     void downloadArrived(Result<Url> const& file);
-    [[nodiscard]] std::optional<std::string> problemWith(Url const& file) const;
+    [[nodiscard]] Result<void> verify(Url const& file) const;
     void tell(std::string const& title, std::string const& message);
     void buttonPressed(std::size_t button);
     void finishSession();

@@ -7,7 +7,8 @@ namespace zv {
 
 namespace {
 
-constexpr std::size_t signingKeySize = 32; // an Ed25519 public key
+// The keys SUFeedURL and SUPublicEDKey: https://sparkle-project.org/documentation/customization
+constexpr std::size_t signingKeySize = 32; // an Ed25519 public key, RFC 8032, section 5.1.5
 
 std::string hostOf(std::string const& address)
 {
@@ -64,8 +65,8 @@ void KresUpdater::start()
     if (m_checksAutomatically)
         m_reminder.requestAuthorizationIfNeeded();
     m_reminder.showUpdateInFocus = [this] { m_engine->checkForUpdates(); };
-    if (auto const failure = m_engine->start())
-        set(m_startFailureDescription, std::optional("KresUpdater: " + *failure), startFailureProperty);
+    if (auto const started = m_engine->start(); !started)
+        set(m_startFailureDescription, std::optional("KresUpdater: " + started.error()), startFailureProperty);
 }
 
 void KresUpdater::checkForUpdates()

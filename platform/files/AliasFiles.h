@@ -17,7 +17,7 @@ class AliasFiles {
 public:
     virtual ~AliasFiles() = default;
     /// Makes an alias of `target`, which must exist, at `place`. Never replaces what is there.
-    [[nodiscard]] virtual MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) = 0;
+    [[nodiscard]] virtual Result<void, AliasFailure> createAlias(Url const& target, Url const& place) = 0;
 };
 
 } // namespace zv

@@ -37,14 +37,14 @@ public:
     [[nodiscard]] virtual bool isOnReadOnlyVolume(Url const& url) const = 0;
 
     /// Missing parents are made too; an existing folder is fine.
-    [[nodiscard]] virtual MaybeFailure<> createDirectory(Url const& url) = 0;
+    [[nodiscard]] virtual Result<void> createDirectory(Url const& url) = 0;
     [[nodiscard]] virtual bool isWritableDirectory(Url const& url) const = 0;
     [[nodiscard]] virtual Result<std::vector<std::byte>> read(Url const& url) const = 0;
     /// Whole or not at all: a temporary file in the same folder, synced, then renamed.
-    [[nodiscard]] virtual MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) = 0;
+    [[nodiscard]] virtual Result<void> write(Url const& url, std::vector<std::byte> const& bytes) = 0;
     /// Names in the folder, in no order, "." and ".." left out.
     [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;
-    [[nodiscard]] virtual MaybeFailure<> remove(Url const& url) = 0;
+    [[nodiscard]] virtual Result<void> remove(Url const& url) = 0;
 };
 
 } // namespace zv

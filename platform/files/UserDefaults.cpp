@@ -63,8 +63,8 @@ struct IntegerReader {
 
 void UserDefaults::keep(std::string_view key, PropertyList value)
 {
-    if (auto const failure = setObject(key, std::move(value)))
-        logLine("could not save " + std::string(key) + ": " + *failure);
+    if (auto const saved = setObject(key, std::move(value)); !saved)
+        logLine("could not save " + std::string(key) + ": " + saved.error());
 }
 
 bool UserDefaults::boolForKey(std::string_view key) const

@@ -25,8 +25,8 @@ public:
     [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
     /// Stores at once. The failure is a sentence that says why the file could not be written;
     /// the value is then kept in memory, and written with the next one. Callers log it.
-    [[nodiscard]] virtual MaybeFailure<> setObject(std::string_view key, PropertyList value) = 0;
-    [[nodiscard]] virtual MaybeFailure<> removeObject(std::string_view key) = 0;
+    [[nodiscard]] virtual Result<void> setObject(std::string_view key, PropertyList value) = 0;
+    [[nodiscard]] virtual Result<void> removeObject(std::string_view key) = 0;
     virtual void registerDefaults(PropertyListDictionary const& defaults) = 0;
 
     /// setObject for values that nobody waits for: a failure is one line in the log.

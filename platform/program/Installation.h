@@ -29,12 +29,12 @@ public:
 
     /// A fresh folder on the destination's volume, for a copy in the making.
     [[nodiscard]] virtual Result<Url> makeReplacementFolder(Url const& destination) = 0;
-    [[nodiscard]] virtual MaybeFailure<> copy(Url const& from, Url const& to) = 0;
+    [[nodiscard]] virtual Result<void> copy(Url const& from, Url const& to) = 0;
     /// Moves `from` to `to`. What stands there already is replaced, and stays until the new one is whole.
-    [[nodiscard]] virtual MaybeFailure<> put(Url const& from, Url const& to) = 0;
+    [[nodiscard]] virtual Result<void> put(Url const& from, Url const& to) = 0;
     virtual void removeFolder(Url const& folder) = 0;
     /// Makes the desktop know the program that now stands there; nothing to do where it sees by itself.
-    [[nodiscard]] virtual MaybeFailure<> announce(Url const& installed) = 0;
+    [[nodiscard]] virtual Result<void> announce(Url const& installed) = 0;
     /// The copy is about to be opened: what only one running program can have is let go of.
     virtual void giveWay() { }
 };

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "base/Result.h"
+
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace zv {
@@ -19,9 +20,9 @@ public:
     virtual ~LoginService() = default;
     /// Read from the system each time.
     [[nodiscard]] virtual Status status() const = 0;
-    /// Nothing on success. Does not switch on what the user switched off in the system's own settings.
-    [[nodiscard]] virtual std::optional<Error> registerService() = 0;
-    [[nodiscard]] virtual std::optional<Error> unregisterService() = 0;
+    /// Does not switch on what the user switched off in the system's own settings.
+    [[nodiscard]] virtual Result<void, Error> registerService() = 0;
+    [[nodiscard]] virtual Result<void, Error> unregisterService() = 0;
     /// Shows the system's page where login items are switched on and off.
     virtual void openSystemSettings() = 0;
 };

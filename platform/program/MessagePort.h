@@ -15,7 +15,7 @@ public:
     /// Waits for the answer, a few seconds at most; nothing when none came.
     [[nodiscard]] virtual std::optional<std::string> ask(std::string const& request) = 0;
     /// Starts the program and waits until it can be asked.
-    [[nodiscard]] virtual MaybeFailure<> start() = 0;
+    [[nodiscard]] virtual Result<void> start() = 0;
 };
 
 } // namespace zv

@@ -30,11 +30,11 @@ public:
     virtual ~RunningProgram() = default;
     [[nodiscard]] virtual bool isRunning() const = 0;
     /// Without a point the menu opens where it opens when its icon is clicked.
-    [[nodiscard]] virtual MaybeFailure<> showMenu(std::optional<ScreenPoint> at) = 0;
-    [[nodiscard]] virtual MaybeFailure<> openSettings() = 0;
-    [[nodiscard]] virtual MaybeFailure<> quit() = 0;
+    [[nodiscard]] virtual Result<void> showMenu(std::optional<ScreenPoint> at) = 0;
+    [[nodiscard]] virtual Result<void> openSettings() = 0;
+    [[nodiscard]] virtual Result<void> quit() = 0;
     /// Has it put files into the Items folder; it tells the user what goes wrong with them.
-    [[nodiscard]] virtual MaybeFailure<> addFiles(std::vector<Url> const& files) = 0;
+    [[nodiscard]] virtual Result<void> addFiles(std::vector<Url> const& files) = 0;
     /// Registrations and conflicts in the form that `hotkeys --json` prints.
     [[nodiscard]] virtual Result<std::string> hotkeys() = 0;
 };

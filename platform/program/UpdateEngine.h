@@ -41,7 +41,7 @@ class UpdateEngine {
 public:
     virtual ~UpdateEngine() = default;
     /// The failure is the error's description.
-    [[nodiscard]] virtual MaybeFailure<> start() = 0;
+    [[nodiscard]] virtual Result<void> start() = 0;
     /// Asked for by the user: shows what it does. A pending update is brought to the front.
     virtual void checkForUpdates() = 0;
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;

@@ -9,7 +9,8 @@ namespace zv {
 /// What can be done to the session. To ask is to have the system ask the user, then do it.
 enum class SessionEvent : std::uint8_t { sleep, askToRestart, askToShutDown, askToLogOut, restart, shutDown, logOut };
 
-/// Status codes with a meaning of their own; any other is the system's.
+/// Status codes with a meaning of their own; any other is the system's. The numbers are those of
+/// Apple's MacErrors.h: errAEEventNotPermitted, procNotFound, errAETimeout, errAEPrivilegeError, errAEEventNotHandled.
 namespace SessionStatus {
 inline constexpr std::int64_t notPermitted = -1743;
 inline constexpr std::int64_t noSuchService = -600; ///< nobody there takes the event

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Result.h"
 #include "base/Url.h"
 
 #include <functional>
@@ -20,9 +21,9 @@ public:
     /// Shows the file selected in the file manager.
     virtual void reveal(Url const& fileURL) = 0;
     [[nodiscard]] virtual std::optional<Url> applicationWithIdentifier(std::string_view identifier) const = 0;
-    /// Starts a new instance even if one is running. `done` gets the failure's sentence, or
-    /// nothing when it started; on the main thread.
-    virtual void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) = 0;
+    /// Starts a new instance even if one is running. `done` gets a whole sentence as the
+    /// reason why it did not; on the main thread.
+    virtual void openNewInstance(Url const& application, std::function<void(Result<void>)> done) = 0;
 };
 
 } // namespace zv

@@ -15,14 +15,11 @@ namespace zv {
 /// A program that notes what it is asked.
 class FakeRunningProgram : public RunningProgram {
 public:
-    bool isRunning() const override { return !failure; }
-    MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override
-    {
-        return note(at ? "show " + std::to_string(at->x) + ' ' + std::to_string(at->y) : "show");
-    }
-    MaybeFailure<> openSettings() override { return note("settings"); }
-    MaybeFailure<> quit() override { return note("quit"); }
-    MaybeFailure<> addFiles(std::vector<Url> const& files) override
+    bool isRunning() const override { return state.ok(); }
+    Result<void> showMenu(std::optional<ScreenPoint> at) override { return note(at ? "show " + std::to_string(at->x) + ' ' + std::to_string(at->y) : "show"); }
+    Result<void> openSettings() override { return note("settings"); }
+    Result<void> quit() override { return note("quit"); }
+    Result<void> addFiles(std::vector<Url> const& files) override
     {
         std::string request = "add";
         for (auto const& file : files)
@@ -31,20 +28,20 @@ public:
     }
     Result<std::string> hotkeys() override
     {
-        if (failure)
-            return Failure { *failure };
+        if (!state)
+            return Failure { state.error() };
         return hotkeysJson;
     }
 
-    MaybeFailure<> failure;
+    Result<void> state; ///< what every request is answered with
     std::string hotkeysJson = R"({"registrations":[],"conflicts":[]})";
     std::vector<std::string> asked;
 
 private:
-    MaybeFailure<> note(std::string request)
+    Result<void> note(std::string request)
     {
         asked.push_back(std::move(request));
-        return failure;
+        return state;
     }
 };
 

@@ -103,7 +103,7 @@ TEST_F(MenuFileCommandsTest, AFailedWriteIsAFailure)
     EXPECT_EQ(run({ "export", "/out/menu.plist" }), (Outcome { 1, "", "zanthe-vell: /out/menu.plist: Read-only file system\n" }));
     std::vector<std::string> lines;
     LogCapture const capture([&](std::string const& text) { lines.push_back(text); });
-    defaults.writeFailure = "No space left on device";
+    defaults.writing = Failure { "No space left on device" };
     input = document;
     EXPECT_EQ(run({ "import", "-" }), (Outcome { 1, "", "" }));
     EXPECT_EQ(lines, std::vector<std::string> { "Zanthe Vell: could not save menu to Menu: No space left on device" });

@@ -112,7 +112,7 @@ TEST_F(AddCommandTest, WithAlertTheRunningProgramAddsAndTells)
     EXPECT_EQ(program.asked, (std::vector<std::string> { "add file:///here/gone file:///here/%FF.txt" })) << "any name reaches it";
     EXPECT_EQ(target("gone"), "none");
 
-    program.failure = "Zanthe Vell is not running.";
+    program.state = Failure { "Zanthe Vell is not running." };
     EXPECT_EQ(run({ "add", "--alert", "Report.pdf" }), (Outcome { 0, "", "" })) << "without it, it is added all the same";
     EXPECT_EQ(target("Report.pdf"), "/here/Report.pdf");
     EXPECT_EQ(run({ "add", "--alert", "gone" }).status, 1);

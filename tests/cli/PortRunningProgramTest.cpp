@@ -18,11 +18,11 @@ struct PortRunningProgramTest : testing::Test {
         {
             return m_test.answer ? m_test.answer : std::optional(answerTo(request, m_test.services, m_test.time));
         }
-        MaybeFailure<> start() override
+        Result<void> start() override
         {
             ++m_test.starts;
-            m_test.isRunning = !m_test.startFailure;
-            return m_test.startFailure;
+            m_test.isRunning = m_test.starting.ok();
+            return m_test.starting;
         }
 
     private:
@@ -37,18 +37,18 @@ struct PortRunningProgramTest : testing::Test {
 
     bool isRunning = true;
     int starts = 0;
-    MaybeFailure<> startFailure;
-    MaybeFailure<> addFailure;
+    Result<void> starting;
+    Result<void> adding;
     std::optional<std::string> answer; ///< in place of the program's
     std::string did;
     ProgramHandlers services {
         [this](auto at) { did = at ? "show " + std::to_string(at->x) + ' ' + std::to_string(at->y) : "show"; },
         [this] { did = "settings"; },
         [this] { did = "quit"; },
-        [this](std::vector<Url> const& files) -> MaybeFailure<> {
+        [this](std::vector<Url> const& files) -> Result<void> {
             for (auto const& file : files)
                 did += "add " + file.path() + '\n';
-            return addFailure;
+            return adding;
         },
         [] { return std::string(R"({"registrations":[]})"); },
         [] { return std::string("what was found"); },
@@ -60,16 +60,16 @@ struct PortRunningProgramTest : testing::Test {
 
 TEST_F(PortRunningProgramTest, WhatIsAskedArrivesAndIsAnsweredBeforeItHappens)
 {
-    EXPECT_EQ(program.showMenu(std::nullopt), std::nullopt);
+    EXPECT_TRUE(program.showMenu(std::nullopt));
     EXPECT_EQ(did, "") << "who asks is answered first";
     EXPECT_EQ(seen(), "show");
-    EXPECT_EQ(program.showMenu(RunningProgram::ScreenPoint { 10, -20.5 }), std::nullopt);
+    EXPECT_TRUE(program.showMenu(RunningProgram::ScreenPoint { 10, -20.5 }));
     EXPECT_EQ(seen(), "show 10.000000 -20.500000");
-    EXPECT_EQ(program.openSettings(), std::nullopt);
+    EXPECT_TRUE(program.openSettings());
     EXPECT_EQ(seen(), "settings");
-    EXPECT_EQ(program.quit(), std::nullopt);
+    EXPECT_TRUE(program.quit());
     EXPECT_EQ(seen(), "quit");
-    EXPECT_EQ(program.addFiles({ Url::fromPath("/a b\xff\"\n"), Url::fromPath("/ü") }), std::nullopt);
+    EXPECT_TRUE(program.addFiles({ Url::fromPath("/a b\xff\"\n"), Url::fromPath("/ü") }));
     EXPECT_EQ(seen(), "add /a b\xff\"\n\nadd /ü\n") << "any name arrives";
     EXPECT_EQ(program.hotkeys().value(), R"({"registrations":[]})");
     EXPECT_EQ(program.findings().value(), "what was found");
@@ -78,26 +78,26 @@ TEST_F(PortRunningProgramTest, WhatIsAskedArrivesAndIsAnsweredBeforeItHappens)
 TEST_F(PortRunningProgramTest, WhatShowsSomethingStartsTheProgramAndNothingElseDoes)
 {
     isRunning = false;
-    EXPECT_EQ(program.quit(), "Zanthe Vell is not running.");
-    EXPECT_EQ(program.addFiles({}), "Zanthe Vell is not running.");
+    EXPECT_EQ(program.quit().error(), "Zanthe Vell is not running.");
+    EXPECT_EQ(program.addFiles({}).error(), "Zanthe Vell is not running.");
     EXPECT_EQ(program.hotkeys().error(), "Zanthe Vell is not running.");
     EXPECT_EQ(starts, 0);
-    EXPECT_EQ(program.showMenu(std::nullopt), std::nullopt);
+    EXPECT_TRUE(program.showMenu(std::nullopt));
     EXPECT_EQ(seen(), "show");
-    EXPECT_EQ(program.openSettings(), std::nullopt);
+    EXPECT_TRUE(program.openSettings());
     EXPECT_EQ(starts, 1) << "it runs by now";
     isRunning = false;
-    startFailure = "It is damaged.";
-    EXPECT_EQ(program.openSettings(), "Zanthe Vell could not be started: It is damaged.");
+    starting = Failure { "It is damaged." };
+    EXPECT_EQ(program.openSettings().error(), "Zanthe Vell could not be started: It is damaged.");
 }
 
 TEST_F(PortRunningProgramTest, FailuresAreSentences)
 {
-    addFailure = "“\xff” is gone.";
-    EXPECT_EQ(program.addFiles({ Url::fromPath("/x") }), "The running program did not do it: “\xEF\xBF\xBD” is gone.");
+    adding = Failure { "“\xff” is gone." };
+    EXPECT_EQ(program.addFiles({ Url::fromPath("/x") }).error(), "The running program did not do it: “\xEF\xBF\xBD” is gone.");
     for (auto const* wrong : { "", "{}", "[1]", "\"done\"", R"({"done":1})" }) {
         answer = wrong;
-        EXPECT_EQ(program.quit(), "The running program gave an answer that is none.") << wrong;
+        EXPECT_EQ(program.quit().error(), "The running program gave an answer that is none.") << wrong;
     }
 }
 

@@ -74,7 +74,7 @@ TEST_F(PrefsTest, ResetGivesTheDefaultAgain)
 
 TEST_F(PrefsTest, AFailedWriteIsAFailure)
 {
-    defaults.writeFailure = "No space left on device";
+    defaults.writing = Failure { "No space left on device" };
     EXPECT_EQ(run({ "prefs", "write", "ScanDepth", "3" }), (Outcome { 1, "", "zanthe-vell: could not save ScanDepth: No space left on device\n" }));
     EXPECT_EQ(run({ "prefs", "reset", "ScanDepth" }).status, 1);
 }

@@ -57,7 +57,7 @@ TEST_F(RunningProgramCommands, RefuseWhatTheyDoNotTake)
 
 TEST_F(RunningProgramCommands, SayWhyNobodyAnswered)
 {
-    program.failure = "Zanthe Vell is not running.";
+    program.state = Failure { "Zanthe Vell is not running." };
     EXPECT_EQ(run({ "quit" }).status, 1);
     EXPECT_NE(run({ "quit" }).err.find("Zanthe Vell is not running."), std::string::npos);
 }

@@ -96,18 +96,18 @@ public:
         : m_files(files)
     {
     }
-    MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) override
+    Result<void, AliasFailure> createAlias(Url const& target, Url const& place) override
     {
         if (beforeCreating)
             beforeCreating(place);
         if (!m_files.isTaken(target))
-            return AliasFailure { false, "No such file or directory" };
+            return Failure { AliasFailure { false, "No such file or directory" } };
         if (m_files.readOnly.contains(place.parent().path()))
-            return AliasFailure { false, "Permission denied" };
+            return Failure { AliasFailure { false, "Permission denied" } };
         if (m_files.isTaken(place))
-            return AliasFailure { true, "File exists" };
+            return Failure { AliasFailure { true, "File exists" } };
         m_files.addLink(place.path(), target.path());
-        return std::nullopt;
+        return {};
     }
     std::function<void(Url const& place)> beforeCreating; ///< lets another one be quicker
 

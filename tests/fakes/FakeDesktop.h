@@ -27,15 +27,15 @@ public:
         auto const found = applications.find(std::string(identifier));
         return found == applications.end() ? std::nullopt : std::optional(found->second);
     }
-    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override
+    void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         log.push_back("launch " + application.toString());
-        done(launchFailure);
+        done(launching);
     }
 
     std::vector<std::string> log;
     std::map<std::string, Url> applications;
-    std::optional<std::string> launchFailure;
+    Result<void> launching;
 };
 
 class FakeApplication : public Application {

@@ -62,15 +62,15 @@ public:
     }
     bool isOnReadOnlyVolume(Url const& url) const override { return readOnly.count(url.path()) > 0; }
 
-    MaybeFailure<> createDirectory(Url const& url) override
+    Result<void> createDirectory(Url const& url) override
     {
         auto const* node = find(url.path());
         if (node && node->type != Node::Type::folder)
-            return "File exists";
+            return Failure { "File exists" };
         if (readOnly.count(url.parent().path()) > 0)
-            return "Read-only file system";
+            return Failure { "Read-only file system" };
         addFolder(url.path());
-        return std::nullopt;
+        return {};
     }
     bool isWritableDirectory(Url const& url) const override { return exists(url) && readOnly.count(url.path()) == 0; }
     Result<std::vector<std::byte>> read(Url const& url) const override
@@ -80,12 +80,12 @@ public:
             return Failure { std::string("No such file or directory") };
         return node->content;
     }
-    MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) override
+    Result<void> write(Url const& url, std::vector<std::byte> const& bytes) override
     {
         if (readOnly.count(url.parent().path()) > 0)
-            return "Read-only file system";
+            return Failure { "Read-only file system" };
         put(url.path(), { Node::Type::file, {}, bytes });
-        return std::nullopt;
+        return {};
     }
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
@@ -97,10 +97,10 @@ public:
         }
         return found;
     }
-    MaybeFailure<> remove(Url const& url) override
+    Result<void> remove(Url const& url) override
     {
         nodes.erase(url.path());
-        return std::nullopt;
+        return {};
     }
 
     std::map<std::string, Node> nodes { { "/", { Node::Type::folder, {}, {} } } };

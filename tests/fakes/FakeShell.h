@@ -14,26 +14,24 @@ namespace zv::fakes {
 class FakeLoginService : public LoginService {
 public:
     Status status() const override { return current; }
-    std::optional<Error> registerService() override
+    Result<void, Error> registerService() override
     {
         ++registrations;
-        if (failure)
-            return failure;
-        if (current != Status::requiresApproval)
+        if (outcome && current != Status::requiresApproval)
             current = Status::enabled;
-        return std::nullopt;
+        return outcome;
     }
-    std::optional<Error> unregisterService() override
+    Result<void, Error> unregisterService() override
     {
         ++unregistrations;
-        if (!failure)
+        if (outcome)
             current = Status::notRegistered;
-        return failure;
+        return outcome;
     }
     void openSystemSettings() override { ++settingsOpened; }
 
     Status current = Status::notRegistered;
-    std::optional<Error> failure;
+    Result<void, Error> outcome; ///< of every change
     int registrations = 0;
     int unregistrations = 0;
     int settingsOpened = 0;
@@ -45,25 +43,25 @@ public:
     RelocationSource source(Url const&) const override { return from; }
     std::optional<Url> applicationsFolder() override { return folder; }
     Result<Url> makeReplacementFolder(Url const& destination) override { return destination.appending("temporary"); }
-    MaybeFailure<> copy(Url const&, Url const& to) override
+    Result<void> copy(Url const&, Url const& to) override
     {
         files.insert(to.path());
-        return copyFailure;
+        return copying;
     }
-    MaybeFailure<> put(Url const& source, Url const& to) override
+    Result<void> put(Url const& source, Url const& to) override
     {
         files.erase(source.path());
         files.insert(to.path());
-        return std::nullopt;
+        return {};
     }
     void removeFolder(Url const& removed) override
     {
         std::erase_if(files, [&](auto const& path) { return path.starts_with(removed.path() + "/"); });
     }
-    MaybeFailure<> announce(Url const& installed) override
+    Result<void> announce(Url const& installed) override
     {
         announced.push_back(installed.path());
-        return std::nullopt;
+        return {};
     }
 
     void giveWay() override { hasGivenWay = true; }
@@ -71,7 +69,7 @@ public:
     bool hasGivenWay = false;
     RelocationSource from = RelocationSource::none;
     std::optional<Url> folder = Url::fromPath("/Applications");
-    std::optional<std::string> copyFailure;
+    Result<void> copying;
     std::set<std::string> files;
     std::vector<std::string> announced;
 };

@@ -11,10 +11,10 @@ namespace zv::fakes {
 /// An engine that a test drives: it finds what it is told to find.
 class FakeUpdateEngine : public UpdateEngine {
 public:
-    MaybeFailure<> start() override
+    Result<void> start() override
     {
         ++starts;
-        return startFailure;
+        return starting;
     }
     void checkForUpdates() override { ++checks; }
     bool canCheckForUpdates() const override { return canCheck; }
@@ -35,7 +35,7 @@ public:
 
     UpdateChannels* channels = nullptr;
     UpdateUserDriver* userDriver = nullptr;
-    std::optional<std::string> startFailure;
+    Result<void> starting;
     bool canCheck = false;
     bool automatic = false;
     std::optional<WallTime> lastCheck;

@@ -16,16 +16,16 @@ public:
         return stored ? stored : copy(registered.find(key));
     }
     std::optional<PropertyList> storedObject(std::string_view key) const override { return copy(stored.find(key)); }
-    MaybeFailure<> setObject(std::string_view key, PropertyList value) override
+    Result<void> setObject(std::string_view key, PropertyList value) override
     {
         writes.emplace_back(key);
         stored.set(key, std::move(value));
-        return writeFailure;
+        return writing;
     }
-    MaybeFailure<> removeObject(std::string_view key) override
+    Result<void> removeObject(std::string_view key) override
     {
         stored.remove(key);
-        return writeFailure;
+        return writing;
     }
     void registerDefaults(PropertyListDictionary const& defaults) override
     {
@@ -36,7 +36,7 @@ public:
     PropertyListDictionary stored;
     PropertyListDictionary registered;
     std::vector<std::string> writes; ///< keys, in the order they were written
-    MaybeFailure<> writeFailure; ///< what every write answers
+    Result<void> writing; ///< what every write answers
 
 private:
     static std::optional<PropertyList> copy(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }

@@ -46,7 +46,7 @@ TEST(UserDefaults, ReadsBooleansAndIntegersLeniently)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         fakes::FakeUserDefaults defaults;
-        defaults.setObject("Key", row.value);
+        defaults.stored.set("Key", row.value);
         EXPECT_EQ(defaults.boolForKey("Key"), row.boolean);
         EXPECT_EQ(defaults.integerForKey("Key"), row.integer);
     }
@@ -59,7 +59,7 @@ TEST(UserDefaults, ReadsWhatIsRegisteredWhereNothingIsStored)
     EXPECT_EQ(defaults.integerForKey("Limit"), 0);
     defaults.registerDefaults({ { "Shown", true }, { "Limit", 20 } });
     EXPECT_TRUE(defaults.boolForKey("Shown"));
-    defaults.setObject("Limit", 5);
+    defaults.stored.set("Limit", 5);
     EXPECT_EQ(defaults.integerForKey("Limit"), 5);
 }
 

@@ -40,9 +40,9 @@ void logFailure(std::string const& what, Url const& url, std::string const& reas
 template <class Work> void runLogged(Tasks& tasks, std::string what, Url const& url, Work work)
 {
     tasks.runDetached([what = std::move(what), url, work = std::move(work)] {
-        return std::function<void()>([what, url, failure = work()] {
-            if (failure)
-                logFailure(what, url, *failure);
+        return std::function<void()>([what, url, done = work()] {
+            if (!done)
+                logFailure(what, url, done.error());
         });
     });
 }
@@ -67,10 +67,10 @@ void GioWorkspace::open(Url const& url)
 void GioWorkspace::openInBackground(Url const& url)
 {
     runLogged(m_services.tasks, "could not open", url, [url, bus = m_sessionBus, launches = m_launches] {
-        auto failure = openUrl(url, bus);
-        if (!failure && isApplication(url))
+        auto opened = openUrl(url, bus);
+        if (opened && isApplication(url))
             launches.add({ std::time(nullptr), url.path() });
-        return failure;
+        return opened;
     });
 }
 
@@ -92,11 +92,11 @@ std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view iden
     return std::nullopt;
 }
 
-void GioWorkspace::openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done)
+void GioWorkspace::openNewInstance(Url const& application, std::function<void(Result<void>)> done)
 {
     assertMainThread();
     m_services.tasks.runDetached([application, bus = m_sessionBus, done = std::move(done)] {
-        return std::function<void()>([done, failure = launchApplication(application, bus)] { done(failure); });
+        return std::function<void()>([done, started = launchApplication(application, bus)] { done(started); });
     });
 }
 

@@ -31,7 +31,7 @@ public:
     void open(Url const& url) override;
     void reveal(Url const& fileURL) override;
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override;
-    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override;
+    void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override;
 
 private:
     void openInBackground(Url const& url);

@@ -53,24 +53,31 @@ std::string startProgramOf(Url const& url)
     return ::access(program.c_str(), X_OK) == 0 ? program : "";
 }
 
-MaybeFailure<> startProgram(std::string const& path)
+Result<void> resultOf(GErrorSlot& error)
+{
+    if (error)
+        return Failure { error.get()->message };
+    return {};
+}
+
+Result<void> startProgram(std::string const& path)
 {
     auto const home = GString8(g_strdup(g_get_home_dir()));
     char* arguments[] = { const_cast<char*>(path.c_str()), nullptr };
     GErrorSlot error;
     g_spawn_async(home.get(), arguments, nullptr, G_SPAWN_DEFAULT, nullptr, nullptr, nullptr, error.out());
-    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+    return resultOf(error);
 }
 
-MaybeFailure<> launchEntry(std::string const& path, std::string const& sessionBus)
+Result<void> launchEntry(std::string const& path, std::string const& sessionBus)
 {
     GObjectRef<GDesktopAppInfo> const entry(g_desktop_app_info_new_from_filename(path.c_str()));
     if (!entry)
-        return std::string("no application entry that can be started");
+        return Failure { "no application entry that can be started" };
     GErrorSlot error;
     g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, error.out());
     flushSharedBus(sessionBus);
-    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+    return resultOf(error);
 }
 
 /// Where an entry of the type Link leads.
@@ -82,12 +89,12 @@ std::optional<Url> linkTarget(std::string const& path)
     return url.starts_with('/') ? Url::fromPath(url) : Url::parse(url);
 }
 
-MaybeFailure<> openInHandler(Url const& url, std::string const& sessionBus)
+Result<void> openInHandler(Url const& url, std::string const& sessionBus)
 {
     GErrorSlot error;
     g_app_info_launch_default_for_uri(url.toString().c_str(), nullptr, error.out());
     flushSharedBus(sessionBus);
-    return error ? std::optional<std::string>(error.get()->message) : std::nullopt;
+    return resultOf(error);
 }
 
 bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEntryName(url.lastPathComponent()) && !isFolder(url.path()); }
@@ -96,7 +103,7 @@ bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEn
 
 bool isApplication(Url const& url) { return isApplicationEntry(url) || !startProgramOf(url).empty(); }
 
-MaybeFailure<> launchApplication(Url const& application, std::string const& sessionBus)
+Result<void> launchApplication(Url const& application, std::string const& sessionBus)
 {
     if (isProgramFile(application.path()))
         return startProgram(application.path());
@@ -105,7 +112,7 @@ MaybeFailure<> launchApplication(Url const& application, std::string const& sess
     return launchEntry(application.path(), sessionBus);
 }
 
-MaybeFailure<> openUrl(Url const& url, std::string const& sessionBus)
+Result<void> openUrl(Url const& url, std::string const& sessionBus)
 {
     auto current = url;
     for (int step = 0; step < maximumLinkSteps; ++step) {
@@ -118,11 +125,12 @@ MaybeFailure<> openUrl(Url const& url, std::string const& sessionBus)
             return launchApplication(current, sessionBus);
         current = *target;
     }
-    return std::string("the links lead nowhere");
+    return Failure { "the links lead nowhere" };
 }
 
-MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus)
+Result<void> revealFile(Url const& fileURL, std::string const& sessionBus)
 {
+    // https://www.freedesktop.org/wiki/Specifications/file-manager-interface
     static constexpr BusObject fileManager { "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1" };
     Deadline const deadline(fileManagerTimeout);
     if (auto const bus = BusConnection::open(sessionBus, deadline)) {
@@ -131,7 +139,7 @@ MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus)
         auto const reply = bus->call(fileManager, "ShowItems", arguments, deadline);
         // One that is slow to answer shows it all the same; a second window would be one too many.
         if (reply || reply.error().kind == BusFailure::Kind::timedOut)
-            return std::nullopt;
+            return {};
     }
     return openInHandler(fileURL.parent(), sessionBus);
 }

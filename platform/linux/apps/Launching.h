@@ -12,10 +12,10 @@ namespace zv {
 /// An application entry, or a folder that is a whole application.
 [[nodiscard]] bool isApplication(Url const& url);
 /// Starts an entry, a folder that is a whole application, or a program's own file.
-[[nodiscard]] MaybeFailure<> launchApplication(Url const& application, std::string const& sessionBus);
+[[nodiscard]] Result<void> launchApplication(Url const& application, std::string const& sessionBus);
 /// An application starts, a link entry leads on, everything else opens in its handler.
-[[nodiscard]] MaybeFailure<> openUrl(Url const& url, std::string const& sessionBus);
+[[nodiscard]] Result<void> openUrl(Url const& url, std::string const& sessionBus);
 /// Selects the file in the file manager; where none offers that, its folder is opened.
-[[nodiscard]] MaybeFailure<> revealFile(Url const& fileURL, std::string const& sessionBus);
+[[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus);
 
 } // namespace zv

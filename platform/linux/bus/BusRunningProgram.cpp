@@ -35,10 +35,12 @@ Result<GVariantRef> BusRunningProgram::ask(char const* method, GVariantRef argum
     return Failure { m_texts.refused(reply.error().message) };
 }
 
-MaybeFailure<> BusRunningProgram::tell(char const* method, GVariant* arguments, BusConnection::Starting starting)
+Result<void> BusRunningProgram::tell(char const* method, GVariant* arguments, BusConnection::Starting starting)
 {
     auto const answer = ask(method, owned(arguments), nullptr, starting);
-    return answer ? std::nullopt : std::optional(answer.error());
+    if (!answer)
+        return Failure { answer.error() };
+    return {};
 }
 
 bool BusRunningProgram::isRunning() const
@@ -47,7 +49,7 @@ bool BusRunningProgram::isRunning() const
     return session && session->hasOwner(program.service, Deadline(patience));
 }
 
-MaybeFailure<> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
+Result<void> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
 {
     if (!at)
         return tell("ShowMenu", nullptr, BusConnection::Starting::allowed);
@@ -55,12 +57,12 @@ MaybeFailure<> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
         "ShowMenuAt", g_variant_new("(ii)", static_cast<int>(std::lround(at->x)), static_cast<int>(std::lround(at->y))), BusConnection::Starting::allowed);
 }
 
-MaybeFailure<> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr, BusConnection::Starting::allowed); }
+Result<void> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr, BusConnection::Starting::allowed); }
 
-MaybeFailure<> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
+Result<void> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
 
 /// As addresses: a path may hold bytes that no text on a bus may.
-MaybeFailure<> BusRunningProgram::addFiles(std::vector<Url> const& files)
+Result<void> BusRunningProgram::addFiles(std::vector<Url> const& files)
 {
     std::vector<char const*> addresses;
     for (auto const& file : files)

@@ -21,16 +21,16 @@ public:
     }
 
     bool isRunning() const override;
-    MaybeFailure<> showMenu(std::optional<ScreenPoint> at) override;
-    MaybeFailure<> openSettings() override;
-    MaybeFailure<> quit() override;
-    MaybeFailure<> addFiles(std::vector<Url> const& files) override;
+    Result<void> showMenu(std::optional<ScreenPoint> at) override;
+    Result<void> openSettings() override;
+    Result<void> quit() override;
+    Result<void> addFiles(std::vector<Url> const& files) override;
     Result<std::string> hotkeys() override;
 
 private:
     [[nodiscard]] BusConnection const* bus() const;
     [[nodiscard]] Result<GVariantRef> ask(char const* method, GVariantRef arguments, char const* replyType, BusConnection::Starting starting);
-    [[nodiscard]] MaybeFailure<> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
+    [[nodiscard]] Result<void> tell(char const* method, GVariant* arguments, BusConnection::Starting starting);
 
     std::string m_address;
     Texts m_texts;

@@ -100,8 +100,8 @@ LinuxFrontEnd::~LinuxFrontEnd() = default;
 int LinuxFrontEnd::run()
 {
     if (!m_instance.claim()) {
-        if (auto const failure = BusRunningProgram(m_access.buses.session, runningProgramTexts()).openSettings()) {
-            logLine("it runs already, and cannot be asked to open its settings. " + *failure);
+        if (auto const told = BusRunningProgram(m_access.buses.session, runningProgramTexts()).openSettings(); !told) {
+            logLine("it runs already, and cannot be asked to open its settings. " + told.error());
             return 1;
         }
         return 0;

@@ -46,9 +46,9 @@ RunningApplications& LinuxSystem::countedApplications()
 
 void LinuxSystem::launch(Url const& application)
 {
-    m_workspace.openNewInstance(application, [application](std::optional<std::string> const& failure) {
-        if (failure)
-            logLine("could not open " + application.toString() + ": " + *failure);
+    m_workspace.openNewInstance(application, [application](Result<void> const& started) {
+        if (!started)
+            logLine("could not open " + application.toString() + ": " + started.error());
     });
 }
 

@@ -110,7 +110,7 @@ bool LinuxFileSystem::isOnReadOnlyVolume(Url const& url) const
     return ::statvfs(url.path().c_str(), &volume) == 0 && (volume.f_flag & ST_RDONLY) != 0;
 }
 
-MaybeFailure<> LinuxFileSystem::createDirectory(Url const& url) { return makeFolders(url.path(), 0777); }
+Result<void> LinuxFileSystem::createDirectory(Url const& url) { return makeFolders(url.path(), 0777); }
 
 bool LinuxFileSystem::isWritableDirectory(Url const& url) const
 {
@@ -120,13 +120,13 @@ bool LinuxFileSystem::isWritableDirectory(Url const& url) const
 
 Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { return readWholeFile(url.path(), mostBytesRead); }
 
-MaybeFailure<> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
+Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
 {
     // A link to a document stays one: the document is what is written.
     auto const path = followingLink(url.path());
     auto const status = statusOf(path, Links::followed);
     if (status && !S_ISREG(status->st_mode))
-        return S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file";
+        return Failure { S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file" };
     return replaceFile(path, temporaryBeside(path), bytes, 0666);
 }
 
@@ -143,6 +143,11 @@ Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
     return names;
 }
 
-MaybeFailure<> LinuxFileSystem::remove(Url const& url) { return std::remove(url.path().c_str()) == 0 ? MaybeFailure<>() : systemMessage(errno); }
+Result<void> LinuxFileSystem::remove(Url const& url)
+{
+    if (std::remove(url.path().c_str()) != 0)
+        return Failure { systemMessage(errno) };
+    return {};
+}
 
 } // namespace zv

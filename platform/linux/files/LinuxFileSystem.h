@@ -20,12 +20,12 @@ public:
     [[nodiscard]] std::string localizedName(Url const& url) const override;
     [[nodiscard]] std::optional<std::string> volumeName(Url const& url) const override;
     [[nodiscard]] bool isOnReadOnlyVolume(Url const& url) const override;
-    [[nodiscard]] MaybeFailure<> createDirectory(Url const& url) override;
+    [[nodiscard]] Result<void> createDirectory(Url const& url) override;
     [[nodiscard]] bool isWritableDirectory(Url const& url) const override;
     [[nodiscard]] Result<std::vector<std::byte>> read(Url const& url) const override;
-    [[nodiscard]] MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) override;
+    [[nodiscard]] Result<void> write(Url const& url, std::vector<std::byte> const& bytes) override;
     [[nodiscard]] Result<std::vector<std::string>> names(Url const& folder) const override;
-    [[nodiscard]] MaybeFailure<> remove(Url const& url) override;
+    [[nodiscard]] Result<void> remove(Url const& url) override;
 
 private:
     mutable MountWatch m_mounts;

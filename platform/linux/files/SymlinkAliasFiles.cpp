@@ -10,15 +10,15 @@ namespace zv {
 
 namespace {
 
-AliasFailure lastFailure()
+Failure<AliasFailure> lastFailure()
 {
     auto const code = errno;
-    return { code == EEXIST, std::generic_category().message(code) };
+    return { { code == EEXIST, std::generic_category().message(code) } };
 }
 
 } // namespace
 
-MaybeFailure<AliasFailure> SymlinkAliasFiles::createAlias(Url const& target, Url const& place)
+Result<void, AliasFailure> SymlinkAliasFiles::createAlias(Url const& target, Url const& place)
 {
     struct stat information { };
     auto const path = target.path();
@@ -27,7 +27,7 @@ MaybeFailure<AliasFailure> SymlinkAliasFiles::createAlias(Url const& target, Url
     // symlink() never replaces anything.
     if (::symlink(path.c_str(), place.path().c_str()) != 0)
         return lastFailure();
-    return std::nullopt;
+    return {};
 }
 
 } // namespace zv

@@ -7,7 +7,7 @@ namespace zv {
 /// Aliases as absolute symbolic links, which every file manager understands.
 class SymlinkAliasFiles : public AliasFiles {
 public:
-    MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) override;
+    Result<void, AliasFailure> createAlias(Url const& target, Url const& place) override;
 };
 
 } // namespace zv

@@ -14,8 +14,15 @@ namespace zv {
 
 namespace {
 
-LoginService::Error errorFor(std::error_code code) { return { code.value(), code.message() }; }
+Result<void, LoginService::Error> resultOf(std::error_code code)
+{
+    if (!code)
+        return {};
+    return Failure { LoginService::Error { code.value(), code.message() } };
+}
 
+/// "Hidden" switches off for all (https://specifications.freedesktop.org/autostart-spec), the
+/// other key is what GNOME's settings write.
 bool isSwitchedOff(DesktopEntry const& entry)
 {
     constexpr char const* gnomeKey = "X-GNOME-Autostart-enabled";
@@ -43,30 +50,30 @@ LoginService::Status AutostartLoginService::status() const
     return isSwitchedOff(entry) ? Status::requiresApproval : Status::enabled;
 }
 
-std::optional<LoginService::Error> AutostartLoginService::registerService()
+Result<void, LoginService::Error> AutostartLoginService::registerService()
 {
     if (status() == Status::requiresApproval)
-        return std::nullopt;
+        return {};
     std::error_code code;
     std::filesystem::create_directories(folder(), code);
     if (code)
-        return errorFor(code);
+        return resultOf(code);
     auto const temporary = entryPath() + ".new";
     errno = 0;
     std::ofstream stream(temporary, std::ios::trunc);
     stream << entryText(m_options.program);
     stream.close();
     if (!stream)
-        return errorFor({ errno != 0 ? errno : EIO, std::generic_category() });
+        return resultOf({ errno != 0 ? errno : EIO, std::generic_category() });
     std::filesystem::rename(temporary, entryPath(), code);
-    return code ? std::optional(errorFor(code)) : std::nullopt;
+    return resultOf(code);
 }
 
-std::optional<LoginService::Error> AutostartLoginService::unregisterService()
+Result<void, LoginService::Error> AutostartLoginService::unregisterService()
 {
     std::error_code code;
     std::filesystem::remove(entryPath(), code);
-    return code ? std::optional(errorFor(code)) : std::nullopt;
+    return resultOf(code);
 }
 
 void AutostartLoginService::openSystemSettings()

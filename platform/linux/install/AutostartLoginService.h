@@ -27,8 +27,8 @@ public:
     }
 
     Status status() const override;
-    std::optional<Error> registerService() override;
-    std::optional<Error> unregisterService() override;
+    Result<void, Error> registerService() override;
+    Result<void, Error> unregisterService() override;
     void openSystemSettings() override;
 
 private:

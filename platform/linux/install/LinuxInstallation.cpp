@@ -38,7 +38,14 @@ bool isManaged(std::string const& path)
 /// Beside what the build system just made: nobody's installation.
 bool isBuildTree(std::string const& path) { return fs::exists(fs::path(path).parent_path() / "CMakeCache.txt"); }
 
-std::optional<std::string> sentence(std::error_code code) { return code ? std::optional(code.message() + ".") : std::nullopt; }
+std::string sentence(std::error_code code) { return code.message() + "."; }
+
+Result<void> resultOf(std::error_code code)
+{
+    if (code)
+        return Failure { sentence(code) };
+    return {};
+}
 
 bool isWritableFolder(std::string const& path)
 {
@@ -90,28 +97,28 @@ Result<Url> LinuxInstallation::makeReplacementFolder(Url const& destination)
 {
     auto pattern = destination.path() + "/.zanthe-vell-XXXXXX";
     if (!mkdtemp(pattern.data()))
-        return Failure { *sentence({ errno, std::generic_category() }) };
+        return Failure { sentence({ errno, std::generic_category() }) };
     return Url::fromPath(pattern);
 }
 
-MaybeFailure<> LinuxInstallation::copy(Url const& from, Url const& to)
+Result<void> LinuxInstallation::copy(Url const& from, Url const& to)
 {
     std::error_code code;
     fs::copy(from.path(), to.path(), fs::copy_options::recursive | fs::copy_options::copy_symlinks, code);
-    return sentence(code);
+    return resultOf(code);
 }
 
-MaybeFailure<> LinuxInstallation::put(Url const& from, Url const& to)
+Result<void> LinuxInstallation::put(Url const& from, Url const& to)
 {
     // A folder cannot be renamed over one that is not empty: the two change places instead.
     if (renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_EXCHANGE) == 0) {
         std::error_code ignored;
         fs::remove_all(from.path(), ignored);
-        return std::nullopt;
+        return {};
     }
     std::error_code code;
     fs::rename(from.path(), to.path(), code);
-    return sentence(code);
+    return resultOf(code);
 }
 
 void LinuxInstallation::removeFolder(Url const& folder)
@@ -120,40 +127,42 @@ void LinuxInstallation::removeFolder(Url const& folder)
     fs::remove_all(folder.path(), ignored);
 }
 
-MaybeFailure<> LinuxInstallation::announce(Url const& installed)
+Result<void> LinuxInstallation::announce(Url const& installed)
 {
-    auto failure = copyResources(installed);
-    return failure ? failure : writeEntry(installed);
+    auto const copied = copyResources(installed);
+    return copied ? writeEntry(installed) : copied;
 }
 
 /// To "share" beside the folder of programs, where an installed program looks for them. An
 /// image or an application's folder has them within.
-MaybeFailure<> LinuxInstallation::copyResources(Url const& installed) const
+Result<void> LinuxInstallation::copyResources(Url const& installed) const
 {
     if (m_options.isMountedAppImage || m_options.resources.empty() || fs::is_directory(installed.path()))
-        return std::nullopt;
+        return {};
     auto const folder = fs::path(installed.path()).parent_path().parent_path() / "share/zanthe-vell";
     std::error_code code;
     fs::create_directories(folder, code);
     if (!code)
         fs::copy(m_options.resources, folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing, code);
-    return sentence(code);
+    return resultOf(code);
 }
 
-MaybeFailure<> LinuxInstallation::writeEntry(Url const& installed) const
+Result<void> LinuxInstallation::writeEntry(Url const& installed) const
 {
     bool const forAll = isAtOrBelow(installed.path(), m_options.systemFolder);
     fs::path const folder = forAll ? m_options.systemApplications : m_options.userApplications;
     std::error_code code;
     fs::create_directories(folder, code);
     if (code)
-        return sentence(code);
+        return resultOf(code);
     auto const program = fs::is_directory(installed.path()) ? installed.path() + "/AppRun" : installed.path();
     std::ofstream stream(folder / "org.zanthevell.ZantheVell.desktop", std::ios::trunc);
     stream << "[Desktop Entry]\nType=Application\nName=Zanthe Vell\nComment=A menu of your own making\nExec=" << quotedForExec(program)
            << "\nIcon=org.zanthevell.ZantheVell\nCategories=Utility;\n";
     stream.close();
-    return stream ? std::nullopt : std::optional(m_options.entryNotWritten);
+    if (!stream)
+        return Failure { m_options.entryNotWritten };
+    return {};
 }
 
 void LinuxInstallation::giveWay()

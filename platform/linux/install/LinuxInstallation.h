@@ -36,15 +36,15 @@ public:
     RelocationSource source(Url const& bundle) const override;
     std::optional<Url> applicationsFolder() override;
     Result<Url> makeReplacementFolder(Url const& destination) override;
-    MaybeFailure<> copy(Url const& from, Url const& to) override;
-    MaybeFailure<> put(Url const& from, Url const& to) override;
+    Result<void> copy(Url const& from, Url const& to) override;
+    Result<void> put(Url const& from, Url const& to) override;
     void removeFolder(Url const& folder) override;
-    MaybeFailure<> announce(Url const& installed) override;
+    Result<void> announce(Url const& installed) override;
     void giveWay() override;
 
 private:
-    [[nodiscard]] MaybeFailure<> copyResources(Url const& installed) const;
-    [[nodiscard]] MaybeFailure<> writeEntry(Url const& installed) const;
+    [[nodiscard]] Result<void> copyResources(Url const& installed) const;
+    [[nodiscard]] Result<void> writeEntry(Url const& installed) const;
 
     Options m_options;
 };

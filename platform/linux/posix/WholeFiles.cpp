@@ -165,28 +165,28 @@ FileReading readInPieces(std::string const& path, std::function<bool(std::string
     return readInPieces(*file, take, pieceSize);
 }
 
-MaybeFailure<> makeFolders(std::string const& path, mode_t mode)
+Result<void> makeFolders(std::string const& path, mode_t mode)
 {
     if (::mkdir(path.c_str(), mode) == 0 || (errno == EEXIST && isFolder(path)))
-        return std::nullopt;
+        return {};
     if (errno != ENOENT || path == "/")
-        return systemMessage(errno);
-    if (auto failure = makeFolders(folderOf(path), mode))
-        return failure;
+        return failureOf(errno);
+    if (auto parent = makeFolders(folderOf(path), mode); !parent)
+        return parent;
     bool const isMade = ::mkdir(path.c_str(), mode) == 0 || errno == EEXIST;
-    return isMade ? MaybeFailure<>() : systemMessage(errno);
+    return isMade ? Result<void>() : failureOf(errno);
 }
 
-MaybeFailure<> replaceFile(std::string const& path, std::string const& temporaryPath, std::span<std::byte const> bytes, mode_t mode)
+Result<void> replaceFile(std::string const& path, std::string const& temporaryPath, std::span<std::byte const> bytes, mode_t mode)
 {
     bool const isWritten = writeAndSync(temporaryPath, bytes, permissionsOf(path), mode);
     if (!isWritten || ::rename(temporaryPath.c_str(), path.c_str()) != 0) {
         int const error = errno;
         ::unlink(temporaryPath.c_str());
-        return systemMessage(error);
+        return failureOf(error);
     }
     syncFolder(folderOf(path));
-    return std::nullopt;
+    return {};
 }
 
 } // namespace zv

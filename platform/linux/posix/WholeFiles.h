@@ -44,11 +44,11 @@ struct PlainFile {
 [[nodiscard]] FileReading readInPieces(PlainFile const& file, std::function<bool(std::string_view)> const& take, std::size_t most);
 
 /// Makes the folder and its missing parents; an existing folder is fine.
-[[nodiscard]] MaybeFailure<> makeFolders(std::string const& path, mode_t mode);
+[[nodiscard]] Result<void> makeFolders(std::string const& path, mode_t mode);
 
 /// The old content or the new one, whatever happens meanwhile: writes `temporaryPath`, which
 /// lies in the same folder, syncs it and renames it to `path`, which keeps its permissions;
 /// a new file gets those of `mode`. After a failure the temporary file is gone.
-[[nodiscard]] MaybeFailure<> replaceFile(std::string const& path, std::string const& temporaryPath, std::span<std::byte const> bytes, mode_t mode);
+[[nodiscard]] Result<void> replaceFile(std::string const& path, std::string const& temporaryPath, std::span<std::byte const> bytes, mode_t mode);
 
 } // namespace zv

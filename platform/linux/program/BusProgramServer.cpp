@@ -12,6 +12,8 @@ QString programName() { return QStringLiteral("org.zanthevell.ZantheVell"); }
 
 QString programPath() { return QStringLiteral("/org/zanthevell/ZantheVell"); }
 
+/// Our own interface, and that which starts an application by its name on the bus:
+/// https://specifications.freedesktop.org/desktop-entry-spec, "D-Bus Activation".
 constexpr char const* introspection = R"xml(
 <interface name="org.zanthevell.ZantheVell">
   <method name="ShowMenu"/>
@@ -139,8 +141,8 @@ BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& argument
         if (auto file = fileNamed(name.toStdString()))
             files.push_back(std::move(*file));
     }
-    if (auto const failure = m_requests.addFiles(std::move(files)))
-        return Failure { *failure };
+    if (auto const added = m_requests.addFiles(std::move(files)); !added)
+        return Failure { added.error() };
     return QVariantList {};
 }
 

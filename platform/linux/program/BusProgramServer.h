@@ -18,7 +18,7 @@ struct ProgramRequests {
     std::function<void(std::optional<QPoint>)> showMenu; ///< in pixels; at the pointer when it is not said
     std::function<void()> openSettings;
     std::function<void()> quit;
-    std::function<MaybeFailure<>(std::vector<Url>)> addFiles; ///< what is no file is ignored
+    std::function<Result<void>(std::vector<Url>)> addFiles; ///< what is no file is ignored
     std::function<QString()> hotkeys; ///< as JSON
 };
 

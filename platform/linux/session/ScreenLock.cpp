@@ -10,6 +10,9 @@ namespace zv {
 namespace {
 
 /// Those that belong to one desktop before the common name, which some own without locking.
+/// GNOME's interface is data/dbus-interfaces/org.gnome.ScreenSaver.xml of https://gitlab.gnome.org/GNOME/gnome-shell;
+/// Cinnamon's, MATE's and Xfce's have the same method; the common one is that of
+/// https://invent.kde.org/plasma/kscreenlocker.
 constexpr BusObject savers[] = {
     { "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver" },
     { "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver", "org.cinnamon.ScreenSaver" },
@@ -37,14 +40,16 @@ bool lockBySaver(DesktopAccess const& access, Deadline const& deadline)
     return false;
 }
 
-MaybeFailure<BusFailure> lockByLogin(DesktopAccess const& access, Deadline const& deadline)
+Result<void, BusFailure> lockByLogin(DesktopAccess const& access, Deadline const& deadline)
 {
     auto const bus = BusConnection::open(access.buses.system, deadline);
     if (!bus)
-        return BusFailure { BusFailure::Kind::noService, {} };
+        return Failure { BusFailure { BusFailure::Kind::noService, {} } };
     auto const* const session = access.sessionId.empty() ? "auto" : access.sessionId.c_str();
     auto const reply = bus->call(loginManager, "LockSession", g_variant_new("(s)", session), deadline);
-    return reply ? std::nullopt : std::optional(reply.error());
+    if (!reply)
+        return Failure { reply.error() };
+    return {};
 }
 
 } // namespace
@@ -54,16 +59,16 @@ ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds 
     // Each has its time: a saver that hangs must not leave the screen open.
     if (lockBySaver(access, Deadline(timeout)))
         return {};
-    auto const failure = lockByLogin(access, Deadline(timeout));
-    if (!failure)
+    auto const locked = lockByLogin(access, Deadline(timeout));
+    if (locked)
         return {};
     for (auto const& command : commands) {
         if (access.programs->start(command))
             return {};
     }
-    if (failure->kind == BusFailure::Kind::noService)
+    if (locked.error().kind == BusFailure::Kind::noService)
         return { ScriptOutcome::State::noEquivalent };
-    return { ScriptOutcome::State::failed, std::nullopt, failure->message };
+    return { ScriptOutcome::State::failed, std::nullopt, locked.error().message };
 }
 
 DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chrono::milliseconds timeout)

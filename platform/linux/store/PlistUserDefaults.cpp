@@ -48,22 +48,22 @@ std::optional<PropertyList> PlistUserDefaults::object(std::string_view key) cons
 
 std::optional<PropertyList> PlistUserDefaults::storedObject(std::string_view key) const { return copyOf(stored().find(key)); }
 
-MaybeFailure<> PlistUserDefaults::setObject(std::string_view key, PropertyList value)
+Result<void> PlistUserDefaults::setObject(std::string_view key, PropertyList value)
 {
     assertMainThread();
     auto const* known = stored().find(key);
     if (known && *known == value && m_unsaved.empty() && !m_file.hasChanged())
-        return std::nullopt;
+        return {};
     stored().set(key, std::move(value));
     m_unsaved.emplace(key);
     return save(key);
 }
 
-MaybeFailure<> PlistUserDefaults::removeObject(std::string_view key)
+Result<void> PlistUserDefaults::removeObject(std::string_view key)
 {
     assertMainThread();
     if (!stored().contains(key) && m_unsaved.empty() && !m_file.hasChanged())
-        return std::nullopt;
+        return {};
     stored().remove(key);
     m_unsaved.emplace(key);
     return save(key);
@@ -181,41 +181,41 @@ std::string PlistUserDefaults::unreadableMessage(std::string const& reason) cons
 
 // Writing
 
-MaybeFailure<> PlistUserDefaults::save(std::string_view key)
+Result<void> PlistUserDefaults::save(std::string_view key)
 {
     auto const lock = m_file.lock();
     if (!lock)
-        return lock.error();
-    if (auto failure = catchUp())
-        return failure;
+        return Failure { lock.error() };
+    if (auto caughtUp = catchUp(); !caughtUp)
+        return caughtUp;
     auto const bytes = writePropertyList(m_stored, PropertyListEncoding::xml);
     if (!bytes)
         return saveWhatCanBeWritten(key, bytes.error());
-    if (auto failure = m_file.write(*bytes))
-        return failure;
+    if (auto written = m_file.write(*bytes); !written)
+        return written;
     m_unsaved.clear();
-    return std::nullopt;
+    return {};
 }
 
 /// Takes over what another process has written, so that its keys stay. Fails where writing
 /// would destroy what could not be read.
-MaybeFailure<> PlistUserDefaults::catchUp()
+Result<void> PlistUserDefaults::catchUp()
 {
     if (!m_file.hasChanged())
-        return std::nullopt;
+        return {};
     auto disk = m_file.read();
     if (disk) {
         adopt(std::move(*disk));
-        return std::nullopt;
+        return {};
     }
     auto const& [cause, reason] = disk.error();
     bool const isSafe = cause == Cause::content && setAsideUnderLock(reason);
-    return isSafe ? MaybeFailure<>() : "the file that is there cannot be read: " + reason;
+    return isSafe ? Result<void>() : Failure { "the file that is there cannot be read: " + reason };
 }
 
 /// A value that no property list can hold keeps no other from being saved; in the file its
 /// key stays as it was.
-MaybeFailure<> PlistUserDefaults::saveWhatCanBeWritten(std::string_view key, std::string const& reason)
+Result<void> PlistUserDefaults::saveWhatCanBeWritten(std::string_view key, std::string const& reason)
 {
     KeySet writable;
     for (auto const& unsaved : m_unsaved) {
@@ -224,12 +224,12 @@ MaybeFailure<> PlistUserDefaults::saveWhatCanBeWritten(std::string_view key, std
     }
     auto const bytes = withUnsaved(writable);
     if (writable.empty() || !bytes)
-        return reason;
-    if (auto failure = m_file.write(*bytes))
-        return failure;
+        return Failure { reason };
+    if (auto written = m_file.write(*bytes); !written)
+        return written;
     bool const isSaved = writable.contains(key);
     std::erase_if(m_unsaved, [&](auto const& unsaved) { return writable.contains(unsaved); });
-    return isSaved ? MaybeFailure<>() : reason;
+    return isSaved ? Result<void>() : Failure { reason };
 }
 
 Result<std::vector<std::byte>> PlistUserDefaults::withUnsaved(KeySet const& keys)

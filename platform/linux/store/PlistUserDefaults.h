@@ -21,8 +21,8 @@ public:
 
     [[nodiscard]] std::optional<PropertyList> object(std::string_view key) const override;
     [[nodiscard]] std::optional<PropertyList> storedObject(std::string_view key) const override;
-    [[nodiscard]] MaybeFailure<> setObject(std::string_view key, PropertyList value) override;
-    [[nodiscard]] MaybeFailure<> removeObject(std::string_view key) override;
+    [[nodiscard]] Result<void> setObject(std::string_view key, PropertyList value) override;
+    [[nodiscard]] Result<void> removeObject(std::string_view key) override;
     void registerDefaults(PropertyListDictionary const& defaults) override;
 
     /// Becomes readable when another process may have written; the main loop then calls
@@ -37,9 +37,9 @@ private:
     [[nodiscard]] PropertyListDictionary& stored() { return *m_stored.dictionary(); }
     [[nodiscard]] PropertyListDictionary const& stored() const { return *m_stored.dictionary(); }
 
-    [[nodiscard]] MaybeFailure<> save(std::string_view key);
-    [[nodiscard]] MaybeFailure<> catchUp();
-    [[nodiscard]] MaybeFailure<> saveWhatCanBeWritten(std::string_view key, std::string const& reason);
+    [[nodiscard]] Result<void> save(std::string_view key);
+    [[nodiscard]] Result<void> catchUp();
+    [[nodiscard]] Result<void> saveWhatCanBeWritten(std::string_view key, std::string const& reason);
     [[nodiscard]] Result<std::vector<std::byte>> withUnsaved(KeySet const& keys);
     void reload();
     void adopt(PropertyListDictionary disk);

@@ -75,6 +75,7 @@ std::uint64_t fromBigEndian(char const* bytes)
     return bits;
 }
 
+// Of the binary form; PropertyListScan.cpp names its source.
 constexpr char dateMarker = 0x33;
 constexpr char unsignedMarker = 0x14; ///< sixteen bytes
 constexpr std::size_t headerSize = 8;
@@ -250,12 +251,12 @@ bool isBinary(std::string_view text) { return text.starts_with("bplist"); }
 
 std::string_view withoutByteOrderMark(std::string_view text) { return text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text; }
 
-MaybeFailure<> scan(std::string_view text)
+Result<void> scan(std::string_view text)
 {
     auto const bytes = std::as_bytes(std::span(text));
     if (!isBinary(text))
         return scanXmlPropertyList(bytes);
-    return text.starts_with("bplist00") ? scanBinaryPropertyList(bytes) : MaybeFailure<>("it is of a binary kind that is not known here");
+    return text.starts_with("bplist00") ? scanBinaryPropertyList(bytes) : Failure { "it is of a binary kind that is not known here" };
 }
 
 Node parse(std::string_view text)
@@ -415,8 +416,8 @@ Result<PropertyList> readPropertyList(std::span<std::byte const> bytes)
     if (bytes.size() > maximumPropertyListSize)
         return Failure { std::string("it is larger than the 64 MB that are allowed") };
     auto const text = withoutByteOrderMark({ reinterpret_cast<char const*>(bytes.data()), bytes.size() });
-    if (auto failure = scan(text))
-        return Failure { std::move(*failure) };
+    if (auto const scanned = scan(text); !scanned)
+        return Failure { scanned.error() };
     PlainNumbers const plainNumbers;
     auto const node = parse(text);
     if (!node)

@@ -205,6 +205,9 @@ private:
 
 // Binary
 
+// The binary form, as the comment at the beginning of CFBinaryPList.c describes it
+// (https://github.com/opensource-apple/CF): header, objects, table of offsets, trailer. The high
+// half of a marker is the object's type, the low half its length.
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
 constexpr std::uint64_t falseMarker = 0x08;
@@ -251,18 +254,18 @@ public:
     {
     }
 
-    MaybeFailure<> scan()
+    Result<void> scan()
     {
         if (!readTrailer())
-            return damaged;
+            return Failure { damaged };
         m_extents.resize(m_count);
-        if (auto failure = open(m_root))
-            return failure;
+        if (auto opened = open(m_root); !opened)
+            return opened;
         while (!m_path.empty()) {
-            if (auto failure = step())
-                return failure;
+            if (auto done = step(); !done)
+                return done;
         }
-        return std::nullopt;
+        return {};
     }
 
 private:
@@ -353,72 +356,72 @@ private:
         return Object { 1, references, offset, content };
     }
 
-    MaybeFailure<> open(std::uint64_t index)
+    Result<void> open(std::uint64_t index)
     {
         auto const object = index < m_count ? objectAt(index) : std::nullopt;
         if (!object)
-            return damaged;
+            return Failure { damaged };
         if ((m_references += object->references) > maximumPropertyListValues)
-            return tooManyValues;
-        if (auto failure = checkText(*object))
-            return failure;
+            return Failure { tooManyValues };
+        if (auto checked = checkText(*object); !checked)
+            return checked;
         std::uint16_t const height = isContainer(object->content) ? 1 : 0;
         m_extents[index] = { Extent::State::open, object->content, height, 1, object->bytes };
         m_path.push_back({ index, *object });
         // The innermost level may be no container.
-        return m_path.size() > maximumPropertyListDepth + 1 ? MaybeFailure<>(tooDeepMessage()) : std::nullopt;
+        return m_path.size() > maximumPropertyListDepth + 1 ? Failure { tooDeepMessage() } : Result<void>();
     }
 
     /// The parser would end a string at its first null character.
-    MaybeFailure<> checkText(Object const& object)
+    Result<void> checkText(Object const& object)
     {
         std::size_t const unit = object.content == Content::utf16 ? 2 : 1;
         if (!isText(object.content))
-            return std::nullopt;
+            return {};
         auto const length = object.bytes - 1;
         if (length > m_end - object.start)
-            return damaged;
+            return Failure { damaged };
         if ((m_textBytes += length) > maximumPropertyListSize)
-            return tooLarge;
-        return hasNullCharacter(m_bytes.subspan(object.start, length), unit) ? MaybeFailure<>(nullCharacter) : std::nullopt;
+            return Failure { tooLarge };
+        return hasNullCharacter(m_bytes.subspan(object.start, length), unit) ? Failure { nullCharacter } : Result<void>();
     }
 
-    MaybeFailure<> step()
+    Result<void> step()
     {
         auto& level = m_path.back();
         if (level.next == level.object.references)
             return close();
         auto const child = number(level.object.start + level.next * m_referenceSize, m_referenceSize);
         if (child >= m_count)
-            return damaged;
+            return Failure { damaged };
         if (m_extents[child].state == Extent::State::unseen)
             return open(child);
         if (m_extents[child].state == Extent::State::open)
-            return "a container in it holds itself";
+            return Failure { "a container in it holds itself" };
         bool const isKey = level.object.content == Content::dictionary && level.next < level.object.references / 2;
         if (isKey && !isText(m_extents[child].content))
-            return "a dictionary in it has a key that is no string";
+            return Failure { "a dictionary in it has a key that is no string" };
         ++level.next;
         return add(m_extents[child], m_extents[level.index]);
     }
 
-    MaybeFailure<> close()
+    Result<void> close()
     {
         m_extents[m_path.back().index].state = Extent::State::known;
         m_path.pop_back();
-        return std::nullopt;
+        return {};
     }
 
-    static MaybeFailure<> add(Extent const& child, Extent& parent)
+    static Result<void> add(Extent const& child, Extent& parent)
     {
         parent.height = std::max<std::uint16_t>(parent.height, child.height + 1);
         parent.values += child.values;
         parent.bytes += child.bytes;
         if (parent.height > maximumPropertyListDepth)
-            return tooDeepMessage();
+            return Failure { tooDeepMessage() };
         if (parent.values > maximumPropertyListValues)
-            return tooManyValues;
-        return parent.bytes > maximumPropertyListSize ? MaybeFailure<>(tooLarge) : std::nullopt;
+            return Failure { tooManyValues };
+        return parent.bytes > maximumPropertyListSize ? Failure { tooLarge } : Result<void>();
     }
 
     std::span<std::byte const> m_bytes;
@@ -438,12 +441,12 @@ private:
 
 std::string tooDeepMessage() { return "its containers are nested deeper than the " + std::to_string(maximumPropertyListDepth) + " levels that are allowed"; }
 
-MaybeFailure<> scanXmlPropertyList(std::span<std::byte const> bytes)
+Result<void> scanXmlPropertyList(std::span<std::byte const> bytes)
 {
     auto const wrong = XmlScanner({ reinterpret_cast<char const*>(bytes.data()), bytes.size() }).scan();
-    return wrong ? MaybeFailure<>(wrong) : std::nullopt;
+    return wrong ? Failure { wrong } : Result<void>();
 }
 
-MaybeFailure<> scanBinaryPropertyList(std::span<std::byte const> bytes) { return BinaryScanner(bytes).scan(); }
+Result<void> scanBinaryPropertyList(std::span<std::byte const> bytes) { return BinaryScanner(bytes).scan(); }
 
 } // namespace zv

@@ -14,8 +14,8 @@ inline constexpr std::size_t maximumPropertyListValues = 2'000'000;
 /// Looks through a document before the parser sees it. The parser follows nesting with the
 /// stack, unfolds shared objects and takes unreadable numbers for zero, so what is too deep,
 /// too large when unfolded, circular or unreadable is found here. Empty when it may be parsed.
-[[nodiscard]] MaybeFailure<> scanXmlPropertyList(std::span<std::byte const> bytes);
-[[nodiscard]] MaybeFailure<> scanBinaryPropertyList(std::span<std::byte const> bytes);
+[[nodiscard]] Result<void> scanXmlPropertyList(std::span<std::byte const> bytes);
+[[nodiscard]] Result<void> scanBinaryPropertyList(std::span<std::byte const> bytes);
 
 /// The sentence for containers nested deeper than allowed.
 [[nodiscard]] std::string tooDeepMessage();

@@ -105,8 +105,8 @@ Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::readDict
 
 Result<FileDescriptor> SettingsFile::lock() const
 {
-    if (auto failure = makeFolders(folderOf(m_path), privateFolder))
-        return Failure { std::move(*failure) };
+    if (auto const made = makeFolders(folderOf(m_path), privateFolder); !made)
+        return Failure { made.error() };
     FileDescriptor file(::open((m_path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, privateFile));
     if (!file.isOpen())
         return Failure { systemMessage(errno) };
@@ -121,15 +121,15 @@ Result<FileDescriptor> SettingsFile::lock() const
     return file;
 }
 
-MaybeFailure<> SettingsFile::write(std::vector<std::byte> const& bytes)
+Result<void> SettingsFile::write(std::vector<std::byte> const& bytes)
 {
     // A link to a file kept elsewhere stays one. The temporary file has a fixed name: under
     // the lock there is but one, and what a killed program left behind is used again.
     auto const target = followingLink(m_path);
-    if (auto failure = replaceFile(target, target + ".new", bytes, privateFile))
-        return failure;
+    if (auto replaced = replaceFile(target, target + ".new", bytes, privateFile); !replaced)
+        return replaced;
     remember();
-    return std::nullopt;
+    return {};
 }
 
 Result<std::string> SettingsFile::setAside()

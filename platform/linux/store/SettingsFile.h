@@ -37,7 +37,7 @@ public:
     /// Keeps other writers out until it is destroyed. Fails when they let it wait too long.
     [[nodiscard]] Result<FileDescriptor> lock() const;
     /// Under the lock only: the old content or the new one, whatever happens meanwhile.
-    [[nodiscard]] MaybeFailure<> write(std::vector<std::byte> const& bytes);
+    [[nodiscard]] Result<void> write(std::vector<std::byte> const& bytes);
     /// Under the lock only: gives the file a dated name; returns that.
     [[nodiscard]] Result<std::string> setAside();
 

@@ -29,7 +29,7 @@ bool isAllowed(QUrl const& address, DownloadSchemes schemes)
 class Transfer : public QObject {
 public:
     using Sink = std::function<bool(QByteArray const&)>; ///< false when the bytes could not be kept
-    using Done = std::function<void(std::optional<std::string>)>; ///< the failure, or nothing
+    using Done = std::function<void(Result<void> const&)>;
 
     Transfer(QNetworkAccessManager& network, QUrl const& address, DownloadLimits const& limits, DownloadSchemes schemes, Sink sink, Done done)
         : m_limits(limits)
@@ -37,7 +37,7 @@ public:
         , m_done(std::move(done))
     {
         if (!isAllowed(address, schemes)) {
-            QTimer::singleShot(0, this, [this] { finish("the address is not one of https"); });
+            QTimer::singleShot(0, this, [this] { finish(Failure { "the address is not one of https" }); });
             return;
         }
         QNetworkRequest request(address);
@@ -68,9 +68,9 @@ public:
 private:
     void watch()
     {
-        connect(&m_silence, &QTimer::timeout, this, [this] { finish("the server does not answer"); });
+        connect(&m_silence, &QTimer::timeout, this, [this] { finish(Failure { "the server does not answer" }); });
         m_silence.start(m_limits.silence);
-        connect(&m_total, &QTimer::timeout, this, [this] { finish("the server is too slow"); });
+        connect(&m_total, &QTimer::timeout, this, [this] { finish(Failure { "the server is too slow" }); });
         if (m_limits.total.count() > 0)
             m_total.start(m_limits.total);
     }
@@ -81,18 +81,18 @@ private:
         auto const bytes = m_reply->readAll();
         m_received += static_cast<std::uint64_t>(bytes.size());
         if (m_received > m_limits.bytes)
-            return finish("it is larger than it may be");
+            return finish(Failure { "it is larger than it may be" });
         if (!m_sink(bytes))
-            finish("it cannot be written to disk");
+            finish(Failure { "it cannot be written to disk" });
     }
 
     void replyFinished()
     {
         if (m_reply->error() != QNetworkReply::NoError)
-            return finish(reasonOf(*m_reply));
+            return finish(Failure { reasonOf(*m_reply) });
         if (m_reply->bytesAvailable() > 0)
             take();
-        finish(std::nullopt);
+        finish({});
     }
 
     static std::string reasonOf(QNetworkReply const& reply)
@@ -108,14 +108,14 @@ private:
     }
 
     /// The callback may destroy this object: nothing of it is touched afterwards.
-    void finish(std::optional<std::string> const& failure)
+    void finish(Result<void> const& outcome)
     {
         m_silence.stop();
         m_total.stop();
         if (m_reply)
             m_reply->disconnect(this);
         if (auto const done = std::exchange(m_done, nullptr))
-            done(failure);
+            done(outcome);
     }
 
     DownloadLimits m_limits;
@@ -185,8 +185,7 @@ std::unique_ptr<Download> QtDownloads::fetch(Url const& address, DownloadLimits 
         bytes->insert(bytes->end(), begin, begin + chunk.size());
         return true;
     };
-    auto const finish
-        = [bytes, done = std::move(done)](std::optional<std::string> const& failure) { failure ? done(Failure { *failure }) : done(std::move(*bytes)); };
+    auto const finish = [bytes, done = std::move(done)](Result<void> const& outcome) { outcome ? done(std::move(*bytes)) : done(Failure { outcome.error() }); };
     return std::make_unique<QtDownload>(new Transfer(m_network, qUrl(address), limits, m_schemes, sink, finish));
 }
 
@@ -213,14 +212,14 @@ std::unique_ptr<Download> QtDownloads::fetchFile(
             progress(static_cast<std::uint64_t>(file->pos()));
         return isWritten;
     };
-    auto const finish = [this, file, target, done = std::move(done)](std::optional<std::string> const& failure) {
+    auto const finish = [this, file, target, done = std::move(done)](Result<void> const& outcome) {
         bool const isWhole = file->isOpen() && file->flush();
         file->close();
-        if (!failure && target.ok() && isWhole)
+        if (outcome && target.ok() && isWhole)
             return done(*target);
         if (target)
             discard(*target);
-        done(Failure { failure.value_or("it cannot be written to disk") });
+        done(Failure { outcome ? "it cannot be written to disk" : outcome.error() });
     };
     return std::make_unique<QtDownload>(new Transfer(m_network, qUrl(address), limits, m_schemes, sink, finish));
 }

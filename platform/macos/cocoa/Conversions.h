@@ -3,6 +3,7 @@
 #import <Cocoa/Cocoa.h>
 
 #include "base/PropertyList.h"
+#include "base/Result.h"
 #include "base/Url.h"
 
 #include <functional>
@@ -30,6 +31,8 @@ std::optional<PropertyList> fromFoundation(id object);
 
 /// The error's localized description, or a sentence that says there is none.
 std::string describe(NSError* error);
+/// From what a method of the system answers and the error that it leaves.
+Result<void> resultOf(bool succeeded, NSError* error);
 
 /// Runs the work on the main thread in a later turn, menu tracking and modal panels included.
 /// What was moved into it is released there as well, whichever thread asked.

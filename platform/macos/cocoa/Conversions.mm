@@ -177,6 +177,13 @@ std::string describe(NSError* error)
     return text ? fromNSString(text) : std::string("The system gives no reason.");
 }
 
+Result<void> resultOf(bool succeeded, NSError* error)
+{
+    if (succeeded)
+        return {};
+    return Failure { describe(error) };
+}
+
 void performOnMain(std::function<void()> work)
 {
     ZVMainThreadCall* const call = [[ZVMainThreadCall alloc] initWithFunction:std::move(work)];

@@ -28,23 +28,23 @@ NSString* productIn(NSURL* workshop)
 }
 
 /// Never replaces what has the name, even if that came a moment ago.
-std::optional<AliasFailure> giveName(NSString* product, Url const& place)
+Result<void, AliasFailure> giveName(NSString* product, Url const& place)
 {
     auto const from = fromNSString(product);
     auto const to = place.path();
     if (renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
-        return std::nullopt;
+        return {};
     if (errno != ENOTSUP)
-        return AliasFailure { errno == EEXIST, std::strerror(errno) };
+        return Failure { AliasFailure { errno == EEXIST, std::strerror(errno) } };
     NSError* error = nil; // a volume that cannot promise that: the next best
     if ([[NSFileManager defaultManager] moveItemAtPath:product toPath:toNSString(to) error:&error])
-        return std::nullopt;
-    return AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) };
+        return {};
+    return Failure { AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) } };
 }
 
 class MacAliasFiles : public AliasFiles {
 public:
-    MaybeFailure<AliasFailure> createAlias(Url const& target, Url const& place) override
+    Result<void, AliasFailure> createAlias(Url const& target, Url const& place) override
     {
         NSError* error = nil;
         NSData* const data = [toNSURL(target) bookmarkDataWithOptions:NSURLBookmarkCreationSuitableForBookmarkFile
@@ -52,23 +52,23 @@ public:
                                                         relativeToURL:nil
                                                                 error:&error];
         if (!data)
-            return AliasFailure { false, describe(error) };
+            return Failure { AliasFailure { false, describe(error) } };
         NSURL* const workshop = makeWorkshop(toNSURL(place), &error);
         if (!workshop)
-            return AliasFailure { false, describe(error) };
-        auto failure = write(data, workshop, place);
+            return Failure { AliasFailure { false, describe(error) } };
+        auto written = write(data, workshop, place);
         [[NSFileManager defaultManager] removeItemAtURL:workshop error:nullptr];
-        return failure;
+        return written;
     }
 
 private:
-    static MaybeFailure<AliasFailure> write(NSData* data, NSURL* workshop, Url const& place)
+    static Result<void, AliasFailure> write(NSData* data, NSURL* workshop, Url const& place)
     {
         NSError* error = nil;
         if (![NSURL writeBookmarkData:data toURL:[workshop URLByAppendingPathComponent:@"alias"] options:0 error:&error])
-            return AliasFailure { false, describe(error) };
+            return Failure { AliasFailure { false, describe(error) } };
         NSString* const product = productIn(workshop);
-        return product ? giveName(product, place) : AliasFailure { false, describe(nil) };
+        return product ? giveName(product, place) : Failure { AliasFailure { false, describe(nil) } };
     }
 };
 

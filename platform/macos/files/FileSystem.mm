@@ -19,11 +19,6 @@ std::optional<std::string> text(NSURL* url, NSString* key)
     return isThere ? std::optional(fromNSString(value)) : std::nullopt;
 }
 
-MaybeFailure<> failureOf(BOOL succeeded, NSError* error)
-{
-    return succeeded ? std::nullopt : MaybeFailure<>(describe(error));
-}
-
 /// Uses a file manager of its own: the shared one is not for every thread's delegate.
 class MacFileSystem : public FileSystem {
 public:
@@ -61,11 +56,11 @@ public:
 
     bool isOnReadOnlyVolume(Url const& url) const override { return flag(toNSURL(url), NSURLVolumeIsReadOnlyKey); }
 
-    MaybeFailure<> createDirectory(Url const& url) override
+    Result<void> createDirectory(Url const& url) override
     {
         NSError* error = nil;
         BOOL const made = [m_files createDirectoryAtURL:toNSURL(url) withIntermediateDirectories:YES attributes:nil error:&error];
-        return failureOf(made, error);
+        return resultOf(made, error);
     }
 
     bool isWritableDirectory(Url const& url) const override
@@ -82,11 +77,11 @@ public:
         return fromNSData(data);
     }
 
-    MaybeFailure<> write(Url const& url, std::vector<std::byte> const& bytes) override
+    Result<void> write(Url const& url, std::vector<std::byte> const& bytes) override
     {
         NSError* error = nil;
         BOOL const written = [toNSData(bytes) writeToURL:toNSURL(url) options:NSDataWritingAtomic error:&error];
-        return failureOf(written, error);
+        return resultOf(written, error);
     }
 
     Result<std::vector<std::string>> names(Url const& folder) const override
@@ -101,11 +96,11 @@ public:
         return names;
     }
 
-    MaybeFailure<> remove(Url const& url) override
+    Result<void> remove(Url const& url) override
     {
         NSError* error = nil;
         BOOL const removed = [m_files removeItemAtURL:toNSURL(url) error:&error];
-        return failureOf(removed, error);
+        return resultOf(removed, error);
     }
 
 private:

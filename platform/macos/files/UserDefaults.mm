@@ -82,23 +82,23 @@ public:
         return fromFoundation([domain() objectForKey:name]);
     }
 
-    MaybeFailure<> setObject(std::string_view key, PropertyList value) override
+    Result<void> setObject(std::string_view key, PropertyList value) override
     {
         id const object = toFoundation(value);
         if (!object)
-            return "a text is not UTF-8";
+            return Failure { "a text is not UTF-8" };
         NSString* const name = toNSString(key);
         [m_defaults setObject:object forKey:name];
         note(name);
-        return std::nullopt;
+        return {};
     }
 
-    MaybeFailure<> removeObject(std::string_view key) override
+    Result<void> removeObject(std::string_view key) override
     {
         NSString* const name = toNSString(key);
         [m_defaults removeObjectForKey:name];
         note(name);
-        return std::nullopt;
+        return {};
     }
 
     void registerDefaults(PropertyListDictionary const& defaults) override

@@ -44,11 +44,6 @@ void releaseAllFromQuarantine(NSString* root)
         releaseFromQuarantine([root stringByAppendingPathComponent:below]);
 }
 
-MaybeFailure<> failureOf(BOOL succeeded, NSError* error)
-{
-    return succeeded ? std::nullopt : MaybeFailure<>(describe(error));
-}
-
 class MacInstallation : public Installation {
 public:
     explicit MacInstallation(std::function<void()> giveWay)
@@ -85,16 +80,16 @@ public:
         return fromNSURL(made);
     }
 
-    MaybeFailure<> copy(Url const& from, Url const& to) override
+    Result<void> copy(Url const& from, Url const& to) override
     {
         NSError* error = nil;
         BOOL const copied = [files() copyItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
         if (copied)
             releaseAllFromQuarantine([toNSURL(to) path]);
-        return failureOf(copied, error);
+        return resultOf(copied, error);
     }
 
-    MaybeFailure<> put(Url const& from, Url const& to) override
+    Result<void> put(Url const& from, Url const& to) override
     {
         NSError* error = nil;
         NSURL* const target = toNSURL(to);
@@ -108,13 +103,13 @@ public:
                                   : [files() moveItemAtURL:toNSURL(from) toURL:target error:&error];
         if (done)
             releaseFromQuarantine([target path]); // what it replaced may have passed a mark on
-        return failureOf(done, error);
+        return resultOf(done, error);
     }
 
     void removeFolder(Url const& folder) override { [files() removeItemAtURL:toNSURL(folder) error:nullptr]; }
 
     /// The system sees an application in its folder by itself.
-    MaybeFailure<> announce(Url const&) override { return std::nullopt; }
+    Result<void> announce(Url const&) override { return {}; }
 
     void giveWay() override { m_giveWay(); }
 

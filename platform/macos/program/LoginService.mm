@@ -24,24 +24,30 @@ public:
         return Status::notRegistered;
     }
 
-    std::optional<Error> registerService() override
+    Result<void, Error> registerService() override
     {
         NSError* error = nil;
         BOOL const done = [[SMAppService mainAppService] registerAndReturnError:&error];
         // Registering what the user switched off fails as well; its state then says why.
-        return done || status() == Status::requiresApproval ? std::nullopt : std::optional(errorOf(error));
+        return resultOf(done || status() == Status::requiresApproval, error);
     }
 
-    std::optional<Error> unregisterService() override
+    Result<void, Error> unregisterService() override
     {
         NSError* error = nil;
-        return [[SMAppService mainAppService] unregisterAndReturnError:&error] ? std::nullopt : std::optional(errorOf(error));
+        BOOL const done = [[SMAppService mainAppService] unregisterAndReturnError:&error];
+        return resultOf(done, error);
     }
 
     void openSystemSettings() override { [SMAppService openSystemSettingsLoginItems]; }
 
 private:
-    static Error errorOf(NSError* error) { return { static_cast<std::int32_t>([error code]), describe(error) }; }
+    static Result<void, Error> resultOf(bool succeeded, NSError* error)
+    {
+        if (succeeded)
+            return {};
+        return Failure { Error { static_cast<std::int32_t>([error code]), describe(error) } };
+    }
 };
 
 } // namespace

@@ -40,24 +40,27 @@ public:
         return status == kCFMessagePortSuccess && data ? std::optional(textOf(data)) : std::nullopt;
     }
 
-    MaybeFailure<> start() override
+    Result<void> start() override
     {
         NSURL* const bundle = [[NSBundle mainBundle] bundleURL];
         if (![[bundle pathExtension] isEqualToString:@"app"])
-            return "this command does not lie in an application.";
-        auto const failure = std::make_shared<std::optional<std::string>>();
+            return Failure { "this command does not lie in an application." };
+        auto const opened = std::make_shared<std::optional<Result<void>>>();
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
         [configuration setCreatesNewApplicationInstance:YES]; // this command is no instance that could take over
         [[NSWorkspace sharedWorkspace] openApplicationAtURL:bundle
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
-                                              auto const reason = error ? std::optional(describe(error)) : std::nullopt;
-                                              performOnMain([failure, reason] { *failure = reason; });
+                                              auto const result = resultOf(!error, error);
+                                              performOnMain([opened, result] { *opened = result; });
                                           }];
-        turnRunLoopUntil([&] { return failure->has_value() || isRunning(); }, patienceWithStart);
-        if (*failure || isRunning())
-            return *failure;
-        return "it does not answer.";
+        auto const hasFailed = [&] { return *opened && !**opened; };
+        turnRunLoopUntil([&] { return hasFailed() || isRunning(); }, patienceWithStart);
+        if (hasFailed())
+            return **opened;
+        if (isRunning())
+            return {};
+        return Failure { "it does not answer." };
     }
 };
 

@@ -10,7 +10,7 @@ namespace {
 constexpr AEEventClass everyClass = '****'; // typeWildCard
 constexpr AEEventID everyEvent = '****';
 
-/// What the system would answer to an event for that program; a program that does not run
+/// AEDeterminePermissionToAutomateTarget() of AE/AppleEvents.h: what the system would answer to an event for that program; a program that does not run
 /// is not known.
 PermissionState stateOfEventsTo(NSString* identifier)
 {

@@ -10,9 +10,9 @@
 
 /// Takes what other programs send through their Services menu.
 @interface ZVServicesProvider : NSObject {
-    std::function<zv::MaybeFailure<>(std::vector<zv::Url>)> _add;
+    std::function<zv::Result<void>(std::vector<zv::Url>)> _add;
 }
-- (instancetype)initWithFunction:(std::function<zv::MaybeFailure<>(std::vector<zv::Url>)>)add;
+- (instancetype)initWithFunction:(std::function<zv::Result<void>(std::vector<zv::Url>)>)add;
 /// The property list names this message. An error's text is shown by whoever asked.
 - (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error;
 @end

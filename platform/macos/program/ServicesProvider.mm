@@ -4,7 +4,7 @@
 
 @implementation ZVServicesProvider
 
-- (instancetype)initWithFunction:(std::function<zv::MaybeFailure<>(std::vector<zv::Url>)>)add
+- (instancetype)initWithFunction:(std::function<zv::Result<void>(std::vector<zv::Url>)>)add
 {
     if ((self = [super init]))
         _add = std::move(add);
@@ -18,9 +18,9 @@
     std::vector<zv::Url> files;
     for (NSURL* url in [pasteboard readObjectsForClasses:classes options:options])
         files.push_back(zv::fromNSURL(url));
-    auto const failure = _add(std::move(files));
-    if (failure && error)
-        *error = zv::toNSString(*failure);
+    auto const added = _add(std::move(files));
+    if (!added && error)
+        *error = zv::toNSString(added.error());
 }
 
 @end

@@ -24,7 +24,7 @@ public:
         return found ? std::optional(fromNSURL(found)) : std::nullopt;
     }
 
-    void openNewInstance(Url const& application, std::function<void(std::optional<std::string>)> done) override
+    void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
         [configuration setCreatesNewApplicationInstance:YES];
@@ -32,8 +32,8 @@ public:
         [[NSWorkspace sharedWorkspace] openApplicationAtURL:toNSURL(application)
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
-                                              auto const failure = error ? std::optional(describe(error)) : std::nullopt;
-                                              performOnMain([done, failure] { done(failure); });
+                                              auto const started = resultOf(!error, error);
+                                              performOnMain([done, started] { done(started); });
                                           }];
     }
 };

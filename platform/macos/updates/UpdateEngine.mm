@@ -125,12 +125,11 @@ public:
     }
     ~SparkleEngine() override { [m_watch end]; }
 
-    MaybeFailure<> start() override
+    Result<void> start() override
     {
         NSError* __autoreleasing error = nil;
-        if ([m_updater startUpdater:&error])
-            return std::nullopt;
-        return describe(error);
+        BOOL const started = [m_updater startUpdater:&error];
+        return resultOf(started, error);
     }
     void checkForUpdates() override { [m_updater checkForUpdates]; }
     bool canCheckForUpdates() const override { return [m_updater canCheckForUpdates] != NO; }
@@ -166,7 +165,7 @@ public:
         : m_problem(std::move(problem))
     {
     }
-    MaybeFailure<> start() override { return m_problem; }
+    Result<void> start() override { return Failure { m_problem }; }
     void checkForUpdates() override { }
     bool canCheckForUpdates() const override { return false; }
     bool automaticallyChecksForUpdates() const override { return false; }

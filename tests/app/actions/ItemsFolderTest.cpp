@@ -175,7 +175,7 @@ struct AddToItemsServiceTest : ItemsFolderTest {
 
 TEST_F(AddToItemsServiceTest, AnswersAtOnceAndAddsInTheBackground)
 {
-    EXPECT_EQ(service.addToZantheVellItems({ Url::fromPath("/home/u/Work"), *Url::parse("https://example.org/") }), std::nullopt);
+    EXPECT_TRUE(service.addToZantheVellItems({ Url::fromPath("/home/u/Work"), *Url::parse("https://example.org/") }));
     EXPECT_FALSE(files.exists(folder.url())) << "who asked is not kept waiting";
     time.runTasks();
     EXPECT_EQ(names(), Names { "Work" });
@@ -184,14 +184,14 @@ TEST_F(AddToItemsServiceTest, AnswersAtOnceAndAddsInTheBackground)
 
 TEST_F(AddToItemsServiceTest, RefusesWhatHoldsNoFiles)
 {
-    EXPECT_EQ(service.addToZantheVellItems({}), "No files or folders were sent to Zanthe Vell.");
-    EXPECT_EQ(service.addToZantheVellItems({ *Url::parse("https://example.org/") }), "No files or folders were sent to Zanthe Vell.");
+    EXPECT_EQ(service.addToZantheVellItems({}).error(), "No files or folders were sent to Zanthe Vell.");
+    EXPECT_EQ(service.addToZantheVellItems({ *Url::parse("https://example.org/") }).error(), "No files or folders were sent to Zanthe Vell.");
     EXPECT_EQ(time.pendingBackground(), 0u);
 }
 
 TEST_F(AddToItemsServiceTest, ActivatesBeforeItsAlert)
 {
-    EXPECT_EQ(service.addToZantheVellItems({ Url::fromPath("/gone") }), std::nullopt);
+    EXPECT_TRUE(service.addToZantheVellItems({ Url::fromPath("/gone") }));
     EXPECT_TRUE(application.log.empty());
     time.runTasks();
     EXPECT_EQ(application.log, Names { "activate" });

@@ -23,7 +23,7 @@ struct SessionControlTest : testing::Test {
     std::string send(MenuItemKind const& kind)
     {
         std::string result = "not answered";
-        control.send(*SessionControl::eventFor(kind), [&](auto const& failure) { result = failure ? failure->description() : ""; });
+        control.send(*SessionControl::eventFor(kind), [&](auto const& sent) { result = sent ? "" : sent.error().description(); });
         return result;
     }
     fakes::FakeSessionEvents events;

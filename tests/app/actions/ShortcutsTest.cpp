@@ -67,8 +67,8 @@ TEST_F(ShortcutTool, ExplainsAFailedRun)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         runner->answers["run|X"] = row.result;
-        auto const failure = provider.run("X");
-        EXPECT_EQ(failure ? failure->description() : "", row.failure);
+        auto const ran = provider.run("X");
+        EXPECT_EQ(ran ? "" : ran.error().description(), row.failure);
     }
     EXPECT_EQ(runner->requests[0].path, "/usr/bin/shortcuts");
     EXPECT_EQ(runner->requests[0].output, ToolOutput::discarded);

@@ -13,7 +13,7 @@ struct SystemEventsBridgeTest : testing::Test {
     std::string run()
     {
         std::string result = "not answered";
-        bridge.run(*SystemEventsBridge::scriptFor(MenuItemKind::forceQuit), [&](auto const& failure) { result = failure ? failure->description() : ""; });
+        bridge.run(*SystemEventsBridge::scriptFor(MenuItemKind::forceQuit), [&](auto const& ran) { result = ran ? "" : ran.error().description(); });
         return result;
     }
     fakes::FakeScriptRunner runner;

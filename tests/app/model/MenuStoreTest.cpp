@@ -18,13 +18,13 @@ struct Sink : MenuItemsSink {
 
 struct BackupSink : MenuBackupSink {
     bool isDue() const override { return due; }
-    MaybeFailure<> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override
+    Result<void> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) override
     {
         kept.emplace_back(stored, isReadable);
-        return failure;
+        return outcome;
     }
     bool due = true;
-    MaybeFailure<> failure;
+    Result<void> outcome;
     std::vector<std::pair<PropertyList, bool>> kept;
 };
 
@@ -237,35 +237,35 @@ TEST_F(MenuStoreTest, ObserversSeeTheFinishedChange)
 TEST_F(MenuStoreTest, AFailedSaveIsOneLineAndKeepsTheMenuInMemory)
 {
     struct Row {
-        MaybeFailure<> writeFailure;
+        Result<void> writing;
         std::string title, line;
     };
     Row const rows[] = {
-        { std::nullopt, "\xFF", "Zanthe Vell: could not save menu to Menu: item 4: \"title\" holds a value that cannot be stored" },
-        { "No space left on device", "d", "Zanthe Vell: could not save menu to Menu: No space left on device" },
+        { {}, "\xFF", "Zanthe Vell: could not save menu to Menu: item 4: \"title\" holds a value that cannot be stored" },
+        { Failure { "No space left on device" }, "d", "Zanthe Vell: could not save menu to Menu: No space left on device" },
     };
     for (auto const& row : rows) {
-        defaults.writeFailure = std::nullopt;
+        defaults.writing = {};
         storeMenu(threeItems());
         auto const before = *defaults.stored.find("Menu");
         MenuStore store({ defaults, resources, services });
         Sink sink;
         BackupSink backups;
-        backups.failure = "No backup either";
+        backups.outcome = Failure { "No backup either" };
         store.setItemsSink(&sink);
         store.setBackupSink(&backups);
         std::vector<std::string> lines;
         LogCapture const capture([&](std::string const& line) { lines.push_back(line); });
-        defaults.writeFailure = row.writeFailure;
+        defaults.writing = row.writing;
         store.insert({ titled(row.title) });
         EXPECT_EQ(lines, std::vector<std::string> { row.line });
         EXPECT_EQ(store.items().size(), 4U);
         EXPECT_EQ(sink.received.size(), 1U) << "the shortcuts follow what is in memory";
-        EXPECT_TRUE(store.saveFailure());
-        EXPECT_EQ(*defaults.stored.find("Menu") == before, !row.writeFailure) << "what cannot be encoded is never handed on";
-        defaults.writeFailure = std::nullopt;
+        EXPECT_FALSE(store.lastSave());
+        EXPECT_EQ(*defaults.stored.find("Menu") == before, row.writing.ok()) << "what cannot be encoded is never handed on";
+        defaults.writing = {};
         store.remove({ store.items().back().id });
-        EXPECT_FALSE(store.saveFailure());
+        EXPECT_TRUE(store.lastSave());
         EXPECT_EQ(lines.back(), "Zanthe Vell: No backup either") << "said when it is what went wrong";
     }
 }

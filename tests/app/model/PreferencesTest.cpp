@@ -102,7 +102,7 @@ TEST_F(PreferencesTest, AFailedWriteIsOneLineAndTheValueStands)
 {
     std::vector<std::string> lines;
     LogCapture const capture([&](std::string const& line) { lines.push_back(line); });
-    defaults.writeFailure = "Read-only file system";
+    defaults.writing = Failure { "Read-only file system" };
     preferences().setShowIcons(false);
     EXPECT_EQ(lines, std::vector<std::string> { "Zanthe Vell: could not save ShowIcons: Read-only file system" });
     EXPECT_FALSE(preferences().showIcons());

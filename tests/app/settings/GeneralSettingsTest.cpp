@@ -100,7 +100,7 @@ TEST_F(GeneralSettingsTest, ShowsWhatTheLoginItemAndTheUpdaterSay)
         "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.");
     row("loginSettings")->press();
     EXPECT_EQ(loginService.settingsOpened, 1);
-    loginService.failure = LoginService::Error { 1, "It may not be." };
+    loginService.outcome = Failure { LoginService::Error { 1, "It may not be." } };
     row("openAtLogin")->toggle(false);
     EXPECT_EQ(alerts.shown.back().informativeText, "It may not be.");
     EXPECT_EQ(SettingsWording::of(SystemKind::linuxDesktop).loginFailure("No room"), "The autostart entry could not be changed: No room.") << "a reason alone";

@@ -17,7 +17,7 @@ namespace zv {
 struct SettingsFixture : testing::Test {
     SettingsFixture()
     {
-        defaults.setObject("Menu", PropertyListArray {});
+        defaults.stored.set("Menu", PropertyListArray {});
         store.emplace(MenuStore::Services { defaults, resources, locations });
         editor.emplace(MenuEditor::Services { *store, locations });
         editor->onEdit = [this](MenuEdit const& edit) { edits.push_back(edit); };

@@ -81,7 +81,7 @@ TEST_F(RelocationTest, BuildsNothingMoreWhenToldToQuitWhileItAsks)
 TEST_F(RelocationTest, CarriesOnWhenTheCopyFailsHalfWay)
 {
     installation.from = RelocationSource::diskImage;
-    installation.copyFailure = "No space left on device.";
+    installation.copying = Failure { "No space left on device." };
     EXPECT_FALSE(relocate());
     EXPECT_TRUE(installation.files.empty()) << "nothing is left behind";
     EXPECT_EQ(alerts.shown.back().message, "“Zanthe Vell” could not be copied to /Applications.");
@@ -91,7 +91,7 @@ TEST_F(RelocationTest, CarriesOnWhenTheCopyFailsHalfWay)
 TEST_F(RelocationTest, EndsWithAWordWhenTheCopyDoesNotStart)
 {
     installation.from = RelocationSource::translocated;
-    workspace.launchFailure = "It is damaged.";
+    workspace.launching = Failure { "It is damaged." };
     EXPECT_TRUE(relocate());
     EXPECT_EQ(alerts.shown.back().message, "“Zanthe Vell” could not be opened after copying.");
     EXPECT_EQ(alerts.shown.back().informativeText, "It is damaged. Open the copy in /Applications.");

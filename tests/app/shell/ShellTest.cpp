@@ -85,7 +85,7 @@ TEST(LoginItem, ReducesTheSystemsStatesAndShapesItsFailures)
 
     service.current = LoginService::Status::notFound;
     EXPECT_EQ(item.state(), LoginItem::State::disabled);
-    EXPECT_FALSE(item.disable());
+    EXPECT_TRUE(item.disable());
     EXPECT_EQ(service.unregistrations, 0) << "nothing is registered, so nothing is taken back";
 
     ASSERT_TRUE(item.enable().ok());
@@ -93,10 +93,10 @@ TEST(LoginItem, ReducesTheSystemsStatesAndShapesItsFailures)
 
     service.current = LoginService::Status::requiresApproval;
     EXPECT_TRUE(item.enable().value().requiresApproval);
-    EXPECT_FALSE(item.disable());
+    EXPECT_TRUE(item.disable());
     EXPECT_EQ(item.state(), LoginItem::State::disabled);
 
-    service.failure = LoginService::Error { 13, "Permission denied." };
+    service.outcome = Failure { LoginService::Error { 13, "Permission denied." } };
     auto const failed = item.enable();
     ASSERT_FALSE(failed.ok());
     EXPECT_EQ(failed.error().code, 13);

@@ -25,7 +25,7 @@ struct KresUpdaterTest : testing::Test {
                                        made->channels = &channels;
                                        made->userDriver = &driver;
                                        made->automatic = automatic;
-                                       made->startFailure = startFailure;
+                                       made->starting = starting;
                                        engine = made.get();
                                        return made;
                                    } });
@@ -36,7 +36,7 @@ struct KresUpdaterTest : testing::Test {
     fakes::FakeApplication application;
     fakes::FakeUpdateEngine* engine = nullptr;
     bool automatic = false;
-    std::optional<std::string> startFailure;
+    Result<void> starting;
 };
 
 TEST(UpdateChannel, TakesOnlyMarkersBehindDigitsForPreReleases)
@@ -77,7 +77,7 @@ TEST_F(KresUpdaterTest, NamesTheFirstReasonWhyUpdatesCannotWork)
         EXPECT_EQ(make()->startProblem(), noFeed) << wrong << ": the feed comes before the key";
     }
 
-    startFailure = "it is broken";
+    starting = Failure { "it is broken" };
     auto const updater = make();
     updater->start();
     EXPECT_EQ(updater->startProblem(), "KresUpdater: it is broken");

@@ -27,11 +27,13 @@ public:
         struct stat information { };
         return ::lstat(url.path().c_str(), &information) == 0;
     }
-    MaybeFailure<> createDirectory(Url const& url) override
+    Result<void> createDirectory(Url const& url) override
     {
         std::error_code error;
         fs::create_directories(url.path(), error);
-        return error ? std::optional(error.message()) : std::nullopt;
+        if (error)
+            return Failure { error.message() };
+        return {};
     }
 };
 
@@ -39,8 +41,8 @@ struct AliasTest : testing::Test {
     ItemsFolder items() { return { Url::fromPath(folder.path("Items")), files, aliases }; }
     std::string reason(std::string const& target, std::string const& place)
     {
-        auto const failure = aliases.createAlias(Url::fromPath(target), Url::fromPath(place));
-        return failure ? (failure->isNameTaken ? "taken: " : "") + failure->reason : "";
+        auto const created = aliases.createAlias(Url::fromPath(target), Url::fromPath(place));
+        return created ? "" : (created.error().isNameTaken ? "taken: " : "") + created.error().reason;
     }
     TemporaryFolder folder;
     RealFiles files;

@@ -123,8 +123,8 @@ TEST_F(PosixToolRunnerTest, SaysWhatCannotBeStarted)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         EXPECT_EQ(runner.run({ row.path }).end, End::notStarted);
-        EXPECT_EQ(
-            ShortcutsProvider(std::make_shared<PosixToolRunner>(Environment {}), row.path).run("x")->reason, ShortcutsProvider::Failure::Case::notInstalled);
+        auto const ran = ShortcutsProvider(std::make_shared<PosixToolRunner>(Environment {}), row.path).run("x");
+        EXPECT_EQ(ran.error().reason, ShortcutsProvider::Failure::Case::notInstalled);
     }
     std::filesystem::remove_all(folder);
 }

@@ -76,7 +76,7 @@ TEST_F(PlistUserDefaultsTest, StoresNothingBeforeASettingIsChanged)
     defaults.registerDefaults({ { "ShowIcons", true } });
     EXPECT_EQ(defaults.object("ShowIcons"), PropertyList(true));
     EXPECT_EQ(defaults.storedObject("ShowIcons"), std::nullopt);
-    EXPECT_FALSE(defaults.removeObject("ShowIcons"));
+    EXPECT_TRUE(defaults.removeObject("ShowIcons"));
     EXPECT_TRUE(folder.names("config").empty());
     EXPECT_TRUE(log.empty());
 }
@@ -86,10 +86,10 @@ TEST_F(PlistUserDefaultsTest, KeepsSettingsInAPrivateXmlFileWhoseFolderItMakes)
     path = folder.path("new/deeper/") + fileName;
     {
         PlistUserDefaults defaults(path);
-        EXPECT_FALSE(defaults.setObject("ShowIcons", false));
-        EXPECT_FALSE(defaults.setObject("Menu", PropertyListArray { PropertyListDictionary { { "id", "1" }, { "kind", "sleep" } } }));
-        EXPECT_FALSE(defaults.setObject("Gone", 1));
-        EXPECT_FALSE(defaults.removeObject("Gone"));
+        EXPECT_TRUE(defaults.setObject("ShowIcons", false));
+        EXPECT_TRUE(defaults.setObject("Menu", PropertyListArray { PropertyListDictionary { { "id", "1" }, { "kind", "sleep" } } }));
+        EXPECT_TRUE(defaults.setObject("Gone", 1));
+        EXPECT_TRUE(defaults.removeObject("Gone"));
     }
     EXPECT_TRUE(readText(path).starts_with("<?xml"));
     struct stat status { };
@@ -107,7 +107,7 @@ TEST_F(PlistUserDefaultsTest, KeepsKeysThatItDoesNotKnowInTheirOrder)
         { "ShowIcons", true }, { "zz", PropertyListDictionary { { "k", 1.5 } } } };
     writeSettings(path, settings);
     PlistUserDefaults defaults(path);
-    EXPECT_FALSE(defaults.setObject("ShowIcons", false));
+    EXPECT_TRUE(defaults.setObject("ShowIcons", false));
     auto expected = settings;
     expected.set("ShowIcons", false);
     auto const content = contentOf(path);
@@ -142,7 +142,7 @@ TEST_F(PlistUserDefaultsTest, SetsAsideAFileThatItCannotReadAndSaysSoOnce)
         std::filesystem::create_directory(folder.path("config"));
         writeText(path, row.content);
         PlistUserDefaults defaults(path);
-        EXPECT_FALSE(defaults.setObject("ShowIcons", false));
+        EXPECT_TRUE(defaults.setObject("ShowIcons", false));
         EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false } }));
         ASSERT_EQ(log.size(), 1u);
         EXPECT_NE(log[0].find(row.reason), std::string::npos) << log[0];
@@ -181,31 +181,31 @@ TEST_F(PlistUserDefaultsTest, OverwritesNothingThatTheSystemWillNotLetItRead)
 {
     std::filesystem::create_directory(path);
     PlistUserDefaults defaults(path);
-    auto const failure = defaults.setObject("ShowIcons", false);
-    ASSERT_TRUE(failure);
-    EXPECT_NE(failure->find("Is a directory"), std::string::npos);
+    auto const saved = defaults.setObject("ShowIcons", false);
+    ASSERT_FALSE(saved);
+    EXPECT_NE(saved.error().find("Is a directory"), std::string::npos);
     EXPECT_EQ(defaults.object("ShowIcons"), PropertyList(false)) << "kept in memory";
     EXPECT_TRUE(std::filesystem::is_directory(path));
     std::filesystem::remove(path);
-    EXPECT_FALSE(defaults.setObject("Other", 1));
+    EXPECT_TRUE(defaults.setObject("Other", 1));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false }, { "Other", 1 } }));
 }
 
 TEST_F(PlistUserDefaultsTest, KeepsTheOldFileWholeOnAFullDiskAndSavesLater)
 {
     PlistUserDefaults defaults(path);
-    EXPECT_FALSE(defaults.setObject("ShowIcons", true));
+    EXPECT_TRUE(defaults.setObject("ShowIcons", true));
     auto const before = readText(path);
     {
         FullDisk const disk(4096);
-        auto const failure = defaults.setObject("Menu", std::string(20'000, 'm'));
-        ASSERT_TRUE(failure);
-        EXPECT_NE(failure->find("File too large"), std::string::npos) << *failure;
+        auto const saved = defaults.setObject("Menu", std::string(20'000, 'm'));
+        ASSERT_FALSE(saved);
+        EXPECT_NE(saved.error().find("File too large"), std::string::npos) << saved.error();
     }
     EXPECT_EQ(readText(path), before);
     EXPECT_EQ(folder.names("config"), (std::vector<std::string> { fileName, std::string(fileName) + ".lock" }));
     EXPECT_EQ(defaults.object("Menu")->string()->size(), 20'000u);
-    EXPECT_FALSE(defaults.setObject("ShowIcons", false));
+    EXPECT_TRUE(defaults.setObject("ShowIcons", false));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false }, { "Menu", std::string(20'000, 'm') } }));
 }
 
@@ -217,9 +217,9 @@ TEST_F(PlistUserDefaultsTest, KeepsTheOldFileInAFolderThatCannotBeWritten)
     {
         tests::WithoutRoot const ordinary;
         PlistUserDefaults defaults(path);
-        auto const failure = defaults.setObject("ShowIcons", false);
-        ASSERT_TRUE(failure);
-        EXPECT_EQ(*failure, "Permission denied");
+        auto const saved = defaults.setObject("ShowIcons", false);
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.error(), "Permission denied");
         EXPECT_EQ(defaults.object("ShowIcons"), PropertyList(false));
     }
     std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0755));
@@ -235,7 +235,7 @@ TEST_F(PlistUserDefaultsTest, LeavesAnUnreadableFileInAFolderThatCannotBeWritten
         tests::WithoutRoot const ordinary;
         PlistUserDefaults defaults(path);
         EXPECT_EQ(log.size(), 1u);
-        EXPECT_TRUE(defaults.setObject("ShowIcons", false));
+        EXPECT_FALSE(defaults.setObject("ShowIcons", false));
     }
     std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0755));
     EXPECT_EQ(readText(path), "garbage");
@@ -244,14 +244,14 @@ TEST_F(PlistUserDefaultsTest, LeavesAnUnreadableFileInAFolderThatCannotBeWritten
 TEST_F(PlistUserDefaultsTest, AValueThatNoFileCanHoldKeepsNoOtherFromBeingSaved)
 {
     PlistUserDefaults defaults(path);
-    EXPECT_FALSE(defaults.setObject("Menu", "good"));
-    auto const failure = defaults.setObject("Menu", "\xFF");
-    ASSERT_TRUE(failure);
-    EXPECT_NE(failure->find("UTF-8"), std::string::npos);
-    EXPECT_FALSE(defaults.setObject("ShowIcons", false));
+    EXPECT_TRUE(defaults.setObject("Menu", "good"));
+    auto const saved = defaults.setObject("Menu", "\xFF");
+    ASSERT_FALSE(saved);
+    EXPECT_NE(saved.error().find("UTF-8"), std::string::npos);
+    EXPECT_TRUE(defaults.setObject("ShowIcons", false));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "Menu", "good" }, { "ShowIcons", false } }));
     EXPECT_EQ(defaults.object("Menu"), PropertyList("\xFF"));
-    EXPECT_FALSE(defaults.setObject("Menu", "better"));
+    EXPECT_TRUE(defaults.setObject("Menu", "better"));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "Menu", "better" }, { "ShowIcons", false } }));
 }
 
@@ -266,9 +266,9 @@ TEST_F(PlistUserDefaultsTest, TakesOverWhatAnotherProcessWrote)
     ASSERT_EQ(::poll(&watch, 1, 0), 0);
 
     PlistUserDefaults theirs(path);
-    EXPECT_FALSE(theirs.setObject("Changed", 2));
-    EXPECT_FALSE(theirs.removeObject("Removed"));
-    EXPECT_FALSE(theirs.setObject("Added", 3));
+    EXPECT_TRUE(theirs.setObject("Changed", 2));
+    EXPECT_TRUE(theirs.removeObject("Removed"));
+    EXPECT_TRUE(theirs.setObject("Added", 3));
     ASSERT_EQ(::poll(&watch, 1, 5000), 1);
     mine.handleChange();
     EXPECT_EQ(announced, (std::vector<std::string> { "Added", "Changed", "Removed" }));
@@ -284,9 +284,9 @@ TEST_F(PlistUserDefaultsTest, AnnouncesWhatItFoundWhileSavingButNeverItsOwnKeys)
     mine.onExternalChange = [&](auto const& keys) { announced.push_back(keys); };
     ASSERT_GE(mine.changeDescriptor(), 0);
     PlistUserDefaults theirs(path);
-    EXPECT_FALSE(theirs.setObject("Theirs", 1));
-    EXPECT_FALSE(theirs.setObject("Both", "theirs"));
-    EXPECT_FALSE(mine.setObject("Both", "mine"));
+    EXPECT_TRUE(theirs.setObject("Theirs", 1));
+    EXPECT_TRUE(theirs.setObject("Both", "theirs"));
+    EXPECT_TRUE(mine.setObject("Both", "mine"));
     EXPECT_TRUE(announced.empty());
     mine.handleChange();
     mine.handleChange();
@@ -303,7 +303,7 @@ TEST_F(PlistUserDefaultsTest, KeepsWhatItKnowsWhenTheFileBecomesUnreadable)
     defaults.handleChange();
     EXPECT_EQ(log.size(), 1u);
     EXPECT_EQ(defaults.object("Known"), PropertyList(1));
-    EXPECT_FALSE(defaults.setObject("New", 2));
+    EXPECT_TRUE(defaults.setObject("New", 2));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "Known", 1 }, { "New", 2 } }));
 }
 
@@ -313,7 +313,7 @@ TEST_F(PlistUserDefaultsTest, KeepsALinkToAFileElsewhere)
     writeSettings(elsewhere, { { "a", 1 } });
     std::filesystem::create_symlink(elsewhere, path);
     PlistUserDefaults defaults(path);
-    EXPECT_FALSE(defaults.setObject("b", 2));
+    EXPECT_TRUE(defaults.setObject("b", 2));
     EXPECT_TRUE(std::filesystem::is_symlink(path));
     EXPECT_EQ(contentOf(elsewhere), PropertyList(PropertyListDictionary { { "a", 1 }, { "b", 2 } }));
 }
@@ -323,11 +323,11 @@ TEST_F(PlistUserDefaultsTest, GivesUpWaitingForAProgramThatHoldsTheLock)
     PlistUserDefaults defaults(path, std::chrono::milliseconds(20));
     int const holder = ::open((path + ".lock").c_str(), O_RDWR | O_CREAT, 0600);
     ASSERT_EQ(::flock(holder, LOCK_EX), 0);
-    auto const failure = defaults.setObject("a", 1);
-    ASSERT_TRUE(failure);
-    EXPECT_NE(failure->find("does not let go of"), std::string::npos) << *failure;
+    auto const saved = defaults.setObject("a", 1);
+    ASSERT_FALSE(saved);
+    EXPECT_NE(saved.error().find("does not let go of"), std::string::npos) << saved.error();
     ::close(holder);
-    EXPECT_FALSE(defaults.setObject("b", 2));
+    EXPECT_TRUE(defaults.setObject("b", 2));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "a", 1 }, { "b", 2 } }));
 }
 
@@ -338,7 +338,7 @@ TEST_F(PlistUserDefaultsTest, TwoProcessesNeverLoseEachOthersKeys)
         return inChild([&, prefix] {
             PlistUserDefaults defaults(path);
             for (int i = 0; i < count; ++i) {
-                if (defaults.setObject(prefix + std::to_string(i), i) || defaults.setObject(prefix, i))
+                if (!defaults.setObject(prefix + std::to_string(i), i) || !defaults.setObject(prefix, i))
                     return 1;
             }
             return 0;
@@ -363,7 +363,7 @@ TEST_F(PlistUserDefaultsTest, AKilledSaveLeavesTheOldFileOrTheNewOne)
         auto const child = inChild([&] {
             PlistUserDefaults defaults(path);
             for (std::size_t length = 1;; ++length) {
-                if (defaults.setObject("Menu", PropertyListArray(length % 3000, PropertyList("an entry of the menu"))))
+                if (!defaults.setObject("Menu", PropertyListArray(length % 3000, PropertyList("an entry of the menu"))))
                     return 1;
             }
         });
@@ -378,7 +378,7 @@ TEST_F(PlistUserDefaultsTest, AKilledSaveLeavesTheOldFileOrTheNewOne)
     EXPECT_TRUE(log.empty());
     EXPECT_LE(folder.names("config").size(), 3u) << "at most one temporary file stays";
     PlistUserDefaults defaults(path);
-    EXPECT_FALSE(defaults.setObject("Menu", PropertyListArray {}));
+    EXPECT_TRUE(defaults.setObject("Menu", PropertyListArray {}));
     EXPECT_EQ(folder.names("config").size(), 2u);
 }
 

@@ -27,7 +27,7 @@ ProgramHandlers spokenServices()
         [](auto at) { std::cout << "shows its menu" << (at ? " at " + std::to_string(static_cast<int>(at->x)) : "") << std::endl; },
         [] { std::cout << "opens its settings" << std::endl; },
         [] { std::cout << "quits" << std::endl; },
-        [](std::vector<Url> const& files) -> MaybeFailure<> { return std::to_string(files.size()) + " files are not taken."; },
+        [](std::vector<Url> const& files) -> Result<void> { return Failure { std::to_string(files.size()) + " files are not taken." }; },
         [] { return std::string(R"({"registrations":[{"id":1,"shortcut":"F5","file":"/x"}],"conflicts":[]})"); },
         [] {
             auto found = surveyThisMac();

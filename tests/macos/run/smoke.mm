@@ -432,9 +432,9 @@ void theNotesShow(char const* file)
 void filesAreTaken(char const* file)
 {
     std::vector<Url> taken;
-    ZVServicesProvider* const provider = [[ZVServicesProvider alloc] initWithFunction:[&](std::vector<Url> files) -> MaybeFailure<> {
+    ZVServicesProvider* const provider = [[ZVServicesProvider alloc] initWithFunction:[&](std::vector<Url> files) -> Result<void> {
         taken = std::move(files);
-        return taken.empty() ? MaybeFailure<>("No files or folders were sent to Zanthe Vell.") : std::nullopt;
+        return taken.empty() ? Failure { "No files or folders were sent to Zanthe Vell." } : Result<void>();
     }];
     NSPasteboard* const pasteboard = [NSPasteboard pasteboardWithUniqueName];
     NSString* error = nil;
