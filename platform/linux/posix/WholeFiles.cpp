@@ -170,11 +170,13 @@ Result<void> makeFolders(std::string const& path, mode_t mode)
     if (::mkdir(path.c_str(), mode) == 0 || (errno == EEXIST && isFolder(path)))
         return {};
     if (errno != ENOENT || path == "/")
-        return failureOf(errno);
+        return Failure { systemMessage(errno) };
     if (auto parent = makeFolders(folderOf(path), mode); !parent)
         return parent;
     bool const isMade = ::mkdir(path.c_str(), mode) == 0 || errno == EEXIST;
-    return isMade ? Result<void>() : failureOf(errno);
+    if (!isMade)
+        return Failure { systemMessage(errno) };
+    return {};
 }
 
 Result<void> replaceFile(std::string const& path, std::string const& temporaryPath, std::span<std::byte const> bytes, mode_t mode)
@@ -183,7 +185,7 @@ Result<void> replaceFile(std::string const& path, std::string const& temporaryPa
     if (!isWritten || ::rename(temporaryPath.c_str(), path.c_str()) != 0) {
         int const error = errno;
         ::unlink(temporaryPath.c_str());
-        return failureOf(error);
+        return Failure { systemMessage(error) };
     }
     syncFolder(folderOf(path));
     return {};

@@ -60,7 +60,7 @@ TEST_F(Program, ListsShowTheirOwnAndAskForWhatTakesLongWhenTheMenuOpens)
     app->delegate().store().replaceAll({ item(Kind::shortcuts) });
     menu();
     machine.time.runTasks();
-    EXPECT_EQ(machine.tools->runs.size(), 2U) << "the shortcuts tool, for folders and for what is in none";
+    EXPECT_EQ(machine.tools->runs, (Lines { "list|--folder-name|none|--show-identifiers" }));
 }
 
 TEST_F(Program, TheIconsMenuAndTheCornersAreFilledForThemselves)

@@ -56,7 +56,7 @@ TEST_F(BusUserNotificationsTest, ArePostedClickedReplacedAndClosed)
     MockService service(bus, "org.freedesktop.Notifications", "/org/freedesktop/Notifications", "org.freedesktop.Notifications");
     service.method("Notify", "susssasa{sv}i", "u", "ret = 7");
     service.method("CloseNotification", "u", "", "");
-    NotificationRequest const request { "update", "Zanthe Vell 1.4 is available", "Click to install it.", true, "Show" };
+    NotificationRequest const request { "update", "Zanthe Vell 1.4 is available", "Click to install it.", "Show" };
     auto const posted = [](char const* replaced) {
         return Calls { "Notify 'Zanthe Vell' " + std::string(replaced)
             + " 'org.zanthevell.ZantheVell' 'Zanthe Vell 1.4 is available' 'Click to install it.' ['default', 'Show'] "
