@@ -10,6 +10,9 @@ namespace zv {
 
 namespace {
 
+// Events of Apple's AERegistry.h, in the core suite. What loginwindow does on each: Daemons and Services Programming
+// Guide, "The Life Cycle of a Daemon"
+// (https://developer.apple.com/library/archive/documentation/MacOSX/Conceptual/BPSystemStartup/Chapters/Lifecycle.html).
 constexpr FourCharCode coreEventClass = fourCharCode("aevt");
 constexpr std::chrono::seconds sendTimeout { 10 };
 

@@ -11,6 +11,8 @@ namespace zv {
 
 namespace {
 
+// errAEEventNotPermitted of Apple's MacErrors.h. Key codes below are kVK_Escape and kVK_ANSI_Q of HIToolbox/Events.h;
+// the terms are those of System Events' own dictionary.
 constexpr std::int64_t notPermittedNumber = -1743;
 
 struct KindScript {

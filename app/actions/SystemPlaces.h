@@ -20,6 +20,7 @@ struct SystemPlaceTarget {
 /// Null for a kind that opens no place of the system.
 [[nodiscard]] SystemPlaceTarget const* systemPlaceFor(MenuItemKind const& kind);
 
+/// Pages of the system's settings and their anchors, which no document lists.
 inline constexpr std::string_view automationPane = "com.apple.preference.security?Privacy_Automation";
 inline constexpr std::string_view accessibilityPane = "com.apple.preference.security?Privacy_Accessibility";
 

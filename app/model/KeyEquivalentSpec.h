@@ -13,7 +13,7 @@
 
 namespace zv {
 
-/// The virtual key code of a named key ("f1" to "f15", "esc"), found in any case.
+/// The virtual key code (kVK_… of HIToolbox/Events.h) of a named key ("f1" to "f15", "esc"), found in any case.
 [[nodiscard]] std::optional<std::uint16_t> keyCodeOfNamedKey(std::string_view name);
 /// The lower-case name of the key with that virtual key code.
 [[nodiscard]] std::optional<std::string_view> namedKeyWithCode(std::uint16_t keyCode);

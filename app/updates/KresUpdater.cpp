@@ -7,7 +7,8 @@ namespace zv {
 
 namespace {
 
-constexpr std::size_t signingKeySize = 32; // an Ed25519 public key
+// The keys SUFeedURL and SUPublicEDKey: https://sparkle-project.org/documentation/customization
+constexpr std::size_t signingKeySize = 32; // an Ed25519 public key, RFC 8032, section 5.1.5
 
 std::string hostOf(std::string const& address)
 {

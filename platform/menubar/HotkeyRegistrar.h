@@ -13,7 +13,7 @@ using HotkeyID = std::uint32_t;
 /// What hotkeys are filed under where the system wants an owner beside the id: "ZVHK".
 inline constexpr std::uint32_t hotkeySignature = 0x5A56484B;
 
-/// Modifier keys as the bits of a key combination.
+/// Modifier keys as the bits of a key combination: cmdKey, shiftKey, optionKey and controlKey of HIToolbox/Events.h.
 enum KeyModifier : std::uint32_t {
     commandKey = 256,
     shiftKey = 512,
@@ -21,7 +21,7 @@ enum KeyModifier : std::uint32_t {
     controlKey = 4096,
 };
 
-/// A key, by its virtual key code, with exactly these modifiers held.
+/// A key, by its virtual key code (kVK_… of HIToolbox/Events.h), with exactly these modifiers held.
 struct KeyChord {
     std::uint16_t keyCode = 0;
     std::uint32_t modifiers = 0; ///< of KeyModifier

@@ -19,7 +19,8 @@ using FourCharCode = std::uint32_t;
     return code;
 }
 
-/// Status codes with a meaning of their own; any other is the system's.
+/// Status codes with a meaning of their own; any other is the system's. The numbers are those of
+/// Apple's MacErrors.h: errAEEventNotPermitted, procNotFound, errAETimeout, errAEPrivilegeError, errAEEventNotHandled.
 namespace SessionStatus {
 inline constexpr std::int64_t notPermitted = -1743;
 inline constexpr std::int64_t noSuchService = -600; ///< nobody there takes the event

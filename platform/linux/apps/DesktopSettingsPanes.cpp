@@ -15,6 +15,7 @@ struct PaneMark {
     std::string_view idPrefix;
 };
 
+/// No document names these marks: they are in the entries that the desktops themselves install.
 constexpr std::array marks {
     PaneMark { "GNOME", "X-GNOME-Settings-Panel", "" },
     PaneMark { "Unity", "X-GNOME-Settings-Panel", "" },

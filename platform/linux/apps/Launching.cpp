@@ -130,6 +130,7 @@ Result<void> openUrl(Url const& url, std::string const& sessionBus)
 
 Result<void> revealFile(Url const& fileURL, std::string const& sessionBus)
 {
+    // https://www.freedesktop.org/wiki/Specifications/file-manager-interface
     static constexpr BusObject fileManager { "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1" };
     Deadline const deadline(fileManagerTimeout);
     if (auto const bus = BusConnection::open(sessionBus, deadline)) {

@@ -26,7 +26,8 @@ struct ClientWindow {
 [[nodiscard]] RunningApplication applicationOf(ClientWindow const& window, ApplicationIndex const& index);
 
 /// The application id in the name of a user unit, "app-gnome-firefox\x2desr-1234.scope";
-/// nothing when the name is not of that kind.
+/// nothing when the name is not of that kind: https://systemd.io/DESKTOP_ENVIRONMENTS,
+/// "XDG standardization for applications".
 [[nodiscard]] std::optional<std::string> applicationIdOfUnit(std::string_view unitName);
 /// The applications of running units that a menu shows, without this program. Pure. Any thread.
 [[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(std::vector<std::string> const& unitNames, ApplicationIndex const& index);

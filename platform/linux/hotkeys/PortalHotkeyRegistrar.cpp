@@ -41,6 +41,8 @@ namespace zv {
 
 namespace {
 
+// https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.GlobalShortcuts.html, and
+// beside it …portal.Request.html and …portal.Session.html.
 constexpr auto portalService = "org.freedesktop.portal.Desktop";
 constexpr auto portalPath = "/org/freedesktop/portal/desktop";
 constexpr auto portalInterface = "org.freedesktop.portal.GlobalShortcuts";

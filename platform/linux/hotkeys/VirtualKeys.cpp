@@ -6,6 +6,8 @@ namespace zv {
 
 namespace {
 
+/// The model's numbers are kVK_… of Apple's HIToolbox/Events.h; the names of places are those of
+/// keycodes/evdev of https://gitlab.freedesktop.org/xkeyboard-config/xkeyboard-config.
 // clang-format off
 constexpr VirtualKey keys[] = {
     { 0, "AC01", "a" },

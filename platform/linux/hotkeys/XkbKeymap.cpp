@@ -27,6 +27,7 @@ struct DeadKey {
     xkb_keysym_t symbol;
     char const* text;
 };
+/// XK_dead_… of X11/keysymdef.h.
 constexpr DeadKey deadKeys[] = {
     { XKB_KEY_dead_grave, "`" },
     { XKB_KEY_dead_acute, "´" },

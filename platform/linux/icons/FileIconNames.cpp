@@ -23,6 +23,7 @@ struct UserFolder {
     char const* name;
 };
 
+/// Names of https://specifications.freedesktop.org/icon-naming-spec, and those that themes have besides.
 constexpr std::array userFolders {
     UserFolder { G_USER_DIRECTORY_DESKTOP, "user-desktop" },
     UserFolder { G_USER_DIRECTORY_DOCUMENTS, "folder-documents" },

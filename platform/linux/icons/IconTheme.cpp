@@ -16,6 +16,7 @@ namespace zv {
 
 namespace {
 
+// https://www.freedesktop.org/wiki/Specifications/XSettingsRegistry
 constexpr auto iconThemeSetting = "Net/IconThemeName";
 constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes

@@ -11,7 +11,8 @@ struct xcb_connection_t;
 namespace zv {
 
 /// The text of a setting among those that a desktop publishes to X11 programs (the bytes of
-/// _XSETTINGS_SETTINGS); empty when it is not among them, or they are damaged.
+/// _XSETTINGS_SETTINGS); empty when it is not among them, or they are damaged:
+/// https://specifications.freedesktop.org/xsettings-spec, "_XSETTINGS_SETTINGS Format".
 [[nodiscard]] std::string xSetting(std::string_view settings, std::string_view name);
 /// The value of a key in a file of "key = value" lines, such as gtk-3.0/settings.ini.
 [[nodiscard]] std::string iniValue(std::string const& path, char const* group, char const* key);

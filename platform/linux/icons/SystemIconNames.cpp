@@ -2,6 +2,7 @@
 
 namespace zv {
 
+/// Names of https://specifications.freedesktop.org/icon-naming-spec first, then names that themes have besides.
 FileIconNames iconNamesOf(SystemIcon icon)
 {
     switch (icon) {

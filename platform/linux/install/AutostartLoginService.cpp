@@ -21,6 +21,8 @@ Result<void, LoginService::Error> resultOf(std::error_code code)
     return Failure { LoginService::Error { code.value(), code.message() } };
 }
 
+/// "Hidden" switches off for all (https://specifications.freedesktop.org/autostart-spec), the
+/// other key is what GNOME's settings write.
 bool isSwitchedOff(DesktopEntry const& entry)
 {
     constexpr char const* gnomeKey = "X-GNOME-Autostart-enabled";

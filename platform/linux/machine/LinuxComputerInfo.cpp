@@ -49,6 +49,7 @@ std::size_t processorCount(std::string const& path)
     return count;
 }
 
+/// proc_cpuinfo(5).
 std::string processor(std::string const& root)
 {
     auto const file = root + "proc/cpuinfo";
@@ -61,6 +62,7 @@ std::string processor(std::string const& root)
     return name + " × " + std::to_string(count);
 }
 
+/// proc_meminfo(5).
 std::string memory(std::string const& root)
 {
     auto const text = valueOf(root + "proc/meminfo", "MemTotal");

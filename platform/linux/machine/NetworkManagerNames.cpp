@@ -9,6 +9,7 @@ namespace zv {
 
 namespace {
 
+// https://networkmanager.dev/docs/api/latest/spec.html
 constexpr char const* service = "org.freedesktop.NetworkManager";
 constexpr std::chrono::milliseconds patience { 1000 };
 constexpr gsize mostConnections = 32;

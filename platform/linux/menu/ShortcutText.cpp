@@ -15,6 +15,7 @@ struct Modifier {
     char const* busName;
 };
 
+/// `busName` is how the property "shortcut" of com.canonical.dbusmenu has it (BusMenu.cpp names its source).
 constexpr std::array modifierTable {
     Modifier { ModifierMask::control, u'⌃', "Ctrl", "Control" },
     Modifier { ModifierMask::option, u'⌥', "Alt", "Alt" },
@@ -23,6 +24,7 @@ constexpr std::array modifierTable {
 };
 
 constexpr char16_t escape = u'\x1b';
+/// NSF1FunctionKey of AppKit's NSEvent.h is the next.
 constexpr char16_t beforeF1 = 0xF703;
 constexpr int lastFunctionKey = 15;
 

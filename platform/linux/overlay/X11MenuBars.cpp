@@ -10,6 +10,7 @@ namespace {
 constexpr int kTallestTriggerStrip = 9;
 /// A bar may float a little below the edge; with a strut it may do so further.
 constexpr int kFloatingGap = 12;
+/// _NET_WM_STRUT and _NET_WM_STRUT_PARTIAL: https://specifications.freedesktop.org/wm-spec, "Application Window Properties"
 constexpr std::size_t kTopStrut = 2; ///< left, right, top, bottom
 
 bool hasAtom(std::vector<std::uint32_t> const& atoms, xcb_atom_t wanted) { return std::find(atoms.begin(), atoms.end(), wanted) != atoms.end(); }

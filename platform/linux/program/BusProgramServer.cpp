@@ -12,6 +12,8 @@ QString programName() { return QStringLiteral("org.zanthevell.ZantheVell"); }
 
 QString programPath() { return QStringLiteral("/org/zanthevell/ZantheVell"); }
 
+/// Our own interface, and that which starts an application by its name on the bus:
+/// https://specifications.freedesktop.org/desktop-entry-spec, "D-Bus Activation".
 constexpr char const* introspection = R"xml(
 <interface name="org.zanthevell.ZantheVell">
   <method name="ShowMenu"/>

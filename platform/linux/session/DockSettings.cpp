@@ -98,6 +98,7 @@ char const* edgeOf(ScriptPurpose purpose)
 
 ScriptOutcome outcome(bool isDone) { return { isDone ? State::succeeded : State::noEquivalent }; }
 
+/// Keys: schemas/org.gnome.shell.extensions.dash-to-dock.gschema.xml of https://github.com/micheleg/dash-to-dock
 ScriptOutcome changeDashToDock(ScriptPurpose purpose, DockKeys const& keys)
 {
     if (auto const* const edge = edgeOf(purpose)) {
@@ -140,6 +141,7 @@ ScriptOutcome changeCinnamonPanel(ScriptPurpose purpose, DockKeys const& keys)
     return outcome(keys.setTexts(key, panels));
 }
 
+/// Panels in scripts: https://develop.kde.org/docs/plasma/scripting/api
 ScriptOutcome changePlasmaPanel(ScriptPurpose purpose, DesktopAccess const& access, Deadline const& deadline)
 {
     auto const* const edge = edgeOf(purpose);

@@ -49,6 +49,9 @@ struct LinuxSession::Event {
     char const* loginCheck; ///< asked before the method is called; null for none
 };
 
+/// KDE's methods: logout-greeter/org.kde.LogoutPrompt.xml and org.kde.Shutdown of
+/// https://invent.kde.org/plasma/plasma-workspace; the commands have manual pages of their names,
+/// the login service's methods stand in LoginManager.h.
 LinuxSession::Event const LinuxSession::events[] = {
     { fourCharCode("slep"), false, nullptr, {}, "Suspend", "CanSuspend" },
     { fourCharCode("rrst"), true, "promptReboot",

@@ -10,6 +10,9 @@ namespace zv {
 namespace {
 
 /// Those that belong to one desktop before the common name, which some own without locking.
+/// GNOME's interface is data/dbus-interfaces/org.gnome.ScreenSaver.xml of https://gitlab.gnome.org/GNOME/gnome-shell;
+/// Cinnamon's, MATE's and Xfce's have the same method; the common one is that of
+/// https://invent.kde.org/plasma/kscreenlocker.
 constexpr BusObject savers[] = {
     { "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver" },
     { "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver", "org.cinnamon.ScreenSaver" },

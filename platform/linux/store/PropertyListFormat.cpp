@@ -75,6 +75,7 @@ std::uint64_t fromBigEndian(char const* bytes)
     return bits;
 }
 
+// Of the binary form; PropertyListScan.cpp names its source.
 constexpr char dateMarker = 0x33;
 constexpr char unsignedMarker = 0x14; ///< sixteen bytes
 constexpr std::size_t headerSize = 8;

@@ -205,6 +205,9 @@ private:
 
 // Binary
 
+// The binary form, as the comment at the beginning of CFBinaryPList.c describes it
+// (https://github.com/opensource-apple/CF): header, objects, table of offsets, trailer. The high
+// half of a marker is the object's type, the low half its length.
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
 constexpr std::uint64_t falseMarker = 0x08;

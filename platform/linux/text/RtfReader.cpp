@@ -15,6 +15,7 @@ namespace zv {
 namespace {
 
 constexpr std::size_t maximumGroupDepth = 200;
+// Microsoft, Rich Text Format (RTF) Specification, version 1.9.1
 constexpr double twipsPerPoint = 20;
 
 /// Where the text of a group goes.
@@ -26,7 +27,8 @@ struct State {
     int unicodeSkip = 1; ///< bytes to pass over after \u
 };
 
-/// Windows-1252 for the bytes 0x80 to 0x9F, which are not Latin-1; 0 where it has nothing.
+/// Windows-1252 for the bytes 0x80 to 0x9F, which are not Latin-1; 0 where it has nothing:
+/// https://www.unicode.org/Public/MAPPINGS/VENDORS/MICSFT/WINDOWS/CP1252.TXT
 constexpr std::array<char32_t, 32> windows1252 { 0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D,
     0, 0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178 };
 

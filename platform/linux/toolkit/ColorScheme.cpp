@@ -13,6 +13,7 @@ namespace zv {
 
 namespace {
 
+// https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.Settings.html, "org.freedesktop.appearance"
 constexpr uint prefersDark = 1;
 
 QString portal() { return QStringLiteral("org.freedesktop.portal.Desktop"); }

@@ -13,6 +13,8 @@ namespace zv {
 
 namespace {
 
+/// The item and its watcher: https://specifications.freedesktop.org/status-notifier-item-spec,
+/// under the names that KDE gave them, which all panels know.
 QString interfaceName() { return QStringLiteral("org.kde.StatusNotifierItem"); }
 
 QString itemPath() { return QStringLiteral("/StatusNotifierItem"); }
@@ -28,6 +30,8 @@ QString nextBusName()
     return QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
 }
 
+/// As "StatusNotifierItem" there; IconAccessibleDesc comes from src/notification-item.xml of
+/// https://github.com/AyatanaIndicators/libayatana-appindicator.
 constexpr char const* introspection = R"xml(
 <interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>

@@ -27,6 +27,7 @@ void takeIfSet(std::string& field, QStringView value)
         field = trimmedText(value);
 }
 
+/// The elements: https://sparkle-project.org/documentation/publishing
 void readEnclosure(QXmlStreamReader& xml, AppcastItem& item)
 {
     auto const attributes = xml.attributes();

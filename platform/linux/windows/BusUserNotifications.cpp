@@ -9,6 +9,7 @@ namespace zv {
 
 namespace {
 
+// https://specifications.freedesktop.org/notification-spec
 QString const service = QStringLiteral("org.freedesktop.Notifications");
 QString const path = QStringLiteral("/org/freedesktop/Notifications");
 

@@ -41,6 +41,7 @@ std::vector<std::string> unitNamesIn(QDBusMessage const& answer)
     return names;
 }
 
+/// https://www.freedesktop.org/software/systemd/man/latest/org.freedesktop.systemd1.html, "The Manager Object"
 QDBusMessage unitListCall()
 {
     auto call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.systemd1"), QStringLiteral("/org/freedesktop/systemd1"),
@@ -50,7 +51,8 @@ QDBusMessage unitListCall()
     return call;
 }
 
-/// The bus brings the application to the front, or starts it.
+/// The bus brings the application to the front, or starts it:
+/// https://specifications.freedesktop.org/desktop-entry-spec, "D-Bus Activation".
 void activateOverBus(QDBusConnection const& bus, ApplicationEntry const& entry)
 {
     auto const name = QString::fromStdString(entry.id.substr(0, entry.id.rfind('.')));

@@ -12,6 +12,8 @@ namespace zv {
 
 namespace {
 
+/// Extended Window Manager Hints: https://specifications.freedesktop.org/wm-spec. The name of
+/// the application is GTK's own addition.
 constexpr std::array atomNames { "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE",
     "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_PID", "_NET_WM_NAME", "_GTK_APPLICATION_ID", "UTF8_STRING" };
 constexpr std::array foreignTypeNames { "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP", "_NET_WM_WINDOW_TYPE_SPLASH", "_NET_WM_WINDOW_TYPE_MENU",
@@ -19,7 +21,8 @@ constexpr std::array foreignTypeNames { "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WIN
 
 constexpr std::uint32_t longestText = 256; // in units of four bytes
 constexpr std::uint32_t mostWindows = 4096;
-constexpr std::uint32_t sourceIsPager = 2; // the user asked: the window manager obeys
+/// "Source indication in requests" there: the user asked, and the window manager obeys.
+constexpr std::uint32_t sourceIsPager = 2;
 
 std::uint32_t firstNumber(XProperty const& property)
 {

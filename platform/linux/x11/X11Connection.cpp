@@ -9,6 +9,8 @@ namespace zv {
 
 namespace {
 
+/// Extended Window Manager Hints, "Root Window Properties (and Related Messages)" and
+/// "Application Window Properties": https://specifications.freedesktop.org/wm-spec
 constexpr std::array<char const*, static_cast<std::size_t>(XAtom::count)> kAtomNames {
     "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",

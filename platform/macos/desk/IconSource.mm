@@ -26,7 +26,7 @@ ImageRef menuSized(NSImage* source, std::string name)
     return image ? std::make_shared<MacImage>(image, std::move(name)) : nullptr;
 }
 
-/// The older preference panes name their picture themselves.
+/// The older preference panes name their picture themselves (Preference Pane Programming Guide, "NSPrefPaneIconFile").
 NSImage* iconOfPreferencePane(NSString* path)
 {
     if (![[path pathExtension] isEqualToString:@"prefPane"])

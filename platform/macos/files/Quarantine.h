@@ -4,7 +4,8 @@
 
 #include <sys/xattr.h>
 
-/// The mark by which the system knows what was downloaded. Of the file itself, not of what a link leads to.
+/// The mark by which the system knows what was downloaded: LaunchServices/LSQuarantine.h tells what it
+/// holds, no header its name. Of the file itself, not of what a link leads to.
 namespace zv {
 
 constexpr char const* quarantineAttribute = "com.apple.quarantine";

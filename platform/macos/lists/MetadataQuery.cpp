@@ -24,6 +24,8 @@ std::string_view contentTypeCondition(RecentItemsScope scope)
 
 } // namespace
 
+/// File Metadata Query Expression Syntax:
+/// https://developer.apple.com/library/archive/documentation/Carbon/Conceptual/SpotlightQuery/Concepts/QueryFormat.html
 std::string metadataQueryString(RecentFilesQuestion const& question)
 {
     return "kMDItemLastUsedDate >= $time.now(-" + std::to_string(question.usedWithin.count()) + ")" + std::string(contentTypeCondition(question.scope));

@@ -29,7 +29,8 @@ std::map<std::string, std::string> displayNames()
     return names;
 }
 
-/// The interface of the default route; empty while there is none.
+/// The interface of the default route; empty while there is none. The key and its entry are
+/// kSCEntNetIPv4 and kSCDynamicStorePropNetPrimaryInterface of SystemConfiguration/SCSchemaDefinitions.h.
 std::string primaryInterface()
 {
     SCDynamicStoreRef const store = SCDynamicStoreCreate(nullptr, CFSTR("Zanthe Vell"), nullptr, nullptr);
@@ -46,6 +47,7 @@ std::size_t lengthOf(sockaddr const& address)
     return address.sa_family == AF_INET ? sizeof(sockaddr_in) : sizeof(sockaddr_in6);
 }
 
+/// RFC 3927 and RFC 4291, section 2.5.6.
 bool isLinkLocal(sockaddr const& address)
 {
     if (address.sa_family == AF_INET6)

@@ -6,7 +6,8 @@ namespace zv {
 namespace {
 
 /// The system's list of recent servers, the newest format first. It is an archive whose
-/// items hold bookmarks; resolving one without mounting gives the server's address.
+/// items hold bookmarks; resolving one without mounting gives the server's address. No document
+/// describes it: LSSharedFileList.h, which gave this list once, is deprecated.
 NSData* archive()
 {
     NSURL* const home = [[NSFileManager defaultManager] homeDirectoryForCurrentUser];

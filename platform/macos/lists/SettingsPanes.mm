@@ -32,6 +32,8 @@ NSDictionary* dictionaryAt(NSDictionary* dictionary, NSString* key)
     return [value isKindOfClass:[NSDictionary class]] ? value : nil;
 }
 
+/// As the panes below /System/Library/ExtensionKit/Extensions describe themselves; ExtensionKit documents the
+/// first two keys, none the others.
 bool isSettingsExtension(NSDictionary* information)
 {
     NSDictionary* const attributes = dictionaryAt(information, @"EXAppExtensionAttributes");

@@ -11,7 +11,7 @@ constexpr AEEventClass everyClass = '****'; // typeWildCard
 constexpr AEEventID everyEvent = '****';
 
 /// What the system would answer to an event for that program; a program that does not run
-/// is not known.
+/// is not known. See AEDeterminePermissionToAutomateTarget() in AE/AppleEvents.h.
 PermissionState stateOfEventsTo(NSString* identifier)
 {
     NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:identifier];
