@@ -10,7 +10,12 @@ namespace zv {
 
 namespace {
 
-// A new command: its file, its line in Commands.h, its line here.
+// To add a command:
+// 1. cli/NewCommand.cpp: a Command, and what it does; its line in Commands.h.
+// 2. Here: its line, in the order of --help.
+// 3. packaging/linux/zanthe-vell.1: its entry under COMMANDS; packaging/linux/completions: its name
+//    and its options, for each of the three shells.
+// CommandLineTest goes through the table: what is forgotten fails there.
 constexpr std::array table {
     &menuCommand,
     &performCommand,

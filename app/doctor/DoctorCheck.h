@@ -7,6 +7,13 @@
 namespace zv {
 
 /// What was found out about one thing that the program can do on this desktop.
+///
+/// To add a check:
+/// 1. platform/program/DesktopFindings.h: what was found, as a fact without words; MacFindings.h for a Mac.
+/// 2. platform/linux/doctor: DesktopSurvey looks, or DisplaySurvey where it takes a display; Survey.mm on a Mac. What
+///    any system can tell needs neither of the two: ProgramChecks looks itself.
+/// 3. DesktopChecks.cpp, MacChecks.cpp or ProgramChecks.cpp: what it means, and what to do about it.
+/// 4. tests/app/doctor: a row of what is wanting; a check without one fails there.
 struct DoctorCheck {
     enum class State { ok, limited, missing };
 

@@ -13,7 +13,12 @@ namespace zv {
 /// with that text, so that nothing of an older or newer menu is lost.
 class MenuItemKind {
 public:
-    /// In declaration order; the raw texts and titles are in MenuItemKind.cpp.
+    /// To add one (a list of its own: app/lists/AllLists.h):
+    /// 1. Here, before `openWith`, and in MenuItemKind.cpp its row in the same place: the text it is stored as, and its title.
+    /// 2. app/actions/MenuActions.cpp: what choosing it does; app/menu/MenuBuilder.cpp, if its entry is no plain one, and
+    ///    app/menu/MenuIcon.cpp, if it has a picture.
+    /// 3. app/resources/Library.plist and "Library (Linux).plist": a record each, so that it can be put into a menu.
+    /// MenuActionsTest, MenuIconTest and ItemLibraryTest go through all kinds: what is forgotten fails there.
     enum Case : std::uint8_t {
         separator,
         submenu,

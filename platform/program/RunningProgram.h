@@ -13,6 +13,15 @@ namespace zv {
 /// The program that runs for this user, asked from a command line. To show something, it is
 /// started where the system knows how. The failures are sentences for standard error; one of
 /// them says that the program does not run.
+///
+/// To add a request:
+/// 1. Here: its method.
+/// 2. Over the session bus: BusRunningProgram asks; BusProgramServer has it in its introspection, in its
+///    table of methods and in ProgramRequests.
+/// 3. Over a message port: a kind of ProgramMessage with its name and what it carries, a handler and its case in
+///    answerTo(); PortRunningProgram asks.
+/// 4. FakeRunningProgram, and a line in PortRunningProgramTest: what is asked arrives.
+/// Then a command asks it (cli/CommandLine.cpp says what that takes).
 class RunningProgram {
 public:
     struct ScreenPoint {

@@ -1,8 +1,11 @@
 #include "tests/cli/CommandLineFixture.h"
 
 #include "cli/Options.h"
+#include "tests/SourceTree.h"
 
 #include <algorithm>
+#include <fstream>
+#include <regex>
 
 namespace zv {
 
@@ -39,6 +42,27 @@ TEST_F(CommandLineTest, EachCommandTellsItsUsage)
     EXPECT_EQ(run({ "export", "--help" }), (Outcome { 0, "usage: zanthe-vell export FILE\n\nwrite the menu to a file (- is standard output)\n", "" }));
     for (auto const* command : commandTable())
         EXPECT_EQ(run({ std::string(command->name), "--help" }).status, 0) << command->name;
+}
+
+TEST_F(CommandLineTest, EachCommandIsInTheManualAndKnownToEveryShell)
+{
+    struct Row {
+        std::string file, pattern; ///< NAME stands for a command
+    };
+    Row const rows[] = {
+        { "zanthe-vell.1", R"(\n\.TP\n\.(B|BR|BI) NAME[ \n])" },
+        { "completions/zanthe-vell.bash", R"(cword == 1[^\n]*\n[^\n]*[" ]NAME )" },
+        { "completions/_zanthe-vell", R"(\n *'NAME:)" },
+        { "completions/zanthe-vell.fish", R"(_words 1' -a NAME -d )" },
+    };
+    for (auto const& row : rows) {
+        std::ifstream stream(tests::inSourceTree("packaging/linux/" + row.file));
+        std::string const text { std::istreambuf_iterator<char>(stream), {} };
+        for (auto const* command : commandTable()) {
+            auto const pattern = std::regex_replace(row.pattern, std::regex("NAME"), std::string(command->name));
+            EXPECT_TRUE(std::regex_search(text, std::regex(pattern))) << command->name << " in " << row.file;
+        }
+    }
 }
 
 TEST_F(CommandLineTest, TellsItsVersion) { EXPECT_EQ(run({ "--version" }), (Outcome { 0, "Zanthe Vell " ZV_VERSION "\n", "" })); }

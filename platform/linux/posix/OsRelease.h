@@ -5,7 +5,8 @@
 
 namespace zv {
 
-/// https://www.freedesktop.org/software/systemd/man/latest/os-release.html: the assignments of the file, unquoted; empty when it cannot be read.
+/// The assignments of an os-release file, unquoted; empty when it cannot be read:
+/// https://www.freedesktop.org/software/systemd/man/latest/os-release.html
 [[nodiscard]] std::map<std::string, std::string> readOsRelease(std::string const& path);
 
 } // namespace zv

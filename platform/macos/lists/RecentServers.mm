@@ -7,7 +7,7 @@ namespace {
 
 /// The system's list of recent servers, the newest format first. It is an archive whose
 /// items hold bookmarks; resolving one without mounting gives the server's address. No document
-/// describes it: LSSharedFileList.h, which once gave this list, is without a successor.
+/// describes it: LSSharedFileList.h, which gave this list once, is deprecated.
 NSData* archive()
 {
     NSURL* const home = [[NSFileManager defaultManager] homeDirectoryForCurrentUser];

@@ -10,8 +10,8 @@ namespace {
 constexpr AEEventClass everyClass = '****'; // typeWildCard
 constexpr AEEventID everyEvent = '****';
 
-/// AEDeterminePermissionToAutomateTarget() of AE/AppleEvents.h: what the system would answer to an event for that program; a program that does not run
-/// is not known.
+/// What the system would answer to an event for that program; a program that does not run
+/// is not known. See AEDeterminePermissionToAutomateTarget() in AE/AppleEvents.h.
 PermissionState stateOfEventsTo(NSString* identifier)
 {
     NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:identifier];

@@ -89,6 +89,8 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
         EXPECT_NE(check->remedy.find(row.remedy), std::string::npos) << check->remedy;
         EXPECT_EQ(std::ranges::count_if(checks, [](auto const& other) { return other.state != State::ok; }), 1) << "one cause, one complaint";
     }
+    for (auto const& check : desktopChecks(everything()))
+        EXPECT_TRUE(std::ranges::count(rows, check.name, &Row::check)) << check.name << " has no row";
 }
 
 TEST(DesktopChecks, NameTheCommandsThatAreNotAllowed)

@@ -66,6 +66,8 @@ TEST(MacChecks, SayOfEachThingThatIsWantingWhatToDo)
         EXPECT_EQ(std::ranges::count_if(checks, [](auto const& other) { return other.state != State::ok; }), 1) << "one cause, one complaint";
         EXPECT_EQ(macChecks(*decodedMacFindings(encoded(found))), checks) << "and it arrives at a command";
     }
+    for (auto const& check : macChecks(everything()))
+        EXPECT_TRUE(std::ranges::count(rows, check.name, &Row::check)) << check.name << " has no row";
 }
 
 TEST(MacChecks, AreSilentAboutWhatOnlyTheRunningProgramKnows)
