@@ -1,6 +1,7 @@
 // What the menu editor takes with 10,000 items, against the same with 100: what a person
 // waits for must not grow with the menu, or hardly.
 
+#include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuIcon.h"
 #include "app/settings/SettingsModels.h"
 #include "base/MainThread.h"
@@ -114,7 +115,8 @@ private:
     KresUpdater m_updater { { m_resources, { m_userNotifications, m_application, m_resources },
         [](UpdateChannels&, UpdateUserDriver&) { return std::make_unique<fakes::FakeUpdateEngine>(); } } };
     ThemeIconSource m_themeIcons { m_time, m_time };
-    MenuIcon m_icons { m_themeIcons, Url::fromPath("/") };
+    DynamicMenuProvider m_lists;
+    MenuIcon m_icons { m_themeIcons, m_lists, Url::fromPath("/") };
     fakes::FakeFilePanels m_panels;
     fakes::FakeAlerts m_alerts;
     SettingsModels m_models { { m_store, m_preferences, m_hotkeys, m_backups, m_loginItem, m_updater, m_files, m_locations, m_resources, m_icons, m_panels,

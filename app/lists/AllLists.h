@@ -22,7 +22,7 @@
 ///    RecentItemsLists shows what it knows and asks anew.
 /// 3. Here: that function, declared and among `listAdders`.
 /// 4. app/resources/Library.plist and "Library (Linux).plist": a record each, so that the kind can
-///    be put into a menu.
+///    be put into a menu; ItemLibraryTest misses it there.
 /// 5. tests/app/lists/ListsTest.cpp: its row; a kind that fills itself and has no list fails there.
 ///
 /// What it asks the system for is a seam in platform/lists; for what none tells yet,
