@@ -151,7 +151,7 @@ struct OpenedFolder : MenuBench {
     }
 
     FolderListings realFolders { std::make_shared<LinuxFolderReader>(DesktopAudience { userLanguages(), {} }), time };
-    SubmenuSources realSources { realFolders, recentItems, dynamicLists, listedFolders, time };
+    SubmenuSources realSources { realFolders, lists, listedFolders, time };
     MenuBuilder realBuilder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, realSources };
     MenuEntry entry;
 };

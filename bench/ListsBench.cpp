@@ -201,7 +201,7 @@ void settingsPanesOnMain(benchmark::State& state)
     auto& machine = Machine::shared();
     ListsFixture lists;
     for (auto _ : state) {
-        lists.settingsPanes.panes = settingsPanesIn(machine.index, {});
+        lists.settingsPanes.panes = settingsPanesIn(machine.index);
         benchmark::DoNotOptimize(lists.entries(MenuItemKind::systemPrefs));
     }
 }
