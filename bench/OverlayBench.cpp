@@ -48,7 +48,7 @@ public:
         : m_panels(panels)
     {
     }
-    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelStyle const& style, OverlayPanelContent& content) override
+    std::unique_ptr<OverlayPanel> create(Rect const& frame, OverlayPanelContent& content) override
     {
         struct Panel : OverlayPanel {
             Panel(std::unique_ptr<OverlayPanel> real, WatchedPanels& owner)
@@ -57,19 +57,19 @@ public:
             {
             }
             Rect frame() const override { return m_real->frame(); }
-            void setFrameAndDisplay(Rect const& wanted) override
+            void setFrame(Rect const& wanted) override
             {
-                m_real->setFrameAndDisplay(wanted);
+                m_real->setFrame(wanted);
                 m_owner.lastFrame = wanted;
             }
-            void orderFrontRegardless() override { m_real->orderFrontRegardless(); }
-            void orderOut() override { m_real->orderOut(); }
-            void setNeedsDisplay() override { m_real->setNeedsDisplay(); }
+            void show() override { m_real->show(); }
+            void hide() override { m_real->hide(); }
+            void redraw() override { m_real->redraw(); }
             std::unique_ptr<OverlayPanel> m_real;
             WatchedPanels& m_owner;
         };
         lastFrame = frame;
-        return std::make_unique<Panel>(m_panels.create(frame, style, content), *this);
+        return std::make_unique<Panel>(m_panels.create(frame, content), *this);
     }
 
     Rect lastFrame;

@@ -11,13 +11,7 @@
 #include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/settings/MenuEditorView.h"
 #include "platform/linux/store/PlistUserDefaults.h"
-#include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeFilePanels.h"
-#include "tests/fakes/FakeFiles.h"
-#include "tests/fakes/FakeHotkeys.h"
-#include "tests/fakes/FakeShell.h"
-#include "tests/fakes/FakeTime.h"
-#include "tests/fakes/FakeUpdates.h"
+#include "tests/fakes/FakeSystem.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -94,34 +88,54 @@ private:
         return items;
     }
 
-    LinuxFileSystem m_files;
+    /// A machine in memory but for its disk and its settings.
+    System system()
+    {
+        auto const others = m_machine.system();
+        return { .kind = SystemKind::linuxDesktop,
+            .files = { .defaults = m_defaults,
+                .resources = m_machine.resources,
+                .disk = m_files,
+                .bookmarks = m_bookmarks,
+                .aliases = m_machine.aliases,
+                .folders = m_machine.folders },
+            .time = others.time,
+            .lists = others.lists,
+            .session = others.session,
+            .places = others.places };
+    }
+
+    std::shared_ptr<LinuxFileSystem> m_files = std::make_shared<LinuxFileSystem>();
     LinuxBookmarks m_bookmarks;
-    LocationServices m_locations { m_files, m_bookmarks };
+    LocationServices m_locations { *m_files, m_bookmarks };
     PlistUserDefaults m_defaults;
-    fakes::FakeResources m_resources;
-    MenuStore m_store { { m_defaults, m_resources, m_locations } };
+    fakes::FakeSystem m_machine;
+    fakes::FakeSurface m_screen;
+    System m_system = system();
+    Surface m_surface = m_screen.surface();
+    MenuStore m_store { { m_defaults, m_machine.resources, m_locations } };
     Preferences m_preferences { m_defaults };
-    fakes::FakeHotkeyRegistrar m_registrar;
-    fakes::FakeKeyboardLayoutSource m_keyboard;
     Notifications m_notifications;
-    KeyboardLayout m_layout { m_keyboard, m_notifications };
-    HotkeyCenter m_hotkeys { m_registrar, m_layout };
-    fakes::FakeTime m_time;
-    MenuBackups m_backups { { m_files, m_time }, Url::fromPath("/nonexistent") };
-    fakes::FakeLoginService m_loginService;
-    LoginItem m_loginItem { m_loginService };
-    fakes::FakeUserNotifications m_userNotifications;
-    fakes::FakeApplication m_application;
-    KresUpdater m_updater { { m_resources, { m_userNotifications, m_application, m_resources },
-        [](UpdateChannels&, UpdateUserDriver&) { return std::make_unique<fakes::FakeUpdateEngine>(); } } };
-    ThemeIconSource m_themeIcons { m_time, m_time };
+    KeyboardLayout m_layout { m_screen.keyboardLayout, m_notifications };
+    HotkeyCenter m_hotkeys { m_screen.hotkeys, m_layout };
+    MenuBackups m_backups { { *m_files, m_machine.time }, Url::fromPath("/nonexistent") };
+    LoginItem m_loginItem { m_screen.loginService };
+    KresUpdater m_updater { { m_machine.resources, { m_screen.notifications, m_screen.application, m_machine.resources }, m_surface.home.makeUpdateEngine } };
+    ThemeIconSource m_themeIcons { m_machine.time, m_machine.time };
     DynamicMenuProvider m_lists;
     MenuIcon m_icons { m_themeIcons, m_lists, Url::fromPath("/") };
-    fakes::FakeFilePanels m_panels;
-    fakes::FakeAlerts m_alerts;
-    SettingsModels m_models { { m_store, m_preferences, m_hotkeys, m_backups, m_loginItem, m_updater, m_files, m_locations, m_resources, m_icons, m_panels,
-        m_alerts, m_defaults, SettingsWording::linuxDesktop(), {}, {}, [](Url const&) {}, [] {}, [](std::string const&) {}, [] { return std::string(); },
-        {} } };
+    SettingsModels m_models { { .system = m_system,
+        .surface = m_surface,
+        .store = m_store,
+        .preferences = m_preferences,
+        .hotkeys = m_hotkeys,
+        .backups = m_backups,
+        .loginItem = m_loginItem,
+        .updater = m_updater,
+        .icons = m_icons,
+        .overlayProblem = {},
+        .showReadMe = [] {},
+        .openSettingsPane = [](std::string_view) {} } };
     MenuEditorView m_view { m_models, {} };
     QTreeView* m_outline = nullptr;
     QLineEdit* m_title = nullptr;

@@ -53,8 +53,10 @@ TEST_F(Program, ListsShowTheirOwnAndAskForWhatTakesLongWhenTheMenuOpens)
 {
     machine.folders->folders["/data/Items"] = { { "Item" } };
     machine.folders->folders["/data/Backups"] = { { "Backup" } };
+    Preferences(machine.defaults).setShowIcons(true);
     launchWith({ item(Kind::zantheVellItems), item(Kind::recentApps) });
     EXPECT_EQ(firstList(), (Lines { "Item" }));
+    EXPECT_EQ(menu().entries.at(0).image->name(), "file:/data/Items");
     ASSERT_EQ(machine.recentFiles.searches.size(), 1U);
     EXPECT_EQ(machine.recentFiles.searches[0]->question.scope, RecentItemsScope::applications);
     app->delegate().store().replaceAll({ item(Kind::shortcuts) });
@@ -186,6 +188,14 @@ TEST_F(Program, LaunchesEveryPartOnceAndReopensTheSettings)
     EXPECT_EQ(front.settingsWindow.opened, 0);
     app->reopen();
     EXPECT_EQ(front.settingsWindow.opened, 1);
+}
+
+TEST_F(Program, CountsNoLaunchFromAPlaceThatCannotBeWritten)
+{
+    (void)machine.defaults.setObject("LaunchCount", std::int64_t { 1 });
+    machine.files.readOnly.insert(machine.places.bundle.path());
+    launch();
+    EXPECT_TRUE(front.notesWindows.layouts.empty());
 }
 
 TEST_F(Program, WithoutAnyPresenceSomethingStillLeadsToIt)
