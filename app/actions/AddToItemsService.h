@@ -13,7 +13,7 @@
 
 namespace zv {
 
-/// What the user is told after adding; nothing when all went well.
+/// The alert to show after adding; empty when all went well.
 [[nodiscard]] std::optional<Alert> alertFor(ItemsFolder::Outcome const& outcome, Url const& folder);
 
 /// The command "Add to Zanthe Vell Items" of other programs. Main thread only.
@@ -32,10 +32,10 @@ public:
     {
     }
 
-    /// Starts adding and returns at once: who asked is never kept waiting. What is not a
-    /// file is ignored; the failure is the sentence for who asked when nothing is left.
+    /// Starts adding and returns at once. URLs that are no files are ignored; fails with a sentence
+    /// for the caller when none is left.
     [[nodiscard]] Result<void> addToZantheVellItems(std::vector<Url> urls);
-    /// Called after each adding has ended, before any alert.
+    /// Called after each adding, before any alert.
     std::function<void(ItemsFolder::Outcome const&)> onAdded;
 
 private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int highestNumber = 1000;
 
-/// "Report.pdf" → "Report 2.pdf"; the first is the name itself.
+/// "Report.pdf" → "Report 2.pdf"; number 1 keeps the name.
 std::string numberedName(std::string_view name, int number)
 {
     if (number == 1)
@@ -52,12 +52,12 @@ std::string ItemsFolder::fileNameFor(Url const& url) const
         name = m_files.localizedName(url);
     if (!isUsableAsFileName(name))
         name = "Untitled";
-    // A volume's label may hold what a file's name cannot.
+    // Volume labels may hold a slash, which file names cannot.
     std::replace(name.begin(), name.end(), '/', ':');
     return name;
 }
 
-/// The name may be taken between the look and the making; then the next one is tried.
+/// Tries the next number when the name is taken, also if that happens after the look.
 Result<void> ItemsFolder::addOne(Url const& url, std::string const& name) const
 {
     for (int number = 1; number <= highestNumber; ++number) {

@@ -12,8 +12,8 @@
 
 namespace zv {
 
-/// The folder of the user's own items, and what adding to it does. A small value; its
-/// operations block their caller, on any thread. The services outlive it.
+/// The folder of the user's own items, and how files are added to it. A small value; its operations
+/// block their caller, on any thread. The services outlive it.
 class ItemsFolder {
 public:
     struct Problem {
@@ -22,7 +22,7 @@ public:
         friend bool operator==(Problem const&, Problem const&) = default;
     };
     struct Failure {
-        std::string noAvailableName; ///< the name of which there are a thousand
+        std::string noAvailableName; ///< the name whose thousand numbers are all taken
         [[nodiscard]] std::string description() const;
     };
     struct Outcome {
@@ -38,7 +38,7 @@ public:
     {
     }
 
-    /// The folder's place where nothing else is said: in the Library folder of `home`.
+    /// The default place: in the Library folder of `home`.
     [[nodiscard]] static Url defaultUrl(Url const& home) { return home.appending("Library").appending("Zanthe Vell Items"); }
 
     [[nodiscard]] Url const& url() const { return m_url; }

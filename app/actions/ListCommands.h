@@ -4,14 +4,14 @@
 
 namespace zv {
 
-/// What the entries of the shortcuts' submenu ask for. Main thread only.
+/// Requests from the entries of the shortcuts' submenu. Main thread only.
 class ShortcutCommands {
 public:
     virtual ~ShortcutCommands() = default;
     virtual void runShortcut(std::string const& id, std::string const& name) = 0;
 };
 
-/// What the entries of the network locations' submenu ask for. Main thread only.
+/// Requests from the entries of the network locations' submenu. Main thread only.
 class LocationCommands {
 public:
     virtual ~LocationCommands() = default;

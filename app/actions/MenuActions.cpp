@@ -47,7 +47,7 @@ bool MenuActions::performInProgram(MenuItem const& item)
     return true;
 }
 
-/// Before the first file is added there is no folder yet that could be shown.
+/// Creates the folder first: it does not exist before the first file is added.
 void MenuActions::revealItemsFolder()
 {
     auto const& folder = m_services.system.places.itemsFolder;
@@ -100,7 +100,7 @@ bool MenuActions::openPlace(MenuItem const& item)
     return true;
 }
 
-/// A desktop without its own words about the computer gets ours.
+/// Shows our own alert about the computer where the desktop has none.
 void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
 {
     if (place != SystemPlace::aboutComputer)

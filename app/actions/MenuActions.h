@@ -15,16 +15,16 @@
 
 namespace zv {
 
-/// What happens when an entry is chosen. Main thread only.
+/// Carries out chosen entries. Main thread only.
 class MenuActions : public MenuCommands, public ShortcutCommands, public LocationCommands {
 public:
-    /// What the actions ask of the rest of the program; an empty one does nothing.
+    /// Calls to the rest of the program; an empty one does nothing.
     struct Shell {
         std::function<void()> openSettingsWindow;
         std::function<bool()> canCheckForUpdates;
         std::function<void()> checkForUpdates;
     };
-    /// All that is referred to outlives the actions.
+    /// All references outlive the actions.
     struct Services {
         System const& system;
         Desk const& desk;

@@ -27,11 +27,11 @@ public:
     {
     }
 
-    /// Empty when nothing is known.
+    /// Empty when the tool gives no list.
     [[nodiscard]] std::vector<Location> list() const;
     [[nodiscard]] bool select(std::string const& id) const;
 
-    /// One line of the tool's list; nothing for its header and for anything else.
+    /// Parses one line of the tool's list; empty for its header and other text.
     [[nodiscard]] static std::optional<Location> parseLine(std::string_view line);
 
 private:

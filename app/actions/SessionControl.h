@@ -28,7 +28,7 @@ public:
         Case reason = Case::sendFailed;
         std::int32_t status = 0; ///< of sendFailed
 
-        /// The failure as such: "sendFailed(-600)".
+        /// The failure as text: "sendFailed(-600)".
         [[nodiscard]] std::string description() const;
         friend bool operator==(Failure const&, Failure const&) = default;
     };
@@ -40,9 +40,9 @@ public:
     {
     }
 
-    /// Nothing for a kind that is no session event.
+    /// Empty for a kind that is no session event.
     [[nodiscard]] static std::optional<SessionEvent> eventFor(MenuItemKind const& kind);
-    /// Calls `done` once: at once where the system answers at once, else later.
+    /// Calls `done` once: at once if the system answers at once, else later.
     void send(SessionEvent event, Done done);
 
 private:

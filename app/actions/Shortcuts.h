@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// One of the user's shortcuts.
+/// A shortcut of the user's.
 struct Shortcut {
     std::string id; ///< a UUID in its standard text form
     std::string name;
@@ -24,7 +24,7 @@ struct ShortcutFolder {
 
 struct ShortcutsLibrary {
     std::vector<ShortcutFolder> folders;
-    std::vector<Shortcut> ungrouped; ///< those in no folder
+    std::vector<Shortcut> ungrouped; ///< shortcuts in no folder
     std::optional<std::string> failure; ///< the first thing that went wrong while listing
     friend bool operator==(ShortcutsLibrary const&, ShortcutsLibrary const&) = default;
 };

@@ -73,7 +73,7 @@ Result<std::vector<Shortcut>, ShortcutsProvider::Failure> ShortcutsProvider::lis
 ShortcutsLibrary ShortcutsProvider::loadLibrary() const
 {
     ShortcutsLibrary library;
-    // The first failure is told; what could be listed is kept.
+    // Keeps the first failure, and all that could be listed.
     auto const listed = [&](std::vector<std::string> arguments) -> std::optional<std::vector<Shortcut>> {
         auto result = list(std::move(arguments));
         if (result)

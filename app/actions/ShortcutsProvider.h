@@ -36,12 +36,12 @@ public:
 
     [[nodiscard]] Result<std::string, Failure> runTool(
         std::vector<std::string> arguments, ToolOutput output, std::optional<std::chrono::milliseconds> timeout) const;
-    /// Never fails: what goes wrong lands in the library's `failure`.
+    /// Never fails: errors land in the library's `failure`.
     [[nodiscard]] ShortcutsLibrary loadLibrary() const;
-    /// Takes as long as the shortcut does.
+    /// Blocks as long as the shortcut runs.
     [[nodiscard]] Result<void, Failure> run(std::string const& id) const;
 
-    /// "Name (UUID)", the form of all lists of the tool.
+    /// Parses "Name (UUID)", the form of all lists of the tool.
     [[nodiscard]] static std::optional<Shortcut> parseLine(std::string_view line);
 
 private:

@@ -20,25 +20,25 @@ public:
         std::string message {}; ///< of scriptError
 
         [[nodiscard]] static Failure scriptError(std::string message) { return { Case::scriptError, std::move(message) }; }
-        /// The failure as such: scriptError("…").
+        /// The failure as text: scriptError("…").
         [[nodiscard]] std::string description() const;
         friend bool operator==(Failure const&, Failure const&) = default;
     };
     using Done = std::function<void(Result<void, Failure>)>;
 
-    /// `tellsUser` says what is about to happen; false when the user would rather not.
+    /// `tellsUser` announces the next step; it gives false when the user declines.
     SystemEventsBridge(ScriptRunner& runner, std::function<bool()> tellsUser)
         : m_runner(runner)
         , m_tellsUser(std::move(tellsUser))
     {
     }
 
-    /// The script of a kind that is carried out by one.
+    /// The kind's script; empty if it has none.
     [[nodiscard]] static std::optional<Script> scriptFor(MenuItemKind const& kind);
-    /// Of the five Dock kinds only.
+    /// For the five Dock kinds only.
     [[nodiscard]] static std::optional<std::string> dockScript(MenuItemKind const& kind);
 
-    /// Calls `done` once: at once where the system answers at once, else later.
+    /// Calls `done` once: at once if the system answers at once, else later.
     void run(Script const& script, Done done);
 
 private:

@@ -12,7 +12,7 @@ using Form = SystemPlaceTarget::Form;
 constexpr std::string_view settingsApplication = "/System/Applications/System Settings.app";
 constexpr std::string_view operatingSystemPage = "https://www.apple.com/macos/";
 
-/// Panes go by the bundle identifiers of what lies in /System/Library/ExtensionKit/Extensions; no document lists them.
+/// Panes are named by bundle identifiers in /System/Library/ExtensionKit/Extensions; no document lists them.
 constexpr SystemPlaceTarget targets[] = {
     { MenuItemKind::aboutThisMac, SystemPlace::aboutComputer, Form::settingsPane, "com.apple.SystemProfiler.AboutExtension" },
     { MenuItemKind::appStore, SystemPlace::softwareStore, Form::application, "/System/Applications/App Store.app" },

@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// Where a command leads on the systems on which that never changes.
+/// The target of a command on systems where it is fixed.
 struct SystemPlaceTarget {
     enum class Form : std::uint8_t { settingsPane, application, webPage };
     MenuItemKind::Case kind;
