@@ -55,7 +55,7 @@ std::optional<DoctorCheck> windowManagerCheck(DesktopFindings const& found)
         "Start the desktop’s own, or one such as openbox." };
 }
 
-/// On Wayland the display's own check tells of it.
+/// X11 only: the display's check covers Wayland.
 std::optional<DoctorCheck> cornerCheck(DesktopFindings const& found)
 {
     if (!isOnX11(found))

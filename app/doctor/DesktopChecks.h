@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// What the findings mean for the program, and what to do about each that is wanting.
+/// The checks made of the findings, with a remedy for each that is wanting.
 [[nodiscard]] std::vector<DoctorCheck> desktopChecks(DesktopFindings const& findings);
 
 } // namespace zv

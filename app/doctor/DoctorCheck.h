@@ -6,12 +6,12 @@
 
 namespace zv {
 
-/// What was found out about one thing that the program can do on this desktop.
+/// The state of one thing that the program can do on this desktop.
 ///
 /// To add a check:
 /// 1. platform/program/DesktopFindings.h: what was found, as a fact without words; MacFindings.h for a Mac.
-/// 2. platform/linux/doctor: DesktopSurvey looks, or DisplaySurvey where it takes a display; Survey.mm on a Mac. What
-///    any system can tell needs neither of the two: ProgramChecks looks itself.
+/// 2. platform/linux/doctor: DesktopSurvey looks, or DisplaySurvey where it takes a display; Survey.mm on a Mac. Facts
+///    that any system can tell need neither: ProgramChecks looks itself.
 /// 3. DesktopChecks.cpp, MacChecks.cpp or ProgramChecks.cpp: what it means, and what to do about it.
 /// 4. tests/app/doctor: a row of what is wanting; a check without one fails there.
 struct DoctorCheck {
@@ -25,12 +25,12 @@ struct DoctorCheck {
     friend bool operator==(DoctorCheck const&, DoctorCheck const&) = default;
 };
 
-/// What the settings say about it: nothing when all is well.
+/// The note in the settings; empty when all is well.
 [[nodiscard]] std::optional<std::string> noteOf(DoctorCheck const& check);
 
 /// A line for each check, its remedy below it.
 [[nodiscard]] std::string doctorText(std::span<DoctorCheck const> checks);
-/// [{"name":…,"state":"ok"|"limited"|"missing","explanation":…,"remedy":…}]; the remedy only where there is one.
+/// [{"name":…,"state":"ok"|"limited"|"missing","explanation":…,"remedy":…}]; no remedy if it is empty.
 [[nodiscard]] std::string doctorJson(std::span<DoctorCheck const> checks);
 
 } // namespace zv

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// Whether shortcuts work while other programs have the keyboard.
+/// Checks whether shortcuts work while other programs have the keyboard.
 [[nodiscard]] DoctorCheck hotkeyCheck(HotkeySupport support);
 
 } // namespace zv

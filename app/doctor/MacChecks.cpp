@@ -101,7 +101,7 @@ std::vector<DoctorCheck> macChecks(MacFindings const& found)
 
 namespace {
 
-/// The value at a key, of those up to `last`.
+/// The enumerator at the key; `otherwise` if missing or above `last`.
 template <class Enumeration> Enumeration valueAt(Json const& json, char const* key, Enumeration last, Enumeration otherwise)
 {
     auto const found = json.find(key);

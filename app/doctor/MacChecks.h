@@ -10,12 +10,12 @@
 
 namespace zv {
 
-/// What the findings mean for the program, and what to do about each that is wanting.
+/// The checks made of the findings, with a remedy for each that is wanting.
 [[nodiscard]] std::vector<DoctorCheck> macChecks(MacFindings const& findings);
 
-/// As a text that the running program hands to a command.
+/// The findings as text, for the running program to hand to a command.
 [[nodiscard]] std::string encoded(MacFindings const& findings);
-/// Nothing for a text that holds none.
+/// Empty when the text holds no findings.
 [[nodiscard]] std::optional<MacFindings> decodedMacFindings(std::string_view text);
 
 } // namespace zv

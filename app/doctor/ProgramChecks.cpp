@@ -32,7 +32,7 @@ DoctorCheck menuCheck(MenuStore const& store)
     return { "Menu", State::ok, "The menu can be read.", {} };
 }
 
-/// A folder that is not there yet can be made where its nearest parent can be written.
+/// Tests the nearest existing parent of a folder that does not exist yet.
 bool canBeWritten(Url folder, FileSystem const& files)
 {
     while (!files.isTaken(folder) && folder != folder.parent())

@@ -9,14 +9,14 @@
 
 namespace zv {
 
-/// A folder where something of the user's is kept.
+/// A folder that keeps data of the user's.
 struct KeptFolder {
     std::string name; ///< of its check: "Backups"
     Url folder;
 };
 
-/// What can be found out on any system, without a display: the program, its resources, and
-/// the places where it keeps what is the user's.
+/// The checks that need no display and work on any system: the program, its resources, and the
+/// folders of the user's data.
 [[nodiscard]] std::vector<DoctorCheck> programChecks(
     RunningProgram const& program, Resources const& resources, FileSystem const& files, MenuStore const& store, std::vector<KeptFolder> const& folders);
 
