@@ -16,7 +16,7 @@
 
 namespace zv {
 
-/// What the pre-scan reads with; shared, as a scan that hangs outlives everything else.
+/// The pre-scan's readers; shared, as a scan that hangs outlives everything else.
 struct PrescanServices {
     Tasks& tasks;
     std::shared_ptr<FolderReader const> reader;
@@ -30,28 +30,28 @@ public:
     /// The center outlives this.
     FileHotkeys(PrescanServices services, HotkeyCenter& center);
 
-    /// Puts what the folder's entries carry in the place of what was known of it. When that
-    /// is the same, nothing is installed: folders are listed far more often than renamed in.
+    /// Replaces the folder's shortcuts. Installs nothing when they are the same: folders are listed
+    /// far more often than renamed in.
     void folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys) override;
-    /// Puts a pre-scan's result over what is known; an empty one installs nothing.
+    /// Merges a pre-scan's result over the known shortcuts; an empty one installs nothing.
     void install(ShortcutsByFolder prescanned);
-    /// Looks through the folders off the main thread and installs what it finds. A scan that
-    /// runs already goes on; the last result to arrive is the one that stands.
+    /// Scans the folders off the main thread and installs the shortcuts found. A running scan goes
+    /// on; the last result to arrive wins.
     void prescan(std::vector<Url> roots, std::int64_t depth, HiddenFiles hiddenFiles);
 
 private:
-    /// False when the folder's shortcuts are what they were.
+    /// False when the folder's shortcuts have not changed.
     bool replace(std::string const& folderPath, FolderShortcuts shortcuts);
     void installUnion();
 
     PrescanServices m_services;
     HotkeyCenter& m_center;
-    ShortcutsByFolder m_byFolder; ///< only folders that have some
+    ShortcutsByFolder m_byFolder; ///< only folders with shortcuts
     Lifetime m_lifetime;
 };
 
-/// The folders to look through for shortcuts: those of the visible file items, depth first,
-/// then the Items folder; without links, each once.
+/// The folders to scan for shortcuts: those of the visible file items, depth first, then the Items
+/// folder; resolved, each once.
 [[nodiscard]] std::vector<Url> foldersToPrescan(std::vector<MenuItem> const& items, Url const& itemsFolder, LocationServices services);
 
 } // namespace zv

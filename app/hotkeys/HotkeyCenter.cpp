@@ -27,8 +27,8 @@ std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
 
 } // namespace
 
-/// What one walk over items and files gathers. A shortcut's text is used up by the first
-/// target that has it, even where its key is not on the keyboard.
+/// The result of one walk over items and files. A shortcut's text is used up by the first target
+/// that has it, even if its key is not on the keyboard.
 struct HotkeyCenter::Pass {
     std::unordered_set<std::string> used;
     std::vector<Wanted> wanted;
@@ -151,7 +151,7 @@ void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& p
 void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
 {
     if (m_support == HotkeySupport::none)
-        return; // nobody else holds them either: not a conflict
+        return; // no other program holds them: not a conflict
     std::vector<KeyChord> chords(wanted.size());
     std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
     auto const succeeded = m_registrar.claimAll(m_nextHotKeyID, chords);
@@ -172,7 +172,7 @@ void HotkeyCenter::setConflicts(std::set<Conflict> conflicts)
     m_observers.changed(conflictsProperty);
 }
 
-/// A service may come to answer only while the program runs.
+/// Support may change: a service may answer only later.
 void HotkeyCenter::noteSupport()
 {
     auto const support = m_registrar.support();
@@ -194,7 +194,7 @@ void HotkeyCenter::pressed(HotkeyID id)
     auto const found = m_registrations.find(id);
     if (found == m_registrations.end() || !onTrigger)
         return;
-    // Copies, as what the press does may well lead to another pass.
+    // Copies: the trigger may cause another pass.
     auto const target = found->second.target;
     auto const trigger = onTrigger;
     trigger(target);

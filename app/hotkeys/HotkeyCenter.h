@@ -18,8 +18,8 @@
 
 namespace zv {
 
-/// Makes every shortcut of the menu and of file names a system-wide hotkey, calls back when
-/// one is pressed, and knows which could not be registered. Main thread only.
+/// Makes every shortcut of the menu and of file names a system-wide hotkey, calls back when one is
+/// pressed, and records conflicts. Main thread only.
 class HotkeyCenter : public MenuItemsSink {
 public:
     using Target = HotkeyTarget;
@@ -47,17 +47,17 @@ public:
     HotkeyCenter(HotkeyCenter const&) = delete;
     HotkeyCenter& operator=(HotkeyCenter const&) = delete;
 
-    /// Setting either is followed by reregister(), once all that changes is set.
+    /// The setters do not register: call reregister() once all is set.
     void setMenuItems(std::vector<MenuItem> items);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
     /// Sets the items and registers again.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
-    /// Registers everything anew: the items depth first, then the files by path. Ids go on
-    /// rising, so that a press under an id of an earlier pass finds nothing.
+    /// Registers everything anew: items depth first, then files by path. Ids keep rising, so that a
+    /// press under an earlier pass's id finds nothing.
     void reregister();
     void unregisterAll();
-    /// Nothing is held until resume(), whatever registers anew meanwhile: while a shortcut is
+    /// Releases all hotkeys until resume(), whatever registers anew meanwhile: while a shortcut is
     /// recorded, every combination must reach the recorder.
     void pause();
     void resume();
@@ -66,10 +66,10 @@ public:
     /// Reading them within withObservationTracking() observes them.
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
 
-    /// How far they work on this desktop. Reading it within withObservationTracking() observes it.
+    /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
     [[nodiscard]] HotkeySupport support() const;
 
-    /// What to do when a hotkey is pressed.
+    /// Called when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
 
 private:

@@ -11,8 +11,8 @@ namespace zv {
 
 namespace {
 
-/// One folder to look into. Below a folder without links a real subfolder's path has none
-/// either, so only roots and links have to be resolved.
+/// A folder to scan. Real subfolders of a resolved folder are resolved already, so only roots and
+/// links have to be resolved.
 struct Candidate {
     Url url;
     std::int64_t level;
@@ -42,8 +42,7 @@ public:
     }
 
 private:
-    /// An item of the menu may well be a file or an application, which are not looked into.
-    /// Nor are remote folders: a silent one would keep this, and the program's end, waiting.
+    /// Skips files, applications and remote folders: a silent one would delay the scan, and the program's end.
     void addRoot(Url const& root)
     {
         if (m_reader.isRemote(root))
@@ -79,7 +78,7 @@ private:
 
     static void collect(Url const& folder, std::string_view name, FolderShortcuts& shortcuts)
     {
-        // Nearly no name has it, and reading the grammar costs more than the listing.
+        // Few names have the mark, and parsing costs more than the listing.
         if (name.find("-*[") == std::string_view::npos)
             return;
         FinderPopName const parsed(name);

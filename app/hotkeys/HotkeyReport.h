@@ -8,7 +8,7 @@ namespace zv {
 
 /// Registrations by id, then conflicts, as JSON:
 /// {"registrations":[{"id":1,"shortcut":"⌥⌘E","item":UUID}|{…,"file":PATH}],"conflicts":[{"shortcut":…,"item"|"file":…}]}
-/// A path that is not UTF-8 has replacement characters. Without a center there is nothing yet to report.
+/// Replaces invalid UTF-8 in paths. A null center gives an empty report.
 [[nodiscard]] std::string hotkeyReport(HotkeyCenter const* center);
 
 } // namespace zv

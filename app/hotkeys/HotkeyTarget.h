@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What a hotkey stands for: an item of the menu, or a file whose name carries the shortcut.
+/// A hotkey's target: an item of the menu, or a file whose name carries the shortcut.
 class HotkeyTarget {
 public:
     [[nodiscard]] static HotkeyTarget item(Uuid const& id) { return HotkeyTarget(id); }

@@ -9,7 +9,7 @@ namespace zv {
 
 namespace {
 
-/// Empty for a key that types nothing, or white space.
+/// Empty for a key that types nothing or white space.
 std::string_view typedCharacter(std::string const& text)
 {
     auto const first = firstGraphemes(text, 1);
@@ -58,7 +58,7 @@ void KeyboardLayout::observeSource()
     m_source.onChanged = [this] { layoutChanged(); };
 }
 
-/// The lowest key code that types a character wins, and an earlier layer over a later one.
+/// Prefers the earlier layer, then the lowest key code, for each character.
 KeyboardLayout::Table KeyboardLayout::buildTable() const
 {
     Table table;

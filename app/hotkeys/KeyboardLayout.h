@@ -11,8 +11,8 @@
 
 namespace zv {
 
-/// Which key types a character without modifiers. The table is built on the first
-/// question and dropped when the user selects another layout. Main thread only.
+/// Finds the key that types a character without modifiers. The table is built on the first query
+/// and dropped when the user selects another layout. Main thread only.
 class KeyboardLayout {
 public:
     /// Posted once for each change of the layout.
@@ -24,7 +24,7 @@ public:
     KeyboardLayout(KeyboardLayout const&) = delete;
     KeyboardLayout& operator=(KeyboardLayout const&) = delete;
 
-    /// Nothing when no key types the character without modifiers.
+    /// Empty when no key types the character without modifiers.
     [[nodiscard]] std::optional<std::uint16_t> keyCode(std::string_view character);
     /// Drops the table and posts the notification.
     void layoutChanged();
