@@ -9,7 +9,7 @@ namespace zv {
 
 namespace {
 
-/// The way to the rest of the world first, then interface by interface, IPv4 before IPv6.
+/// The default route's address first, then by interface, IPv4 before IPv6.
 bool comesBefore(InterfaceAddress const& a, InterfaceAddress const& b)
 {
     if (a.hasDefaultRoute != b.hasDefaultRoute)

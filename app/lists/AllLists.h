@@ -25,11 +25,10 @@
 ///    be put into a menu; ItemLibraryTest misses it there.
 /// 5. tests/app/lists/ListsTest.cpp: its row; a kind that fills itself and has no list fails there.
 ///
-/// What it asks the system for is a seam in platform/lists; for what none tells yet,
-/// platform/System.h has the recipe of a new one.
+/// The list asks the system through a seam in platform/lists; platform/System.h has the recipe for a new one.
 namespace zv {
 
-/// What lists are made from. All of it outlives them.
+/// The services that lists use; all outlive them.
 struct ListServices {
     Preferences const& preferences;
     FolderListings& folders;

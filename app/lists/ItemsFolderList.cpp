@@ -5,14 +5,13 @@ namespace zv {
 
 namespace {
 
-/// A folder that nobody has made yet is an empty list.
+/// A folder that does not exist yet is an empty list.
 std::vector<DynamicEntry> entriesOf(FolderListing const& listing)
 {
     return listing.failure == FolderReadFailure::notFound ? std::vector<DynamicEntry> {} : listing.entries;
 }
 
-/// The user's own items. On a volume that may not answer, the folder is neither read nor looked
-/// for on the main thread.
+/// The user's own items. A folder on a volume that may not answer is not touched on the main thread.
 class ItemsFolderList : public DynamicList {
 public:
     ItemsFolderList(FolderListings& folders, Preferences const& preferences, Url folder)

@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-/// What several lists make their entries with.
+/// Helpers for the lists' entries.
 namespace zv {
 
 [[nodiscard]] DynamicEntry namedEntry(std::string id, std::string const& title);
-/// Stands for a whole list that is not to be had.
+/// The only entry of a list that is unavailable.
 [[nodiscard]] DynamicEntry unavailableEntry(std::string title, std::string reason);
 
-/// In localized standard order of their sortName; equal names keep their order.
+/// Sorts by sortName in localized standard order; equal names keep their order.
 void sortByName(std::vector<DynamicEntry>& entries);
 /// Keeps the first entry of each id.
 void dropDoubles(std::vector<DynamicEntry>& entries);

@@ -12,20 +12,20 @@
 
 namespace zv {
 
-/// Keeps the last known recent-item lists, so that their submenus fill at once. A list is
-/// asked for at most every five seconds, never twice at the same time. Main thread only.
+/// Caches the recent-item lists, so that their submenus fill at once. Queries a list at most every
+/// five seconds, never twice at the same time. Main thread only.
 class RecentItemsCache {
 public:
     using Done = std::function<void(std::vector<DynamicEntry> const&)>;
 
     RecentItemsCache(RecentItemsProvider& provider, Preferences const& preferences, Clock const& clock);
 
-    /// Whatever their age; null before the first query for the scope has come back. The
-    /// pointer holds until the next turn of the loop.
+    /// The cached list of any age; null before the scope's first query has ended. The pointer holds
+    /// until the next turn of the loop.
     [[nodiscard]] std::vector<DynamicEntry> const* entries(RecentItemsScope scope) const;
-    /// Starts a query, unless one is running or what is here is fresh and of the current limit.
+    /// Starts a query, unless one is running or the cached list is fresh and of the current limit.
     void refresh(RecentItemsScope scope);
-    /// Hands over the result of the running query, or of one that it starts.
+    /// Calls `done` with the result of the running query, or of a new one.
     void load(RecentItemsScope scope, Done done);
 
 private:
@@ -43,7 +43,7 @@ private:
     Preferences const& m_preferences;
     Clock const& m_clock;
     std::map<RecentItemsScope, Cached> m_cached;
-    std::map<RecentItemsScope, std::vector<Done>> m_queries; ///< the running ones, with those who wait for them
+    std::map<RecentItemsScope, std::vector<Done>> m_queries; ///< running queries, with their waiting callers
     Lifetime m_lifetime;
 };
 

@@ -6,7 +6,7 @@ namespace zv {
 
 namespace {
 
-/// What the four lists share.
+/// State shared by the four lists.
 struct RecentItems {
     explicit RecentItems(ListServices const& services)
         : provider(services.seams.recentFiles, [&files = services.files](Url const& url) { return fileEntry(url, files); })
@@ -18,7 +18,7 @@ struct RecentItems {
     RecentItemsCache cache;
 };
 
-/// Shows the last known list at once, and asks anew for the next opening.
+/// Shows the last known list at once and refreshes it for the next opening.
 class RecentItemsList : public DynamicList {
 public:
     RecentItemsList(MenuItemKind::Case kind, RecentItemsScope scope, std::shared_ptr<RecentItems> items)

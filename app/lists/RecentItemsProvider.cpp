@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::chrono::days usedWithin { 30 };
 
-/// From the name alone, for a file that must not be touched.
+/// Uses the name alone, for a file that must not be touched.
 DynamicEntry entryFromName(std::string const& path, bool isDirectory)
 {
     auto const url = Url::fromPath(path);
@@ -27,7 +27,7 @@ void RecentItemsProvider::entries(Scope scope, std::int64_t limit, std::function
     auto const wanted = static_cast<std::size_t>(std::max<std::int64_t>(limit, 0));
     auto const place = m_running.emplace(m_running.end());
     *place = m_files.find({ scope, usedWithin, wanted }, [this, place, done = std::move(done)](std::vector<RecentFile> const& files) {
-        // Taken out first: the caller may ask anew from within its callback.
+        // Removed first: the callback may start a new query.
         auto const ended = std::move(*place);
         m_running.erase(place);
         Entries entries;

@@ -11,8 +11,7 @@
 
 namespace zv {
 
-/// What was used in the last thirty days, newest first, as entries. Main thread only,
-/// callbacks too.
+/// The items used in the last thirty days, newest first, as entries. Main thread only, callbacks too.
 class RecentItemsProvider {
 public:
     using Scope = RecentItemsScope;
@@ -28,7 +27,7 @@ public:
     RecentItemsProvider(RecentItemsProvider const&) = delete;
     RecentItemsProvider& operator=(RecentItemsProvider const&) = delete;
 
-    /// At most `limit` entries. Calls `done` exactly once, never before it returns, and never
+    /// Finds at most `limit` entries. Calls `done` exactly once, never before it returns, and never
     /// after this provider is gone.
     void entries(Scope scope, std::int64_t limit, std::function<void(Entries)> done);
 

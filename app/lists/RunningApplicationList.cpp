@@ -5,8 +5,7 @@ namespace zv {
 
 namespace {
 
-/// An entry that does something needs a URL; an application without a file of its own
-/// gets one that names it.
+/// The application's file, else a URL made of its id: an entry with an action needs one.
 Url urlNaming(RunningApplication const& application)
 {
     if (application.url)

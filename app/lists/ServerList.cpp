@@ -43,13 +43,13 @@ std::string decoded(std::string_view escaped)
     return displayText(path.empty() ? path : path.substr(1));
 }
 
-/// What a server's URL says of it: where it opens, and what it is called.
+/// A server's address to open, and its title.
 struct Server {
     Url url;
     std::string title;
 };
 
-/// Without a password, which has no place in a menu.
+/// The user without the password, which has no place in a menu.
 std::string publicUser(std::string_view authority)
 {
     auto const at = authority.rfind('@');
@@ -105,7 +105,7 @@ DynamicEntry entryFor(Server const& server)
     return entry;
 }
 
-/// Newest first.
+/// Entries, newest first.
 std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::int64_t limit)
 {
     if (!servers) {

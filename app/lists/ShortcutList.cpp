@@ -18,8 +18,8 @@ MenuEntry unavailableItem(std::string const& reason)
     return item;
 }
 
-/// The user's shortcuts: a submenu a folder, then those in no folder. Only the very first opening
-/// waits; a later one shows the last known list.
+/// The user's shortcuts: a submenu a folder, then those in no folder. Only the first opening waits;
+/// later ones show the last known list.
 class ShortcutList : public DynamicList {
 public:
     ShortcutList(ShortcutsProvider provider, Clock const& clock, Tasks& tasks, ShortcutCommands& commands)

@@ -27,9 +27,9 @@ public:
     {
     }
 
-    /// Loads the list anew in the background, unless that is under way or was done just now.
+    /// Reloads the list in the background, unless a load is running or has just ended.
     void refresh();
-    /// Null until the first load has ended. The pointer holds until the next one ends.
+    /// Null until the first load has ended. The pointer holds until the next load ends.
     [[nodiscard]] ShortcutsLibrary const* library() const { return m_cached ? &m_cached->library : nullptr; }
     /// Calls `done` once, when the next load ends.
     void whenLoaded(std::function<void()> done) { m_waiting.push_back(std::move(done)); }
