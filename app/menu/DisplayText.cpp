@@ -11,8 +11,7 @@ namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD"; // U+FFFD
 
-/// Can be shown as it is, as nearly all names can: valid, and without the bytes that the
-/// characters to be replaced begin with.
+/// True for nearly all names: valid UTF-8, without the lead bytes of the characters to be replaced.
 bool isPlain(std::string_view text)
 {
     auto const isDoubtful = [](char c) {
@@ -22,7 +21,7 @@ bool isPlain(std::string_view text)
     return std::none_of(text.begin(), text.end(), isDoubtful) && isValidUtf8(text);
 }
 
-/// The picture of a control character: U+2400 and the character's number.
+/// A control character's picture: U+2400 and the character's number.
 std::string controlPicture(unsigned char c)
 {
     int const number = c == 0x7F ? 0x21 : c;

@@ -8,20 +8,20 @@
 
 namespace zv {
 
-/// What choosing an entry does with it.
+/// The action when an entry is chosen.
 enum class DynamicEntryAction {
     openURL, ///< opens `url`
     activateApplication, ///< brings the running application with the entry's `id` to the front
     copyText, ///< copies the entry's `id` to the clipboard
 };
 
-/// One computed entry of a submenu that fills itself.
+/// A computed entry of a submenu that fills itself.
 struct DynamicEntry {
     std::string id; ///< unique within its list
     std::string title; ///< valid UTF-8
     std::string sortName;
-    std::optional<Url> url; ///< what choosing it opens, or its submenu lists
-    std::optional<Url> fileURL; ///< gives its icon; what Command reveals
+    std::optional<Url> url; ///< the target to open, or the folder of its submenu
+    std::optional<Url> fileURL; ///< gives the icon; the file that Command reveals
     bool isDirectory = false;
     bool isPackage = false;
     std::optional<std::string> unavailabilityReason;

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What a self-filling submenu shows.
+/// The source of a self-filling submenu.
 struct DynamicMenuSource {
     struct List {
         MenuItemKind kind;
@@ -21,7 +21,7 @@ struct DynamicMenuSource {
     };
     struct Folder {
         Url url;
-        std::int64_t depth; ///< further levels of folders that may still become submenus
+        std::int64_t depth; ///< levels of subfolders that may still become submenus
         friend bool operator==(Folder const&, Folder const&) = default;
     };
 

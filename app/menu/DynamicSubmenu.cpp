@@ -20,7 +20,7 @@ constexpr char const* noItemsTitle = "No Items";
 constexpr char const* emptyFolderTitle = "Empty Folder";
 constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
 
-/// A stored limit below zero shows as little as zero does.
+/// A stored limit below zero counts as zero.
 std::size_t itemLimit(Preferences const& preferences) { return static_cast<std::size_t>(std::max<std::int64_t>(preferences.maximumItemsPerFolder(), 0)); }
 
 void replaceEntries(Menu& menu, MenuEntry only)
@@ -29,7 +29,7 @@ void replaceEntries(Menu& menu, MenuEntry only)
     menu.entries.push_back(std::move(only));
 }
 
-/// The entries stay together in one block, which all items made of them share.
+/// Keeps the entries in one block, which all items made of them share.
 void appendItems(Menu& menu, std::vector<DynamicEntry> entries, std::int64_t depth, MenuBuilder const& builder)
 {
     auto const shared = std::make_shared<std::vector<DynamicEntry> const>(std::move(entries));

@@ -19,7 +19,7 @@ namespace zv {
 
 class MenuBuilder;
 
-/// What self-filling submenus are filled from. All of it outlives the menus.
+/// The services that fill submenus; all outlive the menus.
 struct SubmenuSources {
     FolderListings& folders;
     DynamicMenuProvider const& lists;
@@ -27,7 +27,7 @@ struct SubmenuSources {
     Timers& timers;
 };
 
-/// Entries to show; `totalCount` counts those, too, that were left out of the list already.
+/// Entries to show; `totalCount` includes those already left out.
 struct EntryList {
     EntryList(std::vector<DynamicEntry> all) // NOLINT(google-explicit-constructor): a whole list is one
         : entries(std::move(all))
@@ -44,8 +44,8 @@ struct EntryList {
     std::size_t totalCount;
 };
 
-/// Fills the menu afresh, up to the preferred number of entries; the others are counted in
-/// a last line. `emptyTitle` stands for a list without entries.
+/// Refills the menu, up to the preferred number of entries; a last line counts the others.
+/// `emptyTitle` is shown for a list without entries.
 void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder);
 
 /// Drops separators at both ends, and all but the first of several in a row.
@@ -55,7 +55,7 @@ void tidySeparators(std::vector<DynamicEntry>& entries);
 void showLoading(Menu& menu);
 [[nodiscard]] bool isLoading(Menu const& menu);
 
-/// Fills its menu from a source each time that is about to open. Its entry owns it.
+/// Fills its menu from a source each time the menu is about to open. The entry owns it.
 class DynamicSubmenuDelegate : public MenuDelegate {
 public:
     DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources);
@@ -67,19 +67,19 @@ private:
     void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
     void fill(Menu& menu, DynamicMenuSource::List const& list);
     void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
-    /// Says the reason in place of what has not come by then.
+    /// Shows the reason if nothing has come after ten seconds.
     void startPatience(Menu& menu, std::string reason);
     void show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing);
     void show(Menu& menu, DynamicList const& list, ListContent content, std::int64_t depth) const;
-    /// Does something to the menu later, if it still exists and has not opened again since.
+    /// Changes the menu later, if it still exists and has not opened again since.
     template <class Change> auto later(Menu& menu, Change change);
 
     DynamicMenuSource m_source;
     MenuBuilder const& m_builder;
     SubmenuSources const& m_sources;
-    std::unique_ptr<Timer> m_patience; ///< runs while what was asked is silent
-    bool m_isFilling = false; ///< what is at hand at once needs no word to the mirror
-    unsigned m_opening = 0; ///< counts, so that what comes late for an earlier opening is known
+    std::unique_ptr<Timer> m_patience; ///< runs while there is no answer
+    bool m_isFilling = false; ///< while true, an answer does not notify the mirror
+    unsigned m_opening = 0; ///< counts openings, to ignore late answers for an earlier one
     Lifetime m_lifetime;
 };
 

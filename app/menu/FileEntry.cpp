@@ -9,13 +9,13 @@ namespace zv {
 
 namespace {
 
-/// Every prefix has a ")", every separator and shortcut a "-*": most names say nothing,
-/// and are found out without reading them character by character.
+/// True for the ")" of a prefix or the "-*" of a mark: most names have neither, and need no
+/// parsing character by character.
 bool maySayMore(std::string_view name) { return name.find(')') != std::string_view::npos || name.find("-*") != std::string_view::npos; }
 
 std::string titleOf(std::string_view shownName) { return displayText(maySayMore(shownName) ? FinderPopName(shownName).title : shownName); }
 
-/// Takes from the name what it says beyond naming the file.
+/// Sets the separator mark and the hotkey that the name carries.
 void readName(std::string_view name, DynamicEntry& entry)
 {
     if (!maySayMore(name))

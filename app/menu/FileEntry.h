@@ -8,21 +8,21 @@
 
 namespace zv {
 
-/// What is known of a file before it is an entry of a list.
+/// The facts that a file's entry is made of.
 struct NamedFile {
-    std::string_view name; ///< the bytes of the file system
+    std::string_view name; ///< bytes of the file system
     std::string_view localizedName; ///< empty where the name itself is shown
     FileTraits traits;
 };
 
-/// The text that the file is ordered by: its localized name, else its name as it is. The
-/// ordering prefix of a name counts though another name is shown.
+/// The file's sort text: its localized name, else its name. The ordering prefix of a name counts
+/// even if another name is shown.
 [[nodiscard]] std::string sortNameOf(NamedFile const& file);
 
-/// Opens the file by its own path, be it a link or an alias; the traits are its target's.
+/// Opens the file by its own path, even a link or an alias; the traits are the target's.
 [[nodiscard]] DynamicEntry fileEntry(Url url, NamedFile const& file);
 
-/// Asks the file system what the file at `url` is. A file that is gone gives a plain entry. Any thread.
+/// Asks the file system for the traits of `url`. A file that is gone gives a plain entry. Any thread.
 [[nodiscard]] DynamicEntry fileEntry(Url const& url, FileSystem const& files);
 
 } // namespace zv

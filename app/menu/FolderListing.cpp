@@ -16,13 +16,13 @@ namespace {
 
 NamedFile namedFile(FolderContents::Item const& item) { return { item.name, item.localizedName, item.traits }; }
 
-/// One item's place in the order: a few bytes here, its sort key in a block that all share.
+/// An item's sort record: a few bytes here, its sort key in a block that all share.
 struct Place {
-    std::uint64_t keyStart; ///< the key's first bytes; they decide most comparisons
+    std::uint64_t keyStart; ///< the key's first bytes, which decide most comparisons
     std::size_t keyOffset;
     std::uint32_t keyLength;
     std::uint32_t rank; ///< folders before files where wanted
-    std::size_t index; ///< in the contents
+    std::size_t index; ///< position in the contents
 };
 
 constexpr std::size_t usualKeyLength = 24;
@@ -119,7 +119,7 @@ std::string reasonOf(FolderReadFailure failure)
     return "This folder cannot be read.";
 }
 
-/// One entry that stands for the folder itself and says why nothing of it is to be seen.
+/// A single entry for the folder itself, with the reason why it cannot be read.
 FolderListing unreadableFolder(Url const& folder, FolderReadFailure failure)
 {
     DynamicEntry entry;

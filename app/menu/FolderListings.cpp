@@ -18,7 +18,7 @@ void FolderListings::listInBackground(Url const& folder, FolderListingOptions co
     waiting->second.push_back(std::move(done));
     if (!isFirst)
         return;
-    // The guard's token alone leaves the main thread; it is looked at only after coming back.
+    // Only the guard's token leaves the main thread; it is checked after coming back.
     auto finished = m_lifetime.guard([this](Key const& of, FolderListing const& listing) { finish(of, listing); });
     m_tasks.runDetached([reader = m_reader, key = std::move(key), finished]() -> std::function<void()> {
         auto listing = std::make_shared<FolderListing const>(listFolder(*reader, key.first, key.second));

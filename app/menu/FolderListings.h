@@ -12,11 +12,11 @@
 
 namespace zv {
 
-/// Said in place of a folder that does not answer.
+/// Shown in place of a folder that does not answer.
 inline constexpr char const* silentFolderTitle = "This folder did not respond.";
 
-/// Lists folders: local ones at once, remote ones on threads that nothing waits for, never
-/// two for the same folder. Main thread only.
+/// Lists folders: local ones at once, remote ones on detached threads, never two for the same
+/// folder. Main thread only.
 class FolderListings {
 public:
     using Done = std::function<void(FolderListing const&)>;
@@ -26,8 +26,8 @@ public:
 
     [[nodiscard]] bool isRemote(Url const& folder) const { return m_reader->isRemote(folder); }
     [[nodiscard]] FolderListing list(Url const& folder, FolderListingOptions const& options) const { return listFolder(*m_reader, folder, options); }
-    /// Calls `done` later, or never when the folder never answers. One that is still being
-    /// listed is not listed a second time: all who ask get the one result.
+    /// Calls `done` later, or never if the folder never answers. Callers that ask during a listing
+    /// share its result.
     void listInBackground(Url const& folder, FolderListingOptions const& options, Done done);
 
 private:

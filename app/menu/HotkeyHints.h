@@ -8,9 +8,9 @@
 
 namespace zv {
 
-/// Lines the file names' shortcuts up in one column, flush right just past the widest
-/// title. `items` were made for `entries`, pairwise; items beyond those are left alone,
-/// and so is everything when no entry has a shortcut.
+/// Aligns the file names' shortcuts in one column, flush right just past the widest title. `items`
+/// were made for `entries`, pairwise; further items are left alone, and so are all if no entry has
+/// a shortcut.
 void applyHotkeyHints(std::span<DynamicEntry const> entries, std::span<MenuEntry> items, TextMeasure const& text);
 
 } // namespace zv

@@ -12,22 +12,22 @@
 #include <variant>
 #include <vector>
 
-/// A menu as an object of ours. The builder fills it, the front ends mirror it each time it
-/// opens and forget it when it has closed. Main thread only.
+/// The menu model. The builder fills it; the front ends mirror it each time it opens and forget it
+/// when it has closed. Main thread only.
 namespace zv {
 
 class Menu;
 
-/// Carries what choosing an entry does. Every actionable entry owns its own.
+/// The action of an entry. Every actionable entry owns its own.
 class MenuActionTarget {
 public:
-    /// `kept` lives as long as this does, for what `run` only points at.
+    /// `kept` lives as long as this does, for objects that `run` only points at.
     explicit MenuActionTarget(std::function<void()> run, std::shared_ptr<void const> kept = nullptr)
         : m_run(std::move(run))
         , m_kept(std::move(kept))
     {
     }
-    /// What runs may take the menu down, and this with it.
+    /// Copies first: running may destroy the menu, and this with it.
     void invoke() const
     {
         auto const run = m_run;
@@ -40,7 +40,7 @@ private:
     std::shared_ptr<void const> m_kept;
 };
 
-/// Asked before its menu opens, told after it has closed. The menu holds it weakly.
+/// Fills a menu before it opens, and is told when it has closed. The menu holds it weakly.
 class MenuDelegate {
 public:
     virtual ~MenuDelegate() = default;
@@ -48,7 +48,7 @@ public:
     virtual void menuDidClose(Menu&) { }
 };
 
-/// A title that is more than its text.
+/// A title with style and a hint beside its text.
 struct AttributedTitle {
     std::string text;
     bool italic = false;
@@ -71,12 +71,12 @@ struct MenuEntry {
     ModifierMask keyEquivalentModifierMask = ModifierMask::none;
     std::string identifier;
     std::shared_ptr<MenuActionTarget> target; ///< null when choosing does nothing
-    std::shared_ptr<void> representedObject; ///< keeps alive what the entry needs: its target, its submenu's delegate
+    std::shared_ptr<void> representedObject; ///< keeps the entry's objects alive: its target, its submenu's delegate
     std::shared_ptr<Menu> submenu;
 
     [[nodiscard]] static MenuEntry separator();
     [[nodiscard]] static MenuEntry disabled(std::string title);
-    /// What is drawn: the attributed title's text, else the title.
+    /// The title as drawn: the attributed title's text, else the title.
     [[nodiscard]] std::string const& visibleTitle() const { return attributedTitle ? attributedTitle->text : title; }
 };
 
@@ -94,11 +94,11 @@ public:
     std::weak_ptr<MenuDelegate> delegate;
     std::vector<MenuEntry> entries;
 
-    /// Set by the mirror that shows the menu, reset when it closes. Called after an
-    /// asynchronous fill through didRefill().
+    /// Called by didRefill() after an asynchronous fill. Set by the mirror that shows the menu,
+    /// reset when it closes.
     std::function<void()> onRefilled;
 
-    /// Asks the delegate, if there is one, to fill the menu; called right before it opens.
+    /// Lets the delegate, if any, fill the menu; called right before it opens.
     void needsUpdate();
     void didClose();
     /// Tells a mirror that the entries changed while the menu was open.

@@ -38,8 +38,8 @@ MenuEntry itemWithTarget(std::string title, std::shared_ptr<MenuActionTarget> ta
 
 KeyEquivalentSpec commandKey(char const* character) { return { .trigger = KeyEquivalentSpec::Trigger::character(character) }; }
 
-/// Nothing is asked of a file on a remote file system before its submenu opens: a name
-/// without an extension is taken for a folder's.
+/// Guesses from the name, as remote files are not touched before their submenu opens: a name
+/// without an extension counts as a folder's.
 FileTraits presumedTraits(Url const& url) { return { pathExtension(url.lastPathComponent()).empty(), false }; }
 
 } // namespace
@@ -226,7 +226,7 @@ MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> c
         return makeUnavailableItem(entry->title, *entry->unavailabilityReason);
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
         return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1));
-    // Two pointers need no memory of their own; the target keeps what they point at.
+    // Two pointers fit into the function object; the target keeps the entry alive.
     auto open = [commands = &m_services.commands, opened = entry.get()] { commands->open(*opened); };
     return itemWithTarget(entry->title, std::make_shared<MenuActionTarget>(open, entry));
 }

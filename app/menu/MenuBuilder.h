@@ -26,8 +26,8 @@ namespace zv {
 
 struct SubmenuSources;
 
-/// Turns the user's menu tree into a live menu, afresh each time the menu is about to open.
-/// What must be computed is left to submenus that fill themselves. Main thread only.
+/// Builds the menu from the user's items, afresh each time it is about to open. Computed parts are
+/// left to submenus that fill themselves. Main thread only.
 class MenuBuilder {
 public:
     struct Services {
@@ -40,10 +40,10 @@ public:
         TextMeasure const& text;
     };
 
-    /// Carried by a Quit entry that the user placed.
+    /// The identifier of a Quit entry that the user placed.
     static constexpr std::string_view quitIdentifier = "QuitZantheVell";
 
-    /// All that is handed in outlives the builder, and the builder outlives its menus.
+    /// All arguments outlive the builder, and the builder outlives its menus.
     MenuBuilder(Services services, SubmenuSources const& sources);
     MenuBuilder(MenuBuilder const&) = delete;
     MenuBuilder& operator=(MenuBuilder const&) = delete;
@@ -59,16 +59,16 @@ public:
     /// True when the menu or a submenu of it holds a Quit entry that the user placed.
     [[nodiscard]] static bool menuContainsQuitItem(Menu const& menu);
 
-    /// The entry of a self-filling submenu. `remainingDepth` levels of folders may still
-    /// become submenus below it.
+    /// The item for an entry of a self-filling submenu. `remainingDepth` levels of folders may
+    /// still become submenus below it.
     [[nodiscard]] MenuEntry makeEntryItem(DynamicEntry entry, std::int64_t remainingDepth) const
     {
         return makeEntryItem(std::make_shared<DynamicEntry const>(std::move(entry)), remainingDepth);
     }
-    /// The same for an entry that lies in a list: the items made of a list share it.
+    /// The same for an entry in a list, which the list's items share.
     [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
     [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const;
-    /// Disabled and italic, the reason as its tooltip.
+    /// A disabled item in italics, the reason as its tooltip.
     [[nodiscard]] static MenuEntry makeUnavailableItem(std::string title, std::string reason);
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
 
@@ -86,7 +86,7 @@ private:
     [[nodiscard]] MenuEntry makeCommandItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeFileItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const;
-    /// Of an entry that has a URL or a reason why it is not available.
+    /// Needs an entry with a URL or a reason why it is unavailable.
     [[nodiscard]] MenuEntry makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
     [[nodiscard]] MenuEntry makeSystemInformationItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeQuitItem(MenuItem const& item) const;

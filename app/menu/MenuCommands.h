@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// What the entries of a menu ask for when they are chosen. Main thread only.
+/// Requests from a menu's chosen entries. Main thread only.
 class MenuCommands {
 public:
     virtual ~MenuCommands() = default;

@@ -12,7 +12,7 @@ namespace zv {
 
 namespace {
 
-/// The commands that carry a picture of the system's, and what stands in for it.
+/// A command's system icon, and its fallback.
 struct KindPicture {
     MenuItemKind::Case kind;
     SystemIcon picture;
@@ -30,8 +30,7 @@ constexpr std::array kindPictures {
     KindPicture { MenuItemKind::quitZantheVell, SystemIcon::application },
 };
 
-/// From the cache, else fetched. What is not there is not kept: it may be there the next
-/// time it is asked for.
+/// Takes the image from the cache, else fetches it. A missing image is not cached: it may exist the next time.
 template <class Cache, class Fetch> ImageRef cached(Cache& cache, typename Cache::key_type const& key, Fetch fetch)
 {
     auto const known = cache.find(key);

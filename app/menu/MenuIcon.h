@@ -12,25 +12,25 @@ namespace zv {
 
 class DynamicMenuProvider;
 
-/// The pictures of menu entries. Main thread only.
+/// The icons of menu entries. Main thread only.
 class MenuIcons {
 public:
     virtual ~MenuIcons() = default;
     /// Null when the kind has none.
     [[nodiscard]] virtual ImageRef iconForKind(MenuItemKind const& kind) = 0;
     [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
-    /// Forgets what was fetched, so that the next menu fetches it afresh.
+    /// Empties the cache, so that the next menu fetches its icons afresh.
     virtual void emptyCache() = 0;
 };
 
-/// The pictures, each fetched once and kept until the cache is emptied. Main thread only.
+/// The icons, each fetched once and kept until the cache is emptied. Main thread only.
 class MenuIcon : public MenuIcons {
 public:
     /// `source` outlives this, and so do the lists, which know their own icons.
     MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder);
 
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
-    /// What lies on another machine has the network's picture.
+    /// A URL that is no file gets the network icon.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     void emptyCache() override;
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int lastFunctionKey = 15;
 constexpr std::string_view escapeCharacter = "\x1B";
 
-/// U+F703 plus the number, as NSF1FunctionKey of AppKit's NSEvent.h. All of them share their first two bytes in UTF-8.
+/// U+F703 plus the number, as NSF1FunctionKey of AppKit's NSEvent.h. In UTF-8 all share their first two bytes.
 std::string functionKeyCharacter(int number) { return { '\xEF', '\x9C', static_cast<char>(0x83 + number) }; }
 
 std::optional<int> numberOfFunctionKey(std::string_view character)

@@ -9,12 +9,12 @@
 
 namespace zv {
 
-/// The character that stands for a named key in a menu: U+001B for "esc", U+F704 to
-/// U+F712 for "f1" to "f15". Nothing for any other name.
+/// The character for a named key in a menu: U+001B for "esc", U+F704 to U+F712 for "f1" to "f15".
+/// Empty for any other name.
 [[nodiscard]] std::optional<std::string> keyEquivalentCharacter(std::string_view name);
 
-/// Shows the shortcut and lets it work while the menu is open. A named key without a
-/// character leaves the entry as it is.
+/// Shows the shortcut and lets it work while the menu is open. Does nothing for a named key without
+/// a character.
 void applyKeyEquivalent(KeyEquivalentSpec const& spec, MenuEntry& entry);
 
 /// The entry's key equivalent as text, such as "⌥⌘E"; empty when it has none.

@@ -10,12 +10,12 @@ constexpr double kLogoX = 21.0;
 constexpr double kLogoWidth = 12.5;
 constexpr double kLogoHeight = 15.5;
 constexpr double kOpticalLift = 1.25;
-/// The bands reach a little over the logo beneath, so that none of it shines through at the rim.
+/// The bands overlap the logo beneath, so that none of it shines through at the rim.
 constexpr double kOverlap = 0.35;
 
 constexpr Color fromBytes(int red, int green, int blue) { return { red / 255.0, green / 255.0, blue / 255.0, 1.0 }; }
 
-/// Both edges come from the logo's own top, so that neighbours share theirs exactly.
+/// Both edges are measured from the logo's top, so that neighbours share theirs exactly.
 Rect bandRect(Rect const& logo, std::size_t band)
 {
     double const top = logo.maxY() - RainbowAppleLogo::bandBoundaries[band] * logo.height;
