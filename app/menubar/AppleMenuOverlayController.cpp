@@ -36,12 +36,12 @@ void AppleMenuOverlayController::observeDesktop()
 {
     auto const record = m_lifetime.guard([this] { syncAndRecord(); });
     m_services.screens.onChanged = m_lifetime.guard([this] {
-        m_menuBars.expectOthers(); // one on a new screen
+        m_menuBars.expectOthers(); // a new screen may have one
         syncAndRecord();
     });
     m_services.workspaceEvents.onActiveSpaceChanged = record;
     m_services.workspaceEvents.onApplicationActivated = record;
-    // A bar that begins to move is followed from its first step, not from the next slow tick.
+    // Follows a moving bar from its first step, not from the next slow tick.
     m_services.menuBars.onChanged = m_lifetime.guard([this] {
         m_menuBars.expectOthers();
         heartbeatTick();
@@ -113,7 +113,7 @@ std::unique_ptr<AppleMenuOverlayWindow> AppleMenuOverlayController::makeWindow(R
 {
     auto window = std::make_unique<AppleMenuOverlayWindow>(m_services.panels, m_preferences, frame);
     window->action = m_lifetime.guard([this](Point point) {
-        auto const show = m_showMenu; // outlives the controller that choosing an entry may destroy
+        auto const show = m_showMenu; // a copy, as choosing an entry may destroy the controller
         show(point);
     });
     return window;

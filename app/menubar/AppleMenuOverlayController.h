@@ -19,8 +19,7 @@
 
 namespace zv {
 
-/// What the overlay needs of the system. All outlive the controller, which is the one user
-/// of their callbacks.
+/// System services of the overlay. All outlive the controller, the only user of their callbacks.
 struct AppleMenuOverlayServices {
     MenuBars& menuBars;
     Screens& screens;
@@ -37,23 +36,23 @@ struct AppleMenuOverlayServices {
 class AppleMenuOverlayController {
 public:
     static constexpr double overlayWidth = 44;
-    /// A click on the very edge of the screen counts too.
+    /// Points: lets a click on the screen's edge count.
     static constexpr double extraHeight = 1;
     static constexpr double nearDistance = 40;
     static constexpr std::chrono::milliseconds fastInterval { 8 };
     static constexpr std::chrono::milliseconds slowInterval { 100 };
     static constexpr std::chrono::milliseconds fastPeriod { 400 };
 
-    /// `showMenu` gets the point at which the menu opens.
+    /// `showMenu` receives the point at which the menu opens.
     AppleMenuOverlayController(AppleMenuOverlayServices const& services, Preferences const& preferences, std::function<void(Point)> showMenu);
     ~AppleMenuOverlayController();
     AppleMenuOverlayController(AppleMenuOverlayController const&) = delete;
     AppleMenuOverlayController& operator=(AppleMenuOverlayController const&) = delete;
 
-    /// Brings the windows in line with the menu bars; true when anything changed.
+    /// Updates the windows to match the menu bars; true when anything changed.
     bool sync();
     void setHeartbeat(bool active);
-    /// The rectangles that the windows should have now.
+    /// The frames that the windows should have now.
     [[nodiscard]] std::vector<Rect> targetFrames();
     [[nodiscard]] std::vector<Rect> menuBarFrames() { return m_menuBars.menuBarFrames(); }
     [[nodiscard]] bool isPointerNearMenuBar() const;
@@ -78,7 +77,7 @@ private:
     bool m_pointerWasNearMenuBar = false;
     std::unique_ptr<Timer> m_heartbeat;
     bool m_heartbeatIsActive = false;
-    /// When the overlay last had to move, or the pointer last came near a menu bar.
+    /// The last time the overlay moved, or the pointer came near a menu bar.
     Instant m_lastChange;
     Lifetime m_lifetime;
 };

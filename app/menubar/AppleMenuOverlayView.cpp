@@ -8,12 +8,12 @@ void AppleMenuOverlayView::draw(Canvas* canvas, double height)
 {
     if (!m_preferences.replacesAppleMenu() || !m_preferences.drawsRainbowAppleLogo())
         return;
-    RainbowAppleLogo::drawRainbowLogo(canvas, height - 1); // the point by which it is taller than the menu bar
+    RainbowAppleLogo::drawRainbowLogo(canvas, height - 1); // without the point beyond the menu bar
 }
 
 void AppleMenuOverlayView::press()
 {
-    auto const running = action; // outlives the view that it may destroy
+    auto const running = action; // a copy, as it may destroy the view
     if (running)
         running();
 }

@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// What the overlay shows: nothing, or the logo in six colours; any click on it is a press.
+/// The overlay's content: nothing, or the logo in six colours; a click anywhere is a press.
 class AppleMenuOverlayView : public OverlayPanelContent {
 public:
     explicit AppleMenuOverlayView(Preferences const& preferences)

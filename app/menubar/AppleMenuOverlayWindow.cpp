@@ -11,7 +11,7 @@ AppleMenuOverlayWindow::AppleMenuOverlayWindow(OverlayPanels& panels, Preference
 
 void AppleMenuOverlayWindow::pressed() const
 {
-    auto const running = action; // outlives the window that it may destroy
+    auto const running = action; // a copy, as it may destroy the window
     auto const place = frame();
     if (running)
         running({ place.minX(), place.minY() - menuGap });

@@ -12,12 +12,12 @@ namespace zv {
 /// The nearly invisible panel over the left end of one menu bar.
 class AppleMenuOverlayWindow {
 public:
-    /// How far below its bottom edge the menu opens.
+    /// The menu's distance below the bottom edge.
     static constexpr double menuGap = 6;
 
     AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, Rect const& frame);
 
-    /// Gets the screen point at which the menu is to open. May destroy this window.
+    /// Called with the screen point at which the menu opens. May destroy this window.
     std::function<void(Point)> action;
 
     [[nodiscard]] Rect frame() const { return m_panel->frame(); }

@@ -6,7 +6,7 @@ namespace zv {
 
 namespace {
 
-/// While the menu bar stays hidden, all are looked for no more often than this.
+/// The shortest time between full scans while the menu bar is hidden.
 constexpr auto kScanInterval = std::chrono::seconds(1);
 
 } // namespace

@@ -9,8 +9,7 @@
 
 namespace zv {
 
-/// Finds the menu bars. It remembers which they were, so that asking again costs one look
-/// at each of them.
+/// Finds the menu bars, and remembers them, so that asking again costs one look at each.
 class MenuBarFinder {
 public:
     MenuBarFinder(MenuBars& menuBars, Screens& screens, Clock& clock)
@@ -22,7 +21,7 @@ public:
 
     /// The visible menu bars in screen coordinates, in the system's order.
     [[nodiscard]] std::vector<Rect> menuBarFrames();
-    /// There may be more menu bars than those known: the next call looks for all.
+    /// Makes the next call scan for further menu bars.
     void expectOthers() { m_expectsOthers = true; }
 
 private:
@@ -33,7 +32,7 @@ private:
     MenuBars& m_menuBars;
     Screens& m_screens;
     Clock& m_clock;
-    std::vector<MenuBarID> m_known; ///< what the last full scan found
+    std::vector<MenuBarID> m_known; ///< menu bars of the last full scan
     std::optional<Instant> m_lastScan;
     bool m_expectsOthers = false;
 };

@@ -8,22 +8,21 @@ namespace zv {
 
 class Menu;
 
-/// What the user types into an open menu, and which of its entries that leaves. The menu
-/// itself is never changed. Main thread only.
+/// Filters an open menu's entries by the typed text. The menu itself is never changed. Main thread only.
 class MenuFilter {
 public:
-    /// The menu changed or opened: its entries are looked at anew at the next question.
+    /// Call when the menu opened or changed: its entries are read anew at the next query.
     void setMenu(Menu const* menu);
 
     [[nodiscard]] bool isEmpty() const { return m_text.empty(); }
     [[nodiscard]] std::string const& text() const { return m_text; }
     void append(std::string_view typed) { m_text += typed; }
-    /// Takes back the last character.
+    /// Removes the last character.
     void removeLast();
     void clear() { m_text.clear(); }
 
-    /// One answer an entry, in their order: whether its title holds what was typed, case and
-    /// accents ignored. Separators are shown only while nothing is typed.
+    /// A flag for each entry, in their order: whether its title contains the typed text, ignoring
+    /// case and accents. Separators are visible only if nothing is typed.
     [[nodiscard]] std::vector<bool> visibleEntries();
 
 private:

@@ -79,7 +79,7 @@ void StatusItemController::handleHotkey(Uuid const& item)
 {
     assertMainThread();
     if (auto const* found = m_services.store.find(item)) {
-        auto const performed = *found; // performing may change the tree
+        auto const performed = *found; // a copy, as performing may change the tree
         m_services.commands.perform(performed);
     }
 }

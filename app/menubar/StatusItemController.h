@@ -22,12 +22,12 @@ class MenuIcons;
 class MenuStore;
 class Preferences;
 
-/// Owns the two menus that show the user's items: the status icon's and the one that pops
-/// up from the overlay. Receives the global hotkeys. Main thread only.
+/// Owns the two menus of the user's items: the status icon's and the overlay's. Receives the global
+/// hotkeys. Main thread only.
 class StatusItemController : public MenuDelegate {
 public:
-    /// Makes the overlay, which calls back with the point where the menu belongs; the
-    /// answer keeps it alive.
+    /// Makes the overlay, which calls back with the point where the menu opens; the returned object
+    /// keeps it alive.
     using OverlayFactory = std::function<std::shared_ptr<void>(std::function<void(Point)> showMenu)>;
 
     struct Services {
@@ -42,7 +42,7 @@ public:
         MenuCommands& commands;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
-        Notifications& notifications; ///< tell when the keyboard's layout has changed
+        Notifications& notifications; ///< announces changes of the keyboard layout
         OverlayFactory makeOverlay;
     };
 
@@ -54,11 +54,11 @@ public:
     void menuNeedsUpdate(Menu& menu) override;
     void menuDidClose(Menu& menu) override;
 
-    /// Creates or removes the status icon as the preference asks.
+    /// Creates or removes the status icon, following the preference.
     void updateStatusItem();
-    /// Looks for shortcuts in file names, off the main thread; nothing at a depth below 1.
+    /// Scans file names for shortcuts, off the main thread; does nothing at a depth below 1.
     void rescanFileHotkeys();
-    /// Performs the item as if it were chosen; nothing when it was deleted meanwhile.
+    /// Performs the item as if chosen; does nothing if it has been deleted.
     void handleHotkey(Uuid const& item);
     void handleHotkey(Url const& file);
 
@@ -66,7 +66,7 @@ public:
     [[nodiscard]] std::shared_ptr<Menu> const& overlayMenu() const { return m_overlayMenu; }
 
 private:
-    /// A preference, and what a change of it calls for.
+    /// A preference, and the update that a change of it needs.
     struct Watch {
         std::function<void()> read;
         void (StatusItemController::*update)();
@@ -79,7 +79,7 @@ private:
     void observe(Watch& watch);
 
     Services m_services;
-    std::shared_ptr<MenuDelegate> m_asDelegate; ///< what the menus hold weakly
+    std::shared_ptr<MenuDelegate> m_asDelegate; ///< the menus' delegate, held weakly by them
     std::shared_ptr<Menu> m_menu;
     std::unique_ptr<StatusItem> m_statusItem;
     NotificationToken m_layoutChanges;
