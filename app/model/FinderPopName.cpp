@@ -14,13 +14,13 @@ namespace {
 constexpr std::string_view annotationStart = "-*[";
 constexpr std::string_view annotationEnd = "]*";
 constexpr std::string_view separatorMark = "-***";
-/// In all of them; most names have none, which is known at a glance.
+/// Part of every mark; one search for it rules out most names.
 constexpr char commonMark = '*';
 
 bool isPrintableAscii(char c) { return c >= ' ' && c < 0x7F; }
 
-/// Bytes of the ordering prefix, 0 when there is none. Four plain characters are four
-/// graphemes; only other names need a closer look.
+/// Bytes of the ordering prefix, 0 when there is none. Four printable ASCII characters are four
+/// graphemes; other names need a closer look.
 std::size_t orderingPrefixLength(std::string_view name)
 {
     if (name.size() < 4)
@@ -78,7 +78,7 @@ std::optional<Modifier> modifierNamed(std::string_view word)
 /// Collects the pieces of a shortcut text.
 class ShortcutParser {
 public:
-    /// False when the piece makes the text no shortcut.
+    /// False when the piece invalidates the shortcut.
     bool add(std::string_view piece)
     {
         piece = trimmed(piece);
@@ -114,7 +114,7 @@ private:
         return keyCodeOfNamedKey(name) ? std::optional(Trigger::named(name)) : std::nullopt;
     }
 
-    /// Alone, a character would swallow typing and Escape what everybody uses it for.
+    /// A bare character would swallow typing, a bare Escape its usual uses.
     static bool needsModifier(Trigger const& trigger) { return trigger.kind == Trigger::Kind::character || trigger.text == "esc"; }
     [[nodiscard]] bool has(Modifier modifier) const { return m_modifiers.at(static_cast<std::size_t>(modifier)); }
     [[nodiscard]] bool hasModifier() const { return std::find(m_modifiers.begin(), m_modifiers.end(), true) != m_modifiers.end(); }

@@ -9,11 +9,11 @@
 
 namespace zv {
 
-/// What a file's name says beyond naming it: an ordering prefix ("01)Mail"), a separator
-/// ("-***"), a shortcut ("Example-*[cmd+opt+E]*.app"). Reads any bytes.
+/// The directives in a file's name: an ordering prefix ("01)Mail"), a separator ("-***"), a
+/// shortcut ("Example-*[cmd+opt+E]*.app"). Reads any bytes.
 struct FinderPopName {
     std::string title; ///< without prefix and annotation; empty for a separator
-    std::string sortName; ///< the name exactly as given
+    std::string sortName; ///< the given name, unchanged
     bool isSeparator = false;
     std::optional<KeyEquivalentSpec> hotkey;
     std::optional<std::string> orderingPrefix; ///< three characters, such as "01)"
@@ -29,7 +29,7 @@ private:
 
 [[nodiscard]] std::size_t hashValue(FinderPopName const& name);
 
-/// The text between the brackets: "cmd+opt+E". Nothing when it is no shortcut.
+/// Parses the text between the brackets: "cmd+opt+E". Empty when it is no shortcut.
 [[nodiscard]] std::optional<KeyEquivalentSpec> parseShortcutText(std::string_view text);
 
 } // namespace zv

@@ -18,7 +18,7 @@ std::string textIn(PropertyListDictionary const& dictionary, std::string_view ke
 
 bool fitsAppleMenu(MenuItemKind const& kind) { return kind != MenuItemKind::menuCommand && kind != MenuItemKind::unknown; }
 
-/// Two entries may share a title as long as they add different things.
+/// Includes the template: two entries may share a title if they add different items.
 std::string identifierOf(std::string const& title, MenuItem const& itemTemplate)
 {
     return title + '/' + itemTemplate.title.value_or("") + '/' + std::string(itemTemplate.kind.rawValue());

@@ -9,12 +9,12 @@
 
 namespace zv {
 
-/// One entry of the palette of things that can be added to the menu.
+/// An entry of the palette of items to add.
 struct LibraryEntry {
-    std::string id; ///< unique, and the same at every start
+    std::string id; ///< unique, and stable across starts
     std::string title;
     std::string localizedDescription;
-    MenuItem itemTemplate; ///< give what is added a fresh id
+    MenuItem itemTemplate; ///< needs a fresh id when it is added
     std::string group; ///< the palette's heading above it; may be empty
 
     friend bool operator==(LibraryEntry const&, LibraryEntry const&) = default;
@@ -24,7 +24,7 @@ struct LibraryEntry {
 
 enum class LibraryMode { everything, appleMenu };
 
-/// The entries of the resource "Library", in its order. A wrong entry is skipped.
+/// The entries of the resource "Library", in its order. Invalid entries are skipped.
 [[nodiscard]] std::vector<LibraryEntry> loadItemLibrary(Resources const& resources, LocationServices services, LibraryMode mode);
 
 } // namespace zv

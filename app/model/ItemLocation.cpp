@@ -11,7 +11,7 @@ namespace zv {
 
 namespace {
 
-/// Where an upgrade of the operating system may have moved an application.
+/// Folders to which a system upgrade may have moved an application.
 constexpr std::array<std::string_view, 6> applicationFolders { "/System/Applications", "/Applications", "/System/Applications/Utilities",
     "/Applications/Utilities", "/System/Library/CoreServices", "/System/Library/CoreServices/Applications" };
 
@@ -67,7 +67,7 @@ std::optional<Url> ItemLocation::resolvedURL(LocationServices services) const { 
 
 void ItemLocation::refresh(Url const& url, LocationServices services)
 {
-    // What cannot be made anew is kept: an old bookmark may still find the file some day.
+    // Keeps the old bookmark if no new one can be made: it may still find the file some day.
     if (auto made = services.bookmarks.create(url))
         bookmark = std::move(made);
     path = url.path();

@@ -14,15 +14,15 @@
 
 namespace zv {
 
-/// What finding a file again takes. All of it outlives whoever holds this.
+/// Services to find a file again. All outlive their holder.
 struct LocationServices {
     FileSystem& files;
     Bookmarks& bookmarks;
-    /// What a leading "~" of an older record's path stands for; where empty, it stays.
+    /// Replaces a leading "~" of an older record's path; if empty, that stays.
     std::string_view homePath {};
 };
 
-/// Where a file of the menu lives, in a form that survives its being moved or renamed.
+/// The location of a menu item's file, in a form that survives moving and renaming.
 struct ItemLocation {
     std::optional<BookmarkData> bookmark;
     std::optional<std::string> path; ///< absolute, the bytes of the file system
@@ -33,24 +33,24 @@ struct ItemLocation {
         enum class Source { storedPath, relocated };
         Kind kind = Kind::unresolved;
         std::optional<Url> url; ///< absent exactly when unresolved
-        Source via = Source::storedPath; ///< meaningful for needsRefresh
+        Source via = Source::storedPath; ///< meaningful only for needsRefresh
     };
 
-    /// Bookmark, then path, then the six standard folders of applications.
+    /// Tries the bookmark, then the path, then the six standard folders of applications.
     [[nodiscard]] Resolution resolve(LocationServices services) const;
     /// The URL of resolve(), or nothing.
     [[nodiscard]] std::optional<Url> resolvedURL(LocationServices services) const;
-    /// Makes the record current for a file that was found at `url`.
+    /// Updates the record for a file found at `url`.
     void refresh(Url const& url, LocationServices services);
-    /// A location made for a file that the user chose.
+    /// The location of a file that the user chose.
     [[nodiscard]] static ItemLocation forURL(Url const& url, LocationServices services);
 
-    /// "bookmark", "path", "displayName", each only when present. Text that is not UTF-8
-    /// (a path's bytes) is kept by writing it as data; reading takes both.
+    /// "bookmark", "path", "displayName", each only when present. Text that is not UTF-8 (a path's
+    /// bytes) is written as data; reading takes both.
     [[nodiscard]] PropertyListDictionary toPropertyList() const;
     [[nodiscard]] static Result<ItemLocation, ReadFailure> fromPropertyList(PropertyList const& value);
-    /// The older form: "Path", and "DisplayName" or "Title" (DisplayName wins); resolved at once.
-    /// Nothing when there is no "Path".
+    /// Reads the older form: "Path", and "DisplayName" or "Title" (DisplayName wins); resolved at
+    /// once. Empty without "Path".
     [[nodiscard]] static std::optional<ItemLocation> fromOlderDictionary(PropertyListDictionary const& dictionary, LocationServices services);
 
     friend bool operator==(ItemLocation const&, ItemLocation const&) = default;

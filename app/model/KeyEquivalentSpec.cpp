@@ -143,7 +143,7 @@ std::optional<KeyEquivalentSpec> KeyEquivalentSpec::fromOlderDictionary(Property
     if (!trigger)
         return std::nullopt;
     KeyEquivalentSpec spec { std::move(*trigger) };
-    // Being there is what counts: a stored false still sets the flag.
+    // Presence counts: a stored false still sets the flag.
     for (auto const& [newKey, olderKey, flag] : flagKeys)
         spec.*flag = dictionary.contains(olderKey);
     return spec;

@@ -15,11 +15,11 @@ namespace zv {
 
 /// The virtual key code (kVK_… of HIToolbox/Events.h) of a named key ("f1" to "f15", "esc"), found in any case.
 [[nodiscard]] std::optional<std::uint16_t> keyCodeOfNamedKey(std::string_view name);
-/// The lower-case name of the key with that virtual key code.
+/// The lower-case name of the key with this virtual key code.
 [[nodiscard]] std::optional<std::string_view> namedKeyWithCode(std::uint16_t keyCode);
 
-/// A keyboard shortcut: a key and its modifiers. Command is part of it unless `noCommand`:
-/// the flag marks the absence, as the stored format always has.
+/// A keyboard shortcut: a key and its modifiers. Command is included unless `noCommand`, the flag
+/// of the stored format.
 struct KeyEquivalentSpec {
     struct Trigger {
         enum class Kind : std::uint8_t { character, named };
@@ -27,8 +27,8 @@ struct KeyEquivalentSpec {
         std::string text; ///< one character (grapheme), or the name as it was written
 
         [[nodiscard]] static Trigger character(std::string_view grapheme) { return { Kind::character, std::string(grapheme) }; }
-        /// In upper case, as shortcuts that people write are kept; as it is where upper case would
-        /// be more than one character.
+        /// Upper-cases the character, as stored shortcuts are; leaves it if upper case would be
+        /// several characters.
         [[nodiscard]] static Trigger upperCasedCharacter(std::string_view grapheme);
         [[nodiscard]] static Trigger named(std::string_view name) { return { Kind::named, std::string(name) }; }
         friend bool operator==(Trigger const&, Trigger const&) = default;
@@ -49,9 +49,9 @@ struct KeyEquivalentSpec {
 
     /// The keyed form: "trigger", "shift", "option", "control", "noCommand".
     [[nodiscard]] PropertyListDictionary toPropertyList() const;
-    /// The failure's key is of this record; its index path is empty.
+    /// The failure's key refers to this record; its index path is empty.
     [[nodiscard]] static Result<KeyEquivalentSpec, ReadFailure> fromPropertyList(PropertyList const& value);
-    /// The older form: "Key" and the four "KeyModifier…" keys, which count when present,
+    /// Reads the older form: "Key" and the four "KeyModifier…" keys, which count when present,
     /// whatever their value.
     [[nodiscard]] static std::optional<KeyEquivalentSpec> fromOlderDictionary(PropertyListDictionary const& dictionary);
 

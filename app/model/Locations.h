@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// What finding a file again takes, of this system; as long as the system lives.
+/// This system's services to find a file again; they live as long as the system.
 [[nodiscard]] inline LocationServices locationsOf(System const& system) { return { *system.files.disk, system.files.bookmarks, system.places.home }; }
 
 } // namespace zv

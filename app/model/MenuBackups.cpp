@@ -21,7 +21,7 @@ constexpr std::string_view unreadablePrefix = "Unreadable Menu ";
 constexpr std::string_view suffix = " UTC.plist";
 constexpr std::size_t timeLength = 19; // "2026-01-31 23.59.59"
 
-/// In UTC, so that the names sort by time whatever the clocks of the country do.
+/// UTC, so that names sort by time whatever the local clock does.
 std::string textOf(WallTime time)
 {
     auto const seconds = std::chrono::floor<std::chrono::seconds>(time);
@@ -52,7 +52,7 @@ std::optional<WallTime> parseTime(std::string const& text)
     return Seconds(std::chrono::sys_days(date)) + std::chrono::hours(hours) + std::chrono::minutes(minutes) + std::chrono::seconds(seconds);
 }
 
-/// Nothing for a file that is not one of ours.
+/// Empty for a file that is no backup.
 std::optional<MenuBackup> parseName(std::string_view name, Url const& folder)
 {
     bool const isReadable = name.starts_with(readablePrefix);

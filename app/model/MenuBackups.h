@@ -11,18 +11,18 @@
 
 namespace zv {
 
-/// One kept menu.
+/// A kept menu.
 struct MenuBackup {
     Url file;
     WallTime time;
-    bool isReadable = true; ///< false for a copy of what could not be read as a menu
+    bool isReadable = true; ///< false for a copy of an unreadable menu
 
     friend bool operator==(MenuBackup const&, MenuBackup const&) = default;
 };
 
-/// Keeps the last ten menus as files, each made before a save changes the stored menu, at
-/// most one a minute. What could not be read as a menu is always kept. A backup is a menu
-/// document: reading one is importing it. Main thread only.
+/// Keeps the last ten menus as files, each made before a save changes the stored menu, at most one
+/// a minute. An unreadable menu is always kept. A backup is a menu document: reading one is
+/// importing it. Main thread only.
 class MenuBackups : public MenuBackupSink {
 public:
     struct Services {
@@ -30,13 +30,13 @@ public:
         Clock const& clock;
     };
 
-    static constexpr std::size_t maximumCount = 10; ///< of each sort
+    static constexpr std::size_t maximumCount = 10; ///< of each sort, readable or not
     static constexpr std::chrono::minutes minimumDistance { 1 };
 
     /// `folder` is made when the first backup needs it. The services outlive this.
     MenuBackups(Services services, Url folder);
 
-    /// The newest first.
+    /// Newest first.
     [[nodiscard]] std::vector<MenuBackup> list() const;
 
     [[nodiscard]] bool isDue() const override;

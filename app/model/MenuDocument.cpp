@@ -36,7 +36,7 @@ Items readItems(PropertyList const& document, LocationServices services)
     return failDocument("is a dictionary without \"MenuDesc\" or \"Menu\"");
 }
 
-/// Two items with one id could not be told apart when one is edited or has a shortcut.
+/// Ids must be unique, to tell items apart in edits and shortcuts.
 void renewRepeatedIds(std::vector<MenuItem>& items, std::unordered_set<Uuid>& taken, ImportedMenu& menu)
 {
     for (auto& item : items) {

@@ -15,19 +15,19 @@
 
 namespace zv {
 
-/// One entry of the user's menu. A plain value: items own their children.
+/// An entry of the user's menu. A plain value: items own their children.
 struct MenuItem {
     using ID = Uuid;
 
     ID id = Uuid::random();
     MenuItemKind kind = MenuItemKind::separator;
-    std::optional<std::string> title; ///< the user's; absent means a default is shown
+    std::optional<std::string> title; ///< set by the user; absent means a default is shown
     std::vector<MenuItem> children;
     std::optional<ItemLocation> location;
     std::optional<KeyEquivalentSpec> keyEquivalent;
     bool isHidden = false;
     std::optional<std::int64_t> scanDepth; ///< folder levels to expand; absent means the preference
-    PropertyListDictionary unrecognizedKeys; ///< of the older form; kept so that they survive
+    PropertyListDictionary unrecognizedKeys; ///< of the older form; preserved when written
 
     [[nodiscard]] static MenuItem ofKind(MenuItemKind kind);
 
@@ -40,31 +40,31 @@ struct MenuItem {
 
 [[nodiscard]] std::size_t hashValue(MenuItem const& item);
 
-/// Items nested deeper than this are refused on reading; nothing a person makes comes near.
+/// The deepest nesting that reading accepts; far beyond any real menu.
 inline constexpr int maximumMenuDepth = 64;
 
-/// The keyed form of the menu document, keys in their fixed order.
+/// The menu document's keyed form, keys in their fixed order.
 [[nodiscard]] PropertyListDictionary toPropertyList(MenuItem const& item);
 [[nodiscard]] PropertyListArray toPropertyList(std::vector<MenuItem> const& items);
 [[nodiscard]] Result<std::vector<MenuItem>, ReadFailure> menuItemsFromPropertyList(PropertyList const& value);
 
-/// The first record that cannot be written: a text that is not UTF-8, too deep a nesting.
+/// Finds the first record that cannot be written: a text that is not UTF-8, too deep a nesting.
 [[nodiscard]] std::optional<ReadFailure> findUnwritable(std::vector<MenuItem> const& items);
 
-/// The older dictionary form. A dictionary whose "Kind" is missing or no text gives nothing.
+/// Reads the older dictionary form. Empty when "Kind" is missing or no text.
 [[nodiscard]] std::optional<MenuItem> menuItemFromOlderDictionary(PropertyList const& value, LocationServices services);
-/// Skips what yields no item.
+/// Skips values that yield no item.
 [[nodiscard]] std::vector<MenuItem> menuItemsFromOlderArray(PropertyListArray const& values, LocationServices services);
-/// The first record of the older form that would be skipped or cut short.
+/// Finds the first record of the older form that would be skipped or cut short.
 [[nodiscard]] std::optional<ReadFailure> findUnreadableInOlderArray(PropertyListArray const& values);
 
 /// The item's record as JSON, for drag and drop.
 [[nodiscard]] std::string toDragRecord(MenuItem const& item);
 [[nodiscard]] Result<MenuItem, ReadFailure> menuItemFromDragRecord(std::string_view json);
-/// The content type of that record: the program's identifier and ".menu-item".
+/// The drag record's content type: the program's identifier and ".menu-item".
 inline constexpr char const* menuItemDragType = "org.zanthevell.ZantheVell.menu-item";
 
-/// Depth-first in list order: an item, its children, its next sibling.
+/// Searches depth-first in list order: an item, its children, its next sibling.
 [[nodiscard]] MenuItem const* findItem(std::vector<MenuItem> const& items, Uuid const& id);
 [[nodiscard]] bool containsKind(std::vector<MenuItem> const& items, MenuItemKind::Case kind);
 

@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// What an entry of the user's menu is. A text that is not in the table is kept as `unknown`
-/// with that text, so that nothing of an older or newer menu is lost.
+/// The kind of a menu item. A text that is not in the table is kept as `unknown` with that text, so
+/// that nothing of an older or newer menu is lost.
 class MenuItemKind {
 public:
     /// To add one (a list of its own: app/lists/AllLists.h):
@@ -78,17 +78,17 @@ public:
     {
     }
     [[nodiscard]] static MenuItemKind makeUnknown(std::string text);
-    /// Case is ignored; a text that is not in the table gives `unknown` carrying it as it was read.
+    /// Ignores case; a text that is not in the table gives `unknown` with that text.
     [[nodiscard]] static MenuItemKind fromRawValue(std::string_view text);
 
     [[nodiscard]] Case value() const { return m_case; }
     [[nodiscard]] std::string_view rawValue() const;
     [[nodiscard]] std::string_view defaultTitle() const;
-    /// Why the kind can no longer act; absent when it can.
+    /// The reason why the kind can no longer act; absent when it can.
     [[nodiscard]] std::optional<std::string> unavailabilityReason() const;
-    /// The retired commands and `unknown`: kept and shown disabled.
+    /// True for retired commands and `unknown`: kept and shown disabled.
     [[nodiscard]] bool isLegacy() const { return m_case >= openWith; }
-    /// Becomes a submenu that fills itself when it opens (fsObject included).
+    /// True for kinds whose submenu fills itself when it opens (fsObject included).
     [[nodiscard]] bool fillsItself() const;
 
     friend bool operator==(MenuItemKind const&, MenuItemKind const&) = default;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<std::string_view, 15> knownKeys { "Kind", "Title", "DisplayName", "Items", "Hidden", "Path", "ScanDepth", "Command", "SystemHotKey",
     "OSVersion", "Key", "KeyModifierShift", "KeyModifierOption", "KeyModifierControl", "KeyModifierNoCommand" };
 
-// The menu commands of which the older format knew the meaning, and what does the same now.
+// Command codes of the older format, and the kinds that replace them.
 constexpr std::array<std::string_view, 6> commandCodes { "dokm", "dokh", "dlft", "dbtm", "drig", "dokp" };
 constexpr std::array<MenuItemKind::Case, commandCodes.size()> commandKinds { MenuItemKind::dockMagnification, MenuItemKind::dockHiding,
     MenuItemKind::dockPosLeft, MenuItemKind::dockPosBottom, MenuItemKind::dockPosRight, MenuItemKind::dockPrefs };
@@ -59,7 +59,7 @@ std::optional<MenuItem> readItem(PropertyList const& value, LocationServices ser
         return std::nullopt;
     auto item = MenuItem::ofKind(kindOf(*kindText, *dictionary));
     item.title = titleOf(*dictionary);
-    // Being there is what counts: a stored false still hides the item.
+    // Presence counts: a stored false still hides the item.
     item.isHidden = dictionary->contains("Hidden");
     item.keyEquivalent = KeyEquivalentSpec::fromOlderDictionary(*dictionary);
     if (auto const* scanDepth = dictionary->find("ScanDepth"))
@@ -86,7 +86,7 @@ std::vector<MenuItem> readList(PropertyListArray const& values, LocationServices
 
 bool findUnreadable(PropertyListArray const& values, ReadFailure& failure);
 
-/// True with `failure` filled when the record at its index path would not be read whole.
+/// True, with `failure` filled, when the record at its index path cannot be read whole.
 bool isUnreadable(PropertyList const& value, ReadFailure& failure)
 {
     RecordReader record(value);

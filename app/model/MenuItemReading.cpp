@@ -8,10 +8,10 @@ namespace zv {
 
 namespace {
 
-/// Reads a tree of records and stops at the first that is wrong.
+/// Reads a tree of records and stops at the first wrong one.
 class ItemReader {
 public:
-    /// False on failure; `items` is then of no use.
+    /// False on failure; `items` is then unusable.
     bool readList(PropertyListArray const& records, std::vector<MenuItem>& items)
     {
         items.reserve(records.size());

@@ -9,8 +9,8 @@ namespace zv {
 
 namespace {
 
-/// How deep the values of `unrecognizedKeys` may nest, so that a document with the deepest
-/// menu still stays below what a property list may hold.
+/// The deepest nesting of values in `unrecognizedKeys`, so that the deepest menu's document still
+/// stays below a property list's limit.
 constexpr int maximumValueDepth = 128;
 
 bool isWritable(PropertyList const& value, int depth = 0);
@@ -38,7 +38,7 @@ bool isWritable(KeyEquivalentSpec::Trigger const& trigger)
     return isPlainText(trigger.text) && (!isCharacter || singleGrapheme(trigger.text));
 }
 
-/// The key whose value no property list can hold; null when there is none.
+/// The key with a value that no property list can hold; null when there is none.
 char const* unwritableKey(MenuItem const& item)
 {
     if (!isPlainText(item.kind.rawValue()))

@@ -15,7 +15,7 @@ namespace {
 
 enum Property : int { itemsProperty, unresolvedItemIDsProperty };
 
-/// What stands in when the default menu's resource is of no use.
+/// The fallback when the default menu's resource is unusable.
 constexpr MenuItemKind::Case builtInMenu[] = { MenuItemKind::aboutThisMac, MenuItemKind::separator, MenuItemKind::simpleSystemPrefs,
     MenuItemKind::customizeZantheVell, MenuItemKind::separator, MenuItemKind::sleep, MenuItemKind::restart, MenuItemKind::shutdown };
 
@@ -167,7 +167,7 @@ void MenuStore::setItems(std::vector<MenuItem> items)
     refreshLocations();
 }
 
-/// Announces the list as it is after the refresh, so that nobody sees a half-made change.
+/// Notifies observers only after the refresh, so that nobody sees a half-made change.
 void MenuStore::refreshLocations()
 {
     std::set<Uuid> unresolved;
@@ -186,7 +186,7 @@ void MenuStore::didChange()
         m_itemsSink->menuItemsChanged(m_items);
 }
 
-/// Before the first save over a menu that could not be read, and else when one is due.
+/// Backs up before the first save over an unreadable menu, and else when one is due.
 Result<void> MenuStore::backUp()
 {
     if (!m_backupSink || (!m_loadFailure && !m_backupSink->isDue()))

@@ -13,22 +13,21 @@
 
 namespace zv {
 
-/// Receives the whole list after every change of it.
+/// Receives the whole list after every change.
 class MenuItemsSink {
 public:
     virtual ~MenuItemsSink() = default;
     virtual void menuItemsChanged(std::vector<MenuItem> const& items) = 0;
 };
 
-/// Keeps what a save is about to overwrite.
+/// Keeps the stored menu before a save overwrites it.
 class MenuBackupSink {
 public:
     virtual ~MenuBackupSink() = default;
-    /// False when a readable menu need not be kept now; the store then asks for nothing more.
+    /// False when a readable menu need not be kept now; the store then makes no call.
     [[nodiscard]] virtual bool isDue() const = 0;
-    /// Told before a save changes what is stored, with the value that is stored now. One
-    /// that is no readable menu comes whether a backup is due or not. The failure is a
-    /// sentence for the log, where it is of interest only when the save then succeeds.
+    /// Called before a save, with the value stored now; an unreadable one comes even if no backup
+    /// is due. The failure is a sentence for the log, written only when the save then succeeds.
     [[nodiscard]] virtual Result<void> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
 };
 
@@ -50,37 +49,37 @@ public:
 
     [[nodiscard]] std::vector<MenuItem> const& items() const;
     [[nodiscard]] std::set<Uuid> const& unresolvedItemIDs() const;
-    /// Depth-first; the first match, or null. The pointer holds until the next change.
+    /// Finds the first match depth-first, or null. The pointer holds until the next change.
     [[nodiscard]] MenuItem const* find(Uuid const& id) const;
 
     /// `position` is clamped to the list; without one the items are appended.
     void insert(std::vector<MenuItem> items, std::optional<std::ptrdiff_t> position = std::nullopt);
-    /// Top-level items only, as are the next two.
+    /// Top-level items only, as in replace() and move().
     void remove(std::set<Uuid> const& ids);
     void replace(Uuid const& id, MenuItem item);
-    /// Takes the items at `offsets` out and puts them, in their order, before the item that
-    /// stood at `destination` (an offset of the list as it was).
+    /// Moves the items at `offsets`, in their order, before the item that stood at `destination`
+    /// (an offset of the list as it was).
     void move(std::set<std::size_t> const& offsets, std::size_t destination);
-    /// Puts a whole menu in place: import, restore, undo.
+    /// Replaces the whole menu: import, restore, undo.
     void replaceAll(std::vector<MenuItem> items);
 
     /// Writes the menu to the settings, as every change does. A failure is one line in the log.
     void save();
 
-    /// The menu that a new user sees: the resource's, or the built-in eight items.
+    /// A new user's menu: the resource's, or the built-in eight items.
     [[nodiscard]] std::vector<MenuItem> defaultMenu() const;
 
-    /// Loads again after another process changed what is stored; the sink is told, nothing is
-    /// saved. A stored menu that cannot be read leaves the menu in memory as it is.
+    /// Reloads after another process changed the stored menu; notifies the sink, saves nothing. An
+    /// unreadable stored menu leaves the menu in memory as it is.
     void reload();
 
-    /// Why the stored menu could not be read; nothing when it could, or none was stored, or
-    /// a save has replaced it.
+    /// The reason why the stored menu could not be read; empty when it could, or none was stored,
+    /// or a save has replaced it.
     [[nodiscard]] std::optional<ReadFailure> const& loadFailure() const { return m_loadFailure; }
-    /// Why the last save failed; nothing when it did not.
+    /// The result of the last save.
     [[nodiscard]] Result<void> const& lastSave() const { return m_lastSave; }
 
-    /// Both outlive the store, or are reset to null.
+    /// Both sinks outlive the store, or are reset to null.
     void setItemsSink(MenuItemsSink* sink) { m_itemsSink = sink; }
     void setBackupSink(MenuBackupSink* sink) { m_backupSink = sink; }
 

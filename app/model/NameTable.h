@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// Finds the position of a name in a fixed list, whatever its case. Names that differ only
-/// in case are a mistake of ours and stop the program.
+/// Finds the position of a name in a fixed list, ignoring case. Names that differ only in case are
+/// a programming error and stop the program.
 class NameTable {
 public:
     explicit NameTable(std::span<std::string_view const> names);

@@ -10,7 +10,7 @@ namespace {
 
 bool isForbidden(unsigned char byte) { return byte < 0x20 && byte != '\t' && byte != '\n'; }
 
-/// Nearly every text; a loop without a way out, so that the compiler takes many bytes at once.
+/// True for nearly every text; the loop has no early exit, so that the compiler can vectorise it.
 bool isPrintableAscii(std::string_view text)
 {
     bool isOther = false;

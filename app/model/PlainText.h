@@ -6,11 +6,11 @@
 
 namespace zv {
 
-/// True for text that every reader of an XML property list gives back as it was: UTF-8
-/// without control characters other than tab and line feed.
+/// True for text that every XML property-list reader preserves: UTF-8 without control characters
+/// other than tab and line feed.
 [[nodiscard]] bool isPlainText(std::string_view text);
 
-/// A string where the text is plain, else data with its bytes.
+/// A string if the text is plain, else data with its bytes.
 [[nodiscard]] PropertyList textOrData(std::string_view text);
 
 } // namespace zv

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::int64_t integer(std::int64_t value) { return value; }
 
-// In the order of the properties' numbers. "ScanDepth" is the older format's key.
+// Ordered by property number. "ScanDepth" is the older format's key.
 constexpr std::array<PreferenceDescription, 10> table { {
     { "ReplaceAppleMenu", true, "the menu opens from the corner of the menu bar" },
     { "ShowStatusItem", true, "the menu has an icon in the menu bar" },
@@ -93,7 +93,7 @@ bool Preferences::stored(Property<bool> const& property) const { return m_defaul
 
 std::int64_t Preferences::stored(Property<std::int64_t> const& property) const { return m_defaults.integerForKey(keyOf(property.index)); }
 
-// The header's setters use these.
+// Instantiated for the header's setters.
 template void Preferences::write(Property<bool>&, bool);
 template void Preferences::write(Property<std::int64_t>&, std::int64_t);
 

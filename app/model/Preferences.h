@@ -10,16 +10,16 @@
 
 namespace zv {
 
-/// One setting as it is stored: its key, its registered default, which also tells its type,
-/// and what it is for, in a few words.
+/// A stored setting: its key, its registered default, which also gives its type, and its purpose in
+/// a few words.
 struct PreferenceDescription {
     std::string_view key;
     std::variant<bool, std::int64_t> defaultValue;
     std::string_view meaning;
 };
 
-/// The settings, cached in properties and written back the moment they change. Reading
-/// a property within withObservationTracking() observes it. Main thread only.
+/// The settings, cached in properties and written back on each change. Reading a property within
+/// withObservationTracking() observes it. Main thread only.
 class Preferences {
 public:
     /// Registers the ten defaults, then reads each key once. `defaults` outlives this.
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] std::int64_t maximumItemsPerFolder() const { return read(m_maximumItemsPerFolder); }
     [[nodiscard]] std::int64_t hotkeyPrescanDepth() const { return read(m_hotkeyPrescanDepth); }
 
-    /// Setting the value that stands already writes nothing and tells nobody.
+    /// Setting the current value writes nothing and notifies nobody.
     void setReplacesAppleMenu(bool value) { write(m_replacesAppleMenu, value); }
     void setShowsStatusItem(bool value) { write(m_showsStatusItem, value); }
     void setDrawsRainbowAppleLogo(bool value) { write(m_drawsRainbowAppleLogo, value); }
@@ -50,11 +50,11 @@ public:
     void setMaximumItemsPerFolder(std::int64_t value) { write(m_maximumItemsPerFolder, value); }
     void setHotkeyPrescanDepth(std::int64_t value) { write(m_hotkeyPrescanDepth, value); }
 
-    /// Reads all ten anew after another process changed the stored settings; observers of
-    /// what differs are told, nothing is written.
+    /// Reads all ten anew after another process changed the stored settings; notifies observers of
+    /// the changed ones, writes nothing.
     void reload();
 
-    /// All ten, in their order.
+    /// All ten, in the properties' order.
     [[nodiscard]] static std::span<PreferenceDescription const> descriptions();
 
 private:

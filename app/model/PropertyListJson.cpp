@@ -61,7 +61,7 @@ struct Writer {
     }
 };
 
-/// Reads one value; afterwards `failure` tells whether that worked.
+/// Reads one value; afterwards `failure` tells whether that succeeded.
 class Reader {
 public:
     PropertyList read(Json const& json, int depth = 0)

@@ -7,9 +7,9 @@
 
 namespace zv {
 
-/// A property list as JSON and back, without loss. What JSON lacks is written as an object
-/// with one key: {"$data": base64}, {"$date": seconds since 2001}, {"$real": "nan"}; a
-/// dictionary that looks like one of these as {"$dictionary": {…}}.
+/// Converts a property list to JSON and back without loss. Types that JSON lacks become an object
+/// with one key: {"$data": base64}, {"$date": seconds since 2001}, {"$real": "nan"}; a dictionary
+/// that looks like one of these becomes {"$dictionary": {…}}.
 [[nodiscard]] nlohmann::ordered_json toJson(PropertyList const& value);
 /// The failure is a reason, such as "is nested too deep".
 [[nodiscard]] Result<PropertyList> propertyListFromJson(nlohmann::ordered_json const& json);

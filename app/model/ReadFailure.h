@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// Why a menu could not be read or written: the first wrong record.
+/// The reason why a menu could not be read or written: the first wrong record.
 struct ReadFailure {
     std::vector<std::size_t> indexPath; ///< from the top list to the record; empty for the document itself
     std::string key; ///< of the record, "keyEquivalent.trigger" within one; empty when the record itself is wrong

@@ -10,9 +10,9 @@
 
 namespace zv {
 
-/// Takes typed values out of one record and remembers the first that is wrong. After a
-/// failure every further read gives an empty value, so that a record reads as a plain list
-/// of its fields; ask failure() once, at the end.
+/// Reads typed values from one record and remembers the first wrong one. After a failure every
+/// further read gives an empty value, so that a record reads as a plain list of its fields; check
+/// failure() once, at the end.
 class RecordReader {
 public:
     explicit RecordReader(PropertyList const& record);
@@ -24,14 +24,14 @@ public:
     [[nodiscard]] PropertyListDictionary const* requiredDictionary(std::string_view key);
     [[nodiscard]] std::optional<std::string> optionalString(std::string_view key);
     [[nodiscard]] std::optional<std::int64_t> optionalInteger(std::string_view key);
-    /// A text, or the bytes of one that no property list can hold as a string.
+    /// Reads a text, or the bytes of one that no property list can hold as a string.
     [[nodiscard]] std::optional<std::string> optionalBytes(std::string_view key);
     [[nodiscard]] std::optional<PropertyListData> optionalData(std::string_view key);
-    /// Any value; null when absent.
+    /// Reads any value; null when absent.
     [[nodiscard]] PropertyList const* optionalValue(std::string_view key) const;
 
     void fail(std::string_view key, std::string reason);
-    /// Takes over the failure of a record found under `key`.
+    /// Records the failure of a nested record under `key`.
     void fail(std::string_view key, ReadFailure const& inner);
     [[nodiscard]] bool ok() const { return !m_failure; }
     [[nodiscard]] std::optional<ReadFailure> const& failure() const { return m_failure; }
