@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// What the About tab says.
+/// The texts of the About tab.
 struct AboutText {
     std::string name;
     std::string version; ///< "Version 0.9.0"
@@ -21,8 +21,8 @@ struct AboutText {
 
 [[nodiscard]] AboutText aboutText(Resources const& resources);
 
-/// A text for bug reports: the home folder's path stands as "~", and the user's name, where
-/// it is a path component, as "user".
+/// Anonymises a bug report: the home folder's path becomes "~", and the user's name,
+/// where it is a path component, "user".
 [[nodiscard]] std::string withoutPersonalPaths(std::string text, std::string_view homePath, std::string_view userName);
 
 } // namespace zv

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view extension = ".app";
 
-/// Makers put their applications into a folder, and sometimes that into one of theirs.
+/// Applications may lie in a folder of their maker, and in one below it.
 constexpr int deepestFolder = 3;
 
 std::string_view withoutExtension(std::string_view name) { return name.ends_with(extension) ? name.substr(0, name.size() - extension.size()) : name; }
@@ -30,7 +30,7 @@ public:
         auto const contents = m_reader.read(folder, HiddenFiles::skipped);
         for (std::size_t i = 0; contents && i < contents->size(); ++i) {
             auto const child = (*contents)[i];
-            // A link to an application is one; a link to a folder may lead in circles.
+            // Takes links to applications, but follows no link to a folder: it may lead in circles.
             if (child.name.ends_with(extension) && child.traits.isDirectory)
                 add(folder.appending(child.name), child.localizedName.empty() ? child.name : child.localizedName);
             else if (child.traits.isDirectory && !child.traits.isPackage && !child.isLink && depth < deepestFolder)

@@ -10,9 +10,9 @@ namespace zv {
 
 class FolderReader;
 
-/// The applications in these folders and in the folders below them, on systems where an
-/// application is a folder named *.app. None is looked into. Of several with one identifier
-/// the first stands for all; `identifierOf` gives an empty text for one that has none. Any thread.
+/// Finds applications in these folders and below, on systems where an application is a folder named
+/// *.app. Applications are not searched. The first of several with one identifier is kept;
+/// `identifierOf` gives an empty text for one without. Any thread.
 [[nodiscard]] std::vector<InstalledApplication> applicationsIn(
     std::vector<Url> const& folders, FolderReader const& reader, std::function<std::string(Url const& application)> const& identifierOf);
 

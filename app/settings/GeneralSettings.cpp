@@ -188,7 +188,7 @@ SettingsSection GeneralSettings::menuFile()
             if (index >= 0 && static_cast<std::size_t>(index) < backups.size())
                 file.restoreBackup(backups[static_cast<std::size_t>(index)]);
             if (onChanged)
-                onChanged(); // the list stands at its title again
+                onChanged(); // shows the list's title again
         }));
     return section;
 }

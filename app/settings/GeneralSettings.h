@@ -16,9 +16,9 @@
 
 namespace zv {
 
-/// The General tab. Each change acts at once. Asking for the sections within
-/// withObservationTracking() observes all that they show, but for the login item and the
-/// permissions, which the front end asks for again when the program becomes active. Main thread only.
+/// The General tab. Each change acts at once. Reading the sections within withObservationTracking()
+/// observes them, except the login item and the permissions, which the front end reads again when
+/// the program becomes active. Main thread only.
 class GeneralSettings {
 public:
     struct Services {
@@ -28,9 +28,9 @@ public:
         MenuFileCommands& menuFile;
         Alerts& alerts;
         SettingsWording wording;
-        /// Why the status icon cannot be seen on this desktop, as a sentence; nothing when it can.
+        /// The reason why this desktop cannot show the status icon, a sentence; empty when it can.
         std::function<std::optional<std::string>()> statusItemProblem;
-        /// The same of the overlay, and of shortcuts in other programs.
+        /// The same for the overlay, and for shortcuts in other programs.
         std::function<std::optional<std::string>()> overlayProblem;
         std::function<std::optional<std::string>()> hotkeyProblem;
         Permissions const* permissions = nullptr; ///< null where the system asks for none
@@ -44,7 +44,7 @@ public:
 
     [[nodiscard]] std::vector<SettingsSection> sections();
 
-    /// Called when a row's action changed something that observation does not see.
+    /// Called after a row's action changed a value that cannot be observed.
     std::function<void()> onChanged;
 
 private:

@@ -28,7 +28,7 @@ std::vector<SettingsChoice> depthChoices(std::int64_t current, Preferences const
     return choicesWith(current, offered);
 }
 
-/// Kinds whose own submenu lists folders, so that a depth means something.
+/// True for kinds whose submenu lists folders, and so has a depth.
 bool listsFolders(MenuItemKind const& kind)
 {
     return kind == MenuItemKind::fsObject || kind == MenuItemKind::zantheVellItems || kind == MenuItemKind::mountedVolumes || kind == MenuItemKind::recentItems

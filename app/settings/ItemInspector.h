@@ -10,22 +10,22 @@
 
 namespace zv {
 
-/// The value that stands for the preference among the depth choices.
+/// The depth choice that stands for the preference.
 inline constexpr std::int64_t depthOfPreference = -1;
 
-/// What the inspector shows of the selected item: only what applies to it.
+/// The inspector's fields for the selected item: only those that apply to it.
 struct InspectorFields {
     std::string kindTitle; ///< "Folder or file", "Separator" …
     bool hasTitle = false;
-    std::string title; ///< empty when the item has none of its own
-    std::string titlePlaceholder; ///< what is shown then
+    std::string title; ///< empty without a title of its own
+    std::string titlePlaceholder; ///< shown instead of an empty title
     bool hasTarget = false;
-    std::string targetPath; ///< empty when it was never known
+    std::string targetPath; ///< empty if unknown
     bool targetIsMissing = false;
     bool hasDepth = false;
     std::optional<std::int64_t> depth; ///< none: as in the General tab
-    std::vector<SettingsChoice> depthChoices; ///< a stored value outside the offered ones is among them
-    /// The one of the choices that stands.
+    std::vector<SettingsChoice> depthChoices; ///< includes a stored value outside the offered ones
+    /// The current choice.
     [[nodiscard]] std::int64_t depthChoice() const { return depth.value_or(depthOfPreference); }
     bool canHide = false;
     bool isHidden = false;
@@ -34,7 +34,7 @@ struct InspectorFields {
     std::string note; ///< why the item cannot act; empty when it can
 };
 
-/// The depth that a choice stores; nothing for the preference.
+/// The depth that a choice stores; empty for the preference.
 [[nodiscard]] std::optional<std::int64_t> depthOfChoice(std::int64_t choice);
 
 [[nodiscard]] InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing);

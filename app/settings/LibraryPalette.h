@@ -10,7 +10,7 @@
 
 namespace zv {
 
-/// The palette of things to add, in groups, narrowed by what is typed into its search field.
+/// The palette of items to add, in groups, filtered by its search field.
 class LibraryPalette {
 public:
     struct Group {
@@ -23,15 +23,15 @@ public:
     {
     }
 
-    /// Groups in the order of their first entry, empty ones left out. Every word of `search`
-    /// must occur in the title, the description or the group; case and accents do not count.
-    /// The pointers hold until the applications are set. Reading this within
-    /// withObservationTracking() observes them.
+    /// Groups in the order of their first entry, without empty ones. Every word of `search` must
+    /// occur in the title, the description or the group, ignoring case and accents. The pointers
+    /// hold until the applications are set. Reading this within withObservationTracking() observes
+    /// them.
     [[nodiscard]] std::vector<Group> groups(std::string_view search = {}) const;
-    /// Null when there is none.
+    /// Null when there is no such entry.
     [[nodiscard]] LibraryEntry const* entry(std::string_view id) const;
 
-    /// They stand in a group of their own at the end, in the order of their names.
+    /// Shows the applications in a group of their own at the end, sorted by name.
     void setApplications(std::vector<InstalledApplication> applications);
 
 private:

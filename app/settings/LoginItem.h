@@ -19,7 +19,7 @@ public:
         std::string description;
     };
     struct Enabled {
-        bool requiresApproval = false; ///< the system waits for the user
+        bool requiresApproval = false; ///< waiting for the user's approval
     };
 
     explicit LoginItem(LoginService& service)
@@ -27,13 +27,13 @@ public:
     {
     }
 
-    /// Read from the system each time.
+    /// Reads the system's state each time.
     [[nodiscard]] State state() const;
     Result<Enabled, ChangeFailure> enable();
     Result<void, ChangeFailure> disable();
     void openSettings();
 
-    /// The alert for a change that failed; the reason is a sentence.
+    /// The alert for a failed change; the reason is a sentence.
     [[nodiscard]] static Alert alertFor(std::string reason);
 
     static constexpr char const* approvalNote

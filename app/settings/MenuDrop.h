@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// What a drag or the clipboard holds for the menu: records of items, else files.
+/// The content of a drag or the clipboard for the menu: records of items, else files.
 struct MenuDrop {
     std::vector<std::string> records;
     std::vector<Url> files;
@@ -18,7 +18,7 @@ struct MenuDrop {
 
 struct DropOutcome {
     bool tookAny = false;
-    std::optional<Alert> problem; ///< what could not be taken, to be told once the drag is over
+    std::optional<Alert> problem; ///< names the refused content; shown once the drag is over
 };
 
 [[nodiscard]] DropOutcome take(MenuDrop const& drop, MenuEditor& editor, MenuEditor::Position const& position);

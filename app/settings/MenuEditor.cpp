@@ -18,7 +18,7 @@ std::set<Uuid> idsOf(Items const& items)
     return ids;
 }
 
-/// The one offset at which the lists differ, when they differ in a single item.
+/// The offset of the only differing item; empty when more differ.
 std::optional<std::size_t> singleDifference(Items const& before, Items const& after)
 {
     if (before.size() != after.size())
@@ -34,7 +34,7 @@ std::optional<std::size_t> singleDifference(Items const& before, Items const& af
     return difference;
 }
 
-/// The shortest stretch of top-level items that makes the difference.
+/// The shortest range of top-level items that covers the difference.
 MenuEdit differenceOf(Items const& before, Items const& after)
 {
     auto const [first, firstNow] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
@@ -51,7 +51,7 @@ MenuEdit differenceOf(Items const& before, Items const& after)
     return edit;
 }
 
-/// Puts `replacement` where `count` items stand from `index` on; both are clamped.
+/// Replaces `count` items from `index` on by `replacement`; both are clamped.
 void replaceStretch(Items& items, std::size_t index, std::size_t count, Items const& replacement)
 {
     auto const start = std::min(index, items.size());
@@ -60,7 +60,7 @@ void replaceStretch(Items& items, std::size_t index, std::size_t count, Items co
     items.insert(items.erase(first, last), replacement.begin(), replacement.end());
 }
 
-/// The next sibling that stays, else the one before, else the parent.
+/// The next remaining sibling, else the one before, else the parent.
 std::optional<Uuid> survivorBeside(Items const& siblings, std::size_t index, std::set<Uuid> const& leaving)
 {
     auto const stays = [&](auto const& item) { return !leaving.contains(item.id); };
@@ -122,8 +122,8 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
     return missing;
 }
 
-/// An item is called by its file's name; where that is not what the system shows, as with
-/// applications, it gets a title.
+/// Items show their file's name; one that the system shows differently, such as an application's,
+/// needs a title.
 std::optional<std::string> MenuEditor::titleFor(Url const& file) const
 {
     auto shown = m_services.locations.files.localizedName(file);
@@ -148,7 +148,7 @@ bool MenuEditor::moveBy(Ids const& ids, int step)
     auto const moved = menuTree::outermost(items(), ids);
     if (moved.empty())
         return false;
-    // The foremost one in the direction of the move leads, the others follow it.
+    // The foremost item in the direction of the move leads, the others follow it.
     auto position = menuTree::positionOf(items(), step < 0 ? moved.front() : moved.back());
     if (!position || (step < 0 && position->index == 0))
         return false;
@@ -318,7 +318,7 @@ void MenuEditor::tell(std::string name, Selection selection)
         onEdit(edit);
 }
 
-/// What differs since the last edit, as the store has it now: locations may have been refreshed.
+/// Takes the difference since the last edit from the store, which may have refreshed locations.
 MenuEdit MenuEditor::takeOver()
 {
     auto edit = differenceOf(m_known, items());

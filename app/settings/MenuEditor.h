@@ -14,18 +14,17 @@
 
 namespace zv {
 
-/// One step back or forward: the top-level items that differ, before and after an edit.
+/// An undoable edit: the top-level items that differ, before and after.
 struct MenuEdit {
     std::string name; ///< for the Undo command: "Move", "Add Separator" …
-    std::size_t index = 0; ///< where the items stand in the menu
+    std::size_t index = 0; ///< the items' position in the menu
     std::vector<MenuItem> before;
     std::vector<MenuItem> after;
-    std::optional<std::set<Uuid>> selectionAfter; ///< nothing: what was selected stays so
+    std::optional<std::set<Uuid>> selectionAfter; ///< empty: the selection stays
 };
 
-/// The operations of the menu editor over the store. Each that changes something is told
-/// through `onEdit`, and so is a change of the menu that was made elsewhere: the window's
-/// undo stack then leads back over both. Main thread only.
+/// The menu editor's operations on the store. Reports each change through `onEdit`, also one made
+/// elsewhere, so that the window's undo stack leads back over both. Main thread only.
 class MenuEditor {
 public:
     using Position = menuTree::Position;
@@ -40,48 +39,48 @@ public:
     MenuEditor(MenuEditor const&) = delete;
     MenuEditor& operator=(MenuEditor const&) = delete;
 
-    /// Told after the store has taken the edit. Not called for undo and redo.
+    /// Called after the store has taken the edit, but not for undo and redo.
     std::function<void(MenuEdit const&)> onEdit;
 
     [[nodiscard]] std::vector<MenuItem> const& items() const { return m_services.store.items(); }
 
-    /// Behind the last selected item: within it when it is an open submenu, else after it;
-    /// at the end of the menu when nothing is selected.
+    /// The position after the last selected item: within it if it is an open submenu; the menu's
+    /// end if nothing is selected.
     [[nodiscard]] Position positionAfter(Ids const& selection, std::optional<Uuid> const& openSubmenu = std::nullopt) const;
 
     void addEntry(LibraryEntry const& entry, Position const& position);
     void addSubmenu(Position const& position);
     void addSeparator(Position const& position);
-    /// Files, folders and applications become items, by the names that the system shows for
-    /// them. Gives those that are not there.
+    /// Adds files, folders and applications as items, titled as the system shows them. Returns the
+    /// missing ones.
     std::vector<Url> addFiles(std::vector<Url> const& files, Position const& position);
 
-    /// False when an item would land within itself; then nothing changes.
+    /// Returns false and changes nothing when an item would land within itself.
     bool move(Ids const& ids, Position const& position);
-    /// One place up or down among its siblings; several move together.
+    /// Moves items one place up among their siblings; several move together.
     bool moveUp(Ids const& ids);
     bool moveDown(Ids const& ids);
-    /// What stood behind them is selected then.
+    /// Removes items and selects the next remaining one.
     void remove(Ids const& ids);
     void duplicate(Ids const& ids);
 
     /// The items as drag records, outermost only, for the clipboard and for dragging.
     [[nodiscard]] std::vector<std::string> records(Ids const& ids) const;
     enum class Drop { move, copy };
-    /// Records dropped or pasted. Those of this menu are moved where `drop` says so; all
-    /// others come in with fresh ids. The failure names the first wrong record; then nothing changes.
+    /// Inserts dropped or pasted records. Records of this menu are moved if `drop` says so; others
+    /// get fresh ids. The failure names the first wrong record; then nothing changes.
     Result<void> drop(std::vector<std::string> const& records, Position const& position, Drop drop);
 
-    /// Empty text is no title.
+    /// An empty text removes the title.
     void setTitle(Uuid const& id, std::string const& title);
     void setTarget(Uuid const& id, Url const& target);
-    /// Nothing stands for the preference.
+    /// An empty depth stands for the preference.
     void setScanDepth(Uuid const& id, std::optional<std::int64_t> depth);
     void setHidden(Uuid const& id, bool isHidden);
     void setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec);
 
     void restoreDefaultMenu();
-    /// A whole menu that was read from a file or a backup.
+    /// Replaces the whole menu, by one read from a file or a backup.
     void replaceMenu(std::vector<MenuItem> items, std::string const& editName);
 
     void undo(MenuEdit const& edit);
@@ -102,7 +101,7 @@ private:
     void observe();
 
     Services m_services;
-    std::vector<MenuItem> m_known; ///< the menu as the last edit left it
+    std::vector<MenuItem> m_known; ///< the menu after the last edit
     bool m_isPutting = false;
     Observation m_observation;
 };

@@ -10,9 +10,8 @@
 
 namespace zv {
 
-/// Export, import, backups and reset of the whole menu, as the settings offer them. A wrong
-/// file is told with its first wrong record and changes nothing; what replaces the menu can
-/// be undone. Main thread only.
+/// Exports, imports, restores and resets the whole menu. A wrong file is reported with its first
+/// wrong record and changes nothing; replacing the menu can be undone. Main thread only.
 class MenuFileCommands {
 public:
     struct Services {
@@ -31,10 +30,10 @@ public:
 
     void exportMenu();
     void importMenu();
-    /// The newest first.
+    /// Newest first.
     [[nodiscard]] std::vector<MenuBackup> backups() const;
     void restoreBackup(MenuBackup const& backup);
-    /// Asks first.
+    /// Asks for confirmation first.
     void restoreDefaultMenu();
 
 private:

@@ -9,7 +9,7 @@ namespace {
 constexpr char const* missingFile = "This item points at a file that no longer exists.";
 constexpr char const* takenElsewhere = "Another app already uses this combination.";
 
-/// The first that gets the shortcut, in the order in which they are claimed.
+/// The first item with the shortcut, in the order of registration.
 MenuItem const* ownerOf(std::vector<MenuItem> const& items, std::string const& shortcut)
 {
     for (auto const& item : items) {

@@ -11,23 +11,23 @@
 
 namespace zv {
 
-/// What the editor's outline shows of one item.
+/// An item's row in the editor's outline.
 struct OutlineRow {
     std::string title;
     bool isSeparator = false;
     bool isDimmed = false; ///< hidden, or cannot act
     std::string shortcut; ///< glyph text; empty for none
-    std::string badge; ///< why something is wrong, as a sentence; empty when all is well
+    std::string badge; ///< the problem, as a sentence; empty when there is none
 
-    /// In the colour of what is less important.
+    /// True for rows drawn in the secondary colour.
     [[nodiscard]] bool isFaint() const { return isDimmed || isSeparator; }
-    /// A separator's is a line.
+    /// The title as drawn; a separator's is a line.
     [[nodiscard]] std::string shownTitle() const { return isSeparator ? settingsTexts::separatorLine : title; }
-    /// For assistive tools.
+    /// The title for assistive tools.
     [[nodiscard]] std::string spokenTitle() const { return isSeparator ? settingsTexts::separator : title; }
 };
 
-/// Describes items with what the store and the hotkeys know of them. Main thread only.
+/// Describes items, using the store and the hotkeys. Main thread only.
 class MenuOutline {
 public:
     struct Services {

@@ -98,7 +98,7 @@ bool move(Items& items, std::set<Uuid> const& ids, Position const& position)
     auto const leaving = std::count_if(children->begin(), end, [&](auto const& item) { return ids.contains(item.id); });
     auto const index = static_cast<std::size_t>(std::distance(children->begin(), end) - leaving);
     Items taken;
-    // A parent that loses its last child may no longer hold any; as a target it still does.
+    // The target stays one, even if the move takes its last child.
     auto moved = items;
     take(moved, ids, taken);
     auto* target = position.parent ? find(moved, *position.parent) : nullptr;

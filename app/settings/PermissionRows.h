@@ -8,8 +8,8 @@
 
 namespace zv {
 
-/// Each permission with its state, what it is for, and a button that shows where it is
-/// given. `openPane` gets the identifier of a page of the system's settings.
+/// A row for each permission: its state, its purpose, and a button that shows where to grant it.
+/// `openPane` gets the identifier of a page of the system's settings.
 [[nodiscard]] SettingsSection permissionSection(Permissions const& permissions, std::function<void(std::string_view)> const& openPane);
 
 } // namespace zv

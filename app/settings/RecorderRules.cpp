@@ -15,7 +15,7 @@ std::optional<KeyEquivalentSpec::Trigger> triggerFor(KeyPress const& press)
     auto const character = singleGrapheme(press.charactersIgnoringModifiers);
     if (!character || !isLetterNumberPunctuationOrSymbol(*character))
         return std::nullopt;
-    // A sharp s in upper case is two letters; a trigger is one.
+    // A sharp s stays: in upper case it is two letters, a trigger is one.
     auto const upper = upperCased(*character);
     return KeyEquivalentSpec::Trigger::character(singleGrapheme(upper) ? std::string_view(upper) : *character);
 }

@@ -26,11 +26,11 @@ struct RecorderOutcome {
     std::optional<KeyEquivalentSpec> spec; ///< when captured
 };
 
-/// What a key press means while a shortcut is being recorded. A bare letter is taken too:
-/// what can be registered is decided elsewhere.
+/// Interprets a key press during recording. Accepts a bare letter too: whether it can be registered
+/// is decided elsewhere.
 [[nodiscard]] RecorderOutcome recorderOutcome(KeyPress const& press);
 
-/// Of the recorder's field, in points.
+/// The recorder field's width in points.
 inline constexpr double minimumRecorderWidth = 90;
 
 } // namespace zv

@@ -47,7 +47,7 @@ void SettingsModels::readOutline() const
 {
     (void)m_services.store.items();
     (void)m_services.store.unresolvedItemIDs();
-    (void)m_outline.row(MenuItem::ofKind(MenuItemKind::sleep)); // the conflicts
+    (void)m_outline.row(MenuItem::ofKind(MenuItemKind::sleep)); // observes the conflicts
 }
 
 ImageRef SettingsModels::iconOf(MenuItem const& item)
@@ -70,7 +70,7 @@ DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Posit
 
 void SettingsModels::chooseTarget(Uuid const& id)
 {
-    auto const edited = id; // what shows the item may change while the panel is open
+    auto const edited = id; // a copy: the caller's may change while the panel is open
     if (!m_services.store.find(edited))
         return;
     auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ settingsTexts::chooseTarget, FilePanelKind::filesAndFolders });

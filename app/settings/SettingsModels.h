@@ -19,8 +19,7 @@ namespace zv {
 
 class MenuIcons;
 
-/// All that the settings window shows and does, without the window. All services outlive it.
-/// Main thread only.
+/// The settings window's content and operations, without the window. All services outlive it. Main thread only.
 class SettingsModels {
 public:
     struct Services {
@@ -33,7 +32,7 @@ public:
         LoginItem& loginItem;
         KresUpdater& updater;
         MenuIcons& icons;
-        std::function<std::optional<std::string>()> overlayProblem; ///< why there is no overlay, as a sentence; nothing where there is
+        std::function<std::optional<std::string>()> overlayProblem; ///< the reason for having no overlay, a sentence; empty when there is one
         std::function<void()> showReadMe;
         std::function<void(std::string_view)> openSettingsPane;
     };
@@ -53,19 +52,19 @@ public:
     [[nodiscard]] SettingsPlace& place() { return m_place; }
     [[nodiscard]] Alerts& alerts() { return m_services.surface.desk.alerts; }
 
-    /// Reads all that the outline shows, for those who observe it.
+    /// Reads all that the outline shows, to observe it.
     void readOutline() const;
     [[nodiscard]] ImageRef iconOf(MenuItem const& item);
     [[nodiscard]] InspectorFields inspectorFieldsOf(MenuItem const& item) const;
 
-    /// Asks which files to add, and adds them.
+    /// Lets the user choose files, and adds them.
     DropOutcome addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position);
-    /// Asks for the item's new target.
+    /// Lets the user choose the item's new target.
     void chooseTarget(Uuid const& id);
     void reveal(Uuid const& id);
     void showReadMe();
     void copyDiagnostics();
-    /// While a shortcut is recorded no global hotkey is held, so that any combination reaches
+    /// Releases all global hotkeys while a shortcut is recorded, so that every combination reaches
     /// the recorder.
     void beginRecording();
     void endRecording();

@@ -23,7 +23,7 @@ struct SettingsRow {
     };
 
     Kind kind = Kind::note;
-    std::string id; ///< stable; for tests and for keeping the focus while rows change
+    std::string id; ///< stable; for tests, and to keep the focus while rows change
     std::string title;
     std::string help; ///< a tooltip, and the control's accessible description
     bool isEnabled = true;
@@ -40,15 +40,15 @@ struct SettingsSection {
     std::string title;
     std::vector<SettingsRow> rows;
 
-    /// What stands before the first row.
+    /// The text before the first row.
     [[nodiscard]] std::string heading() const { return title + ":"; }
 };
 
-/// Equal for pages that the same controls show: those with equal sections, of equal rows.
+/// Equal for pages with the same controls: equal section titles, row ids and kinds.
 [[nodiscard]] std::string shapeOf(std::vector<SettingsSection> const& sections);
 
-/// Adds the value that stands to the offered ones, in its order, when it is not among them:
-/// what somebody stored is shown and kept.
+/// Inserts the stored value into the offered choices, in order, if it is missing: a custom value is
+/// shown and kept.
 [[nodiscard]] std::vector<SettingsChoice> choicesWith(std::int64_t stored, std::vector<SettingsChoice> offered);
 
 } // namespace zv

@@ -31,7 +31,7 @@ std::int64_t SettingsPlace::tab(std::int64_t count) const
 
 void SettingsPlace::keepTab(std::int64_t tab) { keep(tabKey, tab); }
 
-/// Only what differs: a window that is merely opened and closed stores nothing.
+/// Stores only changes: opening and closing the window stores nothing.
 void SettingsPlace::keep(char const* key, std::int64_t value)
 {
     if (m_defaults.integerForKey(key) != value)

@@ -7,11 +7,10 @@
 
 namespace zv {
 
-/// How the settings window was left, among the user's settings: its size and its tab. Main
-/// thread only.
+/// The settings window's last size and tab, kept among the user's settings. Main thread only.
 class SettingsPlace {
 public:
-    /// In points, of the content.
+    /// The content's size in points.
     struct Size {
         std::int64_t width = 0;
         std::int64_t height = 0;
@@ -23,11 +22,11 @@ public:
     {
     }
 
-    /// Nothing where none was kept, or one below the smallest that the window can have.
+    /// Empty if none is stored, or the stored one is below `smallest`.
     [[nodiscard]] std::optional<Size> size(Size smallest) const;
     void keepSize(Size size);
 
-    /// The first where the one that was kept is not among as many.
+    /// The stored tab; the first if that is not below `count`.
     [[nodiscard]] std::int64_t tab(std::int64_t count) const;
     void keepTab(std::int64_t tab);
 

@@ -3,14 +3,14 @@
 #include <cstddef>
 #include <string>
 
-/// What the settings window says on every system. The rows of its General page are worded by
-/// GeneralSettings, the About page by AboutText, what differs between systems by SettingsWording.
-/// Each is a whole title or sentence; the front ends show it as it stands.
+/// The settings window's texts on every system. GeneralSettings words the rows of the General page,
+/// AboutText the About page, SettingsWording what differs between systems. Each is a whole title or
+/// sentence, which front ends show unchanged.
 namespace zv::settingsTexts {
 
 using Text = char const*;
 
-/// A button, and a sentence that tells what it does.
+/// A button, and a sentence about its effect.
 struct Button {
     Text title;
     Text help;
@@ -44,7 +44,7 @@ inline constexpr Button addSubmenu { "Submenu", "Adds an empty submenu" };
 inline constexpr Button addSeparator { "Separator", "Adds a line" };
 inline constexpr Button remove { "Remove", "Removes what is selected" };
 inline constexpr Text restoreDefaultMenu = "Restore Default Menu…";
-inline constexpr Text undo = "Undo"; ///< the toolkit adds what is undone
+inline constexpr Text undo = "Undo"; ///< the toolkit adds the edit's name
 inline constexpr Text redo = "Redo";
 inline constexpr Text cut = "Cut";
 inline constexpr Text copy = "Copy";
@@ -69,7 +69,7 @@ inline constexpr Text choose = "Choose…";
 inline constexpr Text reveal = "Reveal";
 inline constexpr Text shortcut = "Shortcut";
 inline constexpr Text hidden = "Hide in the menu";
-[[nodiscard]] std::string selected(std::size_t count); ///< when it is not one
+[[nodiscard]] std::string selected(std::size_t count); ///< for any count but one
 
 // The recorder of shortcuts.
 inline constexpr Text recorder = "Shortcut"; ///< for assistive tools
@@ -79,7 +79,7 @@ inline constexpr Text noShortcut = "None";
 inline constexpr Text clear = "Clear";
 inline constexpr Text clearShortcut = "Clear shortcut"; ///< for assistive tools
 
-// What could not be added.
+// Items that could not be added.
 inline constexpr Text itemsNotAdded = "The items could not be added.";
 [[nodiscard]] std::string filesNotAdded(std::size_t count);
 [[nodiscard]] std::string doesNotExist(std::string const& path);

@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// What differs in the settings' words from system to system.
+/// The settings' texts that differ between systems.
 struct SettingsWording {
     std::string replaceMenu;
     std::string replaceMenuHelp;
@@ -15,8 +15,8 @@ struct SettingsWording {
     std::string statusItemHelp;
     std::string noPresenceNote;
     std::string openAtLoginHelp;
-    std::string statusItemIsNotShown; ///< what helps where nothing shows status icons
-    /// Makes a sentence of the system's reason for not opening the program at login.
+    std::string statusItemIsNotShown; ///< the remedy where nothing shows status icons
+    /// Words the system's reason for not opening the program at login as a sentence.
     std::string (*loginFailure)(std::string const& reason) = [](std::string const& reason) { return reason; };
     std::string depth; ///< the inspector's title for how deep a folder opens
 
