@@ -49,7 +49,7 @@ AppDelegate::Launch AppDelegate::applicationDidFinishLaunching()
 bool AppDelegate::applicationShouldHandleReopen(bool)
 {
     assertMainThread();
-    // Before that, there is nothing but the question whether to move.
+    // Before that, only the question whether to move can be open.
     if (m_statusItem)
         openSettings();
     else

@@ -10,36 +10,35 @@
 
 namespace zv {
 
-/// Receives what the system tells the application, and owns all that it leads to: the stored
-/// menu from the start, the rest from launching on. Main thread only.
+/// Receives the system's calls to the application and owns the program's objects: the stored menu
+/// from the start, the rest from launching on. Main thread only.
 class AppDelegate {
 public:
-    /// What `system` and `surface` name outlives the delegate.
+    /// The objects that `system` and `surface` refer to outlive the delegate.
     AppDelegate(System system, Surface surface);
     ~AppDelegate();
     AppDelegate(AppDelegate const&) = delete;
     AppDelegate& operator=(AppDelegate const&) = delete;
 
     enum class Launch { running, relocated };
-    /// The start-up sequence, in its order. `relocated` when a copy of the program takes over:
-    /// then nothing else is built, and this process ends.
+    /// Starts the program. `relocated` when a copy of it takes over: then nothing else is built,
+    /// and this process ends.
     Launch applicationDidFinishLaunching();
-    /// The program was opened once more while it runs, whatever windows it has: true, as it
-    /// was dealt with by opening the settings.
+    /// Opens the settings when the program is opened once more, whatever windows it has. Always true.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
     void openSettings() { m_settings.open(); }
-    /// Returns at once. The failure is a sentence for who asked.
+    /// Returns at once. The failure is a sentence for the caller.
     [[nodiscard]] Result<void> addFiles(std::vector<Url> files);
 
     [[nodiscard]] System const& system() const { return m_system; }
     [[nodiscard]] Surface const& surface() const { return m_surface; }
     [[nodiscard]] Preferences& preferences() { return m_preferences; }
     [[nodiscard]] MenuStore& store() { return m_store; }
-    /// Made when first asked for.
+    /// Created on first use.
     [[nodiscard]] ProgramParts& parts();
     [[nodiscard]] bool hasParts() const { return m_parts != nullptr; }
-    /// Null until launched, and when a copy takes over.
+    /// Null before launching, and when a copy takes over.
     [[nodiscard]] StatusItemController* statusItem() { return m_statusItem.get(); }
 
 private:

@@ -12,7 +12,7 @@
 
 namespace zv {
 
-/// The small notes window that three early launches show, and no other. Main thread only.
+/// The notes window that only three early launches show. Main thread only.
 class Begging {
 public:
     struct Services {
@@ -28,14 +28,14 @@ public:
     {
     }
 
-    /// Counts the launch and shows the window on the launches 2, 9 and 13. Nothing is
-    /// counted a second time, within a test run, or where nothing can be kept.
+    /// Counts the launch, and shows the window on launches 2, 9 and 13. Counts only once, and not
+    /// in a test run or on a read-only volume.
     void showIfDue(Environment const& environment, bool onReadOnlyVolume);
     void show();
 
 private:
     Services m_services;
-    std::unique_ptr<NotesWindow> m_window; ///< kept when closed, and used again
+    std::unique_ptr<NotesWindow> m_window; ///< reused after closing
     bool m_hasNotedLaunch = false;
     Lifetime m_lifetime;
 };

@@ -21,7 +21,7 @@ void DockIconController::update()
     bool hasMenuBarPresence = false;
     m_preferencesObservation = withObservationTracking(
         [&] {
-            // Both are read, so that a change of either counts.
+            // Reads both, to observe both.
             bool const showsStatusItem = m_services.preferences.showsStatusItem();
             bool const replacesAppleMenu = m_services.preferences.replacesAppleMenu();
             hasMenuBarPresence = showsStatusItem || replacesAppleMenu;

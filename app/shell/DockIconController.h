@@ -8,8 +8,8 @@
 
 namespace zv {
 
-/// Decides whether the program shows a Dock icon: while a titled window of ours is open,
-/// and when nothing in the menu bar leads to it. Main thread only.
+/// Decides whether the program shows a Dock icon: while it has an open titled window, and when the
+/// menu bar offers no way to it. Main thread only.
 class DockIconController {
 public:
     struct Services {
@@ -25,7 +25,7 @@ public:
     DockIconController& operator=(DockIconController const&) = delete;
 
     void update();
-    /// Many window changes within one turn of the main loop cost one update.
+    /// Merges the window changes of one turn of the main loop into one update.
     void scheduleUpdate();
 
 private:

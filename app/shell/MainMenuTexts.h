@@ -1,6 +1,6 @@
 #pragma once
 
-/// The titles in the program's own menu bar, where a system has one for each program.
+/// The titles in the program's own menu bar, on systems that have one for each program.
 namespace zv::mainMenuTexts {
 
 using Text = char const*;

@@ -11,11 +11,11 @@
 
 namespace zv {
 
-/// Menus and what their entries do, put together over a system; for the program and for its
-/// commands alike. The menus that are built live shorter. Main thread only.
+/// Builds the menus and their actions over a system, for the program and its commands. Outlives the
+/// menus that it builds. Main thread only.
 class Menus {
 public:
-    /// All of it outlives the menus.
+    /// All references outlive the menus.
     struct Parts {
         System const& system;
         Desk const& desk;

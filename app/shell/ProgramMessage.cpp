@@ -24,7 +24,7 @@ constexpr std::pair<Kind, std::string_view> names[] = {
     { Kind::findings, "findings" },
 };
 
-/// A failure's sentence may quote a file name, which is any bytes.
+/// Replaces invalid UTF-8: a failure may quote a file name, which is any bytes.
 std::string textOf(Json const& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 Json parsed(std::string_view text) { return Json::parse(text, nullptr, false); }

@@ -11,8 +11,8 @@
 
 namespace zv {
 
-/// What a command asks of the running program. It goes there as a text, and so does the
-/// answer, on systems whose way between processes carries bytes.
+/// A command's request to the running program. Request and answer travel as text where the system's
+/// messages carry bytes.
 struct ProgramMessage {
     enum class Kind { showMenu, openSettings, quit, addFiles, hotkeys, findings };
 
@@ -22,17 +22,17 @@ struct ProgramMessage {
 };
 
 [[nodiscard]] std::string encoded(ProgramMessage const& request);
-/// Nothing for a text that is no request.
+/// Empty when the text is no request.
 [[nodiscard]] std::optional<ProgramMessage> decodedRequest(std::string_view text);
 
-/// What was asked for, empty where nothing was; the failure is a sentence.
+/// The result, which may be empty; the failure is a sentence.
 using ProgramAnswer = Result<std::string>;
 
 [[nodiscard]] std::string encoded(ProgramAnswer const& answer);
-/// Nothing for a text that is no answer.
+/// Empty when the text is no answer.
 [[nodiscard]] std::optional<ProgramAnswer> decodedAnswer(std::string_view text);
 
-/// What the running program does for those who ask.
+/// The running program's handlers of requests.
 struct ProgramHandlers {
     std::function<void(std::optional<RunningProgram::ScreenPoint>)> showMenu;
     std::function<void()> openSettings;
@@ -42,8 +42,8 @@ struct ProgramHandlers {
     std::function<std::string()> findings;
 };
 
-/// The answer to what another process sent. What shows or ends something happens in a later
-/// turn, when the answer has gone: who asks never waits for what it asked for.
+/// Answers another process's request. Handlers that show or end something run in a later turn,
+/// after the answer has gone, so that the caller never waits for them.
 [[nodiscard]] std::string answerTo(std::string_view request, ProgramHandlers const& services, Tasks& tasks);
 
 } // namespace zv

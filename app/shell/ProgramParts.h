@@ -21,11 +21,11 @@
 
 namespace zv {
 
-/// What the running program consists of beside what is stored: made on first use, which is
-/// after the question whether to move. Main thread only.
+/// The running program's objects beside those that are stored; made on first use, after the
+/// question whether to move. Main thread only.
 class ProgramParts {
 public:
-    /// All of it outlives the parts.
+    /// All references outlive the parts.
     struct Over {
         System const& system;
         Surface const& surface;
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] HotkeyCenter& hotkeys() { return m_hotkeys; }
     [[nodiscard]] AddToItemsService& addToItems() { return m_addToItems; }
     [[nodiscard]] KresUpdater& updater() { return m_updater; }
-    /// Made when first asked for.
+    /// Created on first use.
     [[nodiscard]] SettingsModels& settingsModels();
 
 private:

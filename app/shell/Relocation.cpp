@@ -39,7 +39,7 @@ bool Relocation::relocateIfNeeded(Url const& bundle, Environment const& environm
     auto const destination = m_services.installation.applicationsFolder();
     if (!destination)
         return false;
-    // Told to quit while an alert was open, the program builds nothing more.
+    // If told to quit while an alert was open, the program builds nothing more.
     if (!userWantsCopy(source, *destination))
         return m_services.application.isTerminating();
     auto const copy = copyTo(*destination, bundle);
@@ -94,7 +94,7 @@ void Relocation::tellCopyFailed(Url const& bundle, Url const& destination, std::
 
 void Relocation::openCopy(Url const& copy, Url const& destination)
 {
-    // The services outlive the run loop; this object need not.
+    // Copied: the services outlive the run loop, this object may not.
     auto const services = m_services;
     services.installation.giveWay();
     services.workspace.openNewInstance(copy, [services, copy, destination](Result<void> const& started) {

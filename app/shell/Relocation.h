@@ -9,9 +9,8 @@
 
 namespace zv {
 
-/// Offers to copy the program into an Applications folder when it runs from a place that
-/// will not stay, and starts the copy. Main thread only; runs once a launch, before
-/// anything else is built.
+/// Offers to copy the program into an Applications folder when it runs from a temporary place, and
+/// starts the copy. Main thread only; runs once a launch, before anything else is built.
 class Relocation {
 public:
     struct Services {
@@ -26,8 +25,8 @@ public:
     {
     }
 
-    /// True when the copy was made and is being opened, or the program was told to quit: the
-    /// caller then builds nothing.
+    /// True when the copy was made and is being opened, or the program was told to quit: the caller
+    /// then builds nothing.
     [[nodiscard]] bool relocateIfNeeded(Url const& bundle, Environment const& environment);
 
 private:

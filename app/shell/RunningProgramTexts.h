@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// What commands say where the running program cannot be asked, or did not do what was asked.
+/// The commands' messages when the running program cannot be reached or fails.
 [[nodiscard]] RunningProgram::Texts runningProgramTexts();
 
 } // namespace zv

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// Brings up the settings window from anywhere. Main thread only.
+/// Opens the settings window from anywhere. Main thread only.
 class SettingsOpener {
 public:
     SettingsOpener(Application& application, SettingsWindow& window)

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// The program runs inside a test runner: it then asks nothing and counts no launch.
+/// True inside a test runner: the program then asks nothing and counts no launch.
 [[nodiscard]] bool isRunningUnderTests(Environment const& environment);
 
 } // namespace zv

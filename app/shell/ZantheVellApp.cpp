@@ -2,8 +2,7 @@
 
 namespace zv {
 
-/// A program that shows itself neither among the icons nor in the corner has a Dock icon on
-/// a Mac; elsewhere nothing else would lead to it.
+/// Opens the settings if neither icon nor overlay leads to the program; on a Mac its Dock icon does.
 AppDelegate::Launch ZantheVellApp::launch()
 {
     auto const outcome = m_delegate.applicationDidFinishLaunching();

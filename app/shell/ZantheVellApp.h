@@ -5,8 +5,7 @@
 
 namespace zv {
 
-/// The application: its delegate, and its one scene, the settings. What a system's front end
-/// talks to. Main thread only.
+/// The application: its delegate, and its one scene, the settings. The front ends call it. Main thread only.
 class ZantheVellApp {
 public:
     ZantheVellApp(System system, Surface surface)
@@ -15,11 +14,11 @@ public:
     }
 
     AppDelegate::Launch launch();
-    /// The program was opened once more.
+    /// Called when the program is opened once more.
     void reopen() { m_delegate.applicationShouldHandleReopen(false); }
     void openSettings() { m_delegate.openSettings(); }
     [[nodiscard]] Result<void> addFiles(std::vector<Url> files) { return m_delegate.addFiles(std::move(files)); }
-    /// Registrations and conflicts, in the form that `hotkeys --json` prints.
+    /// Registrations and conflicts, in the form printed by `hotkeys --json`.
     [[nodiscard]] std::string hotkeyReport() { return zv::hotkeyReport(m_delegate.hasParts() ? &m_delegate.parts().hotkeys() : nullptr); }
     [[nodiscard]] SettingsModels& settingsModels() { return m_delegate.parts().settingsModels(); }
     [[nodiscard]] AppDelegate& delegate() { return m_delegate; }
