@@ -100,7 +100,7 @@ void AppcastUpdateEngine::checkForUpdates()
 void AppcastUpdateEngine::check(Asker asker)
 {
     if (asker == Asker::schedule)
-        m_schedule.noteCheck(); // whatever comes of it, the next one is a day away
+        m_schedule.noteCheck(); // whatever the result, the next one is a day away
     if (m_state != State::idle || !canCheckForUpdates())
         return;
     enter(State::checking);
@@ -110,7 +110,7 @@ void AppcastUpdateEngine::check(Asker asker)
 
 void AppcastUpdateEngine::feedArrived(Asker asker, Result<Downloads::Bytes> const& feed)
 {
-    auto const finished = std::move(m_download); // released when this turn is over
+    auto const finished = std::move(m_download); // released at the end of this turn
     m_schedule.noteCheck();
     if (!feed)
         return failed(asker, feed.error());

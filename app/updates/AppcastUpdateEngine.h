@@ -16,9 +16,9 @@
 
 namespace zv {
 
-/// The update engine of systems that bring none of their own: reads a signed feed, offers
-/// what is newer, downloads it, verifies it and hands it to the desktop's software installer.
-/// It changes nothing that is installed by itself. Main thread only.
+/// The update engine of systems without one of their own: reads a signed feed, offers a newer
+/// version, downloads and verifies it, and hands it to the desktop's software installer. Never
+/// changes an installation itself. Main thread only.
 class AppcastUpdateEngine : public UpdateEngine {
 public:
     struct Services {
@@ -36,7 +36,7 @@ public:
     AppcastUpdateEngine(Services services, UpdateChannels& channels, UpdateUserDriver& userDriver);
     ~AppcastUpdateEngine() override;
 
-    /// Without a feed or a key it starts all the same, and checks nothing.
+    /// Starts even without a feed or a key, but then checks nothing.
     Result<void> start() override;
     void checkForUpdates() override;
     bool canCheckForUpdates() const override;
@@ -46,7 +46,7 @@ public:
 
 private:
     enum class Asker { user, schedule };
-    /// What the session does now; each state but idle belongs to one update session.
+    /// The session's state; each but idle belongs to one update session.
     enum class State { idle, checking, reminded, offering, downloading, told };
 
     void enter(State state);

@@ -7,9 +7,9 @@
 
 namespace zv {
 
-/// A version marks a pre-release build where one of the words a, alpha, b, beta or rc stands
-/// behind a digit, with nothing but blanks, dots, hyphens and underscores between them. Case
-/// is ignored: 2.0b3, 2.0-rc1 and "2.0 Beta" are, "Aurora 2.0" and "2.0 build 7" are not.
+/// True for a pre-release version: one of the words a, alpha, b, beta or rc follows a digit, with
+/// only blanks, dots, hyphens and underscores between. Case is ignored: 2.0b3, 2.0-rc1 and "2.0
+/// Beta" are, "Aurora 2.0" and "2.0 build 7" are not.
 [[nodiscard]] bool isPreReleaseVersion(std::string_view version);
 
 /// Opts pre-release builds into the channel "beta"; release builds see only the default one.

@@ -10,8 +10,8 @@
 
 namespace zv {
 
-/// Reminds gently: an update that a scheduled check finds while the user works elsewhere is
-/// told by a notification instead of a window. Main thread only.
+/// Reminds gently: when a scheduled check finds an update while the user works elsewhere, shows a
+/// notification instead of a window. Main thread only.
 class KresUpdateReminder : public UpdateUserDriver {
 public:
     struct Services {
@@ -23,7 +23,7 @@ public:
     explicit KresUpdateReminder(Services services);
     ~KresUpdateReminder() override;
 
-    /// Asks for permission at most once a process.
+    /// Asks for permission at most once per process.
     void requestAuthorizationIfNeeded();
 
     bool supportsGentleScheduledUpdateReminders() const override { return true; }

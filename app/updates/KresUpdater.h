@@ -14,8 +14,8 @@
 
 namespace zv {
 
-/// The updates of the program as the menu and the settings see them. Reading a property
-/// within withObservationTracking() observes it. Main thread only.
+/// The program's updates for the menu and the settings. Reading a property within
+/// withObservationTracking() observes it. Main thread only.
 class KresUpdater {
 public:
     struct Services {
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] std::optional<WallTime> lastCheckDate() const;
     [[nodiscard]] std::optional<std::string> startFailureDescription() const;
 
-    /// Why updates cannot work, for the settings to show; nothing when they can.
+    /// The reason why updates cannot work, for the settings; empty when they can.
     [[nodiscard]] std::optional<std::string> startProblem() const;
 
 private:
@@ -66,11 +66,11 @@ private:
     ObservationRegistrar m_registrar;
 };
 
-/// The feed's address in the information dictionary; nothing when it is missing, no web or
-/// file address, or still a placeholder (a host that ends in ".example" or ".invalid").
+/// The feed's address in the information dictionary; empty when missing, no web or file address, or
+/// a placeholder (a host that ends in ".example" or ".invalid").
 [[nodiscard]] std::optional<Url> feedURL(PropertyListDictionary const& information);
 
-/// The 32 bytes of the key that updates are signed with; nothing when it is not such a key.
+/// The 32 bytes of the key that signs updates; empty when invalid.
 [[nodiscard]] std::optional<std::vector<std::byte>> updateSigningKey(PropertyListDictionary const& information);
 
 } // namespace zv

@@ -25,12 +25,12 @@ bool suitsSystem(AppcastItem const& item, UpdateCriteria const& criteria)
     return !tooOld && !tooNew;
 }
 
-/// Longer than any version is; what people read must fit a line.
+/// Longer than any version, and short enough for a line.
 constexpr std::size_t longestVersion = 100;
 
 bool isVersion(std::string const& text) { return !text.empty() && text.size() <= longestVersion; }
 
-/// Any other address would open something on this computer.
+/// Rejects other addresses, which would open something on this computer.
 bool isWebPage(std::string const& address)
 {
     auto const url = Url::parse(address);
@@ -52,7 +52,7 @@ bool suits(AppcastItem const& item, UpdateCriteria const& criteria)
         && compareVersions(item.version, criteria.currentVersion) > 0;
 }
 
-/// "#39", "#x2019".
+/// Resolves "#39", "#x2019".
 std::optional<char32_t> referredCharacter(std::string_view name)
 {
     if (!name.starts_with('#'))
@@ -91,11 +91,11 @@ bool endsLine(std::string_view tag)
     return false;
 }
 
-/// What is longer than these is no markup; so no stray sign is searched for to the end.
+/// Longer text is no markup: bounds the search for the end of a stray sign.
 constexpr std::size_t longestTag = 1000;
 constexpr std::size_t longestReference = 8;
 
-/// Takes the tag or reference that begins at `start`; gives the position behind it.
+/// Takes the tag or reference at `start`; returns the position behind it.
 std::size_t takeMarkup(std::string_view notes, std::size_t start, std::string& text)
 {
     bool const isTag = notes[start] == '<';

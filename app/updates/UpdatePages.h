@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 
-/// The pages of the update window, and what their buttons mean.
+/// The pages of the update window, and the meaning of their buttons.
 namespace zv::updatePages {
 
 enum class OfferAnswer { install, openReleasePage, skip, later };
 
-/// How an update can be had here.
+/// The page that offers an update, and its answers.
 struct Offer {
     UpdatePage page;
     std::vector<OfferAnswer> answers; ///< one a button

@@ -17,12 +17,12 @@ constexpr char const* jitterKey = "UpdateCheckJitter"; // seconds, drawn once a 
 constexpr auto interval = 24h;
 constexpr auto quietStart = 60s;
 constexpr int maximumJitter = 2 * 60 * 60;
-// A sleeping machine stops timers: so look at the clock now and then instead of waiting a day.
+// Looks at the clock now and then, as timers stop while a machine sleeps.
 constexpr auto tickInterval = 15min;
 
 constexpr double secondsBetweenEpochs = 978307200; // 1970 to 2001
 
-/// Years that a clock can show; a damaged file may hold anything.
+/// True for years that a clock can show; a damaged file may hold anything.
 bool isPlausible(PropertyListDate date) { return std::abs(date.secondsSinceReference) < 1e10; }
 
 WallTime fromDate(PropertyListDate date)
@@ -75,7 +75,7 @@ void UpdateSchedule::start()
 WallTime UpdateSchedule::nextDue() const
 {
     auto const last = lastCheck();
-    // A date in the future is a clock that was wrong: as good as none.
+    // A future date comes from a wrong clock, and counts as none.
     if (!last || *last > m_services.clock.now())
         return m_services.clock.now();
     auto const jitter = std::clamp<std::int64_t>(m_services.defaults.integerForKey(jitterKey), 0, maximumJitter);

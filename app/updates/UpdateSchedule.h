@@ -11,8 +11,8 @@
 
 namespace zv {
 
-/// When to look for updates by itself: once a day, at a moment that differs from user to
-/// user, remembered across starts, and never right at start-up. Main thread only.
+/// Schedules automatic update checks: once a day, at a time that differs between users, remembered
+/// across starts, and never right at start-up. Main thread only.
 class UpdateSchedule {
 public:
     struct Services {
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] std::optional<WallTime> lastCheck() const;
     void noteCheck();
 
-    /// Begins to wait. The menu comes first: nothing is due within the first minute.
+    /// Starts waiting. The menu comes first: nothing is due within the first minute.
     void start();
 
 private:

@@ -1,10 +1,10 @@
 #pragma once
 
-/// What is said of updates beside the pages of the update window, which updatePages words.
+/// Texts about updates, beside the update window's pages, which updatePages words.
 namespace zv::updateTexts {
 
 inline constexpr char const* notes = "Release notes"; ///< for assistive tools
-inline constexpr char const* showUpdate = "Show"; ///< of a click on the notification
+inline constexpr char const* showUpdate = "Show"; ///< the action of a click on the notification
 inline constexpr char const* noFramework = "Sparkle.framework is not in the application, so there is nothing to update it with.";
 
 } // namespace zv::updateTexts

@@ -7,7 +7,7 @@ namespace zv {
 
 namespace {
 
-enum class RunKind { word, separator, number }; // in their order against each other
+enum class RunKind { word, separator, number }; // in their order of comparison
 
 struct Run {
     RunKind kind;
@@ -22,7 +22,7 @@ RunKind kindOf(char c)
     return isAsciiLetter || static_cast<unsigned char>(c) >= 0x80 ? RunKind::word : RunKind::separator;
 }
 
-/// Separators stand alone, so that "1..0" has two.
+/// Each separator is a run of its own: "1..0" has two.
 std::vector<Run> runsOf(std::string_view text)
 {
     std::vector<Run> runs;
@@ -65,7 +65,7 @@ std::strong_ordering compareRuns(Run const& a, Run const& b)
     return std::strong_ordering::equal;
 }
 
-/// How a text that goes on with `rest` stands to one that has ended.
+/// Compares the longer text, which goes on with `rest`, to the ended one.
 std::strong_ordering orderOfLonger(std::vector<Run> const& runs, std::size_t rest)
 {
     bool const skipsSeparator = runs[rest].kind == RunKind::separator && rest + 1 < runs.size();
