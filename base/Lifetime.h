@@ -5,9 +5,8 @@
 
 namespace zv {
 
-/// A member that lets callbacks hold their owner weakly: what guard() returns does
-/// nothing once the Lifetime is gone. Declare it last, so that it dies first.
-/// Main thread only.
+/// A member that lets callbacks hold their owner weakly: a callback from guard() does nothing once
+/// the Lifetime is gone. Declare it last, so that it dies first. Main thread only.
 class Lifetime {
 public:
     Lifetime() = default;

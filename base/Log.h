@@ -10,8 +10,7 @@ namespace zv {
 /// in the message become blanks, so that one message stays one line. Any thread.
 void logLine(std::string_view message);
 
-/// Sends the lines (with their prefix, without the line break) elsewhere while it
-/// lives; for tests. Main thread only.
+/// Redirects the lines (with their prefix, without the line break) while it lives; for tests. Main thread only.
 class LogCapture {
 public:
     explicit LogCapture(std::function<void(std::string const&)> sink);

@@ -2,12 +2,12 @@
 
 namespace zv {
 
-/// Everything that is not said to be otherwise runs on the main thread. The first
-/// caller of markMainThread() (main, or a test's main) decides which one that is.
+/// Marks the calling thread as the main thread: main's, or that of a test's main. Code runs there
+/// unless its comment says otherwise.
 void markMainThread();
 [[nodiscard]] bool isMainThread();
 
-/// Aborts with a message when called elsewhere: a mistake of ours, never of the user's.
+/// Aborts with a message when called on another thread: always a programming error.
 void assertMainThread();
 
 } // namespace zv

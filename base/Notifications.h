@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// Keeps an observer in place; destroying it removes the observer.
+/// Holds an observer; destroying it removes the observer.
 class [[nodiscard]] NotificationToken {
 public:
     NotificationToken() = default;
@@ -21,13 +21,12 @@ private:
     std::shared_ptr<void> m_registration;
 };
 
-/// Announcements by name between parts of the program that do not know one another.
-/// Main thread only.
+/// Named notifications between parts of the program that do not know one another. Main thread only.
 class Notifications {
 public:
     NotificationToken observe(std::string_view name, std::function<void()> observer);
-    /// Calls the observers of that name in the order in which they came. They may add and
-    /// remove observers; one that is removed meanwhile is not called.
+    /// Calls the name's observers in the order of their adding. They may add and remove observers;
+    /// one that is removed meanwhile is not called.
     void post(std::string_view name);
 
 private:

@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// Keeps a tracking alive; destroying or resetting it cancels the call to come.
+/// Owns a tracking; destroying or resetting it cancels the pending call.
 class [[nodiscard]] Observation {
 public:
     struct Tracking;

@@ -32,19 +32,17 @@ public:
 
     PropertyListDictionary() = default;
     PropertyListDictionary(std::initializer_list<Entry> entries);
-    /// Takes the entries as they are; of a key that comes twice the later value stays, in
-    /// the earlier place.
+    /// Takes the entries as they are; a repeated key keeps its earlier place and its later value.
     explicit PropertyListDictionary(std::vector<Entry> entries);
 
     /// Null when absent. The pointer holds until the dictionary changes.
     [[nodiscard]] PropertyList const* find(std::string_view key) const;
     [[nodiscard]] bool contains(std::string_view key) const { return find(key) != nullptr; }
-    /// Null when absent, or of another type.
+    /// Null when absent or of another type.
     [[nodiscard]] std::string const* string(std::string_view key) const;
     /// Replaces the value in its place, or adds the key at the end.
     void set(std::string_view key, PropertyList value);
-    /// Adds a key that is not there yet, which nobody checks. For records whose keys are written
-    /// out in a row.
+    /// Adds a key without checking that it is new. For records whose keys are written out in a row.
     template <class T> void append(std::string_view key, T&& value);
     void remove(std::string_view key);
     void reserve(std::size_t count);
@@ -60,7 +58,7 @@ private:
     std::vector<Entry> m_entries;
 };
 
-/// One value of a property list. Integers and booleans never turn into one another,
+/// A value of a property list. Integers and booleans never turn into one another,
 /// nor integers into reals. `std::uint64_t` is used only for values above the signed range.
 /// Strings are UTF-8.
 class PropertyList {

@@ -14,7 +14,7 @@ template <class E> struct Failure {
 
 template <class E> Failure(E) -> Failure<E>;
 
-/// A value or the reason why there is none. Errors are values here: nothing throws.
+/// A value, or the error that explains why there is none. Nothing throws.
 template <class T, class E = std::string> class [[nodiscard]] Result {
 public:
     Result(T value) // NOLINT(google-explicit-constructor): `return value;` is the point

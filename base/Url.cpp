@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view filePrefix = "file://";
 
-/// What a path may hold as it is.
+/// Bytes that a path may hold unencoded.
 constexpr std::array<bool, 256> unreserved = [] {
     std::array<bool, 256> table {};
     for (char const c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/!$&'()*+,:=@"))
@@ -131,7 +131,7 @@ Url Url::appending(std::string_view component) const
         return *this;
     std::string text;
     text.reserve(m_text.size() + 1 + component.size());
-    text += m_text; // canonical already: only what is new needs encoding
+    text += m_text; // canonical already: only the component needs encoding
     if (!text.ends_with('/'))
         text += '/';
     appendPercentEncoded(text, component);

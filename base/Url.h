@@ -9,13 +9,13 @@
 
 namespace zv {
 
-/// A URL, kept as its text. A file URL can name every path there is: bytes outside
-/// the unreserved set are percent-encoded, whether they are UTF-8 or not.
+/// A URL, kept as its text. A file URL can name any path: bytes outside the unreserved set are
+/// percent-encoded, whether they are UTF-8 or not.
 class Url {
 public:
     /// `path` is absolute; trailing slashes are dropped, except for the root itself.
     [[nodiscard]] static Url fromPath(std::string_view path);
-    /// Needs a scheme ("x:") and no white space or control characters; else nothing.
+    /// Needs a scheme ("x:") and no white space or control characters; else empty.
     [[nodiscard]] static std::optional<Url> parse(std::string_view text);
 
     [[nodiscard]] std::string const& toString() const { return m_text; }
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] std::string path() const;
     /// The path's last component; "/" for the root.
     [[nodiscard]] std::string lastPathComponent() const;
-    /// File URLs only.
+    /// Adds a component; file URLs only.
     [[nodiscard]] Url appending(std::string_view component) const;
     [[nodiscard]] Url parent() const;
 
@@ -41,13 +41,13 @@ private:
     std::string m_text;
 };
 
-/// Text after the last "." of a path component: none for a leading dot only, none when
-/// it is empty or holds a blank or a slash. ("a.txt" → "txt", ".hidden" → "", "a." → "")
+/// Text after the last "." of a path component: empty for a leading dot only, and when it holds a
+/// blank or a slash. ("a.txt" → "txt", ".hidden" → "", "a." → "")
 [[nodiscard]] std::string_view pathExtension(std::string_view name);
 /// The component without "." and its pathExtension().
 [[nodiscard]] std::string_view deletingPathExtension(std::string_view name);
 [[nodiscard]] std::string_view lastPathComponent(std::string_view path);
-/// Without trailing slashes; a path of one character stays as it is.
+/// Removes trailing slashes; a path of one character stays.
 [[nodiscard]] std::string_view withoutTrailingSlashes(std::string_view path);
 
 } // namespace zv

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// Nothing is added for what is no character: a surrogate, or a number beyond the last one.
+/// Appends the character; ignores surrogates and numbers beyond the last character.
 inline void appendUtf8(std::string& text, char32_t c)
 {
     auto const isCharacter = c < 0xD800 || (c > 0xDFFF && c <= 0x10FFFF);

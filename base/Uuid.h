@@ -18,7 +18,7 @@ public:
     Uuid() = default; ///< all zero
 
     [[nodiscard]] static Uuid random();
-    /// Reads the standard text form in either case; nothing else is accepted.
+    /// Reads the standard text form, in either case; else empty.
     [[nodiscard]] static std::optional<Uuid> parse(std::string_view text);
 
     [[nodiscard]] std::string toString() const;
