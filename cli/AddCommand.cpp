@@ -10,7 +10,7 @@ namespace zv {
 
 namespace {
 
-/// Without "." and "..", which are no names.
+/// Resolves "." and "..", which are no names.
 Url namedFile(CommandContext& context, std::string const& argument)
 {
     auto url = Url::fromPath("/");
@@ -27,7 +27,7 @@ Url namedFile(CommandContext& context, std::string const& argument)
     return url;
 }
 
-/// The folder is the same whether the program runs or not: its submenu lists it when it opens.
+/// Works without the running program: the submenu lists the folder when it opens.
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
     static constexpr Options::Known known[] = { { "--alert" } };

@@ -8,7 +8,7 @@ namespace zv {
 
 namespace {
 
-/// A sentence that was made for a window may have paragraphs: their breaks become blanks.
+/// Joins the paragraphs of a window's message by blanks.
 std::string oneLine(std::string_view message)
 {
     std::string line;

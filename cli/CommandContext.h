@@ -16,8 +16,8 @@
 
 namespace zv {
 
-/// What commands need, made when the first of them asks, so that `--help` starts as
-/// quickly as it can and a command that only reads never makes anything else.
+/// The services of commands, made on first use, so that `--help` starts quickly and a command that
+/// only reads makes nothing else.
 class CommandContext {
 public:
     struct Streams {
@@ -35,29 +35,28 @@ public:
     [[nodiscard]] std::ostream& out() { return m_streams.out; }
     [[nodiscard]] std::ostream& err() { return m_streams.err; }
 
-    /// What is stored, and where; nothing else is made for a command that asks for no more.
+    /// The stored files and settings; a command that needs no more makes nothing else.
     [[nodiscard]] virtual Files const& files() = 0;
     [[nodiscard]] virtual Places const& places() = 0;
     [[nodiscard]] virtual Clock& clock() = 0;
     [[nodiscard]] virtual RunningProgram& runningProgram() = 0;
     [[nodiscard]] virtual TurningSystem turningSystem() = 0;
-    /// What relative paths among the arguments start from.
+    /// The base of relative paths among the arguments.
     [[nodiscard]] virtual Url currentFolder() = 0;
-    /// The program's file, where it does not lie among the commands by itself: --help tells
-    /// how to make it one.
+    /// The program's file, if it is not installed as a command: --help tells how to make it one.
     [[nodiscard]] virtual std::optional<std::string> fileToLink() { return std::nullopt; }
-    /// What works on this desktop and what does not, found out now.
+    /// Finds out now what works on this desktop and what does not.
     [[nodiscard]] virtual std::vector<DoctorCheck> doctorChecks() = 0;
 
     [[nodiscard]] LocationServices locations();
     [[nodiscard]] Preferences& preferences();
-    /// Loaded, and keeping backups.
+    /// The loaded menu, with backups.
     [[nodiscard]] MenuStore& store();
-    /// Menus over all this, without a display, and what their entries do.
+    /// The menus without a display, and their actions.
     [[nodiscard]] CommandMenu& menu();
 
 protected:
-    /// For the end of the system that the menus are over.
+    /// Call when the system that the menus use ends.
     void forgetMenu() { m_menu.reset(); }
 
 private:

@@ -36,7 +36,7 @@ std::string synopsisOf(Command const& command)
     return command.usage.empty() ? std::string(command.name) : std::string(command.name) + ' ' + std::string(command.usage);
 }
 
-/// As one word of a shell.
+/// Quotes the text as one word of a shell.
 std::string quoted(std::string_view text)
 {
     std::string word = "'";
@@ -88,7 +88,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     return ExitStatus::wrongUsage;
 }
 
-/// A full disk or a closed pipe must not look like success.
+/// Reports a full disk or a closed pipe as failure.
 ExitStatus afterWriting(ExitStatus status, CommandContext& context)
 {
     bool const isWritten = static_cast<bool>(context.out().flush());

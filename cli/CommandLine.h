@@ -10,13 +10,12 @@ namespace zv {
 /// Every command, in the order in which --help names them.
 [[nodiscard]] std::span<Command const* const> commandTable();
 
-/// Whether these arguments (without the program's name) are a command at all. A desktop may
-/// start the program with settings of its own, such as "-AppleLanguages (de)": they begin
-/// with a single "-".
+/// Whether the arguments (without the program's name) are a command. A desktop may start the
+/// program with settings of its own, such as "-AppleLanguages (de)": they begin with a single "-".
 [[nodiscard]] bool asksForCommand(Arguments arguments);
 
-/// Runs the command that the arguments (without the program's name) ask for, and gives the
-/// status to exit with: 0 done, 1 failed, 2 wrong usage. A failure is one line on `err`.
+/// Runs the command in the arguments (without the program's name) and returns the exit status: 0
+/// done, 1 failed, 2 wrong usage. A failure is one line on `err`.
 [[nodiscard]] int runCommandLine(Arguments arguments, CommandContext& context);
 
 } // namespace zv

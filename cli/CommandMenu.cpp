@@ -8,10 +8,10 @@ namespace zv {
 
 namespace {
 
-/// A shortcut may run for as long as it likes.
+/// Endless in practice: a shortcut may run for long.
 constexpr std::chrono::hours noLimit { 24 * 20 };
 
-/// Lines of the log begin with the name of the program, which a command says itself.
+/// Removes the program's name, which a command's messages have already.
 std::string withoutProgramName(std::string const& line)
 {
     constexpr std::string_view name = "Zanthe Vell: ";
@@ -39,7 +39,7 @@ CommandMenu::CommandMenu(TurningSystem const& over, Preferences const& preferenc
 {
 }
 
-/// What entries start is waited for before the command ends.
+/// Counts the entries' work, to wait for before the command ends.
 System CommandMenu::countedSystem(System const& system)
 {
     auto const& lists = system.lists;
@@ -58,7 +58,7 @@ System CommandMenu::countedSystem(System const& system)
 
 std::vector<std::string> CommandMenu::choose(MenuEntry const& entry, ModifierMask held)
 {
-    // What the program would have logged is a failure that nobody else tells here.
+    // Log lines are failures here: nothing else reports them.
     LogCapture const log([this](std::string const& line) { m_terminal.fail(withoutProgramName(line)); });
     m_terminal.hold(held);
     entry.target->invoke();

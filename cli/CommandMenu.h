@@ -15,16 +15,16 @@ namespace zv {
 /// A system with a run loop that turns while a command waits.
 struct TurningSystem {
     System const& system;
-    Looks looks; ///< cells of a terminal, and names of pictures
-    WorkCount& pending; ///< what the system's own parts have not ended
+    Looks looks; ///< terminal cells, and names of icons
+    WorkCount& pending; ///< unfinished work of the system's own parts
     MenuSession::TurnUntil turnUntil;
 };
 
-/// Menus without a display, and what their entries do: the lists are as they are, nothing is
-/// drawn, and standard error stands for alerts.
+/// Menus without a display, and their actions: lists are filled as usual, nothing is drawn, and
+/// standard error replaces alerts.
 class CommandMenu : public EntryChooser {
 public:
-    /// All of it outlives the menu.
+    /// All arguments outlive the menu.
     CommandMenu(TurningSystem const& over, Preferences const& preferences, RunningProgram& program, std::ostream& out);
     CommandMenu(CommandMenu const&) = delete;
     CommandMenu& operator=(CommandMenu const&) = delete;
@@ -33,7 +33,7 @@ public:
     std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) override;
 
 private:
-    /// Hotkeys are the running program's.
+    /// Ignores hotkeys: they belong to the running program.
     struct NoHotkeys : ListedFolderSink {
         void folderListed(Url const& /*folder*/, std::vector<DynamicEntry> const& /*withHotkeys*/) override { }
     };

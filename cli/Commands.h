@@ -4,7 +4,7 @@
 
 namespace zv {
 
-// One file a command: cli/PrefsCommand.cpp defines prefsCommand.
+// Each command has its file: cli/PrefsCommand.cpp defines prefsCommand.
 extern Command const addCommand;
 extern Command const checkNameCommand;
 extern Command const doctorCommand;

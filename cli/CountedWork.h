@@ -8,10 +8,10 @@
 
 namespace zv {
 
-/// How much of what a command started has not ended. Main thread only.
+/// Counts a command's unfinished work. Main thread only.
 class WorkCount {
 public:
-    /// `done`, which counts as work until it was called.
+    /// Wraps `done`, and counts it as work until it was called.
     template <class... Values> std::function<void(Values...)> counted(std::function<void(Values...)> done)
     {
         ++m_running;

@@ -7,7 +7,7 @@ namespace zv {
 
 namespace {
 
-/// What does not work on a desktop is an answer, not a failure.
+/// Succeeds always: a missing ability is an answer.
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
     static constexpr Options::Known known[] = { { "--json" } };

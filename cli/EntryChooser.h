@@ -8,12 +8,11 @@
 
 namespace zv {
 
-/// Does what the entries of an unseen menu say.
+/// Carries out entries of a menu without a display.
 class EntryChooser {
 public:
     virtual ~EntryChooser() = default;
-    /// Returns when all that choosing the entry started has ended; gives what the user would
-    /// have been told went wrong.
+    /// Returns when all work started by the entry has ended; gives the failures that the user would have seen.
     [[nodiscard]] virtual std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) = 0;
 };
 

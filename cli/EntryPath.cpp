@@ -10,7 +10,7 @@ namespace {
 
 std::string quoted(std::string const& text) { return "“" + text + "”"; }
 
-/// Enabled ones first, for there may be several of a title.
+/// Prefers enabled entries, as several may have the title.
 template <class Matches> MenuEntry const* findEntry(Menu const& menu, Matches matches)
 {
     MenuEntry const* disabled = nullptr;
@@ -32,7 +32,7 @@ MenuEntry const* entryTitled(Menu const& menu, std::string const& title)
     return findEntry(menu, [&](std::string const& candidate) { return foldedForSearch(candidate) == folded; });
 }
 
-/// A menu in which nothing can be chosen says why: "Loading…", "No Shortcuts".
+/// The reason given by a menu with no enabled entry: "Loading…", "No Shortcuts".
 std::string remarkOf(Menu const& menu)
 {
     auto const isItem = [](MenuEntry const& entry) { return entry.type == MenuEntry::Type::item; };

@@ -10,9 +10,9 @@
 
 namespace zv {
 
-/// The entry that the titles lead to, one a level; `open` fills each submenu on the way. A
-/// title may differ in case and accents where none is quite the same. The failure is a
-/// sentence that says how far the titles led.
+/// Finds the entry by the titles, one a level; `open` fills each submenu on the way. Ignores case
+/// and accents where no title matches exactly. The failure is a sentence that says how far the
+/// titles led.
 [[nodiscard]] Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string const> titles, std::function<void(Menu&)> const& open);
 
 } // namespace zv

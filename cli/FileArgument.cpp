@@ -13,7 +13,7 @@ constexpr std::string_view standardStream = "-";
 
 constexpr std::size_t pieceSize = std::size_t { 64 } << 10;
 
-/// To the end, or until it is more than any document may hold.
+/// Reads to the end, or until the size exceeds any document's.
 std::vector<std::byte> readAll(std::istream& in)
 {
     std::vector<std::byte> bytes;
@@ -45,7 +45,7 @@ Result<void> writeFileArgument(CommandContext& context, std::string const& argum
     if (argument != standardStream)
         return context.files().disk->write(fileArgument(context, argument), bytes);
     context.out().write(reinterpret_cast<char const*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return {}; // what went wrong with standard output is said once, at the end
+    return {}; // errors of standard output are reported once, at the end
 }
 
 } // namespace zv

@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// The file that an argument names, from the current folder on.
+/// The file named by the argument, relative to the current folder.
 [[nodiscard]] Url fileArgument(CommandContext& context, std::string const& argument);
 
 /// The bytes of the named file, or of standard input for "-".

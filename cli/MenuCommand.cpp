@@ -15,7 +15,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// The levels to expand: none without the option, nothing when it is no count.
+/// The levels to expand: none without the option; empty when it is no count.
 std::optional<int> levelsOf(Options const& options)
 {
     auto const* const text = options.value("--expand");

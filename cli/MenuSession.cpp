@@ -10,12 +10,12 @@ namespace zv {
 namespace {
 
 constexpr std::chrono::seconds patienceWithMany { 2 };
-/// Longer than a silent folder is waited for, so that the menu says what became of it.
+/// Longer than the wait for a silent folder, so that the menu shows the reason.
 constexpr std::chrono::seconds patienceWithOne { 11 };
 
 using Menus = std::vector<std::shared_ptr<Menu>>;
 
-/// The nearest submenus that fill themselves; groups on the way to them are looked into.
+/// Collects the nearest self-filling submenus, also those within groups.
 void collectSelfFilling(Menu const& menu, Menus& found)
 {
     for (auto const& entry : menu.entries) {

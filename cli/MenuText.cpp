@@ -53,7 +53,7 @@ void appendLines(Menu const& menu, std::size_t level, std::vector<Line>& lines)
     }
 }
 
-/// Where the shortcuts end: past the widest line that has one.
+/// The column where shortcuts end: past the widest line that has one.
 double shortcutColumn(std::vector<Line> const& lines, TextMeasure const& cells)
 {
     double widestText = 0;

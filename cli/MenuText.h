@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// The menu as an indented tree, shortcuts in a column at the right. What cannot be chosen
-/// stands in parentheses, with the reason behind it. `cells` measures in cells of a terminal.
+/// The menu as an indented tree, shortcuts in a column at the right. Disabled entries stand in
+/// parentheses, with the reason behind. `cells` measures in terminal cells.
 [[nodiscard]] std::string menuAsText(Menu const& menu, TextMeasure const& cells);
 
 /// {"items": […]}, with the keys that the man page documents.

@@ -6,7 +6,7 @@ namespace zv {
 
 namespace {
 
-/// Only long ones are: file names such as "-***" begin with a single "-".
+/// Long options only: file names such as "-***" begin with a single "-".
 bool isOption(std::string_view argument) { return argument.size() > 2 && argument.starts_with("--"); }
 
 } // namespace

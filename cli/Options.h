@@ -11,8 +11,7 @@
 
 namespace zv {
 
-/// The arguments of a command, told apart: options begin with "--". What follows "--" alone
-/// is never one.
+/// A command's arguments, split: options begin with "--". Arguments after a bare "--" are never options.
 class Options {
 public:
     enum class Takes { nothing, value };
@@ -21,12 +20,12 @@ public:
         Takes takes = Takes::nothing;
     };
 
-    /// Options may stand anywhere; "--at=1,2" and "--at 1,2" are the same. The failure is a
-    /// sentence about the first argument that is wrong.
+    /// Options may stand anywhere; "--at=1,2" and "--at 1,2" are equal. The failure is a sentence
+    /// about the first wrong argument.
     [[nodiscard]] static Result<Options> parse(Arguments arguments, std::span<Known const> known);
 
     [[nodiscard]] bool has(std::string_view name) const { return m_values.contains(name); }
-    /// Null when the option is not there; of one that is there twice the last value.
+    /// Null when the option is absent; the last value of a repeated option.
     [[nodiscard]] std::string const* value(std::string_view name) const;
     [[nodiscard]] std::vector<std::string> const& operands() const { return m_operands; }
 

@@ -8,7 +8,7 @@ namespace zv {
 
 namespace {
 
-/// Why the entry cannot be chosen; empty when it can.
+/// The reason why the entry cannot be chosen; empty when it can.
 std::string reasonAgainst(MenuEntry const& entry)
 {
     auto const title = "“" + entry.visibleTitle() + "”";

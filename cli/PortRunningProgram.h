@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// The running program, asked by post.
+/// The running program, reached by messages.
 class PortRunningProgram : public RunningProgram {
 public:
     /// `post` outlives this.
@@ -20,7 +20,7 @@ public:
     Result<void> quit() override;
     Result<void> addFiles(std::vector<Url> const& files) override;
     Result<std::string> hotkeys() override;
-    /// What it found out about its system, in a form of that system's own.
+    /// The running program's findings about its system, in that system's own form.
     [[nodiscard]] Result<std::string> findings();
 
 private:

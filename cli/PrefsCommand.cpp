@@ -24,7 +24,7 @@ PreferenceDescription const* descriptionOf(std::string_view key)
 
 bool isBoolean(PreferenceDescription const& description) { return std::holds_alternative<bool>(description.defaultValue); }
 
-/// The value as the running program sees it: an odd stored one is read as settings are read.
+/// The value as the running program reads it, also an odd stored one.
 std::string shownValue(PreferenceDescription const& description, UserDefaults const& defaults)
 {
     if (isBoolean(description))
@@ -116,7 +116,7 @@ ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& co
 
 struct Verb {
     std::string_view name;
-    std::size_t operandCount; ///< the verb included
+    std::size_t operandCount; ///< including the verb
     ExitStatus (*run)(std::vector<std::string> const& operands, CommandContext& context);
 };
 
@@ -129,9 +129,9 @@ constexpr Verb verbs[] = {
 
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
-    // No options here: a value may begin with "-", which is refused as a value, with its reason.
+    // Parses no options: a value may begin with "-", and is then refused as a value, with its reason.
     std::vector<std::string> const operands(arguments.begin(), arguments.end());
-    (void)context.preferences(); // registers what stands in for what is not stored
+    (void)context.preferences(); // registers the defaults
     if (operands.empty())
         return listAll(context);
     for (auto const& verb : verbs) {

@@ -14,7 +14,7 @@ std::optional<int> pixel(std::string_view text)
     return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
 }
 
-/// "X,Y", counted in pixels from the top left corner of the desktop.
+/// Parses "X,Y", in pixels from the top left corner of the desktop.
 std::optional<RunningProgram::ScreenPoint> placeFrom(std::string_view text)
 {
     auto const comma = text.find(',');

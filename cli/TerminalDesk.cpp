@@ -31,7 +31,7 @@ private:
     Failures& m_failures;
 };
 
-/// The running program stands for the application; without one there is nothing to end.
+/// Forwards to the running program; if there is none, nothing is ended.
 class OtherApplication : public Application {
 public:
     OtherApplication(RunningProgram& program, Failures& failures)
@@ -64,7 +64,7 @@ struct ArgumentKeys : ModifierKeys {
     ModifierMask held = ModifierMask::none;
 };
 
-/// A clipboard would end with this process; a terminal's is its output.
+/// Prints the text, as a clipboard would end with this process.
 struct PrintedClipboard : Clipboard {
     explicit PrintedClipboard(std::ostream& stream)
         : out(stream)

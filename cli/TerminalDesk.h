@@ -10,9 +10,8 @@
 
 namespace zv {
 
-/// What entries talk through when they are chosen from a terminal: an alert that warns is a
-/// failure, and what one asks is declined; what one merely tells is printed. The running
-/// program stands for the application. Main thread only.
+/// The desk of entries chosen from a terminal: a warning alert is a failure, a question is
+/// declined, a note is printed. The running program stands for the application. Main thread only.
 class TerminalDesk {
 public:
     /// Both outlive this.
@@ -23,7 +22,7 @@ public:
     void openSettings();
     void hold(ModifierMask keys);
     void fail(std::string sentence);
-    /// Those since the last call.
+    /// The failures since the last call.
     [[nodiscard]] std::vector<std::string> takeFailures();
 
 private:
