@@ -101,7 +101,7 @@ void ApplicationIndex::add(ApplicationEntry entry)
         m_byShortId.emplace(lastPart(id, '.'), place);
         if (!entry.startupWMClass.empty())
             m_byWindowClass.emplace(lowerCasedId(entry.startupWMClass), place);
-        // Of a program's several entries, the one that a menu shows stands for it.
+        // The entry that a menu shows stands for a program with several.
         if (auto const program = entry.program(); program && !entry.noDisplay)
             m_byProgram.emplace(lastPart(*program, '/'), place);
     }

@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// One bookmark of the desktop's list of recently used things (an XBEL file):
+/// A bookmark in the desktop's list of recently used things (an XBEL file):
 /// https://www.freedesktop.org/wiki/Specifications/desktop-bookmark-spec
 struct RecentlyUsed {
     struct Application {

@@ -85,7 +85,7 @@ private:
     std::unordered_set<std::string_view> m_names;
 };
 
-/// One read of one open folder.
+/// A single read of an open folder.
 class FolderPass {
 public:
     FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, DesktopAudience const& audience, MountWatch& mounts)

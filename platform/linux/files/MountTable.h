@@ -14,7 +14,7 @@ struct Mount {
     bool isReadOnly = false;
 };
 
-/// What is mounted, from the kernel's own table (proc_pid_mountinfo(5)): reading it touches no file system. Any thread.
+/// The mounts in the kernel's own table (proc_pid_mountinfo(5)): reading it touches no file system. Any thread.
 class MountTable {
 public:
     /// The text of /proc/self/mountinfo. Malformed lines are skipped.

@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// One key in the model's numbering of keys, which goes by the place on the keyboard.
+/// A key in the model's numbering, which goes by the place on the keyboard.
 struct VirtualKey {
     std::uint16_t code;
     char const* xkbName; ///< XKB's name of the same place

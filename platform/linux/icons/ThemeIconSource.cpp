@@ -13,7 +13,7 @@ namespace zv {
 
 namespace {
 
-// By then the menu is on screen, and the machine is idle.
+// Long enough for the menu that asked to be on screen, when the machine has time.
 constexpr std::chrono::milliseconds secondLookDelay { 400 };
 
 /// The name for callers that look the picture up themselves. Without a display the theme is

@@ -14,7 +14,7 @@ namespace zv {
 class Menu;
 class MenuActionTarget;
 
-/// One level of an open menu: shows a Menu, asks it to fill itself right before it opens, and
+/// A level of an open menu: shows a Menu, asks it to fill itself right before it opens, and
 /// follows later fills. The window passes the toolkit's events on: to the mirror of the entries,
 /// the typing, and the picture.
 class MenuWindow : public QMenu {

@@ -26,7 +26,7 @@ SchemaRef findSchema(char const* id, DockStore const& store)
     return nullptr;
 }
 
-/// One dock's settings; keys that its version lacks are neither read nor written.
+/// A dock's settings; keys that its version lacks are neither read nor written.
 class DockKeys {
 public:
     static std::optional<DockKeys> open(char const* schemaId, char const* path, DockStore const& store)

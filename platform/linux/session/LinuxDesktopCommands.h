@@ -24,7 +24,7 @@ public:
 
     /// The work of open(), in the caller's thread.
     [[nodiscard]] static PlaceOutcome perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile);
-    /// Those of the settings, updates and store places that no installed program serves.
+    /// The places among settings, updates and store that no installed program serves.
     [[nodiscard]] static std::vector<SystemPlace> placesWithoutProgram(DesktopAccess const& access);
 
 private:

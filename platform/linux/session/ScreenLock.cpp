@@ -9,10 +9,9 @@ namespace zv {
 
 namespace {
 
-/// Screen savers, those of one desktop before the common name, which some own without locking.
-/// GNOME's interface is data/dbus-interfaces/org.gnome.ScreenSaver.xml of
-/// https://gitlab.gnome.org/GNOME/gnome-shell; Cinnamon's, MATE's and Xfce's have the same
-/// method; the common one is that of
+/// Screen savers, the common name last, as some own it without locking. Sources: GNOME's is
+/// data/dbus-interfaces/org.gnome.ScreenSaver.xml of https://gitlab.gnome.org/GNOME/gnome-shell;
+/// Cinnamon's, MATE's and Xfce's have the same method; the common one is that of
 /// https://invent.kde.org/plasma/kscreenlocker.
 constexpr BusObject savers[] = {
     { "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver" },
