@@ -26,7 +26,7 @@ std::string_view withoutExtension(std::string_view id) { return id.ends_with(ext
 
 std::string_view lastPart(std::string_view text, char separator) { return text.substr(text.rfind(separator) + 1); }
 
-/// Nanoseconds; 0 for a folder that is not there, which is a state like any other.
+/// The folder's time of change in nanoseconds; 0 when it is missing, which is a state like any other.
 std::int64_t changeTime(std::string const& folder)
 {
     struct stat status { };
@@ -101,7 +101,7 @@ void ApplicationIndex::add(ApplicationEntry entry)
         m_byShortId.emplace(lastPart(id, '.'), place);
         if (!entry.startupWMClass.empty())
             m_byWindowClass.emplace(lowerCasedId(entry.startupWMClass), place);
-        // One program may have several entries: the one that a menu shows stands for it.
+        // The entry that a menu shows stands for a program with several.
         if (auto const program = entry.program(); program && !entry.noDisplay)
             m_byProgram.emplace(lastPart(*program, '/'), place);
     }
@@ -149,7 +149,7 @@ void ApplicationCatalog::withIndex(std::function<void(Index)> use)
         return use(m_index);
     m_waiting.push_back(std::move(use));
     if (m_waiting.size() > 1)
-        return; // being read already
+        return; // the background read is under way
     auto const received = [this](ApplicationIndex index) {
         m_index = std::make_shared<ApplicationIndex const>(std::move(index));
         for (auto const& waiting : std::exchange(m_waiting, {}))

@@ -24,15 +24,15 @@ public:
     [[nodiscard]] static ApplicationIndex read(std::vector<std::string> const& folders, DesktopAudience const& audience = {});
 
     [[nodiscard]] std::vector<ApplicationEntry> const& entries() const { return m_entries; }
-    /// By id, with or without ".desktop"; null when there is none. So are the others.
+    /// Finds by id, with or without ".desktop". Each find function returns null without a match.
     [[nodiscard]] ApplicationEntry const* find(std::string_view id) const;
     /// The entry that a window of this class belongs to: by its StartupWMClass, else by its
     /// id, in any case, else by the last part of a reversed domain name.
     [[nodiscard]] ApplicationEntry const* findByWindowClass(std::string_view windowClass) const;
-    /// By the name of the program that it starts.
+    /// Finds by the name of the program that the entry starts.
     [[nodiscard]] ApplicationEntry const* findByProgram(std::string_view program) const;
 
-    /// Of the audience that it was read for.
+    /// The desktops of the audience that the index was read for.
     [[nodiscard]] std::vector<std::string> const& desktops() const { return m_desktops; }
 
     /// The folders that were read, each with its time of change.
@@ -55,8 +55,8 @@ private:
     Fingerprint m_fingerprint;
 };
 
-/// Keeps an index that is read off the main thread, and anew when the folders have changed.
-/// Main thread only, callbacks too.
+/// Keeps an index that is read off the main thread, and again when the folders have changed. Main
+/// thread only, callbacks too.
 class ApplicationCatalog {
 public:
     using Index = std::shared_ptr<ApplicationIndex const>;

@@ -23,7 +23,7 @@ UsedItemType typeOf(RecentlyUsed const& bookmark, std::string_view path)
     return path.ends_with(applicationExtension) ? UsedItemType::application : UsedItemType::document;
 }
 
-/// Collects what was used, once a path with its latest use.
+/// Collects used items, each path once with its latest use.
 class UsedItemCollector {
 public:
     UsedItemCollector(ApplicationIndex const& applications, std::int64_t since)
@@ -72,7 +72,7 @@ private:
         if (auto const* entry = entryOf(application); entry && entry->isListed())
             add({ entry->path, application.lastUsed, UsedItemType::application });
     }
-    /// The same few applications stand in thousands of bookmarks: each is looked up once.
+    /// Looks each application up once, as the same few stand in thousands of bookmarks.
     ApplicationEntry const* entryOf(RecentlyUsed::Application const& application)
     {
         auto const [place, isNew] = m_entryOfCommand.try_emplace(application.exec + '\n' + application.name, nullptr);
@@ -82,7 +82,7 @@ private:
     }
     ApplicationEntry const* lookUp(RecentlyUsed::Application const& application) const
     {
-        // The command line was quoted as a whole when it was registered: 'evince %u'.
+        // Registered command lines are quoted as a whole: 'evince %u'.
         auto const commandLine = programOfCommandLine(application.exec).value_or(application.exec);
         auto const program = programOfCommandLine(commandLine).value_or(commandLine);
         if (auto const* entry = m_applications.findByProgram(program))
@@ -117,7 +117,7 @@ bool admits(RecentItemsScope scope, UsedItemType type)
     return false;
 }
 
-/// What a search needs once it has left the main thread.
+/// The data that a search needs off the main thread.
 struct Sources {
     std::string recentlyUsedFile;
     LaunchLog launches;
@@ -150,7 +150,7 @@ private:
     {
         m_tasks.inBackground(
             TaskPriority::user, [sources, index] { return sources.search(*index); }, m_lifetime.guard([this](std::vector<RecentFile> files) {
-                auto const done = m_done; // outlives the search, which it may destroy
+                auto const done = m_done; // a copy, which outlives the search that it may destroy
                 done(std::move(files));
             }));
     }

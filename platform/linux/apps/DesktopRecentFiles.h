@@ -17,20 +17,19 @@ namespace zv {
 
 enum class UsedItemType { application, folder, document };
 
-/// Something that was used, when, and what it is.
+/// A file, folder or application that was used, and when.
 struct UsedItem {
     std::string path;
     std::int64_t lastUsed = 0; ///< seconds since 1970
     UsedItemType type = UsedItemType::document;
 };
 
-/// What the desktop's list of recently used things and our own launches say was used since
-/// `since`: files and folders by their last visit, the applications that visited them by
-/// theirs. One item a path, newest first; nobody has looked yet whether they still exist.
-/// Any thread.
+/// The items used since `since`, from the desktop's list and our own launches: files and folders
+/// by their last visit, the applications that visited them by theirs. One item a path, newest
+/// first, not checked for existence. Any thread.
 [[nodiscard]] std::vector<UsedItem> usedItems(
     std::string const& recentlyUsedFile, std::vector<LaunchLog::Launch> const& launches, ApplicationIndex const& applications, std::int64_t since);
-/// The first `limit` of those that exist, or lie where nobody may look. Any thread.
+/// The first `limit` items that exist, or that lie where existence is not checked. Any thread.
 [[nodiscard]] std::vector<RecentFile> existingItems(std::vector<UsedItem> const& items, MountTable const& mounts, std::size_t limit);
 
 /// Recent files from the desktop's list of recently used things.

@@ -8,14 +8,14 @@ namespace zv {
 
 namespace {
 
-/// How a desktop marks the entries that its settings consist of.
+/// The mark of a desktop's settings entries.
 struct PaneMark {
     std::string_view desktop;
     std::string_view category; ///< empty where the id tells
     std::string_view idPrefix;
 };
 
-/// No document names these marks: they are in the entries that the desktops themselves install.
+/// The marks are documented nowhere: they come from the entries that the desktops install.
 constexpr std::array marks {
     PaneMark { "GNOME", "X-GNOME-Settings-Panel", "" },
     PaneMark { "Unity", "X-GNOME-Settings-Panel", "" },
@@ -40,7 +40,7 @@ bool isMarkedPane(ApplicationEntry const& entry, std::vector<std::string> const&
     });
 }
 
-/// Neither a command that can be parsed nor the bus: nothing could ever open it.
+/// An entry with neither a parsable command nor bus activation cannot be opened.
 bool canBeStarted(ApplicationEntry const& entry) { return entry.isDBusActivatable || entry.program().has_value(); }
 
 SettingsPane paneFor(ApplicationEntry const& entry)

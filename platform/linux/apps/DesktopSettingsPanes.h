@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// The settings of the running desktop, by its application entries.
+/// The settings panes of the running desktop, read from its application entries.
 class DesktopSettingsPanes : public SettingsPanes {
 public:
     /// `catalog` outlives this.
@@ -21,8 +21,8 @@ private:
     ApplicationCatalog& m_catalog;
 };
 
-/// What the desktop itself counts among its settings, even where it keeps it out of menus;
-/// where it marks nothing so, every listed entry that calls itself settings.
+/// The panes that the desktop marks as its settings, even those kept out of menus; where it marks
+/// none, every listed entry of the settings category.
 [[nodiscard]] std::vector<SettingsPane> settingsPanesIn(ApplicationIndex const& index);
 
 } // namespace zv

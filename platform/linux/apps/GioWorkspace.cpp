@@ -16,7 +16,7 @@ namespace zv {
 
 namespace {
 
-/// Applications that go by another identifier elsewhere, by their entries here.
+/// Applications that other systems know by another identifier, with their entries here.
 struct KnownApplication {
     std::string_view identifier;
     std::vector<char const*> entries;

@@ -10,8 +10,8 @@
 
 namespace zv {
 
-/// Opens by what GIO knows of applications and handlers, reveals by the file manager's
-/// D-Bus service. All of it in the background: a handler may lie on a slow disk.
+/// Opens through GIO's applications and handlers, reveals through the file manager's D-Bus
+/// service. All in the background: a handler may lie on a slow disk.
 class GioWorkspace : public Workspace {
 public:
     struct Services {
@@ -19,8 +19,8 @@ public:
         RunningApplications& runningApplications;
     };
 
-    /// `sessionBus` is an address; empty where there is no bus. The applications that are
-    /// started are noted in `launches`.
+    /// `sessionBus` is an address; empty where there is no bus. Started applications are noted in
+    /// `launches`.
     GioWorkspace(std::string sessionBus, LaunchLog launches, Services services)
         : m_sessionBus(std::move(sessionBus))
         , m_launches(std::move(launches))

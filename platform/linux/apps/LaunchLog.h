@@ -13,7 +13,7 @@ class LaunchLog {
 public:
     struct Launch {
         std::int64_t time = 0; ///< seconds since 1970
-        std::string path; ///< of the application entry or program
+        std::string path; ///< path of the application entry or program
     };
     static constexpr std::size_t capacity = 200;
 
@@ -21,8 +21,8 @@ public:
 
     /// Missing and damaged lines are skipped.
     [[nodiscard]] std::vector<Launch> read() const;
-    /// Puts it in the place of an earlier launch of the same. What cannot be written is
-    /// forgotten: nobody misses it enough to be told.
+    /// Replaces an earlier launch of the same path. A failure to write is ignored: the entry is
+    /// not worth an alert.
     void add(Launch const& launch) const;
 
 private:

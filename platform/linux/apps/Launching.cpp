@@ -19,8 +19,8 @@ namespace {
 constexpr std::chrono::seconds fileManagerTimeout { 10 };
 constexpr int maximumLinkSteps = 8;
 
-/// A launch over D-Bus is only queued when the call returns; nothing of it may be lost
-/// when this program ends next. The shared connection must not end it either.
+/// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
+/// call returns. The shared connection must not end this program when it closes.
 void flushSharedBus(std::string const& sessionBus)
 {
     if (sessionBus.empty())
@@ -44,7 +44,7 @@ bool isProgramFile(std::string const& path)
     return !isApplicationEntryName(path) && ::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && ::access(path.c_str(), X_OK) == 0;
 }
 
-/// The program that starts an application folder; empty when it is a plain folder.
+/// The start program of an application folder; empty for a plain folder.
 std::string startProgramOf(Url const& url)
 {
     if (!isPackageFolderName(url.lastPathComponent()) || !isFolder(url.path()))
@@ -80,7 +80,7 @@ Result<void> launchEntry(std::string const& path, std::string const& sessionBus)
     return resultOf(error);
 }
 
-/// Where an entry of the type Link leads.
+/// The target of an entry of type Link.
 std::optional<Url> linkTarget(std::string const& path)
 {
     auto const text = readTextFile(path).value_or("");
@@ -137,7 +137,7 @@ Result<void> revealFile(Url const& fileURL, std::string const& sessionBus)
         char const* const urls[] = { fileURL.toString().c_str() };
         auto* const arguments = g_variant_new("(@ass)", g_variant_new_strv(urls, 1), "");
         auto const reply = bus->call(fileManager, "ShowItems", arguments, deadline);
-        // One that is slow to answer shows it all the same; a second window would be one too many.
+        // A slow file manager shows the file all the same; opening the folder would be a second window.
         if (reply || reply.error().kind == BusFailure::Kind::timedOut)
             return {};
     }

@@ -5,17 +5,17 @@
 
 #include <string>
 
-/// Starting what stands behind a URL. These block, and never run on the main thread.
+/// Starting and opening what a URL names. The functions block, and never run on the main thread.
 /// `sessionBus` is an address; empty where there is no bus.
 namespace zv {
 
-/// An application entry, or a folder that is a whole application.
+/// Whether the URL is an application entry, or a folder that is a whole application.
 [[nodiscard]] bool isApplication(Url const& url);
 /// Starts an entry, a folder that is a whole application, or a program's own file.
 [[nodiscard]] Result<void> launchApplication(Url const& application, std::string const& sessionBus);
-/// An application starts, a link entry leads on, everything else opens in its handler.
+/// Starts an application, follows a link entry, opens everything else in its handler.
 [[nodiscard]] Result<void> openUrl(Url const& url, std::string const& sessionBus);
-/// Selects the file in the file manager; where none offers that, its folder is opened.
+/// Selects the file in the file manager; where no file manager can, opens its folder.
 [[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus);
 
 } // namespace zv

@@ -58,7 +58,7 @@ struct Reading {
     void addApplication(Attributes const& attributes)
     {
         auto const modified = secondsOfTimestamp(attributes["modified"]);
-        // Older lists count the seconds instead.
+        // Older lists store seconds.
         auto const lastUsed = modified > 0 ? modified : g_ascii_strtoll(attributes["timestamp"].c_str(), nullptr, 10);
         current.applications.push_back({ attributes["name"], attributes["exec"], lastUsed });
     }

@@ -9,27 +9,27 @@
 
 namespace zv {
 
-/// One bookmark of the desktop's list of recently used things (an XBEL file):
+/// A bookmark in the desktop's list of recently used things (an XBEL file):
 /// https://www.freedesktop.org/wiki/Specifications/desktop-bookmark-spec
 struct RecentlyUsed {
     struct Application {
         std::string name;
-        std::string exec; ///< a command line, as it was registered
+        std::string exec; ///< the command line as registered
         std::int64_t lastUsed = 0;
     };
 
     std::string href;
     std::int64_t visited = 0; ///< seconds since 1970; 0 when unknown
     std::string mimeType;
-    bool isPrivate = false; ///< meant for the applications that registered it alone
+    bool isPrivate = false; ///< only for the applications that registered it
     std::vector<Application> applications;
 };
 
-/// Hands on one bookmark after the other while the file is read, so that its size costs no
-/// memory. A file that is damaged ends there: what came before it stands. Any thread.
+/// Hands on each bookmark as it is read, so memory use does not grow with the file. A damaged
+/// file ends at the damage; earlier bookmarks stand. Any thread.
 [[nodiscard]] FileReading readRecentlyUsed(std::string const& path, std::function<void(RecentlyUsed&&)> const& take);
 
-/// "2023-06-01T10:20:30.123456Z"; 0 for anything else.
+/// Seconds since 1970 of "2023-06-01T10:20:30.123456Z"; 0 for any other form.
 [[nodiscard]] std::int64_t secondsOfTimestamp(std::string const& text);
 
 } // namespace zv

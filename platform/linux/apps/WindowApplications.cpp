@@ -76,7 +76,7 @@ std::optional<std::string> applicationIdOfUnit(std::string_view unitName)
         name = name.substr(0, name.substr(0, name.size() - scope.size()).rfind('-'));
     else
         return std::nullopt;
-    // The launcher comes before the id; a dash within either is escaped.
+    // The unit's name is launcher, then id; a dash within either is escaped.
     auto const id = unescapedUnitName(name.substr(name.rfind('-') + 1));
     return id.empty() || id.ends_with(scope) ? std::nullopt : std::optional(id);
 }

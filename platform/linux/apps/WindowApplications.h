@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What a window says about the application that it belongs to; any of it may be missing.
+/// A window's own statement of its application; any field may be missing.
 struct ClientWindow {
     std::uint32_t window = 0;
     std::string windowClass; ///< the two parts of WM_CLASS
@@ -19,20 +19,20 @@ struct ClientWindow {
     std::string gtkApplicationId;
     std::string title;
     std::uint32_t pid = 0; ///< 0 when unknown
-    std::string program; ///< the path of the process's program, when it could be found out
+    std::string program; ///< path of the process's program; empty when unknown
 };
 
-/// The application of a window, by its application entry where one can be found. Pure. Any thread.
+/// The application of a window, by its application entry if found. Pure. Any thread.
 [[nodiscard]] RunningApplication applicationOf(ClientWindow const& window, ApplicationIndex const& index);
 
-/// The application id in the name of a user unit, "app-gnome-firefox\x2desr-1234.scope";
-/// nothing when the name is not of that kind: https://systemd.io/DESKTOP_ENVIRONMENTS,
-/// "XDG standardization for applications".
+/// The application id in a user unit's name, such as "app-gnome-firefox\x2desr-1234.scope";
+/// nothing for other names: https://systemd.io/DESKTOP_ENVIRONMENTS, "XDG standardization for
+/// applications".
 [[nodiscard]] std::optional<std::string> applicationIdOfUnit(std::string_view unitName);
 /// The applications of running units that a menu shows, without this program. Pure. Any thread.
 [[nodiscard]] std::vector<RunningApplication> applicationsOfUnits(std::vector<std::string> const& unitNames, ApplicationIndex const& index);
 
-/// The path of the program that a process runs; empty when it is not ours to know.
+/// The path of the program that a process runs; empty without permission to read it.
 [[nodiscard]] std::string programOfProcess(std::uint32_t pid);
 
 } // namespace zv

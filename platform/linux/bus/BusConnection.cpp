@@ -53,7 +53,7 @@ Kind kindOf(GError const* error)
     return found == std::end(remoteErrors) ? Kind::other : found->kind;
 }
 
-/// Cancels what takes longer, for connecting has no limit of its own.
+/// Cancels connecting after a time, as connecting has no limit of its own.
 class Watchdog {
 public:
     explicit Watchdog(Deadline const& deadline)

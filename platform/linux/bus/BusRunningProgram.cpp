@@ -9,7 +9,7 @@ namespace {
 constexpr BusObject program { "org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell", "org.zanthevell.ZantheVell" };
 constexpr std::chrono::seconds patience { 5 };
 
-/// Owned from here on, also where nobody takes them.
+/// Takes ownership of a floating value, so that it is freed even when unused.
 GVariantRef owned(GVariant* floating) { return GVariantRef(floating ? g_variant_ref_sink(floating) : nullptr); }
 
 } // namespace
@@ -61,7 +61,7 @@ Result<void> BusRunningProgram::openSettings() { return tell("OpenSettings", nul
 
 Result<void> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
 
-/// As addresses: a path may hold bytes that no text on a bus may.
+/// Sends the files as addresses: a path may hold bytes that no text on a bus may.
 Result<void> BusRunningProgram::addFiles(std::vector<Url> const& files)
 {
     std::vector<char const*> addresses;

@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// Asks the running program over the session bus. Waits for the answer, a few seconds at
-/// most; connects at the first question.
+/// Asks the running program over the session bus. Waits a few seconds at most for the answer;
+/// connects at the first question.
 class BusRunningProgram : public RunningProgram {
 public:
     /// `sessionBus` is an address; empty where there is no bus.
@@ -34,7 +34,7 @@ private:
 
     std::string m_address;
     Texts m_texts;
-    mutable bool m_isConnected = false; ///< or that was tried in vain
+    mutable bool m_isConnected = false; ///< also set after a failed attempt
     mutable std::optional<BusConnection> m_bus;
 };
 

@@ -39,7 +39,7 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// In a Wayland session the X server knows of some of the windows only.
+/// Nothing in a Wayland session, whose X server knows of only some of the windows.
 std::optional<X11ClientWindows> clientWindows(X11Connection const* x, Environment const& environment)
 {
     bool const knowsAll = x && sessionKindOf(environment) == SessionKind::x11;
@@ -48,7 +48,7 @@ std::optional<X11ClientWindows> clientWindows(X11Connection const* x, Environmen
 
 } // namespace
 
-/// The system with a run loop of the toolkit's, which needs no display.
+/// The system with the toolkit's run loop, without a display.
 struct LinuxCommands::Turning {
     explicit Turning(LinuxFiles& files)
         : access(DesktopAccess::of(files.environment()))

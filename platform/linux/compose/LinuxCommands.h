@@ -10,8 +10,8 @@
 
 namespace zv {
 
-/// The command line over this machine, without a display. What costs anything is made when the
-/// first command asks for it.
+/// The command line's access to this machine, without a display. Costly parts are made when the
+/// first command asks for them.
 class LinuxCommands : public CommandContext {
 public:
     LinuxCommands(Streams streams, Environment environment);

@@ -15,7 +15,7 @@
 
 namespace zv {
 
-/// What is stored on this machine, and where: all that the simplest command takes. Needs
+/// The stored things of this machine and their places: all that the simplest command takes. Needs
 /// neither display nor event loop.
 class LinuxFiles {
 public:

@@ -21,7 +21,7 @@ namespace zv {
 
 namespace {
 
-/// Feeds of this machine are for those who try them out.
+/// Local feeds are allowed where resources are given, for trials.
 DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
 
 std::string resourcesOfThisProgram(ProgramPlaces const& paths)
@@ -43,7 +43,7 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     return options;
 }
 
-/// The desktops' own windows for what starts at login, by what is installed.
+/// The desktops' autostart settings; the first installed one is used.
 std::vector<std::vector<std::string>> const& autostartSettings()
 {
     static std::vector<std::vector<std::string>> const commands { { "gnome-session-properties" }, { "systemsettings", "kcm_autostart" },
@@ -108,7 +108,7 @@ int LinuxFrontEnd::run()
     }
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
-    m_app->launch(); // when a copy takes over, it ends this process once it has started
+    m_app->launch(); // a copy that takes over ends this process once it has started
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
@@ -137,7 +137,7 @@ ProgramRequests LinuxFrontEnd::requests()
     };
 }
 
-/// Without a place, where the icon was clicked last, else where the pointer is.
+/// Opens the menu at the place; without one, where the icon was clicked last, else at the pointer.
 void LinuxFrontEnd::showMenu(std::optional<QPoint> at)
 {
     if (!canPlaceWindows()) {

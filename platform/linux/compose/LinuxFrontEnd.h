@@ -33,12 +33,12 @@ namespace zv {
 /// The program on a Linux desktop: the seams over this system, and the program over them.
 class LinuxFrontEnd {
 public:
-    /// `count` and `arguments` outlive it. The environment, and that of the process, names the
-    /// display server to use.
+    /// `count` and `arguments` outlive it. Both `environment` and the process's own environment
+    /// name the display server to use.
     LinuxFrontEnd(int& count, char** arguments, Environment environment);
     ~LinuxFrontEnd();
 
-    /// Runs until the program is asked to end; gives the status to exit with.
+    /// Runs until the program is asked to end; returns the exit status.
     int run();
 
 private:

@@ -22,8 +22,8 @@
 
 namespace zv {
 
-/// This machine without a display, for the program and for its commands. Made after an
-/// application object of the toolkit.
+/// The parts of this machine that need no display, for the program and its commands. Made after
+/// the toolkit's application object.
 class LinuxSystem {
 public:
     struct Over {
@@ -32,11 +32,11 @@ public:
         Tasks& tasks;
         DesktopAccess const& access;
         QDBusConnection sessionBus;
-        std::optional<X11ClientWindows> windows; ///< nothing where no X server knows of all of them
-        WorkCount* pending; ///< counts what commands wait for; null in the program, which waits for nothing
+        std::optional<X11ClientWindows> windows; ///< nothing where no X server knows of all windows
+        WorkCount* pending; ///< counts pending work that commands wait for; null in the program
     };
 
-    /// What is referred to outlives the system.
+    /// The references outlive the system.
     explicit LinuxSystem(Over const& over);
     LinuxSystem(LinuxSystem const&) = delete;
     LinuxSystem& operator=(LinuxSystem const&) = delete;

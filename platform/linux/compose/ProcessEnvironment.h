@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// The environment as it stands now. Read here alone, and handed down from here.
+/// The current environment of the process. Read only here, and passed down.
 [[nodiscard]] Environment processEnvironment();
 
 } // namespace zv

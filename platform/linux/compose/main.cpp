@@ -30,7 +30,7 @@ int main(int argc, char** argv)
     if (argc > 1)
         return runCommand({ argv + 1, argv + argc }, environment);
     environment["QT_QPA_PLATFORM"] = zv::displayServerFor(environment);
-    ::setenv("QT_QPA_PLATFORM", environment["QT_QPA_PLATFORM"].c_str(), 1); // for the toolkit
+    ::setenv("QT_QPA_PLATFORM", environment["QT_QPA_PLATFORM"].c_str(), 1); // read by the toolkit
     zv::LinuxFrontEnd program(argc, argv, environment);
     return program.run();
 }

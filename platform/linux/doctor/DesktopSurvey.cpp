@@ -26,7 +26,7 @@ DesktopFindings::StatusIcons statusIconsOn(BusConnection const& bus, Deadline co
     if (!bus.hasOwner(watcher, deadline))
         return noWatcher;
     auto const value = bus.property(watcherObject, "IsStatusNotifierHostRegistered", "b", deadline);
-    // A watcher that does not tell is a panel's own.
+    // A watcher without the property is a panel's own.
     return value && g_variant_get_boolean(value.get()) == FALSE ? withoutHost : shown;
 }
 
@@ -39,7 +39,7 @@ DesktopFindings::FileManager fileManagerOn(std::optional<BusConnection> const& b
     return handler ? opensFolders : none;
 }
 
-/// Nautilus loads extensions in Python by a library among its own.
+/// Whether Nautilus is there without the library that loads its Python extensions.
 bool lacksFilesExtension(Programs const& programs)
 {
     if (!programs.has("nautilus"))

@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// Fills in what the message buses and the installed programs tell. Blocks, a few seconds
+/// Fills in the findings from the message buses and the installed programs. Blocks a few seconds
 /// at most; starts nothing.
 void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, DesktopFindings& findings);
 

@@ -28,7 +28,7 @@ Display display(bool hasX, Environment const& environment)
     return isNamed ? Display::unreachable : Display::none;
 }
 
-/// Its window names itself: what an ended one left behind does not.
+/// Whether a window manager runs: its check window names itself, unlike a leftover.
 bool hasWindowManager(X11Connection const& x)
 {
     auto const namedBy = [&](xcb_window_t window) {

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// Fills in what the display and the toolkit tell. Shows nothing.
+/// Fills in the findings from the display and the toolkit. Shows nothing.
 void surveyDisplay(Environment const& environment, DesktopFindings& findings);
 
 } // namespace zv

@@ -24,7 +24,7 @@ std::string_view withoutBlanks(std::string_view text)
     return text;
 }
 
-/// "\s", "\n", "\t", "\r" and "\\", as key files write them.
+/// Resolves "\s", "\n", "\t", "\r" and "\\", the escapes of key files.
 std::string unescaped(std::string_view value)
 {
     static constexpr std::string_view letters = "sntr\\";
@@ -42,7 +42,7 @@ std::string unescaped(std::string_view value)
     return plain;
 }
 
-/// Takes the next line off the text.
+/// Removes and returns the text's first line.
 std::string_view nextLine(std::string_view& text)
 {
     auto const end = std::min(text.find('\n'), text.size());
@@ -51,7 +51,7 @@ std::string_view nextLine(std::string_view& text)
     return line;
 }
 
-/// A group after the main one has begun: what follows says nothing more.
+/// Whether a group after the main one has begun: the rest of the file is not needed.
 bool holdsWholeMainGroup(std::string_view text)
 {
     auto const start = text.find(mainGroup);
@@ -93,7 +93,7 @@ DesktopEntry::DesktopEntry(std::string_view text)
     }
 }
 
-/// Of a key that comes twice the last one counts.
+/// The last of duplicate keys counts.
 std::optional<std::string_view> DesktopEntry::value(std::string_view key) const
 {
     auto const found = std::find_if(m_lines.rbegin(), m_lines.rend(), [key](auto const& line) { return line.first == key; });

@@ -8,37 +8,37 @@
 
 namespace zv {
 
-/// Whom application entries are shown to.
+/// The user and desktop that application entries are shown to.
 struct DesktopAudience {
-    std::vector<std::string> languages; ///< "de_AT", "de" …, the best first
-    std::vector<std::string> desktops; ///< "ubuntu", "GNOME": the names that the desktop answers to
+    std::vector<std::string> languages; ///< "de_AT", "de" …, the preferred first
+    std::vector<std::string> desktops; ///< the names that the desktop answers to: "ubuntu", "GNOME"
 };
 
-/// The user's, the best first.
+/// The user's languages, the preferred first.
 [[nodiscard]] std::vector<std::string> userLanguages();
 /// The parts of XDG_CURRENT_DESKTOP ("ubuntu:GNOME").
 [[nodiscard]] std::vector<std::string> desktopsNamed(std::string_view colonSeparated);
 
 /// The main group of an application entry (.desktop): Desktop Entry Specification,
-/// https://specifications.freedesktop.org/desktop-entry-spec. Reads any bytes: a line that makes
-/// no sense is skipped. Views into the text, which outlives it.
+/// https://specifications.freedesktop.org/desktop-entry-spec. Reads any bytes; malformed lines
+/// are skipped. Views into the text, which outlives it.
 class DesktopEntry {
 public:
     explicit DesktopEntry(std::string_view text);
 
-    /// The text has a main group with anything in it.
+    /// Whether the text has a main group with any content.
     [[nodiscard]] bool isThere() const { return !m_lines.empty(); }
-    /// Without escapes; empty when the key is not there. The bytes are the file's: they may be no UTF-8.
+    /// The unescaped value; empty without the key. The bytes are the file's, perhaps not UTF-8.
     [[nodiscard]] std::string text(std::string_view key) const;
-    /// In the best language there is.
+    /// The value in the best available language.
     [[nodiscard]] std::string translated(std::string_view key, std::vector<std::string> const& languages) const;
     [[nodiscard]] bool flag(std::string_view key) const;
     [[nodiscard]] bool has(std::string_view key) const { return value(key).has_value(); }
     [[nodiscard]] std::vector<std::string> list(std::string_view key) const;
 
-    /// The first desktop that OnlyShowIn or NotShowIn names decides.
+    /// Whether OnlyShowIn and NotShowIn admit the desktops; the first desktop that either names decides.
     [[nodiscard]] bool isMeantFor(std::vector<std::string> const& desktops) const;
-    /// Neither hidden nor kept out of menus nor meant for another desktop.
+    /// Whether it is neither hidden nor kept out of menus nor meant for another desktop.
     [[nodiscard]] bool isListed(std::vector<std::string> const& desktops) const;
 
 private:
@@ -47,8 +47,8 @@ private:
     std::vector<std::pair<std::string_view, std::string_view>> m_lines;
 };
 
-/// The text of an entry, no further than its main group; empty when it cannot be read. Never
-/// waits. `name` is relative to the open folder.
+/// The entry's text up to the end of its main group; empty when it cannot be read. Never waits.
+/// `name` is relative to the open folder.
 [[nodiscard]] std::string readDesktopEntry(int folder, char const* name);
 
 } // namespace zv

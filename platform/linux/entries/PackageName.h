@@ -4,10 +4,10 @@
 
 namespace zv {
 
-/// A folder that is shown as one thing: an application with all it needs inside.
+/// Whether the name is that of a folder shown as one item: an application with all it needs inside.
 [[nodiscard]] constexpr bool isPackageFolderName(std::string_view name) { return name.ends_with(".app") || name.ends_with(".AppDir"); }
 
-/// A file that stands for an application.
+/// Whether the name is that of an application entry.
 [[nodiscard]] constexpr bool isApplicationEntryName(std::string_view name) { return name.ends_with(".desktop"); }
 
 } // namespace zv

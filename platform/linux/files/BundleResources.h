@@ -10,12 +10,11 @@ namespace zv {
 /// Resources as files of a folder.
 class BundleResources : public Resources {
 public:
-    /// The first of the folders that has a resource gives it.
+    /// Folders in order of preference: the first that has a resource provides it.
     explicit BundleResources(std::vector<std::string> folders);
 
     [[nodiscard]] std::optional<std::vector<std::byte>> load(std::string_view name, std::string_view extension) const override;
-    /// What the program knows of itself, then the resource "Info.plist", whose values count where
-    /// both have one.
+    /// The built-in information, overridden by the values of the resource "Info.plist".
     [[nodiscard]] PropertyListDictionary const& information() const override { return m_information; }
 
 private:

@@ -18,9 +18,9 @@ namespace {
 
 constexpr std::string_view signature = "zvb1";
 
-/// What stays the same while a file is renamed. Inode numbers are given out again after a
-/// file is deleted; the time of birth tells the new file from the old. Where the file system
-/// keeps none it is zero.
+/// The identity of a file, which renaming keeps. Inode numbers are reused after a file is
+/// deleted; the birth time tells the new file from the old. Zero where the file system stores
+/// none.
 struct Identity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
@@ -34,12 +34,12 @@ struct Entry {
 
 constexpr std::size_t headerSize = signature.size() + sizeof(Identity);
 
-/// Of the entry itself, not of what a link leads to.
+/// Status of the entry itself; links are not followed.
 std::optional<Entry> entryAt(int folder, char const* path)
 {
     struct statx status { };
-    // The time of the last change is asked for because kernels stamp what happens after such a
-    // question more finely: a file that is made a moment later then has another time of birth.
+    // Asks for the time of the last change too, because kernels stamp changes after such a query
+    // more finely: a file made a moment later then has another birth time.
     constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_BTIME | STATX_CTIME;
     if (::statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
         return std::nullopt;
@@ -48,15 +48,15 @@ std::optional<Entry> entryAt(int folder, char const* path)
     return Entry { { ::makedev(status.stx_dev_major, status.stx_dev_minor), status.stx_ino, birth }, S_ISLNK(status.stx_mode) };
 }
 
-/// Device numbers may change from one start of the system to the next, so the birth time, too,
-/// vouches for an inode.
+/// Device numbers may change at a restart of the system, so a matching birth time also confirms
+/// an inode.
 bool isSameFile(Identity const& recorded, Identity const& found)
 {
     bool const hasSameBirth = recorded.birth == found.birth;
     return recorded.inode == found.inode && hasSameBirth && (recorded.device == found.device || recorded.birth != 0);
 }
 
-/// Nothing for a link that leads nowhere, too.
+/// Nothing for a broken link either.
 std::optional<Identity> identityOf(std::string const& path)
 {
     auto const entry = entryAt(AT_FDCWD, path.c_str());
@@ -66,7 +66,7 @@ std::optional<Identity> identityOf(std::string const& path)
     return entry->identity;
 }
 
-/// The path of the file beside `path` that has the identity.
+/// The path of the file with the identity in the folder of `path`.
 std::optional<std::string> findBeside(std::string const& path, Identity const& identity)
 {
     auto const folder = folderOf(path);
@@ -74,7 +74,7 @@ std::optional<std::string> findBeside(std::string const& path, Identity const& i
     if (!stream)
         return std::nullopt;
     while (auto const* entry = ::readdir(stream.get())) {
-        // Only the entry with the right number is worth a closer look.
+        // The inode number first, as it costs no system call.
         if (entry->d_ino != identity.inode)
             continue;
         auto const found = entryAt(::dirfd(stream.get()), entry->d_name);
@@ -132,7 +132,7 @@ std::optional<ResolvedBookmark> LinuxBookmarks::resolve(BookmarkData const& data
         return std::nullopt;
     if (m_mounts.isRemote(recorded->path))
         return ResolvedBookmark { Url::fromPath(recorded->path), false };
-    // A program that saves by replacing the file leaves another one in its place.
+    // A program that saves by replacing the file leaves another identity at the path.
     if (auto const identity = identityOf(recorded->path))
         return ResolvedBookmark { Url::fromPath(recorded->path), !isSameFile(recorded->identity, *identity) };
     auto const moved = findBeside(recorded->path, recorded->identity);

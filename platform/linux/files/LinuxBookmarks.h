@@ -7,9 +7,9 @@
 
 namespace zv {
 
-/// Bookmarks by path and identity. A file that is still at its path is found there; one that
-/// was renamed is found by its identity among the files beside its last known place.
-/// Of files on remote file systems only the path counts: to look for them might take forever.
+/// Bookmarks by path and identity. A file still at its path is found there; a renamed one by its
+/// identity among the files of its last known folder. On remote file systems only the path
+/// counts: a search might hang.
 class LinuxBookmarks : public Bookmarks {
 public:
     explicit LinuxBookmarks(std::string mountInfoPath = MountWatch::systemTable);

@@ -24,12 +24,12 @@ namespace zv {
 
 namespace {
 
-/// Larger than any document of ours; keeps a mistaken choice from filling the memory.
+/// Larger than any document of ours; keeps a wrongly chosen file from filling the memory.
 constexpr std::size_t mostBytesRead = std::size_t { 256 } << 20;
 
 enum class Links { followed, kept };
 
-/// Nothing when there is no such file. Never sets off an automatic mount.
+/// Nothing when there is no such file. Never triggers an automatic mount.
 std::optional<struct stat> statusOf(std::string const& path, Links links)
 {
     struct stat status { };
@@ -45,7 +45,7 @@ struct FreeMountEntry {
     void operator()(GUnixMountEntry* entry) const { g_unix_mount_free(entry); }
 };
 
-/// A name without an extension is taken for a folder's.
+/// Traits guessed from the name: without an extension, a folder.
 FileTraits traitsByName(std::string_view name)
 {
     bool const isFolder = pathExtension(name).empty() || isPackageFolderName(name);
@@ -87,7 +87,7 @@ Url LinuxFileSystem::resolvingSymlinks(Url const& url) const
     return !m_mounts.isRemote(path) && ::realpath(path.c_str(), resolved) ? Url::fromPath(resolved) : url;
 }
 
-/// An application entry is shown by the name of its application.
+/// The name of an application entry's application; of other files, the file name.
 std::string LinuxFileSystem::localizedName(Url const& url) const
 {
     auto const name = url.lastPathComponent();
@@ -122,7 +122,7 @@ Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { ret
 
 Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
 {
-    // A link to a document stays one: the document is what is written.
+    // Writes to a link's target, so that the link stays.
     auto const path = followingLink(url.path());
     auto const status = statusOf(path, Links::followed);
     if (status && !S_ISREG(status->st_mode))

@@ -7,8 +7,8 @@
 
 namespace zv {
 
-/// The disk. A file on a remote file system is taken to be there, and to be what its name
-/// says: to look might take forever.
+/// The disk. A file on a remote file system is assumed to exist, with traits guessed from its
+/// name: a check might hang.
 class LinuxFileSystem : public FileSystem {
 public:
     explicit LinuxFileSystem(std::string mountInfoPath = MountWatch::systemTable);

@@ -25,7 +25,7 @@ namespace zv {
 namespace {
 
 constexpr std::size_t bufferSize = std::size_t { 32 } << 10;
-constexpr std::size_t mostNameBytes = 1024; ///< of an application; the name comes from any file
+constexpr std::size_t mostNameBytes = 1024; ///< limit for an application's name, which comes from an arbitrary file
 constexpr std::size_t mostHiddenListBytes = std::size_t { 1 } << 20;
 
 enum class EntryType { file, folder, link, unknown };
@@ -60,7 +60,7 @@ FolderReadFailure failureOf(int error)
     }
 }
 
-/// The names that a folder's own ".hidden" file wants hidden.
+/// The names listed in a folder's own ".hidden" file.
 class HiddenList {
 public:
     explicit HiddenList(int folder)
@@ -85,7 +85,7 @@ private:
     std::unordered_set<std::string_view> m_names;
 };
 
-/// One pass over one open folder.
+/// A single read of an open folder.
 class FolderPass {
 public:
     FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, DesktopAudience const& audience, MountWatch& mounts)
@@ -100,7 +100,7 @@ public:
 
     Result<FolderContents, FolderReadFailure> run()
     {
-        alignas(dirent64) std::array<std::byte, bufferSize> buffer; // filled by each call as far as it is read
+        alignas(dirent64) std::array<std::byte, bufferSize> buffer; // filled by each call, then read up to the returned size
         while (true) {
             auto const count = getdents64(m_folder, buffer.data(), buffer.size());
             if (count < 0)
@@ -170,7 +170,7 @@ private:
             add(name, FileTraits { false, isApplicationEntryName(targetName) });
     }
 
-    /// Most links lead to plain files: one look tells, where nothing remote can be in the way.
+    /// Checks a link with a single call, as most lead to plain files; only where nothing remote can be in the way.
     [[nodiscard]] bool isPlainFileAtOnce(char const* name)
     {
         struct stat status { };
@@ -208,7 +208,7 @@ private:
     std::string m_path;
     DesktopAudience const& m_audience;
     MountWatch& m_mounts;
-    std::shared_ptr<MountWatch::Snapshot const> m_snapshot; ///< asked for once there is a link
+    std::shared_ptr<MountWatch::Snapshot const> m_snapshot; ///< loaded at the first link
     std::optional<HiddenList> m_hidden; ///< absent where hidden files are shown
     std::array<char, PATH_MAX> m_target;
     FolderContents m_contents;

@@ -17,11 +17,11 @@ namespace {
 constexpr std::array remoteTypes { "nfs", "nfs4", "cifs", "smb3", "smbfs", "ncpfs", "afs", "ceph", "coda", "9p", "glusterfs", "lustre", "autofs", "davfs",
     "fuse" };
 
-constexpr int mostLinks = 40; // as the kernel has it
+constexpr int mostLinks = 40; // the kernel's limit
 
 bool isOctal(char c) { return c >= '0' && c <= '7'; }
 
-/// Blanks, tabs, line breaks and backslashes come as "\040".
+/// Resolves "\040" and the like, which stand for blanks, tabs, line breaks and backslashes.
 std::string unescaped(std::string_view text)
 {
     std::string plain;
@@ -40,7 +40,7 @@ std::string unescaped(std::string_view text)
 
 bool isReadOnlyBy(std::string_view options) { return options == "ro" || options.starts_with("ro,"); }
 
-/// "36 35 98:0 /root /mount/point rw,noatime master:1 - ext4 /dev/sda1 rw"
+/// Parses "36 35 98:0 /root /mount/point rw,noatime master:1 - ext4 /dev/sda1 rw".
 std::optional<Mount> mountOfLine(std::string_view line)
 {
     auto const fields = split(line, ' ');
@@ -58,7 +58,7 @@ std::optional<std::string> linkTarget(std::string const& path)
     return length < 0 ? std::nullopt : std::optional(std::string(buffer.data(), static_cast<std::size_t>(length)));
 }
 
-/// A path that is walked component by component.
+/// A path resolved component by component.
 class Walk {
 public:
     explicit Walk(std::string_view path) { prepend(path); }
@@ -75,7 +75,7 @@ public:
         else if (component != ".")
             m_place += (m_place == "/" ? "" : "/") + component;
     }
-    /// The place is a link: go on from where it leads.
+    /// Continues from the target of the link at the current place.
     void jump(std::string_view target)
     {
         m_place.resize(target.starts_with('/') ? 1 : std::max<std::size_t>(m_place.rfind('/'), 1));
@@ -90,7 +90,7 @@ private:
     }
 
     std::string m_place = "/";
-    std::vector<std::string> m_rest; ///< the next one last
+    std::vector<std::string> m_rest; ///< the next component last
 };
 
 } // namespace
@@ -132,12 +132,12 @@ MountTable::Fate MountTable::follow(std::string_view path) const
         isDirectory = S_ISDIR(status.st_mode);
         if (!S_ISLNK(status.st_mode))
             continue;
-        isLink = isLink || walk.isDone(); // nothing of the path is left: this is its end
+        isLink = isLink || walk.isDone(); // the path's last component was reached
         auto const target = linkTarget(walk.place());
         if (!target || target->empty() || ++links > mostLinks)
             return { Fate::Kind::missing, false, {}, isLink };
         walk.jump(*target);
-        isDirectory = true; // what the walk stands on now
+        isDirectory = true; // the walk continues from a folder
     }
     return { Fate::Kind::found, isDirectory, walk.place(), isLink };
 }

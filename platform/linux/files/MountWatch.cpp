@@ -20,7 +20,7 @@ std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path
     return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
 }
 
-/// Of the kernel's clock that costs next to nothing to read: some milliseconds long.
+/// The tick of the coarse kernel clock, some milliseconds long, which costs next to nothing to read.
 std::int64_t currentTick()
 {
     timespec now {};
@@ -38,7 +38,7 @@ MountWatch::MountWatch(std::string mountInfoPath)
 
 std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
 {
-    bool const isOutdated = hasChanged(); // asked before reading: a change during it is seen the next time
+    bool const isOutdated = hasChanged(); // asked before reading, so that a change during it is seen the next time
     auto snapshot = m_snapshot.load();
     if (snapshot && !isOutdated)
         return snapshot;
@@ -57,7 +57,7 @@ bool MountWatch::hasChanged()
 {
     if (!m_file.isOpen())
         return true;
-    // A menu asks once for each of its items.
+    // The kernel is asked once a tick, as a menu asks for each of its items.
     auto const tick = currentTick();
     if (m_askedAt.exchange(tick) == tick)
         return false;

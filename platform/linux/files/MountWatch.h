@@ -11,13 +11,13 @@
 
 namespace zv {
 
-/// The mount table as it stood some milliseconds ago at most, read again only after the kernel
-/// says that it changed. Any thread.
+/// The mount table, at most some milliseconds old, read again only after the kernel reports a
+/// change. Any thread.
 class MountWatch {
 public:
     struct Snapshot {
         MountTable table;
-        bool hasRemote; ///< some mount is remote; without one no path needs to be looked at
+        bool hasRemote; ///< some mount is remote; without one no path needs checking
     };
 
     static constexpr char const* systemTable = "/proc/self/mountinfo";
@@ -25,15 +25,15 @@ public:
     explicit MountWatch(std::string mountInfoPath = systemTable);
 
     [[nodiscard]] std::shared_ptr<Snapshot const> current();
-    /// The path leads, links followed, onto a remote file system; found out without touching that.
+    /// Whether the path, links followed, leads onto a remote file system. Does not access that.
     [[nodiscard]] bool isRemote(std::string_view path);
 
 private:
     [[nodiscard]] bool hasChanged();
 
     std::string m_path;
-    FileDescriptor m_file; ///< polled only: the kernel marks it when something is mounted or unmounted
-    std::atomic<std::int64_t> m_askedAt { -1 }; ///< the tick of the clock in which the kernel was asked last
+    FileDescriptor m_file; ///< only polled: the kernel marks it at each mount and unmount
+    std::atomic<std::int64_t> m_askedAt { -1 }; ///< the clock tick of the last poll
     std::atomic<std::shared_ptr<Snapshot const>> m_snapshot;
 };
 

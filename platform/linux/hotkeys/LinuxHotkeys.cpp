@@ -9,8 +9,8 @@ namespace zv {
 
 namespace {
 
-/// Without an X server nobody tells what layout is selected: the one that the environment
-/// names, else the usual one.
+/// The layout without an X server, which alone tells the selected one: that of the environment,
+/// else the usual one.
 class FixedLayout : public KeyboardLayoutSource {
 public:
     std::vector<KeyTexts> layers() override

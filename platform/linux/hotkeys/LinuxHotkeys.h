@@ -15,8 +15,8 @@ namespace zv {
 class X11Connection;
 class XkbKeyboardLayoutSource;
 
-/// What this session offers for hotkeys: X11's grabs, on Wayland the desktop's portal, else
-/// nothing, with a layout to go by in each case. Made after the application object.
+/// The session's hotkeys: X11's grabs, on Wayland the desktop's portal, else none, each with a
+/// keyboard layout. Made after the application object.
 class LinuxHotkeys {
 public:
     /// The timers outlive this.
@@ -28,16 +28,16 @@ public:
     [[nodiscard]] HotkeyRegistrar& registrar() { return *m_registrar; }
     [[nodiscard]] KeyboardLayoutSource& layout() { return *m_layout; }
 
-    /// The key with that code of the X server, as the layout has it now.
+    /// The key with that X key code in the current layout.
     [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
 
-    /// What there would be, found out without making it; for `doctor`.
+    /// The support that an instance would find, without making one; for `doctor`.
     [[nodiscard]] static HotkeySupport support(QDBusConnection const& sessionBus, SessionKind session);
 
 private:
     std::unique_ptr<X11Connection> m_connection; ///< null without an X server
     std::unique_ptr<KeyboardLayoutSource> m_layout;
-    XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< the layout, where an X server has it
+    XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< null without an X server
     std::unique_ptr<HotkeyRegistrar> m_registrar;
 };
 

@@ -20,7 +20,7 @@
 
 namespace zv {
 
-/// One shortcut in the portal's form: a name, and what it is told about it.
+/// A shortcut's name and description for the portal.
 struct PortalShortcut {
     QString id;
     QVariantMap properties;
@@ -49,7 +49,7 @@ constexpr auto portalInterface = "org.freedesktop.portal.GlobalShortcuts";
 constexpr auto requestInterface = "org.freedesktop.portal.Request";
 constexpr auto sessionInterface = "org.freedesktop.portal.Session";
 
-/// Each binding may show the user a question, so several passes in a row make one.
+/// Each binding may ask the user a question, so passes in quick succession share one.
 constexpr std::chrono::milliseconds gatheringTime { 300 };
 constexpr int patience = 1000;
 
@@ -62,10 +62,10 @@ QDBusMessage versionQuestion()
     return question;
 }
 
-/// The same for the same combination at every start, so that the desktop remembers the user's choice.
+/// A chord's name, equal at every start, so that the desktop remembers the user's choice.
 QString nameOf(KeyChord chord) { return text("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
 
-/// Of a key that types nothing: "FK05" is F5.
+/// The X name of a key that types nothing: "FK05" is F5.
 QString nameOfKey(std::uint16_t code)
 {
     for (auto const& key : virtualKeys()) {
@@ -87,7 +87,7 @@ QString nameOfSymbol(std::string const& typed)
     return symbol != XKB_KEY_NoSymbol && xkb_keysym_get_name(symbol, name.data(), name.size()) > 0 ? text(name.data()) : QString();
 }
 
-/// A response is a number, 0 for yes, and a map of what came of it.
+/// Reads a response: a number, 0 for granted, then a map of results.
 bool isGranted(QDBusMessage const& response) { return response.arguments().value(0, 1U).toUInt() == 0; }
 
 QVariantMap resultsOf(QDBusMessage const& response) { return qdbus_cast<QVariantMap>(response.arguments().value(1)); }
@@ -117,7 +117,7 @@ bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
     return bus.call(versionQuestion(), QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
-/// With the portal that has gone, the session and what was bound in it have.
+/// Drops the session and its bindings, which end with their portal.
 void PortalHotkeyRegistrar::portalChangedHands(QString const& newOwner)
 {
     m_session.clear();
@@ -177,7 +177,7 @@ void PortalHotkeyRegistrar::bindSoon()
     m_pendingBind = m_timers.after(gatheringTime, [this] { bind(); });
 }
 
-/// A session takes its shortcuts once, so others need another session.
+/// Binds in a new session when the shortcuts change, as a session takes them only once.
 void PortalHotkeyRegistrar::bind()
 {
     m_pendingBind.reset();
@@ -245,8 +245,8 @@ void PortalHotkeyRegistrar::closeSession()
     m_bus.send(QDBusMessage::createMethodCall(text(portalService), std::exchange(m_session, {}), text(sessionInterface), text("Close")));
 }
 
-/// The response may come before the call's own answer, so it is listened for beforehand, at
-/// the path that the portal makes of our name on the bus and the token.
+/// Listens before the call, as the response may precede the call's own answer; the path is made
+/// by the portal from our name on the bus and the token.
 QVariantMap PortalHotkeyRegistrar::request(Responded responded)
 {
     auto const token = text("zanthe_vell_%1").arg(++m_serial);
@@ -268,7 +268,7 @@ void PortalHotkeyRegistrar::call(char const* method, QVariantList const& argumen
     });
 }
 
-/// "CTRL+LOGO+e": the portal's own words, whose keys are named by what they type.
+/// The chord in the portal's notation, such as "CTRL+LOGO+e", where keys are named by the text they type.
 QString PortalHotkeyRegistrar::trigger(KeyChord chord)
 {
     static constexpr std::pair<std::uint32_t, char const*> words[]

@@ -20,9 +20,9 @@ namespace zv {
 
 class BusListener;
 
-/// Combinations by the desktop's portal for global shortcuts, where programs cannot grab keys
-/// themselves. The user confirms them, so what is refused is known only later: a claim counts
-/// as held until then. Serves nothing while no portal answers. Main thread only.
+/// Hotkeys through the desktop's portal for global shortcuts, for desktops where programs cannot
+/// grab keys. The user confirms them, so a refusal is known late: until then a claim counts as
+/// held. Serves nothing while no portal answers. Main thread only.
 class PortalHotkeyRegistrar : public HotkeyRegistrar {
 public:
     /// Timers and layout outlive this.
@@ -33,7 +33,7 @@ public:
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return m_support; }
 
-    /// Asks the portal and waits for its answer, but not for long.
+    /// Asks the portal and waits briefly for its answer.
     [[nodiscard]] static bool isThere(QDBusConnection const& bus);
 
 private:
@@ -60,13 +60,13 @@ private:
     HotkeySupport m_support = HotkeySupport::none;
     std::set<KeyChord> m_wanted;
     std::set<KeyChord> m_refused;
-    std::map<QString, std::pair<KeyChord, HotkeyID>> m_held; ///< by the name that the portal knows
+    std::map<QString, std::pair<KeyChord, HotkeyID>> m_held; ///< by the shortcut's name in the portal
     std::unique_ptr<Timer> m_pendingBind;
     QString m_session;
     int m_serial = 0;
     std::unique_ptr<BusListener> m_activations;
-    std::unique_ptr<BusListener> m_response; ///< to the request that is under way
-    std::unique_ptr<QObject> m_context; ///< of the calls under way
+    std::unique_ptr<BusListener> m_response; ///< response to the pending request
+    std::unique_ptr<QObject> m_context; ///< context of the pending calls
     QDBusServiceWatcher m_portal;
 };
 

@@ -6,11 +6,11 @@ namespace zv {
 
 namespace {
 
-/// No key of the model's numbering; any key that is not a named one may have it here.
+/// A code outside the model's numbering, for keys that are not named ones.
 constexpr std::uint16_t unnamedKeyCode = 0xFFFF;
 
-/// By its place on the keyboard: with Control and Alt held, function keys have other meanings
-/// to the server than their own. Else by the toolkit's name.
+/// The code by the key's place on the keyboard, as with Control and Alt held the server gives
+/// function keys other meanings; else by the toolkit's name.
 std::uint16_t keyCodeOf(QKeyEvent const& event, KeyOnLayout const& key)
 {
     if (key.virtualCode)
@@ -36,10 +36,10 @@ ModifierMask modifiersOf(Qt::KeyboardModifiers held)
     return mask;
 }
 
-/// The layout's own answer; else the toolkit's, which has Shift applied to it.
+/// The layout's text; else the toolkit's, to which Shift is applied.
 std::string charactersOf(QKeyEvent const& event, KeyOnLayout const& key)
 {
-    bool const isCharacter = event.key() > 0x20 && event.key() < 0x01000000; // above are the keys without characters
+    bool const isCharacter = event.key() > 0x20 && event.key() < 0x01000000; // keys without characters have higher codes
     if (!isCharacter)
         return {};
     return key.text.empty() ? QString(QChar(event.key())).toStdString() : key.text;

@@ -11,10 +11,10 @@ class QKeyEvent;
 
 namespace zv {
 
-/// A key of the X server as the layout has it.
+/// A key of the X server in its current layout.
 struct KeyOnLayout {
-    std::optional<std::uint16_t> virtualCode; ///< the model's; none when the keyboard is not known
-    std::string text; ///< what it types without modifiers
+    std::optional<std::uint16_t> virtualCode; ///< code in the model's numbering; none when the keyboard is unknown
+    std::string text; ///< text typed without modifiers
 };
 using KeyLookup = std::function<KeyOnLayout(std::uint32_t xKeycode)>;
 

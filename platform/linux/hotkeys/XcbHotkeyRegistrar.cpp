@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::chrono::milliseconds heldKeysInterval { 30 };
 
-/// Nobody else is served while it lives, so that no program slips in between.
+/// Keeps the server from serving other clients while it lives, so that none takes a grab in between.
 class ServerGrab {
 public:
     explicit ServerGrab(xcb_connection_t* connection)
@@ -37,7 +37,7 @@ private:
     xcb_connection_t* m_connection;
 };
 
-/// Sees the program's pop-ups close: they hold the keyboard while they are open.
+/// Notices when the program's pop-ups close, as they hold the keyboard while open.
 class PopupFilter : public QObject {
 public:
     explicit PopupFilter(std::function<void()> closed)
@@ -77,7 +77,7 @@ XcbHotkeyRegistrar::~XcbHotkeyRegistrar() { m_keyboard.onMappingChanged = nullpt
 std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyChord const> chords)
 {
     assertMainThread();
-    m_connection.dispatch(); // what was pressed before belongs to the ids of before
+    m_connection.dispatch(); // earlier presses belong to the earlier ids
     std::vector<Grab> wanted(chords.size());
     std::transform(chords.begin(), chords.end(), wanted.begin(), [this](KeyChord chord) { return grabFor(chord); });
     replaceHeld(wanted);
@@ -105,8 +105,8 @@ void XcbHotkeyRegistrar::releaseAll()
     xcb_flush(m_connection.get());
 }
 
-/// Without a key for a chord whose key or modifier this keyboard does not have: a grab
-/// without its modifier would swallow typing.
+/// Returns an empty grab if this keyboard lacks the key or a modifier: a grab without its
+/// modifier would swallow typing.
 XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
 {
     auto const bits = m_keyboard.modifiers();
@@ -127,7 +127,7 @@ XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
     return grab;
 }
 
-/// A combination is meant whatever the locks are set to, but the server knows only exact states.
+/// The states of the locks to grab each chord with: a chord ignores them, but the server matches exact states.
 std::vector<std::uint16_t> XcbHotkeyRegistrar::lockStates() const
 {
     std::uint16_t const caps = XCB_MOD_MASK_LOCK;
@@ -162,7 +162,7 @@ void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
     for (auto const& each : obsolete)
         m_held.erase(each);
     if (obsolete.size() > m_held.size()) {
-        // One request drops everything; what is kept is then the smaller part to take again.
+        // One request drops all grabs; the kept ones are then the smaller part to take again.
         ungrabAll();
         for (auto const& [grab, id] : m_held)
             missing.insert(grab);
@@ -179,7 +179,7 @@ void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
     }
 }
 
-/// All requests go out before the first answer is waited for.
+/// Sends all requests before waiting for the first answer.
 std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
 {
     auto* const xcb = m_connection.get();
@@ -198,7 +198,7 @@ std::vector<bool> XcbHotkeyRegistrar::grab(std::vector<Grab> const& grabs)
     }
     for (std::size_t i = 0; i < grabs.size(); ++i) {
         if (!succeeded[i])
-            ungrab(grabs[i]); // the lock states that nobody else had
+            ungrab(grabs[i]); // releases the lock states that were granted
     }
     return succeeded;
 }
@@ -223,8 +223,8 @@ void XcbHotkeyRegistrar::handle(xcb_generic_event_t const& event)
         keyReleased(key.detail);
 }
 
-/// A held key repeats its press. What else is pressed while a grabbed key is held comes to
-/// us too, and is one of ours or nothing.
+/// Ignores the repeats of a held key. While a grabbed key is held we receive other presses too,
+/// which count only if they are hotkeys.
 void XcbHotkeyRegistrar::keyPressed(std::uint8_t keycode, std::uint16_t state)
 {
     if (m_grabbingKey == 0)
@@ -237,7 +237,7 @@ void XcbHotkeyRegistrar::keyPressed(std::uint8_t keycode, std::uint16_t state)
         onPressed(held->second);
 }
 
-/// With the key that gave us the keyboard we lose it, and do not hear of the others' release.
+/// The release of the grabbing key ends the keyboard grab, so releases of other keys are no longer reported.
 void XcbHotkeyRegistrar::keyReleased(std::uint8_t keycode)
 {
     m_down.reset(keycode);
@@ -257,7 +257,7 @@ void XcbHotkeyRegistrar::ownMenuDidClose()
     watchHeldKeys();
 }
 
-/// Only while such a key is held, which is not for long.
+/// Polls for releases only while a key is held, which is not for long.
 void XcbHotkeyRegistrar::watchHeldKeys()
 {
     if (m_down.any() && !m_watch)
@@ -268,7 +268,7 @@ void XcbHotkeyRegistrar::forgetReleasedKeys()
 {
     auto const before = m_down;
     auto const down = keysDown();
-    m_connection.dispatch(); // repeats of a key that has gone up meanwhile are still repeats
+    m_connection.dispatch(); // queued repeats of released keys still count as repeats
     m_down &= down | ~before;
     if (m_down.none())
         m_watch.reset();

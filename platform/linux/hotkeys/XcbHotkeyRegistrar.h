@@ -15,11 +15,11 @@ namespace zv {
 
 class XkbKeyboardLayoutSource;
 
-/// Combinations grabbed from the X server. What a pass asks for is compared with what is
-/// held, so that an unchanged pass says nothing to the server. Main thread only.
+/// Hotkeys grabbed from the X server. Each pass is compared with the held grabs, so that an
+/// unchanged pass sends nothing to the server. Main thread only.
 class XcbHotkeyRegistrar : public HotkeyRegistrar {
 public:
-    /// All three outlive this.
+    /// The arguments outlive this.
     XcbHotkeyRegistrar(X11Connection& connection, XkbKeyboardLayoutSource& keyboard, Timers& timers);
     ~XcbHotkeyRegistrar() override;
 
@@ -27,14 +27,14 @@ public:
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return HotkeySupport::everywhere; }
 
-    /// A key that is down now was pressed for the menu: it fires nothing before it is let go.
-    /// Called by itself when a menu of ours closes.
+    /// Keys that are down now were pressed for the menu: none fires before its release. Called
+    /// internally when a menu of ours closes.
     void ownMenuDidClose();
 
 private:
     using Keycodes = std::bitset<256>;
 
-    /// A combination as the server knows it, without the states of the locks.
+    /// A combination in the server's terms, without lock states.
     struct Grab {
         std::uint8_t keycode = 0;
         std::uint16_t modifiers = 0;
@@ -61,9 +61,9 @@ private:
     XkbKeyboardLayoutSource& m_keyboard;
     Timers& m_timers;
     std::map<Grab, HotkeyID> m_held;
-    /// Keys that have fired, or must not, and have not been seen to go up.
+    /// Keys that fired or must not fire, until their release.
     Keycodes m_down;
-    std::uint8_t m_grabbingKey = 0; ///< whose press gave us the keyboard, until it goes up
+    std::uint8_t m_grabbingKey = 0; ///< the key whose press grabbed the keyboard, until its release
     std::unique_ptr<Timer> m_watch;
     std::unique_ptr<QObject> m_menuFilter;
     X11Connection::Token m_events;

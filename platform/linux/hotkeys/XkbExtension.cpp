@@ -12,7 +12,7 @@ namespace zv {
 
 namespace {
 
-/// A held key then repeats its press alone; the release comes when the finger lifts.
+/// Makes a held key repeat only its press; the release comes when the key goes up.
 void useDetectableAutoRepeat(xcb_connection_t* xcb)
 {
     auto const flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
@@ -20,7 +20,7 @@ void useDetectableAutoRepeat(xcb_connection_t* xcb)
     XReply<xcb_xkb_per_client_flags_reply_t> const reply(xcb_xkb_per_client_flags_reply(xcb, cookie, nullptr));
 }
 
-/// Of the keyboard's state only the group, or every press of a modifier would wake us.
+/// Selects only the group of the keyboard's state, or every press of a modifier would wake us.
 void selectEvents(xcb_connection_t* xcb)
 {
     constexpr std::uint16_t events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY | XCB_XKB_EVENT_TYPE_STATE_NOTIFY;

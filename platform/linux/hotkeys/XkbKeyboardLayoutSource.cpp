@@ -65,7 +65,7 @@ void XkbKeyboardLayoutSource::ensureRead()
         read();
 }
 
-/// What stood before stays when the server does not answer.
+/// Reads the keyboard; keeps the previous state when the server does not answer.
 void XkbKeyboardLayoutSource::read()
 {
     auto const keymap = XkbKeymap::current(m_connection.get(), m_xkb.deviceID);

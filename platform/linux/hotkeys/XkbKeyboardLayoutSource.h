@@ -13,19 +13,19 @@
 
 namespace zv {
 
-/// The keyboard of the X server: what its keys type, and where they and the modifiers are.
-/// One change of the layout comes as several events, so they are gathered for a moment.
+/// The X server's keyboard: the text its keys type, and the codes of keys and modifiers. A layout
+/// change comes as several events, which are gathered for a moment.
 class XkbKeyboardLayoutSource : public KeyboardLayoutSource {
 public:
     /// Connection and timers outlive this.
     XkbKeyboardLayoutSource(X11Connection& connection, XkbExtension xkb, Timers& timers);
 
     [[nodiscard]] std::vector<KeyTexts> layers() override;
-    /// 0 for a key that this keyboard does not have.
+    /// The X key code; 0 for a key that this keyboard lacks.
     [[nodiscard]] std::uint8_t keycode(std::uint16_t virtualCode);
     [[nodiscard]] ModifierBits modifiers();
 
-    /// Key codes or modifiers are others than before; called before onChanged.
+    /// Called when key codes or modifiers have changed, before onChanged.
     std::function<void()> onMappingChanged;
 
 private:

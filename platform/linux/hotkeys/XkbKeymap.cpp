@@ -22,7 +22,7 @@ struct StateUnref {
 using Context = std::unique_ptr<xkb_context, ContextUnref>;
 using State = std::unique_ptr<xkb_state, StateUnref>;
 
-/// A dead key types nothing by itself; its shortcut is the accent that stands on it.
+/// A dead key types nothing by itself; its shortcut is its accent.
 struct DeadKey {
     xkb_keysym_t symbol;
     char const* text;
@@ -59,7 +59,7 @@ std::string textOf(xkb_keysym_t symbol)
     return isControlCharacter(text) ? std::string() : text;
 }
 
-/// Nearly the whole alphabet, as some layouts have a letter or two on other levels.
+/// Whether the layout types nearly the whole alphabet, as some have a letter or two on other levels.
 bool isLatin(KeyTexts const& texts)
 {
     std::bitset<26> letters;
@@ -111,7 +111,7 @@ XKeycodes XkbKeymap::readKeycodes() const
     XKeycodes codes {};
     for (auto const& key : virtualKeys()) {
         auto const code = xkb_keymap_key_by_name(m_keymap.get(), key.xkbName);
-        if (code <= 255) // the invalid code is far above
+        if (code <= 255) // excludes the invalid code, which is far above
             codes[key.code] = static_cast<std::uint8_t>(code);
     }
     return codes;
@@ -122,7 +122,7 @@ ModifierBits XkbKeymap::readModifiers() const
     return { realModifiers("Super", XKB_MOD_NAME_LOGO), realModifiers("Alt", XKB_MOD_NAME_ALT), realModifiers("NumLock", XKB_MOD_NAME_NUM) };
 }
 
-/// The real modifier behind a virtual one; where the keymap maps none, the one that usually is.
+/// The real modifier behind a virtual one; where the keymap maps none, the usual one.
 std::uint16_t XkbKeymap::realModifiers(char const* name, char const* usual) const
 {
     State const state(xkb_state_new(m_keymap.get()));

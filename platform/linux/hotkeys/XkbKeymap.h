@@ -13,7 +13,7 @@ struct xkb_keymap;
 
 namespace zv {
 
-/// The bits of the core protocol that the modifiers have on this keyboard; 0 for none.
+/// The core protocol's bits of the modifiers on this keyboard; 0 for none.
 struct ModifierBits {
     std::uint16_t command = 0; ///< Super
     std::uint16_t option = 0; ///< Alt
@@ -24,16 +24,16 @@ struct ModifierBits {
 /// The X key code of each virtual key code; 0 for none.
 using XKeycodes = std::array<std::uint8_t, keyCodeCount>;
 
-/// What the keyboard is like at one moment.
+/// The keyboard's state at one moment.
 class XkbKeymap {
 public:
     /// Nothing when the server does not answer.
     [[nodiscard]] static std::optional<XkbKeymap> current(xcb_connection_t* connection, std::int32_t deviceID);
-    /// From the names of layouts, such as "us,ru"; null for those of the environment.
+    /// Built from layout names such as "us,ru"; null for those of the environment.
     [[nodiscard]] static std::optional<XkbKeymap> named(char const* layouts);
 
-    /// What keys type in `group`, then in the first group with the Latin alphabet, or where
-    /// there is none on a US layout: shortcuts are Latin on a Russian keyboard too.
+    /// The texts typed in `group`, then in the first group with the Latin alphabet, or without
+    /// one on a US layout: shortcuts are Latin on a Russian keyboard too.
     [[nodiscard]] std::vector<KeyTexts> layers(std::uint32_t group) const;
     [[nodiscard]] XKeycodes const& keycodes() const { return m_keycodes; }
     [[nodiscard]] ModifierBits const& modifiers() const { return m_modifiers; }

@@ -35,7 +35,7 @@ constexpr std::array userFolders {
     UserFolder { G_USER_DIRECTORY_VIDEOS, "folder-videos" },
 };
 
-/// A volume's root has the picture of the medium, not that of a folder.
+/// A volume's root shows the medium's icon, not a folder's.
 std::optional<FileIconNames> volumeIcon(std::string const& path, MountTable const& mounts)
 {
     auto const* mount = mounts.mountOf(path);
@@ -85,7 +85,7 @@ FileIconNames iconByName(std::string const& path)
     return { namesOfType(type.get()), {}, IconShape::document };
 }
 
-/// Some entries give a theme icon's name an extension.
+/// The icon's name without an extension, which some entries give it.
 std::string themeName(std::string const& icon)
 {
     for (std::string_view const extension : { ".png", ".svg", ".xpm" }) {
@@ -124,7 +124,7 @@ FileIconNames iconOfRegularFile(std::string const& path)
     return icon;
 }
 
-/// For what cannot be looked at, or is not there.
+/// The icon guessed from the name, for files that are missing or must not be touched.
 FileIconNames guessedIcon(std::string const& path, char const* folderName)
 {
     if (!pathExtension(lastPathComponent(path)).empty())
@@ -132,7 +132,7 @@ FileIconNames guessedIcon(std::string const& path, char const* folderName)
     return { { folderName, "folder" }, {}, IconShape::folder };
 }
 
-/// What is not there may be a folder that nobody has made yet; a broken link is a file.
+/// A missing file may be a folder still to be made; a broken link is a file.
 FileIconNames iconOfMissingFile(std::string const& path, bool isLink) { return isLink ? iconByName(path) : guessedIcon(path, "folder"); }
 
 } // namespace

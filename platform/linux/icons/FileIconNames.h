@@ -7,22 +7,22 @@
 
 namespace zv {
 
-/// What is drawn when no theme has any of the names.
+/// The shape drawn when a theme has none of the names.
 enum class IconShape { document, folder, application, drive, network, computer, settings };
 
-/// How a file is pictured: by names of theme icons, the best first, or by an image file.
+/// A file's picture: names of theme icons, the best first, or an image file.
 struct FileIconNames {
     std::vector<std::string> names;
-    std::string imageFile; ///< absolute; comes before the names
+    std::string imageFile; ///< absolute; preferred to the names
     IconShape shape = IconShape::document;
-    bool isLink = false; ///< carries an emblem that says so
+    bool isLink = false; ///< adds an emblem for links
 
     friend bool operator==(FileIconNames const&, FileIconNames const&) = default;
 };
 
-/// From what the file is and what it is called; its contents are read only when it is an
-/// application entry. What lies on a remote mount is not touched: its name decides, and
-/// without an extension it counts as a folder. Any thread.
+/// Chosen from the file's type and name; contents are read only of application entries. On a
+/// remote mount only the name decides, and a name without an extension counts as a folder's. Any
+/// thread.
 [[nodiscard]] FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts);
 
 } // namespace zv

@@ -16,12 +16,12 @@ namespace zv {
 
 namespace {
 
-// Far more than menus show; then everything is forgotten, which costs one slow menu.
+// Far more than menus show; beyond it the cache is emptied, which costs one slow menu.
 constexpr std::size_t mostKnown = 20'000;
 constexpr std::size_t mostDrawn = 4'000;
 constexpr int linkEmblemSize = 8;
 
-/// One for each scale factor that a menu may be shown at.
+/// The scale factors of all screens.
 std::vector<qreal> screenScales()
 {
     std::vector<qreal> scales { 1 };
@@ -42,7 +42,7 @@ QIcon sourceOf(FileIconNames const& names)
     return name.isEmpty() ? QIcon() : QIcon::fromTheme(name);
 }
 
-/// In the middle of the box, made smaller when it is too large for it.
+/// Draws the picture in the middle of the box, shrunk to fit.
 void drawFitted(QPainter& painter, QPixmap const& source, QRectF const& box)
 {
     auto const size = source.deviceIndependentSize();
@@ -146,7 +146,7 @@ QIcon IconPictures::picture(IconLook& look)
     return icon;
 }
 
-/// A picture is good for one theme and one set of screens.
+/// Pictures are valid for one theme and one set of screens.
 void IconPictures::followThemeAndScreens()
 {
     auto const theme = QIcon::themeName();

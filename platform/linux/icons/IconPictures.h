@@ -14,24 +14,24 @@
 
 namespace zv {
 
-/// One way to picture a file, shared by all files that are pictured so.
+/// A picture with its names, shared by all files that look so.
 struct IconLook {
     FileIconNames names;
     QIcon drawn;
-    int drawnFor = -1; ///< the theme and screens for which it was drawn, by number
+    int drawnFor = -1; ///< number of the theme and screens it was drawn for
 };
 
-/// Draws pictures by their names and keeps them, together with what each file was last
-/// known to be pictured by. Main thread only.
+/// Draws pictures by name and caches them, together with each file's last known picture. Main
+/// thread only.
 class IconPictures {
 public:
-    /// Null when the file was not looked at yet.
+    /// Null when the file was not examined yet.
     [[nodiscard]] std::shared_ptr<IconLook> known(std::string const& path) const;
     std::shared_ptr<IconLook> remember(std::string const& path, FileIconNames names);
     [[nodiscard]] std::shared_ptr<IconLook> lookOf(FileIconNames names);
 
     [[nodiscard]] bool isDrawn(IconLook const& look);
-    /// Every file has a picture: where the theme has none of the names it is one of ours.
+    /// Always a picture: one of ours where the theme has none of the names.
     [[nodiscard]] QIcon picture(IconLook& look);
 
 private:
@@ -39,11 +39,11 @@ private:
     void forgetDrawn();
 
     std::unordered_map<std::string, std::shared_ptr<IconLook>> m_known;
-    std::unordered_map<std::string, std::shared_ptr<IconLook>> m_looks; ///< by all that they are
+    std::unordered_map<std::string, std::shared_ptr<IconLook>> m_looks; ///< by all fields of their names
     std::size_t m_drawnCount = 0;
     QString m_theme;
     std::vector<qreal> m_scales;
-    int m_number = 0; ///< of the theme and screens that pictures are drawn for
+    int m_number = 0; ///< number of the current theme and screens
 };
 
 /// The first of the names that the theme has; empty when it has none of them.

@@ -21,7 +21,7 @@ constexpr auto iconThemeSetting = "Net/IconThemeName";
 constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
 
-/// Reads the published settings front to back; stops at the first thing that is cut off.
+/// Reads published settings from the front; stops at the first truncated field.
 class SettingsReader {
 public:
     explicit SettingsReader(std::string_view bytes)
@@ -67,7 +67,7 @@ std::optional<xcb_atom_t> atomNamed(xcb_connection_t* connection, std::string co
     return reply && reply->atom != XCB_ATOM_NONE ? std::optional(reply->atom) : std::nullopt;
 }
 
-/// The settings belong to the owner of a selection of their own.
+/// The published settings, a property of a selection's owner.
 std::string publishedSettings(xcb_connection_t* connection)
 {
     auto const selection = atomNamed(connection, "_XSETTINGS_S0");

@@ -10,20 +10,19 @@ struct xcb_connection_t;
 
 namespace zv {
 
-/// The text of a setting among those that a desktop publishes to X11 programs (the bytes of
-/// _XSETTINGS_SETTINGS); empty when it is not among them, or they are damaged:
+/// A string setting among those that a desktop publishes to X11 programs (the bytes of
+/// _XSETTINGS_SETTINGS); empty when missing or damaged:
 /// https://specifications.freedesktop.org/xsettings-spec, "_XSETTINGS_SETTINGS Format".
 [[nodiscard]] std::string xSetting(std::string_view settings, std::string_view name);
 /// The value of a key in a file of "key = value" lines, such as gtk-3.0/settings.ini.
 [[nodiscard]] std::string iniValue(std::string const& path, char const* group, char const* key);
 
-/// The theme that the desktop publishes (on the X server, where there is one) or has stored,
-/// else a usual one; empty when none of them is installed in the folders. `configFolder` is
-/// the user's.
+/// The theme that the desktop publishes (on the X server, where there is one) or has stored, else
+/// a usual one; empty when none is installed in the folders. `configFolder` is the user's.
 [[nodiscard]] QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder);
 
-/// Makes Qt use the desktop's icon theme where its platform plugin knows of none: call
-/// it once, after the application was made.
+/// Makes Qt use the desktop's icon theme where its platform plugin knows none: called once, after
+/// the application was made.
 void adoptDesktopIconTheme(std::string const& configFolder);
 
 } // namespace zv

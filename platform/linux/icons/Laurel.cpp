@@ -9,8 +9,8 @@ namespace zv::laurel {
 
 namespace {
 
-/// Where a leaf grows on its branch: the angle along the wreath from its foot, whether it
-/// leans out, in, or ends the branch, and its size.
+/// A leaf's place on its branch: the angle along the wreath from its foot, whether it leans out,
+/// in, or ends the branch, and its size.
 struct Growth {
     enum class Side { outer, inner, end };
     double degrees;
@@ -126,7 +126,7 @@ QString svgPathData()
     return data;
 }
 
-// Panels tint this colour, as they do in every symbolic picture.
+// The colour is the one that panels tint in symbolic pictures.
 QString symbolicSvg()
 {
     return QStringLiteral(R"svg(<?xml version="1.0" encoding="UTF-8"?>

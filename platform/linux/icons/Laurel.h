@@ -18,13 +18,13 @@ struct Leaf {
     QPointF controls[4]; ///< base to tip, then back
 };
 
-/// From the bottom up, the left branch's after the right one's.
+/// Leaves from the bottom up, the right branch's first.
 [[nodiscard]] std::vector<Leaf> leaves();
 [[nodiscard]] QPainterPath path();
-/// The same as the "d" of an SVG path.
+/// The same leaves as the "d" of an SVG path.
 [[nodiscard]] QString svgPathData();
 
-/// The files of packaging/linux/icons, whole.
+/// The whole text of the files in packaging/linux/icons.
 [[nodiscard]] QString symbolicSvg();
 [[nodiscard]] QString applicationSvg();
 

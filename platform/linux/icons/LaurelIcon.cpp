@@ -14,7 +14,7 @@ namespace zv {
 
 namespace {
 
-// Seen well on a light panel as on a dark one: a panel cannot tint what comes as pixels.
+// Visible on light and dark panels, which cannot tint pixels.
 constexpr QColor middleGreen { 0x5a, 0x9a, 0x3c };
 
 QImage drawn(int size, QBrush const& brush)
@@ -97,7 +97,7 @@ StatusPixmaps laurelStatusPixmaps()
     return pixmaps;
 }
 
-// Drawn once: a menu asks for it at each of its openings.
+// Drawn once, as each opening of a menu asks for it.
 QIcon laurelApplicationIcon()
 {
     static QIcon const icon = [] {

@@ -31,9 +31,9 @@ void registerStatusPixmapTypes();
 
 /// The name of the emblem's monochrome picture in icon themes.
 [[nodiscard]] QString laurelSymbolName();
-/// Where icon themes hold our pictures when the program is not installed; else empty.
+/// The icon theme folder of our pictures while the program is not installed; else empty.
 [[nodiscard]] QString laurelIconThemePath();
-/// For panels that do not find the picture by its name.
+/// The pixels, for panels that do not find the picture by its name.
 [[nodiscard]] StatusPixmaps laurelStatusPixmaps();
 /// The program's own icon.
 [[nodiscard]] QIcon laurelApplicationIcon();

@@ -6,11 +6,11 @@
 
 namespace zv {
 
-/// False while the picture is still to be fetched: menuIconOf() would keep a menu waiting.
+/// False while the picture is still to be fetched: menuIconOf() would delay a menu.
 [[nodiscard]] bool isMenuIconReady(ImageRef const& image);
-/// The picture for a menu, fetched now if it must be; null for none.
+/// The picture for a menu, fetched now if necessary; null for none.
 [[nodiscard]] QIcon menuIconOf(ImageRef const& image);
-/// An empty picture of the same size, which keeps the place of one that is not ready.
+/// An empty picture of the same size, the placeholder for one that is not ready.
 [[nodiscard]] QIcon const& blankMenuIcon();
 
 inline constexpr int menuIconSize = 16;

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// What themes call a picture. The program's own has no name: it is drawn by us.
+/// The theme's names for an icon. The program's own has none: we draw it.
 [[nodiscard]] FileIconNames iconNamesOf(SystemIcon icon);
 
 } // namespace zv

@@ -13,11 +13,11 @@ namespace zv {
 
 namespace {
 
-// By then the menu that asked for the pictures is on screen, and the machine has time.
+// Long enough for the menu that asked to be on screen, when the machine has time.
 constexpr std::chrono::milliseconds secondLookDelay { 400 };
 
-/// The name for those who look the picture up themselves. Without a display nobody knows
-/// what the theme has: then the best name stands.
+/// The name for callers that look the picture up themselves. Without a display the theme is
+/// unknown: the best name stands.
 std::string shownName(FileIconNames const& names)
 {
     if (!names.imageFile.empty())
@@ -44,7 +44,7 @@ private:
     std::shared_ptr<IconLook> m_look;
 };
 
-/// The picture of a file, which is looked at when the picture is drawn for the first time.
+/// The picture of a file, which is examined at the first drawing.
 class FileImage : public ThemeImage {
 public:
     FileImage(std::shared_ptr<IconPictures> pictures, std::shared_ptr<MountWatch> mounts, std::string path)

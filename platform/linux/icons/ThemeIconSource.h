@@ -16,9 +16,9 @@ namespace zv {
 
 class IconPictures;
 
-/// Pictures from the desktop's icon theme. What was drawn once is kept for the program's
-/// life and drawn at once the next time; whether a file has become another one meanwhile is
-/// looked up in the background, a while after the menu is on screen. Main thread only.
+/// Pictures from the desktop's icon theme. A drawn picture is kept for the program's life; a
+/// change of its file is looked for in the background, a while after the menu is on screen. Main
+/// thread only.
 class ThemeIconSource : public IconSource {
 public:
     /// Both outlive this. Needs no display until a picture is drawn.

@@ -10,7 +10,7 @@ namespace zv {
 class ThemeImage : public Image {
 public:
     [[nodiscard]] virtual QIcon icon() const = 0;
-    /// Whether icon() answers from what was fetched already.
+    /// Whether icon() answers without fetching.
     [[nodiscard]] virtual bool isReady() const = 0;
 };
 

@@ -21,8 +21,8 @@ Result<void, LoginService::Error> resultOf(std::error_code code)
     return Failure { LoginService::Error { code.value(), code.message() } };
 }
 
-/// "Hidden" switches off for all (https://specifications.freedesktop.org/autostart-spec), the
-/// other key is what GNOME's settings write.
+/// "Hidden" switches off everywhere (https://specifications.freedesktop.org/autostart-spec), the
+/// other key comes from GNOME's settings.
 bool isSwitchedOff(DesktopEntry const& entry)
 {
     constexpr char const* gnomeKey = "X-GNOME-Autostart-enabled";

@@ -9,16 +9,16 @@
 namespace zv {
 
 /// Opening at login by an entry in the user's autostart folder. An entry that the desktop
-/// switched off (Hidden=true, or X-GNOME-Autostart-enabled=false) waits for approval: it is
-/// left as the user wants it.
+/// switched off (Hidden=true, or X-GNOME-Autostart-enabled=false) waits for approval: it stays as
+/// the user set it.
 class AutostartLoginService : public LoginService {
 public:
     struct Options {
         std::string configHome; ///< $XDG_CONFIG_HOME
-        std::string program; ///< the path to start
+        std::string program; ///< path to start
         /// Starts the first of the desktop's own autostart settings that is installed; false when none is.
         std::function<bool()> openDesktopSettings;
-        std::function<void(Url const&)> openFolder; ///< what is left then
+        std::function<void(Url const&)> openFolder; ///< opens a folder, the fallback
     };
 
     explicit AutostartLoginService(Options options)

@@ -28,14 +28,14 @@ bool isImage(Mount const& mount)
     return std::find(imageTypes.begin(), imageTypes.end(), mount.type) != imageTypes.end() || mount.source.starts_with("/dev/loop");
 }
 
-/// Places that a package manager keeps; read-only there is by design.
+/// Whether the path belongs to a package manager, which keeps it read-only by design.
 bool isManaged(std::string const& path)
 {
     static constexpr std::array<std::string_view, 7> managed { "/usr", "/opt", "/nix", "/gnu", "/snap", "/app", "/bin" };
     return std::any_of(managed.begin(), managed.end(), [&](auto folder) { return isAtOrBelow(path, folder); });
 }
 
-/// Beside what the build system just made: nobody's installation.
+/// Whether the program lies in its build tree, where it is not installed.
 bool isBuildTree(std::string const& path) { return fs::exists(fs::path(path).parent_path() / "CMakeCache.txt"); }
 
 std::string sentence(std::error_code code) { return code.message() + "."; }
@@ -110,7 +110,7 @@ Result<void> LinuxInstallation::copy(Url const& from, Url const& to)
 
 Result<void> LinuxInstallation::put(Url const& from, Url const& to)
 {
-    // A folder cannot be renamed over one that is not empty: the two change places instead.
+    // The two folders are exchanged, as rename cannot replace a folder that is not empty.
     if (renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_EXCHANGE) == 0) {
         std::error_code ignored;
         fs::remove_all(from.path(), ignored);
@@ -133,8 +133,8 @@ Result<void> LinuxInstallation::announce(Url const& installed)
     return copied ? writeEntry(installed) : copied;
 }
 
-/// To "share" beside the folder of programs, where an installed program looks for them. An
-/// image or an application's folder has them within.
+/// Copies to "share" beside the folder of programs, where an installed program looks. An image or
+/// an application's folder contains its resources.
 Result<void> LinuxInstallation::copyResources(Url const& installed) const
 {
     if (m_options.isMountedAppImage || m_options.resources.empty() || fs::is_directory(installed.path()))

@@ -7,8 +7,8 @@
 
 namespace zv {
 
-/// Where the program lies on a Linux machine, and how it moves to where programs belong.
-/// The "bundle" is an AppImage file, an AppDir folder or the program's own file.
+/// The program's place on a Linux machine, and its move to where programs belong. The "bundle" is
+/// an AppImage file, an AppDir folder or the program's own file.
 class LinuxInstallation : public Installation {
 public:
     struct Options {
@@ -18,10 +18,10 @@ public:
         std::string systemApplications = "/usr/local/share/applications"; ///< application entries
         std::string userApplications; ///< $XDG_DATA_HOME/applications
         std::string temporaryFolder = "/tmp";
-        std::string resources; ///< of the running program; they move with a program that is a file of its own
-        std::string entryNotWritten; ///< says that the application entry could not be written
+        std::string resources; ///< the running program's; move with a program that is a single file
+        std::string entryNotWritten; ///< the message for an application entry that could not be written
         bool isMountedAppImage = false; ///< $APPIMAGE is set
-        std::function<void()> giveWay; ///< ends this process's being the one that runs
+        std::function<void()> giveWay; ///< releases this process's claim to be the running program
     };
 
     explicit LinuxInstallation(Options options)
@@ -29,8 +29,8 @@ public:
     {
     }
 
-    /// What the running process was started from: $APPIMAGE, the enclosing AppDir, or the
-    /// executable itself.
+    /// The file or folder that the process was started from: $APPIMAGE, the enclosing AppDir, or
+    /// the executable itself.
     [[nodiscard]] static Url runningBundle(Environment const& environment);
 
     RelocationSource source(Url const& bundle) const override;

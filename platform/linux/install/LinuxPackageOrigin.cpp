@@ -24,7 +24,7 @@ bool listsFile(std::filesystem::path const& list, std::string const& file)
 
 std::optional<std::string> LinuxPackageOrigin::owningPackage() const
 {
-    // Our own package's list is the only one that can name our program.
+    // Only our own package's list can name our program.
     std::error_code code;
     for (auto const& entry : std::filesystem::directory_iterator(m_dpkgInfo, code)) {
         auto const name = entry.path().filename().string();

@@ -6,8 +6,8 @@
 
 namespace zv {
 
-/// Looks the program up in dpkg's lists of files; elsewhere a program in a folder that
-/// package managers keep counts as owned by "zanthe-vell".
+/// Looks the program up in dpkg's lists of files; elsewhere, a program in a folder of package
+/// managers counts as owned by "zanthe-vell".
 class LinuxPackageOrigin : public PackageOrigin {
 public:
     explicit LinuxPackageOrigin(std::string program, std::string dpkgInfo = "/var/lib/dpkg/info", std::string osRelease = "/etc/os-release")

@@ -11,7 +11,7 @@ namespace zv {
 
 namespace {
 
-/// Local files and web pages fill these lists; neither is a server that one connects to.
+/// Whether the URL may be a server's: these lists hold mostly local files and web pages.
 bool mayBeServer(Url const& url)
 {
     auto const scheme = url.scheme();

@@ -9,14 +9,14 @@
 
 namespace zv {
 
-/// Servers from what the desktop remembers: remote files that were used, the bookmarks of
-/// its file dialogs, and its list of servers.
+/// Servers from the desktop's records: used remote files, the bookmarks of file dialogs, and the
+/// list of servers.
 class DesktopRecentServers : public RecentServers {
 public:
     struct Files {
         std::string recentlyUsed; ///< recently-used.xbel
         std::string bookmarks; ///< gtk-3.0/bookmarks: "sftp://host/folder Label" a line
-        std::string servers; ///< gtk-3.0/servers, an XBEL file as well
+        std::string servers; ///< gtk-3.0/servers, an XBEL file too
 
         [[nodiscard]] static Files of(XdgDirectories const& user);
     };
@@ -30,7 +30,7 @@ private:
     Files m_files;
 };
 
-/// Nothing when none of the files can be read though one is there. Any thread.
+/// Nothing when at least one file exists and none can be read. Any thread.
 [[nodiscard]] RecentServers::List readRecentServers(DesktopRecentServers::Files const& files);
 
 } // namespace zv

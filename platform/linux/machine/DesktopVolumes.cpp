@@ -19,10 +19,10 @@ namespace {
 constexpr char const* labelFolder = "/dev/disk/by-label";
 constexpr std::chrono::milliseconds patienceWithMonitor { 500 };
 
-/// Besides those that GIO counts among the system's own.
+/// System types beyond those of GIO.
 constexpr std::array systemTypes { "squashfs", "overlay", "overlayfs", "tmpfs", "ramfs", "fuse.snapfuse", "fuse.lxcfs", "fuse.portal" };
 constexpr std::array systemFolders { "/boot/", "/dev/", "/efi", "/etc/", "/proc/", "/run/", "/snap/", "/sys/", "/tmp/", "/usr/", "/var/" };
-/// Several parts of one such file system are mounted side by side, each a volume.
+/// Types of which several parts may be mounted side by side, each a volume.
 constexpr std::array typesWithParts { "btrfs", "zfs", "bcachefs" };
 
 template <std::size_t N> bool contains(std::array<char const*, N> const& names, std::string const& name)
@@ -40,7 +40,7 @@ bool isSystemPath(std::string const& path)
 
 bool isPartOfAnother(Mount const& mount) { return mount.root != "/" && !contains(typesWithParts, mount.type) && !isRemoteFileSystem(mount.type); }
 
-/// "My\x20Disk", as the device manager writes what a file name should not hold.
+/// Decodes "My\x20Disk", the device manager's escapes in file names.
 std::string unescapedLabel(std::string_view name)
 {
     std::string label;
@@ -71,7 +71,7 @@ bool isUserVolume(Mount const& mount)
 
 std::vector<Volume> userVolumes(MountTable const& mounts, DeviceLabels const& labels)
 {
-    std::map<std::string, Volume> byPath; // of two at one path the later one hides the other
+    std::map<std::string, Volume> byPath; // a later mount hides an earlier one at the same path
     for (auto const& mount : mounts.mounts()) {
         byPath.erase(mount.path);
         if (isUserVolume(mount))
@@ -98,7 +98,7 @@ DeviceLabels readDeviceLabels(std::string const& folder)
     return labels;
 }
 
-/// The desktop's volume monitor, which answers from what it was told earlier.
+/// The desktop's volume monitor, which answers from cached state.
 struct DesktopVolumes::Monitor {
     explicit Monitor(GVolumeMonitor* m)
         : monitor(m)
@@ -136,7 +136,7 @@ private:
 DesktopVolumes::DesktopVolumes(Tasks& tasks, Timers& timers)
     : m_patience(timers.after(patienceWithMonitor, [this] { stopWaiting(); }))
 {
-    // Made on a thread that nobody waits for: it asks several services of the session.
+    // Runs detached, so that nobody waits: making the monitor asks several session services.
     tasks.runDetached([received = m_lifetime.guard([this](std::shared_ptr<Monitor> monitor) { connected(std::move(monitor)); })]() -> std::function<void()> {
         auto const monitor = std::make_shared<Monitor>(g_volume_monitor_get());
         return [monitor, received]() mutable { received(monitor); };

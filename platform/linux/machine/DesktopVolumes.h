@@ -15,24 +15,23 @@
 
 namespace zv {
 
-/// A device's path and its label, as the device manager names them.
+/// Labels by device path, as the device manager names them.
 using DeviceLabels = std::map<std::string, std::string>;
 
-/// The mounts that a user would call a volume: the root, media, disks and shares; not the
-/// parts of the system, of containers, or of another mount. Looks at the table alone.
+/// The mounts that users call volumes: the root, media, disks and shares; not parts of the
+/// system, of containers, or of another mount. Reads only the table.
 [[nodiscard]] std::vector<Volume> userVolumes(MountTable const& mounts, DeviceLabels const& labels);
-/// Whether a mount counts as one.
+/// Whether the mount counts as a volume.
 [[nodiscard]] bool isUserVolume(Mount const& mount);
-/// The links of a folder such as /dev/disk/by-label.
+/// Labels from the links of a folder such as /dev/disk/by-label.
 [[nodiscard]] DeviceLabels readDeviceLabels(std::string const& folder);
 
-/// Volumes from the kernel's mount table, and what the desktop's volume monitor adds: names,
-/// and shares that are mounted without a path.
+/// Volumes from the kernel's mount table; the desktop's volume monitor adds names, and shares
+/// that are mounted without a path.
 class DesktopVolumes : public Volumes {
 public:
-    /// Connects to the desktop's volume monitor in the background. One that does not answer
-    /// in half a second is not waited for: until it does the mount table alone counts. Both
-    /// services outlive this.
+    /// Connects to the desktop's volume monitor in the background. Lists wait half a second for
+    /// it at most; until it answers the mount table alone counts. Both services outlive this.
     DesktopVolumes(Tasks& tasks, Timers& timers);
     ~DesktopVolumes() override;
 
@@ -47,7 +46,7 @@ private:
     [[nodiscard]] std::vector<Volume> current() const;
 
     std::shared_ptr<Monitor> m_monitor;
-    std::unique_ptr<Timer> m_patience; ///< there while the monitor is waited for
+    std::unique_ptr<Timer> m_patience; ///< exists while waiting for the monitor
     std::vector<Done> m_waiting;
     Lifetime m_lifetime;
 };

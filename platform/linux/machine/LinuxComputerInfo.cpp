@@ -24,7 +24,7 @@ std::string firstLine(std::string const& path)
     std::ifstream file(path);
     std::string line;
     std::getline(file, line);
-    line.erase(std::find(line.begin(), line.end(), '\0'), line.end()); // a device tree's texts end so
+    line.erase(std::find(line.begin(), line.end(), '\0'), line.end()); // texts of a device tree end in a null character
     return withValidUtf8(trimmed(line));
 }
 
@@ -74,7 +74,7 @@ std::string memory(std::string const& root)
     return formatted.data();
 }
 
-/// Firmware that nobody filled in says so in one of these ways.
+/// Whether the text is one of the placeholders of unconfigured firmware.
 bool isPlaceholder(std::string_view text)
 {
     constexpr std::string_view placeholders[] = { "", "System manufacturer", "System Product Name", "To Be Filled By O.E.M.", "Default string" };
@@ -92,10 +92,10 @@ std::string machine(std::string const& root)
     return name.empty() ? firstLine(root + "proc/device-tree/model") : name;
 }
 
-/// "0x8086" → "8086".
+/// "8086" of "0x8086".
 std::string hexDigits(std::string const& text) { return text.starts_with("0x") ? text.substr(2) : text; }
 
-/// Maker and device of the PCI numbers, by the list that every distribution ships.
+/// The maker and device for PCI numbers, from the list that every distribution ships.
 std::string deviceName(std::string const& root, std::string const& vendor, std::string const& device)
 {
     for (auto const* place : { "usr/share/misc/pci.ids", "usr/share/hwdata/pci.ids" }) {

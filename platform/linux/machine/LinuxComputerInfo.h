@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// From the files in which the system describes the machine.
+/// The computer's facts, from the files in which the system describes the machine.
 class LinuxComputerInfo : public ComputerInfo {
 public:
     /// `root` is "/", or a tree of such files.
@@ -16,7 +16,7 @@ public:
     }
     void gather(std::function<void(ComputerFacts)> done) override;
 
-    /// What gather() does, in the caller's thread.
+    /// The work of gather(), in the caller's thread.
     [[nodiscard]] static ComputerFacts read(std::string const& root);
 
 private:

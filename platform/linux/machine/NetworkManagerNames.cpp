@@ -14,7 +14,7 @@ constexpr char const* service = "org.freedesktop.NetworkManager";
 constexpr std::chrono::milliseconds patience { 1000 };
 constexpr gsize mostConnections = 32;
 
-/// Reads properties of NetworkManager's objects, all of them by one moment.
+/// Reads properties of NetworkManager's objects within one deadline.
 class NetworkManager {
 public:
     NetworkManager(BusConnection bus, Deadline deadline)

@@ -38,16 +38,16 @@ std::optional<unsigned long> number(std::string_view text, int base)
     return error == std::errc {} && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
 }
 
-/// Where the columns of a routing table are.
+/// Indices of the columns in a routing table.
 struct RouteColumns {
     std::size_t interface, destination, prefix, flags, metric;
     int metricBase;
 };
 
-// As Linux writes them in fib_route_seq_show(), net/ipv4/fib_trie.c:
+// Columns of fib_route_seq_show(), net/ipv4/fib_trie.c of Linux:
 // Iface Destination Gateway Flags RefCnt Use Metric Mask …
 constexpr RouteColumns ipv4Columns { 0, 1, 7, 3, 6, 10 };
-// And in ipv6_route_native_seq_show(), net/ipv6/ip6_fib.c:
+// Columns of ipv6_route_native_seq_show(), net/ipv6/ip6_fib.c:
 // destination prefix-length source prefix-length next-hop metric refcount use flags interface
 constexpr RouteColumns ipv6Columns { 9, 0, 1, 8, 5, 16 };
 
@@ -81,7 +81,7 @@ std::optional<std::string> numericAddress(sockaddr const& address)
     return text.data();
 }
 
-/// RFC 3927 and RFC 4291, section 2.5.6.
+/// Whether the address is link-local: RFC 3927 and RFC 4291, section 2.5.6.
 bool isLinkLocal(sockaddr const& address)
 {
     if (address.sa_family == AF_INET)

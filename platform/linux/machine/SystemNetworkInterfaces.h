@@ -12,11 +12,11 @@ struct ifaddrs;
 
 namespace zv {
 
-/// An interface's name and what the user calls the connection over it.
+/// Connection names, as the user sees them, by interface.
 using ConnectionNames = std::map<std::string, std::string>;
 
-/// Addresses from the kernel, names from NetworkManager where it runs; found out off the
-/// main thread, since it is asked over the bus.
+/// Addresses from the kernel, names from NetworkManager where it runs; found off the main thread,
+/// as NetworkManager is asked over the bus.
 class SystemNetworkInterfaces : public NetworkInterfaces {
 public:
     /// `tasks` outlives this. `systemBus` is an address; empty where there is no bus.
@@ -29,12 +29,12 @@ private:
 };
 
 /// The interface of the best default route in the texts of /proc/net/route and
-/// /proc/net/ipv6_route; the first decides. Empty when there is none.
+/// /proc/net/ipv6_route, the first text preferred. Empty when there is none.
 [[nodiscard]] std::string defaultRouteInterface(std::string_view ipv4Routes, std::string_view ipv6Routes);
-/// The numeric addresses of a list as the kernel gives it; may be null.
+/// The numeric addresses of a kernel list, which may be null.
 [[nodiscard]] std::vector<InterfaceAddress> addressesIn(ifaddrs const* list, std::string const& defaultInterface, ConnectionNames const& names);
-/// Asks NetworkManager on that bus; answers within about a second, with nothing when there is
-/// no bus or no NetworkManager. Any thread but the main one.
+/// Asks NetworkManager on that bus; answers within about a second, empty without a bus or
+/// NetworkManager. Any thread but the main one.
 [[nodiscard]] ConnectionNames networkManagerNames(std::string const& busAddress);
 
 } // namespace zv

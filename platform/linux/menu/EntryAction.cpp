@@ -12,21 +12,21 @@ namespace zv {
 
 namespace {
 
-/// A title in which "&" stands for itself.
+/// The title with "&" doubled, so that it is shown.
 QString actionText(MenuEntry const& entry)
 {
     auto text = QString::fromStdString(entry.visibleTitle());
     return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ').replace(u'\n', u' ');
 }
 
-/// A tool tip is always plain text, whatever a file's name looks like.
+/// The tool tip as plain text, whatever a file's name looks like.
 QString toolTipText(std::string const& toolTip)
 {
     auto const text = QString::fromStdString(toolTip);
     return Qt::mightBeRichText(text) ? QLatin1String("<qt>") + text.toHtmlEscaped() : text;
 }
 
-/// Of everything else the menu's own font decides.
+/// The font for the entry's state; the menu's own font decides the rest.
 QFont fontOf(MenuEntry const& entry)
 {
     QFont font;
@@ -62,7 +62,7 @@ void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)
     if (auto const wanted = fontOf(entry); font() != wanted)
         setFont(wanted);
     m_keys = shortcutKeysOf(entry).text();
-    setData(columnKeysOf(entry).text()); // not part of the text, which assistive tools read out as the entry's name
+    setData(columnKeysOf(entry).text()); // kept out of the text, which assistive tools read out as the entry's name
 }
 
 void EntryAction::showIcon(ImageRef const& image)

@@ -12,26 +12,25 @@ namespace zv {
 class MenuActionTarget;
 struct MenuEntry;
 
-/// Stands for an entry in a menu window, for another one each time the menu opens. What is as
-/// it was the last time is left untouched, so that a menu that did not change need not be
-/// laid out anew.
+/// An entry of a menu window, another one each time the menu opens. Unchanged properties are left
+/// untouched, so that an unchanged menu need not be laid out again.
 class EntryAction : public QAction {
 public:
     using QAction::QAction;
 
-    /// `metrics` of the menu's font. The submenu is the window's to give.
+    /// `metrics` of the menu's font. The submenu is set by the window.
     void show(MenuEntry const& entry, QFontMetrics const& metrics);
-    /// Lets go of what choosing it needs; its looks stay.
+    /// Releases the target and the represented object; the looks stay.
     void release();
 
-    /// The picture was not at hand when the entry was shown: a blank one of its size stands there.
+    /// Whether a blank picture stands in for one that was not ready when the entry was shown.
     [[nodiscard]] bool awaitsIcon() const { return m_awaited != nullptr; }
     void fetchIcon();
 
     [[nodiscard]] std::shared_ptr<MenuActionTarget> const& target() const { return m_target; }
-    /// Of its key equivalent, as the menu shows them.
+    /// The text of the key equivalent, as the menu shows it.
     [[nodiscard]] QString const& keys() const { return m_keys; }
-    /// What stands at the right of its title.
+    /// The text at the right of the title.
     [[nodiscard]] QString column() const { return data().toString(); }
 
 private:
@@ -43,7 +42,7 @@ private:
     std::shared_ptr<void> m_represented;
     ImageRef m_awaited;
     QString m_keys;
-    bool m_isShortened = false; ///< the title, which is then the tool tip
+    bool m_isShortened = false; ///< the title was cut, and the whole is the tool tip
 };
 
 } // namespace zv

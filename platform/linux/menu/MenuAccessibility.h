@@ -4,8 +4,8 @@
 
 namespace zv {
 
-/// An invisible window that assistive tools find our open menus under: the toolkit leaves
-/// pop-up windows out of what the program shows them.
+/// An invisible window that presents our open menus to assistive tools: the toolkit hides pop-up
+/// windows from them.
 class MenuAccessibleParent : public QWidget {
     Q_OBJECT
 public:

@@ -14,8 +14,8 @@ namespace zv {
 
 namespace {
 
-constexpr qint64 iconSlice = 6; // milliseconds of fetching before the menu gets its turn again
-constexpr std::size_t mostKept = 500; // entries of a closed menu: far more than people choose from, little memory
+constexpr qint64 iconSlice = 6; // milliseconds of fetching before the event loop gets its turn
+constexpr std::size_t mostKept = 500; // entries of a closed menu: more than people choose from, little memory
 
 MenuWindow* submenuOf(EntryAction const& action) { return qobject_cast<MenuWindow*>(action.menu()); }
 
@@ -119,7 +119,7 @@ void MenuMirror::fetchIconsSoon()
     QTimer::singleShot(0, &m_window, [this] { fetchIcons(); });
 }
 
-// The picture takes the place of a blank one of its size, so the layout stands.
+// A picture replaces a blank one of its size, so the layout stands.
 void MenuMirror::fetchIcons()
 {
     m_fetchesSoon = false;

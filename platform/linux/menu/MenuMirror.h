@@ -11,21 +11,21 @@ class Menu;
 class MenuWindow;
 struct MenuEntry;
 
-/// The entries of a menu as actions of its window, an action an entry. Once the menu is closed,
-/// the actions keep what the entries look like, for the next time, in which most menus look the
-/// same. Pictures that take time come after the first painting, a few in each turn.
+/// The entries of a menu as actions of its window, an action an entry. After the menu closes, the
+/// actions keep their looks for the next opening, when most menus look the same. Slow pictures
+/// come after the first painting, a few in each turn.
 class MenuMirror {
 public:
     /// The window owns the actions and the mirror.
     explicit MenuMirror(MenuWindow& window);
 
     void show(Menu const& menu);
-    /// Lets go of what the entries do and stand for.
+    /// Releases the entries' targets and represented objects.
     void forget();
     void dropAll();
 
     [[nodiscard]] std::vector<EntryAction*> const& actions() const { return m_actions; }
-    /// An action changes in a way that leaves the layout as it is.
+    /// Whether the current change of an action leaves the layout as it is.
     [[nodiscard]] bool changesQuietly() const { return m_changesQuietly; }
 
     [[nodiscard]] bool awaitsIcons() const { return !m_awaitingIcons.empty(); }

@@ -10,8 +10,8 @@ namespace zv {
 
 class MenuActionTarget;
 
-/// Runs what was chosen in a menu, in a later turn of the loop: by then no menu holds the
-/// keyboard any more, and what is performed may ask the user. Main thread only.
+/// Performs the chosen entry in a later turn of the loop: by then no menu holds the keyboard, so
+/// the action may ask the user. Main thread only.
 class MenuPerformer {
 public:
     /// Both outlive it.

@@ -8,16 +8,16 @@
 
 namespace zv {
 
-/// From the core's coordinates, in points from the primary screen's lower left corner, to the
+/// Converts the core's coordinates, in points from the primary screen's lower left corner, to the
 /// screens' own pixels. Nothing without a screen.
 [[nodiscard]] std::optional<QPoint> pixelOf(Point point);
 
-/// From the screens' own pixels to the toolkit's coordinates, which count scaled pixels
-/// within each screen.
+/// Converts the screens' own pixels to the toolkit's coordinates, which are scaled within each
+/// screen.
 [[nodiscard]] QPoint toolkitPoint(QPoint pixel);
 
-/// Where a menu belongs that was asked for at a point: beside the panel when the point lies
-/// on one, so that the panel stays in sight.
+/// The position for a menu requested at a point: beside the panel when the point lies on one, so
+/// that the panel stays visible.
 [[nodiscard]] QPoint menuPositionFor(QPoint pixel);
 
 } // namespace zv

@@ -13,7 +13,7 @@ MenuPresenter::MenuPresenter(MenuPerformer& performer)
     , m_window(new MenuWindow(m_accessibleParent.get()))
 {
     m_window->onChosen = [this](auto target, Qt::KeyboardModifiers held) { m_performer.perform(std::move(target), held); };
-    // Later, as the closing window still holds what is chosen in it.
+    // Later, as the closing window still holds the chosen entry.
     m_window->onClosed = [this] { m_performer.later(m_lifetime.guard([this] { m_window->forget(); })); };
 }
 

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// Opens menus of ours as windows, one tree of them at a time. Main thread only.
+/// Opens our menus as windows, one tree of them at a time. Main thread only.
 class MenuPresenter {
 public:
     /// The performer outlives it.
@@ -22,8 +22,8 @@ public:
 
     /// Makes the window and loads the font ahead of the first opening.
     void prepare();
-    /// At a point of the desktop in the screens' own pixels, origin at the top left; `extra`
-    /// counts as held in addition to what the keyboard says.
+    /// Opens at a point of the desktop in the screens' own pixels, origin at the top left;
+    /// `extra` counts as held in addition to the keyboard's modifiers.
     void open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra = ModifierMask::none);
     void close();
     [[nodiscard]] bool isOpen() const;
@@ -31,7 +31,7 @@ public:
 private:
     MenuPerformer& m_performer;
     std::unique_ptr<MenuAccessibleParent> m_accessibleParent;
-    MenuWindow* m_window; ///< a child of it
+    MenuWindow* m_window; ///< a child of m_accessibleParent
     Lifetime m_lifetime;
 };
 

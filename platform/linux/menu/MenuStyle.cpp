@@ -13,12 +13,12 @@ namespace zv {
 namespace {
 
 constexpr int submenuDelay = 60; // milliseconds: long enough to pass over an entry, too short to notice
-constexpr int columnMargin = 16; // as wide as the arrow of a submenu, so that the column clears it
+constexpr int columnMargin = 16; // the width of a submenu's arrow, which the column clears
 constexpr int columnGap = 12; // between a title and its column
 constexpr int extraHeight = 2;
-constexpr int mostTitleLines = 28; // how wide a title may be, in heights of its line
+constexpr int mostTitleLines = 28; // maximum width of a title, in heights of its line
 constexpr int shortTitleLength = 30; // characters that no font makes too wide
-constexpr double columnOpacity = 0.6; // the column is looked up, the titles are read
+constexpr double columnOpacity = 0.6; // dimmer than the titles, which are read first
 
 int mostTitleWidth(QFontMetrics const& metrics) { return mostTitleLines * metrics.height(); }
 
@@ -75,7 +75,7 @@ QSize MenuStyle::sizeFromContents(ContentsType type, QStyleOption const* option,
     return needed;
 }
 
-/// Styles differ in where they put the text behind the tab; ours is flush right in every one.
+/// Draws the text behind the tab flush right, as styles differ in where they put it.
 void MenuStyle::drawControl(ControlElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const
 {
     auto const* item = element == CE_MenuItem ? qstyleoption_cast<QStyleOptionMenuItem const*>(option) : nullptr;
@@ -98,7 +98,7 @@ void MenuStyle::drawColumnText(QStyleOptionMenuItem const& item, QString const& 
     bool const isSelected = item.state & State_Selected;
     painter.save();
     painter.setFont(widget ? widget->font() : item.font);
-    painter.setLayoutDirection(Qt::LeftToRight); // "Ctrl+E" reads so in every language
+    painter.setLayoutDirection(Qt::LeftToRight); // "Ctrl+E" reads left to right in every language
     painter.setOpacity(isEnabled ? columnOpacity : columnOpacity / 2);
     painter.setPen(item.palette.color(isSelected && isEnabled ? QPalette::HighlightedText : QPalette::WindowText));
     painter.drawText(rect, static_cast<int>(visualAlignment(item.direction, Qt::AlignRight)) | Qt::AlignVCenter | Qt::TextSingleLine, text);

@@ -7,7 +7,7 @@ class QStyleOptionMenuItem;
 
 namespace zv {
 
-/// The user's own style, with the few manners that a menu of ours needs.
+/// The user's own style with adjustments for our menus.
 class MenuStyle : public QProxyStyle {
     Q_OBJECT
 public:
@@ -18,8 +18,8 @@ public:
     QSize sizeFromContents(ContentsType type, QStyleOption const* option, QSize const& size, QWidget const* widget) const override;
     void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const override;
 
-    /// A title that is too wide for a menu loses its middle, so that a file's extension stays
-    /// to be seen.
+    /// A title that is too wide for a menu is shortened in the middle, so that a file's extension
+    /// stays visible.
     [[nodiscard]] static QString shortenedTitle(QString const& title, QFontMetrics const& metrics);
     [[nodiscard]] static bool isShortened(QString const& title, QFontMetrics const& metrics);
 

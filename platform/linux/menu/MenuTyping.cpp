@@ -21,7 +21,7 @@ constexpr Qt::KeyboardModifiers commandModifiers = Qt::ControlModifier | Qt::Alt
 
 bool isSelectable(QAction const* action) { return action->isVisible() && !action->isSeparator() && action->isEnabled(); }
 
-/// The event's keys as entries name theirs; nothing for keys that are typed.
+/// The event's keys in the notation of entries; nothing for keys that type text.
 QString shortcutOf(QKeyEvent const& event)
 {
     auto const keyCode = event.keyCombination().key();
@@ -66,7 +66,7 @@ bool MenuTyping::typed(QKeyEvent const& event)
     return true;
 }
 
-/// Whether it is a key that edits what was typed.
+/// Edits the typed text; false if the key is not for editing.
 bool MenuTyping::edited(QKeyEvent const& event)
 {
     auto const text = event.text();
@@ -106,7 +106,7 @@ bool MenuTyping::moved(int key)
     }
 }
 
-/// As if the key were pressed that often, without going round at either end.
+/// Acts like that many presses of the key, without wrapping around.
 void MenuTyping::press(int key, int times)
 {
     auto const all = m_window.actions();
@@ -121,7 +121,7 @@ void MenuTyping::press(int key, int times)
 
 void MenuTyping::selectFirst() { press(Qt::Key_Down); }
 
-/// By steps, as an entry that is made the active one opens its submenu.
+/// Selects step by step, as making an entry the active one directly would open its submenu.
 void MenuTyping::select(QString const& text)
 {
     auto const all = m_window.actions();
@@ -132,7 +132,7 @@ void MenuTyping::select(QString const& text)
     while (m_window.activeAction()->text() != text);
 }
 
-/// Key equivalents work while the menu is open, in it and in the groups below it that have
+/// Chooses the entry with the key equivalent, in this menu or in the groups below it that have
 /// been built.
 bool MenuTyping::choseByShortcut(QKeyEvent const& event)
 {
@@ -172,8 +172,7 @@ void MenuTyping::showLine()
     m_lineText->setText(m_line->text());
 }
 
-/// A first line that says what was typed. The menu keeps its width, so that it does not
-/// jump about under the eyes.
+/// Adds a first line with the typed text. The menu keeps its width, so that it does not jump.
 void MenuTyping::addLine()
 {
     auto* line = new QWidgetAction(&m_window);

@@ -13,24 +13,24 @@ namespace zv {
 class MenuMirror;
 class MenuWindow;
 
-/// What keys do in an open menu: they move, filter by what is typed, and choose.
+/// The keys of an open menu: they move, filter by typed text, and choose.
 class MenuTyping {
 public:
     /// Both outlive it.
     MenuTyping(MenuWindow& window, MenuMirror const& mirror);
 
-    /// The menu is about to open, with nothing typed.
+    /// Starts with nothing typed, as the menu is about to open.
     void begin();
-    /// The entries were mirrored anew; null for none.
+    /// The mirrored menu; null for none.
     void setMenu(Menu const* menu);
 
-    /// False for a key that is the toolkit's to handle.
+    /// False for a key that the toolkit handles.
     bool takes(QKeyEvent const& event);
     [[nodiscard]] bool isFiltering() const { return !m_filter.isEmpty(); }
-    /// Shows the entries that what was typed leaves, and selects the first.
+    /// Shows the entries that match the typed text, and selects the first.
     void filter();
 
-    /// Whether the line that says what was typed is part of the menu, maybe empty.
+    /// Whether the line with the typed text is part of the menu, perhaps empty.
     [[nodiscard]] bool hasLine() const { return m_line != nullptr; }
     void dropLine();
 
@@ -51,7 +51,7 @@ private:
     MenuMirror const& m_mirror;
     MenuFilter m_filter;
     QAction* m_line = nullptr;
-    QLabel* m_lineText = nullptr; ///< of that line, which owns it
+    QLabel* m_lineText = nullptr; ///< its label, owned by the line
 };
 
 } // namespace zv

@@ -30,8 +30,8 @@ MenuWindow::MenuWindow(QWidget* parent)
     if (parentMenu())
         return;
     connect(this, &QMenu::triggered, this, &MenuWindow::chosen);
-    // Nobody sees a menu's window icon. The program's, in all its sizes, would be sent to the
-    // display for each submenu that opens; a submenu takes over that of its parent.
+    // A blank icon, as a menu's window icon is never seen: the program's, in all its sizes, would
+    // be sent to the display for each submenu, which takes its parent's.
     setWindowIcon(blankMenuIcon());
 }
 
@@ -52,10 +52,10 @@ void MenuWindow::forget()
     m_typing.setMenu(nullptr);
     m_menu.reset();
     m_mirror.forget();
-    (void)sizeHint(); // lays out what has changed
+    (void)sizeHint(); // lays out the changed entries
 }
 
-/// Fills the window from the menu as it stands.
+/// Fills the window from the menu's current state.
 void MenuWindow::mirror()
 {
     QuietChanges const quiet(*this);
@@ -90,7 +90,7 @@ void MenuWindow::chosen(QAction* action)
 {
     auto const* entry = dynamic_cast<EntryAction const*>(action);
     if (entry && entry->target() && onChosen)
-        onChosen(entry->target(), QGuiApplication::keyboardModifiers()); // of the click or key that chose it
+        onChosen(entry->target(), QGuiApplication::keyboardModifiers()); // modifiers of the choosing click or key
 }
 
 void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target)
@@ -98,7 +98,7 @@ void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& targ
     auto* root = this;
     while (root->parentMenu())
         root = root->parentMenu();
-    auto const chosen = target; // closing may let go of the entry
+    auto const chosen = target; // a copy, as closing may release the entry
     root->close();
     if (chosen && root->onChosen)
         root->onChosen(chosen, Qt::NoModifier);
@@ -120,7 +120,7 @@ void MenuWindow::refilled()
         m_typing.selectFirst();
 }
 
-/// Popping up where it is already recomputes the size, the place and the scrolling.
+/// Lays out by popping up again in place, which recomputes size, place and scrolling.
 void MenuWindow::layOutAgain()
 {
     m_isLayingOut = true;
@@ -143,8 +143,8 @@ void MenuWindow::step(int key)
     QMenu::keyPressEvent(&event);
 }
 
-/// Hidden, as what is closed gives its native window away, and making one anew takes longer
-/// than all the rest of an opening.
+/// Hides instead of closing, which would destroy the native window: making one anew takes longer
+/// than the rest of an opening.
 void MenuWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
@@ -209,7 +209,7 @@ void MenuWindow::paintEvent(QPaintEvent* event)
 /// Whether the root's window looks as it does when it opens. Submenus have no pictures.
 bool MenuWindow::isPlain() const { return isVisible() && !activeAction() && !m_mirror.awaitsIcons() && !m_typing.hasLine() && !parentMenu(); }
 
-// Not part of the action's text, which assistive tools read out as the entry's name.
+// The column is added here, not in the action's text, which assistive tools read out as the entry's name.
 void MenuWindow::initStyleOption(QStyleOptionMenuItem* option, QAction const* action) const
 {
     QMenu::initStyleOption(option, action);

@@ -14,9 +14,9 @@ namespace zv {
 class Menu;
 class MenuActionTarget;
 
-/// One level of an open menu: shows a Menu of ours, asks it to fill itself right before it
-/// opens, and follows it when it fills later. The window hands the toolkit's events to those
-/// who know what they mean: the mirror of the entries, what is typed, and the picture.
+/// A level of an open menu: shows a Menu, asks it to fill itself right before it opens, and
+/// follows later fills. The window passes the toolkit's events on: to the mirror of the entries,
+/// the typing, and the picture.
 class MenuWindow : public QMenu {
     Q_OBJECT
 public:
@@ -24,16 +24,16 @@ public:
     ~MenuWindow() override;
 
     void setMenu(std::shared_ptr<Menu> menu);
-    /// Lets go of the menu and makes ready for the next time, in which most menus look the
-    /// same: the window stays, and so does what its entries look like.
+    /// Releases the menu and prepares the next opening, in which most menus look the same: the
+    /// window and the looks of its entries stay.
     void forget();
 
-    /// Does what the key does in any menu, once.
+    /// Performs the key's usual menu step once.
     void step(int key);
     void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target);
     void layOutAgain();
 
-    /// Runs what an entry does; called by the window at the root of the tree.
+    /// Performs an entry's action; called by the window at the root of the tree.
     std::function<void(std::shared_ptr<MenuActionTarget>, Qt::KeyboardModifiers)> onChosen;
     /// Called by the root when it has closed.
     std::function<void()> onClosed;
@@ -62,7 +62,7 @@ private:
     MenuPicture m_picture;
     bool m_isLayingOut = false;
     bool m_handlesKey = false;
-    bool m_isOpenedByKey = false; ///< then its first entry is the selected one, however late it comes
+    bool m_isOpenedByKey = false; ///< opened by key: its first entry is selected, however late it comes
 };
 
 } // namespace zv

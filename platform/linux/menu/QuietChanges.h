@@ -4,8 +4,8 @@
 
 namespace zv {
 
-/// While it lives, changes of a menu's actions do not lay the menu out anew, which takes as long
-/// as the menu is; once at the end is enough.
+/// Suppresses layouts while a menu's actions change, as each takes time in proportion to the
+/// menu's length; the menu is laid out once at the end.
 class QuietChanges {
 public:
     explicit QuietChanges(QWidget& menu)

@@ -15,7 +15,7 @@ struct Modifier {
     char const* busName;
 };
 
-/// `busName` is how the property "shortcut" of com.canonical.dbusmenu has it (BusMenu.cpp names its source).
+/// `busName` is the modifier's name in the property "shortcut" of com.canonical.dbusmenu (BusMenu.cpp names its source).
 constexpr std::array modifierTable {
     Modifier { ModifierMask::control, u'⌃', "Ctrl", "Control" },
     Modifier { ModifierMask::option, u'⌥', "Alt", "Alt" },
@@ -24,7 +24,7 @@ constexpr std::array modifierTable {
 };
 
 constexpr char16_t escape = u'\x1b';
-/// NSF1FunctionKey of AppKit's NSEvent.h is the next.
+/// The code point before NSF1FunctionKey of AppKit's NSEvent.h.
 constexpr char16_t beforeF1 = 0xF703;
 constexpr int lastFunctionKey = 15;
 
@@ -83,7 +83,7 @@ ShortcutKeys shortcutKeysOfGlyphs(std::string_view glyphs)
     ShortcutKeys keys;
     auto text = QString::fromUtf8(glyphs.data(), static_cast<qsizetype>(glyphs.size()));
     qsizetype at = 0;
-    // The last character is the key, even if it is a modifier's glyph.
+    // The last character is always the key, even if it is a modifier's glyph.
     for (; at + 1 < text.size(); ++at) {
         auto const* modifier = modifierWithGlyph(text.at(at));
         if (!modifier)

@@ -9,24 +9,24 @@ namespace zv {
 
 struct MenuEntry;
 
-/// A shortcut's keys: the modifiers in the order in which this desktop writes them, then
-/// the key itself. Empty when there is no shortcut.
+/// A shortcut's keys: the modifiers in this desktop's order, then the key itself. Empty when
+/// there is no shortcut.
 struct ShortcutKeys {
     QStringList modifiers; ///< of "Ctrl", "Alt", "Shift", "Super"
     QString key;
 
     [[nodiscard]] bool isEmpty() const { return key.isEmpty(); }
-    /// "Ctrl+Alt+E"
+    /// The shortcut as text, such as "Ctrl+Alt+E".
     [[nodiscard]] QString text() const;
-    /// The same in the names that menus on the bus use: "Control", "Alt", "E".
+    /// The keys by their names in menus on the bus: "Control", "Alt", "E".
     [[nodiscard]] QStringList busNames() const;
 };
 
 [[nodiscard]] ShortcutKeys shortcutKeysOf(MenuEntry const& entry);
-/// From the glyph text of a hint, such as "⌥⌘E".
+/// Parses the glyph text of a hint, such as "⌥⌘E".
 [[nodiscard]] ShortcutKeys shortcutKeysOfGlyphs(std::string_view glyphs);
 
-/// What stands in the right-hand column of a menu: the key equivalent, else the hint.
+/// The keys in the right-hand column of a menu: the key equivalent, else the hint.
 [[nodiscard]] ShortcutKeys columnKeysOf(MenuEntry const& entry);
 
 } // namespace zv

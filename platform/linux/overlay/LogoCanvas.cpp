@@ -11,8 +11,8 @@ namespace {
 
 double radians(double degrees) { return degrees * std::numbers::pi / 180; }
 
-/// A wreath is two branches, each half of an oval that is open at its top. Angles run from
-/// its foot. Few and bold leaves, as it is mostly seen sixteen pixels high.
+/// A wreath of two branches, each half of an oval that is open at its top. Angles run from its
+/// foot. The leaves are few and bold, for display at sixteen pixels.
 constexpr double kAcross = 4.2;
 constexpr double kUp = 6.2;
 constexpr double kFoot = -20; // crosses over to the other branch
@@ -21,7 +21,7 @@ constexpr double kStem = 1.3;
 
 struct Leaf {
     double along;
-    double lean; ///< out of the branch's own direction
+    double lean; ///< away from the branch's direction
     double length;
     double breadth;
 };
@@ -73,7 +73,7 @@ QPainterPath laurelWreath()
     return wreath;
 }
 
-/// Filling the rectangle, as masks do.
+/// The transform that makes `from` fill `to`, as masks do.
 QTransform stretching(QRectF const& from, QRectF const& to)
 {
     QTransform stretch;
@@ -117,14 +117,14 @@ void LogoCanvas::setFillColor(Color const& color)
     m_color = QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green), static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
-/// Whole pixels: at the rim it is the clip that thins them out.
+/// Fills whole pixels; the clip thins them out at the rim.
 void LogoCanvas::fill(Rect const& rect)
 {
     QPainter(&m_layer).fillRect(toImage(rect).toAlignedRect(), m_color);
     m_hasDrawn = true;
 }
 
-/// The clip is applied to all fills at once, with smooth edges.
+/// Applies the clip to all fills at once, with smooth edges.
 void LogoCanvas::restoreState()
 {
     QImage shape(m_layer.size(), QImage::Format_ARGB32_Premultiplied);
@@ -141,8 +141,8 @@ void LogoCanvas::restoreState()
     QPainter(&m_image).drawImage(0, 0, m_layer);
 }
 
-/// The clip's middle comes to stand on `m_centre`; y turns around. Edges of bands lie between
-/// two rows of pixels: at this size a blended row would be half of a band.
+/// Puts the clip's middle at `m_centre` and flips y. Edges of bands are rounded to whole rows: at
+/// this size a blended row would be half of a band.
 QRectF LogoCanvas::toImage(Rect const& rect) const
 {
     double const middleX = m_clipRect.x + m_clipRect.width / 2;

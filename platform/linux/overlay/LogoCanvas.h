@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// Our laurel: on Linux it is what stands at the left end of the panel.
+/// The shape of our laurel, which on Linux is the logo at the panel's left end.
 class LaurelMask : public Mask {
 public:
     LaurelMask();
@@ -21,8 +21,8 @@ private:
     QPainterPath m_path;
 };
 
-/// Draws onto a picture. What is clipped to the logo stands where the panel's own picture
-/// stood, at its size, not where another system has its logo.
+/// Draws onto a picture. The logo's clip is placed over the panel's own picture and at its size,
+/// not where another system has its logo.
 class LogoCanvas : public Canvas {
 public:
     /// `centre` in the image's pixels; `scale` is the number of pixels a point.
@@ -35,7 +35,7 @@ public:
     void setFillColor(Color const& color) override;
     void fill(Rect const& rect) override;
 
-    /// What was clipped to the logo, in the view's points; nothing when nothing was drawn.
+    /// The clip of the logo in the view's points; nothing when nothing was drawn.
     [[nodiscard]] std::optional<Rect> logoRect() const { return m_hasDrawn ? std::optional(m_clipRect) : std::nullopt; }
 
 private:
@@ -44,7 +44,7 @@ private:
     QImage& m_image;
     QPointF m_centre;
     double m_scale;
-    QImage m_layer; ///< what was filled since the clip was set
+    QImage m_layer; ///< the fills since the clip was set
     QPainterPath m_clip;
     Rect m_clipRect;
     QColor m_color;

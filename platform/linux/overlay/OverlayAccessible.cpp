@@ -38,7 +38,7 @@ public:
     }
 
     QStringList actionNames() const override { return { pressAction() }; }
-    /// Later: the menu must not keep the assistive program waiting, nor may it outlive us.
+    /// Performs later: the menu must not block the assistive program, nor may it outlive us.
     void doAction(QString const& name) override
     {
         if (name == pressAction())

@@ -9,8 +9,7 @@
 
 namespace zv {
 
-/// Stands for a panel's window among the program's accessible objects: that window is
-/// none of the toolkit's. Never shown.
+/// The accessible object of a panel's window, which the toolkit does not know. Never shown.
 class OverlayAccessible : public QWindow {
 public:
     explicit OverlayAccessible(OverlayPanelContent& content);

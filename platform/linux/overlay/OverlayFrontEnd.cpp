@@ -29,7 +29,7 @@ public:
 
 private:
     std::unique_ptr<X11Connection> m_x;
-    X11Screens m_screens; // hears of a change before the menu bars do
+    X11Screens m_screens; // receives a change before the menu bars do
     X11MenuBars m_menuBars { *m_x, m_screens };
     X11WorkspaceEvents m_workspaceEvents { *m_x };
     X11PointerMonitor m_pointerMonitor { *m_x, m_screens };

@@ -8,12 +8,12 @@
 
 namespace zv {
 
-/// What the overlay needs of the desktop, all over one connection of its own to the X server.
+/// The overlay's seams on the desktop, all over its own connection to the X server.
 class OverlayFrontEnd {
 public:
     /// Null where the desktop gives no program a place on its panel, as on Wayland.
     [[nodiscard]] static std::unique_ptr<OverlayFrontEnd> make(SessionKind session);
-    /// What there would be, found out without making it; for `doctor`. Takes an application object.
+    /// The support that an instance would find, without making one; for `doctor`. Takes an application object.
     [[nodiscard]] static OverlaySupport support(SessionKind session);
     virtual ~OverlayFrontEnd() = default;
 

@@ -19,8 +19,8 @@ bool differs(std::uint32_t a, std::uint32_t b)
     return false;
 }
 
-/// A panel is mostly empty, and plain or shaded from the top down: each row's most frequent
-/// colour is its background.
+/// Each row's most frequent colour is its background, as a panel is mostly empty, and plain or
+/// shaded from the top down.
 std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel, int width)
 {
     std::vector<std::uint32_t> rows;
@@ -33,7 +33,7 @@ std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel, int width)
     return rows;
 }
 
-/// A button's frame is no thicker than this, its round corners no larger.
+/// The maximum thickness of a button's frame, and of its round corners.
 int frameOf(PanelPixels const& panel) { return panel.height / 6; }
 
 class Columns {
@@ -53,13 +53,13 @@ public:
         while (x < m_frame && !isEmpty(x))
             ++x;
         if (x == m_frame)
-            x = 0; // what is there is no frame
+            x = 0; // the drawn part is too wide for a frame
         while (x < m_reach && isEmpty(x))
             ++x;
         return x;
     }
     struct End {
-        int column; ///< one past the picture's last
+        int column; ///< one past the picture's last column
         bool isCut;
     };
     [[nodiscard]] End endOfPicture(int from) const
@@ -72,7 +72,7 @@ public:
                 return { x, false };
             lastGap = x;
         }
-        // A word, not a picture: better cut between two of its letters than through one.
+        // A word is cut between two of its letters rather than through one.
         return { lastGap > from ? lastGap : m_reach, true };
     }
     [[nodiscard]] int firstEmptyFrom(int x) const

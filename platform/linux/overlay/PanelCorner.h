@@ -21,21 +21,21 @@ struct PanelPixels {
     friend bool operator==(PanelPixels const&, PanelPixels const&) = default;
 };
 
-/// What stands at the panel's left end, in the panel's own pixels.
+/// The picture at the panel's left end, in the panel's own pixels.
 struct PanelCorner {
     std::optional<XRect> picture; ///< the first thing drawn there, such as a launcher's icon
-    int backgroundColumn = 0; ///< one that shows the background beside it
-    bool isCut = false; ///< no gap ends the picture: it is a word, or something lit up as a whole
-    /// What it stands on: a button that is lit up has a background of its own, and a frame.
+    int backgroundColumn = 0; ///< a column beside it that shows only background
+    bool isCut = false; ///< no gap ends the picture: a word, or a wholly lit area
+    /// The background: a lit button has one of its own, and a frame.
     enum class Ground { panel, litButton } ground = Ground::panel;
     friend bool operator==(PanelCorner const&, PanelCorner const&) = default;
 };
 
-/// Finds the picture that begins within `reach` pixels: it ends at the first gap wide
-/// enough to be no gap between letters.
+/// Finds the picture that begins within `reach` pixels; it ends at the first gap wider than those
+/// between letters.
 [[nodiscard]] PanelCorner findPanelCorner(PanelPixels const& panel, int reach);
 
-/// The first column from `x` on that shows nothing but background; the last one without any.
+/// The first column from `x` on that shows only background; the panel's last without one.
 [[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground);
 
 } // namespace zv

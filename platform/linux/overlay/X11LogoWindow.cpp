@@ -13,11 +13,11 @@ namespace zv {
 
 namespace {
 
-/// A panel that has just started draws itself piece by piece: look until two looks agree.
+/// Pauses while a starting panel draws itself piece by piece: look until two looks agree.
 constexpr std::array<int, 6> kPausesBetweenLooks { 60, 120, 250, 500, 1000, 2000 }; // milliseconds
-/// What has no end may be a button that is lit up: give it time to go out.
+/// A picture without an end may be a lit button: give it time to go out.
 constexpr std::size_t kLooksAtAWord = 4;
-constexpr int kLookWidth = 480; ///< enough to tell the background from what stands on it
+constexpr int kLookWidth = 480; ///< enough to tell the background from the items on it
 constexpr std::uint32_t kOpaque = 0xff000000;
 
 XRect united(XRect const& a, XRect const& b)
@@ -68,11 +68,11 @@ X11LogoWindow::~X11LogoWindow()
 
 void X11LogoWindow::update()
 {
-    bool const isReadable = m_depth == 24 || m_depth == 32; // a colour's four bytes in one word
+    bool const isReadable = m_depth == 24 || m_depth == 32; // a pixel is a 32-bit word
     auto const logo = isReadable ? wantedLogo() : std::nullopt;
     if (!logo) {
         remove();
-        m_known.erase(m_panel); // look anew when it is switched on again
+        m_known.erase(m_panel); // look again when it is switched on again
         m_corner.reset();
         m_lookAgain.stop();
         return;
@@ -103,7 +103,7 @@ void X11LogoWindow::look()
     if (!pixels.pixels.empty() && (isLast || hasSettled(pixels)))
         return settle(cornerIn(pixels));
     m_lastLook = pixels;
-    // While the panel cannot be read, as when it is half off the screen, go on at the last pace.
+    // While the panel cannot be read, such as half off the screen, go on at the last pace.
     m_lookAgain.start(kPausesBetweenLooks[std::min(m_looks, kPausesBetweenLooks.size() - 1)]);
     m_looks = std::min(m_looks + 1, kPausesBetweenLooks.size());
 }
@@ -115,7 +115,7 @@ bool X11LogoWindow::hasSettled(PanelPixels const& pixels) const
         && findPanelCorner(m_lastLook, m_geometry.reach) == corner;
 }
 
-/// The background is that beside what covers the picture, which may reach further.
+/// Takes the background from beside the plate, which may reach further than the picture.
 PanelCorner X11LogoWindow::cornerIn(PanelPixels const& pixels) const
 {
     auto corner = findPanelCorner(pixels, m_geometry.reach);
@@ -124,7 +124,7 @@ PanelCorner X11LogoWindow::cornerIn(PanelPixels const& pixels) const
     return corner;
 }
 
-/// What seemed to have no end has another background now: it may have been lit up. Once.
+/// The background changed, so the picture may have been a lit button: measure again, once.
 void X11LogoWindow::doubt()
 {
     m_hasDoubted = true;
@@ -149,7 +149,7 @@ void X11LogoWindow::settle(PanelCorner const& corner)
     show();
 }
 
-/// The picture that stood there and the logo, whichever reaches further.
+/// The area of the replaced picture and the logo together.
 XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
 {
     XRect const whole { 0, 0, m_geometry.panel.width, m_geometry.panel.height };
@@ -160,7 +160,7 @@ XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
     return (corner.picture ? united(*corner.picture, logo) : logo).intersected(whole);
 }
 
-/// The logo is no smaller than stated; over a larger picture it is as large as that.
+/// The stated scale, enlarged so that the logo is as large as the picture it covers.
 double X11LogoWindow::logoScale(PanelCorner const& corner) const
 {
     int const pictureHeight = corner.picture ? std::min(corner.picture->height, m_geometry.panel.height - 6) : 0;
@@ -181,7 +181,7 @@ QImage X11LogoWindow::render() const
     return image;
 }
 
-/// The picture becomes the window's background: the server repaints it without us.
+/// Sets the picture as the window's background: the server repaints it without us.
 void X11LogoWindow::show()
 {
     auto const image = render();
@@ -234,7 +234,7 @@ void X11LogoWindow::handle(xcb_generic_event_t const& event)
     m_isDamaged = m_isDamaged || reinterpret_cast<xcb_damage_notify_event_t const&>(event).damage == m_damage;
 }
 
-/// The panel lights up under the pointer, or has another theme: so has what shows through.
+/// Redraws the logo when the background beneath it changes, such as under the pointer or with another theme.
 void X11LogoWindow::followBackground()
 {
     if (!m_isDamaged || m_damage == XCB_NONE)
@@ -252,7 +252,7 @@ void X11LogoWindow::followBackground()
 
 X11LogoWindow::Rows X11LogoWindow::readBackground() const { return readPixels({ m_corner->backgroundColumn, m_plate.y, 1, m_plate.height }).pixels; }
 
-/// Empty when the panel is not on the screen as a whole.
+/// The panel's pixels; empty when the panel is not wholly on the screen.
 PanelPixels X11LogoWindow::readPixels(XRect const& rect) const
 {
     auto const cookie = xcb_get_image(m_x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_panel, static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y),

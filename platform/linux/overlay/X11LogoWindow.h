@@ -14,35 +14,34 @@
 
 namespace zv {
 
-/// What is known of the panels' left ends, by their windows: a panel of another size has
-/// another picture there.
+/// The measured left end of a panel, by its window; a panel of another size has another picture.
 struct KnownCorner {
     XRect panel;
     PanelCorner corner;
 };
 using PanelCorners = std::map<xcb_window_t, KnownCorner>;
 
-/// Shows the logo within a panel's window, in place of the picture at its left end and on
-/// the panel's own background, whatever that is at the moment. Lets every click through.
+/// Shows the logo within a panel's window, in place of the picture at its left end and on the
+/// panel's current background. Lets every click through.
 class X11LogoWindow {
 public:
     struct Geometry {
         XRect panel;
         double viewHeight = 0; ///< points
         double scale = 1; ///< pixels a point
-        int reach = 0; ///< how many pixels of the panel's left end are ours
+        int reach = 0; ///< pixels of the panel's left end that may be covered
         friend bool operator==(Geometry const&, Geometry const&) = default;
     };
 
-    /// `known` remembers the panel's corner when this window has gone.
+    /// `known` keeps the panel's corner beyond this window's life.
     X11LogoWindow(X11Connection& x, xcb_window_t panel, Geometry const& geometry, OverlayPanelContent& content, PanelCorners& known);
     ~X11LogoWindow();
     X11LogoWindow(X11LogoWindow const&) = delete;
     X11LogoWindow& operator=(X11LogoWindow const&) = delete;
 
-    /// None until there is something to show.
+    /// None while there is nothing to show.
     [[nodiscard]] xcb_window_t window() const { return m_window; }
-    /// Draws anew, and shows or hides what there is to show.
+    /// Draws again, and shows or hides the window accordingly.
     void update();
 
 private:
@@ -78,13 +77,13 @@ private:
     std::uint8_t m_firstDamageEvent = 0;
     bool m_isDamaged = false;
 
-    std::optional<PanelCorner> m_corner; ///< once the panel has drawn itself
+    std::optional<PanelCorner> m_corner; ///< set once the panel has drawn itself
     PanelPixels m_lastLook;
     std::size_t m_looks = 0;
     bool m_hasDoubted = false;
     Rect m_logo; ///< its size in points
-    XRect m_plate; ///< what the window covers, within the panel
-    Rows m_background; ///< of the plate, from the top
+    XRect m_plate; ///< the covered area within the panel
+    Rows m_background; ///< the plate's rows from the top
     QTimer m_lookAgain;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;

@@ -6,9 +6,9 @@ namespace zv {
 
 namespace {
 
-/// What hides itself leaves a strip of this height at most, to be woken by the pointer.
+/// The maximum height of the strip that a hidden bar leaves to be woken by the pointer.
 constexpr int kTallestTriggerStrip = 9;
-/// A bar may float a little below the edge; with a strut it may do so further.
+/// The maximum gap between the edge and a floating bar without a strut.
 constexpr int kFloatingGap = 12;
 /// _NET_WM_STRUT and _NET_WM_STRUT_PARTIAL: https://specifications.freedesktop.org/wm-spec, "Application Window Properties"
 constexpr std::size_t kTopStrut = 2; ///< left, right, top, bottom
@@ -25,7 +25,7 @@ std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_co
 
 } // namespace
 
-/// One managed window, as it stands now.
+/// The current state of a managed window.
 struct X11MenuBars::Client {
     xcb_window_t window = XCB_NONE;
     bool isDock = false;
@@ -98,8 +98,7 @@ void X11MenuBars::handle(xcb_generic_event_t const& event)
     }
 }
 
-/// A window being dragged about sends a hundred of these a second: only those that are, or
-/// touch, a bar count.
+/// Whether the window is, or touches, a bar: a dragged window sends a hundred of these a second.
 bool X11MenuBars::concernsBars(xcb_configure_notify_event_t const& event) const
 {
     if (event.window == m_x.root())
@@ -113,7 +112,7 @@ bool X11MenuBars::concernsBars(xcb_configure_notify_event_t const& event) const
     });
 }
 
-/// Menus and tooltips come and go unmanaged; what happens inside a panel is its own affair.
+/// Whether the window may be a bar: menus and tooltips are unmanaged, and a panel's own children do not matter.
 bool X11MenuBars::concernsBars(xcb_map_notify_event_t const& event) const
 {
     bool const isTransient = (event.response_type & 0x7f) == XCB_MAP_NOTIFY && event.override_redirect;
@@ -129,7 +128,7 @@ void X11MenuBars::refresh()
     do {
         m_isStale = false;
         bars = readBars();
-    } while (m_isStale); // a new dock may have changed before we listened to it
+    } while (m_isStale); // a new dock may have changed before we selected its events
     if (bars == m_bars)
         return;
     m_bars = std::move(bars);
@@ -151,7 +150,7 @@ std::vector<XMenuBar> X11MenuBars::readBars()
             [&](Client const& above) { return above.isFullScreen && above.isViewable && above.rect.intersected(client->rect) == client->rect; });
         bars.push_back({ client->window, client->rect, client->isViewable && !isCovered });
     }
-    // The stacking order changes with every click; the bars keep one of their own.
+    // The stacking order changes with every click, so the bars are sorted by window.
     std::sort(bars.begin(), bars.end(), [](auto const& a, auto const& b) { return a.window < b.window; });
     return bars;
 }
@@ -165,7 +164,7 @@ void X11MenuBars::listenTo(xcb_window_t dock)
     m_isStale = true;
 }
 
-/// From the bottom up. Without a window manager: the root's children.
+/// Clients from the bottom up; without a window manager, the root's children.
 std::vector<xcb_window_t> X11MenuBars::readClients() const
 {
     auto const stacking = requestWords(m_x, m_x.root(), XAtom::netClientListStacking, 4096);
@@ -183,7 +182,7 @@ std::vector<xcb_window_t> X11MenuBars::readClients() const
     return clients;
 }
 
-/// One round trip, however many there are. What goes away meanwhile is left out.
+/// Reads all states in one round trip. Windows that are gone by then are left out.
 std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_t> const& clients) const
 {
     struct Request {

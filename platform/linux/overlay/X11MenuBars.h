@@ -18,8 +18,8 @@ struct XMenuBar {
     friend bool operator==(XMenuBar const&, XMenuBar const&) = default;
 };
 
-/// The panels at the top of the screens. They are read again only after an event that can
-/// have changed them; asking costs nothing.
+/// The panels at the top of the screens. They are read again only after an event that can have
+/// changed them; other queries cost nothing.
 class X11MenuBars : public MenuBars {
 public:
     X11MenuBars(X11Connection& x, X11Screens const& screens);
@@ -43,16 +43,16 @@ private:
 
     X11Connection& m_x;
     X11Screens const& m_screens;
-    std::set<xcb_window_t> m_docks; ///< whose events we hear
-    std::vector<XRect> m_monitors; ///< as they were when the bars were read
+    std::set<xcb_window_t> m_docks; ///< docks whose events are selected
+    std::vector<XRect> m_monitors; ///< monitors at the last reading
     std::vector<XMenuBar> m_bars;
     bool m_isStale = true;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;
 };
 
-/// Whether a dock with that place and strut is a bar at the top of one of the monitors, at
-/// least partly visible. A strip of a few pixels that only waits for the pointer is none.
+/// Whether a dock with that place and strut is a bar at the top of a monitor, at least partly
+/// visible. A strip of a few pixels that waits for the pointer does not count.
 [[nodiscard]] bool isTopBar(XRect const& dock, int topStrut, std::vector<XRect> const& monitors);
 
 } // namespace zv

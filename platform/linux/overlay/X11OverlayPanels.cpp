@@ -14,7 +14,7 @@ namespace zv {
 
 namespace {
 
-constexpr xcb_button_t lastButton = 3; ///< left, middle, right; beyond them the wheel turns
+constexpr xcb_button_t lastButton = 3; ///< left, middle, right; the next ones are the wheel
 
 /// The bar at whose left end the frame stands.
 XMenuBar const* barUnder(XRect const& frame, std::vector<XMenuBar> const& bars)
@@ -82,7 +82,7 @@ public:
     }
 
 private:
-    /// What the windows are made for; they are made anew when it changes.
+    /// The place that the windows were made for; another place needs new windows.
     struct Place {
         xcb_window_t panel = XCB_NONE;
         XRect within; ///< the panel's window
@@ -107,21 +107,21 @@ private:
     Rect m_frame;
     bool m_isShown = false;
     std::optional<Place> m_place;
-    xcb_window_t m_window = XCB_NONE; ///< takes the clicks
+    xcb_window_t m_window = XCB_NONE; ///< receives the clicks
     std::unique_ptr<X11LogoWindow> m_logo;
     std::unique_ptr<OverlayAccessible> m_accessible;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;
 };
 
-/// Another panel may stand in the old one's place: to the core nothing has changed.
+/// Follows a panel that replaces another in the same place, where the core sees no change.
 void X11OverlayPanel::followPanel()
 {
     if (m_isShown && findPlace() != m_place)
         place();
 }
 
-/// A panel that only moved has taken the windows along.
+/// Makes windows only for a new place: a moved panel takes them along.
 void X11OverlayPanel::place()
 {
     auto const place = findPlace();
@@ -147,15 +147,15 @@ std::optional<X11OverlayPanel::Place> X11OverlayPanel::findPlace() const
     return Place { bar->window, within, { size, m_frame.height, space.scale, frame.width } };
 }
 
-/// What the pointer does over the window is hidden from the panel: it would light up its
-/// own button there and explain it.
+/// Hides the pointer's events over the window from the panel, which would light up its own button
+/// there and explain it.
 void X11OverlayPanel::createWindows()
 {
     auto* c = m_x.get();
     auto const& within = m_place->within;
     m_window = xcb_generate_id(c);
     std::uint32_t const values[] = {
-        1, // no window manager minds it, not even when the panel is taken apart
+        1, // invisible to window managers, even when the panel is taken apart
         XCB_EVENT_MASK_BUTTON_PRESS,
         XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION,
     };
@@ -180,7 +180,7 @@ void X11OverlayPanel::remove()
     m_x.flush();
 }
 
-/// Above whatever windows the panel has put into itself.
+/// Raises the window above all others in the panel.
 void X11OverlayPanel::raise() const
 {
     if (m_window == XCB_NONE)
@@ -199,14 +199,14 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
         return handlePress(reinterpret_cast<xcb_button_press_event_t const&>(event));
     if (type != XCB_MAP_NOTIFY && type != XCB_CONFIGURE_NOTIFY)
         return;
-    auto const& change = reinterpret_cast<xcb_map_notify_event_t const&>(event); // alike in what is read here
+    auto const& change = reinterpret_cast<xcb_map_notify_event_t const&>(event); // equal layouts of the fields read here
     bool const isOurs = change.window == m_window || (m_logo && change.window == m_logo->window());
     if (m_place && change.event == m_place->panel && change.window != m_place->panel && !isOurs)
         raise();
 }
 
-/// The server has given us the pointer until the button is let go; the menu needs it now.
-/// Nothing of this panel may be touched after the content was told: it may be gone.
+/// Ends the server's pointer grab, which lasts until the button is released, as the menu needs
+/// the pointer. The content may destroy this panel: nothing of it is touched after that call.
 void X11OverlayPanel::handlePress(xcb_button_press_event_t const& press)
 {
     if (press.event != m_window || press.detail > lastButton)

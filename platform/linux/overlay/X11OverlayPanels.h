@@ -6,9 +6,9 @@
 
 namespace zv {
 
-/// Panels as child windows of the desktop's own panel: they move, hide and are covered
-/// with it, and to it the pointer over them has never left. One window takes the clicks and
-/// shows nothing; a second one shows the logo where the content draws one.
+/// Panels as child windows of the desktop's own panel: they move, hide and are covered with it,
+/// and for it the pointer over them never leaves. One window takes the clicks and shows nothing;
+/// a second one shows the logo where the content draws one.
 class X11OverlayPanels : public OverlayPanels {
 public:
     X11OverlayPanels(X11Connection& x, X11Screens const& screens, X11MenuBars const& menuBars);

@@ -25,7 +25,7 @@ void selectRawMotion(X11Connection const& x, Listen listen)
 
 } // namespace
 
-/// After a report it pauses, then reports once more: where the pointer came to rest.
+/// Reports motion, pauses, then reports once more: where the pointer came to rest.
 class X11PointerMonitor::Watch : public PointerMonitor::Token {
 public:
     Watch(X11Connection& x, std::uint8_t opcode, std::function<void()> moved)
@@ -79,7 +79,7 @@ X11PointerMonitor::X11PointerMonitor(X11Connection& x, X11Screens const& screens
     auto const* extension = xcb_get_extension_data(x.get(), &xcb_input_id);
     if (!extension || !extension->present)
         return;
-    // From 2.1 on, raw events come while another program has grabbed the pointer as well.
+    // Version 2.1 and later sends raw events during another program's pointer grab too.
     XReply<xcb_input_xi_query_version_reply_t> const version(xcb_input_xi_query_version_reply(x.get(), xcb_input_xi_query_version(x.get(), 2, 2), nullptr));
     if (version && version->major_version >= 2)
         m_opcode = extension->major_opcode;

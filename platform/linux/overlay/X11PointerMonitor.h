@@ -10,8 +10,8 @@
 
 namespace zv {
 
-/// Hears the pointer's raw motion, at most 25 times a second: between two reports it
-/// does not listen at all, so that a fast mouse does not keep the program awake.
+/// Reports the pointer's raw motion, at most 25 times a second: between reports it selects no
+/// events, so that a fast mouse does not keep the program awake.
 class X11PointerMonitor : public PointerMonitor {
 public:
     X11PointerMonitor(X11Connection& x, X11Screens const& screens);

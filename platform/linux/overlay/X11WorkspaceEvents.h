@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// What the window manager tells on the root window: another desktop, another active window.
+/// Changes of the desktop and of the active window, which the window manager announces on the root window.
 class X11WorkspaceEvents : public WorkspaceEvents {
 public:
     explicit X11WorkspaceEvents(X11Connection& x);

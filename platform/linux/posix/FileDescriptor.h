@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// Owns an open file; closes it when it goes.
+/// Owns an open file and closes it on destruction.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int descriptor = -1)

@@ -37,7 +37,7 @@ bool FileWatch::takeEvents()
     for (ssize_t size = ::read(descriptor(), buffer.data(), buffer.size()); size > 0; size = ::read(descriptor(), buffer.data(), buffer.size())) {
         for (ssize_t offset = 0; offset < size;) {
             auto const* event = reinterpret_cast<inotify_event const*>(buffer.data() + offset);
-            // What was lost when the queue ran over may have been about the file.
+            // The events lost in a queue overflow may have been about the file.
             concernsFile |= (event->mask & IN_Q_OVERFLOW) != 0 || (event->len > 0 && event->name == m_name);
             offset += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }

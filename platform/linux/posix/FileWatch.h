@@ -6,16 +6,16 @@
 
 namespace zv {
 
-/// Tells when a file may have been replaced, written or deleted, through a descriptor that
-/// becomes readable. Watches the folder, as files are replaced by renaming.
+/// Signals through a readable descriptor that a file may have been replaced, written or deleted.
+/// Watches the folder, as files are replaced by renaming.
 class FileWatch {
 public:
-    /// The folder must exist, else nothing is watched.
+    /// The folder must exist, or nothing is watched.
     explicit FileWatch(std::string const& path);
 
     /// -1 when the system has no watches left.
     [[nodiscard]] int descriptor() const { return m_inotify.get(); }
-    /// Takes what has come; true when any of it was about the file.
+    /// Takes the arrived events; true when any was about the file.
     bool takeEvents();
 
 private:

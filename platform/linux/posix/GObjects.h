@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// Gives back what GLib handed over.
+/// Frees GLib's objects and memory.
 struct GRelease {
     template <class Object> void operator()(Object* object) const { g_object_unref(object); }
     void operator()(char* text) const { g_free(text); }
@@ -18,12 +18,12 @@ struct GRelease {
     void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
     void operator()(GSettingsSchemaSource* source) const { g_settings_schema_source_unref(source); }
 };
-/// Owns one reference to a GObject, or another thing of GLib's.
+/// Owns one reference to a GObject, or another GLib resource.
 template <class T> using GObjectRef = std::unique_ptr<T, GRelease>;
 using GVariantRef = GObjectRef<GVariant>;
 using GString8 = GObjectRef<char>;
 
-/// A text that is handed over; empty for null.
+/// Takes ownership of a GLib text; empty for null.
 [[nodiscard]] inline std::string taken(char* text)
 {
     GString8 const owned(text);

@@ -9,7 +9,7 @@ namespace zv {
 
 namespace {
 
-/// The file is a shell's: quotes around a value, a backslash before what is special.
+/// Removes the shell quoting of a value: surrounding quotes, and backslashes before special characters.
 std::string unquoted(std::string_view text)
 {
     bool const isQuoted = text.size() >= 2 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front();

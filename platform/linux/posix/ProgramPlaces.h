@@ -4,22 +4,22 @@
 
 namespace zv {
 
-/// Where the program keeps what is the user's, and where it finds what is its own. All are
-/// absolute paths; none need exist.
+/// The places of the user's data and of the program's own files. All are absolute paths; none
+/// need exist.
 struct ProgramPlaces {
     XdgDirectories user;
     std::string settingsFile;
     std::string itemsFolder;
     std::string backupsFolder;
-    std::string launchLog; ///< of the applications that were started from a menu
+    std::string launchLog; ///< log of the applications started from a menu
     std::string downloadsFolder;
-    /// Of ZANTHE_VELL_RESOURCES, for those who try out texts, menus or feeds; empty: none.
+    /// ZANTHE_VELL_RESOURCES, for trials of texts, menus or feeds; empty when unset.
     std::string givenResources;
-    /// Beside the program where it was built, and "share/zanthe-vell" of where it is installed.
+    /// The resources beside a built program, and "share/zanthe-vell" of the installed one.
     std::vector<std::string> ownResources;
 
     [[nodiscard]] static ProgramPlaces of(Environment const& environment);
-    /// In the order in which they are looked through.
+    /// The resource folders in search order.
     [[nodiscard]] std::vector<std::string> resourceFolders() const;
 };
 

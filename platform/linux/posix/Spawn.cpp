@@ -44,7 +44,7 @@ void SpawnPlan::use(int descriptor, FileDescriptor const& source) { ::posix_spaw
 
 pid_t SpawnPlan::start(std::string const& path, std::vector<std::string> const& command, Environment const& environment)
 {
-    // Descriptors that this program was started with, or that a library left open, stay here.
+    // Descriptors that this program inherited, or that a library left open, are not passed on.
     ::posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1);
     std::vector<std::string> variables;
     for (auto const& [name, value] : environment)

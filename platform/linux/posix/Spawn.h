@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// How a child process starts: with the usual signals, and none of our descriptors but those
-/// it is given.
+/// The start of a child process: with default signals, and only the given ones of our
+/// descriptors.
 class SpawnPlan {
 public:
     enum class Group { ofItsOwn, sessionOfItsOwn };
@@ -22,7 +22,7 @@ public:
 
     void useNullDevice(int descriptor, int flags);
     void use(int descriptor, FileDescriptor const& source);
-    /// `command` is the child's name and its arguments. Zero when it could not be started.
+    /// Starts the program; `command` is the child's name and its arguments. Zero on failure.
     [[nodiscard]] pid_t start(std::string const& path, std::vector<std::string> const& command, Environment const& environment);
 
 private:

@@ -14,7 +14,7 @@ namespace {
 
 constexpr mode_t permissionBits = 07777;
 constexpr std::size_t pieceSize = std::size_t { 64 } << 10;
-constexpr int notPlain = -1; ///< beside the system's error numbers
+constexpr int notPlain = -1; ///< outside the system's error numbers
 
 std::string sentenceOf(int error) { return error == notPlain ? "Not a regular file" : systemMessage(error); }
 
@@ -27,7 +27,7 @@ ssize_t readSome(int descriptor, std::span<std::byte> into)
     return count;
 }
 
-/// Reads on when the file grew meanwhile, but never beyond `mostBytes`. Files of the kernel say that they are empty.
+/// Reads to the end even if the file has grown, but at most `mostBytes`. Kernel files report a size of zero.
 template <class Bytes> Result<Bytes, int> readToEnd(PlainFile const& file, std::size_t mostBytes)
 {
     if (file.size > mostBytes)
@@ -74,7 +74,7 @@ bool writeAndSync(std::string const& path, std::span<std::byte const> bytes, std
     return writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
 }
 
-/// Makes a rename durable. Not every file system can; then the rename itself is all there is.
+/// Makes a rename durable, on file systems that can sync a folder.
 void syncFolder(std::string const& folder)
 {
     FileDescriptor const descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -21,7 +21,7 @@ std::string homeOfAccount()
     return "/";
 }
 
-/// Without the slashes that say nothing: equal places are equal texts. Empty for what is not absolute.
+/// The path without redundant slashes, so that equal places are equal texts. Empty unless absolute.
 std::string absolutePath(std::string_view value)
 {
     if (!value.starts_with('/'))

@@ -7,9 +7,8 @@
 
 namespace zv {
 
-/// The user's base directories, as the desktop's conventions define them
-/// (https://specifications.freedesktop.org/basedir-spec). All are absolute, without a trailing
-/// slash; none need exist.
+/// The user's base directories: https://specifications.freedesktop.org/basedir-spec. All are
+/// absolute, without a trailing slash; none need exist.
 struct XdgDirectories {
     std::string home;
     std::string config;
@@ -20,12 +19,12 @@ struct XdgDirectories {
     std::vector<std::string> dataDirs; ///< the system's, in order of preference; without `data`
     std::vector<std::string> configDirs;
 
-    /// Values that are not absolute count as unset, as the conventions demand.
+    /// Values that are not absolute count as unset, as the document demands.
     [[nodiscard]] static XdgDirectories of(Environment const& environment);
 
-    /// Where application entries lie, the user's own first.
+    /// The folders of application entries, the user's own first.
     [[nodiscard]] std::vector<std::string> applicationFolders() const;
-    /// The desktop's list of what was used.
+    /// The desktop's list of recently used files.
     [[nodiscard]] std::string recentlyUsedFile() const { return data + "/recently-used.xbel"; }
 };
 

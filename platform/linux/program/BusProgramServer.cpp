@@ -12,7 +12,7 @@ QString programName() { return QStringLiteral("org.zanthevell.ZantheVell"); }
 
 QString programPath() { return QStringLiteral("/org/zanthevell/ZantheVell"); }
 
-/// Our own interface, and that which starts an application by its name on the bus:
+/// Our own interface, and the one for activation by bus name:
 /// https://specifications.freedesktop.org/desktop-entry-spec, "D-Bus Activation".
 constexpr char const* introspection = R"xml(
 <interface name="org.zanthevell.ZantheVell">
@@ -34,7 +34,7 @@ constexpr char const* introspection = R"xml(
 </interface>
 )xml";
 
-/// An absolute path, or an address.
+/// The file of an absolute path, or of an address.
 std::optional<Url> fileNamed(std::string const& name) { return name.starts_with('/') ? Url::fromPath(name) : Url::parse(name); }
 
 } // namespace
@@ -106,7 +106,7 @@ bool BusProgramServer::handleMessage(QDBusMessage const& message, QDBusConnectio
     return connection.send(answer ? message.createReply(*answer) : message.createErrorReply(QDBusError::Failed, QString::fromStdString(answer.error())));
 }
 
-/// After the answer was sent: who asks never waits for what it asked for.
+/// Performs the request after the answer is sent, so that callers do not wait for it.
 void BusProgramServer::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
 
 BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&)
@@ -133,7 +133,7 @@ BusProgramServer::Answer BusProgramServer::quit(QVariantList const&)
     return QVariantList {};
 }
 
-/// Only notes what to add: who asks never waits for the adding either.
+/// Queues the files, so that callers do not wait for the adding either.
 BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& arguments)
 {
     std::vector<Url> files;

@@ -13,16 +13,16 @@
 
 namespace zv {
 
-/// What other processes may ask of the running program.
+/// The requests that other processes may make of the running program.
 struct ProgramRequests {
-    std::function<void(std::optional<QPoint>)> showMenu; ///< in pixels; at the pointer when it is not said
+    std::function<void(std::optional<QPoint>)> showMenu; ///< in pixels; at the pointer without a position
     std::function<void()> openSettings;
     std::function<void()> quit;
-    std::function<Result<void>(std::vector<Url>)> addFiles; ///< what is no file is ignored
-    std::function<QString()> hotkeys; ///< as JSON
+    std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
+    std::function<QString()> hotkeys; ///< the hotkey report as JSON
 };
 
-/// The one running program on the session bus: whoever owns its name is it. Serves its own
+/// The running program on the session bus, identified by owning its name. Serves its own
 /// interface and the desktop's one for applications.
 class BusProgramServer : public QDBusVirtualObject {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
 
     /// False when another process has the name already.
     [[nodiscard]] bool takeName();
-    /// Another process may be the running program now.
+    /// Gives up the name, so that another process may be the running program.
     void leaveName();
 
     QString introspect(QString const& path) const override;
@@ -40,7 +40,7 @@ public:
 
 private:
     struct Method;
-    using Answer = Result<QVariantList>; ///< a failure is a sentence for who asked
+    using Answer = Result<QVariantList>; ///< a failure is a sentence for the caller
     Answer showMenu(QVariantList const& arguments);
     Answer showMenuAt(QVariantList const& arguments);
     Answer openSettings(QVariantList const& arguments);

@@ -29,7 +29,7 @@ bool SingleInstance::claim()
     if (m_bus.isConnected())
         return m_program.takeName();
     m_lock = std::make_unique<QLockFile>(lockPath());
-    m_lock->setStaleLockTime(0); // stale only when its process is gone
+    m_lock->setStaleLockTime(0); // stale only when its process has ended
     return m_lock->tryLock() || m_lock->error() != QLockFile::LockFailedError;
 }
 

@@ -8,16 +8,16 @@
 
 namespace zv {
 
-/// Sees to it that the program runs once a user session: by its name on the bus and, where
-/// there is no bus, by a lock file.
+/// Keeps the program to one instance a user session: by its name on the bus and, where there is
+/// no bus, by a lock file.
 class SingleInstance {
 public:
     SingleInstance(QDBusConnection bus, ProgramRequests requests);
     ~SingleInstance();
 
-    /// False when another one runs already.
+    /// False when another instance runs.
     [[nodiscard]] bool claim();
-    /// Lets another process be the one that runs.
+    /// Lets another process be the running instance.
     void release();
 
 private:

@@ -16,8 +16,8 @@ struct DesktopName {
     Desktop desktop;
 };
 
-/// The entries of XDG_CURRENT_DESKTOP: https://specifications.freedesktop.org/menu-spec,
-/// "Registered OnlyShowIn Environments", and those that desktops name besides.
+/// Entries of XDG_CURRENT_DESKTOP: https://specifications.freedesktop.org/menu-spec, "Registered
+/// OnlyShowIn Environments", and further names in use.
 constexpr DesktopName names[] = {
     { "gnome", Desktop::gnome },
     { "gnome-classic", Desktop::gnome },

@@ -9,13 +9,13 @@
 
 namespace zv {
 
-/// What the services of the desktop and of the machine are reached by. All of it is handed
-/// in, so that a test's session can never be the machine's.
+/// The connections to the desktop's and the machine's services. All are passed in, so that a
+/// test's session can never be the machine's.
 struct DesktopAccess {
     BusAddresses buses;
     Desktop desktop = Desktop::other;
     std::shared_ptr<Programs> programs;
-    std::string sessionId; ///< of the login service; empty lets that find it out
+    std::string sessionId; ///< id at the login service, which finds it out when empty
 
     [[nodiscard]] static DesktopAccess of(Environment const& environment);
 };

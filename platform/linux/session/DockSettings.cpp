@@ -26,7 +26,7 @@ SchemaRef findSchema(char const* id, DockStore const& store)
     return nullptr;
 }
 
-/// One dock's settings; a key that its version does not have is not there to be read or written.
+/// A dock's settings; keys that its version lacks are neither read nor written.
 class DockKeys {
 public:
     static std::optional<DockKeys> open(char const* schemaId, char const* path, DockStore const& store)
@@ -55,7 +55,7 @@ public:
             found.emplace_back(*item);
         return found;
     }
-    /// Written through before it returns. False when it may not be changed.
+    /// Sets the key and flushes it to the store. False when it is not writable.
     [[nodiscard]] bool set(char const* key, GVariant* value) const
     {
         bool const isSet = g_settings_set_value(m_settings.get(), key, value) != FALSE;
@@ -81,7 +81,7 @@ private:
     GObjectRef<GSettings> m_settings;
 };
 
-/// "left", "bottom", "right"; null for what sets no edge.
+/// "left", "bottom", "right"; null for purposes that set no edge.
 char const* edgeOf(ScriptPurpose purpose)
 {
     switch (purpose) {
@@ -108,7 +108,7 @@ ScriptOutcome changeDashToDock(ScriptPurpose purpose, DockKeys const& keys)
     }
     if (purpose != ScriptPurpose::dockHiding || !keys.has("dock-fixed", "b"))
         return outcome(false);
-    // A fixed dock never hides; "autohide" counts only once it is loose.
+    // A fixed dock never hides; "autohide" counts only once it is not fixed.
     if (keys.boolean("dock-fixed") && keys.has("autohide", "b") && !keys.set("autohide", g_variant_new_boolean(TRUE)))
         return outcome(false);
     return outcome(keys.toggle("dock-fixed"));
@@ -125,7 +125,7 @@ ScriptOutcome changePlank(ScriptPurpose purpose, DockKeys const& keys)
     return outcome(keys.set("hide-mode", g_variant_new_string(keys.text("hide-mode") == "none" ? "auto" : "none")));
 }
 
-/// "1:0:bottom": panel, monitor, edge. "1:false": panel, how it hides. The first panel is the dock.
+/// Settings such as "1:0:bottom" (panel, monitor, edge) and "1:false" (panel, hiding). The first panel is the dock.
 ScriptOutcome changeCinnamonPanel(ScriptPurpose purpose, DockKeys const& keys)
 {
     auto const* const edge = edgeOf(purpose);
@@ -141,7 +141,7 @@ ScriptOutcome changeCinnamonPanel(ScriptPurpose purpose, DockKeys const& keys)
     return outcome(keys.setTexts(key, panels));
 }
 
-/// Panels in scripts: https://develop.kde.org/docs/plasma/scripting/api
+/// Plasma's panels by script: https://develop.kde.org/docs/plasma/scripting/api
 ScriptOutcome changePlasmaPanel(ScriptPurpose purpose, DesktopAccess const& access, Deadline const& deadline)
 {
     auto const* const edge = edgeOf(purpose);
@@ -159,7 +159,7 @@ ScriptOutcome changePlasmaPanel(ScriptPurpose purpose, DesktopAccess const& acce
     return outcome(reply.ok());
 }
 
-/// That panel's settings are its own; its window is where they are changed.
+/// Opens the panel's own window of settings, which no other program changes.
 ScriptOutcome showPanelPreferences(ScriptPurpose purpose, DesktopAccess const& access)
 {
     return outcome(purpose != ScriptPurpose::dockMagnification && access.programs->start({ "xfce4-panel", "--preferences" }));

@@ -10,16 +10,16 @@
 
 namespace zv {
 
-/// Where the settings of docks are kept. The default is the user's own store.
+/// The store of docks' settings. The default is the user's own.
 struct DockStore {
-    std::vector<std::string> schemaFolders; ///< looked through after the system's schemas
+    std::vector<std::string> schemaFolders; ///< searched after the system's schemas
     GSettingsBackend* backend = nullptr; ///< null for the user's own; not owned
 
-    /// The user's own, with the schemas that shell extensions bring along.
+    /// The user's own store, with the schemas of shell extensions.
     [[nodiscard]] static DockStore ofThisMachine(XdgDirectories const& directories);
 };
 
-/// Changes the dock that is there: its hiding, its edge, its magnification. Blocks.
+/// Changes the running dock: its hiding, its edge, its magnification. Blocks.
 [[nodiscard]] ScriptOutcome changeDock(ScriptPurpose purpose, DesktopAccess const& access, DockStore const& store, std::chrono::milliseconds timeout);
 
 } // namespace zv

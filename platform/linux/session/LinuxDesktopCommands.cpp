@@ -17,7 +17,7 @@ struct PlaceProgram {
     SystemPlace place;
     std::optional<Desktop> desktop; ///< none: every desktop
     std::vector<std::string> command;
-    char const* requiredEntry = nullptr; ///< an application entry that tells which version it is
+    char const* requiredEntry = nullptr; ///< an application entry that identifies the version
 };
 
 using enum SystemPlace;
@@ -82,7 +82,7 @@ bool hasProgram(SystemPlace place, DesktopAccess const& access)
     return std::ranges::any_of(programs, [&](auto const& program) { return isFor(program, place, access) && access.programs->has(program.command.front()); });
 }
 
-/// The application that the user chose for software is the one that takes its links.
+/// The user's chosen software application: the handler of its links.
 GObjectRef<GAppInfo> softwareLinkHandler() { return GObjectRef<GAppInfo>(g_app_info_get_default_for_uri_scheme("appstream")); }
 
 bool startSoftwareLinkHandler()
@@ -99,7 +99,7 @@ PlaceOutcome openUpdates(DesktopAccess const& access)
     return outcome == PlaceOutcome::opened ? outcome : openStore(access);
 }
 
-/// The distribution's own page; without one the page of the fixed address.
+/// Opens the distribution's own page; without one the page of the fixed address.
 PlaceOutcome openHomePage(std::string const& releaseFile)
 {
     auto const release = readOsRelease(releaseFile);

@@ -10,7 +10,7 @@
 
 namespace zv {
 
-/// The places by the programs that are installed for them.
+/// Opens system places with the programs installed for them.
 class LinuxDesktopCommands : public DesktopCommands {
 public:
     /// `releaseFile` is the os-release file.
@@ -22,9 +22,9 @@ public:
     }
     void open(SystemPlace place, std::function<void(PlaceOutcome)> done) override;
 
-    /// What open() does, in the caller's thread.
+    /// The work of open(), in the caller's thread.
     [[nodiscard]] static PlaceOutcome perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile);
-    /// Of the settings, the updates and the store, those that no installed program is.
+    /// The places among settings, updates and store that no installed program serves.
     [[nodiscard]] static std::vector<SystemPlace> placesWithoutProgram(DesktopAccess const& access);
 
 private:

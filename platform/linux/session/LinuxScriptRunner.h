@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// Does what the scripts are for, by the desktop's own services and programs.
+/// Performs the scripts' purposes through the desktop's own services and programs.
 class LinuxScriptRunner : public ScriptRunner {
 public:
     LinuxScriptRunner(DesktopAccess access, DockStore dockStore, Tasks& tasks)
@@ -19,7 +19,7 @@ public:
     }
     void run(Script const& script, std::function<void(ScriptOutcome)> done) override;
 
-    /// What run() does, in the caller's thread.
+    /// The work of run(), in the caller's thread.
     [[nodiscard]] static ScriptOutcome perform(Script const& script, DesktopAccess const& access, DockStore const& dockStore);
     [[nodiscard]] static DesktopFindings::ForceQuit forceQuitOf(DesktopAccess const& access);
 

@@ -12,7 +12,7 @@ namespace {
 
 using State = SessionEventOutcome::State;
 
-/// Somebody types a password meanwhile.
+/// Long enough for typing a password.
 constexpr std::chrono::minutes authorizationTimeout { 5 };
 
 SessionEventOutcome failed(std::int64_t status) { return { State::failed, status }; }
@@ -34,8 +34,8 @@ SessionEventOutcome outcomeOf(BusFailure const& failure)
 
 } // namespace
 
-/// A row tells who does the event on which desktop. `prompt` and `shell` are methods of the
-/// desktop's D-Bus services, the commands are those of its session manager.
+/// The way to do an event on a desktop. `prompt` and `shell` are methods of the desktop's D-Bus
+/// services, the commands are those of its session manager.
 struct LinuxSession::Event {
     struct Command {
         Desktop desktop;
@@ -46,7 +46,7 @@ struct LinuxSession::Event {
     char const* shellMethod; ///< of the KDE session services
     std::vector<Command> commands;
     char const* loginMethod;
-    char const* loginCheck; ///< asked before the method is called; null for none
+    char const* loginCheck; ///< called before the method; null for none
 };
 
 /// KDE's methods: logout-greeter/org.kde.LogoutPrompt.xml and org.kde.Shutdown of
@@ -86,7 +86,7 @@ SessionEventOutcome LinuxSession::send(SessionEvent wanted, std::chrono::millise
     return failed(SessionStatus::notHandled);
 }
 
-/// Only the running desktop's own question: another one's would end a session that is not there.
+/// Asks only the running desktop: another one's prompt would end a session that does not exist.
 SessionEventOutcome LinuxSession::askThroughDesktop(Event const& event, Deadline const& deadline) const
 {
     if (callShell("org.kde.LogoutPrompt", "/LogoutPrompt", "org.kde.LogoutPrompt", event.shellMethod, deadline))
@@ -117,7 +117,7 @@ bool LinuxSession::callShell(char const* service, char const* path, char const* 
     if (!bus)
         return false;
     auto const reply = bus->call({ service, path, interface }, method, nullptr, deadline);
-    // A prompt that takes its time is shown all the same; asking a second one would be wrong.
+    // A slow prompt is shown all the same; asking again would show a second one.
     return reply.ok() || reply.error().kind == BusFailure::Kind::timedOut;
 }
 

@@ -7,8 +7,8 @@
 
 namespace zv {
 
-/// Session events by the desktop's own services, else by the login service. A value for
-/// background work: it blocks.
+/// Performs session events through the desktop's own services, else the login service. A value
+/// for background work: it blocks.
 class LinuxSession {
 public:
     explicit LinuxSession(DesktopAccess access)

@@ -19,11 +19,11 @@ namespace {
 using Time = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds grace { 1000 }; ///< from the request to end until the end
+constexpr milliseconds grace { 1000 }; ///< between the request to end and the kill
 constexpr milliseconds exitCheckInterval { 10 };
-constexpr std::size_t keptOutput = std::size_t { 64 } << 20; ///< what a tool writes beyond is read and dropped
+constexpr std::size_t keptOutput = std::size_t { 64 } << 20; ///< further output of a tool is read and dropped
 
-/// Both ends above the standard descriptors, so that none is overwritten on its way into the child.
+/// A pipe whose ends lie above the standard descriptors, so that none is overwritten on its way into the child.
 struct Pipe {
     FileDescriptor readEnd;
     FileDescriptor writeEnd;
@@ -65,7 +65,7 @@ private:
         FileDescriptor descriptor;
         std::string text;
 
-        /// One read; the descriptor is closed at the end of the stream.
+        /// Reads once; closes the descriptor at the end of the stream.
         void readSome()
         {
             static thread_local std::array<char, 65536> buffer;
@@ -80,7 +80,7 @@ private:
     [[nodiscard]] bool isOpen() const { return m_streams[0].descriptor.isOpen() || m_streams[1].descriptor.isOpen(); }
     [[nodiscard]] bool isLate() const { return m_deadline && Time::now() >= *m_deadline; }
 
-    /// Reads from whichever stream has something, so that neither ever blocks the tool. False when the time is up.
+    /// Reads from whichever stream has data, so that neither ever blocks the tool. False at the deadline.
     bool wait()
     {
         // A closed stream's descriptor is negative, which poll() passes over.
@@ -101,14 +101,14 @@ private:
         return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
     }
 
-    /// The child stays a zombie, so that its process group keeps its number.
+    /// Whether the tool has ended. It stays a zombie, so that its process group keeps its number.
     [[nodiscard]] bool hasExited() const
     {
         siginfo_t info {};
         return ::waitid(P_PID, static_cast<id_t>(m_child), &info, WEXITED | WNOHANG | WNOWAIT) != 0 || info.si_pid != 0;
     }
 
-    /// The watchdog: the whole group is asked to end, then made to.
+    /// The watchdog: asks the whole group to end, then kills it.
     void end()
     {
         m_wasEndedByWatchdog = !hasExited();
@@ -126,7 +126,7 @@ private:
             if (errno != EINTR)
                 return {};
         }
-        // A tool that answered the watchdog's signal by exiting was ended by it all the same.
+        // A tool that answered the watchdog's signal by exiting counts as ended by it.
         bool const wasEnded = m_wasEndedByWatchdog || !WIFEXITED(status);
         ToolResult result;
         result.end = wasEnded ? ToolResult::End::signalled : ToolResult::End::exited;

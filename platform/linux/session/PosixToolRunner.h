@@ -7,11 +7,11 @@
 
 namespace zv {
 
-/// Tools as child processes, each in a process group of its own, so that the watchdog
-/// ends what they started too.
+/// Runs tools as child processes, each in its own process group, so that the watchdog ends their
+/// children too.
 class PosixToolRunner : public ToolRunner {
 public:
-    /// Of the tools.
+    /// The environment of the tools.
     explicit PosixToolRunner(Environment environment)
         : m_environment(std::move(environment))
     {

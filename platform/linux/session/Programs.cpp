@@ -18,7 +18,7 @@ namespace {
 
 using Time = std::chrono::steady_clock;
 
-/// A program that is going to say "there is no session" does so within this.
+/// The time within which a program fails that finds no session.
 constexpr std::chrono::milliseconds failsWithin { 500 };
 constexpr std::chrono::milliseconds checkInterval { 10 };
 
@@ -28,7 +28,7 @@ bool isProgram(std::string const& path)
     return ::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && ::access(path.c_str(), X_OK) == 0;
 }
 
-/// In a session of its own, without our terminal; zero when it could not be started.
+/// Starts in a new session, without our terminal; zero on failure.
 pid_t startDetached(std::string const& path, std::vector<std::string> const& command, Environment const& environment)
 {
     SpawnPlan plan(SpawnPlan::Group::sessionOfItsOwn);
@@ -37,8 +37,8 @@ pid_t startDetached(std::string const& path, std::vector<std::string> const& com
     return plan.start(path, command, environment);
 }
 
-/// False when it ended with a failure within the first moments. One that goes on is
-/// waited for elsewhere, so that nothing of it stays behind when it ends.
+/// False when the child fails at once. A child that goes on is waited for elsewhere, so that it
+/// leaves no zombie.
 bool survivesItsStart(pid_t child)
 {
     auto const last = Time::now() + failsWithin;

@@ -14,16 +14,16 @@ public:
     virtual ~Programs() = default;
     [[nodiscard]] virtual bool has(std::string_view name) const = 0;
     /// `command` is the program's name, looked up as by a shell, and its arguments. False when
-    /// it is not there, or fails at once.
+    /// the program is missing, or fails at once.
     [[nodiscard]] virtual bool start(std::vector<std::string> const& command) = 0;
-    /// An application entry of that file name ("org.gnome.Terminal.desktop") is installed.
+    /// Whether an application entry of that file name ("org.gnome.Terminal.desktop") is installed.
     [[nodiscard]] virtual bool hasEntry(std::string_view fileName) const = 0;
 };
 
-/// Those in the folders of PATH.
+/// Programs in the folders of PATH.
 class PathPrograms : public Programs {
 public:
-    /// What is started gets the environment.
+    /// `environment` is passed to started programs.
     PathPrograms(Environment environment, std::vector<std::string> applicationFolders);
 
     bool has(std::string_view name) const override;

@@ -9,8 +9,8 @@ namespace zv {
 
 namespace {
 
-/// Those that belong to one desktop before the common name, which some own without locking.
-/// GNOME's interface is data/dbus-interfaces/org.gnome.ScreenSaver.xml of https://gitlab.gnome.org/GNOME/gnome-shell;
+/// Screen savers, the common name last, as some own it without locking. Sources: GNOME's is
+/// data/dbus-interfaces/org.gnome.ScreenSaver.xml of https://gitlab.gnome.org/GNOME/gnome-shell;
 /// Cinnamon's, MATE's and Xfce's have the same method; the common one is that of
 /// https://invent.kde.org/plasma/kscreenlocker.
 constexpr BusObject savers[] = {
@@ -24,7 +24,7 @@ constexpr BusObject savers[] = {
 
 std::vector<std::vector<std::string>> const commands = { { "xflock4" }, { "loginctl", "lock-session" } };
 
-/// One saver takes a message, the others nothing.
+/// Cinnamon's saver takes a message, the others nothing.
 GVariant* argumentsFor(BusObject const& saver) { return std::string_view(saver.service) == "org.cinnamon.ScreenSaver" ? g_variant_new("(s)", "") : nullptr; }
 
 bool lockBySaver(DesktopAccess const& access, Deadline const& deadline)
@@ -56,7 +56,7 @@ Result<void, BusFailure> lockByLogin(DesktopAccess const& access, Deadline const
 
 ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout)
 {
-    // Each has its time: a saver that hangs must not leave the screen open.
+    // Separate deadlines: a saver that hangs must not leave the screen open.
     if (lockBySaver(access, Deadline(timeout)))
         return {};
     auto const locked = lockByLogin(access, Deadline(timeout));

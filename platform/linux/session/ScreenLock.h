@@ -6,9 +6,9 @@
 
 namespace zv {
 
-/// Locks the screen by whoever does that here. Blocks.
+/// Locks the screen through the desktop's screen saver or a substitute. Blocks.
 [[nodiscard]] ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout);
-/// Who would do it. Blocks.
+/// The screen lock that lockScreen() would use. Blocks.
 [[nodiscard]] DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chrono::milliseconds timeout);
 
 } // namespace zv

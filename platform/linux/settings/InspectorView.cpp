@@ -108,7 +108,7 @@ void InspectorView::buildForm(KeyLookup lookUp)
 
 void InspectorView::show(MenuItem const* item, std::size_t count)
 {
-    // A title being typed belongs to the item that was shown until now.
+    // A title being typed belongs to the item shown until now.
     if (!item || item->id != m_id)
         takeTitle();
     m_id = item && count == 1 ? std::optional(item->id) : std::nullopt;
@@ -157,7 +157,7 @@ void InspectorView::takeTitle()
     m_models.editor().setTitle(*m_id, m_title->text().toStdString());
 }
 
-/// The field does not call its editing finished when the window is left or closed.
+/// Ends editing when the window is left or closed, which the field does not notice.
 bool InspectorView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)

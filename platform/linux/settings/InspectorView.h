@@ -17,12 +17,12 @@ class QLineEdit;
 
 namespace zv {
 
-/// Edits the selected item; what does not apply to it is not there.
+/// Edits the selected item; controls that do not apply to it are hidden.
 class InspectorView : public QWidget {
 public:
     InspectorView(SettingsModels& models, KeyLookup lookUp);
 
-    /// Null for no selection; `count` is how many are selected.
+    /// Null for no selection; `count` is the number of selected items.
     void show(MenuItem const* item, std::size_t count);
 
 protected:
@@ -40,7 +40,7 @@ private:
     QWidget* m_body;
     QFormLayout* m_form;
     QLineEdit* m_title;
-    QTimer m_pause; ///< in typing a title
+    QTimer m_pause; ///< pause after typing in the title
     QWidget* m_targetRow;
     QLabel* m_target;
     QComboBox* m_depth;

@@ -23,7 +23,7 @@ QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
 } // namespace
 
-/// Drags entries as the records of what they add.
+/// Drags entries as the records of the items they add.
 class LibraryView::Tree : public QTreeWidget {
 public:
     explicit Tree(LibraryPalette const& palette)
@@ -87,7 +87,7 @@ LibraryView::LibraryView(SettingsModels& models)
     fill();
 }
 
-/// Its picture is fetched when it comes into sight: there may be hundreds of applications.
+/// A library entry whose picture is fetched when it comes into sight: there may be hundreds of applications.
 class LibraryView::Entry : public QTreeWidgetItem {
 public:
     Entry(QTreeWidgetItem* heading, LibraryEntry const& entry, SettingsModels& models)
@@ -150,7 +150,7 @@ void LibraryView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        fill(); // the headings have a colour of their own
+        fill(); // the headings' colour follows the palette
 }
 
 bool LibraryView::eventFilter(QObject* watched, QEvent* event)
@@ -159,8 +159,8 @@ bool LibraryView::eventFilter(QObject* watched, QEvent* event)
     return (isKey && searchKeyPressed(static_cast<QKeyEvent&>(*event))) || QWidget::eventFilter(watched, event);
 }
 
-/// What was found is walked through while typing goes on; Escape takes the search back
-/// before it closes the window.
+/// Moves through the search results while typing goes on; Escape clears the search before it
+/// closes the window.
 bool LibraryView::searchKeyPressed(QKeyEvent& event)
 {
     bool const isPress = event.type() == QEvent::KeyPress;

@@ -12,8 +12,8 @@ class QLineEdit;
 
 namespace zv {
 
-/// The palette: a search field above the groups of what can be added. Entries are dragged
-/// into the outline, or added by a double click or Return.
+/// The palette: a search field above the groups of entries. Entries are dragged into the outline,
+/// or added by a double click or Return.
 class LibraryView : public QWidget {
 public:
     explicit LibraryView(SettingsModels& models);

@@ -24,8 +24,8 @@ namespace {
 
 constexpr int undoLimit = 200;
 
-/// Rows that follow one another as one range each: a selection of many ranges is slow.
-/// Sorts the rows.
+/// Joins consecutive rows into one range each, as a selection of many ranges is slow. Sorts the
+/// rows.
 QItemSelection stretchesOf(QModelIndexList& rows)
 {
     auto const key = [](QModelIndex const& index) { return std::pair(index.parent().internalId(), index.row()); };
@@ -43,7 +43,7 @@ QItemSelection stretchesOf(QModelIndexList& rows)
 
 } // namespace
 
-/// One edit on the undo stack.
+/// An edit on the undo stack.
 class MenuEditorView::EditCommand : public QUndoCommand {
 public:
     EditCommand(MenuEditor& editor, MenuEdit edit)
@@ -55,7 +55,7 @@ public:
     void undo() override { m_editor.undo(m_edit); }
     void redo() override
     {
-        if (std::exchange(m_isDone, true)) // the stack does what was just done: the store has it already
+        if (std::exchange(m_isDone, true)) // the first call comes from the stack, when the store has the edit already
             m_editor.redo(m_edit);
     }
 
@@ -65,8 +65,8 @@ private:
     bool m_isDone = false;
 };
 
-/// Drags of our own default to a move; with Control held, or from elsewhere, to a copy. Where
-/// a drag comes from must not hear of a move: it might take away what it had.
+/// Our own drags default to a move; with Control held, or from elsewhere, to a copy. A drag's
+/// source is never told of a move, as it might remove the item.
 class MenuEditorView::Outline : public QTreeView {
 public:
     explicit Outline(QAbstractItemModel& model)
@@ -207,7 +207,7 @@ void MenuEditorView::addGap()
     m_outline->addAction(gap);
 }
 
-/// The outline's context menu, and the keys for the same.
+/// Adds the actions of the outline's context menu, with their keys.
 void MenuEditorView::addActions()
 {
     using Keys = QKeySequence;
@@ -227,7 +227,7 @@ void MenuEditorView::addActions()
     m_selectionActions = { cut, copy, duplicate, remove, up, down };
 }
 
-/// They work wherever the focus is in this tab; a text field undoes its own typing first.
+/// Adds undo and redo for the whole tab; a text field undoes its own typing first.
 void MenuEditorView::addUndoActions()
 {
     auto* undo = m_undo.createUndoAction(this, QString::fromUtf8(settingsTexts::undo));
@@ -283,7 +283,7 @@ void MenuEditorView::selectionChanged()
     refreshInspector();
 }
 
-/// A file has to be chosen before it can be added.
+/// Adds a library entry; for a file entry, asks for the file first.
 void MenuEditorView::addEntry(LibraryEntry const& entry)
 {
     bool const isChosenFirst = entry.itemTemplate.kind == MenuItemKind::fsObject && !entry.itemTemplate.location;
@@ -318,7 +318,7 @@ void MenuEditorView::edited(MenuEdit const& edit)
     m_undo.push(new EditCommand(m_models.editor(), edit));
     if (!edit.selectionAfter)
         return;
-    // The tree is laid anew in the turn after this one.
+    // The tree is rebuilt in the next turn.
     QMetaObject::invokeMethod(
         this, [this, ids = *edit.selectionAfter] { select(ids); }, Qt::QueuedConnection);
 }

@@ -54,7 +54,7 @@ private:
     LibraryView* m_library;
     QTreeView* m_outline;
     InspectorView* m_inspector;
-    QList<QAction*> m_selectionActions; ///< of use only when something is selected
+    QList<QAction*> m_selectionActions; ///< enabled only with a selection
     QPushButton* m_remove = nullptr;
     std::set<Uuid> m_keptSelection;
     std::set<Uuid> m_keptExpanded;

@@ -17,12 +17,12 @@ namespace zv {
 namespace {
 
 QString const recordType = QLatin1StringView(menuItemDragType);
-/// Names the process a drag comes from: within it a drop moves, from elsewhere it copies.
+/// Names a drag's process: within it a drop moves, from elsewhere it copies.
 QString const originType = QStringLiteral("application/x-zanthe-vell-process");
 
 QByteArray ownProcess() { return QByteArray::number(QCoreApplication::applicationPid()); }
 
-/// One record a line: JSON of ours has no line breaks.
+/// Splits the data into records, one a line: our JSON has no line breaks.
 std::vector<std::string> recordsOf(QMimeData const& data)
 {
     std::vector<std::string> records;
@@ -246,7 +246,7 @@ Qt::ItemFlags MenuTreeModel::flags(QModelIndex const& index) const
         return Qt::ItemIsDropEnabled;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     auto const* shown = item(index);
-    if (!shown) // a click that ends the typing of a title selects before the tree has followed
+    if (!shown) // a click that ends the typing of a title selects before the tree is rebuilt
         return flags;
     flags |= Qt::ItemIsDragEnabled;
     if (menuTree::canHoldItems(*shown))
@@ -295,7 +295,7 @@ void MenuTreeModel::take(QMimeData const& data, Qt::DropAction action, MenuEdito
     auto const outcome = zv::take(drop, m_models.editor(), position);
     if (!outcome.problem)
         return;
-    // Not from within the drop: the drag is still going on.
+    // Later, as the drag is still going on.
     QMetaObject::invokeMethod(
         this, [this, problem = *outcome.problem] { m_models.alerts().run(problem); }, Qt::QueuedConnection);
 }

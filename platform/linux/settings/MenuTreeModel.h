@@ -13,7 +13,7 @@
 namespace zv {
 
 /// The menu's tree for the editor's outline: title and shortcut. Follows the store; drags and
-/// takes records of items, and takes files.
+/// accepts records of items, and accepts files.
 class MenuTreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] MenuItem const* item(QModelIndex const& index) const;
     [[nodiscard]] QModelIndex indexOf(Uuid const& id) const;
-    /// Where something put at that row of that parent lands.
+    /// The position of an item dropped at that row of that parent.
     [[nodiscard]] MenuEditor::Position positionOf(int row, QModelIndex const& parent) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, QModelIndex const& parent) const override;
@@ -43,11 +43,11 @@ public:
     bool canDropMimeData(QMimeData const* data, Qt::DropAction action, int row, int column, QModelIndex const& parent) const override;
     bool dropMimeData(QMimeData const* data, Qt::DropAction action, int row, int column, QModelIndex const& parent) override;
 
-    /// Takes what the clipboard or a drag holds.
+    /// Adds the content of the clipboard or a drag.
     void take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position);
 
 Q_SIGNALS:
-    /// Before and after the tree is laid anew: the view keeps what was selected and open.
+    /// Around a rebuild of the tree, so that the view can restore selection and open rows.
     void aboutToLayAnew();
     void laidAnew();
 
@@ -57,7 +57,7 @@ private:
         Node* parent = nullptr;
         int row = 0;
         std::vector<std::unique_ptr<Node>> children;
-        MenuItem const* item = nullptr; ///< of the store's list as it is now
+        MenuItem const* item = nullptr; ///< points into the store's current list
         mutable std::optional<OutlineRow> shown; ///< kept until the next change
     };
 
@@ -76,11 +76,11 @@ private:
     SettingsModels& m_models;
     Node m_root;
     std::map<Uuid, Node*> m_nodes;
-    bool m_isStale = false; ///< the store has changed, and what the nodes point at is gone
+    bool m_isStale = false; ///< the store has changed, and the nodes' pointers are invalid
     Observation m_observation;
 };
 
-/// The records of items in a drag or on the clipboard; and those of a library entry.
+/// The records of items, or of a library entry, for a drag or the clipboard.
 [[nodiscard]] QMimeData* mimeDataOfRecords(std::vector<std::string> const& records);
 
 } // namespace zv

@@ -45,7 +45,7 @@ public:
         QObject::connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { close(); });
         QObject::connect(m_tabs, &QTabWidget::currentChanged, this, [this](int tab) {
             m_models.place().keepTab(tab);
-            refresh(); // there may be backups that were not there
+            refresh(); // new backups may exist
         });
         refresh();
     }
@@ -55,7 +55,7 @@ public:
         m_models.general().onChanged = nullptr;
     }
 
-    /// Shows what holds now, and follows it.
+    /// Shows the current settings, and follows them.
     void refresh()
     {
         std::vector<SettingsSection> sections;
@@ -76,13 +76,13 @@ protected:
     void changeEvent(QEvent* event) override
     {
         QWidget::changeEvent(event);
-        // The login item may have been changed in the desktop's own settings meanwhile.
+        // The login item may have changed in the desktop's own settings.
         if (event->type() == QEvent::ActivationChange && isActiveWindow())
             refresh();
     }
 
 private:
-    /// The one to which a maximized window goes back.
+    /// Stores the size to which a maximized window returns.
     void keepSize()
     {
         auto const size = isMaximized() || isFullScreen() ? normalGeometry().size() : this->size();

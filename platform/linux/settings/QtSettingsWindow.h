@@ -24,7 +24,7 @@ public:
     ~QtSettingsWindow() override;
 
     void openOrRaise() override;
-    /// Before what the models stand on goes away.
+    /// Called before the models' own services are destroyed.
     void close();
 
 private:

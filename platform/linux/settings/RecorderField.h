@@ -13,14 +13,14 @@ class QPushButton;
 
 namespace zv {
 
-/// Shows a shortcut, and after a click takes the next key press for a new one.
+/// Shows a shortcut; after a click it records the next key press.
 class RecorderField : public QWidget {
 public:
     RecorderField(SettingsModels& models, KeyLookup lookUp);
     ~RecorderField() override;
 
     void setSpec(std::optional<KeyEquivalentSpec> const& spec);
-    /// The user recorded another one, or cleared it.
+    /// Called when the user has recorded a shortcut, or cleared it.
     std::function<void(std::optional<KeyEquivalentSpec> const&)> onChange;
 
 protected:
@@ -39,7 +39,7 @@ private:
     bool m_isRecording = false;
 };
 
-/// How people read a shortcut here: "Ctrl+Alt+E".
+/// The shortcut in this desktop's notation: "Ctrl+Alt+E".
 [[nodiscard]] QString readableShortcut(KeyEquivalentSpec const& spec);
 
 } // namespace zv

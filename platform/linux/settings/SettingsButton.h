@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// A button that Return does not press from elsewhere, with air around its title.
+/// A button that Return presses only with the focus, with air around its title.
 [[nodiscard]] inline QPushButton* settingsButton(QString const& title)
 {
     constexpr int air = 18;

@@ -23,7 +23,7 @@ constexpr int widthOfNotes = 440;
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
-/// The wheel scrolls the page, whatever lies under the pointer.
+/// A list of choices that leaves the wheel to the page.
 class Choices : public QComboBox {
 protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
@@ -59,7 +59,7 @@ QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& title
     return field;
 }
 
-/// So that the choices of a section stand below one another.
+/// Gives the titles equal widths, so that a section's choices are aligned.
 void alignWidths(QList<QLabel*> const& titles)
 {
     int width = 0;
@@ -71,7 +71,7 @@ void alignWidths(QList<QLabel*> const& titles)
 
 } // namespace
 
-/// One control and what it does now: the actions are taken anew whenever the page is shown.
+/// A control and its current actions, which are replaced whenever the page is shown.
 class SettingsPageView::Row : public QObject {
 public:
     explicit Row(SettingsRow const& row)
@@ -125,7 +125,7 @@ private:
     {
         auto* choices = new Choices;
         choices->setAccessibleName(text(m_row.title));
-        // Typing into the list chooses, too, and is not told as an activation.
+        // The index's change, as choosing by typing is not reported as an activation.
         connect(choices, &QComboBox::currentIndexChanged, this, [this, choices] {
             auto const value = choices->currentData().toLongLong();
             later([value](SettingsRow const& row) { row.choose(value); });
@@ -154,7 +154,7 @@ private:
         m_widget = label;
     }
 
-    /// The action may change the page, and with it this row: so it runs in a turn of its own.
+    /// Runs the action in a later turn, as it may change the page, and with it this row.
     void later(std::function<void(SettingsRow const&)> action)
     {
         QMetaObject::invokeMethod(
@@ -216,7 +216,7 @@ void SettingsPageView::build(std::vector<SettingsSection> const& sections)
     form->setLabelAlignment(Qt::AlignRight);
     for (auto const& section : sections)
         addSection(*form, section);
-    // As wide as it needs, in the middle of the page.
+    // A column as wide as it needs, in the middle of the page.
     auto* line = new QHBoxLayout(page);
     line->setContentsMargins(24, 20, 24, 20);
     line->addStretch();

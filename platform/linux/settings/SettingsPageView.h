@@ -27,7 +27,7 @@ private:
     void addSection(QFormLayout& form, SettingsSection const& section);
     [[nodiscard]] QWidget* makeRow(SettingsRow const& row);
 
-    std::string m_shape; ///< ids and kinds of the rows that stand
+    std::string m_shape; ///< ids and kinds of the current rows
     QHash<QString, Row*> m_rows;
 };
 

@@ -16,7 +16,7 @@ using Cause = SettingsFile::ReadFailure::Cause;
 
 std::optional<PropertyList> copyOf(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }
 
-/// Others may keep any number of keys in the file.
+/// Indexes the values, as others may keep any number of keys in the file.
 std::unordered_map<std::string_view, PropertyList const*> valuesByKey(PropertyListDictionary const& settings)
 {
     std::unordered_map<std::string_view, PropertyList const*> values;
@@ -153,7 +153,7 @@ void PlistUserDefaults::setAside(std::string const& reason)
     auto const lock = m_file.lock();
     if (!lock)
         return logLine(unreadableMessage(reason) + ", nor be kept aside: " + lock.error());
-    // Another process may have been quicker.
+    // Another process may have written first.
     auto disk = m_file.read();
     if (disk)
         return adopt(std::move(*disk));
@@ -168,7 +168,7 @@ bool PlistUserDefaults::setAsideUnderLock(std::string const& reason)
         return false;
     }
     logLine(unreadableMessage(reason) + "; it is kept as " + *name);
-    // What is known here is all there is now.
+    // The file is gone, so all known values must be written.
     for (auto const& [key, value] : stored())
         m_unsaved.insert(key);
     return true;
@@ -197,8 +197,8 @@ Result<void> PlistUserDefaults::save(std::string_view key)
     return {};
 }
 
-/// Takes over what another process has written, so that its keys stay. Fails where writing
-/// would destroy what could not be read.
+/// Takes over other processes' changes, so that their keys stay. Fails where writing would
+/// destroy an unreadable file.
 Result<void> PlistUserDefaults::catchUp()
 {
     if (!m_file.hasChanged())
@@ -213,8 +213,8 @@ Result<void> PlistUserDefaults::catchUp()
     return isSafe ? Result<void>() : Failure { "the file that is there cannot be read: " + reason };
 }
 
-/// A value that no property list can hold keeps no other from being saved; in the file its
-/// key stays as it was.
+/// Saves all values that a property list can hold; the key of any other stays as it was in the
+/// file.
 Result<void> PlistUserDefaults::saveWhatCanBeWritten(std::string_view key, std::string const& reason)
 {
     KeySet writable;

@@ -12,9 +12,9 @@
 
 namespace zv {
 
-/// Settings in an XML property list of their own. Several processes may use the file at once:
-/// each writes only the keys that it set itself and keeps all others as they are. A file that
-/// cannot be read is set aside under a dated name, and said so in the log.
+/// Settings in their own XML property list. Several processes may share the file: each writes
+/// only the keys that it set itself and keeps all others. An unreadable file is set aside under a
+/// dated name, which the log reports.
 class PlistUserDefaults : public UserDefaults {
 public:
     explicit PlistUserDefaults(std::string path, std::chrono::milliseconds patience = SettingsFile::usualPatience);
@@ -52,10 +52,10 @@ private:
 
     SettingsFile m_file;
     std::optional<FileWatch> m_watch;
-    PropertyList m_stored = PropertyListDictionary(); ///< what the file holds, with what could not be written yet
+    PropertyList m_stored = PropertyListDictionary(); ///< the file's content, with values still to be written
     PropertyListDictionary m_registered;
-    KeySet m_unsaved; ///< keys set or removed here and not in the file yet
-    KeySet m_unannounced; ///< keys that others changed
+    KeySet m_unsaved; ///< keys set or removed here, and not yet in the file
+    KeySet m_unannounced; ///< keys changed by others
 };
 
 } // namespace zv

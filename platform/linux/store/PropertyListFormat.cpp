@@ -54,8 +54,8 @@ private:
     locale_t m_previous;
 };
 
-// Dates and integers above the signed range fit libplist's nodes but not its functions: those
-// cut dates to 32 bits and tell no sign. A document of one object has them exactly.
+// A document of one object stands in for libplist's functions on dates and on integers above the
+// signed range, which cut dates to 32 bits and tell no sign.
 
 using EightBytes = std::array<unsigned char, 8>;
 
@@ -75,12 +75,12 @@ std::uint64_t fromBigEndian(char const* bytes)
     return bits;
 }
 
-// Of the binary form; PropertyListScan.cpp names its source.
+// Markers of the binary form; PropertyListScan.cpp names its source.
 constexpr char dateMarker = 0x33;
 constexpr char unsignedMarker = 0x14; ///< sixteen bytes
 constexpr std::size_t headerSize = 8;
 
-/// The only object of a binary document, its marker first.
+/// The only object of a binary document, beginning with its marker.
 struct SoleObject {
     Memory<char> document;
     char const* marker() const { return document.get() + headerSize; }
@@ -217,7 +217,7 @@ private:
         Memory<void> const owner(iterator);
         plist_t element = nullptr;
         plist_array_next_item(node, iterator, &element);
-        // Each element is given back as soon as it is read, and its memory serves the next ones.
+        // Each element is freed as soon as it is read, so that the next ones reuse its memory.
         while (element && failure.empty()) {
             Node const consumed(element);
             plist_array_next_item(node, iterator, &element);
@@ -307,7 +307,7 @@ public:
     Node operator()(PropertyListDictionary const& value);
 
     std::string failure;
-    bool hasEarlyDate = false; ///< of a year with fewer than four digits
+    bool hasEarlyDate = false; ///< a date in a year with fewer than four digits
 
 private:
     static constexpr std::size_t bytesAroundAValue = 10;
@@ -390,7 +390,7 @@ std::vector<std::byte> serialized(Node const& node, PropertyListEncoding encodin
     return { bytes, bytes + length };
 }
 
-/// libplist writes the year 33 as "33", which others cannot read.
+/// Pads years to four digits: libplist writes the year 33 as "33", which others cannot read.
 std::vector<std::byte> withFourDigitYears(std::vector<std::byte> const& bytes)
 {
     static constexpr std::string_view tag = "<date>";

@@ -19,7 +19,7 @@ constexpr char const* tooManyValues = "it holds more values than the two million
 constexpr char const* tooLarge = "it is larger than the 64 MB that are allowed";
 constexpr char const* nullCharacter = "a string in it holds a null character";
 
-/// What is wrong, or null: tags are many, and strings for each would cost more than the look.
+/// An error message, or null: a string for each tag would cost more than the scan.
 using Wrong = char const*;
 
 Wrong tooDeep()
@@ -40,7 +40,7 @@ std::string_view withoutBlanks(std::string_view text)
     return text.substr(start, text.find_last_not_of(blanks) - start + 1);
 }
 
-/// The small letters at the beginning; all names that mean anything are made of these.
+/// The leading lower-case letters, which all relevant names consist of.
 std::string_view nameIn(std::string_view tag)
 {
     std::size_t length = 0;
@@ -64,7 +64,7 @@ bool isReadableInteger(std::string_view text)
     return error == std::errc() && end == text.data() + text.size() && (!isNegative || magnitude <= std::uint64_t { 1 } << 63);
 }
 
-/// "2001-01-01T00:00:00Z"; a fraction of a second may follow.
+/// Whether the text is a date such as "2001-01-01T00:00:00Z"; a fraction of a second may follow.
 bool isReadableDate(std::string_view text)
 {
     static constexpr std::string_view shape = "0000-00-00T00:00:00";
@@ -80,9 +80,9 @@ bool isReadableDate(std::string_view text)
     return fraction.empty() || (fraction[0] == '.' && std::all_of(fraction.begin() + 1, fraction.end(), isDigit));
 }
 
-/// Follows the tags only. Where the parser might read a mark-up differently, as with quotes
-/// in tags or a document type that declares entities, the document is refused: no program
-/// writes a property list so, and the depth counted here must never be too small.
+/// Scans the tags only. Mark-up that the parser might read differently, such as quotes in tags or
+/// a document type that declares entities, is refused: no program writes property lists so, and
+/// the depth counted here must never be too small.
 class XmlScanner {
 public:
     explicit XmlScanner(std::string_view text)
@@ -183,7 +183,7 @@ private:
 
     Wrong descend()
     {
-        // The plist tag is a level of its own here.
+        // The plist tag counts as a level here.
         return ++m_depth > maximumPropertyListDepth + 1 ? tooDeep() : nullptr;
     }
 
@@ -205,7 +205,7 @@ private:
 
 // Binary
 
-// The binary form, as the comment at the beginning of CFBinaryPList.c describes it
+// The binary form, described at the beginning of CFBinaryPList.c
 // (https://github.com/opensource-apple/CF): header, objects, table of offsets, trailer. The high
 // half of a marker is the object's type, the low half its length.
 constexpr std::size_t headerSize = 8;
@@ -219,7 +219,7 @@ bool isText(Content content) { return content == Content::ascii || content == Co
 
 bool isContainer(Content content) { return content == Content::array || content == Content::dictionary; }
 
-/// What an object comes to with everything below it, shared objects counted at each use.
+/// The size of an object with everything below it, shared objects counted at each use.
 struct Extent {
     enum class State : std::uint8_t { unseen, open, known };
     State state = State::unseen;
@@ -230,9 +230,9 @@ struct Extent {
 };
 
 struct Object {
-    std::uint64_t bytes = 1; ///< its own, with the marker
-    std::uint64_t references = 0; ///< how many follow; 0 for what is not a container
-    std::size_t start = 0; ///< of the content
+    std::uint64_t bytes = 1; ///< its own, including the marker
+    std::uint64_t references = 0; ///< number of references; 0 unless a container
+    std::size_t start = 0; ///< start of the content
     Content content = Content::scalar;
 };
 
@@ -368,11 +368,11 @@ private:
         std::uint16_t const height = isContainer(object->content) ? 1 : 0;
         m_extents[index] = { Extent::State::open, object->content, height, 1, object->bytes };
         m_path.push_back({ index, *object });
-        // The innermost level may be no container.
+        // The innermost level may hold a scalar.
         return m_path.size() > maximumPropertyListDepth + 1 ? Failure { tooDeepMessage() } : Result<void>();
     }
 
-    /// The parser would end a string at its first null character.
+    /// Refuses null characters in strings, where the parser would cut them.
     Result<void> checkText(Object const& object)
     {
         std::size_t const unit = object.content == Content::utf16 ? 2 : 1;

@@ -7,13 +7,13 @@
 
 namespace zv {
 
-/// A document with more values than this, each use of a shared one counted, is refused:
-/// every value costs the parser a hundred bytes.
+/// The maximum number of values in a document, each use of a shared one counted: every value
+/// costs the parser a hundred bytes.
 inline constexpr std::size_t maximumPropertyListValues = 2'000'000;
 
-/// Looks through a document before the parser sees it. The parser follows nesting with the
-/// stack, unfolds shared objects and takes unreadable numbers for zero, so what is too deep,
-/// too large when unfolded, circular or unreadable is found here. Empty when it may be parsed.
+/// Checks a document before the parser sees it. The parser follows nesting on the stack, unfolds
+/// shared objects and takes unreadable numbers for zero, so a document that is too deep, too
+/// large when unfolded, circular or unreadable is refused here. Succeeds when it may be parsed.
 [[nodiscard]] Result<void> scanXmlPropertyList(std::span<std::byte const> bytes);
 [[nodiscard]] Result<void> scanBinaryPropertyList(std::span<std::byte const> bytes);
 

@@ -27,7 +27,7 @@ bool isSameContent(struct stat const& a, struct stat const& b)
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size && isSameMoment(a.st_mtim, b.st_mtim);
 }
 
-/// "20250131-094500", as the clock on the wall has it.
+/// The local time as "20250131-094500".
 std::string dateForFileName()
 {
     auto const now = std::time(nullptr);
@@ -78,11 +78,11 @@ void SettingsFile::remember()
 
 Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::read()
 {
-    // Remembered first: should the file be replaced before it is read, it counts as changed.
+    // Remembered before reading: a file replaced in between counts as changed.
     remember();
     auto settings = readDictionary();
     if (!settings)
-        m_known = FileDescriptor(); // what was not understood stays new
+        m_known = FileDescriptor(); // an unreadable file still counts as changed
     return settings;
 }
 
@@ -123,8 +123,8 @@ Result<FileDescriptor> SettingsFile::lock() const
 
 Result<void> SettingsFile::write(std::vector<std::byte> const& bytes)
 {
-    // A link to a file kept elsewhere stays one. The temporary file has a fixed name: under
-    // the lock there is but one, and what a killed program left behind is used again.
+    // A link to a file kept elsewhere stays a link. The temporary file has a fixed name: under
+    // the lock only one exists, and a killed program's leftover is reused.
     auto const target = followingLink(m_path);
     if (auto replaced = replaceFile(target, target + ".new", bytes, privateFile); !replaced)
         return replaced;

@@ -11,34 +11,34 @@
 
 namespace zv {
 
-/// The file that holds the user's settings: one property-list dictionary. Readers always see
-/// a whole file; writers take turns by a lock file beside it.
+/// The settings file: one property-list dictionary. Readers always see a whole file; writers take
+/// turns through a lock file beside it.
 class SettingsFile {
 public:
     struct ReadFailure {
         enum class Cause { system, content };
-        Cause cause = Cause::system; ///< whether the file could not be had, or what it holds is no dictionary
+        Cause cause = Cause::system; ///< whether the system failed, or the content is no dictionary
         std::string reason;
     };
 
-    /// How long to wait for other writers: longer than a busy machine takes for the largest
-    /// menu, but a program that was stopped in the wrong moment must not stop this one.
+    /// The time to wait for other writers: longer than a busy machine takes for the largest menu,
+    /// but not endless, as a writer may have been stopped.
     static constexpr std::chrono::milliseconds usualPatience { 5000 };
 
     explicit SettingsFile(std::string path, std::chrono::milliseconds patience = usualPatience);
 
     [[nodiscard]] std::string const& path() const { return m_path; }
 
-    /// True when the file is another one than was last read or written here.
+    /// Whether the file differs from the one last read or written here.
     [[nodiscard]] bool hasChanged() const;
-    /// A missing file is an empty dictionary.
+    /// Reads the file; a missing one counts as an empty dictionary.
     [[nodiscard]] Result<PropertyListDictionary, ReadFailure> read();
 
-    /// Keeps other writers out until it is destroyed. Fails when they let it wait too long.
+    /// Keeps other writers out until the result is destroyed. Fails when they take too long.
     [[nodiscard]] Result<FileDescriptor> lock() const;
-    /// Under the lock only: the old content or the new one, whatever happens meanwhile.
+    /// Replaces the content atomically. Under the lock only.
     [[nodiscard]] Result<void> write(std::vector<std::byte> const& bytes);
-    /// Under the lock only: gives the file a dated name; returns that.
+    /// Renames the file to a dated name and returns that. Under the lock only.
     [[nodiscard]] Result<std::string> setAside();
 
 private:
@@ -47,7 +47,7 @@ private:
 
     std::string m_path;
     std::chrono::milliseconds m_patience;
-    FileDescriptor m_known; ///< held open, so that the file system cannot give its identity to another file
+    FileDescriptor m_known; ///< held open, so that its identity is not reused for another file
     struct stat m_knownStatus { };
 };
 

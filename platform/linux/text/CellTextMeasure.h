@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// Measures where there is no display: in the cells of a terminal, a cell a point.
+/// Measures text without a display, in a terminal's cells, a cell a point.
 class CellTextMeasure : public TextMeasure {
 public:
     double menuFontWidth(std::string_view text) const override;

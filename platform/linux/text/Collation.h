@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// Names are put in order as the environment's LC_COLLATE says; the root's order until then.
+/// Sets the order of names to the environment's LC_COLLATE; until then it is the root's order.
 /// Called once, before the first comparison.
 void useCollationOf(Environment const& environment);
 

@@ -18,16 +18,16 @@ constexpr std::size_t maximumGroupDepth = 200;
 // Microsoft, Rich Text Format (RTF) Specification, version 1.9.1
 constexpr double twipsPerPoint = 20;
 
-/// Where the text of a group goes.
+/// The destination of a group's text.
 enum class Destination { body, colorTable, fieldInstruction, nowhere };
 
 struct State {
     Destination destination = Destination::body;
-    RtfDocument::Run style; ///< its text is unused
+    RtfDocument::Run style; ///< only the style; its text is unused
     int unicodeSkip = 1; ///< bytes to pass over after \u
 };
 
-/// Windows-1252 for the bytes 0x80 to 0x9F, which are not Latin-1; 0 where it has nothing:
+/// Windows-1252 for the bytes 0x80 to 0x9F, which differ from Latin-1; 0 where undefined:
 /// https://www.unicode.org/Public/MAPPINGS/VENDORS/MICSFT/WINDOWS/CP1252.TXT
 constexpr std::array<char32_t, 32> windows1252 { 0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0, 0x017D,
     0, 0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178 };
@@ -88,7 +88,7 @@ private:
             takeLink();
     }
 
-    /// HYPERLINK "https://…" in the instruction makes the field's result a link.
+    /// Makes the field's result a link if its instruction is HYPERLINK "https://…".
     void takeLink()
     {
         auto const open = m_instruction.find('"');
@@ -109,7 +109,7 @@ private:
         if (c == '\'')
             return readHexByte();
         if (c == '*')
-            m_state.destination = Destination::nowhere; // a word that we know may take it back
+            m_state.destination = Destination::nowhere; // a known destination may replace it
         else if (c == '~')
             emit(0xA0);
         else if (c == '_')
@@ -188,7 +188,7 @@ private:
         return false;
     }
 
-    /// \u takes a signed 16-bit unit; characters above U+FFFF come as two.
+    /// Takes a signed 16-bit unit from \u; characters above U+FFFF come as two.
     void emitUnicode(int number)
     {
         auto const unit = static_cast<char32_t>(number < 0 ? number + 65536 : number);
@@ -238,7 +238,7 @@ private:
         else if (word == "ulnone")
             style.underline = false;
         else if (word == "fs" && number > 0)
-            style.size = number / 2.0; // half points
+            style.size = number / 2.0; // the number is in half points
         else if (word == "cf")
             style.color = number >= 0 && static_cast<std::size_t>(number) < m_colors.size() ? m_colors[static_cast<std::size_t>(number)] : std::nullopt;
         else if (word == "plain")

@@ -9,8 +9,8 @@
 
 namespace zv {
 
-/// What a text in Rich Text Format says, as far as notes need it: paragraphs of runs.
-/// Fonts, pictures, tables and styles are passed over.
+/// The content of a Rich Text Format file, as far as notes need it: paragraphs of runs. Fonts,
+/// pictures, tables and styles are skipped.
 struct RtfDocument {
     struct Color {
         std::uint8_t red = 0;
@@ -23,8 +23,8 @@ struct RtfDocument {
         bool italic = false;
         bool underline = false;
         double size = 12; ///< points
-        std::optional<Color> color; ///< none: the default text colour
-        std::string link; ///< empty when it is no link
+        std::optional<Color> color; ///< the default text colour without one
+        std::string link; ///< empty for plain text
     };
     struct Paragraph {
         enum class Alignment { left, center, right };
@@ -38,8 +38,8 @@ struct RtfDocument {
     std::vector<Paragraph> paragraphs;
 };
 
-/// Nothing when the bytes do not begin as such a text does. Damage further on loses only
-/// what it damages. Any thread.
+/// Nothing when the bytes do not begin like RTF. Damage further on loses only the damaged part.
+/// Any thread.
 [[nodiscard]] std::optional<RtfDocument> readRtf(std::span<std::byte const> bytes);
 
 } // namespace zv

@@ -37,7 +37,7 @@ int32_t length32(std::string_view text) { return static_cast<int32_t>(text.size(
 
 icu::StringPiece piece(std::string_view text) { return { text.data(), length32(text) }; }
 
-/// The code point at `offset`, which moves behind it; negative where the bytes are not UTF-8.
+/// Returns the code point at `offset` and moves behind it; negative where the bytes are not UTF-8.
 UChar32 nextCodePoint(std::string_view text, int32_t& offset)
 {
     auto const* bytes = reinterpret_cast<uint8_t const*>(text.data());
@@ -47,7 +47,7 @@ UChar32 nextCodePoint(std::string_view text, int32_t& offset)
     return codePoint;
 }
 
-/// The code point before `offset`, which moves to its start.
+/// Returns the code point before `offset` and moves to its start.
 UChar32 previousCodePoint(std::string_view text, int32_t& offset)
 {
     auto const* bytes = reinterpret_cast<uint8_t const*>(text.data());
@@ -71,8 +71,8 @@ icu::BreakIterator& threadsBreakIterator()
     return *iterator; // NOLINT(clang-analyzer-cplusplus.NewDelete): it lives as long as the thread
 }
 
-/// Walks from character to character. Between two ASCII bytes there is always a boundary
-/// (but within CR LF), so ICU is asked only from the first other byte on.
+/// Moves from character to character. Between two ASCII bytes is always a boundary (except within
+/// CR LF), so ICU is asked only from the first other byte on.
 class GraphemeCursor {
 public:
     explicit GraphemeCursor(std::string_view text)
@@ -138,7 +138,7 @@ char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('
 
 char asciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
 
-/// Marks that searching ignores. What changes the letter itself stays: nukta, kana voicing, virama.
+/// Marks that searching ignores. Marks that change the letter itself stay: nukta, kana voicing, virama.
 bool isAccent(UChar32 codePoint)
 {
     auto const combiningClass = u_getCombiningClass(codePoint);
@@ -160,7 +160,7 @@ icu::UnicodeString withoutAccents(icu::UnicodeString const& text)
 
 std::string collationLocaleName; // NOLINT: set once, before the first comparison
 
-/// The plain C locale sorts by byte, which no file manager does: it gets the root's order.
+/// The locale for sorting; the plain C locale, which sorts by byte, is replaced by the root's order.
 icu::Locale collationLocale()
 {
     auto const language = collationLocaleName.substr(0, collationLocaleName.find_first_of(".@"));
@@ -226,7 +226,7 @@ private:
     int32_t m_length = 0;
 };
 
-/// The terminating zero says nothing: a key that ends earlier is already the smaller one.
+/// The length of a sort key without its terminating zero: a key that ends earlier is smaller anyway.
 std::size_t withoutZero(int32_t length) { return static_cast<std::size_t>(std::max(length, 1) - 1); }
 
 void appendLongSortKey(std::string& block, Utf16 const& text, int32_t length)

@@ -13,7 +13,7 @@ BusListener::BusListener(QDBusConnection bus, QString const& service, QString co
 
 void BusListener::receive(QDBusMessage const& message)
 {
-    auto const heard = m_heard; // which may end this listener
+    auto const heard = m_heard; // a copy, as the call may destroy this listener
     heard(message);
 }
 

@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// Hears one signal of the bus for as long as it lives.
+/// Receives one signal of the bus during its life.
 class BusListener : public QObject {
     Q_OBJECT
 public:

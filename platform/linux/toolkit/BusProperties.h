@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// Answers org.freedesktop.DBus.Properties for an object of one interface. False when the
+/// Answers org.freedesktop.DBus.Properties for an object with one interface. False when the
 /// message is for another interface.
 bool answerProperties(QDBusMessage const& message, QDBusConnection const& bus, QString const& interface, QVariantMap const& properties);
 

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// A structure of these members, in their order.
+/// Writes a structure with these members, in their order.
 template <class... Members> QDBusArgument& writeStructure(QDBusArgument& argument, Members const&... members)
 {
     argument.beginStructure();

@@ -39,7 +39,7 @@ QPalette darkPalette()
     return palette;
 }
 
-/// Variants may be wrapped once more, depending on the portal's age.
+/// Removes nested variants, which older portals wrap once more.
 QVariant unwrapped(QVariant value)
 {
     while (value.canConvert<QDBusVariant>())

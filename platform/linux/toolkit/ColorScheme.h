@@ -8,12 +8,12 @@
 
 namespace zv {
 
-/// Follows the desktop's preference for dark or light, which this toolkit does not know.
-/// A style that brings its own colours is left alone.
+/// Follows the desktop's preference for dark or light, which this toolkit does not know. A style
+/// with its own colours is left alone.
 class ColorScheme : public QObject {
     Q_OBJECT
 public:
-    /// Asks without waiting; the colours change when the answer comes.
+    /// Asks without waiting; the colours change when the answer arrives.
     explicit ColorScheme(QDBusConnection bus);
 
 private:

@@ -6,8 +6,7 @@
 
 namespace zv {
 
-/// The application object that listening to a bus or to an X server takes, for commands,
-/// which have none.
+/// The application object that commands need to listen to a bus or to an X server.
 class CommandApplication {
 public:
     CommandApplication()

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// What bug reports want to know of this desktop, a line each, without personal paths.
+/// Facts about this desktop for bug reports, a line each, without personal paths.
 [[nodiscard]] std::string desktopDiagnostics(Environment const& environment, bool hasTray);
 
 } // namespace zv

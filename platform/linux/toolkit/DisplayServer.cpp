@@ -30,7 +30,7 @@ bool answers(std::string_view platform, Environment const& environment)
 {
     if (platform.starts_with("xcb"))
         return doesXAnswer(environment);
-    // The toolkit would end the program if it found nobody there.
+    // The toolkit would end the program if no server answered.
     return !platform.starts_with("wayland") || (hasWaylandPlugin() && doesWaylandAnswer(environment));
 }
 
@@ -58,7 +58,7 @@ bool hasWaylandPlugin()
 
 bool doesWaylandAnswer(Environment const& environment)
 {
-    if (!valueOf(environment, "WAYLAND_SOCKET").empty()) // an open connection, handed down
+    if (!valueOf(environment, "WAYLAND_SOCKET").empty()) // an inherited open connection
         return true;
     auto const display = valueOf(environment, "WAYLAND_DISPLAY");
     auto const path = display.starts_with('/') ? display : valueOf(environment, "XDG_RUNTIME_DIR") + "/" + display;

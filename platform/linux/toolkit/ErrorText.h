@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// A toolkit's sentence as a reason within one of ours: without its final stop.
+/// A toolkit's sentence for use as a reason within one of ours: without its final stop.
 inline std::string reasonFrom(QString const& sentence)
 {
     auto text = sentence.toStdString();

@@ -6,16 +6,16 @@
 
 namespace zv {
 
-/// Ctrl while choosing stands for Command, Alt or Shift while opening for Option, as does
-/// opening by a middle click. Main thread only.
+/// Modifiers for menus: Ctrl while choosing is Command, Alt or Shift while opening is Option, and
+/// so is opening by a middle click. Main thread only.
 class QtModifierKeys : public ModifierKeys {
 public:
     ModifierMask current() const override;
     ModifierMask ofCurrentEvent() const override { return m_choosingWith; }
 
-    /// While a menu is being opened by what stands for more modifiers than are held.
+    /// Modifiers that count as held while a menu opens, such as for a middle click.
     void setOpeningWith(ModifierMask extra) { m_openingWith = extra; }
-    /// While an entry is being performed: the keys held when it was chosen.
+    /// The keys that were held when the entry now being performed was chosen.
     void setChoosingWith(ModifierMask held) { m_choosingWith = held; }
 
     [[nodiscard]] static ModifierMask standInsFor(Qt::KeyboardModifiers held);

@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// The way back from detached threads, which may outlive the tasks.
+/// Delivers the results of detached threads, which may outlive the tasks.
 struct QtTasks::DetachedResults {
     std::mutex mutex;
     QtTasks* tasks;
@@ -51,7 +51,7 @@ void QtTasks::runDetached(std::function<std::function<void()>()> work)
     auto const run = [results = m_detachedResults, work = std::move(work)] { results->deliver(work()); };
     try {
         std::thread(run).detach();
-    } catch (std::system_error const&) { // no more threads to be had: then among the others
+    } catch (std::system_error const&) { // no thread left: runs in the pool
         m_userPool.start(run);
     }
 }

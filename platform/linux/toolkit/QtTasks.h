@@ -7,13 +7,13 @@
 
 namespace zv {
 
-/// Tasks on Qt's threads, and back through its event loop. Made after the
+/// Runs tasks on Qt's threads; results return through its event loop. Made after the
 /// Q(Core)Application, on the main thread.
 class QtTasks : public Tasks {
 public:
     QtTasks();
-    /// Waits for running background work, detached work apart; what either hands to the main
-    /// thread from now on is dropped.
+    /// Waits for running background work, except detached work; later results for the main thread
+    /// are dropped.
     ~QtTasks() override;
 
     void runInBackground(TaskPriority priority, std::function<void()> work) override;

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// Measures in the font that our menus are drawn in. Needs the QApplication.
+/// Measures in the menus' font. Needs the QApplication.
 class QtTextMeasure : public TextMeasure {
 public:
     double menuFontWidth(std::string_view text) const override;

@@ -17,7 +17,7 @@ public:
         m_timer->setTimerType(Qt::PreciseTimer);
         m_timer->setSingleShot(isSingleShot);
         QObject::connect(m_timer, &QTimer::timeout, m_timer, [fire = std::move(fire)] {
-            auto const running = fire; // outlives the timer that it may destroy
+            auto const running = fire; // a copy, which outlives the timer that it may destroy
             running();
         });
         m_timer->start(interval);

@@ -6,8 +6,8 @@
 
 namespace zv {
 
-/// The toolkit's connection to the session's bus. It leads nowhere where no bus is known: the
-/// toolkit would start a bus of its own, which nobody else is on.
+/// The toolkit's connection to the session bus. It is disconnected where no bus is known: the
+/// toolkit would otherwise start a bus of its own.
 [[nodiscard]] inline QDBusConnection sessionBus(BusAddresses const& buses)
 {
     return buses.session.empty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::sessionBus();

@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into an orderly end. One at a time.
+/// Turns SIGTERM, SIGINT and SIGHUP into an orderly end. Only one instance at a time.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> onSignal);
@@ -19,7 +19,7 @@ public:
 
 private:
     FileDescriptor m_readingEnd, m_writingEnd;
-    std::unique_ptr<QSocketNotifier> m_notifier; ///< gone before its descriptor is closed
+    std::unique_ptr<QSocketNotifier> m_notifier; ///< destroyed before its descriptor is closed
 };
 
 } // namespace zv

@@ -11,8 +11,8 @@ namespace {
 
 QString interfaceName() { return QStringLiteral("com.canonical.dbusmenu"); }
 
-/// The interface, its properties and what they are by default: libdbusmenu-glib/dbus-menu.xml
-/// of https://github.com/AyatanaIndicators/libdbusmenu.
+/// The interface with its properties and defaults: libdbusmenu-glib/dbus-menu.xml of
+/// https://github.com/AyatanaIndicators/libdbusmenu.
 constexpr char const* introspection = R"xml(
 <interface name="com.canonical.dbusmenu">
   <property name="Version" type="u" access="read"/>

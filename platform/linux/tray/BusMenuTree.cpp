@@ -10,7 +10,7 @@ namespace zv {
 
 namespace {
 
-/// On the bus an underscore marks the letter that follows it, and two stand for one.
+/// The title with "_" doubled: on the bus one underscore marks a mnemonic.
 QString busLabel(std::string const& title) { return QString::fromStdString(title).replace(u'_', QLatin1String("__")); }
 
 QByteArray pngOf(QIcon const& icon)
@@ -32,7 +32,7 @@ void addIcon(QVariantMap& properties, ImageRef const& image)
         properties.insert(QStringLiteral("icon-data"), pngOf(icon));
 }
 
-/// A disabled entry with a tool tip: menus on the bus have no tool tips.
+/// Whether it is a disabled entry with a tool tip, which menus on the bus lack.
 bool explainsItself(MenuEntry const& entry) { return !entry.enabled && !entry.submenu && !entry.toolTip.empty(); }
 
 QVariantMap propertiesOf(MenuEntry const& entry, bool hasSubmenu)
@@ -92,7 +92,7 @@ bool BusMenuTree::aboutToShow(int id)
     auto const* node = find(id);
     if (!node || !node->menu || (id != rootID && node->menu->delegate.expired()))
         return false;
-    auto const menu = node->menu; // what fills it may change the tree
+    auto const menu = node->menu; // a copy, as filling the menu may change the tree
     m_replaced.clear();
     menu->needsUpdate();
     mirror(id);

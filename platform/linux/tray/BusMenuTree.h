@@ -10,9 +10,9 @@
 
 namespace zv {
 
-/// A Menu as a menu on the bus sees it: entries by number, submenus filled only when they
-/// are about to show. Numbers are never used again, so that a click on what is gone finds
-/// nothing wrong. Main thread only.
+/// A Menu in the form of menus on the bus: entries by number, submenus filled only when they are
+/// about to show. Numbers are never reused, so that a click on a removed entry hits no other one.
+/// Main thread only.
 class BusMenuTree {
 public:
     static constexpr int rootID = 0;
@@ -22,25 +22,25 @@ public:
     BusMenuTree(BusMenuTree const&) = delete;
     BusMenuTree& operator=(BusMenuTree const&) = delete;
 
-    /// Fills the submenu (the root is one) that is about to show. False when nothing changed.
+    /// Fills the submenu, or the root, that is about to show. False when nothing changed.
     bool aboutToShow(int id);
     void closed(int id);
     [[nodiscard]] bool contains(int id) const { return find(id) != nullptr; }
-    /// What choosing the entry does; null for nothing.
+    /// The entry's action; null for none.
     [[nodiscard]] std::shared_ptr<MenuActionTarget> target(int id) const;
 
-    /// `depth` levels below the entry, all of them when negative; `names` of the properties
-    /// wanted, all when empty. Fills the root when it never was, as no menu is ever empty.
+    /// The entry with `depth` levels below it, all when negative; `names` selects properties, all
+    /// when empty. Fills the root first if it never was, as no menu is ever empty.
     [[nodiscard]] BusMenuLayout layout(int id, int depth, QStringList const& names);
     [[nodiscard]] QVariantMap properties(int id, QStringList const& names) const;
 
-    /// Called when a submenu changed later than it was opened.
+    /// Called when a submenu changes after it was opened.
     std::function<void(int)> onChanged;
 
 private:
     struct Node {
         MenuEntry entry;
-        std::shared_ptr<Menu> menu; ///< of a submenu and of the root
+        std::shared_ptr<Menu> menu; ///< set for a submenu and the root
         std::vector<int> children {};
     };
 
@@ -52,7 +52,7 @@ private:
     void follow(int id);
 
     std::unordered_map<int, Node> m_nodes;
-    std::unordered_map<int, Node> m_replaced; ///< what the last change took away: a host may still show it
+    std::unordered_map<int, Node> m_replaced; ///< entries removed by the last change: a host may still show them
     int m_nextID = 1;
     bool m_isFilled = false;
 };

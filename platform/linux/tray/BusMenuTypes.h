@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// (ia{sv}av): an entry of a menu on the bus, with those below it.
+/// (ia{sv}av): an entry of a menu on the bus, with its children.
 struct BusMenuLayout {
     int id = 0;
     QVariantMap properties;
@@ -35,7 +35,7 @@ QDBusArgument const& operator>>(QDBusArgument const& argument, BusMenuProperties
 QDBusArgument& operator<<(QDBusArgument& argument, BusMenuEvent const& event);
 QDBusArgument const& operator>>(QDBusArgument const& argument, BusMenuEvent& event);
 
-/// Once, before the first of them is sent.
+/// Called once, before the first value is sent.
 void registerBusMenuTypes();
 
 } // namespace zv

@@ -10,13 +10,12 @@
 
 namespace zv {
 
-/// The status icons of the session's panel. Without a session bus an item is kept, but
-/// shown by nobody.
+/// The status icons in the session's panel. Without a session bus an item is kept, but not shown.
 class StatusNotifierBar : public StatusBar {
 public:
     StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer);
     std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override;
-    /// Where an icon was clicked last.
+    /// The place where an icon was last clicked.
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
 
 private:

@@ -14,7 +14,7 @@ namespace zv {
 namespace {
 
 /// The item and its watcher: https://specifications.freedesktop.org/status-notifier-item-spec,
-/// under the names that KDE gave them, which all panels know.
+/// under KDE's names, which all panels know.
 QString interfaceName() { return QStringLiteral("org.kde.StatusNotifierItem"); }
 
 QString itemPath() { return QStringLiteral("/StatusNotifierItem"); }
@@ -23,15 +23,15 @@ QString menuPath() { return QStringLiteral("/StatusNotifierItem/Menu"); }
 
 QString watcherName() { return QStringLiteral("org.kde.StatusNotifierWatcher"); }
 
-/// One name an item ever shown: giving it back is what takes the icon away.
+/// A new name for each showing, as releasing the name removes the icon.
 QString nextBusName()
 {
     static int count = 0;
     return QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
 }
 
-/// As "StatusNotifierItem" there; IconAccessibleDesc comes from src/notification-item.xml of
-/// https://github.com/AyatanaIndicators/libayatana-appindicator.
+/// The interface "StatusNotifierItem" there; IconAccessibleDesc comes from
+/// src/notification-item.xml of https://github.com/AyatanaIndicators/libayatana-appindicator.
 constexpr char const* introspection = R"xml(
 <interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>
@@ -86,7 +86,7 @@ StatusNotifierItem::~StatusNotifierItem()
     m_bus.unregisterObject(itemPath());
 }
 
-/// Where there is no watcher the call fails, which is all right: it is made again when one comes.
+/// Registers the item; without a watcher the call fails, and is repeated when one appears.
 void StatusNotifierItem::registerWithWatcher()
 {
     auto call
@@ -132,7 +132,7 @@ bool StatusNotifierItem::handleMessage(QDBusMessage const& message, QDBusConnect
     return isKnown && (!message.isReplyRequired() || connection.send(message.createReply()));
 }
 
-/// Opens our own menu; a middle click stands for Option. Some panels do not say where.
+/// Opens our own menu; a middle click stands for Option. Some panels send no position.
 bool StatusNotifierItem::open(QDBusMessage const& message)
 {
     auto const member = message.member();
@@ -144,7 +144,7 @@ bool StatusNotifierItem::open(QDBusMessage const& message)
     auto const pixel = said.isNull() ? QCursor::pos() : said;
     if (onClicked)
         onClicked(pixel);
-    // After the answer: a panel may wait for it while it still holds the pointer.
+    // Later than the answer: a panel may wait for it while it still holds the pointer.
     QMetaObject::invokeMethod(
         this, [this, pixel, isSecondary] { m_presenter.open(m_menu, pixel, isSecondary ? ModifierMask::option : ModifierMask::none); }, Qt::QueuedConnection);
     return true;

@@ -13,8 +13,8 @@
 
 namespace zv {
 
-/// Our icon in the panels that follow the StatusNotifier convention. It registers as soon
-/// as there is somebody to register with, and again whenever that one comes back.
+/// Our icon in panels that follow the StatusNotifier convention. It registers as soon as there is
+/// a watcher, and again whenever the watcher returns.
 class StatusNotifierItem : public QDBusVirtualObject, public StatusItem {
     Q_OBJECT
 public:
@@ -24,7 +24,7 @@ public:
     QString introspect(QString const& path) const override;
     bool handleMessage(QDBusMessage const& message, QDBusConnection const& connection) override;
 
-    /// Told where the icon was clicked, in pixels.
+    /// Called with the position of a click on the icon, in pixels.
     std::function<void(QPoint)> onClicked;
 
 private:

@@ -80,8 +80,8 @@ std::string* fieldFor(QStringView name, AppcastItem& item)
     return nullptr;
 }
 
-/// The text of this element and of all within it. QXmlStreamReader::readElementText() calls
-/// itself at each level, and a feed may be nested deeper than any stack.
+/// The text of this element and its descendants. QXmlStreamReader::readElementText() recurses at
+/// each level, and a feed may be nested deeper than any stack.
 QString textWithin(QXmlStreamReader& xml)
 {
     QString text;

@@ -25,10 +25,10 @@ bool isAllowed(QUrl const& address, DownloadSchemes schemes)
     return isLocal && schemes == DownloadSchemes::localToo;
 }
 
-/// One request, from its start to the one call of `done`. Lives as long as its Download.
+/// A request, from its start to the one call of `done`. Lives as long as its Download.
 class Transfer : public QObject {
 public:
-    using Sink = std::function<bool(QByteArray const&)>; ///< false when the bytes could not be kept
+    using Sink = std::function<bool(QByteArray const&)>; ///< false when writing the bytes fails
     using Done = std::function<void(Result<void> const&)>;
 
     Transfer(QNetworkAccessManager& network, QUrl const& address, DownloadLimits const& limits, DownloadSchemes schemes, Sink sink, Done done)
@@ -43,7 +43,7 @@ public:
         QNetworkRequest request(address);
         request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
         request.setMaximumRedirectsAllowed(mostRedirects);
-        // No cookies, no stored credentials, no version, no language: one user's request looks like another's.
+        // Requests carry no cookies, credentials, version or language: one user's look like another's.
         request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
         request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
         request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
@@ -107,7 +107,7 @@ private:
         return reasonFrom(reply.errorString());
     }
 
-    /// The callback may destroy this object: nothing of it is touched afterwards.
+    /// Calls `done`, which may destroy this object: nothing of it is touched afterwards.
     void finish(Result<void> const& outcome)
     {
         m_silence.stop();
@@ -121,13 +121,13 @@ private:
     DownloadLimits m_limits;
     Sink m_sink;
     Done m_done;
-    QPointer<QNetworkReply> m_reply; ///< the network manager, too, may take it away
+    QPointer<QNetworkReply> m_reply; ///< the network manager may delete it too
     QTimer m_silence;
     QTimer m_total;
     std::uint64_t m_received = 0;
 };
 
-/// The transfer is deleted in a later turn, so that its own callback may drop the download.
+/// Deletes the transfer in a later turn, so that its own callback may drop the download.
 class QtDownload : public Download {
 public:
     explicit QtDownload(Transfer* transfer)
@@ -159,7 +159,7 @@ std::string fileNameFor(Url const& address)
 
 constexpr char const* folderPrefix = "update-";
 
-/// A newer download takes the place of those that were handed over before.
+/// Removes earlier downloads, which a newer one replaces.
 void removeEarlierDownloads(std::string const& folder)
 {
     std::error_code ignored;

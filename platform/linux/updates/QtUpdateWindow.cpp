@@ -29,7 +29,7 @@ public:
 
         auto bold = font();
         bold.setBold(true);
-        // A feed's words are never markup.
+        // Feed texts are never markup.
         m_title.setTextFormat(Qt::PlainText);
         m_message.setTextFormat(Qt::PlainText);
         m_title.setFont(bold);
@@ -75,7 +75,7 @@ private:
             m_progress.setValue(static_cast<int>(*fraction * 1000));
     }
 
-    /// Only when they differ: a page that only moves its bar keeps the focus where it is.
+    /// Replaces the buttons only when they differ: an update of the progress bar keeps the focus.
     void setButtons(std::vector<std::string> const& titles)
     {
         if (titles == m_titles)
@@ -91,7 +91,7 @@ private:
 
     void press(std::size_t button)
     {
-        auto const told = m_owner.onButton; // may close this window
+        auto const told = m_owner.onButton; // a copy, as the call may close this window
         if (told)
             told(button);
     }

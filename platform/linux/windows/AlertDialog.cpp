@@ -21,7 +21,7 @@ constexpr int longestText = 320;
 
 QString textOf(std::string const& text) { return QString::fromStdString(text); }
 
-/// Plain text that the user can select, as wide as the column and as high as it needs.
+/// A label with selectable plain text, as wide as the column and as high as it needs.
 QLabel* makeLabel(QString const& text)
 {
     auto* const label = new QLabel(text);
@@ -33,7 +33,7 @@ QLabel* makeLabel(QString const& text)
     return label;
 }
 
-/// Screen readers are told that this is an alert, and read its message as its name.
+/// The accessible object of an alert, with the message as its name.
 QAccessibleInterface* accessibleAlert(QString const&, QObject* object)
 {
     auto* const dialog = qobject_cast<AlertDialog*>(object);
@@ -117,7 +117,7 @@ void AlertDialog::addButtons(QVBoxLayout& column, Alert const& alert)
     column.addLayout(row);
 }
 
-/// Escape, and the window's own close button.
+/// Called for Escape, and for the window's close button.
 void AlertDialog::reject()
 {
     m_chosen = m_escapeButton;

@@ -10,7 +10,7 @@ class QVBoxLayout;
 
 namespace zv {
 
-/// One alert on the screen: its picture, its message in bold, the rest below, the buttons in
+/// An alert on the screen: its picture, its message in bold, the details below, the buttons in
 /// their order. A long text scrolls.
 class AlertDialog : public QDialog {
     Q_OBJECT

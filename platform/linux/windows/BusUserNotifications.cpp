@@ -30,7 +30,7 @@ void BusUserNotifications::requestAuthorization(std::function<void(bool)> done)
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
         watcher->deleteLater();
         QDBusPendingReply<QStringList> const capabilities = *watcher;
-        // A notification that cannot be clicked would promise what it does not keep.
+        // Notifications must support actions, or a click would do nothing.
         done(!capabilities.isError() && capabilities.value().contains(QStringLiteral("actions")));
     });
 }

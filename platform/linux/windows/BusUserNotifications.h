@@ -8,8 +8,8 @@
 
 namespace zv {
 
-/// Notifications through org.freedesktop.Notifications. There is no permission to ask for
-/// there: it is granted when a service answers that lets notifications be clicked.
+/// Notifications through org.freedesktop.Notifications, which has no permission to ask for: it
+/// counts as granted when the service supports clicks on notifications.
 class BusUserNotifications : public QObject, public UserNotifications {
     Q_OBJECT
 public:
@@ -27,7 +27,7 @@ private:
     void send(QString const& identifier, NotificationRequest const& request);
 
     QDBusConnection m_connection;
-    QHash<QString, uint> m_delivered; ///< identifier to the service's number
+    QHash<QString, uint> m_delivered; ///< the service's numbers by identifier
 };
 
 } // namespace zv

@@ -20,9 +20,9 @@ bool isOrdinaryWindow(QWidget const& widget)
 
 bool changesWindows(QEvent::Type type) { return type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange || type == QEvent::Close; }
 
-/// The toolkit closes menus when the program stops being the active one. It learns of that a
-/// while after a menu gave the keyboard back, when the next menu may just have opened. An open
-/// menu has the keyboard for itself, so there is nothing to close it for.
+/// Whether a menu is open, which the toolkit must not close. It closes menus when the program
+/// becomes inactive, but learns of that late after a menu gave the keyboard back, when the next
+/// menu may just have opened. An open menu holds the keyboard, so there is no reason to close it.
 bool isMenuOpen() { return qobject_cast<MenuWindow const*>(QApplication::activePopupWidget()); }
 
 } // namespace
@@ -37,7 +37,8 @@ LinuxApplication::LinuxApplication(int& count, char** arguments)
     setWindowIcon(laurelApplicationIcon());
     setStyle(new MenuStyle);
     setLayoutDirection(QLocale::system().textDirection());
-    // What starts at login is chosen in the settings alone: started by its session too, it would be a second start, which opens them.
+    // The session must not restart the program: only the settings choose what starts at login,
+    // and a second start would open them.
     connect(this, &QGuiApplication::saveStateRequest, this, [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); });
 }
 
@@ -54,13 +55,13 @@ void LinuxApplication::activate()
 void LinuxApplication::terminate()
 {
     m_isTerminating = true;
-    // Not quit(): that one asks the open windows, and none of ours has anything to keep.
+    // Not quit(), which asks the open windows: none of ours has anything to keep.
     exit(0);
 }
 
 bool LinuxApplication::isActive() const
 {
-    // The toolkit's own state stays active when our last window closes and nobody else's takes over.
+    // The toolkit's own state stays active when our last window closes and no other program's takes over.
     auto const* window = activeWindow();
     return window && window->isVisible();
 }
@@ -78,7 +79,7 @@ std::vector<WindowState> LinuxApplication::windows() const
 
 bool LinuxApplication::event(QEvent* event)
 {
-    // The session ends. The toolkit would ask the windows first, and before the loop runs forget about it.
+    // The session ends: the toolkit would ask the windows first, and ignore it before the loop runs.
     if (event->type() == QEvent::Quit) {
         terminate();
         return true;
@@ -88,7 +89,7 @@ bool LinuxApplication::event(QEvent* event)
 
 bool LinuxApplication::notify(QObject* receiver, QEvent* event)
 {
-    auto const type = event->type(); // the event may be gone afterwards
+    auto const type = event->type(); // the event may be destroyed by the call
     if (type == QEvent::ApplicationDeactivate && isMenuOpen())
         return true;
     auto const* widget = changesWindows(type) && receiver->isWidgetType() ? static_cast<QWidget const*>(receiver) : nullptr;

@@ -6,12 +6,12 @@
 
 namespace zv {
 
-/// This program among the others: an application of the toolkit that goes on without
-/// windows. The desktop has no Dock icon to show or hide, so the policy is only kept.
+/// This program as an application of the toolkit that goes on without windows. The desktop has no
+/// Dock icon to show or hide, so the policy is only stored.
 class LinuxApplication : public QApplication, public Application {
     Q_OBJECT
 public:
-    /// QT_QPA_PLATFORM names the display server by now; `count` and `arguments` outlive it.
+    /// QT_QPA_PLATFORM must name the display server; `count` and `arguments` outlive it.
     LinuxApplication(int& count, char** arguments);
 
     void activate() override;

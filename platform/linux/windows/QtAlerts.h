@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// Alerts as dialogs of ours, above everything.
+/// Alerts as dialogs of ours, above all windows.
 class QtAlerts : public Alerts {
 public:
     std::size_t run(Alert const& alert) override;

@@ -15,7 +15,7 @@ QString menusOrAll(FilePanelQuestion const& question)
     return QStringLiteral("%1 (*.plist);;%2 (*)").arg(QString::fromStdString(question.documents), QString::fromStdString(question.allFiles));
 }
 
-/// A link is what the user chose, not what it leads to.
+/// Links are chosen themselves, not their targets.
 QFileDialog::Options const options = QFileDialog::DontResolveSymlinks;
 
 } // namespace

@@ -20,8 +20,8 @@ namespace zv {
 
 namespace {
 
-/// The document's colours are made for white paper. On a dark background each keeps its
-/// hue and takes the lightness that stands out as much there.
+/// Adapts a document's colour, made for white paper. On a dark background it keeps its hue and
+/// takes the lightness of equal contrast.
 QColor adapted(RtfDocument::Color const& color, QPalette const& palette)
 {
     QColor const given(color.red, color.green, color.blue);
@@ -34,7 +34,7 @@ QColor adapted(RtfDocument::Color const& color, QPalette const& palette)
 QTextCharFormat characterFormat(RtfDocument::Run const& run, QPalette const& palette)
 {
     QTextCharFormat format;
-    format.setFontPointSize(run.size * 0.75); // the text's points are of 1/72 inch on a screen of 96
+    format.setFontPointSize(run.size * 0.75); // the text counts 72 points an inch, the screen 96
     format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(run.italic);
     format.setFontUnderline(run.underline || !run.link.empty());
@@ -95,7 +95,7 @@ private:
     RtfDocument m_document;
 };
 
-/// Writes the text anew when the desktop changes between light and dark.
+/// Shows a text, and formats it again when the desktop changes between light and dark.
 class NotesView : public QTextBrowser {
 public:
     NotesView(std::shared_ptr<RichText> const& text, NotesWindowLayout const& layout)
@@ -123,7 +123,7 @@ private:
         document()->clear();
         if (m_text)
             m_text->write(*document());
-        document()->setDocumentMargin(m_inset); // within what scrolls, so that the scroller reaches the window's edges
+        document()->setDocumentMargin(m_inset); // the margin scrolls with the text, so that the scroll bar reaches the window's edges
         moveCursor(QTextCursor::Start);
     }
 

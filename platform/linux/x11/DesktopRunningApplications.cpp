@@ -19,7 +19,7 @@ namespace {
 
 constexpr int unitListTimeout = 2000;
 
-/// The names of an answer of type a(ssssssouso); what is of another type has none.
+/// The unit names in an answer of type a(ssssssouso); empty for other types.
 std::vector<std::string> unitNamesIn(QDBusMessage const& answer)
 {
     std::vector<std::string> names;
@@ -51,7 +51,7 @@ QDBusMessage unitListCall()
     return call;
 }
 
-/// The bus brings the application to the front, or starts it:
+/// Activates the application over the bus, which raises or starts it:
 /// https://specifications.freedesktop.org/desktop-entry-spec, "D-Bus Activation".
 void activateOverBus(QDBusConnection const& bus, ApplicationEntry const& entry)
 {

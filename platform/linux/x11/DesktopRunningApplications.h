@@ -14,18 +14,18 @@
 
 namespace zv {
 
-/// Running applications by their windows on X11; elsewhere by the units of the user's
-/// service manager. Main thread only.
+/// Running applications by their windows on X11; elsewhere by the units of the user's service
+/// manager. Main thread only.
 class DesktopRunningApplications : public RunningApplications {
 public:
     struct Services {
         ApplicationCatalog& catalog;
-        /// Starts the application of an entry; for one that has no window to bring to the front.
+        /// Starts the application of an entry that has no window to raise.
         std::function<void(Url const&)> launch;
         QDBusConnection sessionBus { QStringLiteral("none") };
     };
 
-    /// `windows` is nothing where the desktop is not X11. The services outlive this.
+    /// `windows` is nothing unless the desktop is X11. The services outlive this.
     DesktopRunningApplications(Services services, std::optional<X11ClientWindows> windows);
 
     void list(std::function<void(List)> done) override;
@@ -40,8 +40,8 @@ private:
     Lifetime m_lifetime;
 };
 
-/// Those of the X server that Qt uses; nothing when there is none. In a Wayland session it
-/// knows of some of the windows only.
+/// The windows of Qt's X server; nothing when there is none. In a Wayland session it knows only
+/// some of the windows.
 [[nodiscard]] std::optional<X11ClientWindows> clientWindowsOfThisDisplay();
 
 } // namespace zv

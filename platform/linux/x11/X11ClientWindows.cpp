@@ -12,8 +12,8 @@ namespace zv {
 
 namespace {
 
-/// Extended Window Manager Hints: https://specifications.freedesktop.org/wm-spec. The name of
-/// the application is GTK's own addition.
+/// Extended Window Manager Hints: https://specifications.freedesktop.org/wm-spec. The
+/// application's name is GTK's own addition.
 constexpr std::array atomNames { "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE",
     "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_PID", "_NET_WM_NAME", "_GTK_APPLICATION_ID", "UTF8_STRING" };
 constexpr std::array foreignTypeNames { "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP", "_NET_WM_WINDOW_TYPE_SPLASH", "_NET_WM_WINDOW_TYPE_MENU",
@@ -21,7 +21,7 @@ constexpr std::array foreignTypeNames { "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WIN
 
 constexpr std::uint32_t longestText = 256; // in units of four bytes
 constexpr std::uint32_t mostWindows = 4096;
-/// "Source indication in requests" there: the user asked, and the window manager obeys.
+/// The pager's "Source indication in requests" there: the user asked, and the window manager obeys.
 constexpr std::uint32_t sourceIsPager = 2;
 
 std::uint32_t firstNumber(XProperty const& property)
@@ -30,14 +30,14 @@ std::uint32_t firstNumber(XProperty const& property)
     return all.empty() ? 0 : all.front();
 }
 
-/// Programs older than the UTF-8 title have the plain one.
+/// The title; older programs have only the plain one, without UTF-8.
 std::string_view titleOf(XProperty const& title, XProperty const& oldTitle)
 {
     auto const text = bytesOf(title);
     return text.empty() ? bytesOf(oldTitle) : text;
 }
 
-/// The properties of one window that are asked for together.
+/// The properties of a window that are requested together.
 enum Asked { askedType, askedState, askedClass, askedApplicationId, askedPid, askedTitle, askedOldTitle, askedCount };
 
 } // namespace
@@ -72,7 +72,7 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
 {
     auto const windows = managedWindows();
     if (windows.empty()) {
-        // An empty list is a list; without the property nobody keeps one.
+        // An empty list counts; a missing property means that no window manager keeps one.
         XProperty const listed(
             xcb_get_property_reply(m_connection, xcb_get_property(m_connection, 0, m_root, m_atoms[clientList], XCB_ATOM_WINDOW, 0, 1), nullptr));
         return listed && listed->type == XCB_ATOM_WINDOW ? std::optional(std::vector<ClientWindow> {}) : std::nullopt;
@@ -86,7 +86,7 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
             cookies[i][j] = xcb_get_property(m_connection, 0, windows[i], properties[j], XCB_GET_PROPERTY_TYPE_ANY, 0, longestText);
     }
 
-    // The commands of the terminal are other processes of the same program.
+    // The program's path, as commands in terminals are other processes of it.
     auto const ownProgram = programOfProcess(static_cast<std::uint32_t>(getpid()));
     std::vector<ClientWindow> found;
     for (std::size_t i = 0; i < windows.size(); ++i) {

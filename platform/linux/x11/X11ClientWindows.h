@@ -16,10 +16,10 @@ public:
     /// The connection outlives this.
     X11ClientWindows(xcb_connection_t* connection, xcb_window_t root);
 
-    /// The ordinary windows of other programs than ours, the topmost last; nothing when no
-    /// window manager tells. Two round trips, however many there are.
+    /// The ordinary windows of other programs, the topmost last; nothing without a window
+    /// manager's list. Two round trips, however many windows.
     [[nodiscard]] std::optional<std::vector<ClientWindow>> list() const;
-    /// Asks the window manager to bring the window to the front, wherever it is.
+    /// Asks the window manager to raise the window, wherever it is.
     void activate(xcb_window_t window) const;
 
 private:

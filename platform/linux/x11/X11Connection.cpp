@@ -33,7 +33,7 @@ template <class Handler> X11Connection::Token subscribe(std::vector<std::weak_pt
     return token;
 }
 
-/// By a copy: handlers come and go while they run.
+/// Calls a copy of the list: handlers come and go during the calls.
 template <class Handler, class... Arguments> void call(std::vector<std::weak_ptr<Handler>> const& handlers, Arguments const&... arguments)
 {
     auto const present = handlers;
@@ -70,14 +70,14 @@ X11Connection::X11Connection(xcb_connection_t* connection, xcb_screen_t* screen)
 {
     m_notifier = new QSocketNotifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] { dispatch(From::socket); });
-    // Waiting for a reply may have read events too: the socket does not tell of those again.
+    // Waiting for a reply may have read events too, which the socket does not signal again.
     if (auto* dispatcher = QAbstractEventDispatcher::instance())
         connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { dispatch(From::queue); });
 }
 
 X11Connection::~X11Connection()
 {
-    delete m_notifier; // before its descriptor is closed
+    delete m_notifier; // destroyed before its descriptor is closed
     xcb_disconnect(m_connection);
 }
 
@@ -116,7 +116,7 @@ void X11Connection::dispatch(From source)
         stop();
 }
 
-/// The server has gone; the toolkit will say so. Until then the dead socket must not keep us awake.
+/// Stops listening to a dead server, whose socket would keep us awake; the toolkit reports the loss.
 void X11Connection::stop() { m_notifier->setEnabled(false); }
 
 xcb_get_property_cookie_t requestWords(X11Connection const& x, xcb_window_t window, XAtom property, std::uint32_t limit)

@@ -30,13 +30,13 @@ enum class XAtom {
     count,
 };
 
-/// A connection of our own to the X server of $DISPLAY: what is asked and heard over it never
-/// waits behind the toolkit's events. Main thread only.
+/// Our own connection to the X server of $DISPLAY: its requests and events never wait behind the
+/// toolkit's. Main thread only.
 class X11Connection : public QObject {
 public:
     using EventHandler = std::function<void(xcb_generic_event_t const&)>;
     using BatchHandler = std::function<void()>;
-    /// Ends the subscription when it goes.
+    /// Ends the subscription on destruction.
     using Token = std::shared_ptr<void>;
 
     /// Null without an X server.
@@ -49,14 +49,14 @@ public:
     [[nodiscard]] xcb_atom_t atom(XAtom name) const;
     void flush() const { xcb_flush(m_connection); }
 
-    /// Asks for what the root window tells: its properties, and its children coming and going.
+    /// Selects the root window's events: property changes, and children coming and going.
     void watchRoot() const;
-    /// Every event, errors left out. A handler may destroy any subscription.
+    /// Subscribes to all events, errors excluded. A handler may destroy any subscription.
     [[nodiscard]] Token onEvent(EventHandler handler);
-    /// After all events that had arrived were handled.
+    /// Called after all arrived events were handled.
     [[nodiscard]] Token afterEvents(BatchHandler handler);
 
-    /// Handles what has arrived, without waiting.
+    /// Handles arrived events, without waiting.
     void dispatch();
 
 private:
@@ -68,7 +68,7 @@ private:
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen;
-    mutable std::optional<std::array<xcb_atom_t, static_cast<std::size_t>(XAtom::count)>> m_atoms; ///< once one is needed
+    mutable std::optional<std::array<xcb_atom_t, static_cast<std::size_t>(XAtom::count)>> m_atoms; ///< interned at the first use
     std::vector<std::weak_ptr<EventHandler>> m_eventHandlers;
     std::vector<std::weak_ptr<BatchHandler>> m_batchHandlers;
     QSocketNotifier* m_notifier = nullptr;

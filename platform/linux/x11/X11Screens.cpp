@@ -59,7 +59,7 @@ void X11Screens::handle(xcb_generic_event_t const& event)
     auto const type = event.response_type & 0x7f;
     bool const isRandr = m_firstRandrEvent && (type == m_firstRandrEvent + XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == m_firstRandrEvent + XCB_RANDR_NOTIFY);
     bool const isRoot = type == XCB_CONFIGURE_NOTIFY && reinterpret_cast<xcb_configure_notify_event_t const&>(event).window == m_x.root();
-    // Monitors divided by hand are not told at all: look when a panel may have come for one.
+    // Manually divided monitors cause no event: check when a panel may have come for one.
     bool const isClientList = type == XCB_PROPERTY_NOTIFY && reinterpret_cast<xcb_property_notify_event_t const&>(event).atom == m_x.atom(XAtom::netClientList);
     m_isStale = m_isStale || isRandr || isRoot || isClientList;
 }
@@ -85,7 +85,7 @@ std::vector<XRect> X11Screens::readMonitors() const
     for (auto at = reply ? xcb_randr_get_monitors_monitors_iterator(reply.get()) : xcb_randr_monitor_info_iterator_t {}; at.rem > 0;
          xcb_randr_monitor_info_next(&at)) {
         XRect const rect { at.data->x, at.data->y, at.data->width, at.data->height };
-        // Mirrored outputs are one screen.
+        // Mirrored outputs count as one screen.
         if (std::find(monitors.begin(), monitors.end(), rect) == monitors.end())
             monitors.insert(at.data->primary ? monitors.begin() : monitors.end(), rect);
     }

@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// In the X server's pixels; the origin is the root window's top left corner.
+/// A rectangle in the X server's pixels; the origin is the root window's top left corner.
 struct XRect {
     int x = 0;
     int y = 0;
@@ -21,7 +21,7 @@ struct XRect {
     friend bool operator==(XRect const&, XRect const&) = default;
 };
 
-/// How the X server's pixels and the program's points stand to each other.
+/// Converts between the X server's pixels and the program's points.
 struct XScreenSpace {
     XRect primary;
     double scale = 1; ///< pixels a point

@@ -14,7 +14,7 @@ namespace zv {
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
 };
-/// What an xcb call returned; null after an error.
+/// The result of an xcb call; null after an error.
 template <class T> using XReply = std::unique_ptr<T, FreeReply>;
 using XProperty = XReply<xcb_get_property_reply_t>;
 
@@ -35,7 +35,7 @@ using XProperty = XReply<xcb_get_property_reply_t>;
     return { static_cast<char const*>(xcb_get_property_value(property.get())), property->value_len };
 }
 
-/// All at once: every request before the first answer.
+/// Interns all names at once: every request before the first answer.
 template <std::size_t N> [[nodiscard]] std::array<xcb_atom_t, N> internAtoms(xcb_connection_t* connection, std::array<char const*, N> const& names)
 {
     std::array<xcb_intern_atom_cookie_t, N> cookies {};
