@@ -8,20 +8,20 @@
 #include "platform/session/Session.h"
 #include "platform/time/Time.h"
 
-/// The system, named once and handed over whole: seams in groups, each group filled by name
-/// where a system's own classes are put together. Whoever needs one seam takes that seam; whoever
-/// needs several of a group takes the group. The groups hold references: what they name outlives
-/// whoever has them, and is used on the main thread, as each seam says of itself.
+/// The system, handed over whole: seams in groups, each group filled by name where a system's
+/// own classes are put together. A consumer of one seam takes that seam; a consumer of several
+/// of a group takes the group. The groups hold references to objects that outlive their holders
+/// and are used on the main thread, as each seam says of itself.
 ///
 /// A new seam: a header in the folder of its group, a class in a room of each system, a member of the group,
 /// filled in by LinuxSystem or LinuxFrontEnd and by MacSystem or MacFrontEnd, and a fake in
 /// tests/fakes, which FakeSystem fills in. The compiler names each place that is forgotten.
 namespace zv {
 
-/// Which words and habits apply.
+/// The system whose words and habits apply.
 enum class SystemKind { macOS, linuxDesktop };
 
-/// All that needs no display: the program and its commands share it.
+/// The groups that need no display: the program and its commands share them.
 struct System {
     SystemKind kind;
     Files files;
@@ -31,7 +31,7 @@ struct System {
     Places places;
 };
 
-/// What there is on a display only: the program has it, its commands have not.
+/// The groups that need a display: the program has them, its commands have not.
 struct Surface {
     Desk desk;
     Looks looks;

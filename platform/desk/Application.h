@@ -20,7 +20,7 @@ public:
     virtual ~Application() = default;
     virtual void activate() = 0;
     virtual void terminate() = 0;
-    /// terminate() was called, and returned as loops have to end first.
+    /// True after a terminate() that returned, as loops have to end first.
     [[nodiscard]] virtual bool isTerminating() const { return false; }
     [[nodiscard]] virtual bool isActive() const = 0;
     [[nodiscard]] virtual bool isHidden() const = 0;

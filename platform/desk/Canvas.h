@@ -6,7 +6,7 @@
 
 namespace zv {
 
-/// sRGB, each from 0 to 1.
+/// A colour in sRGB, each component from 0 to 1.
 struct Color {
     double red = 0;
     double green = 0;
@@ -15,14 +15,14 @@ struct Color {
     friend bool operator==(Color const&, Color const&) = default;
 };
 
-/// A shape to clip to; only the canvas that made it knows what is inside.
+/// A shape to clip to, opaque but to the canvas that made it.
 class Mask {
 public:
     virtual ~Mask() = default;
 };
 
-/// What a view draws on while it is asked to. The origin is the view's bottom left corner,
-/// y grows upwards. Main thread only.
+/// The drawing surface of a view, while the view is asked to draw. The origin is the view's
+/// bottom left corner, y grows upwards. Main thread only.
 class Canvas {
 public:
     virtual ~Canvas() = default;
@@ -33,7 +33,7 @@ public:
     virtual void restoreState() = 0;
     virtual void clipToMask(Mask const& mask, Rect const& rect) = 0;
     virtual void setFillColor(Color const& color) = 0;
-    /// With the canvas's own compositing, source over unless it says otherwise.
+    /// Fills with the canvas's own compositing, source over unless it says otherwise.
     virtual void fill(Rect const& rect) = 0;
 };
 

@@ -8,7 +8,7 @@ namespace zv {
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
-    /// Replaces what is there with plain text.
+    /// Replaces the contents with plain text.
     virtual void setText(std::string const& text) = 0;
 };
 

@@ -13,7 +13,7 @@
 
 namespace zv {
 
-/// What choosing an entry talks through; a terminal has stand-ins for it.
+/// The seams used when an entry is chosen; a terminal has stand-ins.
 struct Desk {
     Application& application;
     Alerts& alerts;
@@ -21,7 +21,7 @@ struct Desk {
     Clipboard& clipboard;
 };
 
-/// What a menu is measured and drawn with.
+/// The seams that measure and draw a menu.
 struct Looks {
     TextMeasure const& text;
     IconSource& icons;

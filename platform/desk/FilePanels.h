@@ -10,11 +10,11 @@ namespace zv {
 
 enum class FilePanelKind { filesAndFolders, folder, menuDocument };
 
-/// What is asked for, and the words to ask in.
+/// A question to the user, and its words.
 struct FilePanelQuestion {
     std::string title;
     FilePanelKind kind = FilePanelKind::filesAndFolders;
-    /// What the documents to choose from are called, and all files: panels may offer both.
+    /// The names of the documents to choose from and of all files: panels may offer both.
     std::string documents {};
     std::string allFiles {};
 };

@@ -5,11 +5,11 @@
 
 namespace zv {
 
-/// Pictures that stand for a thing, whatever file a system may keep it in.
+/// Pictures by what they stand for, in whatever file a system keeps them.
 enum class SystemIcon {
     application, ///< this program's own
     appStore,
-    computer, ///< this one, by its model where that is known
+    computer, ///< this computer, by its model where known
     dock,
     folder,
     network,
@@ -26,7 +26,7 @@ public:
     virtual ~IconSource() = default;
     /// The file's icon, or null when there is none.
     [[nodiscard]] virtual ImageRef fileIcon(Url const& file) = 0;
-    /// Null where this system has none.
+    /// The system's picture; null where it has none.
     [[nodiscard]] virtual ImageRef systemIcon(SystemIcon icon) = 0;
 };
 

@@ -5,8 +5,8 @@
 
 namespace zv {
 
-/// A menu-sized picture (16 by 16 points, at every scale). Only the front end that
-/// made it knows what is inside.
+/// A menu-sized picture (16 by 16 points, at every scale), opaque but to the front end
+/// that made it.
 class Image {
 public:
     virtual ~Image() = default;

@@ -20,14 +20,14 @@ enum class ModifierMask : std::uint32_t {
 constexpr ModifierMask& operator|=(ModifierMask& a, ModifierMask b) { return a = a | b; }
 [[nodiscard]] constexpr bool contains(ModifierMask set, ModifierMask flag) { return (static_cast<std::uint32_t>(set) & static_cast<std::uint32_t>(flag)) != 0; }
 
-/// What the keyboard holds down, in the program's terms: a front end may let other
+/// The modifier keys held down, in the program's terms: a front end may let other
 /// keys stand for these. Main thread only.
 class ModifierKeys {
 public:
     virtual ~ModifierKeys() = default;
-    /// Held now; asked when a menu is about to open.
+    /// The keys held now; asked when a menu is about to open.
     [[nodiscard]] virtual ModifierMask current() const = 0;
-    /// Held by the event that chose the entry being performed.
+    /// The keys of the event that chose the entry being performed.
     [[nodiscard]] virtual ModifierMask ofCurrentEvent() const = 0;
 };
 

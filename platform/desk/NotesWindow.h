@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// A rich text that was read, with colours that suit the current appearance. Opaque.
+/// A rich text, opaque, with colours that suit the current appearance.
 class RichText {
 public:
     virtual ~RichText() = default;
@@ -37,9 +37,9 @@ public:
 class NotesWindows {
 public:
     virtual ~NotesWindows() = default;
-    /// From a document in Rich Text Format; null when it cannot be read.
+    /// Reads a document in Rich Text Format; null when it cannot be read.
     [[nodiscard]] virtual std::shared_ptr<RichText> read(std::vector<std::byte> const& rtf) = 0;
-    /// Centred on the screen, not shown yet. `text` may be null.
+    /// Makes a window centred on the screen, not shown yet. `text` may be null.
     [[nodiscard]] virtual std::unique_ptr<NotesWindow> make(NotesWindowLayout const& layout, std::shared_ptr<RichText> const& text) = 0;
 };
 

@@ -16,7 +16,7 @@ struct AliasFailure {
 class AliasFiles {
 public:
     virtual ~AliasFiles() = default;
-    /// Makes an alias of `target`, which must exist, at `place`. Never replaces what is there.
+    /// Makes an alias of `target`, which must exist, at `place`. Never replaces a file.
     [[nodiscard]] virtual Result<void, AliasFailure> createAlias(Url const& target, Url const& place) = 0;
 };
 

@@ -10,7 +10,7 @@
 
 namespace zv {
 
-/// What one look at a path tells, links and aliases followed to their end.
+/// The kind of a file, links and aliases followed to their end.
 struct FileTraits {
     bool isDirectory = false;
     bool isPackage = false; ///< shown as one thing though it may be a folder: an application, a bundle
@@ -22,11 +22,11 @@ class FileSystem {
 public:
     virtual ~FileSystem() = default;
 
-    /// A file exists there; links are followed, so a broken link does not.
+    /// True when a file exists; links are followed, so a broken link does not.
     [[nodiscard]] virtual bool exists(Url const& url) const = 0;
-    /// The name is in use, if only by a broken link.
+    /// True when the name is in use, if only by a broken link.
     [[nodiscard]] virtual bool isTaken(Url const& url) const = 0;
-    /// Nothing when there is no such file. A broken or looping link is a plain file.
+    /// The file's kind; nothing without a file. A broken or looping link is a plain file.
     [[nodiscard]] virtual std::optional<FileTraits> traits(Url const& url) const = 0;
     /// The path with every symbolic link resolved; itself where that fails.
     [[nodiscard]] virtual Url resolvingSymlinks(Url const& url) const = 0;
@@ -36,11 +36,11 @@ public:
     [[nodiscard]] virtual std::optional<std::string> volumeName(Url const& url) const = 0;
     [[nodiscard]] virtual bool isOnReadOnlyVolume(Url const& url) const = 0;
 
-    /// Missing parents are made too; an existing folder is fine.
+    /// Makes missing parents too; an existing folder is fine.
     [[nodiscard]] virtual Result<void> createDirectory(Url const& url) = 0;
     [[nodiscard]] virtual bool isWritableDirectory(Url const& url) const = 0;
     [[nodiscard]] virtual Result<std::vector<std::byte>> read(Url const& url) const = 0;
-    /// Whole or not at all: a temporary file in the same folder, synced, then renamed.
+    /// Writes whole or not at all: a temporary file in the same folder, synced, then renamed.
     [[nodiscard]] virtual Result<void> write(Url const& url, std::vector<std::byte> const& bytes) = 0;
     /// Names in the folder, in no order, "." and ".." left out.
     [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What is stored. Shared is what work in the background holds on to.
+/// The seams of stored things. Work in the background holds on to the shared ones.
 struct Files {
     UserDefaults& defaults;
     Resources const& resources;

@@ -19,8 +19,8 @@ public:
     struct Item {
         std::string_view name; ///< the bytes of the file system; neither is ever as long as 64 KB
         std::string_view localizedName; ///< valid UTF-8; empty where the name itself is what a file manager shows
-        FileTraits traits; ///< of what a link or alias leads to; a plain file where that is nothing
-        bool isLink = true; ///< a link or alias, or not known to be none
+        FileTraits traits; ///< of the target of a link or alias; a plain file where there is none
+        bool isLink = true; ///< a link or alias, or possibly one
     };
 
     void add(Item const& item)
@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_records.size(); }
     [[nodiscard]] bool empty() const { return m_records.empty(); }
-    /// The views hold until the contents change.
+    /// The item, whose views hold until the contents change.
     [[nodiscard]] Item operator[](std::size_t index) const
     {
         auto const& record = m_records[index];
@@ -65,12 +65,12 @@ enum class FolderReadFailure { notPermitted, notFound, notAFolder, failed };
 class FolderReader {
 public:
     virtual ~FolderReader() = default;
-    /// What is never to be listed (such as application entries meant for another desktop)
-    /// is left out here. A link that leads to a remote file system is not followed: it
-    /// counts as a folder unless its name has an extension.
+    /// Files never to be listed (such as application entries meant for another desktop)
+    /// are left out here. A link to a remote file system is not followed: it counts as a
+    /// folder unless its name has an extension.
     [[nodiscard]] virtual Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const = 0;
-    /// True when looking into the folder may block: it lies on a file system that another
-    /// machine or program answers for. Found out without touching that file system.
+    /// True when looking into the folder may block: another machine or program answers for
+    /// its file system. Finds out without touching that file system.
     [[nodiscard]] virtual bool isRemote(Url const& folder) const = 0;
 };
 

@@ -10,7 +10,7 @@
 
 namespace zv {
 
-/// What ships with the program. Main thread only.
+/// The files that ship with the program. Main thread only.
 class Resources {
 public:
     virtual ~Resources() = default;

@@ -16,7 +16,7 @@ using Limits = std::numeric_limits<std::int64_t>;
 
 bool isTrueText(std::string_view text) { return text == "YES" || text == "true" || text == "1"; }
 
-/// As far as the text is a number; a number out of range becomes the nearest in range.
+/// The number at the front of the text; one out of range becomes the nearest in range.
 std::int64_t leadingInteger(std::string_view text)
 {
     auto const start = text.find_first_not_of(" \t\n\r");

@@ -13,15 +13,15 @@
 
 namespace zv {
 
-/// The user's stored settings: one property-list value a key. What is registered
-/// stands in for what is not stored, and is itself never stored. Main thread only.
+/// The user's stored settings: one property-list value a key. A registered value stands
+/// in for one that is not stored, and is itself never stored. Main thread only.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
     /// The stored value, else the registered one, else nothing.
     [[nodiscard]] virtual std::optional<PropertyList> object(std::string_view key) const = 0;
-    /// Only what is stored.
+    /// The stored value alone.
     [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
     /// Stores at once. The failure is a sentence that says why the file could not be written;
     /// the value is then kept in memory, and written with the next one. Callers log it.

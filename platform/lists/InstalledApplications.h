@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// An application of this machine, to be found in the palette.
+/// An installed application, listed in the palette.
 struct InstalledApplication {
     std::string name;
     Url file;

@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// What lists are computed from when they open.
+/// The sources from which lists are computed when they open.
 struct Lists {
     RecentFiles& recentFiles;
     RunningApplications& runningApplications;

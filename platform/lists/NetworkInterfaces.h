@@ -8,7 +8,7 @@ namespace zv {
 
 enum class AddressFamily { ipv4, ipv6 };
 
-/// One address of an interface that is up.
+/// An address of an interface that is up.
 struct InterfaceAddress {
     std::string interfaceName; ///< "en0"
     std::string displayName; ///< "Wi-Fi"; empty when nothing better than the interface is known
@@ -19,7 +19,7 @@ struct InterfaceAddress {
     bool hasDefaultRoute = false; ///< the interface through which the machine reaches the rest
 };
 
-/// This machine's own addresses; nobody is asked for them. Main thread only, callbacks too.
+/// This machine's own addresses, found without the network. Main thread only, callbacks too.
 class NetworkInterfaces {
 public:
     virtual ~NetworkInterfaces() = default;

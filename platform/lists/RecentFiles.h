@@ -22,7 +22,7 @@ struct RecentFilesQuestion {
 struct RecentFile {
     std::string path;
     bool isDirectory = false;
-    /// On a volume that may not answer: whoever uses the result must not touch it.
+    /// True on a volume that may not answer: the file must not be touched.
     bool isOnRemoteVolume = false;
 };
 
@@ -32,7 +32,7 @@ public:
     virtual ~RecentFilesSearch() = default;
 };
 
-/// The files, folders and applications that were used lately, as the system remembers them.
+/// The recently used files, folders and applications, as the system remembers them.
 /// Main thread only, callbacks too.
 class RecentFiles {
 public:

@@ -14,10 +14,10 @@ struct RecentServer {
     std::int64_t lastUsed = 0; ///< seconds since 1970; 0 when unknown
 };
 
-/// The servers that were connected to. Main thread only, callbacks too.
+/// Recently connected servers. Main thread only, callbacks too.
 class RecentServers {
 public:
-    /// Nothing when the list cannot be read. In no order, doubles and all.
+    /// The servers in no order, duplicates included; nothing when the list cannot be read.
     using List = std::optional<std::vector<RecentServer>>;
 
     virtual ~RecentServers() = default;

@@ -19,14 +19,14 @@ struct RunningApplication {
 /// thread only, callbacks too.
 class RunningApplications {
 public:
-    /// Nothing when the desktop does not tell. An application may come more than once.
+    /// The applications, perhaps repeated; nothing when the desktop does not tell.
     using List = std::optional<std::vector<RunningApplication>>;
 
     virtual ~RunningApplications() = default;
     /// Calls `done` once: before it returns, or later.
     virtual void list(std::function<void(List)> done) = 0;
-    /// Brings the application to the front; one that has ended meanwhile is started again
-    /// where that is possible.
+    /// Brings the application to the front; if it has ended meanwhile, starts it again where
+    /// possible.
     virtual void activate(std::string const& id) = 0;
 };
 

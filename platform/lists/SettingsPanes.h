@@ -13,7 +13,7 @@ struct SettingsPane {
     std::string title; ///< in the user's language
     Url url; ///< opens the pane
     Url fileURL; ///< gives its icon
-    std::string missingProgram; ///< what must be installed before it can open; else empty
+    std::string missingProgram; ///< to be installed before the pane can open; else empty
 };
 
 /// The panes of the system's settings. Main thread only, callbacks too.

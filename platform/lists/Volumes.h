@@ -9,12 +9,12 @@
 namespace zv {
 
 struct Volume {
-    Url root; ///< a file URL, or what the file manager opens for a share that has no path
+    Url root; ///< a file URL, or the file manager's URL for a share without a path
     std::string label; ///< empty when it has none
     bool isBoot = false;
 };
 
-/// The mounted volumes that a user knows of. Main thread only, callbacks too.
+/// The mounted volumes shown to a user. Main thread only, callbacks too.
 class Volumes {
 public:
     virtual ~Volumes() = default;

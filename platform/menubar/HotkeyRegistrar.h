@@ -34,23 +34,22 @@ enum class HotkeySupport {
 };
 
 /// Claims key combinations from the system, a whole pass at a time, so that no other
-/// program slips in between and what is held already costs nothing. Main thread only,
+/// program slips in between and combinations already held cost nothing. Main thread only,
 /// callbacks too.
 class HotkeyRegistrar {
 public:
     virtual ~HotkeyRegistrar() = default;
 
-    /// Puts these combinations in the place of all that are held. One answer each, in order:
-    /// false when another program or the system holds it, or when it stands earlier in the
-    /// list. Those that succeed get the ids `firstID`, `firstID` + 1, … in order; what was
-    /// pressed under an older id is no longer told under any.
+    /// Replaces all combinations held by these. One answer each, in order: false when another
+    /// program or the system holds it, or when it stands earlier in the list. The claimed ones
+    /// get the ids `firstID`, `firstID` + 1, … in order; a press under an older id is dropped.
     [[nodiscard]] virtual std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) = 0;
     virtual void releaseAll() = 0;
     [[nodiscard]] virtual HotkeySupport support() const = 0;
 
-    /// Once a press, however long the key is held. Set by its one user.
+    /// Called once a press, however long the key is held. Set by its one user.
     std::function<void(HotkeyID)> onPressed;
-    /// What is held no longer stands for what was claimed: everything should be claimed again.
+    /// Called when the combinations held differ from those claimed: claim all again.
     std::function<void()> onInvalidated;
 };
 

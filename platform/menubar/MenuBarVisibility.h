@@ -2,8 +2,8 @@
 
 namespace zv {
 
-/// Whether the active space shows its menu bar at all. A front end hands it in only where
-/// the system can tell. Main thread only.
+/// Whether the active space shows its menu bar at all. Present only where the system can
+/// tell. Main thread only.
 class MenuBarVisibility {
 public:
     virtual ~MenuBarVisibility() = default;

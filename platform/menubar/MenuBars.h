@@ -14,7 +14,7 @@ using MenuBarID = std::uint32_t;
 /// A menu bar, or the panel that stands for one, in screen coordinates.
 struct MenuBar {
     Rect frame;
-    std::optional<MenuBarID> id; ///< absent for one that frame() cannot be asked about
+    std::optional<MenuBarID> id; ///< absent where frame() cannot tell
     friend bool operator==(MenuBar const&, MenuBar const&) = default;
 };
 
@@ -23,9 +23,9 @@ class MenuBars {
 public:
     virtual ~MenuBars() = default;
 
-    /// Those on screen, in the system's order. Looks through all windows: this may be slow.
+    /// The menu bars on screen, in the system's order. Looks through all windows: may be slow.
     [[nodiscard]] virtual std::vector<MenuBar> onScreen() const = 0;
-    /// Looks at this one alone; nothing while it is hidden, and when it has gone.
+    /// The frame of this menu bar alone; nothing while it is hidden, and when it has gone.
     [[nodiscard]] virtual std::optional<Rect> frame(MenuBarID id) const = 0;
 
     /// Called when a menu bar may have moved, appeared or gone, on systems that tell;

@@ -13,8 +13,8 @@ class MenuHost {
 public:
     virtual ~MenuHost() = default;
     /// Asks the menu to fill itself, then pops it up with its top left corner at the point,
-    /// moved as far as it must be to stay on the screen that holds the point. Whether it
-    /// returns before the menu has closed is the front end's business.
+    /// moved as far as needed to stay on the screen that holds the point. May return before
+    /// or after the menu has closed.
     virtual void popUp(std::shared_ptr<Menu> const& menu, Point at) = 0;
 };
 

@@ -8,30 +8,30 @@
 
 namespace zv {
 
-/// What a panel shows and what a press on it does. It outlives its panel.
+/// The picture of a panel and the effect of a press on it. Outlives its panel.
 class OverlayPanelContent {
 public:
     virtual ~OverlayPanelContent() = default;
     virtual void draw(Canvas* canvas, double height) = 0;
-    /// Any button was pressed on the panel, also while the program is inactive, or an
-    /// assistive program pressed it: there it is an item of the menu bar.
+    /// Called when any button is pressed on the panel, also while the program is inactive, or
+    /// an assistive program presses it: there it is an item of the menu bar.
     virtual void press() = 0;
     [[nodiscard]] virtual std::string_view accessibilityLabel() const = 0;
 };
 
 /// A small window above a menu bar, wherever that is shown. It looks transparent where
-/// nothing is drawn, but takes the clicks there too; it never takes the focus, has no title
-/// bar and no shadow, cannot be moved by hand and is not animated. It is made hidden;
-/// destroying it takes it off the screen.
+/// nothing is drawn, but takes clicks there too; it never takes the focus, has no title bar
+/// and no shadow, cannot be moved by hand and is not animated. Made hidden; destroying it
+/// takes it off the screen.
 class OverlayPanel {
 public:
     virtual ~OverlayPanel() = default;
     [[nodiscard]] virtual Rect frame() const = 0;
     virtual void setFrame(Rect const& frame) = 0;
-    /// In front, whether or not the program is active.
+    /// Shows it in front, whether or not the program is active.
     virtual void show() = 0;
     virtual void hide() = 0;
-    /// Has it drawn anew.
+    /// Draws it anew.
     virtual void redraw() = 0;
 };
 

@@ -10,7 +10,7 @@ namespace zv {
 /// Watches the pointer wherever it is; clicks and keys are not seen. Main thread only.
 class PointerMonitor {
 public:
-    /// Listens as long as it lives.
+    /// A subscription; destroying it ends it.
     class Token {
     public:
         virtual ~Token() = default;
@@ -20,7 +20,7 @@ public:
     /// Calls `moved` soon after the pointer has moved; moves in quick succession may be
     /// told as one. Null where the system has no such events.
     [[nodiscard]] virtual std::unique_ptr<Token> watch(std::function<void()> moved) = 0;
-    /// In screen coordinates.
+    /// The pointer's place in screen coordinates.
     [[nodiscard]] virtual Point location() const = 0;
 };
 

@@ -16,7 +16,7 @@
 
 namespace zv {
 
-/// What the corner of a menu bar takes.
+/// The seams of the overlay in the corner of a menu bar.
 struct OverlaySeams {
     MenuBars& menuBars;
     Screens& screens;
@@ -26,7 +26,7 @@ struct OverlaySeams {
     MenuBarVisibility* visibility; ///< null: the window list alone decides
 };
 
-/// How the menu is reached.
+/// The seams through which the menu is reached.
 struct Presence {
     StatusBar& statusBar;
     std::function<bool()> showsStatusItems; ///< whether anybody shows the status bar's icons now

@@ -11,7 +11,7 @@ namespace zv {
 class Screens {
 public:
     virtual ~Screens() = default;
-    /// In screen coordinates; empty when there is no screen.
+    /// The frames in screen coordinates; empty without a screen.
     [[nodiscard]] virtual std::vector<Rect> frames() const = 0;
     /// Called after a screen was added, removed, moved or resized. Set by its one user.
     std::function<void()> onChanged;

@@ -17,8 +17,8 @@ public:
 class StatusBar {
 public:
     virtual ~StatusBar() = default;
-    /// A square item with our laurel, which is called by `name`; a click on it opens `menu`,
-    /// which is asked to fill itself each time.
+    /// Adds a square item with our laurel, called `name`; a click on it opens `menu`, which is
+    /// asked to fill itself each time.
     [[nodiscard]] virtual std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) = 0;
 };
 

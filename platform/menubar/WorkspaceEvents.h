@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// What happens on the desktop as a whole. Each callback is set by its one user. Main thread only.
+/// Events of the desktop as a whole. Each callback is set by its one user. Main thread only.
 class WorkspaceEvents {
 public:
     virtual ~WorkspaceEvents() = default;

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// One version on offer in an update feed. Texts are empty where the feed says nothing.
+/// A version on offer in an update feed. Texts are empty where the feed says nothing.
 struct AppcastItem {
     std::string version; ///< compared; the build's own version
     std::string displayVersion; ///< read by people

@@ -8,15 +8,15 @@
 
 namespace zv {
 
-/// What was found on a desktop of this machine. The front end looks; what it means for the
+/// The findings on a desktop of this machine. The front end looks; their meaning for the
 /// user is said elsewhere.
 struct DesktopFindings {
     enum class Display {
         x11,
         x11WithinWayland, ///< windows go through an X server that the desktop's panels are not on
         wayland,
-        waylandWithoutPlugin, ///< which the toolkit would need there
-        unreachable, ///< one is named, but does not answer
+        waylandWithoutPlugin, ///< the toolkit lacks its plug-in for Wayland
+        unreachable, ///< named, but does not answer
         none,
     };
     enum class StatusIcons { shown, withoutHost, noWatcher };
@@ -25,10 +25,10 @@ struct DesktopFindings {
     enum class ScreenLock {
         saver,
         command,
-        loginService, ///< which only passes the wish on
+        loginService, ///< only passes the wish on
         none,
     };
-    /// What the login service answers to "can it?".
+    /// The login service's answers to "can it?".
     enum class Allowed { yes, afterPassword, no };
 
     Display display = Display::none;
@@ -44,10 +44,10 @@ struct DesktopFindings {
     bool hasPortal = false;
     bool hasNotifications = false;
     FileManager fileManager = FileManager::none;
-    bool lacksFilesExtension = false; ///< Nautilus is there, what loads extensions in Python is not
+    bool lacksFilesExtension = false; ///< Nautilus is there, its loader of Python extensions is not
 
     bool hasLoginService = false;
-    bool hasAuthorization = false; ///< who asks for passwords on the login service's behalf
+    bool hasAuthorization = false; ///< an agent that asks for passwords on the login service's behalf
     Allowed sleep = Allowed::no;
     Allowed restart = Allowed::no;
     Allowed shutDown = Allowed::no;

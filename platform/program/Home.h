@@ -12,24 +12,23 @@
 
 namespace zv {
 
-/// Where the program and what it keeps lie. All absolute.
+/// The places of the program and of its files, all absolute.
 struct Places {
-    Url bundle; ///< what was started
-    Environment environment; ///< that it was started with
+    Url bundle; ///< of the started program
+    Environment environment; ///< at its start
     std::string home; ///< the user's home folder
     Url itemsFolder;
     Url backupsFolder;
 };
 
-/// The program as something that is installed.
+/// The seams of the program's own installation and updates.
 struct Home {
     Installation& installation;
     LoginService& loginService;
     UpdateEngineFactory makeUpdateEngine;
     InstalledApplications installedApplications; ///< for the palette of the settings; empty where it names none
     Permissions const* permissions; ///< null where the system asks for none
-    /// From here on other programs may have files added; empty where they always could, and
-    /// were not listened to.
+    /// Lets other programs have files added from here on; empty where they always can.
     std::function<void()> provideServices;
     std::function<std::string()> diagnostics; ///< for a bug report, without personal paths
 };

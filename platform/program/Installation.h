@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// Where a running copy of the program lies that will not stay.
+/// The kind of place from which a running copy of the program should move.
 enum class RelocationSource {
     none,
     translocated, ///< a read-only copy that the system made of a download
@@ -17,7 +17,7 @@ enum class RelocationSource {
     temporaryPlace, ///< a folder that is read-only or is emptied, on systems that make no such copies
 };
 
-/// What moving the program takes of the system. Main thread only.
+/// The system's part in moving the program. Main thread only.
 class Installation {
 public:
     virtual ~Installation() = default;
@@ -30,12 +30,12 @@ public:
     /// A fresh folder on the destination's volume, for a copy in the making.
     [[nodiscard]] virtual Result<Url> makeReplacementFolder(Url const& destination) = 0;
     [[nodiscard]] virtual Result<void> copy(Url const& from, Url const& to) = 0;
-    /// Moves `from` to `to`. What stands there already is replaced, and stays until the new one is whole.
+    /// Moves `from` to `to`. A file already there is replaced, and stays until the new one is whole.
     [[nodiscard]] virtual Result<void> put(Url const& from, Url const& to) = 0;
     virtual void removeFolder(Url const& folder) = 0;
-    /// Makes the desktop know the program that now stands there; nothing to do where it sees by itself.
+    /// Announces the installed program to the desktop; nothing to do where it sees by itself.
     [[nodiscard]] virtual Result<void> announce(Url const& installed) = 0;
-    /// The copy is about to be opened: what only one running program can have is let go of.
+    /// Gives up whatever only one running program can have: the copy is about to be opened.
     virtual void giveWay() { }
 };
 

@@ -7,8 +7,7 @@
 
 namespace zv {
 
-/// The system's list of what starts when the user logs in, for this program alone.
-/// Main thread only.
+/// This program's entry in the system's list of login items. Main thread only.
 class LoginService {
 public:
     enum class Status { notRegistered, enabled, requiresApproval, notFound };
@@ -18,9 +17,9 @@ public:
     };
 
     virtual ~LoginService() = default;
-    /// Read from the system each time.
+    /// Reads the state from the system each time.
     [[nodiscard]] virtual Status status() const = 0;
-    /// Does not switch on what the user switched off in the system's own settings.
+    /// Does not switch on an entry that the user switched off in the system's own settings.
     [[nodiscard]] virtual Result<void, Error> registerService() = 0;
     [[nodiscard]] virtual Result<void, Error> unregisterService() = 0;
     /// Shows the system's page where login items are switched on and off.

@@ -10,22 +10,22 @@
 
 namespace zv {
 
-/// What only the running program knows: the system counts a command that a terminal started
-/// as the terminal's own doing, and answers it what the terminal may do.
+/// Findings of the running program alone: the system counts a command started in a terminal
+/// as the terminal's own doing, and answers it by the terminal's permissions.
 struct MacProgramFindings {
     PermissionState automation = PermissionState::notAsked;
     PermissionState accessibility = PermissionState::notAsked;
     std::vector<std::string> refusedShortcuts; ///< glyph texts, such as "⌥⌘E"
 };
 
-/// What was found on a Mac. The front end looks; what it means for the user is said elsewhere.
+/// The findings on a Mac. The front end looks; their meaning for the user is said elsewhere.
 struct MacFindings {
     RelocationSource place = RelocationSource::none;
-    bool isQuarantined = false; ///< the system still takes it for a download
+    bool isQuarantined = false; ///< still taken for a download
     LoginService::Status openAtLogin = LoginService::Status::notRegistered;
     bool hasUpdateFramework = false;
-    bool hasMenuBarFunctions = false; ///< those that tell whether a menu bar is hidden
-    std::optional<MacProgramFindings> running {}; ///< nothing when it does not run
+    bool hasMenuBarFunctions = false; ///< that tell whether a menu bar is hidden
+    std::optional<MacProgramFindings> running {}; ///< absent when the program does not run
 };
 
 } // namespace zv

@@ -12,7 +12,7 @@ class MessagePort {
 public:
     virtual ~MessagePort() = default;
     [[nodiscard]] virtual bool isRunning() const = 0;
-    /// Waits for the answer, a few seconds at most; nothing when none came.
+    /// Sends the request and waits a few seconds at most; nothing without an answer.
     [[nodiscard]] virtual std::optional<std::string> ask(std::string const& request) = 0;
     /// Starts the program and waits until it can be asked.
     [[nodiscard]] virtual Result<void> start() = 0;

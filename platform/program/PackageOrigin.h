@@ -5,13 +5,13 @@
 
 namespace zv {
 
-/// Where this copy of the program came from. Main thread only.
+/// The origin of this copy of the program. Main thread only.
 class PackageOrigin {
 public:
     virtual ~PackageOrigin() = default;
-    /// The package that owns the running program, when a package manager keeps it.
+    /// The package that owns the running program; nothing without one.
     [[nodiscard]] virtual std::optional<std::string> owningPackage() const = 0;
-    /// The system's own version, to hold a feed's limits against; empty when unknown.
+    /// The system's own version, compared with a feed's limits; empty when unknown.
     [[nodiscard]] virtual std::string systemVersion() const = 0;
     /// The name feeds give this system: "linux", "macos".
     [[nodiscard]] virtual std::string operatingSystem() const = 0;

@@ -10,14 +10,14 @@ enum class Permission {
 enum class PermissionState {
     granted,
     refused,
-    notAsked, ///< or not known: the system asks, or tells, when it is used
+    notAsked, ///< or unknown: the system asks, or tells, on first use
 };
 
-/// What the user lets this program do to others, on systems that ask. Main thread only.
+/// The user's permissions to act on other programs, on systems that ask. Main thread only.
 class Permissions {
 public:
     virtual ~Permissions() = default;
-    /// Read from the system each time. Never asks the user.
+    /// Reads the state from the system each time. Never asks the user.
     [[nodiscard]] virtual PermissionState state(Permission permission) const = 0;
 };
 

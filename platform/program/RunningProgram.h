@@ -29,20 +29,20 @@ public:
         double y = 0;
     };
 
-    /// What the failures say.
+    /// The sentences of the failures.
     struct Texts {
-        std::string noConnection; ///< there is no way to reach it by
+        std::string noConnection; ///< without a way to reach the program
         std::string notRunning;
         std::function<std::string(std::string const& reason)> refused;
     };
 
     virtual ~RunningProgram() = default;
     [[nodiscard]] virtual bool isRunning() const = 0;
-    /// Without a point the menu opens where it opens when its icon is clicked.
+    /// Opens the menu; without a point, where a click on its icon opens it.
     [[nodiscard]] virtual Result<void> showMenu(std::optional<ScreenPoint> at) = 0;
     [[nodiscard]] virtual Result<void> openSettings() = 0;
     [[nodiscard]] virtual Result<void> quit() = 0;
-    /// Has it put files into the Items folder; it tells the user what goes wrong with them.
+    /// Has the program put files into the Items folder; it tells the user of failures.
     [[nodiscard]] virtual Result<void> addFiles(std::vector<Url> const& files) = 0;
     /// Registrations and conflicts in the form that `hotkeys --json` prints.
     [[nodiscard]] virtual Result<std::string> hotkeys() = 0;

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What the engine tells of an update that it found.
+/// An update that the engine found.
 struct UpdateItem {
     std::string displayVersion;
 };
@@ -20,7 +20,7 @@ struct UpdateItem {
 class UpdateChannels {
 public:
     virtual ~UpdateChannels() = default;
-    /// Channels to look at beside the default one.
+    /// The channels to look at beside the default one.
     [[nodiscard]] virtual std::set<std::string> allowedChannels() const = 0;
 };
 
@@ -29,20 +29,20 @@ class UpdateUserDriver {
 public:
     virtual ~UpdateUserDriver() = default;
     [[nodiscard]] virtual bool supportsGentleScheduledUpdateReminders() const = 0;
-    /// True: the engine shows the update that a scheduled check found. False: we remind gently.
+    /// True when the engine shows the update that a scheduled check found; false: we remind gently.
     [[nodiscard]] virtual bool shouldHandleShowingScheduledUpdate(UpdateItem const& update, bool inImmediateFocus) = 0;
     virtual void willHandleShowingUpdate(bool engineShowsIt, UpdateItem const& update) = 0;
     virtual void didReceiveUserAttention(UpdateItem const& update) = 0;
     virtual void willFinishUpdateSession() = 0;
 };
 
-/// The machine that finds, verifies and installs updates of this program. Main thread only.
+/// Finds, verifies and installs updates of this program. Main thread only.
 class UpdateEngine {
 public:
     virtual ~UpdateEngine() = default;
     /// The failure is the error's description.
     [[nodiscard]] virtual Result<void> start() = 0;
-    /// Asked for by the user: shows what it does. A pending update is brought to the front.
+    /// Checks, visibly, at the user's request. A pending update is brought to the front.
     virtual void checkForUpdates() = 0;
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
     [[nodiscard]] virtual bool automaticallyChecksForUpdates() const = 0;

@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// What is known about this computer; empty where nothing is.
+/// The known facts about this computer; empty where unknown.
 struct ComputerFacts {
     std::string system; ///< "Debian GNU/Linux 12 (bookworm)"
     std::string kernel;
@@ -15,7 +15,7 @@ struct ComputerFacts {
     std::string graphics;
 };
 
-/// Main thread only.
+/// Gathers those facts. Main thread only.
 class ComputerInfo {
 public:
     virtual ~ComputerInfo() = default;

@@ -10,11 +10,11 @@ enum class SystemPlace : std::uint8_t { aboutComputer, softwareStore, operatingS
 
 enum class PlaceOutcome : std::uint8_t {
     opened,
-    hasFixedTarget, ///< the place has the same address on every such system: the caller opens that
-    notFound, ///< no program here is that place
+    hasFixedTarget, ///< the same address on every such system: the caller opens it
+    notFound, ///< no program here provides it
 };
 
-/// Opens the places that every desktop has, each in its own way. Main thread only.
+/// Opens the system's places in the desktop's own way. Main thread only.
 class DesktopCommands {
 public:
     virtual ~DesktopCommands() = default;

@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// What a script is for, so that a system without its language can do the same.
+/// The purpose of a script, so that a system without its language can do the same.
 enum class ScriptPurpose : std::uint8_t { forceQuit, lockScreen, dockMagnification, dockHiding, dockLeft, dockBottom, dockRight };
 
 struct Script {
@@ -21,8 +21,8 @@ struct ScriptOutcome {
         succeeded,
         notCompiled,
         failed,
-        noEquivalent, ///< this desktop cannot do what the script is for
-        mustTellUser, ///< what would be done surprises those who were not told before
+        noEquivalent, ///< this desktop cannot serve the purpose
+        mustTellUser, ///< the effect surprises a user who was not told before
     };
     State state = State::succeeded;
     std::optional<std::int64_t> errorNumber {}; ///< of a failure, when there is one

@@ -11,7 +11,7 @@
 
 namespace zv {
 
-/// What commands act on: the desktop, the session, the machine.
+/// The seams on which commands act: the desktop, the session, the machine.
 struct Session {
     Workspace& workspace;
     DesktopCommands& desktop;

@@ -6,14 +6,14 @@
 
 namespace zv {
 
-/// What can be done to the session. To ask is to have the system ask the user, then do it.
+/// Events of the session. The `ask…` events have the system ask the user first.
 enum class SessionEvent : std::uint8_t { sleep, askToRestart, askToShutDown, askToLogOut, restart, shutDown, logOut };
 
 /// Status codes with a meaning of their own; any other is the system's. The numbers are those of
 /// Apple's MacErrors.h: errAEEventNotPermitted, procNotFound, errAETimeout, errAEPrivilegeError, errAEEventNotHandled.
 namespace SessionStatus {
 inline constexpr std::int64_t notPermitted = -1743;
-inline constexpr std::int64_t noSuchService = -600; ///< nobody there takes the event
+inline constexpr std::int64_t noSuchService = -600; ///< no receiver of the event
 inline constexpr std::int64_t timedOut = -1712;
 inline constexpr std::int64_t refused = -10004; ///< the service denied it
 inline constexpr std::int64_t notHandled = -1708;
@@ -23,13 +23,13 @@ struct SessionEventOutcome {
     enum class State : std::uint8_t {
         sent,
         failed,
-        needsConfirmation, ///< the event should ask the user first, and nothing here does
+        needsConfirmation, ///< the user should be asked first, and nothing here asks
     };
     State state = State::sent;
     std::int64_t status = 0; ///< of a failure
 };
 
-/// Events to whatever ends and suspends the user's session. Main thread only.
+/// Sends events to the service that ends and suspends the session. Main thread only.
 class SessionEvents {
 public:
     virtual ~SessionEvents() = default;

@@ -18,18 +18,18 @@ struct ToolRequest {
     std::string path; ///< absolute
     std::vector<std::string> arguments; ///< without the program's own name
     ToolOutput output = ToolOutput::captured;
-    std::optional<std::chrono::milliseconds> timeout {}; ///< none: as long as it takes
+    std::optional<std::chrono::milliseconds> timeout {}; ///< absent: as long as it takes
 };
 
 struct ToolResult {
     enum class End : std::uint8_t {
         exited, ///< `status` is its exit status
-        signalled, ///< by a signal, the watchdog's or another
+        signalled, ///< ended by a signal, the watchdog's or another
         notStarted, ///< no executable file there, or the system refused
     };
     End end = End::notStarted;
     int status = 0;
-    std::string output; ///< bytes; whatever the tool wrote
+    std::string output; ///< bytes, as the tool wrote them
     std::string errorOutput; ///< likewise; empty when it went into `output`
 };
 

@@ -10,14 +10,14 @@
 #include <string>
 #include <string_view>
 
-/// What crosses between our values and the system's. Any thread.
+/// Conversions between our values and the system's. Any thread.
 namespace zv {
 
-/// Bytes that are not UTF-8 become replacement characters: never nil.
+/// Never nil: bytes that are not UTF-8 become replacement characters.
 NSString* toNSString(std::string_view text);
 std::string fromNSString(NSString* text); ///< empty for nil
 
-/// A file URL is made from its path's bytes.
+/// Makes a file URL from its path's bytes.
 NSURL* toNSURL(Url const& url);
 Url fromNSURL(NSURL* url);
 
@@ -31,11 +31,11 @@ std::optional<PropertyList> fromFoundation(id object);
 
 /// The error's localized description, or a sentence that says there is none.
 std::string describe(NSError* error);
-/// From what a method of the system answers and the error that it leaves.
+/// Made from the return value and the error of a method of the system.
 Result<void> resultOf(bool succeeded, NSError* error);
 
 /// Runs the work on the main thread in a later turn, menu tracking and modal panels included.
-/// What was moved into it is released there as well, whichever thread asked.
+/// Its captured objects are released there as well, whichever thread asked.
 void performOnMain(std::function<void()> work);
 
 } // namespace zv

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// Outlives its run where the thread that asked still holds it: by then it is empty.
+/// Work for the main thread. Empty after its run, as the thread that asked may still hold it.
 @interface ZVMainThreadCall : NSObject {
     std::function<void()> _work;
 }
@@ -104,10 +104,10 @@ struct FoundationMaker {
     }
 };
 
-/// A number's own type decides: booleans are chars, reals floats or doubles.
+/// Goes by the number's own type: booleans are chars, reals floats or doubles.
 PropertyList fromNumber(NSNumber* number)
 {
-    // The system keeps its two booleans as single objects: a char of 1 is none of them.
+    // The system's two booleans are single objects: a char of 1 is neither.
     if (number == [NSNumber numberWithBool:YES] || number == [NSNumber numberWithBool:NO])
         return [number boolValue] != NO;
     switch (*[number objCType]) {
@@ -134,7 +134,7 @@ std::optional<PropertyList> fromArray(NSArray* array)
     return values;
 }
 
-/// The system's dictionaries have no order: ours gets that of the keys' texts.
+/// Orders the entries by their keys' texts: the system's dictionaries have no order.
 std::optional<PropertyList> fromDictionary(NSDictionary* dictionary)
 {
     PropertyListDictionary values;

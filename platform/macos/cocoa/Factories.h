@@ -54,20 +54,20 @@
 #include <string>
 #include <vector>
 
-/// One function a seam, each in the file named after it. All are called on the main thread
-/// after the application object exists; what they make outlives nothing but main.
+/// A function for each seam, in the file named after it. All are called on the main thread
+/// after the application object exists; the objects they make live until main ends.
 namespace zv {
 
 class SettingsModels;
 
-/// When the last menu of ours was closed, as seconds since the system started; set by the
-/// menus, asked by the hot keys. Zero when none was open yet.
+/// The time at which the last menu of ours closed, in seconds since the system started; set by
+/// the menus, asked by the hot keys. Zero before any was open.
 struct MenuTracking {
     bool isOpen = false;
     double lastClosed = 0;
 };
 
-/// The menu bar of a Mac: an icon in it can be clicked from elsewhere.
+/// The status icons of a Mac; ours can be clicked by the program.
 class MacStatusBar : public StatusBar {
 public:
     /// Opens the menu of the icon, and returns when it has closed; false when none is shown.
@@ -88,7 +88,7 @@ std::shared_ptr<FileSystem> makeFileSystem();
 std::shared_ptr<FolderReader const> makeFolderReader();
 std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking);
 std::unique_ptr<IconSource> makeIconSource();
-/// `giveWay` is called when a copy of the program is about to take over.
+/// Calls `giveWay` when a copy of the program is about to take over.
 std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay);
 std::unique_ptr<KeyboardLayoutSource> makeKeyboardLayoutSource();
 std::unique_ptr<LoginService> makeLoginService();
@@ -110,14 +110,14 @@ std::unique_ptr<Screens> makeScreens();
 std::unique_ptr<ScriptRunner> makeScriptRunner();
 std::unique_ptr<SessionEvents> makeSessionEvents();
 std::unique_ptr<SettingsPanes> makeSettingsPanes(Tasks& tasks);
-/// `models` is asked when the window is first opened.
+/// Calls `models` when the window is first opened.
 std::unique_ptr<SettingsWindow> makeSettingsWindow(std::function<SettingsModels&()> models);
 std::unique_ptr<MacStatusBar> makeStatusBar(MenuTracking& tracking);
 std::unique_ptr<Tasks> makeTasks();
 std::unique_ptr<TextMeasure> makeTextMeasure();
 std::unique_ptr<Timers> makeTimers();
 std::shared_ptr<ToolRunner> makeToolRunner();
-/// Without the update framework in the application, an engine whose start says so.
+/// Without the update framework in the application, start() of the engine says so.
 std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateUserDriver& userDriver);
 std::unique_ptr<UserDefaults> makeUserDefaults();
 std::unique_ptr<UserNotifications> makeUserNotifications();
@@ -125,10 +125,10 @@ std::unique_ptr<Volumes> makeVolumes();
 std::unique_ptr<Workspace> makeWorkspace();
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
 
-/// Turns the main thread's run loop until the question is answered with yes, or the time is over.
+/// Turns the main thread's run loop until `isDone` is true or the time is over.
 void turnRunLoopUntil(std::function<bool()> const& isDone, std::chrono::milliseconds limit);
-/// Looks at this copy of the program and its system; blocks for a moment. Without what only
-/// the running program knows.
+/// Looks at this copy of the program and its system; blocks for a moment. Leaves out the
+/// findings of the running program.
 MacFindings surveyThisMac();
 /// The identifier of the application in that folder; empty when it has none. Any thread.
 std::string bundleIdentifierOf(Url const& application);

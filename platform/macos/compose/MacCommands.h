@@ -10,8 +10,8 @@
 
 namespace zv {
 
-/// The command line over this Mac, without an application object: with one the system would
-/// take this process for the running program.
+/// The command line over this Mac, without an application object, with which the system
+/// would take this process for the running program.
 class MacCommands : public CommandContext {
 public:
     explicit MacCommands(Streams streams);

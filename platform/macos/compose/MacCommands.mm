@@ -11,7 +11,7 @@ namespace zv {
 
 namespace {
 
-/// What is printed of a picture.
+/// The name of a picture, to be printed.
 class PictureName : public Image {
 public:
     explicit PictureName(std::string name)
@@ -55,7 +55,7 @@ MacCommands::MacCommands(Streams streams)
 {
 }
 
-/// The system writes settings behind a program's back, which ends here.
+/// Stores the settings, which the system writes in its own time, before the process ends.
 MacCommands::~MacCommands()
 {
     forgetMenu();
@@ -73,7 +73,7 @@ Url MacCommands::currentFolder() { return Url::fromPath(fromNSString([[NSFileMan
 
 std::optional<std::string> MacCommands::fileToLink() { return fromNSString([[NSBundle mainBundle] executablePath]); }
 
-/// The running program knows more; one that does not answer is looked at from outside.
+/// Asks the running program, which knows more; without an answer looks from outside.
 MacFindings MacCommands::findings()
 {
     auto const text = m_program.findings();

@@ -11,13 +11,13 @@ namespace zv {
 
 namespace {
 
-/// The user's own come before those for all users.
+/// The user's own folders, then those for all users.
 std::vector<Url> applicationFolders()
 {
     return { homeFolder().appending("Applications"), Url::fromPath("/Applications"), Url::fromPath("/System/Applications") };
 }
 
-/// A place that a command names is counted from the top left corner of the primary screen.
+/// Converts a command's point, counted from the primary screen's top left corner.
 Point onScreen(RunningProgram::ScreenPoint at)
 {
     NSArray* const screens = [NSScreen screens];
@@ -45,7 +45,7 @@ void MacFrontEnd::launch()
 {
     if (!m_port.open())
         logLine("commands cannot reach the program: another one answers them, or the system does not let it");
-    (void)m_app->launch(); // when a copy takes over, it ends this process once it has started
+    (void)m_app->launch(); // a copy that takes over ends this process once it has started
 }
 
 ProgramHandlers MacFrontEnd::services()
@@ -60,7 +60,7 @@ ProgramHandlers MacFrontEnd::services()
     };
 }
 
-/// Without a place, where the icon is, else where the pointer is. One menu at a time.
+/// Opens one menu at a time; without a place, at the icon, else at the pointer.
 void MacFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
 {
     auto const* controller = m_app->delegate().statusItem();
@@ -81,7 +81,7 @@ MacFindings MacFrontEnd::findings() const
     return found;
 }
 
-/// Off the main thread: some hundreds of property lists are read.
+/// Reads some hundreds of property lists, off the main thread.
 void MacFrontEnd::listApplications(std::function<void(std::vector<InstalledApplication>)> use)
 {
     auto const look = [reader = makeFolderReader(), folders = applicationFolders()] { return applicationsIn(folders, *reader, bundleIdentifierOf); };

@@ -7,8 +7,8 @@
 
 namespace zv {
 
-/// What is stored on this Mac, and where: all that the simplest command takes. Needs no
-/// application object.
+/// The stored things of this Mac and their places: enough for the simplest command. Needs
+/// no application object.
 class MacFiles {
 public:
     MacFiles();
@@ -28,7 +28,7 @@ private:
     std::unique_ptr<Clock> m_clock = makeClock();
 };
 
-/// This Mac without a display, for the program and for its commands.
+/// The seams of this Mac that need no display, for the program and for its commands.
 class MacSystem {
 public:
     /// `files` outlives the system.

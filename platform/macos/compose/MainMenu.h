@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// The menu bar of the program's own windows. The settings command is sent to `target`.
+/// The menu bar of the program's own windows. Sends the settings command to `target`.
 NSMenu* makeMainMenu(id target, SEL openSettings);
 
 } // namespace zv

@@ -8,7 +8,7 @@
 
 #include <iostream>
 
-/// Hands what the system tells the program on to it.
+/// Passes the system's messages on to the program.
 @interface ZVApplicationDelegate : NSObject <NSApplicationDelegate> {
     std::unique_ptr<zv::MacFrontEnd> _frontEnd;
 }
@@ -60,7 +60,7 @@ int runCommand(std::vector<std::string> const& arguments)
     return zv::runCommandLine(arguments, commands);
 }
 
-/// A second start shows that the first one runs.
+/// Runs the program; where it runs already, has it open its settings.
 int runProgram()
 {
     auto const post = zv::makeMessagePort();

@@ -40,7 +40,7 @@ public:
     void setActivationPolicy(ActivationPolicy policy) override
     {
         [NSApp setActivationPolicy:toSystem(policy)];
-        // A program that is in front already gets its menu bar only when it comes there again.
+        // A program already in front gets its menu bar only when it comes there again.
         if (policy == ActivationPolicy::regular && isActive())
             activate();
     }

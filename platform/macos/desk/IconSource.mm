@@ -13,7 +13,7 @@ namespace {
 
 constexpr double iconSize = 16;
 
-/// Drawn at each use, so that it is sharp at every scale.
+/// Draws the picture at each use, so that it is sharp at every scale.
 ImageRef menuSized(NSImage* source, std::string name)
 {
     if (!source)
@@ -65,7 +65,7 @@ NSImage* pictureWithoutFile(SystemIcon icon)
     }
 }
 
-/// By the name alone; what has no extension counts as a folder.
+/// Goes by the name alone; a name without an extension counts as a folder.
 NSImage* iconOfName(NSString* extension)
 {
     UTType* const type = [extension length] == 0 ? UTTypeFolder : [UTType typeWithFilenameExtension:extension];
@@ -78,7 +78,7 @@ public:
     {
         if (!file.isFile())
             return nullptr;
-        if (leadsToRemoteVolume(file.path())) // which may not answer: it is not asked
+        if (leadsToRemoteVolume(file.path())) // not asked: it may not answer
             return menuSized(iconOfName([toNSString(file.lastPathComponent()) pathExtension]), file.path());
         NSString* const path = [toNSURL(file) path];
         if (!path || ![[NSFileManager defaultManager] fileExistsAtPath:path])

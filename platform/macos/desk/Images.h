@@ -8,7 +8,7 @@
 
 namespace zv {
 
-/// A picture of the system's, drawn anew for each screen's scale.
+/// A system picture, drawn anew for each screen's scale.
 class MacImage : public Image {
 public:
     MacImage(NSImage* image, std::string name)

@@ -5,7 +5,7 @@ namespace zv {
 
 namespace {
 
-constexpr double unlimited = 1e7; // what the system's own text views use
+constexpr double unlimited = 1e7; // as in the system's own text views
 
 class MacRichText : public RichText {
 public:
@@ -24,8 +24,8 @@ private:
     NSAttributedString* m_text;
 };
 
-/// Made for white paper: black becomes the text colour of the day, which follows the
-/// appearance by itself. Other colours are mapped by the view.
+/// Adapts a text made for white paper: black becomes the system's text colour, which
+/// follows the appearance by itself. The view maps other colours.
 NSAttributedString* adapted(NSAttributedString* given)
 {
     NSMutableAttributedString* const text = [given mutableCopy];
@@ -90,7 +90,7 @@ public:
     void bringToFront() override
     {
         [m_window makeKeyAndOrderFront:nil];
-        [m_window orderFrontRegardless]; // becoming active is a request, which the system may decline
+        [m_window orderFrontRegardless]; // the system may decline to activate the program
     }
 
 private:

@@ -32,7 +32,7 @@ public:
     Instant monotonic() const override { return std::chrono::steady_clock::now(); }
 };
 
-/// The system's timer keeps its target; what the target calls lives in it.
+/// Owns a timer of the system's, whose target holds the callback.
 class MacTimer : public Timer {
 public:
     MacTimer(std::chrono::milliseconds interval, bool repeats, std::function<void()> fire)
@@ -41,7 +41,7 @@ public:
         double const seconds = std::chrono::duration<double>(interval).count();
         m_timer = [NSTimer timerWithTimeInterval:seconds target:target selector:@selector(fired:) userInfo:nil repeats:repeats ? YES : NO];
         [[NSRunLoop mainRunLoop] addTimer:m_timer forMode:NSRunLoopCommonModes];
-        if (repeats) // a program without a window in sight would have it slowed down to save power
+        if (repeats) // else slowed down to save power while no window is in sight
             m_activity = [[NSProcessInfo processInfo] beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep reason:@"A timer repeats"];
     }
     ~MacTimer() override
@@ -127,7 +127,7 @@ std::unique_ptr<Tasks> makeTasks()
     return std::make_unique<MacTasks>();
 }
 
-/// A timer that fires does not end a turn: none is longer than a moment.
+/// Turns the loop a moment at a time, as a timer that fires does not end a turn.
 void turnRunLoopUntil(std::function<bool()> const& isDone, std::chrono::milliseconds limit)
 {
     constexpr double moment = 0.02;

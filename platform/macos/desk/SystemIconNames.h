@@ -6,8 +6,8 @@
 
 namespace zv {
 
-/// What a picture is called: the path of that application or extension of the system whose
-/// icon it is, or a word where it is no file's.
+/// The name of a picture: the path of the application or extension of the system whose icon
+/// it is, or a word where it is no file's.
 constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
 {
     switch (icon) {

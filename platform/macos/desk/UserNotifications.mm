@@ -43,14 +43,14 @@ namespace zv {
 
 namespace {
 
-/// The system refuses programs that are signed for one machine only, and says why nowhere else.
+/// Logs the error: only it says why the system refuses programs signed for one machine only.
 void tellOf(NSError* error)
 {
     if (error)
         logLine("notifications: " + describe(error));
 }
 
-/// The centre exists for programs within a bundle alone; elsewhere nothing is ever granted.
+/// Grants nothing outside a bundle, where the notification centre does not exist.
 class MacUserNotifications : public UserNotifications {
 public:
     MacUserNotifications()

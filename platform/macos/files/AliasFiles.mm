@@ -10,7 +10,7 @@ namespace zv {
 
 namespace {
 
-/// A folder to write in before the file takes its name, on the same volume.
+/// A temporary folder on the same volume, to write in before the file takes its name.
 NSURL* makeWorkshop(NSURL* place, NSError* __autoreleasing* error)
 {
     return [[NSFileManager defaultManager] URLForDirectory:NSItemReplacementDirectory
@@ -20,14 +20,14 @@ NSURL* makeWorkshop(NSURL* place, NSError* __autoreleasing* error)
                                                      error:error];
 }
 
-/// The one file in the folder: some systems give an alias an extension of its own.
+/// The only file in the folder, by any name: some systems add an extension to an alias.
 NSString* productIn(NSURL* workshop)
 {
     NSString* const name = [[[NSFileManager defaultManager] contentsOfDirectoryAtPath:[workshop path] error:nullptr] firstObject];
     return name ? [[workshop path] stringByAppendingPathComponent:name] : nil;
 }
 
-/// Never replaces what has the name, even if that came a moment ago.
+/// Never replaces a file of the name, even one made a moment ago.
 Result<void, AliasFailure> giveName(NSString* product, Url const& place)
 {
     auto const from = fromNSString(product);
@@ -36,7 +36,7 @@ Result<void, AliasFailure> giveName(NSString* product, Url const& place)
         return {};
     if (errno != ENOTSUP)
         return Failure { AliasFailure { errno == EEXIST, std::strerror(errno) } };
-    NSError* error = nil; // a volume that cannot promise that: the next best
+    NSError* error = nil; // the next best, on a volume that cannot promise that
     if ([[NSFileManager defaultManager] moveItemAtPath:product toPath:toNSString(to) error:&error])
         return {};
     return Failure { AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) } };

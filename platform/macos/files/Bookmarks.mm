@@ -16,7 +16,7 @@ public:
     std::optional<ResolvedBookmark> resolve(BookmarkData const& data) const override
     {
         BOOL isStale = NO;
-        // Without mounting as well: a server that is away must not hold up the start.
+        // Nothing is mounted either: a server that is away must not hold up the start.
         NSURL* const url = [NSURL URLByResolvingBookmarkData:toNSData(data)
                                                      options:NSURLBookmarkResolutionWithoutUI | NSURLBookmarkResolutionWithoutMounting
                                                relativeToURL:nil

@@ -19,7 +19,7 @@ std::optional<std::string> text(NSURL* url, NSString* key)
     return isThere ? std::optional(fromNSString(value)) : std::nullopt;
 }
 
-/// Uses a file manager of its own: the shared one is not for every thread's delegate.
+/// Has a file manager of its own: the shared one is not for every thread's delegate.
 class MacFileSystem : public FileSystem {
 public:
     MacFileSystem()

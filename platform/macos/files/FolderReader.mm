@@ -6,7 +6,7 @@ namespace zv {
 
 namespace {
 
-// What a listing asks of every child in the one pass.
+// The properties read for every child in the one pass.
 NSArray* prefetchedKeys()
 {
     return [NSArray arrayWithObjects:NSURLIsDirectoryKey, NSURLIsPackageKey, NSURLIsHiddenKey, NSURLIsAliasFileKey, NSURLIsSymbolicLinkKey,

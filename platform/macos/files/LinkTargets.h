@@ -4,14 +4,14 @@
 
 #include <string>
 
-/// Where symbolic links and alias files lead. Any thread.
+/// The targets of symbolic links and alias files. Any thread.
 namespace zv {
 
-/// The path leads onto a volume that another machine answers for. Links are followed step by
-/// step and an alias is read, not resolved, so that no such volume is touched.
+/// True when the path leads onto a volume that another machine answers for. Follows links step
+/// by step and reads an alias, without resolving it, so that no such volume is touched.
 bool leadsToRemoteVolume(std::string const& path);
 
-/// Every link and alias followed, whatever it takes but for mounting; nil where an alias leads nowhere.
+/// Follows every link and alias, but mounts nothing; nil where an alias leads nowhere.
 NSURL* targetOfLinks(NSURL* url);
 
 } // namespace zv

@@ -14,19 +14,19 @@ namespace zv {
 
 namespace {
 
-constexpr int mostLinks = 32; // a chain that is longer goes round in circles
+constexpr int mostLinks = 32; // a longer chain goes round in circles
 
-/// The kernel's own table: no volume is asked. Into memory of the caller's, for any thread.
+/// The kernel's own table: no volume is asked. In memory of its own, for any thread.
 std::vector<struct statfs> mountTable()
 {
     int const expected = getfsstat(nullptr, 0, MNT_NOWAIT);
-    std::vector<struct statfs> mounts(static_cast<std::size_t>(std::max(expected, 0)) + 4); // some may come in between
+    std::vector<struct statfs> mounts(static_cast<std::size_t>(std::max(expected, 0)) + 4); // room for mounts added in between
     int const count = getfsstat(mounts.data(), static_cast<int>(mounts.size() * sizeof(struct statfs)), MNT_NOWAIT);
     mounts.resize(static_cast<std::size_t>(std::max(count, 0)));
     return mounts;
 }
 
-/// What the mount point with the longest path says that holds the path.
+/// Whether the mount point nearest above the path is remote.
 bool liesOnRemoteMount(std::vector<struct statfs> const& mounts, std::string const& path)
 {
     std::size_t longest = 0;
@@ -42,7 +42,7 @@ bool liesOnRemoteMount(std::vector<struct statfs> const& mounts, std::string con
     return isRemote;
 }
 
-/// Empty when the path is no symbolic link.
+/// The link's target; empty when the path is no symbolic link.
 std::string linkAt(std::string const& path)
 {
     char target[PATH_MAX];
@@ -59,7 +59,7 @@ bool isAlias(NSURL* url)
     return [isEither boolValue] && ![isLink boolValue];
 }
 
-/// The path that the alias was made with; empty when it tells none, or is no alias.
+/// The path stored in the alias; empty when it has none, or is no alias.
 std::string pathInAlias(std::string const& path)
 {
     NSURL* const url = toNSURL(Url::fromPath(path));
@@ -68,7 +68,7 @@ std::string pathInAlias(std::string const& path)
     return fromNSString([values objectForKey:NSURLPathKey]);
 }
 
-/// Where a component of a path leads from a place; "." and ".." as the kernel has them.
+/// The path of a component below a place; "." and ".." as the kernel has them.
 std::string below(std::string const& place, std::string const& component)
 {
     if (component == "/" || component == "/.")
@@ -99,7 +99,7 @@ public:
     }
 
 private:
-    /// An alias counts at the end of a path alone: nothing lies below it.
+    /// The target of a link, or of an alias at the end of the path: nothing lies below an alias.
     static std::string targetOf(std::string const& place, std::string const& rest)
     {
         auto const link = linkAt(place);
@@ -111,7 +111,7 @@ private:
     int m_links = 0;
 };
 
-/// Without any symbolic link, of which the system's own method leaves some; itself where that fails.
+/// The path without symbolic links, of which the system's own method leaves some; itself on failure.
 NSURL* withoutSymlinks(NSURL* url)
 {
     char real[PATH_MAX];

@@ -2,7 +2,7 @@
 
 #import "platform/macos/cocoa/Conversions.h"
 
-/// Where the program keeps what is the user's, and where the update framework lies if it has one.
+/// The folders of the user's own files, and the place of the update framework.
 namespace zv {
 
 inline Url homeFolder() { return fromNSURL([[NSFileManager defaultManager] homeDirectoryForCurrentUser]); }

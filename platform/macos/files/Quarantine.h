@@ -4,8 +4,8 @@
 
 #include <sys/xattr.h>
 
-/// The mark by which the system knows what was downloaded: LaunchServices/LSQuarantine.h tells what it
-/// holds, no header its name. Of the file itself, not of what a link leads to.
+/// The mark that the system puts on downloads: LaunchServices/LSQuarantine.h describes its contents,
+/// no header its name. Read from the file itself, not from a link's target.
 namespace zv {
 
 constexpr char const* quarantineAttribute = "com.apple.quarantine";

@@ -10,7 +10,7 @@ public:
     BundleResources()
     {
         NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
-        // One by one: the system puts an address among them, which no property list holds.
+        // Entries are converted singly: the system adds a URL, which no property list holds.
         for (NSString* key in [[information allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
             if (auto value = fromFoundation([information objectForKey:key]))
                 m_information.set(fromNSString(key), std::move(*value));

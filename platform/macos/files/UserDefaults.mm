@@ -3,8 +3,8 @@
 
 #include "base/Lifetime.h"
 
-/// Hears of every change of the keys it watches, our own and those of other programs. What
-/// it calls may run on any thread.
+/// Observes every change of its keys, our own and those of other programs. Calls back on
+/// any thread.
 @interface ZVDefaultsObserver : NSObject {
     NSUserDefaults* _defaults;
     NSMutableSet* _keys;
@@ -51,15 +51,15 @@ namespace zv {
 
 namespace {
 
-/// The application's own domain of the standard user defaults. The system keeps the file;
-/// a write that fails there is not told. Every key that was asked for is watched from then
-/// on, as the system tells of other programs' changes by key alone.
+/// The application's own domain of the standard user defaults. The system keeps the file; a
+/// failed write is not reported. Every key asked for is watched from then on, as the system
+/// tells of other programs' changes by key alone.
 class StandardUserDefaults : public UserDefaults {
 public:
     StandardUserDefaults()
         : m_defaults([NSUserDefaults standardUserDefaults])
     {
-        // Copied to the thread that tells; what it does runs on the main thread, while this lives.
+        // Copied to the thread that tells; runs on the main thread, while this lives.
         auto const compare = m_lifetime.guard([this] { tellWhatDiffers(); });
         m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults
                                                           changed:[compare] {
@@ -117,14 +117,14 @@ private:
 
     void watch(NSString* key) const
     {
-        bool const isPath = [key rangeOfString:@"."].location != NSNotFound; // observing would take it apart
+        bool const isPath = [key rangeOfString:@"."].location != NSNotFound; // observing would split it
         if (isPath || [[m_observer keys] containsObject:key])
             return;
         note(key);
         [m_observer watch:key];
     }
 
-    /// What was last read or written here: whatever differs later came from elsewhere.
+    /// Notes the value last read or written here: a later difference came from elsewhere.
     void note(NSString* key) const { [m_known setObject:current(key) forKey:key]; }
 
     id current(NSString* key) const

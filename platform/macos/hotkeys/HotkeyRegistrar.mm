@@ -10,7 +10,7 @@ namespace zv {
 
 namespace {
 
-/// Hotkeys are filed under an owner beside the id.
+/// The owner of our hotkeys, filed beside the id.
 constexpr OSType hotkeySignature = 'ZVHK';
 static_assert(hotkeySignature == 0x5A56484B);
 
@@ -23,7 +23,7 @@ static_assert(kEventHotKeyPressed == 5);
 static_assert(eventNotHandledErr == -9874);
 
 /// Combinations through the Carbon event manager, each under the id that the core gives it:
-/// what is pressed under an older id is nobody's.
+/// a press under an older id is dropped.
 class CarbonHotkeyRegistrar : public HotkeyRegistrar {
 public:
     explicit CarbonHotkeyRegistrar(MenuTracking const& tracking)
@@ -92,8 +92,8 @@ private:
         return status;
     }
 
-    /// A press while a menu of ours was open is queued and comes when it closes: the menu
-    /// has had it already.
+    /// Drops a press made while a menu of ours was open: it is queued until the menu closes,
+    /// which has handled it already.
     void pressed(HotkeyID id, double time)
     {
         bool const wasForMenu = m_tracking.isOpen || time <= m_tracking.lastClosed;

@@ -41,7 +41,7 @@ namespace {
 
 static_assert(kUCKeyActionDisplay == 3);
 
-/// Text Input Sources may be asked on the main thread alone.
+/// Asks Text Input Sources, which answer on the main thread alone.
 class InputSourceLayout : public KeyboardLayoutSource {
 public:
     ~InputSourceLayout() override { [m_observer stop]; }

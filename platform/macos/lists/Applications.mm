@@ -5,7 +5,7 @@
 
 namespace zv {
 
-/// Read from the disk each time: a bundle object would be kept for as long as the program runs.
+/// Reads from the disk each time: a bundle object would be kept as long as the program runs.
 std::string bundleIdentifierOf(Url const& application)
 {
     @autoreleasepool {

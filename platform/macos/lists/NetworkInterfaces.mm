@@ -14,7 +14,7 @@ namespace zv {
 
 namespace {
 
-/// "en0" to "Wi-Fi", as the system's own settings name them.
+/// The system settings' names of interfaces, such as "en0" to "Wi-Fi".
 std::map<std::string, std::string> displayNames()
 {
     std::map<std::string, std::string> names;
@@ -47,7 +47,7 @@ std::size_t lengthOf(sockaddr const& address)
     return address.sa_family == AF_INET ? sizeof(sockaddr_in) : sizeof(sockaddr_in6);
 }
 
-/// RFC 3927 and RFC 4291, section 2.5.6.
+/// True for a link-local address: RFC 3927; RFC 4291, section 2.5.6.
 bool isLinkLocal(sockaddr const& address)
 {
     if (address.sa_family == AF_INET6)

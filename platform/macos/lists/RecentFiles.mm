@@ -17,7 +17,7 @@ public:
         NSSortDescriptor* const newestFirst = [[NSSortDescriptor alloc] initWithKey:NSMetadataItemLastUsedDateKey ascending:NO];
         [m_query setSortDescriptors:[NSArray arrayWithObject:newestFirst]];
         [m_query setSearchScopes:[NSArray arrayWithObject:NSMetadataQueryLocalComputerScope]];
-        // Left to the run loop, results might wait until the menu that wants them has closed.
+        // The main queue delivers results while a menu is open; the run loop might not.
         [m_query setOperationQueue:[NSOperationQueue mainQueue]];
         m_observer = [[NSNotificationCenter defaultCenter] addObserverForName:NSMetadataQueryDidFinishGatheringNotification
                                                                        object:m_query

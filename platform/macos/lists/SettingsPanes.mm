@@ -9,7 +9,7 @@ namespace {
 
 constexpr char const* urlPrefix = "x-apple.systempreferences:";
 
-/// Panes that name themselves only in tables that ship in a form of their own.
+/// Titles of panes that ship their own in a table of another format.
 std::map<std::string, std::string> const& knownTitles()
 {
     static std::map<std::string, std::string> const titles { { "com.apple.wifi-settings-extension", "Wi-Fi" },
@@ -32,8 +32,8 @@ NSDictionary* dictionaryAt(NSDictionary* dictionary, NSString* key)
     return [value isKindOfClass:[NSDictionary class]] ? value : nil;
 }
 
-/// As the panes below /System/Library/ExtensionKit/Extensions describe themselves; ExtensionKit documents the
-/// first two keys, none the others.
+/// True for panes as below /System/Library/ExtensionKit/Extensions; ExtensionKit documents the first two
+/// keys, no document the others.
 bool isSettingsExtension(NSDictionary* information)
 {
     NSDictionary* const attributes = dictionaryAt(information, @"EXAppExtensionAttributes");
@@ -47,7 +47,7 @@ std::string titleOf(NSBundle* bundle, std::string const& identifier)
     for (NSString* key in [NSArray arrayWithObjects:@"CFBundleDisplayName", @"CFBundleName", nil]) {
         id const localized = [bundle objectForInfoDictionaryKey:key];
         auto const known = knownTitles().find(identifier);
-        // Without its own table a pane is named after its file: the table of ours reads better.
+        // A pane without a table of its own is named after its file: our table reads better.
         if (known != knownTitles().end() && ![[bundle localizedInfoDictionary] objectForKey:key])
             return known->second;
         if ([localized isKindOfClass:[NSString class]] && [localized length] > 0)
@@ -92,8 +92,8 @@ std::vector<SettingsPane> allPanes()
     return panes;
 }
 
-/// Reading some two hundred bundles takes a while: it is done off the main thread once, and
-/// again in the background at each later asking.
+/// Reads some two hundred bundles, off the main thread: once before the first answer, then
+/// again in the background after each later one.
 class MacSettingsPanes : public SettingsPanes {
 public:
     explicit MacSettingsPanes(Tasks& tasks)

@@ -5,8 +5,8 @@ namespace zv {
 
 namespace {
 
-/// Returns when the menu has closed. The mirror stays until the next one: what was chosen
-/// may be performed, and the closing told, after that.
+/// Returns when the menu has closed. Keeps the mirror until the next menu, as the chosen
+/// action, and the news of the closing, may come after that.
 class PopUpMenuHost : public MenuHost {
 public:
     explicit PopUpMenuHost(MenuTracking& tracking)

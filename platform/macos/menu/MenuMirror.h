@@ -6,9 +6,9 @@
 #include "base/Lifetime.h"
 #include "platform/macos/cocoa/Factories.h"
 
-/// One menu of ours as a menu of the system's. It asks ours to fill itself when it is about
-/// to open, and follows what arrives while it is open. Who shows the menu keeps the mirror:
-/// the menu holds its delegate weakly.
+/// Mirrors a menu of ours in a menu of the system's: asks ours to fill itself when it is about
+/// to open, and follows its changes while it is open. Owned by whoever shows the menu, which
+/// holds its delegate weakly.
 @interface ZVMenuMirror : NSObject <NSMenuDelegate> {
     std::shared_ptr<zv::Menu> _mirrored;
     NSMenu* _menu;
@@ -16,7 +16,7 @@
     BOOL _isOpen;
     zv::Lifetime _lifetime;
 }
-/// `tracking` is told of a menu that stands for itself; null for a submenu.
+/// `tracking` gets the closing time of a top-level menu; null for a submenu.
 - (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking*)tracking;
 - (NSMenu*)menu;
 @end

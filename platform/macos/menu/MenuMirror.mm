@@ -5,7 +5,7 @@
 
 using zv::MenuEntry;
 
-/// What an item holds for as long as it lives: its action, and the mirror of its submenu.
+/// Owned by an item: its action, and the mirror of its submenu.
 @interface ZVMenuItemKeeper : NSObject {
     std::shared_ptr<zv::MenuActionTarget> _target;
     std::shared_ptr<void> _kept;
@@ -27,7 +27,7 @@ using zv::MenuEntry;
 }
 - (void)invoke:(id)sender
 {
-    auto const target = _target; // what runs may take the menu down, and this with it
+    auto const target = _target; // the action may destroy the menu, and this with it
     if (target)
         target->invoke();
 }
@@ -35,8 +35,8 @@ using zv::MenuEntry;
 
 namespace {
 
-/// Whether items show their images is the item's own choice on some systems, and not yet
-/// known to every version of their headers.
+/// The key by which an item shows its image on some systems; not every version of their
+/// headers has it.
 NSString* const imageVisibilityKey = @"preferredImageVisibility";
 constexpr int imageIsVisible = 1;
 
@@ -119,7 +119,7 @@ bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
     return isSame && ([item keyEquivalentModifierMask] & shortcutModifiers) == modifiers && [item isEnabled] && [item action];
 }
 
-/// Also in submenus, but for those that fill themselves.
+/// Looks in submenus too, but for those that fill themselves.
 NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
 {
     NSString* const typed = [[event charactersByApplyingModifiers:0] lowercaseString];
@@ -144,8 +144,8 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
     _mirrored = menu;
     _tracking = tracking;
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
-    [_menu setAutoenablesItems:NO]; // every entry says itself whether it is
-    [self showEntries]; // of a menu that fills itself: what stands there until it does
+    [_menu setAutoenablesItems:NO]; // every entry says itself whether it is enabled
+    [self showEntries]; // of a menu that fills itself: its entries until then
     if (!menu->delegate.expired() || tracking)
         [_menu setDelegate:self];
     return self;
@@ -191,7 +191,7 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
 - (void)menuDidClose:(NSMenu*)menu
 {
     _isOpen = NO;
-    auto const mirrored = _mirrored; // what is told may let go of this
+    auto const mirrored = _mirrored; // the call may release this
     mirrored->onRefilled = nullptr;
     if (_tracking) {
         _tracking->isOpen = false;
@@ -200,8 +200,8 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
     mirrored->didClose();
 }
 
-/// Shortcuts work while their menu is open. Left to itself the system would fill every menu
-/// that fills itself, at each key press, to look for them.
+/// Finds shortcuts while their menu is open. The system would otherwise fill every menu that fills
+/// itself, at each key press, to look for them.
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
 {
     NSMenuItem* const item = _isOpen ? itemWithShortcut(menu, event) : nil;

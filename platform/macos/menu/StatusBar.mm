@@ -10,7 +10,7 @@ struct ShownItem {
     NSStatusItem* item;
 };
 
-/// The bar does not keep the item: this does.
+/// Owns the item, as the bar does not.
 class MacStatusItem : public StatusItem {
 public:
     MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)

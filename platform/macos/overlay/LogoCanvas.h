@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// Draws with the graphics context that is current while a view draws itself.
+/// Draws with the graphics context current while a view draws itself.
 class LogoCanvas : public Canvas {
 public:
     /// `context` outlives it.

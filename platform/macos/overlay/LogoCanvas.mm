@@ -54,7 +54,7 @@ Pixels coloured(NSImage* image)
     return pixels;
 }
 
-/// A mask is documented to be grey without alpha: white where it lets through.
+/// A mask as CGContextClipToMask() wants it: grey without alpha, white where it lets through.
 CGImageRef greyOfAlpha(Pixels const& pixels)
 {
     std::vector<std::uint8_t> grey(pixels.width * pixels.height);
@@ -73,7 +73,7 @@ CGImageRef greyOfAlpha(Pixels const& pixels)
 
 class GreyMask : public Mask {
 public:
-    /// Takes the image over.
+    /// Takes ownership of the image.
     explicit GreyMask(CGImageRef image)
         : m_image(image)
     {

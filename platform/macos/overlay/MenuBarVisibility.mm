@@ -12,8 +12,8 @@ using IsMenuBarVisible = bool (*)(int connection, long space);
 
 template <class Function> Function lookedUp(char const* name) { return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name)); }
 
-/// Over three functions of the window server that no header of the system declares: all of them,
-/// or none. What is known of the first two stands in CGSConnection.h and CGSSpace.h of
+/// Uses three functions of the window server that no header of the system declares: all of them,
+/// or none. The first two are described in CGSConnection.h and CGSSpace.h of
 /// https://github.com/NUIKit/CGSInternal; the third is bool CGSIsMenuBarVisibleOnSpace(CGSConnectionID, long).
 class SpaceMenuBar : public MenuBarVisibility {
 public:

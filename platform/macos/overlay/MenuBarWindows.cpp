@@ -7,10 +7,10 @@ namespace zv {
 
 namespace {
 
-/// The window server draws the menu bars itself.
+/// The owner of the menu bars: the window server draws them itself.
 constexpr std::string_view menuBarOwner = "Window Server";
 
-/// From the window list's coordinates (y grows downwards) to screen coordinates.
+/// Converts from the window list's coordinates (y grows downwards) to screen coordinates.
 Rect toScreen(Rect const& bounds, double top) { return { bounds.x, top - bounds.maxY(), bounds.width, bounds.height }; }
 
 std::optional<MenuBarID> usableNumber(WindowInfo const& window)

@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// What the window server tells of a window; what it does not tell is absent.
+/// A window as the window server describes it; unknown properties are absent.
 struct WindowInfo {
     std::string ownerName;
     int layer = 0;
@@ -21,7 +21,7 @@ struct WindowInfo {
 /// The menu bars among the windows, in their order; `mainMenuLevel` is the layer of all menu
 /// bars, `top` the upper edge of the primary screen.
 [[nodiscard]] std::vector<MenuBar> menuBarsAmong(std::vector<WindowInfo> const& windows, int mainMenuLevel, double top);
-/// Nothing for a window that is not on screen, or whose place is not told.
+/// The frame; nothing for a window that is not on screen, or whose place is unknown.
 [[nodiscard]] std::optional<Rect> visibleFrameOf(WindowInfo const& window, double top);
 
 } // namespace zv

@@ -31,7 +31,7 @@ WindowInfo infoOf(NSDictionary* description)
     info.bounds = boundsOf(description);
     if (NSNumber* const number = valueOf(description, kCGWindowNumber, [NSNumber class]))
         info.number = [number longLongValue];
-    info.isOnscreen = [valueOf(description, kCGWindowIsOnscreen, [NSNumber class]) boolValue]; // absent for one that is not
+    info.isOnscreen = [valueOf(description, kCGWindowIsOnscreen, [NSNumber class]) boolValue]; // absent when it is not
     return info;
 }
 

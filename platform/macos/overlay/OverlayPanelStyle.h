@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// What makes a panel stand over the menu bar wherever that is.
+/// The properties that keep a panel over the menu bar wherever that is.
 namespace zv::overlayPanelStyle {
 
 inline constexpr int level = 25; ///< kCGStatusWindowLevel of CGWindowLevel.h: one above the menu bar

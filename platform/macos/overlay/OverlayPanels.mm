@@ -3,7 +3,7 @@
 #import "platform/macos/overlay/LogoCanvas.h"
 #import "platform/macos/overlay/OverlayPanelStyle.h"
 
-/// A panel without a title bar is never moved to make room for one, and never takes the keys.
+/// A panel without a title bar, never moved to make room for one; never takes the keyboard.
 @interface ZVOverlayPanel : NSPanel
 @end
 
@@ -44,8 +44,8 @@
     zv::LogoCanvas canvas(context);
     _content->draw(&canvas, height);
 }
-/// A press returns when the menu has closed. The menu bar may have gone meanwhile, and the
-/// panel with it: both are kept until the end.
+/// Returns when the menu has closed. The menu bar may have gone meanwhile, and the panel
+/// with it: both are kept until the end.
 - (BOOL)press
 {
     __attribute__((objc_precise_lifetime, unused)) NSWindow* const panel = [self window];

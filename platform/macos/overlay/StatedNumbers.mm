@@ -1,5 +1,5 @@
-/// Numbers that the core, documents on disk and other programs know by value, each against
-/// the system's own name for it. Nothing here runs: a number that differs does not compile.
+/// Numbers that the core, documents on disk and other programs know by value, each checked
+/// against the system's own name for it when this file is compiled.
 #import "platform/macos/cocoa/Conversions.h"
 
 #include "platform/desk/ModifierKeys.h"

@@ -8,7 +8,7 @@ namespace zv {
 
 namespace {
 
-/// The model that the disk of a mounted image calls itself by.
+/// The model that the disk of a mounted image reports.
 constexpr char const* diskImageModel = "Disk Image";
 
 bool isOnDiskImage(NSURL* bundle)
@@ -28,15 +28,15 @@ bool isOnDiskImage(NSURL* bundle)
     return [model isKindOfClass:[NSString class]] && fromNSString(model) == diskImageModel;
 }
 
-/// Only what has the mark is touched: the system watches who changes applications.
+/// Touches only a marked file: the system watches who changes applications.
 void releaseFromQuarantine(NSString* file)
 {
     if (isQuarantined(file))
         removexattr(fromNSString(file).c_str(), quarantineAttribute, XATTR_NOFOLLOW);
 }
 
-/// A copy of a download is a download still, which the system would start from a read-only
-/// copy once more. The user has let this program run already.
+/// Unmarks the copy, which the system would otherwise take for a download and start from a
+/// read-only copy once more. The user has let this program run already.
 void releaseAllFromQuarantine(NSString* root)
 {
     releaseFromQuarantine(root);
@@ -102,13 +102,13 @@ public:
                                                         error:&error]
                                   : [files() moveItemAtURL:toNSURL(from) toURL:target error:&error];
         if (done)
-            releaseFromQuarantine([target path]); // what it replaced may have passed a mark on
+            releaseFromQuarantine([target path]); // the replaced file may have passed a mark on
         return resultOf(done, error);
     }
 
     void removeFolder(Url const& folder) override { [files() removeItemAtURL:toNSURL(folder) error:nullptr]; }
 
-    /// The system sees an application in its folder by itself.
+    /// Nothing to do: the system sees an application in its folder by itself.
     Result<void> announce(Url const&) override { return {}; }
 
     void giveWay() override { m_giveWay(); }

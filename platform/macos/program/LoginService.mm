@@ -28,7 +28,7 @@ public:
     {
         NSError* error = nil;
         BOOL const done = [[SMAppService mainAppService] registerAndReturnError:&error];
-        // Registering what the user switched off fails as well; its state then says why.
+        // Registering an entry that the user switched off fails as well; its state then says why.
         return resultOf(done || status() == Status::requiresApproval, error);
     }
 

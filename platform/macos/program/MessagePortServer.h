@@ -7,8 +7,8 @@
 
 namespace zv {
 
-/// The door at which commands knock. There is one in each login session: whoever has it is
-/// the running program. Main thread only.
+/// The message port that receives commands. A login session has one: the process that holds
+/// it is the running program. Main thread only.
 class MessagePortServer {
 public:
     using Answer = std::function<std::string(std::string const& request)>;
@@ -21,10 +21,10 @@ public:
     MessagePortServer(MessagePortServer const&) = delete;
     MessagePortServer& operator=(MessagePortServer const&) = delete;
 
-    /// Requests are answered from here on, while menus and alerts are open, too. False when
-    /// another process has the door.
+    /// Answers requests from here on, while menus and alerts are open, too. False when another
+    /// process holds the port.
     [[nodiscard]] bool open();
-    /// Another process may have it now.
+    /// Lets another process have the port.
     void close();
 
 private:

@@ -47,7 +47,7 @@ public:
             return Failure { "this command does not lie in an application." };
         auto const opened = std::make_shared<std::optional<Result<void>>>();
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
-        [configuration setCreatesNewApplicationInstance:YES]; // this command is no instance that could take over
+        [configuration setCreatesNewApplicationInstance:YES]; // else this command could count as the instance
         [[NSWorkspace sharedWorkspace] openApplicationAtURL:bundle
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
@@ -89,7 +89,7 @@ void MessagePortServer::close()
     m_port = nullptr;
 }
 
-/// The system lets go of what is returned.
+/// The system releases the returned data.
 CFDataRef MessagePortServer::called(CFMessagePortRef, SInt32, CFDataRef request, void* owner)
 {
     @autoreleasepool {

@@ -10,8 +10,8 @@ namespace {
 constexpr AEEventClass everyClass = '****'; // typeWildCard
 constexpr AEEventID everyEvent = '****';
 
-/// What the system would answer to an event for that program; a program that does not run
-/// is not known. See AEDeterminePermissionToAutomateTarget() in AE/AppleEvents.h.
+/// The permission to send events to that program, unknown while it does not run:
+/// AEDeterminePermissionToAutomateTarget() in AE/AppleEvents.h.
 PermissionState stateOfEventsTo(NSString* identifier)
 {
     NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:identifier];
@@ -21,7 +21,7 @@ PermissionState stateOfEventsTo(NSString* identifier)
     return status == errAEEventNotPermitted ? PermissionState::refused : PermissionState::notAsked;
 }
 
-/// Both receivers of our events count; a single refusal is what the user has to know of.
+/// Combines both receivers of our events: a single refusal counts.
 PermissionState automationState()
 {
     auto const toSystemEvents = stateOfEventsTo(@"com.apple.systemevents");

@@ -8,11 +8,11 @@
 #include <functional>
 #include <vector>
 
-/// Takes what other programs send through their Services menu.
+/// Receives files that other programs send through their Services menu.
 @interface ZVServicesProvider : NSObject {
     std::function<zv::Result<void>(std::vector<zv::Url>)> _add;
 }
 - (instancetype)initWithFunction:(std::function<zv::Result<void>(std::vector<zv::Url>)>)add;
-/// The property list names this message. An error's text is shown by whoever asked.
+/// The property list names this message. The sender shows an error's text.
 - (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error;
 @end

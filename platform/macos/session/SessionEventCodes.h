@@ -7,7 +7,7 @@
 
 namespace zv {
 
-/// Four ASCII characters, the first one in the highest byte, as Apple events are named by.
+/// The code of four ASCII characters, the first in the highest byte, that names an Apple event.
 [[nodiscard]] constexpr std::uint32_t fourCharCode(std::string_view text)
 {
     std::uint32_t code = 0;

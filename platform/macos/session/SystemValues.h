@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// A text that the kernel knows under that name ("hw.model"); empty when it knows none.
+/// The kernel's text of that name ("hw.model"); empty without one.
 std::string systemText(char const* name);
 
 } // namespace zv

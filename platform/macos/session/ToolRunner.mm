@@ -13,7 +13,7 @@ std::string readToEnd(NSFileHandle* handle)
     return { static_cast<char const*>([data bytes]), [data length] };
 }
 
-/// Ends the tool when its time is over. Standing by costs one sleeping thread.
+/// Ends the tool when its time is over. Costs one sleeping thread meanwhile.
 class Watchdog {
 public:
     Watchdog(NSTask* task, std::chrono::milliseconds timeout)
@@ -51,8 +51,8 @@ private:
 
 class MacToolRunner : public ToolRunner {
 public:
-    /// A tool that is waited for turns the run loop of the thread that waits: the main one
-    /// would let timers and events in, in the middle of whoever wants the answer.
+    /// Waits on another thread than the main one: waiting turns the thread's run loop, and the
+    /// main one would let timers and events in, in the middle of the caller.
     ToolResult run(ToolRequest const& request) override
     {
         if (![NSThread isMainThread])
@@ -117,7 +117,7 @@ private:
         return result;
     }
 
-    /// Both pipes at once: a tool that fills one while the other is read would wait for ever.
+    /// Reads both pipes at once: a tool that fills one while the other is read would wait for ever.
     static void drain(NSPipe* output, NSPipe* errors, ToolResult& result)
     {
         auto const errorText = std::make_shared<std::string>();

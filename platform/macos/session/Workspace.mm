@@ -28,7 +28,7 @@ public:
     {
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
         [configuration setCreatesNewApplicationInstance:YES];
-        // The handler comes on a queue of the system's choice.
+        // The handler runs on a queue of the system's choice.
         [[NSWorkspace sharedWorkspace] openApplicationAtURL:toNSURL(application)
                                               configuration:configuration
                                           completionHandler:^(NSRunningApplication*, NSError* error) {
@@ -48,7 +48,7 @@ public:
     }
 };
 
-/// Every place has the same address on every Mac: the core opens it.
+/// Leaves all places to the core: each has the same address on every Mac.
 class MacDesktopCommands : public DesktopCommands {
 public:
     void open(SystemPlace, std::function<void(PlaceOutcome)> done) override { done(PlaceOutcome::hasFixedTarget); }

@@ -8,10 +8,10 @@
 
 namespace zv {
 
-/// Cells of tables, taken from those that scrolled away.
+/// A table's cell, taken from those scrolled away if there is one.
 NSTableCellView* textCell(NSTableView* table, NSString* identifier, std::string const& text);
 NSTableCellView* iconCell(NSTableView* table, NSString* identifier);
-/// Nothing for no image.
+/// Shows no picture for a null image.
 void show(NSTableCellView* cell, ImageRef const& image, std::string const& text);
 
 } // namespace zv

@@ -8,11 +8,11 @@
 
 namespace zv {
 
-/// Keeps what controls call: they hold their targets weakly.
+/// Owns the targets of controls, which hold them weakly.
 class ControlActions {
 public:
     void attach(NSControl* control, std::function<void()> act);
-    /// Also what a double click calls.
+    /// Attaches an action for a double click too.
     void attachDoubleClick(NSTableView* table, std::function<void()> act);
     void clear() { [m_targets removeAllObjects]; }
 
@@ -24,13 +24,13 @@ private:
 
 NSTextField* label(std::string const& text);
 NSTextField* boldLabel(std::string const& text);
-/// Wraps, in smaller and fainter type; can be selected.
+/// A wrapping, selectable text in smaller and fainter type.
 NSTextField* note(std::string const& text);
 NSButton* pushButton(std::string const& title, std::string const& help, ControlActions& actions, std::function<void()> act);
 
 enum class Direction { row, column };
 NSStackView* stack(Direction direction, std::vector<NSView*> const& views);
-/// A column as wide as the widest, of which the scrolling ones take all the room there is.
+/// A column as wide as its widest view; scrolling views take all spare room.
 NSStackView* fillingColumn(std::vector<NSView*> const& views);
 /// A grid of labels and fields, as forms have them.
 NSGridView* formGrid();
@@ -39,9 +39,9 @@ void addToForm(NSGridView* grid, NSView* title, NSView* field);
 void fill(NSView* parent, NSView* child, double margin);
 void setWidth(NSView* view, double width);
 void setMinimumWidth(NSView* view, double width);
-/// Scrolls vertically. Of a table the first column takes what room there is.
+/// A vertically scrolling view. A table's first column takes the spare width.
 NSScrollView* scrollAround(NSView* document);
-/// What `act` does may take the control down: it runs in a turn of its own.
+/// Runs `act` in a turn of its own, as it may destroy the control.
 void later(std::function<void()> act);
 
 } // namespace zv

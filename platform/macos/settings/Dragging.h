@@ -9,9 +9,9 @@
 
 namespace zv {
 
-/// The type that the property list declares for items of ours.
+/// The type of our items, declared in the property list.
 NSString* recordType();
-/// What the pasteboard gets for one item, with its record.
+/// The pasteboard item of a menu item, with its record.
 NSPasteboardItem* pasteboardItemOf(std::string const& record);
 std::vector<std::string> recordsOn(NSPasteboard* pasteboard);
 std::vector<Url> filesOn(NSPasteboard* pasteboard);

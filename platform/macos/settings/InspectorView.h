@@ -12,7 +12,7 @@
 
 namespace zv {
 
-/// What the one selected item is made of; each field acts when it is left.
+/// The fields of the selected item; each acts when it is left.
 class InspectorView {
 public:
     explicit InspectorView(SettingsModels& models);

@@ -46,7 +46,7 @@
     zv::setMinimumWidth(_view, 190);
 }
 
-/// Shows what is there now, and follows it: the applications come later.
+/// Shows the entries there are now, and follows them: the applications come later.
 - (void)fill
 {
     __unsafe_unretained ZVLibrary* const library = self;
@@ -83,7 +83,7 @@
     [self fill];
 }
 
-/// Return adds what is selected, else the first that was found; the arrows choose.
+/// Return adds the selected entry, else the first found; the arrows choose.
 - (BOOL)control:(NSControl*)control textView:(NSTextView*)text doCommandBySelector:(SEL)command
 {
     if (command == @selector(insertNewline:)) {
@@ -113,7 +113,7 @@
     return [self entryAt:row] ? YES : NO;
 }
 
-/// Asks for the picture as its row comes into sight: there may be hundreds of applications.
+/// Asks for a picture when its row comes into sight: there may be hundreds.
 - (NSView*)tableView:(NSTableView*)table viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row
 {
     auto const* entry = [self entryAt:row];

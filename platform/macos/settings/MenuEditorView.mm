@@ -191,7 +191,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     _observation = zv::withObservationTracking(read, [editor] { [editor storeChanged]; });
 }
 
-/// Until the turn after this one nothing may look at the items that were.
+/// Forgets the old items, which must not be read before the next turn reads the new ones.
 - (void)storeChanged
 {
     if (_toSelect.empty())
@@ -266,7 +266,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     return outcome.tookAny ? YES : NO;
 }
 
-/// Not from within a drop: the drag is still going on.
+/// Shows the alert in a later turn: within a drop the drag is still going on.
 - (void)tellLater:(std::optional<zv::Alert> const&)problem
 {
     if (!problem)
@@ -318,7 +318,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     [self registerStep:std::make_shared<zv::MenuEdit const>(edit) direction:Direction::back];
 }
 
-/// Going back registers the way forward.
+/// Registers an undo step, which registers its redo step when it is taken.
 - (void)registerStep:(Edit)edit direction:(Direction)direction
 {
     [_undoManager registerUndoWithTarget:self
@@ -375,7 +375,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     [[cell textField] setAccessibilityLabel:row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil];
 }
 
-/// A title was edited in place; one that was left as shown was not.
+/// Renames an item edited in place, unless its title stayed as shown.
 - (void)controlTextDidEndEditing:(NSNotification*)notification
 {
     NSTextField* const field = [notification object];
@@ -403,7 +403,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     return NO;
 }
 
-/// What lies within a dragged item goes along with it.
+/// Drags an item along with its children.
 - (id<NSPasteboardWriting>)outlineView:(NSOutlineView*)outline pasteboardWriterForItem:(id)node
 {
     bool const isSelected = [_outline isRowSelected:[_outline rowForItem:node]] != NO;

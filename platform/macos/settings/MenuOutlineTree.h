@@ -8,8 +8,8 @@
 #include <set>
 #include <vector>
 
-/// Stands for one item in the outline, which tells its rows apart by object: an item that
-/// is still there keeps its node, and so stays open and selected.
+/// Stands for an item in the outline, which tells its rows apart by object: an item that
+/// stays keeps its node, and so stays open and selected.
 @interface ZVMenuNode : NSObject {
     zv::Uuid _identity;
     __unsafe_unretained ZVMenuNode* _parent; // nil at the top level; the tree keeps all nodes
@@ -29,11 +29,11 @@ class MenuOutlineTree {
 public:
     void lay(std::vector<MenuItem> const& items);
     [[nodiscard]] std::vector<ZVMenuNode*> const& childrenOf(ZVMenuNode* node) const;
-    /// Nil when there is none.
+    /// The item's node; nil without one.
     [[nodiscard]] ZVMenuNode* nodeOf(Uuid const& id) const;
-    /// Null when the items were laid anew meanwhile without it.
+    /// The node's item; null when it is no longer among the items.
     [[nodiscard]] MenuItem const* itemOf(ZVMenuNode* node) const;
-    /// The store's items have changed: what was remembered of them is gone.
+    /// Drops the pointers to the store's items, which have changed.
     void forgetItems() { m_items.clear(); }
 
 private:

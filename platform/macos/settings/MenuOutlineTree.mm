@@ -41,7 +41,7 @@ std::vector<ZVMenuNode*> MenuOutlineTree::nodesFor(std::vector<MenuItem> const& 
 {
     std::vector<ZVMenuNode*> nodes;
     for (auto const& item : items) {
-        auto kept = before.extract(item.id); // of two with the same id the first keeps the node
+        auto kept = before.extract(item.id); // of two items with the same id the first keeps the node
         ZVMenuNode* const node = kept.empty() ? [[ZVMenuNode alloc] initWithIdentity:item.id] : kept.mapped();
         m_nodes.emplace(item.id, node);
         m_items.emplace(item.id, &item);

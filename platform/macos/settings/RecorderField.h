@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-/// Catches the keys while a shortcut is being recorded; a button otherwise.
+/// A button that catches the keys while a shortcut is being recorded.
 @interface ZVRecorderButton : NSButton {
     BOOL _isRecording;
     std::function<void(BOOL)> _recordingChanged;

@@ -48,7 +48,7 @@
         [super keyDown:event];
 }
 
-/// Combinations with Command come here, before any menu takes them.
+/// Gets combinations with Command, before any menu takes them.
 - (BOOL)performKeyEquivalent:(NSEvent*)event
 {
     if (!_isRecording)
@@ -90,7 +90,7 @@ RecorderField::RecorderField(SettingsModels& models)
     });
     [m_clear setBordered:NO];
     m_view = stack(Direction::row, { m_button, m_clear });
-    // The global hotkeys are let go of meanwhile: not for longer than the window has the keys.
+    // Recording releases the global hotkeys: it ends when the window loses the keyboard.
     m_observers.observe(NSWindowDidResignKeyNotification, ^(NSNotification* told) {
         if ([told object] == [m_button window])
             [m_button setRecording:NO];
@@ -101,7 +101,7 @@ RecorderField::RecorderField(SettingsModels& models)
 void RecorderField::setSpec(std::optional<KeyEquivalentSpec> const& spec)
 {
     if (spec != m_spec)
-        [m_button setRecording:NO]; // what was being recorded was meant for another item
+        [m_button setRecording:NO]; // the recording was for another item
     m_spec = spec;
     refresh();
 }

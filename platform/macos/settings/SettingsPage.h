@@ -24,7 +24,7 @@ public:
     void show(std::vector<SettingsSection> const& sections);
 
 private:
-    /// A control, and what it does now: the actions are taken anew whenever the page is shown.
+    /// A control and its current row: the actions are replaced whenever the page is shown.
     struct Row {
         SettingsRow described;
         NSControl* control = nil;

@@ -2,7 +2,7 @@
 
 #import "platform/macos/cocoa/Conversions.h"
 
-/// Rows begin at its top.
+/// A view whose rows begin at its top.
 @interface ZVFlippedView : NSView
 @end
 
@@ -24,7 +24,7 @@ constexpr double sectionSpacing = 14;
 
 } // namespace
 
-/// As wide as what scrolls it, as high as its rows.
+/// Makes the view as wide as its scroll view, as high as its rows.
 SettingsPage::SettingsPage()
     : m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
     , m_view(scrollAround(m_content))
@@ -155,7 +155,7 @@ void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& describ
 {
     [button removeAllItems];
     for (auto const& choice : described.choices) {
-        // Not addItemWithTitle:, which takes out an item of the same title.
+        // addItemWithTitle: would remove an item of the same title.
         NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
         [item setTag:static_cast<NSInteger>(choice.value)];
         [[button menu] addItem:item];

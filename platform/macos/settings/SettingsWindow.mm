@@ -7,7 +7,7 @@
 
 #include "app/settings/SettingsTexts.h"
 
-/// Lends the window the editor's undo stack, and tells when the window closes.
+/// Gives the window the editor's undo stack, and tells when the window closes.
 @interface ZVSettingsWindowDelegate : NSObject <NSWindowDelegate> {
     NSUndoManager* _undoManager;
     std::function<void()> _closing;
@@ -74,7 +74,7 @@ public:
     void bringToFront()
     {
         [m_window makeKeyAndOrderFront:nil];
-        [m_window orderFrontRegardless]; // becoming active is a request, which the system may decline
+        [m_window orderFrontRegardless]; // the system may decline to activate the program
     }
 
 private:
@@ -123,7 +123,7 @@ private:
         m_models.place().keepTab([m_tabs selectedTabViewItemIndex]);
     }
 
-    /// Shows what holds now, and follows it.
+    /// Shows the current settings, and follows them.
     void refresh()
     {
         std::vector<SettingsSection> sections;

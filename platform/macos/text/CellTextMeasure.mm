@@ -8,7 +8,7 @@ namespace zv {
 
 namespace {
 
-/// The C library knows how wide characters are once it is told that they are Unicode's.
+/// Uses the C library's widths of characters, in a locale of Unicode.
 class CellTextMeasure : public TextMeasure {
 public:
     CellTextMeasure()
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    /// Joiners and variation selectors have no width; what the library does not know has one.
+    /// The width in cells: 0 for joiners and variation selectors, 1 where the library knows none.
     static int cellsOf(char32_t codePoint)
     {
         bool const isJoiner = (codePoint >= 0x200B && codePoint <= 0x200F) || (codePoint >= 0xFE00 && codePoint <= 0xFE0F);

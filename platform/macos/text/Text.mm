@@ -9,7 +9,7 @@ namespace zv {
 
 namespace {
 
-/// Length of the well-formed sequence at the front, or 0.
+/// The length in bytes of the well-formed sequence at the front, or 0.
 std::size_t sequenceLength(std::string_view text)
 {
     auto const byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
@@ -32,7 +32,7 @@ std::size_t sequenceLength(std::string_view text)
     return 0;
 }
 
-/// Bytes of the first `count` characters, one entry each.
+/// The lengths in bytes of the first `count` characters.
 std::vector<std::size_t> graphemeLengths(std::string_view text, std::size_t count)
 {
     std::vector<std::size_t> lengths;
@@ -62,7 +62,7 @@ bool isInSet(std::string_view grapheme, NSCharacterSet* set)
     return [set longCharacterIsMember:first];
 }
 
-/// At the front of each sort key: it tells nothing, so that what follows is compared.
+/// The front of each sort key, equal in all, so that the rest is compared.
 constexpr std::string_view undecidedStart("\0\0\0\0\0\0\0\0", 8);
 
 NSStringCompareOptions searchOptions()
@@ -171,7 +171,7 @@ std::string sortKey(std::string_view text)
     return key;
 }
 
-/// The system has no keys that are documented to order as its comparison does: the text itself is kept.
+/// Appends the text itself: the system has no keys documented to order as its comparison does.
 void appendSortKey(std::string& block, std::string_view text) { block.append(undecidedStart).append(text); }
 
 int compareSortKeys(std::string_view a, std::string_view b)

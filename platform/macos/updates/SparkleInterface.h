@@ -2,9 +2,9 @@
 
 #import <Foundation/Foundation.h>
 
-/// What we use of the update framework, which is loaded when the program runs: nothing is
-/// linked, so classes stand here as protocols: SPUUpdater, SPUStandardUpdaterController and
-/// SUAppcastItem of https://sparkle-project.org/documentation/api-reference.
+/// The used part of the update framework, which is loaded at run time, not linked: so its
+/// classes stand here as protocols: SPUUpdater, SPUStandardUpdaterController and SUAppcastItem
+/// of https://sparkle-project.org/documentation/api-reference.
 
 @protocol ZVAppcastItem <NSObject>
 - (NSString*)displayVersionString;

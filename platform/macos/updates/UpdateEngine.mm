@@ -13,7 +13,7 @@ NSString* const automaticKey = @"automaticallyChecksForUpdates";
 
 } // namespace
 
-/// Asked by the framework, under the names that it looks for.
+/// The framework's delegate, with methods of the names that it looks for.
 @interface ZVUpdateDelegate : NSObject {
     zv::UpdateChannels* _channels;
     zv::UpdateUserDriver* _driver;
@@ -65,7 +65,7 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
 
 @end
 
-/// Watches the two properties; what it calls runs on the main thread.
+/// Watches the two properties; calls back on the main thread.
 @interface ZVUpdaterWatch : NSObject {
     NSObject* _updater;
     std::function<void()> _canCheck;
@@ -158,7 +158,7 @@ private:
     Lifetime m_lifetime;
 };
 
-/// Stands where the program was built without the framework: all of it but updates works.
+/// The engine of a program built without the framework, in which all but updates works.
 class NoUpdateEngine : public UpdateEngine {
 public:
     explicit NoUpdateEngine(std::string problem)
