@@ -1,6 +1,6 @@
-// Folders listed into menus, against the least that such a listing can cost and against
-// what the desktop's own library takes for it, all in the same run. ZV_BENCH_FOLDER names
-// a folder on the file system to measure; the temporary one is the default.
+// Folders listed into menus, against a bare listing and against the desktop's own library,
+// all in the same run. ZV_BENCH_FOLDER names a folder on the file system to measure; the
+// temporary one is the default.
 
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/MenuBuilder.h"
@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t firstInOrder = 500;
 
-/// Names such as people have; every fiftieth child is a folder.
+/// Realistic names; every fiftieth child is a folder.
 std::string nameOf(int index)
 {
     static constexpr std::array patterns { "IMG_%d.jpg", "Report %d (final).pdf", "notes-%d.txt", "%d Holiday in Zürich.mov", "Makefile.%d" };
@@ -40,7 +40,7 @@ std::string nameOf(int index)
     return text.data();
 }
 
-/// Folders of every size, made when they are first asked for and removed at the end.
+/// Folders of every size, made on first use and removed at the end.
 class Folders {
 public:
     static Folders& shared()
@@ -83,7 +83,7 @@ private:
     std::map<int, std::string> m_paths;
 };
 
-/// The least: names by getdents64, their sort keys, the first of them in order.
+/// The bare listing: names by getdents64, their sort keys, the first of them in order.
 std::size_t listBare(std::string const& path)
 {
     static auto const collator = [] {
@@ -114,7 +114,7 @@ std::size_t listBare(std::string const& path)
     return all.size();
 }
 
-/// The desktop's library: everything it tells of every file, sorted by its own keys.
+/// The desktop's library: all its facts of every file, sorted by its own keys.
 std::size_t listByGio(std::string const& path)
 {
     struct Named {
@@ -177,7 +177,7 @@ void gio(benchmark::State& state)
         benchmark::DoNotOptimize(listByGio(path));
 }
 
-/// Of this thread's own time, which other programs do not use up.
+/// The seconds of this thread's own CPU time, without that of other programs.
 template <class Work> double secondsFor(Work work)
 {
     auto const now = [] {
@@ -190,7 +190,7 @@ template <class Work> double secondsFor(Work work)
     return now() - start;
 }
 
-/// In turns, so that whatever else the machine does meets both alike; the medians count.
+/// Measures both sides in turns, so that other load meets both alike; the medians count.
 template <class Other> void ratio(benchmark::State& state, Other other)
 {
     auto const& path = Folders::shared().ofSize(static_cast<int>(state.range(0)));

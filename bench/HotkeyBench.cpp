@@ -19,13 +19,13 @@
 #include <fstream>
 #include <thread>
 
-/// Each measurement of ours is held against the bare one, by turns.
+/// Measurements of ours against bare ones, by turns.
 namespace zv {
 namespace {
 
 constexpr int shortcutCount = 1000;
 
-/// Combinations that nobody would type: 16 sets of modifiers on some seventy keys.
+/// Shortcuts of 16 sets of modifiers on some seventy keys.
 std::vector<KeyEquivalentSpec> manyShortcuts()
 {
     static constexpr std::string_view keys = "abcdefghijklmnopqrstuvwxyz0123456789-=[];',./`\\";
@@ -71,7 +71,7 @@ struct Hotkeys {
     HotkeyCenter center;
 };
 
-/// 63 keys with all sixteen modifier sets and four lock states, as the program grabs them:
+/// Grabs 63 keys with all sixteen modifier sets and four lock states, as the program does:
 /// every request before the first answer.
 void grabAll(desktop::XClient const& client)
 {
@@ -96,7 +96,7 @@ void ungrabAll(desktop::XClient const& client)
     client.sync();
 }
 
-/// At most 1.2 times the bare grabs. Each has a server of its own.
+/// The first pass: at most 1.2 times the bare grabs. Each has a server of its own.
 void compareFirstPass()
 {
     desktop::PrivateX const bareServer;
@@ -125,7 +125,7 @@ void unchangedPass(benchmark::State& state)
 }
 BENCHMARK(unchangedPass)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// Everything that has arrived.
+/// Handles all events that have arrived.
 void turn()
 {
     for (int i = 0; i < 5; ++i)
@@ -134,8 +134,8 @@ void turn()
 
 constexpr std::uint8_t f1 = 67, home = 110, super = 133;
 
-/// From the finger to the action: Super and F1, by their raw key codes. Against a client that
-/// has nothing but this grab and waits for its event. Below 2 ms.
+/// From the press of Super and F1, by raw key codes, to the action, against a client that
+/// only has this grab and waits for its event. Below 2 ms.
 void comparePressToAction()
 {
     Hotkeys hotkeys;
@@ -176,7 +176,7 @@ void comparePressToAction()
 
 double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-/// Five seconds in which nothing happens.
+/// Five seconds without events.
 void idle(benchmark::State& state)
 {
     Hotkeys hotkeys;
@@ -219,7 +219,7 @@ Tree const& tree()
     return one;
 }
 
-/// Faster than `find`.
+/// The scan for shortcuts: faster than `find`.
 void comparePrescan()
 {
     LinuxFileSystem const files;

@@ -1,6 +1,6 @@
-// The lists of what the machine has, and their icons. What runs on the main thread when a
-// submenu opens has "onMain" in its name: each is to stay below five milliseconds at the
-// sizes given here. The others run in the background while the submenu says "Loading…".
+// The machine's lists and their icons. Work on the main thread when a submenu opens has
+// "onMain" in its name: each is to stay below five milliseconds at the sizes given here.
+// The others run in the background while the submenu says "Loading…".
 
 #include "app/menu/MenuIcon.h"
 #include "base/MainThread.h"
@@ -48,7 +48,7 @@ std::string bookmarkText(int number)
         + " %u&apos;\" modified=\"2023-06-01T10:00:00.123456Z\" count=\"3\"/></bookmark:applications></metadata></info></bookmark>\n";
 }
 
-/// What a well-used machine has, made once and removed at the end.
+/// The files of a well-used machine, made once and removed at the end.
 class Machine {
 public:
     static Machine& shared()
@@ -114,7 +114,7 @@ void recentlyUsedInBackground(benchmark::State& state)
 }
 BENCHMARK(recentlyUsedInBackground)->Unit(benchmark::kMillisecond);
 
-/// The least that reading such a file can cost with this parser: nothing is done with it.
+/// The parser alone, which does nothing with what it reads.
 void recentlyUsedParserAlone(benchmark::State& state)
 {
     auto& machine = Machine::shared();
@@ -207,7 +207,7 @@ void settingsPanesOnMain(benchmark::State& state)
 }
 BENCHMARK(settingsPanesOnMain)->Unit(benchmark::kMillisecond);
 
-/// What a menu of 250 entries pays before it is on screen when none of its pictures is there.
+/// A menu of 250 entries before it is on screen, without any picture drawn yet.
 void coldIconsBeforeFirstPaintOnMain(benchmark::State& state)
 {
     auto& machine = Machine::shared();
@@ -222,7 +222,7 @@ void coldIconsBeforeFirstPaintOnMain(benchmark::State& state)
 }
 BENCHMARK(coldIconsBeforeFirstPaintOnMain)->Unit(benchmark::kMillisecond);
 
-/// The same when they were drawn in an earlier menu.
+/// The same with pictures drawn in an earlier menu.
 void warmIconsBeforeFirstPaintOnMain(benchmark::State& state)
 {
     auto& machine = Machine::shared();
@@ -242,7 +242,7 @@ void warmIconsBeforeFirstPaintOnMain(benchmark::State& state)
 }
 BENCHMARK(warmIconsBeforeFirstPaintOnMain)->Unit(benchmark::kMillisecond);
 
-/// All of them fetched, which an open menu does in slices.
+/// Fetching all pictures, which an open menu does in slices.
 void coldIconsAfterFirstPaint(benchmark::State& state)
 {
     auto& machine = Machine::shared();

@@ -1,4 +1,4 @@
-// What the overlay costs while nothing happens, and how far it is behind a bar that slides.
+// The cost of the idle overlay, and its lag behind a sliding bar.
 
 #include "app/menubar/AppleMenuOverlayController.h"
 #include "base/MainThread.h"
@@ -27,11 +27,11 @@ using namespace zv;
 
 namespace {
 
-int waits = 0; ///< how often anything waited for a descriptor: once for each round trip
+int waits = 0; ///< calls that waited for a descriptor: one for each round trip
 
 } // namespace
 
-/// In place of the C library's, which it calls.
+/// Replaces the C library's, which it calls.
 extern "C" int poll(pollfd* descriptors, nfds_t count, int timeout)
 {
     static auto const original = reinterpret_cast<int (*)(pollfd*, nfds_t, int)>(dlsym(RTLD_NEXT, "poll"));
@@ -41,7 +41,7 @@ extern "C" int poll(pollfd* descriptors, nfds_t count, int timeout)
 
 namespace {
 
-/// Hands on to the real panels and notes when one was told to move.
+/// Forwards to the real panels and notes when one is moved.
 class WatchedPanels : public OverlayPanels {
 public:
     explicit WatchedPanels(OverlayPanels& panels)
@@ -121,7 +121,7 @@ double processSeconds()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// Below 0.2 ms and two round trips.
+/// An idle tick: below 0.2 ms and two round trips.
 void tickWithoutChange(benchmark::State& state)
 {
     waits = 0;
@@ -131,7 +131,7 @@ void tickWithoutChange(benchmark::State& state)
 }
 BENCHMARK(tickWithoutChange);
 
-/// What it is measured against: one question to the X server.
+/// The yardstick: one question to the X server.
 void oneRoundTrip(benchmark::State& state)
 {
     desktop::XClient const client;
@@ -140,7 +140,7 @@ void oneRoundTrip(benchmark::State& state)
 }
 BENCHMARK(oneRoundTrip);
 
-/// Below 0.3 % of a core.
+/// Idle: below 0.3 % of a core.
 void idleWithTheSlowHeartbeat(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -151,7 +151,7 @@ void idleWithTheSlowHeartbeat(benchmark::State& state)
 }
 BENCHMARK(idleWithTheSlowHeartbeat)->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-/// Each step of a slide, 25 ms apart as panels do it: until the overlay's frame has followed.
+/// The lag of the overlay's frame behind each step of a slide, 25 ms apart as panels do it.
 /// Below 16 ms at the median.
 void lagBehindASlidingBar(benchmark::State& state)
 {

@@ -77,8 +77,8 @@ void compare(PropertyList const& value, PropertyListEncoding encoding, std::stri
     auto const load = [&] { benchmark::DoNotOptimize(readPropertyList(document).ok()); };
     auto const loadBare = [&] { plist_free(parsedBare(document, encoding)); };
     auto const save = [&] { benchmark::DoNotOptimize(writePropertyList(value, encoding).ok()); };
-    // Whoever keeps a model of his own makes libplist's tree for each save; copying one is the
-    // quickest way to get it.
+    // A program with a model of its own makes libplist's tree for each save; copying one is the
+    // quickest way.
     auto const saveBare = [&] {
         auto const tree = plist_copy(bareTree);
         writeBare(tree, encoding);

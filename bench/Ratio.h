@@ -10,8 +10,8 @@
 
 namespace zv::bench {
 
-/// How often each side is measured. The sides take turns, so that what else the machine
-/// does falls on both.
+/// The number of measurements of each side. The sides take turns, so that other load falls
+/// on both.
 inline constexpr int rounds = 11;
 
 template <class Work> double nanosecondsOf(Work& work)
@@ -28,7 +28,7 @@ inline double median(std::vector<double> values)
     return *middle;
 }
 
-/// Of the clock on the wall, for what another process (an X server) does for us.
+/// Wall-clock time, for work done by another process (an X server).
 template <class Work> double wallNanosecondsOf(Work& work)
 {
     auto const start = std::chrono::steady_clock::now();
@@ -36,14 +36,14 @@ template <class Work> double wallNanosecondsOf(Work& work)
     return static_cast<double>(std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now() - start).count());
 }
 
-/// What is to be measured, and what has to be undone after each time.
+/// The work to be measured, and its undoing after each time.
 template <class Work, class Undo> struct Side {
     Work work;
     Undo undo;
 };
 template <class Work, class Undo> Side(Work, Undo) -> Side<Work, Undo>;
 
-/// As ratio() does, by the clock on the wall.
+/// Like ratio(), by wall-clock time.
 template <class Ours, class Bare> double wallRatio(std::string const& name, std::size_t units, Ours ours, Bare bare, int times = rounds)
 {
     std::vector<double> ourTimes;
@@ -60,9 +60,8 @@ template <class Ours, class Bare> double wallRatio(std::string const& name, std:
     return result;
 }
 
-/// Prints "name: A ns, B ns, ratio r": what ours takes for one of `units`, what the bare
-/// library (or whatever it is measured against) takes, and how often the one fits the other.
-/// Returns the ratio.
+/// Prints "name: A ns, B ns, ratio r": our time for each of `units`, the time of the bare
+/// library (or other yardstick), and the first divided by the second. Returns the ratio.
 template <class Ours, class Bare> double ratio(std::string const& name, std::size_t units, Ours ours, Bare bare)
 {
     std::vector<double> ourTimes;

@@ -1,5 +1,5 @@
-// What the menu editor takes with 10,000 items, against the same with 100: what a person
-// waits for must not grow with the menu, or hardly.
+// The menu editor with 10,000 items against 100: the time a person waits must hardly grow
+// with the menu.
 
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuIcon.h"
@@ -50,7 +50,7 @@ public:
     Editor(Editor const&) = delete;
     Editor& operator=(Editor const&) = delete;
 
-    void change() // one edit, as far as the picture of it
+    void change() // one edit, up to its picture
     {
         m_models.editor().setTitle(m_store.items().front().id, "Title " + std::to_string(++m_changes));
         QApplication::processEvents();

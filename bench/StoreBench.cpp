@@ -55,7 +55,7 @@ plist_t parsedBare(std::vector<std::byte> const& document)
     return node;
 }
 
-/// What whoever saves by libplist cannot do without: the nodes, and their text.
+/// The least of a save by libplist: the nodes, and their text.
 void saveBare(plist_t tree)
 {
     auto* const nodes = plist_copy(tree);

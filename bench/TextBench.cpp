@@ -1,4 +1,4 @@
-// Texts against bare ICU: what 100,000 file names cost to parse and to sort.
+// Texts against bare ICU: parsing and sorting 100,000 file names.
 
 #include "app/model/FinderPopName.h"
 #include "bench/Ratio.h"
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t nameCount = 100'000;
 
-/// Names as folders hold them; one in eight is not ASCII, one in ten has a shortcut or a prefix.
+/// Realistic names; one in eight is not ASCII, one in ten has a shortcut or a prefix.
 std::vector<std::string> fileNames()
 {
     static constexpr char const* words[] = { "Report", "invoice", "IMG_", "Grüße", "holiday photo", "main", "résumé", "backup-" };

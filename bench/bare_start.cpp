@@ -1,5 +1,5 @@
-// bare_start: the least that a program of this toolkit does to be found on the session bus;
-// what bench/start compares with.
+// bare_start: the least program of this toolkit to be found on the session bus; bench/start
+// compares with it.
 
 #include <QApplication>
 #include <QDBusConnection>

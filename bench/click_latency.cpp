@@ -24,7 +24,7 @@ namespace {
 using Milliseconds = std::chrono::duration<double, std::milli>;
 using SteadyTime = std::chrono::steady_clock::time_point;
 
-constexpr int smallestMenu = 20; // pixels; what is smaller is no menu
+constexpr int smallestMenu = 20; // pixels; a smaller window is no menu
 constexpr auto settle = std::chrono::milliseconds(250);
 
 struct Options {
@@ -73,7 +73,7 @@ std::optional<Options> parse(int count, char** arguments)
     return options;
 }
 
-/// One display, watched for pop-up windows and what is painted on them.
+/// A display, watched for pop-up windows and their painting.
 class Probe {
 public:
     explicit Probe(Options options)

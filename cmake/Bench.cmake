@@ -11,6 +11,6 @@ find_package(X11 REQUIRED COMPONENTS Xtst Xdamage)
 add_executable(click_latency ${CMAKE_SOURCE_DIR}/bench/click_latency.cpp)
 target_link_libraries(click_latency PRIVATE zv_options X11::X11 X11::Xtst X11::Xdamage)
 
-# What bench/start compares the program's start with.
+# The yardstick of bench/start.
 add_executable(bare_start ${CMAKE_SOURCE_DIR}/bench/bare_start.cpp)
 target_link_libraries(bare_start PRIVATE zv_options Qt6::Widgets Qt6::DBus)

@@ -1,9 +1,9 @@
-# One program for each tests/fuzz/*Fuzz.cpp; `fuzz_targets` builds them all. clang only.
+# A program for each tests/fuzz/*Fuzz.cpp; `fuzz_targets` builds them all. clang only.
 if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang)
   message(FATAL_ERROR "Fuzzing takes clang: use the preset sanitize")
 endif()
 
-# The readers that are fuzzed, once more: counted by the fuzzer and optimized, which all other code is not.
+# A second build of the fuzzed readers, instrumented by the fuzzer and optimized.
 add_library(zv_fuzz_options INTERFACE)
 target_compile_options(zv_fuzz_options INTERFACE -O1 -fsanitize=fuzzer-no-link)
 zv_library(zv_fuzzed FOLDERS base app/model platform/files platform/linux/text platform/linux/store

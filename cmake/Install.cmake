@@ -17,7 +17,7 @@ install(FILES ${packaging}/file-managers/thunar.desktop DESTINATION ${share}/Thu
 install(FILES ${packaging}/file-managers/zanthe-vell.nemo_action DESTINATION ${share}/nemo/actions)
 install(FILES ${packaging}/file-managers/zanthe_vell_nautilus.py DESTINATION ${share}/nautilus-python/extensions)
 
-# Pages and the changes go compressed, as the distribution wants them; -n keeps builds alike.
+# Compresses man pages and the changelog, as the distribution wants them; -n keeps builds alike.
 function(install_compressed source name destination)
   add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/${name} COMMAND gzip -9n < ${source} > ${CMAKE_BINARY_DIR}/${name} DEPENDS ${source} VERBATIM)
   list(APPEND compressed ${CMAKE_BINARY_DIR}/${name})
@@ -25,7 +25,7 @@ function(install_compressed source name destination)
   install(FILES ${CMAKE_BINARY_DIR}/${name} DESTINATION ${destination})
 endfunction()
 
-# Panels that show pictures alone find one of the size they want.
+# Pictures of fixed sizes, for panels that show no drawings.
 find_program(ZV_RSVG rsvg-convert)
 if(ZV_PACKAGED AND NOT ZV_RSVG)
   message(FATAL_ERROR "rsvg-convert (librsvg2-bin) is missing: it draws the icons of a package")
@@ -59,7 +59,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://zanthevell.org)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# Pictures of the theme as drawings; a theme; where icons are found at all; titles that shells complete.
+# In order: drawings of icons; a theme; the folders of icons; titles in shell completions.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, python3, xdg-utils")
 # Windows where there is no X server; the file manager's menu; Force Quit without a task manager.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland, python3-nautilus, x11-utils")

@@ -13,7 +13,7 @@ zv_library(zv_base FOLDERS base platform/files)
 zv_library(zv_app FOLDERS app LINK zv_base nlohmann_json::nlohmann_json)
 zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
-# The rooms of this system that know no toolkit, apart from those over Qt, X11 and D-Bus.
+# The rooms without a toolkit, apart from those over Qt, X11 and D-Bus.
 set(plain_rooms posix entries files store text bus apps machine session install)
 set(toolkit_rooms toolkit x11 icons menu tray hotkeys overlay windows settings updates program doctor)
 list(TRANSFORM plain_rooms PREPEND platform/linux/ OUTPUT_VARIABLE plain_folders)
@@ -25,7 +25,7 @@ if(ZV_PCH)
   target_precompile_headers(zv_qt PRIVATE <QtWidgets/QtWidgets> <QtDBus/QtDBus>)
 endif()
 set_target_properties(zv_qt PROPERTIES AUTOMOC ON)
-# A program that was built, not installed, shows the icons of its sources; a package knows of no place on the machine it was made on.
+# A program that was built, not installed, shows the icons of its sources; a package holds no path of its build machine.
 if(NOT ZV_PACKAGED)
   set(icons_source ${CMAKE_SOURCE_DIR}/packaging/linux/icons)
 endif()

@@ -5,8 +5,8 @@ option(ZV_PCH "Precompile the headers that most files include" ON)
 option(ZV_FUZZ "Build the fuzz targets (clang only)" OFF)
 option(ZV_PACKAGED "Build for a package: nothing of this machine in the program" OFF)
 
-# The presets are for who works on the program; CMake's own release flags, which define NDEBUG, are for who
-# builds it with another compiler, and none of its warnings shall stop that.
+# Warnings are errors in the presets, for developers; not with CMake's own release flags, which define NDEBUG:
+# a build by another compiler must not stop at its warnings.
 string(TOUPPER "${CMAKE_BUILD_TYPE}" ZV_CONFIGURATION)
 if(CMAKE_CXX_FLAGS_${ZV_CONFIGURATION} MATCHES NDEBUG)
   set(ZV_WERROR_DEFAULT OFF)
@@ -21,8 +21,8 @@ target_compile_definitions(zv_options INTERFACE ZV_VERSION="${PROJECT_VERSION}")
 target_compile_options(zv_options INTERFACE -Wall -Wextra $<$<BOOL:${ZV_WERROR}>:-Werror> -Wnon-virtual-dtor -Woverloaded-virtual
                                             -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-  # What the optimizer guesses about paths changes with what it inlined, and gcc 12 has it wrong for
-  # std::optional and std::string: the first two are only noise, the others are told but stop nothing.
+  # Warnings of the optimizer change with its inlining, and gcc 12 is wrong about std::optional and
+  # std::string: the first two are noise and off, the others warn but stop nothing.
   target_compile_options(zv_options INTERFACE -Wno-maybe-uninitialized -Wno-restrict -Wno-error=array-bounds -Wno-error=stringop-overflow
                                               -Wno-error=stringop-overread -Wno-error=stringop-truncation -Wno-error=dangling-pointer
                                               -Wno-error=use-after-free -Wno-error=free-nonheap-object -Wno-error=nonnull
@@ -42,13 +42,13 @@ endif()
 find_program(ZV_CCACHE ccache)
 if(ZV_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_SOURCE_DIR}/cmake/cached-compiler ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR})
-  # clang's precompiled headers hold times and paths; what they are made of, ninja knows.
+  # clang's precompiled headers hold times and paths; ninja knows their sources.
   if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     target_compile_options(zv_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp" "SHELL:-Xclang -fno-validate-pch")
   endif()
 endif()
 
-# A library of all the .cpp files of these folders and below them.
+# Makes a library of all .cpp files in and below these folders.
 function(zv_library name)
   cmake_parse_arguments(ARG "" "" "FOLDERS;LINK" ${ARGN})
   list(TRANSFORM ARG_FOLDERS REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/\\1/*.cpp")

@@ -1,9 +1,9 @@
 find_package(GTest REQUIRED)
 
-# In one file alone: another tree finds all other objects in the compiler's cache.
+# The path is in one file alone: another tree finds all other objects in the compiler's cache.
 set_source_files_properties(${CMAKE_SOURCE_DIR}/tests/main.cpp PROPERTIES COMPILE_DEFINITIONS ZV_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 
-# One program a layer: what needs no toolkit is built and run without one.
+# A program for each layer: tests that need no toolkit are built and run without one.
 function(zv_tests name)
   cmake_parse_arguments(ARG "" "" "FOLDERS;LINK" ${ARGN})
   set(sources)
@@ -19,7 +19,7 @@ function(zv_tests name)
   if(ZV_PCH)
     target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <functional> <map> <string> <vector>)
   endif()
-  # A test reads and writes what it made itself: the address sanitizer sees the same faults for half the time to compile.
+  # Tests go without these checks of pointers: the address sanitizer sees the same faults in half the time to compile.
   if(ZV_SANITIZE)
     target_compile_options(${name} PRIVATE -fno-sanitize=null,alignment,object-size,vptr)
   endif()
@@ -30,7 +30,7 @@ endfunction()
 list(TRANSFORM plain_rooms PREPEND linux/ OUTPUT_VARIABLE plain_tests)
 list(TRANSFORM toolkit_rooms PREPEND linux/ OUTPUT_VARIABLE toolkit_tests)
 zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_cli zv_app zv_linux)
-# What the Mac's rooms have without its frameworks runs here, too.
+# The Mac's plain C++, which needs none of its frameworks, runs here, too.
 zv_library(zv_macos_plain FOLDERS platform/macos LINK zv_base)
 zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux zv_macos_plain)
 zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
@@ -42,7 +42,7 @@ add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/unless_same te
 set_tests_properties(macos_check PROPERTIES TIMEOUT 600)
 add_test(NAME macos_sdk COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/unless_same tests/macos/sdk/check)
 set_tests_properties(macos_sdk PROPERTIES TIMEOUT 600 PROCESSORS 2 SKIP_RETURN_CODE 77)
-# What is driven on a desktop, killed or linked with another compiler's objects is the plain program that people get:
+# The plain program that people get is driven on a desktop, killed or linked with another compiler's objects:
 # `./zv test` builds it beside the sanitized one. Label "plain": needs that build, too.
 if(ZV_SANITIZE)
   set(ZV_PLAIN_BUILD ${CMAKE_SOURCE_DIR}/build/release)
@@ -64,12 +64,12 @@ add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET
 set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
 if(ZV_SANITIZE AND ZV_FUZZ)
-  # Short: enough to find what broke.
+  # A short run: enough to find a new fault.
   add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
   set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600)
 endif()
 
-# What a machine of one processor does while it waits for panels: these count as half a test for `ctest -j`.
+# Tests that use a whole processor count as two for `ctest -j`, which runs two a processor.
 set_tests_properties(zv_core_tests zv_linux_tests zv_qt_tests documents completions PROPERTIES PROCESSORS 2)
 set_tests_properties(macos_check PROPERTIES PROCESSORS 4)
 

@@ -5,13 +5,13 @@ set(CMAKE_OBJCXX_STANDARD 20)
 set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
 set(CMAKE_OBJCXX_EXTENSIONS OFF)
 
-# Updates work where the framework is given, with where to ask and the key to trust.
+# Updates need the framework, the address of the feed and the key to trust.
 set(ZV_SPARKLE "" CACHE PATH "Sparkle.framework to put into the application; empty for a build without updates")
 set(ZV_FEED_URL "" CACHE STRING "Address of the update feed")
 set(ZV_UPDATE_KEY "" CACHE STRING "Public Ed25519 key of the updates, base64")
 set(ZV_SIGNING_IDENTITY "-" CACHE STRING "Certificate to sign each build with; - for none, which is good on this machine alone")
 
-# Other versions of the compiler and the SDK warn about other things: seen, not fatal.
+# Warnings are shown, not fatal: they vary with versions of the compiler and the SDK.
 target_compile_options(zv_options INTERFACE -Wno-error -Wno-unused-parameter -Wno-four-char-constants)
 
 zv_library(zv_base FOLDERS base platform/files)
@@ -36,19 +36,19 @@ set_source_files_properties(${man_pages} PROPERTIES MACOSX_PACKAGE_LOCATION Reso
 set_source_files_properties(${completions} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/completions)
 list(APPEND resources ${man_pages} ${completions})
 
-# An address goes into a property list, which is XML.
+# The address goes into a property list, which is XML.
 string(REPLACE "&" "&amp;" ZV_FEED_URL "${ZV_FEED_URL}")
 
 add_executable(zanthe-vell MACOSX_BUNDLE ${front_end} ${resources})
 set_target_properties(zanthe-vell PROPERTIES
     OUTPUT_NAME "Zanthe Vell"
     MACOSX_BUNDLE_INFO_PLIST ${CMAKE_SOURCE_DIR}/packaging/macos/Info.plist.in
-    # Whatever the signature covers: it is signed anew, after the linking, when one of them changes.
+    # All that the signature covers: a change of one links and signs anew.
     LINK_DEPENDS "${resources};${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements;${CMAKE_BINARY_DIR}/Zanthe Vell.app/Contents/Info.plist"
     BUILD_RPATH "@executable_path/../Frameworks"
     INSTALL_RPATH "@executable_path/../Frameworks")
 target_compile_options(zanthe-vell PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
-# Else the system's headers make macros of words such as check and verify.
+# The system's headers must not make macros of words such as check and verify.
 target_compile_definitions(zanthe-vell PRIVATE __ASSERT_MACROS_DEFINE_VERSIONS_WITHOUT_UNDERSCORES=0)
 
 set(frameworks Cocoa ApplicationServices Carbon CoreGraphics CoreServices DiskArbitration ServiceManagement SystemConfiguration UniformTypeIdentifiers UserNotifications)
@@ -62,7 +62,7 @@ if(ZV_SPARKLE)
       COMMAND codesign --force --deep --preserve-metadata=entitlements --sign "${ZV_SIGNING_IDENTITY}" "$<TARGET_BUNDLE_CONTENT_DIR:zanthe-vell>/Frameworks/Sparkle.framework")
 endif()
 
-# With a certificate, permissions once given are remembered from build to build. What the
-# program may do is not what the parts of the framework may: each is signed for itself.
+# With a certificate, permissions once given are remembered from build to build. The program
+# and the parts of the framework have different entitlements: each is signed for itself.
 add_custom_command(TARGET zanthe-vell POST_BUILD VERBATIM
     COMMAND codesign --force --sign "${ZV_SIGNING_IDENTITY}" --entitlements "${CMAKE_SOURCE_DIR}/packaging/macos/ZantheVell.entitlements" "$<TARGET_BUNDLE_DIR:zanthe-vell>")

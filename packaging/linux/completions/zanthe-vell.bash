@@ -25,7 +25,7 @@ for item in items:
 _zanthe_vell() {
     local current words cword title given=() word
     if declare -F _get_comp_words_by_ref > /dev/null; then
-        _get_comp_words_by_ref -n ':=@' -c current -w words -i cword # the titles may have those
+        _get_comp_words_by_ref -n ':=@' -c current -w words -i cword # titles may have these signs
     else
         words=("${COMP_WORDS[@]}") cword=$COMP_CWORD current=${COMP_WORDS[COMP_CWORD]}
     fi
