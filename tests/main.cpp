@@ -12,7 +12,7 @@ extern char** environ;
 
 namespace {
 
-/// Names of the variables by which a desktop, a toolkit or a language tells programs what it is.
+/// Names of the variables that tell programs of a desktop, a toolkit or a language.
 std::vector<std::string> surroundings()
 {
     std::vector<std::string> names;
@@ -25,7 +25,7 @@ std::vector<std::string> surroundings()
     return names;
 }
 
-/// The caller's desktop, language and home: no test depends on them, and none can touch them.
+/// Forgets the caller's desktop, language and home: no test depends on them or can touch them.
 void forgetSurroundings()
 {
     for (auto const& name : surroundings())

@@ -12,7 +12,7 @@
 
 namespace zv {
 
-/// A program that notes what it is asked.
+/// A program that notes its requests.
 class FakeRunningProgram : public RunningProgram {
 public:
     bool isRunning() const override { return state.ok(); }
@@ -33,7 +33,7 @@ public:
         return hotkeysJson;
     }
 
-    Result<void> state; ///< what every request is answered with
+    Result<void> state; ///< the answer to every request
     std::string hotkeysJson = R"({"registrations":[],"conflicts":[]})";
     std::vector<std::string> asked;
 
@@ -45,7 +45,7 @@ private:
     }
 };
 
-/// What a command left behind.
+/// The outcome of a command.
 struct Outcome {
     int status = 0;
     std::string out;
@@ -57,8 +57,8 @@ struct Outcome {
     }
 };
 
-/// Runs commands over a machine in memory. Each run is a process of its own: only the
-/// machine stays.
+/// Runs commands over a machine in memory. Each run acts as a new process: only the machine
+/// stays.
 struct CommandLineFixture : testing::Test {
     fakes::FakeSystem machine;
     fakes::FakeFileSystem& files = machine.files;

@@ -37,7 +37,7 @@ struct EntryPathTest : testing::Test {
         else
             opened.entries = { unavailable("It is silent.", "It is silent.") };
     }
-    /// What was found, or why nothing was; submenus fill when they open.
+    /// The entry found, or why there is none; submenus fill when they open.
     std::string find(std::vector<std::string> const& titles)
     {
         auto const entry = entryAt(menu, titles, fill);

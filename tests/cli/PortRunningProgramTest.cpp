@@ -6,7 +6,7 @@
 namespace zv {
 namespace {
 
-/// A command and the running program, joined by a post in memory.
+/// A command and the running program, joined by a message port in memory.
 struct PortRunningProgramTest : testing::Test {
     struct Post : MessagePort {
         explicit Post(PortRunningProgramTest& test)

@@ -7,7 +7,7 @@
 
 namespace zv::desktop {
 
-/// A bare panel of another program, to be moved about.
+/// A bare panel of another program, to be moved.
 class DockWindow {
 public:
     DockWindow(int x, int y, int width, int height)

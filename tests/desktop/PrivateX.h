@@ -11,10 +11,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// An X server of one's own, and other programs on it, for tests and measurements.
+/// A private X server and other programs on it, for tests and measurements.
 namespace zv::desktop {
 
-/// Started in the constructor, and in the environment's DISPLAY while it lives.
+/// An X server, started in the constructor, in the environment's DISPLAY while it lives.
 class PrivateX {
 public:
     PrivateX()
@@ -57,7 +57,7 @@ private:
     bool m_isRunning = false;
 };
 
-/// Another program on the display, and the user's fingers.
+/// Another program on the display, which also presses keys as the user.
 class XClient {
 public:
     XClient()
@@ -72,7 +72,7 @@ public:
     [[nodiscard]] xcb_connection_t* xcb() const { return m_connection; }
     [[nodiscard]] xcb_window_t root() const { return m_root; }
 
-    /// False when another client holds exactly this.
+    /// Grabs the combination; false when another client holds exactly this.
     bool grab(std::uint8_t keycode, std::uint16_t modifiers) const
     {
         auto const cookie = xcb_grab_key_checked(m_connection, 0, m_root, modifiers, keycode, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -84,7 +84,7 @@ public:
         xcb_ungrab_key(m_connection, keycode, m_root, modifiers);
         sync();
     }
-    /// As an open menu does.
+    /// Grabs the keyboard as an open menu does.
     void grabKeyboard() const
     {
         auto const cookie = xcb_grab_keyboard(m_connection, 1, m_root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -106,7 +106,7 @@ public:
     void sync() const { std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr)); }
 
 private:
-    /// XTEST's FakeInput: a raw key code, past every layout.
+    /// Sends a raw key code, past every layout: XTEST, FakeInput.
     void fakeKey(std::uint8_t type, std::uint8_t keycode) const
     {
         static xcb_extension_t extension { "XTEST", 0 };

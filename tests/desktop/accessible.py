@@ -12,7 +12,7 @@ def everything(accessible, depth=0):
     for index in range(min(accessible.childCount, 400)):
         try:
             yield from everything(accessible.getChildAtIndex(index), depth + 1)
-        except Exception:  # what is shown may change while it is walked
+        except Exception:  # the widgets may change while they are walked
             return
 
 

@@ -285,7 +285,7 @@ class ActionsTest(unittest.TestCase):
             alert = Alert()
             self.assertEqual(alert.text, "sendFailed(-1712)")
             alert.press("OK")
-            time.sleep(3)  # until the mock has woken up
+            time.sleep(3)  # the mock wakes up
             self.login.replace("Suspend", "")
 
     def test_files_pages_and_the_items_folder_open(self):

@@ -97,7 +97,7 @@ class BusMenu:
 class Program:
     """One run of it."""
 
-    # A test's launches are not the user's: no window of notes opens on the second of them.
+    # Launches of tests do not count: no window of notes opens on the second.
     TESTING = {"XCTestSessionIdentifier": "desktop"}
 
     def __init__(self, command=(PROGRAM,), **environment):
@@ -147,7 +147,7 @@ class Panel:
         return self
 
     def __exit__(self, *_):
-        # Asked by name it would restart itself in some sessions; a plain end is enough here.
+        # A plain kill: asked by name the panel would restart itself in some sessions.
         self.process.kill()
         self.process.wait()
         self.log.close()

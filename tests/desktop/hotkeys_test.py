@@ -142,7 +142,7 @@ class HotkeysTest(unittest.TestCase):
 
     def start(self):
         self.keyboard = Keyboard()
-        # Tests are not shown the notes window of some early launches.
+        # Launches of tests do not count: no window of notes opens.
         self.program = subprocess.Popen([PROGRAM], env={**os.environ, "XCTestSessionIdentifier": "1"})
         wait_until(lambda: subprocess.run([PROGRAM, "hotkeys"], capture_output=True, check=False).returncode == 0, 10, "the start")
 
@@ -276,7 +276,7 @@ class HotkeysTest(unittest.TestCase):
         wait_until(lambda: has_popup() == 1, 5, "the menu")
         for _ in range(8):
             self.keyboard.press(DOWN)
-            self.keyboard.press(RIGHT)  # which does nothing but on the folder
+            self.keyboard.press(RIGHT)  # acts on the folder alone
             time.sleep(0.2)
             if has_popup() == 2:
                 break

@@ -222,7 +222,7 @@ class OnAPanel(OverlayTest):
             move(*pointer)
             time.sleep(0.6)
             rows = screenshot(name)
-            for y in (3, 23):  # above and below the logo, across what it stands on
+            for y in (3, 23):  # above and below the logo, across its background
                 self.assertEqual(len(set(rows[y][8:20])), 1, f"{name}, row {y}: one colour")
 
     def test_each_monitor_has_its_own(self):
@@ -259,7 +259,7 @@ class OnAPanel(OverlayTest):
         import pyatspi
 
         def find():
-            # A theme's toolkit may have registered the program once more.
+            # A theme's toolkit may register the program once more.
             ours = [each for each in pyatspi.Registry.getDesktop(0) if each and each.name.lower() in ("zanthe vell", "zanthe-vell")]
             return next((child for each in ours for child in each if child and child.getRole() == pyatspi.ROLE_MENU_ITEM), None)
 

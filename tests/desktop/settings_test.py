@@ -173,7 +173,7 @@ class SettingsTest(unittest.TestCase):
         self.record("Launch", "ctrl+alt+k")
         held = wait_until(lambda: hotkeys("registrations"), 3, "the shortcut is held")
         self.assertEqual([entry["shortcut"] for entry in held], ["⌃⌥K"])
-        self.record("Again", "ctrl+alt+k")  # what we hold ourselves can be pressed, and is a conflict
+        self.record("Again", "ctrl+alt+k")  # our own shortcut can be pressed, and is a conflict
         wait_until(lambda: len(hotkeys("conflicts")) == 1, 3, "the conflict")
 
         click(found("Again"))

@@ -26,7 +26,7 @@ COPY = os.path.join(HOME, ".local/bin/zanthe-vell")
 SETTINGS, NOTES, ALERT = "Zanthe Vell Settings", "Zanthe Vell Beta", "Zanthe Vell"
 OWN = ("org.zanthevell.ZantheVell", "/org/zanthevell/ZantheVell")
 NO_BUS = {"DBUS_SESSION_BUS_ADDRESS": None, "XDG_RUNTIME_DIR": os.path.join(HOME, "no-bus")}
-FOR_THE_USER = {"XCTestSessionIdentifier": None}  # a launch that counts, and that may ask to move
+FOR_THE_USER = {"XCTestSessionIdentifier": None}  # a launch that counts and may ask to move
 RESTART_NEVER = 3  # among the session manager's hints
 
 

@@ -17,7 +17,7 @@
 
 namespace zv::fakes {
 
-/// Answers each command line as the test says; a tool that is not there cannot be started.
+/// Answers each command line as the test says; an unknown tool cannot be started.
 class FakeToolRunner : public ToolRunner {
 public:
     ToolResult run(ToolRequest const& request) override
@@ -68,7 +68,7 @@ public:
         scripts.push_back(script);
         done(script.userWasTold ? ScriptOutcome {} : outcome);
     }
-    ScriptOutcome outcome; ///< of scripts that were not told about
+    ScriptOutcome outcome; ///< of scripts whose user was not told
     std::vector<Script> scripts;
 };
 
@@ -109,7 +109,7 @@ public:
         m_files.addLink(place.path(), target.path());
         return {};
     }
-    std::function<void(Url const& place)> beforeCreating; ///< lets another one be quicker
+    std::function<void(Url const& place)> beforeCreating; ///< lets another program be quicker
 
 private:
     FakeFileSystem& m_files;

@@ -61,7 +61,7 @@ public:
     std::vector<std::string> log;
 };
 
-/// Answers alerts with what the test put in line, else with the first button.
+/// Answers alerts with the buttons that the test queued, else with the first button.
 class FakeAlerts : public Alerts {
 public:
     std::size_t run(Alert const& alert) override

@@ -4,7 +4,7 @@
 
 namespace zv::fakes {
 
-/// Answers with what the test chose; nothing chosen is a cancel.
+/// Answers with the test's choice; an empty choice is a cancel.
 class FakeFilePanels : public FilePanels {
 public:
     std::vector<Url> chooseToOpen(FilePanelQuestion const&) override { return opened; }

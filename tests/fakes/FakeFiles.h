@@ -120,7 +120,7 @@ private:
         auto const found = nodes.find(path);
         return found == nodes.end() ? nullptr : &found->second;
     }
-    /// Only the last component's links; forty steps stand for a loop.
+    /// Follows only the last component's links; forty steps stand for a loop.
     std::string follow(std::string path) const
     {
         for (int i = 0; i < 40; ++i) {

@@ -9,14 +9,14 @@
 
 namespace zv::fakes {
 
-/// Folders in memory, as they would be read; counts how often each is.
+/// Folders in memory; counts how often each is read.
 class FakeFolderReader : public FolderReader {
 public:
     struct Child {
         std::string name;
         FileTraits traits {};
         std::string localizedName {};
-        bool isLink = true; ///< or not known to be none
+        bool isLink = true; ///< or possibly a link
     };
 
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override

@@ -54,7 +54,7 @@ public:
     std::vector<SettingsPane> panes;
 };
 
-/// Writes the searches down; each ends when the test answers it.
+/// Records the searches; each ends when the test answers it.
 class FakeRecentFiles : public RecentFiles {
 public:
     struct Asked {
@@ -67,7 +67,7 @@ public:
         searches.push_back(std::make_shared<Asked>(Asked { question, std::move(done) }));
         return std::make_unique<Search>(searches.back());
     }
-    /// False when nobody waits for it any more.
+    /// Answers a search; false when it has ended.
     bool answer(std::size_t index, std::vector<RecentFile> files)
     {
         auto const done = searches.at(index)->done; // outlives the search, which it may destroy
@@ -76,7 +76,7 @@ public:
         return done != nullptr;
     }
 
-    std::vector<std::shared_ptr<Asked>> searches; ///< all there were
+    std::vector<std::shared_ptr<Asked>> searches; ///< all so far
 
 private:
     struct Search : RecentFilesSearch {
@@ -89,7 +89,7 @@ private:
     };
 };
 
-/// Pictures that are nothing but a name; counts how often each was asked for.
+/// Pictures that are only a name; counts how often each was asked for.
 class FakeIconSource : public IconSource {
 public:
     struct NamedImage : Image {

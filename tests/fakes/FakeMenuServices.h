@@ -14,7 +14,7 @@
 
 namespace zv::fakes {
 
-/// Writes down what the entries of a menu ask for.
+/// Records the requests of a menu's entries.
 class FakeMenuCommands : public MenuCommands {
 public:
     bool perform(MenuItem const& item) override
@@ -59,7 +59,7 @@ public:
     int emptied = 0;
 };
 
-/// Every byte is as wide as the next.
+/// Measures every byte as equally wide.
 class FakeTextMeasure : public TextMeasure {
 public:
     double menuFontWidth(std::string_view text) const override { return pointsPerByte * static_cast<double>(text.size()); }

@@ -16,7 +16,7 @@
 
 namespace zv::fakes {
 
-/// Menu bars that a test puts up; counts how it was asked.
+/// Menu bars that a test puts up; counts its calls.
 class FakeMenuBars : public MenuBars {
 public:
     struct Bar : MenuBar {
@@ -96,7 +96,7 @@ private:
     Point m_location;
 };
 
-/// Panels that only note what is asked of them, for as long as they live.
+/// Panels that only record their calls, for as long as they live.
 class FakeOverlayPanels : public OverlayPanels {
 public:
     struct State {
@@ -150,7 +150,7 @@ public:
     std::vector<std::weak_ptr<State>> made;
 };
 
-/// Notes what is drawn.
+/// Records the drawing.
 class FakeCanvas : public Canvas {
 public:
     struct Fill {

@@ -37,7 +37,7 @@ public:
     int settingsOpened = 0;
 };
 
-/// Files are names in a set; a copy can be made to fail.
+/// An installation over names in a set; a copy can be made to fail.
 class FakeInstallation : public Installation {
 public:
     RelocationSource source(Url const&) const override { return from; }

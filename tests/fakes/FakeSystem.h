@@ -69,7 +69,7 @@ struct FakeSystem {
     }
 };
 
-/// What a machine with a display has beside that.
+/// The display of that machine.
 struct FakeSurface {
     FakeApplication application;
     FakeAlerts alerts;

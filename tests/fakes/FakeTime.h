@@ -12,8 +12,8 @@
 
 namespace zv::fakes {
 
-/// A run loop that a test turns by hand: time moves only when told, timers fire in
-/// order, background work runs when asked for.
+/// A run loop that a test turns: time moves only when told, timers fire in order,
+/// background work runs when asked for.
 class FakeTime : public Clock, public Timers, public Tasks {
 public:
     WallTime now() const override { return m_wall; }
@@ -32,7 +32,7 @@ public:
     }
     void runOnMain(std::function<void()> work) override { m_main.push_back(std::move(work)); }
 
-    /// Moves time on, firing what is due in the order of its time.
+    /// Moves time on, firing due timers in the order of their times.
     void advance(std::chrono::milliseconds by)
     {
         auto const end = m_monotonic + by;
@@ -43,7 +43,7 @@ public:
         moveTo(end);
     }
 
-    /// Runs queued background work, then what it handed to the main thread, until both are empty.
+    /// Runs queued background work, then its results on the main thread, until both are empty.
     void runTasks()
     {
         while (!m_background.empty() || !m_main.empty()) {

@@ -73,7 +73,7 @@ public:
     }
     void discard(Url const& file) override { discarded.push_back(file.path()); }
 
-    /// The callback is taken out first: answering may end the request.
+    /// Takes the callback out first: answering may end the request.
     void answerFeed(Result<Bytes> answer) { std::exchange(feedDone, nullptr)(std::move(answer)); }
     void answerFile(Result<Url> answer) { std::exchange(fileDone, nullptr)(std::move(answer)); }
 

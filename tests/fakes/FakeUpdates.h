@@ -8,7 +8,7 @@
 
 namespace zv::fakes {
 
-/// An engine that a test drives: it finds what it is told to find.
+/// An engine that finds the updates that a test gives it.
 class FakeUpdateEngine : public UpdateEngine {
 public:
     Result<void> start() override
@@ -26,7 +26,7 @@ public:
     }
     std::optional<WallTime> lastUpdateCheckDate() const override { return lastCheck; }
 
-    /// A scheduled check found this.
+    /// Acts as a scheduled check that found this.
     void find(UpdateItem const& item, bool inImmediateFocus)
     {
         bool const shows = userDriver->shouldHandleShowingScheduledUpdate(item, inImmediateFocus);

@@ -7,7 +7,7 @@
 
 namespace zv::fakes {
 
-/// Settings in memory; counts what is written.
+/// Settings in memory; records the writes.
 class FakeUserDefaults : public UserDefaults {
 public:
     std::optional<PropertyList> object(std::string_view key) const override
@@ -36,7 +36,7 @@ public:
     PropertyListDictionary stored;
     PropertyListDictionary registered;
     std::vector<std::string> writes; ///< keys, in the order they were written
-    Result<void> writing; ///< what every write answers
+    Result<void> writing; ///< the result of every write
 
 private:
     static std::optional<PropertyList> copy(PropertyList const* value) { return value ? std::optional(*value) : std::nullopt; }

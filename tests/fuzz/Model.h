@@ -25,7 +25,7 @@ inline void require(bool holds, char const* what)
 inline std::span<std::byte const> bytesAt(std::uint8_t const* data, std::size_t size) { return { reinterpret_cast<std::byte const*>(data), size }; }
 inline std::string_view textAt(std::uint8_t const* data, std::size_t size) { return { reinterpret_cast<char const*>(data), size }; }
 
-/// An empty disk.
+/// Services over an empty disk.
 inline LocationServices services()
 {
     static fakes::FakeFileSystem files;
@@ -33,7 +33,7 @@ inline LocationServices services()
     return { files, bookmarks, "/home/ada" };
 }
 
-/// Compared as text, because no number equals NaN.
+/// The items as XML, to be compared: no number equals NaN.
 inline std::vector<std::byte> inXml(std::vector<MenuItem> const& items)
 {
     auto const bytes = writePropertyList(toPropertyList(items), PropertyListEncoding::xml);
@@ -41,7 +41,7 @@ inline std::vector<std::byte> inXml(std::vector<MenuItem> const& items)
     return *bytes;
 }
 
-/// What passed the check is read back as it was, from a document and from drag records.
+/// Requires that checked items read back unchanged, from a document and from drag records.
 inline void requireRoundTrips(std::vector<MenuItem> const& items)
 {
     auto const written = inXml(items);

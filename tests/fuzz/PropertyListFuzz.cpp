@@ -19,15 +19,15 @@ void require(bool holds, char const* what)
     std::abort();
 }
 
-/// As text, because no number equals NaN.
+/// The value as text, to be compared: no number equals NaN.
 std::optional<std::vector<std::byte>> inXml(PropertyList const& value)
 {
     auto written = writePropertyList(value, PropertyListEncoding::xml);
     return written ? std::optional(std::move(*written)) : std::nullopt;
 }
 
-/// What could be read can be written, and reads the same again. A first round cuts the
-/// fractions of a second that XML has not.
+/// Requires that a value can be written and reads the same again. A first round cuts the
+/// fractions of a second that XML lacks.
 void requireRoundTrip(PropertyList const& value, PropertyListEncoding encoding)
 {
     auto const written = writePropertyList(value, encoding);

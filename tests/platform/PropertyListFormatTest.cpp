@@ -41,7 +41,7 @@ PropertyList inArray(PropertyList value)
     return array;
 }
 
-/// Nothing is copied: a copy for each level would take seconds.
+/// A value nested `depth` levels deep, made without copies: they would take seconds.
 PropertyList nested(int depth)
 {
     PropertyList value = PropertyListArray {};

@@ -131,7 +131,7 @@ TEST_F(MenuActionsTest, EachKindDoesItsOwn)
 TEST_F(MenuActionsTest, EveryKindActsButTheRetiredOnesAndThoseThatOnlyOpenOrDivide)
 {
     auto const isIdle = [](MenuItemKind const& kind) {
-        bool const isList = kind.fillsItself() && kind != MenuItemKind::systemPrefs; // a file without a place is one of them
+        bool const isList = kind.fillsItself() && kind != MenuItemKind::systemPrefs; // a file without a place counts
         return isList || kind.isLegacy() || kind == MenuItemKind::separator || kind == MenuItemKind::submenu || kind == MenuItemKind::dockMenu;
     };
     for (int code = 0; code <= MenuItemKind::unknown; ++code) {

@@ -12,7 +12,7 @@ namespace {
 using State = DoctorCheck::State;
 using Found = DesktopFindings;
 
-/// A desktop on which nothing is wanting.
+/// A desktop that lacks nothing.
 Found everything()
 {
     Found found;

@@ -10,7 +10,7 @@ namespace {
 
 using State = DoctorCheck::State;
 
-/// A Mac on which nothing is wanting.
+/// A Mac that lacks nothing.
 MacFindings everything()
 {
     MacFindings found;

@@ -71,7 +71,7 @@ TEST_F(HotkeyPrescanTest, LooksIntoAFolderOnceWhateverWaysLeadToIt)
 
 TEST_F(HotkeyPrescanTest, ReachesAFolderByTheShortestWay)
 {
-    // Depth first, "/a/b/c" would use up the level that "/c" still has.
+    // Depth first, "/a/b/c" would use up the level left for "/c".
     addFolder("/a", { Reader::folder("to-c") });
     files.addLink("/a/to-c", "/c");
     addFolder("/c", { Reader::folder("d") });

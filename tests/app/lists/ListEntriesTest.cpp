@@ -10,7 +10,7 @@ using Titles = std::vector<std::string>;
 
 Url url(std::string_view text) { return Url::parse(text).value(); }
 
-/// The entries that each list makes of what its seam tells.
+/// The entries that each list makes of its seam's answer.
 struct MachineLists : testing::Test, ListsFixture {
     std::vector<DynamicEntry> runningApplicationEntries(RunningApplications::List told)
     {

@@ -29,7 +29,7 @@ struct ListsFixture : fakes::FakeSystem, ShortcutCommands, LocationCommands {
         .locationCommands = *this });
     std::vector<std::string> chosen;
 
-    /// What the list shows at once; nothing when it takes time.
+    /// The entries that the list shows at once; nothing when it takes time.
     template <class Item> std::vector<Item> shown(MenuItemKind::Case kind)
     {
         std::vector<Item> items;

@@ -11,7 +11,7 @@ using Titles = std::vector<std::string>;
 using std::chrono::seconds;
 
 struct AllLists : testing::Test, ListsFixture {
-    /// One thing for each list to show.
+    /// Adds one thing for each list to show.
     void fillTheMachine()
     {
         folders->folders["/data/Items"] = { { "Item" } };
@@ -44,7 +44,7 @@ TEST_F(AllLists, EachKindThatFillsItselfHasItsOwn)
 {
     struct Row {
         Kind::Case kind;
-        std::string title; ///< of the one thing that the machine has for it
+        std::string title; ///< of the machine's one thing for it
         std::string icon;
         std::string emptyTitle = "No Items";
         std::string noResponseTitle {};

@@ -9,7 +9,7 @@ using Kind = MenuItemKind;
 using Titles = std::vector<std::string>;
 
 struct RecentItemsLists : testing::Test, ListsFixture {
-    /// What one submenu shows: each opening asks for it anew.
+    /// The contents of one submenu: each opening asks anew.
     struct Submenu {
         Titles titles { "Loading…" };
     };

@@ -18,7 +18,7 @@ std::vector<DynamicEntry> entriesNamed(int count)
     return entries;
 }
 
-/// "a-b": a letter for an entry titled so, "-" for a separator.
+/// Entries spelled as "a-b": a letter for an entry titled so, "-" for a separator.
 std::vector<DynamicEntry> spelled(std::string_view text)
 {
     std::vector<DynamicEntry> entries;
@@ -45,7 +45,7 @@ TEST(TidySeparators, LeavesNoneAtTheEndsNorTwoInARow)
 
 class DynamicSubmenuTest : public testing::Test, public MenuBench {
 protected:
-    /// Counts how often a mirror would have been told.
+    /// Counts the refills that a mirror would be told of.
     static std::shared_ptr<int> countRefills(Menu& menu)
     {
         auto count = std::make_shared<int>(0);
@@ -310,7 +310,7 @@ TEST_F(SlowList, IsNotShownWhereTheMenuIsGoneOrWasOpenedAgain)
     EXPECT_EQ(linesOf(*entry.submenu), (Lines { "E1", "E2" }));
     open(entry);
     entry = MenuEntry();
-    answer(2, 1); // must not touch what is gone
+    answer(2, 1); // must not touch the destroyed submenu
 }
 
 TEST_F(SlowList, ThatMayBeSilentSaysSoAndIsShownWhenItComes)

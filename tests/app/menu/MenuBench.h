@@ -16,8 +16,8 @@
 
 namespace zv {
 
-/// One line an entry, as a reader of the menu would say it: "Title", "(Disabled)", "---",
-/// "Title >" for a submenu.
+/// The entries as lines: "Title", "(Disabled)", "---" for a separator, "Title >" for a
+/// submenu.
 inline std::vector<std::string> linesOf(Menu const& menu)
 {
     std::vector<std::string> lines;

@@ -26,7 +26,7 @@ protected:
         controller.emplace(services(), preferences, [this](Point point) { clicks.push_back(point); });
     }
     AppleMenuOverlayServices services() { return { menuBars, screens, workspace, pointer, panels, time, time, hasVisibility ? &visibility : nullptr }; }
-    /// Until the first fast period is over.
+    /// Starts the overlay and lets the first fast period pass.
     void startAndRest()
     {
         start();
@@ -37,7 +37,7 @@ protected:
         screens.list.push_back({ 1920, -120, 1600, 1200 });
         menuBars.add(8, { 1920, 1050, 1600, 30 });
     }
-    /// The bar's top edge, as a distance down from the screen's.
+    /// Moves the bar's top edge to `y` below the screen's.
     void slideBarTo(double y) { menuBars.bar(bar).frame.y = 1056 - y; }
     void hideBar() { menuBars.bar(bar).isOnScreen = false; }
     void showBar() { menuBars.bar(bar).isOnScreen = true; }

@@ -27,7 +27,7 @@ struct ModelFixture : testing::Test {
     {
         resources.files[name] = writePropertyList(value, PropertyListEncoding::xml).value();
     }
-    /// One that ships with the program.
+    /// Adds a resource that ships with the program.
     void addRealResource(std::string const& name, std::string const& asName)
     {
         std::ifstream in(tests::inSourceTree("app/resources/" + name), std::ios::binary);
@@ -59,7 +59,7 @@ inline std::vector<MenuItem> nested(int depth)
     return items;
 }
 
-/// Every type that a property list has, in unrecognized keys.
+/// A dictionary of every property-list type, in unrecognized keys.
 inline PropertyListDictionary everyType()
 {
     return {

@@ -12,7 +12,7 @@
 
 namespace zv {
 
-/// A store whose menu is written as text: "a b[c d] e", one letter an item, brackets for the
+/// A store whose menu is written as text: "a b[c d] e", a letter for an item, brackets for the
 /// children of a submenu.
 struct SettingsFixture : testing::Test {
     SettingsFixture()

@@ -14,7 +14,7 @@ namespace {
 struct BeggingTest : testing::Test {
     Begging make() { return Begging({ defaults, resources, windows, application, time }); }
 
-    /// One start of the program.
+    /// Starts the program once.
     void launch(Environment const& environment = {}, bool readOnly = false)
     {
         auto begging = make();

@@ -55,7 +55,7 @@ struct ProgramFixture : testing::Test {
         auto const found = std::find_if(menu.entries.begin(), menu.entries.end(), [&](auto const& each) { return each.title == title; });
         return found == menu.entries.end() ? nullptr : &*found;
     }
-    /// The titles in the submenu of the first entry, when all that it asked for has answered.
+    /// The titles in the submenu of the first entry, after all answers have arrived.
     Lines firstList()
     {
         auto const submenu = menu().entries.at(0).submenu;
@@ -71,7 +71,7 @@ struct ProgramFixture : testing::Test {
         auto const* found = entry(title);
         return found && found->target && (found->target->invoke(), machine.time.runTasks(), true);
     }
-    /// False when the program does not hold Option, Command and that key.
+    /// Presses Option, Command and that key; false when the program does not hold them.
     bool press(std::uint16_t keyCode)
     {
         for (auto const& [id, chord] : std::map(front.hotkeys.held)) {
