@@ -24,8 +24,8 @@ inline int exitStatusOf(pid_t child)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-/// Until it goes, this process has no rights beyond those of any account. Root's would pass
-/// over the permissions that a test is about.
+/// Drops root's rights while it lives: they would override the permissions that a test is
+/// about.
 class WithoutRoot {
 public:
     WithoutRoot() { EXPECT_TRUE(m_user != 0 || ::seteuid(65534) == 0); }

@@ -8,7 +8,7 @@
 
 namespace zv::tests {
 
-/// Starts nothing; writes down what would have been started.
+/// Starts nothing; records the commands.
 class FakePrograms : public Programs {
 public:
     bool has(std::string_view name) const override { return installed.contains(std::string(name)); }

@@ -66,7 +66,7 @@ template <class Condition> bool eventually(Condition isTrue)
     return isTrue();
 }
 
-/// A message bus that nobody but the test knows, and that can start no service at all.
+/// A message bus of the test's own, which can start no service.
 class PrivateBus {
 public:
     PrivateBus()
@@ -91,7 +91,7 @@ private:
     ChildProcess m_daemon;
 };
 
-/// One mocked service on a private bus; its methods are Python texts.
+/// A mocked service on a private bus; its methods are Python texts.
 class MockService {
 public:
     MockService(PrivateBus const& bus, std::string service, std::string path, std::string interface)
@@ -124,7 +124,7 @@ public:
         ASSERT_TRUE(reply.ok()) << reply.error().message;
     }
 
-    /// "Suspend true": what was called since the last look.
+    /// The calls since the last look, such as "Suspend true".
     std::vector<std::string> calls()
     {
         std::vector<std::string> lines;
@@ -144,7 +144,7 @@ public:
             }
             lines.push_back(line);
         }
-        if (!lines.empty()) // what comes between looking and clearing would be lost
+        if (!lines.empty()) // a call between looking and clearing would be lost
             (void)m_connection->call(mock(), "ClearCalls", nullptr, deadline());
         return lines;
     }

@@ -12,7 +12,7 @@
 
 namespace zv::tests {
 
-/// A folder of its own for a test, removed with all that is in it.
+/// A test's own folder, removed with its contents.
 class TemporaryFolder {
 public:
     TemporaryFolder()
@@ -47,7 +47,7 @@ public:
         std::filesystem::create_symlink(target, path(name));
         return path(name);
     }
-    /// What lies in the folder, or in one below it, sorted.
+    /// The names in the folder, or in one below it, sorted.
     [[nodiscard]] std::vector<std::string> names(std::string_view below = ".") const
     {
         std::vector<std::string> names;

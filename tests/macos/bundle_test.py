@@ -128,7 +128,7 @@ class ContentsTest(unittest.TestCase):
             self.assertIn(f"{name}.{extension}", listed)
 
 
-# Tools that only leave a file where theirs would be, and write down how they were called.
+# Mock tools, which only leave an empty file for their output and record their calls.
 TOOLS = {
     "compiler": """out=a.out; last=
 for a in "$@"; do [[ $last == -o ]] && out=$a; [[ $last == -MF ]] && : > "$a"; last=$a; done
@@ -237,7 +237,7 @@ class ScriptsTest(unittest.TestCase):
                 self.assertIn(expected, ended.stdout)
 
 
-# What each tool was called with is written down, whole calls in order.
+# Mock tools that record whole calls, in order.
 RELEASE_TOOLS = {
     "uname": "echo Darwin",
     "codesign": "called codesign",
@@ -249,7 +249,7 @@ RELEASE_TOOLS = {
     "plutil": """python3 -c 'import json, plistlib, sys
 contents = open(sys.argv[2], "rb").read()
 print((json.loads if contents.lstrip().startswith(b"{") else plistlib.loads)(contents)[sys.argv[1]])' "$2" "${@: -1}\"""",
-    # The real one, too, ends well when it was refused.
+    # The real tool also exits with success after a refusal.
     "xcrun": """called "$1"; case "$*" in *submit*) echo '{"id":"a-number","status":"'$STATUS'","message":"Processing complete"}' ;; *log*) echo "its reasons" ;; esac""",
 }
 

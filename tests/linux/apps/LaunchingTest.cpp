@@ -17,14 +17,14 @@ using tests::PrivateBus;
 using tests::TemporaryFolder;
 namespace fs = std::filesystem;
 
-/// An entry that writes what it was started with into the file "log".
+/// An entry that writes its arguments into the file "log".
 std::string entryText(std::string const& home, std::string const& more = {})
 {
     return "[Desktop Entry]\nType=Application\nName=N\nExec=" + home + "/note started %u\n" + more;
 }
 
-/// The applications are the test's own: these run again in a process whose environment
-/// names nothing but its folder.
+/// Tests with applications of their own: run again in a process whose environment names
+/// nothing but the test's folder.
 struct LaunchingInside : testing::Test {
     void SetUp() override
     {
@@ -114,7 +114,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     TemporaryFolder const folder;
     auto const note = folder.write("note", "#!/bin/sh\nh=${0%/*}\necho \"$@\" > \"$h/log.new\" && mv \"$h/log.new\" \"$h/log\"\n");
     fs::permissions(note, fs::perms::owner_all);
-    // There before the other process first looks: what appears later it learns of in its own time.
+    // Written before the other process first looks: it notices later entries in its own time.
     folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
     folder.write("applications/mimeapps.list",
         "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");

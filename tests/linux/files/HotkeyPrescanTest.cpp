@@ -11,7 +11,7 @@ namespace {
 
 class PrescanOfRealFolders : public testing::Test {
 protected:
-    /// "folder: name shortcut, …" for each folder that was looked into, relative to the tree.
+    /// The folders looked into, as "folder: name shortcut, …", relative to the tree.
     std::vector<std::string> scan(std::vector<std::string> const& roots, std::int64_t depth, HiddenFiles hiddenFiles = HiddenFiles::skipped)
     {
         std::vector<Url> urls;

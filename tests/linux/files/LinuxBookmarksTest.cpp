@@ -63,7 +63,7 @@ TEST_F(LinuxBookmarksTest, NeverTakesAnotherFileForOneThatIsGone)
 {
     writeText(folder.path("gone"), "x");
     auto const data = bookmarks.create(url("gone")).value();
-    // The new files are likely to get the number that the old one had.
+    // The new files are likely to get the inode number of the old one.
     for (int i = 0; i < 20; ++i) {
         std::filesystem::remove(folder.path("gone"));
         writeText(folder.path("other" + std::to_string(i)), "x");

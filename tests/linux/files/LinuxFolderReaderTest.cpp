@@ -14,7 +14,7 @@ using tests::TemporaryFolder;
 
 constexpr uid_t nobody = 65534;
 
-/// Reads as a user who may not read everything.
+/// Drops root's rights while it lives.
 class WithoutPrivileges {
 public:
     WithoutPrivileges()
@@ -34,7 +34,7 @@ private:
 };
 
 struct FolderReaderTest : testing::Test {
-    /// "file", "folder", "package file" …, by name.
+    /// The kinds of the children, such as "package file", by name.
     std::map<std::string, std::string> kinds(HiddenFiles hiddenFiles = HiddenFiles::skipped)
     {
         std::map<std::string, std::string> found;
@@ -191,7 +191,7 @@ TEST_F(FolderReaderTest, TellsWhyAFolderCannotBeRead)
 
 TEST_F(FolderReaderTest, RemoteIsKnownFromTheMountTableAlone)
 {
-    mountRemotely(folder.path("nas")); // nothing is there: whoever looked would find nothing
+    mountRemotely(folder.path("nas")); // nothing is there for a look to find
     folder.makeFolder("local");
     folder.link("way", folder.path("nas/films"));
     std::pair<std::string, bool> const rows[] = { { "nas", true }, { "nas/films", true }, { "way", true }, { "way/deeper", true }, { "local", false },

@@ -44,8 +44,8 @@ TEST(MountTable, KnowsWhatMayHang)
         EXPECT_FALSE(isRemoteFileSystem(type)) << type;
 }
 
-/// Below the "dead mount" of these tests nothing exists: whoever looked there would say
-/// "missing" instead of "remote".
+/// The "dead mount" of these tests is empty: a look at it would say "missing" instead of
+/// "remote".
 TEST(MountTable, NeverLooksAtAFileOnARemoteMountWhateverWayLeadsThere)
 {
     TemporaryFolder const disk;

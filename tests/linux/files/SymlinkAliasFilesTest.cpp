@@ -19,7 +19,7 @@ namespace {
 using tests::TemporaryFolder;
 namespace fs = std::filesystem;
 
-/// Only what adding asks of the disk, of the real one.
+/// The real disk, as far as adding uses it.
 class RealFiles : public fakes::FakeFileSystem {
 public:
     bool isTaken(Url const& url) const override
@@ -103,8 +103,7 @@ TEST_F(AliasTest, AFolderThatIsAFileIsTold)
     EXPECT_TRUE(outcome.added.empty());
 }
 
-/// Adds `count` times the same file from a process of its own; root could write anywhere,
-/// so the child also shows what a plain user meets.
+/// Runs `work` in a process of its own, which may give up root's rights.
 template <class Work> int inChild(Work work)
 {
     auto const child = ::fork();

@@ -51,7 +51,7 @@ constexpr std::uint16_t keyE = 14, keyF5 = 96;
 
 QString text(char const* latin1) { return QString::fromLatin1(latin1); }
 
-/// A desktop whose user refuses what the test says.
+/// A desktop whose user refuses the test's choice.
 class FakePortal : public QDBusVirtualObject {
 public:
     explicit FakePortal(QDBusConnection bus)
@@ -86,7 +86,7 @@ public:
         m_bus.send(signal);
     }
 
-    std::map<QString, QString> triggers; ///< as they were asked for, by id
+    std::map<QString, QString> triggers; ///< as asked for, by id
     std::set<QString> refusedTriggers;
     bool cancelsAll = false;
     int sessions = 0;

@@ -39,7 +39,7 @@ protected:
 
     std::vector<bool> claim(HotkeyID firstID, std::vector<KeyChord> const& chords) { return registrar->claimAll(firstID, chords); }
 
-    /// Turns the loop until something is so, or for a long time.
+    /// Turns the loop until `isSo`, or for a long time.
     bool turnUntil(std::function<bool()> const& isSo)
     {
         bool isLate = false;
@@ -48,7 +48,7 @@ protected:
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return isSo();
     }
-    /// Long enough for everything under way to arrive, repeated keys included.
+    /// Turns the loop until all events under way have arrived, repeated keys included.
     void settle(std::chrono::milliseconds time = 150ms)
     {
         bool isOver = false;

@@ -26,7 +26,7 @@ int paintedPixels(QImage const& image)
     return count;
 }
 
-/// A theme of its own in which every icon is of one colour.
+/// Installs private themes in which every icon is of one colour.
 class ThemeIconSourceTest : public testing::Test {
 protected:
     ThemeIconSourceTest()
@@ -44,7 +44,7 @@ protected:
     }
     void installTheme(std::vector<std::pair<std::string, QColor>> const& pictures, int size = 16)
     {
-        static int number = 0; // Qt remembers what a theme of a name holds
+        static int number = 0; // Qt caches a theme's contents by its name
         auto const name = "test" + std::to_string(++number);
         disk.write("themes/" + name + "/index.theme", "[Icon Theme]\nName=Test\nDirectories=all\n[all]\nSize=" + std::to_string(size) + "\nType=Fixed\n");
         disk.makeFolder("themes/" + name + "/all");

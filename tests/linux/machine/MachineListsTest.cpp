@@ -101,7 +101,7 @@ TEST(DefaultRoute, IsTheUsableOneOfLeastMetricAndIPv4First)
         EXPECT_EQ(defaultRouteInterface(row.ipv4, row.ipv6), row.interface) << row.why;
 }
 
-/// A list as the kernel would give it.
+/// A list of interfaces as the kernel gives it.
 class Interfaces {
 public:
     void add(char const* name, unsigned flags) { link(name, flags, nullptr); }

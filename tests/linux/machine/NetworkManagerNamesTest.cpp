@@ -13,7 +13,7 @@ constexpr auto manager = "/org/freedesktop/NetworkManager";
 constexpr auto activeInterface = "org.freedesktop.NetworkManager.Connection.Active";
 constexpr auto deviceInterface = "org.freedesktop.NetworkManager.Device";
 
-/// NetworkManager with whatever objects a test gives it.
+/// A mocked NetworkManager with a test's objects.
 struct NetworkManagerNamesTest : testing::Test {
     void call(char const* method, GVariant* arguments)
     {

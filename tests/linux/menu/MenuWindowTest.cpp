@@ -58,7 +58,7 @@ struct CountingStyle : MenuStyle {
     mutable int drawn = 0;
 };
 
-/// Tells what it has the style draw.
+/// A menu window that shows the test its texts and its picture.
 struct SeenWindow : MenuWindow {
     using MenuWindow::MenuWindow;
     QString drawnText(int index)
@@ -67,7 +67,7 @@ struct SeenWindow : MenuWindow {
         initStyleOption(&option, actions()[index]);
         return option.text;
     }
-    /// What is on screen.
+    /// The window's picture on screen.
     QImage shown() { return screen()->grabWindow(winId()).toImage(); }
 };
 
@@ -94,13 +94,13 @@ protected:
         top = nullptr;
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    /// Has it painted.
+    /// Lets the window paint.
     static void settle()
     {
         for (int i = 0; i < 5; ++i)
             QApplication::processEvents();
     }
-    /// How a window that never showed anything else shows the entries.
+    /// The entries' picture in a fresh window.
     QImage drawnAnew(std::shared_ptr<Menu> const& menu)
     {
         SeenWindow fresh(nullptr);

@@ -41,8 +41,8 @@ std::string textOf(ScriptOutcome const& outcome)
     return outcome.state == State::succeeded ? "done" : "no equivalent";
 }
 
-/// Everything that a session event can reach here is the test's own: two buses that
-/// nothing else listens on, and programs that are only written down.
+/// Session events that reach only the test: two private buses, and programs that are only
+/// recorded.
 struct SessionServicesTest : testing::Test {
     SessionServicesTest() { access.programs = programs; }
     std::string send(SessionEvent event, std::chrono::milliseconds timeout = 10s) { return textOf(LinuxSession(access).send(event, timeout)); }
@@ -72,7 +72,7 @@ TEST_F(SessionServicesTest, ABusWithoutTheServiceIsNoService)
     EXPECT_EQ(send(SessionEvent::askToLogOut), "needs confirmation");
 }
 
-/// A socket whose connections nobody ever answers.
+/// A socket that never answers.
 struct SilentSocket {
     SilentSocket()
     {
@@ -159,7 +159,7 @@ TEST_F(LoginServiceTest, ARefusalATimeoutAndAnErrorHaveTheirStatus)
         login.method("CanSuspend", "", "s", row.check);
         login.method("Suspend", "b", "", row.call);
         EXPECT_EQ(send(SessionEvent::sleep, row.timeout), row.outcome);
-        login.calls(); // waits until a slow one has ended
+        login.calls(); // waits until a slow call has ended
     }
     login.method("CanSuspend", "", "i", "ret = 3");
     EXPECT_EQ(send(SessionEvent::sleep), "-600") << "a reply that makes no sense is none";

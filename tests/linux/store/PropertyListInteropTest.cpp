@@ -10,7 +10,7 @@
 namespace zv {
 namespace {
 
-/// Reads "in", insists on what it says, and writes it again in both formats.
+/// A script that reads "in", checks its contents, and writes it again in both formats.
 constexpr char const* readerAndWriter = R"(
 import plistlib, sys
 folder, = sys.argv[1:]

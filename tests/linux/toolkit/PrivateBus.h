@@ -37,7 +37,7 @@ public:
     PrivateBus(PrivateBus const&) = delete;
     PrivateBus& operator=(PrivateBus const&) = delete;
 
-    /// A connection by that name of the program's own; close it with QDBusConnection::disconnectFromBus().
+    /// A connection of that name; close it with QDBusConnection::disconnectFromBus().
     [[nodiscard]] QDBusConnection connect(char const* name) const
     {
         return QDBusConnection::connectToBus(QString::fromStdString(m_address), QString::fromLatin1(name));

@@ -4,7 +4,7 @@
 
 namespace zv {
 
-/// One application a program, the real one, which shows nothing here; tests that run in any order share it.
+/// Makes the real application, which shows nothing here, once a program; tests in any order share it.
 inline void ensureApplication()
 {
     static int argc = 1;

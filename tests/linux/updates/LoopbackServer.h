@@ -14,7 +14,7 @@
 
 namespace zv::tests {
 
-/// Answers requests on a loopback port with what the test put at their paths.
+/// Answers requests on a loopback port with the test's answers by path.
 class LoopbackServer : public QTcpServer {
 public:
     struct Answer {
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] std::string address(std::string const& path) const { return "http://127.0.0.1:" + std::to_string(serverPort()) + path; }
     [[nodiscard]] Url url(std::string const& path) const { return *Url::parse(address(path)); }
 
-    /// By path. A path that is not there is not found; one without a head is never answered.
+    /// Answers by path. Other paths are not found; one without a head is never answered.
     std::map<QByteArray, Answer> answers;
     QByteArray lastRequest;
 

@@ -31,7 +31,7 @@ struct QtDownloadsTest : testing::Test {
     }
     ~QtDownloadsTest() override { fs::remove_all(folder); }
 
-    /// Short where the time is what is tested alone: a busy machine is slow, too.
+    /// Limits, short only in tests of the time: a busy machine is slow, too.
     static DownloadLimits limits(std::chrono::milliseconds silence = 20s, std::chrono::milliseconds total = 30s) { return { 1'000'000, silence, total }; }
     std::string outcome(Url const& url, DownloadSchemes schemes = DownloadSchemes::localToo, DownloadLimits const& allowed = limits())
     {

@@ -58,7 +58,7 @@ struct UpdateEngineFixture : testing::Test {
         return toBase64(std::as_bytes(std::span(signature)));
     }
 
-    /// An item of eleven bytes, as is "the package".
+    /// An item for a file of eleven bytes, such as "the package".
     std::string itemSigned(std::string const& version, std::string const& signature, std::string const& more = "")
     {
         return "<item><sparkle:version>" + version + "</sparkle:version>" + more

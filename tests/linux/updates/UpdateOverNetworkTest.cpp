@@ -10,8 +10,8 @@ using tests::LoopbackServer;
 using tests::turnUntil;
 using Answer = LoopbackServer::Answer;
 
-/// The engine over everything that it has on a desktop but the window; the feed and the
-/// package come from a server of the test's own.
+/// The engine with all its parts on a desktop but the window; the feed and the package come
+/// from a server of the test's own.
 struct UpdateOverNetworkTest : tests::UpdateEngineFixture {
     UpdateOverNetworkTest()
         : UpdateEngineFixture(downloads)
@@ -26,8 +26,8 @@ struct UpdateOverNetworkTest : tests::UpdateEngineFixture {
         server.answers = { { "/appcast.xml", { .body = QByteArray::fromStdString(feedText) } }, { "/zv.deb", packageAnswer } };
     }
 
-    /// Checks, installs what is offered, and tells how that ended: what the window says last,
-    /// or what was handed over.
+    /// Checks, installs the offer, and tells the end: the window's last text, or the file handed
+    /// over.
     std::string run()
     {
         workspace.log.clear();

@@ -18,7 +18,7 @@ struct AlertDialogTest : testing::Test {
     AlertDialogTest() { ensureApplication(); }
 };
 
-/// Runs the alert and presses one key as soon as it is there.
+/// Runs the alert and presses a key as soon as it is there.
 std::size_t runAndPress(Alert const& alert, int key)
 {
     QTimer::singleShot(0, [key] {

@@ -25,8 +25,8 @@ struct BusUserNotificationsTest : testing::Test {
         turnUntil([&] { return answer.has_value(); });
         return answer.value_or(false);
     }
-    /// What the service was asked. Its answers and signals until now have arrived, for they
-    /// come before its answer to one more question.
+    /// The calls of the service. Its earlier answers and signals have arrived, for they come
+    /// before its answer to this question.
     Calls callsOf(MockService& service)
     {
         (void)isGranted();

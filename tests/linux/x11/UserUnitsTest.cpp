@@ -13,7 +13,7 @@ namespace {
 using tests::MockService;
 using tests::PrivateBus;
 
-/// A desktop that is not X11: only the user's service manager tells what runs.
+/// A desktop without X11: only the user's service manager knows the running applications.
 struct UserUnitsTest : testing::Test {
     UserUnitsTest()
     {
@@ -23,7 +23,7 @@ struct UserUnitsTest : testing::Test {
     }
     ~UserUnitsTest() override { QDBusConnection::disconnectFromBus(QStringLiteral("units")); }
 
-    /// The titles, or "?" when nobody tells.
+    /// The titles, or "?" when none are known.
     std::string list()
     {
         std::optional<std::string> names;
@@ -84,7 +84,7 @@ TEST_F(UserUnitsTest, ActivateOverTheBusWhatCanBeAndStartTheRest)
     std::vector<std::string> calls;
     ASSERT_TRUE(tests::eventually([&] {
         QCoreApplication::processEvents();
-        auto const more = editor.calls(); // each is told once
+        auto const more = editor.calls(); // a call is told once
         calls.insert(calls.end(), more.begin(), more.end());
         return !calls.empty();
     }));

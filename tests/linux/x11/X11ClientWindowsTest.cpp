@@ -14,7 +14,7 @@
 namespace zv {
 namespace {
 
-/// A window manager that only keeps the list, and windows that say what a test wants.
+/// A window manager that only keeps the list, and windows with a test's properties.
 class X11ClientWindowsTest : public testing::Test {
 protected:
     void SetUp() override

@@ -9,7 +9,7 @@ ROOT = Path(__file__).resolve().parents[3]
 sys.path.insert(0, str(ROOT / "tests/macos/sdk"))
 from sdk import Sdk, linked_frameworks  # noqa: E402
 
-# What the compiler calls of Objective-C's runtime by itself (clang, "Automatic Reference Counting", runtime support).
+# Functions of Objective-C's runtime that the compiler calls by itself (clang, "Automatic Reference Counting", runtime support).
 RUNTIME = """msgSend msgSendSuper msgSendSuper2 msgSend_fpret msgSend_stret msgSendSuper2_stret alloc alloc_init allocWithZone opt_new opt_self opt_class
 opt_isKindOfClass opt_respondsToSelector retain release autorelease retainAutorelease retainAutoreleaseReturnValue autoreleaseReturnValue
 retainAutoreleasedReturnValue unsafeClaimAutoreleasedReturnValue claimAutoreleasedReturnValue retainBlock storeStrong storeWeak initWeak loadWeak
@@ -18,7 +18,7 @@ setProperty_atomic setProperty_nonatomic setProperty_atomic_copy setProperty_non
 exception_throw exception_rethrow begin_catch end_catch terminate getClass lookUpClass ehtype_vtable""".split()
 REGISTERS = [f"{what}_x{number}" for what in ("retain", "release") for number in range(29) if number not in (16, 17, 18)]
 OTHERS = ["_objc_empty_cache", "_objc_empty_vtable", "__objc_personality_v0", "OBJC_EHTYPE_id", "object_getClass", "sel_registerName"]
-# What the declarations leave out; the last is of the headers that stand for the Mac's here, in NSMakeRange.
+# Symbols missing in the declarations; the last is from NSMakeRange in the headers that stand for the Mac's here.
 UNNAMED = {"CoreFoundation": ["__CFConstantStringClassReference"], "Foundation": ["OBJC_EHTYPE_$_NSException", "_NSRangeExceptionRaise"]}
 
 

@@ -16,5 +16,5 @@ find_program(CMAKE_AR llvm-ar-14 REQUIRED)
 find_program(CMAKE_RANLIB llvm-ranlib-14 REQUIRED)
 find_program(CMAKE_INSTALL_NAME_TOOL llvm-install-name-tool-14 REQUIRED)
 set(CMAKE_OSX_SYSROOT $ENV{ZV_MAC_SDK})
-# CMake takes the Mac's version from the machine it runs on, and without one leaves the way to the frameworks out.
+# The flag for the frameworks' path, which CMake leaves out as this machine has no version of macOS.
 set(CMAKE_SHARED_LIBRARY_RUNTIME_CXX_FLAG "-Wl,-rpath,")

@@ -1,6 +1,6 @@
 /// The command line at work, a command a process, as on the Mac but without the application
-/// around it. After --running the program stands at its door in the same process, and says
-/// what it was asked to do.
+/// around it. After --running the program answers at its message port in the same process,
+/// and prints its requests.
 #import "platform/macos/compose/MacCommands.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/program/MessagePortServer.h"

@@ -1,5 +1,5 @@
 /// The front end's own files at work, as far as another implementation of the system's
-/// interfaces can carry them. Prints what it did; a wrong outcome ends it with a sentence.
+/// interfaces can carry them. Prints its steps; a wrong outcome ends it with a sentence.
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/compose/MainMenu.h"
@@ -179,7 +179,7 @@ void menusAreMirrored()
 }
 @end
 
-/// Presses a button of the alert that is being shown.
+/// Presses a button of the open alert.
 @interface ButtonPresser : NSObject {
 @public
     NSString* title;
@@ -448,7 +448,7 @@ void filesAreTaken(char const* file)
     expect(taken.size() == 1 && taken.front().path() == file && !error, "a file that is sent is taken");
 }
 
-/// Another program's change, as the system tells of it; that implementation does not by itself.
+/// Posts another program's change as the system does; that implementation does not by itself.
 void changeElsewhere(NSString* key, int value)
 {
     NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
@@ -491,7 +491,7 @@ void defaultsAreKept(bool isFirstRun)
 int main(int count, char** arguments)
 {
     @autoreleasepool {
-        // These files rely on automatic reference counting: without it nothing is ever let go.
+        // These files rely on automatic reference counting: without it nothing is ever released.
         [NSAutoreleasePool enableRelease:NO];
         markMainThread();
         [NSApplication sharedApplication];

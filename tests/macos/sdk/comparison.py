@@ -3,7 +3,7 @@
 import re
 from collections import Counter
 
-# Names that the declarations cannot carry, by why.
+# Names that the declarations cannot carry, by reason.
 BEYOND = {
     name: why
     for why, names in {
@@ -20,7 +20,7 @@ BEYOND = {
     }.items()
     for name in names.split()
 }
-_SORTS = {  # of JavaScript's types: what they may be here
+_SORTS = {  # of JavaScript's types: their counterparts here
     "string": ("string", "selector", "pointer"),
     "number": ("number", "boolean"),
     "interop.Enum": ("number", "boolean"),

@@ -1,5 +1,5 @@
 #pragma once
-// Declarations as compat/ and decl/ have them, some with a fault. The end of a line says what must be found there.
+// Declarations as compat/ and decl/ have them, some with a fault. The end of a line names the fault to be found.
 @interface NSMenu (Faults)
 - (void)removeAllItemss; // fault: -[NSMenu removeAllItemss] is not in the SDK
 - (NSMenuItem*)separatorItem; // fault: -[NSMenu separatorItem] is not in the SDK; NSMenuItem has it

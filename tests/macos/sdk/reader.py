@@ -44,7 +44,7 @@ class Use:
 
 @dataclass
 class Facts:
-    messages: list = field(default_factory=list)  # to what is the system's
+    messages: list = field(default_factory=list)  # to the system's objects
     declared: list = field(default_factory=list)  # by hand, of the system's classes
     implemented: list = field(default_factory=list)
     functions: list = field(default_factory=list)
@@ -155,7 +155,7 @@ class Reader:
     def _is_ours(self, cursor):
         return self._path(cursor).startswith(self._folders)
 
-    # What is used
+    # Uses
 
     def _walk(self, cursor):
         kind = sort_of(cursor)
@@ -205,7 +205,7 @@ class Reader:
         declared, receiver = self._refer(cursor), next(cursor.get_children(), None)
         if not declared or sort_of(declared) not in (C.OBJC_PROPERTY_DECL, *_METHODS):
             return
-        # A class in front of the dot is no expression.
+        # A class before the dot is no expression.
         owner = type_of(receiver).get_canonical().spelling if receiver else re.match(r"\w*", self._source(cursor))[0]
         setter = f"set{declared.spelling[:1].upper()}{declared.spelling[1:]}:"
         if sort_of(declared) in _METHODS:
@@ -258,7 +258,7 @@ class Reader:
     def _selector(self, cursor):
         self.facts.names.add((self._place(cursor), "selector", re.sub(r"\s|@selector|[()]", "", self._source(cursor))))
 
-    # What is declared and implemented
+    # Declarations and implementations
 
     def _interface(self, cursor):
         """A class or protocol of ours, or what it declares of the system's."""

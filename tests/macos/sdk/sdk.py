@@ -14,7 +14,7 @@ _SINGLE = re.compile(r"^declare (function|const) (\w+)(.*);$", re.M)
 _MEMBER = re.compile(r"^  (static )?(readonly )?(get |set )?(\w+)\$?\??(.*);$", re.M)
 _VALUE = re.compile(r"^  (\w+): (-?\d+),$", re.M)
 _GENERIC = re.compile(r"<[\w, ]*(?:This extends abstract new \(\.\.\.args: any\) → any)?>(?=\()")
-# What comes with a framework that is linked; Runtime holds the C library's names and those of Objective-C.
+# Frameworks that come with a linked one; Runtime holds the C library's names and those of Objective-C.
 _BROUGHT = {"Cocoa": ["AppKit", "Foundation", "CoreFoundation", "Runtime"]}
 
 
@@ -126,7 +126,7 @@ class Sdk:
                 self.enums.setdefault(name, {}).update((member, int(value)) for member, value in _VALUE.findall(body))
             elif kind == "class" and "constructor(init?" in body:
                 self.structs.setdefault(name, framework)
-            elif implemented != name:  # which would be a protocol as a value
+            elif implemented != name:  # a protocol as a value
                 is_protocol = kind == "interface"
                 type_ = (self.protocols if is_protocol else self.classes).setdefault(name, Type(name, framework))
                 type_.parents += [(parent, is_protocol) for parent in split_outside(extended, ",")]

@@ -1,5 +1,5 @@
 #pragma once
-// Hand-written subset: what the user lets the program do to others.
+// Hand-written subset: permissions to act on other programs.
 #include <CoreServices/CoreServices.h>
 #ifdef __cplusplus
 extern "C" {

@@ -1,5 +1,5 @@
 #pragma once
-// In the place of glibc's own: a 64-bit number is a long long on a Mac, another type than long.
+// Replaces glibc's own: a 64-bit number is a long long on a Mac, another type than long.
 #include <bits/types.h>
 typedef __int8_t int8_t;
 typedef __int16_t int16_t;
