@@ -104,37 +104,37 @@ std::optional<ProgramAnswer> decodedAnswer(std::string_view text)
 
 namespace {
 
-ProgramAnswer answer(ProgramMessage request, ProgramHandlers const& services, Tasks& tasks)
+ProgramAnswer answer(ProgramMessage request, ProgramHandlers const& handlers, Tasks& tasks)
 {
     switch (request.kind) {
     case Kind::showMenu:
-        tasks.runOnMain([show = services.showMenu, at = request.at] { show(at); });
+        tasks.runOnMain([show = handlers.showMenu, at = request.at] { show(at); });
         break;
     case Kind::openSettings:
-        tasks.runOnMain(services.openSettings);
+        tasks.runOnMain(handlers.openSettings);
         break;
     case Kind::quit:
-        tasks.runOnMain(services.quit);
+        tasks.runOnMain(handlers.quit);
         break;
     case Kind::addFiles:
-        if (auto const added = services.addFiles(std::move(request.files)); !added)
+        if (auto const added = handlers.addFiles(std::move(request.files)); !added)
             return Failure { added.error() };
         break;
     case Kind::hotkeys:
-        return services.hotkeys();
+        return handlers.hotkeys();
     case Kind::findings:
-        return services.findings();
+        return handlers.findings();
     }
     return std::string();
 }
 
 } // namespace
 
-std::string answerTo(std::string_view text, ProgramHandlers const& services, Tasks& tasks)
+std::string answerTo(std::string_view text, ProgramHandlers const& handlers, Tasks& tasks)
 {
     assertMainThread();
     auto request = decodedRequest(text);
-    return encoded(request ? answer(std::move(*request), services, tasks) : ProgramAnswer(Failure { std::string("That is no request.") }));
+    return encoded(request ? answer(std::move(*request), handlers, tasks) : ProgramAnswer(Failure { std::string("That is no request.") }));
 }
 
 } // namespace zv

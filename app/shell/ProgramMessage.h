@@ -3,7 +3,6 @@
 #include "platform/program/RunningProgram.h"
 #include "platform/time/Tasks.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,18 +31,8 @@ using ProgramAnswer = Result<std::string>;
 /// Empty when the text is no answer.
 [[nodiscard]] std::optional<ProgramAnswer> decodedAnswer(std::string_view text);
 
-/// The running program's handlers of requests.
-struct ProgramHandlers {
-    std::function<void(std::optional<RunningProgram::ScreenPoint>)> showMenu;
-    std::function<void()> openSettings;
-    std::function<void()> quit;
-    std::function<Result<void>(std::vector<Url>)> addFiles;
-    std::function<std::string()> hotkeys;
-    std::function<std::string()> findings;
-};
-
 /// Answers another process's request. Handlers that show or end something run in a later turn,
 /// after the answer has gone, so that the caller never waits for them.
-[[nodiscard]] std::string answerTo(std::string_view request, ProgramHandlers const& services, Tasks& tasks);
+[[nodiscard]] std::string answerTo(std::string_view request, ProgramHandlers const& handlers, Tasks& tasks);
 
 } // namespace zv

@@ -15,10 +15,10 @@ namespace zv {
 /// them says that the program does not run.
 ///
 /// To add a request:
-/// 1. Here: its method.
-/// 2. Over the session bus: BusRunningProgram asks; BusProgramServer has it in its introspection, in its
-///    table of methods and in ProgramRequests.
-/// 3. Over a message port: a kind of ProgramMessage with its name and what it carries, a handler and its case in
+/// 1. Here: its method, and its handler in ProgramHandlers, which each front end fills in.
+/// 2. Over the session bus: BusRunningProgram asks; BusProgramServer has it in its introspection and in its
+///    table of methods.
+/// 3. Over a message port: a kind of ProgramMessage with its name and what it carries, and its case in
 ///    answerTo(); PortRunningProgram asks.
 /// 4. FakeRunningProgram, and a line in PortRunningProgramTest: what is asked arrives.
 /// Then a command asks it (cli/CommandLine.cpp says what that takes).
@@ -46,6 +46,16 @@ public:
     [[nodiscard]] virtual Result<void> addFiles(std::vector<Url> const& files) = 0;
     /// Registrations and conflicts in the form that `hotkeys --json` prints.
     [[nodiscard]] virtual Result<std::string> hotkeys() = 0;
+};
+
+/// The running program's handlers of requests. Main thread only.
+struct ProgramHandlers {
+    std::function<void(std::optional<RunningProgram::ScreenPoint>)> showMenu;
+    std::function<void()> openSettings;
+    std::function<void()> quit;
+    std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
+    std::function<std::string()> hotkeys;
+    std::function<std::string()> findings; ///< of the system's own survey, where the program knows more than a command
 };
 
 } // namespace zv

@@ -15,7 +15,7 @@ namespace {
 
 std::string socketAddress(std::string const& path) { return ::access(path.c_str(), R_OK | W_OK) == 0 ? "unix:path=" + path : ""; }
 
-/// https://dbus.freedesktop.org/doc/dbus-specification.html, "Message Bus Messages"
+/// D-Bus, "Message Bus Messages", at https://dbus.freedesktop.org/doc/
 constexpr BusObject bus { "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus" };
 
 struct NamedKind {

@@ -68,7 +68,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_application(count, arguments)
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
-    , m_instance(m_bus, requests())
+    , m_instance(m_bus, handlers())
     , m_system({ .files = m_files,
           .timers = m_timers,
           .tasks = m_tasks,
@@ -126,26 +126,28 @@ void LinuxFrontEnd::watchSettings()
     QObject::connect(m_settingsWatch.get(), &QSocketNotifier::activated, &m_application, [this] { m_files.defaults().handleChange(); });
 }
 
-ProgramRequests LinuxFrontEnd::requests()
+ProgramHandlers LinuxFrontEnd::handlers()
 {
-    return {
-        [this](std::optional<QPoint> at) { showMenu(at); },
-        [this] { m_app->reopen(); },
-        [this] { m_application.terminate(); },
-        [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
-        [this] { return QString::fromStdString(m_app->hotkeyReport()); },
-    };
+    return { .showMenu = [this](auto at) { showMenu(at); },
+        .openSettings = [this] { m_app->reopen(); },
+        .quit = [this] { m_application.terminate(); },
+        .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
+        .hotkeys = [this] { return m_app->hotkeyReport(); },
+        .findings = {} };
 }
 
 /// Opens the menu at the place; without one, where the icon was clicked last, else at the pointer.
-void LinuxFrontEnd::showMenu(std::optional<QPoint> at)
+void LinuxFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
 {
     if (!canPlaceWindows()) {
         logLine("a menu can be put on the screen on X11 only; click its icon in the panel instead");
         return;
     }
-    if (auto const* statusItem = m_app->delegate().statusItem())
-        m_presenter.open(statusItem->menu(), at.value_or(m_statusBar.lastClick().value_or(QCursor::pos())));
+    auto const* statusItem = m_app->delegate().statusItem();
+    if (!statusItem)
+        return;
+    auto const usual = [this] { return m_statusBar.lastClick().value_or(QCursor::pos()); };
+    m_presenter.open(statusItem->menu(), at ? QPointF(at->x, at->y).toPoint() : usual());
 }
 
 UpdateEngineFactory LinuxFrontEnd::updateEngine()

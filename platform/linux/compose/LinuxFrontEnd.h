@@ -43,14 +43,14 @@ public:
 
 private:
     [[nodiscard]] SessionKind sessionKind() const { return sessionKindOf(m_files.environment()); }
-    [[nodiscard]] ProgramRequests requests();
+    [[nodiscard]] ProgramHandlers handlers();
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
-    void showMenu(std::optional<QPoint> at);
+    void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
     LinuxFiles m_files;
     LinuxApplication m_application;

@@ -19,7 +19,7 @@ struct DesktopAudience {
 /// The parts of XDG_CURRENT_DESKTOP ("ubuntu:GNOME").
 [[nodiscard]] std::vector<std::string> desktopsNamed(std::string_view colonSeparated);
 
-/// The main group of an application entry (.desktop): Desktop Entry Specification,
+/// The main group of an application entry (.desktop):
 /// https://specifications.freedesktop.org/desktop-entry-spec. Reads any bytes; malformed lines
 /// are skipped. Views into the text, which outlives it.
 class DesktopEntry {

@@ -69,9 +69,9 @@ struct BusProgramServer::Method {
     }
 };
 
-BusProgramServer::BusProgramServer(QDBusConnection bus, ProgramRequests requests)
+BusProgramServer::BusProgramServer(QDBusConnection bus, ProgramHandlers handlers)
     : m_bus(std::move(bus))
-    , m_requests(std::move(requests))
+    , m_handlers(std::move(handlers))
 {
 }
 
@@ -111,25 +111,26 @@ void BusProgramServer::later(std::function<void()> request) { QMetaObject::invok
 
 BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&)
 {
-    later([this] { m_requests.showMenu(std::nullopt); });
+    later([this] { m_handlers.showMenu(std::nullopt); });
     return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::showMenuAt(QVariantList const& arguments)
 {
-    later([this, at = QPoint(arguments[0].toInt(), arguments[1].toInt())] { m_requests.showMenu(at); });
+    RunningProgram::ScreenPoint const at { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) };
+    later([this, at] { m_handlers.showMenu(at); });
     return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::openSettings(QVariantList const&)
 {
-    later([this] { m_requests.openSettings(); });
+    later([this] { m_handlers.openSettings(); });
     return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::quit(QVariantList const&)
 {
-    later([this] { m_requests.quit(); });
+    later([this] { m_handlers.quit(); });
     return QVariantList {};
 }
 
@@ -141,12 +142,12 @@ BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& argument
         if (auto file = fileNamed(name.toStdString()))
             files.push_back(std::move(*file));
     }
-    if (auto const added = m_requests.addFiles(std::move(files)); !added)
+    if (auto const added = m_handlers.addFiles(std::move(files)); !added)
         return Failure { added.error() };
     return QVariantList {};
 }
 
-BusProgramServer::Answer BusProgramServer::hotkeys(QVariantList const&) { return QVariantList { m_requests.hotkeys() }; }
+BusProgramServer::Answer BusProgramServer::hotkeys(QVariantList const&) { return QVariantList { QString::fromStdString(m_handlers.hotkeys()) }; }
 
 BusProgramServer::Answer BusProgramServer::activateAction(QVariantList const& arguments)
 {

@@ -1,33 +1,21 @@
 #pragma once
 
 #include "base/Result.h"
-#include "base/Url.h"
+#include "platform/program/RunningProgram.h"
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
-#include <QPoint>
 
 #include <functional>
-#include <optional>
-#include <vector>
 
 namespace zv {
-
-/// The requests that other processes may make of the running program.
-struct ProgramRequests {
-    std::function<void(std::optional<QPoint>)> showMenu; ///< in pixels; at the pointer without a position
-    std::function<void()> openSettings;
-    std::function<void()> quit;
-    std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
-    std::function<QString()> hotkeys; ///< the hotkey report as JSON
-};
 
 /// The running program on the session bus, identified by owning its name. Serves its own
 /// interface and the desktop's one for applications.
 class BusProgramServer : public QDBusVirtualObject {
     Q_OBJECT
 public:
-    BusProgramServer(QDBusConnection bus, ProgramRequests requests);
+    BusProgramServer(QDBusConnection bus, ProgramHandlers handlers);
     ~BusProgramServer() override;
 
     /// False when another process has the name already.
@@ -52,7 +40,7 @@ private:
     void later(std::function<void()> request);
 
     QDBusConnection m_bus;
-    ProgramRequests m_requests;
+    ProgramHandlers m_handlers;
 };
 
 } // namespace zv

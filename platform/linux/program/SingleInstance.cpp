@@ -16,9 +16,9 @@ QString lockPath()
 
 } // namespace
 
-SingleInstance::SingleInstance(QDBusConnection bus, ProgramRequests requests)
+SingleInstance::SingleInstance(QDBusConnection bus, ProgramHandlers handlers)
     : m_bus(bus)
-    , m_program(std::move(bus), std::move(requests))
+    , m_program(std::move(bus), std::move(handlers))
 {
 }
 

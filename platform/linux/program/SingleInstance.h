@@ -12,7 +12,7 @@ namespace zv {
 /// no bus, by a lock file.
 class SingleInstance {
 public:
-    SingleInstance(QDBusConnection bus, ProgramRequests requests);
+    SingleInstance(QDBusConnection bus, ProgramHandlers handlers);
     ~SingleInstance();
 
     /// False when another instance runs.

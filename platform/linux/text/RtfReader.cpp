@@ -15,7 +15,7 @@ namespace zv {
 namespace {
 
 constexpr std::size_t maximumGroupDepth = 200;
-// Microsoft, Rich Text Format (RTF) Specification, version 1.9.1
+// Microsoft, Rich Text Format (RTF), version 1.9.1
 constexpr double twipsPerPoint = 20;
 
 /// The destination of a group's text.

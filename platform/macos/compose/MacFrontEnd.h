@@ -26,7 +26,7 @@ public:
 
 private:
     [[nodiscard]] Surface surface();
-    [[nodiscard]] ProgramHandlers services();
+    [[nodiscard]] ProgramHandlers handlers();
     [[nodiscard]] MacFindings findings() const;
     [[nodiscard]] std::string diagnostics() const;
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);

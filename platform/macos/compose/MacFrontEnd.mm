@@ -34,7 +34,7 @@ Point atPointer()
 } // namespace
 
 MacFrontEnd::MacFrontEnd()
-    : m_port([this](std::string const& request) { return answerTo(request, services(), m_system.tasks()); })
+    : m_port([this](std::string const& request) { return answerTo(request, handlers(), m_system.tasks()); })
     , m_settingsWindow(makeSettingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }))
     , m_app(std::make_unique<ZantheVellApp>(m_system.system(), surface()))
     , m_services([[ZVServicesProvider alloc] initWithFunction:[this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); }])
@@ -48,16 +48,14 @@ void MacFrontEnd::launch()
     (void)m_app->launch(); // a copy that takes over ends this process once it has started
 }
 
-ProgramHandlers MacFrontEnd::services()
+ProgramHandlers MacFrontEnd::handlers()
 {
-    return {
-        [this](auto at) { showMenu(at); },
-        [this] { m_app->reopen(); },
-        [this] { m_application->terminate(); },
-        [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
-        [this] { return m_app->hotkeyReport(); },
-        [this] { return encoded(findings()); },
-    };
+    return { .showMenu = [this](auto at) { showMenu(at); },
+        .openSettings = [this] { m_app->reopen(); },
+        .quit = [this] { m_application->terminate(); },
+        .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
+        .hotkeys = [this] { return m_app->hotkeyReport(); },
+        .findings = [this] { return encoded(findings()); } };
 }
 
 /// Opens one menu at a time; without a place, at the icon, else at the pointer.

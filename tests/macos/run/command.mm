@@ -21,7 +21,7 @@ int run(std::vector<std::string> const& arguments)
     return runCommandLine(arguments, commands);
 }
 
-ProgramHandlers spokenServices()
+ProgramHandlers spokenHandlers()
 {
     return {
         [](auto at) { std::cout << "shows its menu" << (at ? " at " + std::to_string(static_cast<int>(at->x)) : "") << std::endl; },
@@ -40,7 +40,7 @@ ProgramHandlers spokenServices()
 int runBesideTheProgram(std::vector<std::string> const& arguments)
 {
     auto const tasks = makeTasks();
-    MessagePortServer port([&](std::string const& request) { return answerTo(request, spokenServices(), *tasks); });
+    MessagePortServer port([&](std::string const& request) { return answerTo(request, spokenHandlers(), *tasks); });
     if (!port.open())
         return 9;
     int const status = run(arguments);
