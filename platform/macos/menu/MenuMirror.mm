@@ -154,6 +154,8 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
 - (void)dealloc
 {
     [_menu setDelegate:nil];
+    if (_isOpen)
+        [self endTracking]; // nobody would tell of the closing any more
     if (_mirrored)
         _mirrored->onRefilled = nullptr;
 #if !__has_feature(objc_arc)
@@ -193,11 +195,16 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
     _isOpen = NO;
     auto const mirrored = _mirrored; // the call may release this
     mirrored->onRefilled = nullptr;
-    if (_tracking) {
-        _tracking->isOpen = false;
-        _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
-    }
+    [self endTracking];
     mirrored->didClose();
+}
+
+- (void)endTracking
+{
+    if (!_tracking)
+        return;
+    _tracking->isOpen = false;
+    _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
 }
 
 /// Finds shortcuts while their menu is open. The system would otherwise fill every menu that fills
