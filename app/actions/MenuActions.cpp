@@ -3,6 +3,7 @@
 #include "app/actions/ActionAlerts.h"
 #include "app/actions/SystemPlaces.h"
 #include "app/model/Locations.h"
+#include "base/Log.h"
 #include "base/MainThread.h"
 
 #include <optional>
@@ -27,11 +28,28 @@ bool MenuActions::perform(MenuItem const& item)
 
 bool MenuActions::openLocation(MenuItem const& item)
 {
-    auto const url = item.location ? item.location->resolvedURL(locationsOf(m_services.system)) : std::nullopt;
-    if (!url)
+    auto const found = item.location ? item.location->resolve(locationsOf(m_services.system)) : ItemLocation::Resolution {};
+    if (found.kind == ItemLocation::Resolution::Kind::onUnmountedServer)
+        mountAndOpen(*item.location->bookmark);
+    else if (found.url)
+        open(*found.url);
+    else
         return false;
-    open(*url);
     return true;
+}
+
+/// Whether Command is held counts when the item is chosen, not when the server has answered.
+void MenuActions::mountAndOpen(BookmarkData const& bookmark)
+{
+    auto mounted = m_lifetime.guard([this, how = howToOpen()](std::optional<Url> const& url) {
+        if (url)
+            open(*url, how);
+        else
+            logLine("the server of a chosen item could not be mounted");
+    });
+    m_services.system.time.tasks.runDetached([find = m_services.system.files.bookmarks.mounting(bookmark), mounted] {
+        return std::function<void()>([mounted, url = find()]() mutable { mounted(url); });
+    });
 }
 
 bool MenuActions::performInProgram(MenuItem const& item)
@@ -111,7 +129,12 @@ void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
 void MenuActions::open(Url const& url)
 {
     assertMainThread();
-    if (isCommandHeld())
+    open(url, howToOpen());
+}
+
+void MenuActions::open(Url const& url, HowToOpen how)
+{
+    if (how == HowToOpen::revealed)
         m_services.system.session.workspace.reveal(url);
     else
         m_services.system.session.workspace.open(url);
@@ -210,6 +233,8 @@ void MenuActions::present(Alert const& alert)
     m_services.desk.application.activate();
     m_services.desk.alerts.run(alert);
 }
+
+MenuActions::HowToOpen MenuActions::howToOpen() const { return isCommandHeld() ? HowToOpen::revealed : HowToOpen::opened; }
 
 bool MenuActions::isCommandHeld() const { return contains(m_services.desk.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
 

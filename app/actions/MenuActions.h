@@ -51,7 +51,12 @@ public:
     void presentScriptFailure(SystemEventsBridge::Failure const& failure, MenuItem const& item);
 
 private:
+    enum class HowToOpen { opened, revealed };
+
     [[nodiscard]] bool isCommandHeld() const;
+    [[nodiscard]] HowToOpen howToOpen() const;
+    void open(Url const& url, HowToOpen how);
+    void mountAndOpen(BookmarkData const& bookmark);
     bool openLocation(MenuItem const& item);
     bool performInProgram(MenuItem const& item);
     void revealItemsFolder();

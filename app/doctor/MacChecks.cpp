@@ -55,7 +55,7 @@ DoctorCheck shortcutsCheck(std::vector<std::string> const& refused)
 DoctorCheck permissionCheck(Permission permission, PermissionState state)
 {
     auto const text = permissionText(permission, state);
-    auto const explanation = "It is " + text.state + ". " + text.reason;
+    auto const explanation = (state == PermissionState::notKnown ? "" : "It is ") + text.state + ". " + text.reason;
     if (state != PermissionState::refused)
         return { text.name, State::ok, explanation, {} };
     return { text.name, State::limited, explanation, "System Settings has the switch, under Privacy & Security, " + text.name + "." };
@@ -111,7 +111,7 @@ template <class Enumeration> Enumeration valueAt(Json const& json, char const* k
     return number <= static_cast<std::uint64_t>(last) ? static_cast<Enumeration>(number) : otherwise;
 }
 
-PermissionState permissionAt(Json const& json, char const* key) { return valueAt(json, key, PermissionState::notAsked, PermissionState::notAsked); }
+PermissionState permissionAt(Json const& json, char const* key) { return valueAt(json, key, PermissionState::notKnown, PermissionState::notAsked); }
 
 bool flagAt(Json const& json, char const* key)
 {

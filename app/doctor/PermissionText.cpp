@@ -11,6 +11,8 @@ char const* textOf(PermissionState state)
         return "allowed";
     case PermissionState::refused:
         return "not allowed";
+    case PermissionState::notKnown:
+        return "Not known while System Events is not running";
     case PermissionState::notAsked:
         break;
     }

@@ -147,9 +147,11 @@ MenuEntry MenuBuilder::makeFileItem(MenuItem const& item) const
         if (m_sources.folders.isRemote(url))
             return makeFileItemForURL(item, url, presumedTraits(url));
     }
-    auto const url = item.location ? item.location->resolvedURL(m_services.locations) : std::nullopt;
-    if (url)
-        return makeFileItemForURL(item, *url, m_services.locations.files.traits(*url).value_or(FileTraits {}));
+    auto const found = item.location ? item.location->resolve(m_services.locations) : ItemLocation::Resolution {};
+    if (found.url)
+        return makeFileItemForURL(item, *found.url, m_services.locations.files.traits(*found.url).value_or(FileTraits {}));
+    if (found.kind == ItemLocation::Resolution::Kind::onUnmountedServer)
+        return makeServerFileItem(item);
     auto missing = MenuEntry::disabled(displayText(item.displayTitle()));
     missing.toolTip = missingFileToolTip;
     return missing;
@@ -162,6 +164,17 @@ MenuEntry MenuBuilder::makeFileItemForURL(MenuItem const& item, Url url, FileTra
     auto entry = isFolder ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item)))
                           : makeActionItem(std::move(title), [&commands = m_services.commands, url] { commands.open(url); });
     applyFileIcon(url, entry);
+    if (item.keyEquivalent)
+        applyKeyEquivalent(*item.keyEquivalent, entry);
+    return entry;
+}
+
+/// Choosing it mounts the server; until then not even the kind of the file is known.
+MenuEntry MenuBuilder::makeServerFileItem(MenuItem const& item) const
+{
+    auto entry = makeActionItem(displayText(item.displayTitle()), [&commands = m_services.commands, item] { commands.perform(item); });
+    if (m_services.preferences.showIcons())
+        entry.image = m_services.icons.networkIcon();
     if (item.keyEquivalent)
         applyKeyEquivalent(*item.keyEquivalent, entry);
     return entry;

@@ -86,6 +86,7 @@ private:
     [[nodiscard]] MenuEntry makeCommandItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeFileItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const;
+    [[nodiscard]] MenuEntry makeServerFileItem(MenuItem const& item) const;
     /// Needs an entry with a URL or a reason why it is unavailable.
     [[nodiscard]] MenuEntry makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
     [[nodiscard]] MenuEntry makeSystemInformationItem(MenuItem const& item) const;

@@ -53,6 +53,8 @@ ItemLocation::Resolution ItemLocation::resolve(LocationServices services) const
     if (bookmark) {
         if (auto const found = services.bookmarks.resolve(*bookmark))
             return { found->isStale ? Kind::needsRefresh : Kind::bookmark, found->url, Source::storedPath };
+        if (services.bookmarks.isOnUnmountedServer(*bookmark))
+            return { Kind::onUnmountedServer, std::nullopt, Source::storedPath };
     }
     if (!path)
         return {};

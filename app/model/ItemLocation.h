@@ -29,14 +29,15 @@ struct ItemLocation {
     std::optional<std::string> displayName;
 
     struct Resolution {
-        enum class Kind { needsRefresh, bookmark, unresolved };
+        enum class Kind { needsRefresh, bookmark, onUnmountedServer, unresolved };
         enum class Source { storedPath, relocated };
         Kind kind = Kind::unresolved;
-        std::optional<Url> url; ///< absent exactly when unresolved
+        std::optional<Url> url; ///< absent when unresolved, and on a server that is not mounted
         Source via = Source::storedPath; ///< meaningful only for needsRefresh
     };
 
-    /// Tries the bookmark, then the path, then the six standard folders of applications.
+    /// Tries the bookmark, then the path, then the six standard folders of applications. A file on a
+    /// server that is not mounted is looked for nowhere else.
     [[nodiscard]] Resolution resolve(LocationServices services) const;
     /// The URL of resolve(), or nothing.
     [[nodiscard]] std::optional<Url> resolvedURL(LocationServices services) const;

@@ -28,16 +28,25 @@ void DockIconController::update()
         },
         [this] { scheduleUpdate(); });
 
-    auto const wanted = wantedPolicy(hasMenuBarPresence);
+    auto const wanted = hasOpenWindow() || !hasMenuBarPresence ? ActivationPolicy::regular : ActivationPolicy::accessory;
     if (!m_services.application.isHidden() && wanted != m_services.application.activationPolicy())
-        m_services.application.setActivationPolicy(wanted);
+        apply(wanted);
 }
 
-ActivationPolicy DockIconController::wantedPolicy(bool hasMenuBarPresence) const
+void DockIconController::apply(ActivationPolicy policy)
+{
+    auto& application = m_services.application;
+    application.setActivationPolicy(policy);
+    // A window that opened before may be in front without the keyboard, as the system may decline a
+    // program without a Dock icon; one already active gets its menu bar only on coming there again.
+    if (policy == ActivationPolicy::regular && (hasOpenWindow() || application.isActive()))
+        application.activate();
+}
+
+bool DockIconController::hasOpenWindow() const
 {
     auto const windows = m_services.application.windows();
-    bool const hasOpenWindow = std::any_of(windows.begin(), windows.end(), [](auto const& w) { return w.isTitled && (w.isVisible || w.isMiniaturized); });
-    return hasOpenWindow || !hasMenuBarPresence ? ActivationPolicy::regular : ActivationPolicy::accessory;
+    return std::any_of(windows.begin(), windows.end(), [](auto const& w) { return w.isTitled && (w.isVisible || w.isMiniaturized); });
 }
 
 void DockIconController::scheduleUpdate()

@@ -29,7 +29,8 @@ public:
     void scheduleUpdate();
 
 private:
-    [[nodiscard]] ActivationPolicy wantedPolicy(bool hasMenuBarPresence) const;
+    void apply(ActivationPolicy policy);
+    [[nodiscard]] bool hasOpenWindow() const;
 
     Services m_services;
     bool m_isUpdateScheduled = false;

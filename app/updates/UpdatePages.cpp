@@ -7,12 +7,23 @@ namespace zv::updatePages {
 
 namespace {
 
+constexpr char const* notDownloadedTitle = "The update could not be downloaded";
+
 std::string nameOf(AppcastItem const& item) { return "Zanthe Vell " + (item.displayVersion.empty() ? item.version : item.displayVersion); }
 
 void add(Offer& offer, OfferAnswer answer, std::string title)
 {
     offer.answers.push_back(answer);
     offer.page.buttons.push_back(std::move(title));
+}
+
+UpdatePage told(std::string const& title, std::string const& message)
+{
+    UpdatePage page;
+    page.title = title;
+    page.message = message;
+    page.buttons = { "OK" };
+    return page;
 }
 
 } // namespace
@@ -56,13 +67,14 @@ UpdatePage downloading(AppcastItem const& item, double fraction)
     return page;
 }
 
-UpdatePage told(std::string const& title, std::string const& message)
-{
-    UpdatePage page;
-    page.title = title;
-    page.message = message;
-    page.buttons = { "OK" };
-    return page;
-}
+UpdatePage upToDate(std::string const& currentVersion) { return told("You’re up to date", "Zanthe Vell " + currentVersion + " is the newest version."); }
+
+UpdatePage notLookedFor(std::string const& reason) { return told("Updates could not be looked for", "The reason: " + reason + "."); }
+
+UpdatePage withoutAddress() { return told(notDownloadedTitle, "The feed names no usable address."); }
+
+UpdatePage notDownloaded(std::string const& reason) { return told(notDownloadedTitle, "The reason: " + reason + ". Nothing was changed."); }
+
+UpdatePage refused(std::string const& reason) { return told("The update was refused", reason + " Nothing was changed."); }
 
 } // namespace zv::updatePages

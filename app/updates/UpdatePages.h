@@ -21,6 +21,12 @@ struct Offer {
 [[nodiscard]] UpdatePage checking();
 /// `fraction` is negative while the size is unknown.
 [[nodiscard]] UpdatePage downloading(AppcastItem const& item, double fraction);
-[[nodiscard]] UpdatePage told(std::string const& title, std::string const& message);
+
+// The ends of a session without an offer.
+[[nodiscard]] UpdatePage upToDate(std::string const& currentVersion);
+[[nodiscard]] UpdatePage notLookedFor(std::string const& reason);
+[[nodiscard]] UpdatePage withoutAddress();
+[[nodiscard]] UpdatePage notDownloaded(std::string const& reason);
+[[nodiscard]] UpdatePage refused(std::string const& reason);
 
 } // namespace zv::updatePages

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+
 namespace zv {
 
 enum class Permission {
@@ -10,8 +12,20 @@ enum class Permission {
 enum class PermissionState {
     granted,
     refused,
-    notAsked, ///< or unknown: the system asks, or tells, on first use
+    notAsked, ///< the system asks on first use
+    notKnown, ///< the receiver does not run, and the system tells nothing before it does
 };
+
+/// The permission to send commands to two receivers: a single refusal counts, then what is not
+/// known, as the other's answer says nothing about it.
+constexpr PermissionState combined(PermissionState one, PermissionState other)
+{
+    for (auto const state : { PermissionState::refused, PermissionState::notKnown, PermissionState::granted }) {
+        if (one == state || other == state)
+            return state;
+    }
+    return PermissionState::notAsked;
+}
 
 /// The user's permissions to act on other programs, on systems that ask. Main thread only.
 class Permissions {

@@ -161,8 +161,15 @@ public:
         return ResolvedBookmark { url, wasMoved || stale.contains(path) };
     }
 
+    bool isOnUnmountedServer(BookmarkData const& data) const override { return unmounted.contains(textOf(data)); }
+    MountingWork mounting(BookmarkData const& data) const override
+    {
+        return [url = Url::fromPath(textOf(data).substr(9))] { return url; };
+    }
+
     std::map<std::string, std::string> moved; ///< old path to new path
     std::set<std::string> stale;
+    std::set<std::string> unmounted; ///< bookmarks of files that are away with their server
 
 private:
     FakeFileSystem& m_files;

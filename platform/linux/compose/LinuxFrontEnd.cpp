@@ -2,12 +2,12 @@
 
 #include "app/shell/RelocationTexts.h"
 #include "app/shell/RunningProgramTexts.h"
-#include "app/updates/AppcastUpdateEngine.h"
 #include "base/Log.h"
 #include "platform/linux/bus/BusRunningProgram.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
+#include "platform/linux/updates/AppcastUpdateEngine.h"
 
 #include <QCursor>
 #include <QDBusConnectionInterface>

@@ -16,6 +16,12 @@ public:
 
     [[nodiscard]] std::optional<BookmarkData> create(Url const& url) const override;
     [[nodiscard]] std::optional<ResolvedBookmark> resolve(BookmarkData const& data) const override;
+    /// Never: a path does not tell which server was mounted there.
+    [[nodiscard]] bool isOnUnmountedServer(BookmarkData const&) const override { return false; }
+    [[nodiscard]] MountingWork mounting(BookmarkData const&) const override
+    {
+        return [] { return std::nullopt; };
+    }
 
 private:
     mutable MountWatch m_mounts;

@@ -121,7 +121,7 @@ std::shared_ptr<ToolRunner> makeToolRunner();
 std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateUserDriver& userDriver);
 std::unique_ptr<UserDefaults> makeUserDefaults();
 std::unique_ptr<UserNotifications> makeUserNotifications();
-std::unique_ptr<Volumes> makeVolumes();
+std::unique_ptr<Volumes> makeVolumes(Tasks& tasks);
 std::unique_ptr<Workspace> makeWorkspace();
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
 

@@ -46,7 +46,7 @@ private:
     std::unique_ptr<Tasks> m_tasks = makeTasks();
     std::unique_ptr<RecentFiles> m_recentFiles = makeRecentFiles();
     std::unique_ptr<RunningApplications> m_runningApplications = makeRunningApplications();
-    std::unique_ptr<Volumes> m_volumes = makeVolumes();
+    std::unique_ptr<Volumes> m_volumes = makeVolumes(*m_tasks);
     std::unique_ptr<RecentServers> m_recentServers = makeRecentServers();
     std::unique_ptr<NetworkInterfaces> m_networkInterfaces = makeNetworkInterfaces();
     std::unique_ptr<SettingsPanes> m_settingsPanes = makeSettingsPanes(*m_tasks);

@@ -1,6 +1,7 @@
 #import "platform/macos/cocoa/Conversions.h"
 #include "platform/macos/cocoa/Factories.h"
 #import "platform/macos/cocoa/Observers.h"
+#import "platform/macos/desk/ModalWindows.h"
 
 namespace zv {
 
@@ -23,13 +24,9 @@ public:
         m_observers.observe(NSWindowWillCloseNotification, changed);
     }
 
-    void activate() override
-    {
-        if (@available(macOS 14.0, *))
-            [NSApp activate];
-        else
-            [NSApp activateIgnoringOtherApps:YES];
-    }
+    /// Asks in the older way on every version. From macOS 14 on the system may decline `activate` for
+    /// a program without a Dock icon, and grants this (openjdk/jfx#1685, DefaultBrowser#47).
+    void activate() override { [NSApp activateIgnoringOtherApps:YES]; }
     void terminate() override { [NSApp terminate:nil]; }
     bool isActive() const override { return [NSApp isActive]; }
     bool isHidden() const override { return [NSApp isHidden]; }
@@ -40,9 +37,6 @@ public:
     void setActivationPolicy(ActivationPolicy policy) override
     {
         [NSApp setActivationPolicy:toSystem(policy)];
-        // A program already in front gets its menu bar only when it comes there again.
-        if (policy == ActivationPolicy::regular && isActive())
-            activate();
     }
 
     std::vector<WindowState> windows() const override
@@ -86,6 +80,7 @@ public:
             if (alert.buttons.size() > 1 && i == alert.escapeButton)
                 [button setKeyEquivalent:@"\033"];
         }
+        bringToFront([panel window]);
         auto const answer = [panel runModal] - NSAlertFirstButtonReturn;
         bool const isButton = answer >= 0 && static_cast<std::size_t>(answer) < alert.buttons.size();
         return isButton ? static_cast<std::size_t>(answer) : alert.escapeButton;

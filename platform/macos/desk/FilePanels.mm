@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/desk/ModalWindows.h"
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
 
@@ -21,6 +22,7 @@ public:
         [panel setResolvesAliases:isDocument];
         if (isDocument)
             [panel setAllowedContentTypes:[NSArray arrayWithObject:[UTType typeWithIdentifier:@"com.apple.property-list"]]];
+        bringToFront(panel);
         if ([panel runModal] != NSModalResponseOK)
             return {};
         std::vector<Url> chosen;
@@ -35,6 +37,7 @@ public:
         [panel setTitle:toNSString(title)];
         [panel setMessage:toNSString(title)];
         [panel setNameFieldStringValue:toNSString(suggestedName)];
+        bringToFront(panel);
         if ([panel runModal] != NSModalResponseOK)
             return std::nullopt;
         return fromNSURL([panel URL]);

@@ -11,6 +11,9 @@ namespace zv {
 /// by step and reads an alias, without resolving it, so that no such volume is touched.
 bool leadsToRemoteVolume(std::string const& path);
 
+/// Whether a volume is mounted at the path, by the kernel's own table.
+bool isMountPoint(std::string const& path);
+
 /// Follows every link and alias, but mounts nothing; nil where an alias leads nowhere.
 NSURL* targetOfLinks(NSURL* url);
 

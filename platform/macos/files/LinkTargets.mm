@@ -120,6 +120,12 @@ NSURL* withoutSymlinks(NSURL* url)
 
 } // namespace
 
+bool isMountPoint(std::string const& path)
+{
+    auto const mounts = mountTable();
+    return std::any_of(mounts.begin(), mounts.end(), [&path](auto const& mount) { return path == mount.f_mntonname; });
+}
+
 bool leadsToRemoteVolume(std::string const& path) { return Walk().endsOnRemoteVolume(path); }
 
 NSURL* targetOfLinks(NSURL* url)

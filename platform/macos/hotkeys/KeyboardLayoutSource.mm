@@ -41,6 +41,12 @@ namespace {
 
 static_assert(kUCKeyActionDisplay == 3);
 
+/// The modifiers of an event record, without their lowest byte, as UCKeyTranslate() in
+/// CarbonCore/UnicodeUtilities.h takes them. With Command a layout without Latin letters has them
+/// (linearmouse/linearmouse#1287).
+constexpr UInt32 noModifiers = 0;
+constexpr UInt32 command = cmdKey >> 8;
+
 /// Asks Text Input Sources, which answer on the main thread alone.
 class InputSourceLayout : public KeyboardLayoutSource {
 public:
@@ -74,26 +80,28 @@ private:
             return {};
         auto const data = static_cast<CFDataRef>(TISGetInputSourceProperty(source, kTISPropertyUnicodeKeyLayoutData));
         std::vector<KeyTexts> layers;
-        if (data)
-            layers.push_back(textsOf(reinterpret_cast<UCKeyboardLayout const*>(CFDataGetBytePtr(data))));
+        for (UInt32 const modifiers : { noModifiers, command }) {
+            if (data)
+                layers.push_back(textsOf(reinterpret_cast<UCKeyboardLayout const*>(CFDataGetBytePtr(data)), modifiers));
+        }
         CFRelease(source);
         return layers;
     }
 
-    static KeyTexts textsOf(UCKeyboardLayout const* layout)
+    static KeyTexts textsOf(UCKeyboardLayout const* layout, UInt32 modifiers)
     {
         KeyTexts texts;
         for (std::size_t code = 0; code < keyCodeCount; ++code)
-            texts[code] = textOf(layout, static_cast<UInt16>(code));
+            texts[code] = textOf(layout, static_cast<UInt16>(code), modifiers);
         return texts;
     }
 
-    static std::string textOf(UCKeyboardLayout const* layout, UInt16 code)
+    static std::string textOf(UCKeyboardLayout const* layout, UInt16 code, UInt32 modifiers)
     {
         UniChar units[4] {};
         UniCharCount count = 0;
         UInt32 deadKeyState = 0;
-        OSStatus const status = UCKeyTranslate(layout, code, kUCKeyActionDisplay, 0, LMGetKbdType(), 0, &deadKeyState, 4, &count, units);
+        OSStatus const status = UCKeyTranslate(layout, code, kUCKeyActionDisplay, modifiers, LMGetKbdType(), 0, &deadKeyState, 4, &count, units);
         if (status != noErr || count == 0)
             return {};
         return fromNSString([NSString stringWithCharacters:units length:count]);

@@ -7,16 +7,21 @@ namespace {
 
 /// The system's list of recent servers, the newest format first. It is an archive whose
 /// items hold bookmarks; resolving one without mounting gives the server's address. No document
-/// describes it: LSSharedFileList.h, which gave this list once, is deprecated.
-NSData* archive()
+/// describes it: LSSharedFileList.h, which gave this list once, is deprecated. Nil when there is
+/// none; nothing when there is one that may not be read, as where Full Disk Access is asked for
+/// (mpco/AlfredWorkflow-Recent-Documents#14).
+std::optional<NSData*> archive()
 {
     NSURL* const home = [[NSFileManager defaultManager] homeDirectoryForCurrentUser];
     NSURL* const folder = [home URLByAppendingPathComponent:@"Library/Application Support/com.apple.sharedfilelist"];
     for (NSString* extension in [NSArray arrayWithObjects:@"sfl4", @"sfl3", @"sfl2", nil]) {
         NSString* const name = [@"com.apple.LSSharedFileList.RecentServers." stringByAppendingString:extension];
-        NSData* const data = [NSData dataWithContentsOfURL:[folder URLByAppendingPathComponent:name]];
+        NSError* failure = nil;
+        NSData* const data = [NSData dataWithContentsOfURL:[folder URLByAppendingPathComponent:name] options:0 error:&failure];
         if (data)
             return data;
+        if ([failure code] != NSFileReadNoSuchFileError)
+            return std::nullopt;
     }
     return nil;
 }
@@ -48,10 +53,10 @@ class SharedFileListServers : public RecentServers {
 public:
     void list(std::function<void(List)> done) override
     {
-        NSData* const data = archive();
-        if (!data)
+        auto const data = archive();
+        if (data && !*data)
             return done(std::vector<RecentServer>());
-        NSArray* const items = itemsOf(data);
+        NSArray* const items = data ? itemsOf(*data) : nil;
         if (!items)
             return done(std::nullopt);
         std::vector<RecentServer> servers;
@@ -67,9 +72,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<RecentServers> makeRecentServers()
-{
-    return std::make_unique<SharedFileListServers>();
-}
+std::unique_ptr<RecentServers> makeRecentServers() { return std::make_unique<SharedFileListServers>(); }
 
 } // namespace zv

@@ -120,17 +120,27 @@ bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
 }
 
 /// Looks in submenus too, but for those that fill themselves.
-NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
+NSMenuItem* itemWithShortcut(NSMenu* menu, NSString* typed, NSUInteger modifiers)
 {
-    NSString* const typed = [[event charactersByApplyingModifiers:0] lowercaseString];
-    NSUInteger const modifiers = [event modifierFlags] & shortcutModifiers;
     for (NSMenuItem* item in [menu itemArray]) {
         bool const isGroup = [item hasSubmenu] && ![[item submenu] delegate];
-        NSMenuItem* const within = isGroup ? itemWithShortcut([item submenu], event) : nil;
+        NSMenuItem* const within = isGroup ? itemWithShortcut([item submenu], typed, modifiers) : nil;
         if (within || hasShortcut(item, typed, modifiers))
             return within ? within : item;
     }
     return nil;
+}
+
+/// The item for the key as the layout types it, else as it does with Command: there a layout
+/// without Latin letters has them, so that Command-Й is Command-Q (vorssaint/vorssaint-utils#1103).
+/// KeyboardLayoutSource has the same layers.
+NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
+{
+    NSUInteger const modifiers = [event modifierFlags] & shortcutModifiers;
+    NSString* const plain = [[event charactersByApplyingModifiers:0] lowercaseString];
+    NSString* const withCommand = [[event charactersByApplyingModifiers:NSEventModifierFlagCommand] lowercaseString];
+    NSMenuItem* const item = itemWithShortcut(menu, plain, modifiers);
+    return item ? item : itemWithShortcut(menu, withCommand, modifiers);
 }
 
 } // namespace
@@ -154,6 +164,8 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
 - (void)dealloc
 {
     [_menu setDelegate:nil];
+    if (_isOpen)
+        [self endTracking]; // nobody would tell of the closing any more
     if (_mirrored)
         _mirrored->onRefilled = nullptr;
 #if !__has_feature(objc_arc)
@@ -193,18 +205,23 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSEvent* event)
     _isOpen = NO;
     auto const mirrored = _mirrored; // the call may release this
     mirrored->onRefilled = nullptr;
-    if (_tracking) {
-        _tracking->isOpen = false;
-        _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
-    }
+    [self endTracking];
     mirrored->didClose();
+}
+
+- (void)endTracking
+{
+    if (!_tracking)
+        return;
+    _tracking->isOpen = false;
+    _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
 }
 
 /// Finds shortcuts while their menu is open. The system would otherwise fill every menu that fills
 /// itself, at each key press, to look for them.
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
 {
-    NSMenuItem* const item = _isOpen ? itemWithShortcut(menu, event) : nil;
+    NSMenuItem* const item = _isOpen ? itemForEvent(menu, event) : nil;
     if (!item)
         return NO;
     *target = [item target];

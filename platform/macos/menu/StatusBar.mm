@@ -52,6 +52,8 @@ public:
         return item;
     }
 
+    /// Clicks the item: with a menu attached, that opens it in its place, and the button stays
+    /// highlighted (robinebers/openusage#671, momoraul/Lupen#28).
     bool openMenu() override
     {
         auto const shown = m_shown.lock();

@@ -10,26 +10,24 @@ namespace {
 constexpr AEEventClass everyClass = '****'; // typeWildCard
 constexpr AEEventID everyEvent = '****';
 
-/// The permission to send events to that program, unknown while it does not run:
-/// AEDeterminePermissionToAutomateTarget() in AE/AppleEvents.h.
+/// The permission to send events to that program: AEDeterminePermissionToAutomateTarget() in
+/// AE/AppleEvents.h. A refusal may be told as "would require consent" (openradar 44049802), which
+/// counts as not asked. A program that does not run has no answer, granted or not, and System Events
+/// ends as soon as it has nothing to do (BasedHardware/omi#12625).
 PermissionState stateOfEventsTo(NSString* identifier)
 {
     NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:identifier];
-    OSStatus const status = AEDeterminePermissionToAutomateTarget([target aeDesc], everyClass, everyEvent, false);
-    if (status == noErr)
+    switch (AEDeterminePermissionToAutomateTarget([target aeDesc], everyClass, everyEvent, false)) {
+    case noErr:
         return PermissionState::granted;
-    return status == errAEEventNotPermitted ? PermissionState::refused : PermissionState::notAsked;
-}
-
-/// Combines both receivers of our events: a single refusal counts.
-PermissionState automationState()
-{
-    auto const toSystemEvents = stateOfEventsTo(@"com.apple.systemevents");
-    auto const toLoginWindow = stateOfEventsTo(@"com.apple.loginwindow");
-    if (toSystemEvents == PermissionState::refused || toLoginWindow == PermissionState::refused)
+    case errAEEventNotPermitted:
         return PermissionState::refused;
-    bool const isGranted = toSystemEvents == PermissionState::granted || toLoginWindow == PermissionState::granted;
-    return isGranted ? PermissionState::granted : PermissionState::notAsked;
+    case procNotFound:
+        return PermissionState::notKnown;
+    case errAEEventWouldRequireUserConsent:
+    default:
+        return PermissionState::notAsked;
+    }
 }
 
 class MacPermissions : public Permissions {
@@ -37,7 +35,7 @@ public:
     PermissionState state(Permission permission) const override
     {
         if (permission == Permission::automation)
-            return automationState();
+            return combined(stateOfEventsTo(@"com.apple.systemevents"), stateOfEventsTo(@"com.apple.loginwindow"));
         return AXIsProcessTrusted() ? PermissionState::granted : PermissionState::refused;
     }
 };

@@ -156,6 +156,19 @@ TEST_F(MenuActionsTest, AFileOpensOrWithCommandIsRevealed)
     EXPECT_EQ(workspace.log, (Log { "open file:///home/u/a%20b.txt", "open file:///home/u/a%20b.txt", "reveal file:///home/u/a%20b.txt" }));
 }
 
+TEST_F(MenuActionsTest, AnItemOnAServerThatIsAwayMountsItAndOpens)
+{
+    auto away = item(MenuItemKind::fsObject);
+    away.location = ItemLocation { .bookmark = fakes::bytesOf("bookmark:/Volumes/S/Notes") };
+    bookmarks.unmounted = { "bookmark:/Volumes/S/Notes" };
+    keys.held = ModifierMask::command;
+    EXPECT_TRUE(actions.perform(away));
+    EXPECT_TRUE(workspace.log.empty()) << "the main thread waits for no server";
+    keys.held = {};
+    time.runTasks();
+    EXPECT_EQ(workspace.log, (Log { "reveal file:///Volumes/S/Notes" })) << "as Command was when the item was chosen";
+}
+
 TEST_F(MenuActionsTest, AFileThatHasGoneDoesNothingSilently)
 {
     EXPECT_FALSE(actions.perform(fileItem("/home/u/gone.txt")));

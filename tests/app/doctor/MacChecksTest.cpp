@@ -78,6 +78,20 @@ TEST(MacChecks, AreSilentAboutWhatOnlyTheRunningProgramKnows)
         EXPECT_TRUE(check.name != "Hotkeys" && check.name != "Automation" && check.name != "Accessibility") << check.name;
 }
 
+TEST(MacChecks, DoNotGuessAPermissionWhileItsReceiverDoesNotRun)
+{
+    using Permission = PermissionState;
+    auto found = everything();
+    found.running->automation = combined(Permission::notKnown, Permission::granted);
+    auto const checks = macChecks(*decodedMacFindings(encoded(found)));
+    auto const check = std::ranges::find(checks, "Automation", &DoctorCheck::name);
+    ASSERT_NE(check, checks.end());
+    EXPECT_EQ(check->state, State::ok) << "nothing is wrong";
+    EXPECT_TRUE(check->explanation.starts_with("Not known while System Events is not running. ")) << check->explanation;
+    EXPECT_EQ(combined(Permission::notKnown, Permission::refused), Permission::refused);
+    EXPECT_EQ(combined(Permission::notAsked, Permission::granted), Permission::granted);
+}
+
 TEST(MacChecks, TakeAnyTextForFindings)
 {
     EXPECT_FALSE(decodedMacFindings("no JSON"));

@@ -246,6 +246,18 @@ TEST_F(MenuBuilderTest, AFileThatIsGoneSaysSoAndNothingElse)
     }
 }
 
+TEST_F(MenuBuilderTest, AFileOnAServerThatIsAwayCanBeChosen)
+{
+    auto away = fileItem("/Volumes/S/Notes");
+    away.location->bookmark = fakes::bytesOf("bookmark:/Volumes/S/Notes");
+    bookmarks.unmounted = { "bookmark:/Volumes/S/Notes" };
+    auto const entry = entryFor(away);
+    EXPECT_TRUE(entry.enabled);
+    EXPECT_EQ(entry.toolTip, "");
+    entry.target->invoke();
+    EXPECT_EQ(commands.log, std::vector<std::string> { "perform " + std::string(away.kind.rawValue()) });
+}
+
 TEST_F(MenuBuilderTest, AFileOpensAndAFolderBecomesASubmenu)
 {
     preferences.setShowIcons(true);

@@ -71,6 +71,17 @@ TEST_F(ItemLocationTest, AMovedApplicationIsFoundInTheFirstStandardFolderThatHas
     }
 }
 
+TEST_F(ItemLocationTest, AFileOnAServerThatIsAwayIsTakenForNoOther)
+{
+    files.addPackage("/Applications/X.app");
+    auto location = atPath("/Volumes/S/X.app");
+    location.bookmark = fakes::bytesOf("bookmark:/Volumes/S/X.app");
+    EXPECT_EQ(location.resolve(services).url, Url::fromPath("/Applications/X.app"));
+    bookmarks.unmounted = { "bookmark:/Volumes/S/X.app" };
+    EXPECT_EQ(location.resolve(services).kind, Kind::onUnmountedServer);
+    EXPECT_EQ(location.resolvedURL(services), std::nullopt);
+}
+
 TEST_F(ItemLocationTest, WhatNamesNoFileIsNotFound)
 {
     files.addFolder("/System/Applications");

@@ -144,6 +144,7 @@ TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
     Row const rows[] = {
         { Permission::automation, PermissionState::granted, "automation", "Automation: allowed. System Events and the login window " },
         { Permission::automation, PermissionState::notAsked, "automation", "Automation: not in use yet; macOS asks at the first such command. " },
+        { Permission::automation, PermissionState::notKnown, "automation", "Automation: Not known while System Events is not running. " },
         { Permission::accessibility, PermissionState::refused, "accessibility", "Accessibility: not allowed. Lock Screen and Force Quit " },
     };
     for (auto const& expected : rows) {

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace zv {
 namespace {
 
@@ -47,6 +49,8 @@ TEST(DockIcon, IsShownWhileATitledWindowIsOpenOrNothingElseLeadsToTheProgram)
         application.policy = row.before;
         DockIconController controller({ application, preferences, time });
         EXPECT_EQ(application.policy, row.after);
+        bool const becameRegular = row.before != row.after && row.after == Policy::regular;
+        EXPECT_EQ(std::ranges::count(application.log, "activate"), becameRegular && !row.windows.empty()) << "its window gets the keyboard";
     }
 }
 

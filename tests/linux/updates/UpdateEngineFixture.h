@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/updates/AppcastUpdateEngine.h"
+#include "platform/linux/updates/AppcastUpdateEngine.h"
 
 #include "base/Base64.h"
 #include "tests/fakes/FakeDesktop.h"

@@ -62,7 +62,6 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSApplication (CompatMac)
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p;
 - (NSApplicationActivationPolicy)activationPolicy;
-- (void)activate;
 @end
 @interface NSMenu (CompatMac)
 - (void)removeAllItems;

@@ -15,7 +15,6 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 @implementation NSApplication (CompatMac)
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p { sideSet(self, 1, [NSNumber numberWithInteger:p]); return YES; }
 - (NSApplicationActivationPolicy)activationPolicy { return [sideGet(self, 1) integerValue]; }
-- (void)activate { [self activateIgnoringOtherApps:YES]; }
 @end
 @implementation NSMenu (CompatMac)
 - (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }

@@ -9,7 +9,7 @@ enum { kCoreEventClass = 'aevt', kAESleep = 'slep', kAEShowRestartDialog = 'rrst
 typedef FourCharCode AEEventClass, AEEventID;
 typedef struct AEDesc AEDesc, AEAddressDesc;
 OSStatus AEDeterminePermissionToAutomateTarget(const AEAddressDesc *target, AEEventClass, AEEventID, Boolean askUserIfNeeded);
-enum { errAEEventNotPermitted = -1743, procNotFound = -600, errAETimeout = -1712 };
+enum { errAEEventNotPermitted = -1743, errAEEventWouldRequireUserConsent = -1744, procNotFound = -600, errAETimeout = -1712 };
 #ifdef __cplusplus
 }
 #endif

@@ -63,7 +63,7 @@ private:
     void showProgress(std::uint64_t received);
     void downloadArrived(Result<Url> const& file);
     [[nodiscard]] Result<void> verify(Url const& file) const;
-    void tell(std::string const& title, std::string const& message);
+    void tell(UpdatePage const& page);
     void buttonPressed(std::size_t button);
     void finishSession();
 

@@ -1,7 +1,8 @@
-#include "app/updates/AppcastUpdateEngine.h"
+#include "platform/linux/updates/AppcastUpdateEngine.h"
 
 #include "app/updates/KresUpdater.h"
 #include "app/updates/UpdatePages.h"
+#include "app/updates/UpdateTexts.h"
 #include "base/Base64.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
@@ -116,7 +117,7 @@ void AppcastUpdateEngine::feedArrived(Asker asker, Result<Downloads::Bytes> cons
         return failed(asker, feed.error());
     auto const items = readAppcast(*feed);
     if (!items)
-        return failed(asker, "the feed cannot be read: " + items.error());
+        return failed(asker, updateTexts::feedUnreadable + items.error());
     if (auto const item = choose(asker, *items))
         found(asker, *item);
     else
@@ -150,7 +151,7 @@ void AppcastUpdateEngine::foundNothing(Asker asker)
 {
     if (asker == Asker::schedule)
         return finishSession();
-    tell("You’re up to date", "Zanthe Vell " + currentVersion() + " is the newest version.");
+    tell(updatePages::upToDate(currentVersion()));
 }
 
 void AppcastUpdateEngine::failed(Asker asker, std::string const& reason)
@@ -158,7 +159,7 @@ void AppcastUpdateEngine::failed(Asker asker, std::string const& reason)
     logLine("no updates: " + reason);
     if (asker == Asker::schedule)
         return finishSession();
-    tell("Updates could not be looked for", "The reason: " + reason + ".");
+    tell(updatePages::notLookedFor(reason));
 }
 
 void AppcastUpdateEngine::offer()
@@ -194,7 +195,7 @@ void AppcastUpdateEngine::download()
 {
     auto const address = Url::parse(m_pending->downloadAddress);
     if (!address)
-        return tell("The update could not be downloaded", "The feed names no usable address.");
+        return tell(updatePages::withoutAddress());
     enter(State::downloading);
     showProgress(0);
     m_download = m_services.downloads.fetchFile(
@@ -213,10 +214,10 @@ void AppcastUpdateEngine::downloadArrived(Result<Url> const& file)
 {
     auto const finished = std::move(m_download);
     if (!file)
-        return tell("The update could not be downloaded", "The reason: " + file.error() + ". Nothing was changed.");
+        return tell(updatePages::notDownloaded(file.error()));
     if (auto const verified = verify(*file); !verified) {
         m_services.downloads.discard(*file);
-        return tell("The update was refused", verified.error() + " Nothing was changed.");
+        return tell(updatePages::refused(verified.error()));
     }
     m_services.workspace.open(*file);
     finishSession();
@@ -227,16 +228,16 @@ Result<void> AppcastUpdateEngine::verify(Url const& file) const
     auto const key = updateSigningKey(m_services.resources.information());
     auto const signature = fromBase64(m_pending->signature);
     if (m_pending->signature.empty() || !signature)
-        return Failure { "The feed gives no signature for it." };
+        return Failure { updateTexts::notSigned };
     if (!key || !isSignedBy(*key, *signature, file))
-        return Failure { "Its signature does not match: it is damaged, or it is not ours." };
+        return Failure { updateTexts::wronglySigned };
     return {};
 }
 
-void AppcastUpdateEngine::tell(std::string const& title, std::string const& message)
+void AppcastUpdateEngine::tell(UpdatePage const& page)
 {
     enter(State::told);
-    m_services.window.show(updatePages::told(title, message));
+    m_services.window.show(page);
     m_services.window.bringToFront();
 }
 

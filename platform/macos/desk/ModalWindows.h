@@ -1,0 +1,15 @@
+#pragma once
+
+#import <Cocoa/Cocoa.h>
+
+namespace zv {
+
+/// Puts a window before those of other programs, for a question that holds up our main thread:
+/// the system may decline to activate the program, and then shows the question behind them.
+inline void bringToFront(NSWindow* window)
+{
+    [window setLevel:NSFloatingWindowLevel];
+    [window orderFrontRegardless];
+}
+
+} // namespace zv
