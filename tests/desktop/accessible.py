@@ -16,23 +16,24 @@ def everything(accessible, depth=0):
             return
 
 
-def find(name, role=None):
-    """The showing element with that name, or nothing."""
-    for program in pyatspi.Registry.getDesktop(0):
-        if not program or program.name.lower() not in ("zanthe vell", "zanthe-vell"):
+def showing(*roles):
+    """What is to be seen of the program, of those roles or of any; a theme's toolkit may register the program once more."""
+    programs = [each for each in pyatspi.Registry.getDesktop(0) if each and each.name.lower() in ("zanthe vell", "zanthe-vell")]
+    for element in (element for program in programs for element in everything(program)):
+        try:
+            if (not roles or element.getRole() in roles) and element.getState().contains(pyatspi.STATE_SHOWING):
+                yield element
+        except Exception:
             continue
-        for element in everything(program):
-            try:
-                states = element.getState()
-                if element.name == name and (role is None or element.getRole() == role) and states.contains(pyatspi.STATE_SHOWING):
-                    return element
-            except Exception:
-                continue
-    return None
 
 
-def found(name, role=None):
-    return wait_until(lambda: find(name, role), 5, f"“{name}” in the window")
+def find(name, *roles):
+    """The showing element with that name, or nothing."""
+    return next((element for element in showing(*roles) if element.name == name), None)
+
+
+def found(name, *roles):
+    return wait_until(lambda: find(name, *roles), 5, f"“{name}” in the window")
 
 
 def act(element):

@@ -154,6 +154,20 @@ class Panel:
         wait_until(lambda: not Bus().has_owner(WATCHER[0]), 15, "the panel is gone")
 
 
+def write(path, text="", mode=0o644):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+    os.chmod(path, mode)
+
+
+def launcher(name, command, more=""):
+    """An application of that name in the home folder, which runs a command when it is started."""
+    path = os.path.join(HOME, f"{name}.desktop")
+    write(path, f"[Desktop Entry]\nType=Application\nName={name}\nExec={command}\n{more}", 0o755)
+    return path
+
+
 def zv(*arguments):
     """Runs a command of the program; fails when it fails."""
     done = subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, check=False, timeout=20)
@@ -183,24 +197,24 @@ def menu_titles():
     return [item["title"] for item in json.loads(zv("menu", "--json"))["items"] if item["type"] != "separator"]
 
 
-def windows(program="zanthe-vell"):
-    """(x, y, width, height) of a program's visible windows that are as large as a menu."""
+def geometries(*search):
+    """(x, y, width, height) of the visible windows that a search finds."""
     found = []
-    for window in output("xdotool", "search", "--onlyvisible", "--class", program).split():
+    for window in output("xdotool", "search", "--onlyvisible", *search).split():
         facts = dict(line.split("=") for line in output("xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
-        if facts and int(facts["HEIGHT"]) > 40:
+        if facts:
             found.append(tuple(int(facts[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
     return sorted(found)
 
 
+def windows(program="zanthe-vell"):
+    """Where a program's windows are that are as large as a menu."""
+    return [place for place in geometries("--class", program) if place[3] > 40]
+
+
 def titled(title):
-    """(x, y, width, height) of the visible windows with exactly that title."""
-    found = []
-    for window in output("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split():
-        facts = dict(line.split("=") for line in output("xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
-        if facts:
-            found.append(tuple(int(facts[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")))
-    return found
+    """Where the windows with exactly that title are."""
+    return geometries("--name", f"^{title}$")
 
 
 def brightness(x, y, width, height):

@@ -106,10 +106,7 @@ class SettingsTest(unittest.TestCase):
         found("Zanthe Vell Settings")
 
     def set_up_menu(self):
-        entry = os.path.join(HOME, "Launch.desktop")
-        with open(entry, "w", encoding="utf-8") as file:
-            file.write(f"[Desktop Entry]\nType=Application\nName=Launch\nExec=touch {LAUNCHED}\n")
-        os.chmod(entry, 0o755)
+        entry = desktop.launcher("Launch", f"touch {LAUNCHED}")
         if os.path.exists(LAUNCHED):
             os.remove(LAUNCHED)
         desktop.set_menu([("FSObject", "Launch", entry), ("Submenu", "Group", None), ("Restart", "Again", None)])

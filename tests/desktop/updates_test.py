@@ -66,25 +66,17 @@ class UpdatesTest(unittest.TestCase):
     @classmethod
     def make_opener(cls):
         """The desktop's software installer: notes what it is given."""
-        applications = os.path.join(HOME, ".local/share/applications")
-        os.makedirs(applications, exist_ok=True)
-        with open(os.path.join(applications, "installer.desktop"), "w", encoding="utf-8") as file:
-            file.write(f"[Desktop Entry]\nType=Application\nName=Installer\nExec=cp %f {OPENED}\n"
-                       "MimeType=application/vnd.debian.binary-package;application/x-deb;\n")
-        config = os.path.join(HOME, ".config")
-        os.makedirs(config, exist_ok=True)
-        with open(os.path.join(config, "mimeapps.list"), "w", encoding="utf-8") as file:
-            file.write("[Default Applications]\napplication/vnd.debian.binary-package=installer.desktop\napplication/x-deb=installer.desktop\n")
+        desktop.write(os.path.join(HOME, ".local/share/applications/installer.desktop"), f"[Desktop Entry]\nType=Application\nName=Installer\n"
+                      f"Exec=cp %f {OPENED}\nMimeType=application/vnd.debian.binary-package;application/x-deb;\n")
+        desktop.write(os.path.join(HOME, ".config/mimeapps.list"),
+                      "[Default Applications]\napplication/vnd.debian.binary-package=installer.desktop\napplication/x-deb=installer.desktop\n")
 
-    def offer(self, version, content, signed=None, name=""):
-        """Puts a feed in place that offers `content`, signed as if it were `signed`."""
+    def offer(self, version, content, name=""):
+        """Puts a feed in place that offers `content`, signed."""
         package = os.path.join(SERVED, "zanthe-vell.deb")
         with open(package, "wb") as file:
             file.write(content)
-        message = os.path.join(HOME, "message")
-        with open(message, "wb") as file:
-            file.write(signed if signed is not None else content)
-        signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", message)).decode()
+        signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", package)).decode()
         with open(os.path.join(SERVED, "appcast.xml"), "w", encoding="utf-8") as file:
             file.write(f"""<rss xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel><item>
                 <sparkle:version>{version}</sparkle:version><sparkle:shortVersionString>{name}</sparkle:shortVersionString><description>Better menus.</description>
@@ -124,15 +116,6 @@ class UpdatesTest(unittest.TestCase):
         self.check_now()
         found("Zanthe Vell 99 <b>bold</b> is available. You have 0.9.0.")
 
-    def test_a_tampered_one_is_refused_with_its_reason(self):
-        self.offer("99.0", b"!<arch>\nsomething else", signed=b"!<arch>\nthe package")
-        self.check_now()
-        act(found("Install"))
-        found("Its signature does not match: it is damaged, or it is not ours. Nothing was changed.")
-        time.sleep(0.3)
-        self.assertFalse(os.path.exists(OPENED))
-        act(found("OK"))
-
     def test_without_anything_newer_it_says_so(self):
         self.offer("0.1", b"old")
         self.check_now()
@@ -163,7 +146,6 @@ class ReminderTest(UpdatesTest):
         self.install()
 
     test_a_feeds_words_are_never_markup = None
-    test_a_tampered_one_is_refused_with_its_reason = None
     test_without_anything_newer_it_says_so = None
 
 
