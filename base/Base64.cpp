@@ -1,6 +1,7 @@
 #include "base/Base64.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace zv {
@@ -8,6 +9,18 @@ namespace zv {
 namespace {
 
 constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::uint8_t noDigit = 64;
+
+constexpr std::array<std::uint8_t, 256> valuesOfDigits()
+{
+    std::array<std::uint8_t, 256> values {};
+    values.fill(noDigit);
+    for (std::size_t i = 0; i < digits.size(); ++i)
+        values[static_cast<unsigned char>(digits[i])] = static_cast<std::uint8_t>(i);
+    return values;
+}
+
+constexpr auto values = valuesOfDigits();
 
 } // namespace
 
@@ -37,10 +50,10 @@ std::optional<std::vector<std::byte>> fromBase64(std::string_view text)
     std::uint32_t bits = 0;
     int bitCount = 0;
     for (char const c : text) {
-        auto const value = digits.find(c);
-        if (value == std::string_view::npos)
+        auto const value = values[static_cast<unsigned char>(c)];
+        if (value == noDigit)
             return std::nullopt;
-        bits = bits << 6 | static_cast<std::uint32_t>(value);
+        bits = bits << 6 | value;
         bitCount += 6;
         if (bitCount >= 8) {
             bitCount -= 8;

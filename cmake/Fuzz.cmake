@@ -7,7 +7,7 @@ endif()
 add_library(zv_fuzz_options INTERFACE)
 target_compile_options(zv_fuzz_options INTERFACE -O1 -fsanitize=fuzzer-no-link)
 zv_library(zv_fuzzed FOLDERS base app/model platform/files platform/linux/text platform/linux/store
-           LINK zv_fuzz_options nlohmann_json::nlohmann_json ICU::i18n ICU::uc PkgConfig::PLIST)
+           LINK zv_fuzz_options nlohmann_json::nlohmann_json ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT)
 set_target_properties(zv_fuzzed PROPERTIES EXCLUDE_FROM_ALL ON)
 
 add_custom_target(fuzz_targets)

@@ -190,9 +190,14 @@ TEST(PropertyListFormat, SaysWhatIsWrongWithADocument)
         { inPlist(repeated("<array>", 100'000) + repeated("</array>", 100'000)), "nested deeper" },
         { inPlist(repeated("<dict><key>a</key>", 10'000) + "<true/>" + repeated("</dict>", 10'000)), "nested deeper" },
         { inPlist(repeated("<array>", 100'000)), "nested deeper" },
-        { inPlist(repeated("</array>", 1000) + repeated("<array>", 1000)), "nested deeper" },
+        { inPlist(repeated("</array>", 1000) + repeated("<array>", 1000)), "damaged" },
+        { inPlist(repeated("<array><plist a=\"</array></array></array>\">", 200'000)), "damaged" },
+        { inPlist(repeated("<array><array></array a=\"</array></array>\">", 200'000)), "damaged" },
+        { inPlist(repeated("<array><?x \"?></array>\" ?>", 200'000)), "damaged" },
+        { inPlist(repeated("<array><?x </array>?>", 200'000)), "nested deeper" },
         { "<!DOCTYPE plist [ <!-- ]> " + repeated("<array>", 1000) + " -->", "document type" },
-        { inPlist(repeated("<true/>", 2'000'001)), "more values" },
+        { "<!DOCTYPE plist SYSTEM \"file:///etc/passwd\"><plist><string>&x;</string></plist>", "entity" },
+        { inPlist("<array>" + repeated("<true/>", 2'000'001) + "</array>"), "more values" },
         { std::string((std::size_t { 64 } << 20) + 1, ' '), "64 MB" },
     };
     for (auto const& row : rows) {

@@ -1,6 +1,9 @@
 #include "platform/text/PropertyListFormat.h"
 
-#include "platform/linux/store/PropertyListScan.h"
+#include "platform/linux/store/BinaryPropertyListScan.h"
+#include "platform/linux/store/PropertyListLimits.h"
+#include "platform/linux/store/PropertyListScalars.h"
+#include "platform/linux/store/XmlPropertyListReader.h"
 #include "platform/text/Text.h"
 
 #include <plist/plist.h>
@@ -19,11 +22,8 @@ namespace zv {
 
 namespace {
 
-constexpr char const* notUtf8 = "a string in it is not UTF-8";
-constexpr char const* holdsNull = "a string in it holds a null character";
 constexpr char const* dateOutOfRange = "a date in it lies outside the years 1 to 9999";
 constexpr char const* wouldBeTooLarge = "it would be larger than the 64 MB that are allowed";
-constexpr char const* unreadable = "it is not a property list, or it is damaged";
 
 struct FreeNode {
     void operator()(void* node) const { plist_free(node); }
@@ -34,7 +34,7 @@ struct FreeMemory {
 using Node = std::unique_ptr<void, FreeNode>;
 template <class T> using Memory = std::unique_ptr<T, FreeMemory>;
 
-/// libplist reads and writes reals with the C library, which heeds the locale's decimal point.
+/// Reals are read and written with the C library, which heeds the locale's decimal point.
 class PlainNumbers {
 public:
     PlainNumbers()
@@ -75,7 +75,7 @@ std::uint64_t fromBigEndian(char const* bytes)
     return bits;
 }
 
-// Markers of the binary form; PropertyListScan.cpp names its source.
+// Markers of the binary form; BinaryPropertyListScan.cpp names its source.
 constexpr char dateMarker = 0x33;
 constexpr char unsignedMarker = 0x14; ///< sixteen bytes
 constexpr std::size_t headerSize = 8;
@@ -110,11 +110,9 @@ Node nodeOfSoleObject(std::string const& object)
     return Node(node);
 }
 
-bool isDateInRange(double secondsSinceReference) { return secondsSinceReference >= -63'114'076'800.0 && secondsSinceReference < 252'423'993'600.0; }
-
 // Reading
 
-/// Turns libplist's tree into ours. After a failure the rest is skipped.
+/// Turns libplist's tree of a binary document into ours. After a failure the rest is skipped.
 class TreeReader {
 public:
     PropertyList read(plist_t node)
@@ -196,9 +194,9 @@ private:
     void check(std::string_view text)
     {
         if (!isValidUtf8(text))
-            fail(notUtf8);
+            fail(stringNotUtf8);
         if (text.find('\0') != std::string_view::npos)
-            fail(holdsNull);
+            fail(stringHoldsNull);
     }
 
     static PropertyList readData(plist_t node)
@@ -249,25 +247,27 @@ private:
 
 bool isBinary(std::string_view text) { return text.starts_with("bplist"); }
 
-std::string_view withoutByteOrderMark(std::string_view text) { return text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text; }
-
-Result<void> scan(std::string_view text)
-{
-    auto const bytes = std::as_bytes(std::span(text));
-    if (!isBinary(text))
-        return scanXmlPropertyList(bytes);
-    return text.starts_with("bplist00") ? scanBinaryPropertyList(bytes) : Failure { "it is of a binary kind that is not known here" };
-}
-
-Node parse(std::string_view text)
+Node parseBinary(std::string_view text)
 {
     plist_t node = nullptr;
-    auto const length = static_cast<std::uint32_t>(text.size());
-    if (isBinary(text))
-        plist_from_bin(text.data(), length, &node);
-    else
-        plist_from_xml(text.data(), length, &node);
+    plist_from_bin(text.data(), static_cast<std::uint32_t>(text.size()), &node);
     return Node(node);
+}
+
+Result<PropertyList> readBinary(std::string_view text)
+{
+    if (!text.starts_with("bplist00"))
+        return Failure { std::string("it is of a binary kind that is not known here") };
+    if (auto const scanned = scanBinaryPropertyList(std::as_bytes(std::span(text))); !scanned)
+        return Failure { scanned.error() };
+    auto const node = parseBinary(text);
+    if (!node)
+        return Failure { std::string(damagedDocument) };
+    TreeReader reader;
+    auto value = reader.read(node.get());
+    if (!reader.failure.empty())
+        return Failure { std::move(reader.failure) };
+    return value;
 }
 
 // Writing
@@ -323,9 +323,9 @@ private:
     {
         m_estimate += text.size();
         if (!isValidUtf8(text))
-            fail(notUtf8);
+            fail(stringNotUtf8);
         if (text.find('\0') != std::string::npos)
-            fail(holdsNull);
+            fail(stringHoldsNull);
         return text.c_str();
     }
 
@@ -414,19 +414,10 @@ Result<PropertyList> readPropertyList(std::span<std::byte const> bytes)
     if (bytes.empty())
         return Failure { std::string("it is empty") };
     if (bytes.size() > maximumPropertyListSize)
-        return Failure { std::string("it is larger than the 64 MB that are allowed") };
-    auto const text = withoutByteOrderMark({ reinterpret_cast<char const*>(bytes.data()), bytes.size() });
-    if (auto const scanned = scan(text); !scanned)
-        return Failure { scanned.error() };
+        return Failure { std::string(tooLargeDocument) };
+    std::string_view const text(reinterpret_cast<char const*>(bytes.data()), bytes.size());
     PlainNumbers const plainNumbers;
-    auto const node = parse(text);
-    if (!node)
-        return Failure { std::string(unreadable) };
-    TreeReader reader;
-    auto value = reader.read(node.get());
-    if (!reader.failure.empty())
-        return Failure { std::move(reader.failure) };
-    return value;
+    return isBinary(text) ? readBinary(text) : readXmlPropertyList(text);
 }
 
 Result<std::vector<std::byte>> writePropertyList(PropertyList const& value, PropertyListEncoding encoding)

@@ -1,209 +1,17 @@
-#include "platform/linux/store/PropertyListScan.h"
+#include "platform/linux/store/BinaryPropertyListScan.h"
 
+#include "platform/linux/store/PropertyListLimits.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <string>
-#include <string_view>
+#include <optional>
 #include <vector>
 
 namespace zv {
 
 namespace {
-
-constexpr char const* damaged = "it is cut off or damaged";
-constexpr char const* tooManyValues = "it holds more values than the two million that are allowed";
-constexpr char const* tooLarge = "it is larger than the 64 MB that are allowed";
-constexpr char const* nullCharacter = "a string in it holds a null character";
-
-/// An error message, or null: a string for each tag would cost more than the scan.
-using Wrong = char const*;
-
-Wrong tooDeep()
-{
-    static std::string const message = tooDeepMessage();
-    return message.c_str();
-}
-
-// XML
-
-constexpr std::string_view blanks = " \t\r\n";
-
-std::string_view withoutBlanks(std::string_view text)
-{
-    auto const start = text.find_first_not_of(blanks);
-    if (start == std::string_view::npos)
-        return {};
-    return text.substr(start, text.find_last_not_of(blanks) - start + 1);
-}
-
-/// The leading lower-case letters, which all relevant names consist of.
-std::string_view nameIn(std::string_view tag)
-{
-    std::size_t length = 0;
-    while (length < tag.size() && tag[length] >= 'a' && tag[length] <= 'z')
-        ++length;
-    return tag.substr(0, length);
-}
-
-bool isContainer(std::string_view tag) { return tag == "array" || tag == "dict" || tag == "plist"; }
-
-bool isReadableInteger(std::string_view text)
-{
-    text = withoutBlanks(text);
-    bool const isNegative = text.starts_with('-');
-    if (isNegative || text.starts_with('+'))
-        text.remove_prefix(1);
-    int const base = text.starts_with("0x") || text.starts_with("0X") ? 16 : 10;
-    text.remove_prefix(base == 16 ? 2 : 0);
-    std::uint64_t magnitude = 0;
-    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), magnitude, base);
-    return error == std::errc() && end == text.data() + text.size() && (!isNegative || magnitude <= std::uint64_t { 1 } << 63);
-}
-
-/// Whether the text is a date such as "2001-01-01T00:00:00Z"; a fraction of a second may follow.
-bool isReadableDate(std::string_view text)
-{
-    static constexpr std::string_view shape = "0000-00-00T00:00:00";
-    text = withoutBlanks(text);
-    if (text.size() <= shape.size() || !text.ends_with('Z'))
-        return false;
-    auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        if (shape[i] == '0' ? !isDigit(text[i]) : text[i] != shape[i])
-            return false;
-    }
-    auto const fraction = text.substr(shape.size(), text.size() - shape.size() - 1);
-    return fraction.empty() || (fraction[0] == '.' && std::all_of(fraction.begin() + 1, fraction.end(), isDigit));
-}
-
-/// Scans the tags only. Mark-up that the parser might read differently, such as quotes in tags or
-/// a document type that declares entities, is refused: no program writes property lists so, and
-/// the depth counted here must never be too small.
-class XmlScanner {
-public:
-    explicit XmlScanner(std::string_view text)
-        : m_text(text)
-    {
-    }
-
-    Wrong scan()
-    {
-        for (m_offset = m_text.find('<'); m_offset != std::string_view::npos; m_offset = m_text.find('<', m_offset)) {
-            if (auto const wrong = markup())
-                return wrong;
-        }
-        return m_values == 0 ? "it is not a property list" : nullptr;
-    }
-
-private:
-    Wrong markup()
-    {
-        auto const rest = m_text.substr(m_offset);
-        if (rest.starts_with("<!--"))
-            return comment();
-        if (rest.starts_with("<![CDATA["))
-            return skipTo("]]>", 9);
-        if (rest.starts_with("<!"))
-            return documentType();
-        if (rest.starts_with("<?"))
-            return instruction();
-        return tag();
-    }
-
-    Wrong skipTo(std::string_view end, std::size_t from)
-    {
-        auto const found = m_text.find(end, m_offset + from);
-        if (found == std::string_view::npos)
-            return damaged;
-        m_offset = found + end.size();
-        return nullptr;
-    }
-
-    Wrong comment()
-    {
-        auto const content = m_text.substr(m_offset + 4);
-        if (content.starts_with('>') || content.starts_with("->"))
-            return damaged;
-        return skipTo("-->", 4);
-    }
-
-    Wrong documentType()
-    {
-        auto const length = m_text.substr(m_offset).find('>');
-        if (m_values > 0 || length == std::string_view::npos)
-            return damaged;
-        auto const declaration = m_text.substr(m_offset + 2, length - 2);
-        if (declaration.find_first_of("<[") != std::string_view::npos)
-            return "its document type declares more than a property list needs";
-        m_offset += length + 1;
-        return nullptr;
-    }
-
-    Wrong instruction()
-    {
-        auto const length = m_text.substr(m_offset).find('>');
-        if (length == std::string_view::npos || m_text[m_offset + length - 1] != '?')
-            return damaged;
-        m_offset += length + 1;
-        return nullptr;
-    }
-
-    Wrong tag()
-    {
-        auto const length = m_text.substr(m_offset).find('>');
-        if (length == std::string_view::npos)
-            return damaged;
-        auto const inner = m_text.substr(m_offset + 1, length - 1);
-        m_offset += length + 1;
-        return inner.starts_with('/') ? closeTag(inner.substr(1)) : openTag(inner);
-    }
-
-    Wrong closeTag(std::string_view inner)
-    {
-        m_depth -= m_depth > 0 && isContainer(nameIn(inner)) ? 1 : 0;
-        return nullptr;
-    }
-
-    Wrong openTag(std::string_view inner)
-    {
-        auto const name = nameIn(inner);
-        bool const hasMore = name.size() + (inner.ends_with('/') ? 1 : 0) != inner.size();
-        if (hasMore && name != "plist" && inner.find_first_of("\"'<") != std::string_view::npos)
-            return damaged;
-        if (++m_values > maximumPropertyListValues)
-            return tooManyValues;
-        if (isContainer(name))
-            return inner.ends_with('/') ? nullptr : descend();
-        return scalar(name, inner.ends_with('/'));
-    }
-
-    Wrong descend()
-    {
-        // The plist tag counts as a level here.
-        return ++m_depth > maximumPropertyListDepth + 1 ? tooDeep() : nullptr;
-    }
-
-    Wrong scalar(std::string_view name, bool isEmpty) const
-    {
-        auto const content = isEmpty ? std::string_view() : m_text.substr(m_offset, m_text.find('<', m_offset) - m_offset);
-        if (name == "integer" && !isReadableInteger(content))
-            return "an integer in it cannot be read";
-        if (name == "date" && !isReadableDate(content))
-            return "a date in it cannot be read";
-        return nullptr;
-    }
-
-    std::string_view m_text;
-    std::size_t m_offset = 0;
-    std::size_t m_values = 0;
-    int m_depth = 0;
-};
-
-// Binary
 
 // The binary form, described at the beginning of CFBinaryPList.c
 // (https://github.com/opensource-apple/CF): header, objects, table of offsets, trailer. The high
@@ -257,7 +65,7 @@ public:
     Result<void> scan()
     {
         if (!readTrailer())
-            return Failure { damaged };
+            return Failure { damagedDocument };
         m_extents.resize(m_count);
         if (auto opened = open(m_root); !opened)
             return opened;
@@ -360,7 +168,7 @@ private:
     {
         auto const object = index < m_count ? objectAt(index) : std::nullopt;
         if (!object)
-            return Failure { damaged };
+            return Failure { damagedDocument };
         if ((m_references += object->references) > maximumPropertyListValues)
             return Failure { tooManyValues };
         if (auto checked = checkText(*object); !checked)
@@ -380,10 +188,10 @@ private:
             return {};
         auto const length = object.bytes - 1;
         if (length > m_end - object.start)
-            return Failure { damaged };
+            return Failure { damagedDocument };
         if ((m_textBytes += length) > maximumPropertyListSize)
-            return Failure { tooLarge };
-        return hasNullCharacter(m_bytes.subspan(object.start, length), unit) ? Failure { nullCharacter } : Result<void>();
+            return Failure { tooLargeDocument };
+        return hasNullCharacter(m_bytes.subspan(object.start, length), unit) ? Failure { stringHoldsNull } : Result<void>();
     }
 
     Result<void> step()
@@ -393,7 +201,7 @@ private:
             return close();
         auto const child = number(level.object.start + level.next * m_referenceSize, m_referenceSize);
         if (child >= m_count)
-            return Failure { damaged };
+            return Failure { damagedDocument };
         if (m_extents[child].state == Extent::State::unseen)
             return open(child);
         if (m_extents[child].state == Extent::State::open)
@@ -421,7 +229,7 @@ private:
             return Failure { tooDeepMessage() };
         if (parent.values > maximumPropertyListValues)
             return Failure { tooManyValues };
-        return parent.bytes > maximumPropertyListSize ? Failure { tooLarge } : Result<void>();
+        return parent.bytes > maximumPropertyListSize ? Failure { tooLargeDocument } : Result<void>();
     }
 
     std::span<std::byte const> m_bytes;
@@ -440,12 +248,6 @@ private:
 } // namespace
 
 std::string tooDeepMessage() { return "its containers are nested deeper than the " + std::to_string(maximumPropertyListDepth) + " levels that are allowed"; }
-
-Result<void> scanXmlPropertyList(std::span<std::byte const> bytes)
-{
-    auto const wrong = XmlScanner({ reinterpret_cast<char const*>(bytes.data()), bytes.size() }).scan();
-    return wrong ? Failure { wrong } : Result<void>();
-}
 
 Result<void> scanBinaryPropertyList(std::span<std::byte const> bytes) { return BinaryScanner(bytes).scan(); }
 
