@@ -19,6 +19,7 @@ public:
     /// Null when the kind has none.
     [[nodiscard]] virtual ImageRef iconForKind(MenuItemKind const& kind) = 0;
     [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
+    [[nodiscard]] virtual ImageRef networkIcon() = 0;
     /// Empties the cache, so that the next menu fetches its icons afresh.
     virtual void emptyCache() = 0;
 };
@@ -38,7 +39,7 @@ public:
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon);
     [[nodiscard]] ImageRef thisMacIcon() { return systemIcon(SystemIcon::computer); }
     [[nodiscard]] ImageRef genericFolderIcon() { return systemIcon(SystemIcon::folder); }
-    [[nodiscard]] ImageRef networkIcon() { return systemIcon(SystemIcon::network); }
+    [[nodiscard]] ImageRef networkIcon() override { return systemIcon(SystemIcon::network); }
     [[nodiscard]] ImageRef applicationIcon() { return systemIcon(SystemIcon::application); }
 
 private:

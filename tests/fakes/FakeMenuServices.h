@@ -53,6 +53,7 @@ public:
         return withoutIcon.contains(kind.value()) ? nullptr : std::make_shared<FakeImage>("kind:" + std::string(kind.rawValue()));
     }
     ImageRef iconForFile(Url const& url) override { return std::make_shared<FakeImage>("file:" + url.path()); }
+    ImageRef networkIcon() override { return std::make_shared<FakeImage>("network"); }
     void emptyCache() override { ++emptied; }
 
     std::map<MenuItemKind::Case, bool> withoutIcon;
