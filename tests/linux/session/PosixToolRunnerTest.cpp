@@ -3,6 +3,9 @@
 #include "app/actions/ShortcutsProvider.h"
 #include "tests/linux/TemporaryFolder.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace zv {
 namespace {
 
@@ -58,6 +61,13 @@ TEST_F(PosixToolRunnerTest, ReadsMegabytesFromBothStreamsWithoutDeadlock)
 }
 
 TEST_F(PosixToolRunnerTest, GivesTheNullDeviceAsStandardInput) { EXPECT_EQ(shell("cat; readlink /proc/self/fd/0").output, "/dev/null\n"); }
+
+TEST_F(PosixToolRunnerTest, LeaksNoDescriptorsIntoTheTool)
+{
+    int const inheritable = ::open("/dev/null", O_RDONLY);
+    EXPECT_EQ(shell("ls /proc/self/fd").output, "0\n1\n2\n3\n") << "3 is ls reading that folder";
+    ::close(inheritable);
+}
 
 TEST_F(PosixToolRunnerTest, AHangingToolIsEndedWithAllItStarted)
 {
