@@ -16,7 +16,7 @@ using tests::turnUntil;
 // Virtual key codes, and the X server's for the same places.
 constexpr std::uint16_t keyA = 0, keyS = 1, keyZ = 6, keyE = 14, keyR = 15, keyY = 16;
 constexpr std::uint8_t xA = 38, xE = 26, xR = 27, xAlt = 64, xSuper = 133, xCapsLock = 66, xNumLock = 77;
-constexpr std::uint16_t superBit = XCB_MOD_MASK_4, numLockBit = XCB_MOD_MASK_2;
+constexpr std::uint16_t superBit = XCB_MOD_MASK_4, altBit = XCB_MOD_MASK_1, numLockBit = XCB_MOD_MASK_2;
 
 class XcbHotkeysTest : public testing::Test {
 protected:
@@ -265,6 +265,17 @@ TEST(XkbKeymap, LendsLatinLettersToLayoutsWithoutThem)
         EXPECT_EQ(layers.back().at(keyZ), row.last);
         EXPECT_EQ(layers.front().at(53), "") << "Escape types nothing";
     }
+}
+
+TEST(XkbKeymap, KnowsWhereKeysAndModifiersAre)
+{
+    auto const keymap = XkbKeymap::named("us");
+    ASSERT_TRUE(keymap);
+    EXPECT_EQ(keymap->modifiers(), (ModifierBits { superBit, altBit, numLockBit }));
+    EXPECT_EQ(keymap->keycodes().at(keyE), xE);
+    EXPECT_EQ(keymap->keycodes().at(122), 67) << "F1";
+    EXPECT_EQ(keymap->keycodes().at(113), 193) << "F15";
+    EXPECT_EQ(keymap->keycodes().at(127), 0) << "no such key";
 }
 
 } // namespace
