@@ -71,7 +71,10 @@ TEST_F(CommandLineTest, WrongUsageIsStatusTwoAndOneLine)
 {
     Words const wrong[] = { { "fly" }, { "--json" }, { "fly\naway" }, { "check-name" }, { "check-name", "--xml", "a" }, { "check-name", "--json=1", "a" },
         { "prefs", "read", "ScanDepth", "extra" }, { "prefs", "write", "ScanDepth" }, { "prefs", "erase", "ScanDepth" }, { "prefs", "reset" }, { "export" },
-        { "export", "a", "b" }, { "import" }, { "import", "--chek", "a" } };
+        { "export", "a", "b" }, { "import" }, { "import", "--chek", "a" }, { "perform" }, { "perform", "--option", "Sleep" }, { "show", "here" },
+        { "show", "--at", "10" }, { "show", "--at", "1,2,3" }, { "show", "--at", "1,x" }, { "show", "--at" }, { "settings", "now" }, { "quit", "--now" },
+        { "menu", "x" }, { "menu", "--expand" }, { "menu", "--expand", "-1" }, { "menu", "--expand", "2x" }, { "menu", "--expand", "99999999999" },
+        { "menu", "--all" } };
     for (auto const& arguments : wrong) {
         auto const outcome = run(arguments);
         EXPECT_EQ(outcome.status, 2) << arguments[0];
@@ -79,7 +82,7 @@ TEST_F(CommandLineTest, WrongUsageIsStatusTwoAndOneLine)
         EXPECT_TRUE(isOneLine(outcome.err)) << outcome.err;
         EXPECT_TRUE(outcome.err.starts_with("zanthe-vell: ")) << outcome.err;
     }
-    EXPECT_TRUE(defaults.writes.empty());
+    EXPECT_TRUE(defaults.writes.empty() && program.asked.empty());
 }
 
 TEST(CommandLine, IsToldFromTheSettingsThatADesktopStartsAProgramWith)

@@ -42,16 +42,5 @@ TEST_F(MenuCommand, GivesJsonThatAProgramCanRead)
     EXPECT_EQ(json["items"].size(), 4U);
 }
 
-TEST_F(MenuCommand, RefusesWhatItDoesNotTake)
-{
-    for (auto const& arguments : { std::vector<std::string> { "menu", "x" }, { "menu", "--expand" }, { "menu", "--expand", "-1" }, { "menu", "--expand", "2x" },
-             { "menu", "--expand", "99999999999" }, { "menu", "--all" } }) {
-        auto const outcome = run(arguments);
-        EXPECT_EQ(outcome.status, 2) << arguments.back();
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_NE(outcome.err, "");
-    }
-}
-
 } // namespace
 } // namespace zv

@@ -38,13 +38,6 @@ TEST_F(MenuFileCommandsTest, StandardStreamsStandForFiles)
     EXPECT_EQ(run({ "export", "-" }), (Outcome { 0, document, "" }));
 }
 
-TEST_F(MenuFileCommandsTest, ImportReadsTheOlderForm)
-{
-    addFile("/here/old.plist", olderMenu);
-    EXPECT_EQ(run({ "import", "old.plist" }), (Outcome { 0, "Imported 3 items.\n", "" }));
-    EXPECT_EQ(storedMenu()[1].children[0].kind, MenuItemKind::restart);
-}
-
 TEST_F(MenuFileCommandsTest, CheckChangesNothing)
 {
     addFile("/here/old.plist", olderMenu);
@@ -68,12 +61,6 @@ TEST_F(MenuFileCommandsTest, ABadFileIsNamedAndNeverReplacesTheMenu)
     EXPECT_EQ(run({ "import", "garbage.plist" }).status, 1);
     EXPECT_EQ(run({ "import", "missing.plist" }), (Outcome { 1, "", "zanthe-vell: missing.plist: No such file or directory\n" }));
     EXPECT_EQ(defaults.stored, before);
-}
-
-TEST_F(MenuFileCommandsTest, RepeatedIdsAreRenewedAndSaid)
-{
-    addFile("/here/twice.plist", fakes::textOf(menuDocument({ item, item }).value()));
-    EXPECT_EQ(run({ "import", "--check", "twice.plist" }).out, "twice.plist is a menu of 2 items; 1 repeated id renewed.\n");
 }
 
 TEST_F(MenuFileCommandsTest, ImportKeepsABackupOfTheMenuItReplaces)

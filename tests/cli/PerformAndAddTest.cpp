@@ -118,11 +118,5 @@ TEST_F(AddCommandTest, WithAlertTheRunningProgramAddsAndTells)
     EXPECT_EQ(run({ "add", "--alert", "gone" }).status, 1);
 }
 
-TEST_F(AddCommandTest, PerformNeedsATitle)
-{
-    EXPECT_EQ(run({ "perform" }).status, 2);
-    EXPECT_EQ(run({ "perform", "--option", "Sleep" }).status, 2);
-}
-
 } // namespace
 } // namespace zv

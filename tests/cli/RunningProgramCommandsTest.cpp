@@ -43,18 +43,6 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
     EXPECT_EQ(run({ "hotkeys" }).status, 1);
 }
 
-TEST_F(RunningProgramCommands, RefuseWhatTheyDoNotTake)
-{
-    std::vector<std::vector<std::string>> const rows { { "show", "here" }, { "show", "--at", "10" }, { "show", "--at", "1,2,3" }, { "show", "--at", "1,x" },
-        { "show", "--at" }, { "settings", "now" }, { "quit", "--now" } };
-    for (auto const& arguments : rows) {
-        auto const outcome = run(arguments);
-        EXPECT_EQ(outcome.status, 2) << arguments.back();
-        EXPECT_FALSE(outcome.err.empty());
-    }
-    EXPECT_TRUE(program.asked.empty());
-}
-
 TEST_F(RunningProgramCommands, SayWhyNobodyAnswered)
 {
     program.state = Failure { "Zanthe Vell is not running." };

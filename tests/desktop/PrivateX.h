@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <sys/wait.h>
@@ -71,6 +72,14 @@ public:
 
     [[nodiscard]] xcb_connection_t* xcb() const { return m_connection; }
     [[nodiscard]] xcb_window_t root() const { return m_root; }
+
+    [[nodiscard]] xcb_atom_t atom(char const* name) const
+    {
+        auto* const reply = xcb_intern_atom_reply(m_connection, xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(std::strlen(name)), name), nullptr);
+        auto const found = reply ? reply->atom : xcb_atom_t { XCB_ATOM_NONE };
+        std::free(reply);
+        return found;
+    }
 
     /// Grabs the combination; false when another client holds exactly this.
     bool grab(std::uint8_t keycode, std::uint16_t modifiers) const

@@ -186,10 +186,14 @@ def set_menu(items):
         if path:
             record["Path"] = path
         records.append(record)
-    document = os.path.join(HOME, "menu.plist")
-    with open(document, "wb") as file:
-        plistlib.dump({"MenuDesc": records}, file)
-    zv("import", document)
+    import_menu({"MenuDesc": records})
+
+
+def import_menu(document):
+    path = os.path.join(HOME, "menu.plist")
+    with open(path, "wb") as file:
+        plistlib.dump(document, file)
+    zv("import", path)
 
 
 def menu_titles():

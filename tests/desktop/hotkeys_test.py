@@ -4,7 +4,6 @@
 import ctypes
 import json
 import os
-import plistlib
 import shutil
 import subprocess
 import time
@@ -61,13 +60,6 @@ def item(number, path, trigger=None, **flags):
     return record
 
 
-def set_menu(records):
-    document = os.path.join(HOME, "menu.plist")
-    with open(document, "wb") as file:
-        plistlib.dump(records, file)
-    zv("import", document)
-
-
 def hotkeys():
     return json.loads(zv("hotkeys", "--json"))
 
@@ -89,7 +81,7 @@ class HotkeysTest(unittest.TestCase):
         subprocess.run(["setxkbmap", "us"], check=True)
         if os.path.exists(PRESSED):
             os.remove(PRESSED)
-        set_menu(self.menu)
+        desktop.import_menu(self.menu)
         self.keyboard = Keyboard()
         self.addCleanup(self.keyboard.close)
 
@@ -125,7 +117,7 @@ class HotkeysTest(unittest.TestCase):
             self.assertIn("⌘Z", shortcuts("conflicts"))
             self.assertNotIn("⌘Z", shortcuts())
 
-        set_menu(self.menu[:3])  # a change of the menu is a pass
+        desktop.import_menu(self.menu[:3])  # a change of the menu is a pass
         wait_until(lambda: shortcuts("conflicts") == [], 5, "the end of the conflict")
         self.keyboard.press(SUPER, Z)
         self.expect(["zed"])

@@ -135,10 +135,7 @@ class ShellTest(unittest.TestCase):
     def test_signals_end_it_and_leave_nothing_behind(self):
         record = {"id": "00000000-0000-0000-0000-000000000001", "kind": "Restart", "children": [], "isHidden": False, "unrecognizedKeys": {},
                   "keyEquivalent": {"trigger": {"character": "K"}, "shift": False, "option": True, "control": True, "noCommand": True}}
-        document = os.path.join(HOME, "menu.plist")
-        with open(document, "wb") as file:
-            plistlib.dump([record], file)
-        zv("import", document)
+        desktop.import_menu([record])
         grab = KeyGrab()
         with Panel():
             for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):

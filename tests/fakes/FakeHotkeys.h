@@ -3,6 +3,7 @@
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
@@ -31,11 +32,7 @@ public:
 
     bool holds(KeyChord chord) const
     {
-        for (auto const& [id, each] : held) {
-            if (each == chord)
-                return true;
-        }
-        return false;
+        return std::ranges::any_of(held, [&](auto const& entry) { return entry.second == chord; });
     }
 
     std::map<HotkeyID, KeyChord> held;

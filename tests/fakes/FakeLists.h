@@ -89,18 +89,21 @@ private:
     };
 };
 
+class FakeImage : public Image {
+public:
+    explicit FakeImage(std::string name)
+        : m_name(std::move(name))
+    {
+    }
+    std::string name() const override { return m_name; }
+
+private:
+    std::string m_name;
+};
+
 /// Pictures that are only a name; counts how often each was asked for.
 class FakeIconSource : public IconSource {
 public:
-    struct NamedImage : Image {
-        explicit NamedImage(std::string n)
-            : text(std::move(n))
-        {
-        }
-        std::string name() const override { return text; }
-        std::string text;
-    };
-
     ImageRef fileIcon(Url const& file) override { return make("file:" + file.path()); }
     ImageRef systemIcon(SystemIcon icon) override { return make(nameOf(icon)); }
     static std::string nameOf(SystemIcon icon)
@@ -119,7 +122,7 @@ private:
         if (missing.contains(name))
             return nullptr;
         ++asked[name];
-        return std::make_shared<NamedImage>(name);
+        return std::make_shared<FakeImage>(name);
     }
 };
 

@@ -10,18 +10,13 @@
 
 namespace zv::fakes {
 
-/// Opens menus at once and keeps them open until the test closes them.
+/// Opens menus at once and keeps them open.
 class FakeMenuHost : public MenuHost {
 public:
     void popUp(std::shared_ptr<Menu> const& menu, Point at) override
     {
         menu->needsUpdate();
         shown.emplace_back(menu, at);
-    }
-    void closeLast()
-    {
-        shown.back().first->didClose();
-        shown.pop_back();
     }
     std::vector<std::pair<std::shared_ptr<Menu>, Point>> shown;
 };

@@ -5,6 +5,7 @@
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
 #include "platform/desk/TextMeasure.h"
+#include "tests/fakes/FakeLists.h"
 
 #include <functional>
 #include <map>
@@ -31,18 +32,6 @@ public:
 
     bool canCheck = true;
     std::vector<std::string> log;
-};
-
-class FakeImage : public Image {
-public:
-    explicit FakeImage(std::string name)
-        : m_name(std::move(name))
-    {
-    }
-    std::string name() const override { return m_name; }
-
-private:
-    std::string m_name;
 };
 
 /// Pictures named after what they stand for.

@@ -53,14 +53,6 @@ public:
             work();
         }
     }
-    void runMainOnly()
-    {
-        while (!m_main.empty()) {
-            auto const work = std::move(m_main.front());
-            m_main.pop_front();
-            work();
-        }
-    }
 
     [[nodiscard]] std::size_t pendingBackground() const { return m_background.size(); }
     [[nodiscard]] std::vector<std::chrono::milliseconds> repeatingIntervals() const

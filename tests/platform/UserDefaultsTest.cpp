@@ -52,16 +52,5 @@ TEST(UserDefaults, ReadsBooleansAndIntegersLeniently)
     }
 }
 
-TEST(UserDefaults, ReadsWhatIsRegisteredWhereNothingIsStored)
-{
-    fakes::FakeUserDefaults defaults;
-    EXPECT_FALSE(defaults.boolForKey("Shown"));
-    EXPECT_EQ(defaults.integerForKey("Limit"), 0);
-    defaults.registerDefaults({ { "Shown", true }, { "Limit", 20 } });
-    EXPECT_TRUE(defaults.boolForKey("Shown"));
-    defaults.stored.set("Limit", 5);
-    EXPECT_EQ(defaults.integerForKey("Limit"), 5);
-}
-
 } // namespace
 } // namespace zv

@@ -2,11 +2,7 @@
 
 #include "platform/linux/session/PosixToolRunner.h"
 #include "tests/linux/PrivateBus.h"
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include "tests/linux/TextFiles.h"
 
 namespace zv {
 namespace {
@@ -35,19 +31,14 @@ struct LaunchingInside : testing::Test {
     std::string write(std::string const& name, std::string const& text)
     {
         fs::create_directories(fs::path(home(name)).parent_path());
-        std::ofstream(home(name)) << text;
+        tests::writeText(home(name), text);
         return home(name);
     }
     std::string writeEntry(std::string const& name) { return write(name, entryText(std::getenv("ZV_TEST_HOME"))); }
     std::string logText()
     {
         std::string text;
-        eventually([&] {
-            std::stringstream all;
-            all << std::ifstream(home("log")).rdbuf();
-            text = all.str();
-            return text.ends_with('\n');
-        });
+        eventually([&] { return (text = tests::readText(home("log"))).ends_with('\n'); });
         fs::remove(home("log"));
         return text;
     }

@@ -114,16 +114,6 @@ TEST(RecentlyUsed, KeepsWhatCameBeforeTheDamage)
     EXPECT_TRUE(usedItems(disk.path("missing"), {}, ApplicationIndex {}, 0).empty());
 }
 
-TEST(RecentlyUsed, ReadsFiftyThousandEntries)
-{
-    std::string all;
-    for (int i = 0; i < 50'000; ++i)
-        all += bookmark("file:///f" + std::to_string(i), "2023-06-10T00:00:00Z");
-    TemporaryFolder const disk;
-    auto const items = usedItems(disk.write("x", document(all)), {}, ApplicationIndex {}, 0);
-    EXPECT_EQ(items.size(), 50'000u);
-}
-
 TEST(RecentlyUsed, DoesNotWaitForAPipeInTheFilesPlace)
 {
     TemporaryFolder const disk;

@@ -2,7 +2,6 @@
 
 #include "platform/linux/posix/ProgramPlaces.h"
 #include "tests/linux/TemporaryFolder.h"
-#include "tests/linux/TextFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@ namespace zv {
 namespace {
 
 using tests::TemporaryFolder;
-using tests::writeText;
 
 std::string textOf(std::optional<std::vector<std::byte>> const& bytes)
 {
@@ -20,11 +18,9 @@ std::string textOf(std::optional<std::vector<std::byte>> const& bytes)
 TEST(BundleResources, TakesAResourceFromTheFirstFolderThatHasIt)
 {
     TemporaryFolder const folder;
-    std::filesystem::create_directories(folder.path("build"));
-    std::filesystem::create_directories(folder.path("share"));
-    writeText(folder.path("share/Library.plist"), "installed");
-    writeText(folder.path("share/DockMenu.plist"), "installed");
-    writeText(folder.path("build/Library.plist"), "built");
+    folder.write("share/Library.plist", "installed");
+    folder.write("share/DockMenu.plist", "installed");
+    folder.write("build/Library.plist", "built");
     BundleResources const resources({ folder.path("absent"), folder.path("build"), folder.path("share") });
     EXPECT_EQ(textOf(resources.load("Library", "plist")), "built");
     EXPECT_EQ(textOf(resources.load("DockMenu", "plist")), "installed");
@@ -34,9 +30,8 @@ TEST(BundleResources, TakesAResourceFromTheFirstFolderThatHasIt)
 TEST(BundleResources, AFileMadeForThisSystemComesFirst)
 {
     TemporaryFolder const folder;
-    std::filesystem::create_directories(folder.path("share"));
-    writeText(folder.path("Library.plist"), "everywhere");
-    writeText(folder.path("share/Library (Linux).plist"), "here");
+    folder.write("Library.plist", "everywhere");
+    folder.write("share/Library (Linux).plist", "here");
     EXPECT_EQ(textOf(BundleResources({ folder.path(), folder.path("share") }).load("Library", "plist")), "here");
     EXPECT_EQ(textOf(BundleResources({ folder.path() }).load("Library", "plist")), "everywhere");
 }
@@ -57,13 +52,12 @@ TEST(BundleResources, TellsOfTheProgramAndTakesTheRestFromItsInformationFile)
     EXPECT_EQ(*bare.information().find("CFBundleIdentifier"), PropertyList("org.zanthevell.ZantheVell"));
     EXPECT_EQ(*bare.information().find("CFBundleShortVersionString"), PropertyList(ZV_VERSION));
     EXPECT_FALSE(bare.information().contains("SUFeedURL"));
-    writeText(
-        folder.path("Info.plist"), "<plist><dict><key>SUFeedURL</key><string>https://x/y</string><key>CFBundleName</key><string>Other</string></dict></plist>");
+    folder.write("Info.plist", "<plist><dict><key>SUFeedURL</key><string>https://x/y</string><key>CFBundleName</key><string>Other</string></dict></plist>");
     BundleResources const informed({ folder.path() });
     EXPECT_EQ(*informed.information().find("SUFeedURL"), PropertyList("https://x/y"));
     EXPECT_EQ(*informed.information().find("CFBundleName"), PropertyList("Other"));
     EXPECT_TRUE(informed.information().contains("CFBundleIdentifier"));
-    writeText(folder.path("Info.plist"), "garbage");
+    folder.write("Info.plist", "garbage");
     EXPECT_EQ(BundleResources({ folder.path() }).information(), bare.information());
 }
 

@@ -1,37 +1,14 @@
 #include "platform/linux/files/LinuxFolderReader.h"
+#include "tests/linux/ChildProcess.h"
 #include "tests/linux/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
 
 #include <map>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace zv {
 namespace {
 
 using tests::TemporaryFolder;
-
-constexpr uid_t nobody = 65534;
-
-/// Drops root's rights while it lives.
-class WithoutPrivileges {
-public:
-    WithoutPrivileges()
-        : m_isLowered(geteuid() == 0 && seteuid(nobody) == 0)
-    {
-    }
-    ~WithoutPrivileges()
-    {
-        if (m_isLowered && seteuid(0) != 0)
-            abort();
-    }
-    WithoutPrivileges(WithoutPrivileges const&) = delete;
-    WithoutPrivileges& operator=(WithoutPrivileges const&) = delete;
-
-private:
-    bool m_isLowered;
-};
 
 struct FolderReaderTest : testing::Test {
     /// The kinds of the children, such as "package file", by name.
@@ -141,13 +118,6 @@ TEST_F(FolderReaderTest, NamesAreAnyBytes)
     EXPECT_EQ(visibleNames(), expected);
 }
 
-TEST_F(FolderReaderTest, ALargeFolderIsReadWhole)
-{
-    for (int i = 0; i < 1500; ++i)
-        folder.write("a file with a name of some length, number " + std::to_string(i), "");
-    EXPECT_EQ(kinds().size(), 1500U);
-}
-
 TEST_F(FolderReaderTest, ApplicationEntriesCarryTheirLocalizedNameOrAreLeftOut)
 {
     std::pair<char const*, char const*> const entries[] = {
@@ -185,7 +155,7 @@ TEST_F(FolderReaderTest, TellsWhyAFolderCannotBeRead)
     EXPECT_EQ(failureOf("file"), FolderReadFailure::notAFolder);
     EXPECT_EQ(failureOf("nothing"), FolderReadFailure::notFound);
     EXPECT_EQ(failureOf("loop"), FolderReadFailure::notFound);
-    WithoutPrivileges const lowered;
+    tests::WithoutRoot const ordinary;
     EXPECT_EQ(failureOf("private"), FolderReadFailure::notPermitted);
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/linux/toolkit/QtTimers.h"
 #include "tests/fakes/FakeHotkeys.h"
-#include "tests/linux/toolkit/PrivateBus.h"
+#include "tests/linux/PrivateBus.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
 #include <QDBusArgument>
@@ -10,10 +10,7 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
-#include <QEventLoop>
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace zv {
 
@@ -46,6 +43,7 @@ namespace zv {
 namespace {
 
 using namespace std::chrono_literals;
+using tests::turnUntil;
 
 constexpr std::uint16_t keyE = 14, keyF5 = 96;
 
@@ -141,21 +139,14 @@ protected:
         QDBusConnection::disconnectFromBus(text("portal-program"));
     }
 
-    bool turnUntil(std::function<bool()> const& isSo)
-    {
-        bool isLate = false;
-        auto const limit = timers.after(5s, [&] { isLate = true; });
-        while (!isSo() && !isLate)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return isSo();
-    }
+    QDBusConnection connect(char const* name) { return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), text(name)); }
     std::vector<bool> claim(HotkeyID firstID, std::vector<KeyChord> const& chords) { return registrar.claimAll(firstID, chords); }
 
-    PrivateBus bus;
+    tests::PrivateBus bus;
     QtTimers timers;
     fakes::FakeKeyboardLayoutSource layout;
-    FakePortal portal { bus.connect("portal-desktop") };
-    PortalHotkeyRegistrar registrar { bus.connect("portal-program"), timers, layout };
+    FakePortal portal { connect("portal-desktop") };
+    PortalHotkeyRegistrar registrar { connect("portal-program"), timers, layout };
     std::vector<HotkeyID> pressed;
     int invalidations = 0;
 };
@@ -184,9 +175,7 @@ TEST_F(PortalHotkeysTest, AskOnceForPassesInARowAndNotAgainForTheSame)
     (void)claim(2, { { keyF5, 0 } });
     EXPECT_TRUE(turnUntil([this] { return !portal.triggers.empty(); }));
     EXPECT_EQ(claim(3, { { keyF5, 0 }, { keyF5, 0 } }), (std::vector { true, false }));
-    bool isOver = false;
-    auto const wait = timers.after(500ms, [&] { isOver = true; });
-    turnUntil([&] { return isOver; });
+    turnUntil([] { return false; }, 500ms);
     EXPECT_EQ(portal.sessions, 1);
 
     portal.activate(portal.triggers.begin()->first);

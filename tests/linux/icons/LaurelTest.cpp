@@ -10,17 +10,6 @@
 namespace zv {
 namespace {
 
-TEST(Laurel, FillsItsBoxAndIsTheSameOnBothSides)
-{
-    auto const bounds = laurel::path().boundingRect();
-    EXPECT_GE(bounds.left(), 0);
-    EXPECT_GE(bounds.top(), 0);
-    EXPECT_LE(bounds.right(), laurel::boxSize);
-    EXPECT_LE(bounds.bottom(), laurel::boxSize);
-    EXPECT_GT(bounds.width(), 12);
-    EXPECT_NEAR(bounds.left(), laurel::boxSize - bounds.right(), 0.01);
-}
-
 TEST(Laurel, TheIconFilesAreDrawnFromIt)
 {
     struct Row {

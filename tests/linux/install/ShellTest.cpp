@@ -1,39 +1,15 @@
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/text/RtfReader.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
+#include "tests/linux/TemporaryFolder.h"
+#include "tests/linux/TextFiles.h"
 
 namespace zv {
 namespace {
 
+using tests::readText;
+using tests::TemporaryFolder;
 namespace fs = std::filesystem;
-
-struct TemporaryFolder {
-    TemporaryFolder()
-    {
-        std::string pattern = testing::TempDir() + "zv-XXXXXX";
-        path = mkdtemp(pattern.data());
-    }
-    ~TemporaryFolder() { fs::remove_all(path); }
-    fs::path path;
-};
-
-void writeFile(fs::path const& path, std::string const& text)
-{
-    fs::create_directories(path.parent_path());
-    std::ofstream(path) << text;
-}
-
-std::string contentOf(fs::path const& path)
-{
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
 
 TEST(AutostartLoginService, RespectsWhatTheDesktopSwitchedOff)
 {
@@ -50,13 +26,12 @@ TEST(AutostartLoginService, RespectsWhatTheDesktopSwitchedOff)
     };
     for (auto const& row : rows) {
         TemporaryFolder folder;
-        auto const entry = folder.path / "autostart/org.zanthevell.ZantheVell.desktop";
-        writeFile(entry, row.entry);
-        AutostartLoginService service({ folder.path, "/usr/bin/zanthe-vell", {}, {} });
+        auto const entry = folder.write("autostart/org.zanthevell.ZantheVell.desktop", row.entry);
+        AutostartLoginService service({ folder.path(), "/usr/bin/zanthe-vell", {}, {} });
         EXPECT_EQ(service.status(), row.status) << row.entry;
         EXPECT_TRUE(service.registerService());
         if (row.status == LoginService::Status::requiresApproval)
-            EXPECT_EQ(contentOf(entry), row.entry) << "the user's choice stands";
+            EXPECT_EQ(readText(entry), row.entry) << "the user's choice stands";
         else
             EXPECT_EQ(service.status(), LoginService::Status::enabled);
         EXPECT_TRUE(service.unregisterService());
@@ -67,16 +42,16 @@ TEST(AutostartLoginService, RespectsWhatTheDesktopSwitchedOff)
 TEST(AutostartLoginService, StartsAProgramWhateverItsPathHolds)
 {
     TemporaryFolder folder;
-    AutostartLoginService service({ folder.path, "/opt/a b/100% \"$x\" \\y", {}, {} });
+    AutostartLoginService service({ folder.path(), "/opt/a b/100% \"$x\" \\y", {}, {} });
     ASSERT_TRUE(service.registerService());
-    EXPECT_NE(contentOf(folder.path / "autostart/org.zanthevell.ZantheVell.desktop").find(R"(Exec="/opt/a b/100%% \\"\\$x\\" \\\\y")"), std::string::npos);
+    EXPECT_NE(readText(folder.path("autostart/org.zanthevell.ZantheVell.desktop")).find(R"(Exec="/opt/a b/100%% \\"\\$x\\" \\\\y")"), std::string::npos);
 }
 
 TEST(AutostartLoginService, SaysWhyItCannotChange)
 {
     TemporaryFolder folder;
-    writeFile(folder.path / "autostart", "a file where the folder should be");
-    AutostartLoginService service({ folder.path, "/x", {}, {} });
+    folder.write("autostart", "a file where the folder should be");
+    AutostartLoginService service({ folder.path(), "/x", {}, {} });
     auto const registered = service.registerService();
     ASSERT_FALSE(registered);
     EXPECT_NE(registered.error().code, 0);
@@ -86,13 +61,12 @@ TEST(AutostartLoginService, SaysWhyItCannotChange)
 struct InstallationTest : testing::Test {
     InstallationTest()
     {
-        options.mountInfo = folder.path / "mountinfo";
-        options.systemFolder = folder.path / "system";
-        options.userFolder = folder.path / "user/bin";
-        options.userApplications = folder.path / "user/applications";
-        options.systemApplications = folder.path / "system-applications";
+        options.systemFolder = folder.path("system");
+        options.userFolder = folder.path("user/bin");
+        options.userApplications = folder.path("user/applications");
+        options.systemApplications = folder.path("system-applications");
         options.temporaryFolder = "/temporary";
-        writeFile(options.mountInfo,
+        options.mountInfo = folder.write("mountinfo",
             "1 0 8:1 / / rw,relatime - ext4 /dev/sda1 rw\n"
             "2 1 7:0 / /media/My\\040Image ro,nosuid - iso9660 /dev/loop0 ro\n"
             "3 1 8:2 / /media/stick rw - vfat /dev/sdb1 rw\n"
@@ -139,43 +113,43 @@ TEST_F(InstallationTest, FallsBackToTheUsersOwnFolder)
 TEST_F(InstallationTest, PutsAFolderInThePlaceOfAnOlderOne)
 {
     LinuxInstallation installation(options);
-    writeFile(folder.path / "new.AppDir/AppRun", "new");
-    writeFile(folder.path / "user/bin/ZV.AppDir/AppRun", "old");
-    writeFile(folder.path / "user/bin/ZV.AppDir/only-in-the-old", "");
+    folder.write("new.AppDir/AppRun", "new");
+    folder.write("user/bin/ZV.AppDir/AppRun", "old");
+    folder.write("user/bin/ZV.AppDir/only-in-the-old", "");
     auto const destination = *installation.applicationsFolder();
     auto const temporary = installation.makeReplacementFolder(destination);
     ASSERT_TRUE(temporary.ok());
     auto const copy = temporary->appending("ZV.AppDir");
     auto const target = destination.appending("ZV.AppDir");
-    ASSERT_TRUE(installation.copy(Url::fromPath((folder.path / "new.AppDir").string()), copy));
+    ASSERT_TRUE(installation.copy(Url::fromPath(folder.path("new.AppDir")), copy));
     ASSERT_TRUE(installation.put(copy, target));
     installation.removeFolder(*temporary);
     ASSERT_TRUE(installation.announce(target));
 
-    EXPECT_EQ(contentOf(target.path() + "/AppRun"), "new");
+    EXPECT_EQ(readText(target.path() + "/AppRun"), "new");
     EXPECT_FALSE(fs::exists(target.path() + "/only-in-the-old"));
     EXPECT_EQ(std::distance(fs::directory_iterator(destination.path()), {}), 1) << "nothing temporary stays";
-    EXPECT_NE(contentOf(options.userApplications + "/org.zanthevell.ZantheVell.desktop").find("Exec=\"" + target.path() + "/AppRun\""), std::string::npos);
-    EXPECT_TRUE(fs::exists(folder.path / "new.AppDir/AppRun")) << "the copy that was opened is left where it is";
+    EXPECT_NE(readText(options.userApplications + "/org.zanthevell.ZantheVell.desktop").find("Exec=\"" + target.path() + "/AppRun\""), std::string::npos);
+    EXPECT_TRUE(fs::exists(folder.path("new.AppDir/AppRun"))) << "the copy that was opened is left where it is";
 }
 
 TEST_F(InstallationTest, WritesAnEntryThatStartsAProgramInAFolderOfAnyName)
 {
-    auto const program = folder.path / "my $50% bin/zanthe-vell";
-    ASSERT_TRUE(LinuxInstallation(options).announce(Url::fromPath(program.string())));
-    EXPECT_NE(contentOf(options.userApplications + "/org.zanthevell.ZantheVell.desktop").find("/my \\\\$50%% bin/zanthe-vell\"\n"), std::string::npos);
+    auto const program = folder.path("my $50% bin/zanthe-vell");
+    ASSERT_TRUE(LinuxInstallation(options).announce(Url::fromPath(program)));
+    EXPECT_NE(readText(options.userApplications + "/org.zanthevell.ZantheVell.desktop").find("/my \\\\$50%% bin/zanthe-vell\"\n"), std::string::npos);
 }
 
 TEST_F(InstallationTest, TakesTheResourcesOfASingleFileAlong)
 {
-    options.resources = (folder.path / "unpacked/share").string();
-    writeFile(folder.path / "unpacked/share/Notes.rtf", "new");
-    writeFile(folder.path / "user/share/zanthe-vell/Notes.rtf", "old");
-    writeFile(folder.path / "user/share/zanthe-vell/the user's", "kept");
-    writeFile(folder.path / "user/bin/zanthe-vell", "program");
-    ASSERT_TRUE(LinuxInstallation(options).announce(Url::fromPath((folder.path / "user/bin/zanthe-vell").string())));
-    EXPECT_EQ(contentOf(folder.path / "user/share/zanthe-vell/Notes.rtf"), "new");
-    EXPECT_EQ(contentOf(folder.path / "user/share/zanthe-vell/the user's"), "kept");
+    options.resources = folder.path("unpacked/share");
+    folder.write("unpacked/share/Notes.rtf", "new");
+    folder.write("user/share/zanthe-vell/Notes.rtf", "old");
+    folder.write("user/share/zanthe-vell/the user's", "kept");
+    folder.write("user/bin/zanthe-vell", "program");
+    ASSERT_TRUE(LinuxInstallation(options).announce(Url::fromPath(folder.path("user/bin/zanthe-vell"))));
+    EXPECT_EQ(readText(folder.path("user/share/zanthe-vell/Notes.rtf")), "new");
+    EXPECT_EQ(readText(folder.path("user/share/zanthe-vell/the user's")), "kept");
 }
 
 std::optional<RtfDocument> rtf(std::string const& text) { return readRtf(std::as_bytes(std::span(text))); }

@@ -9,13 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <poll.h>
+#include <set>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <thread>
 
 namespace zv {
 namespace {
@@ -49,25 +47,6 @@ protected:
     LogCapture capture { [this](std::string const& line) { log.push_back(line); } };
 
     void SetUp() override { std::filesystem::create_directory(folder.path("config")); }
-};
-
-/// A disk that takes no more than a few bytes, while it lives.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        ::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
-    FullDisk(FullDisk const&) = delete;
-    FullDisk& operator=(FullDisk const&) = delete;
-
-private:
-    rlimit m_before {};
 };
 
 TEST_F(PlistUserDefaultsTest, StoresNothingBeforeASettingIsChanged)
@@ -135,11 +114,10 @@ TEST_F(PlistUserDefaultsTest, SetsAsideAFileThatItCannotReadAndSaysSoOnce)
         { "<plist version=\"1.0\"><array/></plist>", "an array where a dictionary is expected" },
         { "<plist version=\"1.0\">" + deep, "nested deeper" },
     };
+    std::set<std::string> names;
     for (auto const& row : rows) {
         SCOPED_TRACE(row.reason);
         log.clear();
-        std::filesystem::remove_all(folder.path("config"));
-        std::filesystem::create_directory(folder.path("config"));
         writeText(path, row.content);
         PlistUserDefaults defaults(path);
         EXPECT_TRUE(defaults.setObject("ShowIcons", false));
@@ -148,33 +126,9 @@ TEST_F(PlistUserDefaultsTest, SetsAsideAFileThatItCannotReadAndSaysSoOnce)
         EXPECT_NE(log[0].find(row.reason), std::string::npos) << log[0];
         auto const kept = log[0].substr(log[0].rfind(" kept as ") + 9);
         EXPECT_NE(kept.find(".unreadable-2"), std::string::npos) << kept;
+        EXPECT_TRUE(names.insert(kept).second) << "each has a name of its own";
         EXPECT_EQ(readText(kept), row.content);
     }
-}
-
-TEST_F(PlistUserDefaultsTest, RefusesAFileOfAHundredMegabytesWithoutReadingIt)
-{
-    writeText(path, "<plist");
-    ASSERT_EQ(::truncate(path.c_str(), 100 << 20), 0);
-    PlistUserDefaults defaults(path);
-    ASSERT_EQ(log.size(), 1u);
-    EXPECT_NE(log[0].find("larger than the 64 MB"), std::string::npos);
-    auto const kept = log[0].substr(log[0].rfind(" kept as ") + 9);
-    EXPECT_EQ(std::filesystem::file_size(kept), std::uintmax_t { 100 } << 20);
-}
-
-TEST_F(PlistUserDefaultsTest, GivesEachUnreadableFileANameOfItsOwn)
-{
-    for (auto const* content : { "one", "two", "three" }) {
-        writeText(path, content);
-        PlistUserDefaults const defaults(path);
-    }
-    std::set<std::string> contents;
-    for (auto const& name : folder.names("config")) {
-        if (name.find("unreadable") != std::string::npos)
-            contents.insert(readText(folder.path("config/") + name));
-    }
-    EXPECT_EQ(contents, (std::set<std::string> { "one", "two", "three" }));
 }
 
 TEST_F(PlistUserDefaultsTest, OverwritesNothingThatTheSystemWillNotLetItRead)
@@ -191,54 +145,25 @@ TEST_F(PlistUserDefaultsTest, OverwritesNothingThatTheSystemWillNotLetItRead)
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false }, { "Other", 1 } }));
 }
 
-TEST_F(PlistUserDefaultsTest, KeepsTheOldFileWholeOnAFullDiskAndSavesLater)
-{
-    PlistUserDefaults defaults(path);
-    EXPECT_TRUE(defaults.setObject("ShowIcons", true));
-    auto const before = readText(path);
-    {
-        FullDisk const disk(4096);
-        auto const saved = defaults.setObject("Menu", std::string(20'000, 'm'));
-        ASSERT_FALSE(saved);
-        EXPECT_NE(saved.error().find("File too large"), std::string::npos) << saved.error();
-    }
-    EXPECT_EQ(readText(path), before);
-    EXPECT_EQ(folder.names("config"), (std::vector<std::string> { fileName, std::string(fileName) + ".lock" }));
-    EXPECT_EQ(defaults.object("Menu")->string()->size(), 20'000u);
-    EXPECT_TRUE(defaults.setObject("ShowIcons", false));
-    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", false }, { "Menu", std::string(20'000, 'm') } }));
-}
-
-TEST_F(PlistUserDefaultsTest, KeepsTheOldFileInAFolderThatCannotBeWritten)
+TEST_F(PlistUserDefaultsTest, LeavesAFolderThatCannotBeWrittenAsItIs)
 {
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
-    writeSettings(path, { { "ShowIcons", true } });
-    std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0555));
-    {
-        tests::WithoutRoot const ordinary;
-        PlistUserDefaults defaults(path);
-        auto const saved = defaults.setObject("ShowIcons", false);
-        ASSERT_FALSE(saved);
-        EXPECT_EQ(saved.error(), "Permission denied");
-        EXPECT_EQ(defaults.object("ShowIcons"), PropertyList(false));
+    for (std::string const content : { "<plist><dict><key>ShowIcons</key><true/></dict></plist>", "garbage" }) {
+        log.clear();
+        writeText(path, content);
+        std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0555));
+        {
+            tests::WithoutRoot const ordinary;
+            PlistUserDefaults defaults(path);
+            EXPECT_EQ(log.size(), content == "garbage" ? 1u : 0u) << "what cannot be set aside is told";
+            auto const saved = defaults.setObject("ShowIcons", false);
+            ASSERT_FALSE(saved);
+            EXPECT_EQ(saved.error(), "Permission denied");
+            EXPECT_EQ(defaults.object("ShowIcons"), PropertyList(false));
+        }
+        std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0755));
+        EXPECT_EQ(readText(path), content);
     }
-    std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0755));
-    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "ShowIcons", true } }));
-}
-
-TEST_F(PlistUserDefaultsTest, LeavesAnUnreadableFileInAFolderThatCannotBeWritten)
-{
-    std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
-    writeText(path, "garbage");
-    std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0555));
-    {
-        tests::WithoutRoot const ordinary;
-        PlistUserDefaults defaults(path);
-        EXPECT_EQ(log.size(), 1u);
-        EXPECT_FALSE(defaults.setObject("ShowIcons", false));
-    }
-    std::filesystem::permissions(folder.path("config"), std::filesystem::perms(0755));
-    EXPECT_EQ(readText(path), "garbage");
 }
 
 TEST_F(PlistUserDefaultsTest, AValueThatNoFileCanHoldKeepsNoOtherFromBeingSaved)
@@ -354,32 +279,6 @@ TEST_F(PlistUserDefaultsTest, TwoProcessesNeverLoseEachOthersKeys)
             EXPECT_EQ(defaults.object(prefix + std::to_string(i)), PropertyList(i)) << prefix << i;
         EXPECT_EQ(defaults.object(prefix), PropertyList(count - 1));
     }
-}
-
-TEST_F(PlistUserDefaultsTest, AKilledSaveLeavesTheOldFileOrTheNewOne)
-{
-    writeSettings(path, { { "Kept", 1 }, { "Menu", PropertyListArray {} } });
-    for (int round = 0; round < 40; ++round) {
-        auto const child = inChild([&] {
-            PlistUserDefaults defaults(path);
-            for (std::size_t length = 1;; ++length) {
-                if (!defaults.setObject("Menu", PropertyListArray(length % 3000, PropertyList("an entry of the menu"))))
-                    return 1;
-            }
-        });
-        std::this_thread::sleep_for(std::chrono::microseconds(1500 + round * 700));
-        ::kill(child, SIGKILL);
-        EXPECT_EQ(exitStatusOf(child), -1);
-        auto const content = contentOf(path);
-        ASSERT_TRUE(content.dictionary()) << *content.string();
-        EXPECT_EQ(*content.dictionary()->find("Kept"), PropertyList(1));
-        EXPECT_TRUE(content.dictionary()->find("Menu")->array());
-    }
-    EXPECT_TRUE(log.empty());
-    EXPECT_LE(folder.names("config").size(), 3u) << "at most one temporary file stays";
-    PlistUserDefaults defaults(path);
-    EXPECT_TRUE(defaults.setObject("Menu", PropertyListArray {}));
-    EXPECT_EQ(folder.names("config").size(), 2u);
 }
 
 } // namespace

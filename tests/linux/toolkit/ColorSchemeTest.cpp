@@ -1,7 +1,7 @@
 #include "platform/linux/toolkit/ColorScheme.h"
 
 #include "tests/linux/PrivateBus.h"
-#include "tests/linux/updates/LoopbackServer.h"
+#include "tests/linux/toolkit/TestApplication.h"
 
 #include <QApplication>
 #include <QPalette>

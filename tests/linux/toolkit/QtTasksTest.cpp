@@ -1,25 +1,13 @@
 #include "platform/linux/toolkit/QtTasks.h"
 #include "base/MainThread.h"
-#include "platform/linux/toolkit/QtTimers.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <gtest/gtest.h>
 
 #include <future>
 
 namespace zv {
 namespace {
-
-void turnUntil(bool const& done)
-{
-    bool isLate = false;
-    QtTimers timers;
-    auto const limit = timers.after(std::chrono::seconds(20), [&] { isLate = true; });
-    while (!done && !isLate)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 TEST(QtTasks, DetachedWorkThatHangsBlocksNeitherOtherWorkNorTheEnd)
 {
@@ -37,8 +25,7 @@ TEST(QtTasks, DetachedWorkThatHangsBlocksNeitherOtherWorkNorTheEnd)
         });
         bool otherCameBackOnMain = false;
         tasks.runDetached([&otherCameBackOnMain]() -> std::function<void()> { return [&] { otherCameBackOnMain = isMainThread(); }; });
-        turnUntil(otherCameBackOnMain);
-        EXPECT_TRUE(otherCameBackOnMain);
+        EXPECT_TRUE(tests::turnUntil([&] { return otherCameBackOnMain; }));
     } // must not wait for the hung one
     release->set_value();
     ended->get_future().wait();

@@ -2,6 +2,7 @@
 
 #include "platform/linux/tray/BusMenuTree.h"
 
+#include "tests/fakes/FakeLists.h"
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
@@ -17,10 +18,6 @@ QStringList labels(BusMenuLayout const& layout)
         all.append(child.properties.value(QStringLiteral("label")).toString());
     return all;
 }
-
-struct NamedImage : Image {
-    std::string name() const override { return "folder"; }
-};
 
 class BusMenuTreeTest : public testing::Test {
 protected:
@@ -79,7 +76,7 @@ TEST_F(BusMenuTreeTest, DescribesEntriesInTheTermsOfTheBus)
     auto marked = leaf("Marked");
     marked.isMarked = true;
     auto pictured = leaf("Pictured");
-    pictured.image = std::make_shared<NamedImage>();
+    pictured.image = std::make_shared<fakes::FakeImage>("folder");
     top->next = { plain, MenuEntry::separator(), keys, hint, marked, pictured, MenuEntry::disabled("No Items") };
 
     auto const entries = tree.layout(0, 1, {}).children;

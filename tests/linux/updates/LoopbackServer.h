@@ -3,7 +3,6 @@
 #include "base/Url.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
-#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -33,15 +32,13 @@ public:
 
     /// Answers by path. Other paths are not found; one without a head is never answered.
     std::map<QByteArray, Answer> answers;
-    QByteArray lastRequest;
 
 private:
     void serve(QTcpSocket* socket)
     {
         connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
-            lastRequest = socket->readAll();
-            auto const found = answers.find(lastRequest.split(' ').value(1));
+            auto const found = answers.find(socket->readAll().split(' ').value(1));
             answer(*socket, found == answers.end() ? Answer { "404 Not Found", "nothing here" } : found->second);
         });
     }
@@ -57,14 +54,5 @@ private:
         more->start(20);
     }
 };
-
-/// Turns the event loop until the condition holds, at most ten seconds.
-template <class Condition> void turnUntil(Condition condition)
-{
-    QElapsedTimer patience;
-    patience.start();
-    while (!condition() && patience.elapsed() < 10'000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-}
 
 } // namespace zv::tests

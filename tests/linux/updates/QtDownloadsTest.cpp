@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <set>
 #include <unistd.h>
 
 namespace zv {
@@ -69,16 +68,6 @@ TEST_F(QtDownloadsTest, IsBoundedInEveryDirection)
         EXPECT_EQ(outcome(server.url(row.path), DownloadSchemes::localToo, row.limits), row.outcome);
     EXPECT_EQ(outcome(server.url("/good"), DownloadSchemes::httpsOnly), "failed: the address is not one of https");
     EXPECT_EQ(outcome(*Url::parse("https://127.0.0.1:1/"), DownloadSchemes::httpsOnly), "failed: Connection refused");
-}
-
-TEST_F(QtDownloadsTest, TellsNothingOfTheUser)
-{
-    EXPECT_EQ(outcome(server.url("/good")), "ok hello");
-    std::set<std::string> headers;
-    for (auto const& line : server.lastRequest.split('\n').mid(1))
-        headers.insert(line.trimmed().toStdString());
-    std::erase_if(headers, [](auto const& line) { return line.empty() || line.starts_with("Host: ") || line.starts_with("Accept-Encoding: "); });
-    EXPECT_EQ(headers, (std::set<std::string> { "User-Agent: Zanthe Vell", "Accept-Language: *", "Connection: Keep-Alive" })) << "the same for everybody";
 }
 
 TEST_F(QtDownloadsTest, KeepsAFileOnlyWhenItIsWhole)

@@ -8,23 +8,20 @@
 #include "tests/fakes/FakeTime.h"
 #include "tests/fakes/FakeUpdateWindow.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/linux/TemporaryFolder.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <sodium.h>
 
 namespace zv::tests {
 
 struct RecordingDriver : UpdateChannels, UpdateUserDriver {
-    std::set<std::string> allowedChannels() const override { return channels; }
+    std::set<std::string> allowedChannels() const override { return {}; }
     bool supportsGentleScheduledUpdateReminders() const override { return true; }
     bool shouldHandleShowingScheduledUpdate(UpdateItem const&, bool) override { return false; }
     void willHandleShowingUpdate(bool shows, UpdateItem const& item) override { log.push_back((shows ? "show " : "remind ") + item.displayVersion); }
     void didReceiveUserAttention(UpdateItem const&) override { log.emplace_back("attention"); }
     void willFinishUpdateSession() override { log.emplace_back("finish"); }
 
-    std::set<std::string> channels;
     std::vector<std::string> log;
 };
 
@@ -37,12 +34,7 @@ struct UpdateEngineFixture : testing::Test {
         crypto_sign_keypair(publicKey, secretKey);
         resources.info.set("CFBundleShortVersionString", "1.3");
         resources.info.set("SUPublicEDKey", toBase64(std::as_bytes(std::span(publicKey))));
-        std::string pattern = testing::TempDir() + "zv-update-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        package = folder / "zv.deb";
-        std::ofstream(package) << "the package";
     }
-    ~UpdateEngineFixture() override { std::filesystem::remove_all(folder); }
 
     void start()
     {
@@ -78,7 +70,8 @@ struct UpdateEngineFixture : testing::Test {
     std::string downloadAddress = "https://a.b/zv.deb";
     unsigned char publicKey[crypto_sign_PUBLICKEYBYTES] {};
     unsigned char secretKey[crypto_sign_SECRETKEYBYTES] {};
-    std::filesystem::path folder, package;
+    TemporaryFolder folder;
+    std::string package = folder.write("zv.deb", "the package");
     fakes::FakeUserDefaults defaults;
     fakes::FakeResources resources;
     fakes::FakeTime time;

@@ -1,7 +1,7 @@
 #include "platform/linux/windows/BusUserNotifications.h"
 
 #include "tests/linux/PrivateBus.h"
-#include "tests/linux/updates/LoopbackServer.h"
+#include "tests/linux/toolkit/TestApplication.h"
 
 namespace zv {
 namespace {

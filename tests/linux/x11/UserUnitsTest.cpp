@@ -4,9 +4,6 @@
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-
 namespace zv {
 namespace {
 
@@ -33,9 +30,8 @@ struct UserUnitsTest : testing::Test {
                 *names += application.name + ";";
         });
         time.runTasks();
-        while (!names)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return *names;
+        tests::turnUntil([&] { return names.has_value(); });
+        return names.value_or("no answer");
     }
 
     PrivateBus bus;
@@ -82,8 +78,7 @@ TEST_F(UserUnitsTest, ActivateOverTheBusWhatCanBeAndStartTheRest)
     time.runTasks();
     EXPECT_EQ(launched, (std::vector<std::string> { "plain.desktop" }));
     std::vector<std::string> calls;
-    ASSERT_TRUE(tests::eventually([&] {
-        QCoreApplication::processEvents();
+    ASSERT_TRUE(tests::turnUntil([&] {
         auto const more = editor.calls(); // a call is told once
         calls.insert(calls.end(), more.begin(), more.end());
         return !calls.empty();

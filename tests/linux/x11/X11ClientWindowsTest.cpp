@@ -8,9 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <cstring>
-
 namespace zv {
 namespace {
 
@@ -23,14 +20,7 @@ protected:
         client = std::make_unique<desktop::XClient>();
     }
 
-    xcb_atom_t atom(char const* name) const
-    {
-        auto const cookie = xcb_intern_atom(client->xcb(), 0, static_cast<std::uint16_t>(std::strlen(name)), name);
-        auto* const reply = xcb_intern_atom_reply(client->xcb(), cookie, nullptr);
-        auto const value = reply->atom;
-        std::free(reply);
-        return value;
-    }
+    xcb_atom_t atom(char const* name) const { return client->atom(name); }
     void set(xcb_window_t window, char const* property, std::string const& text) const
     {
         xcb_change_property(

@@ -18,31 +18,10 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 @end
 @implementation NSMenu (CompatMac)
 - (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }
-/* gui 0.29 spells it popUpMenuPositionItem:..., places the menu wrongly for a nil item and returns without tracking. */
-- (BOOL)popUpMenuPositioningItem:(NSMenuItem *)i atLocation:(NSPoint)p inView:(NSView *)v {
-  /* fill once, as on the Mac; gui would call menuNeedsUpdate: again at every redraw, and never menuWillOpen:/menuDidClose: */
-  [self update];
-  id d = [self delegate];
-  if ([d respondsToSelector:@selector(menuWillOpen:)]) [d menuWillOpen:self];
-  [self setDelegate:nil];
-  NSWindow *w = [v window];
-  if (!w) for (NSWindow *x in [NSApp windows]) if ([x isVisible]) { w = x; break; }
-  NSPoint at = v ? [v convertPoint:p toView:nil] : [w convertScreenToBase:p];
-  NSEvent *e = [NSEvent mouseEventWithType:NSLeftMouseDown location:at modifierFlags:0 timestamp:0 windowNumber:[w windowNumber] context:nil eventNumber:0 clickCount:1 pressure:0];
-  [NSMenu popUpContextMenu:self withEvent:e forView:v ? v : [w contentView]];
-  [self setDelegate:d];
-  if ([d respondsToSelector:@selector(menuDidClose:)]) [d menuDidClose:self];
-  return YES;
-}
 @end
 @implementation NSMenuItem (CompatMac)
 - (NSString *)identifier { return sideGet(self, 1); }
 - (void)setIdentifier:(NSString *)s { sideSet(self, 1, s); }
-@end
-@implementation NSWindow (CompatMac)
-- (void)setAnimationBehavior:(NSInteger)b { }
-- (void)setMovable:(BOOL)b { }
-- (void)setRestorable:(BOOL)b { }
 @end
 @implementation NSColor (CompatMac)
 + (NSColor *)linkColor { return [NSColor blueColor]; }
@@ -115,21 +94,10 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 @synthesize createsNewApplicationInstance = _n;
 + (instancetype)configuration { return [[[self alloc] init] autorelease]; }
 @end
-@implementation UTType
-+ (UTType *)typeWithIdentifier:(NSString *)i { return nil; }
-+ (UTType *)typeWithTag:(NSString *)t tagClass:(NSString *)c conformingToType:(UTType *)s { return nil; }
-- (BOOL)isDynamic { return YES; }
-@end
-UTType *const UTTypeFolder = nil;
 @implementation NSWorkspace (CompatMac)
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h { printf("[compat] launch %s\n", [[u absoluteString] UTF8String]); if (h) h(nil, nil); }
 - (void)activateFileViewerSelectingURLs:(NSArray *)u { printf("[compat] reveal %d\n", (int)[u count]); }
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i { return nil; }
-- (NSImage *)iconForContentType:(UTType *)t { return [NSImage imageNamed:@"NSFolder"]; }
-@end
-@implementation NSEvent (CompatMac)
-+ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)m handler:(void (^)(NSEvent *))h { return [[h copy] autorelease]; }
-+ (void)removeMonitor:(id)m { }
 @end
 @interface CompatThread : NSObject { void (^b_)(void); }
 - (void)go:(id)x;
@@ -153,17 +121,6 @@ UTType *const UTTypeFolder = nil;
 - (instancetype)initWithEventClass:(unsigned)c eventID:(unsigned)i targetDescriptor:(NSAppleEventDescriptor *)t returnID:(short)r transactionID:(int)x { return [self init]; }
 - (NSAppleEventDescriptor *)sendEventWithOptions:(NSAppleEventSendOptions)o timeout:(NSTimeInterval)t error:(NSError **)e { if (e) *e = [NSError errorWithDomain:NSOSStatusErrorDomain code:-1743 userInfo:nil]; return nil; }
 @end
-@implementation NSImageSymbolConfiguration
-+ (instancetype)configurationWithPointSize:(CGFloat)s weight:(NSFontWeight)w { return [[[self alloc] init] autorelease]; }
-@end
-@implementation NSImage (CompatMac)
-+ (instancetype)imageWithSystemSymbolName:(NSString *)n accessibilityDescription:(NSString *)d { return nil; }
-- (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)c { return self; }
-+ (instancetype)imageWithSize:(NSSize)s flipped:(BOOL)f drawingHandler:(BOOL (^)(NSRect))h {
-  NSImage *i = [[[NSImage alloc] initWithSize:s] autorelease]; [i lockFocus]; h(NSMakeRect(0, 0, s.width, s.height)); [i unlockFocus]; return i;
-}
-- (void)setTemplate:(BOOL)t { }
-@end
 @implementation NSPasteboard (CompatMac)
 - (NSInteger)clearContents { return [self declareTypes:[NSArray array] owner:nil]; }
 - (BOOL)writeObjects:(NSArray *)o {
@@ -178,13 +135,6 @@ UTType *const UTTypeFolder = nil;
   if ([c containsObject:[NSString class]] && [self stringForType:NSStringPboardType]) [r addObject:[self stringForType:NSStringPboardType]];
   return r;
 }
-@end
-@implementation NSButton (CompatMac)
-+ (instancetype)buttonWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [[[self alloc] init] autorelease]; [b setTitle:t]; [b setTarget:o]; [b setAction:a]; [b sizeToFit]; return b; }
-+ (instancetype)checkboxWithTitle:(NSString *)t target:(id)o action:(SEL)a { NSButton *b = [self buttonWithTitle:t target:o action:a]; [b setButtonType:NSSwitchButton]; return b; }
-@end
-@implementation NSTextField (CompatMac)
-+ (instancetype)labelWithString:(NSString *)s { NSTextField *f = [[[self alloc] init] autorelease]; [f setStringValue:s]; [f setBezeled:NO]; [f setEditable:NO]; [f setDrawsBackground:NO]; [f sizeToFit]; return f; }
 @end
 /* GNUstep-base 1.28 treats NSRunLoopCommonModes as a mode of that name, so such a timer never fires. */
 @interface NSRunLoop (CompatMac)
