@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -66,7 +68,19 @@ TEST_F(PosixToolRunnerTest, ReadsMegabytesFromBothStreamsWithoutDeadlock)
 
 TEST_F(PosixToolRunnerTest, GivesTheNullDeviceAsStandardInput) { EXPECT_EQ(shell("cat; readlink /proc/self/fd/0").output, "/dev/null\n"); }
 
-TEST_F(PosixToolRunnerTest, LeaksNoDescriptorsIntoTheTool) { EXPECT_EQ(shell("ls /proc/self/fd").output, "0\n1\n2\n3\n") << "3 is ls reading that folder"; }
+TEST_F(PosixToolRunnerTest, HandsOnNeitherDescriptorsNorBlockedSignals)
+{
+    int const inheritable = ::open("/proc/self/status", O_RDONLY);
+    sigset_t blocked;
+    sigset_t before;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, SIGUSR1);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
+    EXPECT_EQ(shell("ls /proc/self/fd").output, "0\n1\n2\n3\n") << "3 is ls reading that folder";
+    EXPECT_EQ(shell("grep SigBlk /proc/self/status").output, "SigBlk:\t0000000000000000\n");
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    ::close(inheritable);
+}
 
 TEST_F(PosixToolRunnerTest, AHangingToolIsEndedWithAllItStarted)
 {
