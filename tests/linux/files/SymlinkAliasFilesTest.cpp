@@ -82,19 +82,6 @@ TEST_F(AliasTest, NeverReplacesAndSaysWhatIsWrong)
     EXPECT_TRUE(fs::is_regular_file(folder.path("taken")));
 }
 
-TEST_F(AliasTest, AddingNumbersOnARealDiskUpToAThousand)
-{
-    auto const target = folder.write("Report.pdf", "x");
-    folder.write("Items/Report.pdf", "theirs");
-    for (int number = 2; number < 1000; ++number)
-        folder.link("Items/Report " + std::to_string(number) + ".pdf", "/nowhere");
-    auto const outcome = items().add({ Url::fromPath(target), Url::fromPath(target) });
-    EXPECT_EQ(outcome.added.size(), 1u);
-    ASSERT_EQ(outcome.problems.size(), 1u);
-    EXPECT_EQ(outcome.problems[0].reason, "The folder already holds a thousand items called “Report.pdf”.");
-    EXPECT_TRUE(fs::is_symlink(folder.path("Items/Report 1000.pdf")));
-}
-
 TEST_F(AliasTest, AFolderThatIsAFileIsTold)
 {
     folder.write("Items", "x");
