@@ -69,12 +69,14 @@ struct CommandLineFixture : testing::Test {
     std::vector<DoctorCheck> checks;
     std::optional<std::string> fileToLink;
     std::string input;
+    bool isOutputFull = false;
 
     Outcome run(std::vector<std::string> arguments)
     {
         std::istringstream in(input);
         std::ostringstream out;
         std::ostringstream err;
+        out.setstate(isOutputFull ? std::ios::badbit : std::ios::goodbit);
         Context context({ in, out, err }, *this);
         int const status = runCommandLine(arguments, context);
         return { status, out.str(), err.str() };

@@ -85,6 +85,13 @@ TEST_F(CommandLineTest, WrongUsageIsStatusTwoAndOneLine)
     EXPECT_TRUE(defaults.writes.empty() && program.asked.empty());
 }
 
+TEST_F(CommandLineTest, OutputThatCannotBeWrittenIsAFailure)
+{
+    isOutputFull = true;
+    for (auto const& arguments : { Words {}, Words { "menu" }, Words { "export", "-" }, Words { "prefs" } })
+        EXPECT_EQ(run(arguments), (Outcome { 1, "", "zanthe-vell: the output could not be written\n" }));
+}
+
 TEST(CommandLine, IsToldFromTheSettingsThatADesktopStartsAProgramWith)
 {
     EXPECT_FALSE(asksForCommand(Words {}));

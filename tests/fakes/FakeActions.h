@@ -41,17 +41,15 @@ public:
 
 class FakeSessionEvents : public SessionEvents {
 public:
-    void send(SessionEvent event, std::chrono::seconds timeout, std::function<void(SessionEventOutcome)> done) override
+    void send(SessionEvent event, std::chrono::seconds /*timeout*/, std::function<void(SessionEventOutcome)> done) override
     {
         sent.push_back(nameOf(event));
-        lastTimeout = timeout;
         auto const found = outcomes.find(nameOf(event));
         done(found == outcomes.end() ? SessionEventOutcome {} : found->second);
     }
 
     std::map<std::string, SessionEventOutcome> outcomes; ///< by the event's name; others are sent
     std::vector<std::string> sent;
-    std::chrono::seconds lastTimeout {};
 
 private:
     static std::string nameOf(SessionEvent event)

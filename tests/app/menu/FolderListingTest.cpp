@@ -43,6 +43,8 @@ TEST(FolderListing, OrdersAsAFileManagerDoes)
         { { folder("z"), package("Mail.app"), file("a"), file("n") }, true, { "z", "a", "Mail.app", "n" }, "a package counts as a file" },
         { { file("b.txt"), { "org.x.desktop", { false, true }, "Alpha" } }, true, { "Alpha", "b.txt" }, "by the name that is shown" },
         { { file("02)b"), { "01)z.desktop", { false, true }, "Zeta" }, file("10)a") }, true, { "Zeta", "b", "a" }, "prefixes order, shown or not" },
+        { { file("a"), file("A") }, true, { "A", "a" }, "what sorts the same, by its bytes" },
+        { { file("A"), file("a") }, true, { "A", "a" }, "whatever the disk's order" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);

@@ -16,31 +16,6 @@ struct MenuIconTest : testing::Test {
     MenuIcon icons { source, noLists, Url::fromPath("/home/me/Zanthe Vell Items") };
 };
 
-TEST_F(MenuIconTest, GivesEachCommandItsPicture)
-{
-    struct Row {
-        MenuItemKind::Case kind;
-        std::string name;
-    };
-    Row const rows[] = {
-        { MenuItemKind::revealZantheVellItems, "file:/home/me/Zanthe Vell Items" },
-        { MenuItemKind::dockMenu, "dock" },
-        { MenuItemKind::dockPrefs, "dock" },
-        { MenuItemKind::aboutThisMac, "computer" },
-        { MenuItemKind::appStore, "appStore" },
-        { MenuItemKind::softwareUpdate, "softwareUpdate" },
-        { MenuItemKind::simpleSystemPrefs, "systemSettings" },
-        { MenuItemKind::customizeZantheVell, "application" },
-        { MenuItemKind::quitZantheVell, "application" },
-    };
-    for (int value = 0; value < MenuItemKind::fixedCount; ++value) {
-        auto const kind = static_cast<MenuItemKind::Case>(value);
-        auto const row = std::find_if(std::begin(rows), std::end(rows), [&](auto const& known) { return known.kind == kind; });
-        EXPECT_EQ(nameOf(icons.iconForKind(kind)), row == std::end(rows) ? "none" : row->name) << MenuItemKind(kind).rawValue();
-    }
-    EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::makeUnknown("x"))), "none");
-}
-
 TEST_F(MenuIconTest, FallsBackWhereAPictureIsMissing)
 {
     source.missing = { "file:/home/me/Zanthe Vell Items", "softwareUpdate", "appStore" };

@@ -42,30 +42,6 @@ TEST(RainbowAppleLogo, CoversTheLogoInSixBandsFromGreenToBlueWithoutGapOrOverlap
     EXPECT_NEAR(edge, logo.minY(), 1e-9);
 }
 
-TEST(RainbowAppleLogo, HasTheColoursAndProportionsOfTheStripedLogo)
-{
-    struct Row {
-        int red, green, blue;
-        double row; ///< the band's lower edge in a drawing 523 units high
-        char const* name;
-    };
-    Row const rows[] = {
-        { 94, 189, 62, 189.25, "green" },
-        { 255, 185, 0, 256, "yellow" },
-        { 247, 130, 0, 322.75, "orange" },
-        { 226, 56, 56, 389.5, "red" },
-        { 151, 57, 153, 456.3, "purple" },
-        { 0, 156, 223, 523, "blue" },
-    };
-    EXPECT_EQ(RainbowAppleLogo::bandBoundaries[0], 0.0);
-    for (std::size_t band = 0; band < std::size(rows); ++band) {
-        auto const& row = rows[band];
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(RainbowAppleLogo::bandColors[band], (Color { row.red / 255.0, row.green / 255.0, row.blue / 255.0, 1.0 }));
-        EXPECT_NEAR(RainbowAppleLogo::bandBoundaries[band + 1], row.row / 523, 1e-12);
-    }
-}
-
 TEST(RainbowAppleLogo, LeavesTheCanvasAsItWas)
 {
     fakes::FakeCanvas canvas;

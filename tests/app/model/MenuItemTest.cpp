@@ -27,8 +27,9 @@ TEST(MenuItem, TheTitleShownIsTheFirstThatIsNotEmpty)
 {
     auto item = MenuItem::ofKind(MenuItemKind::recentApps);
     EXPECT_EQ(item.displayTitle(), "Recent Applications");
-    item.location = ItemLocation { std::nullopt, "/a", "Name" };
-    EXPECT_EQ(item.displayTitle(), "Name");
+    item.location = ItemLocation { std::nullopt, "/a", "" };
+    EXPECT_EQ(item.displayTitle(), "Recent Applications");
+    item.location->displayName = "Name";
     item.title = "";
     EXPECT_EQ(item.displayTitle(), "Name");
     item.title = "Mine";
@@ -328,6 +329,11 @@ TEST_F(OlderFormTest, StopsAtTheStatedDepth)
         ++depth;
     EXPECT_EQ(depth, maximumMenuDepth);
     EXPECT_EQ(findUnreadableInOlderArray({ value })->reason, "is nested deeper than 64 levels");
+    for (int i = 0; i < 200 + 1 - maximumMenuDepth; ++i) {
+        PropertyList inner = value.dictionary()->find("Items")->array()->front();
+        value = std::move(inner);
+    }
+    EXPECT_FALSE(findUnreadableInOlderArray({ value })) << "64 levels";
 }
 
 } // namespace zv

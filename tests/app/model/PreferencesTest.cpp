@@ -26,16 +26,7 @@ private:
 
 TEST_F(PreferencesTest, AFreshAccountHasTheDefaultsAndStoresNothing)
 {
-    EXPECT_TRUE(preferences().replacesAppleMenu());
-    EXPECT_TRUE(preferences().showsStatusItem());
-    EXPECT_TRUE(preferences().drawsRainbowAppleLogo());
-    EXPECT_TRUE(preferences().showIcons());
-    EXPECT_FALSE(preferences().showHiddenFiles());
-    EXPECT_TRUE(preferences().sortFoldersFirst());
-    EXPECT_EQ(preferences().recentItemsLimit(), 20);
     EXPECT_EQ(preferences().maximumScanDepth(), 10);
-    EXPECT_EQ(preferences().maximumItemsPerFolder(), 250);
-    EXPECT_EQ(preferences().hotkeyPrescanDepth(), 0);
     EXPECT_TRUE(defaults.writes.empty());
     EXPECT_EQ(defaults.registered,
         (PropertyListDictionary { { "ReplaceAppleMenu", true }, { "ShowStatusItem", true }, { "RainbowAppleLogo", true }, { "ShowIcons", true },

@@ -7,8 +7,34 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fcntl.h>
 #include <span>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+/// What reaches the disk, in order; null while no test asks.
+std::vector<std::string>* toDisk = nullptr;
+
+} // namespace
+
+// In place of the C library's own: what a power cut would leave depends on these calls alone.
+extern "C" int fsync(int descriptor)
+{
+    struct stat status { };
+    if (toDisk && ::fstat(descriptor, &status) == 0)
+        toDisk->emplace_back(S_ISDIR(status.st_mode) ? "sync folder" : "sync file");
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+extern "C" int rename(char const* from, char const* to) noexcept
+{
+    if (toDisk)
+        toDisk->emplace_back("rename");
+    return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
 
 namespace zv {
 namespace {
@@ -143,6 +169,15 @@ TEST_F(LinuxFileSystemTest, ReplacesAFileAsAWhole)
     EXPECT_TRUE(std::filesystem::is_fifo(folder.path("pipe")));
     EXPECT_EQ(files.write(url("absent/file"), bytesOf("x")).error(), "No such file or directory");
     EXPECT_EQ(folder.names(), (std::vector<std::string> { "file", "link", "pipe" })) << "no temporary file stays";
+}
+
+TEST_F(LinuxFileSystemTest, AReplacedFileOutlivesAPowerCut)
+{
+    std::vector<std::string> calls;
+    toDisk = &calls;
+    EXPECT_TRUE(files.write(url("file"), bytesOf("one")));
+    toDisk = nullptr;
+    EXPECT_EQ(calls, (std::vector<std::string> { "sync file", "rename", "sync folder" }));
 }
 
 TEST_F(LinuxFileSystemTest, WritesNothingWhereItMayNot)

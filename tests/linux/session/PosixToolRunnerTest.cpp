@@ -3,7 +3,11 @@
 #include "app/actions/ShortcutsProvider.h"
 #include "tests/linux/TemporaryFolder.h"
 
+#include <gtest/gtest.h>
+
+#include <csignal>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace zv {
@@ -62,10 +66,17 @@ TEST_F(PosixToolRunnerTest, ReadsMegabytesFromBothStreamsWithoutDeadlock)
 
 TEST_F(PosixToolRunnerTest, GivesTheNullDeviceAsStandardInput) { EXPECT_EQ(shell("cat; readlink /proc/self/fd/0").output, "/dev/null\n"); }
 
-TEST_F(PosixToolRunnerTest, LeaksNoDescriptorsIntoTheTool)
+TEST_F(PosixToolRunnerTest, HandsOnNeitherDescriptorsNorBlockedSignals)
 {
-    int const inheritable = ::open("/dev/null", O_RDONLY);
+    int const inheritable = ::open("/proc/self/status", O_RDONLY);
+    sigset_t blocked;
+    sigset_t before;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, SIGUSR1);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
     EXPECT_EQ(shell("ls /proc/self/fd").output, "0\n1\n2\n3\n") << "3 is ls reading that folder";
+    EXPECT_EQ(shell("grep SigBlk /proc/self/status").output, "SigBlk:\t0000000000000000\n");
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     ::close(inheritable);
 }
 
