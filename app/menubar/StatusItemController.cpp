@@ -3,6 +3,7 @@
 #include "app/hotkeys/FileHotkeys.h"
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/hotkeys/KeyboardLayout.h"
+#include "app/menu/DisplayText.h"
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuCommands.h"
@@ -45,6 +46,8 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
     m_services.lists.refresh(items);
     bool const isHeld = contains(m_services.desk.modifierKeys.current(), ModifierMask::option);
     m_services.builder.buildMenu(menu, items, isHeld ? OptionKey::held : OptionKey::released);
+    if (auto const problem = m_services.store.saveProblem())
+        menu.entries.insert(menu.entries.begin(), { MenuEntry::disabled(displayText(*problem)), MenuEntry::separator() });
 }
 
 void StatusItemController::menuDidClose(Menu&)

@@ -114,7 +114,7 @@ Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool
 
 Result<void> MenuBackups::write(PropertyList const& stored, Url const& file)
 {
-    auto const bytes = writePropertyList(stored, PropertyListEncoding::xml);
+    auto const bytes = writePropertyList(stored);
     if (!bytes)
         return Failure { bytes.error() };
     if (auto made = m_services.files.createDirectory(m_folder); !made)

@@ -56,7 +56,7 @@ Result<std::vector<std::byte>> menuDocument(std::vector<MenuItem> const& items)
 {
     if (auto const failure = findUnwritable(items))
         return Failure { failure->description() };
-    return writePropertyList(toPropertyList(items), PropertyListEncoding::xml);
+    return writePropertyList(toPropertyList(items));
 }
 
 Result<ImportedMenu, ReadFailure> readMenuDocument(std::span<std::byte const> bytes, LocationServices services)

@@ -21,7 +21,7 @@ struct MenuItem {
 
     ID id = Uuid::random();
     MenuItemKind kind = MenuItemKind::separator;
-    std::optional<std::string> title; ///< set by the user; absent means a default is shown
+    std::optional<std::string> title; ///< set by the user, one line; absent means a default is shown
     std::vector<MenuItem> children;
     std::optional<ItemLocation> location;
     std::optional<KeyEquivalentSpec> keyEquivalent;

@@ -1,5 +1,6 @@
 #include "app/model/MenuItem.h"
 #include "app/model/NameTable.h"
+#include "app/model/PlainText.h"
 #include "app/model/RecordReader.h"
 
 #include <algorithm>
@@ -36,7 +37,7 @@ std::optional<std::string> titleOf(PropertyListDictionary const& dictionary)
 {
     auto const* title = dictionary.string("Title");
     title = title ? title : dictionary.string("DisplayName");
-    return title ? std::optional(*title) : std::nullopt;
+    return title ? std::optional(withoutControls(*title)) : std::nullopt;
 }
 
 PropertyListDictionary unrecognizedKeysOf(PropertyListDictionary const& dictionary)

@@ -1,4 +1,5 @@
 #include "app/model/MenuItem.h"
+#include "app/model/PlainText.h"
 #include "app/model/RecordReader.h"
 
 #include <string>
@@ -49,7 +50,8 @@ private:
         else
             record.fail("id", "is not a UUID");
         item.kind = MenuItemKind::fromRawValue(record.requiredString("kind"));
-        item.title = record.optionalString("title");
+        if (auto const title = record.optionalString("title"))
+            item.title = withoutControls(*title);
         item.location = readRecord<ItemLocation>(record, "location");
         item.keyEquivalent = readRecord<KeyEquivalentSpec>(record, "keyEquivalent");
         item.scanDepth = record.optionalInteger("scanDepth");

@@ -17,7 +17,7 @@ bool isWritable(PropertyList const& value, int depth = 0);
 
 bool areWritable(PropertyListDictionary const& entries, int depth)
 {
-    return std::all_of(entries.begin(), entries.end(), [&](auto const& entry) { return isPlainText(entry.first) && isWritable(entry.second, depth); });
+    return std::all_of(entries.begin(), entries.end(), [&](auto const& entry) { return isStorableText(entry.first) && isWritable(entry.second, depth); });
 }
 
 bool isWritable(PropertyList const& value, int depth)
@@ -25,7 +25,7 @@ bool isWritable(PropertyList const& value, int depth)
     if (depth > maximumValueDepth)
         return false;
     if (auto const* text = value.string())
-        return isPlainText(*text);
+        return isStorableText(*text);
     if (auto const* array = value.array())
         return std::all_of(array->begin(), array->end(), [&](PropertyList const& element) { return isWritable(element, depth + 1); });
     auto const* dictionary = value.dictionary();
@@ -35,15 +35,15 @@ bool isWritable(PropertyList const& value, int depth)
 bool isWritable(KeyEquivalentSpec::Trigger const& trigger)
 {
     bool const isCharacter = trigger.kind == KeyEquivalentSpec::Trigger::Kind::character;
-    return isPlainText(trigger.text) && (!isCharacter || singleGrapheme(trigger.text));
+    return isStorableText(trigger.text) && (!isCharacter || singleGrapheme(trigger.text));
 }
 
 /// The key with a value that no property list can hold; null when there is none.
 char const* unwritableKey(MenuItem const& item)
 {
-    if (!isPlainText(item.kind.rawValue()))
+    if (!isStorableText(item.kind.rawValue()))
         return "kind";
-    if (item.title && !isPlainText(*item.title))
+    if (item.title && !isStorableText(*item.title))
         return "title";
     if (item.keyEquivalent && !isWritable(item.keyEquivalent->trigger))
         return "keyEquivalent";

@@ -1,5 +1,6 @@
 #include "app/model/MenuStore.h"
 
+#include "app/model/PlainText.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "platform/text/PropertyListFormat.h"
@@ -13,7 +14,7 @@ namespace zv {
 
 namespace {
 
-enum Property : int { itemsProperty, unresolvedItemIDsProperty };
+enum Property : int { itemsProperty, unresolvedItemIDsProperty, lastSaveProperty };
 
 /// The fallback when the default menu's resource is unusable.
 constexpr MenuItemKind::Case builtInMenu[] = { MenuItemKind::aboutThisMac, MenuItemKind::separator, MenuItemKind::simpleSystemPrefs,
@@ -40,6 +41,15 @@ std::vector<MenuItem> builtInItems()
     return items;
 }
 
+void cleanTitles(std::vector<MenuItem>& items)
+{
+    for (auto& item : items) {
+        if (item.title)
+            item.title = withoutControls(*item.title);
+        cleanTitles(item.children);
+    }
+}
+
 bool isDictionary(PropertyList const& value) { return value.dictionary() != nullptr; }
 
 } // namespace
@@ -62,6 +72,18 @@ std::set<Uuid> const& MenuStore::unresolvedItemIDs() const
 {
     m_registrar.access(unresolvedItemIDsProperty);
     return m_unresolvedItemIDs;
+}
+
+Result<void> const& MenuStore::lastSave() const
+{
+    m_registrar.access(lastSaveProperty);
+    return m_lastSave;
+}
+
+std::optional<std::string> MenuStore::saveProblem() const
+{
+    auto const& saved = lastSave();
+    return saved ? std::nullopt : std::optional("The menu could not be saved: " + saved.error());
 }
 
 MenuItem const* MenuStore::find(Uuid const& id) const { return findItem(items(), id); }
@@ -180,6 +202,7 @@ void MenuStore::refreshLocations()
 
 void MenuStore::didChange()
 {
+    cleanTitles(m_items);
     refreshLocations();
     save();
     if (m_itemsSink)
@@ -198,7 +221,9 @@ Result<void> MenuStore::backUp()
 void MenuStore::save()
 {
     assertMainThread();
-    m_lastSave = write();
+    auto const before = std::exchange(m_lastSave, write());
+    if (before.ok() != m_lastSave.ok() || (!before && before.error() != m_lastSave.error()))
+        m_registrar.changed(lastSaveProperty);
     if (!m_lastSave)
         logLine("could not save menu to " + std::string(defaultsKey) + ": " + m_lastSave.error());
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <set>
+#include <string>
 #include <vector>
 
 namespace zv {
@@ -32,8 +33,8 @@ public:
 };
 
 /// Owns the user's menu and its persistence under the key "Menu". Every change refreshes
-/// locations, saves and tells the hotkeys, in that order. Reading items() or
-/// unresolvedItemIDs() within withObservationTracking() observes them. Main thread only.
+/// locations, saves and tells the hotkeys, in that order. Reading items(),
+/// unresolvedItemIDs() or lastSave() within withObservationTracking() observes them. Main thread only.
 class MenuStore {
 public:
     struct Services {
@@ -77,7 +78,9 @@ public:
     /// or a save has replaced it.
     [[nodiscard]] std::optional<ReadFailure> const& loadFailure() const { return m_loadFailure; }
     /// The result of the last save.
-    [[nodiscard]] Result<void> const& lastSave() const { return m_lastSave; }
+    [[nodiscard]] Result<void> const& lastSave() const;
+    /// "The menu could not be saved: …", when the last save failed; for the user.
+    [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     /// Both sinks outlive the store, or are reset to null.
     void setItemsSink(MenuItemsSink* sink) { m_itemsSink = sink; }

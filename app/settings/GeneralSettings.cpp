@@ -172,6 +172,7 @@ SettingsSection GeneralSettings::menuFile()
 {
     auto& file = m_services.menuFile;
     SettingsSection section { "Menu file", {} };
+    addNote(section, "saveProblem", m_services.saveProblem);
     section.rows.push_back(button("exportMenu", "Export…", [&] { file.exportMenu(); }));
     section.rows.push_back(button("importMenu", "Import…", [&] { file.importMenu(); }));
     section.rows.push_back(button("resetMenu", "Restore Default Menu…", [&] { file.restoreDefaultMenu(); }));

@@ -33,6 +33,8 @@ public:
         /// The same for the overlay, and for shortcuts in other programs.
         std::function<std::optional<std::string>()> overlayProblem;
         std::function<std::optional<std::string>()> hotkeyProblem;
+        /// The reason why the last change of the menu is not stored, a sentence.
+        std::function<std::optional<std::string>()> saveProblem;
         Permissions const* permissions = nullptr; ///< null where the system asks for none
         std::function<void(std::string_view)> openSettingsPane {};
     };

@@ -1,5 +1,6 @@
 #include "app/settings/MenuEditor.h"
 
+#include "app/model/PlainText.h"
 #include "base/MainThread.h"
 
 #include <algorithm>
@@ -127,7 +128,7 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
 std::optional<std::string> MenuEditor::titleFor(Url const& file) const
 {
     auto shown = m_services.locations.files.localizedName(file);
-    return shown.empty() || shown == file.lastPathComponent() ? std::nullopt : std::optional(std::move(shown));
+    return shown.empty() || shown == file.lastPathComponent() ? std::nullopt : std::optional(withoutControls(shown));
 }
 
 bool MenuEditor::move(Ids const& ids, Position const& position)

@@ -27,6 +27,7 @@ SettingsModels::SettingsModels(Services services)
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
           .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
+          .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane })
     , m_about(aboutText(m_services.system.files.resources))
@@ -41,6 +42,12 @@ std::optional<std::string> SettingsModels::statusItemProblem() const
     if (m_services.surface.presence.showsStatusItems())
         return std::nullopt;
     return wording().statusItemIsNotShown;
+}
+
+std::optional<std::string> SettingsModels::saveProblem() const
+{
+    auto const problem = m_services.store.saveProblem();
+    return problem ? std::optional(*problem + ".") : std::nullopt;
 }
 
 void SettingsModels::readOutline() const

@@ -71,6 +71,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
+    [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;
     MenuEditor m_editor;

@@ -26,10 +26,7 @@ std::unordered_map<std::string_view, PropertyList const*> valuesByKey(PropertyLi
     return values;
 }
 
-bool canBeWritten(std::string const& key, PropertyList const* value)
-{
-    return !value || writePropertyList(PropertyListDictionary { { key, *value } }, PropertyListEncoding::xml).ok();
-}
+bool canBeWritten(std::string const& key, PropertyList const* value) { return !value || writePropertyList(PropertyListDictionary { { key, *value } }).ok(); }
 
 } // namespace
 
@@ -188,7 +185,7 @@ Result<void> PlistUserDefaults::save(std::string_view key)
         return Failure { lock.error() };
     if (auto caughtUp = catchUp(); !caughtUp)
         return caughtUp;
-    auto const bytes = writePropertyList(m_stored, PropertyListEncoding::xml);
+    auto const bytes = writePropertyList(m_stored);
     if (!bytes)
         return saveWhatCanBeWritten(key, bytes.error());
     if (auto written = m_file.write(*bytes); !written)
@@ -238,7 +235,7 @@ Result<std::vector<std::byte>> PlistUserDefaults::withUnsaved(KeySet const& keys
     if (!disk)
         return Failure { disk.error().reason };
     overlay(*disk, keys);
-    return writePropertyList(std::move(*disk), PropertyListEncoding::xml);
+    return writePropertyList(std::move(*disk));
 }
 
 } // namespace zv

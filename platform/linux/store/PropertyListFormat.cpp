@@ -326,6 +326,8 @@ private:
             fail(stringNotUtf8);
         if (text.find('\0') != std::string::npos)
             fail(stringHoldsNull);
+        if (m_encoding == PropertyListEncoding::xml && !isXmlText(text))
+            fail("a string in it holds a character that XML has not");
         return text.c_str();
     }
 

@@ -2,6 +2,8 @@
 
 #import "platform/macos/cocoa/Conversions.h"
 
+#include <algorithm>
+
 namespace zv {
 
 namespace {
@@ -20,6 +22,17 @@ int depthOf(PropertyList const& value)
         return deepest + 1;
     }
     return 0;
+}
+
+bool hasXmlTexts(PropertyList const& value)
+{
+    if (auto const* text = value.string())
+        return isXmlText(*text);
+    if (auto const* array = value.array())
+        return std::all_of(array->begin(), array->end(), hasXmlTexts);
+    auto const* dictionary = value.dictionary();
+    return !dictionary
+        || std::all_of(dictionary->begin(), dictionary->end(), [](auto const& entry) { return isXmlText(entry.first) && hasXmlTexts(entry.second); });
 }
 
 NSPropertyListFormat formatOf(PropertyListEncoding encoding)
@@ -48,6 +61,8 @@ Result<std::vector<std::byte>> writePropertyList(PropertyList const& value, Prop
 {
     if (depthOf(value) > maximumPropertyListDepth)
         return Failure { std::string("the document is nested too deep") };
+    if (encoding == PropertyListEncoding::xml && !hasXmlTexts(value))
+        return Failure { std::string("a text holds a character that XML has not") };
     id const object = toFoundation(value);
     if (!object)
         return Failure { std::string("a text is not UTF-8") };

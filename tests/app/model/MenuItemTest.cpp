@@ -195,13 +195,15 @@ TEST(MenuItemRecord, WhatNoPropertyListCanHoldIsNamedBeforeItIsWritten)
     Row const rows[] = {
         { [](MenuItem& item) { item.title = "\xFF"; }, "title" },
         { [](MenuItem& item) { item.title = std::string("a\0b", 3); }, "title" },
-        { [](MenuItem& item) { item.kind = MenuItemKind::makeUnknown("\x01"); }, "kind" },
+        { [](MenuItem& item) { item.kind = MenuItemKind::makeUnknown("\xFF"); }, "kind" },
         { [](MenuItem& item) { item.keyEquivalent->trigger = KeyEquivalentSpec::Trigger::character("\xFE"); }, "keyEquivalent" },
         { [](MenuItem& item) { item.keyEquivalent->trigger = KeyEquivalentSpec::Trigger::character("two"); }, "keyEquivalent" },
         { [](MenuItem& item) { item.unrecognizedKeys.set("\xFF", 1); }, "unrecognizedKeys" },
-        { [](MenuItem& item) { item.unrecognizedKeys.set("a", PropertyListArray { "\xEF\xBF\xBF" }); }, "unrecognizedKeys" },
+        { [](MenuItem& item) { item.unrecognizedKeys.set("a", PropertyListArray { std::string("a\0", 2) }); }, "unrecognizedKeys" },
     };
-    EXPECT_FALSE(findUnwritable({ fullItem() })) << "a path of any bytes is written as data";
+    auto withControls = fullItem();
+    withControls.unrecognizedKeys.set("\x0B", "a\r\n\xEF\xBF\xBF");
+    EXPECT_FALSE(findUnwritable({ fullItem(), withControls })) << "a path of any bytes is written as data, other texts in a binary list";
     for (auto const& row : rows) {
         auto item = fullItem();
         row.change(item);

@@ -261,13 +261,28 @@ TEST_F(MenuStoreTest, AFailedSaveIsOneLineAndKeepsTheMenuInMemory)
         EXPECT_EQ(lines, std::vector<std::string> { row.line });
         EXPECT_EQ(store.items().size(), 4U);
         EXPECT_EQ(sink.received.size(), 1U) << "the shortcuts follow what is in memory";
-        EXPECT_FALSE(store.lastSave());
+        EXPECT_EQ("Zanthe Vell: could not save menu to Menu: " + store.saveProblem().value().substr(29), row.line);
         EXPECT_EQ(*defaults.stored.find("Menu") == before, row.writing.ok()) << "what cannot be encoded is never handed on";
         defaults.writing = {};
         store.remove({ store.items().back().id });
         EXPECT_TRUE(store.lastSave());
         EXPECT_EQ(lines.back(), "Zanthe Vell: No backup either") << "said when it is what went wrong";
     }
+}
+
+TEST_F(MenuStoreTest, TitlesAreOneLineWhereverTheyComeFrom)
+{
+    auto const breaks = "a\x0B"
+                        "b\r\nc\xC2\x85\x7F\xEF\xBF\xBF";
+    storeMenu({ titled(breaks) });
+    EXPECT_EQ(store().items()[0].title, "a b  c   ") << "read";
+    store().replaceAll({ titled("d"), group("g", { titled("é\tf") }) });
+    store().replace(store().items()[0].id, titled(breaks));
+    EXPECT_EQ(titlesOf(store().items()), (Titles { "a b  c   ", "g" })) << "typed";
+    EXPECT_EQ(store().items()[1].children[0].title, "é f");
+    auto const older = menuItemFromOlderDictionary(PropertyListDictionary { { "Kind", "sleep" }, { "Title", breaks }, { "Own", "\r" } }, services);
+    EXPECT_EQ(older->title, "a b  c   ") << "of an older menu";
+    EXPECT_EQ(*older->unrecognizedKeys.string("Own"), "\r");
 }
 
 TEST_F(MenuStoreTest, CanBeSavedWithoutAChange)

@@ -49,7 +49,7 @@ struct GeneralSettingsTest : SettingsFixture {
         return [this, of] { return problems.contains(of) ? std::optional(problems.at(of)) : std::nullopt; };
     }
     GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), problem("statusItemProblem"),
-        problem("overlayProblem"), problem("hotkeyProblem") } };
+        problem("overlayProblem"), problem("hotkeyProblem"), problem("saveProblem") } };
 };
 
 TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
@@ -115,7 +115,7 @@ TEST_F(GeneralSettingsTest, ShowsWhatTheLoginItemAndTheUpdaterSay)
 
 TEST_F(GeneralSettingsTest, SaysWhatTheDesktopDoesNotLetItDoOnlyWhereItIsWanted)
 {
-    for (auto const* id : { "statusItemProblem", "overlayProblem", "hotkeyProblem" }) {
+    for (auto const* id : { "statusItemProblem", "overlayProblem", "hotkeyProblem", "saveProblem" }) {
         EXPECT_FALSE(row(id)) << id;
         problems[id] = std::string("No ") + id;
         ASSERT_TRUE(row(id)) << id;
@@ -134,7 +134,7 @@ TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
 
     fakes::FakePermissions permissions;
     std::vector<std::string> opened;
-    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), {}, {}, {}, &permissions,
+    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), {}, {}, {}, {}, &permissions,
         [&](std::string_view pane) { opened.emplace_back(pane); } } };
     struct Row {
         Permission permission;

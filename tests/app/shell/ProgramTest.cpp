@@ -149,6 +149,20 @@ TEST_F(Program, ReplacedMenusAreKeptAmongTheBackupsAndAddedFilesAmongTheItems)
     EXPECT_EQ(app->settingsModels().menuFile().backups().size(), 1U) << "and the settings offer what was kept";
 }
 
+TEST_F(Program, AMenuThatCouldNotBeSavedSaysSoUntilItIsSaved)
+{
+    launchWith({ item(Kind::sleep) });
+    auto& store = app->delegate().store();
+    machine.defaults.writing = Failure { "No space left on device" };
+    store.replaceAll({ item(Kind::restart) });
+    auto const& said = menu().entries.front();
+    EXPECT_EQ(said.title, "The menu could not be saved: No space left on device");
+    EXPECT_FALSE(said.enabled);
+    machine.defaults.writing = {};
+    store.save();
+    EXPECT_EQ(menu().entries.front().title, "Restart…");
+}
+
 TEST_F(Program, TakesOverWhatOthersWroteIntoTheSettings)
 {
     launchWith({ item(Kind::sleep) });

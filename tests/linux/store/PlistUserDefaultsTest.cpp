@@ -94,6 +94,19 @@ TEST_F(PlistUserDefaultsTest, KeepsKeysThatItDoesNotKnowInTheirOrder)
     EXPECT_TRUE(std::equal(content.dictionary()->begin(), content.dictionary()->end(), expected.begin(), expected.end()));
 }
 
+TEST_F(PlistUserDefaultsTest, WhatXmlCannotHoldComesBackFromABinaryFile)
+{
+    PropertyList const values[] = { "a\rb\n", "\x0B", "\xEF\xBF\xBE", PropertyListDate { 0.25 }, PropertyListDictionary { { "\r", 1 } } };
+    PlistUserDefaults defaults(path);
+    for (auto const& value : values) {
+        EXPECT_TRUE(defaults.setObject("odd", PropertyListArray { value }).ok());
+        EXPECT_EQ(PlistUserDefaults(path).object("odd"), PropertyList(PropertyListArray { value }));
+        EXPECT_TRUE(readText(path).starts_with("bplist00"));
+    }
+    EXPECT_TRUE(defaults.setObject("odd", "plain").ok());
+    EXPECT_TRUE(readText(path).starts_with("<?xml"));
+}
+
 TEST_F(PlistUserDefaultsTest, SetsAsideAFileThatItCannotReadAndSaysSoOnce)
 {
     PropertyListDictionary const whole { { "ShowIcons", true }, { "Menu", PropertyListArray { "a", "b" } } };
