@@ -34,7 +34,7 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
         + R"("},{"id":2,"shortcut":"F5","file":"/a\u001bb\u202ec"}],"conflicts":[{"shortcut":"⌘Q","item":"gone"}]})";
     EXPECT_EQ(run({ "hotkeys" }),
         (Outcome { 0,
-            "⌥⌘E     Nap␊now\n"
+            "⌥⌘E     Nap now\n"
             "F5      /a␛b\uFFFDc\n"
             "⌘Q      gone  (taken: another program or another entry has it)\n",
             "" }));
