@@ -475,14 +475,14 @@ void defaultsAreKept(bool isFirstRun)
     expect(defaults->integerForKey("Depth") == 3 && !defaults->storedObject("Depth"), "what is registered is not stored");
 
     changeElsewhere(@"Depth", 3);
-    expect(!defaults->setObject("Depth", std::int64_t { 4 }), "a setting is changed here");
+    expect(defaults->setObject("Depth", std::int64_t { 4 }).ok(), "a setting is changed here");
     runLoopFor(0.2);
     expect(differing.empty(), "which is nobody else's doing");
     changeElsewhere(@"Depth", 5);
     changeElsewhere(@"Unread", 1);
     runLoopFor(0.2);
     expect(differing == std::vector<std::string> { "Depth" } && defaults->integerForKey("Depth") == 5, "what another program changes is told");
-    expect(!defaults->removeObject("Depth"), "a setting is let go of");
+    expect(defaults->removeObject("Depth").ok(), "a setting is let go of");
 }
 
 } // namespace
