@@ -151,4 +151,11 @@ Result<void> LinuxFileSystem::remove(Url const& url)
     return {};
 }
 
+Result<void> LinuxFileSystem::rename(Url const& from, Url const& to)
+{
+    if (::renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_NOREPLACE) != 0)
+        return Failure { systemMessage(errno) };
+    return {};
+}
+
 } // namespace zv

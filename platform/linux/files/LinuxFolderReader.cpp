@@ -222,10 +222,10 @@ private:
 
 } // namespace
 
-LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath, StartTrust trust)
+LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath, NameDoubts doubts)
     : m_audience(std::move(audience))
     , m_mounts(std::move(mountInfoPath))
-    , m_trust(std::move(trust))
+    , m_doubts(std::move(doubts))
 {
 }
 
@@ -235,9 +235,11 @@ Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& fol
     FileDescriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!open.isOpen())
         return Failure { failureOf(errno) };
-    return FolderPass(open.get(), std::move(path), hiddenFiles, { m_audience, m_trust, m_mounts }).run();
+    return FolderPass(open.get(), std::move(path), hiddenFiles, { m_audience, m_doubts.trust, m_mounts }).run();
 }
 
 bool LinuxFolderReader::isRemote(Url const& folder) const { return m_mounts.isRemote(folder.path()); }
+
+std::optional<NameDoubt> LinuxFolderReader::doubtAbout(Url const& file) const { return m_doubts.about(file.path(), m_mounts.current()->table); }
 
 } // namespace zv

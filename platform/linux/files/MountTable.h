@@ -14,6 +14,7 @@ struct Mount {
     std::string source; ///< "/dev/sda1", "nas:/export"; free text for other types
     std::string root; ///< the mounted part of the file system; "/" for the whole
     bool isReadOnly = false;
+    std::string device {}; ///< the kernel's numbers for it, such as "8:1"
 };
 
 /// The mounts in the kernel's own table (proc_pid_mountinfo(5)): reading it touches no file system. Any thread.
