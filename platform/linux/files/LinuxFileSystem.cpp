@@ -9,6 +9,7 @@
 #include "platform/text/Text.h"
 
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -73,7 +74,10 @@ std::optional<FileTraits> LinuxFileSystem::traits(Url const& url) const
     auto const path = url.path();
     if (m_mounts.isRemote(path))
         return traitsByName(url.lastPathComponent());
+    auto const asked = std::chrono::steady_clock::now();
     auto const status = statusOf(path, Links::followed);
+    if (status)
+        m_mounts.noteAnswer(status->st_dev, std::chrono::steady_clock::now() - asked);
     if (!status)
         return isTaken(url) ? std::optional(FileTraits {}) : std::nullopt;
     auto const name = url.lastPathComponent();
