@@ -24,7 +24,7 @@ Menus::Menus(Parts parts)
           .tasks = parts.system.time.tasks,
           .shortcutCommands = m_actions,
           .locationCommands = m_actions }))
-    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers }
+    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, parts.system.lists.applicationFolders }
     , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
     , m_builder({ .preferences = parts.preferences,
                     .locations = m_locations,

@@ -51,16 +51,6 @@ std::vector<std::vector<std::string>> const& autostartSettings()
     return commands;
 }
 
-std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& index)
-{
-    std::vector<InstalledApplication> applications;
-    for (auto const& entry : index.entries()) {
-        if (entry.isListed() && entry.missingProgram().empty())
-            applications.push_back({ entry.name, Url::fromPath(entry.path) });
-    }
-    return applications;
-}
-
 } // namespace
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
@@ -195,8 +185,7 @@ Surface LinuxFrontEnd::surface()
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),
-            .installedApplications
-            = [this](auto use) { m_system.catalog().withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
+            .installedApplications = [this](auto use) { m_system.applicationFolders().list(std::move(use)); },
             .permissions = nullptr,
             .provideServices = {},
             .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };

@@ -27,6 +27,7 @@ public:
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
+    [[nodiscard]] ImageRef categoryIcon(ApplicationCategory category) override;
 
 private:
     void lookAgainLater(std::string const& path);
