@@ -66,7 +66,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           .sessionBus = m_bus,
           .windows = sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : std::nullopt,
           .pending = nullptr })
-    , m_icons(m_tasks, m_timers)
+    , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
