@@ -42,6 +42,7 @@ public:
     LinuxSystem& operator=(LinuxSystem const&) = delete;
 
     [[nodiscard]] System system();
+    void useBus(QDBusConnection const& bus) { m_runningApplications.useBus(bus); }
     [[nodiscard]] ApplicationCatalog& catalog() { return m_catalog; }
     [[nodiscard]] Workspace& workspace() { return m_workspace; }
 
