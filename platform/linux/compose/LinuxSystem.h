@@ -44,6 +44,7 @@ public:
 
     [[nodiscard]] System system();
     [[nodiscard]] ApplicationFolders& applicationFolders() { return m_applicationFolders; }
+    void useBus(QDBusConnection const& bus) { m_runningApplications.useBus(bus); }
     [[nodiscard]] Workspace& workspace() { return m_workspace; }
 
 private:
