@@ -28,6 +28,9 @@ public:
     /// window and the looks of its entries stay.
     void forget();
 
+    /// Pops up with the first entry selected.
+    void popUpByKey(QPoint at);
+
     /// Performs the key's usual menu step once.
     void step(int key);
     void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target);

@@ -48,6 +48,7 @@ class MacSettings {
 public:
     explicit MacSettings(SettingsModels& models)
         : m_models(models)
+        , m_general(models)
         , m_editor([[ZVMenuEditor alloc] initWithModels:models])
         , m_about(models)
         , m_tabs([[NSTabViewController alloc] init])
