@@ -17,9 +17,9 @@ public:
     void popUp(std::shared_ptr<Menu> const& menu, Point at) override
     {
         m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
-        [[m_mirror menu] popUpMenuPositioningItem:nil atLocation:NSMakePoint(at.x, at.y) inView:nil];
+        [m_mirror.menu popUpMenuPositioningItem:nil atLocation:NSMakePoint(at.x, at.y) inView:nil];
         if (m_tracking.isOpen)
-            [m_mirror menuDidClose:[m_mirror menu]]; // not told yet
+            [m_mirror menuDidClose:m_mirror.menu]; // not told yet
     }
 
 private:

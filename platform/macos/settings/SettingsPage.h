@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// Draws a page of settings with the system's controls. Rows that stay keep their control,
@@ -47,3 +49,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END
