@@ -10,7 +10,7 @@ namespace {
 Environment processEnvironment()
 {
     Environment environment;
-    NSDictionary* const given = [[NSProcessInfo processInfo] environment];
+    NSDictionary* const given = NSProcessInfo.processInfo.environment;
     for (NSString* name in given)
         environment[fromNSString(name)] = fromNSString([given objectForKey:name]);
     return environment;
@@ -18,7 +18,7 @@ Environment processEnvironment()
 
 Places placesOfThisProgram()
 {
-    return { .bundle = fromNSURL([[NSBundle mainBundle] bundleURL]),
+    return { .bundle = fromNSURL(NSBundle.mainBundle.bundleURL),
         .environment = processEnvironment(),
         .home = homeFolder().path(),
         .itemsFolder = itemsFolder(),

@@ -60,9 +60,9 @@ private:
     void show(std::shared_ptr<Menu> const& menu, NSPoint at)
     {
         m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
-        [[m_mirror menu] popUpMenuPositioningItem:nil atLocation:at inView:nil];
+        [m_mirror.menu popUpMenuPositioningItem:nil atLocation:at inView:nil];
         if (m_tracking.isOpen)
-            [m_mirror menuDidClose:[m_mirror menu]]; // not told yet
+            [m_mirror menuDidClose:m_mirror.menu]; // not told yet
     }
 
     MenuTracking& m_tracking;
