@@ -19,19 +19,6 @@ namespace {
 constexpr std::chrono::seconds fileManagerTimeout { 10 };
 constexpr int maximumLinkSteps = 8;
 
-/// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
-/// call returns. The shared connection must not end this program when it closes.
-void flushSharedBus(std::string const& sessionBus)
-{
-    if (sessionBus.empty())
-        return;
-    GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    if (!bus)
-        return;
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
-}
-
 bool isFolder(std::string const& path)
 {
     struct stat information { };
@@ -100,6 +87,18 @@ Result<void> openInHandler(Url const& url, std::string const& sessionBus)
 bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEntryName(url.lastPathComponent()) && !isFolder(url.path()); }
 
 } // namespace
+
+/// The shared connection must not end this program when it closes.
+void flushSharedBus(std::string const& sessionBus)
+{
+    if (sessionBus.empty())
+        return;
+    GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (!bus)
+        return;
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
+}
 
 bool isApplication(Url const& url) { return isApplicationEntry(url) || !startProgramOf(url).empty(); }
 

@@ -15,6 +15,9 @@ namespace zv {
 [[nodiscard]] Result<void> launchApplication(Url const& application, std::string const& sessionBus);
 /// Starts an application, follows a link entry, opens everything else in its handler.
 [[nodiscard]] Result<void> openUrl(Url const& url, std::string const& sessionBus);
+/// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
+/// call returns.
+void flushSharedBus(std::string const& sessionBus);
 /// Selects the file in the file manager; where no file manager can, opens its folder.
 [[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus);
 

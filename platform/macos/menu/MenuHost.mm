@@ -46,20 +46,25 @@ public:
     {
     }
 
-    void popUp(std::shared_ptr<Menu> const& menu, Point at) override { show(menu, NSMakePoint(at.x, at.y)); }
+    void popUp(std::shared_ptr<Menu> const& menu, Point at) override
+    {
+        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
+        open(NSMakePoint(at.x, at.y));
+    }
 
     void popUpByKey(std::shared_ptr<Menu> const& menu) override
     {
         if (m_tracking.isOpen)
             return;
+        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
+        [m_mirror ignoreOption];
         queueDownArrow();
-        show(menu, placeForKey());
+        open(placeForKey());
     }
 
 private:
-    void show(std::shared_ptr<Menu> const& menu, NSPoint at)
+    void open(NSPoint at)
     {
-        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
         [[m_mirror menu] popUpMenuPositioningItem:nil atLocation:at inView:nil];
         if (m_tracking.isOpen)
             [m_mirror menuDidClose:[m_mirror menu]]; // not told yet

@@ -39,6 +39,8 @@
 - (instancetype)initWithModels:(zv::SettingsModels&)models;
 - (NSView*)view;
 - (NSUndoManager*)undoManager;
+/// Selects the item, and brings it into sight.
+- (void)showItem:(zv::Uuid const&)item;
 
 - (void)removeSelected;
 - (void)duplicateSelected;
