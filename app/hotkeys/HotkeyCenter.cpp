@@ -94,6 +94,8 @@ void HotkeyCenter::reregister()
     noteSupport();
     if (m_isPaused)
         return;
+    if (beforePass)
+        beforePass();
     m_registrations.clear();
     listen();
     Pass pass;

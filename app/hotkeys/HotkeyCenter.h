@@ -72,6 +72,8 @@ public:
 
     /// Called when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
+    /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
+    std::function<void()> beforePass;
 
 private:
     struct Wanted {

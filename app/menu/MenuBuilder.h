@@ -78,6 +78,7 @@ public:
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
 
     void applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const;
+    void applyCategoryIcon(ApplicationCategory category, MenuEntry& entry) const;
     void applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const;
 
     [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }

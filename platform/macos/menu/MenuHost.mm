@@ -15,7 +15,7 @@ void queueDownArrow()
     NSEvent* const key = [NSEvent keyEventWithType:NSEventTypeKeyDown
                                           location:NSZeroPoint
                                      modifierFlags:NSEventModifierFlagFunction | NSEventModifierFlagNumericPad
-                                         timestamp:[[NSProcessInfo processInfo] systemUptime]
+                                         timestamp:NSProcessInfo.processInfo.systemUptime
                                       windowNumber:0
                                            context:nil
                                         characters:typed
@@ -28,12 +28,12 @@ void queueDownArrow()
 /// The pointer's place; without a screen around it, the middle of the main screen.
 NSPoint placeForKey()
 {
-    NSPoint const pointer = [NSEvent mouseLocation];
-    for (NSScreen* screen in [NSScreen screens]) {
-        if (NSMouseInRect(pointer, [screen frame], NO))
+    NSPoint const pointer = NSEvent.mouseLocation;
+    for (NSScreen* screen in NSScreen.screens) {
+        if (NSMouseInRect(pointer, screen.frame, NO))
             return pointer;
     }
-    NSRect const visible = [[NSScreen mainScreen] visibleFrame];
+    NSRect const visible = NSScreen.mainScreen.visibleFrame;
     return NSMakePoint(NSMidX(visible), NSMidY(visible));
 }
 
@@ -65,9 +65,9 @@ public:
 private:
     void open(NSPoint at)
     {
-        [[m_mirror menu] popUpMenuPositioningItem:nil atLocation:at inView:nil];
+        [m_mirror.menu popUpMenuPositioningItem:nil atLocation:at inView:nil];
         if (m_tracking.isOpen)
-            [m_mirror menuDidClose:[m_mirror menu]]; // not told yet
+            [m_mirror menuDidClose:m_mirror.menu]; // not told yet
     }
 
     MenuTracking& m_tracking;

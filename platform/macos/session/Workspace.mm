@@ -12,8 +12,8 @@ namespace {
 /// The application's name as the Finder shows it, without its ending.
 std::string nameOf(NSURL* application)
 {
-    NSString* const shown = [[NSFileManager defaultManager] displayNameAtPath:[application path]];
-    return fromNSString([[shown pathExtension] isEqualToString:@"app"] ? [shown stringByDeletingPathExtension] : shown);
+    NSString* const shown = [NSFileManager.defaultManager displayNameAtPath:application.path];
+    return fromNSString([shown.pathExtension isEqualToString:@"app"] ? shown.stringByDeletingPathExtension : shown);
 }
 
 std::vector<InstalledApplication> applicationsFor(Url const& file)
@@ -25,20 +25,20 @@ std::vector<InstalledApplication> applicationsFor(Url const& file)
         if (url && std::none_of(found.begin(), found.end(), [&](auto const& known) { return known.file == *url; }))
             found.push_back({ nameOf(application), *url });
     };
-    if ([[located pathExtension] isEqualToString:@"app"])
+    if ([located.pathExtension isEqualToString:@"app"])
         return found;
-    add([[NSWorkspace sharedWorkspace] URLForApplicationToOpenURL:located]);
-    for (NSURL* application in [[NSWorkspace sharedWorkspace] URLsForApplicationsToOpenURL:located])
+    add([NSWorkspace.sharedWorkspace URLForApplicationToOpenURL:located]);
+    for (NSURL* application in [NSWorkspace.sharedWorkspace URLsForApplicationsToOpenURL:located])
         add(application);
     return found;
 }
 
 void openFile(Url const& file, NSURL* application)
 {
-    [[NSWorkspace sharedWorkspace] openURLs:[NSArray arrayWithObject:toNSURL(file)]
-                       withApplicationAtURL:application
-                              configuration:[NSWorkspaceOpenConfiguration configuration]
-                          completionHandler:nil];
+    [NSWorkspace.sharedWorkspace openURLs:@[ toNSURL(file) ]
+                     withApplicationAtURL:application
+                            configuration:[NSWorkspaceOpenConfiguration configuration]
+                        completionHandler:nil];
 }
 
 class MacWorkspace : public Workspace {
@@ -50,11 +50,14 @@ public:
     void open(Url const& url) override
     {
         NSURL* const given = toNSURL(url);
-        if (!given || ![[NSWorkspace sharedWorkspace] openURL:given])
+        if (!given || ![NSWorkspace.sharedWorkspace openURL:given])
             logLine("could not open " + url.toString());
     }
 
-    void reveal(Url const& fileURL) override { [[NSWorkspace sharedWorkspace] activateFileViewerSelectingURLs:[NSArray arrayWithObject:toNSURL(fileURL)]]; }
+    /// Never asked to: open() leaves the question to the system, which asks by itself.
+    void startUntrusted(UntrustedStart const& start, StartConsent) override { open(start.file); }
+
+    void reveal(Url const& fileURL) override { [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ toNSURL(fileURL) ]]; }
 
     /// Asks on a thread of its own: the file may lie on a server that does not answer.
     void findApplicationsFor(Url const& file, std::function<void(std::vector<InstalledApplication>)> done) override
@@ -71,30 +74,30 @@ public:
     void moveToTrash(Url const& file, std::function<void(Result<void>)> done) override
     {
         // The handler runs on a queue of the system's choice.
-        [[NSWorkspace sharedWorkspace] recycleURLs:[NSArray arrayWithObject:toNSURL(file)]
-                                 completionHandler:^(NSDictionary*, NSError* error) {
-                                     auto const moved = resultOf(!error, error);
-                                     performOnMain([done, moved] { done(moved); });
-                                 }];
+        [NSWorkspace.sharedWorkspace recycleURLs:@[ toNSURL(file) ]
+                               completionHandler:^(NSDictionary*, NSError* error) {
+                                   auto const moved = resultOf(!error, error);
+                                   performOnMain([done, moved] { done(moved); });
+                               }];
     }
 
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override
     {
-        NSURL* const found = [[NSWorkspace sharedWorkspace] URLForApplicationWithBundleIdentifier:toNSString(identifier)];
+        NSURL* const found = [NSWorkspace.sharedWorkspace URLForApplicationWithBundleIdentifier:toNSString(identifier)];
         return found ? std::optional(fromNSURL(found)) : std::nullopt;
     }
 
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
-        [configuration setCreatesNewApplicationInstance:YES];
+        configuration.createsNewApplicationInstance = YES;
         // The handler runs on a queue of the system's choice.
-        [[NSWorkspace sharedWorkspace] openApplicationAtURL:toNSURL(application)
-                                              configuration:configuration
-                                          completionHandler:^(NSRunningApplication*, NSError* error) {
-                                              auto const started = resultOf(!error, error);
-                                              performOnMain([done, started] { done(started); });
-                                          }];
+        [NSWorkspace.sharedWorkspace openApplicationAtURL:toNSURL(application)
+                                            configuration:configuration
+                                        completionHandler:^(NSRunningApplication*, NSError* error) {
+                                            auto const started = resultOf(!error, error);
+                                            performOnMain([done, started] { done(started); });
+                                        }];
     }
 
 private:
@@ -105,7 +108,7 @@ class MacClipboard : public Clipboard {
 public:
     void setText(std::string const& text) override
     {
-        NSPasteboard* const pasteboard = [NSPasteboard generalPasteboard];
+        NSPasteboard* const pasteboard = NSPasteboard.generalPasteboard;
         [pasteboard clearContents];
         [pasteboard setString:toNSString(text) forType:NSPasteboardTypeString];
     }
@@ -114,7 +117,7 @@ public:
         NSMutableArray* const urls = [NSMutableArray array];
         for (auto const& file : files)
             [urls addObject:toNSURL(file)];
-        NSPasteboard* const pasteboard = [NSPasteboard generalPasteboard];
+        NSPasteboard* const pasteboard = NSPasteboard.generalPasteboard;
         [pasteboard clearContents];
         [pasteboard writeObjects:urls];
     }
@@ -126,7 +129,7 @@ public:
     void open(SystemPlace, std::function<void(PlaceOutcome)> done) override { done(PlaceOutcome::hasFixedTarget); }
     void openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done) override
     {
-        NSURL* const terminal = [[NSWorkspace sharedWorkspace] URLForApplicationWithBundleIdentifier:@"com.apple.Terminal"];
+        NSURL* const terminal = [NSWorkspace.sharedWorkspace URLForApplicationWithBundleIdentifier:@"com.apple.Terminal"];
         if (terminal)
             openFile(folder, terminal);
         done(terminal ? PlaceOutcome::opened : PlaceOutcome::notFound);
@@ -135,19 +138,10 @@ public:
 
 } // namespace
 
-std::unique_ptr<Workspace> makeWorkspace(Tasks& tasks)
-{
-    return std::make_unique<MacWorkspace>(tasks);
-}
+std::unique_ptr<Workspace> makeWorkspace(Tasks& tasks) { return std::make_unique<MacWorkspace>(tasks); }
 
-std::unique_ptr<Clipboard> makeClipboard()
-{
-    return std::make_unique<MacClipboard>();
-}
+std::unique_ptr<Clipboard> makeClipboard() { return std::make_unique<MacClipboard>(); }
 
-std::unique_ptr<DesktopCommands> makeDesktopCommands()
-{
-    return std::make_unique<MacDesktopCommands>();
-}
+std::unique_ptr<DesktopCommands> makeDesktopCommands() { return std::make_unique<MacDesktopCommands>(); }
 
 } // namespace zv

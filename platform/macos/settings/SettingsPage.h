@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// Draws a page of settings with the system's controls. Rows that stay keep their control,
@@ -52,3 +54,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

@@ -30,12 +30,13 @@ SettingsPage::SettingsPage(SettingsModels& models)
     , m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
     , m_view(scrollAround(m_content))
 {
-    [m_view setDrawsBackground:NO];
-    NSView* const shown = [m_view contentView];
-    [m_content setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_content topAnchor] constraintEqualToAnchor:[shown topAnchor] constant:0],
-                                                     [[m_content leadingAnchor] constraintEqualToAnchor:[shown leadingAnchor] constant:0],
-                                                     [[m_content trailingAnchor] constraintEqualToAnchor:[shown trailingAnchor] constant:0], nil]];
+    m_view.drawsBackground = NO;
+    NSView* const shown = m_view.contentView;
+    m_content.translatesAutoresizingMaskIntoConstraints = NO;
+    [NSLayoutConstraint activateConstraints:@[
+        [m_content.topAnchor constraintEqualToAnchor:shown.topAnchor], [m_content.leadingAnchor constraintEqualToAnchor:shown.leadingAnchor],
+        [m_content.trailingAnchor constraintEqualToAnchor:shown.trailingAnchor]
+    ]];
 }
 
 void SettingsPage::show(std::vector<SettingsSection> const& sections)
@@ -58,19 +59,21 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
     m_grid = formGrid();
     for (auto const& section : sections) {
         auto heading = section.heading();
-        NSInteger const first = [m_grid numberOfRows];
+        NSInteger const first = m_grid.numberOfRows;
         for (auto const& described : section.rows) {
             addRow(heading, described);
             heading.clear();
         }
-        if (first > 0 && [m_grid numberOfRows] > first)
-            [[m_grid rowAtIndex:first] setTopPadding:sectionSpacing];
+        if (first > 0 && m_grid.numberOfRows > first)
+            [m_grid rowAtIndex:first].topPadding = sectionSpacing;
     }
-    [m_grid setTranslatesAutoresizingMaskIntoConstraints:NO];
+    m_grid.translatesAutoresizingMaskIntoConstraints = NO;
     [m_content addSubview:m_grid];
-    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_grid topAnchor] constraintEqualToAnchor:[m_content topAnchor] constant:pageMargin],
-                                                     [[m_grid centerXAnchor] constraintEqualToAnchor:[m_content centerXAnchor] constant:0],
-                                                     [[m_content bottomAnchor] constraintEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
+    [NSLayoutConstraint activateConstraints:@[
+        [m_grid.topAnchor constraintEqualToAnchor:m_content.topAnchor constant:pageMargin],
+        [m_grid.centerXAnchor constraintEqualToAnchor:m_content.centerXAnchor],
+        [m_content.bottomAnchor constraintEqualToAnchor:m_grid.bottomAnchor constant:pageMargin]
+    ]];
 }
 
 void SettingsPage::addRow(std::string const& heading, SettingsRow const& described)
@@ -111,7 +114,7 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
         NSButton* const box = [NSButton checkboxWithTitle:toNSString(title) target:nil action:nil];
         __unsafe_unretained NSButton* const read = box;
         m_actions.attach(box, [perform, read] {
-            bool const isOn = [read state] == NSControlStateValueOn;
+            bool const isOn = read.state == NSControlStateValueOn;
             perform([isOn](SettingsRow const& now) { now.toggle(isOn); });
         });
         return box;
@@ -119,9 +122,9 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
     case SettingsRow::Kind::choice: {
         NSPopUpButton* const choices = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
         __unsafe_unretained NSPopUpButton* const read = choices;
-        [choices setAccessibilityLabel:toNSString(title)];
+        choices.accessibilityLabel = toNSString(title);
         m_actions.attach(choices, [perform, read] {
-            std::int64_t const value = [read selectedTag];
+            std::int64_t const value = read.selectedTag;
             perform([value](SettingsRow const& now) { now.choose(value); });
         });
         return choices;
@@ -157,17 +160,17 @@ void SettingsPage::take(Row& row, SettingsRow const& described)
     if (row.recorder)
         return row.recorder->setSpec(described.shortcut);
     NSControl* const control = row.control;
-    [control setEnabled:described.isEnabled ? YES : NO];
+    control.enabled = described.isEnabled ? YES : NO;
     if (!described.help.empty()) {
-        [control setToolTip:toNSString(described.help)];
-        [control setAccessibilityHelp:toNSString(described.help)];
+        control.toolTip = toNSString(described.help);
+        control.accessibilityHelp = toNSString(described.help);
     }
     if (described.kind == SettingsRow::Kind::toggle)
-        [(NSButton*)control setState:described.isOn ? NSControlStateValueOn : NSControlStateValueOff];
+        ((NSButton*)control).state = described.isOn ? NSControlStateValueOn : NSControlStateValueOff;
     else if (described.kind == SettingsRow::Kind::choice)
         fillChoices((NSPopUpButton*)control, described);
     else if (described.kind == SettingsRow::Kind::note)
-        [(NSTextField*)control setStringValue:toNSString(described.title)];
+        ((NSTextField*)control).stringValue = toNSString(described.title);
 }
 
 void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& described)
@@ -176,8 +179,8 @@ void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& describ
     for (auto const& choice : described.choices) {
         // addItemWithTitle: would remove an item of the same title.
         NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
-        [item setTag:static_cast<NSInteger>(choice.value)];
-        [[button menu] addItem:item];
+        item.tag = static_cast<NSInteger>(choice.value);
+        [button.menu addItem:item];
     }
     [button selectItemWithTag:static_cast<NSInteger>(described.value)];
 }

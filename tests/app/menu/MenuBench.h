@@ -111,7 +111,7 @@ struct MenuBench {
     fakes::FakeModifierKeys modifierKeys;
     OpeningKeys openingKeys { modifierKeys };
     fakes::FakeEntryMenus entryMenus;
-    SubmenuSources sources { folders, lists, listedFolders, time, openingKeys };
+    SubmenuSources sources { folders, lists, listedFolders, time, openingKeys, nullptr };
     MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, entryMenus, workspace, resources, text }, sources };
 };
 
