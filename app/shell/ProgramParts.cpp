@@ -22,7 +22,8 @@ ProgramParts::ProgramParts(Over over)
           .looks = over.surface.looks,
           .preferences = over.preferences,
           .listedFolders = m_fileHotkeys,
-          .shell = actionShell() })
+          .shell = actionShell(),
+          .entryShell = entryShell() })
     , m_addToItems(ItemsFolder(over.system.places.itemsFolder, *over.system.files.disk, over.system.files.aliases),
           { .application = over.surface.desk.application, .alerts = over.surface.desk.alerts, .tasks = over.system.time.tasks })
 {
@@ -40,6 +41,14 @@ MenuActions::Shell ProgramParts::actionShell()
     return { .openSettingsWindow = [this] { m_over.settings.open(); },
         .canCheckForUpdates = [this] { return m_updater.canCheckForUpdates(); },
         .checkForUpdates = [this] { m_updater.checkForUpdates(); } };
+}
+
+EntryMenu::Shell ProgramParts::entryShell()
+{
+    return { .isInMenu = [this](Uuid const& item) { return m_over.store.find(item) != nullptr; },
+        .editItem = [this](Uuid const& item) { m_over.settings.openAt(item); },
+        .removeItem = [this](Uuid const& item) { settingsModels().editor().remove({ item }); },
+        .addToItems = [this](std::vector<Url> files) { (void)m_addToItems.addToZantheVellItems(std::move(files)); } };
 }
 
 std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()

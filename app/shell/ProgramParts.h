@@ -52,6 +52,7 @@ public:
 
 private:
     [[nodiscard]] MenuActions::Shell actionShell();
+    [[nodiscard]] EntryMenu::Shell entryShell();
     [[nodiscard]] SettingsModels::Services settingsServices();
     [[nodiscard]] std::shared_ptr<void> makeOverlay(std::function<void(Point)> showMenu);
 

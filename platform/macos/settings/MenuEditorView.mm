@@ -221,6 +221,12 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
         [_outline scrollRowToVisible:last];
 }
 
+- (void)showItem:(zv::Uuid const&)item
+{
+    [self select:{ item }];
+    [[_outline window] makeFirstResponder:_outline];
+}
+
 - (void)openAbove:(ZVMenuNode*)node
 {
     if (ZVMenuNode* const parent = node.parent) {

@@ -38,6 +38,7 @@ namespace zv {
 
 namespace {
 
+constexpr NSInteger menuTab = 1;
 constexpr SettingsPlace::Size usualSize { 900, 620 };
 constexpr SettingsPlace::Size smallestSize { 760, 440 };
 
@@ -76,6 +77,12 @@ public:
     {
         [m_window makeKeyAndOrderFront:nil];
         [m_window orderFrontRegardless]; // the system may decline to activate the program
+    }
+
+    void showItem(Uuid const& item)
+    {
+        [m_tabs setSelectedTabViewItemIndex:menuTab];
+        [m_editor showItem:item];
     }
 
 private:
@@ -160,6 +167,11 @@ public:
         if (!m_settings)
             m_settings = std::make_unique<MacSettings>(m_models());
         m_settings->bringToFront();
+    }
+    void openAt(Uuid const& item) override
+    {
+        openOrRaise();
+        m_settings->showItem(item);
     }
 
 private:

@@ -111,6 +111,10 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSWorkspace (CompatMac)
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
 - (void)activateFileViewerSelectingURLs:(NSArray *)u;
+- (void)openURLs:(NSArray *)u withApplicationAtURL:(NSURL *)a configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
+- (void)recycleURLs:(NSArray *)u completionHandler:(void (^)(NSDictionary *, NSError *))h;
+- (NSURL *)URLForApplicationToOpenURL:(NSURL *)u;
+- (NSArray *)URLsForApplicationsToOpenURL:(NSURL *)u;
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i;
 - (NSImage *)iconForContentType:(UTType *)t;
 @end
