@@ -63,6 +63,18 @@ Alert shortcutAlert(std::string const& name, ShortcutsProvider::Failure const& f
     return { AlertStyle::warning, quoted(name) + " could not be run.", failure.description() };
 }
 
+Alert trashQuestion(std::string const& name)
+{
+    return { AlertStyle::warning, "Do you want to move " + quoted(name) + " to the Trash?", "", { "Move to Trash", "Cancel" }, cancelButton };
+}
+
+Alert trashAlert(std::string const& name, std::string const& reason)
+{
+    return { AlertStyle::warning, quoted(name) + " could not be moved to the Trash.", reason };
+}
+
+Alert noTerminalAlert() { return { AlertStyle::warning, "No terminal could be opened.", "This desktop has no program for it." }; }
+
 Alert locationAlert(std::string const& name)
 {
     return { AlertStyle::warning, quoted(name) + " could not be selected.", "Switching network location requires administrator rights." };

@@ -19,6 +19,10 @@ namespace zv {
 /// `failure` is the failure's own textual form, shown raw.
 [[nodiscard]] Alert notCompletedAlert(std::string const& title, std::string const& failure);
 [[nodiscard]] Alert shortcutAlert(std::string const& name, ShortcutsProvider::Failure const& failure);
+/// Asks whether to move the file to the Trash; the first button does.
+[[nodiscard]] Alert trashQuestion(std::string const& name);
+[[nodiscard]] Alert trashAlert(std::string const& name, std::string const& reason);
+[[nodiscard]] Alert noTerminalAlert();
 [[nodiscard]] Alert locationAlert(std::string const& name);
 /// Empty for a kind that ends no session.
 [[nodiscard]] std::optional<Alert> confirmationAlert(MenuItemKind const& kind);

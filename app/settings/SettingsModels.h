@@ -27,6 +27,7 @@ public:
         Surface const& surface;
         MenuStore& store;
         Preferences& preferences;
+        MenuShortcut& menuShortcut;
         HotkeyCenter& hotkeys;
         MenuBackups const& backups;
         LoginItem& loginItem;
@@ -73,6 +74,7 @@ public:
 private:
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
+    [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,6 +12,9 @@ class Menu;
 class StatusItem {
 public:
     virtual ~StatusItem() = default;
+
+    /// Called in a turn of its own when the user has taken the icon away by the system's own means.
+    std::function<void()> onRemoved;
 };
 
 /// The system's row of status icons. Main thread only.

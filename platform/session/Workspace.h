@@ -2,11 +2,13 @@
 
 #include "base/Result.h"
 #include "base/Url.h"
+#include "platform/lists/InstalledApplications.h"
 
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zv {
 
@@ -34,6 +36,13 @@ public:
     virtual void startUntrusted(UntrustedStart const& start, StartConsent consent) = 0;
     /// Shows the file selected in the file manager.
     virtual void reveal(Url const& fileURL) = 0;
+    /// The applications that open the file, its default one first; none for an application. Calls
+    /// `done` once, on the main thread: before it returns, or later.
+    virtual void findApplicationsFor(Url const& file, std::function<void(std::vector<InstalledApplication>)> done) = 0;
+    virtual void openWith(Url const& file, Url const& application) = 0;
+    /// Moves the file where the user can get it back from. The failure is the system's sentence
+    /// for it; `done` is called like that of findApplicationsFor().
+    virtual void moveToTrash(Url const& file, std::function<void(Result<void>)> done) = 0;
     [[nodiscard]] virtual std::optional<Url> applicationWithIdentifier(std::string_view identifier) const = 0;
     /// Starts a new instance even if one is running. `done` gets a whole sentence as the
     /// reason of a failure; on the main thread.

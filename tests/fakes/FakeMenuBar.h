@@ -18,7 +18,13 @@ public:
         menu->needsUpdate();
         shown.emplace_back(menu, at);
     }
+    void popUpByKey(std::shared_ptr<Menu> const& menu) override
+    {
+        menu->needsUpdate();
+        byKey.push_back(menu);
+    }
     std::vector<std::pair<std::shared_ptr<Menu>, Point>> shown;
+    std::vector<std::shared_ptr<Menu>> byKey;
 };
 
 class FakeStatusBar : public StatusBar {
@@ -28,10 +34,13 @@ public:
         ++added;
         names.push_back(name);
         menus.push_back(menu);
-        return std::make_unique<Item>(present);
+        auto item = std::make_unique<Item>(present);
+        latest = item.get();
+        return item;
     }
     int added = 0; ///< ever
     int present = 0; ///< now
+    StatusItem* latest = nullptr;
     std::vector<std::string> names;
     std::vector<std::shared_ptr<Menu>> menus;
 

@@ -19,19 +19,6 @@ constexpr std::chrono::seconds fileManagerTimeout { 10 };
 constexpr int maximumLinkSteps = 8;
 constexpr mode_t permissionBits = 07777;
 
-/// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
-/// call returns. The shared connection must not end this program when it closes.
-void flushSharedBus(std::string const& sessionBus)
-{
-    if (sessionBus.empty())
-        return;
-    GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    if (!bus)
-        return;
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
-}
-
 Result<void> resultOf(GErrorSlot& error)
 {
     if (error)
@@ -119,6 +106,18 @@ Result<void, OpenFailure> withReason(Result<void> const& done)
 }
 
 } // namespace
+
+/// The shared connection must not end this program when it closes.
+void flushSharedBus(std::string const& sessionBus)
+{
+    if (sessionBus.empty())
+        return;
+    GObjectRef<GDBusConnection> const bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+    if (!bus)
+        return;
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
+}
 
 bool isApplication(Url const& url) { return url.isFile() && startableAt(url.path()).has_value(); }
 

@@ -127,6 +127,8 @@ Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { ret
 
 Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
 {
+    if (auto broken = brokenLinkAt(url.path()))
+        return Failure { std::move(*broken) };
     // Writes to a link's target, so that the link stays.
     auto const path = followingLink(url.path());
     auto const status = statusOf(path, Links::followed);

@@ -118,6 +118,8 @@ ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
     return std::make_shared<NamedImage>(m_pictures, iconNamesOf(icon));
 }
 
+ImageRef ThemeIconSource::categoryIcon(ApplicationCategory category) { return std::make_shared<NamedImage>(m_pictures, iconNamesOf(category)); }
+
 void ThemeIconSource::lookAgainLater(std::string const& path)
 {
     m_toLookAt.push_back(path);

@@ -26,6 +26,7 @@ public:
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
+    [[nodiscard]] ImageRef categoryIcon(ApplicationCategory category) override;
 
     struct FileLooks; ///< tells which picture a file has
 

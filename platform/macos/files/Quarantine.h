@@ -6,6 +6,8 @@
 #include <string>
 #include <sys/xattr.h>
 
+NS_ASSUME_NONNULL_BEGIN
+
 /// The mark that the system puts on downloads: LaunchServices/LSQuarantine.h describes its contents,
 /// no header its name. Read from the file itself, not from a link's target.
 namespace zv {
@@ -25,3 +27,5 @@ inline bool wasDownloaded(std::string const& file)
 }
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

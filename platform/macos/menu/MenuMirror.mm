@@ -3,6 +3,8 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/desk/Images.h"
 
+#include "app/menu/EntryMenus.h"
+
 using zv::MenuEntry;
 
 /// Owned by an item: its action, and the mirror of its submenu.
@@ -45,22 +47,23 @@ NSFont* menuFont(bool italic)
     NSFont* const plain = [NSFont menuFontOfSize:0];
     if (!italic)
         return plain;
-    static NSFont* const slanted = [NSFont fontWithDescriptor:[[plain fontDescriptor] fontDescriptorWithSymbolicTraits:NSFontDescriptorTraitItalic]
-                                                         size:[plain pointSize]];
+    static NSFont* const slanted = [NSFont fontWithDescriptor:[plain.fontDescriptor fontDescriptorWithSymbolicTraits:NSFontDescriptorTraitItalic]
+                                                         size:plain.pointSize];
     return slanted ? slanted : plain;
 }
 
 NSParagraphStyle* styleWithTab(double place)
 {
-    NSTextTab* const tab = [[NSTextTab alloc] initWithTextAlignment:NSTextAlignmentRight location:place options:[NSDictionary dictionary]];
-    NSMutableParagraphStyle* const style = [[NSParagraphStyle defaultParagraphStyle] mutableCopy];
-    [style setTabStops:[NSArray arrayWithObject:tab]];
+    NSTextTab* const tab = [[NSTextTab alloc] initWithTextAlignment:NSTextAlignmentRight location:place options:@ {}];
+    NSMutableParagraphStyle* const style = [NSParagraphStyle.defaultParagraphStyle mutableCopy];
+    style.tabStops = @[ tab ];
     return style;
 }
 
 NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 {
-    NSMutableDictionary* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic) forKey:NSFontAttributeName];
+    NSMutableDictionary<NSAttributedStringKey, id>* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic)
+                                                                                                          forKey:NSFontAttributeName];
     NSString* const text = zv::toNSString(title.text);
     if (title.hint.empty())
         return [[NSAttributedString alloc] initWithString:text attributes:attributes];
@@ -76,19 +79,19 @@ void setImage(NSMenuItem* item, zv::ImageRef const& image)
 {
     if (!image)
         return;
-    [item setImage:zv::toNSImage(image)];
+    item.image = zv::toNSImage(image);
     if ([item respondsToSelector:NSSelectorFromString(@"setPreferredImageVisibility:")])
-        [item setValue:[NSNumber numberWithInt:imageIsVisible] forKey:imageVisibilityKey];
+        [item setValue:@(imageIsVisible) forKey:imageVisibilityKey];
 }
 
 void setTexts(NSMenuItem* item, MenuEntry const& entry)
 {
     if (entry.attributedTitle)
-        [item setAttributedTitle:toAttributedString(*entry.attributedTitle)];
+        item.attributedTitle = toAttributedString(*entry.attributedTitle);
     if (!entry.toolTip.empty())
-        [item setToolTip:zv::toNSString(entry.toolTip)];
+        item.toolTip = zv::toNSString(entry.toolTip);
     if (!entry.identifier.empty())
-        [item setIdentifier:zv::toNSString(entry.identifier)];
+        item.identifier = zv::toNSString(entry.identifier);
 }
 
 NSMenuItem* toMenuItem(MenuEntry const& entry)
@@ -96,21 +99,39 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     if (entry.type == MenuEntry::Type::separator)
         return (NSMenuItem*)[NSMenuItem separatorItem];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:zv::toNSString(entry.title) action:nil keyEquivalent:zv::toNSString(entry.keyEquivalent)];
-    [item setKeyEquivalentModifierMask:static_cast<NSEventModifierFlags>(entry.keyEquivalentModifierMask)];
+    item.keyEquivalentModifierMask = static_cast<NSEventModifierFlags>(entry.keyEquivalentModifierMask);
     setTexts(item, entry);
     setImage(item, entry.image);
-    [item setState:entry.isMarked ? NSControlStateValueOn : NSControlStateValueOff];
+    item.state = entry.isMarked ? NSControlStateValueOn : NSControlStateValueOff;
 
     ZVMenuMirror* const submenu = entry.submenu ? [[ZVMenuMirror alloc] initWithMenu:entry.submenu tracking:nullptr] : nil;
     ZVMenuItemKeeper* const keeper = [[ZVMenuItemKeeper alloc] initWithEntry:entry submenu:submenu];
-    [item setRepresentedObject:keeper];
+    item.representedObject = keeper;
     if (submenu)
-        [item setSubmenu:[submenu menu]];
+        item.submenu = submenu.menu;
     if (entry.target) {
-        [item setTarget:keeper];
-        [item setAction:@selector(invoke:)];
+        item.target = keeper;
+        item.action = @selector(invoke:);
     }
-    [item setEnabled:entry.enabled ? YES : NO];
+    item.enabled = entry.enabled ? YES : NO;
+    return item;
+}
+
+/// The item that Option shows in the entry's place: it opens the entry's own menu. Nil for a submenu, which has that
+/// above its entries, and where Option belongs to the shortcut.
+NSMenuItem* ownMenuItem(MenuEntry const& entry)
+{
+    if (entry.submenu || !entry.subject.menus || zv::contains(entry.keyEquivalentModifierMask, zv::ModifierMask::option))
+        return nil;
+    auto own = entry.subject.menus->menuOf(entry);
+    if (!own.submenu)
+        return nil;
+    own.image = entry.image;
+    own.attributedTitle = entry.attributedTitle;
+    own.keyEquivalent = entry.keyEquivalent;
+    own.keyEquivalentModifierMask = entry.keyEquivalentModifierMask | zv::ModifierMask::option;
+    NSMenuItem* const item = toMenuItem(own);
+    item.alternate = YES;
     return item;
 }
 
@@ -118,16 +139,16 @@ constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModif
 
 bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
 {
-    bool const isSame = [[item keyEquivalent] length] > 0 && [[item keyEquivalent] isEqualToString:typed];
-    return isSame && ([item keyEquivalentModifierMask] & shortcutModifiers) == modifiers && [item isEnabled] && [item action];
+    bool const isSame = item.keyEquivalent.length > 0 && [item.keyEquivalent isEqualToString:typed];
+    return isSame && (item.keyEquivalentModifierMask & shortcutModifiers) == modifiers && item.isEnabled && item.action && !item.hasSubmenu;
 }
 
 /// Looks in submenus too, but for those that fill themselves.
 NSMenuItem* itemWithShortcut(NSMenu* menu, NSString* typed, NSUInteger modifiers)
 {
-    for (NSMenuItem* item in [menu itemArray]) {
-        bool const isGroup = [item hasSubmenu] && ![[item submenu] delegate];
-        NSMenuItem* const within = isGroup ? itemWithShortcut([item submenu], typed, modifiers) : nil;
+    for (NSMenuItem* item in menu.itemArray) {
+        bool const isGroup = item.hasSubmenu && !item.submenu.delegate;
+        NSMenuItem* const within = isGroup ? itemWithShortcut(item.submenu, typed, modifiers) : nil;
         if (within || hasShortcut(item, typed, modifiers))
             return within ? within : item;
     }
@@ -139,9 +160,9 @@ NSMenuItem* itemWithShortcut(NSMenu* menu, NSString* typed, NSUInteger modifiers
 /// KeyboardLayoutSource has the same layers.
 NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
 {
-    NSUInteger const modifiers = [event modifierFlags] & shortcutModifiers;
-    NSString* const plain = [[event charactersByApplyingModifiers:0] lowercaseString];
-    NSString* const withCommand = [[event charactersByApplyingModifiers:NSEventModifierFlagCommand] lowercaseString];
+    NSUInteger const modifiers = event.modifierFlags & shortcutModifiers;
+    NSString* const plain = [event charactersByApplyingModifiers:0].lowercaseString;
+    NSString* const withCommand = [event charactersByApplyingModifiers:NSEventModifierFlagCommand].lowercaseString;
     NSMenuItem* const item = itemWithShortcut(menu, plain, modifiers);
     return item ? item : itemWithShortcut(menu, withCommand, modifiers);
 }
@@ -150,6 +171,8 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
 
 @implementation ZVMenuMirror
 
+@synthesize menu = _menu;
+
 - (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking*)tracking
 {
     if (!(self = [super init]))
@@ -157,16 +180,16 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
     _mirrored = menu;
     _tracking = tracking;
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
-    [_menu setAutoenablesItems:NO]; // every entry says itself whether it is enabled
+    _menu.autoenablesItems = NO; // every entry says itself whether it is enabled
     [self showEntries]; // of a menu that fills itself: its entries until then
     if (!menu->delegate.expired() || tracking)
-        [_menu setDelegate:self];
+        _menu.delegate = self;
     return self;
 }
 
 - (void)dealloc
 {
-    [_menu setDelegate:nil];
+    _menu.delegate = nil;
     if (_isOpen)
         [self endTracking]; // nobody would tell of the closing any more
     if (_mirrored)
@@ -176,20 +199,24 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
 #endif
 }
 
-- (NSMenu*)menu
-{
-    return _menu;
-}
-
 - (void)showEntries
 {
     [_menu removeAllItems];
-    for (auto const& entry : _mirrored->entries)
+    for (auto const& entry : _mirrored->entries) {
         [_menu addItem:toMenuItem(entry)];
+        if (NSMenuItem* const own = _showsOwnMenus ? ownMenuItem(entry) : nil)
+            [_menu addItem:own];
+    }
+}
+
+- (void)ignoreOption
+{
+    _ignoresOption = YES;
 }
 
 - (void)menuNeedsUpdate:(NSMenu*)menu
 {
+    _showsOwnMenus = !_ignoresOption && (NSEvent.modifierFlags & NSEventModifierFlagOption) != 0;
     _mirrored->needsUpdate();
     [self showEntries];
     __unsafe_unretained ZVMenuMirror* const mirror = self;
@@ -217,7 +244,7 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
     if (!_tracking)
         return;
     _tracking->isOpen = false;
-    _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
+    _tracking->lastClosed = NSProcessInfo.processInfo.systemUptime;
 }
 
 /// Finds shortcuts while their menu is open. The system would otherwise fill every menu that fills
@@ -227,8 +254,8 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
     NSMenuItem* const item = _isOpen ? itemForEvent(menu, event) : nil;
     if (!item)
         return NO;
-    *target = [item target];
-    *action = [item action];
+    *target = item.target;
+    *action = item.action;
     return YES;
 }
 

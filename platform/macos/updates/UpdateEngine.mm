@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/KeyObserver.h"
 #import "platform/macos/files/ProgramFolders.h"
 #import "platform/macos/updates/SparkleInterface.h"
 
@@ -23,7 +24,7 @@ NSString* const automaticKey = @"automaticallyChecksForUpdates";
 
 @implementation ZVUpdateDelegate
 
-static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSString([update displayVersionString]) }; }
+static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSString(update.displayVersionString) }; }
 
 - (instancetype)initWithChannels:(zv::UpdateChannels&)channels driver:(zv::UpdateUserDriver&)driver
 {
@@ -34,9 +35,9 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
     return self;
 }
 
-- (NSSet*)allowedChannelsForUpdater:(id)updater
+- (NSSet<NSString*>*)allowedChannelsForUpdater:(id)updater
 {
-    NSMutableSet* const channels = [NSMutableSet set];
+    NSMutableSet<NSString*>* const channels = [NSMutableSet set];
     for (auto const& channel : _channels->allowedChannels())
         [channels addObject:zv::toNSString(channel)];
     return channels;
@@ -65,48 +66,6 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
 
 @end
 
-/// Watches the two properties; calls back on the main thread.
-@interface ZVUpdaterWatch : NSObject {
-    NSObject* _updater;
-    std::function<void()> _canCheck;
-    std::function<void()> _automatic;
-}
-- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic;
-- (void)begin;
-- (void)end;
-@end
-
-@implementation ZVUpdaterWatch
-
-- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic
-{
-    if (!(self = [super init]))
-        return nil;
-    _updater = updater;
-    _canCheck = std::move(canCheck);
-    _automatic = std::move(automatic);
-    return self;
-}
-
-- (void)begin
-{
-    [_updater addObserver:self forKeyPath:canCheckKey options:NSKeyValueObservingOptionInitial | NSKeyValueObservingOptionNew context:nullptr];
-    [_updater addObserver:self forKeyPath:automaticKey options:NSKeyValueObservingOptionNew context:nullptr];
-}
-
-- (void)end
-{
-    [_updater removeObserver:self forKeyPath:canCheckKey];
-    [_updater removeObserver:self forKeyPath:automaticKey];
-}
-
-- (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
-{
-    zv::performOnMain([path isEqualToString:canCheckKey] ? _canCheck : _automatic);
-}
-
-@end
-
 namespace zv {
 
 namespace {
@@ -116,14 +75,18 @@ public:
     SparkleEngine(Class controllerClass, UpdateChannels& channels, UpdateUserDriver& driver)
         : m_delegate([[ZVUpdateDelegate alloc] initWithChannels:channels driver:driver])
         , m_controller([(id<ZVUpdaterController>)[controllerClass alloc] initWithStartingUpdater:NO updaterDelegate:m_delegate userDriverDelegate:m_delegate])
-        , m_updater([m_controller updater])
+        , m_updater(m_controller.updater)
     {
         auto const canCheck = m_lifetime.guard([this] { tell(onCanCheckChanged); });
-        auto const automatic = m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); });
-        m_watch = [[ZVUpdaterWatch alloc] initWithUpdater:(NSObject*)m_updater canCheck:canCheck automatic:automatic];
-        [m_watch begin];
+        m_canCheck = watch(canCheckKey, canCheck);
+        m_automatic = watch(automaticKey, m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); }));
+        performOnMain(canCheck); // the first value counts as a change
     }
-    ~SparkleEngine() override { [m_watch end]; }
+    ~SparkleEngine() override
+    {
+        [m_canCheck stop];
+        [m_automatic stop];
+    }
 
     Result<void> start() override
     {
@@ -132,19 +95,25 @@ public:
         return resultOf(started, error);
     }
     void checkForUpdates() override { [m_updater checkForUpdates]; }
-    bool canCheckForUpdates() const override { return [m_updater canCheckForUpdates] != NO; }
-    bool automaticallyChecksForUpdates() const override { return [m_updater automaticallyChecksForUpdates] != NO; }
-    void setAutomaticallyChecksForUpdates(bool automatically) override { [m_updater setAutomaticallyChecksForUpdates:automatically ? YES : NO]; }
+    bool canCheckForUpdates() const override { return m_updater.canCheckForUpdates != NO; }
+    bool automaticallyChecksForUpdates() const override { return m_updater.automaticallyChecksForUpdates != NO; }
+    void setAutomaticallyChecksForUpdates(bool automatically) override { m_updater.automaticallyChecksForUpdates = automatically ? YES : NO; }
     std::optional<WallTime> lastUpdateCheckDate() const override
     {
-        NSDate* const date = [m_updater lastUpdateCheckDate];
+        NSDate* const date = m_updater.lastUpdateCheckDate;
         if (!date)
             return std::nullopt;
-        std::chrono::duration<double> const seconds([date timeIntervalSince1970]);
+        std::chrono::duration<double> const seconds(date.timeIntervalSince1970);
         return WallTime(std::chrono::duration_cast<WallTime::duration>(seconds));
     }
 
 private:
+    ZVKeyObserver* watch(NSString* key, std::function<void()> changed)
+    {
+        ZVKeyObserver* const observer = [[ZVKeyObserver alloc] initWithObject:(NSObject*)m_updater changed:std::move(changed)];
+        [observer watch:key];
+        return observer;
+    }
     static void tell(std::function<void()> const& callback)
     {
         if (callback)
@@ -154,7 +123,8 @@ private:
     ZVUpdateDelegate* m_delegate;
     id<ZVUpdaterController> m_controller;
     id<ZVUpdater> m_updater;
-    ZVUpdaterWatch* m_watch = nil;
+    ZVKeyObserver* m_canCheck = nil;
+    ZVKeyObserver* m_automatic = nil;
     Lifetime m_lifetime;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/linux/apps/Launching.h"
 
+#include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/session/PosixToolRunner.h"
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/TextFiles.h"
@@ -137,6 +138,21 @@ TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
     EXPECT_EQ(logText(), std::string("started ") + std::getenv("ZV_TEST_HOME") + "\n");
 }
 
+TEST_F(LaunchingInside, FilesHaveTheApplicationsOfTheirTypeAndATrash)
+{
+    auto const document = Url::fromPath(write("c d.txt", "text"));
+    auto const found = applicationsFor(document);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].file.path(), home("applications/handler.desktop")) << "the default one first, and once";
+    EXPECT_EQ(found[1].file.path(), home("applications/a-second.desktop"));
+    EXPECT_TRUE(openFileWith(document, found[1].file, ""));
+    EXPECT_EQ(logText(), "started " + document.path() + "\n");
+    EXPECT_TRUE(moveToTrash(document));
+    EXPECT_FALSE(fs::exists(document.path()));
+    EXPECT_TRUE(fs::exists(home("Trash/files/c d.txt")));
+    EXPECT_FALSE(moveToTrash(document)) << "it is gone";
+}
+
 TEST(Launching, InAnEnvironmentOfItsOwn)
 {
     TemporaryFolder const folder;
@@ -144,8 +160,10 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     fs::permissions(note, fs::perms::owner_all);
     // Written before the other process first looks: it notices later entries in its own time.
     folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
+    folder.write("applications/a-second.desktop", entryText(folder.path(), "MimeType=text/plain;\n"));
     folder.write("applications/mimeapps.list",
-        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");
+        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n"
+        "[Added Associations]\ntext/plain=a-second.desktop;\n");
     Environment environment { { "HOME", folder.path() }, { "XDG_DATA_HOME", folder.path() }, { "XDG_CONFIG_HOME", folder.path("none") },
         { "XDG_DATA_DIRS", folder.path("none") }, { "XDG_CONFIG_DIRS", folder.path("none") }, { "ZV_TEST_HOME", folder.path() } };
     for (auto const* kept : { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS" }) {
@@ -155,7 +173,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 6 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 7 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)
