@@ -34,7 +34,8 @@ CommandMenu::CommandMenu(TurningSystem const& over, Preferences const& preferenc
           .looks = m_looks,
           .preferences = preferences,
           .listedFolders = m_hotkeys,
-          .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} } })
+          .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} },
+          .entryShell = {} })
     , m_session(m_menus.builder(), m_turnUntil)
 {
 }
@@ -51,7 +52,8 @@ System CommandMenu::countedSystem(System const& system)
             .volumes = lists.volumes,
             .recentServers = lists.recentServers,
             .networkInterfaces = lists.networkInterfaces,
-            .settingsPanes = lists.settingsPanes },
+            .settingsPanes = lists.settingsPanes,
+            .applicationFolders = lists.applicationFolders },
         .session = system.session,
         .places = system.places };
 }

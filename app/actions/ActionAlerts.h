@@ -6,6 +6,7 @@
 #include "platform/desk/Alerts.h"
 #include "platform/desk/Application.h"
 #include "platform/session/ComputerInfo.h"
+#include "platform/session/Workspace.h"
 
 #include <optional>
 #include <string>
@@ -18,11 +19,19 @@ namespace zv {
 /// `failure` is the failure's own textual form, shown raw.
 [[nodiscard]] Alert notCompletedAlert(std::string const& title, std::string const& failure);
 [[nodiscard]] Alert shortcutAlert(std::string const& name, ShortcutsProvider::Failure const& failure);
+/// Asks whether to move the file to the Trash; the first button does.
+[[nodiscard]] Alert trashQuestion(std::string const& name);
+[[nodiscard]] Alert trashAlert(std::string const& name, std::string const& reason);
+[[nodiscard]] Alert noTerminalAlert();
 [[nodiscard]] Alert locationAlert(std::string const& name);
 /// Empty for a kind that ends no session.
 [[nodiscard]] std::optional<Alert> confirmationAlert(MenuItemKind const& kind);
 [[nodiscard]] Alert forceQuitNote();
 [[nodiscard]] Alert aboutComputerAlert(ComputerFacts const& facts);
+/// Asks before something starts that nobody installed.
+[[nodiscard]] Alert untrustedStartAlert(UntrustedStart const& start);
+/// The consent that the alert's button gives; nothing for "Cancel".
+[[nodiscard]] std::optional<StartConsent> consentOf(std::size_t button);
 
 /// Asks before a session ends, for desktops that do not ask.
 class AlertConfirmation : public SessionConfirmation {

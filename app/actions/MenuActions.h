@@ -34,6 +34,9 @@ public:
     };
 
     explicit MenuActions(Services services);
+    ~MenuActions() override;
+    MenuActions(MenuActions const&) = delete;
+    MenuActions& operator=(MenuActions const&) = delete;
 
     bool perform(MenuItem const& item) override;
     void open(Url const& url) override;
@@ -66,6 +69,7 @@ private:
     void placeWasNotFound(SystemPlace place, MenuItem const& item);
     void present(Alert const& alert);
     void presentPermissionAlert(MenuItem const& item);
+    void askToStart(UntrustedStart const& start);
 
     Services m_services;
     ShortcutsProvider m_shortcuts;

@@ -1,5 +1,7 @@
 #include "app/menu/DynamicSubmenu.h"
 
+#include "app/menu/ApplicationMenu.h"
+#include "app/menu/EntryMenus.h"
 #include "app/menu/HotkeyHints.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
@@ -16,6 +18,7 @@ namespace {
 constexpr std::chrono::seconds patience { 10 };
 constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
 constexpr char const* loadingTitle = "Loading…";
+constexpr char const* noApplicationsTitle = "No Applications";
 constexpr char const* noItemsTitle = "No Items";
 constexpr char const* emptyFolderTitle = "Empty Folder";
 constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
@@ -59,7 +62,7 @@ void tidySeparators(std::vector<DynamicEntry>& entries)
 
 void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(loadingTitle)); }
 
-bool isLoading(Menu const& menu) { return menu.entries.size() == 1 && !menu.entries[0].enabled && menu.entries[0].title == loadingTitle; }
+bool isLoading(Menu const& menu) { return !menu.entries.empty() && !menu.entries.back().enabled && menu.entries.back().title == loadingTitle; }
 
 void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder)
 {
@@ -78,8 +81,9 @@ void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view e
         appendOverflowLine(menu, list.totalCount - shown);
 }
 
-DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources)
+DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, EntrySubject subject, MenuBuilder const& builder, SubmenuSources const& sources)
     : m_source(std::move(source))
+    , m_subject(std::move(subject))
     , m_builder(builder)
     , m_sources(sources)
 {
@@ -90,13 +94,23 @@ void DynamicSubmenuDelegate::menuNeedsUpdate(Menu& menu)
     assertMainThread();
     ++m_opening;
     m_patience.reset();
+    m_hasHead = m_sources.openingKeys.option() == OptionKey::held;
     m_isFilling = true;
     std::visit([&](auto const& source) { fill(menu, source); }, m_source.value);
     m_isFilling = false;
+    addHead(menu);
+}
+
+void DynamicSubmenuDelegate::addHead(Menu& menu) const
+{
+    if (m_hasHead && m_subject.menus)
+        m_subject.menus->addHead(menu, m_subject);
 }
 
 void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& folder)
 {
+    if (m_sources.applications && m_sources.applications->contains(folder.url))
+        return fillApplications(menu);
     auto const& preferences = m_builder.preferences();
     FolderListingOptions const options { preferences.showHiddenFiles(), preferences.sortFoldersFirst(), itemLimit(preferences) };
     if (m_sources.folders.isRemote(folder.url))
@@ -113,8 +127,10 @@ template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change ch
         if (!stillThere || opening != m_opening)
             return;
         change(*stillThere, std::forward<decltype(arguments)>(arguments)...);
-        if (!m_isFilling)
-            stillThere->didRefill();
+        if (m_isFilling)
+            return;
+        addHead(*stillThere);
+        stillThere->didRefill();
     });
 }
 
@@ -142,6 +158,27 @@ void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Fol
         m_patience.reset();
         show(answered, folder, std::move(listing));
     }));
+}
+
+void DynamicSubmenuDelegate::fillApplications(Menu& menu)
+{
+    showLoading(menu);
+    m_sources.applications->list(later(menu, [this](Menu& answered, std::vector<InstalledApplication> const& found) { showApplications(answered, found); }));
+}
+
+void DynamicSubmenuDelegate::showApplications(Menu& menu, std::vector<InstalledApplication> const& applications) const
+{
+    if (applications.size() < fewestGroupedApplications)
+        return populate(menu, applicationEntries(applications), 0, noApplicationsTitle, m_builder);
+    menu.entries.clear();
+    for (auto& group : groupedByCategory(applications)) {
+        MenuEntry entry;
+        entry.title = titleOf(group.category);
+        entry.submenu = std::make_shared<Menu>(entry.title);
+        m_builder.applyCategoryIcon(group.category, entry);
+        populate(*entry.submenu, std::move(group.entries), 0, noApplicationsTitle, m_builder);
+        menu.entries.push_back(std::move(entry));
+    }
 }
 
 void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)

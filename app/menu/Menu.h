@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/menu/EntrySubject.h"
 #include "platform/desk/Image.h"
 #include "platform/desk/ModifierKeys.h"
 
@@ -73,6 +74,7 @@ struct MenuEntry {
     std::shared_ptr<MenuActionTarget> target; ///< null when choosing does nothing
     std::shared_ptr<void> representedObject; ///< keeps the entry's objects alive: its target, its submenu's delegate
     std::shared_ptr<Menu> submenu;
+    EntrySubject subject; ///< what its own menu acts on
 
     [[nodiscard]] static MenuEntry separator();
     [[nodiscard]] static MenuEntry disabled(std::string title);

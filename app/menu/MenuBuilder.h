@@ -24,6 +24,7 @@
 
 namespace zv {
 
+class EntryMenus;
 struct SubmenuSources;
 
 /// Builds the menu from the user's items, afresh each time it is about to open. Computed parts are
@@ -35,6 +36,7 @@ public:
         LocationServices locations;
         MenuIcons& icons;
         MenuCommands& commands;
+        EntryMenus const& entryMenus;
         Workspace& workspace;
         Resources const& resources;
         TextMeasure const& text;
@@ -53,6 +55,9 @@ public:
     /// Empties the menu, then adds an entry a visible item.
     void appendItems(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const;
 
+    /// The entry of one item, outside any menu.
+    [[nodiscard]] MenuEntry entryFor(MenuItem const& item) const { return makeItem(item, OptionKey::released); }
+
     enum class AppCommands { omitted, included };
     enum class QuitCommand { omitted, included };
     void appendStandardItems(Menu& menu, AppCommands appCommands, QuitCommand quit) const;
@@ -67,12 +72,13 @@ public:
     }
     /// The same for an entry in a list, which the list's items share.
     [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
-    [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const;
+    [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source, EntrySubject subject = {}) const;
     /// A disabled item in italics, the reason as its tooltip.
     [[nodiscard]] static MenuEntry makeUnavailableItem(std::string title, std::string reason);
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
 
     void applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const;
+    void applyCategoryIcon(ApplicationCategory category, MenuEntry& entry) const;
     void applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const;
 
     [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }
@@ -81,6 +87,7 @@ public:
 
 private:
     [[nodiscard]] MenuEntry makeItem(MenuItem const& item, OptionKey option) const;
+    [[nodiscard]] MenuEntry makeItemOfKind(MenuItem const& item, OptionKey option) const;
     [[nodiscard]] MenuEntry makeGenericItem(MenuItem const& item, OptionKey option) const;
     [[nodiscard]] MenuEntry makeGroupSubmenu(MenuItem const& item, std::vector<MenuItem> const& children, OptionKey option) const;
     [[nodiscard]] MenuEntry makeCommandItem(MenuItem const& item) const;
@@ -94,6 +101,7 @@ private:
     [[nodiscard]] MenuEntry makeCustomizeItem() const;
     [[nodiscard]] MenuEntry makeUpdateItem() const;
     [[nodiscard]] MenuEntry makeTrailingQuitItem() const;
+    [[nodiscard]] EntrySubject subjectOf(MenuItem const& item) const;
     [[nodiscard]] std::int64_t depthOf(MenuItem const& item) const;
     [[nodiscard]] std::vector<MenuItem> const& dockChildren() const;
 

@@ -19,7 +19,9 @@ class HotkeyCenter;
 class MenuBuilder;
 class MenuCommands;
 class MenuIcons;
+class MenuShortcut;
 class MenuStore;
+class OpeningKeys;
 class Preferences;
 
 /// Owns the two menus of the user's items: the status icon's and the overlay's. Receives the global
@@ -36,10 +38,12 @@ public:
         Presence const& presence;
         MenuStore& store;
         Preferences& preferences;
+        MenuShortcut const& menuShortcut;
         MenuBuilder const& builder;
         DynamicMenuProvider const& lists;
         MenuIcons& icons;
         MenuCommands& commands;
+        OpeningKeys& openingKeys;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
@@ -58,7 +62,9 @@ public:
     void updateStatusItem();
     /// Scans file names for shortcuts, off the main thread; does nothing at a depth below 1.
     void rescanFileHotkeys();
-    /// Performs the item as if chosen; does nothing if it has been deleted.
+    /// Opens the menu, its first entry selected.
+    void openMenuByKey();
+    /// Performs the item as if chosen, or opens its submenu; does nothing if it has been deleted.
     void handleHotkey(Uuid const& item);
     void handleHotkey(Url const& file);
 
@@ -74,6 +80,7 @@ private:
     };
 
     [[nodiscard]] std::shared_ptr<Menu> makeMenu() const;
+    void popUpByKey(std::shared_ptr<Menu> const& menu);
     void wireHotkeys();
     void reregisterHotkeys();
     void observe(Watch& watch);
@@ -84,9 +91,11 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
     NotificationToken m_layoutChanges;
     std::shared_ptr<Menu> m_overlayMenu;
+    MenuEntry m_openedByKey; ///< keeps the last submenu that a shortcut opened
     std::shared_ptr<void> m_appleMenuOverlay;
     Watch m_showsStatusItem;
     Watch m_prescanDepth;
+    Watch m_menuShortcut;
     Lifetime m_lifetime;
 };
 

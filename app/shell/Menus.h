@@ -1,12 +1,14 @@
 #pragma once
 
 #include "app/actions/ActionAlerts.h"
+#include "app/actions/EntryMenu.h"
 #include "app/actions/MenuActions.h"
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/FolderListings.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuIcon.h"
+#include "app/menu/OpeningKeys.h"
 #include "platform/System.h"
 
 namespace zv {
@@ -23,6 +25,7 @@ public:
         Preferences const& preferences;
         ListedFolderSink& listedFolders;
         MenuActions::Shell shell;
+        EntryMenu::Shell entryShell;
     };
 
     explicit Menus(Parts parts);
@@ -32,6 +35,7 @@ public:
     [[nodiscard]] MenuBuilder const& builder() const { return m_builder; }
     [[nodiscard]] MenuActions& actions() { return m_actions; }
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
+    [[nodiscard]] OpeningKeys& openingKeys() { return m_openingKeys; }
     [[nodiscard]] DynamicMenuProvider const& lists() const { return m_lists; }
 
 private:
@@ -41,10 +45,12 @@ private:
     SystemEventsBridge m_scripts;
     MenuActions m_actions;
 
+    OpeningKeys m_openingKeys;
     FolderListings m_folders;
     DynamicMenuProvider m_lists;
     SubmenuSources m_sources;
     MenuIcon m_icons;
+    EntryMenu m_entryMenu;
     MenuBuilder m_builder;
 };
 

@@ -22,7 +22,8 @@ ProgramParts::ProgramParts(Over over)
           .looks = over.surface.looks,
           .preferences = over.preferences,
           .listedFolders = m_fileHotkeys,
-          .shell = actionShell() })
+          .shell = actionShell(),
+          .entryShell = entryShell() })
     , m_addToItems(ItemsFolder(over.system.places.itemsFolder, *over.system.files.disk, over.system.files.aliases),
           { .application = over.surface.desk.application, .alerts = over.surface.desk.alerts, .tasks = over.system.time.tasks })
 {
@@ -42,6 +43,14 @@ MenuActions::Shell ProgramParts::actionShell()
         .checkForUpdates = [this] { m_updater.checkForUpdates(); } };
 }
 
+EntryMenu::Shell ProgramParts::entryShell()
+{
+    return { .isInMenu = [this](Uuid const& item) { return m_over.store.find(item) != nullptr; },
+        .editItem = [this](Uuid const& item) { m_over.settings.openAt(item); },
+        .removeItem = [this](Uuid const& item) { settingsModels().editor().remove({ item }); },
+        .addToItems = [this](std::vector<Url> files) { (void)m_addToItems.addToZantheVellItems(std::move(files)); } };
+}
+
 std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
 {
     return std::make_unique<StatusItemController>(StatusItemController::Services {
@@ -50,10 +59,12 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .presence = m_over.surface.presence,
         .store = m_over.store,
         .preferences = m_over.preferences,
+        .menuShortcut = m_over.menuShortcut,
         .builder = m_menus.builder(),
         .lists = m_menus.lists(),
         .icons = m_menus.icons(),
         .commands = m_menus.actions(),
+        .openingKeys = m_menus.openingKeys(),
         .hotkeys = m_hotkeys,
         .fileHotkeys = m_fileHotkeys,
         .notifications = m_notifications,
@@ -91,6 +102,7 @@ SettingsModels::Services ProgramParts::settingsServices()
         .surface = m_over.surface,
         .store = m_over.store,
         .preferences = m_over.preferences,
+        .menuShortcut = m_over.menuShortcut,
         .hotkeys = m_hotkeys,
         .backups = m_over.backups,
         .loginItem = m_loginItem,

@@ -6,6 +6,7 @@
 #include "app/hotkeys/KeyboardLayout.h"
 #include "app/menubar/StatusItemController.h"
 #include "app/model/MenuBackups.h"
+#include "app/model/MenuShortcut.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
 #include "app/settings/LoginItem.h"
@@ -30,6 +31,7 @@ public:
         System const& system;
         Surface const& surface;
         Preferences& preferences;
+        MenuShortcut& menuShortcut;
         MenuStore& store;
         MenuBackups const& backups;
         Begging& begging;
@@ -50,6 +52,7 @@ public:
 
 private:
     [[nodiscard]] MenuActions::Shell actionShell();
+    [[nodiscard]] EntryMenu::Shell entryShell();
     [[nodiscard]] SettingsModels::Services settingsServices();
     [[nodiscard]] std::shared_ptr<void> makeOverlay(std::function<void(Point)> showMenu);
 

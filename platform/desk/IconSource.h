@@ -2,6 +2,7 @@
 
 #include "base/Url.h"
 #include "platform/desk/Image.h"
+#include "platform/lists/InstalledApplications.h"
 
 namespace zv {
 
@@ -12,11 +13,20 @@ enum class SystemIcon {
     computer, ///< this computer, by its model where known
     dock,
     folder,
+    forceQuit,
+    lockScreen,
+    logOut,
     network,
     networkLocation,
+    recentItems,
+    restart,
+    runningApplications,
     shortcuts,
+    shutDown,
+    sleep,
     softwareUpdate,
     systemSettings,
+    volumes,
 };
 
 /// The system's own pictures, 16 by 16 points. None of these waits for a disk or a
@@ -28,6 +38,8 @@ public:
     [[nodiscard]] virtual ImageRef fileIcon(Url const& file) = 0;
     /// The system's picture; null where it has none.
     [[nodiscard]] virtual ImageRef systemIcon(SystemIcon icon) = 0;
+    /// The picture of a group of applications; null where the system has none.
+    [[nodiscard]] virtual ImageRef categoryIcon(ApplicationCategory /*category*/) { return nullptr; }
 };
 
 } // namespace zv

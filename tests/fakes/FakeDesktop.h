@@ -21,11 +21,22 @@ public:
 class FakeWorkspace : public Workspace {
 public:
     void open(Url const& url) override { log.push_back("open " + url.toString()); }
+    void startUntrusted(UntrustedStart const& start, StartConsent consent) override
+    {
+        log.push_back((consent == StartConsent::always ? "always start " : "start ") + start.file.toString());
+    }
     void reveal(Url const& fileURL) override { log.push_back("reveal " + fileURL.toString()); }
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override
     {
         auto const found = applications.find(std::string(identifier));
         return found == applications.end() ? std::nullopt : std::optional(found->second);
+    }
+    void findApplicationsFor(Url const&, std::function<void(std::vector<InstalledApplication>)> done) override { done(openers); }
+    void openWith(Url const& file, Url const& application) override { log.push_back("open " + file.toString() + " with " + application.toString()); }
+    void moveToTrash(Url const& file, std::function<void(Result<void>)> done) override
+    {
+        log.push_back("trash " + file.toString());
+        done(trashing);
     }
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
@@ -35,7 +46,9 @@ public:
 
     std::vector<std::string> log;
     std::map<std::string, Url> applications;
+    std::vector<InstalledApplication> openers;
     Result<void> launching;
+    Result<void> trashing;
 };
 
 class FakeApplication : public Application {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/EntryMenus.h"
 #include "app/menu/ListedFolderSink.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
@@ -34,6 +35,14 @@ public:
     std::vector<std::string> log;
 };
 
+/// Entries without menus of their own; the head of a submenu is one line.
+class FakeEntryMenus : public EntryMenus {
+public:
+    MenuEntry menuOf(MenuEntry const&) const override { return {}; }
+    std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return nullptr; }
+    void addHead(Menu& submenu, EntrySubject const&) const override { submenu.entries.insert(submenu.entries.begin(), MenuEntry::disabled("Head")); }
+};
+
 /// Pictures named after what they stand for.
 class FakeMenuIcons : public MenuIcons {
 public:
@@ -43,6 +52,7 @@ public:
     }
     ImageRef iconForFile(Url const& url) override { return std::make_shared<FakeImage>("file:" + url.path()); }
     ImageRef networkIcon() override { return std::make_shared<FakeImage>("network"); }
+    ImageRef iconForCategory(ApplicationCategory category) override { return std::make_shared<FakeImage>("category:" + std::to_string(static_cast<int>(category))); }
     void emptyCache() override { ++emptied; }
 
     std::map<MenuItemKind::Case, bool> withoutIcon;

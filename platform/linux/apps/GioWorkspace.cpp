@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/entries/PackageName.h"
 #include "platform/linux/posix/GObjects.h"
@@ -64,20 +65,60 @@ void GioWorkspace::open(Url const& url)
     });
 }
 
-void GioWorkspace::openInBackground(Url const& url)
+void GioWorkspace::startUntrusted(UntrustedStart const& start, StartConsent consent)
 {
-    runLogged(m_services.tasks, "could not open", url, [url, bus = m_sessionBus, launches = m_launches] {
-        auto opened = openUrl(url, bus);
-        if (opened && isApplication(url))
+    assertMainThread();
+    openInBackground(start.file, start, consent);
+}
+
+void GioWorkspace::openInBackground(Url const& url, std::optional<UntrustedStart> agreed, std::optional<StartConsent> consent)
+{
+    auto done = m_lifetime.guard([this, url](Outcome const& outcome) { opened(url, outcome); });
+    m_services.tasks.runDetached([url, agreed = std::move(agreed), consent, bus = m_sessionBus, launches = m_launches, trust = m_trust, done] {
+        auto outcome = openUrl(url, bus, trust, agreed);
+        if (outcome && isApplication(url))
             launches.add({ std::time(nullptr), url.path() });
-        return opened;
+        if (outcome && consent == StartConsent::always)
+            makeExecutable(url.path());
+        return std::function<void()>([outcome = std::move(outcome), done]() mutable { done(outcome); });
     });
+}
+
+void GioWorkspace::opened(Url const& url, Outcome const& outcome)
+{
+    if (outcome)
+        return;
+    auto const& failure = outcome.error();
+    if (failure.untrusted && onUntrusted)
+        onUntrusted(*failure.untrusted);
+    else
+        logFailure("could not open", url, failure.reason);
 }
 
 void GioWorkspace::reveal(Url const& fileURL)
 {
     assertMainThread();
     runLogged(m_services.tasks, "could not reveal", fileURL, [fileURL, bus = m_sessionBus] { return revealFile(fileURL, bus); });
+}
+
+void GioWorkspace::findApplicationsFor(Url const& file, std::function<void(std::vector<InstalledApplication>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached([file, done = std::move(done)] {
+        return std::function<void()>([done, found = isApplication(file) ? std::vector<InstalledApplication> {} : applicationsFor(file)] { done(found); });
+    });
+}
+
+void GioWorkspace::openWith(Url const& file, Url const& application)
+{
+    assertMainThread();
+    runLogged(m_services.tasks, "could not open", file, [file, application, bus = m_sessionBus] { return openFileWith(file, application, bus); });
+}
+
+void GioWorkspace::moveToTrash(Url const& file, std::function<void(Result<void>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached([file, done = std::move(done)] { return std::function<void()>([done, moved = zv::moveToTrash(file)] { done(moved); }); });
 }
 
 std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view identifier) const

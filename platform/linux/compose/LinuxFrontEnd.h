@@ -50,6 +50,8 @@ private:
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
+    void useBus(QDBusConnection const& bus);
+    [[nodiscard]] int openSettingsOfOther();
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
     LinuxFiles m_files;

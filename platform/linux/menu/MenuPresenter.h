@@ -25,10 +25,14 @@ public:
     /// Opens at a point of the desktop in the screens' own pixels, origin at the top left;
     /// `extra` counts as held in addition to the keyboard's modifiers.
     void open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra = ModifierMask::none);
+    /// Opens at the pointer, centred on the screen where there is none, the first entry selected.
+    void openByKey(std::shared_ptr<Menu> const& menu);
     void close();
     [[nodiscard]] bool isOpen() const;
 
 private:
+    void show(std::shared_ptr<Menu> const& menu);
+
     MenuPerformer& m_performer;
     std::unique_ptr<MenuAccessibleParent> m_accessibleParent;
     MenuWindow* m_window; ///< a child of m_accessibleParent

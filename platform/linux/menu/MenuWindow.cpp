@@ -10,10 +10,12 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyleOptionMenuItem>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace zv {
@@ -22,6 +24,7 @@ MenuWindow::MenuWindow(QWidget* parent)
     : QMenu(parent)
     , m_mirror(*this)
     , m_typing(*this, m_mirror)
+    , m_entryMenu(*this, [this](QAction const* action) { return entryOf(action); })
     , m_picture(*this, [this] { return isPlain(); })
 {
     setToolTipsVisible(true);
@@ -64,11 +67,18 @@ void MenuWindow::mirror()
     m_typing.setMenu(m_menu.get());
 }
 
+void MenuWindow::popUpByKey(QPoint at)
+{
+    QScopedValueRollback const handling(m_handlesKey, true);
+    popup(at);
+    m_typing.selectFirst();
+}
+
 void MenuWindow::willOpen()
 {
     if (m_isLayingOut || !m_menu)
         return;
-    m_isOpenedByKey = parentMenu() && parentMenu()->m_handlesKey;
+    m_isOpenedByKey = parentMenu() ? parentMenu()->m_handlesKey : m_handlesKey;
     m_typing.begin();
     m_menu->needsUpdate();
     mirror();
@@ -93,15 +103,28 @@ void MenuWindow::chosen(QAction* action)
         onChosen(entry->target(), QGuiApplication::keyboardModifiers()); // modifiers of the choosing click or key
 }
 
-void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target)
+MenuWindow& MenuWindow::topMenu()
 {
     auto* root = this;
     while (root->parentMenu())
         root = root->parentMenu();
+    return *root;
+}
+
+void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held)
+{
+    auto& root = topMenu();
     auto const chosen = target; // a copy, as closing may release the entry
-    root->close();
-    if (chosen && root->onChosen)
-        root->onChosen(chosen, Qt::NoModifier);
+    root.close();
+    if (chosen && root.onChosen)
+        root.onChosen(chosen, held);
+}
+
+MenuEntry const* MenuWindow::entryOf(QAction const* action) const
+{
+    auto const& actions = m_mirror.actions();
+    auto const index = static_cast<std::size_t>(std::find(actions.begin(), actions.end(), action) - actions.begin());
+    return m_menu && index < m_menu->entries.size() ? &m_menu->entries[index] : nullptr;
 }
 
 void MenuWindow::refilled()
@@ -131,7 +154,7 @@ void MenuWindow::layOutAgain()
 
 void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (m_typing.takes(*event))
+    if (m_entryMenu.takes(*event) || m_typing.takes(*event))
         return;
     QScopedValueRollback const handling(m_handlesKey, true);
     QMenu::keyPressEvent(event);
@@ -157,6 +180,15 @@ bool MenuWindow::event(QEvent* event)
     case QEvent::ShortcutOverride: // some keys would reach the menu as shortcuts of the program; all of them are the menu's
         event->accept();
         return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (m_entryMenu.takes(static_cast<QMouseEvent&>(*event)))
+            return true;
+        break;
+    case QEvent::Leave: // the entry whose own menu is open stays selected
+        if (m_entryMenu.isOpen())
+            return true;
+        break;
     case QEvent::Show:
         m_picture.windowShows();
         windowHandle()->installEventFilter(this);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/menu/EntryMenuPopup.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuPicture.h"
 #include "platform/linux/menu/MenuTyping.h"
@@ -28,9 +29,14 @@ public:
     /// window and the looks of its entries stay.
     void forget();
 
+    /// Pops up with the first entry selected.
+    void popUpByKey(QPoint at);
+
     /// Performs the key's usual menu step once.
     void step(int key);
-    void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target);
+    void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held = Qt::NoModifier);
+    /// The window at the root of the tree.
+    [[nodiscard]] MenuWindow& topMenu();
     void layOutAgain();
 
     /// Performs an entry's action; called by the window at the root of the tree.
@@ -54,11 +60,13 @@ private:
     void chosen(QAction* action);
     void mirror();
     void refilled();
+    [[nodiscard]] MenuEntry const* entryOf(QAction const* action) const;
     [[nodiscard]] bool isPlain() const;
 
     std::shared_ptr<Menu> m_menu;
     MenuMirror m_mirror;
     MenuTyping m_typing;
+    EntryMenuPopup m_entryMenu;
     MenuPicture m_picture;
     bool m_isLayingOut = false;
     bool m_handlesKey = false;

@@ -274,6 +274,12 @@ void MenuEditorView::select(std::set<Uuid> const& ids)
     m_outline->scrollTo(rows.back());
 }
 
+void MenuEditorView::showItem(Uuid const& item)
+{
+    select({ item });
+    m_outline->setFocus();
+}
+
 void MenuEditorView::selectionChanged()
 {
     bool const hasSelection = m_outline->selectionModel()->hasSelection();

@@ -4,6 +4,7 @@
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/settings/AboutView.h"
 #include "platform/linux/settings/MenuEditorView.h"
+#include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsPageView.h"
 
 #include <QCloseEvent>
@@ -28,7 +29,7 @@ public:
     Window(SettingsModels& models, KeyLookup lookUp)
         : m_models(models)
         , m_tabs(new QTabWidget)
-        , m_general(new SettingsPageView)
+        , m_general(new SettingsPageView([&models, lookUp] { return new RecorderField(models, lookUp); }))
     {
         setWindowTitle(text(settingsTexts::windowTitle));
         setWindowIcon(laurelApplicationIcon());
@@ -36,7 +37,8 @@ public:
         column->setContentsMargins(8, 8, 8, 8);
         column->addWidget(m_tabs);
         m_tabs->addTab(m_general, text(settingsTexts::generalTab));
-        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), text(settingsTexts::menuTab));
+        m_menu = new MenuEditorView(models, std::move(lookUp));
+        m_tabs->addTab(m_menu, text(settingsTexts::menuTab));
         m_tabs->addTab(new AboutView(models), text(settingsTexts::aboutTab));
         m_tabs->setAccessibleName(text(settingsTexts::tabs));
         bringPlaceBack();
@@ -53,6 +55,12 @@ public:
     {
         keepSize();
         m_models.general().onChanged = nullptr;
+    }
+
+    void showItem(Uuid const& item)
+    {
+        m_tabs->setCurrentWidget(m_menu);
+        m_menu->showItem(item);
     }
 
     /// Shows the current settings, and follows them.
@@ -102,6 +110,7 @@ private:
     SettingsModels& m_models;
     QTabWidget* m_tabs;
     SettingsPageView* m_general;
+    MenuEditorView* m_menu = nullptr;
     Observation m_observation;
 };
 
@@ -121,6 +130,12 @@ void QtSettingsWindow::openOrRaise()
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
+}
+
+void QtSettingsWindow::openAt(Uuid const& item)
+{
+    openOrRaise();
+    m_window->showItem(item);
 }
 
 void QtSettingsWindow::close() { m_window.reset(); }

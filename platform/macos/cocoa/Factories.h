@@ -123,7 +123,7 @@ std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateU
 std::unique_ptr<UserDefaults> makeUserDefaults();
 std::unique_ptr<UserNotifications> makeUserNotifications();
 std::unique_ptr<Volumes> makeVolumes(Tasks& tasks);
-std::unique_ptr<Workspace> makeWorkspace();
+std::unique_ptr<Workspace> makeWorkspace(Tasks& tasks);
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
 
 /// Turns the main thread's run loop until `isDone` is true or the time is over.

@@ -47,8 +47,14 @@ System MacSystem::system() const
             .volumes = *m_volumes,
             .recentServers = *m_recentServers,
             .networkInterfaces = *m_networkInterfaces,
-            .settingsPanes = *m_settingsPanes },
-        .session = { .workspace = *m_workspace, .desktop = *m_desktop, .computer = *m_computer, .events = *m_events, .scripts = *m_scripts, .tools = m_tools },
+            .settingsPanes = *m_settingsPanes,
+            .applicationFolders = nullptr },
+        .session = { .workspace = *m_workspace,
+            .desktop = *m_desktop,
+            .computer = *m_computer,
+            .events = *m_events,
+            .scripts = *m_scripts,
+            .tools = m_tools },
         .places = m_files.places() };
 }
 

@@ -3,6 +3,8 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/desk/Images.h"
 
+#include "app/menu/EntryMenus.h"
+
 using zv::MenuEntry;
 
 /// Owned by an item: its action, and the mirror of its submenu.
@@ -112,12 +114,30 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     return item;
 }
 
+/// The item that Option shows in the entry's place: it opens the entry's own menu. Nil for a submenu, which has that
+/// above its entries, and where Option belongs to the shortcut.
+NSMenuItem* ownMenuItem(MenuEntry const& entry)
+{
+    if (entry.submenu || !entry.subject.menus || zv::contains(entry.keyEquivalentModifierMask, zv::ModifierMask::option))
+        return nil;
+    auto own = entry.subject.menus->menuOf(entry);
+    if (!own.submenu)
+        return nil;
+    own.image = entry.image;
+    own.attributedTitle = entry.attributedTitle;
+    own.keyEquivalent = entry.keyEquivalent;
+    own.keyEquivalentModifierMask = entry.keyEquivalentModifierMask | zv::ModifierMask::option;
+    NSMenuItem* const item = toMenuItem(own);
+    item.alternate = YES;
+    return item;
+}
+
 constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
 
 bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
 {
     bool const isSame = item.keyEquivalent.length > 0 && [item.keyEquivalent isEqualToString:typed];
-    return isSame && (item.keyEquivalentModifierMask & shortcutModifiers) == modifiers && item.isEnabled && item.action;
+    return isSame && (item.keyEquivalentModifierMask & shortcutModifiers) == modifiers && item.isEnabled && item.action && !item.hasSubmenu;
 }
 
 /// Looks in submenus too, but for those that fill themselves.
@@ -179,12 +199,21 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
 - (void)showEntries
 {
     [_menu removeAllItems];
-    for (auto const& entry : _mirrored->entries)
+    for (auto const& entry : _mirrored->entries) {
         [_menu addItem:toMenuItem(entry)];
+        if (NSMenuItem* const own = _showsOwnMenus ? ownMenuItem(entry) : nil)
+            [_menu addItem:own];
+    }
+}
+
+- (void)ignoreOption
+{
+    _ignoresOption = YES;
 }
 
 - (void)menuNeedsUpdate:(NSMenu*)menu
 {
+    _showsOwnMenus = !_ignoresOption && (NSEvent.modifierFlags & NSEventModifierFlagOption) != 0;
     _mirrored->needsUpdate();
     [self showEntries];
     __unsafe_unretained ZVMenuMirror* const mirror = self;

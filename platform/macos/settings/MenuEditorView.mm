@@ -231,6 +231,12 @@ NSImage* warning(std::string const& spoken)
         [_outline scrollRowToVisible:last];
 }
 
+- (void)showItem:(zv::Uuid const&)item
+{
+    [self select:{ item }];
+    [[_outline window] makeFirstResponder:_outline];
+}
+
 - (void)openAbove:(ZVMenuNode*)node
 {
     if (ZVMenuNode* const parent = node.parent) {

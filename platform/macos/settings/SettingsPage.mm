@@ -25,8 +25,9 @@ constexpr double sectionSpacing = 14;
 } // namespace
 
 /// Makes the view as wide as its scroll view, as high as its rows.
-SettingsPage::SettingsPage()
-    : m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
+SettingsPage::SettingsPage(SettingsModels& models)
+    : m_models(models)
+    , m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
     , m_view(scrollAround(m_content))
 {
     m_view.drawsBackground = NO;
@@ -78,9 +79,24 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
 void SettingsPage::addRow(std::string const& heading, SettingsRow const& described)
 {
     auto const row = std::make_shared<Row>(Row { described });
-    row->control = controlFor(row);
+    if (described.kind == SettingsRow::Kind::shortcut)
+        addRecorder(row);
+    else
+        row->control = controlFor(row);
     m_rows[described.id] = row;
     addToForm(m_grid, boldLabel(heading), placed(*row));
+}
+
+void SettingsPage::addRecorder(RowRef const& row)
+{
+    row->recorder = std::make_unique<RecorderField>(m_models);
+    std::weak_ptr<Row> const weak = row;
+    row->recorder->onChange = [weak](auto const& spec) {
+        later([weak, spec] {
+            if (auto const alive = weak.lock())
+                SettingsRow(alive->described).record(spec);
+        });
+    };
 }
 
 NSControl* SettingsPage::controlFor(RowRef const& row)
@@ -115,6 +131,7 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
     }
     case SettingsRow::Kind::button:
         return pushButton(title, {}, m_actions, [perform] { perform([](SettingsRow const& now) { now.press(); }); });
+    case SettingsRow::Kind::shortcut:
     case SettingsRow::Kind::note:
         break;
     }
@@ -131,15 +148,17 @@ NSView* SettingsPage::placed(Row const& row) const
         setWidth(space, indentation);
         views.push_back(space);
     }
-    if (row.described.kind == SettingsRow::Kind::choice)
+    if (row.described.kind == SettingsRow::Kind::choice || row.recorder)
         views.push_back(label(row.described.title));
-    views.push_back(row.control);
-    return views.size() == 1 ? row.control : stack(Direction::row, views);
+    views.push_back(row.recorder ? row.recorder->view() : row.control);
+    return views.size() == 1 ? views.front() : stack(Direction::row, views);
 }
 
 void SettingsPage::take(Row& row, SettingsRow const& described)
 {
     row.described = described;
+    if (row.recorder)
+        return row.recorder->setSpec(described.shortcut);
     NSControl* const control = row.control;
     control.enabled = described.isEnabled ? YES : NO;
     if (!described.help.empty()) {

@@ -38,6 +38,7 @@ namespace zv {
 
 namespace {
 
+constexpr NSInteger menuTab = 1;
 NSSize const usualSize = NSMakeSize(900, 620);
 NSSize const smallestSize = NSMakeSize(760, 440);
 NSString* const frameName = @"Settings";
@@ -47,6 +48,7 @@ class MacSettings {
 public:
     explicit MacSettings(SettingsModels& models)
         : m_models(models)
+        , m_general(models)
         , m_editor([[ZVMenuEditor alloc] initWithModels:models])
         , m_about(models)
         , m_tabs([[NSTabViewController alloc] init])
@@ -74,6 +76,12 @@ public:
     {
         [m_window makeKeyAndOrderFront:nil];
         [m_window orderFrontRegardless]; // the system may decline to activate the program
+    }
+
+    void showItem(Uuid const& item)
+    {
+        [m_tabs setSelectedTabViewItemIndex:menuTab];
+        [m_editor showItem:item];
     }
 
 private:
@@ -155,6 +163,11 @@ public:
         if (!m_settings)
             m_settings = std::make_unique<MacSettings>(m_models());
         m_settings->bringToFront();
+    }
+    void openAt(Uuid const& item) override
+    {
+        openOrRaise();
+        m_settings->showItem(item);
     }
 
 private:

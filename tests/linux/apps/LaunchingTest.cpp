@@ -1,5 +1,6 @@
 #include "platform/linux/apps/Launching.h"
 
+#include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/session/PosixToolRunner.h"
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/TextFiles.h"
@@ -44,8 +45,15 @@ struct LaunchingInside : testing::Test {
     }
     std::string open(std::string const& path)
     {
-        auto const opened = openUrl(Url::fromPath(path), "");
-        return opened ? "" : opened.error();
+        auto const opened = openUrl(Url::fromPath(path), "", StartTrust({ std::getenv("ZV_TEST_HOME") }));
+        return opened ? "" : opened.error().reason;
+    }
+    /// What the user would be asked about; nothing where nobody would be asked.
+    static std::optional<UntrustedStart> question(std::string const& path, std::optional<UntrustedStart> const& agreed = std::nullopt)
+    {
+        constexpr uid_t nobody = 4'000'000'000;
+        auto const opened = openUrl(Url::fromPath(path), "", StartTrust({}, { .system = nobody }), agreed);
+        return opened ? std::nullopt : opened.error().untrusted;
     }
 };
 
@@ -77,13 +85,43 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     EXPECT_EQ(logText(), "folder\n");
 }
 
-TEST_F(LaunchingInside, AProgramsOwnFileIsLaunchedOnlyWhenThatIsAskedFor)
+TEST_F(LaunchingInside, AProgramRunsOnceItIsExecutable)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
-    EXPECT_EQ(launchApplication(Url::fromPath(program), "").error(), "no application entry that can be started");
+    EXPECT_EQ(launchApplication(Url::fromPath(program), "").error(), "no application that can be started");
     fs::permissions(program, fs::perms::owner_all);
-    EXPECT_TRUE(launchApplication(Url::fromPath(program), ""));
+    EXPECT_EQ(open(program), "");
     EXPECT_EQ(logText(), "file\n");
+}
+
+TEST_F(LaunchingInside, WhatNobodyInstalledStartsOnlyAsItWasAgreedTo)
+{
+    auto const url = [](std::string const& path) { return Url::fromPath(path); };
+    auto const entry = writeEntry("invoice.pdf.desktop");
+    auto const link = write("pictures.desktop", "[Desktop Entry]\nType=Link\nName=L\nURL=" + entry + "\n");
+    UntrustedStart const linkStart { url(link), entry, true };
+    UntrustedStart const start { url(entry), home("note started %u"), true };
+    EXPECT_EQ(question(entry), start);
+    EXPECT_EQ(question(link), linkStart);
+    EXPECT_EQ(question(link, linkStart), start) << "what a link leads to is asked about anew";
+    EXPECT_EQ(question(entry, UntrustedStart { url(entry), "something else", true }), start) << "it has changed since";
+    EXPECT_FALSE(fs::exists(home("log")));
+    EXPECT_EQ(question(entry, start), std::nullopt);
+    EXPECT_EQ(logText(), "started\n");
+    makeExecutable(entry);
+    EXPECT_EQ(question(entry), std::nullopt);
+    EXPECT_EQ(logText(), "started\n");
+
+    write("Tool.AppDir/AppRun", "#!/bin/sh\n");
+    fs::permissions(home("Tool.AppDir/AppRun"), fs::perms::owner_all);
+    auto const image = write("Tool.AppImage", "");
+    fs::copy_file("/bin/true", image, fs::copy_options::overwrite_existing);
+    fs::permissions(image, fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(question(home("Tool.AppDir")), std::nullopt) << "the bit of its program counts";
+    UntrustedStart const imageStart { url(image), image, true };
+    EXPECT_EQ(question(image), imageStart);
+    EXPECT_EQ(question(image, imageStart), std::nullopt) << "lent its bit";
+    EXPECT_EQ(question(image), imageStart) << "for once";
 }
 
 TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
@@ -91,13 +129,28 @@ TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
     auto const document = write("a b.txt", "text");
     EXPECT_EQ(open(document), "");
     EXPECT_EQ(logText(), "started " + document + "\n");
-    EXPECT_TRUE(openUrl(*Url::parse("x-zv://there?a=1&b=2"), ""));
+    EXPECT_TRUE(openUrl(*Url::parse("x-zv://there?a=1&b=2"), "", StartTrust()));
     EXPECT_EQ(logText(), "started x-zv://there?a=1&b=2\n");
-    EXPECT_FALSE(openUrl(*Url::parse("x-none://there"), "")) << "nobody handles it";
+    EXPECT_FALSE(openUrl(*Url::parse("x-none://there"), "", StartTrust())) << "nobody handles it";
     EXPECT_NE(open(home("gone.txt")), "") << "gone between listing and choosing";
 
     EXPECT_TRUE(revealFile(Url::fromPath(document), "")) << "no file manager to ask: its folder opens";
     EXPECT_EQ(logText(), std::string("started ") + std::getenv("ZV_TEST_HOME") + "\n");
+}
+
+TEST_F(LaunchingInside, FilesHaveTheApplicationsOfTheirTypeAndATrash)
+{
+    auto const document = Url::fromPath(write("c d.txt", "text"));
+    auto const found = applicationsFor(document);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].file.path(), home("applications/handler.desktop")) << "the default one first, and once";
+    EXPECT_EQ(found[1].file.path(), home("applications/a-second.desktop"));
+    EXPECT_TRUE(openFileWith(document, found[1].file, ""));
+    EXPECT_EQ(logText(), "started " + document.path() + "\n");
+    EXPECT_TRUE(moveToTrash(document));
+    EXPECT_FALSE(fs::exists(document.path()));
+    EXPECT_TRUE(fs::exists(home("Trash/files/c d.txt")));
+    EXPECT_FALSE(moveToTrash(document)) << "it is gone";
 }
 
 TEST(Launching, InAnEnvironmentOfItsOwn)
@@ -107,8 +160,10 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     fs::permissions(note, fs::perms::owner_all);
     // Written before the other process first looks: it notices later entries in its own time.
     folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
+    folder.write("applications/a-second.desktop", entryText(folder.path(), "MimeType=text/plain;\n"));
     folder.write("applications/mimeapps.list",
-        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");
+        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n"
+        "[Added Associations]\ntext/plain=a-second.desktop;\n");
     Environment environment { { "HOME", folder.path() }, { "XDG_DATA_HOME", folder.path() }, { "XDG_CONFIG_HOME", folder.path("none") },
         { "XDG_DATA_DIRS", folder.path("none") }, { "XDG_CONFIG_DIRS", folder.path("none") }, { "ZV_TEST_HOME", folder.path() } };
     for (auto const* kept : { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS" }) {
@@ -118,7 +173,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 5 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 6 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)

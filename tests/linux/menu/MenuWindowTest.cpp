@@ -2,12 +2,14 @@
 
 #include "platform/linux/menu/MenuWindow.h"
 
+#include "app/menu/EntryMenus.h"
 #include "platform/linux/icons/ThemeImage.h"
 #include "platform/linux/menu/MenuStyle.h"
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QStyleOptionMenuItem>
@@ -411,6 +413,59 @@ TEST_F(MenuWindowTest, AVeryLongNameLosesItsMiddleNotTheMenuItsShape)
     EXPECT_EQ(window->actions()[1]->text(), QString::fromStdString(name)) << "whole for those who hear it";
     EXPECT_EQ(window->actions()[1]->toolTip(), QString::fromStdString(name));
     EXPECT_EQ(window->drawnText(0), "Short && sweet");
+}
+
+/// Gives every entry a menu with one command, and every entry a folder to open.
+struct OneCommand : EntryMenus {
+    explicit OneCommand(std::function<void()> chosen, std::function<void()> folderOpened)
+        : command(FillingMenu::make({ leaf("Copy", std::move(chosen)) }))
+        , opening(std::make_shared<MenuActionTarget>(std::move(folderOpened)))
+    {
+    }
+    MenuEntry menuOf(MenuEntry const& entry) const override { return branch(entry.title, command); }
+    std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return opening; }
+    void addHead(Menu&, EntrySubject const&) const override { }
+    std::shared_ptr<FillingMenu> command;
+    std::shared_ptr<MenuActionTarget> opening;
+};
+
+TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
+{
+    OneCommand const own(note("copied"), note("folder opened"));
+    auto const inner = FillingMenu::make({ leaf("in it") });
+    auto file = leaf("File", note("chosen"));
+    auto folder = branch("Folder", inner);
+    file.subject.menus = folder.subject.menus = &own;
+    auto const click = [this](QEvent::Type type, Qt::MouseButton button, int entry) {
+        auto const at = QPointF(window->actionGeometry(window->actions()[entry]).center());
+        QMouseEvent event(type, at, window->mapToGlobal(at), button, button, {});
+        QApplication::sendEvent(window.get(), &event);
+    };
+    auto const chooseInTop = [this] {
+        EXPECT_NE(QApplication::activePopupWidget(), window.get()) << "its menu is open";
+        if (!static_cast<QMenu*>(QApplication::activePopupWidget())->activeAction())
+            press(Qt::Key_Down);
+        press(Qt::Key_Return);
+    };
+    struct Row {
+        std::function<void()> act;
+        char const* expected;
+    };
+    Row const rows[] = {
+        { [&] { click(QEvent::MouseButtonPress, Qt::RightButton, 0), chooseInTop(); }, "copied" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_Menu), chooseInTop(); }, "copied" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_F10, {}, Qt::ShiftModifier), chooseInTop(); }, "copied" },
+        { [&] { click(QEvent::MouseButtonDblClick, Qt::LeftButton, 1); }, "folder opened" },
+        { [&] { press(Qt::Key_Up), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "chosen" },
+    };
+    for (auto const& row : rows) {
+        done.clear();
+        open({ file, folder });
+        row.act();
+        EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
+        EXPECT_FALSE(window->isVisible());
+    }
 }
 
 } // namespace

@@ -34,7 +34,8 @@ typedef NSRect CGRect; typedef NSPoint CGPoint; typedef NSSize CGSize;
 #define ALIAS(n, o) static const auto n __attribute__((unused)) = o
 ALIAS(NSEventModifierFlagShift, NSShiftKeyMask);
 ALIAS(NSEventModifierFlagControl, NSControlKeyMask); ALIAS(NSEventModifierFlagOption, NSAlternateKeyMask);
-ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask);
+ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask); ALIAS(NSEventModifierFlagFunction, NSFunctionKeyMask);
+ALIAS(NSEventModifierFlagNumericPad, NSNumericPadKeyMask); ALIAS(NSEventTypeKeyDown, NSKeyDown);
 ALIAS(NSEventMaskMouseMoved, NSMouseMovedMask);
 ALIAS(NSAlertStyleWarning, NSWarningAlertStyle); ALIAS(NSAlertStyleInformational, NSInformationalAlertStyle);
 ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver);
@@ -118,6 +119,10 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 @interface NSWorkspace (CompatMac)
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
 - (void)activateFileViewerSelectingURLs:(NSArray *)u;
+- (void)openURLs:(NSArray *)u withApplicationAtURL:(NSURL *)a configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
+- (void)recycleURLs:(NSArray *)u completionHandler:(void (^)(NSDictionary *, NSError *))h;
+- (NSURL *)URLForApplicationToOpenURL:(NSURL *)u;
+- (NSArray *)URLsForApplicationsToOpenURL:(NSURL *)u;
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i;
 - (NSImage *)iconForContentType:(UTType *)t;
 @end
