@@ -41,6 +41,14 @@ public:
         }
     };
 
+    /// A shortcut that no key press triggers here, and that is in nobody's way.
+    struct Unavailable {
+        enum class Reason { notOnLayout, keptBySystem };
+        Target target;
+        std::string shortcut;
+        Reason reason;
+    };
+
     /// Both outlive this.
     HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout);
     ~HotkeyCenter() override;
@@ -56,6 +64,8 @@ public:
     /// Registers everything anew: items depth first, then files by path. Ids keep rising, so that a
     /// press under an earlier pass's id finds nothing.
     void reregister();
+    /// Registers again if another program had a shortcut, as that program may have ended.
+    void retryRefused();
     void unregisterAll();
     /// Releases all hotkeys until resume(), whatever registers anew meanwhile: while a shortcut is
     /// recorded, every combination must reach the recorder.
@@ -65,6 +75,8 @@ public:
     [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
     /// Reading them within withObservationTracking() observes them.
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
+
+    [[nodiscard]] std::vector<Unavailable> const& unavailable() const { return m_unavailable; }
 
     /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
     [[nodiscard]] HotkeySupport support() const;
@@ -95,6 +107,8 @@ private:
     KeyboardLayout& m_layout;
     std::set<Conflict> m_conflicts;
     std::map<HotkeyID, Registration> m_registrations;
+    std::vector<Unavailable> m_unavailable;
+    bool m_wasRefused = false; ///< another program has one of the shortcuts
     bool m_listens = false;
     bool m_isPaused = false;
     HotkeyID m_nextHotKeyID = 1;

@@ -32,6 +32,22 @@ Json entryFor(HotkeyCenter::Conflict const& conflict)
     return entry;
 }
 
+Json entryFor(HotkeyCenter::Unavailable const& unavailable)
+{
+    using Reason = HotkeyCenter::Unavailable::Reason;
+    Json entry { { "shortcut", unavailable.shortcut } };
+    addTarget(entry, unavailable.target);
+    entry["reason"] = unavailable.reason == Reason::keptBySystem ? "keptBySystem" : "notOnLayout";
+    return entry;
+}
+
+char const* nameOf(HotkeySupport support)
+{
+    if (support == HotkeySupport::none)
+        return "none";
+    return support == HotkeySupport::everywhere ? "everywhere" : "askingTheUser";
+}
+
 } // namespace
 
 std::string hotkeyReport(HotkeyCenter const* center)
@@ -42,6 +58,10 @@ std::string hotkeyReport(HotkeyCenter const* center)
             report["registrations"].push_back(entryFor(id, registration));
         for (auto const& conflict : center->conflicts())
             report["conflicts"].push_back(entryFor(conflict));
+        report["unavailable"] = Json::array();
+        for (auto const& unavailable : center->unavailable())
+            report["unavailable"].push_back(entryFor(unavailable));
+        report["support"] = nameOf(center->support());
     }
     return report.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
