@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/desk/Image.h"
-#include "platform/desk/ModifierKeys.h"
+#include "platform/desk/KeyPress.h"
 
 #include <cstddef>
 #include <functional>
@@ -46,6 +46,8 @@ public:
     virtual ~MenuDelegate() = default;
     virtual void menuNeedsUpdate(Menu& menu) = 0;
     virtual void menuDidClose(Menu&) { }
+    /// The action for a key pressed while the menu is open; null when it is no entry's shortcut.
+    [[nodiscard]] virtual std::shared_ptr<MenuActionTarget> targetForKey(Menu const&, KeyPress const&) { return nullptr; }
 };
 
 /// A title with style and a hint beside its text.
@@ -101,6 +103,8 @@ public:
     /// Lets the delegate, if any, fill the menu; called right before it opens.
     void needsUpdate();
     void didClose();
+    [[nodiscard]] std::shared_ptr<MenuActionTarget> targetForKey(KeyPress const& press) const;
+    [[nodiscard]] bool isOpen() const { return onRefilled != nullptr; }
     /// Tells a mirror that the entries changed while the menu was open.
     void didRefill() const;
 };

@@ -8,6 +8,7 @@
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
+#include "app/menu/MenuKeyEquivalent.h"
 #include "app/model/Locations.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
@@ -44,6 +45,7 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
     assertMainThread();
     auto const& items = m_services.store.items();
     m_services.lists.refresh(items);
+    m_services.system.time.tasks.runOnMain(m_lifetime.guard([this] { m_services.hotkeys.retryRefused(); }));
     bool const isHeld = contains(m_services.desk.modifierKeys.current(), ModifierMask::option);
     m_services.builder.buildMenu(menu, items, isHeld ? OptionKey::held : OptionKey::released);
     if (auto const problem = m_services.store.saveProblem())
@@ -54,6 +56,17 @@ void StatusItemController::menuDidClose(Menu&)
 {
     assertMainThread();
     m_services.icons.emptyCache();
+}
+
+/// An action that counts as chosen by a shortcut.
+std::shared_ptr<MenuActionTarget> StatusItemController::targetForKey(Menu const& menu, KeyPress const& press)
+{
+    assertMainThread();
+    auto const* entry = entryWithShortcut(menu, m_services.layout.keyEquivalents(press), press.modifiers);
+    if (!entry)
+        return nullptr;
+    return std::make_shared<MenuActionTarget>(
+        m_lifetime.guard([this, target = entry->target] { m_services.commands.byShortcut([&target] { target->invoke(); }); }));
 }
 
 void StatusItemController::updateStatusItem()
@@ -83,7 +96,7 @@ void StatusItemController::handleHotkey(Uuid const& item)
     assertMainThread();
     if (auto const* found = m_services.store.find(item)) {
         auto const performed = *found; // a copy, as performing may change the tree
-        m_services.commands.perform(performed);
+        m_services.commands.byShortcut([&] { m_services.commands.perform(performed); });
     }
 }
 

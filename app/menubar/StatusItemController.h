@@ -16,6 +16,7 @@ namespace zv {
 class DynamicMenuProvider;
 class FileHotkeys;
 class HotkeyCenter;
+class KeyboardLayout;
 class MenuBuilder;
 class MenuCommands;
 class MenuIcons;
@@ -40,6 +41,7 @@ public:
         DynamicMenuProvider const& lists;
         MenuIcons& icons;
         MenuCommands& commands;
+        KeyboardLayout& layout;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
@@ -53,6 +55,7 @@ public:
 
     void menuNeedsUpdate(Menu& menu) override;
     void menuDidClose(Menu& menu) override;
+    std::shared_ptr<MenuActionTarget> targetForKey(Menu const& menu, KeyPress const& press) override;
 
     /// Creates or removes the status icon, following the preference.
     void updateStatusItem();

@@ -54,6 +54,7 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .lists = m_menus.lists(),
         .icons = m_menus.icons(),
         .commands = m_menus.actions(),
+        .layout = m_layout,
         .hotkeys = m_hotkeys,
         .fileHotkeys = m_fileHotkeys,
         .notifications = m_notifications,

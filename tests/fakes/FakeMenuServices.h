@@ -18,6 +18,7 @@ namespace zv::fakes {
 /// Records the requests of a menu's entries.
 class FakeMenuCommands : public MenuCommands {
 public:
+    void byShortcut(std::function<void()> const& requests) override { requests(); }
     bool perform(MenuItem const& item) override
     {
         log.push_back("perform " + std::string(item.kind.rawValue()));

@@ -92,6 +92,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
+    m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
+    m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
     adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
@@ -148,6 +150,14 @@ void LinuxFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
         return;
     auto const usual = [this] { return m_statusBar.lastClick().value_or(QCursor::pos()); };
     m_presenter.open(statusItem->menu(), at ? QPointF(at->x, at->y).toPoint() : usual());
+}
+
+/// Passes a press on the corner on, which closed the icon's menu. The corner's own is just closed.
+void LinuxFrontEnd::pressedElsewhere(QPoint at, Menu const* menu)
+{
+    auto const* statusItem = m_app ? m_app->delegate().statusItem() : nullptr;
+    if (m_overlay && statusItem && menu != statusItem->overlayMenu().get())
+        m_overlay->pressAt(at);
 }
 
 UpdateEngineFactory LinuxFrontEnd::updateEngine()

@@ -8,13 +8,13 @@
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/menu/QtMenuHost.h"
+#include "platform/linux/menu/QtTextMeasure.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 #include "platform/linux/program/SingleInstance.h"
 #include "platform/linux/settings/QtSettingsWindow.h"
 #include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
 #include "platform/linux/toolkit/QtTasks.h"
-#include "platform/linux/toolkit/QtTextMeasure.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
 #include "platform/linux/tray/StatusNotifierBar.h"
@@ -50,6 +50,7 @@ private:
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
+    void pressedElsewhere(QPoint at, Menu const* menu);
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
     LinuxFiles m_files;

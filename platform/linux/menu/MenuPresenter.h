@@ -26,6 +26,10 @@ public:
     /// `extra` counts as held in addition to the keyboard's modifiers.
     void open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra = ModifierMask::none);
     void close();
+    /// Calls back, once a press elsewhere has closed a menu, with the press's place and the menu.
+    void setPressedElsewhere(std::function<void(QPoint, Menu const*)> pressed);
+    /// Reads the keyboard for shortcuts in open menus.
+    void setKeyReader(std::function<KeyPress(QKeyEvent const&)> readKey) { m_window->readKey = std::move(readKey); }
     [[nodiscard]] bool isOpen() const;
 
 private:

@@ -14,6 +14,7 @@
     NSMenu* _menu;
     zv::MenuTracking* _tracking;
     BOOL _isOpen;
+    id _chosenByKey;
     zv::Lifetime _lifetime;
 }
 /// `tracking` gets the closing time of a top-level menu; null for a submenu.
