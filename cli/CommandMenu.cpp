@@ -51,7 +51,8 @@ System CommandMenu::countedSystem(System const& system)
             .volumes = lists.volumes,
             .recentServers = lists.recentServers,
             .networkInterfaces = lists.networkInterfaces,
-            .settingsPanes = lists.settingsPanes },
+            .settingsPanes = lists.settingsPanes,
+            .applicationFolders = lists.applicationFolders },
         .session = system.session,
         .places = system.places };
 }

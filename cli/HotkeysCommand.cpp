@@ -26,6 +26,8 @@ std::string textOf(Json const& entry, char const* key)
 /// The item's title as the menu shows it, or the file's path.
 std::string targetName(Json const& entry, CommandContext& context)
 {
+    if (entry.contains("menu"))
+        return "the menu itself";
     if (entry.contains("file"))
         return textOf(entry, "file");
     auto const id = Uuid::parse(textOf(entry, "item"));

@@ -1,5 +1,8 @@
 #include "app/actions/ActionAlerts.h"
 
+#include "app/menu/DisplayText.h"
+#include "platform/text/Text.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -11,6 +14,7 @@ namespace {
 
 constexpr std::size_t firstButton = 0;
 constexpr std::size_t cancelButton = 1;
+constexpr std::size_t longestCommand = 400; ///< characters; a longer one would push the buttons off the screen
 
 std::string quoted(std::string const& text) { return "“" + text + "”"; }
 
@@ -25,6 +29,20 @@ constexpr Question questions[] = {
     { MenuItemKind::shutdown, "Do you want to shut down the computer now?", "Shut Down" },
     { MenuItemKind::logOut, "Do you want to quit all applications and log out now?", "Log Out" },
 };
+
+/// On one line, without the runs of blanks that could push the harmful end out of sight.
+std::string shownCommand(std::string const& command)
+{
+    std::string shown;
+    for (char const c : displayText(command)) {
+        if (c != ' ' || !shown.ends_with(' '))
+            shown += c;
+    }
+    if (graphemeCount(shown) <= longestCommand)
+        return shown;
+    auto const last = firstGraphemes(shown, longestCommand).back();
+    return shown.substr(0, static_cast<std::size_t>(last.data() + last.size() - shown.data())) + "…";
+}
 
 } // namespace
 
@@ -80,6 +98,25 @@ Alert aboutComputerAlert(ComputerFacts const& facts)
             text.append(text.empty() ? "" : "\n").append(label).append(value);
     }
     return { AlertStyle::informational, facts.system.empty() ? "About This Computer" : facts.system, text };
+}
+
+Alert untrustedStartAlert(UntrustedStart const& start)
+{
+    auto text = "It would run:\n" + shownCommand(start.command);
+    std::vector<std::string> buttons { "Cancel", "Start" };
+    if (start.canAlwaysStart) {
+        text += "\n\n“Always Start” marks the file as executable.";
+        buttons.emplace_back("Always Start");
+    }
+    return { AlertStyle::warning, quoted(displayText(start.file.lastPathComponent())) + " was not installed as an application. Start it?", std::move(text),
+        std::move(buttons), firstButton };
+}
+
+std::optional<StartConsent> consentOf(std::size_t button)
+{
+    if (button == firstButton)
+        return std::nullopt;
+    return button == 1 ? StartConsent::once : StartConsent::always;
 }
 
 bool AlertConfirmation::confirms(MenuItemKind const& kind)

@@ -6,6 +6,7 @@
 #include "platform/desk/Alerts.h"
 #include "platform/desk/Application.h"
 #include "platform/session/ComputerInfo.h"
+#include "platform/session/Workspace.h"
 
 #include <optional>
 #include <string>
@@ -23,6 +24,10 @@ namespace zv {
 [[nodiscard]] std::optional<Alert> confirmationAlert(MenuItemKind const& kind);
 [[nodiscard]] Alert forceQuitNote();
 [[nodiscard]] Alert aboutComputerAlert(ComputerFacts const& facts);
+/// Asks before something starts that nobody installed.
+[[nodiscard]] Alert untrustedStartAlert(UntrustedStart const& start);
+/// The consent that the alert's button gives; nothing for "Cancel".
+[[nodiscard]] std::optional<StartConsent> consentOf(std::size_t button);
 
 /// Asks before a session ends, for desktops that do not ask.
 class AlertConfirmation : public SessionConfirmation {

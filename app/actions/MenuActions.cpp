@@ -16,7 +16,10 @@ MenuActions::MenuActions(Services services)
     , m_shortcuts(m_services.system.session.tools)
     , m_networkLocations(m_services.system.session.tools)
 {
+    m_services.system.session.workspace.onUntrusted = [this](UntrustedStart const& start) { askToStart(start); };
 }
+
+MenuActions::~MenuActions() { m_services.system.session.workspace.onUntrusted = nullptr; }
 
 void MenuActions::byShortcut(std::function<void()> const& requests)
 {
@@ -233,6 +236,13 @@ void MenuActions::presentPermissionAlert(MenuItem const& item)
     m_services.desk.application.activate();
     if (m_services.desk.alerts.run(permissionAlert(item.displayTitle())) == 0)
         openSettingsPane(automationPane);
+}
+
+void MenuActions::askToStart(UntrustedStart const& start)
+{
+    m_services.desk.application.activate();
+    if (auto const consent = consentOf(m_services.desk.alerts.run(untrustedStartAlert(start))))
+        m_services.system.session.workspace.startUntrusted(start, *consent);
 }
 
 void MenuActions::present(Alert const& alert)

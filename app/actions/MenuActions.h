@@ -34,6 +34,9 @@ public:
     };
 
     explicit MenuActions(Services services);
+    ~MenuActions() override;
+    MenuActions(MenuActions const&) = delete;
+    MenuActions& operator=(MenuActions const&) = delete;
 
     void byShortcut(std::function<void()> const& requests) override;
     bool perform(MenuItem const& item) override;
@@ -67,6 +70,7 @@ private:
     void placeWasNotFound(SystemPlace place, MenuItem const& item);
     void present(Alert const& alert);
     void presentPermissionAlert(MenuItem const& item);
+    void askToStart(UntrustedStart const& start);
 
     Services m_services;
     ShortcutsProvider m_shortcuts;

@@ -63,12 +63,19 @@ FileHotkeys::FileHotkeys(PrescanServices services, HotkeyCenter& center)
     : m_services(std::move(services))
     , m_center(center)
 {
+    m_center.beforePass = [this] {
+        if (forgetVanished())
+            m_center.setFileHotkeys(united());
+    };
 }
+
+FileHotkeys::~FileHotkeys() { m_center.beforePass = nullptr; }
 
 void FileHotkeys::folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys)
 {
     assertMainThread();
-    if (replace(m_services.files->resolvingSymlinks(folder).path(), shortcutsOf(withHotkeys)))
+    bool const isChanged = replace(m_services.files->resolvingSymlinks(folder).path(), shortcutsOf(withHotkeys));
+    if (forgetVanished() || isChanged)
         installUnion();
 }
 
@@ -112,11 +119,28 @@ bool FileHotkeys::replace(std::string const& folderPath, FolderShortcuts shortcu
 
 void FileHotkeys::installUnion()
 {
+    m_center.setFileHotkeys(united());
+    m_center.reregister();
+}
+
+bool FileHotkeys::forgetVanished()
+{
+    return std::erase_if(m_byFolder, [this](auto const& known) { return hasVanished(known.first); }) > 0;
+}
+
+/// A folder that may not answer is taken to be there.
+bool FileHotkeys::hasVanished(std::string const& folderPath) const
+{
+    auto const folder = Url::fromPath(folderPath);
+    return !m_services.reader->isRemote(folder) && !m_services.files->exists(folder);
+}
+
+FolderShortcuts FileHotkeys::united() const
+{
     FolderShortcuts all;
     for (auto const& [folderPath, shortcuts] : m_byFolder)
         all.insert(shortcuts.begin(), shortcuts.end());
-    m_center.setFileHotkeys(std::move(all));
-    m_center.reregister();
+    return all;
 }
 
 std::vector<Url> foldersToPrescan(std::vector<MenuItem> const& items, Url const& itemsFolder, LocationServices services)

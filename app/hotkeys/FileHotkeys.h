@@ -24,11 +24,14 @@ struct PrescanServices {
 };
 
 /// The shortcuts that files carry in their names, folder by folder: learnt from the
-/// pre-scan and from every folder that a submenu lists. Main thread only.
+/// pre-scan and from every folder that a submenu lists, and forgotten with their folder. Main thread only.
 class FileHotkeys : public ListedFolderSink {
 public:
     /// The center outlives this.
     FileHotkeys(PrescanServices services, HotkeyCenter& center);
+    ~FileHotkeys() override;
+    FileHotkeys(FileHotkeys const&) = delete;
+    FileHotkeys& operator=(FileHotkeys const&) = delete;
 
     /// Replaces the folder's shortcuts. Installs nothing when they are the same: folders are listed
     /// far more often than renamed in.
@@ -43,6 +46,10 @@ private:
     /// False when the folder's shortcuts have not changed.
     bool replace(std::string const& folderPath, FolderShortcuts shortcuts);
     void installUnion();
+    /// Forgets folders that were moved, removed, or pulled out with their medium. False when none was.
+    bool forgetVanished();
+    [[nodiscard]] bool hasVanished(std::string const& folderPath) const;
+    [[nodiscard]] FolderShortcuts united() const;
 
     PrescanServices m_services;
     HotkeyCenter& m_center;

@@ -57,6 +57,12 @@ void HotkeyCenter::setMenuItems(std::vector<MenuItem> items)
     m_menuItems = std::move(items);
 }
 
+void HotkeyCenter::setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut)
+{
+    assertMainThread();
+    m_menuShortcut = std::move(shortcut);
+}
+
 void HotkeyCenter::setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys)
 {
     assertMainThread();
@@ -89,9 +95,13 @@ void HotkeyCenter::reregister()
     noteSupport();
     if (m_isPaused)
         return;
+    if (beforePass)
+        beforePass();
     m_registrations.clear();
     listen();
     Pass pass;
+    if (m_menuShortcut)
+        collect(Target::menu(), *m_menuShortcut, pass);
     collectItems(m_menuItems, pass);
     collectFiles(pass);
     claim(std::move(pass.wanted), pass.conflicts);

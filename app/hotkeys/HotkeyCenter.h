@@ -57,11 +57,12 @@ public:
 
     /// The setters do not register: call reregister() once all is set.
     void setMenuItems(std::vector<MenuItem> items);
+    void setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
     /// Sets the items and registers again.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
-    /// Registers everything anew: items depth first, then files by path. Ids keep rising, so that a
+    /// Registers everything anew: the menu's own, items depth first, then files by path. Ids keep rising, so that a
     /// press under an earlier pass's id finds nothing.
     void reregister();
     /// Registers again if another program had a shortcut, as that program may have ended.
@@ -83,6 +84,8 @@ public:
 
     /// Called when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
+    /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
+    std::function<void()> beforePass;
 
 private:
     struct Wanted {
@@ -112,6 +115,7 @@ private:
     bool m_listens = false;
     bool m_isPaused = false;
     HotkeyID m_nextHotKeyID = 1;
+    std::optional<KeyEquivalentSpec> m_menuShortcut;
     std::vector<MenuItem> m_menuItems;
     std::map<Url, KeyEquivalentSpec> m_fileHotkeys;
     HotkeySupport m_support;

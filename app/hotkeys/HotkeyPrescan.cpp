@@ -82,7 +82,7 @@ private:
         if (name.find("-*[") == std::string_view::npos)
             return;
         FinderPopName const parsed(name);
-        if (!parsed.isSeparator && parsed.hotkey)
+        if (parsed.hotkey)
             shortcuts.emplace(folder.appending(name), *parsed.hotkey);
     }
 

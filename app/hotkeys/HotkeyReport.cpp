@@ -12,7 +12,9 @@ using Json = nlohmann::ordered_json;
 
 void addTarget(Json& entry, HotkeyTarget const& target)
 {
-    if (auto const* item = target.itemID())
+    if (target.isMenu())
+        entry["menu"] = true;
+    else if (auto const* item = target.itemID())
         entry["item"] = item->toString();
     else
         entry["file"] = withValidUtf8(target.fileURL()->path());

@@ -1,5 +1,6 @@
 #include "app/menu/DynamicSubmenu.h"
 
+#include "app/menu/ApplicationMenu.h"
 #include "app/menu/HotkeyHints.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr std::chrono::seconds patience { 10 };
 constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
 constexpr char const* loadingTitle = "Loading…";
+constexpr char const* noApplicationsTitle = "No Applications";
 constexpr char const* noItemsTitle = "No Items";
 constexpr char const* emptyFolderTitle = "Empty Folder";
 constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
@@ -97,6 +99,8 @@ void DynamicSubmenuDelegate::menuNeedsUpdate(Menu& menu)
 
 void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& folder)
 {
+    if (m_sources.applications && m_sources.applications->contains(folder.url))
+        return fillApplications(menu);
     auto const& preferences = m_builder.preferences();
     FolderListingOptions const options { preferences.showHiddenFiles(), preferences.sortFoldersFirst(), itemLimit(preferences) };
     if (m_sources.folders.isRemote(folder.url))
@@ -142,6 +146,27 @@ void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Fol
         m_patience.reset();
         show(answered, folder, std::move(listing));
     }));
+}
+
+void DynamicSubmenuDelegate::fillApplications(Menu& menu)
+{
+    showLoading(menu);
+    m_sources.applications->list(later(menu, [this](Menu& answered, std::vector<InstalledApplication> const& found) { showApplications(answered, found); }));
+}
+
+void DynamicSubmenuDelegate::showApplications(Menu& menu, std::vector<InstalledApplication> const& applications) const
+{
+    if (applications.size() < fewestGroupedApplications)
+        return populate(menu, applicationEntries(applications), 0, noApplicationsTitle, m_builder);
+    menu.entries.clear();
+    for (auto& group : groupedByCategory(applications)) {
+        MenuEntry entry;
+        entry.title = titleOf(group.category);
+        entry.submenu = std::make_shared<Menu>(entry.title);
+        m_builder.applyCategoryIcon(group.category, entry);
+        populate(*entry.submenu, std::move(group.entries), 0, noApplicationsTitle, m_builder);
+        menu.entries.push_back(std::move(entry));
+    }
 }
 
 void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)

@@ -6,6 +6,7 @@
 #include "app/menu/ListedFolderSink.h"
 #include "app/menu/Menu.h"
 #include "base/Lifetime.h"
+#include "platform/lists/InstalledApplications.h"
 #include "platform/time/Timers.h"
 
 #include <cstddef>
@@ -25,6 +26,7 @@ struct SubmenuSources {
     DynamicMenuProvider const& lists;
     ListedFolderSink& listedFolders;
     Timers& timers;
+    ApplicationFolders* applications = nullptr; ///< null where a folder of applications is listed like any other
 };
 
 /// Entries to show; `totalCount` includes those already left out.
@@ -67,6 +69,9 @@ private:
     void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
     void fill(Menu& menu, DynamicMenuSource::List const& list);
     void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
+    /// Shows the installed applications, in submenus by category where they are many.
+    void fillApplications(Menu& menu);
+    void showApplications(Menu& menu, std::vector<InstalledApplication> const& applications) const;
     /// Shows the reason if nothing has come after ten seconds.
     void startPatience(Menu& menu, std::string reason);
     void show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing);

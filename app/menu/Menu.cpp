@@ -35,7 +35,7 @@ void Menu::didClose()
 
 std::shared_ptr<MenuActionTarget> Menu::targetForKey(KeyPress const& press) const
 {
-    auto const asked = delegate.lock();
+    auto const asked = keyDelegate.expired() ? delegate.lock() : keyDelegate.lock();
     return asked ? asked->targetForKey(*this, press) : nullptr;
 }
 

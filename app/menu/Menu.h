@@ -94,6 +94,7 @@ public:
 
     std::string title;
     std::weak_ptr<MenuDelegate> delegate;
+    std::weak_ptr<MenuDelegate> keyDelegate; ///< answers for keys instead, where another one fills the menu
     std::vector<MenuEntry> entries;
 
     /// Called by didRefill() after an asynchronous fill. Set by the mirror that shows the menu,

@@ -273,6 +273,12 @@ void MenuBuilder::applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) cons
         entry.image = m_services.icons.iconForKind(kind);
 }
 
+void MenuBuilder::applyCategoryIcon(ApplicationCategory category, MenuEntry& entry) const
+{
+    if (m_services.preferences.showIcons())
+        entry.image = m_services.icons.iconForCategory(category);
+}
+
 void MenuBuilder::applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const
 {
     if (url && m_services.preferences.showIcons())

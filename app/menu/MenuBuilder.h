@@ -53,6 +53,9 @@ public:
     /// Empties the menu, then adds an entry a visible item.
     void appendItems(Menu& menu, std::vector<MenuItem> const& items, OptionKey option) const;
 
+    /// The entry of one item, outside any menu.
+    [[nodiscard]] MenuEntry entryFor(MenuItem const& item) const { return makeItem(item, OptionKey::released); }
+
     enum class AppCommands { omitted, included };
     enum class QuitCommand { omitted, included };
     void appendStandardItems(Menu& menu, AppCommands appCommands, QuitCommand quit) const;
@@ -73,6 +76,7 @@ public:
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
 
     void applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const;
+    void applyCategoryIcon(ApplicationCategory category, MenuEntry& entry) const;
     void applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const;
 
     [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }

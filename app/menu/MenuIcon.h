@@ -20,6 +20,7 @@ public:
     [[nodiscard]] virtual ImageRef iconForKind(MenuItemKind const& kind) = 0;
     [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
     [[nodiscard]] virtual ImageRef networkIcon() = 0;
+    [[nodiscard]] virtual ImageRef iconForCategory(ApplicationCategory category) = 0;
     /// Empties the cache, so that the next menu fetches its icons afresh.
     virtual void emptyCache() = 0;
 };
@@ -33,6 +34,7 @@ public:
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
     /// A URL that is no file gets the network icon.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
+    [[nodiscard]] ImageRef iconForCategory(ApplicationCategory category) override { return m_source.categoryIcon(category); }
     void emptyCache() override;
 
     [[nodiscard]] ImageRef itemsFolderIcon();

@@ -9,7 +9,9 @@
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
 #include "app/menu/MenuKeyEquivalent.h"
+#include "app/menu/OpeningKeys.h"
 #include "app/model/Locations.h"
+#include "app/model/MenuShortcut.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
 #include "base/MainThread.h"
@@ -23,12 +25,14 @@ StatusItemController::StatusItemController(Services services)
     , m_overlayMenu(makeMenu())
     , m_showsStatusItem { [this] { (void)m_services.preferences.showsStatusItem(); }, &StatusItemController::updateStatusItem }
     , m_prescanDepth { [this] { (void)m_services.preferences.hotkeyPrescanDepth(); }, &StatusItemController::rescanFileHotkeys }
+    , m_menuShortcut { [this] { (void)m_services.menuShortcut.value(); }, &StatusItemController::reregisterHotkeys }
 {
     assertMainThread();
     wireHotkeys();
     m_appleMenuOverlay = m_services.makeOverlay(m_lifetime.guard([this](Point at) { m_services.presence.menuHost.popUp(m_overlayMenu, at); }));
     observe(m_showsStatusItem);
     observe(m_prescanDepth);
+    observe(m_menuShortcut);
     updateStatusItem();
     rescanFileHotkeys();
 }
@@ -46,8 +50,7 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
     auto const& items = m_services.store.items();
     m_services.lists.refresh(items);
     m_services.system.time.tasks.runOnMain(m_lifetime.guard([this] { m_services.hotkeys.retryRefused(); }));
-    bool const isHeld = contains(m_services.desk.modifierKeys.current(), ModifierMask::option);
-    m_services.builder.buildMenu(menu, items, isHeld ? OptionKey::held : OptionKey::released);
+    m_services.builder.buildMenu(menu, items, m_services.openingKeys.option());
     if (auto const problem = m_services.store.saveProblem())
         menu.entries.insert(menu.entries.begin(), { MenuEntry::disabled(displayText(*problem)), MenuEntry::separator() });
 }
@@ -58,11 +61,12 @@ void StatusItemController::menuDidClose(Menu&)
     m_services.icons.emptyCache();
 }
 
-/// An action that counts as chosen by a shortcut.
+/// An action that counts as chosen by a shortcut. Escape alone closes menus, whoever has it as a shortcut.
 std::shared_ptr<MenuActionTarget> StatusItemController::targetForKey(Menu const& menu, KeyPress const& press)
 {
     assertMainThread();
-    auto const* entry = entryWithShortcut(menu, m_services.layout.keyEquivalents(press), press.modifiers);
+    bool const closes = press.modifiers == ModifierMask::none && press.keyCode == keyCodeOfNamedKey("esc");
+    auto const* entry = closes ? nullptr : entryWithShortcut(menu, m_services.layout.keyEquivalents(press), press.modifiers);
     if (!entry)
         return nullptr;
     return std::make_shared<MenuActionTarget>(
@@ -91,13 +95,36 @@ void StatusItemController::rescanFileHotkeys()
     m_services.fileHotkeys.prescan(foldersToPrescan(m_services.store.items(), system.places.itemsFolder, locationsOf(system)), depth, hidden);
 }
 
+void StatusItemController::openMenuByKey()
+{
+    assertMainThread();
+    popUpByKey(m_overlayMenu);
+}
+
 void StatusItemController::handleHotkey(Uuid const& item)
 {
     assertMainThread();
-    if (auto const* found = m_services.store.find(item)) {
-        auto const performed = *found; // a copy, as performing may change the tree
+    auto const* const found = m_services.store.find(item);
+    if (!found)
+        return;
+    auto const performed = *found; // a copy, as performing may change the tree
+    auto entry = m_services.builder.entryFor(performed);
+    if (!entry.submenu) {
         m_services.commands.byShortcut([&] { m_services.commands.perform(performed); });
+        return;
     }
+    m_services.lists.refresh({ performed });
+    m_openedByKey = std::move(entry);
+    m_openedByKey.submenu->keyDelegate = m_asDelegate;
+    popUpByKey(m_openedByKey.submenu);
+}
+
+/// Forgets the icons first: a submenu that opens alone does not tell when it closes.
+void StatusItemController::popUpByKey(std::shared_ptr<Menu> const& menu)
+{
+    m_services.icons.emptyCache();
+    m_services.openingKeys.expectShortcut();
+    m_services.presence.menuHost.popUpByKey(menu);
 }
 
 void StatusItemController::handleHotkey(Url const& file)
@@ -109,7 +136,9 @@ void StatusItemController::handleHotkey(Url const& file)
 void StatusItemController::wireHotkeys()
 {
     m_services.hotkeys.onTrigger = m_lifetime.guard([this](HotkeyTarget const& target) {
-        if (auto const* item = target.itemID())
+        if (target.isMenu())
+            openMenuByKey();
+        else if (auto const* item = target.itemID())
             handleHotkey(*item);
         else if (auto const* file = target.fileURL())
             handleHotkey(*file);
@@ -120,6 +149,7 @@ void StatusItemController::wireHotkeys()
 
 void StatusItemController::reregisterHotkeys()
 {
+    m_services.hotkeys.setMenuShortcut(m_services.menuShortcut.value());
     m_services.hotkeys.setMenuItems(m_services.store.items());
     m_services.hotkeys.reregister();
 }

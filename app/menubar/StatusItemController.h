@@ -20,7 +20,9 @@ class KeyboardLayout;
 class MenuBuilder;
 class MenuCommands;
 class MenuIcons;
+class MenuShortcut;
 class MenuStore;
+class OpeningKeys;
 class Preferences;
 
 /// Owns the two menus of the user's items: the status icon's and the overlay's. Receives the global
@@ -37,11 +39,13 @@ public:
         Presence const& presence;
         MenuStore& store;
         Preferences& preferences;
+        MenuShortcut const& menuShortcut;
         MenuBuilder const& builder;
         DynamicMenuProvider const& lists;
         MenuIcons& icons;
         MenuCommands& commands;
         KeyboardLayout& layout;
+        OpeningKeys& openingKeys;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
@@ -61,7 +65,9 @@ public:
     void updateStatusItem();
     /// Scans file names for shortcuts, off the main thread; does nothing at a depth below 1.
     void rescanFileHotkeys();
-    /// Performs the item as if chosen; does nothing if it has been deleted.
+    /// Opens the menu, its first entry selected.
+    void openMenuByKey();
+    /// Performs the item as if chosen, or opens its submenu; does nothing if it has been deleted.
     void handleHotkey(Uuid const& item);
     void handleHotkey(Url const& file);
 
@@ -77,6 +83,7 @@ private:
     };
 
     [[nodiscard]] std::shared_ptr<Menu> makeMenu() const;
+    void popUpByKey(std::shared_ptr<Menu> const& menu);
     void wireHotkeys();
     void reregisterHotkeys();
     void observe(Watch& watch);
@@ -87,9 +94,11 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
     NotificationToken m_layoutChanges;
     std::shared_ptr<Menu> m_overlayMenu;
+    MenuEntry m_openedByKey; ///< keeps the last submenu that a shortcut opened
     std::shared_ptr<void> m_appleMenuOverlay;
     Watch m_showsStatusItem;
     Watch m_prescanDepth;
+    Watch m_menuShortcut;
     Lifetime m_lifetime;
 };
 

@@ -94,7 +94,21 @@ SettingsSection GeneralSettings::presence()
         addNote(section, "statusItemProblem", m_services.statusItemProblem);
     if (!replaces && !showsItem)
         section.rows.push_back(note("noPresence", wording.noPresenceNote));
+    addMenuShortcut(section);
     return section;
+}
+
+/// Always adds a note, so that the page keeps its rows, and the recorder its key, when a conflict comes or goes.
+void GeneralSettings::addMenuShortcut(SettingsSection& section)
+{
+    auto& shortcut = m_services.menuShortcut;
+    auto made = row(Kind::shortcut, "menuShortcut", "Open by a key");
+    made.shortcut = shortcut.value();
+    made.record = [&shortcut](auto const& spec) { shortcut.set(spec); };
+    section.rows.push_back(std::move(made));
+    section.rows.push_back(note("menuShortcutNote",
+        m_services.menuShortcutIsTaken() ? "Another program has this combination. Record a different one."
+                                         : "Opens the menu at the pointer, whatever program is in front."));
 }
 
 SettingsSection GeneralSettings::login()

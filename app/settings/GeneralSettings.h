@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/model/MenuShortcut.h"
 #include "app/model/Preferences.h"
 #include "app/settings/LoginItem.h"
 #include "app/settings/MenuFileCommands.h"
@@ -28,6 +29,9 @@ public:
         MenuFileCommands& menuFile;
         Alerts& alerts;
         SettingsWording wording;
+        MenuShortcut& menuShortcut;
+        /// Whether another program has the menu's shortcut.
+        std::function<bool()> menuShortcutIsTaken;
         /// The reason why this desktop cannot show the status icon, a sentence; empty when it can.
         std::function<std::optional<std::string>()> statusItemProblem;
         /// The same for the overlay, and for shortcuts in other programs.
@@ -51,6 +55,7 @@ public:
 
 private:
     [[nodiscard]] SettingsSection presence();
+    void addMenuShortcut(SettingsSection& section);
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
     [[nodiscard]] SettingsSection updates();

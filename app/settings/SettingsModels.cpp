@@ -5,6 +5,8 @@
 #include "app/model/Locations.h"
 #include "app/settings/SettingsTexts.h"
 
+#include <algorithm>
+
 namespace zv {
 
 SettingsModels::SettingsModels(Services services)
@@ -24,6 +26,8 @@ SettingsModels::SettingsModels(Services services)
           .menuFile = m_menuFile,
           .alerts = m_services.surface.desk.alerts,
           .wording = wording(),
+          .menuShortcut = m_services.menuShortcut,
+          .menuShortcutIsTaken = [this] { return menuShortcutIsTaken(); },
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
           .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
@@ -42,6 +46,12 @@ std::optional<std::string> SettingsModels::statusItemProblem() const
     if (m_services.surface.presence.showsStatusItems())
         return std::nullopt;
     return wording().statusItemIsNotShown;
+}
+
+bool SettingsModels::menuShortcutIsTaken() const
+{
+    auto const& conflicts = m_services.hotkeys.conflicts();
+    return std::any_of(conflicts.begin(), conflicts.end(), [](auto const& conflict) { return conflict.target.isMenu(); });
 }
 
 std::optional<std::string> SettingsModels::saveProblem() const

@@ -27,6 +27,7 @@ public:
         Surface const& surface;
         MenuStore& store;
         Preferences& preferences;
+        MenuShortcut& menuShortcut;
         HotkeyCenter& hotkeys;
         MenuBackups const& backups;
         LoginItem& loginItem;
@@ -71,6 +72,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
+    [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "app/model/KeyEquivalentSpec.h"
+
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,7 @@ struct SettingsRow {
     enum class Kind {
         toggle, ///< title, isOn, toggle
         choice, ///< title, choices, value, choose
+        shortcut, ///< title, shortcut, record
         button, ///< title, press
         note, ///< title alone, in smaller type
     };
@@ -31,8 +35,10 @@ struct SettingsRow {
     bool isOn = false;
     std::int64_t value = 0;
     std::vector<SettingsChoice> choices;
+    std::optional<KeyEquivalentSpec> shortcut;
     std::function<void(bool)> toggle;
     std::function<void(std::int64_t)> choose;
+    std::function<void(std::optional<KeyEquivalentSpec> const&)> record;
     std::function<void()> press;
 };
 

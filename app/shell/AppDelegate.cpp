@@ -13,6 +13,7 @@ AppDelegate::AppDelegate(System system, Surface surface)
     : m_system(std::move(system))
     , m_surface(std::move(surface))
     , m_preferences(m_system.files.defaults)
+    , m_menuShortcut(m_system.files.defaults)
     , m_backups({ *m_system.files.disk, m_system.time.clock }, m_system.places.backupsFolder)
     , m_store({ m_system.files.defaults, m_system.files.resources, locationsOf(m_system) })
     , m_begging({ .defaults = m_system.files.defaults,
@@ -86,6 +87,7 @@ ProgramParts& AppDelegate::parts()
         m_parts = std::make_unique<ProgramParts>(ProgramParts::Over { .system = m_system,
             .surface = m_surface,
             .preferences = m_preferences,
+            .menuShortcut = m_menuShortcut,
             .store = m_store,
             .backups = m_backups,
             .begging = m_begging,
@@ -96,6 +98,7 @@ ProgramParts& AppDelegate::parts()
 void AppDelegate::settingsChangedElsewhere(std::vector<std::string> const& keys)
 {
     m_preferences.reload();
+    m_menuShortcut.reload();
     if (std::find(keys.begin(), keys.end(), MenuStore::defaultsKey) != keys.end())
         m_store.reload();
 }

@@ -49,6 +49,7 @@ private:
     System m_system;
     Surface m_surface;
     Preferences m_preferences;
+    MenuShortcut m_menuShortcut;
     MenuBackups m_backups;
     MenuStore m_store;
     Begging m_begging;

@@ -13,6 +13,7 @@ Menus::Menus(Parts parts)
     , m_session(parts.system.session.events, m_confirmation)
     , m_scripts(parts.system.session.scripts, [this] { return m_confirmation.confirmsForceQuit(); })
     , m_actions({ .system = parts.system, .desk = parts.desk, .session = m_session, .scripts = m_scripts, .shell = std::move(parts.shell) })
+    , m_openingKeys(parts.desk.modifierKeys)
     , m_folders(parts.system.files.folders, parts.system.time.tasks)
     , m_lists(allLists({ .preferences = parts.preferences,
           .folders = m_folders,
@@ -24,7 +25,7 @@ Menus::Menus(Parts parts)
           .tasks = parts.system.time.tasks,
           .shortcutCommands = m_actions,
           .locationCommands = m_actions }))
-    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers }
+    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, parts.system.lists.applicationFolders }
     , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
     , m_builder({ .preferences = parts.preferences,
                     .locations = m_locations,

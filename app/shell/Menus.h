@@ -7,6 +7,7 @@
 #include "app/menu/FolderListings.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuIcon.h"
+#include "app/menu/OpeningKeys.h"
 #include "platform/System.h"
 
 namespace zv {
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] MenuBuilder const& builder() const { return m_builder; }
     [[nodiscard]] MenuActions& actions() { return m_actions; }
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
+    [[nodiscard]] OpeningKeys& openingKeys() { return m_openingKeys; }
     [[nodiscard]] DynamicMenuProvider const& lists() const { return m_lists; }
 
 private:
@@ -41,6 +43,7 @@ private:
     SystemEventsBridge m_scripts;
     MenuActions m_actions;
 
+    OpeningKeys m_openingKeys;
     FolderListings m_folders;
     DynamicMenuProvider m_lists;
     SubmenuSources m_sources;

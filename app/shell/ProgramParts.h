@@ -6,6 +6,7 @@
 #include "app/hotkeys/KeyboardLayout.h"
 #include "app/menubar/StatusItemController.h"
 #include "app/model/MenuBackups.h"
+#include "app/model/MenuShortcut.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
 #include "app/settings/LoginItem.h"
@@ -30,6 +31,7 @@ public:
         System const& system;
         Surface const& surface;
         Preferences& preferences;
+        MenuShortcut& menuShortcut;
         MenuStore& store;
         MenuBackups const& backups;
         Begging& begging;

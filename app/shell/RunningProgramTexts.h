@@ -2,9 +2,14 @@
 
 #include "platform/program/RunningProgram.h"
 
+#include <string_view>
+
 namespace zv {
 
 /// The commands' messages when the running program cannot be reached or fails.
 [[nodiscard]] RunningProgram::Texts runningProgramTexts();
+
+/// Where the program cannot show a menu: it does not stay unseen then, and in the way of a start that can.
+constexpr std::string_view noDisplayText = "There is no display to show a menu on. Start it in a graphical session.";
 
 } // namespace zv

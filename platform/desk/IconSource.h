@@ -2,6 +2,7 @@
 
 #include "base/Url.h"
 #include "platform/desk/Image.h"
+#include "platform/lists/InstalledApplications.h"
 
 namespace zv {
 
@@ -28,6 +29,8 @@ public:
     [[nodiscard]] virtual ImageRef fileIcon(Url const& file) = 0;
     /// The system's picture; null where it has none.
     [[nodiscard]] virtual ImageRef systemIcon(SystemIcon icon) = 0;
+    /// The picture of a group of applications; null where the system has none.
+    [[nodiscard]] virtual ImageRef categoryIcon(ApplicationCategory /*category*/) { return nullptr; }
 };
 
 } // namespace zv

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/lists/RecentFiles.h"
+#include "platform/lists/InstalledApplications.h"
 #include "platform/lists/NetworkInterfaces.h"
+#include "platform/lists/RecentFiles.h"
 #include "platform/lists/RecentServers.h"
 #include "platform/lists/RunningApplications.h"
 #include "platform/lists/SettingsPanes.h"
@@ -17,6 +18,7 @@ struct Lists {
     RecentServers& recentServers;
     NetworkInterfaces& networkInterfaces;
     SettingsPanes& settingsPanes;
+    ApplicationFolders* applicationFolders; ///< null where a folder of applications is listed like any other
 };
 
 } // namespace zv

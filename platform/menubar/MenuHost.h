@@ -16,6 +16,9 @@ public:
     /// moved as far as needed to stay on the screen that holds the point. May return before
     /// or after the menu has closed.
     virtual void popUp(std::shared_ptr<Menu> const& menu, Point at) = 0;
+    /// The same for a menu opened by a key: at the pointer, centred on the screen where there is
+    /// none, its first entry selected.
+    virtual void popUpByKey(std::shared_ptr<Menu> const& menu) = 0;
 };
 
 } // namespace zv

@@ -25,6 +25,7 @@ TEST(Url, NamesEveryPathThereIs)
         EXPECT_EQ(Url::parse(row.text), url);
     }
     EXPECT_EQ(Url::fromPath("/a//"), Url::fromPath("/a"));
+    EXPECT_EQ(Url::parse(std::string_view("file:///a%20").substr(0, 11))->path(), "/a%2") << "what follows is not looked at";
 }
 
 TEST(Url, AppendingIsThePathsOwnAppending)

@@ -34,8 +34,9 @@ def output(*command):
 class Bus:
     """Calls on the session bus."""
 
-    def __init__(self):
-        self.connection = Gio.bus_get_sync(Gio.BusType.SESSION)
+    def __init__(self, address=None):
+        member = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        self.connection = Gio.DBusConnection.new_for_address_sync(address, member) if address else Gio.bus_get_sync(Gio.BusType.SESSION)
 
     def call(self, name, path, interface, method, arguments=None, reply=None):
         kind = GLib.VariantType(reply) if reply else None

@@ -75,7 +75,7 @@ class HotkeysTest(unittest.TestCase):
         launchers = {name: launcher(name) for name in ("one", "zed", "plain")}
         cls.menu = [item(1, launchers["one"], {"character": "E"}, option=True), item(2, launchers["zed"], {"character": "Z"}),
                     item(3, launchers["plain"], {"named": "f5"}, noCommand=True), item(4, launchers["zed"], {"character": "E"}, option=True),
-                    item(5, FOLDER)]
+                    item(5, FOLDER, {"character": "S"}, option=True)]
 
     def setUp(self):
         subprocess.run(["setxkbmap", "us"], check=True)
@@ -104,12 +104,23 @@ class HotkeysTest(unittest.TestCase):
         self.start()
         report = hotkeys()
         self.assertEqual(report["conflicts"], [{"shortcut": "⌥⌘E", "item": "00000000-0000-0000-0000-000000000004"}])
-        self.assertEqual([entry["shortcut"] for entry in report["registrations"]], ["⌥⌘E", "⌘Z", "F5"])
+        self.assertEqual([entry["shortcut"] for entry in report["registrations"]], ["⌥⌘E", "⌘Z", "F5", "⌥⌘S"])
         self.assertIn("⌥⌘E     one.desktop\n", zv("hotkeys"))
         self.keyboard.press(SUPER, ALT, E)
         self.expect(["one"])
         self.keyboard.press(F5)
         self.expect(["one", "plain"])
+
+    def test_the_shortcut_of_a_folder_opens_it_at_the_pointer_ready_for_the_keyboard(self):
+        self.start()
+        path = launcher("filed")
+        os.rename(path, os.path.join(FOLDER, "filed.desktop"))
+        self.addCleanup(os.remove, os.path.join(FOLDER, "filed.desktop"))
+        subprocess.run(["xdotool", "mousemove", "600", "300"], check=True)
+        self.keyboard.press(SUPER, ALT, S)
+        self.assertEqual(wait_until(windows, 5, "the folder's menu")[0][:2], (600, 300))
+        desktop.keys("Return")  # its first entry is selected
+        self.expect(["filed"])
 
     def test_what_another_program_holds_is_a_conflict_until_it_leaves(self):
         with KeyGrab(Z, SUPER_BIT):
@@ -139,6 +150,16 @@ class HotkeysTest(unittest.TestCase):
         self.keyboard.press(SUPER, ALT, Y)
         self.expect(["deep"])
 
+    def test_an_open_menu_takes_shortcuts_in_a_layout_without_their_letters(self):
+        self.start()
+        subprocess.run(["setxkbmap", "ru"], check=True)
+        time.sleep(0.3)
+        zv("show", "--at", "100,100")
+        wait_until(windows, 5, "the menu")
+        self.keyboard.press(SUPER, ALT, E)
+        self.expect(["one"])
+        self.assertEqual(windows(), [])
+
     def test_a_german_layout_moves_z(self):
         self.start()
         before = hotkeys()["registrations"][0]["id"]
@@ -151,8 +172,8 @@ class HotkeysTest(unittest.TestCase):
     def test_a_file_renamed_to_carry_a_shortcut_has_it_once_its_folder_was_opened(self):
         self.start()
         path = launcher("filed")
-        os.rename(path, os.path.join(FOLDER, "Filed-*[cmd+opt+S]*.desktop"))
-        self.keyboard.press(SUPER, ALT, S)
+        os.rename(path, os.path.join(FOLDER, "Filed-*[cmd+opt+Y]*.desktop"))
+        self.keyboard.press(SUPER, ALT, Y)
         zv("show", "--at", "100,100")
         wait_until(windows, 5, "the menu")
         for _ in range(8):
@@ -161,10 +182,10 @@ class HotkeysTest(unittest.TestCase):
             time.sleep(0.2)
             if len(windows()) == 2:
                 break
-        wait_until(lambda: "⌥⌘S" in shortcuts(), 5, "the file's shortcut")
+        wait_until(lambda: "⌥⌘Y" in shortcuts(), 5, "the file's shortcut")
         desktop.close_menus()
         self.assertEqual(self.pressed(), [])
-        self.keyboard.press(SUPER, ALT, S)
+        self.keyboard.press(SUPER, ALT, Y)
         self.expect(["filed"])
 
 

@@ -175,6 +175,37 @@ class ShellTest(unittest.TestCase):
                     time.sleep(0.5)
                     self.assertTrue(again.is_running(), again.said())
 
+    @contextlib.contextmanager
+    def own_bus(self, address):
+        command = ["dbus-daemon", "--nofork", "--nopidfile", f"--config-file={HOME}/.bus/session.conf", f"--address={address}"]
+        with subprocess.Popen(command) as daemon:
+            wait_until(lambda: os.path.exists(address.removeprefix("unix:path=")), 5, "the bus")
+            yield Bus(address)
+            daemon.kill()
+        os.remove(address.removeprefix("unix:path="))
+
+    def test_it_comes_back_to_a_bus_that_was_restarted_and_stays_alone_meanwhile(self):
+        environment = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={HOME}/own-bus", "XDG_RUNTIME_DIR": HOME}
+        names = [desktop.NAME, "org.kde.StatusNotifierItem-"]
+        with contextlib.ExitStack() as stack:
+            for start in ("late", "again"):
+                if start == "late":
+                    program = stack.enter_context(Program(**environment))
+                    wait_until(lambda: os.path.exists(f"{HOME}/zanthe-vell.lock"), 10, "it runs")
+                with Program(**environment) as second:
+                    self.assertEqual(second.ends(), 1, "there is no bus to ask the first by")
+                with self.subTest(start), self.own_bus(environment["DBUS_SESSION_BUS_ADDRESS"]) as bus:
+                    listed = lambda bus=bus: bus.call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "ListNames")[0]
+                    wait_until(lambda: all(any(name in other for other in listed()) for name in names), 5, "its name and its icon")
+                    with Program(**environment) as second:
+                        self.assertEqual(second.ends(), 0, "the first is asked to open its settings")
+                    self.assertTrue(program.is_running())
+
+    def test_without_a_display_it_says_so_and_does_not_stay(self):
+        with Program(DISPLAY=None) as unseen:
+            self.assertEqual(unseen.ends(), 1)
+            self.assertIn("There is no display to show a menu on.", unseen.said())
+
     def test_without_a_home_it_runs_and_says_in_a_line_what_cannot_be_kept(self):
         account = tempfile.mkdtemp(dir=HOME)
         folders = {f"XDG_{kind}_HOME": os.path.join(account, kind) for kind in ("CONFIG", "DATA", "CACHE", "STATE")}

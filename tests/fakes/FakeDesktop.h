@@ -21,6 +21,10 @@ public:
 class FakeWorkspace : public Workspace {
 public:
     void open(Url const& url) override { log.push_back("open " + url.toString()); }
+    void startUntrusted(UntrustedStart const& start, StartConsent consent) override
+    {
+        log.push_back((consent == StartConsent::always ? "always start " : "start ") + start.file.toString());
+    }
     void reveal(Url const& fileURL) override { log.push_back("reveal " + fileURL.toString()); }
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override
     {

@@ -18,7 +18,13 @@ public:
         menu->needsUpdate();
         shown.emplace_back(menu, at);
     }
+    void popUpByKey(std::shared_ptr<Menu> const& menu) override
+    {
+        menu->needsUpdate();
+        byKey.push_back(menu);
+    }
     std::vector<std::pair<std::shared_ptr<Menu>, Point>> shown;
+    std::vector<std::shared_ptr<Menu>> byKey;
 };
 
 class FakeStatusBar : public StatusBar {

@@ -63,7 +63,8 @@ struct FakeSystem {
                 .volumes = volumes,
                 .recentServers = recentServers,
                 .networkInterfaces = networkInterfaces,
-                .settingsPanes = settingsPanes },
+                .settingsPanes = settingsPanes,
+                .applicationFolders = nullptr },
             .session = { .workspace = workspace, .desktop = desktop, .computer = computer, .events = sessionEvents, .scripts = scripts, .tools = tools },
             .places = places };
     }

@@ -64,14 +64,34 @@ void GioWorkspace::open(Url const& url)
     });
 }
 
-void GioWorkspace::openInBackground(Url const& url)
+void GioWorkspace::startUntrusted(UntrustedStart const& start, StartConsent consent)
 {
-    runLogged(m_services.tasks, "could not open", url, [url, bus = m_sessionBus, launches = m_launches] {
-        auto opened = openUrl(url, bus);
-        if (opened && isApplication(url))
+    assertMainThread();
+    openInBackground(start.file, start, consent);
+}
+
+void GioWorkspace::openInBackground(Url const& url, std::optional<UntrustedStart> agreed, std::optional<StartConsent> consent)
+{
+    auto done = m_lifetime.guard([this, url](Outcome const& outcome) { opened(url, outcome); });
+    m_services.tasks.runDetached([url, agreed = std::move(agreed), consent, bus = m_sessionBus, launches = m_launches, trust = m_trust, done] {
+        auto outcome = openUrl(url, bus, trust, agreed);
+        if (outcome && isApplication(url))
             launches.add({ std::time(nullptr), url.path() });
-        return opened;
+        if (outcome && consent == StartConsent::always)
+            makeExecutable(url.path());
+        return std::function<void()>([outcome = std::move(outcome), done]() mutable { done(outcome); });
     });
+}
+
+void GioWorkspace::opened(Url const& url, Outcome const& outcome)
+{
+    if (outcome)
+        return;
+    auto const& failure = outcome.error();
+    if (failure.untrusted && onUntrusted)
+        onUntrusted(*failure.untrusted);
+    else
+        logFailure("could not open", url, failure.reason);
 }
 
 void GioWorkspace::reveal(Url const& fileURL)

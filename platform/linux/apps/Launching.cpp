@@ -2,12 +2,11 @@
 
 #include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/entries/DesktopEntry.h"
-#include "platform/linux/entries/PackageName.h"
+#include "platform/linux/entries/Startable.h"
 #include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <optional>
 #include <string_view>
@@ -18,6 +17,7 @@ namespace {
 
 constexpr std::chrono::seconds fileManagerTimeout { 10 };
 constexpr int maximumLinkSteps = 8;
+constexpr mode_t permissionBits = 07777;
 
 /// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
 /// call returns. The shared connection must not end this program when it closes.
@@ -30,27 +30,6 @@ void flushSharedBus(std::string const& sessionBus)
         return;
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     g_dbus_connection_flush_sync(bus.get(), nullptr, nullptr);
-}
-
-bool isFolder(std::string const& path)
-{
-    struct stat information { };
-    return ::stat(path.c_str(), &information) == 0 && S_ISDIR(information.st_mode);
-}
-
-bool isProgramFile(std::string const& path)
-{
-    struct stat information { };
-    return !isApplicationEntryName(path) && ::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && ::access(path.c_str(), X_OK) == 0;
-}
-
-/// The start program of an application folder; empty for a plain folder.
-std::string startProgramOf(Url const& url)
-{
-    if (!isPackageFolderName(url.lastPathComponent()) || !isFolder(url.path()))
-        return {};
-    auto const program = url.appending("AppRun").path();
-    return ::access(program.c_str(), X_OK) == 0 ? program : "";
 }
 
 Result<void> resultOf(GErrorSlot& error)
@@ -69,6 +48,24 @@ Result<void> startProgram(std::string const& path)
     return resultOf(error);
 }
 
+mode_t modeOf(std::string const& path)
+{
+    struct stat status { };
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & permissionBits : 0;
+}
+
+/// A downloaded program lacks the executable bit, which it gets for as long as starting it takes.
+Result<void> startProgramOnce(std::string const& path)
+{
+    auto const mode = modeOf(path);
+    if ((mode & S_IXUSR) != 0)
+        return startProgram(path);
+    ::chmod(path.c_str(), mode | S_IXUSR);
+    auto started = startProgram(path);
+    ::chmod(path.c_str(), mode);
+    return started;
+}
+
 Result<void> launchEntry(std::string const& path, std::string const& sessionBus)
 {
     GObjectRef<GDesktopAppInfo> const entry(g_desktop_app_info_new_from_filename(path.c_str()));
@@ -80,13 +77,25 @@ Result<void> launchEntry(std::string const& path, std::string const& sessionBus)
     return resultOf(error);
 }
 
+/// Empty unless the entry is of type Link.
+std::string addressOf(DesktopEntry const& entry) { return entry.text("Type") == "Link" ? entry.text("URL") : ""; }
+
 /// The target of an entry of type Link.
 std::optional<Url> linkTarget(std::string const& path)
 {
     auto const text = readTextFile(path).value_or("");
+    auto const address = addressOf(DesktopEntry(text));
+    return address.starts_with('/') ? Url::fromPath(address) : Url::parse(address);
+}
+
+std::string commandOf(Startable const& startable)
+{
+    if (startable.kind != Startable::Kind::entry)
+        return startable.file;
+    auto const text = readTextFile(startable.file).value_or("");
     DesktopEntry const entry(text);
-    auto const url = entry.text("Type") == "Link" ? entry.text("URL") : "";
-    return url.starts_with('/') ? Url::fromPath(url) : Url::parse(url);
+    auto const address = addressOf(entry);
+    return address.empty() ? entry.text("Exec") : address;
 }
 
 Result<void> openInHandler(Url const& url, std::string const& sessionBus)
@@ -97,35 +106,52 @@ Result<void> openInHandler(Url const& url, std::string const& sessionBus)
     return resultOf(error);
 }
 
-bool isApplicationEntry(Url const& url) { return url.isFile() && isApplicationEntryName(url.lastPathComponent()) && !isFolder(url.path()); }
+Result<void> launch(Startable const& startable, std::string const& sessionBus)
+{
+    return startable.kind == Startable::Kind::entry ? launchEntry(startable.file, sessionBus) : startProgramOnce(startable.file);
+}
+
+Result<void, OpenFailure> withReason(Result<void> const& done)
+{
+    if (!done)
+        return Failure { OpenFailure { done.error() } };
+    return {};
+}
 
 } // namespace
 
-bool isApplication(Url const& url) { return isApplicationEntry(url) || !startProgramOf(url).empty(); }
+bool isApplication(Url const& url) { return url.isFile() && startableAt(url.path()).has_value(); }
 
 Result<void> launchApplication(Url const& application, std::string const& sessionBus)
 {
-    if (isProgramFile(application.path()))
-        return startProgram(application.path());
-    if (auto const program = startProgramOf(application); !program.empty())
-        return startProgram(program);
-    return launchEntry(application.path(), sessionBus);
+    auto const startable = startableAt(application.path());
+    return startable ? launch(*startable, sessionBus) : Failure { std::string("no application that can be started") };
 }
 
-Result<void> openUrl(Url const& url, std::string const& sessionBus)
+Result<void, OpenFailure> openUrl(Url const& url, std::string const& sessionBus, StartTrust const& trust, std::optional<UntrustedStart> const& agreed)
 {
     auto current = url;
     for (int step = 0; step < maximumLinkSteps; ++step) {
-        if (!startProgramOf(current).empty())
-            return launchApplication(current, sessionBus);
-        if (!isApplicationEntry(current))
-            return openInHandler(current, sessionBus);
-        auto const target = linkTarget(current.path());
+        auto const startable = current.isFile() ? startableAt(current.path()) : std::nullopt;
+        if (!startable)
+            return withReason(openInHandler(current, sessionBus));
+        if (!trust.trusts(startable->file)) {
+            UntrustedStart const start { current, commandOf(*startable), trust.canBeTrusted(startable->file) };
+            if (start != agreed)
+                return Failure { OpenFailure { "it was not installed as an application", start } };
+        }
+        auto const target = startable->kind == Startable::Kind::entry ? linkTarget(startable->file) : std::nullopt;
         if (!target)
-            return launchApplication(current, sessionBus);
+            return withReason(launch(*startable, sessionBus));
         current = *target;
     }
-    return Failure { "the links lead nowhere" };
+    return Failure { OpenFailure { "the links lead nowhere" } };
+}
+
+void makeExecutable(std::string const& path)
+{
+    if (auto const startable = startableAt(path))
+        ::chmod(startable->file.c_str(), modeOf(startable->file) | S_IXUSR);
 }
 
 Result<void> revealFile(Url const& fileURL, std::string const& sessionBus)

@@ -60,7 +60,7 @@ struct LinuxCommands::Turning {
               .windows = clientWindows(display.get(), files.environment()),
               .pending = &pending })
         , system(machine.system())
-        , pictures(tasks, timers)
+        , pictures(tasks, timers, files.trust())
     {
     }
 

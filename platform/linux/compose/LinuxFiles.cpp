@@ -22,11 +22,12 @@ Places placesOf(ProgramPlaces const& paths, Environment environment)
 LinuxFiles::LinuxFiles(Environment environment)
     : m_paths(ProgramPlaces::of(environment))
     , m_audience { userLanguages(), desktopsNamed(valueOf(environment, "XDG_CURRENT_DESKTOP")) }
+    , m_trust(m_paths.user.applicationFolders())
     , m_places(placesOf(m_paths, std::move(environment)))
     , m_defaults(m_paths.settingsFile)
     , m_resources(m_paths.resourceFolders())
-    , m_disk(std::make_shared<LinuxFileSystem>())
-    , m_folders(std::make_shared<LinuxFolderReader>(m_audience))
+    , m_disk(std::make_shared<LinuxFileSystem>(MountWatch::systemTable, m_trust))
+    , m_folders(std::make_shared<LinuxFolderReader>(m_audience, MountWatch::systemTable, m_trust))
 {
 }
 

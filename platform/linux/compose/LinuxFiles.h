@@ -28,12 +28,14 @@ public:
     [[nodiscard]] Environment const& environment() const { return m_places.environment; }
     [[nodiscard]] ProgramPlaces const& paths() const { return m_paths; }
     [[nodiscard]] DesktopAudience const& audience() const { return m_audience; }
+    [[nodiscard]] StartTrust const& trust() const { return m_trust; }
     [[nodiscard]] PlistUserDefaults& defaults() { return m_defaults; }
     [[nodiscard]] SystemClock& clock() { return m_clock; }
 
 private:
     ProgramPlaces m_paths;
     DesktopAudience m_audience;
+    StartTrust m_trust;
     Places m_places;
     PlistUserDefaults m_defaults;
     BundleResources m_resources;

@@ -16,6 +16,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <thread>
 
 namespace zv {
 
@@ -51,16 +52,6 @@ std::vector<std::vector<std::string>> const& autostartSettings()
     return commands;
 }
 
-std::vector<InstalledApplication> applicationsToStart(ApplicationIndex const& index)
-{
-    std::vector<InstalledApplication> applications;
-    for (auto const& entry : index.entries()) {
-        if (entry.isListed() && entry.missingProgram().empty())
-            applications.push_back({ entry.name, Url::fromPath(entry.path) });
-    }
-    return applications;
-}
-
 } // namespace
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
@@ -68,7 +59,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_application(count, arguments)
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
-    , m_instance(m_bus, handlers())
+    , m_instance(m_bus, handlers(), m_files.paths().instanceLock)
     , m_system({ .files = m_files,
           .timers = m_timers,
           .tasks = m_tasks,
@@ -76,7 +67,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           .sessionBus = m_bus,
           .windows = sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : std::nullopt,
           .pending = nullptr })
-    , m_icons(m_tasks, m_timers)
+    , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
     , m_presenter(m_performer)
     , m_menuHost(m_presenter)
@@ -101,22 +92,42 @@ LinuxFrontEnd::~LinuxFrontEnd() = default;
 
 int LinuxFrontEnd::run()
 {
-    if (!m_instance.claim()) {
-        if (auto const told = BusRunningProgram(m_access.buses.session, runningProgramTexts()).openSettings(); !told) {
-            logLine("it runs already, and cannot be asked to open its settings. " + told.error());
-            return 1;
-        }
-        return 0;
-    }
+    if (!m_instance.claim())
+        return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
+    SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
     m_settingsWindow.close();
     m_app.reset();
+    m_files.defaults().writeUnsaved();
     return status;
+}
+
+/// Waits a moment for a program that has only just started, or lost the bus.
+int LinuxFrontEnd::openSettingsOfOther()
+{
+    BusRunningProgram other(m_access.buses.session, runningProgramTexts());
+    for (int attempt = 0; attempt < 30 && m_bus.isConnected() && !other.isRunning(); ++attempt)
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    auto const told = other.openSettings();
+    if (!told)
+        logLine("it runs already, and cannot be asked to open its settings. " + told.error());
+    return told ? 0 : 1;
+}
+
+void LinuxFrontEnd::useBus(QDBusConnection const& bus)
+{
+    m_bus = bus;
+    m_instance.useBus(bus);
+    m_statusBar.useBus(bus);
+    m_keyboard.useBus(bus);
+    m_userNotifications.useBus(bus);
+    m_system.useBus(bus);
+    m_colorScheme = std::make_unique<ColorScheme>(bus);
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -205,8 +216,7 @@ Surface LinuxFrontEnd::surface()
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),
-            .installedApplications
-            = [this](auto use) { m_system.catalog().withIndex([use](ApplicationCatalog::Index const& index) { use(applicationsToStart(*index)); }); },
+            .installedApplications = [this](auto use) { m_system.applicationFolders().list(std::move(use)); },
             .permissions = nullptr,
             .provideServices = {},
             .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };

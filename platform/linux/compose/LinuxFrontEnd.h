@@ -51,6 +51,8 @@ private:
     bool openAutostartSettings();
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
+    void useBus(QDBusConnection const& bus);
+    [[nodiscard]] int openSettingsOfOther();
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
     LinuxFiles m_files;

@@ -19,6 +19,7 @@ LinuxSystem::LinuxSystem(Over const& over)
     , m_timers(over.timers)
     , m_tasks(over.tasks)
     , m_catalog(m_tasks, over.files.paths().user.applicationFolders(), over.files.audience())
+    , m_applicationFolders(m_catalog, over.files.paths().user.applicationFolders())
     , m_runningApplications(
           { .catalog = m_catalog, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus }, over.windows)
     , m_countedTasks(countedBy<CountedTasks>(over.pending, m_tasks))
@@ -28,7 +29,8 @@ LinuxSystem::LinuxSystem(Over const& over)
     , m_recentServers(m_tasks, DesktopRecentServers::Files::of(m_files.paths().user))
     , m_networkInterfaces(m_tasks, over.access.buses.system)
     , m_settingsPanes(m_catalog)
-    , m_workspace(over.access.buses.session, LaunchLog(m_files.paths().launchLog), { .tasks = commandTasks(), .runningApplications = countedApplications() })
+    , m_workspace(over.access.buses.session, LaunchLog(m_files.paths().launchLog), m_files.trust(),
+          { .tasks = commandTasks(), .runningApplications = countedApplications() })
     , m_desktop(over.access, "/etc/os-release", commandTasks())
     , m_computer("/", commandTasks())
     , m_events(over.access, commandTasks())
@@ -62,7 +64,8 @@ System LinuxSystem::system()
             .volumes = m_volumes,
             .recentServers = m_recentServers,
             .networkInterfaces = m_networkInterfaces,
-            .settingsPanes = m_settingsPanes },
+            .settingsPanes = m_settingsPanes,
+            .applicationFolders = &m_applicationFolders },
         .session = { .workspace = m_workspace, .desktop = m_desktop, .computer = m_computer, .events = m_events, .scripts = m_scripts, .tools = m_tools },
         .places = m_files.places() };
 }

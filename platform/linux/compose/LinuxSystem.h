@@ -6,6 +6,7 @@
 #include "platform/linux/apps/DesktopRecentFiles.h"
 #include "platform/linux/apps/DesktopSettingsPanes.h"
 #include "platform/linux/apps/GioWorkspace.h"
+#include "platform/linux/apps/XdgApplicationFolders.h"
 #include "platform/linux/compose/LinuxFiles.h"
 #include "platform/linux/machine/DesktopRecentServers.h"
 #include "platform/linux/machine/DesktopVolumes.h"
@@ -42,7 +43,8 @@ public:
     LinuxSystem& operator=(LinuxSystem const&) = delete;
 
     [[nodiscard]] System system();
-    [[nodiscard]] ApplicationCatalog& catalog() { return m_catalog; }
+    [[nodiscard]] ApplicationFolders& applicationFolders() { return m_applicationFolders; }
+    void useBus(QDBusConnection const& bus) { m_runningApplications.useBus(bus); }
     [[nodiscard]] Workspace& workspace() { return m_workspace; }
 
 private:
@@ -54,6 +56,7 @@ private:
     Timers& m_timers;
     Tasks& m_tasks;
     ApplicationCatalog m_catalog;
+    XdgApplicationFolders m_applicationFolders;
     DesktopRunningApplications m_runningApplications;
     std::optional<CountedTasks> m_countedTasks;
     std::optional<CountedRunningApplications> m_countedApplications;

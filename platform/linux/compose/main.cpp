@@ -1,3 +1,5 @@
+#include "app/shell/RunningProgramTexts.h"
+#include "base/Log.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
 #include "platform/linux/compose/LinuxCommands.h"
@@ -30,6 +32,10 @@ int main(int argc, char** argv)
     if (argc > 1)
         return runCommand({ argv + 1, argv + argc }, environment);
     environment["QT_QPA_PLATFORM"] = zv::displayServerFor(environment);
+    if (environment["QT_QPA_PLATFORM"].empty()) {
+        zv::logLine(zv::noDisplayText);
+        return 1;
+    }
     ::setenv("QT_QPA_PLATFORM", environment["QT_QPA_PLATFORM"].c_str(), 1); // read by the toolkit
     zv::LinuxFrontEnd program(argc, argv, environment);
     return program.run();

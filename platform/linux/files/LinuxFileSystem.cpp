@@ -54,8 +54,9 @@ FileTraits traitsByName(std::string_view name)
 
 } // namespace
 
-LinuxFileSystem::LinuxFileSystem(std::string mountInfoPath)
+LinuxFileSystem::LinuxFileSystem(std::string mountInfoPath, StartTrust trust)
     : m_mounts(std::move(mountInfoPath))
+    , m_trust(std::move(trust))
 {
 }
 
@@ -87,11 +88,11 @@ Url LinuxFileSystem::resolvingSymlinks(Url const& url) const
     return !m_mounts.isRemote(path) && ::realpath(path.c_str(), resolved) ? Url::fromPath(resolved) : url;
 }
 
-/// The name of an application entry's application; of other files, the file name.
+/// The name of a trusted entry's application; of other files, the file name.
 std::string LinuxFileSystem::localizedName(Url const& url) const
 {
     auto const name = url.lastPathComponent();
-    bool const isReadable = isApplicationEntryName(name) && !m_mounts.isRemote(url.path());
+    bool const isReadable = isApplicationEntryName(name) && !m_mounts.isRemote(url.path()) && m_trust.trusts(url.path());
     auto const entry = isReadable ? readApplicationEntry(url.path(), name, { userLanguages(), {} }) : std::nullopt;
     return withValidUtf8(entry ? entry->name : name);
 }
@@ -122,6 +123,8 @@ Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { ret
 
 Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
 {
+    if (auto broken = brokenLinkAt(url.path()))
+        return Failure { std::move(*broken) };
     // Writes to a link's target, so that the link stays.
     auto const path = followingLink(url.path());
     auto const status = statusOf(path, Links::followed);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/FileSystem.h"
+#include "platform/linux/entries/StartTrust.h"
 #include "platform/linux/files/MountWatch.h"
 
 #include <string>
@@ -11,7 +12,7 @@ namespace zv {
 /// name: a check might hang.
 class LinuxFileSystem : public FileSystem {
 public:
-    explicit LinuxFileSystem(std::string mountInfoPath = MountWatch::systemTable);
+    explicit LinuxFileSystem(std::string mountInfoPath = MountWatch::systemTable, StartTrust trust = StartTrust());
 
     [[nodiscard]] bool exists(Url const& url) const override;
     [[nodiscard]] bool isTaken(Url const& url) const override;
@@ -29,6 +30,7 @@ public:
 
 private:
     mutable MountWatch m_mounts;
+    StartTrust m_trust;
 };
 
 } // namespace zv

@@ -88,11 +88,16 @@ private:
 /// A single read of an open folder.
 class FolderPass {
 public:
-    FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, DesktopAudience const& audience, MountWatch& mounts)
+    struct Over {
+        DesktopAudience const& audience;
+        StartTrust const& trust;
+        MountWatch& mounts;
+    };
+
+    FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, Over const& over)
         : m_folder(folder)
         , m_path(std::move(path))
-        , m_audience(audience)
-        , m_mounts(mounts)
+        , m_over(over)
     {
         if (hiddenFiles == HiddenFiles::skipped)
             m_hidden.emplace(folder);
@@ -191,8 +196,10 @@ private:
     {
         auto const text = readDesktopEntry(m_folder, name);
         DesktopEntry const entry(text);
-        if (entry.isListed(m_audience.desktops))
-            m_contents.add({ name, withValidUtf8(entry.translated("Name", m_audience.languages).substr(0, mostNameBytes)), { false, true } });
+        if (!entry.isListed(m_over.audience.desktops))
+            return;
+        auto const shown = m_over.trust.trusts(m_path + "/" + name) ? entry.translated("Name", m_over.audience.languages) : "";
+        m_contents.add({ name, withValidUtf8(shown.substr(0, mostNameBytes)), { false, true } });
     }
 
     void add(std::string_view name, FileTraits traits) { m_contents.add({ name, {}, traits }); }
@@ -200,14 +207,13 @@ private:
     MountWatch::Snapshot const& mounts()
     {
         if (!m_snapshot)
-            m_snapshot = m_mounts.current();
+            m_snapshot = m_over.mounts.current();
         return *m_snapshot;
     }
 
     int m_folder;
     std::string m_path;
-    DesktopAudience const& m_audience;
-    MountWatch& m_mounts;
+    Over m_over;
     std::shared_ptr<MountWatch::Snapshot const> m_snapshot; ///< loaded at the first link
     std::optional<HiddenList> m_hidden; ///< absent where hidden files are shown
     std::array<char, PATH_MAX> m_target;
@@ -216,9 +222,10 @@ private:
 
 } // namespace
 
-LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath)
+LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath, StartTrust trust)
     : m_audience(std::move(audience))
     , m_mounts(std::move(mountInfoPath))
+    , m_trust(std::move(trust))
 {
 }
 
@@ -228,7 +235,7 @@ Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& fol
     FileDescriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!open.isOpen())
         return Failure { failureOf(errno) };
-    return FolderPass(open.get(), std::move(path), hiddenFiles, m_audience, m_mounts).run();
+    return FolderPass(open.get(), std::move(path), hiddenFiles, { m_audience, m_trust, m_mounts }).run();
 }
 
 bool LinuxFolderReader::isRemote(Url const& folder) const { return m_mounts.isRemote(folder.path()); }

@@ -2,6 +2,7 @@
 
 #include "platform/files/FolderReader.h"
 #include "platform/linux/entries/DesktopEntry.h"
+#include "platform/linux/entries/StartTrust.h"
 #include "platform/linux/files/MountWatch.h"
 
 #include <string>
@@ -11,7 +12,7 @@ namespace zv {
 /// Reads folders by getdents64: one call for hundreds of names, each with its type.
 class LinuxFolderReader : public FolderReader {
 public:
-    explicit LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath = MountWatch::systemTable);
+    explicit LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath = MountWatch::systemTable, StartTrust trust = StartTrust());
 
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override;
     bool isRemote(Url const& folder) const override;
@@ -19,6 +20,7 @@ public:
 private:
     DesktopAudience m_audience;
     mutable MountWatch m_mounts;
+    StartTrust m_trust;
 };
 
 } // namespace zv

@@ -142,13 +142,6 @@ MountTable::Fate MountTable::follow(std::string_view path) const
     return { Fate::Kind::found, isDirectory, walk.place(), isLink };
 }
 
-bool isAtOrBelow(std::string_view path, std::string_view folder)
-{
-    if (folder == "/")
-        return true;
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
 bool isRemoteFileSystem(std::string_view type)
 {
     if (type.starts_with("fuse."))

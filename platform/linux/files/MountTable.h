@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/posix/Paths.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,7 +43,6 @@ private:
     std::vector<Mount> m_mounts;
 };
 
-[[nodiscard]] bool isAtOrBelow(std::string_view path, std::string_view folder);
 /// Whether another machine or a user program serves the type: access may hang.
 [[nodiscard]] bool isRemoteFileSystem(std::string_view type);
 

@@ -37,7 +37,9 @@ LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Se
     m_keyboard = keyboard.get();
     if (session == SessionKind::wayland) {
         m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
-        m_registrar = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
+        auto portal = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
+        m_portal = portal.get();
+        m_registrar = std::move(portal);
     } else if (keyboard) {
         m_registrar = std::make_unique<XcbHotkeyRegistrar>(*m_connection, *keyboard, timers);
         m_layout = std::move(keyboard);
@@ -48,6 +50,12 @@ LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Se
 }
 
 LinuxHotkeys::~LinuxHotkeys() = default;
+
+void LinuxHotkeys::useBus(QDBusConnection const& bus)
+{
+    if (m_portal)
+        m_portal->useBus(bus);
+}
 
 KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 {

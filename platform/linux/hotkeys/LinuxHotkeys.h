@@ -13,6 +13,7 @@
 namespace zv {
 
 class X11Connection;
+class PortalHotkeyRegistrar;
 class XkbKeyboardLayoutSource;
 
 /// The session's hotkeys: X11's grabs, on Wayland the desktop's portal, else none, each with a
@@ -28,6 +29,9 @@ public:
     [[nodiscard]] HotkeyRegistrar& registrar() { return *m_registrar; }
     [[nodiscard]] KeyboardLayoutSource& layout() { return *m_layout; }
 
+    /// Asks the portal on a new connection, after the former was lost.
+    void useBus(QDBusConnection const& bus);
+
     /// The key with that X key code in the current layout.
     [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
 
@@ -39,6 +43,7 @@ private:
     std::unique_ptr<KeyboardLayoutSource> m_layout;
     XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< null without an X server
     std::unique_ptr<HotkeyRegistrar> m_registrar;
+    PortalHotkeyRegistrar* m_portal = nullptr; ///< null on X11
 };
 
 } // namespace zv

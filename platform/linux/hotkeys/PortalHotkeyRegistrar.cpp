@@ -94,8 +94,8 @@ QVariantMap resultsOf(QDBusMessage const& response) { return qdbus_cast<QVariant
 
 } // namespace
 
-PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers, KeyboardLayoutSource& layout)
-    : m_bus(std::move(bus))
+PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout)
+    : m_bus(bus)
     , m_timers(timers)
     , m_layout(layout)
     , m_context(std::make_unique<QObject>())
@@ -103,14 +103,27 @@ PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers
 {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
-    m_activations = std::make_unique<BusListener>(
-        m_bus, text(portalService), text(portalPath), text(portalInterface), text("Activated"), [this](QDBusMessage const& message) { activated(message); });
+    listen();
     QObject::connect(&m_portal, &QDBusServiceWatcher::serviceOwnerChanged, m_context.get(),
         [this](QString const&, QString const&, QString const& newOwner) { portalChangedHands(newOwner); });
     askForPortal();
 }
 
 PortalHotkeyRegistrar::~PortalHotkeyRegistrar() { closeSession(); }
+
+void PortalHotkeyRegistrar::listen()
+{
+    m_activations = std::make_unique<BusListener>(
+        m_bus, text(portalService), text(portalPath), text(portalInterface), text("Activated"), [this](QDBusMessage const& message) { activated(message); });
+}
+
+void PortalHotkeyRegistrar::useBus(QDBusConnection const& bus)
+{
+    m_bus = bus;
+    m_portal.setConnection(bus);
+    listen();
+    portalChangedHands(text(portalService));
+}
 
 bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
 {

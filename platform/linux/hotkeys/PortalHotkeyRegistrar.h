@@ -27,13 +27,16 @@ class BusListener;
 class PortalHotkeyRegistrar : public HotkeyRegistrar {
 public:
     /// Timers and layout outlive this.
-    PortalHotkeyRegistrar(QDBusConnection bus, Timers& timers, KeyboardLayoutSource& layout);
+    PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout);
     ~PortalHotkeyRegistrar() override;
 
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return m_support; }
     [[nodiscard]] bool isKeptBySystem(KeyChord chord) const override { return switchesTerminal(chord); }
+
+    /// Asks the portal on a new connection, after the former was lost.
+    void useBus(QDBusConnection const& bus);
 
     /// Asks the portal and waits briefly for its answer.
     [[nodiscard]] static bool isThere(QDBusConnection const& bus);
@@ -43,6 +46,7 @@ private:
     void shortcutsBound(QDBusMessage const& message);
     void activated(QDBusMessage const& message);
 
+    void listen();
     void portalChangedHands(QString const& newOwner);
     void askForPortal();
     void bindSoon();

@@ -253,8 +253,19 @@ void XcbHotkeyRegistrar::keyPressed(std::uint8_t keycode, std::uint16_t state)
         return;
     m_down.set(keycode);
     auto const held = m_held.find(strippedOfLocks(keycode, state));
-    if (held != m_held.end() && onPressed)
-        onPressed(held->second);
+    if (held == m_held.end() || !onPressed)
+        return;
+    giveKeyboardBack();
+    onPressed(held->second);
+}
+
+/// Ends the grab that the key started: a menu that the press opens needs the keyboard at once.
+void XcbHotkeyRegistrar::giveKeyboardBack()
+{
+    xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
+    m_connection.flush();
+    m_grabbingKey = 0;
+    watchHeldKeys();
 }
 
 /// The release of the grabbing key ends the keyboard grab, so releases of other keys are no longer reported.

@@ -55,6 +55,7 @@ private:
 
     void handle(xcb_generic_event_t const& event);
     void keyPressed(std::uint8_t keycode, std::uint16_t state);
+    void giveKeyboardBack();
     void keyReleased(std::uint8_t keycode);
     void watchHeldKeys();
     void forgetReleasedKeys();

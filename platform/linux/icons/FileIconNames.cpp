@@ -2,6 +2,7 @@
 
 #include "base/Url.h"
 #include "platform/linux/entries/ApplicationEntry.h"
+#include "platform/linux/entries/Startable.h"
 #include "platform/linux/machine/DesktopVolumes.h"
 #include "platform/linux/posix/GObjects.h"
 #include "platform/text/Text.h"
@@ -12,7 +13,6 @@
 #include <array>
 #include <optional>
 #include <string_view>
-#include <sys/stat.h>
 
 namespace zv {
 
@@ -95,14 +95,14 @@ std::string themeName(std::string const& icon)
     return icon;
 }
 
-std::optional<FileIconNames> applicationIcon(std::string const& path)
+FileIconNames programIcon() { return { { "application-x-executable" }, {}, IconShape::application }; }
+
+std::optional<FileIconNames> entryIcon(std::string const& path)
 {
-    if (!path.ends_with(".desktop"))
-        return std::nullopt;
     auto const entry = readApplicationEntry(path, {}, { userLanguages(), {} });
     if (!entry)
         return std::nullopt;
-    FileIconNames icon { { "application-x-executable" }, {}, IconShape::application };
+    auto icon = programIcon();
     if (entry->icon.starts_with('/'))
         icon.imageFile = entry->icon;
     else if (!entry->icon.empty())
@@ -110,18 +110,16 @@ std::optional<FileIconNames> applicationIcon(std::string const& path)
     return icon;
 }
 
-FileIconNames iconOfRegularFile(std::string const& path)
+FileIconNames iconOfRegularFile(std::string const& path, StartTrust const& trust)
 {
-    if (auto const application = applicationIcon(path))
-        return *application;
-    auto icon = iconByName(path);
-    struct stat status { };
-    bool const isProgram = pathExtension(lastPathComponent(path)).empty() && stat(path.c_str(), &status) == 0 && (status.st_mode & S_IXUSR) != 0;
-    if (isProgram) {
-        icon.names.insert(icon.names.begin(), "application-x-executable");
-        icon.shape = IconShape::application;
-    }
-    return icon;
+    auto const startable = startableAt(path);
+    if (!startable)
+        return iconByName(path);
+    if (!trust.trusts(startable->file))
+        return { { "text-x-generic" }, {}, IconShape::document };
+    if (startable->kind != Startable::Kind::entry)
+        return programIcon();
+    return entryIcon(path).value_or(iconByName(path));
 }
 
 /// The icon guessed from the name, for files that are missing or must not be touched.
@@ -137,7 +135,7 @@ FileIconNames iconOfMissingFile(std::string const& path, bool isLink) { return i
 
 } // namespace
 
-FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
+FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts, StartTrust const& trust)
 {
     if (auto const icon = volumeIcon(path, mounts))
         return *icon;
@@ -148,7 +146,7 @@ FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts)
     auto icon = fate.kind == MountTable::Fate::Kind::remote ? guessedIcon(path, "folder-remote")
         : fate.kind == MountTable::Fate::Kind::missing      ? iconOfMissingFile(path, fate.isLink)
         : fate.isDirectory                                  ? folderIcon(path)
-                                                            : iconOfRegularFile(path);
+                                                            : iconOfRegularFile(path, trust);
     icon.isLink = fate.isLink;
     return icon;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/entries/StartTrust.h"
 #include "platform/linux/files/MountTable.h"
 
 #include <string>
@@ -20,9 +21,10 @@ struct FileIconNames {
     friend bool operator==(FileIconNames const&, FileIconNames const&) = default;
 };
 
-/// Chosen from the file's type and name; contents are read only of application entries. On a
+/// Chosen from the file's type and name; contents are read only of trusted application entries, and
+/// the first bytes of programs. What starts something and is not trusted gets a plain picture. On a
 /// remote mount only the name decides, and a name without an extension counts as a folder's. Any
 /// thread.
-[[nodiscard]] FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts);
+[[nodiscard]] FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts, StartTrust const& trust = StartTrust());
 
 } // namespace zv

@@ -30,4 +30,36 @@ FileIconNames iconNamesOf(SystemIcon icon)
     return { {}, {}, IconShape::application };
 }
 
+FileIconNames iconNamesOf(ApplicationCategory category)
+{
+    auto const named = [](char const* name) { return FileIconNames { { name, "applications-other" }, {}, IconShape::folder }; };
+    switch (category) {
+    case ApplicationCategory::accessories:
+        return named("applications-accessories");
+    case ApplicationCategory::development:
+        return named("applications-development");
+    case ApplicationCategory::education:
+        return named("applications-education");
+    case ApplicationCategory::games:
+        return named("applications-games");
+    case ApplicationCategory::graphics:
+        return named("applications-graphics");
+    case ApplicationCategory::internet:
+        return named("applications-internet");
+    case ApplicationCategory::multimedia:
+        return named("applications-multimedia");
+    case ApplicationCategory::office:
+        return named("applications-office");
+    case ApplicationCategory::science:
+        return named("applications-science");
+    case ApplicationCategory::settings:
+        return named("preferences-desktop");
+    case ApplicationCategory::system:
+        return named("applications-system");
+    case ApplicationCategory::other:
+        break;
+    }
+    return named("applications-other");
+}
+
 } // namespace zv

@@ -7,5 +7,6 @@ namespace zv {
 
 /// The theme's names for an icon. The program's own has none: we draw it.
 [[nodiscard]] FileIconNames iconNamesOf(SystemIcon icon);
+[[nodiscard]] FileIconNames iconNamesOf(ApplicationCategory category);
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "platform/linux/icons/ThemeIconSource.h"
 
 #include "base/MainThread.h"
+#include "platform/linux/files/MountWatch.h"
 #include "platform/linux/icons/IconPictures.h"
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/icons/SystemIconNames.h"
@@ -10,6 +11,13 @@
 #include <utility>
 
 namespace zv {
+
+struct ThemeIconSource::FileLooks {
+    FileIconNames of(std::string const& path) const { return iconNamesOfFile(path, mounts.current()->table, trust); }
+
+    mutable MountWatch mounts;
+    StartTrust trust;
+};
 
 namespace {
 
@@ -47,9 +55,9 @@ private:
 /// The picture of a file, which is examined at the first drawing.
 class FileImage : public ThemeImage {
 public:
-    FileImage(std::shared_ptr<IconPictures> pictures, std::shared_ptr<MountWatch> mounts, std::string path)
+    FileImage(std::shared_ptr<IconPictures> pictures, std::shared_ptr<ThemeIconSource::FileLooks const> files, std::string path)
         : m_pictures(std::move(pictures))
-        , m_mounts(std::move(mounts))
+        , m_files(std::move(files))
         , m_path(std::move(path))
     {
     }
@@ -65,11 +73,11 @@ private:
     [[nodiscard]] std::shared_ptr<IconLook> look() const
     {
         auto known = m_pictures->known(m_path);
-        return known ? known : m_pictures->remember(m_path, iconNamesOfFile(m_path, m_mounts->current()->table));
+        return known ? known : m_pictures->remember(m_path, m_files->of(m_path));
     }
 
     std::shared_ptr<IconPictures> m_pictures;
-    std::shared_ptr<MountWatch> m_mounts;
+    std::shared_ptr<ThemeIconSource::FileLooks const> m_files;
     std::string m_path;
 };
 
@@ -82,10 +90,10 @@ public:
 
 } // namespace
 
-ThemeIconSource::ThemeIconSource(Tasks& tasks, Timers& timers)
+ThemeIconSource::ThemeIconSource(Tasks& tasks, Timers& timers, StartTrust trust)
     : m_tasks(tasks)
     , m_timers(timers)
-    , m_mounts(std::make_shared<MountWatch>("/proc/self/mountinfo"))
+    , m_files(new FileLooks { .mounts = MountWatch(), .trust = std::move(trust) })
     , m_pictures(std::make_shared<IconPictures>())
 {
 }
@@ -100,7 +108,7 @@ ImageRef ThemeIconSource::fileIcon(Url const& file)
         return nullptr;
     if (m_pictures->known(path))
         lookAgainLater(path);
-    return std::make_shared<FileImage>(m_pictures, m_mounts, std::move(path));
+    return std::make_shared<FileImage>(m_pictures, m_files, std::move(path));
 }
 
 ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
@@ -109,6 +117,8 @@ ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
         return std::make_shared<ApplicationImage>();
     return std::make_shared<NamedImage>(m_pictures, iconNamesOf(icon));
 }
+
+ImageRef ThemeIconSource::categoryIcon(ApplicationCategory category) { return std::make_shared<NamedImage>(m_pictures, iconNamesOf(category)); }
 
 void ThemeIconSource::lookAgainLater(std::string const& path)
 {
@@ -120,11 +130,10 @@ void ThemeIconSource::lookAgainLater(std::string const& path)
 void ThemeIconSource::lookAgain()
 {
     using Found = std::vector<std::pair<std::string, FileIconNames>>;
-    auto const look = [paths = std::exchange(m_toLookAt, {}), mounts = m_mounts] {
+    auto const look = [paths = std::exchange(m_toLookAt, {}), files = m_files] {
         Found found;
-        auto const current = mounts->current();
         for (auto const& path : paths)
-            found.emplace_back(path, iconNamesOfFile(path, current->table));
+            found.emplace_back(path, files->of(path));
         return found;
     };
     m_tasks.inBackground(TaskPriority::utility, look, m_lifetime.guard([this](Found found) {

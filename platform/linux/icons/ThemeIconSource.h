@@ -2,8 +2,7 @@
 
 #include "base/Lifetime.h"
 #include "platform/desk/IconSource.h"
-#include "platform/linux/files/MountWatch.h"
-#include "platform/linux/icons/FileIconNames.h"
+#include "platform/linux/entries/StartTrust.h"
 #include "platform/linux/icons/ThemeImage.h"
 #include "platform/time/Tasks.h"
 #include "platform/time/Timers.h"
@@ -21,12 +20,15 @@ class IconPictures;
 /// thread only.
 class ThemeIconSource : public IconSource {
 public:
-    /// Both outlive this. Needs no display until a picture is drawn.
-    ThemeIconSource(Tasks& tasks, Timers& timers);
+    /// Both references outlive this. Needs no display until a picture is drawn.
+    ThemeIconSource(Tasks& tasks, Timers& timers, StartTrust trust = StartTrust());
     ~ThemeIconSource() override;
 
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
+    [[nodiscard]] ImageRef categoryIcon(ApplicationCategory category) override;
+
+    struct FileLooks; ///< tells which picture a file has
 
 private:
     void lookAgainLater(std::string const& path);
@@ -34,7 +36,7 @@ private:
 
     Tasks& m_tasks;
     Timers& m_timers;
-    std::shared_ptr<MountWatch> m_mounts;
+    std::shared_ptr<FileLooks const> m_files;
     std::shared_ptr<IconPictures> m_pictures;
     std::vector<std::string> m_toLookAt;
     std::unique_ptr<Timer> m_secondLook;

@@ -4,6 +4,9 @@
 #include "platform/linux/menu/MenuPlacement.h"
 
 #include <QAccessible>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
 
 namespace zv {
 
@@ -26,12 +29,29 @@ void MenuPresenter::prepare()
     (void)m_window->fontMetrics().horizontalAdvance(QStringLiteral("Zanthe Vell…"));
 }
 
-void MenuPresenter::open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra)
+/// Readies the window for the menu.
+void MenuPresenter::show(std::shared_ptr<Menu> const& menu)
 {
     close();
     if (QAccessible::isActive())
         m_accessibleParent->show();
     m_window->setMenu(menu);
+}
+
+void MenuPresenter::openByKey(std::shared_ptr<Menu> const& menu)
+{
+    show(menu);
+    auto const pointer = QCursor::pos();
+    if (QGuiApplication::screenAt(pointer))
+        return m_window->popUpByKey(pointer);
+    auto const centre = QGuiApplication::primaryScreen()->availableGeometry().center();
+    m_window->popUpByKey(centre);
+    m_window->move(centre - m_window->rect().center());
+}
+
+void MenuPresenter::open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra)
+{
+    show(menu);
     m_performer.modifiers().setOpeningWith(extra);
     m_window->popup(menuPositionFor(pixel));
     m_performer.modifiers().setOpeningWith(ModifierMask::none);

@@ -25,6 +25,8 @@ public:
     /// Opens at a point of the desktop in the screens' own pixels, origin at the top left;
     /// `extra` counts as held in addition to the keyboard's modifiers.
     void open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra = ModifierMask::none);
+    /// Opens at the pointer, centred on the screen where there is none, the first entry selected.
+    void openByKey(std::shared_ptr<Menu> const& menu);
     void close();
     /// Calls back, once a press elsewhere has closed a menu, with the press's place and the menu.
     void setPressedElsewhere(std::function<void(QPoint, Menu const*)> pressed);
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] bool isOpen() const;
 
 private:
+    void show(std::shared_ptr<Menu> const& menu);
+
     MenuPerformer& m_performer;
     std::unique_ptr<MenuAccessibleParent> m_accessibleParent;
     MenuWindow* m_window; ///< a child of m_accessibleParent

@@ -21,13 +21,6 @@ constexpr Qt::KeyboardModifiers commandModifiers = Qt::ControlModifier | Qt::Alt
 
 bool isSelectable(QAction const* action) { return action->isVisible() && !action->isSeparator() && action->isEnabled(); }
 
-/// Whether the key means itself to an open menu, whatever shortcuts there are.
-bool isForMenu(QKeyEvent const& event)
-{
-    bool const isBare = !(event.modifiers() & (commandModifiers | Qt::ShiftModifier));
-    return event.key() == Qt::Key_Escape && isBare;
-}
-
 } // namespace
 
 MenuTyping::MenuTyping(MenuWindow& window, MenuMirror const& mirror)
@@ -136,11 +129,11 @@ void MenuTyping::selectInSight()
     }
 }
 
-/// What types text goes on typing once text was typed.
+/// What types text goes on typing once text was typed. A key that was held before chooses nothing.
 bool MenuTyping::choseByShortcut(QKeyEvent const& event)
 {
     bool const typesOn = isFiltering() && !(event.modifiers() & commandModifiers) && !event.text().isEmpty();
-    return !typesOn && !isForMenu(event) && m_window.choseByShortcut(event);
+    return !typesOn && !event.isAutoRepeat() && m_window.choseByShortcut(event);
 }
 
 void MenuTyping::filter()

@@ -76,11 +76,18 @@ void MenuWindow::mirror()
     m_typing.setMenu(m_menu.get());
 }
 
+void MenuWindow::popUpByKey(QPoint at)
+{
+    QScopedValueRollback const handling(m_handlesKey, true);
+    popup(at);
+    m_typing.selectFirst();
+}
+
 void MenuWindow::willOpen()
 {
     if (m_isLayingOut || !m_menu)
         return;
-    m_isOpenedByKey = parentMenu() && parentMenu()->m_handlesKey;
+    m_isOpenedByKey = parentMenu() ? parentMenu()->m_handlesKey : m_handlesKey;
     m_typing.begin();
     m_menu->needsUpdate();
     mirror();

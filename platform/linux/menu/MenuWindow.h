@@ -32,6 +32,9 @@ public:
     [[nodiscard]] Menu const* menu() const { return m_menu.get(); }
     void forget();
 
+    /// Pops up with the first entry selected.
+    void popUpByKey(QPoint at);
+
     /// Performs the key's usual menu step once.
     void step(int key);
     /// Closes all and performs the entry with that shortcut; false when there is none.

@@ -13,6 +13,7 @@ public:
     {
     }
     void popUp(std::shared_ptr<Menu> const& menu, Point at) override;
+    void popUpByKey(std::shared_ptr<Menu> const& menu) override;
 
 private:
     MenuPresenter& m_presenter;

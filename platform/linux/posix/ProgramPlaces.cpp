@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace zv {
 
@@ -13,6 +14,16 @@ std::string programFolder()
 {
     char path[PATH_MAX];
     return ::realpath("/proc/self/exe", path) ? folderOf(path) : std::string("/usr/bin");
+}
+
+/// The folder of the user's session, also for a start that was told nothing of it. The cache serves where there is
+/// none.
+std::string sessionFolder(XdgDirectories const& user)
+{
+    auto const usual = "/run/user/" + std::to_string(::getuid());
+    if (!user.runtime.empty())
+        return user.runtime;
+    return ::access(usual.c_str(), W_OK) == 0 ? usual : user.cache;
 }
 
 } // namespace
@@ -29,6 +40,7 @@ ProgramPlaces ProgramPlaces::of(Environment const& environment)
         .backupsFolder = user.data + name + "/Backups",
         .launchLog = user.state + name + "/launches",
         .downloadsFolder = user.cache + name,
+        .instanceLock = sessionFolder(user) + name + ".lock",
         .givenResources = valueOf(environment, "ZANTHE_VELL_RESOURCES"),
         .ownResources = { program + "/resources", folderOf(program) + "/share" + name },
     };

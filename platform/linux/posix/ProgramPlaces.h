@@ -13,6 +13,7 @@ struct ProgramPlaces {
     std::string backupsFolder;
     std::string launchLog; ///< log of the applications started from a menu
     std::string downloadsFolder;
+    std::string instanceLock; ///< the file that the running program holds locked
     /// ZANTHE_VELL_RESOURCES, for trials of texts, menus or feeds; empty when unset.
     std::string givenResources;
     /// The resources beside a built program, and "share/zanthe-vell" of the installed one.

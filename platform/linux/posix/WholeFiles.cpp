@@ -113,6 +113,15 @@ std::string followingLink(std::string const& path)
     return ::realpath(path.c_str(), target) ? target : path;
 }
 
+std::optional<std::string> brokenLinkAt(std::string path)
+{
+    struct stat status { };
+    while (path != "/" && ::lstat(path.c_str(), &status) != 0)
+        path = folderOf(path);
+    bool const isBroken = S_ISLNK(status.st_mode) && ::stat(path.c_str(), &status) != 0;
+    return isBroken ? std::optional("the link " + path + " leads to a place that is not there") : std::nullopt;
+}
+
 Result<PlainFile, int> openPlainFile(char const* path, int folder, int moreFlags)
 {
     FileDescriptor file(::openat(folder, path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | moreFlags));

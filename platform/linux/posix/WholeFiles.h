@@ -23,6 +23,9 @@ namespace zv {
 [[nodiscard]] std::string folderOf(std::string const& path);
 /// The target of an unbroken symbolic link; else the path itself.
 [[nodiscard]] std::string followingLink(std::string const& path);
+/// Why nobody can know what lies at the path: a symbolic link there, or on the way there, whose target
+/// is away. Nothing where no link is broken.
+[[nodiscard]] std::optional<std::string> brokenLinkAt(std::string path);
 
 /// Refuses a file larger than `mostBytes` before reading a byte of it.
 [[nodiscard]] Result<std::vector<std::byte>> readWholeFile(std::string const& path, std::size_t mostBytes);

@@ -20,6 +20,8 @@ public:
 
     /// False when another process has the name already.
     [[nodiscard]] bool takeName();
+    /// Serves on a new connection, after the former was lost.
+    void useBus(QDBusConnection const& bus) { m_bus = bus; }
     /// Gives up the name, so that another process may be the running program.
     void leaveName();
 

@@ -4,6 +4,7 @@
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/settings/AboutView.h"
 #include "platform/linux/settings/MenuEditorView.h"
+#include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsPageView.h"
 
 #include <QCloseEvent>
@@ -28,7 +29,7 @@ public:
     Window(SettingsModels& models, KeyLookup lookUp)
         : m_models(models)
         , m_tabs(new QTabWidget)
-        , m_general(new SettingsPageView)
+        , m_general(new SettingsPageView([&models, lookUp] { return new RecorderField(models, lookUp); }))
     {
         setWindowTitle(text(settingsTexts::windowTitle));
         setWindowIcon(laurelApplicationIcon());

@@ -1,5 +1,6 @@
 #include "platform/linux/settings/SettingsPageView.h"
 
+#include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsButton.h"
 
 #include <QCheckBox>
@@ -38,13 +39,16 @@ QLabel* headingLabel(QString const& title)
     return heading;
 }
 
+/// Whether the title stands before the control, which does not show it itself.
+bool hasTitleBefore(SettingsRow const& row) { return row.kind == SettingsRow::Kind::choice || row.kind == SettingsRow::Kind::shortcut; }
+
 /// The control in a line of its own, behind the title of a choice.
 QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& titles)
 {
     auto* field = new QWidget;
     auto* line = new QHBoxLayout(field);
     line->setContentsMargins(row.isIndented ? indentation : 0, 0, 0, 0);
-    if (row.kind == SettingsRow::Kind::choice) {
+    if (hasTitleBefore(row)) {
         auto* title = new QLabel(text(row.title));
         title->setBuddy(control);
         title->setToolTip(text(row.help));
@@ -74,10 +78,10 @@ void alignWidths(QList<QLabel*> const& titles)
 /// A control and its current actions, which are replaced whenever the page is shown.
 class SettingsPageView::Row : public QObject {
 public:
-    explicit Row(SettingsRow const& row)
+    Row(SettingsRow const& row, MakeRecorder const& makeRecorder)
         : m_row(row)
     {
-        make();
+        make(makeRecorder);
         setParent(m_widget);
         take(row);
     }
@@ -97,16 +101,20 @@ public:
             fill(*choices);
         else if (auto* label = qobject_cast<QLabel*>(m_widget))
             label->setText(text(row.title));
+        else if (auto* recorder = dynamic_cast<RecorderField*>(m_widget))
+            recorder->setSpec(row.shortcut);
     }
 
 private:
-    void make()
+    void make(MakeRecorder const& makeRecorder)
     {
         switch (m_row.kind) {
         case SettingsRow::Kind::toggle:
             return makeToggle();
         case SettingsRow::Kind::choice:
             return makeChoice();
+        case SettingsRow::Kind::shortcut:
+            return takeRecorder(makeRecorder());
         case SettingsRow::Kind::button:
             return makeButton();
         case SettingsRow::Kind::note:
@@ -131,6 +139,12 @@ private:
             later([value](SettingsRow const& row) { row.choose(value); });
         });
         m_widget = choices;
+    }
+
+    void takeRecorder(RecorderField* recorder)
+    {
+        recorder->onChange = [this](auto const& spec) { later([spec](SettingsRow const& row) { row.record(spec); }); };
+        m_widget = recorder;
     }
 
     void makeButton()
@@ -183,7 +197,8 @@ private:
     QWidget* m_widget = nullptr;
 };
 
-SettingsPageView::SettingsPageView()
+SettingsPageView::SettingsPageView(MakeRecorder makeRecorder)
+    : m_makeRecorder(std::move(makeRecorder))
 {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -259,7 +274,7 @@ void SettingsPageView::addSection(QFormLayout& form, SettingsSection const& sect
 
 QWidget* SettingsPageView::makeRow(SettingsRow const& row)
 {
-    auto* made = new Row(row);
+    auto* made = new Row(row, m_makeRecorder);
     m_rows.insert(text(row.id), made);
     made->widget()->setObjectName(text(row.id));
     return made->widget();

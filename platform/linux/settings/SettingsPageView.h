@@ -12,11 +12,15 @@ class QFormLayout;
 
 namespace zv {
 
+class RecorderField;
+
 /// Draws settings rows with the desktop's own controls, in groups. Rows keep their controls
 /// while the page changes, so that the focus stays where it is.
 class SettingsPageView : public QScrollArea {
 public:
-    SettingsPageView();
+    using MakeRecorder = std::function<RecorderField*()>;
+
+    explicit SettingsPageView(MakeRecorder makeRecorder);
 
     void show(std::vector<SettingsSection> const& sections);
 
@@ -27,6 +31,7 @@ private:
     void addSection(QFormLayout& form, SettingsSection const& section);
     [[nodiscard]] QWidget* makeRow(SettingsRow const& row);
 
+    MakeRecorder m_makeRecorder;
     std::string m_shape; ///< ids and kinds of the current rows
     QHash<QString, Row*> m_rows;
 };

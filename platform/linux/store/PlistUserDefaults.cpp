@@ -77,7 +77,7 @@ int PlistUserDefaults::changeDescriptor()
     if (!m_watch) {
         // A failure shows as a watch that does not work.
         (void)makeFolders(folderOf(m_file.path()), 0700);
-        m_watch.emplace(followingLink(m_file.path()));
+        m_watch.emplace(m_file.path());
         handleChange();
     }
     return m_watch->descriptor();
@@ -150,11 +150,15 @@ void PlistUserDefaults::setAside(std::string const& reason)
     auto const lock = m_file.lock();
     if (!lock)
         return logLine(unreadableMessage(reason) + ", nor be kept aside: " + lock.error());
-    // Another process may have written first.
+    // Another process may have written first, or be writing without the lock.
+    m_file.awaitWriter();
     auto disk = m_file.read();
     if (disk)
         return adopt(std::move(*disk));
-    (void)setAsideUnderLock(reason);
+    if (!setAsideUnderLock(reason) || m_unsaved.empty())
+        return;
+    if (auto const written = writeAll(*m_unsaved.begin()); !written)
+        logLine("the settings could not be written to " + m_file.path() + ": " + written.error());
 }
 
 bool PlistUserDefaults::setAsideUnderLock(std::string const& reason)
@@ -185,6 +189,19 @@ Result<void> PlistUserDefaults::save(std::string_view key)
         return Failure { lock.error() };
     if (auto caughtUp = catchUp(); !caughtUp)
         return caughtUp;
+    return writeAll(key);
+}
+
+void PlistUserDefaults::writeUnsaved()
+{
+    assertMainThread();
+    if (!m_unsaved.empty())
+        (void)save(*m_unsaved.begin()); // whoever set it was told of the failure
+}
+
+/// Under the lock only.
+Result<void> PlistUserDefaults::writeAll(std::string_view key)
+{
     auto const bytes = writePropertyList(m_stored);
     if (!bytes)
         return saveWhatCanBeWritten(key, bytes.error());

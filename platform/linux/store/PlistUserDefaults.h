@@ -30,6 +30,8 @@ public:
     /// there can be none.
     [[nodiscard]] int changeDescriptor();
     void handleChange();
+    /// Writes what an earlier save could not.
+    void writeUnsaved();
 
 private:
     using KeySet = std::set<std::string, std::less<>>;
@@ -38,6 +40,7 @@ private:
     [[nodiscard]] PropertyListDictionary const& stored() const { return *m_stored.dictionary(); }
 
     [[nodiscard]] Result<void> save(std::string_view key);
+    [[nodiscard]] Result<void> writeAll(std::string_view key);
     [[nodiscard]] Result<void> catchUp();
     [[nodiscard]] Result<void> saveWhatCanBeWritten(std::string_view key, std::string const& reason);
     [[nodiscard]] Result<std::vector<std::byte>> withUnsaved(KeySet const& keys);

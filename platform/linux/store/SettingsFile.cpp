@@ -19,6 +19,7 @@ namespace {
 constexpr mode_t privateFolder = 0700;
 constexpr mode_t privateFile = 0600;
 constexpr auto betweenAttempts = std::chrono::milliseconds(5);
+constexpr auto forWriters = std::chrono::milliseconds(100);
 
 bool isSameMoment(timespec const& a, timespec const& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; }
 
@@ -88,6 +89,8 @@ Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::read()
 
 Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::readDictionary() const
 {
+    if (auto broken = brokenLinkAt(m_path))
+        return Failure { ReadFailure { ReadFailure::Cause::system, std::move(*broken) } };
     if (isMissing(m_path))
         return PropertyListDictionary();
     if (isTooLarge(m_path))
@@ -105,6 +108,8 @@ Result<PropertyListDictionary, SettingsFile::ReadFailure> SettingsFile::readDict
 
 Result<FileDescriptor> SettingsFile::lock() const
 {
+    if (auto broken = brokenLinkAt(m_path))
+        return Failure { std::move(*broken) };
     if (auto const made = makeFolders(folderOf(m_path), privateFolder); !made)
         return Failure { made.error() };
     FileDescriptor file(::open((m_path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, privateFile));
@@ -130,6 +135,13 @@ Result<void> SettingsFile::write(std::vector<std::byte> const& bytes)
         return replaced;
     remember();
     return {};
+}
+
+void SettingsFile::awaitWriter() const
+{
+    struct stat status { };
+    if (::stat(m_path.c_str(), &status) == 0 && std::time(nullptr) - status.st_mtim.tv_sec <= 1)
+        std::this_thread::sleep_for(forWriters);
 }
 
 Result<std::string> SettingsFile::setAside()

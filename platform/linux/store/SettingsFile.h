@@ -38,6 +38,8 @@ public:
     [[nodiscard]] Result<FileDescriptor> lock() const;
     /// Replaces the content atomically. Under the lock only.
     [[nodiscard]] Result<void> write(std::vector<std::byte> const& bytes);
+    /// Waits a moment where the file was written this very second: its writer may not have ended.
+    void awaitWriter() const;
     /// Renames the file to a dated name and returns that. Under the lock only.
     [[nodiscard]] Result<std::string> setAside();
 

@@ -46,8 +46,11 @@ std::string displayServerFor(Environment const& environment)
 {
     auto const chosen = valueOf(environment, "QT_QPA_PLATFORM");
     auto candidates = split(chosen, ';');
-    candidates.insert(candidates.end(), { "xcb", "wayland", "offscreen" });
-    return std::string(*std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment); }));
+    candidates.insert(candidates.end(), { "xcb", "wayland" });
+    auto const found = std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment); });
+    if (found != candidates.end())
+        return std::string(*found);
+    return doesWaylandAnswer(environment) ? "offscreen" : "";
 }
 
 bool hasWaylandPlugin()

@@ -4,6 +4,35 @@
 
 namespace zv {
 
+/// A status item: shown while there is a bus.
+class StatusNotifierBar::Icon : public StatusItem {
+public:
+    Icon(StatusNotifierBar& bar, std::string name, std::shared_ptr<Menu> menu)
+        : m_bar(bar)
+        , m_name(std::move(name))
+        , m_menu(std::move(menu))
+    {
+        m_bar.m_icons.push_back(this);
+        show();
+    }
+    ~Icon() override { std::erase(m_bar.m_icons, this); }
+
+    void show()
+    {
+        m_shown.reset(); // leaves its place before the next one takes it
+        if (!m_bar.m_bus.isConnected())
+            return;
+        m_shown = std::make_unique<StatusNotifierItem>(m_bar.m_bus, m_name, m_menu, m_bar.m_presenter, m_bar.m_performer);
+        m_shown->onClicked = [&bar = m_bar](QPoint pixel) { bar.m_lastClick = pixel; };
+    }
+
+private:
+    StatusNotifierBar& m_bar;
+    std::string m_name;
+    std::shared_ptr<Menu> m_menu;
+    std::unique_ptr<StatusNotifierItem> m_shown;
+};
+
 StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer)
     : m_bus(std::move(bus))
     , m_presenter(presenter)
@@ -13,11 +42,14 @@ StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& present
 
 std::unique_ptr<StatusItem> StatusNotifierBar::add(std::string const& name, std::shared_ptr<Menu> menu)
 {
-    if (!m_bus.isConnected())
-        return std::make_unique<StatusItem>();
-    auto item = std::make_unique<StatusNotifierItem>(m_bus, name, std::move(menu), m_presenter, m_performer);
-    item->onClicked = [this](QPoint pixel) { m_lastClick = pixel; };
-    return item;
+    return std::make_unique<Icon>(*this, name, std::move(menu));
+}
+
+void StatusNotifierBar::useBus(QDBusConnection const& bus)
+{
+    m_bus = bus;
+    for (auto* const icon : m_icons)
+        icon->show();
 }
 
 } // namespace zv

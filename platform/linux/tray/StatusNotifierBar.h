@@ -7,6 +7,7 @@
 #include <QPoint>
 
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -17,12 +18,17 @@ public:
     std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override;
     /// The place where an icon was last clicked.
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
+    /// Shows the items on a new connection, after the former was lost.
+    void useBus(QDBusConnection const& bus);
 
 private:
+    class Icon;
+
     QDBusConnection m_bus;
     MenuPresenter& m_presenter;
     MenuPerformer& m_performer;
     std::optional<QPoint> m_lastClick;
+    std::vector<Icon*> m_icons;
 };
 
 } // namespace zv

@@ -17,9 +17,16 @@ QDBusMessage call(char const* method) { return QDBusMessage::createMethodCall(se
 
 } // namespace
 
-BusUserNotifications::BusUserNotifications(QDBusConnection connection)
-    : m_connection(std::move(connection))
+BusUserNotifications::BusUserNotifications(QDBusConnection const& connection)
+    : m_connection(connection)
 {
+    useBus(connection);
+}
+
+void BusUserNotifications::useBus(QDBusConnection const& bus)
+{
+    m_connection = bus;
+    m_delivered.clear();
     m_connection.connect(service, path, service, QStringLiteral("ActionInvoked"), this, SLOT(actionInvoked(uint, QString)));
     m_connection.connect(service, path, service, QStringLiteral("NotificationClosed"), this, SLOT(notificationClosed(uint, uint)));
 }

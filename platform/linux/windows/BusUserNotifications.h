@@ -13,7 +13,10 @@ namespace zv {
 class BusUserNotifications : public QObject, public UserNotifications {
     Q_OBJECT
 public:
-    explicit BusUserNotifications(QDBusConnection connection);
+    explicit BusUserNotifications(QDBusConnection const& connection);
+
+    /// Posts on a new connection, after the former was lost with its notifications.
+    void useBus(QDBusConnection const& bus);
 
     void requestAuthorization(std::function<void(bool)> done) override;
     void post(NotificationRequest const& request) override;

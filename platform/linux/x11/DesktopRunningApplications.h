@@ -30,6 +30,8 @@ public:
 
     void list(std::function<void(List)> done) override;
     void activate(std::string const& id) override;
+    /// Asks on a new connection, after the former was lost.
+    void useBus(QDBusConnection const& bus) { m_services.sessionBus = bus; }
 
 private:
     void listUnits(ApplicationCatalog::Index const& index, std::function<void(List)> done);

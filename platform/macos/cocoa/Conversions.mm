@@ -39,7 +39,7 @@ NSString* toNSString(std::string_view text)
 std::string fromNSString(NSString* text)
 {
     NSData* const bytes = [text dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
-    return { static_cast<char const*>([bytes bytes]), [bytes length] };
+    return { static_cast<char const*>(bytes.bytes), bytes.length };
 }
 
 NSURL* toNSURL(Url const& url)
@@ -47,27 +47,24 @@ NSURL* toNSURL(Url const& url)
     if (!url.isFile())
         return [NSURL URLWithString:toNSString(url.toString())];
     std::string const path = url.path();
-    NSString* const string = [[NSFileManager defaultManager] stringWithFileSystemRepresentation:path.data() length:path.size()];
+    NSString* const string = [NSFileManager.defaultManager stringWithFileSystemRepresentation:path.data() length:path.size()];
     return [NSURL fileURLWithPath:string ? string : toNSString(path)];
 }
 
 Url fromNSURL(NSURL* url)
 {
-    if ([url isFileURL])
-        return Url::fromPath(fromNSString([url path]));
-    auto const parsed = Url::parse(fromNSString([url absoluteString]));
+    if (url.isFileURL)
+        return Url::fromPath(fromNSString(url.path));
+    auto const parsed = Url::parse(fromNSString(url.absoluteString));
     return parsed ? *parsed : Url::fromPath("/");
 }
 
-NSData* toNSData(std::vector<std::byte> const& bytes)
-{
-    return [NSData dataWithBytes:bytes.data() length:bytes.size()];
-}
+NSData* toNSData(std::vector<std::byte> const& bytes) { return [NSData dataWithBytes:bytes.data() length:bytes.size()]; }
 
 std::vector<std::byte> fromNSData(NSData* data)
 {
-    auto const* begin = static_cast<std::byte const*>([data bytes]);
-    return data ? std::vector<std::byte>(begin, begin + [data length]) : std::vector<std::byte>();
+    auto const* begin = static_cast<std::byte const*>(data.bytes);
+    return data ? std::vector<std::byte>(begin, begin + data.length) : std::vector<std::byte>();
 }
 
 namespace {
@@ -109,22 +106,22 @@ PropertyList fromNumber(NSNumber* number)
 {
     // The system's two booleans are single objects: a char of 1 is neither.
     if (number == [NSNumber numberWithBool:YES] || number == [NSNumber numberWithBool:NO])
-        return [number boolValue] != NO;
-    switch (*[number objCType]) {
+        return number.boolValue != NO;
+    switch (*number.objCType) {
     case 'f':
     case 'd':
-        return [number doubleValue];
+        return number.doubleValue;
     case 'Q':
-        return static_cast<std::uint64_t>([number unsignedLongLongValue]);
+        return static_cast<std::uint64_t>(number.unsignedLongLongValue);
     default:
-        return static_cast<std::int64_t>([number longLongValue]);
+        return static_cast<std::int64_t>(number.longLongValue);
     }
 }
 
 std::optional<PropertyList> fromArray(NSArray* array)
 {
     PropertyListArray values;
-    values.reserve([array count]);
+    values.reserve(array.count);
     for (id element in array) {
         auto value = fromFoundation(element);
         if (!value)
@@ -138,7 +135,7 @@ std::optional<PropertyList> fromArray(NSArray* array)
 std::optional<PropertyList> fromDictionary(NSDictionary* dictionary)
 {
     PropertyListDictionary values;
-    for (NSString* key in [[dictionary allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
+    for (NSString* key in [dictionary.allKeys sortedArrayUsingSelector:@selector(compare:)]) {
         auto value = fromFoundation([dictionary objectForKey:key]);
         if (!value)
             return std::nullopt;
@@ -149,10 +146,7 @@ std::optional<PropertyList> fromDictionary(NSDictionary* dictionary)
 
 } // namespace
 
-id toFoundation(PropertyList const& value)
-{
-    return std::visit(FoundationMaker(), value.value());
-}
+id toFoundation(PropertyList const& value) { return std::visit(FoundationMaker(), value.value()); }
 
 std::optional<PropertyList> fromFoundation(id object)
 {
@@ -161,7 +155,7 @@ std::optional<PropertyList> fromFoundation(id object)
     if ([object isKindOfClass:[NSNumber class]])
         return fromNumber(object);
     if ([object isKindOfClass:[NSDate class]])
-        return PropertyList(PropertyListDate { [(NSDate*)object timeIntervalSinceReferenceDate] });
+        return PropertyList(PropertyListDate { ((NSDate*)object).timeIntervalSinceReferenceDate });
     if ([object isKindOfClass:[NSData class]])
         return PropertyList(fromNSData(object));
     if ([object isKindOfClass:[NSArray class]])
@@ -173,7 +167,7 @@ std::optional<PropertyList> fromFoundation(id object)
 
 std::string describe(NSError* error)
 {
-    NSString* const text = [error localizedDescription];
+    NSString* const text = error.localizedDescription;
     return text ? fromNSString(text) : std::string("The system gives no reason.");
 }
 
@@ -187,7 +181,7 @@ Result<void> resultOf(bool succeeded, NSError* error)
 void performOnMain(std::function<void()> work)
 {
     ZVMainThreadCall* const call = [[ZVMainThreadCall alloc] initWithFunction:std::move(work)];
-    NSArray* const modes = [NSArray arrayWithObjects:NSRunLoopCommonModes, nil];
+    NSArray* const modes = @[ NSRunLoopCommonModes ];
     [call performSelectorOnMainThread:@selector(run) withObject:nil waitUntilDone:NO modes:modes];
 }
 

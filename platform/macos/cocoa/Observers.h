@@ -2,6 +2,8 @@
 
 #import <Cocoa/Cocoa.h>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// Listens to notifications, on the main thread, for as long as it lives.
@@ -19,14 +21,16 @@ public:
     Observers(Observers const&) = delete;
     Observers& operator=(Observers const&) = delete;
 
-    void observe(NSString* name, void (^told)(NSNotification*))
+    void observe(NSNotificationName name, void (^told)(NSNotification* notification))
     {
-        [m_tokens addObject:[m_center addObserverForName:name object:nil queue:[NSOperationQueue mainQueue] usingBlock:told]];
+        [m_tokens addObject:[m_center addObserverForName:name object:nil queue:NSOperationQueue.mainQueue usingBlock:told]];
     }
 
 private:
     NSNotificationCenter* m_center;
-    NSMutableArray* m_tokens = [[NSMutableArray alloc] init];
+    NSMutableArray<id<NSObject>>* m_tokens = [[NSMutableArray alloc] init];
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

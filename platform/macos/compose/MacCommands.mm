@@ -59,19 +59,22 @@ MacCommands::MacCommands(Streams streams)
 MacCommands::~MacCommands()
 {
     forgetMenu();
-    [[NSUserDefaults standardUserDefaults] synchronize];
+    [NSUserDefaults.standardUserDefaults synchronize];
 }
 
 TurningSystem MacCommands::turningSystem()
 {
     if (!m_turning)
         m_turning = std::make_unique<Turning>(m_files);
-    return { .system = m_turning->system, .looks = { .text = *m_turning->cells, .icons = m_turning->pictures }, .pending = m_turning->pending, .turnUntil = turnRunLoopUntil };
+    return { .system = m_turning->system,
+        .looks = { .text = *m_turning->cells, .icons = m_turning->pictures },
+        .pending = m_turning->pending,
+        .turnUntil = turnRunLoopUntil };
 }
 
-Url MacCommands::currentFolder() { return Url::fromPath(fromNSString([[NSFileManager defaultManager] currentDirectoryPath])); }
+Url MacCommands::currentFolder() { return Url::fromPath(fromNSString(NSFileManager.defaultManager.currentDirectoryPath)); }
 
-std::optional<std::string> MacCommands::fileToLink() { return fromNSString([[NSBundle mainBundle] executablePath]); }
+std::optional<std::string> MacCommands::fileToLink() { return fromNSString(NSBundle.mainBundle.executablePath); }
 
 /// Asks the running program, which knows more; without an answer looks from outside.
 MacFindings MacCommands::findings()
@@ -83,8 +86,8 @@ MacFindings MacCommands::findings()
 
 std::vector<DoctorCheck> MacCommands::doctorChecks()
 {
-    auto checks = programChecks(
-        m_program, m_stored.resources, *m_stored.disk, store(), { { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+    auto checks
+        = programChecks(m_program, m_stored.resources, *m_stored.disk, store(), { { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
     for (auto& check : macChecks(findings()))
         checks.push_back(std::move(check));
     return checks;

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+NS_ASSUME_NONNULL_BEGIN
+
 @class ZVServicesProvider;
 
 namespace zv {
@@ -70,3 +72,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

@@ -20,14 +20,14 @@ std::vector<Url> applicationFolders()
 /// Converts a command's point, counted from the primary screen's top left corner.
 Point onScreen(RunningProgram::ScreenPoint at)
 {
-    NSArray* const screens = [NSScreen screens];
-    double const height = [screens count] > 0 ? [(NSScreen*)[screens objectAtIndex:0] frame].size.height : 0;
+    NSArray<NSScreen*>* const screens = NSScreen.screens;
+    double const height = screens.firstObject.frame.size.height;
     return { at.x, height - at.y };
 }
 
 Point atPointer()
 {
-    NSPoint const place = [NSEvent mouseLocation];
+    NSPoint const place = NSEvent.mouseLocation;
     return { place.x, place.y };
 }
 
@@ -88,8 +88,8 @@ void MacFrontEnd::listApplications(std::function<void(std::vector<InstalledAppli
 
 std::string MacFrontEnd::diagnostics() const
 {
-    auto const system = fromNSString([[NSProcessInfo processInfo] operatingSystemVersionString]);
-    auto const screens = std::to_string([[NSScreen screens] count]);
+    auto const system = fromNSString(NSProcessInfo.processInfo.operatingSystemVersionString);
+    auto const screens = std::to_string(NSScreen.screens.count);
     return "macOS " + system + "\nModel: " + systemText("hw.model") + "\nScreens: " + screens
         + "\nMenu bar visibility: " + (m_menuBarVisibility ? "told by the window server" : "not told") + "\n";
 }
@@ -115,7 +115,7 @@ Surface MacFrontEnd::surface()
             .makeUpdateEngine = makeUpdateEngine,
             .installedApplications = [this](auto use) { listApplications(std::move(use)); },
             .permissions = m_permissions.get(),
-            .provideServices = [this] { [NSApp setServicesProvider:m_services]; },
+            .provideServices = [this] { NSApp.servicesProvider = m_services; },
             .diagnostics = [this] { return diagnostics(); } } };
 }
 

@@ -10,7 +10,7 @@ namespace {
 Environment processEnvironment()
 {
     Environment environment;
-    NSDictionary* const given = [[NSProcessInfo processInfo] environment];
+    NSDictionary* const given = NSProcessInfo.processInfo.environment;
     for (NSString* name in given)
         environment[fromNSString(name)] = fromNSString([given objectForKey:name]);
     return environment;
@@ -18,7 +18,7 @@ Environment processEnvironment()
 
 Places placesOfThisProgram()
 {
-    return { .bundle = fromNSURL([[NSBundle mainBundle] bundleURL]),
+    return { .bundle = fromNSURL(NSBundle.mainBundle.bundleURL),
         .environment = processEnvironment(),
         .home = homeFolder().path(),
         .itemsFolder = itemsFolder(),
@@ -47,7 +47,8 @@ System MacSystem::system() const
             .volumes = *m_volumes,
             .recentServers = *m_recentServers,
             .networkInterfaces = *m_networkInterfaces,
-            .settingsPanes = *m_settingsPanes },
+            .settingsPanes = *m_settingsPanes,
+            .applicationFolders = nullptr },
         .session = { .workspace = *m_workspace,
             .desktop = *m_desktop,
             .computer = *m_computer,

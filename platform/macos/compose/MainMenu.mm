@@ -25,7 +25,7 @@ NSMenuItem* add(NSMenu* menu, Command const& described)
         ? [[NSMenuItem alloc] initWithTitle:toNSString(described.title) action:described.action keyEquivalent:described.key]
         : (NSMenuItem*)[NSMenuItem separatorItem];
     if (described.title)
-        [item setKeyEquivalentModifierMask:static_cast<NSEventModifierFlags>(described.modifiers)];
+        item.keyEquivalentModifierMask = static_cast<NSEventModifierFlags>(described.modifiers);
     [menu addItem:item];
     return item;
 }
@@ -35,18 +35,18 @@ NSMenu* addMenu(NSMenu* bar, mainMenuTexts::Text text)
     NSString* const title = toNSString(text);
     NSMenu* const menu = [[NSMenu alloc] initWithTitle:title];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:title action:nil keyEquivalent:@""];
-    [item setSubmenu:menu];
+    item.submenu = menu;
     [bar addItem:item];
     return menu;
 }
 
 void fillProgramMenu(NSMenu* menu, id target, SEL openSettings)
 {
-    [add(menu, { mainMenuTexts::settings, openSettings, @",", command }) setTarget:target];
+    add(menu, { mainMenuTexts::settings, openSettings, @",", command }).target = target;
     add(menu, {});
     NSMenu* const services = [[NSMenu alloc] initWithTitle:toNSString(mainMenuTexts::services)];
-    [add(menu, { mainMenuTexts::services, nil, @"", 0 }) setSubmenu:services];
-    [NSApp setServicesMenu:services];
+    add(menu, { mainMenuTexts::services, nil, @"", 0 }).submenu = services;
+    NSApp.servicesMenu = services;
     add(menu, {});
     add(menu, { mainMenuTexts::hide, @selector(hide:), @"h", command });
     add(menu, { mainMenuTexts::hideOthers, @selector(hideOtherApplications:), @"h", commandOption });
@@ -72,7 +72,7 @@ void fillWindowMenu(NSMenu* menu)
 {
     add(menu, { mainMenuTexts::close, @selector(performClose:), @"w", command });
     add(menu, { mainMenuTexts::minimize, @selector(performMiniaturize:), @"m", command });
-    [NSApp setWindowsMenu:menu];
+    NSApp.windowsMenu = menu;
 }
 
 } // namespace

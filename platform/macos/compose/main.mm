@@ -66,10 +66,10 @@ int runProgram()
     auto const post = zv::makeMessagePort();
     if (post->isRunning())
         return runCommand({ "settings" });
-    NSApplication* const application = [NSApplication sharedApplication];
+    NSApplication* const application = NSApplication.sharedApplication;
     static ZVApplicationDelegate* const delegate = [[ZVApplicationDelegate alloc] init]; // the application holds it weakly
-    [application setDelegate:delegate];
-    [application setMainMenu:zv::makeMainMenu(delegate, @selector(openSettings:))];
+    application.delegate = delegate;
+    application.mainMenu = zv::makeMainMenu(delegate, @selector(openSettings:));
     [application run];
     return 0;
 }

@@ -28,35 +28,32 @@ public:
     /// a program without a Dock icon, and grants this (openjdk/jfx#1685, DefaultBrowser#47).
     void activate() override { [NSApp activateIgnoringOtherApps:YES]; }
     void terminate() override { [NSApp terminate:nil]; }
-    bool isActive() const override { return [NSApp isActive]; }
-    bool isHidden() const override { return [NSApp isHidden]; }
+    bool isActive() const override { return NSApp.isActive; }
+    bool isHidden() const override { return NSApp.isHidden; }
     ActivationPolicy activationPolicy() const override
     {
         return [NSApp activationPolicy] == NSApplicationActivationPolicyRegular ? ActivationPolicy::regular : ActivationPolicy::accessory;
     }
-    void setActivationPolicy(ActivationPolicy policy) override
-    {
-        [NSApp setActivationPolicy:toSystem(policy)];
-    }
+    void setActivationPolicy(ActivationPolicy policy) override { [NSApp setActivationPolicy:toSystem(policy)]; }
 
     std::vector<WindowState> windows() const override
     {
         std::vector<WindowState> states;
-        for (NSWindow* window in [NSApp windows]) {
-            bool const isTitled = ([window styleMask] & NSWindowStyleMaskTitled) != 0;
-            states.push_back({ isTitled, [window isVisible] != NO, [window isMiniaturized] != NO });
+        for (NSWindow* window in NSApp.windows) {
+            bool const isTitled = (window.styleMask & NSWindowStyleMaskTitled) != 0;
+            states.push_back({ isTitled, window.isVisible != NO, window.isMiniaturized != NO });
         }
         return states;
     }
 
 private:
-    Observers m_observers { [NSNotificationCenter defaultCenter] };
+    Observers m_observers { NSNotificationCenter.defaultCenter };
 };
 
 class MacModifierKeys : public ModifierKeys {
 public:
-    ModifierMask current() const override { return mask([NSEvent modifierFlags]); }
-    ModifierMask ofCurrentEvent() const override { return mask([[NSApp currentEvent] modifierFlags]); }
+    ModifierMask current() const override { return mask(NSEvent.modifierFlags); }
+    ModifierMask ofCurrentEvent() const override { return mask(NSApp.currentEvent.modifierFlags); }
 
 private:
     static ModifierMask mask(NSUInteger flags)
@@ -72,15 +69,15 @@ public:
     std::size_t run(Alert const& alert) override
     {
         NSAlert* const panel = [[NSAlert alloc] init];
-        [panel setMessageText:toNSString(alert.message)];
-        [panel setInformativeText:toNSString(alert.informativeText)];
-        [panel setAlertStyle:alert.style == AlertStyle::warning ? NSAlertStyleWarning : NSAlertStyleInformational];
+        panel.messageText = toNSString(alert.message);
+        panel.informativeText = toNSString(alert.informativeText);
+        panel.alertStyle = alert.style == AlertStyle::warning ? NSAlertStyleWarning : NSAlertStyleInformational;
         for (std::size_t i = 0; i < alert.buttons.size(); ++i) {
             NSButton* const button = [panel addButtonWithTitle:toNSString(alert.buttons[i])];
             if (alert.buttons.size() > 1 && i == alert.escapeButton)
-                [button setKeyEquivalent:@"\033"];
+                button.keyEquivalent = @"\033";
         }
-        bringToFront([panel window]);
+        bringToFront(panel.window);
         auto const answer = [panel runModal] - NSAlertFirstButtonReturn;
         bool const isButton = answer >= 0 && static_cast<std::size_t>(answer) < alert.buttons.size();
         return isButton ? static_cast<std::size_t>(answer) : alert.escapeButton;
@@ -89,19 +86,10 @@ public:
 
 } // namespace
 
-std::unique_ptr<Application> makeApplication()
-{
-    return std::make_unique<MacApplication>();
-}
+std::unique_ptr<Application> makeApplication() { return std::make_unique<MacApplication>(); }
 
-std::unique_ptr<ModifierKeys> makeModifierKeys()
-{
-    return std::make_unique<MacModifierKeys>();
-}
+std::unique_ptr<ModifierKeys> makeModifierKeys() { return std::make_unique<MacModifierKeys>(); }
 
-std::unique_ptr<Alerts> makeAlerts()
-{
-    return std::make_unique<MacAlerts>();
-}
+std::unique_ptr<Alerts> makeAlerts() { return std::make_unique<MacAlerts>(); }
 
 } // namespace zv

@@ -14,19 +14,19 @@ public:
     {
         NSOpenPanel* const panel = [NSOpenPanel openPanel];
         bool const isDocument = question.kind == FilePanelKind::menuDocument;
-        [panel setTitle:toNSString(question.title)];
-        [panel setMessage:toNSString(question.title)]; // panels show no title of their own any more
-        [panel setCanChooseFiles:question.kind != FilePanelKind::folder];
-        [panel setCanChooseDirectories:!isDocument];
-        [panel setAllowsMultipleSelection:!isDocument];
-        [panel setResolvesAliases:isDocument];
+        panel.title = toNSString(question.title);
+        panel.message = toNSString(question.title); // panels show no title of their own any more
+        panel.canChooseFiles = question.kind != FilePanelKind::folder;
+        panel.canChooseDirectories = !isDocument;
+        panel.allowsMultipleSelection = !isDocument;
+        panel.resolvesAliases = isDocument;
         if (isDocument)
-            [panel setAllowedContentTypes:[NSArray arrayWithObject:[UTType typeWithIdentifier:@"com.apple.property-list"]]];
+            panel.allowedContentTypes = @[ [UTType typeWithIdentifier:@"com.apple.property-list"] ];
         bringToFront(panel);
         if ([panel runModal] != NSModalResponseOK)
             return {};
         std::vector<Url> chosen;
-        for (NSURL* url in [panel URLs])
+        for (NSURL* url in panel.URLs)
             chosen.push_back(fromNSURL(url));
         return chosen;
     }
@@ -34,13 +34,13 @@ public:
     std::optional<Url> chooseToSave(std::string const& title, std::string const& suggestedName) override
     {
         NSSavePanel* const panel = [NSSavePanel savePanel];
-        [panel setTitle:toNSString(title)];
-        [panel setMessage:toNSString(title)];
-        [panel setNameFieldStringValue:toNSString(suggestedName)];
+        panel.title = toNSString(title);
+        panel.message = toNSString(title);
+        panel.nameFieldStringValue = toNSString(suggestedName);
         bringToFront(panel);
         if ([panel runModal] != NSModalResponseOK)
             return std::nullopt;
-        return fromNSURL([panel URL]);
+        return fromNSURL(panel.URL);
     }
 };
 

@@ -29,7 +29,7 @@ ImageRef menuSized(NSImage* source, std::string name)
 /// The older preference panes name their picture themselves (Preference Pane Programming Guide, "NSPrefPaneIconFile").
 NSImage* iconOfPreferencePane(NSString* path)
 {
-    if (![[path pathExtension] isEqualToString:@"prefPane"])
+    if (![path.pathExtension isEqualToString:@"prefPane"])
         return nil;
     NSBundle* const pane = [NSBundle bundleWithPath:path];
     id const file = [pane objectForInfoDictionaryKey:@"NSPrefPaneIconFile"];
@@ -44,20 +44,20 @@ NSImage* iconOfModel()
     if (model.empty())
         return nil;
     UTType* const type = [UTType typeWithTag:toNSString(model) tagClass:@"com.apple.device-model-code" conformingToType:nil];
-    return type && ![type isDynamic] ? [[NSWorkspace sharedWorkspace] iconForContentType:type] : nil;
+    return type && !type.isDynamic ? [NSWorkspace.sharedWorkspace iconForContentType:type] : nil;
 }
 
 NSImage* pictureWithoutFile(SystemIcon icon)
 {
     switch (icon) {
     case SystemIcon::application:
-        return [NSApp applicationIconImage];
+        return NSApp.applicationIconImage;
     case SystemIcon::computer: {
         NSImage* const model = iconOfModel();
         return model ? model : [NSImage imageNamed:NSImageNameComputer];
     }
     case SystemIcon::folder:
-        return [[NSWorkspace sharedWorkspace] iconForContentType:UTTypeFolder];
+        return [NSWorkspace.sharedWorkspace iconForContentType:UTTypeFolder];
     case SystemIcon::network:
         return [NSImage imageNamed:NSImageNameNetwork];
     default:
@@ -68,8 +68,8 @@ NSImage* pictureWithoutFile(SystemIcon icon)
 /// Goes by the name alone; a name without an extension counts as a folder.
 NSImage* iconOfName(NSString* extension)
 {
-    UTType* const type = [extension length] == 0 ? UTTypeFolder : [UTType typeWithFilenameExtension:extension];
-    return [[NSWorkspace sharedWorkspace] iconForContentType:type ? type : UTTypeData];
+    UTType* const type = extension.length == 0 ? UTTypeFolder : [UTType typeWithFilenameExtension:extension];
+    return [NSWorkspace.sharedWorkspace iconForContentType:type ? type : UTTypeData];
 }
 
 class WorkspaceIcons : public IconSource {
@@ -79,12 +79,12 @@ public:
         if (!file.isFile())
             return nullptr;
         if (leadsToRemoteVolume(file.path())) // not asked: it may not answer
-            return menuSized(iconOfName([toNSString(file.lastPathComponent()) pathExtension]), file.path());
-        NSString* const path = [toNSURL(file) path];
-        if (!path || ![[NSFileManager defaultManager] fileExistsAtPath:path])
+            return menuSized(iconOfName(toNSString(file.lastPathComponent()).pathExtension), file.path());
+        NSString* const path = toNSURL(file).path;
+        if (!path || ![NSFileManager.defaultManager fileExistsAtPath:path])
             return nullptr;
         NSImage* const pane = iconOfPreferencePane(path);
-        return menuSized(pane ? pane : [[NSWorkspace sharedWorkspace] iconForFile:path], file.path());
+        return menuSized(pane ? pane : [NSWorkspace.sharedWorkspace iconForFile:path], file.path());
     }
     ImageRef systemIcon(SystemIcon icon) override
     {

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// A system picture, drawn anew for each screen's scale.
@@ -25,6 +27,8 @@ private:
 };
 
 /// Nil for none.
-inline NSImage* toNSImage(ImageRef const& image) { return image ? std::static_pointer_cast<MacImage const>(image)->image() : nil; }
+inline NSImage* _Nullable toNSImage(ImageRef const& image) { return image ? std::static_pointer_cast<MacImage const>(image)->image() : nil; }
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

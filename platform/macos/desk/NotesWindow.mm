@@ -31,13 +31,13 @@ NSAttributedString* adapted(NSAttributedString* given)
     NSMutableAttributedString* const text = [given mutableCopy];
     [text beginEditing];
     [given enumerateAttribute:NSForegroundColorAttributeName
-                      inRange:NSMakeRange(0, [given length])
+                      inRange:NSMakeRange(0, given.length)
                       options:0
                    usingBlock:^(id color, NSRange range, BOOL*) {
-                       NSColor* const plain = [color colorUsingColorSpace:[NSColorSpace sRGBColorSpace]];
-                       bool const isBlack = !plain || ([plain redComponent] + [plain greenComponent] + [plain blueComponent]) < 0.05;
+                       NSColor* const plain = [color colorUsingColorSpace:NSColorSpace.sRGBColorSpace];
+                       bool const isBlack = !plain || (plain.redComponent + plain.greenComponent + plain.blueComponent) < 0.05;
                        if (isBlack)
-                           [text addAttribute:NSForegroundColorAttributeName value:[NSColor textColor] range:range];
+                           [text addAttribute:NSForegroundColorAttributeName value:NSColor.textColor range:range];
                    }];
     [text endEditing];
     return text;
@@ -46,32 +46,31 @@ NSAttributedString* adapted(NSAttributedString* given)
 NSTextView* textViewFor(NotesWindowLayout const& layout, NSAttributedString* text)
 {
     NSTextView* const view = [[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, layout.width, layout.height)];
-    [view setEditable:NO];
-    [view setSelectable:YES];
-    [view setDrawsBackground:NO];
-    [view setTextContainerInset:NSMakeSize(layout.textInset, layout.textInset)];
-    [[view textContainer] setWidthTracksTextView:YES];
-    [view setVerticallyResizable:YES];
-    [view setHorizontallyResizable:NO];
-    [view setMaxSize:NSMakeSize(unlimited, unlimited)];
-    [view setAutoresizingMask:NSViewWidthSizable];
-    [view setUsesAdaptiveColorMappingForDarkAppearance:YES];
-    [view setLinkTextAttributes:[NSDictionary dictionaryWithObjectsAndKeys:[NSColor linkColor], NSForegroundColorAttributeName, [NSCursor pointingHandCursor],
-                                              NSCursorAttributeName, nil]];
+    view.editable = NO;
+    view.selectable = YES;
+    view.drawsBackground = NO;
+    view.textContainerInset = NSMakeSize(layout.textInset, layout.textInset);
+    view.textContainer.widthTracksTextView = YES;
+    view.verticallyResizable = YES;
+    view.horizontallyResizable = NO;
+    view.maxSize = NSMakeSize(unlimited, unlimited);
+    view.autoresizingMask = NSViewWidthSizable;
+    view.usesAdaptiveColorMappingForDarkAppearance = YES;
+    view.linkTextAttributes = @ { NSForegroundColorAttributeName : NSColor.linkColor, NSCursorAttributeName : NSCursor.pointingHandCursor };
     if (text)
-        [[view textStorage] setAttributedString:text];
+        [view.textStorage setAttributedString:text];
     return view;
 }
 
 NSScrollView* scrollViewAround(NSTextView* view, NotesWindowLayout const& layout)
 {
     NSScrollView* const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, layout.width, layout.height)];
-    [scroll setHasVerticalScroller:YES];
-    [scroll setHasHorizontalScroller:NO];
-    [scroll setAutohidesScrollers:YES];
-    [scroll setDrawsBackground:NO];
-    [scroll setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-    [scroll setDocumentView:view];
+    scroll.hasVerticalScroller = YES;
+    scroll.hasHorizontalScroller = NO;
+    scroll.autohidesScrollers = YES;
+    scroll.drawsBackground = NO;
+    scroll.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
+    scroll.documentView = view;
     return scroll;
 }
 
@@ -81,10 +80,10 @@ public:
     {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
         m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, layout.width, layout.height) styleMask:style backing:NSBackingStoreBuffered defer:NO];
-        [m_window setTitle:toNSString(layout.title)];
-        [m_window setContentView:scrollViewAround(textViewFor(layout, text), layout)];
-        [m_window setContentMinSize:NSMakeSize(layout.minimumWidth, layout.minimumHeight)];
-        [m_window setReleasedWhenClosed:NO];
+        m_window.title = toNSString(layout.title);
+        m_window.contentView = scrollViewAround(textViewFor(layout, text), layout);
+        m_window.contentMinSize = NSMakeSize(layout.minimumWidth, layout.minimumHeight);
+        m_window.releasedWhenClosed = NO;
         [m_window center];
     }
     void bringToFront() override

@@ -40,15 +40,15 @@ public:
         ZVTimerTarget* const target = [[ZVTimerTarget alloc] initWithFunction:std::move(fire)];
         double const seconds = std::chrono::duration<double>(interval).count();
         m_timer = [NSTimer timerWithTimeInterval:seconds target:target selector:@selector(fired:) userInfo:nil repeats:repeats ? YES : NO];
-        [[NSRunLoop mainRunLoop] addTimer:m_timer forMode:NSRunLoopCommonModes];
+        [NSRunLoop.mainRunLoop addTimer:m_timer forMode:NSRunLoopCommonModes];
         if (repeats) // else slowed down to save power while no window is in sight
-            m_activity = [[NSProcessInfo processInfo] beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep reason:@"A timer repeats"];
+            m_activity = [NSProcessInfo.processInfo beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep reason:@"A timer repeats"];
     }
     ~MacTimer() override
     {
         [m_timer invalidate];
         if (m_activity)
-            [[NSProcessInfo processInfo] endActivity:m_activity];
+            [NSProcessInfo.processInfo endActivity:m_activity];
     }
 
 private:
@@ -74,9 +74,9 @@ public:
         : m_userQueue([[NSOperationQueue alloc] init])
         , m_utilityQueue([[NSOperationQueue alloc] init])
     {
-        [m_userQueue setQualityOfService:NSQualityOfServiceUserInitiated];
-        [m_utilityQueue setQualityOfService:NSQualityOfServiceUtility];
-        [m_utilityQueue setMaxConcurrentOperationCount:1];
+        m_userQueue.qualityOfService = NSQualityOfServiceUserInitiated;
+        m_utilityQueue.qualityOfService = NSQualityOfServiceUtility;
+        m_utilityQueue.maxConcurrentOperationCount = 1;
     }
 
     void runInBackground(TaskPriority priority, std::function<void()> work) override
@@ -100,10 +100,7 @@ public:
         }];
     }
 
-    void runOnMain(std::function<void()> work) override
-    {
-        performOnMain(std::move(work));
-    }
+    void runOnMain(std::function<void()> work) override { performOnMain(std::move(work)); }
 
 private:
     NSOperationQueue* m_userQueue;
@@ -112,30 +109,21 @@ private:
 
 } // namespace
 
-std::unique_ptr<Clock> makeClock()
-{
-    return std::make_unique<MacClock>();
-}
+std::unique_ptr<Clock> makeClock() { return std::make_unique<MacClock>(); }
 
-std::unique_ptr<Timers> makeTimers()
-{
-    return std::make_unique<MacTimers>();
-}
+std::unique_ptr<Timers> makeTimers() { return std::make_unique<MacTimers>(); }
 
-std::unique_ptr<Tasks> makeTasks()
-{
-    return std::make_unique<MacTasks>();
-}
+std::unique_ptr<Tasks> makeTasks() { return std::make_unique<MacTasks>(); }
 
 /// Turns the loop a moment at a time, as a timer that fires does not end a turn.
 void turnRunLoopUntil(std::function<bool()> const& isDone, std::chrono::milliseconds limit)
 {
     constexpr double moment = 0.02;
     NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:std::chrono::duration<double>(limit).count()];
-    while (!isDone() && [end timeIntervalSinceNow] > 0) {
+    while (!isDone() && end.timeIntervalSinceNow > 0) {
         @autoreleasepool {
             NSDate* const next = [NSDate dateWithTimeIntervalSinceNow:moment];
-            if (![[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:next])
+            if (![NSRunLoop.mainRunLoop runMode:NSDefaultRunLoopMode beforeDate:next])
                 [NSThread sleepUntilDate:next]; // a loop with nothing to wait for returns at once
         }
     }

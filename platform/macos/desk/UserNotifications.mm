@@ -33,7 +33,7 @@ static_assert((UNNotificationPresentationOptionBanner | UNNotificationPresentati
              withCompletionHandler:(void (^)(void))handler
 {
     auto const activated = _activated;
-    auto const identifier = zv::fromNSString([[[response notification] request] identifier]);
+    auto const identifier = zv::fromNSString(response.notification.request.identifier);
     zv::performOnMain([activated, identifier] { activated(identifier); });
     handler();
 }
@@ -55,7 +55,7 @@ class MacUserNotifications : public UserNotifications {
 public:
     MacUserNotifications()
     {
-        if (![[NSBundle mainBundle] bundleIdentifier])
+        if (!NSBundle.mainBundle.bundleIdentifier)
             return;
         m_center = [UNUserNotificationCenter currentNotificationCenter];
         auto const activated = m_lifetime.guard([this](std::string const& identifier) {
@@ -63,9 +63,9 @@ public:
                 onActivated(identifier);
         });
         m_delegate = [[ZVNotificationDelegate alloc] initWithFunction:activated];
-        [m_center setDelegate:m_delegate];
+        m_center.delegate = m_delegate;
     }
-    ~MacUserNotifications() override { [m_center setDelegate:nil]; }
+    ~MacUserNotifications() override { m_center.delegate = nil; }
 
     void requestAuthorization(std::function<void(bool)> done) override
     {
@@ -83,20 +83,14 @@ public:
     void post(NotificationRequest const& request) override
     {
         UNMutableNotificationContent* const content = [[UNMutableNotificationContent alloc] init];
-        [content setTitle:toNSString(request.title)];
-        [content setBody:toNSString(request.body)];
-        [content setSound:[UNNotificationSound defaultSound]];
+        content.title = toNSString(request.title);
+        content.body = toNSString(request.body);
+        content.sound = UNNotificationSound.defaultSound;
         UNNotificationRequest* const made = [UNNotificationRequest requestWithIdentifier:toNSString(request.identifier) content:content trigger:nil];
-        [m_center addNotificationRequest:made
-                 withCompletionHandler:^(NSError* error) {
-                     tellOf(error);
-                 }];
+        [m_center addNotificationRequest:made withCompletionHandler:^(NSError* error) { tellOf(error); }];
     }
 
-    void removeDelivered(std::string const& identifier) override
-    {
-        [m_center removeDeliveredNotificationsWithIdentifiers:[NSArray arrayWithObject:toNSString(identifier)]];
-    }
+    void removeDelivered(std::string const& identifier) override { [m_center removeDeliveredNotificationsWithIdentifiers:@[ toNSString(identifier) ]]; }
 
 private:
     UNUserNotificationCenter* m_center = nil;
@@ -106,9 +100,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<UserNotifications> makeUserNotifications()
-{
-    return std::make_unique<MacUserNotifications>();
-}
+std::unique_ptr<UserNotifications> makeUserNotifications() { return std::make_unique<MacUserNotifications>(); }
 
 } // namespace zv

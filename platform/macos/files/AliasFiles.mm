@@ -13,18 +13,18 @@ namespace {
 /// A temporary folder on the same volume, to write in before the file takes its name.
 NSURL* makeWorkshop(NSURL* place, NSError* __autoreleasing* error)
 {
-    return [[NSFileManager defaultManager] URLForDirectory:NSItemReplacementDirectory
-                                                  inDomain:NSUserDomainMask
-                                         appropriateForURL:[place URLByDeletingLastPathComponent]
-                                                    create:YES
-                                                     error:error];
+    return [NSFileManager.defaultManager URLForDirectory:NSItemReplacementDirectory
+                                                inDomain:NSUserDomainMask
+                                       appropriateForURL:place.URLByDeletingLastPathComponent
+                                                  create:YES
+                                                   error:error];
 }
 
 /// The only file in the folder, by any name: some systems add an extension to an alias.
 NSString* productIn(NSURL* workshop)
 {
-    NSString* const name = [[[NSFileManager defaultManager] contentsOfDirectoryAtPath:[workshop path] error:nullptr] firstObject];
-    return name ? [[workshop path] stringByAppendingPathComponent:name] : nil;
+    NSString* const name = [NSFileManager.defaultManager contentsOfDirectoryAtPath:workshop.path error:nullptr].firstObject;
+    return name ? [workshop.path stringByAppendingPathComponent:name] : nil;
 }
 
 /// Never replaces a file of the name, even one made a moment ago.
@@ -37,9 +37,9 @@ Result<void, AliasFailure> giveName(NSString* product, Url const& place)
     if (errno != ENOTSUP)
         return Failure { AliasFailure { errno == EEXIST, std::strerror(errno) } };
     NSError* error = nil; // the next best, on a volume that cannot promise that
-    if ([[NSFileManager defaultManager] moveItemAtPath:product toPath:toNSString(to) error:&error])
+    if ([NSFileManager.defaultManager moveItemAtPath:product toPath:toNSString(to) error:&error])
         return {};
-    return Failure { AliasFailure { [error code] == NSFileWriteFileExistsError, describe(error) } };
+    return Failure { AliasFailure { error.code == NSFileWriteFileExistsError, describe(error) } };
 }
 
 class MacAliasFiles : public AliasFiles {
@@ -57,7 +57,7 @@ public:
         if (!workshop)
             return Failure { AliasFailure { false, describe(error) } };
         auto written = write(data, workshop, place);
-        [[NSFileManager defaultManager] removeItemAtURL:workshop error:nullptr];
+        [NSFileManager.defaultManager removeItemAtURL:workshop error:nullptr];
         return written;
     }
 
@@ -74,9 +74,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<AliasFiles> makeAliasFiles()
-{
-    return std::make_unique<MacAliasFiles>();
-}
+std::unique_ptr<AliasFiles> makeAliasFiles() { return std::make_unique<MacAliasFiles>(); }
 
 } // namespace zv

@@ -9,10 +9,7 @@ namespace {
 /// What a bookmark tells of its volume without being resolved: where it was mounted, and how to
 /// mount it again, which only a server's volume has (NSURLVolumeURLForRemountingKey). Asked for when
 /// the bookmark is made, as only then it is stored for certain.
-NSArray* serverKeys()
-{
-    return [NSArray arrayWithObjects:NSURLVolumeURLKey, NSURLVolumeURLForRemountingKey, nil];
-}
+NSArray* serverKeys() { return @[ NSURLVolumeURLKey, NSURLVolumeURLForRemountingKey ]; }
 
 std::optional<ResolvedBookmark> resolved(BookmarkData const& data, NSURLBookmarkResolutionOptions options)
 {
@@ -55,9 +52,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<Bookmarks> makeBookmarks()
-{
-    return std::make_unique<MacBookmarks>();
-}
+std::unique_ptr<Bookmarks> makeBookmarks() { return std::make_unique<MacBookmarks>(); }
 
 } // namespace zv

@@ -9,7 +9,7 @@ namespace {
 bool flag(NSURL* url, NSString* key)
 {
     NSNumber* value = nil;
-    return [url getResourceValue:&value forKey:key error:nullptr] && [value boolValue];
+    return [url getResourceValue:&value forKey:key error:nullptr] && value.boolValue;
 }
 
 std::optional<std::string> text(NSURL* url, NSString* key)
@@ -40,7 +40,7 @@ public:
         return FileTraits { flag(target, NSURLIsDirectoryKey), flag(target, NSURLIsPackageKey) };
     }
 
-    Url resolvingSymlinks(Url const& url) const override { return fromNSURL([toNSURL(url) URLByResolvingSymlinksInPath]); }
+    Url resolvingSymlinks(Url const& url) const override { return fromNSURL(toNSURL(url).URLByResolvingSymlinksInPath); }
 
     std::string localizedName(Url const& url) const override
     {
@@ -63,10 +63,7 @@ public:
         return resultOf(made, error);
     }
 
-    bool isWritableDirectory(Url const& url) const override
-    {
-        return flag(toNSURL(url), NSURLIsDirectoryKey) && [m_files isWritableFileAtPath:pathOf(url)];
-    }
+    bool isWritableDirectory(Url const& url) const override { return flag(toNSURL(url), NSURLIsDirectoryKey) && [m_files isWritableFileAtPath:pathOf(url)]; }
 
     Result<std::vector<std::byte>> read(Url const& url) const override
     {
@@ -104,16 +101,13 @@ public:
     }
 
 private:
-    NSString* pathOf(Url const& url) const { return [toNSURL(url) path]; }
+    NSString* pathOf(Url const& url) const { return toNSURL(url).path; }
 
     NSFileManager* m_files;
 };
 
 } // namespace
 
-std::shared_ptr<FileSystem> makeFileSystem()
-{
-    return std::make_shared<MacFileSystem>();
-}
+std::shared_ptr<FileSystem> makeFileSystem() { return std::make_shared<MacFileSystem>(); }
 
 } // namespace zv

@@ -9,19 +9,18 @@ namespace {
 // The properties read for every child in the one pass.
 NSArray* prefetchedKeys()
 {
-    return [NSArray arrayWithObjects:NSURLIsDirectoryKey, NSURLIsPackageKey, NSURLIsHiddenKey, NSURLIsAliasFileKey, NSURLIsSymbolicLinkKey,
-                    NSURLLocalizedNameKey, nil];
+    return @[ NSURLIsDirectoryKey, NSURLIsPackageKey, NSURLIsHiddenKey, NSURLIsAliasFileKey, NSURLIsSymbolicLinkKey, NSURLLocalizedNameKey ];
 }
 
 bool flag(NSURL* url, NSString* key)
 {
     NSNumber* value = nil;
-    return [url getResourceValue:&value forKey:key error:nullptr] && [value boolValue];
+    return [url getResourceValue:&value forKey:key error:nullptr] && value.boolValue;
 }
 
 FolderReadFailure failureOf(NSError* error)
 {
-    switch ([error code]) {
+    switch (error.code) {
     case NSFileReadNoPermissionError:
         return FolderReadFailure::notPermitted;
     case NSFileReadNoSuchFileError:
@@ -56,7 +55,7 @@ public:
 private:
     static void add(NSURL* child, FolderContents& contents)
     {
-        std::string const name = fromNSString([child lastPathComponent]);
+        std::string const name = fromNSString(child.lastPathComponent);
         NSString* localized = nil;
         [child getResourceValue:&localized forKey:NSURLLocalizedNameKey error:nullptr];
         bool const isLink = flag(child, NSURLIsSymbolicLinkKey) || flag(child, NSURLIsAliasFileKey);
@@ -68,8 +67,8 @@ private:
 
     static FileTraits traitsOfTarget(NSURL* link)
     {
-        if (leadsToRemoteVolume(fromNSString([link path])))
-            return { [[link pathExtension] length] == 0, false };
+        if (leadsToRemoteVolume(fromNSString(link.path)))
+            return { link.pathExtension.length == 0, false };
         NSURL* const target = targetOfLinks(link);
         return target ? traitsOf(target) : FileTraits {};
     }
@@ -77,9 +76,6 @@ private:
 
 } // namespace
 
-std::shared_ptr<FolderReader const> makeFolderReader()
-{
-    return std::make_shared<MacFolderReader>();
-}
+std::shared_ptr<FolderReader const> makeFolderReader() { return std::make_shared<MacFolderReader>(); }
 
 } // namespace zv

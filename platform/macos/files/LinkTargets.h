@@ -4,6 +4,8 @@
 
 #include <string>
 
+NS_ASSUME_NONNULL_BEGIN
+
 /// The targets of symbolic links and alias files. Any thread.
 namespace zv {
 
@@ -15,6 +17,8 @@ bool leadsToRemoteVolume(std::string const& path);
 bool isMountPoint(std::string const& path);
 
 /// Follows every link and alias, but mounts nothing; nil where an alias leads nowhere.
-NSURL* targetOfLinks(NSURL* url);
+NSURL* _Nullable targetOfLinks(NSURL* url);
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

@@ -56,7 +56,7 @@ bool isAlias(NSURL* url)
     NSNumber* isEither = nil;
     [url getResourceValue:&isLink forKey:NSURLIsSymbolicLinkKey error:nullptr];
     [url getResourceValue:&isEither forKey:NSURLIsAliasFileKey error:nullptr];
-    return [isEither boolValue] && ![isLink boolValue];
+    return isEither.boolValue && !isLink.boolValue;
 }
 
 /// The path stored in the alias; empty when it has none, or is no alias.
@@ -64,7 +64,7 @@ std::string pathInAlias(std::string const& path)
 {
     NSURL* const url = toNSURL(Url::fromPath(path));
     NSData* const data = isAlias(url) ? [NSURL bookmarkDataWithContentsOfURL:url error:nullptr] : nil;
-    NSDictionary* const values = data ? [NSURL resourceValuesForKeys:[NSArray arrayWithObject:NSURLPathKey] fromBookmarkData:data] : nil;
+    NSDictionary* const values = data ? [NSURL resourceValuesForKeys:@[ NSURLPathKey ] fromBookmarkData:data] : nil;
     return fromNSString([values objectForKey:NSURLPathKey]);
 }
 
@@ -115,7 +115,7 @@ private:
 NSURL* withoutSymlinks(NSURL* url)
 {
     char real[PATH_MAX];
-    return realpath(fromNSString([url path]).c_str(), real) ? toNSURL(Url::fromPath(real)) : url;
+    return realpath(fromNSString(url.path).c_str(), real) ? toNSURL(Url::fromPath(real)) : url;
 }
 
 } // namespace

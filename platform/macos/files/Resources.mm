@@ -9,9 +9,9 @@ class BundleResources : public Resources {
 public:
     BundleResources()
     {
-        NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
+        NSDictionary* const information = NSBundle.mainBundle.infoDictionary;
         // Entries are converted singly: the system adds a URL, which no property list holds.
-        for (NSString* key in [[information allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
+        for (NSString* key in [information.allKeys sortedArrayUsingSelector:@selector(compare:)]) {
             if (auto value = fromFoundation([information objectForKey:key]))
                 m_information.set(fromNSString(key), std::move(*value));
         }
@@ -19,7 +19,7 @@ public:
 
     std::optional<std::vector<std::byte>> load(std::string_view name, std::string_view extension) const override
     {
-        NSString* const path = [[NSBundle mainBundle] pathForResource:toNSString(name) ofType:toNSString(extension)];
+        NSString* const path = [NSBundle.mainBundle pathForResource:toNSString(name) ofType:toNSString(extension)];
         NSData* const data = path ? [NSData dataWithContentsOfFile:path] : nil;
         return data ? std::optional(fromNSData(data)) : std::nullopt;
     }
@@ -32,9 +32,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<Resources> makeResources()
-{
-    return std::make_unique<BundleResources>();
-}
+std::unique_ptr<Resources> makeResources() { return std::make_unique<BundleResources>(); }
 
 } // namespace zv

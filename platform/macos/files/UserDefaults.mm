@@ -57,14 +57,11 @@ namespace {
 class StandardUserDefaults : public UserDefaults {
 public:
     StandardUserDefaults()
-        : m_defaults([NSUserDefaults standardUserDefaults])
+        : m_defaults(NSUserDefaults.standardUserDefaults)
     {
         // Copied to the thread that tells; runs on the main thread, while this lives.
         auto const compare = m_lifetime.guard([this] { tellWhatDiffers(); });
-        m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults
-                                                          changed:[compare] {
-                                                              performOnMain(compare);
-                                                          }];
+        m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults changed:[compare] { performOnMain(compare); }];
     }
     ~StandardUserDefaults() override { [m_observer stop]; }
 
@@ -111,8 +108,8 @@ public:
 private:
     NSDictionary* domain() const
     {
-        NSString* const identifier = [[NSBundle mainBundle] bundleIdentifier];
-        return identifier ? [m_defaults persistentDomainForName:identifier] : [NSDictionary dictionary];
+        NSString* const identifier = NSBundle.mainBundle.bundleIdentifier;
+        return identifier ? [m_defaults persistentDomainForName:identifier] : @ {};
     }
 
     void watch(NSString* key) const
@@ -154,9 +151,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<UserDefaults> makeUserDefaults()
-{
-    return std::make_unique<StandardUserDefaults>();
-}
+std::unique_ptr<UserDefaults> makeUserDefaults() { return std::make_unique<StandardUserDefaults>(); }
 
 } // namespace zv

@@ -13,18 +13,16 @@ public:
         , m_limit(question.limit)
         , m_done(std::move(done))
     {
-        [m_query setPredicate:[NSPredicate predicateFromMetadataQueryString:toNSString(metadataQueryString(question))]];
+        m_query.predicate = [NSPredicate predicateFromMetadataQueryString:toNSString(metadataQueryString(question))];
         NSSortDescriptor* const newestFirst = [[NSSortDescriptor alloc] initWithKey:NSMetadataItemLastUsedDateKey ascending:NO];
-        [m_query setSortDescriptors:[NSArray arrayWithObject:newestFirst]];
-        [m_query setSearchScopes:[NSArray arrayWithObject:NSMetadataQueryLocalComputerScope]];
+        m_query.sortDescriptors = @[ newestFirst ];
+        m_query.searchScopes = @[ NSMetadataQueryLocalComputerScope ];
         // The main queue delivers results while a menu is open; the run loop might not.
-        [m_query setOperationQueue:[NSOperationQueue mainQueue]];
-        m_observer = [[NSNotificationCenter defaultCenter] addObserverForName:NSMetadataQueryDidFinishGatheringNotification
-                                                                       object:m_query
-                                                                        queue:[NSOperationQueue mainQueue]
-                                                                   usingBlock:^(NSNotification*) {
-                                                                       finish();
-                                                                   }];
+        m_query.operationQueue = NSOperationQueue.mainQueue;
+        m_observer = [NSNotificationCenter.defaultCenter addObserverForName:NSMetadataQueryDidFinishGatheringNotification
+                                                                     object:m_query
+                                                                      queue:NSOperationQueue.mainQueue
+                                                                 usingBlock:^(NSNotification*) { finish(); }];
         [m_query startQuery];
     }
     ~SpotlightSearch() override { stop(); }
@@ -33,7 +31,7 @@ private:
     void finish()
     {
         stop();
-        auto files = firstFiles([m_query resultCount], m_limit, [this](std::size_t index) { return pathOfResult(index); });
+        auto files = firstFiles(m_query.resultCount, m_limit, [this](std::size_t index) { return pathOfResult(index); });
         auto const done = m_done; // outlives the search, which it may destroy
         done(std::move(files));
     }
@@ -42,7 +40,7 @@ private:
     {
         [m_query stopQuery];
         if (m_observer)
-            [[NSNotificationCenter defaultCenter] removeObserver:m_observer];
+            [NSNotificationCenter.defaultCenter removeObserver:m_observer];
         m_observer = nil;
     }
 
@@ -68,9 +66,6 @@ public:
 
 } // namespace
 
-std::unique_ptr<RecentFiles> makeRecentFiles()
-{
-    return std::make_unique<SpotlightRecentFiles>();
-}
+std::unique_ptr<RecentFiles> makeRecentFiles() { return std::make_unique<SpotlightRecentFiles>(); }
 
 } // namespace zv

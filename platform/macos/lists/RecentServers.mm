@@ -12,15 +12,15 @@ namespace {
 /// (mpco/AlfredWorkflow-Recent-Documents#14).
 std::optional<NSData*> archive()
 {
-    NSURL* const home = [[NSFileManager defaultManager] homeDirectoryForCurrentUser];
+    NSURL* const home = NSFileManager.defaultManager.homeDirectoryForCurrentUser;
     NSURL* const folder = [home URLByAppendingPathComponent:@"Library/Application Support/com.apple.sharedfilelist"];
-    for (NSString* extension in [NSArray arrayWithObjects:@"sfl4", @"sfl3", @"sfl2", nil]) {
+    for (NSString* extension in @[ @"sfl4", @"sfl3", @"sfl2" ]) {
         NSString* const name = [@"com.apple.LSSharedFileList.RecentServers." stringByAppendingString:extension];
         NSError* failure = nil;
         NSData* const data = [NSData dataWithContentsOfURL:[folder URLByAppendingPathComponent:name] options:0 error:&failure];
         if (data)
             return data;
-        if ([failure code] != NSFileReadNoSuchFileError)
+        if (failure.code != NSFileReadNoSuchFileError)
             return std::nullopt;
     }
     return nil;
@@ -60,7 +60,7 @@ public:
         if (!items)
             return done(std::nullopt);
         std::vector<RecentServer> servers;
-        auto position = static_cast<std::int64_t>([items count]); // the list is in order, but tells no dates
+        auto position = static_cast<std::int64_t>(items.count); // the list is in order, but tells no dates
         for (id item in items) {
             if (auto url = serverOf(item))
                 servers.push_back({ std::move(*url), position });

@@ -9,8 +9,8 @@ namespace {
 /// process's number.
 std::string idOf(NSRunningApplication* application)
 {
-    NSURL* const bundle = [application bundleURL];
-    return bundle ? fromNSURL(bundle).toString() : std::to_string([application processIdentifier]);
+    NSURL* const bundle = application.bundleURL;
+    return bundle ? fromNSURL(bundle).toString() : std::to_string(application.processIdentifier);
 }
 
 class MacRunningApplications : public RunningApplications {
@@ -18,13 +18,13 @@ public:
     void list(std::function<void(List)> done) override
     {
         std::vector<RunningApplication> running;
-        pid_t const own = [[NSRunningApplication currentApplication] processIdentifier];
-        for (NSRunningApplication* application in [[NSWorkspace sharedWorkspace] runningApplications]) {
-            bool const isRegular = [application activationPolicy] == NSApplicationActivationPolicyRegular;
-            if (!isRegular || [application processIdentifier] == own)
+        pid_t const own = [NSRunningApplication.currentApplication processIdentifier];
+        for (NSRunningApplication* application in NSWorkspace.sharedWorkspace.runningApplications) {
+            bool const isRegular = application.activationPolicy == NSApplicationActivationPolicyRegular;
+            if (!isRegular || application.processIdentifier == own)
                 continue;
-            NSURL* const bundle = [application bundleURL];
-            running.push_back({ idOf(application), fromNSString([application localizedName]), bundle ? std::optional(fromNSURL(bundle)) : std::nullopt });
+            NSURL* const bundle = application.bundleURL;
+            running.push_back({ idOf(application), fromNSString(application.localizedName), bundle ? std::optional(fromNSURL(bundle)) : std::nullopt });
         }
         done(std::move(running));
     }
@@ -34,10 +34,10 @@ public:
     {
         auto const bundle = Url::parse(id);
         if (bundle && bundle->isFile()) {
-            [[NSWorkspace sharedWorkspace] openURL:toNSURL(*bundle)];
+            [NSWorkspace.sharedWorkspace openURL:toNSURL(*bundle)];
             return;
         }
-        for (NSRunningApplication* application in [[NSWorkspace sharedWorkspace] runningApplications]) {
+        for (NSRunningApplication* application in NSWorkspace.sharedWorkspace.runningApplications) {
             if (idOf(application) == id)
                 [application activateWithOptions:NSApplicationActivateAllWindows];
         }
@@ -46,12 +46,12 @@ public:
 
 std::vector<Volume> mountedVolumes()
 {
-    NSArray* const keys = [NSArray arrayWithObject:NSURLVolumeLocalizedNameKey];
+    NSArray* const keys = @[ NSURLVolumeLocalizedNameKey ];
     std::vector<Volume> volumes;
-    for (NSURL* root in [[NSFileManager defaultManager] mountedVolumeURLsIncludingResourceValuesForKeys:keys options:NSVolumeEnumerationSkipHiddenVolumes]) {
+    for (NSURL* root in [NSFileManager.defaultManager mountedVolumeURLsIncludingResourceValuesForKeys:keys options:NSVolumeEnumerationSkipHiddenVolumes]) {
         NSString* label = nil;
         [root getResourceValue:&label forKey:NSURLVolumeLocalizedNameKey error:nullptr];
-        volumes.push_back({ fromNSURL(root), fromNSString(label), [[root path] isEqualToString:@"/"] != NO });
+        volumes.push_back({ fromNSURL(root), fromNSString(label), [root.path isEqualToString:@"/"] != NO });
     }
     return volumes;
 }

@@ -6,6 +6,8 @@
 #include "base/Lifetime.h"
 #include "platform/macos/cocoa/Factories.h"
 
+NS_ASSUME_NONNULL_BEGIN
+
 /// Mirrors a menu of ours in a menu of the system's: asks ours to fill itself when it is about
 /// to open, and follows its changes while it is open. Owned by whoever shows the menu, which
 /// holds its delegate weakly.
@@ -18,6 +20,8 @@
     zv::Lifetime _lifetime;
 }
 /// `tracking` gets the closing time of a top-level menu; null for a submenu.
-- (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking*)tracking;
-- (NSMenu*)menu;
+- (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking* _Nullable)tracking;
+@property (nonatomic, readonly) NSMenu* menu;
 @end
+
+NS_ASSUME_NONNULL_END

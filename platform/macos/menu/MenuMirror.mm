@@ -45,22 +45,23 @@ NSFont* menuFont(bool italic)
     NSFont* const plain = [NSFont menuFontOfSize:0];
     if (!italic)
         return plain;
-    static NSFont* const slanted = [NSFont fontWithDescriptor:[[plain fontDescriptor] fontDescriptorWithSymbolicTraits:NSFontDescriptorTraitItalic]
-                                                         size:[plain pointSize]];
+    static NSFont* const slanted = [NSFont fontWithDescriptor:[plain.fontDescriptor fontDescriptorWithSymbolicTraits:NSFontDescriptorTraitItalic]
+                                                         size:plain.pointSize];
     return slanted ? slanted : plain;
 }
 
 NSParagraphStyle* styleWithTab(double place)
 {
-    NSTextTab* const tab = [[NSTextTab alloc] initWithTextAlignment:NSTextAlignmentRight location:place options:[NSDictionary dictionary]];
-    NSMutableParagraphStyle* const style = [[NSParagraphStyle defaultParagraphStyle] mutableCopy];
-    [style setTabStops:[NSArray arrayWithObject:tab]];
+    NSTextTab* const tab = [[NSTextTab alloc] initWithTextAlignment:NSTextAlignmentRight location:place options:@ {}];
+    NSMutableParagraphStyle* const style = [NSParagraphStyle.defaultParagraphStyle mutableCopy];
+    style.tabStops = @[ tab ];
     return style;
 }
 
 NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 {
-    NSMutableDictionary* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic) forKey:NSFontAttributeName];
+    NSMutableDictionary<NSAttributedStringKey, id>* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic)
+                                                                                                          forKey:NSFontAttributeName];
     NSString* text = zv::toNSString(title.text);
     if (!title.hint.empty()) {
         text = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
@@ -73,19 +74,19 @@ void setImage(NSMenuItem* item, zv::ImageRef const& image)
 {
     if (!image)
         return;
-    [item setImage:zv::toNSImage(image)];
+    item.image = zv::toNSImage(image);
     if ([item respondsToSelector:NSSelectorFromString(@"setPreferredImageVisibility:")])
-        [item setValue:[NSNumber numberWithInt:imageIsVisible] forKey:imageVisibilityKey];
+        [item setValue:@(imageIsVisible) forKey:imageVisibilityKey];
 }
 
 void setTexts(NSMenuItem* item, MenuEntry const& entry)
 {
     if (entry.attributedTitle)
-        [item setAttributedTitle:toAttributedString(*entry.attributedTitle)];
+        item.attributedTitle = toAttributedString(*entry.attributedTitle);
     if (!entry.toolTip.empty())
-        [item setToolTip:zv::toNSString(entry.toolTip)];
+        item.toolTip = zv::toNSString(entry.toolTip);
     if (!entry.identifier.empty())
-        [item setIdentifier:zv::toNSString(entry.identifier)];
+        item.identifier = zv::toNSString(entry.identifier);
 }
 
 NSMenuItem* toMenuItem(MenuEntry const& entry)
@@ -93,21 +94,21 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     if (entry.type == MenuEntry::Type::separator)
         return (NSMenuItem*)[NSMenuItem separatorItem];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:zv::toNSString(entry.title) action:nil keyEquivalent:zv::toNSString(entry.keyEquivalent)];
-    [item setKeyEquivalentModifierMask:static_cast<NSEventModifierFlags>(entry.keyEquivalentModifierMask)];
+    item.keyEquivalentModifierMask = static_cast<NSEventModifierFlags>(entry.keyEquivalentModifierMask);
     setTexts(item, entry);
     setImage(item, entry.image);
-    [item setState:entry.isMarked ? NSControlStateValueOn : NSControlStateValueOff];
+    item.state = entry.isMarked ? NSControlStateValueOn : NSControlStateValueOff;
 
     ZVMenuMirror* const submenu = entry.submenu ? [[ZVMenuMirror alloc] initWithMenu:entry.submenu tracking:nullptr] : nil;
     ZVMenuItemKeeper* const keeper = [[ZVMenuItemKeeper alloc] initWithEntry:entry submenu:submenu];
-    [item setRepresentedObject:keeper];
+    item.representedObject = keeper;
     if (submenu)
-        [item setSubmenu:[submenu menu]];
+        item.submenu = submenu.menu;
     if (entry.target) {
-        [item setTarget:keeper];
-        [item setAction:@selector(invoke:)];
+        item.target = keeper;
+        item.action = @selector(invoke:);
     }
-    [item setEnabled:entry.enabled ? YES : NO];
+    item.enabled = entry.enabled ? YES : NO;
     return item;
 }
 
@@ -115,13 +116,15 @@ constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModif
 
 zv::KeyPress keyPressOf(NSEvent* event)
 {
-    auto const modifiers = static_cast<zv::ModifierMask>([event modifierFlags] & shortcutModifiers);
-    return { [event keyCode], zv::fromNSString([event charactersIgnoringModifiers]), modifiers };
+    auto const modifiers = static_cast<zv::ModifierMask>(event.modifierFlags & shortcutModifiers);
+    return { event.keyCode, zv::fromNSString(event.charactersIgnoringModifiers), modifiers };
 }
 
 } // namespace
 
 @implementation ZVMenuMirror
+
+@synthesize menu = _menu;
 
 - (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking*)tracking
 {
@@ -130,15 +133,15 @@ zv::KeyPress keyPressOf(NSEvent* event)
     _mirrored = menu;
     _tracking = tracking;
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
-    [_menu setAutoenablesItems:NO]; // every entry says itself whether it is enabled
+    _menu.autoenablesItems = NO; // every entry says itself whether it is enabled
     [self showEntries]; // of a menu that fills itself: its entries until then
-    [_menu setDelegate:self];
+    _menu.delegate = self;
     return self;
 }
 
 - (void)dealloc
 {
-    [_menu setDelegate:nil];
+    _menu.delegate = nil;
     if (_isOpen)
         [self endTracking]; // nobody would tell of the closing any more
     if (_mirrored)
@@ -146,11 +149,6 @@ zv::KeyPress keyPressOf(NSEvent* event)
 #if !__has_feature(objc_arc)
     [super dealloc];
 #endif
-}
-
-- (NSMenu*)menu
-{
-    return _menu;
 }
 
 - (void)showEntries
@@ -189,7 +187,7 @@ zv::KeyPress keyPressOf(NSEvent* event)
     if (!_tracking)
         return;
     _tracking->isOpen = false;
-    _tracking->lastClosed = [[NSProcessInfo processInfo] systemUptime];
+    _tracking->lastClosed = NSProcessInfo.processInfo.systemUptime;
 }
 
 /// Finds shortcuts while their menu is open, and answers for all menus below it. The system would
@@ -197,7 +195,7 @@ zv::KeyPress keyPressOf(NSEvent* event)
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
 {
     MenuEntry chosen;
-    chosen.target = _isOpen ? _mirrored->targetForKey(keyPressOf(event)) : nullptr;
+    chosen.target = _isOpen && !event.isARepeat ? _mirrored->targetForKey(keyPressOf(event)) : nullptr;
     if (!chosen.target)
         return NO;
     _chosenByKey = [[ZVMenuItemKeeper alloc] initWithEntry:chosen submenu:nil];

@@ -15,12 +15,12 @@ class MacStatusItem : public StatusItem {
 public:
     MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
         : m_mirror([[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking])
-        , m_shown(std::make_shared<ShownItem>(ShownItem { [[NSStatusBar systemStatusBar] statusItemWithLength:NSSquareStatusItemLength] }))
+        , m_shown(std::make_shared<ShownItem>(ShownItem { [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength] }))
     {
         show(toNSString(name));
-        [m_shown->item setMenu:[m_mirror menu]];
+        m_shown->item.menu = m_mirror.menu;
     }
-    ~MacStatusItem() override { [[NSStatusBar systemStatusBar] removeStatusItem:m_shown->item]; }
+    ~MacStatusItem() override { [NSStatusBar.systemStatusBar removeStatusItem:m_shown->item]; }
 
     [[nodiscard]] std::shared_ptr<ShownItem> const& shown() const { return m_shown; }
 
@@ -28,11 +28,11 @@ private:
     void show(NSString* name)
     {
         NSImage* const symbol = [NSImage imageWithSystemSymbolName:@"laurel.leading" accessibilityDescription:name];
-        [symbol setTemplate:YES];
+        [symbol setTemplate:YES]; // no property in C++, where the word is taken
         if (symbol)
-            [[m_shown->item button] setImage:symbol];
+            m_shown->item.button.image = symbol;
         else
-            [[m_shown->item button] setTitle:name];
+            m_shown->item.button.title = name;
     }
 
     ZVMenuMirror* m_mirror;
@@ -58,7 +58,7 @@ public:
     {
         auto const shown = m_shown.lock();
         if (shown)
-            [[shown->item button] performClick:nil];
+            [shown->item.button performClick:nil];
         return shown != nullptr;
     }
 

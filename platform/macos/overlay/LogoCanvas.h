@@ -5,6 +5,8 @@
 
 #include "platform/desk/Canvas.h"
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// Draws with the graphics context current while a view draws itself.
@@ -27,3 +29,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

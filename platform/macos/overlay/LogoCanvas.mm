@@ -33,14 +33,14 @@ void draw(NSImage* image, CGContextRef bitmap)
     CGContextScaleCTM(bitmap, maskScale, maskScale);
     [NSGraphicsContext saveGraphicsState];
     [NSGraphicsContext setCurrentContext:[NSGraphicsContext graphicsContextWithCGContext:bitmap flipped:NO]];
-    NSSize const size = [image size];
+    NSSize const size = image.size;
     [image drawInRect:NSMakeRect(0, 0, size.width, size.height) fromRect:NSZeroRect operation:NSCompositingOperationSourceOver fraction:1];
     [NSGraphicsContext restoreGraphicsState];
 }
 
 Pixels coloured(NSImage* image)
 {
-    NSSize const size = [image size];
+    NSSize const size = image.size;
     Pixels pixels { static_cast<std::size_t>(std::ceil(size.width * maskScale)), static_cast<std::size_t>(std::ceil(size.height * maskScale)), {} };
     pixels.bytes.resize(pixels.width * pixels.height * bytesOfPixel);
     CGColorSpaceRef const space = CGColorSpaceCreateWithName(kCGColorSpaceSRGB);
@@ -103,17 +103,17 @@ std::shared_ptr<Mask const> LogoCanvas::logoMask()
     return mask;
 }
 
-void LogoCanvas::saveState() { CGContextSaveGState([m_context CGContext]); }
+void LogoCanvas::saveState() { CGContextSaveGState(m_context.CGContext); }
 
-void LogoCanvas::restoreState() { CGContextRestoreGState([m_context CGContext]); }
+void LogoCanvas::restoreState() { CGContextRestoreGState(m_context.CGContext); }
 
 void LogoCanvas::clipToMask(Mask const& mask, Rect const& rect)
 {
-    CGContextClipToMask([m_context CGContext], CGRectMake(rect.x, rect.y, rect.width, rect.height), static_cast<GreyMask const&>(mask).image());
+    CGContextClipToMask(m_context.CGContext, CGRectMake(rect.x, rect.y, rect.width, rect.height), static_cast<GreyMask const&>(mask).image());
 }
 
 void LogoCanvas::setFillColor(Color const& color) { [[NSColor colorWithSRGBRed:color.red green:color.green blue:color.blue alpha:color.alpha] setFill]; }
 
-void LogoCanvas::fill(Rect const& rect) { NSRectFillUsingOperation(toNSRect(rect), [m_context compositingOperation]); }
+void LogoCanvas::fill(Rect const& rect) { NSRectFillUsingOperation(toNSRect(rect), m_context.compositingOperation); }
 
 } // namespace zv

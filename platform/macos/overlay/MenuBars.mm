@@ -30,7 +30,7 @@ WindowInfo infoOf(NSDictionary* description)
     info.layer = [valueOf(description, kCGWindowLayer, [NSNumber class]) intValue];
     info.bounds = boundsOf(description);
     if (NSNumber* const number = valueOf(description, kCGWindowNumber, [NSNumber class]))
-        info.number = [number longLongValue];
+        info.number = number.longLongValue;
     info.isOnscreen = [valueOf(description, kCGWindowIsOnscreen, [NSNumber class]) boolValue]; // absent when it is not
     return info;
 }
@@ -40,8 +40,8 @@ NSArray* describe(CGWindowListOption option, CGWindowID relativeTo) { return CFB
 /// The upper edge of the primary screen; nothing without screens.
 std::optional<double> topOfScreens()
 {
-    NSScreen* const primary = [[NSScreen screens] firstObject];
-    return primary ? std::optional<double>(NSMaxY([primary frame])) : std::nullopt;
+    NSScreen* const primary = NSScreen.screens.firstObject;
+    return primary ? std::optional<double>(NSMaxY(primary.frame)) : std::nullopt;
 }
 
 class MacMenuBars : public MenuBars {

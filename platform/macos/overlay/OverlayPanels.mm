@@ -25,21 +25,18 @@
 @interface ZVOverlayView : NSView {
     zv::OverlayPanelContent* _content; // null once the panel has gone
 }
-- (void)setContent:(zv::OverlayPanelContent*)content;
+@property (nonatomic, assign) zv::OverlayPanelContent* content;
 @end
 
 @implementation ZVOverlayView
-- (void)setContent:(zv::OverlayPanelContent*)content
-{
-    _content = content;
-}
+@synthesize content = _content;
 - (void)drawRect:(NSRect)dirty
 {
-    NSGraphicsContext* const context = [NSGraphicsContext currentContext];
-    double const height = [self bounds].size.height;
+    NSGraphicsContext* const context = NSGraphicsContext.currentContext;
+    double const height = self.bounds.size.height;
     if (!_content)
         return;
-    if (!context || ![context CGContext])
+    if (!context || !context.CGContext)
         return _content->draw(nullptr, height);
     zv::LogoCanvas canvas(context);
     _content->draw(&canvas, height);
@@ -48,7 +45,7 @@
 /// with it: both are kept until the end.
 - (BOOL)press
 {
-    __attribute__((objc_precise_lifetime, unused)) NSWindow* const panel = [self window];
+    __attribute__((objc_precise_lifetime, unused)) NSWindow* const panel = self.window;
     __attribute__((objc_precise_lifetime, unused)) ZVOverlayView* const view = self;
     if (!_content)
         return NO;
@@ -101,38 +98,38 @@ public:
         , m_view([[ZVOverlayView alloc] initWithFrame:NSMakeRect(0, 0, frame.width, frame.height)])
     {
         style();
-        [m_view setContent:&content];
-        [m_panel setContentView:m_view];
+        m_view.content = &content;
+        m_panel.contentView = m_view;
     }
     ~MacOverlayPanel() override
     {
-        [m_view setContent:nullptr];
+        m_view.content = nullptr;
         [m_panel orderOut:nil];
     }
 
     Rect frame() const override
     {
-        NSRect const frame = [m_panel frame];
+        NSRect const frame = m_panel.frame;
         return { frame.origin.x, frame.origin.y, frame.size.width, frame.size.height };
     }
     void setFrame(Rect const& frame) override { [m_panel setFrame:toNSRect(frame) display:YES]; }
     void show() override { [m_panel orderFrontRegardless]; }
     void hide() override { [m_panel orderOut:nil]; }
-    void redraw() override { [m_view setNeedsDisplay:YES]; }
+    void redraw() override { m_view.needsDisplay = YES; }
 
 private:
     void style()
     {
-        [m_panel setOpaque:NO];
-        [m_panel setBackgroundColor:[NSColor colorWithSRGBRed:0 green:0 blue:0 alpha:overlayPanelStyle::backgroundAlpha]];
-        [m_panel setHasShadow:NO];
-        [m_panel setLevel:overlayPanelStyle::level];
-        [m_panel setCollectionBehavior:static_cast<NSWindowCollectionBehavior>(overlayPanelStyle::collectionBehavior)];
-        [m_panel setMovable:NO];
-        [m_panel setHidesOnDeactivate:NO];
-        [m_panel setReleasedWhenClosed:NO];
-        [m_panel setRestorable:NO];
-        [m_panel setAnimationBehavior:NSWindowAnimationBehaviorNone];
+        m_panel.opaque = NO;
+        m_panel.backgroundColor = [NSColor colorWithSRGBRed:0 green:0 blue:0 alpha:overlayPanelStyle::backgroundAlpha];
+        m_panel.hasShadow = NO;
+        m_panel.level = overlayPanelStyle::level;
+        m_panel.collectionBehavior = static_cast<NSWindowCollectionBehavior>(overlayPanelStyle::collectionBehavior);
+        m_panel.movable = NO;
+        m_panel.hidesOnDeactivate = NO;
+        m_panel.releasedWhenClosed = NO;
+        m_panel.restorable = NO;
+        m_panel.animationBehavior = NSWindowAnimationBehaviorNone;
     }
 
     ZVOverlayPanel* m_panel;

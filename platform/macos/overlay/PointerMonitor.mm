@@ -32,7 +32,7 @@ public:
 
     Point location() const override
     {
-        NSPoint const place = [NSEvent mouseLocation];
+        NSPoint const place = NSEvent.mouseLocation;
         return { place.x, place.y };
     }
 };

@@ -18,15 +18,15 @@ public:
     std::vector<Rect> frames() const override
     {
         std::vector<Rect> frames;
-        for (NSScreen* screen in [NSScreen screens]) {
-            NSRect const frame = [screen frame];
+        for (NSScreen* screen in NSScreen.screens) {
+            NSRect const frame = screen.frame;
             frames.push_back({ frame.origin.x, frame.origin.y, frame.size.width, frame.size.height });
         }
         return frames;
     }
 
 private:
-    Observers m_observers { [NSNotificationCenter defaultCenter] };
+    Observers m_observers { NSNotificationCenter.defaultCenter };
 };
 
 class MacWorkspaceEvents : public WorkspaceEvents {
@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    Observers m_observers { [[NSWorkspace sharedWorkspace] notificationCenter] };
+    Observers m_observers { NSWorkspace.sharedWorkspace.notificationCenter };
 };
 
 } // namespace

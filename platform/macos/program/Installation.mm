@@ -40,7 +40,7 @@ void releaseFromQuarantine(NSString* file)
 void releaseAllFromQuarantine(NSString* root)
 {
     releaseFromQuarantine(root);
-    for (NSString* below in [[NSFileManager defaultManager] enumeratorAtPath:root])
+    for (NSString* below in [NSFileManager.defaultManager enumeratorAtPath:root])
         releaseFromQuarantine([root stringByAppendingPathComponent:below]);
 }
 
@@ -61,7 +61,7 @@ public:
     std::optional<Url> applicationsFolder() override
     {
         NSURL* const local = folder(NSLocalDomainMask, NO);
-        if (local && [files() fileExistsAtPath:[local path]] && [files() isWritableFileAtPath:[local path]])
+        if (local && [files() fileExistsAtPath:local.path] && [files() isWritableFileAtPath:local.path])
             return fromNSURL(local);
         NSURL* const own = folder(NSUserDomainMask, YES);
         return own ? std::optional(fromNSURL(own)) : std::nullopt;
@@ -85,7 +85,7 @@ public:
         NSError* error = nil;
         BOOL const copied = [files() copyItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
         if (copied)
-            releaseAllFromQuarantine([toNSURL(to) path]);
+            releaseAllFromQuarantine(toNSURL(to).path);
         return resultOf(copied, error);
     }
 
@@ -93,16 +93,12 @@ public:
     {
         NSError* error = nil;
         NSURL* const target = toNSURL(to);
-        BOOL const isThere = [files() fileExistsAtPath:[target path]];
-        BOOL const done = isThere ? [files() replaceItemAtURL:target
-                                                withItemAtURL:toNSURL(from)
-                                               backupItemName:nil
-                                                      options:0
-                                             resultingItemURL:nullptr
-                                                        error:&error]
-                                  : [files() moveItemAtURL:toNSURL(from) toURL:target error:&error];
+        BOOL const isThere = [files() fileExistsAtPath:target.path];
+        BOOL const done = isThere
+            ? [files() replaceItemAtURL:target withItemAtURL:toNSURL(from) backupItemName:nil options:0 resultingItemURL:nullptr error:&error]
+            : [files() moveItemAtURL:toNSURL(from) toURL:target error:&error];
         if (done)
-            releaseFromQuarantine([target path]); // the replaced file may have passed a mark on
+            releaseFromQuarantine(target.path); // the replaced file may have passed a mark on
         return resultOf(done, error);
     }
 
@@ -114,7 +110,7 @@ public:
     void giveWay() override { m_giveWay(); }
 
 private:
-    static NSFileManager* files() { return [NSFileManager defaultManager]; }
+    static NSFileManager* files() { return NSFileManager.defaultManager; }
     static NSURL* folder(NSSearchPathDomainMask domain, BOOL create)
     {
         return [files() URLForDirectory:NSApplicationDirectory inDomain:domain appropriateForURL:nil create:create error:nullptr];

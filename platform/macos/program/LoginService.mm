@@ -11,7 +11,7 @@ class MacLoginService : public LoginService {
 public:
     Status status() const override
     {
-        switch ([[SMAppService mainAppService] status]) {
+        switch (SMAppService.mainAppService.status) {
         case SMAppServiceStatusEnabled:
             return Status::enabled;
         case SMAppServiceStatusRequiresApproval:
@@ -27,7 +27,7 @@ public:
     Result<void, Error> registerService() override
     {
         NSError* error = nil;
-        BOOL const done = [[SMAppService mainAppService] registerAndReturnError:&error];
+        BOOL const done = [SMAppService.mainAppService registerAndReturnError:&error];
         // Registering an entry that the user switched off fails as well; its state then says why.
         return resultOf(done || status() == Status::requiresApproval, error);
     }
@@ -35,7 +35,7 @@ public:
     Result<void, Error> unregisterService() override
     {
         NSError* error = nil;
-        BOOL const done = [[SMAppService mainAppService] unregisterAndReturnError:&error];
+        BOOL const done = [SMAppService.mainAppService unregisterAndReturnError:&error];
         return resultOf(done, error);
     }
 
@@ -46,15 +46,12 @@ private:
     {
         if (succeeded)
             return {};
-        return Failure { Error { static_cast<std::int32_t>([error code]), describe(error) } };
+        return Failure { Error { static_cast<std::int32_t>(error.code), describe(error) } };
     }
 };
 
 } // namespace
 
-std::unique_ptr<LoginService> makeLoginService()
-{
-    return std::make_unique<MacLoginService>();
-}
+std::unique_ptr<LoginService> makeLoginService() { return std::make_unique<MacLoginService>(); }
 
 } // namespace zv

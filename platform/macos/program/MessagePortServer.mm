@@ -16,7 +16,7 @@ CFStringRef portName() { return CFSTR("org.zanthevell.ZantheVell.commands"); }
 
 NSData* dataOf(std::string const& text) { return [NSData dataWithBytes:text.data() length:text.size()]; }
 
-std::string textOf(NSData* data) { return { static_cast<char const*>([data bytes]), [data length] }; }
+std::string textOf(NSData* data) { return { static_cast<char const*>(data.bytes), data.length }; }
 
 class PortPost : public MessagePort {
 public:
@@ -42,18 +42,18 @@ public:
 
     Result<void> start() override
     {
-        NSURL* const bundle = [[NSBundle mainBundle] bundleURL];
-        if (![[bundle pathExtension] isEqualToString:@"app"])
+        NSURL* const bundle = NSBundle.mainBundle.bundleURL;
+        if (![bundle.pathExtension isEqualToString:@"app"])
             return Failure { "this command does not lie in an application." };
         auto const opened = std::make_shared<std::optional<Result<void>>>();
         NSWorkspaceOpenConfiguration* const configuration = [NSWorkspaceOpenConfiguration configuration];
-        [configuration setCreatesNewApplicationInstance:YES]; // else this command could count as the instance
-        [[NSWorkspace sharedWorkspace] openApplicationAtURL:bundle
-                                              configuration:configuration
-                                          completionHandler:^(NSRunningApplication*, NSError* error) {
-                                              auto const result = resultOf(!error, error);
-                                              performOnMain([opened, result] { *opened = result; });
-                                          }];
+        configuration.createsNewApplicationInstance = YES; // else this command could count as the instance
+        [NSWorkspace.sharedWorkspace openApplicationAtURL:bundle
+                                            configuration:configuration
+                                        completionHandler:^(NSRunningApplication*, NSError* error) {
+                                            auto const result = resultOf(!error, error);
+                                            performOnMain([opened, result] { *opened = result; });
+                                        }];
         auto const hasFailed = [&] { return *opened && !**opened; };
         turnRunLoopUntil([&] { return hasFailed() || isRunning(); }, patienceWithStart);
         if (hasFailed())

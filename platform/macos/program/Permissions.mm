@@ -17,7 +17,7 @@ constexpr AEEventID everyEvent = '****';
 PermissionState stateOfEventsTo(NSString* identifier)
 {
     NSAppleEventDescriptor* const target = [NSAppleEventDescriptor descriptorWithBundleIdentifier:identifier];
-    switch (AEDeterminePermissionToAutomateTarget([target aeDesc], everyClass, everyEvent, false)) {
+    switch (AEDeterminePermissionToAutomateTarget(target.aeDesc, everyClass, everyEvent, false)) {
     case noErr:
         return PermissionState::granted;
     case errAEEventNotPermitted:

@@ -13,10 +13,9 @@
 
 - (void)addToZantheVellItems:(NSPasteboard*)pasteboard userData:(NSString*)data error:(NSString* __autoreleasing*)error
 {
-    NSArray* const classes = [NSArray arrayWithObject:[NSURL class]];
-    NSDictionary* const options = [NSDictionary dictionaryWithObject:[NSNumber numberWithBool:YES] forKey:NSPasteboardURLReadingFileURLsOnlyKey];
+    NSDictionary<NSString*, id>* const options = @{ NSPasteboardURLReadingFileURLsOnlyKey : @YES };
     std::vector<zv::Url> files;
-    for (NSURL* url in [pasteboard readObjectsForClasses:classes options:options])
+    for (NSURL* url in [pasteboard readObjectsForClasses:@[ [NSURL class] ] options:options])
         files.push_back(zv::fromNSURL(url));
     auto const added = _add(std::move(files));
     if (!added && error)

@@ -9,17 +9,17 @@ namespace {
 bool hasUpdateFramework()
 {
     NSString* const path = updateFramework();
-    return path && [[NSFileManager defaultManager] fileExistsAtPath:path];
+    return path && [NSFileManager.defaultManager fileExistsAtPath:path];
 }
 
 } // namespace
 
 MacFindings surveyThisMac()
 {
-    NSURL* const bundle = [[NSBundle mainBundle] bundleURL];
+    NSURL* const bundle = NSBundle.mainBundle.bundleURL;
     MacFindings found;
     found.place = makeInstallation({})->source(fromNSURL(bundle));
-    found.isQuarantined = isQuarantined([bundle path]);
+    found.isQuarantined = isQuarantined(bundle.path);
     found.openAtLogin = makeLoginService()->status();
     found.hasUpdateFramework = hasUpdateFramework();
     found.hasMenuBarFunctions = makeMenuBarVisibility() != nullptr;

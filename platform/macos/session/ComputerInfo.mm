@@ -25,13 +25,13 @@ class MacComputerInfo : public ComputerInfo {
 public:
     void gather(std::function<void(ComputerFacts)> done) override
     {
-        NSProcessInfo* const process = [NSProcessInfo processInfo];
+        NSProcessInfo* const process = NSProcessInfo.processInfo;
         ComputerFacts facts;
-        facts.system = "macOS " + fromNSString([process operatingSystemVersionString]);
+        facts.system = "macOS " + fromNSString(process.operatingSystemVersionString);
         facts.kernel = systemText("kern.osrelease");
         facts.machine = systemText("hw.model");
         facts.processor = systemText("machdep.cpu.brand_string");
-        facts.memory = std::to_string([process physicalMemory] / bytesOfGigabyte) + " GB";
+        facts.memory = std::to_string(process.physicalMemory / bytesOfGigabyte) + " GB";
         done(std::move(facts));
     }
 };

@@ -30,7 +30,7 @@ public:
                                                                                    transactionID:anyTransactionID];
         NSError* error = nil;
         bool const isSent = [event sendEventWithOptions:NSAppleEventSendNoReply timeout:static_cast<double>(timeout.count()) error:&error] != nil;
-        done(isSent ? SessionEventOutcome {} : SessionEventOutcome { SessionEventOutcome::State::failed, [error code] });
+        done(isSent ? SessionEventOutcome {} : SessionEventOutcome { SessionEventOutcome::State::failed, error.code });
     }
 };
 
@@ -61,14 +61,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<SessionEvents> makeSessionEvents()
-{
-    return std::make_unique<LoginWindowEvents>();
-}
+std::unique_ptr<SessionEvents> makeSessionEvents() { return std::make_unique<LoginWindowEvents>(); }
 
-std::unique_ptr<ScriptRunner> makeScriptRunner()
-{
-    return std::make_unique<AppleScripts>();
-}
+std::unique_ptr<ScriptRunner> makeScriptRunner() { return std::make_unique<AppleScripts>(); }
 
 } // namespace zv

@@ -10,7 +10,7 @@ namespace {
 std::string readToEnd(NSFileHandle* handle)
 {
     NSData* const data = [handle readDataToEndOfFileAndReturnError:nullptr];
-    return { static_cast<char const*>([data bytes]), [data length] };
+    return { static_cast<char const*>(data.bytes), data.length };
 }
 
 /// Ends the tool when its time is over. Costs one sleeping thread meanwhile.
@@ -55,7 +55,7 @@ public:
     /// main one would let timers and events in, in the middle of the caller.
     ToolResult run(ToolRequest const& request) override
     {
-        if (![NSThread isMainThread])
+        if (!NSThread.isMainThread)
             return runHere(request);
         auto const result = std::make_shared<ToolResult>();
         NSConditionLock* const done = [[NSConditionLock alloc] initWithCondition:0];
@@ -73,7 +73,7 @@ private:
     static ToolResult runHere(ToolRequest const& request)
     {
         @autoreleasepool {
-            if (![[NSFileManager defaultManager] isExecutableFileAtPath:toNSString(request.path)])
+            if (![NSFileManager.defaultManager isExecutableFileAtPath:toNSString(request.path)])
                 return {};
             return launch(request);
         }
@@ -85,9 +85,9 @@ private:
         NSMutableArray* const arguments = [NSMutableArray array];
         for (auto const& argument : request.arguments)
             [arguments addObject:toNSString(argument)];
-        [task setExecutableURL:toNSURL(Url::fromPath(request.path))];
-        [task setArguments:arguments];
-        [task setStandardInput:[NSFileHandle fileHandleWithNullDevice]];
+        task.executableURL = toNSURL(Url::fromPath(request.path));
+        task.arguments = arguments;
+        task.standardInput = NSFileHandle.fileHandleWithNullDevice;
         return task;
     }
 
@@ -98,10 +98,10 @@ private:
         NSPipe* const errors = [NSPipe pipe];
         bool const isMerged = request.output == ToolOutput::capturedWithErrors;
         if (request.output == ToolOutput::discarded)
-            [task setStandardOutput:[NSFileHandle fileHandleWithNullDevice]];
+            task.standardOutput = NSFileHandle.fileHandleWithNullDevice;
         else
-            [task setStandardOutput:output];
-        [task setStandardError:isMerged ? output : errors];
+            task.standardOutput = output;
+        task.standardError = isMerged ? output : errors;
         if (![task launchAndReturnError:nullptr])
             return {};
 
@@ -112,8 +112,8 @@ private:
         drain(request.output == ToolOutput::discarded ? nil : output, isMerged ? nil : errors, result);
         [task waitUntilExit];
         watchdog.reset();
-        result.end = [task terminationReason] == NSTaskTerminationReasonUncaughtSignal ? ToolResult::End::signalled : ToolResult::End::exited;
-        result.status = [task terminationStatus];
+        result.end = task.terminationReason == NSTaskTerminationReasonUncaughtSignal ? ToolResult::End::signalled : ToolResult::End::exited;
+        result.status = task.terminationStatus;
         return result;
     }
 
@@ -125,14 +125,14 @@ private:
         if (errors) {
             [NSThread detachNewThreadWithBlock:^{
                 @autoreleasepool {
-                    *errorText = readToEnd([errors fileHandleForReading]);
+                    *errorText = readToEnd(errors.fileHandleForReading);
                     [done lock];
                     [done unlockWithCondition:1];
                 }
             }];
         }
         if (output)
-            result.output = readToEnd([output fileHandleForReading]);
+            result.output = readToEnd(output.fileHandleForReading);
         [done lockWhenCondition:1];
         [done unlock];
         result.errorOutput = *errorText;
@@ -141,9 +141,6 @@ private:
 
 } // namespace
 
-std::shared_ptr<ToolRunner> makeToolRunner()
-{
-    return std::make_shared<MacToolRunner>();
-}
+std::shared_ptr<ToolRunner> makeToolRunner() { return std::make_shared<MacToolRunner>(); }
 
 } // namespace zv

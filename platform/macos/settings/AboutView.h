@@ -5,6 +5,8 @@
 #include "app/settings/SettingsModels.h"
 #import "platform/macos/settings/Controls.h"
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// The About tab.
@@ -23,3 +25,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

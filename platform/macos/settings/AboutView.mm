@@ -12,15 +12,15 @@ constexpr double noteWidth = 460;
 NSImageView* programIcon()
 {
     NSImageView* const picture = [[NSImageView alloc] initWithFrame:NSMakeRect(0, 0, iconSize, iconSize)];
-    [picture setImage:[NSApp applicationIconImage]];
+    picture.image = NSApp.applicationIconImage;
     setWidth(picture, iconSize);
     return picture;
 }
 
 NSTextField* sized(NSTextField* label, NSFont* font)
 {
-    [label setFont:font];
-    [label setSelectable:YES];
+    label.font = font;
+    label.selectable = YES;
     return label;
 }
 
@@ -32,7 +32,7 @@ AboutView::AboutView(SettingsModels& models)
 {
     auto const& about = models.about();
     NSTextField* const privacy = note(about.privacy);
-    [privacy setAlignment:NSTextAlignmentCenter];
+    privacy.alignment = NSTextAlignmentCenter;
     setWidth(privacy, noteWidth);
     NSView* const buttons = stack(Direction::row,
         {
@@ -43,12 +43,13 @@ AboutView::AboutView(SettingsModels& models)
     NSStackView* const column = stack(Direction::column,
         { programIcon(), sized(label(about.name), [NSFont boldSystemFontOfSize:24]), sized(label(about.version), [NSFont systemFontOfSize:13]),
             sized(label(about.purpose), [NSFont systemFontOfSize:14]), buttons, privacy });
-    [column setAlignment:NSLayoutAttributeCenterX];
-    [column setSpacing:10];
-    [column setTranslatesAutoresizingMaskIntoConstraints:NO];
+    column.alignment = NSLayoutAttributeCenterX;
+    column.spacing = 10;
+    column.translatesAutoresizingMaskIntoConstraints = NO;
     [m_view addSubview:column];
-    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[column centerXAnchor] constraintEqualToAnchor:[m_view centerXAnchor] constant:0],
-                                                     [[column centerYAnchor] constraintEqualToAnchor:[m_view centerYAnchor] constant:0], nil]];
+    [NSLayoutConstraint activateConstraints:@[
+        [column.centerXAnchor constraintEqualToAnchor:m_view.centerXAnchor], [column.centerYAnchor constraintEqualToAnchor:m_view.centerYAnchor]
+    ]];
 }
 
 void AboutView::showLicences()
@@ -56,14 +57,14 @@ void AboutView::showLicences()
     if (!m_licences) {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
         m_licences = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 420) styleMask:style backing:NSBackingStoreBuffered defer:NO];
-        [m_licences setReleasedWhenClosed:NO];
-        [m_licences setTitle:toNSString(m_models.about().licencesButton)];
+        m_licences.releasedWhenClosed = NO;
+        m_licences.title = toNSString(m_models.about().licencesButton);
         NSTextView* const text = [[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 560, 420)];
-        [text setEditable:NO];
-        [text setAutoresizingMask:NSViewWidthSizable];
-        [text setString:toNSString(m_models.about().licences)];
-        [text setTextColor:[NSColor textColor]];
-        [m_licences setContentView:scrollAround(text)];
+        text.editable = NO;
+        text.autoresizingMask = NSViewWidthSizable;
+        text.string = toNSString(m_models.about().licences);
+        text.textColor = NSColor.textColor;
+        m_licences.contentView = scrollAround(text);
         [m_licences center];
     }
     [m_licences makeKeyAndOrderFront:nil];

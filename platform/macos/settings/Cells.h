@@ -6,6 +6,8 @@
 
 #include <string>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// A table's cell, taken from those scrolled away if there is one.
@@ -15,3 +17,5 @@ NSTableCellView* iconCell(NSTableView* table, NSString* identifier);
 void show(NSTableCellView* cell, ImageRef const& image, std::string const& text);
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

@@ -15,10 +15,10 @@ NSLayoutConstraint* pinned(NSLayoutXAxisAnchor* edge, NSLayoutXAxisAnchor* to, d
 NSTextField* addText(NSTableCellView* cell)
 {
     NSTextField* const text = [NSTextField labelWithString:@""];
-    [text setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [[text cell] setLineBreakMode:NSLineBreakByTruncatingTail];
+    text.translatesAutoresizingMaskIntoConstraints = NO;
+    [text.cell setLineBreakMode:NSLineBreakByTruncatingTail];
     [cell addSubview:text];
-    [cell setTextField:text];
+    cell.textField = text;
     return text;
 }
 
@@ -27,15 +27,16 @@ NSTableCellView* reused(NSTableView* table, NSString* identifier) { return (NSTa
 NSTableCellView* madeCell(NSString* identifier)
 {
     NSTableCellView* const cell = [[NSTableCellView alloc] initWithFrame:NSMakeRect(0, 0, 100, 20)];
-    [cell setIdentifier:identifier];
+    cell.identifier = identifier;
     return cell;
 }
 
 void pin(NSTableCellView* cell, NSTextField* text, NSLayoutXAxisAnchor* left, double distance)
 {
-    [NSLayoutConstraint
-        activateConstraints:[NSArray arrayWithObjects:pinned([text leadingAnchor], left, distance), pinned([text trailingAnchor], [cell trailingAnchor], -2),
-                                     [[text centerYAnchor] constraintEqualToAnchor:[cell centerYAnchor] constant:0], nil]];
+    [NSLayoutConstraint activateConstraints:@[
+        pinned(text.leadingAnchor, left, distance), pinned(text.trailingAnchor, cell.trailingAnchor, -2),
+        [text.centerYAnchor constraintEqualToAnchor:cell.centerYAnchor]
+    ]];
 }
 
 } // namespace
@@ -45,9 +46,9 @@ NSTableCellView* textCell(NSTableView* table, NSString* identifier, std::string 
     NSTableCellView* cell = reused(table, identifier);
     if (!cell) {
         cell = madeCell(identifier);
-        pin(cell, addText(cell), [cell leadingAnchor], 2);
+        pin(cell, addText(cell), cell.leadingAnchor, 2);
     }
-    [[cell textField] setStringValue:toNSString(text)];
+    cell.textField.stringValue = toNSString(text);
     return cell;
 }
 
@@ -58,21 +59,21 @@ NSTableCellView* iconCell(NSTableView* table, NSString* identifier)
         return cell;
     cell = madeCell(identifier);
     NSImageView* const picture = [[NSImageView alloc] initWithFrame:NSMakeRect(0, 0, iconSize, iconSize)];
-    [picture setTranslatesAutoresizingMaskIntoConstraints:NO];
+    picture.translatesAutoresizingMaskIntoConstraints = NO;
     [cell addSubview:picture];
-    [cell setImageView:picture];
-    [NSLayoutConstraint
-        activateConstraints:[NSArray arrayWithObjects:pinned([picture leadingAnchor], [cell leadingAnchor], 2),
-                                     [[picture widthAnchor] constraintEqualToConstant:iconSize], [[picture heightAnchor] constraintEqualToConstant:iconSize],
-                                     [[picture centerYAnchor] constraintEqualToAnchor:[cell centerYAnchor] constant:0], nil]];
-    pin(cell, addText(cell), [picture trailingAnchor], gap);
+    cell.imageView = picture;
+    [NSLayoutConstraint activateConstraints:@[
+        pinned(picture.leadingAnchor, cell.leadingAnchor, 2), [picture.widthAnchor constraintEqualToConstant:iconSize],
+        [picture.heightAnchor constraintEqualToConstant:iconSize], [picture.centerYAnchor constraintEqualToAnchor:cell.centerYAnchor]
+    ]];
+    pin(cell, addText(cell), picture.trailingAnchor, gap);
     return cell;
 }
 
 void show(NSTableCellView* cell, ImageRef const& image, std::string const& text)
 {
-    [[cell imageView] setImage:toNSImage(image)];
-    [[cell textField] setStringValue:toNSString(text)];
+    cell.imageView.image = toNSImage(image);
+    cell.textField.stringValue = toNSString(text);
 }
 
 } // namespace zv

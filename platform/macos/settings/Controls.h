@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
+@class ZVControlTarget;
+
 namespace zv {
 
 /// Owns the targets of controls, which hold them weakly.
@@ -17,9 +21,9 @@ public:
     void clear() { [m_targets removeAllObjects]; }
 
 private:
-    id targetFor(std::function<void()> act);
+    ZVControlTarget* targetFor(std::function<void()> act);
 
-    NSMutableArray* m_targets = [[NSMutableArray alloc] init];
+    NSMutableArray<ZVControlTarget*>* m_targets = [[NSMutableArray alloc] init];
 };
 
 NSTextField* label(std::string const& text);
@@ -45,3 +49,5 @@ NSScrollView* scrollAround(NSView* document);
 void later(std::function<void()> act);
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

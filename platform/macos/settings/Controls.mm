@@ -32,7 +32,7 @@ constexpr double columnSpacing = 10;
 
 } // namespace
 
-id ControlActions::targetFor(std::function<void()> act)
+ZVControlTarget* ControlActions::targetFor(std::function<void()> act)
 {
     ZVControlTarget* const target = [[ZVControlTarget alloc] initWithFunction:std::move(act)];
     [m_targets addObject:target];
@@ -41,14 +41,14 @@ id ControlActions::targetFor(std::function<void()> act)
 
 void ControlActions::attach(NSControl* control, std::function<void()> act)
 {
-    [control setTarget:targetFor(std::move(act))];
-    [control setAction:@selector(act:)];
+    control.target = targetFor(std::move(act));
+    control.action = @selector(act:);
 }
 
 void ControlActions::attachDoubleClick(NSTableView* table, std::function<void()> act)
 {
-    [table setTarget:targetFor(std::move(act))];
-    [table setDoubleAction:@selector(act:)];
+    table.target = targetFor(std::move(act));
+    table.doubleAction = @selector(act:);
 }
 
 NSTextField* label(std::string const& text) { return [NSTextField labelWithString:toNSString(text)]; }
@@ -56,15 +56,15 @@ NSTextField* label(std::string const& text) { return [NSTextField labelWithStrin
 NSTextField* boldLabel(std::string const& text)
 {
     NSTextField* const made = label(text);
-    [made setFont:[NSFont boldSystemFontOfSize:[NSFont systemFontSize]]];
+    made.font = [NSFont boldSystemFontOfSize:NSFont.systemFontSize];
     return made;
 }
 
 NSTextField* note(std::string const& text)
 {
     NSTextField* const made = [NSTextField wrappingLabelWithString:toNSString(text)];
-    [made setFont:[NSFont systemFontOfSize:[NSFont smallSystemFontSize]]];
-    [made setTextColor:[NSColor secondaryLabelColor]];
+    made.font = [NSFont systemFontOfSize:NSFont.smallSystemFontSize];
+    made.textColor = NSColor.secondaryLabelColor;
     return made;
 }
 
@@ -72,8 +72,8 @@ NSButton* pushButton(std::string const& title, std::string const& help, ControlA
 {
     NSButton* const button = [NSButton buttonWithTitle:toNSString(title) target:nil action:nil];
     if (!help.empty()) {
-        [button setToolTip:toNSString(help)];
-        [button setAccessibilityHelp:toNSString(help)];
+        button.toolTip = toNSString(help);
+        button.accessibilityHelp = toNSString(help);
     }
     actions.attach(button, std::move(act));
     return button;
@@ -82,10 +82,10 @@ NSButton* pushButton(std::string const& title, std::string const& help, ControlA
 NSStackView* stack(Direction direction, std::vector<NSView*> const& views)
 {
     bool const isColumn = direction == Direction::column;
-    NSStackView* const made = [NSStackView stackViewWithViews:[NSArray array]];
-    [made setOrientation:isColumn ? NSUserInterfaceLayoutOrientationVertical : NSUserInterfaceLayoutOrientationHorizontal];
-    [made setAlignment:isColumn ? NSLayoutAttributeLeading : NSLayoutAttributeCenterY];
-    [made setSpacing:rowSpacing];
+    NSStackView* const made = [NSStackView stackViewWithViews:@[]];
+    made.orientation = isColumn ? NSUserInterfaceLayoutOrientationVertical : NSUserInterfaceLayoutOrientationHorizontal;
+    made.alignment = isColumn ? NSLayoutAttributeLeading : NSLayoutAttributeCenterY;
+    made.spacing = rowSpacing;
     for (NSView* view : views)
         [made addView:view inGravity:NSStackViewGravityLeading]; // a column's top
     return made;
@@ -94,11 +94,11 @@ NSStackView* stack(Direction direction, std::vector<NSView*> const& views)
 NSStackView* fillingColumn(std::vector<NSView*> const& views)
 {
     NSStackView* const made = stack(Direction::column, {});
-    [made setDistribution:NSStackViewDistributionFill];
+    made.distribution = NSStackViewDistributionFill;
     for (NSView* view : views) {
         [made addArrangedSubview:view];
         if ([view isKindOfClass:[NSScrollView class]] || [view isKindOfClass:[NSTextField class]])
-            [[[view widthAnchor] constraintEqualToAnchor:[made widthAnchor]] setActive:YES];
+            [view.widthAnchor constraintEqualToAnchor:made.widthAnchor].active = YES;
     }
     return made;
 }
@@ -106,52 +106,51 @@ NSStackView* fillingColumn(std::vector<NSView*> const& views)
 NSGridView* formGrid()
 {
     NSGridView* const grid = [NSGridView gridViewWithNumberOfColumns:2 rows:0];
-    [grid setRowSpacing:rowSpacing];
-    [grid setColumnSpacing:columnSpacing];
-    [grid setRowAlignment:NSGridRowAlignmentFirstBaseline];
-    [[grid columnAtIndex:0] setXPlacement:NSGridCellPlacementTrailing];
-    [[grid columnAtIndex:1] setXPlacement:NSGridCellPlacementLeading];
+    grid.rowSpacing = rowSpacing;
+    grid.columnSpacing = columnSpacing;
+    grid.rowAlignment = NSGridRowAlignmentFirstBaseline;
+    [grid columnAtIndex:0].xPlacement = NSGridCellPlacementTrailing;
+    [grid columnAtIndex:1].xPlacement = NSGridCellPlacementLeading;
     return grid;
 }
 
 void addToForm(NSGridView* grid, NSView* title, NSView* field)
 {
-    [title setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [field setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [grid addRowWithViews:[NSArray arrayWithObjects:title, field, nil]];
+    title.translatesAutoresizingMaskIntoConstraints = NO;
+    field.translatesAutoresizingMaskIntoConstraints = NO;
+    [grid addRowWithViews:@[ title, field ]];
 }
 
 void fill(NSView* parent, NSView* child, double margin)
 {
-    [child setTranslatesAutoresizingMaskIntoConstraints:NO];
+    child.translatesAutoresizingMaskIntoConstraints = NO;
     [parent addSubview:child];
-    NSArray* const constraints = [NSArray arrayWithObjects:[[child leadingAnchor] constraintEqualToAnchor:[parent leadingAnchor] constant:margin],
-                                          [[child trailingAnchor] constraintEqualToAnchor:[parent trailingAnchor] constant:-margin],
-                                          [[child topAnchor] constraintEqualToAnchor:[parent topAnchor] constant:margin],
-                                          [[child bottomAnchor] constraintEqualToAnchor:[parent bottomAnchor] constant:-margin], nil];
+    NSArray* const constraints = @[
+        [child.leadingAnchor constraintEqualToAnchor:parent.leadingAnchor constant:margin],
+        [child.trailingAnchor constraintEqualToAnchor:parent.trailingAnchor constant:-margin],
+        [child.topAnchor constraintEqualToAnchor:parent.topAnchor constant:margin],
+        [child.bottomAnchor constraintEqualToAnchor:parent.bottomAnchor constant:-margin]
+    ];
     [NSLayoutConstraint activateConstraints:constraints];
 }
 
-void setWidth(NSView* view, double width) { [[[view widthAnchor] constraintEqualToConstant:width] setActive:YES]; }
+void setWidth(NSView* view, double width) { [view.widthAnchor constraintEqualToConstant:width].active = YES; }
 
-void setMinimumWidth(NSView* view, double width) { [[[view widthAnchor] constraintGreaterThanOrEqualToConstant:width] setActive:YES]; }
+void setMinimumWidth(NSView* view, double width) { [view.widthAnchor constraintGreaterThanOrEqualToConstant:width].active = YES; }
 
 NSScrollView* scrollAround(NSView* document)
 {
     if ([document isKindOfClass:[NSTableView class]]) {
-        [(NSTableView*)document setColumnAutoresizingStyle:NSTableViewFirstColumnOnlyAutoresizingStyle];
+        ((NSTableView*)document).columnAutoresizingStyle = NSTableViewFirstColumnOnlyAutoresizingStyle;
         [(NSTableView*)document sizeToFit];
     }
     NSScrollView* const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(0, 0, 300, 300)];
-    [scroll setHasVerticalScroller:YES];
-    [scroll setAutohidesScrollers:YES];
-    [scroll setDocumentView:document];
+    scroll.hasVerticalScroller = YES;
+    scroll.autohidesScrollers = YES;
+    scroll.documentView = document;
     return scroll;
 }
 
-void later(std::function<void()> act)
-{
-    performOnMain(std::move(act));
-}
+void later(std::function<void()> act) { performOnMain(std::move(act)); }
 
 } // namespace zv

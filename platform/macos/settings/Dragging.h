@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// The type of our items, declared in the property list.
@@ -17,3 +19,5 @@ std::vector<std::string> recordsOn(NSPasteboard* pasteboard);
 std::vector<Url> filesOn(NSPasteboard* pasteboard);
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

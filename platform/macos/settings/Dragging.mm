@@ -18,18 +18,18 @@ NSPasteboardItem* pasteboardItemOf(std::string const& record)
 std::vector<std::string> recordsOn(NSPasteboard* pasteboard)
 {
     std::vector<std::string> records;
-    for (NSPasteboardItem* item in [pasteboard pasteboardItems]) {
+    for (NSPasteboardItem* item in pasteboard.pasteboardItems) {
         if (NSData* const record = [item dataForType:recordType()])
-            records.emplace_back(static_cast<char const*>([record bytes]), [record length]);
+            records.emplace_back(static_cast<char const*>(record.bytes), record.length);
     }
     return records;
 }
 
 std::vector<Url> filesOn(NSPasteboard* pasteboard)
 {
-    NSDictionary* const options = [NSDictionary dictionaryWithObject:[NSNumber numberWithBool:YES] forKey:NSPasteboardURLReadingFileURLsOnlyKey];
+    NSDictionary<NSString*, id>* const options = @{NSPasteboardURLReadingFileURLsOnlyKey : @YES};
     std::vector<Url> files;
-    for (NSURL* url in [pasteboard readObjectsForClasses:[NSArray arrayWithObject:[NSURL class]] options:options])
+    for (NSURL* url in [pasteboard readObjectsForClasses:@[ [NSURL class] ] options:options])
         files.push_back(fromNSURL(url));
     return files;
 }

@@ -10,6 +10,8 @@
 #include <cstddef>
 #include <optional>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 /// The fields of the selected item; each acts when it is left.
@@ -19,7 +21,7 @@ public:
 
     [[nodiscard]] NSView* view() const { return m_view; }
     /// `item` is null unless exactly one is selected.
-    void show(MenuItem const* item, std::size_t selected);
+    void show(MenuItem const* _Nullable item, std::size_t selected);
 
 private:
     void buildForm();
@@ -50,3 +52,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

@@ -14,15 +14,15 @@ NSView* titled(std::string const& title, NSView* field)
 {
     bool const isField = [field isKindOfClass:[NSTextField class]] || [field isKindOfClass:[NSPopUpButton class]];
     if (isField)
-        [field setAccessibilityLabel:toNSString(title)];
+        field.accessibilityLabel = toNSString(title);
     NSStackView* const made = stack(Direction::column, { label(title), field });
-    [made setSpacing:3];
+    made.spacing = 3;
     return made;
 }
 
 void setShown(NSView* view, bool isShown)
 {
-    [view setHidden:isShown ? NO : YES]; // a hidden view takes no room in a stack
+    view.hidden = isShown ? NO : YES; // a hidden view takes no room in a stack
 }
 
 } // namespace
@@ -54,9 +54,9 @@ void InspectorView::buildForm()
     for (NSView* field : { (NSView*)m_title, (NSView*)m_target, (NSView*)m_note })
         setWidth(field, fieldWidth);
     m_actions.attach(m_title, [this] { commitTitle(); });
-    [[m_title cell] setSendsActionOnEndEditing:YES];
-    m_actions.attach(m_depth, editing([this](Uuid const& id) { m_models.editor().setScanDepth(id, depthOfChoice([m_depth selectedTag])); }));
-    m_actions.attach(m_hidden, editing([this](Uuid const& id) { m_models.editor().setHidden(id, [m_hidden state] == NSControlStateValueOn); }));
+    [m_title.cell setSendsActionOnEndEditing:YES];
+    m_actions.attach(m_depth, editing([this](Uuid const& id) { m_models.editor().setScanDepth(id, depthOfChoice(m_depth.selectedTag)); }));
+    m_actions.attach(m_hidden, editing([this](Uuid const& id) { m_models.editor().setHidden(id, m_hidden.state == NSControlStateValueOn); }));
     m_recorder.onChange = [this](auto const& spec) {
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
@@ -68,13 +68,13 @@ void InspectorView::buildForm()
     m_depthRow = titled(m_models.wording().depth, m_depth);
     m_shortcutRow = titled(settingsTexts::shortcut, m_recorder.view());
     m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_shortcutRow, m_hidden, m_note });
-    [m_form setSpacing:12];
+    m_form.spacing = 12;
     m_view = stack(Direction::column, { m_heading, m_form });
 }
 
 void InspectorView::commitTitle()
 {
-    auto const title = fromNSString([m_title stringValue]);
+    auto const title = fromNSString(m_title.stringValue);
     if (!m_id || title == m_shownTitle)
         return;
     m_shownTitle = title;
@@ -91,19 +91,19 @@ void InspectorView::show(MenuItem const* item, std::size_t selected)
     setShown(m_form, item != nullptr);
     if (item)
         return fill(m_models.inspectorFieldsOf(*item));
-    [m_heading setStringValue:toNSString(settingsTexts::selected(selected))];
+    m_heading.stringValue = toNSString(settingsTexts::selected(selected));
 }
 
 void InspectorView::fill(InspectorFields const& fields)
 {
-    [m_heading setStringValue:toNSString(fields.kindTitle)];
+    m_heading.stringValue = toNSString(fields.kindTitle);
     if (![m_title currentEditor])
-        [m_title setStringValue:toNSString(fields.title)];
+        m_title.stringValue = toNSString(fields.title);
     m_shownTitle = fields.title;
-    [m_title setPlaceholderString:toNSString(fields.titlePlaceholder)];
-    [m_target setStringValue:toNSString(fields.targetPath)];
-    [m_hidden setState:fields.isHidden ? NSControlStateValueOn : NSControlStateValueOff];
-    [m_note setStringValue:toNSString(fields.note)];
+    m_title.placeholderString = toNSString(fields.titlePlaceholder);
+    m_target.stringValue = toNSString(fields.targetPath);
+    m_hidden.state = fields.isHidden ? NSControlStateValueOn : NSControlStateValueOff;
+    m_note.stringValue = toNSString(fields.note);
     fillDepths(fields);
     m_recorder.setSpec(fields.shortcut);
     setShown(m_titleRow, fields.hasTitle);
@@ -119,8 +119,8 @@ void InspectorView::fillDepths(InspectorFields const& fields)
     [m_depth removeAllItems];
     for (auto const& choice : fields.depthChoices) {
         NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
-        [item setTag:static_cast<NSInteger>(choice.value)];
-        [[m_depth menu] addItem:item];
+        item.tag = static_cast<NSInteger>(choice.value);
+        [m_depth.menu addItem:item];
     }
     [m_depth selectItemWithTag:static_cast<NSInteger>(fields.depthChoice())];
 }

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
 namespace zv {
 
 struct LibraryRow {
@@ -34,5 +36,7 @@ struct LibraryRow {
     zv::Lifetime _lifetime;
 }
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add;
-- (NSView*)view;
+@property (nonatomic, readonly) NSView* view;
 @end
+
+NS_ASSUME_NONNULL_END

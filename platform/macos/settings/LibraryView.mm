@@ -8,6 +8,8 @@
 
 @implementation ZVLibrary
 
+@synthesize view = _view;
+
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add
 {
     if (!(self = [super init]))
@@ -19,29 +21,24 @@
     return self;
 }
 
-- (NSView*)view
-{
-    return _view;
-}
-
 - (void)makeViews
 {
     _search = [[NSSearchField alloc] initWithFrame:NSZeroRect];
-    [_search setPlaceholderString:zv::toNSString(zv::settingsTexts::search)];
-    [_search setAccessibilityLabel:zv::toNSString(zv::settingsTexts::searchLibrary)];
-    [_search setDelegate:self];
+    _search.placeholderString = zv::toNSString(zv::settingsTexts::search);
+    _search.accessibilityLabel = zv::toNSString(zv::settingsTexts::searchLibrary);
+    _search.delegate = self;
     _table = [[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
     [_table addTableColumn:[[NSTableColumn alloc] initWithIdentifier:@"entry"]];
-    [_table setHeaderView:nil];
-    [_table setAccessibilityLabel:zv::toNSString(zv::settingsTexts::library)];
-    [_table setDataSource:self];
-    [_table setDelegate:self];
+    _table.headerView = nil;
+    _table.accessibilityLabel = zv::toNSString(zv::settingsTexts::library);
+    _table.dataSource = self;
+    _table.delegate = self;
     [_table setDraggingSourceOperationMask:NSDragOperationCopy forLocal:YES];
     __unsafe_unretained ZVLibrary* const library = self;
-    _actions.attachDoubleClick(_table, [library] { [library addRow:[library->_table clickedRow]]; });
+    _actions.attachDoubleClick(_table, [library] { [library addRow:library->_table.clickedRow]; });
     _actions.attach(_search, [library] { [library fill]; });
     NSScrollView* const scroll = zv::scrollAround(_table);
-    [scroll setBorderType:NSBezelBorder];
+    scroll.borderType = NSBezelBorder;
     _view = zv::fillingColumn({ _search, scroll });
     zv::setMinimumWidth(_view, 190);
 }
@@ -58,7 +55,7 @@
 - (void)layRows
 {
     _rows.clear();
-    for (auto const& group : _models->palette().groups(zv::fromNSString([_search stringValue]))) {
+    for (auto const& group : _models->palette().groups(zv::fromNSString(_search.stringValue))) {
         _rows.push_back({ group.title, {} });
         for (auto const* entry : group.entries)
             _rows.push_back({ {}, entry->id });
@@ -87,11 +84,11 @@
 - (BOOL)control:(NSControl*)control textView:(NSTextView*)text doCommandBySelector:(SEL)command
 {
     if (command == @selector(insertNewline:)) {
-        [self addRow:[_table selectedRow] >= 0 ? [_table selectedRow] : 1];
+        [self addRow:_table.selectedRow >= 0 ? _table.selectedRow : 1];
         return YES;
     }
     if (command == @selector(moveDown:)) {
-        [[_table window] makeFirstResponder:_table];
+        [_table.window makeFirstResponder:_table];
         [_table selectRowIndexes:[NSIndexSet indexSetWithIndex:1] byExtendingSelection:NO];
         return YES;
     }
@@ -121,7 +118,7 @@
         return zv::textCell(table, @"group", _rows[static_cast<std::size_t>(row)].heading);
     NSTableCellView* const cell = zv::iconCell(table, @"entry");
     zv::show(cell, _models->iconOf(entry->itemTemplate), entry->title);
-    [cell setToolTip:zv::toNSString(entry->localizedDescription)];
+    cell.toolTip = zv::toNSString(entry->localizedDescription);
     return cell;
 }
 

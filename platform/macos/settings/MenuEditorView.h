@@ -13,13 +13,15 @@
 #include <set>
 #include <vector>
 
+NS_ASSUME_NONNULL_BEGIN
+
 @class ZVMenuEditor;
 
 /// Hands the keys and commands of the outline to the editor.
 @interface ZVMenuOutlineView : NSOutlineView {
-    __unsafe_unretained ZVMenuEditor* _editor;
+    __unsafe_unretained ZVMenuEditor* _Nullable _editor;
 }
-- (void)setEditor:(ZVMenuEditor*)editor;
+@property (nonatomic, unsafe_unretained, nullable) ZVMenuEditor* editor;
 @end
 
 /// The Menu tab: the library, the outline, the inspector.
@@ -37,8 +39,8 @@
     zv::Lifetime _lifetime;
 }
 - (instancetype)initWithModels:(zv::SettingsModels&)models;
-- (NSView*)view;
-- (NSUndoManager*)undoManager;
+@property (nonatomic, readonly) NSView* view;
+@property (nonatomic, readonly) NSUndoManager* undoManager;
 
 - (void)removeSelected;
 - (void)duplicateSelected;
@@ -47,3 +49,5 @@
 - (void)copySelected;
 - (void)paste;
 @end
+
+NS_ASSUME_NONNULL_END

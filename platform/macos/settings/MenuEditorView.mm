@@ -15,16 +15,13 @@ enum class Direction { back, forward };
 
 @implementation ZVMenuOutlineView
 
-- (void)setEditor:(ZVMenuEditor*)editor
-{
-    _editor = editor;
-}
+@synthesize editor = _editor;
 
 - (void)keyDown:(NSEvent*)event
 {
-    NSString* const typed = [event charactersIgnoringModifiers];
-    unichar const key = [typed length] > 0 ? [typed characterAtIndex:0] : 0;
-    bool const isOption = ([event modifierFlags] & NSEventModifierFlagOption) != 0;
+    NSString* const typed = event.charactersIgnoringModifiers;
+    unichar const key = typed.length > 0 ? [typed characterAtIndex:0] : 0;
+    bool const isOption = (event.modifierFlags & NSEventModifierFlagOption) != 0;
     if (key == NSDeleteCharacter || key == NSDeleteFunctionKey)
         return [_editor removeSelected];
     if (isOption && key == NSUpArrowFunctionKey)
@@ -66,14 +63,17 @@ NSString* const shortcutColumn = @"shortcut";
 NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     NSTableColumn* const made = [[NSTableColumn alloc] initWithIdentifier:identifier];
-    [[made headerCell] setStringValue:zv::toNSString(title)];
-    [made setWidth:width];
+    made.headerCell.stringValue = zv::toNSString(title);
+    made.width = width;
     return made;
 }
 
 } // namespace
 
 @implementation ZVMenuEditor
+
+@synthesize view = _view;
+@synthesize undoManager = _undoManager;
 
 - (instancetype)initWithModels:(zv::SettingsModels&)models
 {
@@ -100,49 +100,39 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 #endif
 }
 
-- (NSView*)view
-{
-    return _view;
-}
-
-- (NSUndoManager*)undoManager
-{
-    return _undoManager;
-}
-
 #pragma mark Views
 
 - (void)makeViews
 {
     NSSplitView* const columns = [[NSSplitView alloc] initWithFrame:NSMakeRect(0, 0, 860, 560)];
-    [columns setVertical:YES];
-    [columns setDividerStyle:NSSplitViewDividerStyleThin];
-    [columns addArrangedSubview:[_library view]];
+    columns.vertical = YES;
+    columns.dividerStyle = NSSplitViewDividerStyleThin;
+    [columns addArrangedSubview:_library.view];
     [columns addArrangedSubview:[self outlineColumn]];
     [columns addArrangedSubview:[self inspectorColumn]];
     for (NSInteger side : { 0, 2 })
         [columns setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:side]; // the outline grows first
-    _view = [[NSView alloc] initWithFrame:[columns frame]];
+    _view = [[NSView alloc] initWithFrame:columns.frame];
     zv::fill(_view, columns, 12);
 }
 
 - (NSView*)outlineColumn
 {
     _outline = [[ZVMenuOutlineView alloc] initWithFrame:NSMakeRect(0, 0, 380, 400)];
-    [_outline setEditor:self];
+    _outline.editor = self;
     NSTableColumn* const titles = column(titleColumn, texts::titleColumn, 250);
     [_outline addTableColumn:titles];
     [_outline addTableColumn:column(shortcutColumn, texts::shortcutColumn, 90)];
-    [_outline setOutlineTableColumn:titles];
-    [_outline setAllowsMultipleSelection:YES];
-    [_outline setDataSource:self];
-    [_outline setDelegate:self];
-    [_outline setAccessibilityLabel:zv::toNSString(texts::outline)];
-    [_outline registerForDraggedTypes:[NSArray arrayWithObjects:zv::recordType(), NSPasteboardTypeFileURL, nil]];
+    _outline.outlineTableColumn = titles;
+    _outline.allowsMultipleSelection = YES;
+    _outline.dataSource = self;
+    _outline.delegate = self;
+    _outline.accessibilityLabel = zv::toNSString(texts::outline);
+    [_outline registerForDraggedTypes:@[ zv::recordType(), NSPasteboardTypeFileURL ]];
     [_outline setDraggingSourceOperationMask:NSDragOperationMove | NSDragOperationCopy forLocal:YES];
     [_outline setDraggingSourceOperationMask:NSDragOperationCopy forLocal:NO];
     NSScrollView* const scroll = zv::scrollAround(_outline);
-    [scroll setBorderType:NSBezelBorder];
+    scroll.borderType = NSBezelBorder;
     return zv::fillingColumn({ scroll, [self buttons] });
 }
 
@@ -165,7 +155,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     __unsafe_unretained ZVMenuEditor* const editor = self;
     NSButton* const restore = zv::pushButton(texts::restoreDefaultMenu, {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
     NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), restore });
-    [made setEdgeInsets:NSEdgeInsetsMake(0, 10, 0, 0)];
+    made.edgeInsets = NSEdgeInsetsMake(0, 10, 0, 0);
     zv::setMinimumWidth(made, 230);
     return made;
 }
@@ -207,8 +197,8 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 - (std::set<zv::Uuid>)selection
 {
     std::set<zv::Uuid> ids;
-    NSIndexSet* const rows = [_outline selectedRowIndexes];
-    for (NSUInteger row = [rows firstIndex]; row != NSNotFound; row = [rows indexGreaterThanIndex:row]) {
+    NSIndexSet* const rows = _outline.selectedRowIndexes;
+    for (NSUInteger row = rows.firstIndex; row != NSNotFound; row = [rows indexGreaterThanIndex:row]) {
         if (ZVMenuNode* const node = [_outline itemAtRow:static_cast<NSInteger>(row)])
             ids.insert([node identity]);
     }
@@ -233,7 +223,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 
 - (void)openAbove:(ZVMenuNode*)node
 {
-    if (ZVMenuNode* const parent = [node parent]) {
+    if (ZVMenuNode* const parent = node.parent) {
         [self openAbove:parent];
         [_outline expandItem:parent];
     }
@@ -241,7 +231,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 
 - (MenuEditor::Position)insertPosition
 {
-    ZVMenuNode* const node = [_outline selectedRow] >= 0 ? [_outline itemAtRow:[_outline selectedRow]] : nil;
+    ZVMenuNode* const node = _outline.selectedRow >= 0 ? [_outline itemAtRow:_outline.selectedRow] : nil;
     bool const isOpen = node && [_outline isItemExpanded:node];
     return _models->editor().positionAfter([self selection], isOpen ? std::optional([node identity]) : std::nullopt);
 }
@@ -300,13 +290,13 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     NSMutableArray* const items = [NSMutableArray array];
     for (auto const& record : _models->editor().records(ids))
         [items addObject:zv::pasteboardItemOf(record)];
-    [[NSPasteboard generalPasteboard] clearContents];
-    [[NSPasteboard generalPasteboard] writeObjects:items];
+    [NSPasteboard.generalPasteboard clearContents];
+    [NSPasteboard.generalPasteboard writeObjects:items];
 }
 
 - (void)paste
 {
-    [self takeFrom:[NSPasteboard generalPasteboard] at:[self insertPosition] drop:MenuEditor::Drop::copy];
+    [self takeFrom:NSPasteboard.generalPasteboard at:[self insertPosition] drop:MenuEditor::Drop::copy];
 }
 
 #pragma mark Undo
@@ -355,13 +345,13 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     auto const* item = _tree.itemOf(node);
     auto const row = item ? _models->outline().row(*item) : zv::OutlineRow();
-    NSColor* const color = row.isFaint() ? [NSColor secondaryLabelColor] : [NSColor labelColor];
-    bool const isTitle = [[tableColumn identifier] isEqual:titleColumn];
+    NSColor* const color = row.isFaint() ? NSColor.secondaryLabelColor : NSColor.labelColor;
+    bool const isTitle = [tableColumn.identifier isEqual:titleColumn];
     NSTableCellView* const cell = isTitle ? zv::iconCell(outline, titleColumn) : zv::textCell(outline, shortcutColumn, row.shortcut);
     if (isTitle && item)
         [self fillTitle:cell item:*item row:row];
-    [[cell textField] setTextColor:color];
-    [cell setToolTip:row.badge.empty() ? nil : zv::toNSString(row.badge)];
+    cell.textField.textColor = color;
+    cell.toolTip = row.badge.empty() ? nil : zv::toNSString(row.badge);
     return cell;
 }
 
@@ -369,20 +359,20 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     zv::show(cell, row.isSeparator ? nullptr : _models->iconOf(item), row.shownTitle());
     if (!row.badge.empty())
-        [[cell imageView] setImage:[NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)]];
-    [[cell textField] setEditable:row.isSeparator ? NO : YES];
-    [[cell textField] setDelegate:self];
-    [[cell textField] setAccessibilityLabel:row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil];
+        cell.imageView.image = [NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)];
+    cell.textField.editable = row.isSeparator ? NO : YES;
+    cell.textField.delegate = self;
+    cell.textField.accessibilityLabel = row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil;
 }
 
 /// Renames an item edited in place, unless its title stayed as shown.
 - (void)controlTextDidEndEditing:(NSNotification*)notification
 {
-    NSTextField* const field = [notification object];
+    NSTextField* const field = notification.object;
     NSInteger const row = [_outline rowForView:field];
     ZVMenuNode* const node = row >= 0 ? [_outline itemAtRow:row] : nil;
     auto const* item = _tree.itemOf(node);
-    auto const title = zv::fromNSString([field stringValue]);
+    auto const title = zv::fromNSString(field.stringValue);
     if (item && title != _models->outline().row(*item).title)
         _models->editor().setTitle(zv::Uuid([node identity]), title);
 }
@@ -396,7 +386,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 
 - (BOOL)isWithinSelection:(ZVMenuNode*)node
 {
-    for (ZVMenuNode* above = [node parent]; above; above = [above parent]) {
+    for (ZVMenuNode* above = node.parent; above; above = above.parent) {
         if ([_outline isRowSelected:[_outline rowForItem:above]])
             return YES;
     }

@@ -2,6 +2,8 @@
 
 @implementation ZVMenuNode
 
+@synthesize parent = _parent;
+
 - (instancetype)initWithIdentity:(zv::Uuid const&)identity
 {
     if ((self = [super init]))
@@ -11,14 +13,6 @@
 - (zv::Uuid const&)identity
 {
     return _identity;
-}
-- (ZVMenuNode*)parent
-{
-    return _parent;
-}
-- (void)setParent:(ZVMenuNode*)parent
-{
-    _parent = parent;
 }
 - (std::vector<ZVMenuNode*>&)children
 {
@@ -45,7 +39,7 @@ std::vector<ZVMenuNode*> MenuOutlineTree::nodesFor(std::vector<MenuItem> const& 
         ZVMenuNode* const node = kept.empty() ? [[ZVMenuNode alloc] initWithIdentity:item.id] : kept.mapped();
         m_nodes.emplace(item.id, node);
         m_items.emplace(item.id, &item);
-        [node setParent:parent];
+        node.parent = parent;
         [node children] = nodesFor(item.children, node, before);
         nodes.push_back(node);
     }

@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+NS_ASSUME_NONNULL_BEGIN
+
 /// A button that catches the keys while a shortcut is being recorded.
 @interface ZVRecorderButton : NSButton {
     BOOL _isRecording;
@@ -16,8 +18,7 @@
     std::function<void(NSEvent*)> _pressed;
 }
 - (void)setRecordingChanged:(std::function<void(BOOL)>)changed pressed:(std::function<void(NSEvent*)>)pressed;
-- (BOOL)isRecording;
-- (void)setRecording:(BOOL)recording;
+@property (nonatomic, getter=isRecording) BOOL recording;
 @end
 
 namespace zv {
@@ -48,3 +49,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

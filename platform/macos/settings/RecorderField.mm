@@ -7,15 +7,12 @@
 
 @implementation ZVRecorderButton
 
+@synthesize recording = _isRecording;
+
 - (void)setRecordingChanged:(std::function<void(BOOL)>)changed pressed:(std::function<void(NSEvent*)>)pressed
 {
     _recordingChanged = std::move(changed);
     _pressed = std::move(pressed);
-}
-
-- (BOOL)isRecording
-{
-    return _isRecording;
 }
 
 - (void)setRecording:(BOOL)recording
@@ -24,7 +21,7 @@
         return;
     _isRecording = recording;
     if (recording)
-        [[self window] makeFirstResponder:self];
+        [self.window makeFirstResponder:self];
     if (_recordingChanged)
         _recordingChanged(recording);
 }
@@ -36,7 +33,7 @@
 
 - (BOOL)resignFirstResponder
 {
-    [self setRecording:NO];
+    self.recording = NO;
     return [super resignFirstResponder];
 }
 
@@ -67,7 +64,7 @@ constexpr NSUInteger knownModifiers = NSEventModifierFlagShift | NSEventModifier
 
 KeyPress keyPressOf(NSEvent* event)
 {
-    return { [event keyCode], fromNSString([event charactersByApplyingModifiers:0]), static_cast<ModifierMask>([event modifierFlags] & knownModifiers) };
+    return { event.keyCode, fromNSString([event charactersByApplyingModifiers:0]), static_cast<ModifierMask>(event.modifierFlags & knownModifiers) };
 }
 
 } // namespace
@@ -76,24 +73,24 @@ RecorderField::RecorderField(SettingsModels& models)
     : m_models(models)
     , m_button([[ZVRecorderButton alloc] initWithFrame:NSZeroRect])
 {
-    [m_button setBezelStyle:NSBezelStyleRounded];
-    [m_button setAlignment:NSTextAlignmentCenter];
-    [m_button setFont:[NSFont monospacedSystemFontOfSize:[NSFont systemFontSize] weight:NSFontWeightRegular]];
-    [m_button setToolTip:toNSString(settingsTexts::recorderHelp)];
-    [m_button setAccessibilityHelp:toNSString(settingsTexts::recorderHelp)];
+    m_button.bezelStyle = NSBezelStyleRounded;
+    m_button.alignment = NSTextAlignmentCenter;
+    m_button.font = [NSFont monospacedSystemFontOfSize:NSFont.systemFontSize weight:NSFontWeightRegular];
+    m_button.toolTip = toNSString(settingsTexts::recorderHelp);
+    m_button.accessibilityHelp = toNSString(settingsTexts::recorderHelp);
     setMinimumWidth(m_button, minimumRecorderWidth);
     [m_button setRecordingChanged:[this](BOOL isRecording) { recordingChanged(isRecording != NO); } pressed:[this](NSEvent* event) { pressed(event); }];
-    m_actions.attach(m_button, [this] { [m_button setRecording:![m_button isRecording]]; });
+    m_actions.attach(m_button, [this] { m_button.recording = !m_button.isRecording; });
     m_clear = pushButton(settingsTexts::clear, {}, m_actions, [this] {
-        [m_button setRecording:NO];
+        m_button.recording = NO;
         take(std::nullopt);
     });
-    [m_clear setBordered:NO];
+    m_clear.bordered = NO;
     m_view = stack(Direction::row, { m_button, m_clear });
     // Recording releases the global hotkeys: it ends when the window loses the keyboard.
     m_observers.observe(NSWindowDidResignKeyNotification, ^(NSNotification* told) {
-        if ([told object] == [m_button window])
-            [m_button setRecording:NO];
+        if (told.object == m_button.window)
+            m_button.recording = NO;
     });
     refresh();
 }
@@ -101,7 +98,7 @@ RecorderField::RecorderField(SettingsModels& models)
 void RecorderField::setSpec(std::optional<KeyEquivalentSpec> const& spec)
 {
     if (spec != m_spec)
-        [m_button setRecording:NO]; // the recording was for another item
+        m_button.recording = NO; // the recording was for another item
     m_spec = spec;
     refresh();
 }
@@ -120,7 +117,7 @@ void RecorderField::pressed(NSEvent* event)
     auto const outcome = recorderOutcome(keyPressOf(event));
     if (outcome.kind == RecorderOutcome::Kind::ignored)
         return;
-    [m_button setRecording:NO];
+    m_button.recording = NO;
     if (outcome.kind == RecorderOutcome::Kind::captured)
         take(outcome.spec);
 }
@@ -135,11 +132,11 @@ void RecorderField::take(std::optional<KeyEquivalentSpec> const& spec)
 
 void RecorderField::refresh()
 {
-    [m_clear setEnabled:m_spec ? YES : NO];
-    if ([m_button isRecording])
-        [m_button setTitle:toNSString(settingsTexts::recording)];
+    m_clear.enabled = m_spec ? YES : NO;
+    if (m_button.isRecording)
+        m_button.title = toNSString(settingsTexts::recording);
     else
-        [m_button setTitle:toNSString(m_spec ? m_spec->description() : std::string(settingsTexts::noShortcut))];
+        m_button.title = toNSString(m_spec ? m_spec->description() : std::string(settingsTexts::noShortcut));
 }
 
 } // namespace zv

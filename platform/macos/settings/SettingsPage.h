@@ -4,11 +4,14 @@
 
 #include "app/settings/SettingsPage.h"
 #import "platform/macos/settings/Controls.h"
+#import "platform/macos/settings/RecorderField.h"
 
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
+
+NS_ASSUME_NONNULL_BEGIN
 
 namespace zv {
 
@@ -16,7 +19,8 @@ namespace zv {
 /// and with it the keyboard focus.
 class SettingsPage {
 public:
-    SettingsPage();
+    /// `models` outlives it.
+    explicit SettingsPage(SettingsModels& models);
     SettingsPage(SettingsPage const&) = delete;
     SettingsPage& operator=(SettingsPage const&) = delete;
 
@@ -27,17 +31,20 @@ private:
     /// A control and its current row: the actions are replaced whenever the page is shown.
     struct Row {
         SettingsRow described;
-        NSControl* control = nil;
+        NSControl* control = nil; ///< nil for a recorder
+        std::unique_ptr<RecorderField> recorder {};
     };
     using RowRef = std::shared_ptr<Row>;
 
     void build(std::vector<SettingsSection> const& sections);
     void addRow(std::string const& heading, SettingsRow const& described);
     [[nodiscard]] NSControl* controlFor(RowRef const& row);
+    void addRecorder(RowRef const& row);
     [[nodiscard]] NSView* placed(Row const& row) const;
     static void take(Row& row, SettingsRow const& described);
     static void fillChoices(NSPopUpButton* button, SettingsRow const& described);
 
+    SettingsModels& m_models;
     NSView* m_content;
     NSScrollView* m_view;
     NSGridView* m_grid = nil;
@@ -47,3 +54,5 @@ private:
 };
 
 } // namespace zv
+
+NS_ASSUME_NONNULL_END

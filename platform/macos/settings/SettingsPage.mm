@@ -25,16 +25,18 @@ constexpr double sectionSpacing = 14;
 } // namespace
 
 /// Makes the view as wide as its scroll view, as high as its rows.
-SettingsPage::SettingsPage()
-    : m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
+SettingsPage::SettingsPage(SettingsModels& models)
+    : m_models(models)
+    , m_content([[ZVFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 700, 560)])
     , m_view(scrollAround(m_content))
 {
-    [m_view setDrawsBackground:NO];
-    NSView* const shown = [m_view contentView];
-    [m_content setTranslatesAutoresizingMaskIntoConstraints:NO];
-    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_content topAnchor] constraintEqualToAnchor:[shown topAnchor] constant:0],
-                                                     [[m_content leadingAnchor] constraintEqualToAnchor:[shown leadingAnchor] constant:0],
-                                                     [[m_content trailingAnchor] constraintEqualToAnchor:[shown trailingAnchor] constant:0], nil]];
+    m_view.drawsBackground = NO;
+    NSView* const shown = m_view.contentView;
+    m_content.translatesAutoresizingMaskIntoConstraints = NO;
+    [NSLayoutConstraint activateConstraints:@[
+        [m_content.topAnchor constraintEqualToAnchor:shown.topAnchor], [m_content.leadingAnchor constraintEqualToAnchor:shown.leadingAnchor],
+        [m_content.trailingAnchor constraintEqualToAnchor:shown.trailingAnchor]
+    ]];
 }
 
 void SettingsPage::show(std::vector<SettingsSection> const& sections)
@@ -57,27 +59,44 @@ void SettingsPage::build(std::vector<SettingsSection> const& sections)
     m_grid = formGrid();
     for (auto const& section : sections) {
         auto heading = section.heading();
-        NSInteger const first = [m_grid numberOfRows];
+        NSInteger const first = m_grid.numberOfRows;
         for (auto const& described : section.rows) {
             addRow(heading, described);
             heading.clear();
         }
-        if (first > 0 && [m_grid numberOfRows] > first)
-            [[m_grid rowAtIndex:first] setTopPadding:sectionSpacing];
+        if (first > 0 && m_grid.numberOfRows > first)
+            [m_grid rowAtIndex:first].topPadding = sectionSpacing;
     }
-    [m_grid setTranslatesAutoresizingMaskIntoConstraints:NO];
+    m_grid.translatesAutoresizingMaskIntoConstraints = NO;
     [m_content addSubview:m_grid];
-    [NSLayoutConstraint activateConstraints:[NSArray arrayWithObjects:[[m_grid topAnchor] constraintEqualToAnchor:[m_content topAnchor] constant:pageMargin],
-                                                     [[m_grid centerXAnchor] constraintEqualToAnchor:[m_content centerXAnchor] constant:0],
-                                                     [[m_content bottomAnchor] constraintEqualToAnchor:[m_grid bottomAnchor] constant:pageMargin], nil]];
+    [NSLayoutConstraint activateConstraints:@[
+        [m_grid.topAnchor constraintEqualToAnchor:m_content.topAnchor constant:pageMargin],
+        [m_grid.centerXAnchor constraintEqualToAnchor:m_content.centerXAnchor],
+        [m_content.bottomAnchor constraintEqualToAnchor:m_grid.bottomAnchor constant:pageMargin]
+    ]];
 }
 
 void SettingsPage::addRow(std::string const& heading, SettingsRow const& described)
 {
     auto const row = std::make_shared<Row>(Row { described });
-    row->control = controlFor(row);
+    if (described.kind == SettingsRow::Kind::shortcut)
+        addRecorder(row);
+    else
+        row->control = controlFor(row);
     m_rows[described.id] = row;
     addToForm(m_grid, boldLabel(heading), placed(*row));
+}
+
+void SettingsPage::addRecorder(RowRef const& row)
+{
+    row->recorder = std::make_unique<RecorderField>(m_models);
+    std::weak_ptr<Row> const weak = row;
+    row->recorder->onChange = [weak](auto const& spec) {
+        later([weak, spec] {
+            if (auto const alive = weak.lock())
+                SettingsRow(alive->described).record(spec);
+        });
+    };
 }
 
 NSControl* SettingsPage::controlFor(RowRef const& row)
@@ -95,7 +114,7 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
         NSButton* const box = [NSButton checkboxWithTitle:toNSString(title) target:nil action:nil];
         __unsafe_unretained NSButton* const read = box;
         m_actions.attach(box, [perform, read] {
-            bool const isOn = [read state] == NSControlStateValueOn;
+            bool const isOn = read.state == NSControlStateValueOn;
             perform([isOn](SettingsRow const& now) { now.toggle(isOn); });
         });
         return box;
@@ -103,15 +122,16 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
     case SettingsRow::Kind::choice: {
         NSPopUpButton* const choices = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
         __unsafe_unretained NSPopUpButton* const read = choices;
-        [choices setAccessibilityLabel:toNSString(title)];
+        choices.accessibilityLabel = toNSString(title);
         m_actions.attach(choices, [perform, read] {
-            std::int64_t const value = [read selectedTag];
+            std::int64_t const value = read.selectedTag;
             perform([value](SettingsRow const& now) { now.choose(value); });
         });
         return choices;
     }
     case SettingsRow::Kind::button:
         return pushButton(title, {}, m_actions, [perform] { perform([](SettingsRow const& now) { now.press(); }); });
+    case SettingsRow::Kind::shortcut:
     case SettingsRow::Kind::note:
         break;
     }
@@ -128,27 +148,29 @@ NSView* SettingsPage::placed(Row const& row) const
         setWidth(space, indentation);
         views.push_back(space);
     }
-    if (row.described.kind == SettingsRow::Kind::choice)
+    if (row.described.kind == SettingsRow::Kind::choice || row.recorder)
         views.push_back(label(row.described.title));
-    views.push_back(row.control);
-    return views.size() == 1 ? row.control : stack(Direction::row, views);
+    views.push_back(row.recorder ? row.recorder->view() : row.control);
+    return views.size() == 1 ? views.front() : stack(Direction::row, views);
 }
 
 void SettingsPage::take(Row& row, SettingsRow const& described)
 {
     row.described = described;
+    if (row.recorder)
+        return row.recorder->setSpec(described.shortcut);
     NSControl* const control = row.control;
-    [control setEnabled:described.isEnabled ? YES : NO];
+    control.enabled = described.isEnabled ? YES : NO;
     if (!described.help.empty()) {
-        [control setToolTip:toNSString(described.help)];
-        [control setAccessibilityHelp:toNSString(described.help)];
+        control.toolTip = toNSString(described.help);
+        control.accessibilityHelp = toNSString(described.help);
     }
     if (described.kind == SettingsRow::Kind::toggle)
-        [(NSButton*)control setState:described.isOn ? NSControlStateValueOn : NSControlStateValueOff];
+        ((NSButton*)control).state = described.isOn ? NSControlStateValueOn : NSControlStateValueOff;
     else if (described.kind == SettingsRow::Kind::choice)
         fillChoices((NSPopUpButton*)control, described);
     else if (described.kind == SettingsRow::Kind::note)
-        [(NSTextField*)control setStringValue:toNSString(described.title)];
+        ((NSTextField*)control).stringValue = toNSString(described.title);
 }
 
 void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& described)
@@ -157,8 +179,8 @@ void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& describ
     for (auto const& choice : described.choices) {
         // addItemWithTitle: would remove an item of the same title.
         NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
-        [item setTag:static_cast<NSInteger>(choice.value)];
-        [[button menu] addItem:item];
+        item.tag = static_cast<NSInteger>(choice.value);
+        [button.menu addItem:item];
     }
     [button selectItemWithTag:static_cast<NSInteger>(described.value)];
 }

@@ -48,13 +48,14 @@ class MacSettings {
 public:
     explicit MacSettings(SettingsModels& models)
         : m_models(models)
+        , m_general(models)
         , m_editor([[ZVMenuEditor alloc] initWithModels:models])
         , m_about(models)
         , m_tabs([[NSTabViewController alloc] init])
     {
-        [m_tabs setTabStyle:NSTabViewControllerTabStyleToolbar];
+        m_tabs.tabStyle = NSTabViewControllerTabStyleToolbar;
         addTab(settingsTexts::generalTab, @"gearshape", m_general.view());
-        addTab(settingsTexts::menuTab, @"list.bullet.indent", [m_editor view]);
+        addTab(settingsTexts::menuTab, @"list.bullet.indent", m_editor.view);
         addTab(settingsTexts::aboutTab, @"info.circle", m_about.view());
         makeWindow();
         bringPlaceBack();
@@ -67,7 +68,7 @@ public:
     {
         m_models.general().onChanged = nullptr;
         [m_window unbind:NSTitleBinding];
-        [m_window setDelegate:nil];
+        m_window.delegate = nil;
         [m_window orderOut:nil];
     }
 
@@ -82,12 +83,12 @@ private:
     {
         NSString* const title = toNSString(said);
         NSViewController* const page = [[NSViewController alloc] initWithNibName:nil bundle:nil];
-        [page setView:view];
-        [page setTitle:title];
-        [view setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+        page.view = view;
+        page.title = title;
+        view.autoresizingMask = NSViewWidthSizable | NSViewHeightSizable;
         NSTabViewItem* const item = [NSTabViewItem tabViewItemWithViewController:page];
-        [item setLabel:title];
-        [item setImage:[NSImage imageWithSystemSymbolName:symbol accessibilityDescription:title]];
+        item.label = title;
+        item.image = [NSImage imageWithSystemSymbolName:symbol accessibilityDescription:title];
         [m_tabs addTabViewItem:item];
     }
 
@@ -98,13 +99,13 @@ private:
                                                styleMask:style
                                                  backing:NSBackingStoreBuffered
                                                    defer:YES];
-        m_delegate = [[ZVSettingsWindowDelegate alloc] initWithUndoManager:[m_editor undoManager] closing:m_lifetime.guard([this] { keepPlace(); })];
-        [m_window setReleasedWhenClosed:NO];
-        [m_window setContentViewController:m_tabs];
+        m_delegate = [[ZVSettingsWindowDelegate alloc] initWithUndoManager:m_editor.undoManager closing:m_lifetime.guard([this] { keepPlace(); })];
+        m_window.releasedWhenClosed = NO;
+        m_window.contentViewController = m_tabs;
         [m_window bind:NSTitleBinding toObject:m_tabs withKeyPath:@"title" options:nil]; // the selected page's
-        [m_window setToolbarStyle:NSWindowToolbarStylePreference];
-        [m_window setContentMinSize:toNSSize(smallestSize)];
-        [m_window setDelegate:m_delegate];
+        m_window.toolbarStyle = NSWindowToolbarStylePreference;
+        m_window.contentMinSize = toNSSize(smallestSize);
+        m_window.delegate = m_delegate;
     }
 
     void bringPlaceBack()
@@ -112,15 +113,15 @@ private:
         auto const& place = m_models.place();
         [m_window setContentSize:toNSSize(place.size(smallestSize).value_or(usualSize))];
         [m_window center];
-        auto const count = static_cast<std::int64_t>([[m_tabs tabViewItems] count]);
-        [m_tabs setSelectedTabViewItemIndex:static_cast<NSInteger>(place.tab(count))];
+        auto const count = static_cast<std::int64_t>(m_tabs.tabViewItems.count);
+        m_tabs.selectedTabViewItemIndex = static_cast<NSInteger>(place.tab(count));
     }
 
     void keepPlace()
     {
-        NSSize const size = [[m_window contentView] frame].size;
+        NSSize const size = [m_window.contentView frame].size;
         m_models.place().keepSize({ static_cast<std::int64_t>(size.width), static_cast<std::int64_t>(size.height) });
-        m_models.place().keepTab([m_tabs selectedTabViewItemIndex]);
+        m_models.place().keepTab(m_tabs.selectedTabViewItemIndex);
     }
 
     /// Shows the current settings, and follows them.
@@ -143,7 +144,7 @@ private:
     NSTabViewController* m_tabs;
     NSWindow* m_window = nil;
     ZVSettingsWindowDelegate* m_delegate = nil;
-    Observers m_observers { [NSNotificationCenter defaultCenter] };
+    Observers m_observers { NSNotificationCenter.defaultCenter };
     Observation m_observation;
     Lifetime m_lifetime;
 };

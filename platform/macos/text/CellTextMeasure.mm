@@ -22,9 +22,9 @@ public:
     double menuFontWidth(std::string_view text) const override
     {
         NSData* const data = [toNSString(text) dataUsingEncoding:NSUTF32LittleEndianStringEncoding];
-        auto const* const codePoints = static_cast<char32_t const*>([data bytes]);
+        auto const* const codePoints = static_cast<char32_t const*>(data.bytes);
         int cells = 0;
-        for (std::size_t i = 0; i < [data length] / sizeof(char32_t); ++i)
+        for (std::size_t i = 0; i < data.length / sizeof(char32_t); ++i)
             cells += cellsOf(codePoints[i]);
         return cells;
     }

@@ -7,8 +7,8 @@ namespace zv {
 std::string localizedDateAndTime(WallTime time)
 {
     NSDateFormatter* const formatter = [[NSDateFormatter alloc] init];
-    [formatter setDateStyle:NSDateFormatterMediumStyle];
-    [formatter setTimeStyle:NSDateFormatterShortStyle];
+    formatter.dateStyle = NSDateFormatterMediumStyle;
+    formatter.timeStyle = NSDateFormatterShortStyle;
     auto const seconds = std::chrono::duration<double>(time.time_since_epoch()).count();
     return fromNSString([formatter stringFromDate:[NSDate dateWithTimeIntervalSince1970:seconds]]);
 }

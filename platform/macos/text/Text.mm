@@ -39,7 +39,7 @@ std::vector<std::size_t> graphemeLengths(std::string_view text, std::size_t coun
     NSString* const string = toNSString(text);
     NSUInteger position = 0;
     std::size_t used = 0;
-    while (position < [string length] && lengths.size() < count) {
+    while (position < string.length && lengths.size() < count) {
         NSRange const range = [string rangeOfComposedCharacterSequenceAtIndex:position];
         auto const bytes = fromNSString([string substringWithRange:range]).size();
         // A replacement character stands for a single byte of the text.
@@ -53,22 +53,19 @@ std::vector<std::size_t> graphemeLengths(std::string_view text, std::size_t coun
 
 bool isInSet(std::string_view grapheme, NSCharacterSet* set)
 {
-    NSString* const string = [toNSString(grapheme) decomposedStringWithCanonicalMapping];
+    NSString* const string = toNSString(grapheme).decomposedStringWithCanonicalMapping;
     NSData* const bytes = [string dataUsingEncoding:NSUTF32LittleEndianStringEncoding];
     std::uint32_t first = 0;
-    if ([bytes length] < sizeof first)
+    if (bytes.length < sizeof first)
         return false;
-    std::memcpy(&first, [bytes bytes], sizeof first);
+    std::memcpy(&first, bytes.bytes, sizeof first);
     return [set longCharacterIsMember:first];
 }
 
 /// The front of each sort key, equal in all, so that the rest is compared.
 constexpr std::string_view undecidedStart("\0\0\0\0\0\0\0\0", 8);
 
-NSStringCompareOptions searchOptions()
-{
-    return NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch;
-}
+NSStringCompareOptions searchOptions() { return NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch; }
 
 } // namespace
 
@@ -95,10 +92,7 @@ std::string withValidUtf8(std::string_view text)
     return valid;
 }
 
-std::size_t graphemeCount(std::string_view text)
-{
-    return graphemeLengths(text, SIZE_MAX).size();
-}
+std::size_t graphemeCount(std::string_view text) { return graphemeLengths(text, SIZE_MAX).size(); }
 
 std::optional<std::string_view> singleGrapheme(std::string_view text)
 {
@@ -116,19 +110,13 @@ std::vector<std::string_view> firstGraphemes(std::string_view text, std::size_t 
     return graphemes;
 }
 
-std::string lowerCased(std::string_view text)
-{
-    return fromNSString([toNSString(text) lowercaseString]);
-}
+std::string lowerCased(std::string_view text) { return fromNSString(toNSString(text).lowercaseString); }
 
-std::string upperCased(std::string_view text)
-{
-    return fromNSString([toNSString(text) uppercaseString]);
-}
+std::string upperCased(std::string_view text) { return fromNSString(toNSString(text).uppercaseString); }
 
 std::string_view trimmed(std::string_view text)
 {
-    NSCharacterSet* const whiteSpace = [NSCharacterSet whitespaceAndNewlineCharacterSet];
+    NSCharacterSet* const whiteSpace = NSCharacterSet.whitespaceAndNewlineCharacterSet;
     auto const graphemes = firstGraphemes(text, SIZE_MAX);
     std::size_t first = 0;
     std::size_t last = graphemes.size();
@@ -143,26 +131,20 @@ std::string_view trimmed(std::string_view text)
     return { begin, static_cast<std::size_t>(end - begin) };
 }
 
-bool isWhiteSpace(std::string_view grapheme)
-{
-    return isInSet(grapheme, [NSCharacterSet whitespaceAndNewlineCharacterSet]);
-}
+bool isWhiteSpace(std::string_view grapheme) { return isInSet(grapheme, NSCharacterSet.whitespaceAndNewlineCharacterSet); }
 
 bool isLetterNumberPunctuationOrSymbol(std::string_view grapheme)
 {
-    return isInSet(grapheme, [NSCharacterSet alphanumericCharacterSet]) || isInSet(grapheme, [NSCharacterSet punctuationCharacterSet])
-        || isInSet(grapheme, [NSCharacterSet symbolCharacterSet]);
+    return isInSet(grapheme, NSCharacterSet.alphanumericCharacterSet) || isInSet(grapheme, NSCharacterSet.punctuationCharacterSet)
+        || isInSet(grapheme, NSCharacterSet.symbolCharacterSet);
 }
 
 std::string foldedForSearch(std::string_view text)
 {
-    return fromNSString([toNSString(text) stringByFoldingWithOptions:searchOptions() locale:[NSLocale currentLocale]]);
+    return fromNSString([toNSString(text) stringByFoldingWithOptions:searchOptions() locale:NSLocale.currentLocale]);
 }
 
-int localizedStandardCompare(std::string_view a, std::string_view b)
-{
-    return static_cast<int>([toNSString(a) localizedStandardCompare:toNSString(b)]);
-}
+int localizedStandardCompare(std::string_view a, std::string_view b) { return static_cast<int>([toNSString(a) localizedStandardCompare:toNSString(b)]); }
 
 std::string sortKey(std::string_view text)
 {

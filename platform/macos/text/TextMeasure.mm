@@ -10,7 +10,7 @@ public:
     double menuFontWidth(std::string_view text) const override { return [toNSString(text) sizeWithAttributes:m_attributes].width; }
 
 private:
-    NSDictionary* m_attributes = [NSDictionary dictionaryWithObject:[NSFont menuFontOfSize:0] forKey:NSFontAttributeName];
+    NSDictionary<NSAttributedStringKey, id>* m_attributes = @ { NSFontAttributeName : [NSFont menuFontOfSize:0] };
 };
 
 } // namespace

@@ -23,7 +23,7 @@ NSString* const automaticKey = @"automaticallyChecksForUpdates";
 
 @implementation ZVUpdateDelegate
 
-static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSString([update displayVersionString]) }; }
+static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSString(update.displayVersionString) }; }
 
 - (instancetype)initWithChannels:(zv::UpdateChannels&)channels driver:(zv::UpdateUserDriver&)driver
 {
@@ -34,9 +34,9 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
     return self;
 }
 
-- (NSSet*)allowedChannelsForUpdater:(id)updater
+- (NSSet<NSString*>*)allowedChannelsForUpdater:(id)updater
 {
-    NSMutableSet* const channels = [NSMutableSet set];
+    NSMutableSet<NSString*>* const channels = [NSMutableSet set];
     for (auto const& channel : _channels->allowedChannels())
         [channels addObject:zv::toNSString(channel)];
     return channels;
@@ -116,7 +116,7 @@ public:
     SparkleEngine(Class controllerClass, UpdateChannels& channels, UpdateUserDriver& driver)
         : m_delegate([[ZVUpdateDelegate alloc] initWithChannels:channels driver:driver])
         , m_controller([(id<ZVUpdaterController>)[controllerClass alloc] initWithStartingUpdater:NO updaterDelegate:m_delegate userDriverDelegate:m_delegate])
-        , m_updater([m_controller updater])
+        , m_updater(m_controller.updater)
     {
         auto const canCheck = m_lifetime.guard([this] { tell(onCanCheckChanged); });
         auto const automatic = m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); });
@@ -132,15 +132,15 @@ public:
         return resultOf(started, error);
     }
     void checkForUpdates() override { [m_updater checkForUpdates]; }
-    bool canCheckForUpdates() const override { return [m_updater canCheckForUpdates] != NO; }
-    bool automaticallyChecksForUpdates() const override { return [m_updater automaticallyChecksForUpdates] != NO; }
-    void setAutomaticallyChecksForUpdates(bool automatically) override { [m_updater setAutomaticallyChecksForUpdates:automatically ? YES : NO]; }
+    bool canCheckForUpdates() const override { return m_updater.canCheckForUpdates != NO; }
+    bool automaticallyChecksForUpdates() const override { return m_updater.automaticallyChecksForUpdates != NO; }
+    void setAutomaticallyChecksForUpdates(bool automatically) override { m_updater.automaticallyChecksForUpdates = automatically ? YES : NO; }
     std::optional<WallTime> lastUpdateCheckDate() const override
     {
-        NSDate* const date = [m_updater lastUpdateCheckDate];
+        NSDate* const date = m_updater.lastUpdateCheckDate;
         if (!date)
             return std::nullopt;
-        std::chrono::duration<double> const seconds([date timeIntervalSince1970]);
+        std::chrono::duration<double> const seconds(date.timeIntervalSince1970);
         return WallTime(std::chrono::duration_cast<WallTime::duration>(seconds));
     }
 

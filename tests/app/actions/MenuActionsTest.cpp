@@ -225,6 +225,32 @@ TEST_F(MenuActionsTest, AFailedSessionEventOrScriptShowsTheFailureRaw)
     EXPECT_EQ(onlyAlert(), "“Hide” could not be completed.\nscriptError(\"Broken\")\n[OK]");
 }
 
+TEST_F(MenuActionsTest, WhatNobodyInstalledIsStartedAtTheUsersWord)
+{
+    UntrustedStart const own { Url::fromPath("/home/u/Downloads/invoice.pdf.desktop"), "sh -c" + std::string(300, ' ') + "\"rm\n\xFF\"", true };
+    UntrustedStart const foreign { Url::fromPath("/srv/a\n.desktop"), std::string(2000, 'a'), false };
+    struct Row {
+        UntrustedStart start;
+        std::size_t answer;
+        Log log;
+    };
+    Row const rows[] = { { own, 0, {} }, { own, 1, { "start file:///home/u/Downloads/invoice.pdf.desktop" } },
+        { own, 2, { "always start file:///home/u/Downloads/invoice.pdf.desktop" } }, { foreign, 0, {} } };
+    for (auto const& row : rows) {
+        workspace.log.clear();
+        alerts.shown.clear();
+        alerts.answers = { row.answer };
+        workspace.onUntrusted(row.start);
+        EXPECT_EQ(onlyAlert(),
+            row.start.canAlwaysStart
+                ? "“invoice.pdf.desktop” was not installed as an application. Start it?\nIt would run:\nsh -c \"rm␊\uFFFD\"\n\n"
+                  "“Always Start” marks the file as executable.\n[Cancel]\n[Start]\n[Always Start]"
+                : "“a␊.desktop” was not installed as an application. Start it?\nIt would run:\n" + std::string(400, 'a') + "…\n[Cancel]\n[Start]");
+        EXPECT_EQ(alerts.shown.at(0).escapeButton, 0U);
+        EXPECT_EQ(workspace.log, row.log) << row.answer;
+    }
+}
+
 TEST_F(MenuActionsTest, ADenialLeadsToThePrivacyPane)
 {
     auto const expected = "“T” needs permission to control your Mac.\nAllow Zanthe Vell to control System Events and the login window in Privacy & "

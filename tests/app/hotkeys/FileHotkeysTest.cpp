@@ -22,7 +22,12 @@ DynamicEntry entry(std::string const& path, std::string_view character)
 
 class FileHotkeysTest : public testing::Test {
 protected:
-    FileHotkeysTest() { source.set({ { { 0, "a" }, { 11, "b" }, { 8, "c" } } }); }
+    FileHotkeysTest()
+    {
+        source.set({ { { 0, "a" }, { 11, "b" }, { 8, "c" } } });
+        for (auto const* folder : { "/f", "/g", "/h" })
+            files->addFolder(folder);
+    }
 
     void list(std::string const& folder, std::vector<DynamicEntry> const& entries) { hotkeys.folderListed(Url::fromPath(folder), entries); }
 
@@ -83,6 +88,23 @@ TEST_F(FileHotkeysTest, RegisterNothingAnewWhenAFolderIsAsItWas)
     EXPECT_EQ(registrar.passes, 1);
     list("/f", { entry("/f/a", "B") });
     EXPECT_EQ(registrar.passes, 2);
+}
+
+TEST_F(FileHotkeysTest, LetGoOfFoldersThatHaveVanished)
+{
+    list("/f", { entry("/f/a", "A") });
+    list("/g", { entry("/g/b", "B") });
+    files->erase("/f");
+    list("/h", { entry("/h/a", "A") });
+    EXPECT_EQ(registeredPaths(), (std::vector<std::string> { "/g/b", "/h/a" })) << "what was moved keeps its combination";
+    EXPECT_TRUE(center.conflicts().empty());
+
+    files->erase("/h");
+    center.reregister();
+    EXPECT_EQ(registeredPaths(), (std::vector<std::string> { "/g/b" })) << "every pass looks";
+    files->erase("/g");
+    list("/f", {});
+    EXPECT_TRUE(registrar.held.empty()) << "so does every listing, even one that brings nothing new";
 }
 
 TEST_F(FileHotkeysTest, PutAPrescanOverWhatIsKnown)

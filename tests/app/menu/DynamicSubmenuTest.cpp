@@ -158,6 +158,32 @@ TEST_F(DynamicSubmenuTest, AnUnreadableFolderSaysWhy)
     EXPECT_TRUE(menu->entries[0].attributedTitle->italic);
 }
 
+struct TheApplications : ApplicationFolders {
+    bool contains(Url const& folder) const override { return folder.path() == "/apps"; }
+    void list(std::function<void(std::vector<InstalledApplication>)> done) override { done(found); }
+    std::vector<InstalledApplication> found;
+};
+
+TEST_F(DynamicSubmenuTest, AFolderOfApplicationsShowsAllThatAreInstalledByCategoryWhereTheyAreMany)
+{
+    TheApplications applications;
+    sources.applications = &applications;
+    preferences.setShowIcons(true);
+    putFiles("/apps", 1);
+    auto const entry = folderEntry("/apps");
+    EXPECT_EQ(linesOf(*open(entry)), Lines { "(No Applications)" });
+    applications.found = { { "Zed", Url::fromPath("/a/zed.desktop"), ApplicationCategory::office }, { "draw", Url::fromPath("/b/draw.desktop") } };
+    EXPECT_EQ(linesOf(*open(entry)), (Lines { "draw", "Zed" }));
+    for (int i = 1; i <= 23; ++i)
+        applications.found.push_back({ "Game " + std::to_string(i), Url::fromPath("/g"), ApplicationCategory::games });
+    auto const menu = open(entry);
+    EXPECT_EQ(linesOf(*menu), (Lines { "Games >", "Office >", "Other >" }));
+    EXPECT_EQ(linesOf(*menu->entries[0].submenu).at(1), "Game 2");
+    EXPECT_EQ(iconOf(menu->entries[0]), "category:3");
+    menu->entries[1].submenu->entries[0].target->invoke();
+    EXPECT_EQ(commands.log, Lines { "open entry file:///a/zed.desktop" });
+}
+
 struct RemoteFolder : DynamicSubmenuTest {
     RemoteFolder()
     {

@@ -108,7 +108,7 @@ struct MenuBench {
     FolderListings folders { reader, time };
     DynamicMenuProvider lists;
     fakes::FakeListedFolders listedFolders;
-    SubmenuSources sources { folders, lists, listedFolders, time };
+    SubmenuSources sources { folders, lists, listedFolders, time, nullptr };
     MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, sources };
 };
 

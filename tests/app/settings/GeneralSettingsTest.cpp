@@ -28,6 +28,8 @@ struct GeneralSettingsTest : SettingsFixture {
     }
 
     Preferences preferences { defaults };
+    MenuShortcut menuShortcut { defaults };
+    bool isTaken = false;
     fakes::FakeLoginService loginService;
     LoginItem loginItem { loginService };
     fakes::FakeUserNotifications notifications;
@@ -48,8 +50,8 @@ struct GeneralSettingsTest : SettingsFixture {
     {
         return [this, of] { return problems.contains(of) ? std::optional(problems.at(of)) : std::nullopt; };
     }
-    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), problem("statusItemProblem"),
-        problem("overlayProblem"), problem("hotkeyProblem"), problem("saveProblem") } };
+    GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), menuShortcut,
+        [this] { return isTaken; }, problem("statusItemProblem"), problem("overlayProblem"), problem("hotkeyProblem"), problem("saveProblem") } };
 };
 
 TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
@@ -71,7 +73,7 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
         [&] { preferences.setDrawsRainbowAppleLogo(false); }, [&] { preferences.setShowIcons(false); }, [&] { preferences.setShowHiddenFiles(true); },
         [&] { preferences.setSortFoldersFirst(false); }, [&] { preferences.setRecentItemsLimit(1); }, [&] { preferences.setMaximumScanDepth(1); },
         [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); },
-        [&] { engine->canCheck = true, engine->onCanCheckChanged(); } };
+        [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); } };
     for (auto const& change : changes) {
         bool told = false;
         auto const observation = withObservationTracking([&] { (void)settings.sections(); }, [&] { told = true; });
@@ -134,8 +136,8 @@ TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
 
     fakes::FakePermissions permissions;
     std::vector<std::string> opened;
-    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), {}, {}, {}, {}, &permissions,
-        [&](std::string_view pane) { opened.emplace_back(pane); } } };
+    GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), menuShortcut, [] { return false; },
+        {}, {}, {}, {}, &permissions, [&](std::string_view pane) { opened.emplace_back(pane); } } };
     struct Row {
         Permission permission;
         PermissionState state;

@@ -176,6 +176,7 @@ TEST_F(MenuEditorTest, ChangesNothingWhereNothingDiffers)
     EXPECT_TRUE(edits.empty());
     editor->setTitle(id('a'), "");
     EXPECT_EQ(menu(), "Sleep b") << "an empty title is none";
+    EXPECT_FALSE(store->items()[0].title);
 }
 
 TEST_F(MenuEditorTest, AddsTheFilesThatAreThereAndNamesTheOthers)

@@ -40,6 +40,37 @@ TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
     EXPECT_FALSE(press(keyE));
 }
 
+TEST_F(Program, AKeyOpensTheMenuAndAnItemsOwnSubmenu)
+{
+    machine.files.addFolder("/folder");
+    machine.folders->folders["/folder"] = { { "b.txt" } };
+    auto group = item(Kind::submenu, 'f');
+    group.children = { item(Kind::sleep) };
+    launchWith({ group, fileItem("/folder", 'e'), item(Kind::aboutThisMac, 'x') });
+    front.modifierKeys.held = ModifierMask::option | ModifierMask::command;
+    std::pair<std::uint16_t, char const*> const submenus[] = { { keyF, "Sleep" }, { keyE, "b.txt" } };
+    for (auto const& [key, first] : submenus) {
+        ASSERT_TRUE(press(key));
+        EXPECT_EQ(front.menuHost.byKey.back()->entries.at(0).title, first);
+    }
+
+    MenuShortcut other(machine.defaults);
+    other.set(item(Kind::sleep, 'x').keyEquivalent);
+    machine.defaults.onExternalChange({ std::string(MenuShortcut::defaultsKey) });
+    machine.time.runTasks();
+    auto const report = app->hotkeyReport();
+    EXPECT_NE(report.find(R"("shortcut":"⌥⌘X","menu":true})"), std::string::npos) << report;
+    EXPECT_NE(report.find(R"("conflicts":[{"shortcut":"⌥⌘X","item")"), std::string::npos) << "the menu's own comes before an item's: " << report;
+    ASSERT_TRUE(press(keyX));
+    auto const& opened = *front.menuHost.byKey.back();
+    EXPECT_EQ(entryIn(opened, "System Information"), nullptr) << "the shortcut's own Option does not count";
+    EXPECT_NE(entryIn(opened, "Customize Zanthe Vell…"), nullptr);
+    app->settingsModels().general().sections().at(0).rows.at(3).record(std::nullopt);
+    machine.time.runTasks();
+    EXPECT_TRUE(press(keyX)) << "now the item has it";
+    EXPECT_EQ(front.menuHost.byKey.size(), 3U);
+}
+
 TEST_F(Program, FollowsTheKeyboardLayoutAndTheDepthOfTheScan)
 {
     machine.files.addFolder("/data/Items");

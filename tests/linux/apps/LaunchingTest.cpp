@@ -44,8 +44,15 @@ struct LaunchingInside : testing::Test {
     }
     std::string open(std::string const& path)
     {
-        auto const opened = openUrl(Url::fromPath(path), "");
-        return opened ? "" : opened.error();
+        auto const opened = openUrl(Url::fromPath(path), "", StartTrust({ std::getenv("ZV_TEST_HOME") }));
+        return opened ? "" : opened.error().reason;
+    }
+    /// What the user would be asked about; nothing where nobody would be asked.
+    static std::optional<UntrustedStart> question(std::string const& path, std::optional<UntrustedStart> const& agreed = std::nullopt)
+    {
+        constexpr uid_t nobody = 4'000'000'000;
+        auto const opened = openUrl(Url::fromPath(path), "", StartTrust({}, { .system = nobody }), agreed);
+        return opened ? std::nullopt : opened.error().untrusted;
     }
 };
 
@@ -77,13 +84,43 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     EXPECT_EQ(logText(), "folder\n");
 }
 
-TEST_F(LaunchingInside, AProgramsOwnFileIsLaunchedOnlyWhenThatIsAskedFor)
+TEST_F(LaunchingInside, AProgramRunsOnceItIsExecutable)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
-    EXPECT_EQ(launchApplication(Url::fromPath(program), "").error(), "no application entry that can be started");
+    EXPECT_EQ(launchApplication(Url::fromPath(program), "").error(), "no application that can be started");
     fs::permissions(program, fs::perms::owner_all);
-    EXPECT_TRUE(launchApplication(Url::fromPath(program), ""));
+    EXPECT_EQ(open(program), "");
     EXPECT_EQ(logText(), "file\n");
+}
+
+TEST_F(LaunchingInside, WhatNobodyInstalledStartsOnlyAsItWasAgreedTo)
+{
+    auto const url = [](std::string const& path) { return Url::fromPath(path); };
+    auto const entry = writeEntry("invoice.pdf.desktop");
+    auto const link = write("pictures.desktop", "[Desktop Entry]\nType=Link\nName=L\nURL=" + entry + "\n");
+    UntrustedStart const linkStart { url(link), entry, true };
+    UntrustedStart const start { url(entry), home("note started %u"), true };
+    EXPECT_EQ(question(entry), start);
+    EXPECT_EQ(question(link), linkStart);
+    EXPECT_EQ(question(link, linkStart), start) << "what a link leads to is asked about anew";
+    EXPECT_EQ(question(entry, UntrustedStart { url(entry), "something else", true }), start) << "it has changed since";
+    EXPECT_FALSE(fs::exists(home("log")));
+    EXPECT_EQ(question(entry, start), std::nullopt);
+    EXPECT_EQ(logText(), "started\n");
+    makeExecutable(entry);
+    EXPECT_EQ(question(entry), std::nullopt);
+    EXPECT_EQ(logText(), "started\n");
+
+    write("Tool.AppDir/AppRun", "#!/bin/sh\n");
+    fs::permissions(home("Tool.AppDir/AppRun"), fs::perms::owner_all);
+    auto const image = write("Tool.AppImage", "");
+    fs::copy_file("/bin/true", image, fs::copy_options::overwrite_existing);
+    fs::permissions(image, fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(question(home("Tool.AppDir")), std::nullopt) << "the bit of its program counts";
+    UntrustedStart const imageStart { url(image), image, true };
+    EXPECT_EQ(question(image), imageStart);
+    EXPECT_EQ(question(image, imageStart), std::nullopt) << "lent its bit";
+    EXPECT_EQ(question(image), imageStart) << "for once";
 }
 
 TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
@@ -91,9 +128,9 @@ TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
     auto const document = write("a b.txt", "text");
     EXPECT_EQ(open(document), "");
     EXPECT_EQ(logText(), "started " + document + "\n");
-    EXPECT_TRUE(openUrl(*Url::parse("x-zv://there?a=1&b=2"), ""));
+    EXPECT_TRUE(openUrl(*Url::parse("x-zv://there?a=1&b=2"), "", StartTrust()));
     EXPECT_EQ(logText(), "started x-zv://there?a=1&b=2\n");
-    EXPECT_FALSE(openUrl(*Url::parse("x-none://there"), "")) << "nobody handles it";
+    EXPECT_FALSE(openUrl(*Url::parse("x-none://there"), "", StartTrust())) << "nobody handles it";
     EXPECT_NE(open(home("gone.txt")), "") << "gone between listing and choosing";
 
     EXPECT_TRUE(revealFile(Url::fromPath(document), "")) << "no file manager to ask: its folder opens";
@@ -118,7 +155,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 5 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 6 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)

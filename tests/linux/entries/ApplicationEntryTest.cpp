@@ -1,5 +1,5 @@
 #include "platform/linux/entries/ApplicationEntry.h"
-#include "platform/linux/apps/ApplicationIndex.h"
+#include "platform/linux/apps/XdgApplicationFolders.h"
 
 #include "tests/fakes/FakeTime.h"
 #include "tests/linux/TemporaryFolder.h"
@@ -145,6 +145,24 @@ TEST(ApplicationCatalog, ReadsOffTheMainThreadOnceAndAgainWhenAFolderChanged)
     catalog.withIndex(count);
     time.runTasks();
     EXPECT_EQ(counts.back(), 2u);
+}
+
+TEST(XdgApplicationFolders, ListWhatAUserMayStartOnceWithItsCategory)
+{
+    TemporaryFolder const disk;
+    disk.write("home/sh.desktop", entryText("Name=My Shell\nExec=sh\nCategories=Utility;Game;"));
+    disk.write("system/sh.desktop", entryText("Name=Shell\nExec=sh"));
+    disk.write("system/kept.desktop", entryText("Name=Kept out\nExec=sh\nNoDisplay=true"));
+    disk.write("system/away.desktop", entryText("Name=Away\nExec=sh\nTryExec=/nowhere/away"));
+    fakes::FakeTime time;
+    ApplicationCatalog catalog(time, { disk.path("home"), disk.path("system") }, {});
+    XdgApplicationFolders folders(catalog, { disk.path("home"), disk.path("system") });
+    EXPECT_TRUE(folders.contains(Url::fromPath(disk.path("system") + "/")));
+    EXPECT_FALSE(folders.contains(Url::fromPath(disk.path("system/kde"))));
+    std::vector<InstalledApplication> found;
+    folders.list([&](auto applications) { found = std::move(applications); });
+    time.runTasks();
+    EXPECT_EQ(found, (std::vector { InstalledApplication { "My Shell", Url::fromPath(disk.path("home/sh.desktop")), ApplicationCategory::games } }));
 }
 
 } // namespace

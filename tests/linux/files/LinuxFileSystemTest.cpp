@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr uid_t nobody = 4'000'000'000;
+
 /// What reaches the disk, in order; null while no test asks.
 std::vector<std::string>* toDisk = nullptr;
 
@@ -111,9 +113,11 @@ TEST_F(LinuxFileSystemTest, FollowsLinks)
 
 TEST_F(LinuxFileSystemTest, NamesFilesInValidText)
 {
-    folder.write("app.desktop", "[Desktop Entry]\nType=Application\nName=Text Éditor\nExec=app\n");
+    chmod(folder.write("app.desktop", "[Desktop Entry]\nType=Application\nName=Text Éditor\nExec=app\n").c_str(), 0755);
     folder.write("broken.desktop", "no entry");
     EXPECT_EQ(files.localizedName(url("app.desktop")), "Text Éditor") << "an entry stands for its application";
+    LinuxFileSystem const distrusting(MountWatch::systemTable, StartTrust({}, { .system = nobody, .self = nobody }));
+    EXPECT_EQ(distrusting.localizedName(url("app.desktop")), "app.desktop") << "and poses as nothing where it was not installed";
     EXPECT_EQ(files.localizedName(url("broken.desktop")), "broken.desktop");
     EXPECT_EQ(files.localizedName(url("Grüße.txt")), "Grüße.txt");
     EXPECT_EQ(files.localizedName(url("na\xEFve")), "na\uFFFDve");

@@ -137,6 +137,7 @@ protected:
     {
         QDBusConnection::disconnectFromBus(text("portal-desktop"));
         QDBusConnection::disconnectFromBus(text("portal-program"));
+        QDBusConnection::disconnectFromBus(text("portal-later"));
     }
 
     QDBusConnection connect(char const* name) { return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), text(name)); }
@@ -224,6 +225,9 @@ TEST_F(PortalHotkeysTest, AskAgainWhenThePortalHasComeBack)
         return !pressed.empty();
     }));
     EXPECT_EQ(pressed.front(), 7U);
+
+    registrar.useBus(connect("portal-later"));
+    EXPECT_TRUE(turnUntil([this] { return portal.sessions == 3; })) << "as is another connection, after the bus was restarted";
 }
 
 } // namespace

@@ -16,7 +16,7 @@ struct FileIconNamesTest : testing::Test {
         : mounts("1 0 1:1 / / rw - ext4 /dev/a rw\n2 1 0:2 / " + disk.path("dead") + " rw - nfs4 gone:/x rw\n")
     {
     }
-    FileIconNames of(std::string const& name) const { return iconNamesOfFile(disk.path(name), mounts); }
+    FileIconNames of(std::string const& name) const { return iconNamesOfFile(disk.path(name), mounts, StartTrust({ disk.path() })); }
 
     TemporaryFolder disk;
     MountTable mounts;
@@ -60,6 +60,9 @@ TEST_F(FileIconNamesTest, TakeAnApplicationEntrysOwnIcon)
     EXPECT_EQ(of("path.desktop").imageFile, "/opt/a.svg");
     EXPECT_EQ(of("none.desktop").names.front(), "application-x-executable");
     EXPECT_EQ(of("broken.desktop").shape, IconShape::document);
+    constexpr uid_t nobody = 4'000'000'000;
+    auto const untrusted = iconNamesOfFile(disk.path("named.desktop"), mounts, StartTrust({}, { .system = nobody }));
+    EXPECT_EQ(untrusted, (FileIconNames { { "text-x-generic" }, {}, IconShape::document })) << "poses as nothing";
 }
 
 TEST_F(FileIconNamesTest, MarkLinksAndShowWhatTheyLeadTo)

@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <fcntl.h>
+#include <functional>
 #include <poll.h>
 #include <set>
 #include <sys/file.h>
@@ -240,7 +241,7 @@ TEST_F(PlistUserDefaultsTest, KeepsWhatItKnowsWhenTheFileBecomesUnreadable)
     writeText(path, "<plist><dict><key>Known</key>");
     defaults.handleChange();
     EXPECT_EQ(log.size(), 1u);
-    EXPECT_EQ(defaults.object("Known"), PropertyList(1));
+    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "Known", 1 } })) << "written at once";
     EXPECT_TRUE(defaults.setObject("New", 2));
     EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "Known", 1 }, { "New", 2 } }));
 }
@@ -254,6 +255,61 @@ TEST_F(PlistUserDefaultsTest, KeepsALinkToAFileElsewhere)
     EXPECT_TRUE(defaults.setObject("b", 2));
     EXPECT_TRUE(std::filesystem::is_symlink(path));
     EXPECT_EQ(contentOf(elsewhere), PropertyList(PropertyListDictionary { { "a", 1 }, { "b", 2 } }));
+}
+
+TEST_F(PlistUserDefaultsTest, ForgetsNothingAndReplacesNothingWhileALinksTargetIsAway)
+{
+    auto const stick = folder.path("stick");
+    std::filesystem::create_directory(stick);
+    for (bool const linksFolder : { true, false }) {
+        auto const link = folder.path(linksFolder ? "linked" : "config/linked.plist");
+        std::filesystem::create_symlink(linksFolder ? stick : stick + "/" + fileName, link);
+        writeSettings(stick + "/" + fileName, { { "a", 1 } });
+        PlistUserDefaults defaults(linksFolder ? link + "/" + fileName : link);
+        std::filesystem::rename(stick, stick + " away");
+        defaults.handleChange();
+        EXPECT_EQ(defaults.object("a"), PropertyList(1));
+        auto const saved = defaults.setObject("b", 2);
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.error(), "the link " + link + " leads to a place that is not there");
+        EXPECT_TRUE(std::filesystem::is_symlink(link));
+        std::filesystem::rename(stick + " away", stick);
+        defaults.writeUnsaved();
+        EXPECT_EQ(contentOf(stick + "/" + fileName), PropertyList(PropertyListDictionary { { "a", 1 }, { "b", 2 } }));
+    }
+}
+
+TEST_F(PlistUserDefaultsTest, FollowsAChangeOfItsFolderAndOfLinksOnTheWay)
+{
+    for (auto const* name : { "one", "two", "three" }) {
+        std::filesystem::create_directory(folder.path(name));
+        writeSettings(folder.path(name) + "/" + fileName, { { "from", name } });
+    }
+    std::filesystem::create_directory_symlink("one", folder.path("link"));
+    PlistUserDefaults defaults(folder.path("link/") + fileName);
+    pollfd watch { defaults.changeDescriptor(), POLLIN, 0 };
+    auto const move = [&](char const* from, char const* to) { std::filesystem::rename(folder.path(from), folder.path(to)); };
+    struct Row {
+        std::function<void()> change;
+        char const* from;
+        std::string why;
+    };
+    Row const rows[] = {
+        { [&] { move("one", "old"), move("two", "one"); }, "two", "another folder in its place" },
+        { [&] { std::filesystem::create_directory_symlink("three", folder.path("new")), move("new", "link"); }, "three", "another link" },
+        { [&] { std::filesystem::remove_all(folder.path("three")), std::filesystem::copy(folder.path("old"), folder.path("three")); }, "one", "restored" },
+        { [&] {
+             writeSettings(folder.path("three/") + fileName, { { "from", "last" } });
+         },
+            "last", "and written there" },
+    };
+    for (auto const& row : rows) {
+        row.change();
+        ASSERT_EQ(::poll(&watch, 1, 5000), 1) << row.why;
+        defaults.handleChange();
+        EXPECT_EQ(defaults.object("from"), PropertyList(row.from)) << row.why;
+        ASSERT_EQ(::poll(&watch, 1, 0), 0) << "all events were taken";
+    }
 }
 
 TEST_F(PlistUserDefaultsTest, GivesUpWaitingForAProgramThatHoldsTheLock)

@@ -34,7 +34,8 @@ typedef NSRect CGRect; typedef NSPoint CGPoint; typedef NSSize CGSize;
 #define ALIAS(n, o) static const auto n __attribute__((unused)) = o
 ALIAS(NSEventModifierFlagShift, NSShiftKeyMask);
 ALIAS(NSEventModifierFlagControl, NSControlKeyMask); ALIAS(NSEventModifierFlagOption, NSAlternateKeyMask);
-ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask);
+ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask); ALIAS(NSEventModifierFlagFunction, NSFunctionKeyMask);
+ALIAS(NSEventModifierFlagNumericPad, NSNumericPadKeyMask); ALIAS(NSEventTypeKeyDown, NSKeyDown);
 ALIAS(NSEventMaskMouseMoved, NSMouseMovedMask);
 ALIAS(NSAlertStyleWarning, NSWarningAlertStyle); ALIAS(NSAlertStyleInformational, NSInformationalAlertStyle);
 ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver);

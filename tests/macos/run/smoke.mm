@@ -7,6 +7,7 @@
 #import "platform/macos/program/MessagePortServer.h"
 #import "platform/macos/program/ServicesProvider.h"
 
+#include "app/menu/MenuKeyEquivalent.h"
 #include "app/settings/ApplicationFolders.h"
 #include "base/MainThread.h"
 #include "platform/text/Text.h"

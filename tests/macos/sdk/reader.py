@@ -89,9 +89,11 @@ def kind_of(type_):
 
 
 def innermost(cursor):
-    """The expression without the conversions that the compiler put around it."""
+    """The expression without the conversions that the compiler put around it; they take no room, unlike a literal's brackets."""
     children = list(cursor.get_children())
-    return innermost(children[0]) if sort_of(cursor) in _WRAPPERS and len(children) == 1 else cursor
+    if sort_of(cursor) not in _WRAPPERS or len(children) != 1:
+        return cursor
+    return innermost(children[0]) if sort_of(cursor) == C.PAREN_EXPR or children[0].extent == cursor.extent else cursor
 
 
 def type_of(cursor):
@@ -99,6 +101,10 @@ def type_of(cursor):
     inner = innermost(cursor)
     declared = inner.referenced if sort_of(inner) == C.MEMBER_REF_EXPR else None
     return inner.type if not declared else declared.result_type if sort_of(declared) in _METHODS else declared.type
+
+
+def setter_of(property):
+    return f"set{property.spelling[:1].upper()}{property.spelling[1:]}:"
 
 
 def children_of(cursor, *kinds):
@@ -202,17 +208,17 @@ class Reader:
 
     def _property(self, cursor):
         """A read, or in front of an assignment a write."""
+        self.facts.sent |= {cursor.spelling, setter_of(cursor)}
         declared, receiver = self._refer(cursor), next(cursor.get_children(), None)
         if not declared or sort_of(declared) not in (C.OBJC_PROPERTY_DECL, *_METHODS):
             return
         # A class before the dot is no expression.
         owner = type_of(receiver).get_canonical().spelling if receiver else re.match(r"\w*", self._source(cursor))[0]
-        setter = f"set{declared.spelling[:1].upper()}{declared.spelling[1:]}:"
         if sort_of(declared) in _METHODS:
             arguments = [kind_of(argument.type) for argument in declared.get_arguments()]
             self._send(cursor, owner, declared.spelling, not receiver, arguments, kind_of(declared.result_type))
         elif _ASSIGNED.match(self._source(cursor, 9)):
-            self._send(cursor, owner, setter, not receiver, [kind_of(declared.type)], Kind("void"))
+            self._send(cursor, owner, setter_of(declared), not receiver, [kind_of(declared.type)], Kind("void"))
         else:
             self._send(cursor, owner, declared.spelling, not receiver, [], kind_of(declared.type))
 
