@@ -50,6 +50,8 @@ ExitStatus print(std::string const& report, CommandContext& context)
         return fail(context, "the running program gave an answer that is none");
     print(parsed.value("registrations", Json::array()), "", context);
     print(parsed.value("conflicts", Json::array()), "  (taken: another program or another entry has it)", context);
+    if (report.find("\"file\":") != std::string::npos)
+        context.out() << "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n";
     return ExitStatus::done;
 }
 

@@ -64,7 +64,9 @@ public:
     void resume();
 
     [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
-    /// Reading them within withObservationTracking() observes them.
+    /// The files whose combination is registered, with its text. Reading these or the conflicts within
+    /// withObservationTracking() observes them.
+    [[nodiscard]] std::map<Url, std::string> registeredFiles() const;
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
 
     /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
@@ -88,6 +90,7 @@ private:
     void collect(Target target, KeyEquivalentSpec const& spec, Pass& pass);
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
     void setConflicts(std::set<Conflict> conflicts);
+    void noteRegisteredFiles(std::map<Url, std::string> const& before);
     void noteSupport();
     void listen();
     void pressed(HotkeyID id);

@@ -55,6 +55,7 @@ struct AttributedTitle {
     bool italic = false;
     std::string hint; ///< shown at a right-aligned tab; empty when there is none
     double hintTab = 0; ///< points from the title's left edge to the hint's right edge
+    bool hintIsItalic = false; ///< the hint tells of a combination that is not in use
     friend bool operator==(AttributedTitle const&, AttributedTitle const&) = default;
 };
 

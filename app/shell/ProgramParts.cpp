@@ -109,6 +109,7 @@ SettingsModels::Services ProgramParts::settingsServices()
         .updater = m_updater,
         .icons = m_menus.icons(),
         .overlayProblem = [this] { return noteOf(overlayCheck(m_over.surface.presence.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
+        .fileWasRenamed = [this](Url const& file) { m_fileHotkeys.forget(file); },
         .showReadMe = [this] { m_over.begging.show(); },
         .openSettingsPane = [this](std::string_view pane) { m_menus.actions().openSettingsPane(pane); },
     };

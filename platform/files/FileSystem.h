@@ -45,6 +45,8 @@ public:
     /// Names in the folder, in no order, "." and ".." left out.
     [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;
     [[nodiscard]] virtual Result<void> remove(Url const& url) = 0;
+    /// Renames a file within its folder; never replaces another.
+    [[nodiscard]] virtual Result<void> rename(Url const& from, Url const& to) = 0;
 };
 
 } // namespace zv

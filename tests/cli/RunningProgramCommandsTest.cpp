@@ -36,7 +36,8 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
         (Outcome { 0,
             "⌥⌘E     Nap now\n"
             "F5      /a␛b\uFFFDc\n"
-            "⌘Q      gone  (taken: another program or another entry has it)\n",
+            "⌘Q      gone  (taken: another program or another entry has it)\n"
+            "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n",
             "" }));
     EXPECT_EQ(run({ "hotkeys", "--json" }).out, program.hotkeysJson + "\n");
     program.hotkeysJson = "no answer";

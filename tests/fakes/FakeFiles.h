@@ -103,6 +103,16 @@ public:
         return {};
     }
 
+    Result<void> rename(Url const& from, Url const& to) override
+    {
+        if (isTaken(to) || !isTaken(from))
+            return Failure { isTaken(to) ? "File exists" : "No such file or directory" };
+        auto node = nodes.extract(from.path());
+        node.key() = to.path();
+        nodes.insert(std::move(node));
+        return {};
+    }
+
     std::map<std::string, Node> nodes { { "/", { Node::Type::folder, {}, {} } } };
     std::set<std::string> readOnly; ///< folders that cannot be written
     std::map<std::string, std::string> volumes; ///< root path to name

@@ -9,6 +9,7 @@
 #include "platform/text/Text.h"
 
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -73,7 +74,10 @@ std::optional<FileTraits> LinuxFileSystem::traits(Url const& url) const
     auto const path = url.path();
     if (m_mounts.isRemote(path))
         return traitsByName(url.lastPathComponent());
+    auto const asked = std::chrono::steady_clock::now();
     auto const status = statusOf(path, Links::followed);
+    if (status)
+        m_mounts.noteAnswer(status->st_dev, std::chrono::steady_clock::now() - asked);
     if (!status)
         return isTaken(url) ? std::optional(FileTraits {}) : std::nullopt;
     auto const name = url.lastPathComponent();
@@ -149,6 +153,13 @@ Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
 Result<void> LinuxFileSystem::remove(Url const& url)
 {
     if (std::remove(url.path().c_str()) != 0)
+        return Failure { systemMessage(errno) };
+    return {};
+}
+
+Result<void> LinuxFileSystem::rename(Url const& from, Url const& to)
+{
+    if (::renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_NOREPLACE) != 0)
         return Failure { systemMessage(errno) };
     return {};
 }

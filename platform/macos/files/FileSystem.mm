@@ -100,6 +100,13 @@ public:
         return resultOf(removed, error);
     }
 
+    Result<void> rename(Url const& from, Url const& to) override
+    {
+        NSError* error = nil;
+        BOOL const renamed = [m_files moveItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
+        return resultOf(renamed, error);
+    }
+
 private:
     NSString* pathOf(Url const& url) const { return toNSURL(url).path; }
 

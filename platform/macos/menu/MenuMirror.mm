@@ -64,12 +64,15 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 {
     NSMutableDictionary<NSAttributedStringKey, id>* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic)
                                                                                                           forKey:NSFontAttributeName];
-    NSString* text = zv::toNSString(title.text);
-    if (!title.hint.empty()) {
-        text = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
-        [attributes setObject:styleWithTab(title.hintTab) forKey:NSParagraphStyleAttributeName];
-    }
-    return [[NSAttributedString alloc] initWithString:text attributes:attributes];
+    NSString* const text = zv::toNSString(title.text);
+    if (title.hint.empty())
+        return [[NSAttributedString alloc] initWithString:text attributes:attributes];
+    [attributes setObject:styleWithTab(title.hintTab) forKey:NSParagraphStyleAttributeName];
+    NSString* const whole = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
+    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:whole attributes:attributes];
+    if (title.hintIsItalic)
+        [made addAttribute:NSFontAttributeName value:menuFont(true) range:NSMakeRange(text.length, whole.length - text.length)];
+    return made;
 }
 
 void setImage(NSMenuItem* item, zv::ImageRef const& image)

@@ -82,6 +82,31 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
     }
 }
 
+TEST_F(GeneralSettingsTest, ListsTheShortcutsOfFilesAndTakesThemAway)
+{
+    files.addFile("/f/01)Notes-*[cmd+N]*.txt");
+    files.addFile("/f/Taken.txt");
+    files.addFile("/f/Taken-*[cmd+T]*.txt");
+    auto const url = [](char const* path) { return Url::fromPath(path); };
+    std::map<Url, std::string> const held { { url("/f/01)Notes-*[cmd+N]*.txt"), "⌘N" }, { url("/f/Taken-*[cmd+T]*.txt"), "⌘T" } };
+    GeneralSettings shown { { .preferences = preferences,
+        .loginItem = loginItem,
+        .updater = updater,
+        .menuFile = menuFile,
+        .alerts = alerts,
+        .wording = SettingsWording::of(SystemKind::macOS),
+        .fileShortcuts = [&] { return held; },
+        .rename = [&](Url const& from, Url const& to) { return files.rename(from, to); } } };
+    auto const idOf = [&](char const* path) { return url(path).toString(); };
+    EXPECT_EQ(rowOf(shown, "shortcut " + idOf("/f/01)Notes-*[cmd+N]*.txt"))->title, "⌘N   /f/01)Notes-*[cmd+N]*.txt");
+    auto const remove = rowOf(shown, "takeAway " + idOf("/f/01)Notes-*[cmd+N]*.txt"));
+    EXPECT_EQ(remove->help, "Renames the file to “01)Notes.txt”.");
+    remove->press();
+    EXPECT_TRUE(files.exists(url("/f/01)Notes.txt")) && alerts.shown.empty());
+    rowOf(shown, "takeAway " + idOf("/f/Taken-*[cmd+T]*.txt"))->press();
+    EXPECT_EQ(alerts.shown.at(0).message, "“Taken-*[cmd+T]*.txt” could not be renamed.");
+}
+
 TEST_F(GeneralSettingsTest, KeepsAStoredValueThatItDoesNotOffer)
 {
     preferences.setMaximumItemsPerFolder(123);
