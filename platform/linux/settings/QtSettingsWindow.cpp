@@ -37,7 +37,9 @@ public:
         column->setContentsMargins(8, 8, 8, 8);
         column->addWidget(m_tabs);
         m_tabs->addTab(m_general, text(settingsTexts::generalTab));
-        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), text(settingsTexts::menuTab));
+        auto* editor = new MenuEditorView(models, std::move(lookUp));
+        m_tabs->addTab(editor, text(settingsTexts::menuTab));
+        addActions(editor->actions()); // undo and redo, as other tabs replace menus, too
         m_tabs->addTab(new AboutView(models), text(settingsTexts::aboutTab));
         m_tabs->setAccessibleName(text(settingsTexts::tabs));
         bringPlaceBack();
