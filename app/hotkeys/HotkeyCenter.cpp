@@ -105,6 +105,13 @@ void HotkeyCenter::reregister()
     collectFiles(pass);
     claim(std::move(pass.wanted), pass.conflicts);
     setConflicts(std::move(pass.conflicts));
+    tellRegistered();
+}
+
+void HotkeyCenter::tellRegistered() const
+{
+    if (onRegistered)
+        onRegistered();
 }
 
 void HotkeyCenter::unregisterAll()
@@ -113,6 +120,7 @@ void HotkeyCenter::unregisterAll()
     m_registrar.releaseAll();
     m_registrations.clear();
     setConflicts({});
+    tellRegistered();
 }
 
 void HotkeyCenter::pause()

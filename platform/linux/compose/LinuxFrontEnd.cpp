@@ -96,6 +96,7 @@ int LinuxFrontEnd::run()
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    publishHotkeys();
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
@@ -115,6 +116,20 @@ int LinuxFrontEnd::openSettingsOfOther()
     if (!told)
         logLine("it runs already, and cannot be asked to open its settings. " + told.error());
     return told ? 0 : 1;
+}
+
+/// Keeps what `hotkeys` prints at hand, as the main thread may be busy when it is asked for.
+void LinuxFrontEnd::publishHotkeys()
+{
+    if (!m_app->delegate().hasParts())
+        return;
+    auto& center = m_app->delegate().parts().hotkeys();
+    center.onRegistered = [this, &center] {
+        auto report = hotkeyReport(&center);
+        std::lock_guard const guard(m_reporting);
+        m_hotkeyReport = std::move(report);
+    };
+    center.onRegistered();
 }
 
 void LinuxFrontEnd::useBus(QDBusConnection const& bus)
@@ -143,7 +158,11 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .openSettings = [this] { m_app->reopen(); },
         .quit = [this] { m_application.terminate(); },
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
-        .hotkeys = [this] { return m_app->hotkeyReport(); },
+        .hotkeys =
+            [this] {
+                std::lock_guard const guard(m_reporting);
+                return m_hotkeyReport;
+            },
         .findings = {} };
 }
 
