@@ -3,6 +3,7 @@
 #include "app/shell/RelocationTexts.h"
 #include "app/shell/RunningProgramTexts.h"
 #include "base/Log.h"
+#include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
@@ -185,8 +186,19 @@ UpdateEngineFactory LinuxFrontEnd::updateEngine()
     return [this](UpdateChannels& channels, UpdateUserDriver& userDriver) {
         auto const files = m_files.files();
         return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { files.defaults, files.resources, m_files.clock(), m_timers, m_application,
-                                                         m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow },
+                                                         m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow, openPackage() },
             channels, userDriver);
+    };
+}
+
+std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd::openPackage()
+{
+    return [this](Url const& package, std::function<void(Result<void>)> done) {
+        auto const open = [package, bus = m_access.buses.session] {
+            auto const opened = openUrl(package, bus, StartTrust());
+            return opened ? Result<void>() : Failure { opened.error().reason };
+        };
+        m_tasks.inBackground(TaskPriority::user, open, std::move(done));
     };
 }
 

@@ -50,6 +50,7 @@ private:
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
+    [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
