@@ -29,6 +29,8 @@ std::string targetName(Json const& entry, CommandContext& context)
         return "the menu itself";
     if (entry.contains("file"))
         return textOf(entry, "file");
+    if (entry.contains("title"))
+        return textOf(entry, "title");
     auto const id = Uuid::parse(textOf(entry, "item"));
     auto const* item = id ? context.store().find(*id) : nullptr;
     return item ? item->displayTitle() : textOf(entry, "item");

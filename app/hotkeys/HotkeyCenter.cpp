@@ -108,6 +108,13 @@ void HotkeyCenter::reregister()
     claim(std::move(pass.wanted), pass.conflicts);
     setConflicts(std::move(pass.conflicts));
     noteRegisteredFiles(filesBefore);
+    tellRegistered();
+}
+
+void HotkeyCenter::tellRegistered() const
+{
+    if (onRegistered)
+        onRegistered();
 }
 
 void HotkeyCenter::unregisterAll()
@@ -116,6 +123,7 @@ void HotkeyCenter::unregisterAll()
     m_registrar.releaseAll();
     m_registrations.clear();
     setConflicts({});
+    tellRegistered();
 }
 
 void HotkeyCenter::pause()

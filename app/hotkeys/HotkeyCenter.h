@@ -51,6 +51,7 @@ public:
     void setMenuItems(std::vector<MenuItem> items);
     void setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
+    [[nodiscard]] std::vector<MenuItem> const& menuItems() const { return m_menuItems; }
     /// Sets the items and registers again.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
@@ -76,6 +77,8 @@ public:
     std::function<void(Target const&)> onTrigger;
     /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
     std::function<void()> beforePass;
+    /// Called after registrations and conflicts were made anew.
+    std::function<void()> onRegistered;
 
 private:
     struct Wanted {
@@ -91,6 +94,7 @@ private:
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
     void setConflicts(std::set<Conflict> conflicts);
     void noteRegisteredFiles(std::map<Url, std::string> const& before);
+    void tellRegistered() const;
     void noteSupport();
     void listen();
     void pressed(HotkeyID id);

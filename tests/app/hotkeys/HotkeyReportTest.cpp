@@ -24,7 +24,7 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     center.setFileHotkeys({ { Url::fromPath("/a\xFF"), bare }, { Url::fromPath("/b"), *item.keyEquivalent } });
     center.menuItemsChanged({ item });
     EXPECT_EQ(hotkeyReport(&center),
-        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB"},)"
+        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB","title":"Sleep"},)"
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}]})");
 }
 

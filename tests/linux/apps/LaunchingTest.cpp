@@ -85,6 +85,16 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     EXPECT_EQ(logText(), "folder\n");
 }
 
+TEST_F(LaunchingInside, AProgramHoldsNothingOfOursAndOutlivesOurTerminal)
+{
+    auto const program = write("who", "#!/bin/sh\necho $(readlink /proc/$$/fd/[0-2]) $(($(cut -d' ' -f6 /proc/$$/stat) == $$)) > " + home("log") + "\n");
+    fs::permissions(program, fs::perms::owner_all);
+    for (auto const& started : { program, write("who.desktop", "[Desktop Entry]\nType=Application\nName=N\nExec=" + program + "\n") }) {
+        EXPECT_TRUE(launchApplication(Url::fromPath(started), ""));
+        EXPECT_EQ(logText(), "/dev/null /dev/null /dev/null 1\n") << started;
+    }
+}
+
 TEST_F(LaunchingInside, AProgramRunsOnceItIsExecutable)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
@@ -173,7 +183,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 6 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 7 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)
