@@ -67,7 +67,7 @@ void StatusItemController::updateStatusItem()
         return;
     }
     if (!m_statusItem)
-        m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu);
+        m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu, m_services.filesDropped);
 }
 
 void StatusItemController::rescanFileHotkeys()

@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/FileDropView.h"
 #import "platform/macos/menu/MenuMirror.h"
 
 namespace zv {
@@ -13,12 +14,13 @@ struct ShownItem {
 /// Owns the item, as the bar does not.
 class MacStatusItem : public StatusItem {
 public:
-    MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
+    MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking, FilesDropped dropped)
         : m_mirror([[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking])
         , m_shown(std::make_shared<ShownItem>(ShownItem { [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength] }))
     {
         show(toNSString(name));
         m_shown->item.menu = m_mirror.menu;
+        [ZVFileDropView cover:m_shown->item.button dropped:std::move(dropped)];
     }
     ~MacStatusItem() override { [NSStatusBar.systemStatusBar removeStatusItem:m_shown->item]; }
 
@@ -45,9 +47,9 @@ public:
         : m_tracking(tracking)
     {
     }
-    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) override
     {
-        auto item = std::make_unique<MacStatusItem>(name, menu, m_tracking);
+        auto item = std::make_unique<MacStatusItem>(name, menu, m_tracking, std::move(dropped));
         m_shown = item->shown();
         return item;
     }
