@@ -1,6 +1,7 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/RecentItemsCache.h"
 #include "app/menu/FileEntry.h"
+#include "app/menu/MenuIcon.h"
 
 namespace zv {
 
@@ -28,6 +29,7 @@ public:
     {
     }
     MenuItemKind::Case kind() const override { return m_kind; }
+    ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::recentItems); }
     void fill(Done done) override
     {
         auto const* const known = m_items->cache.entries(m_scope);

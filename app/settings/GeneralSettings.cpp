@@ -168,6 +168,10 @@ SettingsSection GeneralSettings::updates()
     auto& updater = m_services.updater;
     auto const problem = updater.startProblem();
     SettingsSection section { "Updates", {} };
+    if (problem)
+        section.rows.push_back(note("startProblem", *problem));
+    if (problem && !updater.canCheckForUpdates())
+        return section; // nothing else would do anything
     section.rows.push_back(toggle(
         "checksAutomatically", "Look for updates automatically", "", updater.checksAutomatically(), [&](bool on) { updater.setChecksAutomatically(on); }));
     section.rows.push_back(
@@ -177,8 +181,6 @@ SettingsSection GeneralSettings::updates()
     section.rows.push_back(std::move(check));
     auto const last = updater.lastCheckDate();
     section.rows.push_back(note("lastCheck", "Last check: " + (last ? localizedDateAndTime(*last) : "never")));
-    if (problem)
-        section.rows.push_back(note("startProblem", *problem));
     return section;
 }
 

@@ -17,6 +17,9 @@ using FilesDropped = std::function<void(std::vector<Url>)>;
 class StatusItem {
 public:
     virtual ~StatusItem() = default;
+
+    /// Called in a turn of its own when the user has taken the icon away by the system's own means.
+    std::function<void()> onRemoved;
 };
 
 /// The system's row of status icons. Main thread only.

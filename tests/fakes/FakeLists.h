@@ -110,8 +110,9 @@ public:
     ImageRef systemIcon(SystemIcon icon) override { return make(nameOf(icon)); }
     static std::string nameOf(SystemIcon icon)
     {
-        static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "network", "networkLocation", "shortcuts",
-            "softwareUpdate", "systemSettings" };
+        static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "forceQuit", "lockScreen", "logOut", "network",
+            "networkLocation", "recentItems", "restart", "runningApplications", "shortcuts", "shutDown", "sleep", "softwareUpdate", "systemSettings",
+            "volumes" };
         return names[static_cast<std::size_t>(icon)];
     }
 

@@ -35,11 +35,14 @@ public:
         ++added;
         names.push_back(name);
         menus.push_back(menu);
-        return std::make_unique<Item>(present);
+        auto item = std::make_unique<Item>(present);
+        latest = item.get();
+        return item;
     }
     int added = 0; ///< ever
     int present = 0; ///< now
     FilesDropped drop; ///< on the icon added last
+    StatusItem* latest = nullptr;
     std::vector<std::string> names;
     std::vector<std::shared_ptr<Menu>> menus;
 

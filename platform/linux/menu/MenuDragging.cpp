@@ -60,7 +60,9 @@ bool MenuDragging::takes(QEvent& event)
         return false;
     case QEvent::MouseMove:
         return starts(static_cast<QMouseEvent const&>(event)) && (drag(), true);
-    case QEvent::DragEnter:
+    case QEvent::DragEnter: // wherever that is: without it no move would be told
+        event.setAccepted(static_cast<QDragEnterEvent&>(event).mimeData()->hasUrls());
+        return true;
     case QEvent::DragMove:
         moved(static_cast<QDragMoveEvent&>(event));
         return true;

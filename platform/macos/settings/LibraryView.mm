@@ -83,11 +83,11 @@
 /// Return adds the selected entry, else the first found; the arrows choose.
 - (BOOL)control:(NSControl*)control textView:(NSTextView*)text doCommandBySelector:(SEL)command
 {
-    if (command == @selector(insertNewline:)) {
+    if (sel_isEqual(command, @selector(insertNewline:))) {
         [self addRow:_table.selectedRow >= 0 ? _table.selectedRow : 1];
         return YES;
     }
-    if (command == @selector(moveDown:)) {
+    if (sel_isEqual(command, @selector(moveDown:))) {
         [_table.window makeFirstResponder:_table];
         [_table selectRowIndexes:[NSIndexSet indexSetWithIndex:1] byExtendingSelection:NO];
         return YES;

@@ -71,8 +71,12 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSMenuItem (CompatMac)
 @property (nonatomic, copy) NSString *identifier;
 @end
+typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemovalAllowed = 1 << 1 };
 @interface NSStatusItem (CompatMac)
 @property (readonly) NSStatusBarButton *button;
+@property (copy) NSString *autosaveName;
+@property NSStatusItemBehavior behavior;
+@property (getter=isVisible) BOOL visible;
 @end
 @interface NSWindow (CompatMac)
 - (void)setAnimationBehavior:(NSInteger)b;

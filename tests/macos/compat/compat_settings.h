@@ -31,7 +31,7 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionFil
 @interface NSEvent (CompatSettings)
 - (NSString *)charactersByApplyingModifiers:(NSEventModifierFlags)m;
 @end
-@interface NSTableCellView : NSView
+@interface NSTableCellView : NSView { NSTextField *_textField; NSImageView *_imageView; }
 @property (strong) NSTextField *textField;
 @property (strong) NSImageView *imageView;
 @end
