@@ -68,7 +68,7 @@ void StatusItemController::updateStatusItem()
     }
     if (m_statusItem)
         return;
-    m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu);
+    m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu, m_services.filesDropped);
     m_statusItem->onRemoved = [this] { m_services.preferences.setShowsStatusItem(false); };
 }
 

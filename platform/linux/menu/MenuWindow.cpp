@@ -25,9 +25,11 @@ MenuWindow::MenuWindow(QWidget* parent)
     , m_mirror(*this)
     , m_typing(*this, m_mirror)
     , m_entryMenu(*this, [this](QAction const* action) { return entryOf(action); })
+    , m_dragging(*this, [this](QAction const* action) { return entryOf(action); })
     , m_picture(*this, [this] { return isPlain(); })
 {
     setToolTipsVisible(true);
+    setAcceptDrops(true);
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
     if (parentMenu())
@@ -176,6 +178,8 @@ void MenuWindow::closeEvent(QCloseEvent* event)
 
 bool MenuWindow::event(QEvent* event)
 {
+    if (m_dragging.takes(*event))
+        return true;
     switch (event->type()) {
     case QEvent::ShortcutOverride: // some keys would reach the menu as shortcuts of the program; all of them are the menu's
         event->accept();

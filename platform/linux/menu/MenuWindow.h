@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/menu/EntryMenuPopup.h"
+#include "platform/linux/menu/MenuDragging.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuPicture.h"
 #include "platform/linux/menu/MenuTyping.h"
@@ -67,6 +68,7 @@ private:
     MenuMirror m_mirror;
     MenuTyping m_typing;
     EntryMenuPopup m_entryMenu;
+    MenuDragging m_dragging;
     MenuPicture m_picture;
     bool m_isLayingOut = false;
     bool m_handlesKey = false;

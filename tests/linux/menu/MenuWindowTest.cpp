@@ -8,7 +8,9 @@
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
@@ -424,7 +426,15 @@ struct OneCommand : EntryMenus {
     }
     MenuEntry menuOf(MenuEntry const& entry) const override { return branch(entry.title, command); }
     std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return opening; }
+    std::optional<Url> fileOf(EntrySubject const&) const override { return std::nullopt; }
+    std::optional<Url> folderOf(EntrySubject const&) const override { return folder; }
+    void drop(std::vector<Url> const& files, Url const& where, FileTransfer how) const override
+    {
+        dropped.push_back(files.at(0).path() + " " + std::to_string(static_cast<int>(how)) + " " + where.path());
+    }
     void addHead(Menu&, EntrySubject const&) const override { }
+    std::optional<Url> folder;
+    mutable std::vector<std::string> dropped;
     std::shared_ptr<FillingMenu> command;
     std::shared_ptr<MenuActionTarget> opening;
 };
@@ -465,6 +475,40 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         row.act();
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
+    }
+}
+
+TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)
+{
+    OneCommand own([] {}, [] {});
+    own.folder = Url::fromPath("/Folder");
+    auto file = leaf("File");
+    auto folder = branch("Folder", FillingMenu::make({}));
+    folder.subject.menus = &own;
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile("/a b.txt") });
+    struct Row {
+        int entry;
+        Qt::KeyboardModifiers held;
+        std::vector<std::string> expected;
+    };
+    Row const rows[] = {
+        { 0, {}, {} },
+        { 1, {}, { "/a b.txt 0 /Folder" } },
+        { 1, Qt::ControlModifier, { "/a b.txt 1 /Folder" } },
+        { 1, Qt::ControlModifier | Qt::ShiftModifier, { "/a b.txt 2 /Folder" } },
+    };
+    for (auto const& row : rows) {
+        own.dropped.clear();
+        open({ file, folder });
+        auto const at = QPointF(window->actionGeometry(window->actions()[row.entry]).center());
+        QDragMoveEvent over(at.toPoint(), Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &over);
+        EXPECT_EQ(over.isAccepted(), row.entry == 1);
+        QDropEvent drop(at, Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &drop);
+        EXPECT_EQ(own.dropped, row.expected);
+        window->close();
     }
 }
 
