@@ -52,7 +52,7 @@ public:
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
     [[nodiscard]] SettingsPlace& place() { return m_place; }
-    [[nodiscard]] Alerts& alerts() { return m_services.surface.desk.alerts; }
+    [[nodiscard]] Alerts& alerts() { return m_services.surface.windows.settingsAlerts; }
 
     /// Reads all that the outline shows, to observe it.
     void readOutline() const;

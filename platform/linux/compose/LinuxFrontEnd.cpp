@@ -233,7 +233,7 @@ Surface LinuxFrontEnd::surface()
             .hotkeys = m_keyboard.registrar(),
             .keyboardLayout = m_keyboard.layout(),
             .overlay = overlay() },
-        .windows = { .settings = m_settingsWindow, .notes = m_notesWindows, .filePanels = m_filePanels, .notifications = m_userNotifications },
+        .windows = { .settings = m_settingsWindow, .settingsAlerts = m_alerts, .notes = m_notesWindows, .filePanels = m_filePanels, .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),
