@@ -151,8 +151,8 @@ struct OpenedFolder : MenuBench {
     }
 
     FolderListings realFolders { std::make_shared<LinuxFolderReader>(DesktopAudience { userLanguages(), {} }), time };
-    SubmenuSources realSources { realFolders, lists, listedFolders, time };
-    MenuBuilder realBuilder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, realSources };
+    SubmenuSources realSources { realFolders, lists, listedFolders, time, openingKeys };
+    MenuBuilder realBuilder { { preferences, { files, bookmarks }, icons, commands, entryMenus, workspace, resources, text }, realSources };
     MenuEntry entry;
 };
 

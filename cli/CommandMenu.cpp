@@ -34,7 +34,8 @@ CommandMenu::CommandMenu(TurningSystem const& over, Preferences const& preferenc
           .looks = m_looks,
           .preferences = preferences,
           .listedFolders = m_hotkeys,
-          .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} } })
+          .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} },
+          .entryShell = {} })
     , m_session(m_menus.builder(), m_turnUntil)
 {
 }

@@ -67,6 +67,7 @@ public:
     }
     void list(std::function<void(List)> done) override { m_applications.list(m_count.counted(std::move(done))); }
     void activate(std::string const& id) override { m_applications.activate(id); }
+    void quit(std::string const& id) override { m_applications.quit(id); }
 
 private:
     RunningApplications& m_applications;

@@ -30,6 +30,8 @@ std::string targetName(Json const& entry, CommandContext& context)
         return "the menu itself";
     if (entry.contains("file"))
         return textOf(entry, "file");
+    if (entry.contains("title"))
+        return textOf(entry, "title");
     auto const id = Uuid::parse(textOf(entry, "item"));
     auto const* item = id ? context.store().find(*id) : nullptr;
     return item ? item->displayTitle() : textOf(entry, "item");
@@ -62,6 +64,8 @@ ExitStatus print(std::string const& report, CommandContext& context)
         print(Json::array({ entry }), remarkOn(entry), context);
     if (textOf(parsed, "support") == "none")
         context.out() << hotkeyCheck(HotkeySupport::none).explanation << '\n';
+    if (report.find("\"file\":") != std::string::npos)
+        context.out() << "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n";
     return ExitStatus::done;
 }
 

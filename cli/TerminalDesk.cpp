@@ -71,6 +71,11 @@ struct PrintedClipboard : Clipboard {
     {
     }
     void setText(std::string const& text) override { out << text << '\n'; }
+    void setFiles(std::vector<Url> const& files) override
+    {
+        for (auto const& file : files)
+            setText(file.path());
+    }
     std::ostream& out;
 };
 

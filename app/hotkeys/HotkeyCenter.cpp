@@ -15,6 +15,7 @@ namespace {
 
 constexpr int conflictsProperty = 0;
 constexpr int supportProperty = 1;
+constexpr int filesProperty = 2;
 
 /// Retired and unknown kinds keep their stored shortcut but never get a hotkey.
 bool isEligible(MenuItemKind const& kind) { return !kind.isLegacy(); }
@@ -97,6 +98,7 @@ void HotkeyCenter::reregister()
         return;
     if (beforePass)
         beforePass();
+    auto const filesBefore = registeredFiles();
     m_registrations.clear();
     listen();
     Pass pass;
@@ -107,6 +109,14 @@ void HotkeyCenter::reregister()
     claim(std::move(pass.wanted), pass.conflicts);
     m_unavailable = std::move(pass.unavailable);
     setConflicts(std::move(pass.conflicts));
+    noteRegisteredFiles(filesBefore);
+    tellRegistered();
+}
+
+void HotkeyCenter::tellRegistered() const
+{
+    if (onRegistered)
+        onRegistered();
 }
 
 void HotkeyCenter::retryRefused()
@@ -121,6 +131,7 @@ void HotkeyCenter::unregisterAll()
     m_registrar.releaseAll();
     m_registrations.clear();
     setConflicts({});
+    tellRegistered();
 }
 
 void HotkeyCenter::pause()
@@ -195,6 +206,24 @@ void HotkeyCenter::setConflicts(std::set<Conflict> conflicts)
         return;
     m_conflicts = std::move(conflicts);
     m_observers.changed(conflictsProperty);
+}
+
+std::map<Url, std::string> HotkeyCenter::registeredFiles() const
+{
+    assertMainThread();
+    m_observers.access(filesProperty);
+    std::map<Url, std::string> files;
+    for (auto const& [id, registration] : m_registrations) {
+        if (auto const* file = registration.target.fileURL())
+            files.emplace(*file, registration.shortcut);
+    }
+    return files;
+}
+
+void HotkeyCenter::noteRegisteredFiles(std::map<Url, std::string> const& before)
+{
+    if (registeredFiles() != before)
+        m_observers.changed(filesProperty);
 }
 
 /// Support may change: a service may answer only later.

@@ -59,6 +59,7 @@ public:
     void setMenuItems(std::vector<MenuItem> items);
     void setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
+    [[nodiscard]] std::vector<MenuItem> const& menuItems() const { return m_menuItems; }
     /// Sets the items and registers again.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
@@ -74,7 +75,9 @@ public:
     void resume();
 
     [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
-    /// Reading them within withObservationTracking() observes them.
+    /// The files whose combination is registered, with its text. Reading these or the conflicts within
+    /// withObservationTracking() observes them.
+    [[nodiscard]] std::map<Url, std::string> registeredFiles() const;
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
 
     [[nodiscard]] std::vector<Unavailable> const& unavailable() const { return m_unavailable; }
@@ -86,6 +89,8 @@ public:
     std::function<void(Target const&)> onTrigger;
     /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
     std::function<void()> beforePass;
+    /// Called after registrations and conflicts were made anew.
+    std::function<void()> onRegistered;
 
 private:
     struct Wanted {
@@ -100,6 +105,8 @@ private:
     void collect(Target target, KeyEquivalentSpec const& spec, Pass& pass);
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
     void setConflicts(std::set<Conflict> conflicts);
+    void noteRegisteredFiles(std::map<Url, std::string> const& before);
+    void tellRegistered() const;
     void noteSupport();
     void listen();
     void pressed(HotkeyID id);

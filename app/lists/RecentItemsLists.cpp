@@ -1,15 +1,27 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/RecentItemsCache.h"
 #include "app/menu/FileEntry.h"
+#include "app/menu/MenuIcon.h"
 
 namespace zv {
 
 namespace {
 
+/// The lists show no shortcut as in use that the file's own folder would not.
+RecentItemsProvider::EntryForFile entryMaker(ListServices const& services)
+{
+    return [&files = services.files, reader = services.folders.reader()](Url const& url) {
+        auto entry = fileEntry(url, files);
+        if (entry.hotkey)
+            entry.hotkeyDoubt = reader->doubtAbout(url);
+        return entry;
+    };
+}
+
 /// State shared by the four lists.
 struct RecentItems {
     explicit RecentItems(ListServices const& services)
-        : provider(services.seams.recentFiles, [&files = services.files](Url const& url) { return fileEntry(url, files); })
+        : provider(services.seams.recentFiles, entryMaker(services))
         , cache(provider, services.preferences, services.clock)
     {
     }
@@ -28,6 +40,7 @@ public:
     {
     }
     MenuItemKind::Case kind() const override { return m_kind; }
+    ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::recentItems); }
     void fill(Done done) override
     {
         auto const* const known = m_items->cache.entries(m_scope);

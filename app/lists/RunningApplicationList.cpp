@@ -1,5 +1,6 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ListEntries.h"
+#include "app/menu/MenuIcon.h"
 
 namespace zv {
 
@@ -45,6 +46,7 @@ public:
     {
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::runningApplications; }
+    ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::runningApplications); }
     void fill(Done done) override
     {
         m_applications.list([done = std::move(done)](auto const& applications) { done(entriesFor(applications)); });

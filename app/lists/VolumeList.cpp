@@ -1,5 +1,6 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ListEntries.h"
+#include "app/menu/MenuIcon.h"
 
 #include <algorithm>
 
@@ -47,6 +48,7 @@ public:
     {
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::mountedVolumes; }
+    ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::volumes); }
     void fill(Done done) override
     {
         m_volumes.list([done = std::move(done)](auto volumes) { done(entriesFor(std::move(volumes))); });

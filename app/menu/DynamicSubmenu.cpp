@@ -1,6 +1,7 @@
 #include "app/menu/DynamicSubmenu.h"
 
 #include "app/menu/ApplicationMenu.h"
+#include "app/menu/EntryMenus.h"
 #include "app/menu/HotkeyHints.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
@@ -61,7 +62,7 @@ void tidySeparators(std::vector<DynamicEntry>& entries)
 
 void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(loadingTitle)); }
 
-bool isLoading(Menu const& menu) { return menu.entries.size() == 1 && !menu.entries[0].enabled && menu.entries[0].title == loadingTitle; }
+bool isLoading(Menu const& menu) { return !menu.entries.empty() && !menu.entries.back().enabled && menu.entries.back().title == loadingTitle; }
 
 void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder)
 {
@@ -80,8 +81,9 @@ void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view e
         appendOverflowLine(menu, list.totalCount - shown);
 }
 
-DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources)
+DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, EntrySubject subject, MenuBuilder const& builder, SubmenuSources const& sources)
     : m_source(std::move(source))
+    , m_subject(std::move(subject))
     , m_builder(builder)
     , m_sources(sources)
 {
@@ -92,9 +94,17 @@ void DynamicSubmenuDelegate::menuNeedsUpdate(Menu& menu)
     assertMainThread();
     ++m_opening;
     m_patience.reset();
+    m_hasHead = m_sources.openingKeys.option() == OptionKey::held;
     m_isFilling = true;
     std::visit([&](auto const& source) { fill(menu, source); }, m_source.value);
     m_isFilling = false;
+    addHead(menu);
+}
+
+void DynamicSubmenuDelegate::addHead(Menu& menu) const
+{
+    if (m_hasHead && m_subject.menus)
+        m_subject.menus->addHead(menu, m_subject);
 }
 
 void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& folder)
@@ -117,8 +127,10 @@ template <class Change> auto DynamicSubmenuDelegate::later(Menu& menu, Change ch
         if (!stillThere || opening != m_opening)
             return;
         change(*stillThere, std::forward<decltype(arguments)>(arguments)...);
-        if (!m_isFilling)
-            stillThere->didRefill();
+        if (m_isFilling)
+            return;
+        addHead(*stillThere);
+        stillThere->didRefill();
     });
 }
 

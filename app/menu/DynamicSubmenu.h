@@ -5,6 +5,7 @@
 #include "app/menu/FolderListings.h"
 #include "app/menu/ListedFolderSink.h"
 #include "app/menu/Menu.h"
+#include "app/menu/OpeningKeys.h"
 #include "base/Lifetime.h"
 #include "platform/lists/InstalledApplications.h"
 #include "platform/time/Timers.h"
@@ -26,6 +27,7 @@ struct SubmenuSources {
     DynamicMenuProvider const& lists;
     ListedFolderSink& listedFolders;
     Timers& timers;
+    OpeningKeys& openingKeys;
     ApplicationFolders* applications = nullptr; ///< null where a folder of applications is listed like any other
 };
 
@@ -60,12 +62,13 @@ void showLoading(Menu& menu);
 /// Fills its menu from a source each time the menu is about to open. The entry owns it.
 class DynamicSubmenuDelegate : public MenuDelegate {
 public:
-    DynamicSubmenuDelegate(DynamicMenuSource source, MenuBuilder const& builder, SubmenuSources const& sources);
+    DynamicSubmenuDelegate(DynamicMenuSource source, EntrySubject subject, MenuBuilder const& builder, SubmenuSources const& sources);
 
     [[nodiscard]] DynamicMenuSource const& source() const { return m_source; }
     void menuNeedsUpdate(Menu& menu) override;
 
 private:
+    void addHead(Menu& menu) const;
     void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
     void fill(Menu& menu, DynamicMenuSource::List const& list);
     void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
@@ -80,9 +83,11 @@ private:
     template <class Change> auto later(Menu& menu, Change change);
 
     DynamicMenuSource m_source;
+    EntrySubject m_subject; ///< of the entry that has the submenu
     MenuBuilder const& m_builder;
     SubmenuSources const& m_sources;
     std::unique_ptr<Timer> m_patience; ///< runs while there is no answer
+    bool m_hasHead = false; ///< Option was held when it opened
     bool m_isFilling = false; ///< while true, an answer does not notify the mirror
     unsigned m_opening = 0; ///< counts openings, to ignore late answers for an earlier one
     Lifetime m_lifetime;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/menu/EntrySubject.h"
 #include "platform/desk/Image.h"
 #include "platform/desk/KeyPress.h"
 
@@ -56,6 +57,7 @@ struct AttributedTitle {
     bool italic = false;
     std::string hint; ///< shown at a right-aligned tab; empty when there is none
     double hintTab = 0; ///< points from the title's left edge to the hint's right edge
+    bool hintIsItalic = false; ///< the hint tells of a combination that is not in use
     friend bool operator==(AttributedTitle const&, AttributedTitle const&) = default;
 };
 
@@ -75,6 +77,7 @@ struct MenuEntry {
     std::shared_ptr<MenuActionTarget> target; ///< null when choosing does nothing
     std::shared_ptr<void> representedObject; ///< keeps the entry's objects alive: its target, its submenu's delegate
     std::shared_ptr<Menu> submenu;
+    EntrySubject subject; ///< what its own menu acts on
 
     [[nodiscard]] static MenuEntry separator();
     [[nodiscard]] static MenuEntry disabled(std::string title);

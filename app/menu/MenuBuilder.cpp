@@ -3,6 +3,7 @@
 #include "app/menu/DisplayText.h"
 #include "app/menu/DockMenu.h"
 #include "app/menu/DynamicSubmenu.h"
+#include "app/menu/EntryMenus.h"
 #include "app/menu/FileEntry.h"
 #include "app/menu/MenuKeyEquivalent.h"
 #include "base/MainThread.h"
@@ -85,7 +86,23 @@ bool MenuBuilder::menuContainsQuitItem(Menu const& menu)
         [](MenuEntry const& entry) { return entry.identifier == quitIdentifier || (entry.submenu && menuContainsQuitItem(*entry.submenu)); });
 }
 
+/// Gives the entry what its own menu acts on; not to one that only Option shows, for which Option
+/// would mean two things.
 MenuEntry MenuBuilder::makeItem(MenuItem const& item, OptionKey option) const
+{
+    if (item.kind == MenuItemKind::aboutThisMac && option == OptionKey::held)
+        return makeSystemInformationItem(item);
+    auto entry = makeItemOfKind(item, option);
+    if (entry.type == MenuEntry::Type::separator)
+        return entry;
+    if (!entry.subject.menus)
+        entry.subject = subjectOf(item);
+    if (option == OptionKey::held && entry.submenu && entry.submenu->delegate.expired())
+        m_services.entryMenus.addHead(*entry.submenu, entry.subject);
+    return entry;
+}
+
+MenuEntry MenuBuilder::makeItemOfKind(MenuItem const& item, OptionKey option) const
 {
     switch (item.kind.value()) {
     case MenuItemKind::separator:
@@ -99,8 +116,6 @@ MenuEntry MenuBuilder::makeItem(MenuItem const& item, OptionKey option) const
         applyKindIcon(item.kind, entry);
         return entry;
     }
-    case MenuItemKind::aboutThisMac:
-        return option == OptionKey::held ? makeSystemInformationItem(item) : makeGenericItem(item, option);
     case MenuItemKind::quitZantheVell:
         return makeQuitItem(item);
     default:
@@ -114,7 +129,7 @@ MenuEntry MenuBuilder::makeGenericItem(MenuItem const& item, OptionKey option) c
         return makeGroupSubmenu(item, item.children, option);
     if (!item.kind.fillsItself())
         return makeCommandItem(item);
-    auto entry = makeDynamicSubmenuItem(displayText(item.displayTitle()), DynamicMenuSource::kind(item.kind, item.location, depthOf(item)));
+    auto entry = makeDynamicSubmenuItem(displayText(item.displayTitle()), DynamicMenuSource::kind(item.kind, item.location, depthOf(item)), subjectOf(item));
     applyKindIcon(item.kind, entry);
     return entry;
 }
@@ -161,8 +176,12 @@ MenuEntry MenuBuilder::makeFileItemForURL(MenuItem const& item, Url url, FileTra
 {
     auto title = displayText(item.displayTitle());
     bool const isFolder = traits.isDirectory && !traits.isPackage;
-    auto entry = isFolder ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item)))
+    auto subject = subjectOf(item);
+    subject.entry = std::make_shared<DynamicEntry const>(
+        DynamicEntry { .title = title, .url = url, .fileURL = url, .isDirectory = traits.isDirectory, .isPackage = traits.isPackage });
+    auto entry = isFolder ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item)), subject)
                           : makeActionItem(std::move(title), [&commands = m_services.commands, url] { commands.open(url); });
+    entry.subject = std::move(subject);
     applyFileIcon(url, entry);
     if (item.keyEquivalent)
         applyKeyEquivalent(*item.keyEquivalent, entry);
@@ -238,16 +257,19 @@ MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> c
     if (entry->unavailabilityReason)
         return makeUnavailableItem(entry->title, *entry->unavailabilityReason);
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
-        return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1));
+        return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1), { &m_services.entryMenus, entry, {} });
     // Two pointers fit into the function object; the target keeps the entry alive.
     auto open = [commands = &m_services.commands, opened = entry.get()] { commands->open(*opened); };
-    return itemWithTarget(entry->title, std::make_shared<MenuActionTarget>(open, entry));
+    auto item = itemWithTarget(entry->title, std::make_shared<MenuActionTarget>(open, entry));
+    item.subject = { &m_services.entryMenus, entry, {} };
+    return item;
 }
 
-MenuEntry MenuBuilder::makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const
+MenuEntry MenuBuilder::makeDynamicSubmenuItem(std::string title, DynamicMenuSource source, EntrySubject subject) const
 {
     auto entry = entryWithSubmenu(std::move(title));
-    auto const delegate = std::make_shared<DynamicSubmenuDelegate>(std::move(source), *this, m_sources);
+    entry.subject = std::move(subject);
+    auto const delegate = std::make_shared<DynamicSubmenuDelegate>(std::move(source), entry.subject, *this, m_sources);
     entry.submenu->delegate = delegate;
     entry.representedObject = delegate;
     showLoading(*entry.submenu);
@@ -266,6 +288,8 @@ MenuEntry MenuBuilder::makeActionItem(std::string title, std::function<void()> r
 {
     return itemWithTarget(std::move(title), std::make_shared<MenuActionTarget>(std::move(run)));
 }
+
+EntrySubject MenuBuilder::subjectOf(MenuItem const& item) const { return { &m_services.entryMenus, nullptr, item.id }; }
 
 void MenuBuilder::applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const
 {

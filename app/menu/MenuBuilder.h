@@ -24,6 +24,7 @@
 
 namespace zv {
 
+class EntryMenus;
 struct SubmenuSources;
 
 /// Builds the menu from the user's items, afresh each time it is about to open. Computed parts are
@@ -35,6 +36,7 @@ public:
         LocationServices locations;
         MenuIcons& icons;
         MenuCommands& commands;
+        EntryMenus const& entryMenus;
         Workspace& workspace;
         Resources const& resources;
         TextMeasure const& text;
@@ -70,7 +72,7 @@ public:
     }
     /// The same for an entry in a list, which the list's items share.
     [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
-    [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source) const;
+    [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source, EntrySubject subject = {}) const;
     /// A disabled item in italics, the reason as its tooltip.
     [[nodiscard]] static MenuEntry makeUnavailableItem(std::string title, std::string reason);
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
@@ -85,6 +87,7 @@ public:
 
 private:
     [[nodiscard]] MenuEntry makeItem(MenuItem const& item, OptionKey option) const;
+    [[nodiscard]] MenuEntry makeItemOfKind(MenuItem const& item, OptionKey option) const;
     [[nodiscard]] MenuEntry makeGenericItem(MenuItem const& item, OptionKey option) const;
     [[nodiscard]] MenuEntry makeGroupSubmenu(MenuItem const& item, std::vector<MenuItem> const& children, OptionKey option) const;
     [[nodiscard]] MenuEntry makeCommandItem(MenuItem const& item) const;
@@ -98,6 +101,7 @@ private:
     [[nodiscard]] MenuEntry makeCustomizeItem() const;
     [[nodiscard]] MenuEntry makeUpdateItem() const;
     [[nodiscard]] MenuEntry makeTrailingQuitItem() const;
+    [[nodiscard]] EntrySubject subjectOf(MenuItem const& item) const;
     [[nodiscard]] std::int64_t depthOf(MenuItem const& item) const;
     [[nodiscard]] std::vector<MenuItem> const& dockChildren() const;
 

@@ -28,6 +28,16 @@ constexpr std::array kindPictures {
     KindPicture { MenuItemKind::simpleSystemPrefs, SystemIcon::systemSettings },
     KindPicture { MenuItemKind::customizeZantheVell, SystemIcon::application },
     KindPicture { MenuItemKind::quitZantheVell, SystemIcon::application },
+    // Not every system has pictures for these.
+    KindPicture { MenuItemKind::forceQuit, SystemIcon::forceQuit },
+    KindPicture { MenuItemKind::lockScreen, SystemIcon::lockScreen },
+    KindPicture { MenuItemKind::logOut, SystemIcon::logOut },
+    KindPicture { MenuItemKind::logOutForced, SystemIcon::logOut },
+    KindPicture { MenuItemKind::restart, SystemIcon::restart },
+    KindPicture { MenuItemKind::restartForced, SystemIcon::restart },
+    KindPicture { MenuItemKind::shutdown, SystemIcon::shutDown },
+    KindPicture { MenuItemKind::shutdownForced, SystemIcon::shutDown },
+    KindPicture { MenuItemKind::sleep, SystemIcon::sleep },
 };
 
 /// Takes the image from the cache, else fetches it. A missing image is not cached: it may exist the next time.

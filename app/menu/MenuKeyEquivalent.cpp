@@ -27,7 +27,7 @@ std::optional<int> numberOfFunctionKey(std::string_view character)
 
 bool hasShortcut(MenuEntry const& entry, std::string const& key, ModifierMask modifiers)
 {
-    if (!entry.enabled || !entry.target)
+    if (!entry.enabled || !entry.target || entry.submenu)
         return false;
     if (!entry.keyEquivalent.empty())
         return entry.keyEquivalent == key && entry.keyEquivalentModifierMask == modifiers;

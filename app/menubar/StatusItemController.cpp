@@ -80,8 +80,10 @@ void StatusItemController::updateStatusItem()
         m_statusItem.reset();
         return;
     }
-    if (!m_statusItem)
-        m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu);
+    if (m_statusItem)
+        return;
+    m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu, m_services.filesDropped);
+    m_statusItem->onRemoved = [this] { m_services.preferences.setShowsStatusItem(false); };
 }
 
 void StatusItemController::rescanFileHotkeys()

@@ -50,6 +50,7 @@ public:
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
         OverlayFactory makeOverlay;
+        std::function<void(std::vector<Url>)> filesDropped; ///< on the icon
     };
 
     /// All services outlive the controller.

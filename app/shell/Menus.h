@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/actions/ActionAlerts.h"
+#include "app/actions/EntryMenu.h"
 #include "app/actions/MenuActions.h"
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/DynamicSubmenu.h"
@@ -24,6 +25,7 @@ public:
         Preferences const& preferences;
         ListedFolderSink& listedFolders;
         MenuActions::Shell shell;
+        EntryMenu::Shell entryShell;
     };
 
     explicit Menus(Parts parts);
@@ -48,6 +50,7 @@ private:
     DynamicMenuProvider m_lists;
     SubmenuSources m_sources;
     MenuIcon m_icons;
+    EntryMenu m_entryMenu;
     MenuBuilder m_builder;
 };
 

@@ -22,7 +22,8 @@ ProgramParts::ProgramParts(Over over)
           .looks = over.surface.looks,
           .preferences = over.preferences,
           .listedFolders = m_fileHotkeys,
-          .shell = actionShell() })
+          .shell = actionShell(),
+          .entryShell = entryShell() })
     , m_addToItems(ItemsFolder(over.system.places.itemsFolder, *over.system.files.disk, over.system.files.aliases),
           { .application = over.surface.desk.application, .alerts = over.surface.desk.alerts, .tasks = over.system.time.tasks })
 {
@@ -40,6 +41,20 @@ MenuActions::Shell ProgramParts::actionShell()
     return { .openSettingsWindow = [this] { m_over.settings.open(); },
         .canCheckForUpdates = [this] { return m_updater.canCheckForUpdates(); },
         .checkForUpdates = [this] { m_updater.checkForUpdates(); } };
+}
+
+EntryMenu::Shell ProgramParts::entryShell()
+{
+    return { .isInMenu = [this](Uuid const& item) { return m_over.store.find(item) != nullptr; },
+        .editItem = [this](Uuid const& item) { m_over.settings.openAt(item); },
+        .removeItem = [this](Uuid const& item) { settingsModels().editor().remove({ item }); },
+        .addToItems = filesDropped() };
+}
+
+/// Adds them to the Items folder.
+std::function<void(std::vector<Url>)> ProgramParts::filesDropped()
+{
+    return [this](std::vector<Url> files) { (void)m_addToItems.addToZantheVellItems(std::move(files)); };
 }
 
 std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
@@ -61,6 +76,7 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .fileHotkeys = m_fileHotkeys,
         .notifications = m_notifications,
         .makeOverlay = [this](auto showMenu) { return makeOverlay(std::move(showMenu)); },
+        .filesDropped = filesDropped(),
     });
 }
 
@@ -76,7 +92,8 @@ std::shared_ptr<void> ProgramParts::makeOverlay(std::function<void(Point)> showM
                                                             .panels = seams->panels,
                                                             .timers = m_over.system.time.timers,
                                                             .clock = m_over.system.time.clock,
-                                                            .visibility = seams->visibility },
+                                                            .visibility = seams->visibility,
+                                                            .filesDropped = filesDropped() },
         m_over.preferences, std::move(showMenu));
 }
 
@@ -101,6 +118,7 @@ SettingsModels::Services ProgramParts::settingsServices()
         .updater = m_updater,
         .icons = m_menus.icons(),
         .overlayProblem = [this] { return noteOf(overlayCheck(m_over.surface.presence.overlay ? OverlaySupport::onPanels : OverlaySupport::none)); },
+        .fileWasRenamed = [this](Url const& file) { m_fileHotkeys.forget(file); },
         .showReadMe = [this] { m_over.begging.show(); },
         .openSettingsPane = [this](std::string_view pane) { m_menus.actions().openSettingsPane(pane); },
     };

@@ -19,6 +19,13 @@ public:
         m_window.openOrRaise();
     }
 
+    /// Opens them where menus are edited, at this item.
+    void openAt(Uuid const& item) const
+    {
+        m_application.activate();
+        m_window.openAt(item);
+    }
+
 private:
     Application& m_application;
     SettingsWindow& m_window;

@@ -13,11 +13,20 @@ enum class SystemIcon {
     computer, ///< this computer, by its model where known
     dock,
     folder,
+    forceQuit,
+    lockScreen,
+    logOut,
     network,
     networkLocation,
+    recentItems,
+    restart,
+    runningApplications,
     shortcuts,
+    shutDown,
+    sleep,
     softwareUpdate,
     systemSettings,
+    volumes,
 };
 
 /// The system's own pictures, 16 by 16 points. None of these waits for a disk or a

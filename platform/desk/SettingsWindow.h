@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Uuid.h"
+
 namespace zv {
 
 /// The settings window, of which there is one. Main thread only.
@@ -8,6 +10,8 @@ public:
     virtual ~SettingsWindow() = default;
     /// Opens it, or brings it to the front.
     virtual void openOrRaise() = 0;
+    /// The same at the tab where the menu is edited, with the item selected.
+    virtual void openAt(Uuid const& item) = 0;
 };
 
 } // namespace zv

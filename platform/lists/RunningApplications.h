@@ -28,6 +28,8 @@ public:
     /// Brings the application to the front; if it has ended meanwhile, starts it again where
     /// possible.
     virtual void activate(std::string const& id) = 0;
+    /// Asks the application to end, as its own Quit does: it may ask the user, and stay.
+    virtual void quit(std::string const& id) = 0;
 };
 
 } // namespace zv

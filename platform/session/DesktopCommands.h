@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Url.h"
+
 #include <cstdint>
 #include <functional>
 
@@ -20,6 +22,8 @@ public:
     virtual ~DesktopCommands() = default;
     /// Calls `done` once, on the main thread: before it returns, or later.
     virtual void open(SystemPlace place, std::function<void(PlaceOutcome)> done) = 0;
+    /// Opens a terminal's window in the folder; calls `done` likewise.
+    virtual void openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done) = 0;
 };
 
 } // namespace zv

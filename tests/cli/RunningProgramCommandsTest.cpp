@@ -40,7 +40,8 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
             "⌘Q      gone  (taken: another program or another entry has it)\n"
             "⌘Я      gone  (never arrives: no key of this keyboard layout types it)\n"
             "⌃⌥F1    gone  (never arrives: the system keeps it for itself)\n"
-            "This desktop does not let programs have shortcuts of their own.\n",
+            "This desktop does not let programs have shortcuts of their own.\n"
+            "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n",
             "" }));
     EXPECT_EQ(run({ "hotkeys", "--json" }).out, program.hotkeysJson + "\n");
     program.hotkeysJson = "no answer";

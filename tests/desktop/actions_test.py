@@ -26,11 +26,11 @@ NO_EQUIVALENT = 'scriptError("this desktop has no equivalent")'
 
 
 def install(*names):
-    """Replaces the installed programs."""
+    """Replaces the installed programs. They say so when they see the platform that the program chose for itself."""
     subprocess.run(["/bin/rm", "-rf", FAKES], check=True)
     os.makedirs(FAKES)
     for name in names:
-        write(os.path.join(FAKES, name), f'#!/bin/sh\necho "{name}${{*:+ $*}}" >> {STARTED}\n', 0o755)
+        write(os.path.join(FAKES, name), f'#!/bin/sh\necho "{name}${{*:+ $*}}${{QT_QPA_PLATFORM:+ ($QT_QPA_PLATFORM)}}" >> {STARTED}\n', 0o755)
 
 
 def started():

@@ -77,6 +77,12 @@ public:
         opened.push_back(place);
         done(outcome);
     }
+    void openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done) override
+    {
+        terminals.push_back(folder.path());
+        done(outcome);
+    }
+    std::vector<std::string> terminals;
     PlaceOutcome outcome = PlaceOutcome::hasFixedTarget;
     std::vector<SystemPlace> opened;
 };

@@ -31,6 +31,19 @@ public:
         auto const found = applications.find(std::string(identifier));
         return found == applications.end() ? std::nullopt : std::optional(found->second);
     }
+    void findApplicationsFor(Url const&, std::function<void(std::vector<InstalledApplication>)> done) override { done(openers); }
+    void openWith(Url const& file, Url const& application) override { log.push_back("open " + file.toString() + " with " + application.toString()); }
+    void moveToTrash(Url const& file, std::function<void(Result<void>)> done) override
+    {
+        log.push_back("trash " + file.toString());
+        done(trashing);
+    }
+    void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) override
+    {
+        static constexpr char const* names[] { "move ", "copy ", "link " };
+        log.push_back(names[static_cast<std::size_t>(how)] + file.toString() + " to " + place.toString());
+        done(transferring);
+    }
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         log.push_back("launch " + application.toString());
@@ -39,7 +52,10 @@ public:
 
     std::vector<std::string> log;
     std::map<std::string, Url> applications;
+    std::vector<InstalledApplication> openers;
     Result<void> launching;
+    Result<void> trashing;
+    Result<void> transferring;
 };
 
 class FakeApplication : public Application {

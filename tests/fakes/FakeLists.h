@@ -19,6 +19,7 @@ namespace zv::fakes {
 class FakeClipboard : public Clipboard {
 public:
     void setText(std::string const& text) override { texts.push_back(text); }
+    void setFiles(std::vector<Url> const& files) override { texts.push_back("file " + files.at(0).path()); }
     std::vector<std::string> texts;
 };
 
@@ -26,6 +27,7 @@ class FakeRunningApplications : public RunningApplications {
 public:
     void list(std::function<void(List)> done) override { done(applications); }
     void activate(std::string const& id) override { activated.push_back(id); }
+    void quit(std::string const& id) override { activated.push_back("quit " + id); }
     List applications = std::vector<RunningApplication> {};
     std::vector<std::string> activated;
 };
@@ -108,8 +110,9 @@ public:
     ImageRef systemIcon(SystemIcon icon) override { return make(nameOf(icon)); }
     static std::string nameOf(SystemIcon icon)
     {
-        static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "network", "networkLocation", "shortcuts",
-            "softwareUpdate", "systemSettings" };
+        static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "forceQuit", "lockScreen", "logOut", "network",
+            "networkLocation", "recentItems", "restart", "runningApplications", "shortcuts", "shutDown", "sleep", "softwareUpdate", "systemSettings",
+            "volumes" };
         return names[static_cast<std::size_t>(icon)];
     }
 

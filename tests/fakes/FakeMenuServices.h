@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menu/DynamicMenuProvider.h"
+#include "app/menu/EntryMenus.h"
 #include "app/menu/ListedFolderSink.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
@@ -33,6 +34,17 @@ public:
 
     bool canCheck = true;
     std::vector<std::string> log;
+};
+
+/// Entries without menus of their own; the head of a submenu is one line.
+class FakeEntryMenus : public EntryMenus {
+public:
+    MenuEntry menuOf(MenuEntry const&) const override { return {}; }
+    std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return nullptr; }
+    std::optional<Url> fileOf(EntrySubject const&) const override { return std::nullopt; }
+    std::optional<Url> folderOf(EntrySubject const&) const override { return std::nullopt; }
+    void drop(std::vector<Url> const&, Url const&, FileTransfer) const override { }
+    void addHead(Menu& submenu, EntrySubject const&) const override { submenu.entries.insert(submenu.entries.begin(), MenuEntry::disabled("Head")); }
 };
 
 /// Pictures named after what they stand for.

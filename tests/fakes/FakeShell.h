@@ -110,7 +110,9 @@ public:
 class FakeSettingsWindow : public SettingsWindow {
 public:
     void openOrRaise() override { ++opened; }
+    void openAt(Uuid const& item) override { shownItem = item; }
     int opened = 0;
+    std::optional<Uuid> shownItem;
 };
 
 } // namespace zv::fakes

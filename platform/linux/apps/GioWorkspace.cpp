@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/entries/PackageName.h"
 #include "platform/linux/posix/GObjects.h"
@@ -98,6 +99,33 @@ void GioWorkspace::reveal(Url const& fileURL)
 {
     assertMainThread();
     runLogged(m_services.tasks, "could not reveal", fileURL, [fileURL, bus = m_sessionBus] { return revealFile(fileURL, bus); });
+}
+
+void GioWorkspace::findApplicationsFor(Url const& file, std::function<void(std::vector<InstalledApplication>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached([file, done = std::move(done)] {
+        return std::function<void()>([done, found = isApplication(file) ? std::vector<InstalledApplication> {} : applicationsFor(file)] { done(found); });
+    });
+}
+
+void GioWorkspace::openWith(Url const& file, Url const& application)
+{
+    assertMainThread();
+    runLogged(m_services.tasks, "could not open", file, [file, application, bus = m_sessionBus] { return openFileWith(file, application, bus); });
+}
+
+void GioWorkspace::moveToTrash(Url const& file, std::function<void(Result<void>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached([file, done = std::move(done)] { return std::function<void()>([done, moved = zv::moveToTrash(file)] { done(moved); }); });
+}
+
+void GioWorkspace::transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached(
+        [file, place, how, done = std::move(done)] { return std::function<void()>([done, result = transferFile(file, place, how)] { done(result); }); });
 }
 
 std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view identifier) const

@@ -27,6 +27,9 @@ struct OpenFailure {
     Url const& url, std::string const& sessionBus, StartTrust const& trust, std::optional<UntrustedStart> const& agreed = std::nullopt);
 /// Sets the file's executable bit, so that it is trusted from now on.
 void makeExecutable(std::string const& path);
+/// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
+/// call returns.
+void flushSharedBus(std::string const& sessionBus);
 /// Selects the file in the file manager; where no file manager can, opens its folder.
 [[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus);
 

@@ -28,6 +28,9 @@
 
 #include <QSocketNotifier>
 
+#include <mutex>
+#include <string>
+
 namespace zv {
 
 /// The program on a Linux desktop: the seams over this system, and the program over them.
@@ -47,11 +50,13 @@ private:
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
+    [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
     void useBus(QDBusConnection const& bus);
+    void publishHotkeys();
     [[nodiscard]] int openSettingsOfOther();
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
@@ -59,6 +64,8 @@ private:
     LinuxApplication m_application;
     DesktopAccess m_access;
     QDBusConnection m_bus;
+    std::mutex m_reporting; ///< guards the next
+    std::string m_hotkeyReport = hotkeyReport(nullptr);
     SingleInstance m_instance;
 
     QtTimers m_timers;

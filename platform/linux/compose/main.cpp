@@ -8,7 +8,6 @@
 #include "platform/linux/text/Collation.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
-#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -27,16 +26,19 @@ int runCommand(std::vector<std::string> const& arguments, zv::Environment const&
 int main(int argc, char** argv)
 {
     zv::markMainThread();
-    auto environment = zv::processEnvironment();
+    auto const environment = zv::processEnvironment();
     zv::useCollationOf(environment);
     if (argc > 1)
         return runCommand({ argv + 1, argv + argc }, environment);
-    environment["QT_QPA_PLATFORM"] = zv::displayServerFor(environment);
-    if (environment["QT_QPA_PLATFORM"].empty()) {
+    auto server = zv::displayServerFor(environment);
+    if (server.empty()) {
         zv::logLine(zv::noDisplayText);
         return 1;
     }
-    ::setenv("QT_QPA_PLATFORM", environment["QT_QPA_PLATFORM"].c_str(), 1); // read by the toolkit
-    zv::LinuxFrontEnd program(argc, argv, environment);
+    // Not by the environment, which all that is started from the menu inherits as it is.
+    std::string option = "-platform";
+    char* withServer[] = { argv[0], option.data(), server.data(), nullptr };
+    int count = 3;
+    zv::LinuxFrontEnd program(count, withServer, environment);
     return program.run();
 }

@@ -9,7 +9,7 @@
 namespace zv {
 
 /// The shape drawn when a theme has none of the names.
-enum class IconShape { document, folder, application, drive, network, computer, settings };
+enum class IconShape { document, folder, application, drive, network, computer, settings, none };
 
 /// A file's picture: names of theme icons, the best first, or an image file.
 struct FileIconNames {

@@ -124,6 +124,8 @@ QPainterPath pathOf(IconShape shape)
         return computerPath();
     case IconShape::settings:
         return settingsPath();
+    case IconShape::none:
+        return {};
     }
     return documentPath();
 }

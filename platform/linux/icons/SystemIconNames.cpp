@@ -1,10 +1,13 @@
 #include "platform/linux/icons/SystemIconNames.h"
 
+#include <utility>
+
 namespace zv {
 
 /// Names of https://specifications.freedesktop.org/icon-naming-spec first, then names that themes have besides.
 FileIconNames iconNamesOf(SystemIcon icon)
 {
+    auto const ofTheme = [](std::vector<std::string> names) { return FileIconNames { std::move(names), {}, IconShape::none }; };
     switch (icon) {
     case SystemIcon::application:
         break;
@@ -16,16 +19,34 @@ FileIconNames iconNamesOf(SystemIcon icon)
         return { { "user-desktop", "preferences-desktop", "desktop" }, {}, IconShape::computer };
     case SystemIcon::folder:
         return { { "folder", "inode-directory" }, {}, IconShape::folder };
+    case SystemIcon::forceQuit:
+        return ofTheme({ "process-stop" });
+    case SystemIcon::lockScreen:
+        return ofTheme({ "system-lock-screen" });
+    case SystemIcon::logOut:
+        return ofTheme({ "system-log-out" });
     case SystemIcon::network:
         return { { "network-workgroup", "network-server", "folder-remote" }, {}, IconShape::network };
     case SystemIcon::networkLocation:
         return { { "preferences-system-network", "network-workgroup", "network-wired" }, {}, IconShape::network };
+    case SystemIcon::recentItems:
+        return ofTheme({ "document-open-recent" });
+    case SystemIcon::restart:
+        return ofTheme({ "system-reboot", "view-refresh" });
+    case SystemIcon::runningApplications:
+        return ofTheme({ "preferences-system-windows", "window-new" });
     case SystemIcon::shortcuts:
         return { { "preferences-desktop-keyboard-shortcuts", "preferences-desktop-keyboard", "input-keyboard" }, {}, IconShape::settings };
+    case SystemIcon::shutDown:
+        return ofTheme({ "system-shutdown" });
+    case SystemIcon::sleep:
+        return ofTheme({ "system-suspend", "xfsm-suspend" });
     case SystemIcon::softwareUpdate:
         return { { "system-software-update", "software-update-available", "system-software-install" }, {}, IconShape::settings };
     case SystemIcon::systemSettings:
         return { { "preferences-system", "preferences-desktop", "applications-system" }, {}, IconShape::settings };
+    case SystemIcon::volumes:
+        return { { "drive-harddisk", "drive-multidisk" }, {}, IconShape::drive };
     }
     return { {}, {}, IconShape::application };
 }

@@ -28,11 +28,11 @@ QString toolTipText(std::string const& toolTip)
     return Qt::mightBeRichText(text) ? QLatin1String("<qt>") + text.toHtmlEscaped() : text;
 }
 
-/// The font for the entry's state; the menu's own font decides the rest.
+/// The font for the entry's state; the menu's own font decides the rest. Of an entry with a column it is the column's.
 QFont fontOf(MenuEntry const& entry)
 {
     QFont font;
-    if (entry.attributedTitle && entry.attributedTitle->italic)
+    if (entry.attributedTitle && (entry.attributedTitle->italic || entry.attributedTitle->hintIsItalic))
         font.setItalic(true);
     return font;
 }

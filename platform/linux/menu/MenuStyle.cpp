@@ -108,6 +108,7 @@ void MenuStyle::drawControl(ControlElement element, QStyleOption const* option, 
     auto titled = *item;
     titled.text = item->text.left(tab);
     titled.reservedShortcutWidth = 0;
+    titled.font.setItalic(false); // the column's alone
     QProxyStyle::drawControl(element, &titled, painter, widget);
     drawColumnText(*item, item->text.mid(tab + 1), *painter, widget);
 }
@@ -153,7 +154,9 @@ void MenuStyle::drawColumnText(QStyleOptionMenuItem const& item, QString const& 
     bool const isEnabled = item.state & State_Enabled;
     bool const isSelected = item.state & State_Selected;
     painter.save();
-    painter.setFont(widget ? widget->font() : item.font);
+    auto font = widget ? widget->font() : item.font;
+    font.setItalic(item.font.italic());
+    painter.setFont(font);
     painter.setLayoutDirection(Qt::LeftToRight); // "Ctrl+E" reads left to right in every language
     painter.setOpacity(isEnabled ? columnOpacity : columnOpacity / 2);
     painter.setPen(item.palette.color(isSelected && isEnabled ? QPalette::HighlightedText : QPalette::WindowText));

@@ -19,6 +19,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace zv {
@@ -34,9 +35,12 @@ MenuWindow::MenuWindow(QWidget* parent)
     : QMenu(parent)
     , m_mirror(*this)
     , m_typing(*this, m_mirror)
+    , m_entryMenu(*this, [this](QAction const* action) { return entryOf(action); })
+    , m_dragging(*this, [this](QAction const* action) { return entryOf(action); })
     , m_picture(*this, [this] { return isPlain(); })
 {
     setToolTipsVisible(true);
+    setAcceptDrops(true);
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
     if (parentMenu())
@@ -120,7 +124,7 @@ void MenuWindow::chosen(QAction* action)
 
 bool MenuWindow::choseByShortcut(QKeyEvent const& event)
 {
-    auto& root = rootMenu();
+    auto& root = topMenu();
     auto const target = root.m_menu && root.readKey ? root.m_menu->targetForKey(root.readKey(event)) : nullptr;
     if (!target)
         return false;
@@ -128,6 +132,30 @@ bool MenuWindow::choseByShortcut(QKeyEvent const& event)
     if (root.onChosen)
         root.onChosen(target, Qt::NoModifier);
     return true;
+}
+
+MenuWindow& MenuWindow::topMenu()
+{
+    auto* root = this;
+    while (root->parentMenu())
+        root = root->parentMenu();
+    return *root;
+}
+
+void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held)
+{
+    auto& root = topMenu();
+    auto const chosen = target; // a copy, as closing may release the entry
+    root.close();
+    if (chosen && root.onChosen)
+        root.onChosen(chosen, held);
+}
+
+MenuEntry const* MenuWindow::entryOf(QAction const* action) const
+{
+    auto const& actions = m_mirror.actions();
+    auto const index = static_cast<std::size_t>(std::find(actions.begin(), actions.end(), action) - actions.begin());
+    return m_menu && index < m_menu->entries.size() ? &m_menu->entries[index] : nullptr;
 }
 
 void MenuWindow::refilled()
@@ -172,7 +200,7 @@ QRect MenuWindow::sight() const
 
 void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (m_typing.takes(*event))
+    if (m_entryMenu.takes(*event) || m_typing.takes(*event))
         return;
     QScopedValueRollback const handling(m_handlesKey, true);
     QMenu::keyPressEvent(event);
@@ -190,7 +218,7 @@ void MenuWindow::mousePressEvent(QMouseEvent* event)
     bool const isRightClick = event->button() == Qt::RightButton && rect().contains(event->position().toPoint());
     if (!isRightClick)
         QMenu::mousePressEvent(event);
-    auto const& root = rootMenu();
+    auto const& root = topMenu();
     if (!root.isVisible() && root.onPressedElsewhere)
         root.onPressedElsewhere(event->globalPosition().toPoint());
 }
@@ -208,7 +236,7 @@ void MenuWindow::mouseMoveEvent(QMouseEvent* event)
 {
     auto const at = event->globalPosition().toPoint();
     if (event->timestamp() != 0) // a move that another menu passed on has none
-        rootMenu().m_moveTime = static_cast<qint64>(event->timestamp());
+        topMenu().m_moveTime = static_cast<qint64>(event->timestamp());
     bool const isOutside = parentMenu() && !QApplication::widgetAt(at);
     auto& over = isOutside ? *parentMenu() : *this;
     if (over.isOnItsWay(at))
@@ -226,7 +254,7 @@ bool MenuWindow::isOnItsWay(QPoint at)
         m_aim.clear();
         return false;
     }
-    m_aim.moved(at, rootMenu().m_moveTime);
+    m_aim.moved(at, topMenu().m_moveTime);
     return actionAt(mapFromGlobal(at)) != activeAction() && !submenu->geometry().contains(at) && m_aim.isAt(submenu->geometry());
 }
 
@@ -277,10 +305,21 @@ void MenuWindow::closeEvent(QCloseEvent* event)
 
 bool MenuWindow::event(QEvent* event)
 {
+    if (m_dragging.takes(*event))
+        return true;
     switch (event->type()) {
     case QEvent::ShortcutOverride: // some keys would reach the menu as shortcuts of the program; all of them are the menu's
         event->accept();
         return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (m_entryMenu.takes(static_cast<QMouseEvent&>(*event)))
+            return true;
+        break;
+    case QEvent::Leave: // the entry whose own menu is open stays selected
+        if (m_entryMenu.isOpen())
+            return true;
+        break;
     case QEvent::Show:
         m_picture.windowShows();
         windowHandle()->installEventFilter(this);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/desk/KeyPress.h"
+#include "platform/linux/menu/EntryMenuPopup.h"
+#include "platform/linux/menu/MenuDragging.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuPicture.h"
 #include "platform/linux/menu/MenuTyping.h"
@@ -27,9 +29,9 @@ public:
     ~MenuWindow() override;
 
     void setMenu(std::shared_ptr<Menu> menu);
+    [[nodiscard]] Menu const* menu() const { return m_menu.get(); }
     /// Releases the menu and prepares the next opening, in which most menus look the same: the
     /// window and the looks of its entries stay.
-    [[nodiscard]] Menu const* menu() const { return m_menu.get(); }
     void forget();
 
     /// Pops up with the first entry selected.
@@ -39,7 +41,10 @@ public:
     void step(int key);
     /// Closes all and performs the entry with that shortcut; false when there is none.
     bool choseByShortcut(QKeyEvent const& event);
-    void closeAll() { rootMenu().close(); }
+    void closeAll() { topMenu().close(); }
+    void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held = Qt::NoModifier);
+    /// The window at the root of the tree.
+    [[nodiscard]] MenuWindow& topMenu();
     void layOutAgain();
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
@@ -69,7 +74,6 @@ protected:
 
 private:
     [[nodiscard]] MenuWindow* parentMenu() const { return qobject_cast<MenuWindow*>(parentWidget()); }
-    [[nodiscard]] MenuWindow& rootMenu() { return parentMenu() ? parentMenu()->rootMenu() : *this; }
     void willOpen();
     void didHide();
     void chosen(QAction* action);
@@ -78,11 +82,14 @@ private:
     void pointAt(QPoint place);
     void mirror();
     void refilled();
+    [[nodiscard]] MenuEntry const* entryOf(QAction const* action) const;
     [[nodiscard]] bool isPlain() const;
 
     std::shared_ptr<Menu> m_menu;
     MenuMirror m_mirror;
     MenuTyping m_typing;
+    EntryMenuPopup m_entryMenu;
+    MenuDragging m_dragging;
     MenuPicture m_picture;
     SubmenuAim m_aim;
     qint64 m_moveTime = 0; ///< of the last move, in the root

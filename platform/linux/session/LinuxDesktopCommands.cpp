@@ -110,7 +110,43 @@ PlaceOutcome openHomePage(std::string const& releaseFile)
     return g_app_info_launch_default_for_uri(page->second.c_str(), nullptr, nullptr) ? PlaceOutcome::opened : PlaceOutcome::notFound;
 }
 
+struct TerminalProgram {
+    std::optional<Desktop> desktop; ///< none: every desktop
+    std::vector<std::string> command; ///< opens its window in the folder in which it is started
+};
+
+/// The running desktop's own, then the user's or the distribution's choice, then what is installed.
+TerminalProgram const terminals[] = {
+    { Desktop::xfce, { "exo-open", "--launch", "TerminalEmulator" } },
+    { Desktop::kde, { "konsole" } },
+    { Desktop::mate, { "mate-terminal" } },
+    { Desktop::lxqt, { "qterminal" } },
+    { Desktop::gnome, { "ptyxis", "--new-window" } },
+    { Desktop::gnome, { "kgx" } },
+    { std::nullopt, { "xdg-terminal-exec" } },
+    { std::nullopt, { "x-terminal-emulator" } },
+    { std::nullopt, { "gnome-terminal" } },
+    { std::nullopt, { "xfce4-terminal" } },
+    { std::nullopt, { "foot" } },
+    { std::nullopt, { "alacritty" } },
+    { std::nullopt, { "kitty" } },
+    { std::nullopt, { "xterm" } },
+};
+
 } // namespace
+
+PlaceOutcome LinuxDesktopCommands::openTerminal(Url const& folder, DesktopAccess const& access)
+{
+    for (auto const& terminal : terminals) {
+        if (!isForDesktop(terminal.desktop, access.desktop) || !access.programs->has(terminal.command.front()))
+            continue;
+        std::vector<std::string> command { "env", "--chdir=" + folder.path() };
+        command.insert(command.end(), terminal.command.begin(), terminal.command.end());
+        if (access.programs->start(command))
+            return PlaceOutcome::opened;
+    }
+    return PlaceOutcome::notFound;
+}
 
 PlaceOutcome LinuxDesktopCommands::perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile)
 {
@@ -134,6 +170,13 @@ std::vector<SystemPlace> LinuxDesktopCommands::placesWithoutProgram(DesktopAcces
     if (!hasStore)
         places.push_back(softwareStore);
     return places;
+}
+
+void LinuxDesktopCommands::openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done)
+{
+    m_tasks.runDetached([access = m_access, folder, done = std::move(done)] {
+        return std::function<void()>([done, outcome = openTerminal(folder, access)] { done(outcome); });
+    });
 }
 
 void LinuxDesktopCommands::open(SystemPlace place, std::function<void(PlaceOutcome)> done)

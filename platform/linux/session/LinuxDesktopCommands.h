@@ -21,9 +21,12 @@ public:
     {
     }
     void open(SystemPlace place, std::function<void(PlaceOutcome)> done) override;
+    void openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done) override;
 
     /// The work of open(), in the caller's thread.
     [[nodiscard]] static PlaceOutcome perform(SystemPlace place, DesktopAccess const& access, std::string const& releaseFile);
+    /// The work of openTerminal(), likewise.
+    [[nodiscard]] static PlaceOutcome openTerminal(Url const& folder, DesktopAccess const& access);
     /// The places among settings, updates and store that no installed program serves.
     [[nodiscard]] static std::vector<SystemPlace> placesWithoutProgram(DesktopAccess const& access);
 

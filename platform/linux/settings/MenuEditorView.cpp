@@ -227,7 +227,7 @@ void MenuEditorView::addActions()
     m_selectionActions = { cut, copy, duplicate, remove, up, down };
 }
 
-/// Adds undo and redo for the whole tab; a text field undoes its own typing first.
+/// Adds undo and redo for the whole window; a text field undoes its own typing first.
 void MenuEditorView::addUndoActions()
 {
     auto* undo = m_undo.createUndoAction(this, QString::fromUtf8(settingsTexts::undo));
@@ -235,7 +235,6 @@ void MenuEditorView::addUndoActions()
     auto* redo = m_undo.createRedoAction(this, QString::fromUtf8(settingsTexts::redo));
     redo->setShortcuts(QKeySequence::Redo);
     for (auto* action : { undo, redo }) {
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         QWidget::addAction(action);
         m_outline->addAction(action);
     }
@@ -272,6 +271,12 @@ void MenuEditorView::select(std::set<Uuid> const& ids)
         return;
     model->setCurrentIndex(rows.back(), QItemSelectionModel::NoUpdate);
     m_outline->scrollTo(rows.back());
+}
+
+void MenuEditorView::showItem(Uuid const& item)
+{
+    select({ item });
+    m_outline->setFocus();
 }
 
 void MenuEditorView::selectionChanged()

@@ -22,6 +22,9 @@ public:
     MenuEditorView(SettingsModels& models, KeyLookup lookUp);
     ~MenuEditorView() override;
 
+    /// Selects the item, and brings it into sight.
+    void showItem(Uuid const& item);
+
 private:
     class Outline;
     class EditCommand;

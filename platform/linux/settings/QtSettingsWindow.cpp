@@ -37,7 +37,9 @@ public:
         column->setContentsMargins(8, 8, 8, 8);
         column->addWidget(m_tabs);
         m_tabs->addTab(m_general, text(settingsTexts::generalTab));
-        m_tabs->addTab(new MenuEditorView(models, std::move(lookUp)), text(settingsTexts::menuTab));
+        m_menu = new MenuEditorView(models, std::move(lookUp));
+        m_tabs->addTab(m_menu, text(settingsTexts::menuTab));
+        addActions(m_menu->actions()); // undo and redo, as other tabs replace menus, too
         m_tabs->addTab(new AboutView(models), text(settingsTexts::aboutTab));
         m_tabs->setAccessibleName(text(settingsTexts::tabs));
         bringPlaceBack();
@@ -54,6 +56,12 @@ public:
     {
         keepSize();
         m_models.general().onChanged = nullptr;
+    }
+
+    void showItem(Uuid const& item)
+    {
+        m_tabs->setCurrentWidget(m_menu);
+        m_menu->showItem(item);
     }
 
     /// Shows the current settings, and follows them.
@@ -103,6 +111,7 @@ private:
     SettingsModels& m_models;
     QTabWidget* m_tabs;
     SettingsPageView* m_general;
+    MenuEditorView* m_menu = nullptr;
     Observation m_observation;
 };
 
@@ -122,6 +131,12 @@ void QtSettingsWindow::openOrRaise()
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
+}
+
+void QtSettingsWindow::openAt(Uuid const& item)
+{
+    openOrRaise();
+    m_window->showItem(item);
 }
 
 void QtSettingsWindow::close() { m_window.reset(); }

@@ -24,6 +24,7 @@ public:
     ~QtSettingsWindow() override;
 
     void openOrRaise() override;
+    void openAt(Uuid const& item) override;
     /// Called before the models' own services are destroyed.
     void close();
 

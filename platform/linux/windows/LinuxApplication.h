@@ -11,7 +11,7 @@ namespace zv {
 class LinuxApplication : public QApplication, public Application {
     Q_OBJECT
 public:
-    /// QT_QPA_PLATFORM must name the display server; `count` and `arguments` outlive it.
+    /// The arguments name the display server (-platform); `count` and `arguments` outlive it.
     LinuxApplication(int& count, char** arguments);
 
     void activate() override;

@@ -109,12 +109,27 @@ void DesktopRunningApplications::activate(std::string const& id)
     m_services.catalog.withIndex(m_lifetime.guard([this, id](ApplicationCatalog::Index const& index) { activateIn(*index, id); }));
 }
 
+/// Closes its windows: programs of this desktop end with the last one.
+void DesktopRunningApplications::quit(std::string const& id)
+{
+    assertMainThread();
+    m_services.catalog.withIndex(m_lifetime.guard([this, id](ApplicationCatalog::Index const& index) {
+        for (auto const& window : windowsOf(*index, id))
+            m_windows->close(window.window);
+    }));
+}
+
+std::vector<ClientWindow> DesktopRunningApplications::windowsOf(ApplicationIndex const& index, std::string const& id) const
+{
+    auto windows = m_windows ? m_windows->list().value_or(std::vector<ClientWindow> {}) : std::vector<ClientWindow> {};
+    std::erase_if(windows, [&](auto const& window) { return applicationOf(window, index).id != id; });
+    return windows;
+}
+
 void DesktopRunningApplications::activateIn(ApplicationIndex const& index, std::string const& id)
 {
-    auto const windows = m_windows ? m_windows->list().value_or(std::vector<ClientWindow> {}) : std::vector<ClientWindow> {};
-    auto const topmost = std::find_if(windows.rbegin(), windows.rend(), [&](auto const& window) { return applicationOf(window, index).id == id; });
-    if (topmost != windows.rend())
-        return m_windows->activate(topmost->window);
+    if (auto const windows = windowsOf(index, id); !windows.empty())
+        return m_windows->activate(windows.back().window);
     auto const* entry = index.find(id);
     if (!entry)
         return;

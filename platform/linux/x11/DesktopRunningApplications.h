@@ -30,11 +30,14 @@ public:
 
     void list(std::function<void(List)> done) override;
     void activate(std::string const& id) override;
+    void quit(std::string const& id) override;
     /// Asks on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus) { m_services.sessionBus = bus; }
 
 private:
     void listUnits(ApplicationCatalog::Index const& index, std::function<void(List)> done);
+    /// The application's windows, the topmost last.
+    [[nodiscard]] std::vector<ClientWindow> windowsOf(ApplicationIndex const& index, std::string const& id) const;
     void activateIn(ApplicationIndex const& index, std::string const& id);
 
     Services m_services;

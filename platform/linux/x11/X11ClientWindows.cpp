@@ -14,8 +14,8 @@ namespace {
 
 /// Extended Window Manager Hints: https://specifications.freedesktop.org/wm-spec. The
 /// application's name is GTK's own addition.
-constexpr std::array atomNames { "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE",
-    "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_PID", "_NET_WM_NAME", "_GTK_APPLICATION_ID", "UTF8_STRING" };
+constexpr std::array atomNames { "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW", "_NET_CLOSE_WINDOW", "_NET_WM_WINDOW_TYPE",
+    "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_PID", "_NET_WM_NAME", "_GTK_APPLICATION_ID", "UTF8_STRING" };
 constexpr std::array foreignTypeNames { "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_DESKTOP", "_NET_WM_WINDOW_TYPE_SPLASH", "_NET_WM_WINDOW_TYPE_MENU",
     "_NET_WM_WINDOW_TYPE_NOTIFICATION", "_NET_WM_WINDOW_TYPE_TOOLTIP", "_NET_WM_WINDOW_TYPE_POPUP_MENU", "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU" };
 
@@ -108,15 +108,19 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
     return found;
 }
 
-void X11ClientWindows::activate(xcb_window_t window) const
+void X11ClientWindows::activate(xcb_window_t window) const { ask(window, activeWindow, { sourceIsPager, XCB_CURRENT_TIME }); }
+
+void X11ClientWindows::close(xcb_window_t window) const { ask(window, closeWindow, { XCB_CURRENT_TIME, sourceIsPager }); }
+
+/// Sends the window manager a message about the window.
+void X11ClientWindows::ask(xcb_window_t window, Name message, std::array<std::uint32_t, 2> data) const
 {
     xcb_client_message_event_t event {};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
-    event.type = m_atoms[activeWindow];
-    event.data.data32[0] = sourceIsPager;
-    event.data.data32[1] = XCB_CURRENT_TIME;
+    event.type = m_atoms[message];
+    std::copy(data.begin(), data.end(), event.data.data32);
     xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT, reinterpret_cast<char const*>(&event));
     xcb_flush(m_connection);
 }

@@ -21,11 +21,27 @@ public:
     [[nodiscard]] std::optional<std::vector<ClientWindow>> list() const;
     /// Asks the window manager to raise the window, wherever it is.
     void activate(xcb_window_t window) const;
+    /// Asks the window's program to close it.
+    void close(xcb_window_t window) const;
 
 private:
-    enum Name { clientList, clientListStacking, activeWindow, windowType, windowState, skipTaskbar, pid, title, gtkApplicationId, utf8String, nameCount };
+    enum Name {
+        clientList,
+        clientListStacking,
+        activeWindow,
+        closeWindow,
+        windowType,
+        windowState,
+        skipTaskbar,
+        pid,
+        title,
+        gtkApplicationId,
+        utf8String,
+        nameCount
+    };
     static constexpr int typeCount = 8;
 
+    void ask(xcb_window_t window, Name message, std::array<std::uint32_t, 2> data) const;
     [[nodiscard]] std::vector<xcb_window_t> managedWindows() const;
     [[nodiscard]] bool isOrdinary(std::vector<xcb_atom_t> const& types, std::vector<xcb_atom_t> const& states) const;
 

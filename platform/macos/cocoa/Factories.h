@@ -110,6 +110,7 @@ std::unique_ptr<Screens> makeScreens();
 std::unique_ptr<ScriptRunner> makeScriptRunner();
 std::unique_ptr<SessionEvents> makeSessionEvents();
 std::unique_ptr<SettingsPanes> makeSettingsPanes(Tasks& tasks);
+std::unique_ptr<Alerts> makeSheets(); ///< alerts on the window in which the user works
 /// Calls `models` when the window is first opened.
 std::unique_ptr<SettingsWindow> makeSettingsWindow(std::function<SettingsModels&()> models);
 std::unique_ptr<MacStatusBar> makeStatusBar(MenuTracking& tracking);
@@ -122,7 +123,7 @@ std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateU
 std::unique_ptr<UserDefaults> makeUserDefaults();
 std::unique_ptr<UserNotifications> makeUserNotifications();
 std::unique_ptr<Volumes> makeVolumes(Tasks& tasks);
-std::unique_ptr<Workspace> makeWorkspace();
+std::unique_ptr<Workspace> makeWorkspace(Tasks& tasks);
 std::unique_ptr<WorkspaceEvents> makeWorkspaceEvents();
 
 /// Turns the main thread's run loop until `isDone` is true or the time is over.

@@ -30,7 +30,7 @@ public:
     ImageRef systemIcon(SystemIcon icon) override { return named(std::string(nameOfSystemIcon(icon))); }
 
 private:
-    static ImageRef named(std::string name) { return std::make_shared<PictureName>(std::move(name)); }
+    static ImageRef named(std::string name) { return name.empty() ? nullptr : std::make_shared<PictureName>(std::move(name)); }
 };
 
 } // namespace

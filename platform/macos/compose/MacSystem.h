@@ -51,7 +51,7 @@ private:
     std::unique_ptr<RecentServers> m_recentServers = makeRecentServers();
     std::unique_ptr<NetworkInterfaces> m_networkInterfaces = makeNetworkInterfaces();
     std::unique_ptr<SettingsPanes> m_settingsPanes = makeSettingsPanes(*m_tasks);
-    std::unique_ptr<Workspace> m_workspace = makeWorkspace();
+    std::unique_ptr<Workspace> m_workspace = makeWorkspace(*m_tasks);
     std::unique_ptr<DesktopCommands> m_desktop = makeDesktopCommands();
     std::unique_ptr<ComputerInfo> m_computer = makeComputerInfo();
     std::unique_ptr<SessionEvents> m_events = makeSessionEvents();

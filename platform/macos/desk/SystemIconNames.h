@@ -7,7 +7,7 @@
 namespace zv {
 
 /// The name of a picture: the path of the application or extension of the system whose icon
-/// it is, or a word where it is no file's.
+/// it is, or a word where it is no file's; empty where the system's own menu has no picture.
 constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
 {
     switch (icon) {
@@ -31,6 +31,16 @@ constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
         return "/System/Library/ExtensionKit/Extensions/SoftwareUpdateSettingsExtension.appex";
     case SystemIcon::systemSettings:
         return "/System/Applications/System Settings.app";
+    case SystemIcon::forceQuit:
+    case SystemIcon::lockScreen:
+    case SystemIcon::logOut:
+    case SystemIcon::recentItems:
+    case SystemIcon::restart:
+    case SystemIcon::runningApplications:
+    case SystemIcon::shutDown:
+    case SystemIcon::sleep:
+    case SystemIcon::volumes:
+        break;
     }
     return {};
 }

@@ -1,51 +1,8 @@
 #import "platform/macos/cocoa/Conversions.h"
 #include "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/KeyObserver.h"
 
 #include "base/Lifetime.h"
-
-/// Observes every change of its keys, our own and those of other programs. Calls back on
-/// any thread.
-@interface ZVDefaultsObserver : NSObject {
-    NSUserDefaults* _defaults;
-    NSMutableSet* _keys;
-    std::function<void()> _changed;
-}
-- (instancetype)initWithDefaults:(NSUserDefaults*)defaults changed:(std::function<void()>)changed;
-- (void)watch:(NSString*)key;
-- (NSSet*)keys;
-- (void)stop;
-@end
-
-@implementation ZVDefaultsObserver
-- (instancetype)initWithDefaults:(NSUserDefaults*)defaults changed:(std::function<void()>)changed
-{
-    if (!(self = [super init]))
-        return nil;
-    _defaults = defaults;
-    _keys = [[NSMutableSet alloc] init];
-    _changed = std::move(changed);
-    return self;
-}
-- (void)watch:(NSString*)key
-{
-    [_keys addObject:key];
-    [_defaults addObserver:self forKeyPath:key options:NSKeyValueObservingOptionNew context:nullptr];
-}
-- (NSSet*)keys
-{
-    return _keys;
-}
-- (void)stop
-{
-    for (NSString* key in _keys)
-        [_defaults removeObserver:self forKeyPath:key];
-    [_keys removeAllObjects];
-}
-- (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
-{
-    _changed();
-}
-@end
 
 namespace zv {
 
@@ -59,9 +16,7 @@ public:
     StandardUserDefaults()
         : m_defaults(NSUserDefaults.standardUserDefaults)
     {
-        // Copied to the thread that tells; runs on the main thread, while this lives.
-        auto const compare = m_lifetime.guard([this] { tellWhatDiffers(); });
-        m_observer = [[ZVDefaultsObserver alloc] initWithDefaults:m_defaults changed:[compare] { performOnMain(compare); }];
+        m_observer = [[ZVKeyObserver alloc] initWithObject:m_defaults changed:m_lifetime.guard([this] { tellWhatDiffers(); })];
     }
     ~StandardUserDefaults() override { [m_observer stop]; }
 
@@ -101,7 +56,7 @@ public:
     void registerDefaults(PropertyListDictionary const& defaults) override
     {
         [m_defaults registerDefaults:toFoundation(defaults)];
-        for (NSString* key in [m_observer keys])
+        for (NSString* key in m_observer.keys)
             note(key);
     }
 
@@ -115,7 +70,7 @@ private:
     void watch(NSString* key) const
     {
         bool const isPath = [key rangeOfString:@"."].location != NSNotFound; // observing would split it
-        if (isPath || [[m_observer keys] containsObject:key])
+        if (isPath || [m_observer.keys containsObject:key])
             return;
         note(key);
         [m_observer watch:key];
@@ -133,7 +88,7 @@ private:
     void tellWhatDiffers()
     {
         std::vector<std::string> keys;
-        for (NSString* key in [m_observer keys]) {
+        for (NSString* key in m_observer.keys) {
             if ([current(key) isEqual:[m_known objectForKey:key]])
                 continue;
             note(key);
@@ -144,7 +99,7 @@ private:
     }
 
     NSUserDefaults* m_defaults;
-    ZVDefaultsObserver* m_observer = nil;
+    ZVKeyObserver* m_observer = nil;
     NSMutableDictionary* m_known = [[NSMutableDictionary alloc] init];
     Lifetime m_lifetime;
 };

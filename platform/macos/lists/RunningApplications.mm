@@ -42,6 +42,14 @@ public:
                 [application activateWithOptions:NSApplicationActivateAllWindows];
         }
     }
+
+    void quit(std::string const& id) override
+    {
+        for (NSRunningApplication* application in [[NSWorkspace sharedWorkspace] runningApplications]) {
+            if (idOf(application) == id)
+                [application terminate];
+        }
+    }
 };
 
 std::vector<Volume> mountedVolumes()

@@ -15,7 +15,7 @@ void queueDownArrow()
     NSEvent* const key = [NSEvent keyEventWithType:NSEventTypeKeyDown
                                           location:NSZeroPoint
                                      modifierFlags:NSEventModifierFlagFunction | NSEventModifierFlagNumericPad
-                                         timestamp:[[NSProcessInfo processInfo] systemUptime]
+                                         timestamp:NSProcessInfo.processInfo.systemUptime
                                       windowNumber:0
                                            context:nil
                                         characters:typed
@@ -28,12 +28,12 @@ void queueDownArrow()
 /// The pointer's place; without a screen around it, the middle of the main screen.
 NSPoint placeForKey()
 {
-    NSPoint const pointer = [NSEvent mouseLocation];
-    for (NSScreen* screen in [NSScreen screens]) {
-        if (NSMouseInRect(pointer, [screen frame], NO))
+    NSPoint const pointer = NSEvent.mouseLocation;
+    for (NSScreen* screen in NSScreen.screens) {
+        if (NSMouseInRect(pointer, screen.frame, NO))
             return pointer;
     }
-    NSRect const visible = [[NSScreen mainScreen] visibleFrame];
+    NSRect const visible = NSScreen.mainScreen.visibleFrame;
     return NSMakePoint(NSMidX(visible), NSMidY(visible));
 }
 
@@ -46,20 +46,25 @@ public:
     {
     }
 
-    void popUp(std::shared_ptr<Menu> const& menu, Point at) override { show(menu, NSMakePoint(at.x, at.y)); }
+    void popUp(std::shared_ptr<Menu> const& menu, Point at) override
+    {
+        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
+        open(NSMakePoint(at.x, at.y));
+    }
 
     void popUpByKey(std::shared_ptr<Menu> const& menu) override
     {
         if (m_tracking.isOpen)
             return;
+        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
+        [m_mirror ignoreOption];
         queueDownArrow();
-        show(menu, placeForKey());
+        open(placeForKey());
     }
 
 private:
-    void show(std::shared_ptr<Menu> const& menu, NSPoint at)
+    void open(NSPoint at)
     {
-        m_mirror = [[ZVMenuMirror alloc] initWithMenu:menu tracking:&m_tracking];
         [m_mirror.menu popUpMenuPositioningItem:nil atLocation:at inView:nil];
         if (m_tracking.isOpen)
             [m_mirror menuDidClose:m_mirror.menu]; // not told yet

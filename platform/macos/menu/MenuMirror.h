@@ -17,11 +17,15 @@ NS_ASSUME_NONNULL_BEGIN
     zv::MenuTracking* _tracking;
     BOOL _isOpen;
     id _chosenByKey;
+    BOOL _ignoresOption;
+    BOOL _showsOwnMenus;
     zv::Lifetime _lifetime;
 }
 /// `tracking` gets the closing time of a top-level menu; null for a submenu.
 - (instancetype)initWithMenu:(std::shared_ptr<zv::Menu> const&)menu tracking:(zv::MenuTracking* _Nullable)tracking;
 @property (nonatomic, readonly) NSMenu* menu;
+/// The menu is opened by a shortcut, whose own Option does not count.
+- (void)ignoreOption;
 @end
 
 NS_ASSUME_NONNULL_END

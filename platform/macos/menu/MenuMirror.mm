@@ -3,6 +3,8 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/desk/Images.h"
 
+#include "app/menu/EntryMenus.h"
+
 using zv::MenuEntry;
 
 /// Owned by an item: its action, and the mirror of its submenu.
@@ -62,12 +64,15 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 {
     NSMutableDictionary<NSAttributedStringKey, id>* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic)
                                                                                                           forKey:NSFontAttributeName];
-    NSString* text = zv::toNSString(title.text);
-    if (!title.hint.empty()) {
-        text = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
-        [attributes setObject:styleWithTab(title.hintTab) forKey:NSParagraphStyleAttributeName];
-    }
-    return [[NSAttributedString alloc] initWithString:text attributes:attributes];
+    NSString* const text = zv::toNSString(title.text);
+    if (title.hint.empty())
+        return [[NSAttributedString alloc] initWithString:text attributes:attributes];
+    [attributes setObject:styleWithTab(title.hintTab) forKey:NSParagraphStyleAttributeName];
+    NSString* const whole = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
+    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:whole attributes:attributes];
+    if (title.hintIsItalic)
+        [made addAttribute:NSFontAttributeName value:menuFont(true) range:NSMakeRange(text.length, whole.length - text.length)];
+    return made;
 }
 
 void setImage(NSMenuItem* item, zv::ImageRef const& image)
@@ -109,6 +114,24 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
         item.action = @selector(invoke:);
     }
     item.enabled = entry.enabled ? YES : NO;
+    return item;
+}
+
+/// The item that Option shows in the entry's place: it opens the entry's own menu. Nil for a submenu, which has that
+/// above its entries, and where Option belongs to the shortcut.
+NSMenuItem* ownMenuItem(MenuEntry const& entry)
+{
+    if (entry.submenu || !entry.subject.menus || zv::contains(entry.keyEquivalentModifierMask, zv::ModifierMask::option))
+        return nil;
+    auto own = entry.subject.menus->menuOf(entry);
+    if (!own.submenu)
+        return nil;
+    own.image = entry.image;
+    own.attributedTitle = entry.attributedTitle;
+    own.keyEquivalent = entry.keyEquivalent;
+    own.keyEquivalentModifierMask = entry.keyEquivalentModifierMask | zv::ModifierMask::option;
+    NSMenuItem* const item = toMenuItem(own);
+    item.alternate = YES;
     return item;
 }
 
@@ -154,12 +177,21 @@ zv::KeyPress keyPressOf(NSEvent* event)
 - (void)showEntries
 {
     [_menu removeAllItems];
-    for (auto const& entry : _mirrored->entries)
+    for (auto const& entry : _mirrored->entries) {
         [_menu addItem:toMenuItem(entry)];
+        if (NSMenuItem* const own = _showsOwnMenus ? ownMenuItem(entry) : nil)
+            [_menu addItem:own];
+    }
+}
+
+- (void)ignoreOption
+{
+    _ignoresOption = YES;
 }
 
 - (void)menuNeedsUpdate:(NSMenu*)menu
 {
+    _showsOwnMenus = !_ignoresOption && (NSEvent.modifierFlags & NSEventModifierFlagOption) != 0;
     _mirrored->needsUpdate();
     [self showEntries];
     __unsafe_unretained ZVMenuMirror* const mirror = self;

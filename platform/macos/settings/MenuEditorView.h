@@ -41,6 +41,8 @@ NS_ASSUME_NONNULL_BEGIN
 - (instancetype)initWithModels:(zv::SettingsModels&)models;
 @property (nonatomic, readonly) NSView* view;
 @property (nonatomic, readonly) NSUndoManager* undoManager;
+/// Selects the item, and brings it into sight.
+- (void)showItem:(zv::Uuid const&)item;
 
 - (void)removeSelected;
 - (void)duplicateSelected;

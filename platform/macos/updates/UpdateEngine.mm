@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/KeyObserver.h"
 #import "platform/macos/files/ProgramFolders.h"
 #import "platform/macos/updates/SparkleInterface.h"
 
@@ -65,48 +66,6 @@ static zv::UpdateItem itemOf(id<ZVAppcastItem> update) { return { zv::fromNSStri
 
 @end
 
-/// Watches the two properties; calls back on the main thread.
-@interface ZVUpdaterWatch : NSObject {
-    NSObject* _updater;
-    std::function<void()> _canCheck;
-    std::function<void()> _automatic;
-}
-- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic;
-- (void)begin;
-- (void)end;
-@end
-
-@implementation ZVUpdaterWatch
-
-- (instancetype)initWithUpdater:(NSObject*)updater canCheck:(std::function<void()>)canCheck automatic:(std::function<void()>)automatic
-{
-    if (!(self = [super init]))
-        return nil;
-    _updater = updater;
-    _canCheck = std::move(canCheck);
-    _automatic = std::move(automatic);
-    return self;
-}
-
-- (void)begin
-{
-    [_updater addObserver:self forKeyPath:canCheckKey options:NSKeyValueObservingOptionInitial | NSKeyValueObservingOptionNew context:nullptr];
-    [_updater addObserver:self forKeyPath:automaticKey options:NSKeyValueObservingOptionNew context:nullptr];
-}
-
-- (void)end
-{
-    [_updater removeObserver:self forKeyPath:canCheckKey];
-    [_updater removeObserver:self forKeyPath:automaticKey];
-}
-
-- (void)observeValueForKeyPath:(NSString*)path ofObject:(id)object change:(NSDictionary*)change context:(void*)context
-{
-    zv::performOnMain([path isEqualToString:canCheckKey] ? _canCheck : _automatic);
-}
-
-@end
-
 namespace zv {
 
 namespace {
@@ -119,11 +78,15 @@ public:
         , m_updater(m_controller.updater)
     {
         auto const canCheck = m_lifetime.guard([this] { tell(onCanCheckChanged); });
-        auto const automatic = m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); });
-        m_watch = [[ZVUpdaterWatch alloc] initWithUpdater:(NSObject*)m_updater canCheck:canCheck automatic:automatic];
-        [m_watch begin];
+        m_canCheck = watch(canCheckKey, canCheck);
+        m_automatic = watch(automaticKey, m_lifetime.guard([this] { tell(onAutomaticallyChecksChanged); }));
+        performOnMain(canCheck); // the first value counts as a change
     }
-    ~SparkleEngine() override { [m_watch end]; }
+    ~SparkleEngine() override
+    {
+        [m_canCheck stop];
+        [m_automatic stop];
+    }
 
     Result<void> start() override
     {
@@ -145,6 +108,12 @@ public:
     }
 
 private:
+    ZVKeyObserver* watch(NSString* key, std::function<void()> changed)
+    {
+        ZVKeyObserver* const observer = [[ZVKeyObserver alloc] initWithObject:(NSObject*)m_updater changed:std::move(changed)];
+        [observer watch:key];
+        return observer;
+    }
     static void tell(std::function<void()> const& callback)
     {
         if (callback)
@@ -154,7 +123,8 @@ private:
     ZVUpdateDelegate* m_delegate;
     id<ZVUpdaterController> m_controller;
     id<ZVUpdater> m_updater;
-    ZVUpdaterWatch* m_watch = nil;
+    ZVKeyObserver* m_canCheck = nil;
+    ZVKeyObserver* m_automatic = nil;
     Lifetime m_lifetime;
 };
 

@@ -27,9 +27,9 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     registrar.kept = { { 122, commandKey } };
     center.menuItemsChanged({ item });
     EXPECT_EQ(hotkeyReport(&center),
-        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB"},)"
+        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB","title":"Sleep"},)"
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}],)"
-        R"("unavailable":[{"shortcut":"⌘Я","file":"/c","reason":"notOnLayout"},{"shortcut":"⌘F1","file":"/d","reason":"keptBySystem"}],)"
+        R"("unavailable":[{"shortcut":"⌘Я","reason":"notOnLayout","file":"/c"},{"shortcut":"⌘F1","reason":"keptBySystem","file":"/d"}],)"
         R"("support":"everywhere"})");
 }
 

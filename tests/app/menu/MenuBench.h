@@ -108,8 +108,11 @@ struct MenuBench {
     FolderListings folders { reader, time };
     DynamicMenuProvider lists;
     fakes::FakeListedFolders listedFolders;
-    SubmenuSources sources { folders, lists, listedFolders, time, nullptr };
-    MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, workspace, resources, text }, sources };
+    fakes::FakeModifierKeys modifierKeys;
+    OpeningKeys openingKeys { modifierKeys };
+    fakes::FakeEntryMenus entryMenus;
+    SubmenuSources sources { folders, lists, listedFolders, time, openingKeys, nullptr };
+    MenuBuilder builder { { preferences, { files, bookmarks }, icons, commands, entryMenus, workspace, resources, text }, sources };
 };
 
 } // namespace zv

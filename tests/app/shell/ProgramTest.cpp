@@ -130,7 +130,10 @@ TEST_F(Program, TheIconComesAndGoesWithThePreferenceInALaterTurn)
     launch();
     EXPECT_EQ(front.statusBar.present, 1);
     for (int round = 2; round <= 3; ++round) {
-        app->delegate().preferences().setShowsStatusItem(false);
+        if (round == 2)
+            app->delegate().preferences().setShowsStatusItem(false);
+        else
+            front.statusBar.latest->onRemoved(); // the user has dragged it out
         EXPECT_EQ(front.statusBar.present, 1);
         machine.time.runTasks();
         EXPECT_EQ(front.statusBar.present, 0);

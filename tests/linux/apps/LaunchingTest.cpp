@@ -1,5 +1,6 @@
 #include "platform/linux/apps/Launching.h"
 
+#include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/session/PosixToolRunner.h"
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/TextFiles.h"
@@ -84,6 +85,16 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     EXPECT_EQ(logText(), "folder\n");
 }
 
+TEST_F(LaunchingInside, AProgramHoldsNothingOfOursAndOutlivesOurTerminal)
+{
+    auto const program = write("who", "#!/bin/sh\necho $(readlink /proc/$$/fd/[0-2]) $(($(cut -d' ' -f6 /proc/$$/stat) == $$)) > " + home("log") + "\n");
+    fs::permissions(program, fs::perms::owner_all);
+    for (auto const& started : { program, write("who.desktop", "[Desktop Entry]\nType=Application\nName=N\nExec=" + program + "\n") }) {
+        EXPECT_TRUE(launchApplication(Url::fromPath(started), ""));
+        EXPECT_EQ(logText(), "/dev/null /dev/null /dev/null 1\n") << started;
+    }
+}
+
 TEST_F(LaunchingInside, AProgramRunsOnceItIsExecutable)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
@@ -137,6 +148,28 @@ TEST_F(LaunchingInside, DocumentsFoldersAndSchemesGoToTheirHandlers)
     EXPECT_EQ(logText(), std::string("started ") + std::getenv("ZV_TEST_HOME") + "\n");
 }
 
+TEST_F(LaunchingInside, FilesHaveTheApplicationsOfTheirTypeAndATrash)
+{
+    auto const document = Url::fromPath(write("c d.txt", "text"));
+    auto const found = applicationsFor(document);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].file.path(), home("applications/handler.desktop")) << "the default one first, and once";
+    EXPECT_EQ(found[1].file.path(), home("applications/a-second.desktop"));
+    EXPECT_TRUE(openFileWith(document, found[1].file, ""));
+    EXPECT_EQ(logText(), "started " + document.path() + "\n");
+    auto const copy = Url::fromPath(home("copy.txt")), moved = Url::fromPath(home("moved.txt")), link = Url::fromPath(home("link.txt"));
+    EXPECT_TRUE(transferFile(document, copy, FileTransfer::copy));
+    EXPECT_FALSE(transferFile(document, copy, FileTransfer::move)) << "nothing is replaced";
+    EXPECT_TRUE(transferFile(copy, moved, FileTransfer::move));
+    EXPECT_TRUE(transferFile(moved, link, FileTransfer::link));
+    EXPECT_FALSE(fs::exists(copy.path()));
+    EXPECT_EQ(tests::readText(link.path()), "text");
+    EXPECT_TRUE(moveToTrash(document));
+    EXPECT_FALSE(fs::exists(document.path()));
+    EXPECT_TRUE(fs::exists(home("Trash/files/c d.txt")));
+    EXPECT_FALSE(moveToTrash(document)) << "it is gone";
+}
+
 TEST(Launching, InAnEnvironmentOfItsOwn)
 {
     TemporaryFolder const folder;
@@ -144,8 +177,10 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     fs::permissions(note, fs::perms::owner_all);
     // Written before the other process first looks: it notices later entries in its own time.
     folder.write("applications/handler.desktop", entryText(folder.path(), "MimeType=text/plain;inode/directory;x-scheme-handler/x-zv;\n"));
+    folder.write("applications/a-second.desktop", entryText(folder.path(), "MimeType=text/plain;\n"));
     folder.write("applications/mimeapps.list",
-        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n");
+        "[Default Applications]\ntext/plain=handler.desktop\ninode/directory=handler.desktop\nx-scheme-handler/x-zv=handler.desktop\n"
+        "[Added Associations]\ntext/plain=a-second.desktop;\n");
     Environment environment { { "HOME", folder.path() }, { "XDG_DATA_HOME", folder.path() }, { "XDG_CONFIG_HOME", folder.path("none") },
         { "XDG_DATA_DIRS", folder.path("none") }, { "XDG_CONFIG_DIRS", folder.path("none") }, { "ZV_TEST_HOME", folder.path() } };
     for (auto const* kept : { "PATH", "ASAN_OPTIONS", "LSAN_OPTIONS" }) {
@@ -155,7 +190,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 6 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 7 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)

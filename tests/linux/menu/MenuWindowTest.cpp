@@ -2,12 +2,15 @@
 
 #include "platform/linux/menu/MenuWindow.h"
 
+#include "app/menu/EntryMenus.h"
 #include "platform/linux/icons/ThemeImage.h"
 #include "platform/linux/menu/MenuStyle.h"
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
@@ -499,6 +502,101 @@ TEST_F(MenuWindowTest, AVeryLongNameLosesItsMiddleNotTheMenuItsShape)
     EXPECT_EQ(window->actions()[1]->text(), QString::fromStdString(name)) << "whole for those who hear it";
     EXPECT_EQ(window->actions()[1]->toolTip(), QString::fromStdString(name));
     EXPECT_EQ(window->drawnText(0), "Short && sweet");
+}
+
+/// Gives every entry a menu with one command, and every entry a folder to open.
+struct OneCommand : EntryMenus {
+    explicit OneCommand(std::function<void()> chosen, std::function<void()> folderOpened)
+        : command(FillingMenu::make({ leaf("Copy", std::move(chosen)) }))
+        , opening(std::make_shared<MenuActionTarget>(std::move(folderOpened)))
+    {
+    }
+    MenuEntry menuOf(MenuEntry const& entry) const override { return branch(entry.title, command); }
+    std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return opening; }
+    std::optional<Url> fileOf(EntrySubject const&) const override { return std::nullopt; }
+    std::optional<Url> folderOf(EntrySubject const&) const override { return folder; }
+    void drop(std::vector<Url> const& files, Url const& where, FileTransfer how) const override
+    {
+        dropped.push_back(files.at(0).path() + " " + std::to_string(static_cast<int>(how)) + " " + where.path());
+    }
+    void addHead(Menu&, EntrySubject const&) const override { }
+    std::optional<Url> folder;
+    mutable std::vector<std::string> dropped;
+    std::shared_ptr<FillingMenu> command;
+    std::shared_ptr<MenuActionTarget> opening;
+};
+
+TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
+{
+    OneCommand const own(note("copied"), note("folder opened"));
+    auto const inner = FillingMenu::make({ leaf("in it") });
+    auto file = leaf("File", note("chosen"));
+    auto folder = branch("Folder", inner);
+    file.subject.menus = folder.subject.menus = &own;
+    auto const click = [this](QEvent::Type type, Qt::MouseButton button, int entry) {
+        auto const at = QPointF(window->actionGeometry(window->actions()[entry]).center());
+        QMouseEvent event(type, at, window->mapToGlobal(at), button, button, {});
+        QApplication::sendEvent(window.get(), &event);
+    };
+    auto const chooseInTop = [this] {
+        EXPECT_NE(QApplication::activePopupWidget(), window.get()) << "its menu is open";
+        if (!static_cast<QMenu*>(QApplication::activePopupWidget())->activeAction())
+            press(Qt::Key_Down);
+        press(Qt::Key_Return);
+    };
+    struct Row {
+        std::function<void()> act;
+        char const* expected;
+    };
+    Row const rows[] = {
+        { [&] { click(QEvent::MouseButtonPress, Qt::RightButton, 0), chooseInTop(); }, "copied" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_Menu), chooseInTop(); }, "copied" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_F10, {}, Qt::ShiftModifier), chooseInTop(); }, "copied" },
+        { [&] { click(QEvent::MouseButtonDblClick, Qt::LeftButton, 1); }, "folder opened" },
+        { [&] { press(Qt::Key_Up), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
+        { [&] { press(Qt::Key_Down), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "chosen" },
+    };
+    for (auto const& row : rows) {
+        done.clear();
+        open({ file, folder });
+        row.act();
+        EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
+        EXPECT_FALSE(window->isVisible());
+    }
+}
+
+TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)
+{
+    OneCommand own([] {}, [] {});
+    own.folder = Url::fromPath("/Folder");
+    auto file = leaf("File");
+    auto folder = branch("Folder", FillingMenu::make({}));
+    folder.subject.menus = &own;
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile("/a b.txt") });
+    struct Row {
+        int entry;
+        Qt::KeyboardModifiers held;
+        std::vector<std::string> expected;
+    };
+    Row const rows[] = {
+        { 0, {}, {} },
+        { 1, {}, { "/a b.txt 0 /Folder" } },
+        { 1, Qt::ControlModifier, { "/a b.txt 1 /Folder" } },
+        { 1, Qt::ControlModifier | Qt::ShiftModifier, { "/a b.txt 2 /Folder" } },
+    };
+    for (auto const& row : rows) {
+        own.dropped.clear();
+        open({ file, folder });
+        auto const at = QPointF(window->actionGeometry(window->actions()[row.entry]).center());
+        QDragMoveEvent over(at.toPoint(), Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &over);
+        EXPECT_EQ(over.isAccepted(), row.entry == 1);
+        QDropEvent drop(at, Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &drop);
+        EXPECT_EQ(own.dropped, row.expected);
+        window->close();
+    }
 }
 
 } // namespace

@@ -77,6 +77,18 @@ TEST(DesktopCommands, ThePanelAboutTheComputerGoesByItsVersion)
     EXPECT_EQ(programs->started, std::vector<std::string> { "gnome-control-center about" });
 }
 
+TEST(DesktopCommands, ATerminalOpensInTheFolder)
+{
+    std::pair<Desktop, std::set<std::string>> const rows[] = { { Desktop::kde, { "env", "konsole", "xterm" } }, { Desktop::xfce, { "env", "konsole" } } };
+    char const* const started[] = { "env --chdir=/a b konsole", "" };
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        auto const programs = std::make_shared<tests::FakePrograms>();
+        programs->installed = rows[i].second;
+        (void)LinuxDesktopCommands::openTerminal(Url::fromPath("/a b"), { {}, rows[i].first, programs, {} });
+        EXPECT_EQ(programs->started.empty() ? "" : programs->started.front(), started[i]) << "another desktop's own is not this one's";
+    }
+}
+
 TEST(DesktopCommands, WithoutAHomePageTheFixedOneIsOpened)
 {
     tests::TemporaryFolder const folder;

@@ -129,17 +129,20 @@ TEST_F(X11ClientWindowsTest, BringTheTopmostWindowOfAnApplicationToTheFront)
     applications.activate("class:XTerm");
     applications.activate("late.desktop");
     applications.activate("class:Gone");
+    applications.quit("class:XTerm");
     time.runTasks();
     client->sync();
     manager.sync();
 
-    auto* const event = xcb_poll_for_event(manager.xcb());
-    ASSERT_TRUE(event);
-    auto const& message = *reinterpret_cast<xcb_client_message_event_t const*>(event);
-    EXPECT_EQ(message.response_type & 0x7F, XCB_CLIENT_MESSAGE);
-    EXPECT_EQ(message.type, atom("_NET_ACTIVE_WINDOW"));
-    EXPECT_EQ(message.window, upper);
-    std::free(event);
+    std::pair<char const*, xcb_window_t> const asked[] = { { "_NET_ACTIVE_WINDOW", upper }, { "_NET_CLOSE_WINDOW", lower }, { "_NET_CLOSE_WINDOW", upper } };
+    for (auto const& [name, window] : asked) {
+        std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> const event(xcb_poll_for_event(manager.xcb()), &std::free);
+        ASSERT_TRUE(event) << name;
+        auto const& message = reinterpret_cast<xcb_client_message_event_t const&>(*event);
+        EXPECT_EQ(message.response_type & 0x7F, XCB_CLIENT_MESSAGE);
+        EXPECT_EQ(message.type, atom(name));
+        EXPECT_EQ(message.window, window);
+    }
     EXPECT_EQ(launched, (std::vector<std::string> { "late.desktop" })) << "one that has ended meanwhile is started";
 
     RunningApplications::List list;

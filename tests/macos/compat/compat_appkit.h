@@ -64,6 +64,10 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p;
 - (NSApplicationActivationPolicy)activationPolicy;
 @end
+@interface NSAlert (CompatMac)
+- (void)layout;
+- (void)beginSheetModalForWindow:(NSWindow *)w completionHandler:(void (^)(NSModalResponse))h;
+@end
 @interface NSMenu (CompatMac)
 - (void)removeAllItems;
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem *)i atLocation:(NSPoint)p inView:(NSView *)v;
@@ -71,8 +75,12 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSMenuItem (CompatMac)
 @property (nonatomic, copy) NSString *identifier;
 @end
+typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemovalAllowed = 1 << 1 };
 @interface NSStatusItem (CompatMac)
 @property (readonly) NSStatusBarButton *button;
+@property (copy) NSString *autosaveName;
+@property NSStatusItemBehavior behavior;
+@property (getter=isVisible) BOOL visible;
 @end
 @interface NSWindow (CompatMac)
 - (void)setAnimationBehavior:(NSInteger)b;
@@ -111,6 +119,10 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @interface NSWorkspace (CompatMac)
 - (void)openApplicationAtURL:(NSURL *)u configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
 - (void)activateFileViewerSelectingURLs:(NSArray *)u;
+- (void)openURLs:(NSArray *)u withApplicationAtURL:(NSURL *)a configuration:(NSWorkspaceOpenConfiguration *)c completionHandler:(void (^)(NSRunningApplication *, NSError *))h;
+- (void)recycleURLs:(NSArray *)u completionHandler:(void (^)(NSDictionary *, NSError *))h;
+- (NSURL *)URLForApplicationToOpenURL:(NSURL *)u;
+- (NSArray *)URLsForApplicationsToOpenURL:(NSURL *)u;
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)i;
 - (NSImage *)iconForContentType:(UTType *)t;
 @end
@@ -136,6 +148,7 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @end
 @interface NSImageSymbolConfiguration : NSObject
 + (instancetype)configurationWithPointSize:(CGFloat)s weight:(NSFontWeight)w;
++ (instancetype)configurationPreferringMulticolor;
 @end
 @interface NSImage (CompatMac)
 + (instancetype)imageWithSystemSymbolName:(NSString *)n accessibilityDescription:(NSString *)d;

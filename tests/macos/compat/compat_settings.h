@@ -7,6 +7,7 @@
 @property (readonly, strong) NSLayoutDimension *widthAnchor, *heightAnchor;
 - (void)setAccessibilityLabel:(NSString *)s;
 - (void)setAccessibilityHelp:(NSString *)s;
+- (void)setAccessibilityValue:(id)v;
 - (void)setIdentifier:(NSString *)s;
 @end
 typedef NS_ENUM(NSInteger, NSStackViewGravity) { NSStackViewGravityLeading = 1 };
@@ -31,7 +32,7 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) { NSStackViewDistributionFil
 @interface NSEvent (CompatSettings)
 - (NSString *)charactersByApplyingModifiers:(NSEventModifierFlags)m;
 @end
-@interface NSTableCellView : NSView
+@interface NSTableCellView : NSView { NSTextField *_textField; NSImageView *_imageView; }
 @property (strong) NSTextField *textField;
 @property (strong) NSImageView *imageView;
 @end

@@ -81,16 +81,6 @@ int renamex_np(char const* from, char const* to, unsigned) { return std::rename(
     return [self createDirectoryAtPath:path withIntermediateDirectories:NO attributes:nil error:error] ? [NSURL fileURLWithPath:path] : nil;
 }
 @end
-/* base 1.28 has a main queue that runs off the main thread. */
-@interface NSNotificationCenter (CompatCommand)
-- (id)compat_addObserverForName:(NSString*)name object:(id)object queue:(NSOperationQueue*)queue usingBlock:(void (^)(NSNotification*))block;
-@end
-@implementation NSNotificationCenter (CompatCommand)
-- (id)compat_addObserverForName:(NSString*)name object:(id)object queue:(NSOperationQueue*)queue usingBlock:(void (^)(NSNotification*))block
-{
-    return [self compat_addObserverForName:name object:object queue:nil usingBlock:block];
-}
-@end
 static void swapIn(Class owner, SEL given, SEL own) { method_exchangeImplementations(class_getInstanceMethod(owner, given), class_getInstanceMethod(owner, own)); }
 @interface CommandInstall : NSObject
 @end
@@ -101,8 +91,6 @@ static void swapIn(Class owner, SEL given, SEL own) { method_exchangeImplementat
         swapIn([NSMetadataQuery class], @selector(startQuery), @selector(compat_startQuery));
         swapIn([NSMetadataQuery class], @selector(stopQuery), @selector(compat_stopQuery));
         swapIn([NSMetadataQuery class], @selector(resultCount), @selector(compat_resultCount));
-        swapIn([NSNotificationCenter class], @selector(addObserverForName:object:queue:usingBlock:),
-            @selector(compat_addObserverForName:object:queue:usingBlock:));
         swapIn([NSFileManager class], @selector(URLForDirectory:inDomain:appropriateForURL:create:error:),
             @selector(compat_URLForDirectory:inDomain:appropriateForURL:create:error:));
     }

@@ -16,6 +16,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p { sideSet(self, 1, [NSNumber numberWithInteger:p]); return YES; }
 - (NSApplicationActivationPolicy)activationPolicy { return [sideGet(self, 1) integerValue]; }
 @end
+@implementation NSAlert (CompatMac)
+- (void)layout { }
+@end
 @implementation NSMenu (CompatMac)
 - (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }
 @end
@@ -123,7 +126,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 @end
 @implementation NSPasteboard (CompatMac)
 - (NSInteger)clearContents { return [self declareTypes:[NSArray array] owner:nil]; }
+- (NSArray *)pasteboardItems { return sideGet(self, 1); }
 - (BOOL)writeObjects:(NSArray *)o {
+  if ([[o objectAtIndex:0] isKindOfClass:[NSPasteboardItem class]]) { sideSet(self, 1, o); return YES; }
   NSMutableArray *paths = [NSMutableArray array];
   for (id x in o) if ([x isKindOfClass:[NSURL class]]) [paths addObject:[x path]];
   if ([paths count]) { [self declareTypes:[NSArray arrayWithObject:NSFilenamesPboardType] owner:nil]; return [self setPropertyList:paths forType:NSFilenamesPboardType]; }
@@ -203,6 +208,16 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   busy->pop_back();
 }
 @end
+/* base 1.28 has a main queue that runs off the main thread. */
+@interface NSNotificationCenter (CompatQueue)
+- (id)compat_addObserverForName:(NSString*)name object:(id)object queue:(NSOperationQueue*)queue usingBlock:(void (^)(NSNotification*))block;
+@end
+@implementation NSNotificationCenter (CompatQueue)
+- (id)compat_addObserverForName:(NSString*)name object:(id)object queue:(NSOperationQueue*)queue usingBlock:(void (^)(NSNotification*))block
+{
+    return [self compat_addObserverForName:name object:object queue:nil usingBlock:block];
+}
+@end
 @interface CompatInstall : NSObject
 @end
 @implementation CompatInstall
@@ -213,6 +228,7 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
   swap([NSBundle class], @selector(bundleIdentifier), @selector(compat_bundleIdentifier));
   swap([NSBundle class], @selector(infoDictionary), @selector(compat_infoDictionary));
   swap([NSMenu class], @selector(update), @selector(compat_update));
+  swap([NSNotificationCenter class], @selector(addObserverForName:object:queue:usingBlock:), @selector(compat_addObserverForName:object:queue:usingBlock:));
   swap([NSURL class], @selector(getResourceValue:forKey:error:), @selector(compat_getResourceValue:forKey:error:));
 } }
 @end

@@ -1,11 +1,12 @@
 /// The front end's own files at work, as far as another implementation of the system's
-/// interfaces can carry them. Prints its steps; a wrong outcome ends it with a sentence.
+/// interfaces can carry them.
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/compose/MainMenu.h"
 #import "platform/macos/menu/MenuMirror.h"
 #import "platform/macos/program/MessagePortServer.h"
 #import "platform/macos/program/ServicesProvider.h"
+#import "tests/macos/run/steps.h"
 
 #include "app/menu/MenuKeyEquivalent.h"
 #include "app/settings/ApplicationFolders.h"
@@ -13,8 +14,6 @@
 #include "platform/text/Text.h"
 #include "platform/text/PropertyListFormat.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -22,21 +21,6 @@
 using namespace zv;
 
 namespace {
-
-void expect(bool holds, char const* what)
-{
-    std::printf("%s: %s\n", holds ? "ok" : "WRONG", what);
-    std::fflush(stdout);
-    if (!holds)
-        std::exit(1);
-}
-
-void runLoopFor(double seconds)
-{
-    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:seconds];
-    while ([end timeIntervalSinceNow] > 0)
-        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.02]];
-}
 
 class Filler : public MenuDelegate {
 public:
@@ -100,20 +84,6 @@ struct Menus {
         return { open, MenuEntry::separator(), titled, MenuEntry::disabled("Cannot"), folder, group };
     }
 };
-
-NSEvent* pressOf(NSString* key, NSUInteger modifiers)
-{
-    return [NSEvent keyEventWithType:NSKeyDown
-                            location:NSZeroPoint
-                       modifierFlags:modifiers
-                           timestamp:0
-                        windowNumber:0
-                             context:nil
-                          characters:key
-         charactersIgnoringModifiers:key
-                           isARepeat:NO
-                             keyCode:14];
-}
 
 void choose(NSMenuItem* item) { [NSApp sendAction:[item action] to:[item target] from:item]; }
 
