@@ -129,4 +129,6 @@ std::unique_ptr<ModifierKeys> makeModifierKeys() { return std::make_unique<MacMo
 
 std::unique_ptr<Alerts> makeAlerts() { return std::make_unique<MacAlerts>(AlertStands::alone); }
 
+std::unique_ptr<Alerts> makeSheets() { return std::make_unique<MacAlerts>(AlertStands::onWindow); }
+
 } // namespace zv
