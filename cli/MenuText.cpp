@@ -93,6 +93,8 @@ Json entryAsJson(MenuEntry const& entry)
     addText(json, "toolTip", entry.toolTip);
     addText(json, "keyEquivalent", keyEquivalentText(entry));
     addText(json, "hint", hintOf(entry));
+    if (entry.attributedTitle && entry.attributedTitle->hintIsItalic)
+        json["hintIsItalic"] = true;
     addText(json, "identifier", entry.identifier);
     addText(json, "icon", entry.image ? entry.image->name() : std::string());
     if (entry.submenu)

@@ -13,7 +13,7 @@ FolderShortcuts shortcutsOf(std::vector<DynamicEntry> const& entries)
 {
     FolderShortcuts shortcuts;
     for (auto const& entry : entries) {
-        if (!entry.isSeparator && entry.hotkey && entry.fileURL)
+        if (!entry.isSeparator && entry.hotkey && !entry.hotkeyDoubt && entry.fileURL)
             shortcuts.emplace(*entry.fileURL, *entry.hotkey);
     }
     return shortcuts;
@@ -87,6 +87,16 @@ void FileHotkeys::install(ShortcutsByFolder prescanned)
     for (auto& [folderPath, shortcuts] : prescanned)
         replace(folderPath, std::move(shortcuts));
     installUnion();
+}
+
+void FileHotkeys::forget(Url const& file)
+{
+    assertMainThread();
+    std::size_t forgotten = 0;
+    for (auto& [folderPath, shortcuts] : m_byFolder)
+        forgotten += shortcuts.erase(file);
+    if (forgotten > 0)
+        installUnion();
 }
 
 void FileHotkeys::prescan(std::vector<Url> roots, std::int64_t depth, HiddenFiles hiddenFiles)

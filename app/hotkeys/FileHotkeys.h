@@ -38,6 +38,8 @@ public:
     void folderListed(Url const& folder, std::vector<DynamicEntry> const& withHotkeys) override;
     /// Merges a pre-scan's result over the known shortcuts; an empty one installs nothing.
     void install(ShortcutsByFolder prescanned);
+    /// Lets go of the file's shortcut, after it was renamed.
+    void forget(Url const& file);
     /// Scans the folders off the main thread and installs the shortcuts found. A running scan goes
     /// on; the last result to arrive wins.
     void prescan(std::vector<Url> roots, std::int64_t depth, HiddenFiles hiddenFiles);

@@ -76,14 +76,16 @@ private:
         }
     }
 
-    static void collect(Url const& folder, std::string_view name, FolderShortcuts& shortcuts)
+    void collect(Url const& folder, std::string_view name, FolderShortcuts& shortcuts) const
     {
         // Few names have the mark, and parsing costs more than the listing.
         if (name.find("-*[") == std::string_view::npos)
             return;
         FinderPopName const parsed(name);
-        if (parsed.hotkey)
-            shortcuts.emplace(folder.appending(name), *parsed.hotkey);
+        if (!parsed.hotkey)
+            return;
+        if (auto const file = folder.appending(name); !m_reader.doubtAbout(file))
+            shortcuts.emplace(file, *parsed.hotkey);
     }
 
     FolderReader const& m_reader;

@@ -7,10 +7,21 @@ namespace zv {
 
 namespace {
 
+/// The lists show no shortcut as in use that the file's own folder would not.
+RecentItemsProvider::EntryForFile entryMaker(ListServices const& services)
+{
+    return [&files = services.files, reader = services.folders.reader()](Url const& url) {
+        auto entry = fileEntry(url, files);
+        if (entry.hotkey)
+            entry.hotkeyDoubt = reader->doubtAbout(url);
+        return entry;
+    };
+}
+
 /// State shared by the four lists.
 struct RecentItems {
     explicit RecentItems(ListServices const& services)
-        : provider(services.seams.recentFiles, [&files = services.files](Url const& url) { return fileEntry(url, files); })
+        : provider(services.seams.recentFiles, entryMaker(services))
         , cache(provider, services.preferences, services.clock)
     {
     }

@@ -2,6 +2,7 @@
 
 #include "app/model/KeyEquivalentSpec.h"
 #include "base/Url.h"
+#include "platform/files/FolderReader.h"
 
 #include <optional>
 #include <string>
@@ -27,6 +28,7 @@ struct DynamicEntry {
     std::optional<std::string> unavailabilityReason;
     bool isSeparator = false;
     std::optional<KeyEquivalentSpec> hotkey; ///< from the file's name
+    std::optional<NameDoubt> hotkeyDoubt {}; ///< why the name is not given that combination
     DynamicEntryAction action = DynamicEntryAction::openURL;
 
     friend bool operator==(DynamicEntry const&, DynamicEntry const&) = default;

@@ -89,15 +89,21 @@ private:
     std::string m_keys;
 };
 
-DynamicEntry entryAt(Url const& folder, FolderContents::Item const& item) { return fileEntry(folder.appending(item.name), namedFile(item)); }
+DynamicEntry entryAt(FolderReader const& reader, Url const& folder, FolderContents::Item const& item)
+{
+    auto entry = fileEntry(folder.appending(item.name), namedFile(item));
+    if (entry.hotkey)
+        entry.hotkeyDoubt = reader.doubtAbout(*entry.fileURL);
+    return entry;
+}
 
-std::vector<DynamicEntry> entriesWithHotkeys(Url const& folder, FolderContents const& contents)
+std::vector<DynamicEntry> entriesWithHotkeys(FolderReader const& reader, Url const& folder, FolderContents const& contents)
 {
     std::vector<DynamicEntry> found;
     for (std::size_t i = 0; i < contents.size(); ++i) {
         if (contents[i].name.find("-*[") == std::string_view::npos)
             continue;
-        auto entry = entryAt(folder, contents[i]);
+        auto entry = entryAt(reader, folder, contents[i]);
         if (entry.hotkey && !entry.isSeparator)
             found.push_back(std::move(entry));
     }
@@ -148,8 +154,8 @@ FolderListing listFolder(FolderReader const& reader, Url const& folder, FolderLi
     listing.totalCount = contents->size();
     listing.entries.reserve(shown.size());
     for (std::size_t const index : shown)
-        listing.entries.push_back(entryAt(folder, (*contents)[index]));
-    listing.withHotkeys = entriesWithHotkeys(folder, *contents);
+        listing.entries.push_back(entryAt(reader, folder, (*contents)[index]));
+    listing.withHotkeys = entriesWithHotkeys(reader, folder, *contents);
     return listing;
 }
 

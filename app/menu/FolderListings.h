@@ -24,6 +24,8 @@ public:
     /// `tasks` outlives this; the reader lives until the last reading has come back.
     FolderListings(std::shared_ptr<FolderReader const> reader, Tasks& tasks);
 
+    /// For work on other threads.
+    [[nodiscard]] std::shared_ptr<FolderReader const> const& reader() const { return m_reader; }
     [[nodiscard]] bool isRemote(Url const& folder) const { return m_reader->isRemote(folder); }
     [[nodiscard]] FolderListing list(Url const& folder, FolderListingOptions const& options) const { return listFolder(*m_reader, folder, options); }
     /// Calls `done` later, or never if the folder never answers. Callers that ask during a listing

@@ -1,5 +1,7 @@
 #include "app/settings/GeneralSettings.h"
 
+#include "app/menu/DisplayText.h"
+#include "app/model/FinderPopName.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -54,6 +56,13 @@ void addNote(SettingsSection& section, std::string id, Problem const& problem)
         section.rows.push_back(note(std::move(id), std::move(*text)));
 }
 
+/// The file's name as it would be without "-*[cmd+E]*".
+std::string nameWithoutShortcut(Url const& file)
+{
+    FinderPopName const name(file.lastPathComponent());
+    return name.orderingPrefix.value_or("") + name.title;
+}
+
 std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 {
     std::vector<SettingsChoice> choices;
@@ -67,6 +76,8 @@ std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 std::vector<SettingsSection> GeneralSettings::sections()
 {
     std::vector<SettingsSection> sections { presence(), login(), menus(), updates(), menuFile() };
+    if (auto held = fileShortcuts(); !held.rows.empty())
+        sections.insert(sections.begin() + 3, std::move(held));
     if (m_services.permissions)
         sections.insert(sections.begin() + 2, permissionSection(*m_services.permissions, m_services.openSettingsPane));
     return sections;
@@ -161,6 +172,28 @@ SettingsSection GeneralSettings::menus()
         [&](std::int64_t value) { preferences.setHotkeyPrescanDepth(value); }));
     addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
     return section;
+}
+
+SettingsSection GeneralSettings::fileShortcuts()
+{
+    SettingsSection section { "Shortcuts in file names", {} };
+    auto const held = m_services.fileShortcuts ? m_services.fileShortcuts() : std::map<Url, std::string>();
+    for (auto const& [file, shortcut] : held) {
+        auto const id = file.toString();
+        section.rows.push_back(note("shortcut " + id, displayText(shortcut + "   " + file.path())));
+        auto remove = button("takeAway " + id, "Take Away", [this, url = file] { takeShortcutAway(url); });
+        remove.help = "Renames the file to “" + displayText(nameWithoutShortcut(file)) + "”.";
+        remove.isIndented = true;
+        section.rows.push_back(std::move(remove));
+    }
+    return section;
+}
+
+void GeneralSettings::takeShortcutAway(Url const& file)
+{
+    auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
+    if (!renamed)
+        m_services.alerts.run({ AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", renamed.error() });
 }
 
 SettingsSection GeneralSettings::updates()

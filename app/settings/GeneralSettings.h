@@ -11,6 +11,7 @@
 #include "platform/desk/Alerts.h"
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,6 +42,9 @@ public:
         std::function<std::optional<std::string>()> saveProblem;
         Permissions const* permissions = nullptr; ///< null where the system asks for none
         std::function<void(std::string_view)> openSettingsPane {};
+        /// The files that hold a combination by their name, with its text; and how to rename one without it.
+        std::function<std::map<Url, std::string>()> fileShortcuts {};
+        std::function<Result<void>(Url const&, Url const& renamed)> rename {};
     };
 
     explicit GeneralSettings(Services services)
@@ -58,6 +62,8 @@ private:
     void addMenuShortcut(SettingsSection& section);
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
+    [[nodiscard]] SettingsSection fileShortcuts();
+    void takeShortcutAway(Url const& file);
     [[nodiscard]] SettingsSection updates();
     [[nodiscard]] SettingsSection menuFile();
     void setOpensAtLogin(bool opens);

@@ -33,7 +33,9 @@ SettingsModels::SettingsModels(Services services)
           .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
           .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
-          .openSettingsPane = m_services.openSettingsPane })
+          .openSettingsPane = m_services.openSettingsPane,
+          .fileShortcuts = [this] { return m_services.hotkeys.registeredFiles(); },
+          .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); } })
     , m_about(aboutText(m_services.system.files.resources))
     , m_place(m_services.system.files.defaults)
 {
@@ -58,6 +60,14 @@ std::optional<std::string> SettingsModels::saveProblem() const
 {
     auto const problem = m_services.store.saveProblem();
     return problem ? std::optional(*problem + ".") : std::nullopt;
+}
+
+Result<void> SettingsModels::rename(Url const& file, Url const& renamed)
+{
+    auto done = m_services.system.files.disk->rename(file, renamed);
+    if (done)
+        m_services.fileWasRenamed(file);
+    return done;
 }
 
 void SettingsModels::readOutline() const

@@ -34,6 +34,7 @@ public:
         KresUpdater& updater;
         MenuIcons& icons;
         std::function<std::optional<std::string>()> overlayProblem; ///< the reason for having no overlay, a sentence; empty when there is one
+        std::function<void(Url const&)> fileWasRenamed; ///< told of a file that has lost its shortcut
         std::function<void()> showReadMe;
         std::function<void(std::string_view)> openSettingsPane;
     };
@@ -73,6 +74,7 @@ public:
 private:
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
+    [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;

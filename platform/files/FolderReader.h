@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,15 @@ enum class HiddenFiles { skipped, included };
 
 enum class FolderReadFailure { notPermitted, notFound, notAFolder, failed };
 
+/// The reason not to give a file the combination that its name asks for.
+enum class NameDoubt {
+    ofAnotherUser,
+    onForeignVolume, ///< remote or removable
+    downloaded, ///< the file carries the mark of a download
+    amongDownloads, ///< it lies below the folder of downloads
+    notInstalled, ///< it would be started, though nobody installed it
+};
+
 /// Reads a folder in one pass, asking about single files only where their directory entry
 /// does not tell what they are. Any thread. Shared, because a reading that hangs may
 /// outlive everything else.
@@ -72,6 +82,8 @@ public:
     /// True when looking into the folder may block: another machine or program answers for
     /// its file system. Finds out without touching that file system.
     [[nodiscard]] virtual bool isRemote(Url const& folder) const = 0;
+    /// Of the file itself, not of a link's target. Nothing where the name may be trusted.
+    [[nodiscard]] virtual std::optional<NameDoubt> doubtAbout(Url const& file) const = 0;
 };
 
 } // namespace zv

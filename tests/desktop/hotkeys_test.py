@@ -150,6 +150,16 @@ class HotkeysTest(unittest.TestCase):
         self.keyboard.press(SUPER, ALT, Y)
         self.expect(["deep"])
 
+    def test_an_open_menu_takes_shortcuts_in_a_layout_without_their_letters(self):
+        self.start()
+        subprocess.run(["setxkbmap", "ru"], check=True)
+        time.sleep(0.3)
+        zv("show", "--at", "100,100")
+        wait_until(windows, 5, "the menu")
+        self.keyboard.press(SUPER, ALT, E)
+        self.expect(["one"])
+        self.assertEqual(windows(), [])
+
     def test_a_german_layout_moves_z(self):
         self.start()
         before = hotkeys()["registrations"][0]["id"]

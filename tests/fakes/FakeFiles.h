@@ -87,6 +87,11 @@ public:
         put(url.path(), { Node::Type::file, {}, bytes });
         return {};
     }
+    Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override
+    {
+        auto const made = createDirectory(url.parent());
+        return made ? write(url, bytes) : made;
+    }
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
         std::vector<std::string> found;
@@ -100,6 +105,16 @@ public:
     Result<void> remove(Url const& url) override
     {
         nodes.erase(url.path());
+        return {};
+    }
+
+    Result<void> rename(Url const& from, Url const& to) override
+    {
+        if (isTaken(to) || !isTaken(from))
+            return Failure { isTaken(to) ? "File exists" : "No such file or directory" };
+        auto node = nodes.extract(from.path());
+        node.key() = to.path();
+        nodes.insert(std::move(node));
         return {};
     }
 

@@ -36,12 +36,19 @@ public:
     }
     bool isRemote(Url const& folder) const override { return remote.contains(folder.path()); }
 
+    std::optional<NameDoubt> doubtAbout(Url const& file) const override
+    {
+        auto const found = doubts.find(file.path());
+        return found == doubts.end() ? std::nullopt : std::optional(found->second);
+    }
+
     static Child folder(std::string name) { return { std::move(name), { true, false } }; }
     static Child package(std::string name) { return { std::move(name), { true, true } }; }
 
     std::map<std::string, std::vector<Child>> folders;
     std::map<std::string, FolderReadFailure> failures;
     std::set<std::string> remote;
+    std::map<std::string, NameDoubt> doubts; ///< by the file's path
     mutable std::map<std::string, int> readings;
 };
 

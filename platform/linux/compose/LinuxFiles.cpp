@@ -3,6 +3,8 @@
 #include "platform/linux/files/LinuxFolderReader.h"
 #include "platform/linux/install/LinuxInstallation.h"
 
+#include <glib.h>
+
 namespace zv {
 
 namespace {
@@ -17,6 +19,16 @@ Places placesOf(ProgramPlaces const& paths, Environment environment)
         .backupsFolder = Url::fromPath(paths.backupsFolder) };
 }
 
+/// The one that the user has chosen, and the usual one. A user without any may have chosen the home folder, which is none.
+std::vector<std::string> downloadFolders(std::string const& home)
+{
+    std::vector<std::string> folders { home + "/Downloads" };
+    auto const* chosen = g_get_user_special_dir(G_USER_DIRECTORY_DOWNLOAD);
+    if (chosen && *chosen && !isAtOrBelow(home, chosen))
+        folders.emplace_back(chosen);
+    return folders;
+}
+
 } // namespace
 
 LinuxFiles::LinuxFiles(Environment environment)
@@ -27,7 +39,8 @@ LinuxFiles::LinuxFiles(Environment environment)
     , m_defaults(m_paths.settingsFile)
     , m_resources(m_paths.resourceFolders())
     , m_disk(std::make_shared<LinuxFileSystem>(MountWatch::systemTable, m_trust))
-    , m_folders(std::make_shared<LinuxFolderReader>(m_audience, MountWatch::systemTable, m_trust))
+    , m_folders(std::make_shared<LinuxFolderReader>(m_audience, MountWatch::systemTable,
+          NameDoubts { .itemsFolder = m_paths.itemsFolder, .downloadFolders = downloadFolders(m_paths.user.home), .trust = m_trust }))
 {
 }
 

@@ -9,6 +9,7 @@
 #include "platform/text/Text.h"
 
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -52,6 +53,18 @@ FileTraits traitsByName(std::string_view name)
     return { isFolder, isPackageFolderName(name) || isApplicationEntryName(name) };
 }
 
+Result<void> writeWhole(Url const& url, std::vector<std::byte> const& bytes, mode_t newMode)
+{
+    if (auto broken = brokenLinkAt(url.path()))
+        return Failure { std::move(*broken) };
+    // Writes to a link's target, so that the link stays.
+    auto const path = followingLink(url.path());
+    auto const status = statusOf(path, Links::followed);
+    if (status && !S_ISREG(status->st_mode))
+        return Failure { S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file" };
+    return replaceFile(path, temporaryBeside(path), bytes, newMode);
+}
+
 } // namespace
 
 LinuxFileSystem::LinuxFileSystem(std::string mountInfoPath, StartTrust trust)
@@ -73,7 +86,10 @@ std::optional<FileTraits> LinuxFileSystem::traits(Url const& url) const
     auto const path = url.path();
     if (m_mounts.isRemote(path))
         return traitsByName(url.lastPathComponent());
+    auto const asked = std::chrono::steady_clock::now();
     auto const status = statusOf(path, Links::followed);
+    if (status)
+        m_mounts.noteAnswer(status->st_dev, std::chrono::steady_clock::now() - asked);
     if (!status)
         return isTaken(url) ? std::optional(FileTraits {}) : std::nullopt;
     auto const name = url.lastPathComponent();
@@ -121,16 +137,15 @@ bool LinuxFileSystem::isWritableDirectory(Url const& url) const
 
 Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { return readWholeFile(url.path(), mostBytesRead); }
 
-Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
+Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes) { return writeWhole(url, bytes, 0666); }
+
+Result<void> LinuxFileSystem::writePrivately(Url const& url, std::vector<std::byte> const& bytes)
 {
-    if (auto broken = brokenLinkAt(url.path()))
-        return Failure { std::move(*broken) };
-    // Writes to a link's target, so that the link stays.
-    auto const path = followingLink(url.path());
-    auto const status = statusOf(path, Links::followed);
-    if (status && !S_ISREG(status->st_mode))
-        return Failure { S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file" };
-    return replaceFile(path, temporaryBeside(path), bytes, 0666);
+    auto const folder = url.parent().path();
+    if (auto made = makeFolders(folder, 0700); !made)
+        return made;
+    (void)::chmod(folder.c_str(), 0700); // one of another owner is as private as that owner wants it
+    return writeWhole(url, bytes, 0600);
 }
 
 Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
@@ -149,6 +164,13 @@ Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
 Result<void> LinuxFileSystem::remove(Url const& url)
 {
     if (std::remove(url.path().c_str()) != 0)
+        return Failure { systemMessage(errno) };
+    return {};
+}
+
+Result<void> LinuxFileSystem::rename(Url const& from, Url const& to)
+{
+    if (::renameat2(AT_FDCWD, from.path().c_str(), AT_FDCWD, to.path().c_str(), RENAME_NOREPLACE) != 0)
         return Failure { systemMessage(errno) };
     return {};
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstring>
 #include <dirent.h>
@@ -108,6 +109,8 @@ public:
         alignas(dirent64) std::array<std::byte, bufferSize> buffer; // filled by each call, then read up to the returned size
         while (true) {
             auto const count = getdents64(m_folder, buffer.data(), buffer.size());
+            if (m_firstAnswer == Time {})
+                m_firstAnswer = std::chrono::steady_clock::now();
             if (count < 0)
                 return Failure { failureOf(errno) };
             if (count == 0)
@@ -115,6 +118,10 @@ public:
             takeAll({ buffer.data(), static_cast<std::size_t>(count) });
         }
     }
+
+    using Time = std::chrono::steady_clock::time_point;
+    /// When the file system had answered for the first time.
+    [[nodiscard]] Time firstAnswer() const { return m_firstAnswer; }
 
 private:
     void takeAll(std::span<std::byte const> records)
@@ -218,26 +225,34 @@ private:
     std::optional<HiddenList> m_hidden; ///< absent where hidden files are shown
     std::array<char, PATH_MAX> m_target;
     FolderContents m_contents;
+    Time m_firstAnswer {};
 };
 
 } // namespace
 
-LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath, StartTrust trust)
+LinuxFolderReader::LinuxFolderReader(DesktopAudience audience, std::string mountInfoPath, NameDoubts doubts)
     : m_audience(std::move(audience))
     , m_mounts(std::move(mountInfoPath))
-    , m_trust(std::move(trust))
+    , m_doubts(std::move(doubts))
 {
 }
 
 Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& folder, HiddenFiles hiddenFiles) const
 {
     auto path = folder.path();
+    auto const asked = std::chrono::steady_clock::now();
     FileDescriptor const open(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!open.isOpen())
         return Failure { failureOf(errno) };
-    return FolderPass(open.get(), std::move(path), hiddenFiles, { m_audience, m_trust, m_mounts }).run();
+    FolderPass pass(open.get(), std::move(path), hiddenFiles, { m_audience, m_doubts.trust, m_mounts });
+    auto contents = pass.run();
+    if (struct stat status { }; ::fstat(open.get(), &status) == 0)
+        m_mounts.noteAnswer(status.st_dev, pass.firstAnswer() - asked);
+    return contents;
 }
 
 bool LinuxFolderReader::isRemote(Url const& folder) const { return m_mounts.isRemote(folder.path()); }
+
+std::optional<NameDoubt> LinuxFolderReader::doubtAbout(Url const& file) const { return m_doubts.about(file.path(), m_mounts.current()->table); }
 
 } // namespace zv

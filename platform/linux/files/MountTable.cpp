@@ -17,6 +17,12 @@ namespace {
 constexpr std::array remoteTypes { "nfs", "nfs4", "cifs", "smb3", "smbfs", "ncpfs", "afs", "ceph", "coda", "9p", "glusterfs", "lustre", "autofs", "davfs",
     "fuse" };
 
+/// Answered from this machine's own devices and memory. What is not here may hang: new types come, and most of them wait for a program.
+constexpr std::array localTypes { "ext2", "ext3", "ext4", "xfs", "btrfs", "zfs", "bcachefs", "f2fs", "jfs", "nilfs2", "reiserfs", "minix", "ufs", "vfat",
+    "msdos", "exfat", "ntfs", "ntfs3", "hfs", "hfsplus", "apfs", "affs", "udf", "iso9660", "squashfs", "erofs", "cramfs", "romfs", "overlay", "overlayfs",
+    "aufs", "ecryptfs", "ubifs", "jffs2", "tmpfs", "ramfs", "rootfs", "devtmpfs", "devpts", "proc", "sysfs", "cgroup", "cgroup2", "mqueue", "hugetlbfs", "bpf",
+    "tracefs", "debugfs", "securityfs", "selinuxfs", "smackfs", "configfs", "pstore", "efivarfs", "fusectl", "binfmt_misc", "nsfs", "rpc_pipefs", "resctrl" };
+
 constexpr int mostLinks = 40; // the kernel's limit
 
 bool isOctal(char c) { return c >= '0' && c <= '7'; }
@@ -48,7 +54,7 @@ std::optional<Mount> mountOfLine(std::string_view line)
     if (fields.size() < 6 || dash - fields.begin() < 6 || fields.end() - dash < 3)
         return std::nullopt;
     bool const isReadOnly = isReadOnlyBy(fields[5]) || (fields.end() - dash > 3 && isReadOnlyBy(dash[3]));
-    return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]), isReadOnly };
+    return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]), isReadOnly, std::string(fields[2]), mayHang(dash[1]) };
 }
 
 std::optional<std::string> linkTarget(std::string const& path)
@@ -95,11 +101,14 @@ private:
 
 } // namespace
 
-MountTable::MountTable(std::string_view mountInfo)
+MountTable::MountTable(std::string_view mountInfo, std::set<std::string> const& slowDevices)
 {
     for (auto const line : split(mountInfo, '\n')) {
-        if (auto mount = mountOfLine(line))
-            m_mounts.push_back(std::move(*mount));
+        auto mount = mountOfLine(line);
+        if (!mount)
+            continue;
+        mount->mayHang = mount->mayHang || slowDevices.contains(mount->device);
+        m_mounts.push_back(std::move(*mount));
     }
 }
 
@@ -124,7 +133,7 @@ MountTable::Fate MountTable::follow(std::string_view path) const
     bool isLink = false;
     while (!walk.isDone()) {
         walk.step();
-        if (auto const* mount = mountOf(walk.place()); mount && isRemoteFileSystem(mount->type))
+        if (auto const* mount = mountOf(walk.place()); mount && mount->mayHang)
             return { Fate::Kind::remote, false, walk.place(), isLink };
         struct stat status { };
         if (lstat(walk.place().c_str(), &status) != 0)
@@ -148,5 +157,7 @@ bool isRemoteFileSystem(std::string_view type)
         return true;
     return std::find(remoteTypes.begin(), remoteTypes.end(), type) != remoteTypes.end();
 }
+
+bool mayHang(std::string_view type) { return std::find(localTypes.begin(), localTypes.end(), type) == localTypes.end(); }
 
 } // namespace zv

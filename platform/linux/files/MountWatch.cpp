@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <mutex>
 #include <poll.h>
+#include <set>
+#include <sys/sysmacros.h>
 #include <time.h>
 #include <utility>
 
@@ -12,12 +15,43 @@ namespace zv {
 
 namespace {
 
+constexpr std::chrono::seconds longestAnswer { 1 };
+
+/// The devices that were slow: a property of the machine, so one for all watches.
+class SlowDevices {
+public:
+    void add(std::string device)
+    {
+        std::lock_guard const lock(m_mutex);
+        m_devices.insert(std::move(device));
+        m_count = m_devices.size();
+    }
+    [[nodiscard]] std::set<std::string> all()
+    {
+        std::lock_guard const lock(m_mutex);
+        return m_devices;
+    }
+    [[nodiscard]] std::size_t count() const { return m_count; }
+
+private:
+    std::mutex m_mutex;
+    std::set<std::string> m_devices;
+    std::atomic<std::size_t> m_count = 0;
+};
+
+SlowDevices& slowDevices()
+{
+    static SlowDevices devices;
+    return devices;
+}
+
 std::shared_ptr<MountWatch::Snapshot const> readSnapshot(std::string const& path)
 {
-    MountTable table(readTextFile(path).value_or(""));
+    auto const slow = slowDevices().all();
+    MountTable table(readTextFile(path).value_or(""), slow);
     auto const& mounts = table.mounts();
-    bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return isRemoteFileSystem(mount.type); });
-    return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote });
+    bool const hasRemote = std::any_of(mounts.begin(), mounts.end(), [](Mount const& mount) { return mount.mayHang; });
+    return std::make_shared<MountWatch::Snapshot const>(MountWatch::Snapshot { std::move(table), hasRemote, slow.size() });
 }
 
 /// The tick of the coarse kernel clock, some milliseconds long, which costs next to nothing to read.
@@ -40,7 +74,7 @@ std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
 {
     bool const isOutdated = hasChanged(); // asked before reading, so that a change during it is seen the next time
     auto snapshot = m_snapshot.load();
-    if (snapshot && !isOutdated)
+    if (snapshot && !isOutdated && snapshot->slowCount == slowDevices().count())
         return snapshot;
     snapshot = readSnapshot(m_path);
     m_snapshot.store(snapshot);
@@ -51,6 +85,16 @@ bool MountWatch::isRemote(std::string_view path)
 {
     auto const mounts = current();
     return mounts->hasRemote && mounts->table.follow(path).kind == MountTable::Fate::Kind::remote;
+}
+
+void MountWatch::noteAnswer(dev_t device, std::chrono::steady_clock::duration took)
+{
+    if (took < longestAnswer)
+        return;
+    auto name = std::to_string(major(device)) + ":" + std::to_string(minor(device));
+    auto const* root = current()->table.mountOf("/");
+    if (!root || root->device != name)
+        slowDevices().add(std::move(name));
 }
 
 bool MountWatch::hasChanged()

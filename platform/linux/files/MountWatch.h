@@ -4,10 +4,13 @@
 #include "platform/linux/posix/FileDescriptor.h"
 
 #include <atomic>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 
 namespace zv {
 
@@ -17,7 +20,8 @@ class MountWatch {
 public:
     struct Snapshot {
         MountTable table;
-        bool hasRemote; ///< some mount is remote; without one no path needs checking
+        bool hasRemote; ///< some mount may hang; without one no path needs checking
+        std::size_t slowCount; ///< how many devices were known to be slow
     };
 
     static constexpr char const* systemTable = "/proc/self/mountinfo";
@@ -25,8 +29,11 @@ public:
     explicit MountWatch(std::string mountInfoPath = systemTable);
 
     [[nodiscard]] std::shared_ptr<Snapshot const> current();
-    /// Whether the path, links followed, leads onto a remote file system. Does not access that.
+    /// Whether the path, links followed, leads onto a file system that may hang. Does not access that.
     [[nodiscard]] bool isRemote(std::string_view path);
+    /// Notes how long a file system took to answer: after a second it counts as one that may hang, for every
+    /// watch, as long as this program runs. The root's never does: without it nothing works.
+    void noteAnswer(dev_t device, std::chrono::steady_clock::duration took);
 
 private:
     [[nodiscard]] bool hasChanged();

@@ -139,7 +139,7 @@ FileIconNames iconNamesOfFile(std::string const& path, MountTable const& mounts,
 {
     if (auto const icon = volumeIcon(path, mounts))
         return *icon;
-    if (auto const* mount = mounts.mountOf(path); mount && isRemoteFileSystem(mount->type))
+    if (auto const* mount = mounts.mountOf(path); mount && mount->mayHang)
         return guessedIcon(path, "folder-remote");
 
     auto const fate = mounts.follow(path);

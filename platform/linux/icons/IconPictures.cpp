@@ -32,16 +32,6 @@ std::vector<qreal> screenScales()
     return scales;
 }
 
-QIcon sourceOf(FileIconNames const& names)
-{
-    if (!names.imageFile.empty()) {
-        if (QIcon icon(QString::fromStdString(names.imageFile)); !icon.pixmap(menuIconSize).isNull())
-            return icon;
-    }
-    auto const name = firstThemeName(names);
-    return name.isEmpty() ? QIcon() : QIcon::fromTheme(name);
-}
-
 /// Draws the picture in the middle of the box, shrunk to fit.
 void drawFitted(QPainter& painter, QPixmap const& source, QRectF const& box)
 {
@@ -96,6 +86,35 @@ QString firstThemeName(FileIconNames const& names)
             return themed;
     }
     return {};
+}
+
+IconPictures::IconPictures(Tasks& tasks, Timers& timers)
+    : m_files(std::make_unique<PictureFiles>(tasks, timers, [this](std::string const& path) { pictureWasRead(path); }))
+{
+}
+
+QIcon IconPictures::sourceOf(FileIconNames const& names)
+{
+    if (auto const image = names.imageFile.empty() || !m_files ? QImage() : m_files->picture(names.imageFile); !image.isNull())
+        return QPixmap::fromImage(image);
+    auto const name = firstThemeName(names);
+    if (name.isEmpty() || !m_files)
+        return QIcon();
+    for (auto const& file : m_userThemes.filesOf(name.toStdString())) {
+        if (!m_files->isQuick(file))
+            return QPixmap::fromImage(m_files->picture(file));
+    }
+    return QIcon::fromTheme(name);
+}
+
+/// What was drawn without the picture is drawn again at the next opening.
+void IconPictures::pictureWasRead(std::string const& path)
+{
+    for (auto const& [key, look] : m_looks) {
+        bool const isThemed = look->names.imageFile.empty();
+        if (isThemed || look->names.imageFile == path)
+            look->drawnFor = -1;
+    }
 }
 
 std::shared_ptr<IconLook> IconPictures::known(std::string const& path) const

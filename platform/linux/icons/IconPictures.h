@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/linux/icons/FileIconNames.h"
+#include "platform/linux/icons/PictureFiles.h"
+#include "platform/linux/icons/UserThemes.h"
 
 #include <QHash>
 #include <QIcon>
@@ -25,6 +27,11 @@ struct IconLook {
 /// thread only.
 class IconPictures {
 public:
+    /// Both references outlive the use of pictures: stopReading() ends it.
+    IconPictures(Tasks& tasks, Timers& timers);
+    /// Files are not read any more; what was drawn stays.
+    void stopReading() { m_files.reset(); }
+
     /// Null when the file was not examined yet.
     [[nodiscard]] std::shared_ptr<IconLook> known(std::string const& path) const;
     std::shared_ptr<IconLook> remember(std::string const& path, FileIconNames names);
@@ -37,7 +44,11 @@ public:
 private:
     void followThemeAndScreens();
     void forgetDrawn();
+    void pictureWasRead(std::string const& path);
+    [[nodiscard]] QIcon sourceOf(FileIconNames const& names);
 
+    std::unique_ptr<PictureFiles> m_files;
+    UserThemes m_userThemes;
     std::unordered_map<std::string, std::shared_ptr<IconLook>> m_known;
     std::unordered_map<std::string, std::shared_ptr<IconLook>> m_looks; ///< by all fields of their names
     std::size_t m_drawnCount = 0;

@@ -1,5 +1,6 @@
 #include "platform/linux/icons/IconTheme.h"
 
+#include "platform/linux/files/MountWatch.h"
 #include "platform/linux/posix/GObjects.h"
 #include "platform/linux/x11/XReply.h"
 
@@ -91,12 +92,20 @@ std::string storedInGSettings()
     return taken(g_settings_get_string(settings.get(), "icon-theme"));
 }
 
+/// A theme on a server that is away would hold up every menu.
+QStringList localFolders(QStringList folders)
+{
+    MountWatch mounts;
+    folders.removeIf([&](QString const& folder) { return mounts.isRemote(folder.toStdString()); });
+    return folders;
+}
+
 bool isInstalled(QString const& theme, QStringList const& folders)
 {
     if (theme.isEmpty() || theme.contains(QLatin1Char('/')))
         return false;
     return std::any_of(folders.begin(), folders.end(),
-        [&](QString const& folder) { return QFileInfo::exists(folder + QLatin1Char('/') + theme + QStringLiteral("/index.theme")); });
+        [&](QString const& folder) { return QFileInfo(folder + QLatin1Char('/') + theme + QStringLiteral("/index.theme")).isFile(); });
 }
 
 } // namespace
@@ -147,8 +156,9 @@ QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folder
 
 void adoptDesktopIconTheme(std::string const& configFolder)
 {
+    auto const folders = localFolders(QIcon::themeSearchPaths());
+    QIcon::setThemeSearchPaths(folders);
     auto const current = QIcon::themeName();
-    auto const folders = QIcon::themeSearchPaths();
     if (current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

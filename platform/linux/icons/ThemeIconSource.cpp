@@ -94,11 +94,11 @@ ThemeIconSource::ThemeIconSource(Tasks& tasks, Timers& timers, StartTrust trust)
     : m_tasks(tasks)
     , m_timers(timers)
     , m_files(new FileLooks { .mounts = MountWatch(), .trust = std::move(trust) })
-    , m_pictures(std::make_shared<IconPictures>())
+    , m_pictures(std::make_shared<IconPictures>(tasks, timers))
 {
 }
 
-ThemeIconSource::~ThemeIconSource() = default;
+ThemeIconSource::~ThemeIconSource() { m_pictures->stopReading(); }
 
 ImageRef ThemeIconSource::fileIcon(Url const& file)
 {

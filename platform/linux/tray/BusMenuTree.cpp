@@ -51,7 +51,8 @@ QVariantMap propertiesOf(MenuEntry const& entry, bool hasSubmenu)
         properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
         properties.insert(QStringLiteral("toggle-state"), 1);
     }
-    if (auto const keys = columnKeysOf(entry); !keys.isEmpty())
+    bool const isInUse = !entry.attributedTitle || !entry.attributedTitle->hintIsItalic; // the bus knows no italics
+    if (auto const keys = columnKeysOf(entry); isInUse && !keys.isEmpty())
         properties.insert(QStringLiteral("shortcut"), QVariant::fromValue(QList<QStringList> { keys.busNames() }));
     addIcon(properties, entry.image);
     return properties;

@@ -86,7 +86,7 @@ std::unique_ptr<DesktopCommands> makeDesktopCommands();
 std::unique_ptr<FilePanels> makeFilePanels();
 std::shared_ptr<FileSystem> makeFileSystem();
 std::shared_ptr<FolderReader const> makeFolderReader();
-std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking);
+std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking, Timers& timers);
 std::unique_ptr<IconSource> makeIconSource();
 /// Calls `giveWay` when a copy of the program is about to take over.
 std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay);

@@ -47,7 +47,7 @@ private:
     std::unique_ptr<TextMeasure> m_text = makeTextMeasure();
     std::unique_ptr<IconSource> m_icons = makeIconSource();
 
-    std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking);
+    std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking, m_system.timers());
     std::unique_ptr<KeyboardLayoutSource> m_keyboardLayout = makeKeyboardLayoutSource();
     std::unique_ptr<MacStatusBar> m_statusBar = makeStatusBar(m_menuTracking);
     std::unique_ptr<MenuHost> m_menuHost = makeMenuHost(m_menuTracking);

@@ -7,6 +7,8 @@
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
 
+#include <sys/stat.h>
+
 namespace zv {
 
 namespace {
@@ -26,6 +28,14 @@ ImageRef menuSized(NSImage* source, std::string name)
     return image ? std::make_shared<MacImage>(image, std::move(name)) : nullptr;
 }
 
+/// Pipes would hold up the menu for ever, large pictures for long.
+bool isSmallFile(std::string const& path)
+{
+    constexpr off_t mostBytes = 1 << 20;
+    struct stat status { };
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_size <= mostBytes;
+}
+
 /// The older preference panes name their picture themselves (Preference Pane Programming Guide, "NSPrefPaneIconFile").
 NSImage* iconOfPreferencePane(NSString* path)
 {
@@ -34,7 +44,7 @@ NSImage* iconOfPreferencePane(NSString* path)
     NSBundle* const pane = [NSBundle bundleWithPath:path];
     id const file = [pane objectForInfoDictionaryKey:@"NSPrefPaneIconFile"];
     NSString* const icon = [file isKindOfClass:[NSString class]] ? [pane pathForImageResource:file] : nil;
-    return icon ? [[NSImage alloc] initWithContentsOfFile:icon] : nil;
+    return icon && isSmallFile(fromNSString(icon)) ? [[NSImage alloc] initWithContentsOfFile:icon] : nil;
 }
 
 /// Nil when the system has no picture of this model.

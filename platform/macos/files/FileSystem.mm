@@ -2,6 +2,8 @@
 #include "platform/macos/cocoa/Factories.h"
 #import "platform/macos/files/LinkTargets.h"
 
+#include <sys/stat.h>
+
 namespace zv {
 
 namespace {
@@ -81,6 +83,17 @@ public:
         return resultOf(written, error);
     }
 
+    Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override
+    {
+        if (auto made = createDirectory(url.parent()); !made)
+            return made;
+        ::chmod([pathOf(url.parent()) fileSystemRepresentation], 0700); // the folder keeps others out from the start
+        auto written = write(url, bytes);
+        if (written)
+            ::chmod([pathOf(url) fileSystemRepresentation], 0600);
+        return written;
+    }
+
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
         NSError* error = nil;
@@ -98,6 +111,13 @@ public:
         NSError* error = nil;
         BOOL const removed = [m_files removeItemAtURL:toNSURL(url) error:&error];
         return resultOf(removed, error);
+    }
+
+    Result<void> rename(Url const& from, Url const& to) override
+    {
+        NSError* error = nil;
+        BOOL const renamed = [m_files moveItemAtURL:toNSURL(from) toURL:toNSURL(to) error:&error];
+        return resultOf(renamed, error);
     }
 
 private:

@@ -1,6 +1,11 @@
 #import "platform/macos/cocoa/Conversions.h"
 #include "platform/macos/cocoa/Factories.h"
 #import "platform/macos/files/LinkTargets.h"
+#import "platform/macos/files/ProgramFolders.h"
+#import "platform/macos/files/Quarantine.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace zv {
 
@@ -52,7 +57,22 @@ public:
 
     bool isRemote(Url const& folder) const override { return leadsToRemoteVolume(folder.path()); }
 
+    /// What is not to start unasked is the system's concern, which asks by itself.
+    std::optional<NameDoubt> doubtAbout(Url const& file) const override
+    {
+        auto const path = file.path();
+        if (leadsToRemoteVolume(file.parent().path()) || liesOnRemovableVolume(toNSURL(file.parent())))
+            return NameDoubt::onForeignVolume;
+        struct stat status { };
+        if (lstat(path.c_str(), &status) != 0 || status.st_uid != geteuid())
+            return NameDoubt::ofAnotherUser;
+        bool const isAnItem = file.parent() == itemsFolder();
+        return !isAnItem && wasDownloaded(path) ? std::optional(NameDoubt::downloaded) : std::nullopt;
+    }
+
 private:
+    static bool liesOnRemovableVolume(NSURL* folder) { return flag(folder, NSURLVolumeIsRemovableKey) || flag(folder, NSURLVolumeIsEjectableKey); }
+
     static void add(NSURL* child, FolderContents& contents)
     {
         std::string const name = fromNSString(child.lastPathComponent);

@@ -1,6 +1,7 @@
 #import "platform/macos/settings/MenuEditorView.h"
 
 #import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/FileDropView.h"
 #import "platform/macos/desk/Images.h"
 #import "platform/macos/settings/Cells.h"
 #import "platform/macos/settings/Dragging.h"

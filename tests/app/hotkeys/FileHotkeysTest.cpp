@@ -59,7 +59,9 @@ TEST_F(FileHotkeysTest, LearnFromEveryFolderThatIsListed)
     DynamicEntry plain;
     plain.fileURL = Url::fromPath("/f/plain");
 
-    list("/f", { entry("/f/a", "A"), separator, withoutFile, plain });
+    auto doubtful = entry("/f/d", "C");
+    doubtful.hotkeyDoubt = NameDoubt::downloaded;
+    list("/f", { entry("/f/a", "A"), separator, withoutFile, plain, doubtful });
     list("/g", { entry("/g/b", "B") });
     EXPECT_EQ(registeredPaths(), (std::vector<std::string> { "/f/a", "/g/b" }));
 
@@ -122,7 +124,8 @@ TEST_F(FileHotkeysTest, PutAPrescanOverWhatIsKnown)
 TEST_F(FileHotkeysTest, PrescanOffTheMainThreadAndOnlyWhenAskedTo)
 {
     files->addFolder("/f");
-    reader->folders["/f"] = { { "a-*[cmd+opt+A]*" } };
+    reader->folders["/f"] = { { "a-*[cmd+opt+A]*" }, { "b-*[cmd+opt+B]*" } };
+    reader->doubts["/f/b-*[cmd+opt+B]*"] = NameDoubt::ofAnotherUser;
     hotkeys.prescan({ Url::fromPath("/f") }, 0, HiddenFiles::skipped);
     EXPECT_EQ(time.pendingBackground(), 0U);
 
@@ -130,6 +133,8 @@ TEST_F(FileHotkeysTest, PrescanOffTheMainThreadAndOnlyWhenAskedTo)
     EXPECT_TRUE(reader->readings.empty());
     time.runTasks();
     EXPECT_EQ(registeredPaths(), (std::vector<std::string> { "/f/a-*[cmd+opt+A]*" }));
+    hotkeys.forget(Url::fromPath("/f/a-*[cmd+opt+A]*"));
+    EXPECT_TRUE(registrar.held.empty());
 }
 
 TEST_F(FileHotkeysTest, ForgetAPrescanThatOutlivesThem)

@@ -52,6 +52,20 @@ TEST_F(HotkeyHints, ShareOneTabBesideTheWidestHint)
     EXPECT_EQ(items[0].attributedTitle->hintTab, 10 + 24 + 90);
 }
 
+TEST_F(HotkeyHints, SayWhyAShortcutIsNotInUse)
+{
+    entries = { withHotkey("A", { Trigger::character("P") }), withHotkey("B", { Trigger::character("Q") }) };
+    entries[0].hotkeyDoubt = NameDoubt::amongDownloads;
+    items = { itemTitled("A"), itemTitled("B") };
+    apply();
+    EXPECT_TRUE(items[0].attributedTitle->hintIsItalic);
+    EXPECT_FALSE(items[0].attributedTitle->italic);
+    EXPECT_EQ(items[0].toolTip,
+        "The shortcut is not in use, as the file lies among the downloads. To use it, move the file to another folder, or put it into the Items folder.");
+    EXPECT_FALSE(items[1].attributedTitle->hintIsItalic);
+    EXPECT_EQ(items[1].toolTip, "");
+}
+
 TEST_F(HotkeyHints, LeaveEverythingUntouchedWhereThereAreNone)
 {
     auto separator = separatorEntry();

@@ -1,6 +1,7 @@
 #include "app/settings/GeneralSettings.h"
 #include "app/settings/AboutText.h"
 #include "app/settings/LibraryPalette.h"
+#include "platform/text/DateText.h"
 #include "tests/app/settings/SettingsFixture.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFilePanels.h"
@@ -80,6 +81,31 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
         change();
         EXPECT_TRUE(told) << &change - &changes[0];
     }
+}
+
+TEST_F(GeneralSettingsTest, ListsTheShortcutsOfFilesAndTakesThemAway)
+{
+    files.addFile("/f/01)Notes-*[cmd+N]*.txt");
+    files.addFile("/f/Taken.txt");
+    files.addFile("/f/Taken-*[cmd+T]*.txt");
+    auto const url = [](char const* path) { return Url::fromPath(path); };
+    std::map<Url, std::string> const held { { url("/f/01)Notes-*[cmd+N]*.txt"), "⌘N" }, { url("/f/Taken-*[cmd+T]*.txt"), "⌘T" } };
+    GeneralSettings shown { { .preferences = preferences,
+        .loginItem = loginItem,
+        .updater = updater,
+        .menuFile = menuFile,
+        .alerts = alerts,
+        .wording = SettingsWording::of(SystemKind::macOS),
+        .fileShortcuts = [&] { return held; },
+        .rename = [&](Url const& from, Url const& to) { return files.rename(from, to); } } };
+    auto const idOf = [&](char const* path) { return url(path).toString(); };
+    EXPECT_EQ(rowOf(shown, "shortcut " + idOf("/f/01)Notes-*[cmd+N]*.txt"))->title, "⌘N   /f/01)Notes-*[cmd+N]*.txt");
+    auto const remove = rowOf(shown, "takeAway " + idOf("/f/01)Notes-*[cmd+N]*.txt"));
+    EXPECT_EQ(remove->help, "Renames the file to “01)Notes.txt”.");
+    remove->press();
+    EXPECT_TRUE(files.exists(url("/f/01)Notes.txt")) && alerts.shown.empty());
+    rowOf(shown, "takeAway " + idOf("/f/Taken-*[cmd+T]*.txt"))->press();
+    EXPECT_EQ(alerts.shown.at(0).message, "“Taken-*[cmd+T]*.txt” could not be renamed.");
 }
 
 TEST_F(GeneralSettingsTest, KeepsAStoredValueThatItDoesNotOffer)
@@ -181,6 +207,24 @@ TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)
     files.readOnly.insert("/out");
     menuFile.exportMenu();
     EXPECT_EQ(alerts.shown.back().message, "The menu could not be exported to “menu.plist”.");
+}
+
+TEST_F(GeneralSettingsTest, RestoresABackupOnlyWhenToldSo)
+{
+    setMenu("a[b]");
+    EXPECT_TRUE(backups.menuWillBeOverwritten(toPropertyList(editor->items()), true));
+    setMenu("c");
+    alerts.answers = { 1, 0 };
+    row("backups")->choose(0);
+    EXPECT_EQ(menu(), "c");
+    EXPECT_EQ(alerts.shown.back().message, "Restore the menu of " + localizedDateAndTime(time.now()) + "?");
+    EXPECT_EQ(
+        alerts.shown.back().informativeText, "Your menu of 1 item is replaced by one of 2 items. You can undo this, and your menu is kept among the backups.");
+    EXPECT_EQ(alerts.shown.back().buttons, (std::vector<std::string> { "Restore", "Cancel" }));
+    row("backups")->choose(0);
+    EXPECT_EQ(menu(), "a[b]");
+    editor->undo(edits.back());
+    EXPECT_EQ(menu(), "c");
 }
 
 TEST_F(GeneralSettingsTest, RestoresTheDefaultMenuOnlyWhenToldSo)

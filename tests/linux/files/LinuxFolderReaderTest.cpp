@@ -38,7 +38,7 @@ struct FolderReaderTest : testing::Test {
         }
         return "(not listed)";
     }
-    LinuxFolderReader reader() const { return LinuxFolderReader(audience, mountInfo, trust); }
+    LinuxFolderReader reader() const { return LinuxFolderReader(audience, mountInfo, { .trust = trust }); }
     void mountRemotely(std::string const& path)
     {
         mountInfo = elsewhere.write("mountinfo", "21 1 8:1 / / rw - ext4 /dev/sda1 rw\n36 21 0:40 / " + path + " rw - nfs4 nas:/export rw\n");

@@ -1,6 +1,9 @@
 #include "platform/linux/files/MountTable.h"
+#include "platform/linux/files/MountWatch.h"
 
 #include "tests/linux/TemporaryFolder.h"
+
+#include <sys/sysmacros.h>
 
 namespace zv {
 namespace {
@@ -42,6 +45,10 @@ TEST(MountTable, KnowsWhatMayHang)
         EXPECT_TRUE(isRemoteFileSystem(type)) << type;
     for (auto const* type : { "ext4", "btrfs", "fuseblk", "tmpfs", "overlay", "" })
         EXPECT_FALSE(isRemoteFileSystem(type)) << type;
+    for (auto const* type : { "nfs4", "fuse.sshfs", "fuseblk", "virtiofs", "vboxsf", "a type of tomorrow" })
+        EXPECT_TRUE(mayHang(type)) << type;
+    for (auto const* type : { "ext4", "btrfs", "tmpfs", "overlay", "proc", "cgroup2" })
+        EXPECT_FALSE(mayHang(type)) << type;
 }
 
 /// The "dead mount" of these tests is empty: a look at it would say "missing" instead of
@@ -87,6 +94,21 @@ TEST(MountTable, NeverLooksAtAFileOnARemoteMountWhateverWayLeadsThere)
         EXPECT_EQ(fate.kind, row.kind);
         EXPECT_EQ(fate.isDirectory, row.isDirectory);
     }
+}
+
+TEST(MountWatch, TakesWhatWasSlowToAnswerForWhatMayHang)
+{
+    TemporaryFolder const disk;
+    auto const table = disk.write("mountinfo", "1 0 3801:1 / / rw - ext4 /dev/a rw\n2 1 3801:2 / /slow rw - ext4 /dev/b rw\n");
+    MountWatch watch(table);
+    MountWatch other(table);
+    EXPECT_FALSE(other.isRemote("/slow/x"));
+    watch.noteAnswer(makedev(3801, 2), std::chrono::milliseconds(900));
+    EXPECT_FALSE(watch.isRemote("/slow/x"));
+    watch.noteAnswer(makedev(3801, 2), std::chrono::seconds(1));
+    watch.noteAnswer(makedev(3801, 1), std::chrono::seconds(9));
+    EXPECT_TRUE(watch.isRemote("/slow/x") && other.isRemote("/slow/x")) << "from then on, for everybody";
+    EXPECT_FALSE(watch.isRemote("/etc")) << "without the root nothing works";
 }
 
 } // namespace
