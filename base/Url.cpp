@@ -98,8 +98,17 @@ std::optional<Url> Url::parse(std::string_view text)
     auto const isForbidden = [](unsigned char c) { return c <= ' ' || c == 0x7F; };
     if (std::any_of(text.begin(), text.end(), isForbidden))
         return std::nullopt;
-    Url url { std::string(text) };
-    return url.isFile() ? fromPath(url.path()) : url;
+    return text.starts_with(filePrefix) ? parseFile(text) : Url(std::string(text));
+}
+
+std::optional<Url> Url::parseFile(std::string_view text)
+{
+    auto const rest = text.substr(filePrefix.size());
+    auto const host = rest.substr(0, rest.find('/'));
+    if (!host.empty() && host != "localhost")
+        return Url(std::string(text));
+    auto const path = percentDecoded(rest.substr(host.size()));
+    return path.find('\0') == std::string::npos ? std::optional(fromPath(path.empty() ? "/" : path)) : std::nullopt;
 }
 
 std::string Url::scheme() const
@@ -109,17 +118,13 @@ std::string Url::scheme() const
     return scheme;
 }
 
-bool Url::isFile() const { return m_text.starts_with(filePrefix); }
+bool Url::isFile() const { return m_text.starts_with(filePrefix) && m_text.compare(filePrefix.size(), 1, "/") == 0; }
 
 std::string Url::path() const
 {
     if (!isFile())
         return {};
-    auto rest = std::string_view(m_text).substr(filePrefix.size());
-    auto const slash = rest.find('/');
-    if (slash == std::string_view::npos)
-        return "/";
-    return percentDecoded(withoutTrailingSlashes(rest.substr(slash)));
+    return percentDecoded(withoutTrailingSlashes(std::string_view(m_text).substr(filePrefix.size())));
 }
 
 std::string Url::lastPathComponent() const { return std::string(zv::lastPathComponent(path())); }

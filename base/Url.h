@@ -15,7 +15,8 @@ class Url {
 public:
     /// `path` is absolute; trailing slashes are dropped, except for the root itself.
     [[nodiscard]] static Url fromPath(std::string_view path);
-    /// Needs a scheme ("x:") and no white space or control characters; else empty.
+    /// Needs a scheme ("x:") and no white space or control characters; else empty. So is a file's address with a NUL,
+    /// which no path holds; one on another host is no file here.
     [[nodiscard]] static std::optional<Url> parse(std::string_view text);
 
     [[nodiscard]] std::string const& toString() const { return m_text; }
@@ -34,6 +35,8 @@ public:
     friend std::strong_ordering operator<=>(Url const& a, Url const& b) { return a.m_text.compare(b.m_text) <=> 0; }
 
 private:
+    [[nodiscard]] static std::optional<Url> parseFile(std::string_view text);
+
     explicit Url(std::string text)
         : m_text(std::move(text))
     {

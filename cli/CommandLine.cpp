@@ -13,9 +13,9 @@ namespace {
 // To add a command:
 // 1. cli/NewCommand.cpp: a Command, and what it does; its line in Commands.h.
 // 2. Here: its line, in the order of --help.
-// 3. packaging/linux/zanthe-vell.1: its entry under COMMANDS; packaging/linux/completions: its name
-//    and its options, for each of the three shells.
-// CommandLineTest goes through the table: what is forgotten fails there.
+// 3. packaging/linux/zanthe-vell.1: its entry under COMMANDS.
+// The shells learn it from here: its options from its usage, its operands from its `complete`. CommandLineTest goes through the table: what is forgotten fails
+// there.
 constexpr std::array table {
     &menuCommand,
     &performCommand,
@@ -80,6 +80,8 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         return showHelp(context);
     if (name == "--version")
         return showVersion(context);
+    if (name == completeCommand.name)
+        return completeCommand.run(arguments.subspan(1), context);
     auto const commands = commandTable();
     auto const found = std::find_if(commands.begin(), commands.end(), [&](Command const* command) { return command->name == name; });
     if (found != commands.end())

@@ -7,6 +7,7 @@ namespace zv {
 // Each command has its file: cli/PrefsCommand.cpp defines prefsCommand.
 extern Command const addCommand;
 extern Command const checkNameCommand;
+extern Command const completeCommand; ///< hidden: for shells
 extern Command const doctorCommand;
 extern Command const exportCommand;
 extern Command const hotkeysCommand;

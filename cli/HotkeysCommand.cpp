@@ -1,3 +1,4 @@
+#include "app/doctor/HotkeyCheck.h"
 #include "app/menu/DisplayText.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
@@ -29,6 +30,8 @@ std::string targetName(Json const& entry, CommandContext& context)
         return "the menu itself";
     if (entry.contains("file"))
         return textOf(entry, "file");
+    if (entry.contains("title"))
+        return textOf(entry, "title");
     auto const id = Uuid::parse(textOf(entry, "item"));
     auto const* item = id ? context.store().find(*id) : nullptr;
     return item ? item->displayTitle() : textOf(entry, "item");
@@ -43,6 +46,13 @@ void print(Json const& entries, std::string_view remark, CommandContext& context
     }
 }
 
+std::string_view remarkOn(Json const& unavailable)
+{
+    if (textOf(unavailable, "reason") == "keptBySystem")
+        return "  (never arrives: the system keeps it for itself)";
+    return "  (never arrives: no key of this keyboard layout types it)";
+}
+
 ExitStatus print(std::string const& report, CommandContext& context)
 {
     auto const parsed = Json::parse(report, nullptr, false);
@@ -50,6 +60,10 @@ ExitStatus print(std::string const& report, CommandContext& context)
         return fail(context, "the running program gave an answer that is none");
     print(parsed.value("registrations", Json::array()), "", context);
     print(parsed.value("conflicts", Json::array()), "  (taken: another program or another entry has it)", context);
+    for (auto const& entry : parsed.value("unavailable", Json::array()))
+        print(Json::array({ entry }), remarkOn(entry), context);
+    if (textOf(parsed, "support") == "none")
+        context.out() << hotkeyCheck(HotkeySupport::none).explanation << '\n';
     if (report.find("\"file\":") != std::string::npos)
         context.out() << "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n";
     return ExitStatus::done;

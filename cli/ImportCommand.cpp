@@ -23,7 +23,7 @@ std::string summaryOf(ImportedMenu const& menu)
 ExitStatus replaceMenu(ImportedMenu menu, CommandContext& context)
 {
     auto const summary = summaryOf(menu);
-    context.store().replaceAll(std::move(menu.items));
+    context.store().replaceAll(std::move(menu.items), MenuStore::Keeping::always);
     if (!context.store().lastSave())
         return ExitStatus::failed; // the store has said why
     context.out() << "Imported " << summary << ".\n";

@@ -44,8 +44,29 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     return said.empty() ? ExitStatus::done : fail(context, said);
 }
 
+/// The titles below those given.
+std::vector<Completion> titlesBelow(std::vector<std::string> const& given, CommandContext& context)
+{
+    auto& session = context.menu().session();
+    auto menu = session.build(context.store().items(), OptionKey::released);
+    if (!given.empty()) {
+        auto const entry = entryAt(menu, given, [&](Menu& submenu) { session.open(submenu); });
+        if (!entry || !entry->submenu)
+            return {};
+        menu = entry->submenu;
+        session.open(*menu);
+    }
+    std::vector<Completion> titles;
+    for (auto const& entry : menu->entries) {
+        if (entry.type == MenuEntry::Type::item && entry.enabled)
+            titles.push_back({ entry.visibleTitle() });
+    }
+    return titles;
+}
+
 } // namespace
 
-constexpr Command performCommand { "perform", "[--command] TITLE…", "choose an entry, one title a level; a folder opens; --command reveals it", run };
+constexpr Command performCommand { "perform", "[--command] TITLE…", "choose an entry, one title a level; a folder opens; --command reveals it", run,
+    titlesBelow };
 
 } // namespace zv

@@ -127,6 +127,21 @@ constexpr Verb verbs[] = {
     { "reset", 2, resetOne },
 };
 
+std::vector<Completion> operandsAfter(std::vector<std::string> const& given, CommandContext& /*context*/)
+{
+    if (given.empty())
+        return { { "read" }, { "write" }, { "reset" } };
+    std::vector<Completion> operands;
+    auto const* description = given.size() == 2 && given[0] == "write" ? descriptionOf(given[1]) : nullptr;
+    if (description && isBoolean(*description))
+        return { { "true" }, { "false" } };
+    for (auto const& each : Preferences::descriptions()) {
+        if (given.size() == 1)
+            operands.push_back({ std::string(each.key), std::string(each.meaning) });
+    }
+    return operands;
+}
+
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
     // Parses no options: a value may begin with "-", and is then refused as a value, with its reason.
@@ -143,6 +158,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command prefsCommand { "prefs", "[read [KEY] | write KEY VALUE | reset KEY]", "the settings: all, one, a new value, the default again", run };
+constexpr Command prefsCommand { "prefs", "[read [KEY] | write KEY VALUE | reset KEY]", "the settings: all, one, a new value, the default again", run,
+    operandsAfter };
 
 } // namespace zv

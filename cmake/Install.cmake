@@ -59,8 +59,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://zanthevell.org)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# In order: drawings of icons; a theme; the folders of icons; titles in shell completions.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, python3, xdg-utils")
+# In order: drawings of icons; a theme; the folders of icons.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, xdg-utils")
 # Windows where there is no X server; the file manager's menu; Force Quit without a task manager.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland, python3-nautilus, x11-utils")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "menu of your own making in the panel")

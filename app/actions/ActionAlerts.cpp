@@ -75,6 +75,19 @@ Alert trashAlert(std::string const& name, std::string const& reason)
 
 Alert noTerminalAlert() { return { AlertStyle::warning, "No terminal could be opened.", "This desktop has no program for it." }; }
 
+Alert replaceQuestion(std::string const& name, std::string const& folder)
+{
+    return { AlertStyle::warning, quoted(name) + " is already in " + quoted(folder) + ". Do you want to replace it?",
+        "The one that is there goes to the Trash.", { "Replace", "Cancel" }, cancelButton };
+}
+
+std::string problemLine(std::string const& name, std::string const& reason) { return quoted(name) + ": " + reason + "\n"; }
+
+Alert dropAlert(std::string const& folder, std::string const& problems)
+{
+    return { AlertStyle::warning, "Some files could not be put into " + quoted(folder) + ".", problems };
+}
+
 Alert locationAlert(std::string const& name)
 {
     return { AlertStyle::warning, quoted(name) + " could not be selected.", "Switching network location requires administrator rights." };

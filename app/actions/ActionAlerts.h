@@ -23,6 +23,11 @@ namespace zv {
 [[nodiscard]] Alert trashQuestion(std::string const& name);
 [[nodiscard]] Alert trashAlert(std::string const& name, std::string const& reason);
 [[nodiscard]] Alert noTerminalAlert();
+/// Asks whether a dropped file replaces the one of its name; the first button does.
+[[nodiscard]] Alert replaceQuestion(std::string const& name, std::string const& folder);
+/// A line for each file that could not be put into the folder.
+[[nodiscard]] std::string problemLine(std::string const& name, std::string const& reason);
+[[nodiscard]] Alert dropAlert(std::string const& folder, std::string const& problems);
 [[nodiscard]] Alert locationAlert(std::string const& name);
 /// Empty for a kind that ends no session.
 [[nodiscard]] std::optional<Alert> confirmationAlert(MenuItemKind const& kind);

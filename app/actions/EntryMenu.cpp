@@ -34,7 +34,7 @@ unsigned kindsOf(EntrySubject const& subject)
 
 bool isFolder(EntrySubject const& subject) { return (kindsOf(subject) & folder) != 0; }
 
-Url const& fileOf(EntrySubject const& subject) { return *subject.entry->fileURL; }
+Url const& urlOf(EntrySubject const& subject) { return *subject.entry->fileURL; }
 
 std::string nameOf(EntrySubject const& subject) { return displayText(subject.entry->title); }
 
@@ -96,6 +96,7 @@ private:
 
 EntryMenu::EntryMenu(Services services)
     : m_services(std::move(services))
+    , m_drop(m_services.system, m_services.desk)
 {
 }
 
@@ -162,48 +163,59 @@ MenuEntry EntryMenu::entryFor(Row const& row, EntrySubject const& subject) const
     return MenuBuilder::makeActionItem(std::move(title), [this, run = row.run, subject] { (this->*run)(subject); });
 }
 
-/// Lists the applications for the file, the default one first and apart.
 MenuEntry EntryMenu::openWithEntry(std::string title, EntrySubject const& subject) const
 {
     return Filling::entry(std::move(title), [this, subject](Menu& menu) {
         showLoading(menu);
-        auto const show = [this, subject, weak = menu.weak_from_this()](std::vector<InstalledApplication> const& found) {
-            auto const shown = weak.lock();
-            if (!shown)
-                return;
-            shown->entries.clear();
-            for (auto const& application : found) {
-                shown->entries.push_back(MenuBuilder::makeActionItem(displayText(application.name),
-                    [this, subject, program = application.file] { m_services.system.session.workspace.openWith(fileOf(subject), program); }));
-                shown->entries.back().image = m_services.icons.iconForFile(application.file);
-            }
-            if (found.empty())
-                shown->entries.push_back(MenuEntry::disabled(noApplicationsTitle));
-            else if (found.size() > 1)
-                shown->entries.insert(shown->entries.begin() + 1, MenuEntry::separator());
-            shown->didRefill();
+        auto const show = [this, file = urlOf(subject), weak = menu.weak_from_this()](std::vector<InstalledApplication> const& found) {
+            if (auto const shown = weak.lock())
+                showApplications(*shown, file, found);
         };
-        m_services.system.session.workspace.findApplicationsFor(fileOf(subject), m_lifetime.guard(show));
+        m_services.system.session.workspace.findApplicationsFor(urlOf(subject), m_lifetime.guard(show));
     });
 }
 
+/// Shows the default one first and apart.
+void EntryMenu::showApplications(Menu& menu, Url const& file, std::vector<InstalledApplication> const& found) const
+{
+    menu.entries.clear();
+    for (auto const& application : found) {
+        auto open = [&workspace = m_services.system.session.workspace, file, program = application.file] { workspace.openWith(file, program); };
+        menu.entries.push_back(MenuBuilder::makeActionItem(displayText(application.name), std::move(open)));
+        if (m_services.preferences.showIcons())
+            menu.entries.back().image = m_services.icons.iconForFile(application.file);
+    }
+    if (found.empty())
+        menu.entries.push_back(MenuEntry::disabled(noApplicationsTitle));
+    else if (found.size() > 1)
+        menu.entries.insert(menu.entries.begin() + 1, MenuEntry::separator());
+    menu.didRefill();
+}
+
+std::optional<Url> EntryMenu::fileOf(EntrySubject const& subject) const
+{
+    return (kindsOf(subject) & file) != 0 ? std::optional(urlOf(subject)) : std::nullopt;
+}
+
+std::optional<Url> EntryMenu::folderOf(EntrySubject const& subject) const { return isFolder(subject) ? fileOf(subject) : std::nullopt; }
+
 void EntryMenu::open(EntrySubject const& subject) const { m_services.commands.open(*subject.entry); }
 
-void EntryMenu::reveal(EntrySubject const& subject) const { m_services.system.session.workspace.reveal(fileOf(subject)); }
+void EntryMenu::reveal(EntrySubject const& subject) const { m_services.system.session.workspace.reveal(urlOf(subject)); }
 
 void EntryMenu::openTerminal(EntrySubject const& subject) const
 {
-    m_services.system.session.desktop.openTerminal(fileOf(subject), m_lifetime.guard([this](PlaceOutcome outcome) {
+    m_services.system.session.desktop.openTerminal(urlOf(subject), m_lifetime.guard([this](PlaceOutcome outcome) {
         if (outcome == PlaceOutcome::notFound)
             present(noTerminalAlert());
     }));
 }
 
-void EntryMenu::copyPath(EntrySubject const& subject) const { m_services.desk.clipboard.setText(fileOf(subject).path()); }
+void EntryMenu::copyPath(EntrySubject const& subject) const { m_services.desk.clipboard.setText(urlOf(subject).path()); }
 
-void EntryMenu::copy(EntrySubject const& subject) const { m_services.desk.clipboard.setFiles({ fileOf(subject) }); }
+void EntryMenu::copy(EntrySubject const& subject) const { m_services.desk.clipboard.setFiles({ urlOf(subject) }); }
 
-void EntryMenu::addToItems(EntrySubject const& subject) const { m_services.shell.addToItems({ fileOf(subject) }); }
+void EntryMenu::addToItems(EntrySubject const& subject) const { m_services.shell.addToItems({ urlOf(subject) }); }
 
 void EntryMenu::moveToTrash(EntrySubject const& subject) const
 {
@@ -211,7 +223,7 @@ void EntryMenu::moveToTrash(EntrySubject const& subject) const
     m_services.desk.application.activate();
     if (m_services.desk.alerts.run(trashQuestion(name)) != 0)
         return;
-    m_services.system.session.workspace.moveToTrash(fileOf(subject), m_lifetime.guard([this, name](Result<void> const& moved) {
+    m_services.system.session.workspace.moveToTrash(urlOf(subject), m_lifetime.guard([this, name](Result<void> const& moved) {
         if (!moved)
             present(trashAlert(name, moved.error()));
     }));

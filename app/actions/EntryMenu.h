@@ -1,9 +1,11 @@
 #pragma once
 
+#include "app/actions/FileDrop.h"
 #include "app/menu/DynamicEntry.h"
 #include "app/menu/EntryMenus.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
+#include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -27,6 +29,7 @@ public:
     struct Services {
         System const& system;
         Desk const& desk;
+        Preferences const& preferences;
         MenuCommands& commands;
         MenuIcons& icons;
         Shell shell;
@@ -36,6 +39,9 @@ public:
 
     [[nodiscard]] MenuEntry menuOf(MenuEntry const& entry) const override;
     [[nodiscard]] std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const& subject) const override;
+    [[nodiscard]] std::optional<Url> fileOf(EntrySubject const& subject) const override;
+    [[nodiscard]] std::optional<Url> folderOf(EntrySubject const& subject) const override;
+    void drop(std::vector<Url> const& files, Url const& folder, FileTransfer how) const override { m_drop.put(files, folder, how); }
     void addHead(Menu& submenu, EntrySubject const& subject) const override;
 
     struct Row;
@@ -46,6 +52,7 @@ private:
     [[nodiscard]] std::vector<MenuEntry> rowsFor(EntrySubject const& subject) const;
     [[nodiscard]] bool applies(Row const& row, EntrySubject const& subject) const;
     [[nodiscard]] MenuEntry entryFor(Row const& row, EntrySubject const& subject) const;
+    void showApplications(Menu& menu, Url const& file, std::vector<InstalledApplication> const& found) const;
     [[nodiscard]] MenuEntry openWithEntry(std::string title, EntrySubject const& subject) const;
 
     void open(EntrySubject const& subject) const;
@@ -65,7 +72,8 @@ private:
     static Row const rows[];
 
     Services m_services;
-    mutable Lifetime m_lifetime;
+    mutable FileDrop m_drop;
+    Lifetime m_lifetime;
 };
 
 } // namespace zv

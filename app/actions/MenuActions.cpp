@@ -21,6 +21,13 @@ MenuActions::MenuActions(Services services)
 
 MenuActions::~MenuActions() { m_services.system.session.workspace.onUntrusted = nullptr; }
 
+void MenuActions::byShortcut(std::function<void()> const& requests)
+{
+    bool const wasByShortcut = std::exchange(m_isByShortcut, true);
+    requests();
+    m_isByShortcut = wasByShortcut;
+}
+
 bool MenuActions::perform(MenuItem const& item)
 {
     assertMainThread();
@@ -246,6 +253,6 @@ void MenuActions::present(Alert const& alert)
 
 MenuActions::HowToOpen MenuActions::howToOpen() const { return isCommandHeld() ? HowToOpen::revealed : HowToOpen::opened; }
 
-bool MenuActions::isCommandHeld() const { return contains(m_services.desk.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
+bool MenuActions::isCommandHeld() const { return !m_isByShortcut && contains(m_services.desk.modifierKeys.ofCurrentEvent(), ModifierMask::command); }
 
 } // namespace zv

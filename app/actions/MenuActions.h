@@ -38,6 +38,7 @@ public:
     MenuActions(MenuActions const&) = delete;
     MenuActions& operator=(MenuActions const&) = delete;
 
+    void byShortcut(std::function<void()> const& requests) override;
     bool perform(MenuItem const& item) override;
     void open(Url const& url) override;
     void open(DynamicEntry const& entry) override;
@@ -74,6 +75,7 @@ private:
     Services m_services;
     ShortcutsProvider m_shortcuts;
     NetworkLocations m_networkLocations;
+    bool m_isByShortcut = false; ///< the modifiers held are the shortcut's
     Lifetime m_lifetime;
 };
 

@@ -60,7 +60,7 @@ std::optional<DoctorCheck> cornerCheck(DesktopFindings const& found)
 {
     if (!isOnX11(found))
         return std::nullopt;
-    return overlayCheck(found.hasPanelAtTop ? OverlaySupport::onPanels : OverlaySupport::noPanel);
+    return overlayCheck(found.hasCornerPanel ? OverlaySupport::onPanels : OverlaySupport::noPanel);
 }
 
 DoctorCheck busCheck(DesktopFindings const& found)

@@ -9,7 +9,7 @@ DoctorCheck overlayCheck(OverlaySupport support)
     case OverlaySupport::onPanels:
         return { "Corner", State::ok, "A click on the left end of the panel can open the menu.", "" };
     case OverlaySupport::noPanel:
-        return { "Corner", State::limited, "No panel is at the top of a screen now, so there is no corner to click.",
+        return { "Corner", State::limited, "No panel lies along the top or the bottom of a screen now, so there is no corner to click.",
             "As soon as one comes, a click on its left end can open the menu." };
     case OverlaySupport::none:
         break;

@@ -34,6 +34,7 @@ struct HotkeyCenter::Pass {
     std::unordered_set<std::string> used;
     std::vector<Wanted> wanted;
     std::set<Conflict> conflicts;
+    std::vector<Unavailable> unavailable;
 };
 
 HotkeyCenter::HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout)
@@ -106,8 +107,22 @@ void HotkeyCenter::reregister()
     collectItems(m_menuItems, pass);
     collectFiles(pass);
     claim(std::move(pass.wanted), pass.conflicts);
+    m_unavailable = std::move(pass.unavailable);
     setConflicts(std::move(pass.conflicts));
     noteRegisteredFiles(filesBefore);
+    tellRegistered();
+}
+
+void HotkeyCenter::tellRegistered() const
+{
+    if (onRegistered)
+        onRegistered();
+}
+
+void HotkeyCenter::retryRefused()
+{
+    if (m_wasRefused)
+        reregister();
 }
 
 void HotkeyCenter::unregisterAll()
@@ -116,6 +131,7 @@ void HotkeyCenter::unregisterAll()
     m_registrar.releaseAll();
     m_registrations.clear();
     setConflicts({});
+    tellRegistered();
 }
 
 void HotkeyCenter::pause()
@@ -157,17 +173,24 @@ void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& p
         pass.conflicts.insert({ std::move(target), std::move(shortcut) });
         return;
     }
-    if (auto const chord = chordFor(spec))
+    auto const chord = chordFor(spec);
+    if (!chord)
+        pass.unavailable.push_back({ std::move(target), std::move(shortcut), Unavailable::Reason::notOnLayout });
+    else if (m_registrar.isKeptBySystem(*chord))
+        pass.unavailable.push_back({ std::move(target), std::move(shortcut), Unavailable::Reason::keptBySystem });
+    else
         pass.wanted.push_back({ std::move(target), std::move(shortcut), *chord });
 }
 
 void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
 {
+    m_wasRefused = false;
     if (m_support == HotkeySupport::none)
         return; // no other program holds them: not a conflict
     std::vector<KeyChord> chords(wanted.size());
     std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
     auto const succeeded = m_registrar.claimAll(m_nextHotKeyID, chords);
+    m_wasRefused = std::find(succeeded.begin(), succeeded.end(), false) != succeeded.end();
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         auto& [target, shortcut, chord] = wanted[i];
         if (succeeded[i])

@@ -41,6 +41,14 @@ public:
         }
     };
 
+    /// A shortcut that no key press triggers here, and that is in nobody's way.
+    struct Unavailable {
+        enum class Reason { notOnLayout, keptBySystem };
+        Target target;
+        std::string shortcut;
+        Reason reason;
+    };
+
     /// Both outlive this.
     HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout);
     ~HotkeyCenter() override;
@@ -51,12 +59,15 @@ public:
     void setMenuItems(std::vector<MenuItem> items);
     void setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
+    [[nodiscard]] std::vector<MenuItem> const& menuItems() const { return m_menuItems; }
     /// Sets the items and registers again.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
     /// Registers everything anew: the menu's own, items depth first, then files by path. Ids keep rising, so that a
     /// press under an earlier pass's id finds nothing.
     void reregister();
+    /// Registers again if another program had a shortcut, as that program may have ended.
+    void retryRefused();
     void unregisterAll();
     /// Releases all hotkeys until resume(), whatever registers anew meanwhile: while a shortcut is
     /// recorded, every combination must reach the recorder.
@@ -69,6 +80,8 @@ public:
     [[nodiscard]] std::map<Url, std::string> registeredFiles() const;
     [[nodiscard]] std::set<Conflict> const& conflicts() const;
 
+    [[nodiscard]] std::vector<Unavailable> const& unavailable() const { return m_unavailable; }
+
     /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
     [[nodiscard]] HotkeySupport support() const;
 
@@ -76,6 +89,8 @@ public:
     std::function<void(Target const&)> onTrigger;
     /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
     std::function<void()> beforePass;
+    /// Called after registrations and conflicts were made anew.
+    std::function<void()> onRegistered;
 
 private:
     struct Wanted {
@@ -91,6 +106,7 @@ private:
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
     void setConflicts(std::set<Conflict> conflicts);
     void noteRegisteredFiles(std::map<Url, std::string> const& before);
+    void tellRegistered() const;
     void noteSupport();
     void listen();
     void pressed(HotkeyID id);
@@ -101,6 +117,8 @@ private:
     KeyboardLayout& m_layout;
     std::set<Conflict> m_conflicts;
     std::map<HotkeyID, Registration> m_registrations;
+    std::vector<Unavailable> m_unavailable;
+    bool m_wasRefused = false; ///< another program has one of the shortcuts
     bool m_listens = false;
     bool m_isPaused = false;
     HotkeyID m_nextHotKeyID = 1;

@@ -1,5 +1,6 @@
 #include "app/hotkeys/KeyboardLayout.h"
 
+#include "app/menu/MenuKeyEquivalent.h"
 #include "base/MainThread.h"
 #include "platform/text/Text.h"
 
@@ -36,12 +37,23 @@ std::optional<std::uint16_t> KeyboardLayout::keyCode(std::string_view character)
     auto const wanted = lowerCased(character);
     if (wanted.empty())
         return std::nullopt;
-    if (!m_table) {
-        observeSource();
-        m_table = buildTable();
-    }
-    auto const found = m_table->find(wanted);
+    auto const found = table().find(wanted);
     return found == m_table->end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<std::string> KeyboardLayout::keyEquivalents(KeyPress const& press)
+{
+    assertMainThread();
+    if (auto const name = namedKeyWithCode(press.keyCode))
+        return { keyEquivalentCharacter(*name).value_or(std::string()) };
+    if (press.keyCode >= keyCodeCount)
+        return { lowerCased(press.charactersIgnoringModifiers) };
+    std::vector<std::string> characters;
+    for (auto const& [character, code] : table()) {
+        if (code == press.keyCode)
+            characters.push_back(character);
+    }
+    return characters;
 }
 
 void KeyboardLayout::layoutChanged()
@@ -49,6 +61,15 @@ void KeyboardLayout::layoutChanged()
     assertMainThread();
     m_table.reset();
     m_notifications.post(changedNotification);
+}
+
+KeyboardLayout::Table const& KeyboardLayout::table()
+{
+    if (!m_table) {
+        observeSource();
+        m_table = buildTable();
+    }
+    return *m_table;
 }
 
 void KeyboardLayout::observeSource()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Notifications.h"
+#include "platform/desk/KeyPress.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 
 #include <cstdint>
@@ -8,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace zv {
 
@@ -26,12 +28,16 @@ public:
 
     /// Empty when no key types the character without modifiers.
     [[nodiscard]] std::optional<std::uint16_t> keyCode(std::string_view character);
+    /// What the key stands for in shortcuts, as in MenuEntry::keyEquivalent: the inverse of keyCode(),
+    /// and the named keys. Where the key's place is unknown, what it types.
+    [[nodiscard]] std::vector<std::string> keyEquivalents(KeyPress const& press);
     /// Drops the table and posts the notification.
     void layoutChanged();
 
 private:
     using Table = std::unordered_map<std::string, std::uint16_t>;
 
+    [[nodiscard]] Table const& table();
     void observeSource();
     [[nodiscard]] Table buildTable() const;
 

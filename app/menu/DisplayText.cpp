@@ -31,16 +31,16 @@ std::string controlPicture(unsigned char c)
 /// U+0080 to U+009F.
 bool isC1Control(std::string_view character) { return character[0] == '\xC2' && static_cast<unsigned char>(character[1]) < 0xA0; }
 
-/// U+2028, U+2029: line and paragraph separators; U+202A to U+202E and U+2066 to U+2069:
-/// embeddings, overrides and isolates.
+/// U+2028, U+2029: line and paragraph separators; U+202A to U+202E: embeddings and overrides.
 bool isLineBreakOrDirectionTurn(std::string_view character)
 {
-    if (character[0] != '\xE2')
-        return false;
-    auto const second = static_cast<unsigned char>(character[1]);
-    auto const third = static_cast<unsigned char>(character[2]);
-    return (second == 0x80 && third >= 0xA8 && third <= 0xAE) || (second == 0x81 && third >= 0xA6 && third <= 0xA9);
+    return character.starts_with("\xE2\x80") && static_cast<unsigned char>(character[2]) >= 0xA8 && static_cast<unsigned char>(character[2]) <= 0xAE;
 }
+
+constexpr std::string_view endOfIsolate = "\xE2\x81\xA9"; // U+2069
+
+/// U+2066 to U+2068.
+bool isIsolate(std::string_view character) { return character >= "\xE2\x81\xA6" && character < endOfIsolate; }
 
 std::size_t lengthOfCharacter(char first)
 {
@@ -72,11 +72,17 @@ std::string displayText(std::string_view name)
     auto const valid = withValidUtf8(name);
     std::string shown;
     shown.reserve(valid.size());
+    std::size_t openIsolates = 0;
     for (std::size_t i = 0; i < valid.size();) {
-        auto const length = lengthOfCharacter(valid[i]);
-        appendShown(shown, std::string_view(valid).substr(i, length));
-        i += length;
+        auto const character = std::string_view(valid).substr(i, lengthOfCharacter(valid[i]));
+        openIsolates += isIsolate(character) ? 1 : 0;
+        bool const endsNothing = character == endOfIsolate && openIsolates == 0;
+        openIsolates -= character == endOfIsolate && !endsNothing ? 1 : 0;
+        appendShown(shown, endsNothing ? replacement : character);
+        i += character.size();
     }
+    for (; openIsolates > 0; --openIsolates)
+        shown += endOfIsolate; // so that it turns nothing that follows
     return shown;
 }
 

@@ -31,7 +31,7 @@ double widestHint(std::span<std::string const> hints, TextMeasure const& text)
 {
     double widest = 0;
     for (auto const& hint : hints)
-        widest = std::max(widest, hint.empty() ? 0 : text.menuFontWidth(hint));
+        widest = std::max(widest, hint.empty() ? 0 : text.shortcutWidth(hint));
     return widest;
 }
 

@@ -33,6 +33,12 @@ void Menu::didClose()
         told->menuDidClose(*this);
 }
 
+std::shared_ptr<MenuActionTarget> Menu::targetForKey(KeyPress const& press) const
+{
+    auto const asked = keyDelegate.expired() ? delegate.lock() : keyDelegate.lock();
+    return asked ? asked->targetForKey(*this, press) : nullptr;
+}
+
 void Menu::didRefill() const
 {
     if (onRefilled)

@@ -2,7 +2,7 @@
 
 #include "app/menu/EntrySubject.h"
 #include "platform/desk/Image.h"
-#include "platform/desk/ModifierKeys.h"
+#include "platform/desk/KeyPress.h"
 
 #include <cstddef>
 #include <functional>
@@ -47,6 +47,8 @@ public:
     virtual ~MenuDelegate() = default;
     virtual void menuNeedsUpdate(Menu& menu) = 0;
     virtual void menuDidClose(Menu&) { }
+    /// The action for a key pressed while the menu is open; null when it is no entry's shortcut.
+    [[nodiscard]] virtual std::shared_ptr<MenuActionTarget> targetForKey(Menu const&, KeyPress const&) { return nullptr; }
 };
 
 /// A title with style and a hint beside its text.
@@ -95,6 +97,7 @@ public:
 
     std::string title;
     std::weak_ptr<MenuDelegate> delegate;
+    std::weak_ptr<MenuDelegate> keyDelegate; ///< answers for keys instead, where another one fills the menu
     std::vector<MenuEntry> entries;
 
     /// Called by didRefill() after an asynchronous fill. Set by the mirror that shows the menu,
@@ -104,6 +107,8 @@ public:
     /// Lets the delegate, if any, fill the menu; called right before it opens.
     void needsUpdate();
     void didClose();
+    [[nodiscard]] std::shared_ptr<MenuActionTarget> targetForKey(KeyPress const& press) const;
+    [[nodiscard]] bool isOpen() const { return onRefilled != nullptr; }
     /// Tells a mirror that the entries changed while the menu was open.
     void didRefill() const;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/text/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -22,6 +23,20 @@ std::optional<int> numberOfFunctionKey(std::string_view character)
             return number;
     }
     return std::nullopt;
+}
+
+bool hasShortcut(MenuEntry const& entry, std::string const& key, ModifierMask modifiers)
+{
+    if (!entry.enabled || !entry.target || entry.submenu)
+        return false;
+    if (!entry.keyEquivalent.empty())
+        return entry.keyEquivalent == key && entry.keyEquivalentModifierMask == modifiers;
+    if (!entry.attributedTitle || entry.attributedTitle->hint.empty())
+        return false;
+    MenuEntry hinted;
+    hinted.keyEquivalent = key;
+    hinted.keyEquivalentModifierMask = modifiers;
+    return keyEquivalentText(hinted) == entry.attributedTitle->hint;
 }
 
 std::optional<int> parseDecimal(std::string_view text)
@@ -81,6 +96,18 @@ void applyKeyEquivalent(KeyEquivalentSpec const& spec, MenuEntry& entry)
         return;
     entry.keyEquivalent = std::move(*character);
     entry.keyEquivalentModifierMask = modifierMask(spec);
+}
+
+MenuEntry const* entryWithShortcut(Menu const& menu, std::span<std::string const> keys, ModifierMask modifiers)
+{
+    for (auto const& entry : menu.entries) {
+        if (std::any_of(keys.begin(), keys.end(), [&](std::string const& key) { return hasShortcut(entry, key, modifiers); }))
+            return &entry;
+        bool const isSearched = entry.submenu && (entry.submenu->delegate.expired() || entry.submenu->isOpen());
+        if (auto const* within = isSearched ? entryWithShortcut(*entry.submenu, keys, modifiers) : nullptr)
+            return within;
+    }
+    return nullptr;
 }
 
 std::string keyEquivalentText(MenuEntry const& entry)

@@ -116,6 +116,7 @@ std::unique_ptr<AppleMenuOverlayWindow> AppleMenuOverlayController::makeWindow(R
         auto const show = m_showMenu; // a copy, as choosing an entry may destroy the controller
         show(point);
     });
+    window->setFilesDropped(m_services.filesDropped);
     return window;
 }
 

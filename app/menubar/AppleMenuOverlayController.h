@@ -29,6 +29,7 @@ struct AppleMenuOverlayServices {
     Timers& timers;
     Clock& clock;
     MenuBarVisibility* visibility = nullptr; ///< null: the menu bars alone decide
+    std::function<void(std::vector<Url>)> filesDropped {}; ///< may be empty
 };
 
 /// Keeps a nearly invisible window over the left end of every visible menu bar; a click on

@@ -18,4 +18,10 @@ void AppleMenuOverlayView::press()
         running();
 }
 
+void AppleMenuOverlayView::drop(std::vector<Url> files)
+{
+    if (filesDropped)
+        filesDropped(std::move(files));
+}
+
 } // namespace zv

@@ -18,8 +18,11 @@ public:
     /// May destroy this view.
     std::function<void()> action;
 
+    std::function<void(std::vector<Url>)> filesDropped;
+
     void draw(Canvas* canvas, double height) override;
     void press() override;
+    void drop(std::vector<Url> files) override;
     std::string_view accessibilityLabel() const override { return "Zanthe Vell"; }
 
 private:

@@ -17,6 +17,7 @@ public:
 
     AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, Rect const& frame);
 
+    void setFilesDropped(std::function<void(std::vector<Url>)> dropped) { m_view.filesDropped = std::move(dropped); }
     /// Called with the screen point at which the menu opens. May destroy this window.
     std::function<void(Point)> action;
 

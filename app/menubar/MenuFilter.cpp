@@ -19,6 +19,15 @@ void MenuFilter::removeLast()
         m_text.resize(m_text.size() - characters.back().size());
 }
 
+std::string MenuFilter::announcement(std::ptrdiff_t matches) const
+{
+    if (m_text.empty())
+        return {};
+    if (matches == 0)
+        return m_text + ": " + std::string(noMatches);
+    return m_text + ": " + (matches == 1 ? "1 match" : std::to_string(matches) + " matches");
+}
+
 std::vector<bool> MenuFilter::visibleEntries()
 {
     auto const count = m_menu ? m_menu->entries.size() : 0;

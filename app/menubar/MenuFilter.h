@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,9 @@ class Menu;
 /// Filters an open menu's entries by the typed text. The menu itself is never changed. Main thread only.
 class MenuFilter {
 public:
+    /// Stands in place of the entries when none matches.
+    static constexpr std::string_view noMatches = "No Matches";
+
     /// Call when the menu opened or changed: its entries are read anew at the next query.
     void setMenu(Menu const* menu);
 
@@ -21,6 +25,8 @@ public:
     void removeLast();
     void clear() { m_text.clear(); }
 
+    /// The typed text and how many entries match, for those who hear the menu; empty when nothing is typed.
+    [[nodiscard]] std::string announcement(std::ptrdiff_t matches) const;
     /// A flag for each entry, in their order: whether its title contains the typed text, ignoring
     /// case and accents. Separators are visible only if nothing is typed.
     [[nodiscard]] std::vector<bool> visibleEntries();

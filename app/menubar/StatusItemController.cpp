@@ -8,6 +8,7 @@
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
+#include "app/menu/MenuKeyEquivalent.h"
 #include "app/menu/OpeningKeys.h"
 #include "app/model/Locations.h"
 #include "app/model/MenuShortcut.h"
@@ -48,6 +49,7 @@ void StatusItemController::menuNeedsUpdate(Menu& menu)
     assertMainThread();
     auto const& items = m_services.store.items();
     m_services.lists.refresh(items);
+    m_services.system.time.tasks.runOnMain(m_lifetime.guard([this] { m_services.hotkeys.retryRefused(); }));
     m_services.builder.buildMenu(menu, items, m_services.openingKeys.option());
     if (auto const problem = m_services.store.saveProblem())
         menu.entries.insert(menu.entries.begin(), { MenuEntry::disabled(displayText(*problem)), MenuEntry::separator() });
@@ -59,6 +61,18 @@ void StatusItemController::menuDidClose(Menu&)
     m_services.icons.emptyCache();
 }
 
+/// An action that counts as chosen by a shortcut. Escape alone closes menus, whoever has it as a shortcut.
+std::shared_ptr<MenuActionTarget> StatusItemController::targetForKey(Menu const& menu, KeyPress const& press)
+{
+    assertMainThread();
+    bool const closes = press.modifiers == ModifierMask::none && press.keyCode == keyCodeOfNamedKey("esc");
+    auto const* entry = closes ? nullptr : entryWithShortcut(menu, m_services.layout.keyEquivalents(press), press.modifiers);
+    if (!entry)
+        return nullptr;
+    return std::make_shared<MenuActionTarget>(
+        m_lifetime.guard([this, target = entry->target] { m_services.commands.byShortcut([&target] { target->invoke(); }); }));
+}
+
 void StatusItemController::updateStatusItem()
 {
     assertMainThread();
@@ -68,7 +82,7 @@ void StatusItemController::updateStatusItem()
     }
     if (m_statusItem)
         return;
-    m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu);
+    m_statusItem = m_services.presence.statusBar.add("Zanthe Vell", m_menu, m_services.filesDropped);
     m_statusItem->onRemoved = [this] { m_services.preferences.setShowsStatusItem(false); };
 }
 
@@ -98,11 +112,12 @@ void StatusItemController::handleHotkey(Uuid const& item)
     auto const performed = *found; // a copy, as performing may change the tree
     auto entry = m_services.builder.entryFor(performed);
     if (!entry.submenu) {
-        m_services.commands.perform(performed);
+        m_services.commands.byShortcut([&] { m_services.commands.perform(performed); });
         return;
     }
     m_services.lists.refresh({ performed });
     m_openedByKey = std::move(entry);
+    m_openedByKey.submenu->keyDelegate = m_asDelegate;
     popUpByKey(m_openedByKey.submenu);
 }
 

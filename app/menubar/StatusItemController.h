@@ -16,6 +16,7 @@ namespace zv {
 class DynamicMenuProvider;
 class FileHotkeys;
 class HotkeyCenter;
+class KeyboardLayout;
 class MenuBuilder;
 class MenuCommands;
 class MenuIcons;
@@ -43,11 +44,13 @@ public:
         DynamicMenuProvider const& lists;
         MenuIcons& icons;
         MenuCommands& commands;
+        KeyboardLayout& layout;
         OpeningKeys& openingKeys;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
         OverlayFactory makeOverlay;
+        std::function<void(std::vector<Url>)> filesDropped; ///< on the icon
     };
 
     /// All services outlive the controller.
@@ -57,6 +60,7 @@ public:
 
     void menuNeedsUpdate(Menu& menu) override;
     void menuDidClose(Menu& menu) override;
+    std::shared_ptr<MenuActionTarget> targetForKey(Menu const& menu, KeyPress const& press) override;
 
     /// Creates or removes the status icon, following the preference.
     void updateStatusItem();

@@ -58,7 +58,8 @@ ItemLocation::Resolution ItemLocation::resolve(LocationServices services) const
     }
     if (!path)
         return {};
-    if (auto found = existingFile(*path, services.files))
+    auto const absolutePath = expandingHome(*path, services.homePath);
+    if (auto found = existingFile(absolutePath, services.files))
         return { Kind::needsRefresh, std::move(found), Source::storedPath };
     if (auto found = relocatedFile(*path, services.files))
         return { Kind::needsRefresh, std::move(found), Source::relocated };
@@ -114,7 +115,7 @@ std::optional<ItemLocation> ItemLocation::fromOlderDictionary(PropertyListDictio
     if (!storedPath)
         return std::nullopt;
     ItemLocation location;
-    location.path = expandingHome(*storedPath, services.homePath);
+    location.path = *storedPath;
     auto const* name = dictionary.string("DisplayName");
     name = name ? name : dictionary.string("Title");
     if (name)

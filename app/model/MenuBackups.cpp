@@ -85,6 +85,7 @@ std::vector<MenuBackup> MenuBackups::list() const
             backups.push_back(std::move(*backup));
     }
     std::sort(backups.begin(), backups.end(), isNewer);
+    std::stable_partition(backups.begin(), backups.end(), [now = m_services.clock.now()](MenuBackup const& backup) { return backup.time <= now; });
     return backups;
 }
 
@@ -115,11 +116,7 @@ Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool
 Result<void> MenuBackups::write(PropertyList const& stored, Url const& file)
 {
     auto const bytes = writePropertyList(stored);
-    if (!bytes)
-        return Failure { bytes.error() };
-    if (auto made = m_services.files.createDirectory(m_folder); !made)
-        return made;
-    return m_services.files.write(file, *bytes);
+    return bytes ? m_services.files.writePrivately(file, *bytes) : Failure { bytes.error() };
 }
 
 Url MenuBackups::freeName(WallTime time, bool isReadable) const

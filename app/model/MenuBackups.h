@@ -36,7 +36,7 @@ public:
     /// `folder` is made when the first backup needs it. The services outlive this.
     MenuBackups(Services services, Url folder);
 
-    /// Newest first.
+    /// Newest first. Those that lie in the future were made while the clock was ahead: they come last.
     [[nodiscard]] std::vector<MenuBackup> list() const;
 
     [[nodiscard]] bool isDue() const override;

@@ -130,11 +130,11 @@ void MenuStore::move(std::set<std::size_t> const& offsets, std::size_t destinati
     didChange();
 }
 
-void MenuStore::replaceAll(std::vector<MenuItem> items)
+void MenuStore::replaceAll(std::vector<MenuItem> items, Keeping keeping)
 {
     assertMainThread();
     m_items = std::move(items);
-    didChange();
+    didChange(keeping);
 }
 
 void MenuStore::reload()
@@ -200,39 +200,42 @@ void MenuStore::refreshLocations()
         m_registrar.changed(unresolvedItemIDsProperty);
 }
 
-void MenuStore::didChange()
+void MenuStore::didChange(Keeping keeping)
 {
     cleanTitles(m_items);
     refreshLocations();
-    save();
+    save(keeping);
     if (m_itemsSink)
         m_itemsSink->menuItemsChanged(m_items);
 }
 
-/// Backs up before the first save over an unreadable menu, and else when one is due.
-Result<void> MenuStore::backUp()
+/// Backs up before the first save over an unreadable menu, before the menu is replaced, and else when one is due.
+Result<void> MenuStore::backUp(Keeping keeping)
 {
-    if (!m_backupSink || (!m_loadFailure && !m_backupSink->isDue()))
+    bool const isAsked = m_loadFailure || keeping == Keeping::always;
+    if (!m_backupSink || (!isAsked && !m_backupSink->isDue()))
         return {};
-    auto const stored = m_services.defaults.storedObject(defaultsKey);
+    auto const stored = m_services.defaults.objectToOverwrite(defaultsKey);
     return stored ? m_backupSink->menuWillBeOverwritten(*stored, menuItemsFromPropertyList(*stored).ok()) : Result<void>();
 }
 
-void MenuStore::save()
+void MenuStore::save() { save(Keeping::whenDue); }
+
+void MenuStore::save(Keeping keeping)
 {
     assertMainThread();
-    auto const before = std::exchange(m_lastSave, write());
+    auto const before = std::exchange(m_lastSave, write(keeping));
     if (before.ok() != m_lastSave.ok() || (!before && before.error() != m_lastSave.error()))
         m_registrar.changed(lastSaveProperty);
     if (!m_lastSave)
         logLine("could not save menu to " + std::string(defaultsKey) + ": " + m_lastSave.error());
 }
 
-Result<void> MenuStore::write()
+Result<void> MenuStore::write(Keeping keeping)
 {
     if (auto const unwritable = findUnwritable(m_items))
         return Failure { unwritable->description() };
-    auto const backedUp = backUp();
+    auto const backedUp = backUp(keeping);
     m_loadFailure.reset();
     auto saved = m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
     if (saved && !backedUp)

@@ -27,8 +27,8 @@ public:
     virtual ~MenuBackupSink() = default;
     /// False when a readable menu need not be kept now; the store then makes no call.
     [[nodiscard]] virtual bool isDue() const = 0;
-    /// Called before a save, with the value stored now; an unreadable one comes even if no backup
-    /// is due. The failure is a sentence for the log, written only when the save then succeeds.
+    /// Called before a save, with the value stored now; an unreadable one, and one that is replaced as a whole,
+    /// comes even if no backup is due. The failure is a sentence for the log, written only when the save then succeeds.
     [[nodiscard]] virtual Result<void> menuWillBeOverwritten(PropertyList const& stored, bool isReadable) = 0;
 };
 
@@ -61,8 +61,11 @@ public:
     /// Moves the items at `offsets`, in their order, before the item that stood at `destination`
     /// (an offset of the list as it was).
     void move(std::set<std::size_t> const& offsets, std::size_t destination);
-    /// Replaces the whole menu: import, restore, undo.
-    void replaceAll(std::vector<MenuItem> items);
+    /// Whether a change replaces what the user made: then the stored menu is kept even if a backup was made a
+    /// moment ago.
+    enum class Keeping { whenDue, always };
+    /// Sets the whole menu: after an edit of several items, or for an import or a restored menu.
+    void replaceAll(std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
 
     /// Writes the menu to the settings, as every change does. A failure is one line in the log.
     void save();
@@ -93,9 +96,10 @@ private:
     [[nodiscard]] std::optional<std::vector<MenuItem>> resourceMenu() const;
     void setItems(std::vector<MenuItem> items);
     void refreshLocations();
-    void didChange();
-    [[nodiscard]] Result<void> backUp();
-    [[nodiscard]] Result<void> write();
+    void didChange(Keeping keeping = Keeping::whenDue);
+    void save(Keeping keeping);
+    [[nodiscard]] Result<void> backUp(Keeping keeping);
+    [[nodiscard]] Result<void> write(Keeping keeping);
 
     Services m_services;
     std::vector<MenuItem> m_items;

@@ -257,7 +257,7 @@ void MenuEditor::setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpe
 
 void MenuEditor::restoreDefaultMenu() { replaceMenu(m_services.store.defaultMenu(), "Restore Default Menu"); }
 
-void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), std::nullopt); }
+void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), std::nullopt, Keeping::always); }
 
 void MenuEditor::add(std::string name, std::vector<MenuItem> added, Position const& position)
 {
@@ -274,12 +274,12 @@ void MenuEditor::edit(std::string name, Uuid const& id, std::function<void(MenuI
         commit(std::move(name), std::move(after), std::nullopt);
 }
 
-void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Selection selection)
+void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Selection selection, Keeping keeping)
 {
     assertMainThread();
     if (after == items())
         return;
-    put(std::move(after));
+    put(std::move(after), keeping);
     tell(std::move(name), std::move(selection));
 }
 
@@ -299,14 +299,15 @@ void MenuEditor::redo(MenuEdit const& edit)
     (void)takeOver();
 }
 
-void MenuEditor::put(std::vector<MenuItem> after)
+void MenuEditor::put(std::vector<MenuItem> after, Keeping keeping)
 {
     m_isPutting = true;
     auto& store = m_services.store;
-    if (auto const changed = singleDifference(store.items(), after))
+    auto const changed = keeping == Keeping::whenDue ? singleDifference(store.items(), after) : std::nullopt;
+    if (changed)
         store.replace(after[*changed].id, std::move(after[*changed]));
     else if (after != store.items())
-        store.replaceAll(std::move(after));
+        store.replaceAll(std::move(after), keeping);
     m_isPutting = false;
 }
 

@@ -89,13 +89,15 @@ public:
 private:
     using Selection = std::optional<Ids>;
 
-    void commit(std::string name, std::vector<MenuItem> after, Selection selection);
+    using Keeping = MenuStore::Keeping;
+
+    void commit(std::string name, std::vector<MenuItem> after, Selection selection, Keeping keeping = Keeping::whenDue);
     void add(std::string name, std::vector<MenuItem> added, Position const& position);
     void edit(std::string name, Uuid const& id, std::function<void(MenuItem&)> const& edit);
     bool moveBy(Ids const& ids, int step);
     [[nodiscard]] Ids neighbourOf(Ids const& ids) const;
     [[nodiscard]] std::optional<std::string> titleFor(Url const& file) const;
-    void put(std::vector<MenuItem> items);
+    void put(std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
     void tell(std::string name, Selection selection);
     [[nodiscard]] MenuEdit takeOver();
     void observe();

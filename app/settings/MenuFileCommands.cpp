@@ -1,9 +1,26 @@
 #include "app/settings/MenuFileCommands.h"
 
-#include "app/model/MenuDocument.h"
 #include "app/settings/SettingsTexts.h"
+#include "platform/text/DateText.h"
 
 namespace zv {
+
+namespace {
+
+constexpr char const* canBeUndone = "You can undo this, and your menu is kept among the backups.";
+
+std::string counted(std::size_t count) { return std::to_string(count) + (count == 1 ? " item" : " items"); }
+
+/// Including all levels.
+std::size_t countOf(std::vector<MenuItem> const& items)
+{
+    auto count = items.size();
+    for (auto const& item : items)
+        count += countOf(item.children);
+    return count;
+}
+
+} // namespace
 
 void MenuFileCommands::exportMenu()
 {
@@ -20,35 +37,52 @@ void MenuFileCommands::importMenu()
 {
     auto const files
         = m_services.panels.chooseToOpen({ settingsTexts::importMenu, FilePanelKind::menuDocument, settingsTexts::menuDocuments, settingsTexts::allFiles });
-    if (!files.empty())
-        replaceFrom(files.front(), settingsTexts::importMenu);
+    if (files.empty())
+        return;
+    if (auto menu = read(files.front()))
+        m_services.editor.replaceMenu(std::move(menu->items), settingsTexts::importMenu);
 }
 
 std::vector<MenuBackup> MenuFileCommands::backups() const { return m_services.backups.list(); }
 
-void MenuFileCommands::restoreBackup(MenuBackup const& backup) { replaceFrom(backup.file, "Restore Backup"); }
+void MenuFileCommands::restoreBackup(MenuBackup const& backup)
+{
+    auto menu = read(backup.file);
+    if (!menu)
+        return;
+    auto const replaced = "Your menu of " + counted(countOf(m_services.editor.items())) + " is replaced by one of " + counted(menu->itemCount) + ". ";
+    if (confirms("Restore the menu of " + localizedDateAndTime(backup.time) + "?", replaced + canBeUndone, "Restore"))
+        m_services.editor.replaceMenu(std::move(menu->items), "Restore Backup");
+}
 
 void MenuFileCommands::restoreDefaultMenu()
 {
-    Alert question;
-    question.message = "Restore the default menu?";
-    question.informativeText = "Your menu is replaced by the one that came with Zanthe Vell. You can undo this, and your menu is kept among the backups.";
-    question.buttons = { "Restore Default Menu", "Cancel" };
-    question.escapeButton = 1;
-    if (m_services.alerts.run(question) == 0)
+    auto const replaced = "Your menu is replaced by the one that came with Zanthe Vell. ";
+    if (confirms("Restore the default menu?", std::string(replaced) + canBeUndone, "Restore Default Menu"))
         m_services.editor.restoreDefaultMenu();
 }
 
-void MenuFileCommands::replaceFrom(Url const& file, std::string const& editName)
+bool MenuFileCommands::confirms(std::string message, std::string informativeText, std::string button)
+{
+    Alert question;
+    question.message = std::move(message);
+    question.informativeText = std::move(informativeText);
+    question.buttons = { std::move(button), "Cancel" };
+    question.escapeButton = 1;
+    return m_services.alerts.run(question) == 0;
+}
+
+/// The menu in the file; else says why there is none.
+std::optional<ImportedMenu> MenuFileCommands::read(Url const& file)
 {
     auto const message = "“" + file.lastPathComponent() + "” could not be imported.";
     auto const bytes = m_services.files.read(file);
     if (!bytes)
-        return tell(message, bytes.error());
+        return tell(message, bytes.error()), std::nullopt;
     auto menu = readMenuDocument(*bytes, m_services.locations);
     if (!menu)
-        return tell(message, menu.error().description() + ". Your menu stays as it is.");
-    m_services.editor.replaceMenu(std::move(menu->items), editName);
+        return tell(message, menu.error().description() + ". Your menu stays as it is."), std::nullopt;
+    return std::move(menu).value();
 }
 
 void MenuFileCommands::tell(std::string message, std::string informativeText)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "app/model/MenuBackups.h"
+#include "app/model/MenuDocument.h"
 #include "app/settings/MenuEditor.h"
 #include "platform/desk/Alerts.h"
 #include "platform/desk/FilePanels.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,12 +34,13 @@ public:
     void importMenu();
     /// Newest first.
     [[nodiscard]] std::vector<MenuBackup> backups() const;
+    /// Asks for confirmation first, as does the next.
     void restoreBackup(MenuBackup const& backup);
-    /// Asks for confirmation first.
     void restoreDefaultMenu();
 
 private:
-    void replaceFrom(Url const& file, std::string const& editName);
+    [[nodiscard]] std::optional<ImportedMenu> read(Url const& file);
+    [[nodiscard]] bool confirms(std::string message, std::string informativeText, std::string button);
     void tell(std::string message, std::string informativeText);
 
     Services m_services;

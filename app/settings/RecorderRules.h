@@ -1,20 +1,11 @@
 #pragma once
 
 #include "app/model/KeyEquivalentSpec.h"
-#include "platform/desk/ModifierKeys.h"
+#include "platform/desk/KeyPress.h"
 
-#include <cstdint>
 #include <optional>
-#include <string>
 
 namespace zv {
-
-/// A key press as the recorder's view received it.
-struct KeyPress {
-    std::uint16_t keyCode = 0; ///< virtual key code of the model
-    std::string charactersIgnoringModifiers; ///< what the key types without modifiers
-    ModifierMask modifiers = ModifierMask::none;
-};
 
 struct RecorderOutcome {
     enum class Kind {

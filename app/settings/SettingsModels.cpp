@@ -19,12 +19,12 @@ SettingsModels::SettingsModels(Services services)
           .files = *m_services.system.files.disk,
           .locations = locationsOf(m_services.system),
           .panels = m_services.surface.windows.filePanels,
-          .alerts = m_services.surface.desk.alerts })
+          .alerts = m_services.surface.windows.settingsAlerts })
     , m_general({ .preferences = m_services.preferences,
           .loginItem = m_services.loginItem,
           .updater = m_services.updater,
           .menuFile = m_menuFile,
-          .alerts = m_services.surface.desk.alerts,
+          .alerts = m_services.surface.windows.settingsAlerts,
           .wording = wording(),
           .menuShortcut = m_services.menuShortcut,
           .menuShortcutIsTaken = [this] { return menuShortcutIsTaken(); },

@@ -52,7 +52,7 @@ public:
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
     [[nodiscard]] SettingsPlace& place() { return m_place; }
-    [[nodiscard]] Alerts& alerts() { return m_services.surface.desk.alerts; }
+    [[nodiscard]] Alerts& alerts() { return m_services.surface.windows.settingsAlerts; }
 
     /// Reads all that the outline shows, to observe it.
     void readOutline() const;
@@ -73,8 +73,8 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
-    [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] bool menuShortcutIsTaken() const;
+    [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;

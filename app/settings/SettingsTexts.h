@@ -65,8 +65,8 @@ inline constexpr Text allFiles = "All files";
 // The inspector.
 inline constexpr Text title = "Title";
 inline constexpr Text target = "Target";
-inline constexpr Text choose = "Choose…";
-inline constexpr Text reveal = "Reveal";
+inline constexpr Button choose { "Choose…", "Chooses another target" };
+inline constexpr Button reveal { "Reveal", "Shows where the target lies" };
 inline constexpr Text shortcut = "Shortcut";
 inline constexpr Text hidden = "Hide in the menu";
 [[nodiscard]] std::string selected(std::size_t count); ///< for any count but one

@@ -27,7 +27,12 @@ Menus::Menus(Parts parts)
           .locationCommands = m_actions }))
     , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, m_openingKeys, parts.system.lists.applicationFolders }
     , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
-    , m_entryMenu({ .system = parts.system, .desk = parts.desk, .commands = m_actions, .icons = m_icons, .shell = std::move(parts.entryShell) })
+    , m_entryMenu({ .system = parts.system,
+          .desk = parts.desk,
+          .preferences = parts.preferences,
+          .commands = m_actions,
+          .icons = m_icons,
+          .shell = std::move(parts.entryShell) })
     , m_builder({ .preferences = parts.preferences,
                     .locations = m_locations,
                     .icons = m_icons,

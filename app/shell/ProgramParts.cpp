@@ -48,7 +48,13 @@ EntryMenu::Shell ProgramParts::entryShell()
     return { .isInMenu = [this](Uuid const& item) { return m_over.store.find(item) != nullptr; },
         .editItem = [this](Uuid const& item) { m_over.settings.openAt(item); },
         .removeItem = [this](Uuid const& item) { settingsModels().editor().remove({ item }); },
-        .addToItems = [this](std::vector<Url> files) { (void)m_addToItems.addToZantheVellItems(std::move(files)); } };
+        .addToItems = filesDropped() };
+}
+
+/// Adds them to the Items folder.
+std::function<void(std::vector<Url>)> ProgramParts::filesDropped()
+{
+    return [this](std::vector<Url> files) { (void)m_addToItems.addToZantheVellItems(std::move(files)); };
 }
 
 std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
@@ -64,11 +70,13 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .lists = m_menus.lists(),
         .icons = m_menus.icons(),
         .commands = m_menus.actions(),
+        .layout = m_layout,
         .openingKeys = m_menus.openingKeys(),
         .hotkeys = m_hotkeys,
         .fileHotkeys = m_fileHotkeys,
         .notifications = m_notifications,
         .makeOverlay = [this](auto showMenu) { return makeOverlay(std::move(showMenu)); },
+        .filesDropped = filesDropped(),
     });
 }
 
@@ -84,7 +92,8 @@ std::shared_ptr<void> ProgramParts::makeOverlay(std::function<void(Point)> showM
                                                             .panels = seams->panels,
                                                             .timers = m_over.system.time.timers,
                                                             .clock = m_over.system.time.clock,
-                                                            .visibility = seams->visibility },
+                                                            .visibility = seams->visibility,
+                                                            .filesDropped = filesDropped() },
         m_over.preferences, std::move(showMenu));
 }
 

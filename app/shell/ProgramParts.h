@@ -53,6 +53,7 @@ public:
 private:
     [[nodiscard]] MenuActions::Shell actionShell();
     [[nodiscard]] EntryMenu::Shell entryShell();
+    [[nodiscard]] std::function<void(std::vector<Url>)> filesDropped();
     [[nodiscard]] SettingsModels::Services settingsServices();
     [[nodiscard]] std::shared_ptr<void> makeOverlay(std::function<void(Point)> showMenu);
 

@@ -102,6 +102,7 @@ void Relocation::openCopy(Url const& copy, Url const& destination)
             Alert alert;
             alert.message = "“" + nameWithoutExtension(copy) + "” could not be opened after copying.";
             alert.informativeText = started.error() + " Open the copy in " + destination.path() + ".";
+            services.application.activate(); // long after the question, which the user may have left
             services.alerts.run(alert);
         }
         services.application.terminate();

@@ -5,6 +5,7 @@
 #include "base/Utf8.h"
 #include "platform/text/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
@@ -37,6 +38,13 @@ bool isWebPage(std::string const& address)
     return url && (url->scheme() == "https" || url->scheme() == "http");
 }
 
+/// Rejects other files, which the desktop would open as what their names say.
+bool isPackage(std::string const& address, UpdateCriteria const& criteria)
+{
+    auto const path = std::string_view(address).substr(0, address.find_first_of("?#"));
+    return std::any_of(criteria.packageEndings.begin(), criteria.packageEndings.end(), [path](auto const& ending) { return path.ends_with(ending); });
+}
+
 bool isCritical(AppcastItem const& item, UpdateCriteria const& criteria)
 {
     return item.isCritical && (item.criticalBefore.empty() || compareVersions(criteria.currentVersion, item.criticalBefore) < 0);
@@ -47,7 +55,7 @@ bool suits(AppcastItem const& item, UpdateCriteria const& criteria)
     bool const inChannel = item.channel.empty() || criteria.channels.contains(item.channel);
     bool const isSkipped = !isCritical(item, criteria) && !criteria.skippedVersion.empty() && item.version == criteria.skippedVersion;
     bool const isNamed = isVersion(item.version) && (item.displayVersion.empty() || isVersion(item.displayVersion));
-    bool const hasSomethingToOffer = !item.downloadAddress.empty() || isWebPage(item.releasePage);
+    bool const hasSomethingToOffer = isPackage(item.downloadAddress, criteria) || isWebPage(item.releasePage);
     return inChannel && !isSkipped && isNamed && hasSomethingToOffer && suitsSystem(item, criteria)
         && compareVersions(item.version, criteria.currentVersion) > 0;
 }
@@ -142,6 +150,8 @@ std::optional<AppcastItem> chooseUpdate(std::vector<AppcastItem> const& items, U
     chosen.isCritical = isCritical(chosen, criteria);
     if (!isWebPage(chosen.releasePage))
         chosen.releasePage.clear();
+    if (!isPackage(chosen.downloadAddress, criteria))
+        chosen.downloadAddress.clear();
     return chosen;
 }
 

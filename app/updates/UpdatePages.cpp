@@ -75,6 +75,14 @@ UpdatePage withoutAddress() { return told(notDownloadedTitle, "The feed names no
 
 UpdatePage notDownloaded(std::string const& reason) { return told(notDownloadedTitle, "The reason: " + reason + ". Nothing was changed."); }
 
+UpdatePage notOpened(std::string const& fileName, std::string const& reason)
+{
+    auto page = told("The update could not be opened", "“" + fileName + "” was downloaded, but nothing here installs it: " + reason + ".");
+    page.buttons = { "Show in Folder", "OK" };
+    page.escapeButton = 1;
+    return page;
+}
+
 UpdatePage refused(std::string const& reason) { return told("The update was refused", reason + " Nothing was changed."); }
 
 } // namespace zv::updatePages

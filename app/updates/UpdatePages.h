@@ -27,6 +27,7 @@ struct Offer {
 [[nodiscard]] UpdatePage notLookedFor(std::string const& reason);
 [[nodiscard]] UpdatePage withoutAddress();
 [[nodiscard]] UpdatePage notDownloaded(std::string const& reason);
+[[nodiscard]] UpdatePage notOpened(std::string const& fileName, std::string const& reason);
 [[nodiscard]] UpdatePage refused(std::string const& reason);
 
 } // namespace zv::updatePages

@@ -29,6 +29,7 @@ struct Looks {
 
 struct Windows {
     SettingsWindow& settings;
+    Alerts& settingsAlerts; ///< what the settings ask and tell; on their window where a system has sheets
     NotesWindows& notes;
     FilePanels& filePanels;
     UserNotifications& notifications;

@@ -4,12 +4,13 @@
 
 namespace zv {
 
-/// How wide text is drawn. Main thread only.
+/// How wide menus draw text, in points, in the standard menu font. Main thread only.
 class TextMeasure {
 public:
     virtual ~TextMeasure() = default;
-    /// In points, in the standard menu font.
     [[nodiscard]] virtual double menuFontWidth(std::string_view text) const = 0;
+    /// The width of a shortcut, given in glyphs, in the notation of this system's menus.
+    [[nodiscard]] virtual double shortcutWidth(std::string_view glyphs) const { return menuFontWidth(glyphs); }
 };
 
 } // namespace zv

@@ -42,6 +42,9 @@ public:
     [[nodiscard]] virtual Result<std::vector<std::byte>> read(Url const& url) const = 0;
     /// Writes whole or not at all: a temporary file in the same folder, synced, then renamed.
     [[nodiscard]] virtual Result<void> write(Url const& url, std::vector<std::byte> const& bytes) = 0;
+    /// Writes like write(), for the user's eyes alone: readable by nobody else, in a folder that nobody else can
+    /// enter and that is made where it is missing.
+    [[nodiscard]] virtual Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) = 0;
     /// Names in the folder, in no order, "." and ".." left out.
     [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;
     [[nodiscard]] virtual Result<void> remove(Url const& url) = 0;

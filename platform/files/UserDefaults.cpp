@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -14,15 +15,15 @@ namespace {
 
 using Limits = std::numeric_limits<std::int64_t>;
 
-bool isTrueText(std::string_view text) { return text == "YES" || text == "true" || text == "1"; }
+std::string_view withoutPrefix(std::string_view text, std::string_view characters)
+{
+    return text.substr(std::min(text.find_first_not_of(characters), text.size()));
+}
 
 /// The number at the front of the text; one out of range becomes the nearest in range.
 std::int64_t leadingInteger(std::string_view text)
 {
-    auto const start = text.find_first_not_of(" \t\n\r");
-    if (start == std::string_view::npos)
-        return 0;
-    text.remove_prefix(start);
+    text = withoutPrefix(text, " \t\n\r");
     if (text.starts_with('+'))
         text.remove_prefix(1);
     std::int64_t number = 0;
@@ -39,6 +40,16 @@ std::int64_t truncated(double real)
     if (real >= 0x1p63)
         return Limits::max();
     return real < -0x1p63 ? Limits::min() : static_cast<std::int64_t>(real);
+}
+
+/// As https://developer.apple.com/documentation/foundation/nsstring/1409420-boolvalue reads it.
+bool isTrueText(std::string_view text)
+{
+    text = withoutPrefix(text, " \t\n\r");
+    if (text.starts_with('+') || text.starts_with('-'))
+        text.remove_prefix(1);
+    text = withoutPrefix(text, "0");
+    return !text.empty() && std::string_view("YyTt123456789").find(text.front()) != std::string_view::npos;
 }
 
 struct BoolReader {

@@ -23,6 +23,9 @@ public:
     [[nodiscard]] virtual std::optional<PropertyList> object(std::string_view key) const = 0;
     /// The stored value alone.
     [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
+    /// The value that a save would overwrite: another process may have stored it, and a value kept in memory
+    /// since a failed save is not there.
+    [[nodiscard]] virtual std::optional<PropertyList> objectToOverwrite(std::string_view key) const { return storedObject(key); }
     /// Stores at once. The failure is a sentence that says why the file could not be written;
     /// the value is then kept in memory, and written with the next one. Callers log it.
     [[nodiscard]] virtual Result<void> setObject(std::string_view key, PropertyList value) = 0;
@@ -32,8 +35,9 @@ public:
     /// setObject for values that nobody waits for: a failure is one line in the log.
     void keep(std::string_view key, PropertyList value);
 
-    /// The lenient reads that settings use: integers and reals other than 0, and the texts
-    /// "YES", "true" and "1" are true; texts are read as far as they are numbers; else 0.
+    /// The lenient reads that settings use: integers and reals other than 0 are true, and texts that begin with
+    /// Y, T or a number other than 0 in either case ("yes", "TRUE", "1"); texts are read as far as they are
+    /// numbers; else 0.
     [[nodiscard]] bool boolForKey(std::string_view key) const;
     [[nodiscard]] std::int64_t integerForKey(std::string_view key) const;
 

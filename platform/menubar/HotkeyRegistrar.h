@@ -46,6 +46,8 @@ public:
     [[nodiscard]] virtual std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) = 0;
     virtual void releaseAll() = 0;
     [[nodiscard]] virtual HotkeySupport support() const = 0;
+    /// Whether the system acts on the combination before any program sees it.
+    [[nodiscard]] virtual bool isKeptBySystem(KeyChord) const { return false; }
 
     /// Called once a press, however long the key is held. Set by its one user.
     std::function<void(HotkeyID)> onPressed;

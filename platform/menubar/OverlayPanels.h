@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/Url.h"
 #include "platform/desk/Canvas.h"
 #include "platform/desk/Geometry.h"
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace zv {
 
@@ -16,6 +18,8 @@ public:
     /// Called when any button is pressed on the panel, also while the program is inactive, or
     /// an assistive program presses it: there it is an item of the menu bar.
     virtual void press() = 0;
+    /// Called when files are dropped on the panel, where the system tells of them.
+    virtual void drop(std::vector<Url> files) = 0;
     [[nodiscard]] virtual std::string_view accessibilityLabel() const = 0;
 };
 

@@ -1,12 +1,17 @@
 #pragma once
 
+#include "base/Url.h"
+
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace zv {
 
 class Menu;
+
+using FilesDropped = std::function<void(std::vector<Url>)>;
 
 /// An icon among the status icons; destroying it removes it.
 class StatusItem {
@@ -22,8 +27,9 @@ class StatusBar {
 public:
     virtual ~StatusBar() = default;
     /// Adds a square item with our laurel, called `name`; a click on it opens `menu`, which is
-    /// asked to fill itself each time.
-    [[nodiscard]] virtual std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) = 0;
+    /// asked to fill itself each time. Files that are dropped on it are handed over, where the
+    /// system tells of them.
+    [[nodiscard]] virtual std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) = 0;
 };
 
 } // namespace zv

@@ -33,7 +33,7 @@ struct DesktopFindings {
 
     Display display = Display::none;
     bool hasWindowManager = false; ///< on X11
-    bool hasPanelAtTop = false; ///< on X11
+    bool hasCornerPanel = false; ///< on X11: a panel lies along the top or the bottom of a screen
     bool hasIconTheme = false; ///< beside the bare fallback
     bool readsDrawings = false; ///< icons that are SVG files
     HotkeySupport hotkeys = HotkeySupport::none;

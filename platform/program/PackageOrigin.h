@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zv {
 
@@ -11,6 +12,8 @@ public:
     virtual ~PackageOrigin() = default;
     /// The package that owns the running program; nothing without one.
     [[nodiscard]] virtual std::optional<std::string> owningPackage() const = 0;
+    /// The endings of the packages that this system installs: ".deb".
+    [[nodiscard]] virtual std::vector<std::string> packageEndings() const = 0;
     /// The system's own version, compared with a feed's limits; empty when unknown.
     [[nodiscard]] virtual std::string systemVersion() const = 0;
     /// The name feeds give this system: "linux", "macos".

@@ -54,7 +54,7 @@ struct ProgramHandlers {
     std::function<void()> openSettings;
     std::function<void()> quit;
     std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
-    std::function<std::string()> hotkeys;
+    std::function<std::string()> hotkeys; ///< on Linux called on any thread
     std::function<std::string()> findings; ///< of the system's own survey, where the program knows more than a command
 };
 

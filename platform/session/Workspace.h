@@ -23,6 +23,9 @@ struct UntrustedStart {
 
 enum class StartConsent { once, always };
 
+/// How a file gets to another place.
+enum class FileTransfer { move, copy, link };
+
 /// Opens things as the desktop does. A failure is silent here but for one line in the log.
 /// Nothing blocks. Main thread only.
 class Workspace {
@@ -43,6 +46,9 @@ public:
     /// Moves the file where the user can get it back from. The failure is the system's sentence
     /// for it; `done` is called like that of findApplicationsFor().
     virtual void moveToTrash(Url const& file, std::function<void(Result<void>)> done) = 0;
+    /// Takes the file, or the folder with all that is in it, to a place that is free. Failure and
+    /// `done` as above.
+    virtual void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) = 0;
     [[nodiscard]] virtual std::optional<Url> applicationWithIdentifier(std::string_view identifier) const = 0;
     /// Starts a new instance even if one is running. `done` gets a whole sentence as the
     /// reason of a failure; on the main thread.

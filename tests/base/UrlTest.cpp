@@ -26,6 +26,12 @@ TEST(Url, NamesEveryPathThereIs)
     }
     EXPECT_EQ(Url::fromPath("/a//"), Url::fromPath("/a"));
     EXPECT_EQ(Url::parse(std::string_view("file:///a%20").substr(0, 11))->path(), "/a%2") << "what follows is not looked at";
+    EXPECT_EQ(Url::parse("file://localhost/a/"), Url::fromPath("/a"));
+    EXPECT_EQ(Url::parse("file://"), Url::fromPath("/"));
+    EXPECT_FALSE(Url::parse("file:///a%00b")) << "the system would read another path";
+    auto const elsewhere = Url::parse("file://otherhost/a");
+    EXPECT_FALSE(elsewhere->isFile());
+    EXPECT_EQ(elsewhere->toString(), "file://otherhost/a");
 }
 
 TEST(Url, AppendingIsThePathsOwnAppending)

@@ -44,25 +44,47 @@ TEST_F(CommandLineTest, EachCommandTellsItsUsage)
         EXPECT_EQ(run({ std::string(command->name), "--help" }).status, 0) << command->name;
 }
 
-TEST_F(CommandLineTest, EachCommandIsInTheManualAndKnownToEveryShell)
+TEST_F(CommandLineTest, EachCommandIsInTheManualAndOfferedToShells)
 {
+    std::ifstream stream(tests::inSourceTree("packaging/linux/zanthe-vell.1"));
+    std::string const manual { std::istreambuf_iterator<char>(stream), {} };
+    for (auto const* command : commandTable()) {
+        std::string const name(command->name);
+        EXPECT_TRUE(std::regex_search(manual, std::regex(R"(\n\.TP\n\.(B|BR|BI) )" + name + R"([ \n])"))) << name;
+        EXPECT_EQ(run({ "complete", name }).out.find(name + "\t" + std::string(command->summary) + "\n"), 0U) << name;
+    }
+}
+
+TEST_F(CommandLineTest, TellsShellsWhatMayFollow)
+{
+    auto folder = MenuItem::ofKind(MenuItemKind::submenu);
+    folder.title = "My \"Folder\"";
+    folder.children = { MenuItem::ofKind(MenuItemKind::sleep), MenuItem::ofKind(MenuItemKind::restart) };
+    defaults.stored.set("Menu", toPropertyList(std::vector { folder }));
     struct Row {
-        std::string file, pattern; ///< NAME stands for a command
+        Words words;
+        std::string out;
     };
     Row const rows[] = {
-        { "zanthe-vell.1", R"(\n\.TP\n\.(B|BR|BI) NAME[ \n])" },
-        { "completions/zanthe-vell.bash", R"(cword == 1[^\n]*\n[^\n]*[" ]NAME )" },
-        { "completions/_zanthe-vell", R"(\n *'NAME:)" },
-        { "completions/zanthe-vell.fish", R"(_words 1' -a NAME -d )" },
+        { { "doctor", "" }, "--json\n" },
+        { { "show", "--" }, "--at\n" },
+        { { "perform", "" }, "--command\nMy \"Folder\"\nCustomize Zanthe Vell…\n" },
+        { { "perform", "--command", "My \"Folder\"", "S" }, "Sleep\n" },
+        { { "--typed", "perform", "My\\ \"\\\"Folder\"'\"'", "'Sl" }, "Sleep\n" },
+        { { "perform", "none", "" }, "--command\n" },
+        { { "prefs", "" }, "read\nwrite\nreset\n" },
+        { { "prefs", "write", "ShowIcons", "" }, "true\nfalse\n" },
+        { { "prefs", "write", "ScanDepth", "" }, "" },
+        { { "fly", "" }, "" },
+        { { "--typed" }, run({ "complete" }).out },
     };
     for (auto const& row : rows) {
-        std::ifstream stream(tests::inSourceTree("packaging/linux/" + row.file));
-        std::string const text { std::istreambuf_iterator<char>(stream), {} };
-        for (auto const* command : commandTable()) {
-            auto const pattern = std::regex_replace(row.pattern, std::regex("NAME"), std::string(command->name));
-            EXPECT_TRUE(std::regex_search(text, std::regex(pattern))) << command->name << " in " << row.file;
-        }
+        Words words { "complete" };
+        words.insert(words.end(), row.words.begin(), row.words.end());
+        EXPECT_EQ(run(words), (Outcome { 0, row.out, "" })) << row.words.back();
     }
+    EXPECT_TRUE(run({ "complete", "prefs", "read", "Sc" }).out.starts_with("ScanDepth\t"));
+    EXPECT_EQ(run({ "--help" }).out.find("complete"), std::string::npos) << "not for people";
 }
 
 TEST_F(CommandLineTest, TellsItsVersion) { EXPECT_EQ(run({ "--version" }), (Outcome { 0, "Zanthe Vell " ZV_VERSION "\n", "" })); }

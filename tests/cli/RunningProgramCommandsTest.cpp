@@ -31,12 +31,16 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
     item.title = "Nap\nnow";
     defaults.stored.set("Menu", toPropertyList(std::vector { item }));
     program.hotkeysJson = R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":")" + item.id.toString()
-        + R"("},{"id":2,"shortcut":"F5","file":"/a\u001bb\u202ec"}],"conflicts":[{"shortcut":"⌘Q","item":"gone"}]})";
+        + R"("},{"id":2,"shortcut":"F5","file":"/a\u001bb\u202ec"}],"conflicts":[{"shortcut":"⌘Q","item":"gone"}],)"
+        + R"("unavailable":[{"shortcut":"⌘Я","item":"gone","reason":"notOnLayout"},{"shortcut":"⌃⌥F1","item":"gone","reason":"keptBySystem"}],"support":"none"})";
     EXPECT_EQ(run({ "hotkeys" }),
         (Outcome { 0,
             "⌥⌘E     Nap now\n"
             "F5      /a␛b\uFFFDc\n"
             "⌘Q      gone  (taken: another program or another entry has it)\n"
+            "⌘Я      gone  (never arrives: no key of this keyboard layout types it)\n"
+            "⌃⌥F1    gone  (never arrives: the system keeps it for itself)\n"
+            "This desktop does not let programs have shortcuts of their own.\n"
             "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n",
             "" }));
     EXPECT_EQ(run({ "hotkeys", "--json" }).out, program.hotkeysJson + "\n");

@@ -177,6 +177,10 @@ class MenuTest(unittest.TestCase):
             wait_until(windows)
             for title in desktop.menu_titles():
                 found(title, pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_MENU)
+            found("Zanthe Vell", pyatspi.ROLE_POPUP_MENU)
+            self.assertTrue(found("Folder", pyatspi.ROLE_MENU_ITEM).getState().contains(pyatspi.STATE_EXPANDABLE))
+            subprocess.run(["xdotool", "type", "lau"], check=True)
+            found("lau: 1 match", pyatspi.ROLE_NOTIFICATION)
             desktop.close_menus()
 
 

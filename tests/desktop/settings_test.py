@@ -138,6 +138,22 @@ class SettingsTest(unittest.TestCase):
         act(found("Open at login", pyatspi.ROLE_CHECK_BOX))
         wait_until(lambda: not os.path.exists(AUTOSTART), 3, "no autostart entry")
 
+    def test_a_backup_is_restored_after_a_question_and_taken_back_where_it_was_done(self):
+        desktop.set_menu([("Sleep", "Newer", None)])
+        self.tab("Menu")
+        self.tab("General")  # the list of backups is read anew
+        x, y = middle(found("Levels of folders", pyatspi.ROLE_LABEL))
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", "40", "--delay", "5", "5"], check=True)
+        time.sleep(0.3)
+        choose("Backups", "Down")
+        keys("Escape")
+        choose("Backups", "Down")
+        self.assertEqual(kinds(), ["Sleep"], "called off")
+        act(found("Restore", pyatspi.ROLE_PUSH_BUTTON))
+        wait_until(lambda: kinds() == ["FSObject", "Submenu", "Restart"], 3, "restored")
+        keys("ctrl+z")
+        wait_until(lambda: kinds() == ["Sleep"], 3, "taken back")
+
     def test_an_item_is_added_by_keyboard_and_by_drag_and_taken_back(self):
         self.tab("Menu")
         click(found("Search the library"))

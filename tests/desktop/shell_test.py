@@ -214,7 +214,7 @@ class ShellTest(unittest.TestCase):
                 menu = BusMenu(self.bus, wait_until(self.bus.items, 5, "its icon")[0])
                 menu.about_to_show()
                 self.assertIn("Customize Zanthe Vell…", menu.titles(), "the menu serves")
-                lines = [line for line in program.said().splitlines() if line]
+                lines = [line for line in program.said().splitlines() if line and "volume monitor" not in line]  # GIO's own
                 self.assertLessEqual(len(lines), 1, program.said())
 
     def test_the_autostart_entry_starts_the_program(self):

@@ -77,10 +77,14 @@ class UpdatesTest(unittest.TestCase):
         with open(package, "wb") as file:
             file.write(content)
         signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", package)).decode()
-        with open(os.path.join(SERVED, "appcast.xml"), "w", encoding="utf-8") as file:
+        feed = os.path.join(SERVED, "appcast.xml")
+        with open(feed, "w", encoding="utf-8") as file:
             file.write(f"""<rss xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle"><channel><item>
                 <sparkle:version>{version}</sparkle:version><sparkle:shortVersionString>{name}</sparkle:shortVersionString><description>Better menus.</description>
                 <enclosure url="{self.address}/zanthe-vell.deb" length="{len(content)}" sparkle:edSignature="{signature}"/></item></channel></rss>""")
+        signature = base64.b64encode(openssl("pkeyutl", "-sign", "-inkey", self.key, "-rawin", "-in", feed)).decode()
+        with open(feed, "a", encoding="utf-8") as file:
+            file.write(f"<!-- edSignature: {signature} -->\n")
 
     def setUp(self):
         if os.path.exists(OPENED):

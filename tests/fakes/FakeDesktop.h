@@ -38,6 +38,12 @@ public:
         log.push_back("trash " + file.toString());
         done(trashing);
     }
+    void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) override
+    {
+        static constexpr char const* names[] { "move ", "copy ", "link " };
+        log.push_back(names[static_cast<std::size_t>(how)] + file.toString() + " to " + place.toString());
+        done(transferring);
+    }
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         log.push_back("launch " + application.toString());
@@ -49,6 +55,7 @@ public:
     std::vector<InstalledApplication> openers;
     Result<void> launching;
     Result<void> trashing;
+    Result<void> transferring;
 };
 
 class FakeApplication : public Application {

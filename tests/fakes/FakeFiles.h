@@ -87,6 +87,11 @@ public:
         put(url.path(), { Node::Type::file, {}, bytes });
         return {};
     }
+    Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override
+    {
+        auto const made = createDirectory(url.parent());
+        return made ? write(url, bytes) : made;
+    }
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
         std::vector<std::string> found;

@@ -29,6 +29,7 @@ public:
     }
     void releaseAll() override { held.clear(); }
     HotkeySupport support() const override { return supported; }
+    bool isKeptBySystem(KeyChord chord) const override { return kept.contains(chord); }
 
     bool holds(KeyChord chord) const
     {
@@ -37,6 +38,7 @@ public:
 
     std::map<HotkeyID, KeyChord> held;
     std::set<KeyChord> taken; ///< by another program
+    std::set<KeyChord> kept; ///< by the system
     HotkeySupport supported = HotkeySupport::everywhere;
     int passes = 0;
 };

@@ -29,8 +29,9 @@ public:
 
 class FakeStatusBar : public StatusBar {
 public:
-    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) override
     {
+        drop = std::move(dropped);
         ++added;
         names.push_back(name);
         menus.push_back(menu);
@@ -40,6 +41,7 @@ public:
     }
     int added = 0; ///< ever
     int present = 0; ///< now
+    FilesDropped drop; ///< on the icon added last
     StatusItem* latest = nullptr;
     std::vector<std::string> names;
     std::vector<std::shared_ptr<Menu>> menus;

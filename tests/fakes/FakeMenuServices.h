@@ -19,6 +19,7 @@ namespace zv::fakes {
 /// Records the requests of a menu's entries.
 class FakeMenuCommands : public MenuCommands {
 public:
+    void byShortcut(std::function<void()> const& requests) override { requests(); }
     bool perform(MenuItem const& item) override
     {
         log.push_back("perform " + std::string(item.kind.rawValue()));
@@ -40,6 +41,9 @@ class FakeEntryMenus : public EntryMenus {
 public:
     MenuEntry menuOf(MenuEntry const&) const override { return {}; }
     std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return nullptr; }
+    std::optional<Url> fileOf(EntrySubject const&) const override { return std::nullopt; }
+    std::optional<Url> folderOf(EntrySubject const&) const override { return std::nullopt; }
+    void drop(std::vector<Url> const&, Url const&, FileTransfer) const override { }
     void addHead(Menu& submenu, EntrySubject const&) const override { submenu.entries.insert(submenu.entries.begin(), MenuEntry::disabled("Head")); }
 };
 

@@ -34,6 +34,7 @@ public:
 class FakePackageOrigin : public PackageOrigin {
 public:
     std::optional<std::string> owningPackage() const override { return package; }
+    std::vector<std::string> packageEndings() const override { return { ".deb" }; }
     std::string systemVersion() const override { return "12"; }
     std::string operatingSystem() const override { return "linux"; }
 

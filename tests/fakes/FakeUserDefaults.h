@@ -16,6 +16,7 @@ public:
         return stored ? stored : copy(registered.find(key));
     }
     std::optional<PropertyList> storedObject(std::string_view key) const override { return copy(stored.find(key)); }
+    std::optional<PropertyList> objectToOverwrite(std::string_view key) const override { return othersMenu ? othersMenu : storedObject(key); }
     Result<void> setObject(std::string_view key, PropertyList value) override
     {
         writes.emplace_back(key);
@@ -35,6 +36,7 @@ public:
 
     PropertyListDictionary stored;
     PropertyListDictionary registered;
+    std::optional<PropertyList> othersMenu; ///< stored by another process, and not read yet
     std::vector<std::string> writes; ///< keys, in the order they were written
     Result<void> writing; ///< the result of every write
 

@@ -4,6 +4,8 @@
 #include "platform/linux/posix/GObjects.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace zv {
 
@@ -31,6 +33,30 @@ Result<void> resultOf(GErrorSlot& error)
     if (error)
         return Failure { error.get()->message };
     return {};
+}
+
+namespace fs = std::filesystem;
+
+std::error_code copyAll(fs::path const& from, fs::path const& to)
+{
+    std::error_code error;
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove_all(to, ignored); // no half copies
+    }
+    return error;
+}
+
+std::error_code moveAll(fs::path const& from, fs::path const& to)
+{
+    std::error_code error;
+    fs::rename(from, to, error);
+    if (error != std::errc::cross_device_link)
+        return error;
+    if (error = copyAll(from, to); !error)
+        fs::remove_all(from, error);
+    return error;
 }
 
 } // namespace
@@ -70,6 +96,21 @@ Result<void> moveToTrash(Url const& file)
     GErrorSlot error;
     g_file_trash(located.get(), nullptr, error.out());
     return resultOf(error);
+}
+
+Result<void> transferFile(Url const& file, Url const& place, FileTransfer how)
+{
+    fs::path const from = file.path(), to = place.path();
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(to, error)))
+        return Failure { std::make_error_code(std::errc::file_exists).message() };
+    if (how == FileTransfer::link)
+        fs::create_symlink(from, to, error);
+    else
+        error = how == FileTransfer::copy ? copyAll(from, to) : moveAll(from, to);
+    if (error)
+        return Failure { error.message() };
+    return {};
 }
 
 } // namespace zv

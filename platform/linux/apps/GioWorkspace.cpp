@@ -121,6 +121,13 @@ void GioWorkspace::moveToTrash(Url const& file, std::function<void(Result<void>)
     m_services.tasks.runDetached([file, done = std::move(done)] { return std::function<void()>([done, moved = zv::moveToTrash(file)] { done(moved); }); });
 }
 
+void GioWorkspace::transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done)
+{
+    assertMainThread();
+    m_services.tasks.runDetached(
+        [file, place, how, done = std::move(done)] { return std::function<void()>([done, result = transferFile(file, place, how)] { done(result); }); });
+}
+
 std::optional<Url> GioWorkspace::applicationWithIdentifier(std::string_view identifier) const
 {
     auto const* const known = std::ranges::find(knownApplications, identifier, &KnownApplication::identifier);

@@ -38,6 +38,7 @@ public:
     void findApplicationsFor(Url const& file, std::function<void(std::vector<InstalledApplication>)> done) override;
     void openWith(Url const& file, Url const& application) override;
     void moveToTrash(Url const& file, std::function<void(Result<void>)> done) override;
+    void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) override;
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override;
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override;
 

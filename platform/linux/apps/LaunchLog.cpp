@@ -1,9 +1,8 @@
 #include "platform/linux/apps/LaunchLog.h"
 
 #include "base/Split.h"
+#include "platform/linux/posix/FileLock.h"
 #include "platform/linux/posix/WholeFiles.h"
-
-#include <glib/gstdio.h>
 
 #include <algorithm>
 #include <charconv>
@@ -13,8 +12,9 @@ namespace zv {
 
 namespace {
 
-constexpr int privateFolder = 0700;
-constexpr int privateFile = 0600;
+constexpr mode_t privateFolder = 0700;
+constexpr mode_t privateFile = 0600;
+constexpr std::chrono::seconds patience { 1 };
 
 void addLine(std::vector<LaunchLog::Launch>& launches, std::string_view line)
 {
@@ -55,6 +55,10 @@ void LaunchLog::add(Launch const& launch) const
 {
     if (!launch.path.starts_with('/') || launch.path.find('\n') != std::string::npos)
         return;
+    (void)makeFolders(folderOf(m_path), privateFolder);
+    auto const lock = lockFile(m_path + ".lock", patience);
+    if (!lock)
+        return;
     auto launches = read();
     std::erase_if(launches, [&](Launch const& earlier) { return earlier.path == launch.path; });
     launches.push_back(launch);
@@ -62,9 +66,7 @@ void LaunchLog::add(Launch const& launch) const
         launches.erase(launches.begin(), launches.end() - capacity);
 
     auto const text = textOf(launches);
-    auto const folder = m_path.substr(0, m_path.rfind('/'));
-    g_mkdir_with_parents(folder.c_str(), privateFolder);
-    g_file_set_contents_full(m_path.c_str(), text.data(), static_cast<gssize>(text.size()), G_FILE_SET_CONTENTS_CONSISTENT, privateFile, nullptr);
+    (void)replaceFile(m_path, m_path + ".new", std::as_bytes(std::span(text)), privateFile);
 }
 
 } // namespace zv

@@ -8,7 +8,7 @@ namespace zv {
 
 /// Remembers the applications that this program started, newest last, so that they count as
 /// recently used: the desktop's own list knows only those that opened a document. A small
-/// text file, one "SECONDS PATH" a line. Any thread; the last writer of two wins.
+/// text file, one "SECONDS PATH" a line. Any thread and process; writers take turns.
 class LaunchLog {
 public:
     struct Launch {

@@ -6,6 +6,7 @@
 #include "platform/linux/posix/GObjects.h"
 #include "platform/linux/posix/WholeFiles.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <optional>
@@ -26,12 +27,35 @@ Result<void> resultOf(GErrorSlot& error)
     return {};
 }
 
+/// Runs in the child before its program: away from our terminal, and without what we print to, which a reader would wait
+/// for to be closed.
+void detach(void*)
+{
+    ::setsid();
+    int const nothing = ::open("/dev/null", O_RDWR);
+    for (int const descriptor : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO })
+        ::dup2(nothing, descriptor);
+    if (nothing > STDERR_FILENO)
+        ::close(nothing);
+}
+
+/// Starts the application with an address, or without one.
+Result<void> launch(GAppInfo* application, char const* uri, std::string const& sessionBus)
+{
+    GList uris { const_cast<char*>(uri), nullptr, nullptr };
+    GErrorSlot error;
+    g_desktop_app_info_launch_uris_as_manager(
+        G_DESKTOP_APP_INFO(application), uri ? &uris : nullptr, nullptr, G_SPAWN_SEARCH_PATH, detach, nullptr, nullptr, nullptr, error.out());
+    flushSharedBus(sessionBus);
+    return resultOf(error);
+}
+
 Result<void> startProgram(std::string const& path)
 {
     auto const home = GString8(g_strdup(g_get_home_dir()));
     char* arguments[] = { const_cast<char*>(path.c_str()), nullptr };
     GErrorSlot error;
-    g_spawn_async(home.get(), arguments, nullptr, G_SPAWN_DEFAULT, nullptr, nullptr, nullptr, error.out());
+    g_spawn_async(home.get(), arguments, nullptr, G_SPAWN_DEFAULT, detach, nullptr, nullptr, error.out());
     return resultOf(error);
 }
 
@@ -58,10 +82,7 @@ Result<void> launchEntry(std::string const& path, std::string const& sessionBus)
     GObjectRef<GDesktopAppInfo> const entry(g_desktop_app_info_new_from_filename(path.c_str()));
     if (!entry)
         return Failure { "no application entry that can be started" };
-    GErrorSlot error;
-    g_app_info_launch(G_APP_INFO(entry.get()), nullptr, nullptr, error.out());
-    flushSharedBus(sessionBus);
-    return resultOf(error);
+    return launch(G_APP_INFO(entry.get()), nullptr, sessionBus);
 }
 
 /// Empty unless the entry is of type Link.
@@ -87,10 +108,14 @@ std::string commandOf(Startable const& startable)
 
 Result<void> openInHandler(Url const& url, std::string const& sessionBus)
 {
+    auto const* const uri = url.toString().c_str();
+    GObjectRef<GAppInfo> handler(g_app_info_get_default_for_uri_scheme(url.scheme().c_str()));
     GErrorSlot error;
-    g_app_info_launch_default_for_uri(url.toString().c_str(), nullptr, error.out());
-    flushSharedBus(sessionBus);
-    return resultOf(error);
+    if (!handler) {
+        GObjectRef<GFile> const file(g_file_new_for_uri(uri));
+        handler.reset(g_file_query_default_handler(file.get(), nullptr, error.out()));
+    }
+    return handler ? launch(handler.get(), uri, sessionBus) : resultOf(error);
 }
 
 Result<void> launch(Startable const& startable, std::string const& sessionBus)

@@ -3,6 +3,7 @@
 #include "app/shell/RelocationTexts.h"
 #include "app/shell/RunningProgramTexts.h"
 #include "base/Log.h"
+#include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
@@ -83,6 +84,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
+    m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
+    m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
     adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
@@ -96,6 +99,7 @@ int LinuxFrontEnd::run()
     m_colorScheme = std::make_unique<ColorScheme>(m_bus);
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    publishHotkeys();
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
@@ -115,6 +119,29 @@ int LinuxFrontEnd::openSettingsOfOther()
     if (!told)
         logLine("it runs already, and cannot be asked to open its settings. " + told.error());
     return told ? 0 : 1;
+}
+
+/// Keeps what `hotkeys` prints at hand, as the main thread may be busy when it is asked for.
+void LinuxFrontEnd::publishHotkeys()
+{
+    if (!m_app->delegate().hasParts())
+        return;
+    auto& center = m_app->delegate().parts().hotkeys();
+    center.onRegistered = [this, &center] {
+        auto report = hotkeyReport(&center);
+        std::lock_guard const guard(m_reporting);
+        m_hotkeyReport = std::move(report);
+        m_reported.notify_all();
+    };
+    center.onRegistered();
+}
+
+/// Any thread. Waits less than a second for a program that has only just started.
+std::string LinuxFrontEnd::publishedHotkeys()
+{
+    std::unique_lock lock(m_reporting);
+    m_reported.wait_for(lock, std::chrono::milliseconds(800), [this] { return m_hotkeyReport.has_value(); });
+    return m_hotkeyReport.value_or(hotkeyReport(nullptr));
 }
 
 void LinuxFrontEnd::useBus(QDBusConnection const& bus)
@@ -143,7 +170,7 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .openSettings = [this] { m_app->reopen(); },
         .quit = [this] { m_application.terminate(); },
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
-        .hotkeys = [this] { return m_app->hotkeyReport(); },
+        .hotkeys = [this] { return publishedHotkeys(); },
         .findings = {} };
 }
 
@@ -161,13 +188,32 @@ void LinuxFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
     m_presenter.open(statusItem->menu(), at ? QPointF(at->x, at->y).toPoint() : usual());
 }
 
+/// Passes a press on the corner on, which closed the icon's menu. The corner's own is just closed.
+void LinuxFrontEnd::pressedElsewhere(QPoint at, Menu const* menu)
+{
+    auto const* statusItem = m_app ? m_app->delegate().statusItem() : nullptr;
+    if (m_overlay && statusItem && menu != statusItem->overlayMenu().get())
+        m_overlay->pressAt(at);
+}
+
 UpdateEngineFactory LinuxFrontEnd::updateEngine()
 {
     return [this](UpdateChannels& channels, UpdateUserDriver& userDriver) {
         auto const files = m_files.files();
         return std::make_unique<AppcastUpdateEngine>(AppcastUpdateEngine::Services { files.defaults, files.resources, m_files.clock(), m_timers, m_application,
-                                                         m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow },
+                                                         m_system.workspace(), m_downloads, m_packageOrigin, m_updateWindow, openPackage() },
             channels, userDriver);
+    };
+}
+
+std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd::openPackage()
+{
+    return [this](Url const& package, std::function<void(Result<void>)> done) {
+        auto const open = [package, bus = m_access.buses.session] {
+            auto const opened = openUrl(package, bus, StartTrust());
+            return opened ? Result<void>() : Failure { opened.error().reason };
+        };
+        m_tasks.inBackground(TaskPriority::user, open, std::move(done));
     };
 }
 
@@ -202,7 +248,11 @@ Surface LinuxFrontEnd::surface()
             .hotkeys = m_keyboard.registrar(),
             .keyboardLayout = m_keyboard.layout(),
             .overlay = overlay() },
-        .windows = { .settings = m_settingsWindow, .notes = m_notesWindows, .filePanels = m_filePanels, .notifications = m_userNotifications },
+        .windows = { .settings = m_settingsWindow,
+            .settingsAlerts = m_alerts,
+            .notes = m_notesWindows,
+            .filePanels = m_filePanels,
+            .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),

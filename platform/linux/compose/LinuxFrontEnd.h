@@ -8,13 +8,13 @@
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/menu/QtMenuHost.h"
+#include "platform/linux/menu/QtTextMeasure.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 #include "platform/linux/program/SingleInstance.h"
 #include "platform/linux/settings/QtSettingsWindow.h"
 #include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
 #include "platform/linux/toolkit/QtTasks.h"
-#include "platform/linux/toolkit/QtTextMeasure.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/TerminationSignals.h"
 #include "platform/linux/tray/StatusNotifierBar.h"
@@ -27,6 +27,11 @@
 #include "platform/linux/windows/QtNotesWindows.h"
 
 #include <QSocketNotifier>
+
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <string>
 
 namespace zv {
 
@@ -47,10 +52,14 @@ private:
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
+    [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
     bool openAutostartSettings();
     void watchSettings();
+    void pressedElsewhere(QPoint at, Menu const* menu);
     void useBus(QDBusConnection const& bus);
+    void publishHotkeys();
+    [[nodiscard]] std::string publishedHotkeys();
     [[nodiscard]] int openSettingsOfOther();
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
@@ -58,6 +67,9 @@ private:
     LinuxApplication m_application;
     DesktopAccess m_access;
     QDBusConnection m_bus;
+    std::mutex m_reporting; ///< guards the report
+    std::condition_variable m_reported;
+    std::optional<std::string> m_hotkeyReport; ///< none before the first pass
     SingleInstance m_instance;
 
     QtTimers m_timers;

@@ -62,7 +62,7 @@ void surveyDisplay(Environment const& environment, DesktopFindings& findings)
     findings.display = display(x != nullptr, environment);
     if (x) {
         findings.hasWindowManager = hasWindowManager(*x);
-        findings.hasPanelAtTop = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;
+        findings.hasCornerPanel = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;
     }
     findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders(), XdgDirectories::of(environment).config).isEmpty();
     findings.readsDrawings = readsDrawings();

@@ -33,18 +33,12 @@ BundleResources::BundleResources(std::vector<std::string> folders)
 
 std::optional<std::vector<std::byte>> BundleResources::load(std::string_view name, std::string_view extension) const
 {
-    for (std::string const system : { " (Linux)", "" }) {
-        if (auto bytes = loadFile(std::string(name) + system + "." + std::string(extension)))
-            return bytes;
-    }
-    return std::nullopt;
-}
-
-std::optional<std::vector<std::byte>> BundleResources::loadFile(std::string const& fileName) const
-{
     for (auto const& folder : m_folders) {
-        if (auto bytes = readWholeFile(folder + "/" + fileName, maximumPropertyListSize))
-            return std::move(*bytes);
+        for (auto const* system : { " (Linux)", "" }) {
+            auto bytes = readWholeFile(folder + "/" + std::string(name) + system + "." + std::string(extension), maximumPropertyListSize);
+            if (bytes)
+                return std::move(*bytes);
+        }
     }
     return std::nullopt;
 }

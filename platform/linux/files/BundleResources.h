@@ -18,8 +18,6 @@ public:
     [[nodiscard]] PropertyListDictionary const& information() const override { return m_information; }
 
 private:
-    [[nodiscard]] std::optional<std::vector<std::byte>> loadFile(std::string const& fileName) const;
-
     std::vector<std::string> m_folders;
     PropertyListDictionary m_information;
 };

@@ -53,6 +53,18 @@ FileTraits traitsByName(std::string_view name)
     return { isFolder, isPackageFolderName(name) || isApplicationEntryName(name) };
 }
 
+Result<void> writeWhole(Url const& url, std::vector<std::byte> const& bytes, mode_t newMode)
+{
+    if (auto broken = brokenLinkAt(url.path()))
+        return Failure { std::move(*broken) };
+    // Writes to a link's target, so that the link stays.
+    auto const path = followingLink(url.path());
+    auto const status = statusOf(path, Links::followed);
+    if (status && !S_ISREG(status->st_mode))
+        return Failure { S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file" };
+    return replaceFile(path, temporaryBeside(path), bytes, newMode);
+}
+
 } // namespace
 
 LinuxFileSystem::LinuxFileSystem(std::string mountInfoPath, StartTrust trust)
@@ -125,16 +137,15 @@ bool LinuxFileSystem::isWritableDirectory(Url const& url) const
 
 Result<std::vector<std::byte>> LinuxFileSystem::read(Url const& url) const { return readWholeFile(url.path(), mostBytesRead); }
 
-Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes)
+Result<void> LinuxFileSystem::write(Url const& url, std::vector<std::byte> const& bytes) { return writeWhole(url, bytes, 0666); }
+
+Result<void> LinuxFileSystem::writePrivately(Url const& url, std::vector<std::byte> const& bytes)
 {
-    if (auto broken = brokenLinkAt(url.path()))
-        return Failure { std::move(*broken) };
-    // Writes to a link's target, so that the link stays.
-    auto const path = followingLink(url.path());
-    auto const status = statusOf(path, Links::followed);
-    if (status && !S_ISREG(status->st_mode))
-        return Failure { S_ISDIR(status->st_mode) ? systemMessage(EISDIR) : "Not a regular file" };
-    return replaceFile(path, temporaryBeside(path), bytes, 0666);
+    auto const folder = url.parent().path();
+    if (auto made = makeFolders(folder, 0700); !made)
+        return made;
+    (void)::chmod(folder.c_str(), 0700); // one of another owner is as private as that owner wants it
+    return writeWhole(url, bytes, 0600);
 }
 
 Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const

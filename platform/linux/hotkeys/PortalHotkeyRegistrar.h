@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/hotkeys/VirtualKeys.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 #include "platform/time/Timers.h"
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return m_support; }
+    [[nodiscard]] bool isKeptBySystem(KeyChord chord) const override { return switchesTerminal(chord); }
 
     /// Asks the portal on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);

@@ -1,5 +1,6 @@
 #include "platform/linux/hotkeys/VirtualKeys.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace zv {
@@ -119,5 +120,14 @@ constexpr VirtualKey keys[] = {
 } // namespace
 
 std::span<VirtualKey const> virtualKeys() { return keys; }
+
+bool switchesTerminal(KeyChord chord)
+{
+    auto const isFunctionKey = [&](VirtualKey const& key) {
+        std::string_view const name = key.xkbName;
+        return key.code == chord.keyCode && name >= "FK01" && name <= "FK12";
+    };
+    return chord.modifiers == (controlKey | optionKey) && std::any_of(std::begin(keys), std::end(keys), isFunctionKey);
+}
 
 } // namespace zv

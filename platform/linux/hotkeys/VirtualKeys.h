@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/menubar/HotkeyRegistrar.h"
+
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -15,5 +17,9 @@ struct VirtualKey {
 
 /// All keys, in ascending order of code.
 [[nodiscard]] std::span<VirtualKey const> virtualKeys();
+
+/// Whether the combination, Control-Alt-F1 to F12, switches to another terminal wherever it is
+/// pressed: XF86Switch_VT_1 … 12 of symbols/srvr_ctrl in xkeyboard-config.
+[[nodiscard]] bool switchesTerminal(KeyChord chord);
 
 } // namespace zv

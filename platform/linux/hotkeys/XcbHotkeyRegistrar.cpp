@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -130,16 +131,20 @@ XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
 /// The states of the locks to grab each chord with: a chord ignores them, but the server matches exact states.
 std::vector<std::uint16_t> XcbHotkeyRegistrar::lockStates() const
 {
-    std::uint16_t const caps = XCB_MOD_MASK_LOCK;
-    auto const num = m_keyboard.modifiers().numLock;
-    if (num == 0)
-        return { 0, caps };
-    return { 0, caps, num, static_cast<std::uint16_t>(caps | num) };
+    auto const bits = m_keyboard.modifiers();
+    std::vector<std::uint16_t> states { 0 };
+    for (auto const lock : { std::uint16_t { XCB_MOD_MASK_LOCK }, bits.numLock, bits.scrollLock }) {
+        if (lock == 0 || (states.back() & lock) != 0)
+            continue;
+        for (auto i = states.size(); i-- > 0;)
+            states.push_back(static_cast<std::uint16_t>(states[i] | lock));
+    }
+    return states;
 }
 
 XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::strippedOfLocks(std::uint8_t keycode, std::uint16_t state) const
 {
-    auto const locks = XCB_MOD_MASK_LOCK | m_keyboard.modifiers().numLock;
+    auto const locks = XCB_MOD_MASK_LOCK | m_keyboard.modifiers().numLock | m_keyboard.modifiers().scrollLock;
     return { keycode, static_cast<std::uint16_t>(state & 0xFF & ~locks) };
 }
 
@@ -177,6 +182,21 @@ void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
         if (succeeded[i])
             m_held.emplace_hint(m_held.end(), claims[i], 0);
     }
+    awaitReleaseOf(claims);
+}
+
+/// Keeps keys that are down now from firing before their release: they were pressed for something
+/// else, such as the recorder. The repeats of a held key look like presses.
+void XcbHotkeyRegistrar::awaitReleaseOf(std::span<Grab const> grabs)
+{
+    if (grabs.empty())
+        return;
+    auto const down = keysDown();
+    for (auto const& each : grabs) {
+        if (down.test(each.keycode))
+            m_down.set(each.keycode);
+    }
+    watchHeldKeys();
 }
 
 /// Sends all requests before waiting for the first answer.
@@ -260,12 +280,9 @@ void XcbHotkeyRegistrar::keyReleased(std::uint8_t keycode)
 
 void XcbHotkeyRegistrar::ownMenuDidClose()
 {
-    auto const down = keysDown();
-    for (auto const& [grab, id] : m_held) {
-        if (down.test(grab.keycode))
-            m_down.set(grab.keycode);
-    }
-    watchHeldKeys();
+    std::vector<Grab> grabs;
+    std::transform(m_held.begin(), m_held.end(), std::back_inserter(grabs), [](auto const& held) { return held.first; });
+    awaitReleaseOf(grabs);
 }
 
 /// Polls for releases only while a key is held, which is not for long.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/hotkeys/VirtualKeys.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/time/Timers.h"
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return HotkeySupport::everywhere; }
+    [[nodiscard]] bool isKeptBySystem(KeyChord chord) const override { return switchesTerminal(chord); }
 
     /// Keys that are down now were pressed for the menu: none fires before its release. Called
     /// internally when a menu of ours closes.
@@ -49,6 +51,7 @@ private:
     [[nodiscard]] std::vector<bool> grab(std::vector<Grab> const& grabs);
     void ungrab(Grab grab);
     void ungrabAll();
+    void awaitReleaseOf(std::span<Grab const> grabs);
 
     void handle(xcb_generic_event_t const& event);
     void keyPressed(std::uint8_t keycode, std::uint16_t state);

@@ -22,6 +22,9 @@ struct StateUnref {
 using Context = std::unique_ptr<xkb_context, ContextUnref>;
 using State = std::unique_ptr<xkb_state, StateUnref>;
 
+/// Shift and Control, by their bits in the core protocol.
+constexpr std::uint16_t chordModifiers = 1 | 4;
+
 /// A dead key types nothing by itself; its shortcut is its accent.
 struct DeadKey {
     xkb_keysym_t symbol;
@@ -119,7 +122,23 @@ XKeycodes XkbKeymap::readKeycodes() const
 
 ModifierBits XkbKeymap::readModifiers() const
 {
-    return { realModifiers("Super", XKB_MOD_NAME_LOGO), realModifiers("Alt", XKB_MOD_NAME_ALT), realModifiers("NumLock", XKB_MOD_NAME_NUM) };
+    ModifierBits bits { realModifiers("Super", XKB_MOD_NAME_LOGO), realModifiers("Alt", XKB_MOD_NAME_ALT), realModifiers("NumLock", XKB_MOD_NAME_NUM) };
+    bits.scrollLock = modifiersOfKey(XKB_KEY_Scroll_Lock) & ~(bits.command | bits.option | chordModifiers);
+    return bits;
+}
+
+/// The real modifiers that pressing the key sets; 0 on most keyboards for Scroll Lock, which has
+/// no virtual modifier everywhere.
+std::uint16_t XkbKeymap::modifiersOfKey(std::uint32_t symbol) const
+{
+    State const state(xkb_state_new(m_keymap.get()));
+    for (auto code = xkb_keymap_min_keycode(m_keymap.get()); code <= xkb_keymap_max_keycode(m_keymap.get()); ++code) {
+        if (xkb_state_key_get_one_sym(state.get(), code) != symbol)
+            continue;
+        xkb_state_update_key(state.get(), code, XKB_KEY_DOWN);
+        return static_cast<std::uint16_t>(xkb_state_serialize_mods(state.get(), XKB_STATE_MODS_EFFECTIVE) & 0xFF);
+    }
+    return 0;
 }
 
 /// The real modifier behind a virtual one; where the keymap maps none, the usual one.

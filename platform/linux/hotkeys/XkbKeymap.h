@@ -18,6 +18,7 @@ struct ModifierBits {
     std::uint16_t command = 0; ///< Super
     std::uint16_t option = 0; ///< Alt
     std::uint16_t numLock = 0;
+    std::uint16_t scrollLock = 0;
     friend bool operator==(ModifierBits const&, ModifierBits const&) = default;
 };
 
@@ -46,6 +47,7 @@ private:
     explicit XkbKeymap(xkb_keymap* keymap);
     [[nodiscard]] XKeycodes readKeycodes() const;
     [[nodiscard]] ModifierBits readModifiers() const;
+    [[nodiscard]] std::uint16_t modifiersOfKey(std::uint32_t symbol) const;
     [[nodiscard]] std::uint16_t realModifiers(char const* name, char const* usual) const;
     [[nodiscard]] KeyTexts textsOfGroup(std::uint32_t group) const;
 

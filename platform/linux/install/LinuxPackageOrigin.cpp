@@ -36,6 +36,14 @@ std::optional<std::string> LinuxPackageOrigin::owningPackage() const
     return isKept && !hasDpkg ? std::optional<std::string>("zanthe-vell") : std::nullopt;
 }
 
+std::vector<std::string> LinuxPackageOrigin::packageEndings() const
+{
+    std::error_code ignored;
+    if (std::filesystem::exists(m_dpkgInfo, ignored))
+        return { ".deb" };
+    return std::filesystem::exists(m_rpm, ignored) ? std::vector<std::string> { ".rpm" } : std::vector<std::string>();
+}
+
 std::string LinuxPackageOrigin::systemVersion() const { return readOsRelease(m_osRelease)["VERSION_ID"]; }
 
 } // namespace zv

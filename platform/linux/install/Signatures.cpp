@@ -15,12 +15,12 @@ struct FileCloser {
 
 constexpr std::size_t maximumFileSize = std::size_t { 1 } << 30;
 
-bool readWhole(std::string const& path, std::vector<unsigned char>& bytes)
+bool readWhole(std::string const& path, std::vector<std::byte>& bytes)
 {
     std::unique_ptr<std::FILE, FileCloser> const file(std::fopen(path.c_str(), "rb"));
     if (!file)
         return false;
-    unsigned char buffer[1 << 16];
+    std::byte buffer[1 << 16];
     while (auto const count = std::fread(buffer, 1, sizeof buffer, file.get())) {
         if (bytes.size() + count > maximumFileSize)
             return false;
@@ -33,14 +33,16 @@ unsigned char const* raw(std::span<std::byte const> bytes) { return reinterpret_
 
 } // namespace
 
+bool isSignedBy(std::span<std::byte const> key, std::span<std::byte const> signature, std::span<std::byte const> bytes)
+{
+    bool const isPlausible = key.size() == crypto_sign_PUBLICKEYBYTES && signature.size() == crypto_sign_BYTES && sodium_init() >= 0;
+    return isPlausible && crypto_sign_verify_detached(raw(signature), raw(bytes), bytes.size(), raw(key)) == 0;
+}
+
 bool isSignedBy(std::span<std::byte const> key, std::span<std::byte const> signature, Url const& file)
 {
-    if (key.size() != crypto_sign_PUBLICKEYBYTES || signature.size() != crypto_sign_BYTES || sodium_init() < 0)
-        return false;
-    std::vector<unsigned char> bytes;
-    if (!readWhole(file.path(), bytes))
-        return false;
-    return crypto_sign_verify_detached(raw(signature), bytes.data(), bytes.size(), raw(key)) == 0;
+    std::vector<std::byte> bytes;
+    return readWhole(file.path(), bytes) && isSignedBy(key, signature, bytes);
 }
 
 } // namespace zv

@@ -8,6 +8,8 @@
 #include <QFont>
 #include <QTextDocument>
 
+#include <cmath>
+
 namespace zv {
 
 namespace {
@@ -61,7 +63,8 @@ void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)
     setToolTip(explainsItself ? QString() : toolTipText(entry.toolTip.empty() ? entry.visibleTitle() : entry.toolTip));
     if (auto const wanted = fontOf(entry); font() != wanted)
         setFont(wanted);
-    m_keys = shortcutKeysOf(entry).text();
+    bool const isHint = entry.keyEquivalent.empty() && entry.attributedTitle;
+    m_columnEnd = isHint ? static_cast<int>(std::ceil(entry.attributedTitle->hintTab)) : 0;
     setData(columnKeysOf(entry).text()); // kept out of the text, which assistive tools read out as the entry's name
 }
 

@@ -28,10 +28,10 @@ public:
     void fetchIcon();
 
     [[nodiscard]] std::shared_ptr<MenuActionTarget> const& target() const { return m_target; }
-    /// The text of the key equivalent, as the menu shows it.
-    [[nodiscard]] QString const& keys() const { return m_keys; }
     /// The text at the right of the title.
     [[nodiscard]] QString column() const { return data().toString(); }
+    /// Where the column ends, in pixels from the title's start; 0 for the menu's edge.
+    [[nodiscard]] int columnEnd() const { return m_columnEnd; }
 
 private:
     void showText(MenuEntry const& entry, QFontMetrics const& metrics);
@@ -41,7 +41,7 @@ private:
     std::shared_ptr<MenuActionTarget> m_target;
     std::shared_ptr<void> m_represented;
     ImageRef m_awaited;
-    QString m_keys;
+    int m_columnEnd = 0;
     bool m_isShortened = false; ///< the title was cut, and the whole is the tool tip
 };
 

@@ -1,5 +1,8 @@
 #include "platform/linux/menu/MenuAccessibility.h"
 
+#include "platform/linux/menu/EntryAccessible.h"
+#include "platform/linux/menu/MenuWindow.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QMenu>
@@ -33,6 +36,9 @@ private:
 QAccessibleInterface* makeInterface(QString const& className, QObject* object)
 {
     bool const isOurs = className == QLatin1String(MenuAccessibleParent::staticMetaObject.className());
+    auto* action = qobject_cast<QAction*>(object);
+    if (action && qobject_cast<MenuWindow*>(action->parent()))
+        return new EntryAccessible(*action);
     return isOurs ? new ParentInterface(qobject_cast<QWidget*>(object)) : nullptr;
 }
 

@@ -15,6 +15,7 @@ MenuPresenter::MenuPresenter(MenuPerformer& performer)
     , m_accessibleParent(std::make_unique<MenuAccessibleParent>())
     , m_window(new MenuWindow(m_accessibleParent.get()))
 {
+    m_window->setAccessibleName(m_accessibleParent->accessibleName());
     m_window->onChosen = [this](auto target, Qt::KeyboardModifiers held) { m_performer.perform(std::move(target), held); };
     // Later, as the closing window still holds the chosen entry.
     m_window->onClosed = [this] { m_performer.later(m_lifetime.guard([this] { m_window->forget(); })); };
@@ -60,6 +61,12 @@ void MenuPresenter::close()
 {
     if (isOpen())
         m_window->close();
+}
+
+void MenuPresenter::setPressedElsewhere(std::function<void(QPoint, Menu const*)> pressed)
+{
+    m_window->onPressedElsewhere = [this, pressed = std::move(pressed)](
+                                       QPoint at) { m_performer.later(m_lifetime.guard([pressed, at, menu = m_window->menu()] { pressed(at, menu); })); };
 }
 
 bool MenuPresenter::isOpen() const { return m_window->isVisible(); }

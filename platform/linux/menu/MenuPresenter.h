@@ -28,6 +28,10 @@ public:
     /// Opens at the pointer, centred on the screen where there is none, the first entry selected.
     void openByKey(std::shared_ptr<Menu> const& menu);
     void close();
+    /// Calls back, once a press elsewhere has closed a menu, with the press's place and the menu.
+    void setPressedElsewhere(std::function<void(QPoint, Menu const*)> pressed);
+    /// Reads the keyboard for shortcuts in open menus.
+    void setKeyReader(std::function<KeyPress(QKeyEvent const&)> readKey) { m_window->readKey = std::move(readKey); }
     [[nodiscard]] bool isOpen() const;
 
 private:

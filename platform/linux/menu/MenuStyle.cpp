@@ -2,11 +2,13 @@
 
 #include "platform/linux/icons/MenuImages.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace zv {
 
@@ -21,6 +23,17 @@ constexpr int shortTitleLength = 30; // characters that no font makes too wide
 constexpr double columnOpacity = 0.6; // dimmer than the titles, which are read first
 
 int mostTitleWidth(QFontMetrics const& metrics) { return mostTitleLines * metrics.height(); }
+
+int firstColumnThatDiffers(QImage const& one, QImage const& other)
+{
+    for (int x = 0; x < one.width(); ++x) {
+        for (int y = 0; y < one.height(); ++y) {
+            if (one.pixel(x, y) != other.pixel(x, y))
+                return x;
+        }
+    }
+    return 0;
+}
 
 } // namespace
 
@@ -42,9 +55,8 @@ int MenuStyle::styleHint(StyleHint hint, QStyleOption const* option, QWidget con
     case SH_Menu_Scrollable: // else a long menu takes several columns
         return 1;
     case SH_Menu_SubMenuPopupDelay:
+    case SH_Menu_SubMenuSloppyCloseTimeout: // the way to a submenu is the window's own concern
         return submenuDelay;
-    case SH_Menu_SloppySubMenus:
-        return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
@@ -65,13 +77,22 @@ int MenuStyle::pixelMetric(PixelMetric metric, QStyleOption const* option, QWidg
 QSize MenuStyle::sizeFromContents(ContentsType type, QStyleOption const* option, QSize const& size, QWidget const* widget) const
 {
     auto const* item = type == CT_MenuItem ? qstyleoption_cast<QStyleOptionMenuItem const*>(option) : nullptr;
-    auto const width = item ? std::min(size.width(), mostTitleWidth(item->fontMetrics)) : size.width();
-    auto needed = QProxyStyle::sizeFromContents(type, option, { width, size.height() }, widget);
-    if (!item || item->menuItemType == QStyleOptionMenuItem::Separator)
+    return item ? sizeOf(*item, size, widget) : QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+QSize MenuStyle::sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize, QWidget const* widget) const
+{
+    auto const tab = item.text.indexOf(u'\t');
+    auto titled = item;
+    titled.text = item.text.left(tab);
+    titled.reservedShortcutWidth = 0;
+    auto const width = std::max(std::min(titleSize.width(), mostTitleWidth(item.fontMetrics)), item.reservedShortcutWidth);
+    auto needed = QProxyStyle::sizeFromContents(CT_MenuItem, &titled, { width, titleSize.height() }, widget);
+    if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return needed;
     needed.rheight() += extraHeight;
-    if (auto const tab = item->text.indexOf(u'\t'); tab >= 0)
-        needed.rwidth() += columnGap + (widget ? widget->fontMetrics() : item->fontMetrics).horizontalAdvance(item->text.mid(tab + 1));
+    if (tab >= 0 && item.reservedShortcutWidth == 0)
+        needed.rwidth() += columnGap + (widget ? widget->fontMetrics() : item.fontMetrics).horizontalAdvance(item.text.mid(tab + 1));
     return needed;
 }
 
@@ -86,15 +107,50 @@ void MenuStyle::drawControl(ControlElement element, QStyleOption const* option, 
     }
     auto titled = *item;
     titled.text = item->text.left(tab);
+    titled.reservedShortcutWidth = 0;
     titled.font.setItalic(false); // the column's alone
     QProxyStyle::drawControl(element, &titled, painter, widget);
     drawColumnText(*item, item->text.mid(tab + 1), *painter, widget);
 }
 
+QRect MenuStyle::columnOf(QStyleOptionMenuItem const& item, QWidget const* widget) const
+{
+    if (item.reservedShortcutWidth > 0)
+        return { item.rect.left() + titleStart(item, widget), item.rect.top(), item.reservedShortcutWidth, item.rect.height() };
+    auto const margin = columnMargin + pixelMetric(PM_MenuHMargin, &item, widget);
+    return item.rect.adjusted(margin, 0, -margin, 0);
+}
+
+/// The distance from an item's edge to its title, which no style tells: it is looked for in a picture.
+int MenuStyle::titleStart(QStyleOptionMenuItem const& item, QWidget const* widget) const
+{
+    auto const measured = QStringLiteral("%1 %2 %3").arg(item.font.toString()).arg(item.maxIconWidth).arg(item.menuHasCheckableItems);
+    if (std::exchange(m_measured, measured) == measured)
+        return m_titleStart;
+    auto probe = item;
+    probe.state = State_Enabled;
+    probe.direction = Qt::LeftToRight;
+    probe.icon = {};
+    probe.checkType = QStyleOptionMenuItem::NotCheckable;
+    probe.menuItemType = QStyleOptionMenuItem::Normal;
+    probe.reservedShortcutWidth = 0;
+    probe.rect = { 0, 0, 300, item.rect.height() };
+    auto const drawn = [&](QString const& text) {
+        QImage image(probe.rect.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        probe.text = text;
+        QProxyStyle::drawControl(CE_MenuItem, &probe, &painter, widget);
+        return image;
+    };
+    auto const title = QStringLiteral("H");
+    m_titleStart = firstColumnThatDiffers(drawn({}), drawn(title)) - item.fontMetrics.leftBearing(title.front());
+    return m_titleStart;
+}
+
 void MenuStyle::drawColumnText(QStyleOptionMenuItem const& item, QString const& text, QPainter& painter, QWidget const* widget) const
 {
-    auto const margin = columnMargin + pixelMetric(PM_MenuHMargin, &item, widget);
-    auto const rect = visualRect(item.direction, item.rect, item.rect.adjusted(margin, 0, -margin, 0));
+    auto const rect = visualRect(item.direction, item.rect, columnOf(item, widget));
     bool const isEnabled = item.state & State_Enabled;
     bool const isSelected = item.state & State_Selected;
     painter.save();

@@ -7,7 +7,8 @@ class QStyleOptionMenuItem;
 
 namespace zv {
 
-/// The user's own style with adjustments for our menus.
+/// The user's own style with adjustments for our menus. An item's text behind the tab ends
+/// `reservedShortcutWidth` pixels after its title's start; at 0, at the menu's edge.
 class MenuStyle : public QProxyStyle {
     Q_OBJECT
 public:
@@ -24,7 +25,13 @@ public:
     [[nodiscard]] static bool isShortened(QString const& title, QFontMetrics const& metrics);
 
 private:
+    [[nodiscard]] QSize sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize, QWidget const* widget) const;
     void drawColumnText(QStyleOptionMenuItem const& item, QString const& text, QPainter& painter, QWidget const* widget) const;
+    [[nodiscard]] QRect columnOf(QStyleOptionMenuItem const& item, QWidget const* widget) const;
+    [[nodiscard]] int titleStart(QStyleOptionMenuItem const& item, QWidget const* widget) const;
+
+    mutable QString m_measured; ///< what the last title start was measured for
+    mutable int m_titleStart = 0;
 };
 
 } // namespace zv

@@ -1,10 +1,10 @@
 #include "platform/linux/menu/MenuTyping.h"
 
+#include "platform/linux/menu/EntryAccessible.h"
 #include "platform/linux/menu/EntryAction.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuWindow.h"
 #include "platform/linux/menu/QuietChanges.h"
-#include "platform/linux/menu/ShortcutText.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -20,24 +20,6 @@ namespace {
 constexpr Qt::KeyboardModifiers commandModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 bool isSelectable(QAction const* action) { return action->isVisible() && !action->isSeparator() && action->isEnabled(); }
-
-/// The event's keys in the notation of entries; nothing for keys that type text.
-QString shortcutOf(QKeyEvent const& event)
-{
-    auto const keyCode = event.keyCombination().key();
-    bool const isFunctionKey = keyCode >= Qt::Key_F1 && keyCode <= Qt::Key_F15;
-    if (!isFunctionKey && !(event.modifiers() & commandModifiers))
-        return {};
-    ShortcutKeys pressed;
-    std::pair<Qt::KeyboardModifier, QString> const names[] = { { Qt::ControlModifier, QStringLiteral("Ctrl") }, { Qt::AltModifier, QStringLiteral("Alt") },
-        { Qt::ShiftModifier, QStringLiteral("Shift") }, { Qt::MetaModifier, QStringLiteral("Super") } };
-    for (auto const& [modifier, name] : names) {
-        if (event.modifiers() & modifier)
-            pressed.modifiers.append(name);
-    }
-    pressed.key = QKeySequence(keyCode).toString(QKeySequence::PortableText);
-    return pressed.text();
-}
 
 } // namespace
 
@@ -88,12 +70,8 @@ bool MenuTyping::moved(int key)
     int const page = std::max(1, m_window.height() / std::max(1, m_window.fontMetrics().height() * 2));
     switch (key) {
     case Qt::Key_Home:
-        m_window.setActiveAction(nullptr);
-        press(Qt::Key_Down);
-        return true;
     case Qt::Key_End:
-        m_window.setActiveAction(nullptr);
-        press(Qt::Key_Up);
+        m_window.step(key);
         return true;
     case Qt::Key_PageDown:
         press(Qt::Key_Down, page);
@@ -121,55 +99,71 @@ void MenuTyping::press(int key, int times)
 
 void MenuTyping::selectFirst() { press(Qt::Key_Down); }
 
-/// Selects step by step, as making an entry the active one directly would open its submenu.
 void MenuTyping::select(QString const& text)
 {
     auto const all = m_window.actions();
-    if (std::none_of(all.begin(), all.end(), [&](QAction const* action) { return isSelectable(action) && action->text() == text; }))
-        return;
-    do
-        press(Qt::Key_Down);
-    while (m_window.activeAction()->text() != text);
+    auto const found = std::find_if(all.begin(), all.end(), [&](QAction const* action) { return isSelectable(action) && action->text() == text; });
+    if (found != all.end())
+        select(**found);
 }
 
-/// Chooses the entry with the key equivalent, in this menu or in the groups below it that have
-/// been built.
+/// Steps from the nearer end, as making an entry the active one directly would open its submenu.
+void MenuTyping::select(QAction const& wanted)
+{
+    auto const all = m_window.actions();
+    bool const isNearEnd = std::find(all.begin(), all.end(), &wanted) - all.begin() > all.size() / 2;
+    m_window.step(isNearEnd ? Qt::Key_End : Qt::Key_Home);
+    for (qsizetype i = 0; i < all.size() && m_window.activeAction() != &wanted; ++i)
+        m_window.step(isNearEnd ? Qt::Key_Up : Qt::Key_Down);
+}
+
+void MenuTyping::selectInSight()
+{
+    auto const sight = m_window.sight();
+    for (auto left = m_window.actions().size(); left > 0; --left) {
+        auto* active = m_window.activeAction();
+        int const y = active ? m_window.actionGeometry(active).center().y() : sight.top() - 1;
+        if (sight.top() <= y && y <= sight.bottom())
+            return;
+        m_window.step(y < sight.top() ? Qt::Key_Down : Qt::Key_Up);
+    }
+}
+
+/// What types text goes on typing once text was typed. A key that was held before chooses nothing.
 bool MenuTyping::choseByShortcut(QKeyEvent const& event)
 {
-    auto const keys = shortcutOf(event);
-    if (keys.isEmpty())
-        return false;
-    auto const& all = m_mirror.actions();
-    auto const found
-        = std::find_if(all.begin(), all.end(), [&](auto const* action) { return action->keys() == keys && isSelectable(action) && !action->menu(); });
-    if (found == all.end())
-        return false;
-    m_window.closeAllAndChoose((*found)->target());
-    return true;
+    bool const typesOn = isFiltering() && !(event.modifiers() & commandModifiers) && !event.text().isEmpty();
+    return !typesOn && !event.isAutoRepeat() && m_window.choseByShortcut(event);
 }
 
 void MenuTyping::filter()
 {
+    auto const* selected = m_window.activeAction();
     auto const visible = m_filter.visibleEntries();
     {
         QuietChanges const quiet(m_window);
         for (std::size_t i = 0; i < visible.size(); ++i)
             m_mirror.actions()[i]->setVisible(visible[i]);
-        showLine();
+        showLine(std::count(visible.begin(), visible.end(), true));
     }
     m_window.setActiveAction(nullptr);
     m_window.layOutAgain();
     if (isFiltering())
         selectFirst();
+    else if (selected)
+        select(*selected);
+    announceText(*m_line);
 }
 
-void MenuTyping::showLine()
+void MenuTyping::showLine(std::ptrdiff_t matches)
 {
     if (!m_line)
         addLine();
     m_line->setVisible(isFiltering());
     m_line->setText(QString::fromStdString(m_filter.text()));
     m_lineText->setText(m_line->text());
+    m_line->setStatusTip(QString::fromStdString(m_filter.announcement(matches)));
+    m_noMatches->setVisible(isFiltering() && matches == 0);
 }
 
 /// Adds a first line with the typed text. The menu keeps its width, so that it does not jump.
@@ -185,13 +179,16 @@ void MenuTyping::addLine()
     palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Highlight));
     m_lineText->setPalette(palette);
     m_line = line;
-    m_window.insertAction(m_window.actions().value(0), m_line);
+    m_noMatches = new QAction(QString::fromUtf8(MenuFilter::noMatches.data(), MenuFilter::noMatches.size()), &m_window);
+    m_noMatches->setEnabled(false);
+    m_window.insertActions(m_window.actions().value(0), { m_line, m_noMatches });
     m_window.setMinimumWidth(m_window.width());
 }
 
 void MenuTyping::dropLine()
 {
     delete std::exchange(m_line, nullptr);
+    delete std::exchange(m_noMatches, nullptr);
     m_lineText = nullptr;
 }
 

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <cstddef>
+
 class QAction;
 class QKeyEvent;
 class QLabel;
@@ -37,6 +39,8 @@ public:
     void selectFirst();
     /// Selects the entry with that text; nothing where there is none.
     void select(QString const& text);
+    /// Selects the nearest entry that is to be seen, where the selected one is not.
+    void selectInSight();
 
 private:
     bool typed(QKeyEvent const& event);
@@ -44,14 +48,16 @@ private:
     bool moved(int key);
     bool choseByShortcut(QKeyEvent const& event);
     void press(int key, int times = 1);
+    void select(QAction const& wanted);
     void addLine();
-    void showLine();
+    void showLine(std::ptrdiff_t matches);
 
     MenuWindow& m_window;
     MenuMirror const& m_mirror;
     MenuFilter m_filter;
     QAction* m_line = nullptr;
     QLabel* m_lineText = nullptr; ///< its label, owned by the line
+    QAction* m_noMatches = nullptr; ///< present with the line
 };
 
 } // namespace zv

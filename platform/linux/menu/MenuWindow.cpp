@@ -2,17 +2,21 @@
 
 #include "app/menu/Menu.h"
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/menu/EntryAccessible.h"
 #include "platform/linux/menu/EntryAction.h"
 #include "platform/linux/menu/MenuStyle.h"
 #include "platform/linux/menu/QuietChanges.h"
 
 #include <QActionEvent>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyleOptionMenuItem>
+#include <QTimerEvent>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <algorithm>
@@ -20,14 +24,23 @@
 
 namespace zv {
 
+namespace {
+
+/// For how long a pointer on its way to a submenu may rest: longer than the pauses of a slow hand.
+constexpr int restTime = 60; // milliseconds
+
+} // namespace
+
 MenuWindow::MenuWindow(QWidget* parent)
     : QMenu(parent)
     , m_mirror(*this)
     , m_typing(*this, m_mirror)
     , m_entryMenu(*this, [this](QAction const* action) { return entryOf(action); })
+    , m_dragging(*this, [this](QAction const* action) { return entryOf(action); })
     , m_picture(*this, [this] { return isPlain(); })
 {
     setToolTipsVisible(true);
+    setAcceptDrops(true);
     connect(this, &QMenu::aboutToShow, this, &MenuWindow::willOpen);
     connect(this, &QMenu::aboutToHide, this, &MenuWindow::didHide);
     if (parentMenu())
@@ -83,6 +96,10 @@ void MenuWindow::willOpen()
     m_menu->needsUpdate();
     mirror();
     m_menu->onRefilled = [this] { refilled(); };
+    if (!m_menu->title.empty())
+        setAccessibleName(QString::fromStdString(m_menu->title));
+    if (parentMenu())
+        announceSubmenu(*this);
 }
 
 void MenuWindow::didHide()
@@ -92,6 +109,8 @@ void MenuWindow::didHide()
     m_menu->onRefilled = nullptr;
     m_mirror.dropAwaitedIcons();
     m_menu->didClose();
+    if (parentMenu())
+        announceSubmenu(*this);
     if (onClosed)
         onClosed();
 }
@@ -101,6 +120,18 @@ void MenuWindow::chosen(QAction* action)
     auto const* entry = dynamic_cast<EntryAction const*>(action);
     if (entry && entry->target() && onChosen)
         onChosen(entry->target(), QGuiApplication::keyboardModifiers()); // modifiers of the choosing click or key
+}
+
+bool MenuWindow::choseByShortcut(QKeyEvent const& event)
+{
+    auto& root = topMenu();
+    auto const target = root.m_menu && root.readKey ? root.m_menu->targetForKey(root.readKey(event)) : nullptr;
+    if (!target)
+        return false;
+    root.close();
+    if (root.onChosen)
+        root.onChosen(target, Qt::NoModifier);
+    return true;
 }
 
 MenuWindow& MenuWindow::topMenu()
@@ -152,6 +183,21 @@ void MenuWindow::layOutAgain()
     update();
 }
 
+QRect MenuWindow::sight() const
+{
+    auto sight = rect();
+    int const arrow = style()->pixelMetric(QStyle::PM_MenuScrollerHeight, nullptr, this);
+    auto const all = actions();
+    for (auto* action : all) {
+        auto const place = actionGeometry(action);
+        if (place.top() < rect().top() && !place.isNull())
+            sight.setTop(arrow);
+        if (place.bottom() > rect().bottom())
+            sight.setBottom(rect().bottom() - arrow);
+    }
+    return sight;
+}
+
 void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
     if (m_entryMenu.takes(*event) || m_typing.takes(*event))
@@ -166,6 +212,89 @@ void MenuWindow::step(int key)
     QMenu::keyPressEvent(&event);
 }
 
+/// The right button chooses nothing.
+void MenuWindow::mousePressEvent(QMouseEvent* event)
+{
+    bool const isRightClick = event->button() == Qt::RightButton && rect().contains(event->position().toPoint());
+    if (!isRightClick)
+        QMenu::mousePressEvent(event);
+    auto const& root = topMenu();
+    if (!root.isVisible() && root.onPressedElsewhere)
+        root.onPressedElsewhere(event->globalPosition().toPoint());
+}
+
+void MenuWindow::mouseReleaseEvent(QMouseEvent* event)
+{
+    bool const isRightClick = event->button() == Qt::RightButton && rect().contains(event->position().toPoint());
+    if (!isRightClick)
+        QMenu::mouseReleaseEvent(event);
+}
+
+/// Passes over the entries on the way to the open submenu, until the pointer rests or turns. The
+/// innermost menu gets all moves; those over another menu are passed on to that one.
+void MenuWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    auto const at = event->globalPosition().toPoint();
+    if (event->timestamp() != 0) // a move that another menu passed on has none
+        topMenu().m_moveTime = static_cast<qint64>(event->timestamp());
+    bool const isOutside = parentMenu() && !QApplication::widgetAt(at);
+    auto& over = isOutside ? *parentMenu() : *this;
+    if (over.isOnItsWay(at))
+        return over.m_rest.start(restTime, &over);
+    if (over.m_rest.isActive() && over.actionAt(over.mapFromGlobal(at)) != over.activeAction())
+        over.setActiveAction(nullptr); // closes the submenu from which the pointer has turned away
+    over.m_rest.stop();
+    QMenu::mouseMoveEvent(event);
+}
+
+bool MenuWindow::isOnItsWay(QPoint at)
+{
+    auto const* submenu = activeAction() ? activeAction()->menu() : nullptr;
+    if (!submenu || !submenu->isVisible()) {
+        m_aim.clear();
+        return false;
+    }
+    m_aim.moved(at, topMenu().m_moveTime);
+    return actionAt(mapFromGlobal(at)) != activeAction() && !submenu->geometry().contains(at) && m_aim.isAt(submenu->geometry());
+}
+
+/// The toolkit's timers, which open and close submenus, wait for a pointer that is on its way.
+void MenuWindow::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_rest.timerId())
+        rested();
+    else if (!m_rest.isActive())
+        QMenu::timerEvent(event);
+}
+
+/// A pointer that moves again, though its events are still to come, does not rest.
+void MenuWindow::rested()
+{
+    auto const now = QCursor::pos();
+    bool const isUnderWay = !m_aim.endsAt(now) && geometry().contains(now);
+    if (isUnderWay)
+        return;
+    m_rest.stop();
+    if (m_aim.endsAt(now))
+        pointAt(mapFromGlobal(now));
+}
+
+/// Selects the entry at that place, as if the pointer had come there.
+void MenuWindow::pointAt(QPoint place)
+{
+    if (!rect().contains(place))
+        return;
+    QMouseEvent move(QEvent::MouseMove, place, mapToGlobal(place), Qt::NoButton, QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
+    QMenu::mouseMoveEvent(&move);
+}
+
+void MenuWindow::wheelEvent(QWheelEvent* event)
+{
+    QMenu::wheelEvent(event);
+    pointAt(event->position().toPoint());
+    m_typing.selectInSight();
+}
+
 /// Hides instead of closing, which would destroy the native window: making one anew takes longer
 /// than the rest of an opening.
 void MenuWindow::closeEvent(QCloseEvent* event)
@@ -176,6 +305,8 @@ void MenuWindow::closeEvent(QCloseEvent* event)
 
 bool MenuWindow::event(QEvent* event)
 {
+    if (m_dragging.takes(*event))
+        return true;
     switch (event->type()) {
     case QEvent::ShortcutOverride: // some keys would reach the menu as shortcuts of the program; all of them are the menu's
         event->accept();
@@ -248,8 +379,10 @@ void MenuWindow::initStyleOption(QStyleOptionMenuItem* option, QAction const* ac
     option->text = MenuStyle::shortenedTitle(option->text, option->fontMetrics);
     auto const* entry = dynamic_cast<EntryAction const*>(action);
     auto const column = entry ? entry->column() : QString();
-    if (!column.isEmpty())
-        option->text += u'\t' + column;
+    if (column.isEmpty())
+        return;
+    option->text += u'\t' + column;
+    option->reservedShortcutWidth = entry->columnEnd();
 }
 
 } // namespace zv

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "platform/desk/KeyPress.h"
 #include "platform/linux/menu/EntryMenuPopup.h"
+#include "platform/linux/menu/MenuDragging.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuPicture.h"
 #include "platform/linux/menu/MenuTyping.h"
+#include "platform/linux/menu/SubmenuAim.h"
 
+#include <QBasicTimer>
 #include <QMenu>
 
 #include <functional>
@@ -25,6 +29,7 @@ public:
     ~MenuWindow() override;
 
     void setMenu(std::shared_ptr<Menu> menu);
+    [[nodiscard]] Menu const* menu() const { return m_menu.get(); }
     /// Releases the menu and prepares the next opening, in which most menus look the same: the
     /// window and the looks of its entries stay.
     void forget();
@@ -34,20 +39,34 @@ public:
 
     /// Performs the key's usual menu step once.
     void step(int key);
+    /// Closes all and performs the entry with that shortcut; false when there is none.
+    bool choseByShortcut(QKeyEvent const& event);
+    void closeAll() { topMenu().close(); }
     void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held = Qt::NoModifier);
     /// The window at the root of the tree.
     [[nodiscard]] MenuWindow& topMenu();
     void layOutAgain();
+    /// The part that shows entries, between the arrows of a menu that scrolls.
+    [[nodiscard]] QRect sight() const;
 
     /// Performs an entry's action; called by the window at the root of the tree.
     std::function<void(std::shared_ptr<MenuActionTarget>, Qt::KeyboardModifiers)> onChosen;
+    /// Reads the keyboard for shortcuts; asked by the window at the root of the tree.
+    std::function<KeyPress(QKeyEvent const&)> readKey;
     /// Called by the root when it has closed.
     std::function<void()> onClosed;
+    /// Called by the root when a press elsewhere on the screen closes the menu.
+    std::function<void(QPoint)> onPressedElsewhere;
 
 protected:
     void actionEvent(QActionEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -58,6 +77,9 @@ private:
     void willOpen();
     void didHide();
     void chosen(QAction* action);
+    [[nodiscard]] bool isOnItsWay(QPoint at);
+    void rested();
+    void pointAt(QPoint place);
     void mirror();
     void refilled();
     [[nodiscard]] MenuEntry const* entryOf(QAction const* action) const;
@@ -67,7 +89,11 @@ private:
     MenuMirror m_mirror;
     MenuTyping m_typing;
     EntryMenuPopup m_entryMenu;
+    MenuDragging m_dragging;
     MenuPicture m_picture;
+    SubmenuAim m_aim;
+    qint64 m_moveTime = 0; ///< of the last move, in the root
+    QBasicTimer m_rest; ///< runs while the pointer is on its way to a submenu
     bool m_isLayingOut = false;
     bool m_handlesKey = false;
     bool m_isOpenedByKey = false; ///< opened by key: its first entry is selected, however late it comes

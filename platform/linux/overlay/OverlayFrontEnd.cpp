@@ -26,6 +26,7 @@ public:
             .panels = m_panels,
             .visibility = nullptr };
     }
+    void pressAt(QPoint point) override { m_panels.pressAt(point); }
 
 private:
     std::unique_ptr<X11Connection> m_x;

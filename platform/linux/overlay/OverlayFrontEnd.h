@@ -4,6 +4,8 @@
 #include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/menubar/Presence.h"
 
+#include <QPoint>
+
 #include <memory>
 
 namespace zv {
@@ -18,6 +20,8 @@ public:
     virtual ~OverlayFrontEnd() = default;
 
     [[nodiscard]] virtual OverlaySeams seams() = 0;
+    /// Presses the overlay's panel at that point of the toolkit, if any.
+    virtual void pressAt(QPoint point) = 0;
 };
 
 } // namespace zv

@@ -34,6 +34,8 @@ XRect centredOn(QPointF centre, double width, double height)
     return { left, top, static_cast<int>(std::ceil(centre.x() + width / 2)) - left, static_cast<int>(std::ceil(centre.y() + height / 2)) - top };
 }
 
+bool isWider(PanelCorner const& one, PanelCorner const& other) { return one.picture && other.picture && one.picture->width > other.picture->width; }
+
 std::uint8_t firstDamageEvent(X11Connection const& x)
 {
     auto const* extension = xcb_get_extension_data(x.get(), &xcb_damage_id);
@@ -119,15 +121,17 @@ bool X11LogoWindow::hasSettled(PanelPixels const& pixels) const
 PanelCorner X11LogoWindow::cornerIn(PanelPixels const& pixels) const
 {
     auto corner = findPanelCorner(pixels, m_geometry.reach);
+    if (m_doubted && corner.isCut && isWider(corner, *m_doubted))
+        corner = *m_doubted; // it is lit now, and was not then
     corner.backgroundColumn = backgroundColumnFrom(pixels, std::max(corner.backgroundColumn, plateFor(corner).right()), m_geometry.reach, corner.ground);
-    corner.isCut = corner.isCut && !m_hasDoubted;
+    corner.isCut = corner.isCut && !m_doubted;
     return corner;
 }
 
 /// The background changed, so the picture may have been a lit button: measure again, once.
 void X11LogoWindow::doubt()
 {
-    m_hasDoubted = true;
+    m_doubted = m_corner;
     remove();
     m_known.erase(m_panel);
     m_corner.reset();

@@ -80,7 +80,7 @@ private:
     std::optional<PanelCorner> m_corner; ///< set once the panel has drawn itself
     PanelPixels m_lastLook;
     std::size_t m_looks = 0;
-    bool m_hasDoubted = false;
+    std::optional<PanelCorner> m_doubted; ///< what was measured before the one doubt
     Rect m_logo; ///< its size in points
     XRect m_plate; ///< the covered area within the panel
     Rows m_background; ///< the plate's rows from the top

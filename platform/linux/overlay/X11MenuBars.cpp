@@ -1,6 +1,8 @@
 #include "platform/linux/overlay/X11MenuBars.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace zv {
 
@@ -12,6 +14,7 @@ constexpr int kTallestTriggerStrip = 9;
 constexpr int kFloatingGap = 12;
 /// _NET_WM_STRUT and _NET_WM_STRUT_PARTIAL: https://specifications.freedesktop.org/wm-spec, "Application Window Properties"
 constexpr std::size_t kTopStrut = 2; ///< left, right, top, bottom
+constexpr std::size_t kBottomStrut = 3;
 
 bool hasAtom(std::vector<std::uint32_t> const& atoms, xcb_atom_t wanted) { return std::find(atoms.begin(), atoms.end(), wanted) != atoms.end(); }
 
@@ -23,6 +26,35 @@ XReply<Reply> wait(Reply* (*function)(xcb_connection_t*, Cookie, xcb_generic_err
 
 std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_cookie_t cookie) { return wordsOf(wait(xcb_get_property_reply, x, cookie)); }
 
+int wordAt(std::vector<std::uint32_t> const& words, std::size_t index) { return index < words.size() ? static_cast<int>(words[index]) : 0; }
+
+bool liesAlongTop(XRect const& dock, int strut, XRect const& monitor)
+{
+    int const centre = dock.x + dock.width / 2;
+    int const lowest = monitor.y + (strut > 0 ? monitor.height / 3 : kFloatingGap);
+    return centre >= monitor.x && centre < monitor.right() && dock.bottom() > monitor.y && dock.y <= lowest && dock.y > monitor.y - dock.height;
+}
+
+XRect upsideDown(XRect const& rect) { return { rect.x, -rect.bottom(), rect.width, rect.height }; }
+
+/// Of a monitor with panels at both edges, the upper one has the corner.
+void dropBarsBelowOthers(std::vector<XMenuBar>& bars, std::vector<XRect> const& monitors)
+{
+    auto const hasBarAbove = [&](XMenuBar const& bar) {
+        return std::any_of(monitors.begin(), monitors.end(), [&](XRect const& monitor) {
+            auto const isHere = [&](XRect const& rect) {
+                auto const shared = rect.intersected(monitor);
+                return shared.width > 0 && shared.height > 0;
+            };
+            auto const isTopBarHere = [&](XMenuBar const& other) { return other.edge == BarEdge::top && isHere(other.rect); };
+            return isHere(bar.rect) && std::any_of(bars.begin(), bars.end(), isTopBarHere);
+        });
+    };
+    std::vector<XMenuBar> kept;
+    std::copy_if(bars.begin(), bars.end(), std::back_inserter(kept), [&](auto const& bar) { return bar.edge == BarEdge::top || !hasBarAbove(bar); });
+    bars = std::move(kept);
+}
+
 } // namespace
 
 /// The current state of a managed window.
@@ -31,19 +63,19 @@ struct X11MenuBars::Client {
     bool isDock = false;
     bool isViewable = false;
     bool isFullScreen = false;
-    int topStrut = 0;
+    BarStruts struts;
     XRect rect;
 };
 
-bool isTopBar(XRect const& dock, int topStrut, std::vector<XRect> const& monitors)
+std::optional<BarEdge> barEdge(XRect const& dock, BarStruts const& struts, std::vector<XRect> const& monitors)
 {
     if (dock.height <= kTallestTriggerStrip || dock.width <= dock.height)
-        return false;
-    return std::any_of(monitors.begin(), monitors.end(), [&](XRect const& monitor) {
-        int const centre = dock.x + dock.width / 2;
-        int const lowest = monitor.y + (topStrut > 0 ? monitor.height / 3 : kFloatingGap);
-        return centre >= monitor.x && centre < monitor.right() && dock.bottom() > monitor.y && dock.y <= lowest && dock.y > monitor.y - dock.height;
-    });
+        return std::nullopt;
+    auto const isOn = [&](XRect const& monitor) { return liesAlongTop(dock, struts.top, monitor); };
+    auto const isUnder = [&](XRect const& monitor) { return liesAlongTop(upsideDown(dock), struts.bottom, upsideDown(monitor)); };
+    if (std::any_of(monitors.begin(), monitors.end(), isOn))
+        return BarEdge::top;
+    return std::any_of(monitors.begin(), monitors.end(), isUnder) ? std::optional(BarEdge::bottom) : std::nullopt;
 }
 
 X11MenuBars::X11MenuBars(X11Connection& x, X11Screens const& screens)
@@ -144,12 +176,14 @@ std::vector<XMenuBar> X11MenuBars::readBars()
         if (!client->isDock)
             continue;
         listenTo(client->window);
-        if (!isTopBar(client->rect, client->topStrut, m_screens.monitors()))
+        auto const edge = barEdge(client->rect, client->struts, m_screens.monitors());
+        if (!edge)
             continue;
         bool const isCovered = std::any_of(client + 1, clients.end(),
             [&](Client const& above) { return above.isFullScreen && above.isViewable && above.rect.intersected(client->rect) == client->rect; });
-        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered });
+        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered, *edge });
     }
+    dropBarsBelowOthers(bars, m_screens.monitors());
     // The stacking order changes with every click, so the bars are sorted by window.
     std::sort(bars.begin(), bars.end(), [](auto const& a, auto const& b) { return a.window < b.window; });
     return bars;
@@ -219,7 +253,7 @@ std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_
         client.isDock = hasAtom(types, m_x.atom(XAtom::netWmWindowTypeDock));
         client.isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
         client.isFullScreen = hasAtom(state, m_x.atom(XAtom::netWmStateFullscreen));
-        client.topStrut = strut.size() > kTopStrut ? static_cast<int>(strut[kTopStrut]) : 0;
+        client.struts = { wordAt(strut, kTopStrut), wordAt(strut, kBottomStrut) };
         client.rect = { place->dst_x, place->dst_y, geometry->width, geometry->height };
         states.push_back(client);
     }

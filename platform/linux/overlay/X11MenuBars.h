@@ -10,15 +10,18 @@
 
 namespace zv {
 
-/// A panel at the top of a screen.
+enum class BarEdge { top, bottom };
+
+/// A panel along the top of a screen, or along the bottom of one that has none at its top.
 struct XMenuBar {
     xcb_window_t window = XCB_NONE;
     XRect rect;
     bool isOnscreen = false;
+    BarEdge edge = BarEdge::top;
     friend bool operator==(XMenuBar const&, XMenuBar const&) = default;
 };
 
-/// The panels at the top of the screens. They are read again only after an event that can have
+/// The panels along the edges of the screens. They are read again only after an event that can have
 /// changed them; other queries cost nothing.
 class X11MenuBars : public MenuBars {
 public:
@@ -51,8 +54,14 @@ private:
     X11Connection::Token m_batch;
 };
 
-/// Whether a dock with that place and strut is a bar at the top of a monitor, at least partly
-/// visible. A strip of a few pixels that waits for the pointer does not count.
-[[nodiscard]] bool isTopBar(XRect const& dock, int topStrut, std::vector<XRect> const& monitors);
+/// The room that a dock claims at the edges of all monitors together, in pixels.
+struct BarStruts {
+    int top = 0;
+    int bottom = 0;
+};
+
+/// The edge of a monitor along which the dock lies as a bar, at least partly visible. A strip of a
+/// few pixels that waits for the pointer is none.
+[[nodiscard]] std::optional<BarEdge> barEdge(XRect const& dock, BarStruts const& struts, std::vector<XRect> const& monitors);
 
 } // namespace zv

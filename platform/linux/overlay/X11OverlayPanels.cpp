@@ -41,6 +41,8 @@ QRect toToolkit(XRect const& rect)
     return { origin.x() + scaled(rect.x - origin.x()), origin.y() + scaled(rect.y - origin.y()), scaled(rect.width), scaled(rect.height) };
 }
 
+using PressAt = X11OverlayPanels::PressAt;
+
 class X11OverlayPanel : public OverlayPanel {
 public:
     X11OverlayPanel(
@@ -74,6 +76,8 @@ public:
         m_isShown = false;
         remove();
     }
+    /// Presses the panel if it is shown at the point; lives as long as the panel.
+    [[nodiscard]] std::shared_ptr<PressAt> const& pressAt() const { return m_pressAt; }
     void redraw() override
     {
         if (m_logo)
@@ -112,6 +116,12 @@ private:
     std::unique_ptr<OverlayAccessible> m_accessible;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;
+    std::shared_ptr<PressAt> m_pressAt = std::make_shared<PressAt>([this](QPoint point) {
+        bool const isHere = m_accessible && m_accessible->visibleRect().contains(point);
+        if (isHere)
+            m_content.press();
+        return isHere;
+    });
 };
 
 /// Follows a panel that replaces another in the same place, where the core sees no change.
@@ -148,7 +158,8 @@ std::optional<X11OverlayPanel::Place> X11OverlayPanel::findPlace() const
 }
 
 /// Hides the pointer's events over the window from the panel, which would light up its own button
-/// there and explain it.
+/// there and explain it; all but the wheel. Buttons are therefore grabbed one by one: a window that
+/// selects presses would get the wheel's, too.
 void X11OverlayPanel::createWindows()
 {
     auto* c = m_x.get();
@@ -156,12 +167,13 @@ void X11OverlayPanel::createWindows()
     m_window = xcb_generate_id(c);
     std::uint32_t const values[] = {
         1, // invisible to window managers, even when the panel is taken apart
-        XCB_EVENT_MASK_BUTTON_PRESS,
-        XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION,
+        XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION,
     };
     xcb_create_window(c, 0, m_window, m_place->panel, static_cast<std::int16_t>(within.x), static_cast<std::int16_t>(within.y),
         static_cast<std::uint16_t>(within.width), static_cast<std::uint16_t>(within.height), 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
-        XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_DONT_PROPAGATE, values);
+        XCB_CW_OVERRIDE_REDIRECT | XCB_CW_DONT_PROPAGATE, values);
+    for (xcb_button_t button = 1; button <= lastButton; ++button)
+        xcb_grab_button(c, 0, m_window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, button, XCB_MOD_MASK_ANY);
     xcb_map_window(c, m_window);
     m_logo = std::make_unique<X11LogoWindow>(m_x, m_place->panel, m_place->logo, m_content, m_corners);
     m_logo->update();
@@ -209,7 +221,7 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
 /// the pointer. The content may destroy this panel: nothing of it is touched after that call.
 void X11OverlayPanel::handlePress(xcb_button_press_event_t const& press)
 {
-    if (press.event != m_window || press.detail > lastButton)
+    if (press.event != m_window)
         return;
     xcb_ungrab_pointer(m_x.get(), press.time);
     XReply<xcb_get_input_focus_reply_t> const arrived(xcb_get_input_focus_reply(m_x.get(), xcb_get_input_focus(m_x.get()), nullptr));
@@ -227,7 +239,18 @@ X11OverlayPanels::X11OverlayPanels(X11Connection& x, X11Screens const& screens, 
 
 std::unique_ptr<OverlayPanel> X11OverlayPanels::create(Rect const& frame, OverlayPanelContent& content)
 {
-    return std::make_unique<X11OverlayPanel>(m_x, m_screens, m_menuBars, m_corners, frame, content);
+    auto panel = std::make_unique<X11OverlayPanel>(m_x, m_screens, m_menuBars, m_corners, frame, content);
+    std::erase_if(m_presses, [](auto const& press) { return press.expired(); });
+    m_presses.push_back(panel->pressAt());
+    return panel;
+}
+
+void X11OverlayPanels::pressAt(QPoint point)
+{
+    for (auto const& each : std::vector(m_presses)) {
+        if (auto const press = each.lock(); press && (*press)(point))
+            return;
+    }
 }
 
 } // namespace zv

@@ -3,6 +3,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 
 namespace zv {
 
@@ -43,7 +44,7 @@ struct BusProgramServer::Method {
     char const* interface;
     char const* name;
     char const* signature;
-    Answer (BusProgramServer::*answer)(QVariantList const&);
+    Answer (BusProgramServer::*answer)(QVariantList const&); ///< null: answered by the reception
 
     [[nodiscard]] static Method const* find(QDBusMessage const& message)
     {
@@ -55,7 +56,7 @@ struct BusProgramServer::Method {
             { own, "OpenSettings", "", &BusProgramServer::openSettings },
             { own, "Quit", "", &BusProgramServer::quit },
             { own, "AddFiles", "as", &BusProgramServer::addFiles },
-            { own, "Hotkeys", "", &BusProgramServer::hotkeys },
+            { own, "Hotkeys", "", nullptr },
             { desktop, "Activate", "a{sv}", &BusProgramServer::openSettings },
             { desktop, "Open", "asa{sv}", &BusProgramServer::addFiles },
             { desktop, "ActivateAction", "sava{sv}", &BusProgramServer::activateAction },
@@ -69,13 +70,46 @@ struct BusProgramServer::Method {
     }
 };
 
+/// Receives the requests.
+class BusProgramServer::Reception : public QDBusVirtualObject {
+public:
+    explicit Reception(BusProgramServer& server)
+        : m_server(server)
+    {
+    }
+
+    QString introspect(QString const& path) const override { return path == programPath() ? QString::fromLatin1(introspection) : QString(); }
+
+    bool handleMessage(QDBusMessage const& message, QDBusConnection const& connection) override
+    {
+        auto const* method = Method::find(message);
+        if (!method)
+            return false;
+        if (!method->answer)
+            return connection.send(message.createReply(QString::fromStdString(m_server.m_handlers.hotkeys())));
+        return QMetaObject::invokeMethod(
+            &m_server, [this, message, connection] { m_server.perform(message, connection); }, Qt::QueuedConnection);
+    }
+
+private:
+    BusProgramServer& m_server;
+};
+
 BusProgramServer::BusProgramServer(QDBusConnection bus, ProgramHandlers handlers)
     : m_bus(std::move(bus))
     , m_handlers(std::move(handlers))
+    , m_reception(std::make_unique<Reception>(*this))
 {
+    m_reception->moveToThread(&m_thread);
+    m_thread.start();
 }
 
-BusProgramServer::~BusProgramServer() { leaveName(); }
+BusProgramServer::~BusProgramServer()
+{
+    leaveName();
+    m_thread.quit();
+    m_thread.wait();
+}
 
 void BusProgramServer::leaveName()
 {
@@ -87,23 +121,17 @@ void BusProgramServer::leaveName()
 
 bool BusProgramServer::takeName()
 {
-    m_bus.registerVirtualObject(programPath(), this);
+    m_bus.registerVirtualObject(programPath(), m_reception.get());
     auto* bus = m_bus.interface();
     auto const reply = bus->registerService(programName(), QDBusConnectionInterface::DontQueueService, QDBusConnectionInterface::DontAllowReplacement);
     return reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
 }
 
-QString BusProgramServer::introspect(QString const& path) const { return path == programPath() ? QString::fromLatin1(introspection) : QString(); }
-
-bool BusProgramServer::handleMessage(QDBusMessage const& message, QDBusConnection const& connection)
+void BusProgramServer::perform(QDBusMessage const& message, QDBusConnection const& connection)
 {
-    auto const* method = Method::find(message);
-    if (!method)
-        return false;
-    auto const answer = (this->*method->answer)(message.arguments());
-    if (!message.isReplyRequired())
-        return true;
-    return connection.send(answer ? message.createReply(*answer) : message.createErrorReply(QDBusError::Failed, QString::fromStdString(answer.error())));
+    auto const answer = (this->*Method::find(message)->answer)(message.arguments());
+    if (message.isReplyRequired())
+        connection.send(answer ? message.createReply(*answer) : message.createErrorReply(QDBusError::Failed, QString::fromStdString(answer.error())));
 }
 
 /// Performs the request after the answer is sent, so that callers do not wait for it.
@@ -146,8 +174,6 @@ BusProgramServer::Answer BusProgramServer::addFiles(QVariantList const& argument
         return Failure { added.error() };
     return QVariantList {};
 }
-
-BusProgramServer::Answer BusProgramServer::hotkeys(QVariantList const&) { return QVariantList { QString::fromStdString(m_handlers.hotkeys()) }; }
 
 BusProgramServer::Answer BusProgramServer::activateAction(QVariantList const& arguments)
 {

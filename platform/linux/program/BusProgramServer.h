@@ -4,15 +4,20 @@
 #include "platform/program/RunningProgram.h"
 
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
+#include <QThread>
+#include <QVariantList>
 
 #include <functional>
+#include <memory>
+
+class QDBusMessage;
 
 namespace zv {
 
 /// The running program on the session bus, identified by owning its name. Serves its own
-/// interface and the desktop's one for applications.
-class BusProgramServer : public QDBusVirtualObject {
+/// interface and the desktop's one for applications. Requests are performed on the main thread; what
+/// the program holds is told at once, by a thread of its own, however busy the main thread is.
+class BusProgramServer : public QObject {
     Q_OBJECT
 public:
     BusProgramServer(QDBusConnection bus, ProgramHandlers handlers);
@@ -25,24 +30,24 @@ public:
     /// Gives up the name, so that another process may be the running program.
     void leaveName();
 
-    QString introspect(QString const& path) const override;
-    bool handleMessage(QDBusMessage const& message, QDBusConnection const& connection) override;
-
 private:
     struct Method;
+    class Reception;
+    void perform(QDBusMessage const& message, QDBusConnection const& connection);
     using Answer = Result<QVariantList>; ///< a failure is a sentence for the caller
     Answer showMenu(QVariantList const& arguments);
     Answer showMenuAt(QVariantList const& arguments);
     Answer openSettings(QVariantList const& arguments);
     Answer quit(QVariantList const& arguments);
     Answer addFiles(QVariantList const& arguments);
-    Answer hotkeys(QVariantList const& arguments);
     Answer activateAction(QVariantList const& arguments);
 
     void later(std::function<void()> request);
 
     QDBusConnection m_bus;
     ProgramHandlers m_handlers;
+    QThread m_thread;
+    std::unique_ptr<Reception> m_reception; ///< lives on that thread
 };
 
 } // namespace zv

@@ -62,8 +62,10 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_shortcut = new RecorderField(m_models, std::move(lookUp));
     auto* target = new QVBoxLayout(m_targetRow);
     target->setContentsMargins(0, 0, 0, 0);
-    auto* choose = settingsButton(text(settingsTexts::choose));
-    auto* reveal = settingsButton(text(settingsTexts::reveal));
+    auto* choose = settingsButton(text(settingsTexts::choose.title));
+    auto* reveal = settingsButton(text(settingsTexts::reveal.title));
+    choose->setToolTip(text(settingsTexts::choose.help));
+    reveal->setToolTip(text(settingsTexts::reveal.help));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(choose);
     buttons->addWidget(reveal);

@@ -227,7 +227,7 @@ void MenuEditorView::addActions()
     m_selectionActions = { cut, copy, duplicate, remove, up, down };
 }
 
-/// Adds undo and redo for the whole tab; a text field undoes its own typing first.
+/// Adds undo and redo for the whole window; a text field undoes its own typing first.
 void MenuEditorView::addUndoActions()
 {
     auto* undo = m_undo.createUndoAction(this, QString::fromUtf8(settingsTexts::undo));
@@ -235,7 +235,6 @@ void MenuEditorView::addUndoActions()
     auto* redo = m_undo.createRedoAction(this, QString::fromUtf8(settingsTexts::redo));
     redo->setShortcuts(QKeySequence::Redo);
     for (auto* action : { undo, redo }) {
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         QWidget::addAction(action);
         m_outline->addAction(action);
     }

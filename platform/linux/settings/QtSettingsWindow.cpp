@@ -39,6 +39,7 @@ public:
         m_tabs->addTab(m_general, text(settingsTexts::generalTab));
         m_menu = new MenuEditorView(models, std::move(lookUp));
         m_tabs->addTab(m_menu, text(settingsTexts::menuTab));
+        addActions(m_menu->actions()); // undo and redo, as other tabs replace menus, too
         m_tabs->addTab(new AboutView(models), text(settingsTexts::aboutTab));
         m_tabs->setAccessibleName(text(settingsTexts::tabs));
         bringPlaceBack();

@@ -45,6 +45,14 @@ std::optional<PropertyList> PlistUserDefaults::object(std::string_view key) cons
 
 std::optional<PropertyList> PlistUserDefaults::storedObject(std::string_view key) const { return copyOf(stored().find(key)); }
 
+std::optional<PropertyList> PlistUserDefaults::objectToOverwrite(std::string_view key) const
+{
+    if (m_unsaved.empty() && !m_file.hasChanged())
+        return storedObject(key);
+    auto const disk = SettingsFile(m_file.path()).read();
+    return disk ? copyOf(disk->find(key)) : std::nullopt;
+}
+
 Result<void> PlistUserDefaults::setObject(std::string_view key, PropertyList value)
 {
     assertMainThread();

@@ -21,6 +21,7 @@ public:
 
     [[nodiscard]] std::optional<PropertyList> object(std::string_view key) const override;
     [[nodiscard]] std::optional<PropertyList> storedObject(std::string_view key) const override;
+    [[nodiscard]] std::optional<PropertyList> objectToOverwrite(std::string_view key) const override;
     [[nodiscard]] Result<void> setObject(std::string_view key, PropertyList value) override;
     [[nodiscard]] Result<void> removeObject(std::string_view key) override;
     void registerDefaults(PropertyListDictionary const& defaults) override;

@@ -1,6 +1,7 @@
 #include "platform/linux/store/SettingsFile.h"
 
 #include "base/Url.h"
+#include "platform/linux/posix/FileLock.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/PropertyListFormat.h"
 
@@ -8,7 +9,6 @@
 #include <cstdio>
 #include <ctime>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
 
@@ -18,7 +18,6 @@ namespace {
 
 constexpr mode_t privateFolder = 0700;
 constexpr mode_t privateFile = 0600;
-constexpr auto betweenAttempts = std::chrono::milliseconds(5);
 constexpr auto forWriters = std::chrono::milliseconds(100);
 
 bool isSameMoment(timespec const& a, timespec const& b) { return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec; }
@@ -112,18 +111,7 @@ Result<FileDescriptor> SettingsFile::lock() const
         return Failure { std::move(*broken) };
     if (auto const made = makeFolders(folderOf(m_path), privateFolder); !made)
         return Failure { made.error() };
-    FileDescriptor file(::open((m_path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, privateFile));
-    if (!file.isOpen())
-        return Failure { systemMessage(errno) };
-    auto const deadline = std::chrono::steady_clock::now() + m_patience;
-    while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
-            return Failure { systemMessage(errno) };
-        if (std::chrono::steady_clock::now() > deadline)
-            return Failure { std::string("another program does not let go of ") + m_path + ".lock" };
-        std::this_thread::sleep_for(betweenAttempts);
-    }
-    return file;
+    return lockFile(m_path + ".lock", m_patience);
 }
 
 Result<void> SettingsFile::write(std::vector<std::byte> const& bytes)

@@ -12,11 +12,12 @@
 
 namespace zv {
 
-/// The toolkit's connection to the session bus. It is disconnected where no bus is known: the
-/// toolkit would otherwise start a bus of its own.
+/// A connection to the session bus; disconnected where no bus is known. Not the toolkit's own one, which delivers nothing
+/// before the run loop turns, and starts a bus where there is none.
 [[nodiscard]] inline QDBusConnection sessionBus(BusAddresses const& buses)
 {
-    return buses.session.empty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::sessionBus();
+    auto const address = QString::fromStdString(buses.session);
+    return address.isEmpty() ? QDBusConnection(QStringLiteral("none")) : QDBusConnection::connectToBus(address, QStringLiteral("session"));
 }
 
 /// Connects anew when the session bus was restarted, or comes late: a lost connection of the

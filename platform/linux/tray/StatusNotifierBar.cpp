@@ -40,7 +40,8 @@ StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& present
 {
 }
 
-std::unique_ptr<StatusItem> StatusNotifierBar::add(std::string const& name, std::shared_ptr<Menu> menu)
+/// No panel tells an item what is dropped on its icon.
+std::unique_ptr<StatusItem> StatusNotifierBar::add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped)
 {
     return std::make_unique<Icon>(*this, name, std::move(menu));
 }

@@ -15,7 +15,7 @@ namespace zv {
 class StatusNotifierBar : public StatusBar {
 public:
     StatusNotifierBar(QDBusConnection bus, MenuPresenter& presenter, MenuPerformer& performer);
-    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override;
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) override;
     /// The place where an icon was last clicked.
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
     /// Shows the items on a new connection, after the former was lost.

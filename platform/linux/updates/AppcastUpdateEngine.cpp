@@ -31,6 +31,7 @@ DownloadLimits packageLimits(AppcastItem const& item)
     DownloadLimits limits;
     limits.bytes = std::min<std::uint64_t>(item.downloadSize.value_or(500'000'000), 500'000'000);
     limits.silence = 30s;
+    limits.total = 1h;
     return limits;
 }
 
@@ -115,13 +116,22 @@ void AppcastUpdateEngine::feedArrived(Asker asker, Result<Downloads::Bytes> cons
     m_schedule.noteCheck();
     if (!feed)
         return failed(asker, feed.error());
-    auto const items = readAppcast(*feed);
+    auto const signedFeed = SignedFeed::read(*feed);
+    if (!signedFeed || !isOurs(*signedFeed))
+        return failed(asker, updateTexts::feedNotOurs);
+    auto const items = readAppcast(signedFeed->content);
     if (!items)
         return failed(asker, updateTexts::feedUnreadable + items.error());
     if (auto const item = choose(asker, *items))
         found(asker, *item);
     else
         foundNothing(asker);
+}
+
+bool AppcastUpdateEngine::isOurs(SignedFeed const& feed) const
+{
+    auto const key = updateSigningKey(m_services.resources.information());
+    return key && isSignedBy(*key, feed.signature, feed.content);
 }
 
 std::optional<AppcastItem> AppcastUpdateEngine::choose(Asker asker, std::vector<AppcastItem> const& items) const
@@ -131,6 +141,7 @@ std::optional<AppcastItem> AppcastUpdateEngine::choose(Asker asker, std::vector<
     criteria.operatingSystem = m_services.origin.operatingSystem();
     criteria.systemVersion = m_services.origin.systemVersion();
     criteria.channels = m_channels.allowedChannels();
+    criteria.packageEndings = m_services.origin.packageEndings();
     auto const skipped = m_services.defaults.object(skippedVersionKey);
     if (asker == Asker::schedule && skipped && skipped->string())
         criteria.skippedVersion = *skipped->string();
@@ -219,8 +230,15 @@ void AppcastUpdateEngine::downloadArrived(Result<Url> const& file)
         m_services.downloads.discard(*file);
         return tell(updatePages::refused(verified.error()));
     }
-    m_services.workspace.open(*file);
-    finishSession();
+    m_services.openPackage(*file, m_lifetime.guard([this, file = *file](Result<void> const& opened) { packageOpened(file, opened); }));
+}
+
+void AppcastUpdateEngine::packageOpened(Url const& file, Result<void> const& opened)
+{
+    if (opened)
+        return finishSession();
+    m_unopened = file;
+    tell(updatePages::notOpened(file.lastPathComponent(), opened.error()));
 }
 
 Result<void> AppcastUpdateEngine::verify(Url const& file) const
@@ -245,6 +263,8 @@ void AppcastUpdateEngine::buttonPressed(std::size_t button)
 {
     if (m_state == State::offering)
         return offerAnswered(button);
+    if (m_unopened && button == 0)
+        m_services.workspace.reveal(*m_unopened);
     finishSession(); // "Cancel" or "OK"
 }
 
@@ -252,6 +272,7 @@ void AppcastUpdateEngine::finishSession()
 {
     m_download.reset();
     m_pending.reset();
+    m_unopened.reset();
     m_services.window.close();
     m_userDriver.willFinishUpdateSession();
     enter(State::idle);

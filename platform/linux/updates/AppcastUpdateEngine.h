@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/updates/SignedFeed.h"
 #include "app/updates/UpdateChoice.h"
 #include "app/updates/UpdateSchedule.h"
+#include "base/Lifetime.h"
 #include "platform/desk/Application.h"
 #include "platform/files/Resources.h"
 #include "platform/program/Downloads.h"
@@ -10,6 +12,7 @@
 #include "platform/program/UpdateWindow.h"
 #include "platform/session/Workspace.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +34,8 @@ public:
         Downloads& downloads;
         PackageOrigin const& origin;
         UpdateWindow& window;
+        /// Opens a package in the desktop's installer; `done` is told whether anything took it.
+        std::function<void(Url const& package, std::function<void(Result<void>)> done)> openPackage;
     };
 
     AppcastUpdateEngine(Services services, UpdateChannels& channels, UpdateUserDriver& userDriver);
@@ -62,7 +67,9 @@ private:
     void download();
     void showProgress(std::uint64_t received);
     void downloadArrived(Result<Url> const& file);
+    void packageOpened(Url const& file, Result<void> const& opened);
     [[nodiscard]] Result<void> verify(Url const& file) const;
+    [[nodiscard]] bool isOurs(SignedFeed const& feed) const;
     void tell(UpdatePage const& page);
     void buttonPressed(std::size_t button);
     void finishSession();
@@ -77,6 +84,8 @@ private:
     State m_state = State::idle;
     std::optional<AppcastItem> m_pending;
     std::unique_ptr<Download> m_download;
+    std::optional<Url> m_unopened; ///< the package that nothing opens
+    Lifetime m_lifetime;
 };
 
 } // namespace zv

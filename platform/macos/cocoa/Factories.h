@@ -86,7 +86,7 @@ std::unique_ptr<DesktopCommands> makeDesktopCommands();
 std::unique_ptr<FilePanels> makeFilePanels();
 std::shared_ptr<FileSystem> makeFileSystem();
 std::shared_ptr<FolderReader const> makeFolderReader();
-std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking);
+std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking, Timers& timers);
 std::unique_ptr<IconSource> makeIconSource();
 /// Calls `giveWay` when a copy of the program is about to take over.
 std::unique_ptr<Installation> makeInstallation(std::function<void()> giveWay);
@@ -110,6 +110,7 @@ std::unique_ptr<Screens> makeScreens();
 std::unique_ptr<ScriptRunner> makeScriptRunner();
 std::unique_ptr<SessionEvents> makeSessionEvents();
 std::unique_ptr<SettingsPanes> makeSettingsPanes(Tasks& tasks);
+std::unique_ptr<Alerts> makeSheets(); ///< alerts on the window in which the user works
 /// Calls `models` when the window is first opened.
 std::unique_ptr<SettingsWindow> makeSettingsWindow(std::function<SettingsModels&()> models);
 std::unique_ptr<MacStatusBar> makeStatusBar(MenuTracking& tracking);

@@ -47,7 +47,7 @@ private:
     std::unique_ptr<TextMeasure> m_text = makeTextMeasure();
     std::unique_ptr<IconSource> m_icons = makeIconSource();
 
-    std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking);
+    std::unique_ptr<HotkeyRegistrar> m_hotkeys = makeHotkeyRegistrar(m_menuTracking, m_system.timers());
     std::unique_ptr<KeyboardLayoutSource> m_keyboardLayout = makeKeyboardLayoutSource();
     std::unique_ptr<MacStatusBar> m_statusBar = makeStatusBar(m_menuTracking);
     std::unique_ptr<MenuHost> m_menuHost = makeMenuHost(m_menuTracking);
@@ -65,6 +65,7 @@ private:
     std::unique_ptr<UserNotifications> m_userNotifications = makeUserNotifications();
     std::unique_ptr<FilePanels> m_filePanels = makeFilePanels();
     std::unique_ptr<Permissions> m_permissions = makePermissions();
+    std::unique_ptr<Alerts> m_sheets = makeSheets();
     std::unique_ptr<SettingsWindow> m_settingsWindow;
 
     std::unique_ptr<ZantheVellApp> m_app;

@@ -109,7 +109,7 @@ Surface MacFrontEnd::surface()
                 .pointerMonitor = *m_pointerMonitor,
                 .panels = *m_panels,
                 .visibility = m_menuBarVisibility.get() } },
-        .windows = { .settings = *m_settingsWindow, .notes = *m_notesWindows, .filePanels = *m_filePanels, .notifications = *m_userNotifications },
+        .windows = { .settings = *m_settingsWindow, .settingsAlerts = *m_sheets, .notes = *m_notesWindows, .filePanels = *m_filePanels, .notifications = *m_userNotifications },
         .home = { .installation = *m_installation,
             .loginService = *m_loginService,
             .makeUpdateEngine = makeUpdateEngine,

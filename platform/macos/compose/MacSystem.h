@@ -39,6 +39,7 @@ public:
 
     [[nodiscard]] System system() const;
     [[nodiscard]] Tasks& tasks() const { return *m_tasks; }
+    [[nodiscard]] Timers& timers() const { return *m_timers; }
 
 private:
     MacFiles const& m_files;

@@ -64,24 +64,61 @@ private:
     }
 };
 
+NSAlert* panelFor(Alert const& alert)
+{
+    NSAlert* const panel = [[NSAlert alloc] init];
+    panel.messageText = toNSString(alert.message);
+    panel.informativeText = toNSString(alert.informativeText);
+    panel.alertStyle = alert.style == AlertStyle::warning ? NSAlertStyleWarning : NSAlertStyleInformational;
+    for (std::size_t i = 0; i < alert.buttons.size(); ++i) {
+        NSButton* const button = [panel addButtonWithTitle:toNSString(alert.buttons[i])];
+        if (alert.buttons.size() > 1 && i == alert.escapeButton)
+            button.keyEquivalent = @"\033";
+    }
+    return panel;
+}
+
+NSModalResponse runInFront(NSAlert* panel)
+{
+    [panel layout]; // it is shown before it runs
+    [panel.window center];
+    bringToFront(panel.window);
+    return [panel runModal];
+}
+
+/// Waits for the sheet's answer, as Electron's nsalert_synchronous_sheet.mm does.
+NSModalResponse runAsSheet(NSAlert* panel, NSWindow* parent)
+{
+    [panel beginSheetModalForWindow:parent completionHandler:^(NSModalResponse answer) { [NSApp stopModalWithCode:answer]; }];
+    return [NSApp runModalForWindow:panel.window];
+}
+
+/// The window in which the user works; nil without one, and where a sheet hangs already.
+NSWindow* parentOfSheet()
+{
+    NSWindow* const window = NSApp.mainWindow;
+    return window.isVisible && !window.attachedSheet ? window : nil;
+}
+
+enum class AlertStands { alone, onWindow };
+
 class MacAlerts : public Alerts {
 public:
+    explicit MacAlerts(AlertStands stands)
+        : m_stands(stands)
+    {
+    }
     std::size_t run(Alert const& alert) override
     {
-        NSAlert* const panel = [[NSAlert alloc] init];
-        panel.messageText = toNSString(alert.message);
-        panel.informativeText = toNSString(alert.informativeText);
-        panel.alertStyle = alert.style == AlertStyle::warning ? NSAlertStyleWarning : NSAlertStyleInformational;
-        for (std::size_t i = 0; i < alert.buttons.size(); ++i) {
-            NSButton* const button = [panel addButtonWithTitle:toNSString(alert.buttons[i])];
-            if (alert.buttons.size() > 1 && i == alert.escapeButton)
-                button.keyEquivalent = @"\033";
-        }
-        bringToFront(panel.window);
-        auto const answer = [panel runModal] - NSAlertFirstButtonReturn;
+        NSAlert* const panel = panelFor(alert);
+        NSWindow* const parent = m_stands == AlertStands::onWindow ? parentOfSheet() : nil;
+        auto const answer = (parent ? runAsSheet(panel, parent) : runInFront(panel)) - NSAlertFirstButtonReturn;
         bool const isButton = answer >= 0 && static_cast<std::size_t>(answer) < alert.buttons.size();
         return isButton ? static_cast<std::size_t>(answer) : alert.escapeButton;
     }
+
+private:
+    AlertStands m_stands;
 };
 
 } // namespace
@@ -90,6 +127,8 @@ std::unique_ptr<Application> makeApplication() { return std::make_unique<MacAppl
 
 std::unique_ptr<ModifierKeys> makeModifierKeys() { return std::make_unique<MacModifierKeys>(); }
 
-std::unique_ptr<Alerts> makeAlerts() { return std::make_unique<MacAlerts>(); }
+std::unique_ptr<Alerts> makeAlerts() { return std::make_unique<MacAlerts>(AlertStands::alone); }
+
+std::unique_ptr<Alerts> makeSheets() { return std::make_unique<MacAlerts>(AlertStands::onWindow); }
 
 } // namespace zv

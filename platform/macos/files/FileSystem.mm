@@ -2,6 +2,8 @@
 #include "platform/macos/cocoa/Factories.h"
 #import "platform/macos/files/LinkTargets.h"
 
+#include <sys/stat.h>
+
 namespace zv {
 
 namespace {
@@ -79,6 +81,17 @@ public:
         NSError* error = nil;
         BOOL const written = [toNSData(bytes) writeToURL:toNSURL(url) options:NSDataWritingAtomic error:&error];
         return resultOf(written, error);
+    }
+
+    Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override
+    {
+        if (auto made = createDirectory(url.parent()); !made)
+            return made;
+        ::chmod([pathOf(url.parent()) fileSystemRepresentation], 0700); // the folder keeps others out from the start
+        auto written = write(url, bytes);
+        if (written)
+            ::chmod([pathOf(url) fileSystemRepresentation], 0600);
+        return written;
     }
 
     Result<std::vector<std::string>> names(Url const& folder) const override

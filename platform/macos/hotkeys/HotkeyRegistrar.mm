@@ -4,7 +4,9 @@
 #include "base/MainThread.h"
 
 #import <Carbon/Carbon.h>
+#import <CoreGraphics/CoreGraphics.h>
 #include <map>
+#include <set>
 
 namespace zv {
 
@@ -26,8 +28,9 @@ static_assert(eventNotHandledErr == -9874);
 /// a press under an older id is dropped.
 class CarbonHotkeyRegistrar : public HotkeyRegistrar {
 public:
-    explicit CarbonHotkeyRegistrar(MenuTracking const& tracking)
+    CarbonHotkeyRegistrar(MenuTracking const& tracking, Timers& timers)
         : m_tracking(tracking)
+        , m_timers(timers)
     {
     }
     ~CarbonHotkeyRegistrar() override
@@ -53,14 +56,19 @@ public:
 
     void releaseAll() override
     {
-        for (auto const& [id, reference] : m_held)
-            UnregisterEventHotKey(reference);
+        for (auto const& [id, held] : m_held)
+            UnregisterEventHotKey(held.reference);
         m_held.clear();
     }
 
     HotkeySupport support() const override { return HotkeySupport::everywhere; }
 
 private:
+    struct Held {
+        EventHotKeyRef reference;
+        std::uint16_t key;
+    };
+
     bool hold(HotkeyID id, KeyChord chord)
     {
         EventHotKeyRef reference = nullptr;
@@ -68,9 +76,30 @@ private:
         OSStatus const status = RegisterEventHotKey(chord.keyCode, chord.modifiers, identity, GetEventDispatcherTarget(), 0, &reference);
         if (status != noErr || !reference)
             return false;
-        m_held.emplace(id, reference);
+        m_held.emplace(id, Held { reference, chord.keyCode });
+        awaitRelease(chord.keyCode);
         return true;
     }
+
+    /// Keeps a key that is down now from firing before its release: it was pressed for something
+    /// else, such as the recorder. Looks again only while such a key is held, which is not for long.
+    void awaitRelease(std::uint16_t key)
+    {
+        if (!isDown(key))
+            return;
+        m_down.insert(key);
+        if (!m_watch)
+            m_watch = m_timers.every(std::chrono::milliseconds(30), [this] { forgetReleasedKeys(); });
+    }
+
+    void forgetReleasedKeys()
+    {
+        std::erase_if(m_down, [](std::uint16_t key) { return !isDown(key); });
+        if (m_down.empty())
+            m_watch.reset();
+    }
+
+    static bool isDown(std::uint16_t key) { return CGEventSourceKeyState(kCGEventSourceStateCombinedSessionState, key); }
 
     void installHandler()
     {
@@ -97,20 +126,25 @@ private:
     void pressed(HotkeyID id, double time)
     {
         bool const wasForMenu = m_tracking.isOpen || time <= m_tracking.lastClosed;
-        if (m_held.contains(id) && onPressed && !wasForMenu)
+        auto const held = m_held.find(id);
+        bool const isPress = held != m_held.end() && !m_down.contains(held->second.key);
+        if (isPress && onPressed && !wasForMenu)
             onPressed(id);
     }
 
     MenuTracking const& m_tracking;
+    Timers& m_timers;
     EventHandlerRef m_handler = nullptr;
-    std::map<HotkeyID, EventHotKeyRef> m_held;
+    std::map<HotkeyID, Held> m_held;
+    std::set<std::uint16_t> m_down; ///< since before they were claimed
+    std::unique_ptr<Timer> m_watch;
 };
 
 } // namespace
 
-std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking)
+std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking, Timers& timers)
 {
-    return std::make_unique<CarbonHotkeyRegistrar>(tracking);
+    return std::make_unique<CarbonHotkeyRegistrar>(tracking, timers);
 }
 
 } // namespace zv

@@ -16,6 +16,7 @@ NS_ASSUME_NONNULL_BEGIN
     NSMenu* _menu;
     zv::MenuTracking* _tracking;
     BOOL _isOpen;
+    id _chosenByKey;
     BOOL _ignoresOption;
     BOOL _showsOwnMenus;
     zv::Lifetime _lifetime;

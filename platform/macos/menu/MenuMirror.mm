@@ -71,7 +71,7 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
     NSString* const whole = [text stringByAppendingFormat:@"\t%@", zv::toNSString(title.hint)];
     NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:whole attributes:attributes];
     if (title.hintIsItalic)
-        [made addAttribute:NSFontAttributeName value:menuFont(true) range:NSMakeRange([text length], [whole length] - [text length])];
+        [made addAttribute:NSFontAttributeName value:menuFont(true) range:NSMakeRange(text.length, whole.length - text.length)];
     return made;
 }
 
@@ -137,34 +137,10 @@ NSMenuItem* ownMenuItem(MenuEntry const& entry)
 
 constexpr NSUInteger shortcutModifiers = NSEventModifierFlagShift | NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
 
-bool hasShortcut(NSMenuItem* item, NSString* typed, NSUInteger modifiers)
+zv::KeyPress keyPressOf(NSEvent* event)
 {
-    bool const isSame = item.keyEquivalent.length > 0 && [item.keyEquivalent isEqualToString:typed];
-    return isSame && (item.keyEquivalentModifierMask & shortcutModifiers) == modifiers && item.isEnabled && item.action && !item.hasSubmenu;
-}
-
-/// Looks in submenus too, but for those that fill themselves.
-NSMenuItem* itemWithShortcut(NSMenu* menu, NSString* typed, NSUInteger modifiers)
-{
-    for (NSMenuItem* item in menu.itemArray) {
-        bool const isGroup = item.hasSubmenu && !item.submenu.delegate;
-        NSMenuItem* const within = isGroup ? itemWithShortcut(item.submenu, typed, modifiers) : nil;
-        if (within || hasShortcut(item, typed, modifiers))
-            return within ? within : item;
-    }
-    return nil;
-}
-
-/// The item for the key as the layout types it, else as it does with Command: there a layout
-/// without Latin letters has them, so that Command-Й is Command-Q (vorssaint/vorssaint-utils#1103).
-/// KeyboardLayoutSource has the same layers.
-NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
-{
-    NSUInteger const modifiers = event.modifierFlags & shortcutModifiers;
-    NSString* const plain = [event charactersByApplyingModifiers:0].lowercaseString;
-    NSString* const withCommand = [event charactersByApplyingModifiers:NSEventModifierFlagCommand].lowercaseString;
-    NSMenuItem* const item = itemWithShortcut(menu, plain, modifiers);
-    return item ? item : itemWithShortcut(menu, withCommand, modifiers);
+    auto const modifiers = static_cast<zv::ModifierMask>(event.modifierFlags & shortcutModifiers);
+    return { event.keyCode, zv::fromNSString(event.charactersIgnoringModifiers), modifiers };
 }
 
 } // namespace
@@ -182,8 +158,7 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
     _menu = [[NSMenu alloc] initWithTitle:zv::toNSString(menu->title)];
     _menu.autoenablesItems = NO; // every entry says itself whether it is enabled
     [self showEntries]; // of a menu that fills itself: its entries until then
-    if (!menu->delegate.expired() || tracking)
-        _menu.delegate = self;
+    _menu.delegate = self;
     return self;
 }
 
@@ -247,15 +222,17 @@ NSMenuItem* itemForEvent(NSMenu* menu, NSEvent* event)
     _tracking->lastClosed = NSProcessInfo.processInfo.systemUptime;
 }
 
-/// Finds shortcuts while their menu is open. The system would otherwise fill every menu that fills
-/// itself, at each key press, to look for them.
+/// Finds shortcuts while their menu is open, and answers for all menus below it. The system would
+/// otherwise fill every menu that fills itself, at each key press, to look for them.
 - (BOOL)menuHasKeyEquivalent:(NSMenu*)menu forEvent:(NSEvent*)event target:(id __autoreleasing*)target action:(SEL*)action
 {
-    NSMenuItem* const item = _isOpen ? itemForEvent(menu, event) : nil;
-    if (!item)
+    MenuEntry chosen;
+    chosen.target = _isOpen && !event.isARepeat ? _mirrored->targetForKey(keyPressOf(event)) : nullptr;
+    if (!chosen.target)
         return NO;
-    *target = item.target;
-    *action = item.action;
+    _chosenByKey = [[ZVMenuItemKeeper alloc] initWithEntry:chosen submenu:nil];
+    *target = _chosenByKey;
+    *action = @selector(invoke:);
     return YES;
 }
 

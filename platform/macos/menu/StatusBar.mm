@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/FileDropView.h"
 #import "platform/macos/cocoa/KeyObserver.h"
 #import "platform/macos/menu/MenuMirror.h"
 
@@ -16,13 +17,14 @@ struct ShownItem {
 /// Owns the item, as the bar does not. The user may drag the item out with Command, which hides it.
 class MacStatusItem : public StatusItem {
 public:
-    MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking)
+    MacStatusItem(std::string const& name, std::shared_ptr<Menu> const& menu, MenuTracking& tracking, FilesDropped dropped)
         : m_mirror([[ZVMenuMirror alloc] initWithMenu:menu tracking:&tracking])
         , m_shown(std::make_shared<ShownItem>(ShownItem { [NSStatusBar.systemStatusBar statusItemWithLength:NSSquareStatusItemLength] }))
     {
         NSStatusItem* const item = m_shown->item;
         show(toNSString(name));
         item.menu = m_mirror.menu;
+        [ZVFileDropView cover:item.button dropped:std::move(dropped)];
         item.autosaveName = @"ZantheVell";
         item.behavior = NSStatusItemBehaviorRemovalAllowed;
         item.visible = YES; // the system keeps under that name that it was dragged out (Claude-Usage-Tracker#251)
@@ -66,9 +68,9 @@ public:
         : m_tracking(tracking)
     {
     }
-    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu) override
+    std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) override
     {
-        auto item = std::make_unique<MacStatusItem>(name, menu, m_tracking);
+        auto item = std::make_unique<MacStatusItem>(name, menu, m_tracking, std::move(dropped));
         m_shown = item->shown();
         return item;
     }

@@ -1,5 +1,6 @@
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
+#import "platform/macos/cocoa/FileDropView.h"
 #import "platform/macos/overlay/LogoCanvas.h"
 #import "platform/macos/overlay/OverlayPanelStyle.h"
 
@@ -52,6 +53,11 @@
     _content->press();
     return YES;
 }
+- (void)drop:(std::vector<zv::Url>)files
+{
+    if (_content)
+        _content->drop(std::move(files));
+}
 - (void)mouseDown:(NSEvent*)event
 {
     [self press];
@@ -99,6 +105,8 @@ public:
     {
         style();
         m_view.content = &content;
+        __weak ZVOverlayView* const view = m_view;
+        [ZVFileDropView cover:m_view dropped:[view](std::vector<Url> files) { [view drop:std::move(files)]; }];
         m_panel.contentView = m_view;
     }
     ~MacOverlayPanel() override

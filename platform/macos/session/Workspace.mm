@@ -41,6 +41,19 @@ void openFile(Url const& file, NSURL* application)
                         completionHandler:nil];
 }
 
+Result<void> transferFile(Url const& file, Url const& place, FileTransfer how)
+{
+    NSFileManager* const files = [[NSFileManager alloc] init];
+    NSURL* const from = toNSURL(file);
+    NSURL* const to = toNSURL(place);
+    NSError* error = nil;
+    if (how == FileTransfer::link)
+        return resultOf([files createSymbolicLinkAtPath:[to path] withDestinationPath:[from path] error:&error] != NO, error);
+    if (how == FileTransfer::copy)
+        return resultOf([files copyItemAtURL:from toURL:to error:&error] != NO, error);
+    return resultOf([files moveItemAtURL:from toURL:to error:&error] != NO, error);
+}
+
 class MacWorkspace : public Workspace {
 public:
     explicit MacWorkspace(Tasks& tasks)
@@ -79,6 +92,15 @@ public:
                                    auto const moved = resultOf(!error, error);
                                    performOnMain([done, moved] { done(moved); });
                                }];
+    }
+
+    void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) override
+    {
+        m_tasks.runDetached([file, place, how, done = std::move(done)]() mutable -> std::function<void()> {
+            @autoreleasepool {
+                return [done = std::move(done), result = transferFile(file, place, how)] { done(result); };
+            }
+        });
     }
 
     std::optional<Url> applicationWithIdentifier(std::string_view identifier) const override

@@ -66,6 +66,8 @@ void AboutView::showLicences()
         text.textColor = NSColor.textColor;
         m_licences.contentView = scrollAround(text);
         [m_licences center];
+        [m_licences setFrameUsingName:@"Licences"];
+        [m_licences setFrameAutosaveName:@"Licences"];
     }
     [m_licences makeKeyAndOrderFront:nil];
 }

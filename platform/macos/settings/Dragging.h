@@ -2,8 +2,6 @@
 
 #import <Cocoa/Cocoa.h>
 
-#include "base/Url.h"
-
 #include <string>
 #include <vector>
 
@@ -16,7 +14,6 @@ NSString* recordType();
 /// The pasteboard item of a menu item, with its record.
 NSPasteboardItem* pasteboardItemOf(std::string const& record);
 std::vector<std::string> recordsOn(NSPasteboard* pasteboard);
-std::vector<Url> filesOn(NSPasteboard* pasteboard);
 
 } // namespace zv
 

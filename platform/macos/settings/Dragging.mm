@@ -25,13 +25,4 @@ std::vector<std::string> recordsOn(NSPasteboard* pasteboard)
     return records;
 }
 
-std::vector<Url> filesOn(NSPasteboard* pasteboard)
-{
-    NSDictionary<NSString*, id>* const options = @{NSPasteboardURLReadingFileURLsOnlyKey : @YES};
-    std::vector<Url> files;
-    for (NSURL* url in [pasteboard readObjectsForClasses:@[ [NSURL class] ] options:options])
-        files.push_back(fromNSURL(url));
-    return files;
-}
-
 } // namespace zv

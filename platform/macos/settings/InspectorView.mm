@@ -61,8 +61,10 @@ void InspectorView::buildForm()
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
     };
-    NSButton* const choose = pushButton(settingsTexts::choose, {}, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
-    NSButton* const show = pushButton(settingsTexts::reveal, {}, m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
+    NSButton* const choose
+        = pushButton(settingsTexts::choose.title, settingsTexts::choose.help, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
+    NSButton* const show
+        = pushButton(settingsTexts::reveal.title, settingsTexts::reveal.help, m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
     m_titleRow = titled(settingsTexts::title, m_title);
     m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { choose, show }) }));
     m_depthRow = titled(m_models.wording().depth, m_depth);

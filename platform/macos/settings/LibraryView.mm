@@ -6,6 +6,20 @@
 
 #include "app/settings/SettingsTexts.h"
 
+/// Takes Return for a double click.
+@interface ZVLibraryTable : NSTableView
+@end
+
+@implementation ZVLibraryTable
+- (void)keyDown:(NSEvent*)event
+{
+    if ([event.charactersIgnoringModifiers isEqualToString:@"\r"])
+        [self sendAction:self.doubleAction to:self.target];
+    else
+        [super keyDown:event];
+}
+@end
+
 @implementation ZVLibrary
 
 @synthesize view = _view;
@@ -27,7 +41,7 @@
     _search.placeholderString = zv::toNSString(zv::settingsTexts::search);
     _search.accessibilityLabel = zv::toNSString(zv::settingsTexts::searchLibrary);
     _search.delegate = self;
-    _table = [[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
+    _table = [[ZVLibraryTable alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
     [_table addTableColumn:[[NSTableColumn alloc] initWithIdentifier:@"entry"]];
     _table.headerView = nil;
     _table.accessibilityLabel = zv::toNSString(zv::settingsTexts::library);
@@ -35,7 +49,7 @@
     _table.delegate = self;
     [_table setDraggingSourceOperationMask:NSDragOperationCopy forLocal:YES];
     __unsafe_unretained ZVLibrary* const library = self;
-    _actions.attachDoubleClick(_table, [library] { [library addRow:library->_table.clickedRow]; });
+    _actions.attachDoubleClick(_table, [library] { [library addRow:[library chosenRow]]; });
     _actions.attach(_search, [library] { [library fill]; });
     NSScrollView* const scroll = zv::scrollAround(_table);
     scroll.borderType = NSBezelBorder;
@@ -60,6 +74,12 @@
         for (auto const* entry : group.entries)
             _rows.push_back({ {}, entry->id });
     }
+}
+
+/// The clicked one, or with the keyboard the selected one.
+- (NSInteger)chosenRow
+{
+    return _table.clickedRow >= 0 ? _table.clickedRow : _table.selectedRow;
 }
 
 - (void)addRow:(NSInteger)row

@@ -1,6 +1,7 @@
 #import "platform/macos/settings/MenuEditorView.h"
 
 #import "platform/macos/cocoa/Conversions.h"
+#import "platform/macos/cocoa/FileDropView.h"
 #import "platform/macos/desk/Images.h"
 #import "platform/macos/settings/Cells.h"
 #import "platform/macos/settings/Dragging.h"
@@ -68,6 +69,13 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     return made;
 }
 
+/// In the system's own colours.
+NSImage* warning(std::string const& spoken)
+{
+    NSImage* const symbol = [NSImage imageWithSystemSymbolName:@"exclamationmark.triangle.fill" accessibilityDescription:zv::toNSString(spoken)];
+    return [symbol imageWithSymbolConfiguration:[NSImageSymbolConfiguration configurationPreferringMulticolor]];
+}
+
 } // namespace
 
 @implementation ZVMenuEditor
@@ -107,6 +115,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     NSSplitView* const columns = [[NSSplitView alloc] initWithFrame:NSMakeRect(0, 0, 860, 560)];
     columns.vertical = YES;
     columns.dividerStyle = NSSplitViewDividerStyleThin;
+    columns.autosaveName = @"MenuTab";
     [columns addArrangedSubview:_library.view];
     [columns addArrangedSubview:[self outlineColumn]];
     [columns addArrangedSubview:[self inspectorColumn]];
@@ -124,6 +133,8 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
     [_outline addTableColumn:titles];
     [_outline addTableColumn:column(shortcutColumn, texts::shortcutColumn, 90)];
     _outline.outlineTableColumn = titles;
+    _outline.autosaveName = @"MenuOutline";
+    _outline.autosaveTableColumns = YES;
     _outline.allowsMultipleSelection = YES;
     _outline.dataSource = self;
     _outline.delegate = self;
@@ -365,7 +376,7 @@ NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
     zv::show(cell, row.isSeparator ? nullptr : _models->iconOf(item), row.shownTitle());
     if (!row.badge.empty())
-        cell.imageView.image = [NSImage imageWithSystemSymbolName:@"exclamationmark.triangle" accessibilityDescription:zv::toNSString(row.badge)];
+        cell.imageView.image = warning(row.badge);
     cell.textField.editable = row.isSeparator ? NO : YES;
     cell.textField.delegate = self;
     cell.textField.accessibilityLabel = row.isSeparator ? zv::toNSString(row.spokenTitle()) : nil;

@@ -77,6 +77,7 @@ RecorderField::RecorderField(SettingsModels& models)
     m_button.alignment = NSTextAlignmentCenter;
     m_button.font = [NSFont monospacedSystemFontOfSize:NSFont.systemFontSize weight:NSFontWeightRegular];
     m_button.toolTip = toNSString(settingsTexts::recorderHelp);
+    m_button.accessibilityLabel = toNSString(settingsTexts::recorder);
     m_button.accessibilityHelp = toNSString(settingsTexts::recorderHelp);
     setMinimumWidth(m_button, minimumRecorderWidth);
     [m_button setRecordingChanged:[this](BOOL isRecording) { recordingChanged(isRecording != NO); } pressed:[this](NSEvent* event) { pressed(event); }];
@@ -86,6 +87,7 @@ RecorderField::RecorderField(SettingsModels& models)
         take(std::nullopt);
     });
     m_clear.bordered = NO;
+    m_clear.toolTip = m_clear.accessibilityLabel = toNSString(settingsTexts::clearShortcut);
     m_view = stack(Direction::row, { m_button, m_clear });
     // Recording releases the global hotkeys: it ends when the window loses the keyboard.
     m_observers.observe(NSWindowDidResignKeyNotification, ^(NSNotification* told) {
@@ -137,6 +139,7 @@ void RecorderField::refresh()
         m_button.title = toNSString(settingsTexts::recording);
     else
         m_button.title = toNSString(m_spec ? m_spec->description() : std::string(settingsTexts::noShortcut));
+    m_button.accessibilityValue = m_button.title; // the label takes the title's place
 }
 
 } // namespace zv

@@ -39,10 +39,9 @@ namespace zv {
 namespace {
 
 constexpr NSInteger menuTab = 1;
-constexpr SettingsPlace::Size usualSize { 900, 620 };
-constexpr SettingsPlace::Size smallestSize { 760, 440 };
-
-NSSize toNSSize(SettingsPlace::Size size) { return NSMakeSize(static_cast<double>(size.width), static_cast<double>(size.height)); }
+NSSize const usualSize = NSMakeSize(900, 620);
+NSSize const smallestSize = NSMakeSize(760, 440);
+NSString* const frameName = @"Settings";
 
 /// The window with its three tabs; made when first opened, kept when closed.
 class MacSettings {
@@ -106,29 +105,26 @@ private:
                                                styleMask:style
                                                  backing:NSBackingStoreBuffered
                                                    defer:YES];
-        m_delegate = [[ZVSettingsWindowDelegate alloc] initWithUndoManager:m_editor.undoManager closing:m_lifetime.guard([this] { keepPlace(); })];
+        m_delegate =
+            [[ZVSettingsWindowDelegate alloc] initWithUndoManager:m_editor.undoManager
+                                                          closing:m_lifetime.guard([this] { m_models.place().keepTab(m_tabs.selectedTabViewItemIndex); })];
         m_window.releasedWhenClosed = NO;
         m_window.contentViewController = m_tabs;
         [m_window bind:NSTitleBinding toObject:m_tabs withKeyPath:@"title" options:nil]; // the selected page's
         m_window.toolbarStyle = NSWindowToolbarStylePreference;
-        m_window.contentMinSize = toNSSize(smallestSize);
+        m_window.contentMinSize = smallestSize;
+        m_window.autorecalculatesKeyViewLoop = YES;
         m_window.delegate = m_delegate;
     }
 
     void bringPlaceBack()
     {
-        auto const& place = m_models.place();
-        [m_window setContentSize:toNSSize(place.size(smallestSize).value_or(usualSize))];
+        [m_window setContentSize:usualSize];
         [m_window center];
+        [m_window setFrameUsingName:frameName]; // where it was last
+        [m_window setFrameAutosaveName:frameName];
         auto const count = static_cast<std::int64_t>(m_tabs.tabViewItems.count);
-        m_tabs.selectedTabViewItemIndex = static_cast<NSInteger>(place.tab(count));
-    }
-
-    void keepPlace()
-    {
-        NSSize const size = [m_window.contentView frame].size;
-        m_models.place().keepSize({ static_cast<std::int64_t>(size.width), static_cast<std::int64_t>(size.height) });
-        m_models.place().keepTab(m_tabs.selectedTabViewItemIndex);
+        m_tabs.selectedTabViewItemIndex = static_cast<NSInteger>(m_models.place().tab(count));
     }
 
     /// Shows the current settings, and follows them.

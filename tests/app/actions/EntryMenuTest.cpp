@@ -146,5 +146,58 @@ TEST_F(EntryMenuTest, OptionPutsAFoldersOpeningAboveItsEntries)
     EXPECT_EQ(machine.workspace.log, (Lines { "open file:///Home", "open file:///Home" }));
 }
 
+TEST_F(EntryMenuTest, DroppedFilesGoIntoTheFolderAndReplaceNothingUnasked)
+{
+    machine.files.addFile("/b.txt");
+    machine.files.addFile("/Home/a.txt");
+    launchWith({ fileItem("/Home") });
+    auto const home = entryAt({ "Home" });
+    ASSERT_EQ(home.subject.menus->folderOf(home.subject), Url::fromPath("/Home"));
+    struct Row {
+        std::vector<char const*> files;
+        FileTransfer how;
+        std::vector<std::size_t> answers;
+        Lines done;
+        std::string told; ///< the last alert's text
+    };
+    Row const rows[] = {
+        { { "/b.txt" }, FileTransfer::copy, {}, { "copy file:///b.txt to file:///Home/b.txt" }, "" },
+        { { "/a.txt", "/b.txt" }, FileTransfer::move, { 1 }, { "move file:///b.txt to file:///Home/b.txt" }, "The one that is there goes to the Trash." },
+        { { "/a.txt" }, FileTransfer::link, { 0 }, { "trash file:///Home/a.txt", "link file:///a.txt to file:///Home/a.txt" },
+            "The one that is there goes to the Trash." },
+        { { "/Home/a.txt" }, FileTransfer::move, {}, {}, "" },
+        { { "/Home" }, FileTransfer::move, {}, {}, "“Home”: It cannot be put into itself.\n" },
+    };
+    for (auto const& row : rows) {
+        machine.workspace.log.clear();
+        front.alerts.shown.clear();
+        front.alerts.answers = row.answers;
+        std::vector<Url> files;
+        for (auto const* file : row.files)
+            files.push_back(Url::fromPath(file));
+        home.subject.menus->drop(files, Url::fromPath("/Home"), row.how);
+        machine.time.runTasks();
+        EXPECT_EQ(machine.workspace.log, row.done);
+        EXPECT_EQ(front.alerts.shown.empty() ? "" : front.alerts.shown.back().informativeText, row.told);
+    }
+    machine.workspace.transferring = Failure { std::string("No room.") };
+    home.subject.menus->drop({ Url::fromPath("/b.txt") }, Url::fromPath("/Home"), FileTransfer::copy);
+    machine.time.runTasks();
+    EXPECT_EQ(front.alerts.shown.back().message, "Some files could not be put into “Home”.");
+}
+
+TEST_F(EntryMenuTest, FilesDroppedOnTheIconOrTheCornerAreAddedToTheItems)
+{
+    front.menuBars.add(7, { 0, 1056, 1920, 24 });
+    Preferences(machine.defaults).setReplacesAppleMenu(true);
+    launchWith({});
+    machine.time.advance(std::chrono::seconds(1));
+    front.statusBar.drop({ Url::fromPath("/a.txt") });
+    front.panels.shown().at(0)->content->drop({ Url::fromPath("/Home") });
+    machine.time.runTasks();
+    EXPECT_TRUE(machine.files.nodes.contains("/data/Items/a.txt"));
+    EXPECT_TRUE(machine.files.nodes.contains("/data/Items/Home"));
+}
+
 } // namespace
 } // namespace zv

@@ -17,7 +17,7 @@ Found everything()
 {
     Found found;
     found.display = Found::Display::x11;
-    found.hasWindowManager = found.hasPanelAtTop = found.hasIconTheme = found.readsDrawings = true;
+    found.hasWindowManager = found.hasCornerPanel = found.hasIconTheme = found.readsDrawings = true;
     found.hotkeys = HotkeySupport::everywhere;
     found.hasSessionBus = found.hasPortal = found.hasNotifications = true;
     found.statusIcons = Found::StatusIcons::shown;
@@ -54,7 +54,7 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
         { "Wayland", [](Found& f) { f.display = Found::Display::wayland; }, "Display", State::limited, "xwayland" },
         { "Wayland with X", [](Found& f) { f.display = Found::Display::x11WithinWayland; }, "Display", State::limited, "by its icon" },
         { "no window manager", [](Found& f) { f.hasWindowManager = false; }, "Windows", State::limited, "openbox" },
-        { "no panel at the top", [](Found& f) { f.hasPanelAtTop = false; }, "Corner", State::limited, "As soon as one comes" },
+        { "no panel at an edge", [](Found& f) { f.hasCornerPanel = false; }, "Corner", State::limited, "As soon as one comes" },
         { "no session bus", [](Found& f) { f.hasSessionBus = false; }, "Session bus", State::missing, "dbus-user-session" },
         { "no tray", [](Found& f) { f.statusIcons = Found::StatusIcons::noWatcher; }, "Icon", State::missing, "status tray" },
         { "a tray nobody shows", [](Found& f) { f.statusIcons = Found::StatusIcons::withoutHost; }, "Icon", State::missing, "status tray" },

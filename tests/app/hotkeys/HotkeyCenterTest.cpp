@@ -145,8 +145,11 @@ TEST_F(HotkeyCenterTest, IsInConflictWhileAnotherProgramHasTheCombination)
     EXPECT_EQ(center.conflicts(), (std::set<Conflict> { { Target::item(item.id), "⌥⌘E" } }));
 
     registrar.taken.clear();
-    center.reregister();
+    center.retryRefused();
     EXPECT_TRUE(center.conflicts().empty());
+    auto const passes = registrar.passes;
+    center.retryRefused();
+    EXPECT_EQ(registrar.passes, passes) << "nothing is left to retry";
     EXPECT_EQ(registered(), (std::vector { Target::item(item.id) }));
 }
 

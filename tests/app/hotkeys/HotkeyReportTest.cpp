@@ -15,17 +15,22 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     Notifications notifications;
     KeyboardLayout layout(source, notifications);
     HotkeyCenter center(registrar, layout);
-    EXPECT_EQ(hotkeyReport(&center), R"({"registrations":[],"conflicts":[]})");
+    EXPECT_EQ(hotkeyReport(&center), R"({"registrations":[],"conflicts":[],"unavailable":[],"support":"everywhere"})");
 
     auto item = MenuItem::ofKind(MenuItemKind::sleep);
     item.id = *Uuid::parse("00000000-0000-0000-0000-0000000000AB");
     item.keyEquivalent = KeyEquivalentSpec { .trigger = KeyEquivalentSpec::Trigger::character("E"), .option = true };
     auto const bare = KeyEquivalentSpec { .trigger = KeyEquivalentSpec::Trigger::named("f5"), .noCommand = true };
-    center.setFileHotkeys({ { Url::fromPath("/a\xFF"), bare }, { Url::fromPath("/b"), *item.keyEquivalent } });
+    center.setFileHotkeys({ { Url::fromPath("/a\xFF"), bare }, { Url::fromPath("/b"), *item.keyEquivalent },
+        { Url::fromPath("/c"), { .trigger = KeyEquivalentSpec::Trigger::character("Я") } },
+        { Url::fromPath("/d"), { .trigger = KeyEquivalentSpec::Trigger::named("f1") } } });
+    registrar.kept = { { 122, commandKey } };
     center.menuItemsChanged({ item });
     EXPECT_EQ(hotkeyReport(&center),
-        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB"},)"
-        R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}]})");
+        R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB","title":"Sleep"},)"
+        R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}],)"
+        R"("unavailable":[{"shortcut":"⌘Я","reason":"notOnLayout","file":"/c"},{"shortcut":"⌘F1","reason":"keptBySystem","file":"/d"}],)"
+        R"("support":"everywhere"})");
 }
 
 } // namespace

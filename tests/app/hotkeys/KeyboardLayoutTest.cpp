@@ -39,6 +39,21 @@ TEST_F(KeyboardLayoutTest, AnswersTheKeyThatTypesACharacterAlone)
     };
     for (auto const& row : rows)
         EXPECT_EQ(layout.keyCode(row.character), row.code) << row.why;
+    struct Press {
+        std::uint16_t code;
+        std::vector<std::string> keys;
+        char const* why;
+    };
+    Press const presses[] = {
+        { 14, { "e" }, "what it types" },
+        { 8, {}, "not what an earlier layer has on another key" },
+        { 9, { "v" }, "what a second layer lends" },
+        { 53, { "\x1B" }, "a named key" },
+        { 122, { "\uF704" }, "F1" },
+        { 0xFFFF, { "ü" }, "an unknown place" },
+    };
+    for (auto const& press : presses)
+        EXPECT_EQ(layout.keyEquivalents({ press.code, "Ü" }), press.keys) << press.why;
     EXPECT_EQ(source.readings, 1) << "one table for all questions";
 }
 

@@ -112,6 +112,10 @@ TEST_F(ItemLocationTest, TheOlderFormIsResolvedAtOnce)
     EXPECT_EQ(older({ { "Path", "/gone" }, { "Title", "T" } }), (ItemLocation { std::nullopt, "/gone", "T" }));
     EXPECT_EQ(older({ { "Path", "~/Music" } })->path, "/home/ada/Music");
     EXPECT_EQ(older({ { "Path", "~tilde" } })->path, "~tilde");
+    auto const later = older({ { "Path", "~/Later" } });
+    EXPECT_EQ(later->path, "~/Later") << "as it was read";
+    files.addFile("/home/ada/Later");
+    EXPECT_EQ(later->resolvedURL(services), Url::fromPath("/home/ada/Later"));
     EXPECT_EQ(older({ { "Path", 7 } }), std::nullopt);
     EXPECT_EQ(older({ { "Title", "T" } }), std::nullopt);
 }

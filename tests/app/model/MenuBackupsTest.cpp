@@ -57,7 +57,13 @@ TEST_F(MenuBackupsTest, AClockThatWentBackDoesNotStopBackups)
     time.advance(24h);
     EXPECT_TRUE(backups.menuWillBeOverwritten(menu("a"), true));
     fakes::FakeTime earlier;
-    EXPECT_TRUE(MenuBackups({ files, earlier }, folder).isDue());
+    MenuBackups corrected({ files, earlier }, folder);
+    EXPECT_TRUE(corrected.isDue());
+    for (int i = 0; i < 11; ++i) {
+        EXPECT_TRUE(corrected.menuWillBeOverwritten(menu(std::to_string(i)), true));
+        EXPECT_EQ(titleIn(corrected.list().front()), std::to_string(i)) << "nor push out what is made now";
+        earlier.advance(1min);
+    }
 }
 
 TEST_F(MenuBackupsTest, WhatIsUnreadableIsKeptApartAndNeverCounts)

@@ -305,6 +305,10 @@ TEST_F(MenuStoreTest, KeepsTheStoredMenuBeforeASaveChangesIt)
     backups.due = false;
     store().replaceAll({ titled("third") });
     EXPECT_EQ(backups.kept.size(), 1U);
+    defaults.othersMenu = toPropertyList(std::vector { titled("another process's") });
+    store().replaceAll({ titled("imported") }, MenuStore::Keeping::always);
+    ASSERT_EQ(backups.kept.size(), 2U) << "replaced as a whole";
+    EXPECT_EQ(backups.kept[1].first, defaults.othersMenu) << "what the save overwrites";
 }
 
 TEST_F(MenuStoreTest, FollowsWhatAnotherProcessStored)

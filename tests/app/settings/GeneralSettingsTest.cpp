@@ -1,6 +1,7 @@
 #include "app/settings/GeneralSettings.h"
 #include "app/settings/AboutText.h"
 #include "app/settings/LibraryPalette.h"
+#include "platform/text/DateText.h"
 #include "tests/app/settings/SettingsFixture.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFilePanels.h"
@@ -208,6 +209,24 @@ TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)
     files.readOnly.insert("/out");
     menuFile.exportMenu();
     EXPECT_EQ(alerts.shown.back().message, "The menu could not be exported to “menu.plist”.");
+}
+
+TEST_F(GeneralSettingsTest, RestoresABackupOnlyWhenToldSo)
+{
+    setMenu("a[b]");
+    EXPECT_TRUE(backups.menuWillBeOverwritten(toPropertyList(editor->items()), true));
+    setMenu("c");
+    alerts.answers = { 1, 0 };
+    row("backups")->choose(0);
+    EXPECT_EQ(menu(), "c");
+    EXPECT_EQ(alerts.shown.back().message, "Restore the menu of " + localizedDateAndTime(time.now()) + "?");
+    EXPECT_EQ(
+        alerts.shown.back().informativeText, "Your menu of 1 item is replaced by one of 2 items. You can undo this, and your menu is kept among the backups.");
+    EXPECT_EQ(alerts.shown.back().buttons, (std::vector<std::string> { "Restore", "Cancel" }));
+    row("backups")->choose(0);
+    EXPECT_EQ(menu(), "a[b]");
+    editor->undo(edits.back());
+    EXPECT_EQ(menu(), "c");
 }
 
 TEST_F(GeneralSettingsTest, RestoresTheDefaultMenuOnlyWhenToldSo)

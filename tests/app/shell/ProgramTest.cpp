@@ -17,12 +17,21 @@ TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
     group.children = { item(Kind::sleep, 'e'), fileItem("/a.txt", 'f'), fileItem("/folder") };
     Preferences(machine.defaults).setHotkeyPrescanDepth(1);
     launchWith({ group });
+    front.modifierKeys.held = ModifierMask::command | ModifierMask::option; // the shortcut's own: nothing is revealed
 
     EXPECT_TRUE(press(keyE));
     EXPECT_EQ(machine.sessionEvents.sent, (Lines { "sleep" }));
     EXPECT_TRUE(press(keyF));
     EXPECT_TRUE(press(keyX)) << "file names are scanned at start";
     EXPECT_EQ(machine.workspace.log, (Lines { "open file:///a.txt", "open file:///folder/b-*%5Bcmd+opt+X%5D*.txt" }));
+
+    auto const inMenu = [this](std::uint16_t code) { return menu().targetForKey({ code, "", ModifierMask::command | ModifierMask::option }); };
+    ASSERT_NE(inMenu(keyF), nullptr);
+    inMenu(keyF)->invoke();
+    EXPECT_EQ(machine.workspace.log.back(), "open file:///a.txt") << "so do they while the menu is open";
+    EXPECT_EQ(inMenu(keyX), nullptr) << "files only while they are shown";
+    menu().entries.at(0).submenu->entries.at(1).target->invoke();
+    EXPECT_EQ(machine.workspace.log.back(), "reveal file:///a.txt") << "chosen by hand, Command counts";
 
     auto const held = front.hotkeys.held.begin()->first;
     app->delegate().store().replaceAll({});

@@ -52,6 +52,7 @@ TEST(UpdateChoice, OffersTheNewestThatSuits)
         { "not newer", [](auto& i, auto&) { i.version = "1.0"; }, false },
         { "older", [](auto& i, auto&) { i.version = "0.9"; }, false },
         { "nothing to download and no page", [](auto& i, auto&) { i.downloadAddress.clear(); }, false },
+        { "a file that is no package", [](auto& i, auto&) { i.downloadAddress = "https://a.b/c.desktop"; }, false },
         { "a page is enough", [](auto& i, auto&) { i.downloadAddress.clear(), i.releasePage = "https://a.b"; }, true },
         { "a page that is not of the web",
             [](auto& i, auto&) {
@@ -77,15 +78,15 @@ TEST(UpdateChoice, OffersTheNewestThatSuits)
     };
     for (auto const& row : rows) {
         auto offered = item("2.0");
-        UpdateCriteria criteria { "1.0", "linux", "12", {}, {} };
+        UpdateCriteria criteria { "1.0", "linux", "12", {}, { ".deb" }, {} };
         row.change(offered, criteria);
         EXPECT_EQ(chooseUpdate({ offered }, criteria).has_value(), row.isOffered) << row.why;
     }
-    EXPECT_EQ(chooseUpdate({ item("1.5"), item("3.0"), item("2.0") }, { "1.0", "linux", "", {}, {} })->version, "3.0");
+    EXPECT_EQ(chooseUpdate({ item("1.5"), item("3.0"), item("2.0") }, { "1.0", "linux", "", {}, { ".deb" }, {} })->version, "3.0");
 
     auto withStrangePage = item("2.0");
     withStrangePage.releasePage = "smb://nas/notes";
-    EXPECT_EQ(chooseUpdate({ withStrangePage }, { "1.0", "linux", "", {}, {} })->releasePage, "") << "its page is not opened";
+    EXPECT_EQ(chooseUpdate({ withStrangePage }, { "1.0", "linux", "", {}, { ".deb" }, {} })->releasePage, "") << "its page is not opened";
 }
 
 TEST(UpdateNotes, BecomePlainText)

@@ -85,6 +85,16 @@ TEST_F(LaunchingInside, AnApplicationFolderStartsItsProgram)
     EXPECT_EQ(logText(), "folder\n");
 }
 
+TEST_F(LaunchingInside, AProgramHoldsNothingOfOursAndOutlivesOurTerminal)
+{
+    auto const program = write("who", "#!/bin/sh\necho $(readlink /proc/$$/fd/[0-2]) $(($(cut -d' ' -f6 /proc/$$/stat) == $$)) > " + home("log") + "\n");
+    fs::permissions(program, fs::perms::owner_all);
+    for (auto const& started : { program, write("who.desktop", "[Desktop Entry]\nType=Application\nName=N\nExec=" + program + "\n") }) {
+        EXPECT_TRUE(launchApplication(Url::fromPath(started), ""));
+        EXPECT_EQ(logText(), "/dev/null /dev/null /dev/null 1\n") << started;
+    }
+}
+
 TEST_F(LaunchingInside, AProgramRunsOnceItIsExecutable)
 {
     auto const program = write("tool", "#!/bin/sh\nexec " + home("note") + " file\n");
@@ -147,6 +157,13 @@ TEST_F(LaunchingInside, FilesHaveTheApplicationsOfTheirTypeAndATrash)
     EXPECT_EQ(found[1].file.path(), home("applications/a-second.desktop"));
     EXPECT_TRUE(openFileWith(document, found[1].file, ""));
     EXPECT_EQ(logText(), "started " + document.path() + "\n");
+    auto const copy = Url::fromPath(home("copy.txt")), moved = Url::fromPath(home("moved.txt")), link = Url::fromPath(home("link.txt"));
+    EXPECT_TRUE(transferFile(document, copy, FileTransfer::copy));
+    EXPECT_FALSE(transferFile(document, copy, FileTransfer::move)) << "nothing is replaced";
+    EXPECT_TRUE(transferFile(copy, moved, FileTransfer::move));
+    EXPECT_TRUE(transferFile(moved, link, FileTransfer::link));
+    EXPECT_FALSE(fs::exists(copy.path()));
+    EXPECT_EQ(tests::readText(link.path()), "text");
     EXPECT_TRUE(moveToTrash(document));
     EXPECT_FALSE(fs::exists(document.path()));
     EXPECT_TRUE(fs::exists(home("Trash/files/c d.txt")));

@@ -4,6 +4,7 @@
 #include "platform/linux/machine/DesktopRecentServers.h"
 
 #include "tests/fakes/FakeTime.h"
+#include "tests/linux/ChildProcess.h"
 #include "tests/linux/TemporaryFolder.h"
 
 #include <sys/stat.h>
@@ -174,10 +175,12 @@ TEST_F(DesktopRecentFilesTest, AnswerEachScopeFromTheLastThirtyDays)
     auto const doc = disk.write("doc.txt", "");
     auto const folder = disk.makeFolder("folder");
     auto const old = disk.write("old.txt", "");
+    auto const others = disk.write("others.txt", "");
     auto const app = disk.write("apps/app.desktop", "[Desktop Entry]\nType=Application\nName=App\nExec=app\n");
     disk.write("recently-used.xbel",
         document(bookmark("file://" + doc, dated(hours(1))) + bookmark("file://" + folder, dated(hours(2)), "inode/directory")
-            + bookmark("file://" + old, dated(hours(24 * 31))) + bookmark("file:///gone.txt", dated(hours(1)))));
+            + bookmark("file://" + old, dated(hours(24 * 31))) + bookmark("file:///gone.txt", dated(hours(1)))
+            + bookmark("file://otherhost" + others, dated(hours(1))) + bookmark("file://" + others + "%00.png", dated(hours(1)))));
     LaunchLog(disk.path("state/launches")).add({ std::chrono::system_clock::to_time_t(time.now() - hours(24)), app });
     EXPECT_EQ(names(RecentItemsScope::all), (Paths { "doc.txt", "folder", "app.desktop" }));
     EXPECT_EQ(names(RecentItemsScope::applications), (Paths { "app.desktop" }));
@@ -219,6 +222,22 @@ TEST(LaunchLog, RemembersTheLatestLaunchesOfEachAndSurvivesDamage)
         log.add({ i, "/app" + std::to_string(i) });
     EXPECT_EQ(log.read().size(), LaunchLog::capacity);
     EXPECT_EQ(log.read().back().path, "/app299");
+}
+
+TEST(LaunchLog, LosesNothingWhenSeveralWriteAtOnce)
+{
+    TemporaryFolder const disk;
+    LaunchLog const log(disk.path("launches"));
+    std::vector<pid_t> writers;
+    for (int writer = 0; writer < 4; ++writer)
+        writers.push_back(tests::inChild([&] {
+            for (int i = 0; i < 20; ++i)
+                log.add({ i, "/app" + std::to_string(writer) + "-" + std::to_string(i) });
+            return 0;
+        }));
+    for (auto const writer : writers)
+        EXPECT_EQ(tests::exitStatusOf(writer), 0);
+    EXPECT_EQ(log.read().size(), 80u);
 }
 
 TEST(DesktopRecentServers, ComeFromUsedFilesBookmarksAndTheServerList)

@@ -27,13 +27,14 @@ TEST(BundleResources, TakesAResourceFromTheFirstFolderThatHasIt)
     EXPECT_EQ(textOf(resources.load("Begging", "rtf")), "nothing");
 }
 
-TEST(BundleResources, AFileMadeForThisSystemComesFirst)
+TEST(BundleResources, AFileMadeForThisSystemComesFirstWithinAFolder)
 {
     TemporaryFolder const folder;
-    folder.write("Library.plist", "everywhere");
+    folder.write("given/Library.plist", "given");
+    folder.write("share/Library.plist", "everywhere");
     folder.write("share/Library (Linux).plist", "here");
-    EXPECT_EQ(textOf(BundleResources({ folder.path(), folder.path("share") }).load("Library", "plist")), "here");
-    EXPECT_EQ(textOf(BundleResources({ folder.path() }).load("Library", "plist")), "everywhere");
+    EXPECT_EQ(textOf(BundleResources({ folder.path("share") }).load("Library", "plist")), "here");
+    EXPECT_EQ(textOf(BundleResources({ folder.path("given"), folder.path("share") }).load("Library", "plist")), "given");
 }
 
 TEST(BundleResources, FindsWhatShipsWithTheProgramBesideIt)

@@ -172,7 +172,21 @@ TEST_F(LinuxFileSystemTest, ReplacesAFileAsAWhole)
     EXPECT_EQ(files.write(url("pipe"), bytesOf("x")).error(), "Not a regular file");
     EXPECT_TRUE(std::filesystem::is_fifo(folder.path("pipe")));
     EXPECT_EQ(files.write(url("absent/file"), bytesOf("x")).error(), "No such file or directory");
+    std::filesystem::rename(folder.path("file"), folder.path("moved"));
+    EXPECT_FALSE(files.write(url("link"), bytesOf("x"))) << "nobody knows what a broken link leads to";
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link")));
+    std::filesystem::rename(folder.path("moved"), folder.path("file"));
     EXPECT_EQ(folder.names(), (std::vector<std::string> { "file", "link", "pipe" })) << "no temporary file stays";
+}
+
+TEST_F(LinuxFileSystemTest, KeepsWhatIsPrivateFromOthers)
+{
+    std::filesystem::create_directory(folder.path("open"));
+    for (auto const* name : { "open", "new/deep" }) {
+        EXPECT_TRUE(files.writePrivately(url(name + std::string("/file")), bytesOf("x")));
+        EXPECT_EQ(std::filesystem::status(folder.path(name)).permissions(), std::filesystem::perms(0700)) << name;
+        EXPECT_EQ(std::filesystem::status(folder.path(name + std::string("/file"))).permissions(), std::filesystem::perms(0600)) << name;
+    }
 }
 
 TEST_F(LinuxFileSystemTest, AReplacedFileOutlivesAPowerCut)

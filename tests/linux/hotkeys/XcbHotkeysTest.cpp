@@ -15,7 +15,7 @@ using tests::turnUntil;
 
 // Virtual key codes, and the X server's for the same places.
 constexpr std::uint16_t keyA = 0, keyS = 1, keyZ = 6, keyE = 14, keyR = 15, keyY = 16;
-constexpr std::uint8_t xA = 38, xE = 26, xR = 27, xAlt = 64, xSuper = 133, xCapsLock = 66, xNumLock = 77;
+constexpr std::uint8_t xA = 38, xE = 26, xR = 27, xAlt = 64, xSuper = 133, xCapsLock = 66, xNumLock = 77, xScrollLock = 78;
 constexpr std::uint16_t superBit = XCB_MOD_MASK_4, altBit = XCB_MOD_MASK_1, numLockBit = XCB_MOD_MASK_2;
 
 class XcbHotkeysTest : public testing::Test {
@@ -97,9 +97,11 @@ TEST_F(XcbHotkeysTest, TellEveryPressOfKeysThatOverlap)
 
 TEST_F(XcbHotkeysTest, WorkWhateverTheLocksAreSetTo)
 {
+    ASSERT_TRUE(server.run("xmodmap -e 'add mod3 = Scroll_Lock'"));
+    settle();
     ASSERT_EQ(claim(1, { { keyE, commandKey } }), (std::vector { true }));
     std::size_t count = 0;
-    for (auto const lock : { xCapsLock, xNumLock, xCapsLock, xNumLock }) { // Caps, both, Num, none
+    for (auto const lock : { xCapsLock, xNumLock, xCapsLock, xNumLock, xScrollLock, xCapsLock }) { // Caps, both, Num, none, Scroll, with Caps
         user.tap(lock);
         chord(xSuper, xE);
         ++count;
@@ -176,6 +178,25 @@ TEST_F(XcbHotkeysTest, FireNothingForAKeyThatWasPressedForAnOpenMenu)
     user.tap(xE);
     user.release(xSuper);
     EXPECT_TRUE(turnUntil([this] { return pressed.size() == 1; })) << "pressed anew";
+}
+
+TEST_F(XcbHotkeysTest, FireNothingForAKeyThatWasDownWhenItWasClaimed)
+{
+    user.press(xSuper);
+    user.press(xE);
+    ASSERT_EQ(claim(1, { { keyE, commandKey } }), (std::vector { true }));
+    settle(400ms); // it repeats
+    registrar->releaseAll();
+    ASSERT_EQ(claim(2, { { keyE, commandKey } }), (std::vector { true }));
+    settle(200ms);
+    EXPECT_TRUE(pressed.empty());
+
+    user.release(xE);
+    settle();
+    user.tap(xE);
+    user.release(xSuper);
+    EXPECT_TRUE(turnUntil([this] { return !pressed.empty(); }));
+    EXPECT_EQ(pressed, (std::vector<HotkeyID> { 2 })) << "pressed anew";
 }
 
 TEST_F(XcbHotkeysTest, FollowModifiersThatMove)
@@ -271,7 +292,7 @@ TEST(XkbKeymap, KnowsWhereKeysAndModifiersAre)
 {
     auto const keymap = XkbKeymap::named("us");
     ASSERT_TRUE(keymap);
-    EXPECT_EQ(keymap->modifiers(), (ModifierBits { superBit, altBit, numLockBit }));
+    EXPECT_EQ(keymap->modifiers(), (ModifierBits { superBit, altBit, numLockBit, 0 }));
     EXPECT_EQ(keymap->keycodes().at(keyE), xE);
     EXPECT_EQ(keymap->keycodes().at(122), 67) << "F1";
     EXPECT_EQ(keymap->keycodes().at(113), 193) << "F15";

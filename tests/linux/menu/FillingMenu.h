@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/menu/Menu.h"
+#include "app/menu/MenuKeyEquivalent.h"
 
 #include <memory>
 #include <string>
@@ -29,6 +29,12 @@ struct FillingMenu : MenuDelegate {
         updated.entries = next;
     }
     void menuDidClose(Menu&) override { ++closings; }
+    std::shared_ptr<MenuActionTarget> targetForKey(Menu const& asked, KeyPress const& press) override
+    {
+        std::string const keys[] = { press.charactersIgnoringModifiers };
+        auto const* entry = entryWithShortcut(asked, keys, press.modifiers);
+        return entry ? entry->target : nullptr;
+    }
 };
 
 inline MenuEntry leaf(

@@ -8,11 +8,14 @@
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QStyleOptionMenuItem>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -80,6 +83,14 @@ protected:
         style = new CountingStyle;
         qApp->setStyle(style);
         window = std::make_unique<SeenWindow>(nullptr);
+        window->readKey = [](QKeyEvent const& event) {
+            std::pair<Qt::KeyboardModifier, ModifierMask> const table[] = { { Qt::ShiftModifier, ModifierMask::shift },
+                { Qt::ControlModifier, ModifierMask::control }, { Qt::AltModifier, ModifierMask::option }, { Qt::MetaModifier, ModifierMask::command } };
+            KeyPress read { 0, event.text().toStdString() };
+            for (auto const& [held, mask] : table)
+                read.modifiers |= event.modifiers() & held ? mask : ModifierMask::none;
+            return read;
+        };
         window->onChosen = [](std::shared_ptr<MenuActionTarget> target, Qt::KeyboardModifiers) { target->invoke(); };
     }
     void open(std::vector<MenuEntry> entries)
@@ -225,7 +236,7 @@ TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
     EXPECT_EQ(titles(*window), (QStringList { "Über uns", "-", "Settings", "Restart" }));
     type("st");
     type("x");
-    EXPECT_EQ(titles(*window), QStringList { "stx" });
+    EXPECT_EQ(titles(*window), (QStringList { "stx", "No Matches" }));
     press(Qt::Key_Backspace);
     EXPECT_EQ(titles(*window), (QStringList { "st", "Restart" }));
     press(Qt::Key_Return);
@@ -267,22 +278,100 @@ TEST_F(MenuWindowTest, KeysMoveAmongWhatCanBeChosen)
     EXPECT_LT(current().toInt(), 59);
 }
 
-TEST_F(MenuWindowTest, AKeyEquivalentWorksWhileTheMenuIsOpen)
+TEST_F(MenuWindowTest, WhatIsSelectedIsInSightHoweverItCameThere)
 {
-    auto customize = leaf("Customize", note("customize"));
-    customize.keyEquivalent = ",";
-    customize.keyEquivalentModifierMask = ModifierMask::command;
-    auto off = leaf("Off", note("off"));
-    off.keyEquivalent = "o";
-    off.keyEquivalentModifierMask = ModifierMask::command;
-    off.enabled = false;
-    open({ customize, off });
-    press(Qt::Key_O, "o", Qt::MetaModifier);
-    press(Qt::Key_Comma, ",", Qt::ControlModifier);
+    std::vector<MenuEntry> entries;
+    for (int i = 0; i < 200; ++i)
+        entries.push_back(i % 7 == 0 ? MenuEntry::disabled("off") : leaf(std::to_string(i)));
+    open(entries);
+    auto const wheel = [this](int delta) {
+        QPointF const middle = window->rect().center();
+        QWheelEvent event(middle, window->mapToGlobal(middle), {}, { 0, delta }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(window.get(), &event);
+    };
+    std::pair<char const*, std::function<void()>> const ways[] = {
+        { "End", [&] { press(Qt::Key_End); } },
+        { "Up", [&] { press(Qt::Key_Up); } },
+        { "PageUp", [&] { press(Qt::Key_PageUp); } },
+        { "the wheel, up", [&] { wheel(120); } },
+        { "PageDown", [&] { press(Qt::Key_PageDown); } },
+        { "Home", [&] { press(Qt::Key_Home); } },
+        { "the wheel, down", [&] { wheel(-120); } },
+        { "End again", [&] { press(Qt::Key_End); } },
+        { "typing", [&] { type("19"); } },
+        { "Escape", [&] { press(Qt::Key_Escape); } },
+    };
+    QString before;
+    for (auto const& [way, act] : ways) {
+        act();
+        auto* active = window->activeAction();
+        ASSERT_TRUE(active) << way;
+        EXPECT_TRUE(window->sight().contains(window->actionGeometry(active).center())) << way << " " << active->text().toStdString();
+        EXPECT_TRUE(std::exchange(before, current()) != current() || std::string_view(way) == "Escape") << way;
+    }
+}
+
+TEST_F(MenuWindowTest, TheRightButtonChoosesNothing)
+{
+    open({ leaf("one", note("one")), leaf("two") });
+    auto const click = [this](Qt::MouseButton button) {
+        QPointF const place = window->actionGeometry(window->actions()[0]).center();
+        for (auto const type : { QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease }) {
+            QMouseEvent event(type, place, window->mapToGlobal(place), button, button, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &event);
+        }
+    };
+    press(Qt::Key_Down);
+    click(Qt::RightButton);
     EXPECT_TRUE(window->isVisible());
-    press(Qt::Key_Comma, ",", Qt::MetaModifier);
-    EXPECT_FALSE(window->isVisible());
-    EXPECT_EQ(done, std::vector<std::string> { "customize" });
+    EXPECT_EQ(done, std::vector<std::string> {});
+    click(Qt::LeftButton);
+    EXPECT_EQ(done, std::vector<std::string> { "one" });
+}
+
+TEST_F(MenuWindowTest, AShortcutWorksInEveryOpenPopUp)
+{
+    auto shortcut = [this](std::string const& title, char const* key, ModifierMask mask) {
+        auto entry = leaf(title, note(title));
+        entry.keyEquivalent = key;
+        entry.keyEquivalentModifierMask = mask;
+        return entry;
+    };
+    auto off = shortcut("off", "o", ModifierMask::command);
+    off.enabled = false;
+    MenuEntry group;
+    group.submenu = std::make_shared<Menu>();
+    group.submenu->entries = { shortcut("grouped", "g", ModifierMask::command) };
+    auto hinted = leaf("hinted", note("hinted"));
+    hinted.attributedTitle = AttributedTitle { "hinted", false, "⌥⌘H", 100 };
+    struct Row {
+        QString keys; ///< pressed before, with the folder open at first
+        std::vector<std::string> done;
+        Qt::KeyboardModifiers modifiers;
+        char const* why;
+    };
+    Row const rows[] = {
+        { "x", { "top" }, Qt::MetaModifier, "of the menu below the open folder" },
+        { "g", { "grouped" }, Qt::MetaModifier, "in a group that was never opened" },
+        { "h", { "hinted" }, Qt::MetaModifier | Qt::AltModifier, "of a file on show" },
+        { "s", { "shifted" }, Qt::ShiftModifier, "a letter with Shift" },
+        { "ns", {}, Qt::ShiftModifier, "which is text once something was typed" },
+        { "o", {}, Qt::MetaModifier, "not of what is switched off" },
+        { "x", {}, Qt::ControlModifier, "not with another modifier" },
+    };
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.why);
+        done.clear();
+        open({ branch("Folder", FillingMenu::make({ hinted, leaf("none") })), shortcut("top", "x", ModifierMask::command), group,
+            shortcut("shifted", "s", ModifierMask::shift), off });
+        press(Qt::Key_Down);
+        press(Qt::Key_Right);
+        for (qsizetype i = 0; i < row.keys.size(); ++i)
+            press(0, row.keys.mid(i, 1), i + 1 < row.keys.size() ? Qt::NoModifier : row.modifiers);
+        EXPECT_EQ(done, row.done);
+        EXPECT_EQ(window->isVisible(), row.done.empty());
+        window->close();
+    }
 }
 
 TEST_F(MenuWindowTest, LateNewsOfTheLastMenusEndDoesNotCloseTheNext)
@@ -424,7 +513,15 @@ struct OneCommand : EntryMenus {
     }
     MenuEntry menuOf(MenuEntry const& entry) const override { return branch(entry.title, command); }
     std::shared_ptr<MenuActionTarget> openingOf(EntrySubject const&) const override { return opening; }
+    std::optional<Url> fileOf(EntrySubject const&) const override { return std::nullopt; }
+    std::optional<Url> folderOf(EntrySubject const&) const override { return folder; }
+    void drop(std::vector<Url> const& files, Url const& where, FileTransfer how) const override
+    {
+        dropped.push_back(files.at(0).path() + " " + std::to_string(static_cast<int>(how)) + " " + where.path());
+    }
     void addHead(Menu&, EntrySubject const&) const override { }
+    std::optional<Url> folder;
+    mutable std::vector<std::string> dropped;
     std::shared_ptr<FillingMenu> command;
     std::shared_ptr<MenuActionTarget> opening;
 };
@@ -465,6 +562,40 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         row.act();
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
+    }
+}
+
+TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)
+{
+    OneCommand own([] {}, [] {});
+    own.folder = Url::fromPath("/Folder");
+    auto file = leaf("File");
+    auto folder = branch("Folder", FillingMenu::make({}));
+    folder.subject.menus = &own;
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile("/a b.txt") });
+    struct Row {
+        int entry;
+        Qt::KeyboardModifiers held;
+        std::vector<std::string> expected;
+    };
+    Row const rows[] = {
+        { 0, {}, {} },
+        { 1, {}, { "/a b.txt 0 /Folder" } },
+        { 1, Qt::ControlModifier, { "/a b.txt 1 /Folder" } },
+        { 1, Qt::ControlModifier | Qt::ShiftModifier, { "/a b.txt 2 /Folder" } },
+    };
+    for (auto const& row : rows) {
+        own.dropped.clear();
+        open({ file, folder });
+        auto const at = QPointF(window->actionGeometry(window->actions()[row.entry]).center());
+        QDragMoveEvent over(at.toPoint(), Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &over);
+        EXPECT_EQ(over.isAccepted(), row.entry == 1);
+        QDropEvent drop(at, Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &drop);
+        EXPECT_EQ(own.dropped, row.expected);
+        window->close();
     }
 }
 

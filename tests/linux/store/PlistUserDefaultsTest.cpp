@@ -225,6 +225,7 @@ TEST_F(PlistUserDefaultsTest, AnnouncesWhatItFoundWhileSavingButNeverItsOwnKeys)
     PlistUserDefaults theirs(path);
     EXPECT_TRUE(theirs.setObject("Theirs", 1));
     EXPECT_TRUE(theirs.setObject("Both", "theirs"));
+    EXPECT_EQ(mine.objectToOverwrite("Both"), PropertyList("theirs"));
     EXPECT_TRUE(mine.setObject("Both", "mine"));
     EXPECT_TRUE(announced.empty());
     mine.handleChange();

@@ -54,11 +54,47 @@ TEST_F(UpdateEngineTest, RefusesWhatIsNotOurs)
     }
 }
 
+TEST_F(UpdateEngineTest, BelievesNoFeedThatIsNotSignedAsAWhole)
+{
+    auto const good = feed(item("1.4", "the package"));
+    auto const renamed = std::string(good).replace(good.find("1.4"), 3, "9.9");
+    auto const before = good.substr(0, good.find("<!--"));
+    for (auto const& forged : { renamed, before, good + "<item/>", before + "<!-- edSignature: AAAA -->", "<item/>" + good }) {
+        engine->checkForUpdates();
+        downloads.answerFeed(fakes::bytesOf(forged));
+        ASSERT_TRUE(window.page);
+        EXPECT_TRUE(window.page->message.starts_with("The reason: the list of versions is not signed as ours are")) << forged;
+        ASSERT_TRUE(window.press("OK"));
+    }
+}
+
+TEST_F(UpdateEngineTest, OffersAndOpensOnlyPackagesOfThisSystem)
+{
+    for (auto const* address : { "https://a.b/evil.desktop", "https://a.b/zv.rpm", "https://a.b/x.desktop?zv.deb" }) {
+        downloadAddress = address;
+        engine->checkForUpdates();
+        downloads.answerFeed(goodFeed());
+        EXPECT_FALSE(window.press("Install")) << address;
+        ASSERT_TRUE(window.press("Remind Me Later"));
+    }
+    downloadAddress = "https://a.b/zv.deb";
+    opening = Failure { std::string("No application is registered") };
+    engine->checkForUpdates();
+    downloads.answerFeed(goodFeed());
+    ASSERT_TRUE(window.press("Install"));
+    downloads.answerFile(Url::fromPath(package));
+    ASSERT_TRUE(window.page);
+    EXPECT_EQ(window.page->message, "“zv.deb” was downloaded, but nothing here installs it: No application is registered.");
+    ASSERT_TRUE(window.press("Show in Folder"));
+    EXPECT_EQ(workspace.log.back(), "reveal " + Url::fromPath(package).toString());
+    EXPECT_TRUE(engine->canCheckForUpdates());
+}
+
 TEST_F(UpdateEngineTest, TellsTheReasonWhenAskedAndStaysQuietWhenNot)
 {
     std::vector<std::pair<Result<Downloads::Bytes>, std::string>> const answers {
         { Failure { std::string("the server answers 404") }, "The reason: the server answers 404." },
-        { fakes::bytesOf("<html/>"), "The reason: the feed cannot be read: it is not a feed." },
+        { fakes::bytesOf(signedText("<html/>")), "The reason: the feed cannot be read: it is not a feed." },
         { goodFeed("1.3"), "Zanthe Vell 1.3 is the newest version." },
     };
     for (auto const& [answer, message] : answers) {

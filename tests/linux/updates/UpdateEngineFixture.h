@@ -39,7 +39,12 @@ struct UpdateEngineFixture : testing::Test {
     void start()
     {
         engine = std::make_unique<AppcastUpdateEngine>(
-            AppcastUpdateEngine::Services { defaults, resources, time, time, application, workspace, network, origin, window }, driver, driver);
+            AppcastUpdateEngine::Services { defaults, resources, time, time, application, workspace, network, origin, window,
+                [this](Url const& package, auto done) {
+                    workspace.open(package);
+                    done(opening);
+                } },
+            driver, driver);
         EXPECT_TRUE(engine->start());
     }
 
@@ -61,9 +66,10 @@ struct UpdateEngineFixture : testing::Test {
     {
         return itemSigned(version, signatureOf(content), more);
     }
-    static std::string feed(std::string const& items)
+    std::string signedText(std::string const& text) { return text + "<!-- edSignature: " + signatureOf(text) + " -->\n"; }
+    std::string feed(std::string const& items)
     {
-        return "<rss xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>" + items + "</channel></rss>";
+        return signedText("<rss xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>" + items + "</channel></rss>");
     }
 
     Downloads& network;
@@ -77,6 +83,7 @@ struct UpdateEngineFixture : testing::Test {
     fakes::FakeTime time;
     fakes::FakeApplication application;
     fakes::FakeWorkspace workspace;
+    Result<void> opening; ///< the outcome of opening a package
     fakes::FakePackageOrigin origin;
     fakes::FakeUpdateWindow window;
     RecordingDriver driver;

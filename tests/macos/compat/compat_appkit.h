@@ -64,6 +64,10 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p;
 - (NSApplicationActivationPolicy)activationPolicy;
 @end
+@interface NSAlert (CompatMac)
+- (void)layout;
+- (void)beginSheetModalForWindow:(NSWindow *)w completionHandler:(void (^)(NSModalResponse))h;
+@end
 @interface NSMenu (CompatMac)
 - (void)removeAllItems;
 - (BOOL)popUpMenuPositioningItem:(NSMenuItem *)i atLocation:(NSPoint)p inView:(NSView *)v;
@@ -144,6 +148,7 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 @end
 @interface NSImageSymbolConfiguration : NSObject
 + (instancetype)configurationWithPointSize:(CGFloat)s weight:(NSFontWeight)w;
++ (instancetype)configurationPreferringMulticolor;
 @end
 @interface NSImage (CompatMac)
 + (instancetype)imageWithSystemSymbolName:(NSString *)n accessibilityDescription:(NSString *)d;

@@ -7,6 +7,7 @@
 @property (readonly, strong) NSLayoutDimension *widthAnchor, *heightAnchor;
 - (void)setAccessibilityLabel:(NSString *)s;
 - (void)setAccessibilityHelp:(NSString *)s;
+- (void)setAccessibilityValue:(id)v;
 - (void)setIdentifier:(NSString *)s;
 @end
 typedef NS_ENUM(NSInteger, NSStackViewGravity) { NSStackViewGravityLeading = 1 };

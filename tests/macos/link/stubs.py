@@ -17,9 +17,10 @@ loadWeakRetained destroyWeak copyWeak moveWeak autoreleasePoolPush autoreleasePo
 setProperty_atomic setProperty_nonatomic setProperty_atomic_copy setProperty_nonatomic_copy copyStruct copyCppObjectAtomic sync_enter sync_exit
 exception_throw exception_rethrow begin_catch end_catch terminate getClass lookUpClass ehtype_vtable""".split()
 REGISTERS = [f"{what}_x{number}" for what in ("retain", "release") for number in range(29) if number not in (16, 17, 18)]
-OTHERS = ["_objc_empty_cache", "_objc_empty_vtable", "__objc_personality_v0", "OBJC_EHTYPE_id", "object_getClass", "sel_registerName"]
-# Symbols missing in the declarations; the last is from NSMakeRange in the headers that stand for the Mac's here.
-UNNAMED = {"CoreFoundation": ["__CFConstantStringClassReference"], "Foundation": ["OBJC_EHTYPE_$_NSException", "_NSRangeExceptionRaise"]}
+OTHERS = ["_objc_empty_cache", "_objc_empty_vtable", "__objc_personality_v0", "OBJC_EHTYPE_id", "object_getClass", "sel_isEqual", "sel_registerName"]
+# Symbols missing in the declarations: those of literals (clang's CGObjC.cpp), and the last is from NSMakeRange in the
+# headers that stand for the Mac's here.
+UNNAMED = {"CoreFoundation": ["__CFConstantStringClassReference", "__NSArray0__", "__NSDictionary0__"], "Foundation": ["OBJC_EHTYPE_$_NSException", "_NSRangeExceptionRaise"]}
 
 
 def write(folder, name, install_name, symbols, classes):

@@ -16,6 +16,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)p { sideSet(self, 1, [NSNumber numberWithInteger:p]); return YES; }
 - (NSApplicationActivationPolicy)activationPolicy { return [sideGet(self, 1) integerValue]; }
 @end
+@implementation NSAlert (CompatMac)
+- (void)layout { }
+@end
 @implementation NSMenu (CompatMac)
 - (void)removeAllItems { while ([self numberOfItems] > 0) [self removeItemAtIndex:0]; }
 @end

@@ -173,9 +173,10 @@ void theLibraryAdds(Editor& in)
     [library controlTextDidChange:[NSNotification notificationWithName:@"" object:search]];
     expect(all > 20 && [in.library numberOfRows] == 2, "the library is searched, applications included");
     auto const before = in.program.items().size();
-    [library control:search textView:nil doCommandBySelector:@selector(insertNewline:)];
+    [library control:search textView:nil doCommandBySelector:@selector(moveDown:)];
+    [in.library keyDown:pressOf(@"\r", 0)];
     runLoopFor(0.1);
-    expect(in.program.items().size() == before + 1 && in.rows() == before + 1, "Return adds what was found");
+    expect(in.program.items().size() == before + 1 && in.rows() == before + 1, "the arrow goes to what was found, and Return adds it");
     expect(in.drop([library tableView:in.library pasteboardWriterForRow:1], in.library, 0) && in.program.items().size() == before + 2,
         "a row of the library is dragged into the menu");
 }

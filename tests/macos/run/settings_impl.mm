@@ -323,7 +323,8 @@ void compatLayOut(NSView* view)
 - (NSLayoutDimension*)heightAnchor { return anchor(self, 'h'); }
 - (NSString*)accessibilityLabel { return [notesOf(self) objectForKey:@"label"]; }
 - (void)setAccessibilityLabel:(NSString*)label { set(self, @"label", label); }
-- (void)setAccessibilityHelp:(NSString*)help { set(self, @"help", help); }
+- (void)setAccessibilityHelp:(NSString*)help { }
+- (void)setAccessibilityValue:(id)value { }
 - (void)setIdentifier:(NSString*)identifier { }
 @end
 
@@ -366,7 +367,11 @@ void compatLayOut(NSView* view)
 @implementation NSFont (CompatSettings)
 + (NSFont*)monospacedSystemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight { return [NSFont userFixedPitchFontOfSize:size]; }
 @end
+@implementation NSImageSymbolConfiguration
++ (instancetype)configurationPreferringMulticolor { return nil; }
+@end
 @implementation NSImage (CompatSettings)
+- (NSImage*)imageWithSymbolConfiguration:(NSImageSymbolConfiguration*)configuration { return self; }
 + (instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(NSString*)description { return [NSImage imageNamed:@"NSCaution"]; }
 @end
 @implementation NSSplitView (CompatSettings)

@@ -8,6 +8,7 @@
 #import "platform/macos/program/ServicesProvider.h"
 #import "tests/macos/run/steps.h"
 
+#include "app/menu/MenuKeyEquivalent.h"
 #include "app/settings/ApplicationFolders.h"
 #include "base/MainThread.h"
 #include "platform/text/Text.h"
@@ -33,6 +34,12 @@ public:
         menu.entries = m_entries();
     }
     void menuDidClose(Menu&) override { ++closings; }
+    std::shared_ptr<MenuActionTarget> targetForKey(Menu const& asked, KeyPress const& press) override
+    {
+        std::string const keys[] = { press.keyCode == 14 ? "e" : "" };
+        auto const* entry = entryWithShortcut(asked, keys, press.modifiers);
+        return entry ? entry->target : nullptr;
+    }
 
     int fillings = 0;
     int closings = 0;
@@ -118,9 +125,9 @@ void menusAreMirrored()
     expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action], "a closed menu takes no key press");
     [mirror menuWillOpen:shown];
     expect(tracking.isOpen, "the hot keys know that a menu is open");
-    expect([mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action] && target == [open target]
-            && action == [open action],
-        "an open one knows its shortcuts");
+    expect([mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action], "an open one knows its shortcuts");
+    [NSApp sendAction:action to:target from:shown];
+    expect(menus.performed == 112, "which act");
     expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x100000) target:&target action:&action], "with just their modifiers");
     expect(menus.lazy->fillings == 1, "and fills nothing to find them");
     [shown setDelegate:nil]; // adding an item would ask for an update here

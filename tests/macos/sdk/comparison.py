@@ -9,7 +9,7 @@ BEYOND = {
     for why, names in {
         "inline functions and macros": "NSMakeRect NSMakeSize NSMakePoint NSMakeRange NSMaxRange NSEdgeInsetsMake NSMinX NSMinY NSMidX NSMidY"
         " NSMaxX NSMaxY NSWidth NSHeight CFBridgingRelease CFBridgingRetain CFSTR CGRectMake kCGNullWindowID htonl ntohl RENAME_EXCL XATTR_NOFOLLOW MNT_NOWAIT MNT_LOCAL IFF_UP IFF_LOOPBACK",
-        "other names of types": "NSUInteger NSInteger NSRect NSPoint NSSize NSNotificationName NSAttributedStringKey CGWindowID AEEventClass AEEventID AEAddressDesc",
+        "other names of types": "NSUInteger NSInteger NSRect NSPoint NSSize NSNotificationName NSAttributedStringKey NSModalResponse CGWindowID AEEventClass AEEventID AEAddressDesc",
         "sent by menus to whoever is first, declared nowhere": "undo: redo:",
         "newer than the declarations; asked for before it is used": "setPreferredImageVisibility:",
         "the update framework's": "allowedChannelsForUpdater: supportsGentleScheduledUpdateReminders"

@@ -1,5 +1,5 @@
 #pragma once
-// Hand-written subset: window list, window levels, clip to mask, bitmap context.
+// Hand-written subset: window list, window levels, keys that are down, clip to mask, bitmap context.
 #include <CoreFoundation/CoreFoundation.h>
 #ifdef __cplusplus
 extern "C" {
@@ -7,6 +7,9 @@ extern "C" {
 typedef struct CGColorSpace *CGColorSpaceRef; // CGContextRef and CGImageRef come from GNUstep's headers
 typedef UInt32 CGWindowID, CGWindowListOption; typedef SInt32 CGWindowLevel, CGWindowLevelKey;
 enum { kCGWindowListOptionAll = 0, kCGWindowListOptionOnScreenOnly = 1, kCGWindowListOptionIncludingWindow = 8, kCGNullWindowID = 0, kCGMainMenuWindowLevelKey = 8, kCGStatusWindowLevelKey = 9 };
+typedef UInt16 CGKeyCode; typedef SInt32 CGEventSourceStateID;
+enum { kCGEventSourceStateCombinedSessionState = 0 };
+bool CGEventSourceKeyState(CGEventSourceStateID, CGKeyCode);
 CFArrayRef CGWindowListCopyWindowInfo(CGWindowListOption, CGWindowID);
 CGWindowLevel CGWindowLevelForKey(CGWindowLevelKey);
 bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef, CGRect *);
