@@ -17,6 +17,12 @@ FOLDER = os.path.join(HOME, "Folder")
 LAUNCHED = os.path.join(HOME, "launched")
 
 
+def middle(title):
+    """The place on the screen of the entry with that title."""
+    place = found(title).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return place.x + place.width // 2, place.y + place.height // 2
+
+
 class MenuTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -55,6 +61,24 @@ class MenuTest(unittest.TestCase):
             keys("Return")
             wait_until(lambda: os.path.exists(LAUNCHED), 5, "what was typed and chosen runs")
             self.assertEqual(windows(), [])
+
+    def test_a_file_is_dragged_from_an_entry_to_a_folder(self):
+        self.addCleanup(lambda: os.rename(os.path.join(FOLDER, "Inner", "banana.txt"), os.path.join(FOLDER, "banana.txt")))
+        with Panel(), Program():
+            self.item()
+            open_by_icon()
+            keys("Down", "Right")
+            wait_until(lambda: len(windows()) == 2, 3, "the folder's submenu")
+            (x, y), to = middle("banana.txt"), middle("Inner")
+            subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1"], check=True)
+            for step in range(1, 11):
+                place = [start + (end - start) * step // 10 for start, end in zip((x, y), to)]
+                subprocess.run(["xdotool", "mousemove", *map(str, place)], check=True)
+                time.sleep(0.03)
+            time.sleep(0.2)
+            subprocess.run(["xdotool", "mouseup", "1"], check=True)
+            wait_until(lambda: os.path.exists(os.path.join(FOLDER, "Inner", "banana.txt")), 5, "it is moved there")
+            wait_until(lambda: windows() == [], 3, "and the menu closes")
 
     def test_a_button_that_is_held_leaves_the_menu_usable(self):
         with Panel(), Program():
