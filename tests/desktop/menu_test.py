@@ -17,12 +17,6 @@ FOLDER = os.path.join(HOME, "Folder")
 LAUNCHED = os.path.join(HOME, "launched")
 
 
-def middle(title):
-    """The place on the screen of the entry with that title."""
-    place = found(title).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    return place.x + place.width // 2, place.y + place.height // 2
-
-
 class MenuTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -66,10 +60,10 @@ class MenuTest(unittest.TestCase):
         self.addCleanup(lambda: os.rename(os.path.join(FOLDER, "Inner", "banana.txt"), os.path.join(FOLDER, "banana.txt")))
         with Panel(), Program():
             self.item()
-            open_by_icon()
+            menu = open_by_icon()[0]
             keys("Down", "Right")
-            wait_until(lambda: len(windows()) == 2, 3, "the folder's submenu")
-            (x, y), to = middle("banana.txt"), middle("Inner")
+            left, top, _, height = wait_until(lambda: [each for each in windows() if each != menu], 3, "the folder's submenu")[0]
+            (x, y), to = [(left + 60, top + height * (2 * row + 1) // 8) for row in (2, 0)]  # banana.txt and Inner, of four
             subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1"], check=True)
             for step in range(1, 11):
                 place = [start + (end - start) * step // 10 for start, end in zip((x, y), to)]
