@@ -96,6 +96,8 @@ TEST_F(GeneralSettingsTest, ListsTheShortcutsOfFilesAndTakesThemAway)
         .menuFile = menuFile,
         .alerts = alerts,
         .wording = SettingsWording::of(SystemKind::macOS),
+        .menuShortcut = menuShortcut,
+        .menuShortcutIsTaken = [] { return false; },
         .fileShortcuts = [&] { return held; },
         .rename = [&](Url const& from, Url const& to) { return files.rename(from, to); } } };
     auto const idOf = [&](char const* path) { return url(path).toString(); };
