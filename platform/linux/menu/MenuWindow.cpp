@@ -27,7 +27,7 @@ namespace zv {
 namespace {
 
 /// For how long a pointer on its way to a submenu may rest: longer than the pauses of a slow hand.
-constexpr int restTime = 60; // milliseconds
+constexpr int restTime = 80; // milliseconds
 
 } // namespace
 

@@ -30,6 +30,7 @@ TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
     inMenu(keyF)->invoke();
     EXPECT_EQ(machine.workspace.log.back(), "open file:///a.txt") << "so do they while the menu is open";
     EXPECT_EQ(inMenu(keyX), nullptr) << "files only while they are shown";
+    front.modifierKeys.held = ModifierMask::command;
     entryIn(*menu().entries.at(0).submenu, "a.txt")->target->invoke();
     EXPECT_EQ(machine.workspace.log.back(), "reveal file:///a.txt") << "chosen by hand, Command counts";
 
