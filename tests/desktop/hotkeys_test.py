@@ -103,7 +103,7 @@ class HotkeysTest(unittest.TestCase):
     def test_a_press_opens_its_item_and_a_duplicate_of_our_own_is_a_conflict(self):
         self.start()
         report = hotkeys()
-        self.assertEqual(report["conflicts"], [{"shortcut": "⌥⌘E", "item": "00000000-0000-0000-0000-000000000004"}])
+        self.assertEqual(report["conflicts"], [{"shortcut": "⌥⌘E", "item": "00000000-0000-0000-0000-000000000004", "title": "zed.desktop"}])
         self.assertEqual([entry["shortcut"] for entry in report["registrations"]], ["⌥⌘E", "⌘Z", "F5", "⌥⌘S"])
         self.assertIn("⌥⌘E     one.desktop\n", zv("hotkeys"))
         self.keyboard.press(SUPER, ALT, E)
@@ -172,7 +172,9 @@ class HotkeysTest(unittest.TestCase):
     def test_a_file_renamed_to_carry_a_shortcut_has_it_once_its_folder_was_opened(self):
         self.start()
         path = launcher("filed")
-        os.rename(path, os.path.join(FOLDER, "Filed-*[cmd+opt+Y]*.desktop"))
+        filed = os.path.join(FOLDER, "Filed-*[cmd+opt+Y]*.desktop")
+        os.rename(path, filed)
+        self.addCleanup(os.remove, filed)
         self.keyboard.press(SUPER, ALT, Y)
         zv("show", "--at", "100,100")
         wait_until(windows, 5, "the menu")

@@ -131,8 +131,17 @@ void LinuxFrontEnd::publishHotkeys()
         auto report = hotkeyReport(&center);
         std::lock_guard const guard(m_reporting);
         m_hotkeyReport = std::move(report);
+        m_reported.notify_all();
     };
     center.onRegistered();
+}
+
+/// Any thread. Waits less than a second for a program that has only just started.
+std::string LinuxFrontEnd::publishedHotkeys()
+{
+    std::unique_lock lock(m_reporting);
+    m_reported.wait_for(lock, std::chrono::milliseconds(800), [this] { return m_hotkeyReport.has_value(); });
+    return m_hotkeyReport.value_or(hotkeyReport(nullptr));
 }
 
 void LinuxFrontEnd::useBus(QDBusConnection const& bus)
@@ -161,11 +170,7 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .openSettings = [this] { m_app->reopen(); },
         .quit = [this] { m_application.terminate(); },
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
-        .hotkeys =
-            [this] {
-                std::lock_guard const guard(m_reporting);
-                return m_hotkeyReport;
-            },
+        .hotkeys = [this] { return publishedHotkeys(); },
         .findings = {} };
 }
 
@@ -243,7 +248,11 @@ Surface LinuxFrontEnd::surface()
             .hotkeys = m_keyboard.registrar(),
             .keyboardLayout = m_keyboard.layout(),
             .overlay = overlay() },
-        .windows = { .settings = m_settingsWindow, .settingsAlerts = m_alerts, .notes = m_notesWindows, .filePanels = m_filePanels, .notifications = m_userNotifications },
+        .windows = { .settings = m_settingsWindow,
+            .settingsAlerts = m_alerts,
+            .notes = m_notesWindows,
+            .filePanels = m_filePanels,
+            .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),

@@ -28,7 +28,9 @@
 
 #include <QSocketNotifier>
 
+#include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <string>
 
 namespace zv {
@@ -57,6 +59,7 @@ private:
     void pressedElsewhere(QPoint at, Menu const* menu);
     void useBus(QDBusConnection const& bus);
     void publishHotkeys();
+    [[nodiscard]] std::string publishedHotkeys();
     [[nodiscard]] int openSettingsOfOther();
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
@@ -64,8 +67,9 @@ private:
     LinuxApplication m_application;
     DesktopAccess m_access;
     QDBusConnection m_bus;
-    std::mutex m_reporting; ///< guards the next
-    std::string m_hotkeyReport = hotkeyReport(nullptr);
+    std::mutex m_reporting; ///< guards the report
+    std::condition_variable m_reported;
+    std::optional<std::string> m_hotkeyReport; ///< none before the first pass
     SingleInstance m_instance;
 
     QtTimers m_timers;
