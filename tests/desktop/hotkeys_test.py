@@ -116,6 +116,8 @@ class HotkeysTest(unittest.TestCase):
         path = launcher("filed")
         os.rename(path, os.path.join(FOLDER, "filed.desktop"))
         self.addCleanup(os.remove, os.path.join(FOLDER, "filed.desktop"))
+        desktop.write(os.path.join(FOLDER, "later.txt"))  # a second row: a lower window would not count as a menu
+        self.addCleanup(os.remove, os.path.join(FOLDER, "later.txt"))
         subprocess.run(["xdotool", "mousemove", "600", "300"], check=True)
         self.keyboard.press(SUPER, ALT, S)
         self.assertEqual(wait_until(windows, 5, "the folder's menu")[0][:2], (600, 300))
