@@ -95,7 +95,7 @@ class Commands(unittest.TestCase):
             (("show", "--at", "10,20"), "shows its menu at 10\n"),
             (("settings",), "opens its settings\n"),
             (("quit",), "quits\n"),
-            (("hotkeys",), "F5      /x\n"),
+            (("hotkeys",), "F5      /x\n\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n"),
         ):
             self.assertEqual(self.done("--running", *arguments), did)
         self.assertIn("1 files are not taken.", self.failed("--running", "add", "--alert", "configuration"))

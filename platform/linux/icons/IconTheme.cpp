@@ -157,7 +157,8 @@ QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folder
 void adoptDesktopIconTheme(std::string const& configFolder)
 {
     auto const folders = localFolders(QIcon::themeSearchPaths());
-    QIcon::setThemeSearchPaths(folders);
+    if (folders != QIcon::themeSearchPaths())
+        QIcon::setThemeSearchPaths(folders);
     auto const current = QIcon::themeName();
     if (current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;

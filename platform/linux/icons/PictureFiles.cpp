@@ -23,7 +23,7 @@ constexpr std::size_t mostBytes = std::size_t { 32 } << 20;
 constexpr int mostDecodedMegabytes = 160;
 constexpr int mostShownPixels = menuIconSize * 4; // sharp on every screen
 constexpr std::size_t mostAtOnce = 2;
-constexpr std::size_t mostGivenUp = 8;
+constexpr std::size_t mostThreads = 8; ///< with those that hang
 constexpr std::size_t mostWaiting = 100;
 constexpr std::size_t mostKept = 500;
 constexpr std::chrono::seconds patience { 5 };
@@ -134,7 +134,7 @@ void PictureFiles::readElsewhere(std::string const& path)
 
 void PictureFiles::startNext()
 {
-    if (m_waiting.empty() || m_readings.size() - m_givenUp >= mostAtOnce || m_givenUp >= mostGivenUp)
+    if (m_waiting.empty() || m_readings.size() - m_givenUp >= mostAtOnce || m_readings.size() >= mostThreads)
         return;
     auto const path = std::move(m_waiting.front());
     m_waiting.pop_front();

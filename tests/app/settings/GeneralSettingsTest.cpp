@@ -97,7 +97,7 @@ TEST_F(GeneralSettingsTest, ListsTheShortcutsOfFilesAndTakesThemAway)
         .alerts = alerts,
         .wording = SettingsWording::of(SystemKind::macOS),
         .menuShortcut = menuShortcut,
-        .menuShortcutIsTaken = [] { return false; },
+        .menuShortcutIsTaken = [this] { return isTaken; },
         .fileShortcuts = [&] { return held; },
         .rename = [&](Url const& from, Url const& to) { return files.rename(from, to); } } };
     auto const idOf = [&](char const* path) { return url(path).toString(); };

@@ -128,7 +128,7 @@ void menusAreMirrored()
     expect([mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x180000) target:&target action:&action], "an open one knows its shortcuts");
     [NSApp sendAction:action to:target from:shown];
     expect(menus.performed == 112, "which act");
-    expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x100000) target:&target action:&action], "with just their modifiers");
+    expect(![mirror menuHasKeyEquivalent:shown forEvent:pressOf(@"e", 0x40000) target:&target action:&action], "with just their modifiers");
     expect(menus.lazy->fillings == 1, "and fills nothing to find them");
     [shown setDelegate:nil]; // adding an item would ask for an update here
     menu->entries.resize(2);
