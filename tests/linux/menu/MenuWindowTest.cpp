@@ -589,6 +589,8 @@ TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)
         own.dropped.clear();
         open({ file, folder });
         auto const at = QPointF(window->actionGeometry(window->actions()[row.entry]).center());
+        QDragEnterEvent enter(at.toPoint(), Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
+        QApplication::sendEvent(window.get(), &enter);
         QDragMoveEvent over(at.toPoint(), Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, &data, {}, row.held);
         QApplication::sendEvent(window.get(), &over);
         EXPECT_EQ(over.isAccepted(), row.entry == 1);
