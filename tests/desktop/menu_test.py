@@ -56,6 +56,24 @@ class MenuTest(unittest.TestCase):
             wait_until(lambda: os.path.exists(LAUNCHED), 5, "what was typed and chosen runs")
             self.assertEqual(windows(), [])
 
+    def test_a_file_is_dragged_from_an_entry_to_a_folder(self):
+        self.addCleanup(lambda: os.rename(os.path.join(FOLDER, "Inner", "banana.txt"), os.path.join(FOLDER, "banana.txt")))
+        with Panel(), Program():
+            self.item()
+            menu = open_by_icon()[0]
+            keys("Down", "Right")
+            left, top, _, height = wait_until(lambda: [each for each in windows() if each != menu], 3, "the folder's submenu")[0]
+            (x, y), to = [(left + 60, top + height * (2 * row + 1) // 8) for row in (2, 0)]  # banana.txt and Inner, of four
+            subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1"], check=True)
+            for step in range(1, 11):
+                place = [start + (end - start) * step // 10 for start, end in zip((x, y), to)]
+                subprocess.run(["xdotool", "mousemove", *map(str, place)], check=True)
+                time.sleep(0.03)
+            time.sleep(0.2)
+            subprocess.run(["xdotool", "mouseup", "1"], check=True)
+            wait_until(lambda: os.path.exists(os.path.join(FOLDER, "Inner", "banana.txt")), 5, "it is moved there")
+            wait_until(lambda: windows() == [], 3, "and the menu closes")
+
     def test_a_button_that_is_held_leaves_the_menu_usable(self):
         with Panel(), Program():
             self.item()

@@ -31,10 +31,7 @@ TEST_F(Program, APressedKeyPerformsItsItemWhereverItIsAndOpensItsFile)
     EXPECT_EQ(machine.workspace.log.back(), "open file:///a.txt") << "so do they while the menu is open";
     EXPECT_EQ(inMenu(keyX), nullptr) << "files only while they are shown";
     front.modifierKeys.held = ModifierMask::command;
-    auto const& inGroup = menu().entries.at(0).submenu->entries;
-    auto const byHand = std::find_if(inGroup.begin(), inGroup.end(), [](auto const& each) { return each.keyEquivalent == "f"; });
-    ASSERT_NE(byHand, inGroup.end());
-    byHand->target->invoke();
+    entryIn(*menu().entries.at(0).submenu, "a.txt")->target->invoke();
     EXPECT_EQ(machine.workspace.log.back(), "reveal file:///a.txt") << "chosen by hand, Command counts";
 
     auto const held = front.hotkeys.held.begin()->first;
