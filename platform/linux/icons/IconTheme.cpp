@@ -1,6 +1,7 @@
 #include "platform/linux/icons/IconTheme.h"
 
 #include "platform/linux/files/MountWatch.h"
+#include "platform/linux/icons/XSettings.h"
 #include "platform/linux/posix/GObjects.h"
 #include "platform/linux/x11/XReply.h"
 
@@ -12,6 +13,7 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -21,45 +23,6 @@ namespace {
 constexpr auto iconThemeSetting = "Net/IconThemeName";
 constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
-
-/// Reads published settings from the front; stops at the first truncated field.
-class SettingsReader {
-public:
-    explicit SettingsReader(std::string_view bytes)
-        : m_rest(bytes)
-        , m_isBigEndian(!bytes.empty() && bytes[0] == 1)
-    {
-    }
-    [[nodiscard]] bool isCut() const { return m_isCut; }
-    std::string_view take(std::size_t count)
-    {
-        m_isCut = m_isCut || count > m_rest.size();
-        if (m_isCut)
-            return {};
-        auto const taken = m_rest.substr(0, count);
-        m_rest.remove_prefix(count);
-        return taken;
-    }
-    std::uint32_t number(std::size_t size)
-    {
-        std::uint32_t value = 0;
-        auto const digits = take(size);
-        for (std::size_t i = 0; i < digits.size(); ++i)
-            value = value << 8 | static_cast<unsigned char>(digits[m_isBigEndian ? i : digits.size() - 1 - i]);
-        return value;
-    }
-    std::string_view padded(std::size_t count)
-    {
-        auto const text = take(count);
-        take((4 - count % 4) % 4);
-        return text;
-    }
-
-private:
-    std::string_view m_rest;
-    bool m_isBigEndian;
-    bool m_isCut = false;
-};
 
 std::optional<xcb_atom_t> atomNamed(xcb_connection_t* connection, std::string const& name)
 {
@@ -109,30 +72,6 @@ bool isInstalled(QString const& theme, QStringList const& folders)
 }
 
 } // namespace
-
-std::string xSetting(std::string_view settings, std::string_view name)
-{
-    enum Type : std::uint32_t { integer, text, color };
-    SettingsReader reader(settings);
-    reader.take(8); // byte order, padding, serial
-    auto const count = reader.number(4);
-    for (std::uint32_t i = 0; i < count && !reader.isCut(); ++i) {
-        auto const type = reader.number(1);
-        reader.take(1);
-        auto const nameLength = reader.number(2);
-        auto const settingName = reader.padded(nameLength);
-        reader.take(4); // serial
-        if (type == text) {
-            auto const length = reader.number(4);
-            auto const value = reader.padded(length);
-            if (settingName == name && !reader.isCut())
-                return std::string(value);
-        } else {
-            reader.take(type == color ? 8 : 4);
-        }
-    }
-    return {};
-}
 
 std::string iniValue(std::string const& path, char const* group, char const* key)
 {

@@ -3,17 +3,11 @@
 #include <QStringList>
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 struct xcb_connection_t;
 
 namespace zv {
 
-/// A string setting among those that a desktop publishes to X11 programs (the bytes of
-/// _XSETTINGS_SETTINGS); empty when missing or damaged:
-/// https://specifications.freedesktop.org/xsettings-spec, "_XSETTINGS_SETTINGS Format".
-[[nodiscard]] std::string xSetting(std::string_view settings, std::string_view name);
 /// The value of a key in a file of "key = value" lines, such as gtk-3.0/settings.ini.
 [[nodiscard]] std::string iniValue(std::string const& path, char const* group, char const* key);
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/icons/XSettings.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/linux/TemporaryFolder.h"
 #include "tests/linux/toolkit/TestApplication.h"

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zv {
+
+/// A string setting among those that a desktop publishes to X11 programs (the bytes of
+/// _XSETTINGS_SETTINGS); empty when missing or damaged:
+/// https://specifications.freedesktop.org/xsettings-spec, "_XSETTINGS_SETTINGS Format".
+[[nodiscard]] std::string xSetting(std::string_view settings, std::string_view name);
+
+} // namespace zv
