@@ -51,13 +51,6 @@ std::string_view nextLine(std::string_view& text)
     return line;
 }
 
-/// Whether a group after the main one has begun: the rest of the file is not needed.
-bool holdsWholeMainGroup(std::string_view text)
-{
-    auto const start = text.find(mainGroup);
-    return start != std::string_view::npos && text.find("\n[", start) != std::string_view::npos;
-}
-
 bool contains(std::vector<std::string> const& list, std::string const& wanted) { return std::find(list.begin(), list.end(), wanted) != list.end(); }
 
 } // namespace
@@ -82,7 +75,8 @@ DesktopEntry::DesktopEntry(std::string_view text)
     while (!text.empty()) {
         auto const line = nextLine(text);
         if (line.starts_with('[')) {
-            if (isInMainGroup)
+            m_isEnded = isInMainGroup;
+            if (m_isEnded)
                 break;
             isInMainGroup = line == mainGroup;
             continue;
@@ -146,7 +140,7 @@ std::string readDesktopEntry(int folder, char const* name)
     if (auto const file = openPlainFile(name, folder)) {
         auto const take = [&text](std::string_view piece) {
             text += piece;
-            return text.size() < mostBytes && !holdsWholeMainGroup(text);
+            return text.size() < mostBytes && !DesktopEntry(text).isEnded();
         };
         (void)readInPieces(*file, take, pieceSize);
     }

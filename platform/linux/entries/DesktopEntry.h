@@ -28,6 +28,8 @@ public:
 
     /// Whether the text has a main group with any content.
     [[nodiscard]] bool isThere() const { return !m_lines.empty(); }
+    /// Whether another group has begun after the main one: the rest of the text is not needed.
+    [[nodiscard]] bool isEnded() const { return m_isEnded; }
     /// The unescaped value; empty without the key. The bytes are the file's, perhaps not UTF-8.
     [[nodiscard]] std::string text(std::string_view key) const;
     /// The value in the best available language.
@@ -45,6 +47,7 @@ private:
     [[nodiscard]] std::optional<std::string_view> value(std::string_view key) const;
 
     std::vector<std::pair<std::string_view, std::string_view>> m_lines;
+    bool m_isEnded = false;
 };
 
 /// The entry's text up to the end of its main group; empty when it cannot be read. Never waits.
