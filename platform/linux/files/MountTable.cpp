@@ -51,7 +51,7 @@ std::optional<Mount> mountOfLine(std::string_view line)
 {
     auto const fields = split(line, ' ');
     auto const dash = std::find(fields.begin(), fields.end(), "-");
-    if (fields.size() < 6 || dash - fields.begin() < 6 || fields.end() - dash < 3)
+    if (fields.size() < 6 || !fields[4].starts_with('/') || dash - fields.begin() < 6 || fields.end() - dash < 3)
         return std::nullopt;
     bool const isReadOnly = isReadOnlyBy(fields[5]) || (fields.end() - dash > 3 && isReadOnlyBy(dash[3]));
     return Mount { unescaped(fields[4]), std::string(dash[1]), unescaped(dash[2]), unescaped(fields[3]), isReadOnly, std::string(fields[2]), mayHang(dash[1]) };
