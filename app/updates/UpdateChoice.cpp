@@ -73,7 +73,8 @@ std::optional<char32_t> referredCharacter(std::string_view name)
     return isWhole && number >= ' ' ? std::optional<char32_t>(number) : std::nullopt;
 }
 
-std::string resolvedReference(std::string_view name)
+/// The text that the reference stands for; nothing for an unknown one.
+std::optional<std::string> resolvedReference(std::string_view name)
 {
     if (auto const character = referredCharacter(name)) {
         std::string text;
@@ -86,7 +87,7 @@ std::string resolvedReference(std::string_view name)
         if (known == name)
             return std::string(text);
     }
-    return "&" + std::string(name) + ";";
+    return std::nullopt;
 }
 
 bool endsLine(std::string_view tag)
@@ -115,7 +116,7 @@ std::size_t takeMarkup(std::string_view notes, std::size_t start, std::string& t
     }
     auto const name = lowerCased(inside.substr(0, length));
     if (!isTag)
-        text += resolvedReference(name);
+        text += resolvedReference(name).value_or(std::string(notes.substr(start, length + 2)));
     else if (name == "li" || name.starts_with("li "))
         text += "• ";
     else if (endsLine(name))
