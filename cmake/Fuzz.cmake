@@ -6,8 +6,14 @@ endif()
 # A second build of the fuzzed readers, instrumented by the fuzzer and optimized.
 add_library(zv_fuzz_options INTERFACE)
 target_compile_options(zv_fuzz_options INTERFACE -O1 -fsanitize=fuzzer-no-link)
-zv_library(zv_fuzzed FOLDERS base app/model platform/files platform/linux/text platform/linux/store
-           LINK zv_fuzz_options nlohmann_json::nlohmann_json ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT)
+zv_library(zv_fuzzed FOLDERS base app/model app/updates platform/files platform/linux/text platform/linux/store platform/linux/posix platform/linux/entries
+                     platform/linux/files
+           LINK zv_fuzz_options nlohmann_json::nlohmann_json ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT PkgConfig::GIO PkgConfig::SODIUM Qt6::Core)
+# Of rooms that need a desktop, the readers alone.
+set(lone_readers app/shell/ProgramMessage platform/linux/apps/LaunchLog platform/linux/apps/RecentlyUsedFile platform/linux/icons/XSettings
+    platform/linux/updates/Appcast)
+list(TRANSFORM lone_readers REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/\\1.cpp")
+target_sources(zv_fuzzed PRIVATE ${lone_readers})
 set_target_properties(zv_fuzzed PROPERTIES EXCLUDE_FROM_ALL ON)
 
 add_custom_target(fuzz_targets)

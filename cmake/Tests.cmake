@@ -65,8 +65,8 @@ add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET
 set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
 if(ZV_SANITIZE AND ZV_FUZZ)
-  # A short run: enough to find a new fault.
-  add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 10)
+  # Replays the corpora, then runs a short while: enough to find a new fault.
+  add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 6)
   set_tests_properties(fuzz PROPERTIES LABELS fuzz TIMEOUT 600)
 endif()
 
