@@ -151,7 +151,17 @@ bool EntryMenu::applies(Row const& row, EntrySubject const& subject) const
 {
     if ((row.kinds & kindsOf(subject)) == 0 || !row.isPossible(m_services.shell))
         return false;
+    if (row.run == &EntryMenu::moveToTrash)
+        return !holdsTheItemsFolder(urlOf(subject)) && !m_services.system.files.disk->volumeName(urlOf(subject));
     return row.kinds != menuItem || (m_services.shell.isInMenu && m_services.shell.isInMenu(*subject.item));
+}
+
+/// True for the home folder as well, and for all that holds it.
+bool EntryMenu::holdsTheItemsFolder(Url const& file) const
+{
+    auto const items = m_services.system.places.itemsFolder.path() + "/";
+    auto const path = file.path();
+    return items.starts_with(path.ends_with('/') ? path : path + "/");
 }
 
 MenuEntry EntryMenu::entryFor(Row const& row, EntrySubject const& subject) const

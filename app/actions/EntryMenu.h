@@ -66,7 +66,7 @@ private:
     void quit(EntrySubject const& subject) const;
     void edit(EntrySubject const& subject) const;
     void remove(EntrySubject const& subject) const;
-    [[nodiscard]] bool confirmsTrash(std::string const& name) const;
+    [[nodiscard]] bool holdsTheItemsFolder(Url const& file) const;
     void present(Alert const& alert) const;
 
     static Row const rows[];

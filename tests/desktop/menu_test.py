@@ -158,17 +158,17 @@ class MenuTest(unittest.TestCase):
             with Program(DBUS_SESSION_BUS_ADDRESS=None, XDG_RUNTIME_DIR=os.path.join(HOME, "empty")) as second:
                 self.assertEqual(second.ends(), 1, "the lock file tells that it runs")
         for name, environment in {
-            "no X server": {"DISPLAY": None},
             "an X server that does not answer": {"DISPLAY": ":987"},
             "a Wayland that does not answer": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none"},
             "one that was asked for": {"DISPLAY": None, "WAYLAND_DISPLAY": "wayland-none", "QT_QPA_PLATFORM": "wayland"},
-            "no icon theme": {"XDG_DATA_DIRS": "/nonexistent"},
         }.items():
-            with self.subTest(name), Panel(), Program(**environment) as program:
-                menu = BusMenu(self.bus, self.item())
-                menu.about_to_show()
-                self.assertIn("Folder", menu.titles(), "the menu on the bus serves")
-                self.assertTrue(program.is_running(), program.said())
+            with self.subTest(name), Program(**environment) as program:
+                self.assertEqual(program.ends(), 1)
+        with self.subTest("no icon theme"), Panel(), Program(XDG_DATA_DIRS="/nonexistent") as program:
+            menu = BusMenu(self.bus, self.item())
+            menu.about_to_show()
+            self.assertIn("Folder", menu.titles(), "the menu on the bus serves")
+            self.assertTrue(program.is_running(), program.said())
 
     def test_the_menu_is_dark_on_a_dark_desktop(self):
         portal = ("org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop")

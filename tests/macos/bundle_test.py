@@ -47,7 +47,7 @@ class InformationTest(unittest.TestCase):
         self.assertEqual(service["NSSendFileTypes"], ["public.item"])
         self.assertEqual(service["NSPortName"], self.information["CFBundleName"])
         provider = read("platform", "macos", "program", "ServicesProvider.h")
-        self.assertRegex(provider, rf"- \(void\){service['NSMessage']}:\(NSPasteboard\*\)\w+ userData:\(NSString\*\)\w+ error:\(NSString\*")
+        self.assertRegex(provider, rf"- \(void\){service['NSMessage']}:\(NSPasteboard\*\)\w+ userData:\(NSString\*( _Nullable)?\)\w+ error:\(NSString\*")
 
     def test_the_exported_type_is_the_one_that_is_dragged(self):
         (declared,) = self.information["UTExportedTypeDeclarations"]

@@ -8,6 +8,7 @@
 #include "platform/linux/text/Collation.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -21,15 +22,17 @@ int runCommand(std::vector<std::string> const& arguments, zv::Environment const&
     return zv::runCommandLine(arguments, commands);
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// Ends without the last acts of the libraries: a thread that still waits for a disk or a service may be in them, or be
+/// loading one.
+[[noreturn]] void end(int status)
 {
-    zv::markMainThread();
-    auto const environment = zv::processEnvironment();
-    zv::useCollationOf(environment);
-    if (argc > 1)
-        return runCommand({ argv + 1, argv + argc }, environment);
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(status);
+}
+
+int runProgram(char* name, zv::Environment const& environment)
+{
     auto server = zv::displayServerFor(environment);
     if (server.empty()) {
         zv::logLine(zv::noDisplayText);
@@ -37,8 +40,18 @@ int main(int argc, char** argv)
     }
     // Not by the environment, which all that is started from the menu inherits as it is.
     std::string option = "-platform";
-    char* withServer[] = { argv[0], option.data(), server.data(), nullptr };
+    char* arguments[] = { name, option.data(), server.data(), nullptr };
     int count = 3;
-    zv::LinuxFrontEnd program(count, withServer, environment);
+    zv::LinuxFrontEnd program(count, arguments, environment);
     return program.run();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    zv::markMainThread();
+    auto const environment = zv::processEnvironment();
+    zv::useCollationOf(environment);
+    end(argc > 1 ? runCommand({ argv + 1, argv + argc }, environment) : runProgram(argv[0], environment));
 }

@@ -12,6 +12,7 @@ struct EntryMenuTest : ProgramFixture {
         machine.kind = SystemKind::linuxDesktop;
         machine.files.addFile("/a.txt");
         machine.files.addFolder("/Home");
+        machine.files.addFolder("/data"); // in which the Items folder lies
         machine.folders->folders["/Home"] = { { "b.txt" } };
         machine.runningApplications.applications = { { "editor", "Editor", Url::fromPath("/editor.desktop") } };
         machine.workspace.openers = { { "Editor", Url::fromPath("/editor.desktop") }, { "Viewer", Url::fromPath("/viewer.desktop") } };
@@ -56,7 +57,7 @@ struct EntryMenuTest : ProgramFixture {
 
 TEST_F(EntryMenuTest, EachKindOfEntryHasItsRows)
 {
-    launchWith({ fileItem("/a.txt"), fileItem("/Home"), fileItem("/gone"), item(Kind::runningApplications), item(Kind::sleep), item(Kind::separator) });
+    launchWith({ fileItem("/a.txt"), fileItem("/Home"), fileItem("/gone"), fileItem("/data"), item(Kind::runningApplications), item(Kind::sleep), item(Kind::separator) });
     std::string const file = "Open, Open With, -, Show in File Manager, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const folder = "Open, Open With, -, Show in File Manager, Open Terminal Here, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const ofMenu = "Edit…, Remove from Menu";
@@ -67,6 +68,7 @@ TEST_F(EntryMenuTest, EachKindOfEntryHasItsRows)
     Row const rows[] = {
         { { "a.txt" }, file + ", -, " + ofMenu },
         { { "Home" }, folder + ", -, " + ofMenu },
+        { { "data" }, folder.substr(0, folder.find(", -, Move")) + ", -, " + ofMenu },
         { { "File or Folder" }, ofMenu },
         { { "Sleep" }, ofMenu },
         { { "Home", "b.txt" }, file },
