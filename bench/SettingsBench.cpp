@@ -115,6 +115,7 @@ private:
     Surface m_surface = m_screen.surface();
     MenuStore m_store { { m_defaults, m_machine.resources, m_locations } };
     Preferences m_preferences { m_defaults };
+    MenuShortcut m_menuShortcut { m_defaults };
     Notifications m_notifications;
     KeyboardLayout m_layout { m_screen.keyboardLayout, m_notifications };
     HotkeyCenter m_hotkeys { m_screen.hotkeys, m_layout };
@@ -128,12 +129,14 @@ private:
         .surface = m_surface,
         .store = m_store,
         .preferences = m_preferences,
+        .menuShortcut = m_menuShortcut,
         .hotkeys = m_hotkeys,
         .backups = m_backups,
         .loginItem = m_loginItem,
         .updater = m_updater,
         .icons = m_icons,
         .overlayProblem = {},
+        .fileWasRenamed = [](Url const&) {},
         .showReadMe = [] {},
         .openSettingsPane = [](std::string_view) {} } };
     MenuEditorView m_view { m_models, {} };

@@ -18,7 +18,8 @@ std::vector<std::string> surroundings()
     std::vector<std::string> names;
     for (char** variable = environ; *variable; ++variable) {
         std::string_view const name = std::string_view(*variable).substr(0, std::string_view(*variable).find('='));
-        for (std::string_view const prefix : { "QT_", "XDG_", "LC_", "LANGUAGE", "GTK_", "GNOME_", "KDE_", "DESKTOP_", "DBUS_", "DISPLAY", "WAYLAND_", "SESSION_MANAGER" })
+        for (std::string_view const prefix :
+            { "QT_", "XDG_", "LC_", "LANGUAGE", "GTK_", "GNOME_", "KDE_", "DESKTOP_", "DBUS_", "DISPLAY", "WAYLAND_", "SESSION_MANAGER" })
             if (name.starts_with(prefix))
                 names.emplace_back(name);
     }

@@ -64,7 +64,8 @@ std::string hotkeyReport(HotkeyCenter const* center)
             report["conflicts"].push_back(entryFor({ { "shortcut", conflict.shortcut } }, conflict.target, titles));
         report["unavailable"] = Json::array();
         for (auto const& unavailable : center->unavailable())
-            report["unavailable"].push_back(entryFor({ { "shortcut", unavailable.shortcut }, { "reason", nameOf(unavailable.reason) } }, unavailable.target, titles));
+            report["unavailable"].push_back(
+                entryFor({ { "shortcut", unavailable.shortcut }, { "reason", nameOf(unavailable.reason) } }, unavailable.target, titles));
         report["support"] = nameOf(center->support());
     }
     return report.dump(-1, ' ', false, Json::error_handler_t::replace);

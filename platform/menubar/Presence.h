@@ -3,12 +3,12 @@
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
 #include "platform/menubar/MenuBarVisibility.h"
+#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/MenuHost.h"
 #include "platform/menubar/OverlayPanels.h"
 #include "platform/menubar/PointerMonitor.h"
 #include "platform/menubar/Screens.h"
 #include "platform/menubar/StatusBar.h"
-#include "platform/menubar/MenuBars.h"
 #include "platform/menubar/WorkspaceEvents.h"
 
 #include <functional>

@@ -56,7 +56,10 @@ public:
     }
     ImageRef iconForFile(Url const& url) override { return std::make_shared<FakeImage>("file:" + url.path()); }
     ImageRef networkIcon() override { return std::make_shared<FakeImage>("network"); }
-    ImageRef iconForCategory(ApplicationCategory category) override { return std::make_shared<FakeImage>("category:" + std::to_string(static_cast<int>(category))); }
+    ImageRef iconForCategory(ApplicationCategory category) override
+    {
+        return std::make_shared<FakeImage>("category:" + std::to_string(static_cast<int>(category)));
+    }
     void emptyCache() override { ++emptied; }
 
     std::map<MenuItemKind::Case, bool> withoutIcon;

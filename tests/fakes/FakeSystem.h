@@ -115,7 +115,8 @@ struct FakeSurface {
                     .pointerMonitor = pointerMonitor,
                     .panels = panels,
                     .visibility = nullptr } },
-            .windows = { .settings = settingsWindow, .settingsAlerts = alerts, .notes = notesWindows, .filePanels = filePanels, .notifications = notifications },
+            .windows
+            = { .settings = settingsWindow, .settingsAlerts = alerts, .notes = notesWindows, .filePanels = filePanels, .notifications = notifications },
             .home = { .installation = installation,
                 .loginService = loginService,
                 .makeUpdateEngine = [this](UpdateChannels& channels, UpdateUserDriver& driver) { return makeEngine(channels, driver); },

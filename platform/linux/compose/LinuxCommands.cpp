@@ -9,9 +9,9 @@
 #include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/text/CellTextMeasure.h"
 #include "platform/linux/toolkit/CommandApplication.h"
+#include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
-#include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/x11/X11Connection.h"
 

@@ -246,7 +246,7 @@ Result<FolderContents, FolderReadFailure> LinuxFolderReader::read(Url const& fol
         return Failure { failureOf(errno) };
     FolderPass pass(open.get(), std::move(path), hiddenFiles, { m_audience, m_doubts.trust, m_mounts });
     auto contents = pass.run();
-    if (struct stat status { }; ::fstat(open.get(), &status) == 0)
+    if (struct stat status {}; ::fstat(open.get(), &status) == 0)
         m_mounts.noteAnswer(status.st_dev, pass.firstAnswer() - asked);
     return contents;
 }

@@ -37,6 +37,8 @@ Qt::DropAction actionOf(FileTransfer how)
     return how == FileTransfer::copy ? Qt::CopyAction : Qt::MoveAction;
 }
 
+} // namespace
+
 std::vector<Url> filesOf(QMimeData const& data)
 {
     std::vector<Url> files;
@@ -46,8 +48,6 @@ std::vector<Url> filesOf(QMimeData const& data)
     }
     return files;
 }
-
-} // namespace
 
 bool MenuDragging::takes(QEvent& event)
 {

@@ -1,21 +1,28 @@
 #pragma once
 
+#include "base/Url.h"
+
 #include <QBasicTimer>
 #include <QPoint>
 #include <QPointer>
 
 #include <functional>
+#include <vector>
 
 class QAction;
 class QDragMoveEvent;
 class QDropEvent;
 class QEvent;
+class QMimeData;
 class QMouseEvent;
 
 namespace zv {
 
 class MenuWindow;
 struct MenuEntry;
+
+/// The local files of what is dragged or pasted.
+[[nodiscard]] std::vector<Url> filesOf(QMimeData const& data);
 
 /// Files that are dragged out of a menu window, and dropped on its folders.
 class MenuDragging {

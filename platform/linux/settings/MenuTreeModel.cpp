@@ -2,15 +2,14 @@
 
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/menu/MenuDragging.h"
 #include "platform/linux/settings/RecorderField.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QFont>
 #include <QMimeData>
 #include <QPalette>
 #include <QStyle>
-#include <QUrl>
 
 namespace zv {
 
@@ -31,16 +30,6 @@ std::vector<std::string> recordsOf(QMimeData const& data)
             records.push_back(line.toStdString());
     }
     return records;
-}
-
-std::vector<Url> filesOf(QMimeData const& data)
-{
-    std::vector<Url> files;
-    for (auto const& url : data.urls()) {
-        if (url.isLocalFile())
-            files.push_back(Url::fromPath(QFile::encodeName(url.toLocalFile()).toStdString()));
-    }
-    return files;
 }
 
 } // namespace

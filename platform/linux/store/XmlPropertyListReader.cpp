@@ -89,7 +89,10 @@ private:
             self(reader).fail("its document type declares more than a property list needs");
     }
 
-    static void skippedEntity(void* reader, XML_Char const* /*name*/, int /*isParameter*/) { self(reader).fail("it refers to an entity that it does not hold"); }
+    static void skippedEntity(void* reader, XML_Char const* /*name*/, int /*isParameter*/)
+    {
+        self(reader).fail("it refers to an entity that it does not hold");
+    }
 
     void fail(std::string_view reason)
     {

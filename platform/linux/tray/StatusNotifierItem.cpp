@@ -64,7 +64,8 @@ constexpr char const* introspection = R"xml(
 
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(QDBusConnection bus, std::string const& name, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer)
+StatusNotifierItem::StatusNotifierItem(
+    QDBusConnection bus, std::string const& name, std::shared_ptr<Menu> menu, MenuPresenter& presenter, MenuPerformer& performer)
     : m_bus(std::move(bus))
     , m_title(QString::fromStdString(name))
     , m_menu(std::move(menu))

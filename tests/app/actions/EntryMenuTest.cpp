@@ -57,7 +57,8 @@ struct EntryMenuTest : ProgramFixture {
 
 TEST_F(EntryMenuTest, EachKindOfEntryHasItsRows)
 {
-    launchWith({ fileItem("/a.txt"), fileItem("/Home"), fileItem("/gone"), fileItem("/data"), item(Kind::runningApplications), item(Kind::sleep), item(Kind::separator) });
+    launchWith({ fileItem("/a.txt"), fileItem("/Home"), fileItem("/gone"), fileItem("/data"), item(Kind::runningApplications), item(Kind::sleep),
+        item(Kind::separator) });
     std::string const file = "Open, Open With, -, Show in File Manager, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const folder = "Open, Open With, -, Show in File Manager, Open Terminal Here, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const ofMenu = "Edit…, Remove from Menu";
