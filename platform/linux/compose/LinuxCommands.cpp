@@ -4,6 +4,7 @@
 #include "app/doctor/ProgramChecks.h"
 #include "app/shell/RunningProgramTexts.h"
 #include "platform/linux/compose/LinuxSystem.h"
+#include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/doctor/DesktopSurvey.h"
 #include "platform/linux/doctor/DisplaySurvey.h"
 #include "platform/linux/icons/ThemeIconSource.h"
@@ -13,6 +14,9 @@
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/SessionBus.h"
+#include "platform/linux/wayland/ForeignToplevels.h"
+#include "platform/linux/wayland/WaylandGlobals.h"
+#include "platform/linux/x11/X11ClientWindows.h"
 #include "platform/linux/x11/X11Connection.h"
 
 #include <QCoreApplication>
@@ -39,11 +43,14 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// Nothing in a Wayland session, whose X server knows of only some of the windows.
-std::optional<X11ClientWindows> clientWindows(X11Connection const* x, Environment const& environment)
+/// In a Wayland session its X server knows of only some of the windows.
+std::unique_ptr<ClientWindows> clientWindows(X11Connection const* x, WaylandGlobals const* wayland, Environment const& environment)
 {
-    bool const knowsAll = x && sessionKindOf(environment) == SessionKind::x11;
-    return knowsAll ? std::optional(X11ClientWindows(x->get(), x->root())) : std::nullopt;
+    if (wayland)
+        return ForeignToplevels::windowsOf(ForeignToplevels::of(wayland));
+    if (x && sessionKindOf(environment) == SessionKind::x11)
+        return std::make_unique<X11ClientWindows>(x->get(), x->root());
+    return nullptr;
 }
 
 } // namespace
@@ -57,7 +64,7 @@ struct LinuxCommands::Turning {
               .tasks = tasks,
               .access = access,
               .sessionBus = sessionBus(access.buses),
-              .windows = clientWindows(display.get(), files.environment()),
+              .windows = clientWindows(display.get(), wayland.get(), files.environment()),
               .pending = &pending })
         , system(machine.system())
         , pictures(tasks, timers, files.trust())
@@ -69,6 +76,7 @@ struct LinuxCommands::Turning {
     QtTasks tasks;
     WorkCount pending;
     std::unique_ptr<X11Connection> display = X11Connection::open();
+    std::unique_ptr<WaylandGlobals> wayland = WaylandGlobals::connected();
     DesktopAccess access;
     LinuxSystem machine;
     System system;
@@ -101,7 +109,7 @@ Files const& LinuxCommands::files()
 RunningProgram& LinuxCommands::runningProgram()
 {
     if (!m_runningProgram)
-        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts());
+        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts(), activationTokenOf(m_environment));
     return *m_runningProgram;
 }
 
