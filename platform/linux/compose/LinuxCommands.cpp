@@ -15,6 +15,7 @@
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/wayland/ForeignToplevels.h"
+#include "platform/linux/wayland/KWinWindows.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/x11/X11ClientWindows.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -44,13 +45,14 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
 }
 
 /// In a Wayland session its X server knows of only some of the windows.
-std::unique_ptr<ClientWindows> clientWindows(X11Connection const* x, WaylandGlobals const* wayland, Environment const& environment)
+std::unique_ptr<ClientWindows> clientWindows(
+    X11Connection const* x, WaylandGlobals const* wayland, QDBusConnection const& sessionBus, Environment const& environment)
 {
-    if (wayland)
-        return ForeignToplevels::windowsOf(ForeignToplevels::of(wayland));
-    if (x && sessionKindOf(environment) == SessionKind::x11)
-        return std::make_unique<X11ClientWindows>(x->get(), x->root());
-    return nullptr;
+    if (auto windows = ForeignToplevels::windowsOf(ForeignToplevels::of(wayland)))
+        return windows;
+    if (sessionKindOf(environment) == SessionKind::wayland)
+        return KWinWindows::on(sessionBus);
+    return x ? std::make_unique<X11ClientWindows>(x->get(), x->root()) : nullptr;
 }
 
 } // namespace
@@ -63,8 +65,8 @@ struct LinuxCommands::Turning {
               .timers = timers,
               .tasks = tasks,
               .access = access,
-              .sessionBus = sessionBus(access.buses),
-              .windows = clientWindows(display.get(), wayland.get(), files.environment()),
+              .sessionBus = bus,
+              .windows = clientWindows(display.get(), wayland.get(), bus, files.environment()),
               .pending = &pending })
         , system(machine.system())
         , pictures(tasks, timers, files.trust())
@@ -78,6 +80,7 @@ struct LinuxCommands::Turning {
     std::unique_ptr<X11Connection> display = X11Connection::open();
     std::unique_ptr<WaylandGlobals> wayland = WaylandGlobals::connected();
     DesktopAccess access;
+    QDBusConnection bus = sessionBus(access.buses);
     LinuxSystem machine;
     System system;
     CellTextMeasure cells;
@@ -109,7 +112,8 @@ Files const& LinuxCommands::files()
 RunningProgram& LinuxCommands::runningProgram()
 {
     if (!m_runningProgram)
-        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts(), activationTokenOf(m_environment));
+        m_runningProgram
+            = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts(), activationTokenOf(m_environment));
     return *m_runningProgram;
 }
 

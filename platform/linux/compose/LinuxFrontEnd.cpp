@@ -11,6 +11,7 @@
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
+#include "platform/linux/wayland/KWinWindows.h"
 #include "platform/linux/wayland/StageMenuPlacer.h"
 #include "platform/linux/wayland/WaylandOverlay.h"
 
@@ -85,20 +86,15 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, handlers(), m_files.paths().instanceLock)
-    , m_system({ .files = m_files,
-          .timers = m_timers,
-          .tasks = m_tasks,
-          .access = m_access,
-          .sessionBus = m_bus,
-          .windows = clientWindows(),
-          .pending = nullptr })
+    , m_system(
+          { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
     , m_placer(menuPlacer(m_wayland.get()))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_timers, m_bus, sessionKind())
+    , m_keyboard(m_timers, m_bus, m_files.environment())
     , m_overlay(m_wayland ? waylandOverlay(*m_wayland, m_toplevels) : OverlayFrontEnd::make(sessionKind()))
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
@@ -267,9 +263,11 @@ bool LinuxFrontEnd::openAutostartSettings()
 
 std::unique_ptr<ClientWindows> LinuxFrontEnd::clientWindows() const
 {
-    if (m_wayland)
-        return ForeignToplevels::windowsOf(m_toplevels);
-    return sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : nullptr;
+    if (auto windows = ForeignToplevels::windowsOf(m_toplevels))
+        return windows;
+    if (sessionKind() == SessionKind::wayland)
+        return KWinWindows::on(m_bus);
+    return clientWindowsOfThisDisplay();
 }
 
 std::optional<OverlaySeams> LinuxFrontEnd::overlay() { return m_overlay ? std::optional(m_overlay->seams()) : std::nullopt; }

@@ -148,8 +148,8 @@ void ForeignToplevels::close(std::uint32_t window) const
 
 bool ForeignToplevels::isFilled(wl_output const* output) const
 {
-    return std::ranges::any_of(
-        m_toplevels, [output](auto const& toplevel) { return toplevel->isFullScreen && std::ranges::find(toplevel->outputs, output) != toplevel->outputs.end(); });
+    return std::ranges::any_of(m_toplevels,
+        [output](auto const& toplevel) { return toplevel->isFullScreen && std::ranges::find(toplevel->outputs, output) != toplevel->outputs.end(); });
 }
 
 } // namespace zv

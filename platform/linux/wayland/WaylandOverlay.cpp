@@ -91,12 +91,9 @@ public:
     }
     OverlaySeams seams() override
     {
-        return { .menuBars = m_menuBars,
-            .screens = m_screens,
-            .workspaceEvents = m_events,
-            .pointerMonitor = m_pointer,
-            .panels = m_corners,
-            .visibility = nullptr };
+        return {
+            .menuBars = m_menuBars, .screens = m_screens, .workspaceEvents = m_events, .pointerMonitor = m_pointer, .panels = m_corners, .visibility = nullptr
+        };
     }
     void pressAt(QPoint point) override { m_corners.pressAt(point); }
 
