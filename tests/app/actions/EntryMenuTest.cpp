@@ -91,6 +91,7 @@ TEST_F(EntryMenuTest, RowsActOnTheirEntry)
     auto const openWith = MenuEntry(*entryIn(*menuOf({ "a.txt" }).submenu, "Open With"));
     auto const& applications = openWith.submenu;
     applications->needsUpdate();
+    machine.time.runTasks();
     EXPECT_EQ(titlesOf(*applications), "Editor, -, Viewer") << "the default one first";
     applications->entries.back().target->invoke();
     front.alerts.answers = { 1, 0 };
