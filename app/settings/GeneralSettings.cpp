@@ -182,6 +182,9 @@ SettingsSection GeneralSettings::menus()
         "without it.",
         preferences.hotkeyPrescanDepth(), { { "Off", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 } },
         [&](std::int64_t value) { preferences.setHotkeyPrescanDepth(value); }));
+    section.rows.push_back(
+        toggle("rememberChoices", "Remember what was chosen", "What was chosen last comes first when you search in the menu. Turning this off forgets it.",
+            preferences.remembersChoices(), [&](bool on) { preferences.setRemembersChoices(on); }));
     addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
     return section;
 }

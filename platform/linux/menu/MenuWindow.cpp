@@ -108,6 +108,7 @@ void MenuWindow::didHide()
         return;
     m_menu->onRefilled = nullptr;
     m_mirror.dropAwaitedIcons();
+    m_typing.end();
     m_menu->didClose();
     if (parentMenu())
         announceSubmenu(*this);
@@ -153,6 +154,8 @@ void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& targ
 
 MenuEntry const* MenuWindow::entryOf(QAction const* action) const
 {
+    if (auto const* found = m_typing.foundEntryOf(action))
+        return found;
     auto const& actions = m_mirror.actions();
     auto const index = static_cast<std::size_t>(std::find(actions.begin(), actions.end(), action) - actions.begin());
     return m_menu && index < m_menu->entries.size() ? &m_menu->entries[index] : nullptr;
@@ -367,6 +370,7 @@ void MenuWindow::paintEvent(QPaintEvent* event)
     if (isFirst)
         m_picture.firstIsPainted();
     m_mirror.fetchIconsSoon();
+    m_typing.fetchIconsSoon();
 }
 
 /// Whether the root's window looks as it does when it opens. Submenus have no pictures.

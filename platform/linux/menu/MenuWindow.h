@@ -46,6 +46,7 @@ public:
     /// The window at the root of the tree.
     [[nodiscard]] MenuWindow& topMenu();
     void layOutAgain();
+    [[nodiscard]] bool showsEntryMenu() const { return m_entryMenu.isOpen(); }
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
 

@@ -73,7 +73,7 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
     std::function<void()> const changes[] = { [&] { preferences.setReplacesAppleMenu(false); }, [&] { preferences.setShowsStatusItem(false); },
         [&] { preferences.setDrawsRainbowAppleLogo(false); }, [&] { preferences.setShowIcons(false); }, [&] { preferences.setShowHiddenFiles(true); },
         [&] { preferences.setSortFoldersFirst(false); }, [&] { preferences.setRecentItemsLimit(1); }, [&] { preferences.setMaximumScanDepth(1); },
-        [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); },
+        [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); }, [&] { preferences.setRemembersChoices(false); },
         [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); } };
     for (auto const& change : changes) {
         bool told = false;
