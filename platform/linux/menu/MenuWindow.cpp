@@ -109,6 +109,7 @@ void MenuWindow::didHide()
         return;
     m_menu->onRefilled = nullptr;
     m_mirror.dropAwaitedIcons();
+    m_typing.end();
     m_menu->didClose();
     if (parentMenu())
         announceSubmenu(*this);
@@ -186,6 +187,8 @@ void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& targ
 
 MenuEntry const* MenuWindow::entryOf(QAction const* action) const
 {
+    if (auto const* found = m_typing.foundEntryOf(action))
+        return found;
     auto const& actions = m_mirror.actions();
     auto const index = static_cast<std::size_t>(std::find(actions.begin(), actions.end(), action) - actions.begin());
     return m_menu && index < m_menu->entries.size() ? &m_menu->entries[index] : nullptr;
@@ -407,6 +410,7 @@ void MenuWindow::paintEvent(QPaintEvent* event)
     if (isFirst)
         firstIsPainted();
     m_mirror.fetchIconsSoon();
+    m_typing.fetchIconsSoon();
 }
 
 void MenuWindow::firstIsPainted()

@@ -49,6 +49,7 @@ public:
     /// The open menu's window at that point of the desktop; null for none.
     [[nodiscard]] static MenuWindow* at(QPoint point);
     void layOutAgain();
+    [[nodiscard]] bool showsEntryMenu() const { return m_entryMenu.isOpen(); }
     void setVisible(bool visible) override;
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
