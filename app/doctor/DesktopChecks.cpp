@@ -3,7 +3,9 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/doctor/OverlayCheck.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 
 namespace zv {
@@ -16,10 +18,22 @@ using Allowed = DesktopFindings::Allowed;
 
 bool canShowWindows(DesktopFindings const& found)
 {
-    return found.display == Display::x11 || found.display == Display::x11WithinWayland || found.display == Display::wayland;
+    static constexpr Display shown[] = { Display::x11, Display::x11WithinWayland, Display::wayland, Display::waylandWithoutLayers };
+    return std::ranges::find(shown, found.display) != std::end(shown);
 }
 
 bool isOnX11(DesktopFindings const& found) { return found.display == Display::x11; }
+
+DoctorCheck gnomeCheck(DesktopFindings const& found)
+{
+    if (found.hasGnomeExtension)
+        return { "Display", State::ok,
+            "This is a Wayland session of GNOME, whose Shell runs our extension: the menu opens at its laurel, by keys and commands.", {} };
+    return { "Display", State::limited,
+        "This is a Wayland session of GNOME, which keeps programs off its panel: a menu opens by its icon and by commands, on one screen.",
+        "Switch on our extension, which is installed with the package, and log in again: “gnome-extensions enable zanthe-vell-45@zanthevell.org”, or "
+        "zanthe-vell-43@zanthevell.org before GNOME 45." };
+}
 
 DoctorCheck displayCheck(DesktopFindings const& found)
 {
@@ -27,15 +41,22 @@ DoctorCheck displayCheck(DesktopFindings const& found)
     case Display::x11:
         return { "Display", State::ok, "An X server shows menus and windows.", {} };
     case Display::x11WithinWayland:
-        return { "Display", State::limited, "This is a Wayland session: its X server shows menus and windows, but the panel’s corner is out of reach.",
-            "Open the menu by its icon in the panel. The corner works in an X11 session." };
+        return { "Display", State::limited,
+            "This is a Wayland session, but menus and windows go through its X server: a click on another program’s window closes no menu, and the corner is "
+            "out of reach.",
+            "Install qt6-wayland, and take xcb out of QT_QPA_PLATFORM if it is there." };
     case Display::wayland:
-        return { "Display", State::limited, "This is a Wayland session: the menu opens from its icon in the panel only.",
-            "Install xwayland, and “zanthe-vell show” works too." };
+        return { "Display", State::ok, "This is a Wayland session, whose compositor (with a layer shell) lets menus open anywhere.", {} };
+    case Display::waylandWithoutLayers:
+        if (found.isGnome)
+            return gnomeCheck(found);
+        return { "Display", State::limited,
+            "This Wayland session keeps programs off its panels (its compositor has no layer shell): a menu opens by its icon and by commands, beside the "
+            "panels and on one screen, and there is no corner.",
+            "A key binding of the desktop can run “zanthe-vell show”." };
     case Display::waylandWithoutPlugin:
         return { "Display", State::missing,
-            "This Wayland session has no X server, and the toolkit’s plug-in for Wayland is not installed: no window can be shown.",
-            "Install qt6-wayland or xwayland." };
+            "This Wayland session has no X server, and the toolkit’s plug-in for Wayland is not installed: no window can be shown.", "Install qt6-wayland." };
     case Display::unreachable:
         return { "Display", State::missing, "The display that the environment names does not answer.",
             "Run this within the desktop session, as the user it belongs to." };
@@ -55,9 +76,11 @@ std::optional<DoctorCheck> windowManagerCheck(DesktopFindings const& found)
         "Start the desktop’s own, or one such as openbox." };
 }
 
-/// X11 only: the display's check covers Wayland.
+/// Elsewhere the display's check says it.
 std::optional<DoctorCheck> cornerCheck(DesktopFindings const& found)
 {
+    if (found.display == Display::wayland)
+        return overlayCheck(OverlaySupport::onPanels);
     if (!isOnX11(found))
         return std::nullopt;
     return overlayCheck(found.hasCornerPanel ? OverlaySupport::onPanels : OverlaySupport::noPanel);
@@ -196,7 +219,8 @@ DoctorCheck forceQuitCheck(DesktopFindings const& found)
     case ForceQuit::none:
         break;
     }
-    return { "Force Quit", State::missing, "Neither a task manager nor xkill is installed.", "Install the desktop’s own task manager, or x11-utils." };
+    return { "Force Quit", State::missing, "No task manager is installed, and xkill is missing or of no use in a Wayland session.",
+        "Install the desktop’s own task manager, or x11-utils in an X11 session." };
 }
 
 std::string titleOf(SystemPlace place)
@@ -249,7 +273,7 @@ std::vector<DoctorCheck> desktopChecks(DesktopFindings const& found)
         checks.push_back(notificationCheck(found));
     }
     if (canShowWindows(found))
-        checks.push_back(hotkeyCheck(found.hotkeys));
+        checks.push_back(hotkeyCheck(found.hotkeys, found.desktopNames));
     static constexpr std::array others { pictureCheck, fileManagerCheck, sessionCheck, lockCheck, forceQuitCheck, commandCheck, loginCheck };
     for (auto const check : others)
         checks.push_back(check(found));
