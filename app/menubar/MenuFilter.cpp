@@ -24,8 +24,9 @@ std::string MenuFilter::announcement(std::ptrdiff_t matches) const
     if (m_text.empty())
         return {};
     if (matches == 0)
-        return m_text + ": " + std::string(noMatches);
-    return m_text + ": " + (matches == 1 ? "1 match" : std::to_string(matches) + " matches");
+        return tr("%1: %2", m_text, tr(noMatches));
+    // TRANSLATORS: what a screen reader says while one types into the menu: what was typed, and how many entries hold it
+    return tr("%1: %2", m_text, trn("%1 match", "%1 matches", static_cast<std::size_t>(matches)));
 }
 
 std::vector<bool> MenuFilter::visibleEntries()

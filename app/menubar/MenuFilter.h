@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Translation.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -13,7 +15,7 @@ class Menu;
 class MenuFilter {
 public:
     /// Stands in place of the entries when none matches.
-    static constexpr std::string_view noMatches = "No Matches";
+    static constexpr Sentence noMatches = mark("No Matches");
 
     /// Call when the menu opened or changed: its entries are read anew at the next query.
     void setMenu(Menu const* menu);

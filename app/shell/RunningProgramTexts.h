@@ -1,8 +1,7 @@
 #pragma once
 
+#include "base/Translation.h"
 #include "platform/program/RunningProgram.h"
-
-#include <string_view>
 
 namespace zv {
 
@@ -10,6 +9,6 @@ namespace zv {
 [[nodiscard]] RunningProgram::Texts runningProgramTexts();
 
 /// Where the program cannot show a menu: it does not stay unseen then, and in the way of a start that can.
-constexpr std::string_view noDisplayText = "There is no display to show a menu on. Start it in a graphical session.";
+inline constexpr Sentence noDisplayText = mark("There is no display to show a menu on. Start it in a graphical session.");
 
 } // namespace zv

@@ -123,7 +123,8 @@ Url LinuxCommands::currentFolder()
 std::vector<DoctorCheck> LinuxCommands::doctorChecks()
 {
     auto checks = programChecks(runningProgram(), files().resources, *files().disk, store(),
-        { { "Settings", Url::fromPath(machine().paths().settingsFile).parent() }, { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+        { { KeptFolder::Holds::settings, Url::fromPath(machine().paths().settingsFile).parent() }, { KeptFolder::Holds::items, places().itemsFolder },
+            { KeptFolder::Holds::backups, places().backupsFolder } });
     DesktopFindings findings;
     surveyDisplay(m_environment, findings);
     surveyServices(DesktopAccess::of(m_environment), machine().paths().user, findings);

@@ -38,7 +38,7 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     LinuxInstallation::Options options;
     options.userFolder = files.paths().user.home + "/.local/bin";
     options.userApplications = files.paths().user.data + "/applications";
-    options.entryNotWritten = relocationTexts::entryNotWritten;
+    options.entryNotWritten = tr(relocationTexts::entryNotWritten);
     options.isMountedAppImage = files.environment().contains("APPIMAGE");
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);

@@ -179,7 +179,7 @@ void MenuTyping::addLine()
     palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Highlight));
     m_lineText->setPalette(palette);
     m_line = line;
-    m_noMatches = new QAction(QString::fromUtf8(MenuFilter::noMatches.data(), MenuFilter::noMatches.size()), &m_window);
+    m_noMatches = new QAction(QString::fromStdString(zv::tr(MenuFilter::noMatches)), &m_window);
     m_noMatches->setEnabled(false);
     m_window.insertActions(m_window.actions().value(0), { m_line, m_noMatches });
     m_window.setMinimumWidth(m_window.width());
