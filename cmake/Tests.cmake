@@ -38,6 +38,7 @@ zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)
 add_test(NAME texts COMMAND ${CMAKE_SOURCE_DIR}/tests/texts)
+add_test(NAME catalogues COMMAND ${CMAKE_SOURCE_DIR}/tests/catalogues)
 add_test(NAME faults_apply COMMAND ${CMAKE_SOURCE_DIR}/tests/faults/run --check)
 add_test(NAME macos_check COMMAND ${CMAKE_SOURCE_DIR}/tests/macos/unless_same tests/macos/check_all)
 set_tests_properties(macos_check PROPERTIES TIMEOUT 600)

@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
@@ -106,7 +107,7 @@ Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool
     assertMainThread();
     auto const now = m_services.clock.now();
     if (auto const written = write(stored, freeName(now, isReadable)); !written)
-        return Failure { "could not keep a copy of the menu in " + m_folder.path() + ": " + written.error() };
+        return Failure { tr("could not keep a copy of the menu in %1: %2", m_folder.path(), written.error()) };
     if (isReadable)
         m_newest = now;
     removeOldest(isReadable);

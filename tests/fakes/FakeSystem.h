@@ -51,7 +51,8 @@ struct FakeSystem {
         .environment = {},
         .home = "/home/ada",
         .itemsFolder = Url::fromPath("/data/Items"),
-        .backupsFolder = Url::fromPath("/data/Backups") };
+        .backupsFolder = Url::fromPath("/data/Backups"),
+        .chosenFile = Url::fromPath("/data/Search/Chosen.plist") };
 
     [[nodiscard]] System system()
     {

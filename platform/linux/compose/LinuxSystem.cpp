@@ -30,7 +30,7 @@ LinuxSystem::LinuxSystem(Over const& over)
     , m_networkInterfaces(m_tasks, over.access.buses.system)
     , m_settingsPanes(m_catalog)
     , m_workspace(over.access.buses.session, LaunchLog(m_files.paths().launchLog), m_files.trust(),
-          { .tasks = commandTasks(), .runningApplications = countedApplications() })
+          { .tasks = commandTasks(), .runningApplications = countedApplications(), .applications = m_catalog })
     , m_desktop(over.access, "/etc/os-release", commandTasks())
     , m_computer("/", commandTasks())
     , m_events(over.access, commandTasks())

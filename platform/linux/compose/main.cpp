@@ -33,6 +33,16 @@ int runCommand(std::vector<std::string> const& arguments, zv::Environment const&
     std::_Exit(status);
 }
 
+/// On Wayland a menu's stage is a window without a role of the toolkit's making; and one that the compositor is slow to
+/// paint must not count as hidden, or its menus would stay so. No argument says that to the toolkit.
+void prepareToolkitFor(std::string const& server)
+{
+    if (!server.starts_with("wayland"))
+        return;
+    zv::setForThisProgramAlone("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
+    zv::setForThisProgramAlone("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "-1");
+}
+
 int runProgram(char* name, zv::Environment const& environment)
 {
     auto server = zv::displayServerFor(environment);
@@ -40,6 +50,7 @@ int runProgram(char* name, zv::Environment const& environment)
         zv::logLine(zv::noDisplayText.english);
         return 1;
     }
+    prepareToolkitFor(server);
     // Not by the environment, which all that is started from the menu inherits as it is.
     std::string option = "-platform";
     char* arguments[] = { name, option.data(), server.data(), nullptr };

@@ -39,7 +39,8 @@ struct MenuActionsTest : testing::Test {
         .environment = {},
         .home = "/home/u",
         .itemsFolder = Url::fromPath("/home/u/Items"),
-        .backupsFolder = Url::fromPath("/") } };
+        .backupsFolder = Url::fromPath("/"),
+        .chosenFile = Url::fromPath("/") } };
     fakes::FakeSurface front;
     fakes::FakeWorkspace& workspace = machine.workspace;
     fakes::FakeApplication& application = front.application;
