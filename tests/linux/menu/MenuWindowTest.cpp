@@ -10,6 +10,7 @@
 #include "tests/linux/toolkit/TestApplication.h"
 
 #include <QAccessible>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -602,6 +603,14 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
     }
+    open({ file, folder });
+    click(QEvent::MouseMove, Qt::NoButton, 1); // has the toolkit open the submenu soon
+    click(QEvent::MouseButtonPress, Qt::RightButton, 1);
+    for (QDeadlineTimer const left(150); !left.hasExpired();)
+        QApplication::processEvents();
+    EXPECT_FALSE(window->actions()[1]->menu()->isVisible()) << "it would take the pointer from the entry's own menu";
+    window->close();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "closes with the menu";
 }
 
 TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)
