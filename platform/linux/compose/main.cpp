@@ -2,6 +2,7 @@
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
+#include "platform/linux/compose/DesktopScale.h"
 #include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
@@ -10,6 +11,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,7 +44,9 @@ int runProgram(char* name, zv::Environment const& environment)
     std::string option = "-platform";
     char* arguments[] = { name, option.data(), server.data(), nullptr };
     int count = 3;
+    std::optional<zv::DesktopScale> scale(environment);
     zv::LinuxFrontEnd program(count, arguments, environment);
+    scale.reset();
     return program.run();
 }
 
