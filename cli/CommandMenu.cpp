@@ -34,6 +34,7 @@ CommandMenu::CommandMenu(TurningSystem const& over, Preferences const& preferenc
           .looks = m_looks,
           .preferences = preferences,
           .listedFolders = m_hotkeys,
+          .chosen = nullptr,
           .shell = { .openSettingsWindow = [this] { m_terminal.openSettings(); }, .canCheckForUpdates = {}, .checkForUpdates = {} },
           .entryShell = {} })
     , m_session(m_menus.builder(), m_turnUntil)

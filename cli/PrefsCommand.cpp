@@ -91,6 +91,14 @@ ExitStatus readOne(std::vector<std::string> const& operands, CommandContext& con
     return ExitStatus::done;
 }
 
+/// The running program does the same; where none runs, nobody else would.
+void forgetChoicesIfUnwanted(CommandContext& context)
+{
+    auto const& file = context.places().chosenFile;
+    if (!context.files().defaults.boolForKey(Preferences::rememberChoicesKey) && context.files().disk->exists(file))
+        (void)context.files().disk->remove(file);
+}
+
 ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& context)
 {
     auto const* description = descriptionOf(operands[1]);
@@ -101,6 +109,7 @@ ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& co
         return fail(context, value.error());
     if (auto const saved = context.files().defaults.setObject(description->key, std::move(value).value()); !saved)
         return fail(context, "could not save " + operands[1] + ": " + saved.error());
+    forgetChoicesIfUnwanted(context);
     return ExitStatus::done;
 }
 

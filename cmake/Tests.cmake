@@ -64,6 +64,11 @@ set_tests_properties(packaging PROPERTIES TIMEOUT 120)
 add_test(NAME completions COMMAND ${CMAKE_SOURCE_DIR}/tests/completions $<TARGET_FILE:zanthe-vell>)
 set_tests_properties(completions PROPERTIES TIMEOUT 300)
 
+if(ZV_SANITIZE)
+  add_test(NAME threads COMMAND ${CMAKE_SOURCE_DIR}/tests/threads/run ${CMAKE_BINARY_DIR}/threads)
+  set_tests_properties(threads PROPERTIES TIMEOUT 120 PROCESSORS 2)
+endif()
+
 if(ZV_SANITIZE AND ZV_FUZZ)
   # Replays the corpora, then runs a short while: enough to find a new fault.
   add_test(NAME fuzz COMMAND ${CMAKE_SOURCE_DIR}/tests/fuzz/run 6)

@@ -2,6 +2,7 @@
 
 #include "app/actions/ActionAlerts.h"
 #include "app/actions/SystemPlaces.h"
+#include "app/menu/EntryIdentity.h"
 #include "app/model/Locations.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
@@ -33,6 +34,7 @@ bool MenuActions::perform(MenuItem const& item)
     assertMainThread();
     if (item.kind == MenuItemKind::fsObject)
         return openLocation(item);
+    chosen(identityOf(item));
     return performInProgram(item) || openPlace(item) || sendSessionEvent(item) || runScript(item);
 }
 
@@ -46,6 +48,12 @@ bool MenuActions::openLocation(MenuItem const& item)
     else
         return false;
     return true;
+}
+
+void MenuActions::chosen(std::string identity)
+{
+    if (m_services.shell.chosen)
+        m_services.shell.chosen(std::move(identity));
 }
 
 /// Whether Command is held counts when the item is chosen, not when the server has answered.
@@ -139,6 +147,7 @@ void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
 void MenuActions::open(Url const& url)
 {
     assertMainThread();
+    chosen(identityOf(url));
     open(url, howToOpen());
 }
 
@@ -153,6 +162,7 @@ void MenuActions::open(Url const& url, HowToOpen how)
 void MenuActions::open(DynamicEntry const& entry)
 {
     assertMainThread();
+    chosen(identityOf(entry));
     if (isCommandHeld()) {
         if (entry.fileURL)
             m_services.system.session.workspace.reveal(*entry.fileURL);

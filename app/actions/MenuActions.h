@@ -23,6 +23,7 @@ public:
         std::function<void()> openSettingsWindow;
         std::function<bool()> canCheckForUpdates;
         std::function<void()> checkForUpdates;
+        std::function<void(std::string)> chosen; ///< told the identity of each entry that was chosen
     };
     /// All references outlive the actions.
     struct Services {
@@ -59,6 +60,7 @@ private:
 
     [[nodiscard]] bool isCommandHeld() const;
     [[nodiscard]] HowToOpen howToOpen() const;
+    void chosen(std::string identity);
     void open(Url const& url, HowToOpen how);
     void mountAndOpen(BookmarkData const& bookmark);
     bool openLocation(MenuItem const& item);

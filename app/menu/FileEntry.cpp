@@ -35,6 +35,12 @@ std::string sortNameOf(NamedFile const& file)
     return prefix.value_or("").append(file.localizedName);
 }
 
+std::string titleOf(NamedFile const& file)
+{
+    bool const isSeparator = maySayMore(file.name) && FinderPopName(file.name).isSeparator;
+    return isSeparator ? std::string() : titleOf(file.localizedName.empty() ? file.name : file.localizedName);
+}
+
 DynamicEntry fileEntry(Url url, NamedFile const& file)
 {
     DynamicEntry entry;

@@ -19,6 +19,9 @@ struct NamedFile {
 /// even if another name is shown.
 [[nodiscard]] std::string sortNameOf(NamedFile const& file);
 
+/// The title that the file's entry has; empty for a separator.
+[[nodiscard]] std::string titleOf(NamedFile const& file);
+
 /// Opens the file by its own path, even a link or an alias; the traits are the target's.
 [[nodiscard]] DynamicEntry fileEntry(Url url, NamedFile const& file);
 

@@ -33,10 +33,18 @@ void Menu::didClose()
         told->menuDidClose(*this);
 }
 
+std::shared_ptr<MenuDelegate> Menu::answering() const { return keyDelegate.expired() ? delegate.lock() : keyDelegate.lock(); }
+
 std::shared_ptr<MenuActionTarget> Menu::targetForKey(KeyPress const& press) const
 {
-    auto const asked = keyDelegate.expired() ? delegate.lock() : keyDelegate.lock();
+    auto const asked = answering();
     return asked ? asked->targetForKey(*this, press) : nullptr;
+}
+
+std::shared_ptr<MenuSearch> Menu::searchBelow(Menu const& start) const
+{
+    auto const asked = answering();
+    return asked ? asked->searchBelow(start) : nullptr;
 }
 
 void Menu::didRefill() const

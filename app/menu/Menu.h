@@ -18,6 +18,7 @@
 namespace zv {
 
 class Menu;
+class MenuSearch;
 
 /// The action of an entry. Every actionable entry owns its own.
 class MenuActionTarget {
@@ -49,6 +50,8 @@ public:
     virtual void menuDidClose(Menu&) { }
     /// The action for a key pressed while the menu is open; null when it is no entry's shortcut.
     [[nodiscard]] virtual std::shared_ptr<MenuActionTarget> targetForKey(Menu const&, KeyPress const&) { return nullptr; }
+    /// A search through the submenus below `start`, an open menu of this tree; null where nothing is searched.
+    [[nodiscard]] virtual std::shared_ptr<MenuSearch> searchBelow(Menu const& /*start*/) { return nullptr; }
 };
 
 /// A title with style and a hint beside its text.
@@ -59,6 +62,12 @@ struct AttributedTitle {
     double hintTab = 0; ///< points from the title's left edge to the hint's right edge
     bool hintIsItalic = false; ///< the hint tells of a combination that is not in use
     friend bool operator==(AttributedTitle const&, AttributedTitle const&) = default;
+};
+
+/// The way to an entry that a search found, from the searched menu on.
+struct EntryWay {
+    std::string text; ///< "Documents ▸ Taxes", its parts isolated from each other's direction
+    std::string spoken; ///< "in Documents, Taxes", for those who hear it
 };
 
 struct MenuEntry {
@@ -78,6 +87,7 @@ struct MenuEntry {
     std::shared_ptr<void> representedObject; ///< keeps the entry's objects alive: its target, its submenu's delegate
     std::shared_ptr<Menu> submenu;
     EntrySubject subject; ///< what its own menu acts on
+    std::shared_ptr<EntryWay const> way; ///< null unless a search found the entry
 
     [[nodiscard]] static MenuEntry separator();
     [[nodiscard]] static MenuEntry disabled(std::string title);
@@ -97,7 +107,7 @@ public:
 
     std::string title;
     std::weak_ptr<MenuDelegate> delegate;
-    std::weak_ptr<MenuDelegate> keyDelegate; ///< answers for keys instead, where another one fills the menu
+    std::weak_ptr<MenuDelegate> keyDelegate; ///< answers for keys and searches instead, where another one fills the menu
     std::vector<MenuEntry> entries;
 
     /// Called by didRefill() after an asynchronous fill. Set by the mirror that shows the menu,
@@ -108,9 +118,14 @@ public:
     void needsUpdate();
     void didClose();
     [[nodiscard]] std::shared_ptr<MenuActionTarget> targetForKey(KeyPress const& press) const;
+    /// A search through the submenus below `start`, this menu or one below it; null where nothing is searched.
+    [[nodiscard]] std::shared_ptr<MenuSearch> searchBelow(Menu const& start) const;
     [[nodiscard]] bool isOpen() const { return onRefilled != nullptr; }
     /// Tells a mirror that the entries changed while the menu was open.
     void didRefill() const;
+
+private:
+    [[nodiscard]] std::shared_ptr<MenuDelegate> answering() const;
 };
 
 } // namespace zv

@@ -19,12 +19,12 @@ void MenuFilter::removeLast()
         m_text.resize(m_text.size() - characters.back().size());
 }
 
-std::string MenuFilter::announcement(std::ptrdiff_t matches) const
+std::string MenuFilter::announcement(std::ptrdiff_t matches, std::string_view instead) const
 {
     if (m_text.empty())
         return {};
     if (matches == 0)
-        return m_text + ": " + std::string(noMatches);
+        return m_text + ": " + std::string(instead);
     return m_text + ": " + (matches == 1 ? "1 match" : std::to_string(matches) + " matches");
 }
 

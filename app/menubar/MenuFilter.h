@@ -25,8 +25,9 @@ public:
     void removeLast();
     void clear() { m_text.clear(); }
 
-    /// The typed text and how many entries match, for those who hear the menu; empty when nothing is typed.
-    [[nodiscard]] std::string announcement(std::ptrdiff_t matches) const;
+    /// The typed text and how many entries match, or what stands in their place, for those who hear the menu; empty when
+    /// nothing is typed.
+    [[nodiscard]] std::string announcement(std::ptrdiff_t matches, std::string_view instead = noMatches) const;
     /// A flag for each entry, in their order: whether its title contains the typed text, ignoring
     /// case and accents. Separators are visible only if nothing is typed.
     [[nodiscard]] std::vector<bool> visibleEntries();

@@ -46,6 +46,7 @@ public:
         MenuCommands& commands;
         KeyboardLayout& layout;
         OpeningKeys& openingKeys;
+        std::function<std::shared_ptr<MenuSearch>(Menu const& start)> searchBelow;
         HotkeyCenter& hotkeys;
         FileHotkeys& fileHotkeys;
         Notifications& notifications; ///< announces changes of the keyboard layout
@@ -61,6 +62,7 @@ public:
     void menuNeedsUpdate(Menu& menu) override;
     void menuDidClose(Menu& menu) override;
     std::shared_ptr<MenuActionTarget> targetForKey(Menu const& menu, KeyPress const& press) override;
+    std::shared_ptr<MenuSearch> searchBelow(Menu const& start) override { return m_services.searchBelow(start); }
 
     /// Creates or removes the status icon, following the preference.
     void updateStatusItem();

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t integer(std::int64_t value) { return value; }
 
 // Ordered by property number. "ScanDepth" is the older format's key.
-constexpr std::array<PreferenceDescription, 10> table { {
+constexpr std::array<PreferenceDescription, 11> table { {
     { "ReplaceAppleMenu", true, "the menu opens from the corner of the menu bar" },
     { "ShowStatusItem", true, "the menu has an icon in the menu bar" },
     { "RainbowAppleLogo", true, "six colours in the corner of the menu bar" },
@@ -24,6 +24,7 @@ constexpr std::array<PreferenceDescription, 10> table { {
     { "ScanDepth", integer(10), "levels of folders that open as submenus" },
     { "MaximumItemsPerFolder", integer(250), "entries listed of one folder" },
     { "HotkeyPrescanDepth", integer(0), "levels of folders searched for shortcuts in file names" },
+    { Preferences::rememberChoicesKey, true, "what was chosen last comes first in a search" },
 } };
 
 PropertyList asPropertyList(std::variant<bool, std::int64_t> const& value)
@@ -71,6 +72,7 @@ template <class Function> void Preferences::forEach(Function function)
     function(m_maximumScanDepth);
     function(m_maximumItemsPerFolder);
     function(m_hotkeyPrescanDepth);
+    function(m_remembersChoices);
 }
 
 template <class T> void Preferences::write(Property<T>& property, T value)

@@ -22,7 +22,9 @@ struct PreferenceDescription {
 /// withObservationTracking() observes it. Main thread only.
 class Preferences {
 public:
-    /// Registers the ten defaults, then reads each key once. `defaults` outlives this.
+    static constexpr std::string_view rememberChoicesKey = "RememberChoices";
+
+    /// Registers the defaults, then reads each key once. `defaults` outlives this.
     explicit Preferences(UserDefaults& defaults);
     Preferences(Preferences const&) = delete;
     Preferences& operator=(Preferences const&) = delete;
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] std::int64_t maximumScanDepth() const { return read(m_maximumScanDepth); }
     [[nodiscard]] std::int64_t maximumItemsPerFolder() const { return read(m_maximumItemsPerFolder); }
     [[nodiscard]] std::int64_t hotkeyPrescanDepth() const { return read(m_hotkeyPrescanDepth); }
+    [[nodiscard]] bool remembersChoices() const { return read(m_remembersChoices); }
 
     /// Setting the current value writes nothing and notifies nobody.
     void setReplacesAppleMenu(bool value) { write(m_replacesAppleMenu, value); }
@@ -49,12 +52,13 @@ public:
     void setMaximumScanDepth(std::int64_t value) { write(m_maximumScanDepth, value); }
     void setMaximumItemsPerFolder(std::int64_t value) { write(m_maximumItemsPerFolder, value); }
     void setHotkeyPrescanDepth(std::int64_t value) { write(m_hotkeyPrescanDepth, value); }
+    void setRemembersChoices(bool value) { write(m_remembersChoices, value); }
 
-    /// Reads all ten anew after another process changed the stored settings; notifies observers of
+    /// Reads them all anew after another process changed the stored settings; notifies observers of
     /// the changed ones, writes nothing.
     void reload();
 
-    /// All ten, in the properties' order.
+    /// All of them, in the properties' order.
     [[nodiscard]] static std::span<PreferenceDescription const> descriptions();
 
 private:
@@ -88,6 +92,7 @@ private:
     Property<std::int64_t> m_maximumScanDepth { 7 };
     Property<std::int64_t> m_maximumItemsPerFolder { 8 };
     Property<std::int64_t> m_hotkeyPrescanDepth { 9 };
+    Property<bool> m_remembersChoices { 10 };
 };
 
 } // namespace zv

@@ -31,6 +31,8 @@ struct InspectorFields {
     bool isHidden = false;
     bool hasShortcut = false;
     std::optional<KeyEquivalentSpec> shortcut;
+    std::string shortcutNote; ///< who else has the shortcut, or what it takes from other programs; filled in by the models, as the next
+    std::optional<Uuid> shortcutOwner; ///< the item that has it
     std::string note; ///< why the item cannot act; empty when it can
 };
 

@@ -3,6 +3,7 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
+#include "app/settings/RecorderRules.h"
 #include "app/settings/SettingsTexts.h"
 
 #include <algorithm>
@@ -28,6 +29,7 @@ SettingsModels::SettingsModels(Services services)
           .wording = wording(),
           .menuShortcut = m_services.menuShortcut,
           .menuShortcutIsTaken = [this] { return menuShortcutIsTaken(); },
+          .shortcutWarning = [this](auto const& spec) { return shortcutWarning(spec, m_services.system.kind); },
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
           .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
@@ -85,7 +87,11 @@ ImageRef SettingsModels::iconOf(MenuItem const& item)
 
 InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const
 {
-    return inspectorFields(item, m_services.preferences, m_services.store.unresolvedItemIDs().contains(item.id));
+    auto fields = inspectorFields(item, m_services.preferences, m_services.store.unresolvedItemIDs().contains(item.id));
+    auto note = m_outline.shortcutNote(item, m_services.system.kind);
+    fields.shortcutNote = std::move(note.text);
+    fields.shortcutOwner = note.owner;
+    return fields;
 }
 
 DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position)

@@ -6,6 +6,8 @@ std::string selected(std::size_t count) { return count == 0 ? "No item selected"
 
 std::string filesNotAdded(std::size_t count) { return count == 1 ? "One file could not be added." : std::to_string(count) + " files could not be added."; }
 
+std::string recorderWith(std::string const& value) { return std::string(recorder) + ": " + value; }
+
 std::string doesNotExist(std::string const& path) { return path + " does not exist."; }
 
 } // namespace zv::settingsTexts

@@ -73,6 +73,8 @@ inline constexpr Text hidden = "Hide in the menu";
 
 // The recorder of shortcuts.
 inline constexpr Text recorder = "Shortcut"; ///< for assistive tools
+[[nodiscard]] std::string recorderWith(std::string const& value); ///< for assistive tools that read no values of buttons
+inline constexpr Button showOwner { "Show", "Shows the item that has this combination" };
 inline constexpr Text recorderHelp = "Click, then press the key combination you want.";
 inline constexpr Text recording = "Press keys…";
 inline constexpr Text noShortcut = "None";

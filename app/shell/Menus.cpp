@@ -2,13 +2,16 @@
 
 #include "app/lists/AllLists.h"
 #include "app/model/Locations.h"
+#include "app/search/SubmenuSearch.h"
 
 #include <utility>
 
 namespace zv {
 
 Menus::Menus(Parts parts)
-    : m_locations(locationsOf(parts.system))
+    : m_system(parts.system)
+    , m_chosen(parts.chosen)
+    , m_locations(locationsOf(parts.system))
     , m_confirmation(parts.desk.application, parts.desk.alerts)
     , m_session(parts.system.session.events, m_confirmation)
     , m_scripts(parts.system.session.scripts, [this] { return m_confirmation.confirmsForceQuit(); })
@@ -43,6 +46,13 @@ Menus::Menus(Parts parts)
                     .text = parts.looks.text },
           m_sources)
 {
+}
+
+std::shared_ptr<MenuSearch> Menus::searchBelow(Menu const& start) const
+{
+    return std::make_shared<SubmenuSearch>(
+        SubmenuSearch::Services { .builder = m_builder, .sources = m_sources, .files = m_system.files.disk, .tasks = m_system.time.tasks, .chosen = m_chosen },
+        start);
 }
 
 } // namespace zv

@@ -8,7 +8,9 @@
 #include "app/menu/FolderListings.h"
 #include "app/menu/MenuBuilder.h"
 #include "app/menu/MenuIcon.h"
+#include "app/menu/MenuSearch.h"
 #include "app/menu/OpeningKeys.h"
+#include "app/model/ChosenEntries.h"
 #include "platform/System.h"
 
 namespace zv {
@@ -24,6 +26,7 @@ public:
         Looks const& looks;
         Preferences const& preferences;
         ListedFolderSink& listedFolders;
+        ChosenEntries* chosen; ///< null where choices are not remembered
         MenuActions::Shell shell;
         EntryMenu::Shell entryShell;
     };
@@ -37,8 +40,12 @@ public:
     [[nodiscard]] MenuIcons& icons() { return m_icons; }
     [[nodiscard]] OpeningKeys& openingKeys() { return m_openingKeys; }
     [[nodiscard]] DynamicMenuProvider const& lists() const { return m_lists; }
+    /// A search through the submenus below an open menu.
+    [[nodiscard]] std::shared_ptr<MenuSearch> searchBelow(Menu const& start) const;
 
 private:
+    System const& m_system;
+    ChosenEntries* m_chosen;
     LocationServices m_locations;
     AlertConfirmation m_confirmation;
     SessionControl m_session;

@@ -17,11 +17,13 @@ ProgramParts::ProgramParts(Over over)
     , m_layout(over.surface.presence.keyboardLayout, m_notifications)
     , m_hotkeys(over.surface.presence.hotkeys, m_layout)
     , m_fileHotkeys({ .tasks = over.system.time.tasks, .reader = over.system.files.folders, .files = over.system.files.disk }, m_hotkeys)
+    , m_chosen({ .preferences = over.preferences, .files = over.system.files.disk, .tasks = over.system.time.tasks }, over.system.places.chosenFile)
     , m_menus({ .system = over.system,
           .desk = over.surface.desk,
           .looks = over.surface.looks,
           .preferences = over.preferences,
           .listedFolders = m_fileHotkeys,
+          .chosen = &m_chosen,
           .shell = actionShell(),
           .entryShell = entryShell() })
     , m_addToItems(ItemsFolder(over.system.places.itemsFolder, *over.system.files.disk, over.system.files.aliases),
@@ -40,7 +42,8 @@ MenuActions::Shell ProgramParts::actionShell()
 {
     return { .openSettingsWindow = [this] { m_over.settings.open(); },
         .canCheckForUpdates = [this] { return m_updater.canCheckForUpdates(); },
-        .checkForUpdates = [this] { m_updater.checkForUpdates(); } };
+        .checkForUpdates = [this] { m_updater.checkForUpdates(); },
+        .chosen = [this](std::string identity) { m_chosen.add(std::move(identity)); } };
 }
 
 EntryMenu::Shell ProgramParts::entryShell()
@@ -72,6 +75,7 @@ std::unique_ptr<StatusItemController> ProgramParts::makeStatusItem()
         .commands = m_menus.actions(),
         .layout = m_layout,
         .openingKeys = m_menus.openingKeys(),
+        .searchBelow = [this](Menu const& start) { return m_menus.searchBelow(start); },
         .hotkeys = m_hotkeys,
         .fileHotkeys = m_fileHotkeys,
         .notifications = m_notifications,

@@ -5,6 +5,7 @@
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/hotkeys/KeyboardLayout.h"
 #include "app/menubar/StatusItemController.h"
+#include "app/model/ChosenEntries.h"
 #include "app/model/MenuBackups.h"
 #include "app/model/MenuShortcut.h"
 #include "app/model/MenuStore.h"
@@ -64,6 +65,7 @@ private:
     KeyboardLayout m_layout;
     HotkeyCenter m_hotkeys;
     FileHotkeys m_fileHotkeys;
+    ChosenEntries m_chosen;
     Menus m_menus;
     AddToItemsService m_addToItems;
     std::unique_ptr<SettingsModels> m_settingsModels;

@@ -19,6 +19,7 @@ struct Places {
     std::string home; ///< the user's home folder
     Url itemsFolder;
     Url backupsFolder;
+    Url chosenFile; ///< what was chosen last; its folder is for the user alone
 };
 
 /// The seams of the program's own installation and updates.

@@ -56,6 +56,7 @@ struct ProgramHandlers {
     std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
     std::function<std::string()> hotkeys; ///< on Linux called on any thread
     std::function<std::string()> findings; ///< of the system's own survey, where the program knows more than a command
+    std::function<Result<void>()> canShowMenu {}; ///< empty where it always can
 };
 
 } // namespace zv

@@ -16,7 +16,8 @@ Places placesOf(ProgramPlaces const& paths, Environment environment)
         .environment = std::move(environment),
         .home = paths.user.home,
         .itemsFolder = Url::fromPath(paths.itemsFolder),
-        .backupsFolder = Url::fromPath(paths.backupsFolder) };
+        .backupsFolder = Url::fromPath(paths.backupsFolder),
+        .chosenFile = Url::fromPath(paths.chosenFile) };
 }
 
 /// The one that the user has chosen, and the usual one. A user without any may have chosen the home folder, which is none.

@@ -5,11 +5,12 @@
 #include "base/Log.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
+#include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
+#include "platform/linux/wayland/StageMenuPlacer.h"
 
-#include <QCursor>
 #include <QDBusConnectionInterface>
 #include <QFile>
 #include <QGuiApplication>
@@ -56,6 +57,25 @@ LookSources lookSources(LinuxFiles const& files)
     return sources;
 }
 
+bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
+{
+    QProcessEnvironment variables;
+    for (auto const& [name, value] : environment)
+        variables.insert(QString::fromStdString(name), QString::fromLocal8Bit(value.c_str()));
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setProcessEnvironment(variables);
+    return process.startDetached();
+}
+
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland)
+{
+    if (wayland)
+        return std::make_unique<StageMenuPlacer>(*wayland);
+    return std::make_unique<DesktopMenuPlacer>();
+}
+
 /// The desktops' autostart settings; the first installed one is used.
 std::vector<std::vector<std::string>> const& autostartSettings()
 {
@@ -82,7 +102,9 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_presenter(m_performer)
+    , m_wayland(WaylandGlobals::ofToolkit())
+    , m_placer(menuPlacer(m_wayland.get()))
+    , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
     , m_keyboard(m_timers, m_bus, sessionKind())
@@ -182,21 +204,23 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .quit = [this] { m_application.terminate(); },
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
         .hotkeys = [this] { return publishedHotkeys(); },
-        .findings = {} };
+        .findings = {},
+        .canShowMenu = [this] { return canShowMenu(); } };
+}
+
+Result<void> LinuxFrontEnd::canShowMenu() const
+{
+    if (m_placer->reach() == MenuPlacer::Reach::nowhere)
+        return Failure { std::string(noWindowText) };
+    return {};
 }
 
 /// Opens the menu at the place; without one, where the icon was clicked last, else at the pointer.
 void LinuxFrontEnd::showMenu(std::optional<RunningProgram::ScreenPoint> at)
 {
-    if (!canPlaceWindows()) {
-        logLine("a menu can be put on the screen on X11 only; click its icon in the panel instead");
-        return;
-    }
     auto const* statusItem = m_app->delegate().statusItem();
-    if (!statusItem)
-        return;
-    auto const usual = [this] { return m_statusBar.lastClick().value_or(QCursor::pos()); };
-    m_presenter.open(statusItem->menu(), at ? QPointF(at->x, at->y).toPoint() : usual());
+    if (statusItem)
+        m_presenter.open(statusItem->menu(), at ? QPointF(at->x, at->y).toPoint() : m_statusBar.lastClick());
 }
 
 /// Passes a press on the corner on, which closed the icon's menu. The corner's own is just closed.
@@ -242,7 +266,7 @@ bool LinuxFrontEnd::openAutostartSettings()
             arguments << QString::fromStdString(word);
         auto const program = QStandardPaths::findExecutable(arguments.takeFirst());
         if (!program.isEmpty())
-            return QProcess::startDetached(program, arguments);
+            return startDetached(program, arguments, m_files.environment());
     }
     return false;
 }

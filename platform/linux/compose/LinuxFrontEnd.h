@@ -8,6 +8,7 @@
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/looks/LookFollower.h"
+#include "platform/linux/menu/MenuPlacer.h"
 #include "platform/linux/menu/QtMenuHost.h"
 #include "platform/linux/menu/QtTextMeasure.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
@@ -20,6 +21,7 @@
 #include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
+#include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
 #include "platform/linux/windows/QtAlerts.h"
@@ -61,6 +63,7 @@ private:
     void publishHotkeys();
     [[nodiscard]] std::string publishedHotkeys();
     [[nodiscard]] int openSettingsOfOther();
+    [[nodiscard]] Result<void> canShowMenu() const;
     void showMenu(std::optional<RunningProgram::ScreenPoint> at);
 
     LinuxFiles m_files;
@@ -84,6 +87,8 @@ private:
 
     QtModifierKeys m_modifierKeys;
     MenuPerformer m_performer;
+    std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
+    std::unique_ptr<MenuPlacer> m_placer;
     MenuPresenter m_presenter;
     QtMenuHost m_menuHost;
     StatusNotifierBar m_statusBar;

@@ -1,5 +1,8 @@
 #include "platform/linux/compose/ProcessEnvironment.h"
 
+#include "platform/linux/posix/LaunchContext.h"
+
+#include <cstdlib>
 #include <string_view>
 #include <unistd.h>
 
@@ -14,6 +17,14 @@ Environment processEnvironment()
             environment.emplace(text.substr(0, equals), text.substr(equals + 1));
     }
     return environment;
+}
+
+void setForThisProgramAlone(char const* name, char const* value)
+{
+    if (::getenv(name))
+        return;
+    ::setenv(name, value, 1);
+    keepFromChildren(name);
 }
 
 } // namespace zv

@@ -64,9 +64,12 @@ QRect EntryAccessible::rect() const { return menuWindow()->actionGeometry(action
 QString EntryAccessible::text(QAccessible::Text text) const
 {
     auto const* entry = dynamic_cast<EntryAction const*>(action());
+    bool const isFound = entry && !entry->spokenWay().isEmpty();
+    if (text == QAccessible::Name && !action()->statusTip().isEmpty())
+        return action()->statusTip();
     if (text == QAccessible::Name)
-        return action()->statusTip().isEmpty() ? withoutMarks(action()->text()) : action()->statusTip();
-    return text == QAccessible::Accelerator && entry ? entry->column() : QString();
+        return withoutMarks(action()->text()) + (isFound ? QLatin1String(", ") + entry->spokenWay() : QString());
+    return text == QAccessible::Accelerator && entry && !isFound ? entry->column() : QString();
 }
 
 void* EntryAccessible::interface_cast(QAccessible::InterfaceType type)

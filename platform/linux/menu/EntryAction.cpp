@@ -6,6 +6,7 @@
 #include "platform/linux/menu/ShortcutText.h"
 
 #include <QFont>
+#include <QGuiApplication>
 #include <QTextDocument>
 
 #include <cmath>
@@ -13,6 +14,10 @@
 namespace zv {
 
 namespace {
+
+constexpr QChar rightToLeftIsolate = u'\u2067';
+constexpr QChar closedIsolate = u'\u2069';
+constexpr int mostWayLines = 16; // maximum width of a way, in heights of its line
 
 /// The title with "&" doubled, so that it is shown.
 QString actionText(MenuEntry const& entry)
@@ -66,6 +71,19 @@ void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)
     bool const isHint = entry.keyEquivalent.empty() && entry.attributedTitle;
     m_columnEnd = isHint ? static_cast<int>(std::ceil(entry.attributedTitle->hintTab)) : 0;
     setData(columnKeysOf(entry).text()); // kept out of the text, which assistive tools read out as the entry's name
+    m_spokenWay.clear();
+    if (entry.way)
+        showWay(*entry.way, metrics);
+}
+
+/// Shows the way from the right to the left where the menu is read so.
+void EntryAction::showWay(EntryWay const& way, QFontMetrics const& metrics)
+{
+    m_spokenWay = QString::fromStdString(way.spoken);
+    auto text = QString::fromStdString(way.text);
+    if (QGuiApplication::isRightToLeft())
+        text = rightToLeftIsolate + text.replace(u'▸', u'◂') + closedIsolate;
+    setData(metrics.elidedText(text, Qt::ElideMiddle, mostWayLines * metrics.height()));
 }
 
 void EntryAction::showIcon(ImageRef const& image)

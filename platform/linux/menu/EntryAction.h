@@ -10,6 +10,7 @@
 namespace zv {
 
 class MenuActionTarget;
+struct EntryWay;
 struct MenuEntry;
 
 /// An entry of a menu window, another one each time the menu opens. Unchanged properties are left
@@ -28,13 +29,16 @@ public:
     void fetchIcon();
 
     [[nodiscard]] std::shared_ptr<MenuActionTarget> const& target() const { return m_target; }
-    /// The text at the right of the title.
+    /// The text at the right of the title: its shortcut, or the way to an entry that was found.
     [[nodiscard]] QString column() const { return data().toString(); }
+    /// The way to an entry that was found, for those who hear it; empty for others.
+    [[nodiscard]] QString const& spokenWay() const { return m_spokenWay; }
     /// Where the column ends, in pixels from the title's start; 0 for the menu's edge.
     [[nodiscard]] int columnEnd() const { return m_columnEnd; }
 
 private:
     void showText(MenuEntry const& entry, QFontMetrics const& metrics);
+    void showWay(EntryWay const& way, QFontMetrics const& metrics);
     void showIcon(ImageRef const& image);
     void setIconIfOther(QIcon const& icon);
 
@@ -42,6 +46,7 @@ private:
     std::shared_ptr<void> m_represented;
     ImageRef m_awaited;
     int m_columnEnd = 0;
+    QString m_spokenWay;
     bool m_isShortened = false; ///< the title was cut, and the whole is the tool tip
 };
 

@@ -2,12 +2,14 @@
 
 #include "platform/linux/menu/EntryAccessible.h"
 #include "platform/linux/menu/EntryAction.h"
+#include "platform/linux/menu/FoundEntries.h"
 #include "platform/linux/menu/MenuMirror.h"
 #include "platform/linux/menu/MenuWindow.h"
 #include "platform/linux/menu/QuietChanges.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QWidgetAction>
 
 #include <algorithm>
@@ -29,8 +31,11 @@ MenuTyping::MenuTyping(MenuWindow& window, MenuMirror const& mirror)
 {
 }
 
+MenuTyping::~MenuTyping() = default;
+
 void MenuTyping::begin()
 {
+    end();
     m_filter.clear();
     m_window.setMinimumWidth(0);
 }
@@ -138,13 +143,18 @@ bool MenuTyping::choseByShortcut(QKeyEvent const& event)
 
 void MenuTyping::filter()
 {
-    auto const* selected = m_window.activeAction();
+    QPointer<QAction const> const selected = m_window.activeAction();
     auto const visible = m_filter.visibleEntries();
+    m_matches = std::count(visible.begin(), visible.end(), true);
+    if (!m_found)
+        m_found = std::make_unique<FoundEntries>(m_window, [this] { answered(); });
+    m_found->find(m_filter.text(), static_cast<std::size_t>(m_matches));
     {
         QuietChanges const quiet(m_window);
         for (std::size_t i = 0; i < visible.size(); ++i)
             m_mirror.actions()[i]->setVisible(visible[i]);
-        showLine(std::count(visible.begin(), visible.end(), true));
+        m_found->show();
+        showLine();
     }
     m_window.setActiveAction(nullptr);
     m_window.layOutAgain();
@@ -152,18 +162,71 @@ void MenuTyping::filter()
         selectFirst();
     else if (selected)
         select(*selected);
-    announceText(*m_line);
+    if (!m_found->isSearching())
+        announceText(*m_line);
 }
 
-void MenuTyping::showLine(std::ptrdiff_t matches)
+/// Shows what was found; what is at hand stays in its place.
+void MenuTyping::answered()
+{
+    if (!isFiltering() || !m_line)
+        return;
+    auto* const selected = m_window.activeAction();
+    if (!isAtHand()) {
+        bool const isFirst = !selected || foundEntryOf(selected);
+        {
+            QuietChanges const quiet(m_window);
+            m_found->show();
+            showLine();
+        }
+        m_window.setActiveAction(nullptr);
+        m_window.layOutAgain();
+        isFirst ? selectFirst() : select(*selected);
+    }
+    if (!m_found->isSearching())
+        announceText(*m_line);
+}
+
+/// Whether the hand has gone on from the first entry to one that was found, or to the selected entry's submenu.
+bool MenuTyping::isAtHand() const
+{
+    auto const* selected = m_window.activeAction();
+    if (!selected)
+        return false;
+    auto const all = m_window.actions();
+    auto const* first = *std::find_if(all.begin(), all.end(), isSelectable);
+    bool const isOpen = m_window.showsEntryMenu() || (selected->menu() && selected->menu()->isVisible());
+    return isOpen || (selected != first && foundEntryOf(selected));
+}
+
+MenuEntry const* MenuTyping::foundEntryOf(QAction const* action) const { return m_found ? m_found->entryOf(action) : nullptr; }
+
+void MenuTyping::fetchIconsSoon()
+{
+    if (m_found)
+        m_found->fetchIconsSoon();
+}
+
+/// Ends the search, but leaves its entries, one of which may have been chosen.
+void MenuTyping::end()
+{
+    if (m_found)
+        m_found->end();
+}
+
+std::ptrdiff_t MenuTyping::matchCount() const { return m_matches + static_cast<std::ptrdiff_t>(m_found->count()); }
+
+void MenuTyping::showLine()
 {
     if (!m_line)
         addLine();
+    auto const instead = m_found->isSearching() ? MenuSearch::searching : MenuFilter::noMatches;
     m_line->setVisible(isFiltering());
     m_line->setText(QString::fromStdString(m_filter.text()));
     m_lineText->setText(m_line->text());
-    m_line->setStatusTip(QString::fromStdString(m_filter.announcement(matches)));
-    m_noMatches->setVisible(isFiltering() && matches == 0);
+    m_line->setStatusTip(QString::fromStdString(m_filter.announcement(matchCount(), instead)));
+    m_noMatches->setText(QString::fromUtf8(instead.data(), static_cast<qsizetype>(instead.size())));
+    m_noMatches->setVisible(isFiltering() && matchCount() == 0);
 }
 
 /// Adds a first line with the typed text. The menu keeps its width, so that it does not jump.
@@ -179,7 +242,7 @@ void MenuTyping::addLine()
     palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Active, QPalette::Highlight));
     m_lineText->setPalette(palette);
     m_line = line;
-    m_noMatches = new QAction(QString::fromUtf8(MenuFilter::noMatches.data(), MenuFilter::noMatches.size()), &m_window);
+    m_noMatches = new QAction(&m_window);
     m_noMatches->setEnabled(false);
     m_window.insertActions(m_window.actions().value(0), { m_line, m_noMatches });
     m_window.setMinimumWidth(m_window.width());
@@ -187,6 +250,8 @@ void MenuTyping::addLine()
 
 void MenuTyping::dropLine()
 {
+    if (m_found)
+        m_found->drop();
     delete std::exchange(m_line, nullptr);
     delete std::exchange(m_noMatches, nullptr);
     m_lineText = nullptr;

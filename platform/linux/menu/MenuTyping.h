@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <memory>
 
 class QAction;
 class QKeyEvent;
@@ -12,14 +13,19 @@ class QLabel;
 
 namespace zv {
 
+class FoundEntries;
 class MenuMirror;
 class MenuWindow;
+struct MenuEntry;
 
-/// The keys of an open menu: they move, filter by typed text, and choose.
+/// The keys of an open menu: they move, filter and search by typed text, and choose.
 class MenuTyping {
 public:
     /// Both outlive it.
     MenuTyping(MenuWindow& window, MenuMirror const& mirror);
+    ~MenuTyping();
+    MenuTyping(MenuTyping const&) = delete;
+    MenuTyping& operator=(MenuTyping const&) = delete;
 
     /// Starts with nothing typed, as the menu is about to open.
     void begin();
@@ -29,12 +35,17 @@ public:
     /// False for a key that the toolkit handles.
     bool takes(QKeyEvent const& event);
     [[nodiscard]] bool isFiltering() const { return !m_filter.isEmpty(); }
-    /// Shows the entries that match the typed text, and selects the first.
+    /// Shows the entries that match the typed text, looks for more below them, and selects the first.
     void filter();
+    /// Ends the search, as the menu closes.
+    void end();
 
     /// Whether the line with the typed text is part of the menu, perhaps empty.
     [[nodiscard]] bool hasLine() const { return m_line != nullptr; }
     void dropLine();
+    /// The entry of an action that the search has found; null for others.
+    [[nodiscard]] MenuEntry const* foundEntryOf(QAction const* action) const;
+    void fetchIconsSoon();
 
     void selectFirst();
     /// Selects the entry with that text; nothing where there is none.
@@ -48,13 +59,18 @@ private:
     bool moved(int key);
     bool choseByShortcut(QKeyEvent const& event);
     void press(int key, int times = 1);
+    void answered();
+    [[nodiscard]] bool isAtHand() const;
     void select(QAction const& wanted);
     void addLine();
-    void showLine(std::ptrdiff_t matches);
+    void showLine();
+    [[nodiscard]] std::ptrdiff_t matchCount() const;
 
     MenuWindow& m_window;
     MenuMirror const& m_mirror;
     MenuFilter m_filter;
+    std::unique_ptr<FoundEntries> m_found; ///< null until something was typed
+    std::ptrdiff_t m_matches = 0; ///< in the menu itself
     QAction* m_line = nullptr;
     QLabel* m_lineText = nullptr; ///< its label, owned by the line
     QAction* m_noMatches = nullptr; ///< present with the line

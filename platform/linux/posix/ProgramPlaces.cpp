@@ -38,6 +38,7 @@ ProgramPlaces ProgramPlaces::of(Environment const& environment)
         .settingsFile = user.config + name + "/org.zanthevell.ZantheVell.plist",
         .itemsFolder = user.data + name + "/Zanthe Vell Items",
         .backupsFolder = user.data + name + "/Backups",
+        .chosenFile = user.data + name + "/Search/Chosen.plist",
         .launchLog = user.state + name + "/launches",
         .downloadsFolder = user.cache + name,
         .instanceLock = sessionFolder(user) + name + ".lock",

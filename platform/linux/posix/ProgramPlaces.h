@@ -11,6 +11,7 @@ struct ProgramPlaces {
     std::string settingsFile;
     std::string itemsFolder;
     std::string backupsFolder;
+    std::string chosenFile; ///< what was chosen last
     std::string launchLog; ///< log of the applications started from a menu
     std::string downloadsFolder;
     std::string instanceLock; ///< the file that the running program holds locked

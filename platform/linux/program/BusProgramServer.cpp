@@ -137,17 +137,19 @@ void BusProgramServer::perform(QDBusMessage const& message, QDBusConnection cons
 /// Performs the request after the answer is sent, so that callers do not wait for it.
 void BusProgramServer::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
 
-BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&)
+BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&) { return showMenuAt(std::nullopt); }
+
+BusProgramServer::Answer BusProgramServer::showMenuAt(std::optional<RunningProgram::ScreenPoint> at)
 {
-    later([this] { m_handlers.showMenu(std::nullopt); });
+    if (auto const can = m_handlers.canShowMenu ? m_handlers.canShowMenu() : Result<void>(); !can)
+        return Failure { can.error() };
+    later([this, at] { m_handlers.showMenu(at); });
     return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::showMenuAt(QVariantList const& arguments)
 {
-    RunningProgram::ScreenPoint const at { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) };
-    later([this, at] { m_handlers.showMenu(at); });
-    return QVariantList {};
+    return showMenuAt(RunningProgram::ScreenPoint { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) });
 }
 
 BusProgramServer::Answer BusProgramServer::openSettings(QVariantList const&)

@@ -50,6 +50,8 @@ private:
     void bringStateBack();
     void refreshInspector();
     void edited(MenuEdit const& edit);
+    void selectLater(std::set<Uuid> ids);
+    void enablePaste();
 
     SettingsModels& m_models;
     MenuTreeModel m_tree;
@@ -58,6 +60,9 @@ private:
     QTreeView* m_outline;
     InspectorView* m_inspector;
     QList<QAction*> m_selectionActions; ///< enabled only with a selection
+    QAction* m_paste = nullptr;
+    QAction* m_up = nullptr;
+    QAction* m_down = nullptr;
     QPushButton* m_remove = nullptr;
     std::set<Uuid> m_keptSelection;
     std::set<Uuid> m_keptExpanded;

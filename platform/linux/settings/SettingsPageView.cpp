@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -101,6 +102,8 @@ public:
             fill(*choices);
         else if (auto* label = qobject_cast<QLabel*>(m_widget))
             label->setText(text(row.title));
+        else if (row.kind == SettingsRow::Kind::pullDown)
+            offer();
         else if (auto* recorder = dynamic_cast<RecorderField*>(m_widget))
             recorder->setSpec(row.shortcut);
     }
@@ -117,6 +120,8 @@ private:
             return takeRecorder(makeRecorder());
         case SettingsRow::Kind::button:
             return makeButton();
+        case SettingsRow::Kind::pullDown:
+            return makePullDown();
         case SettingsRow::Kind::note:
             return makeNote();
         }
@@ -153,6 +158,24 @@ private:
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         connect(button, &QPushButton::clicked, this, [this] { later([](SettingsRow const& row) { row.press(); }); });
         m_widget = button;
+    }
+
+    void makePullDown()
+    {
+        auto* button = settingsButton(text(m_row.title));
+        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        m_menu = new QMenu(button);
+        // Not the button's own menu, which would keep assistive programs waiting until it is closed.
+        connect(button, &QPushButton::clicked, this, [this, button] { m_menu->popup(button->mapToGlobal(QPoint(0, button->height()))); });
+        m_widget = button;
+    }
+
+    void offer()
+    {
+        m_menu->clear();
+        for (auto const& choice : m_row.choices) {
+            m_menu->addAction(text(choice.title), this, [this, value = choice.value] { later([value](SettingsRow const& row) { row.choose(value); }); });
+        }
     }
 
     void makeNote()
@@ -195,6 +218,7 @@ private:
 
     SettingsRow m_row;
     QWidget* m_widget = nullptr;
+    QMenu* m_menu = nullptr; ///< of a button that pulls down
 };
 
 SettingsPageView::SettingsPageView(MakeRecorder makeRecorder)

@@ -22,7 +22,8 @@ Places placesOfThisProgram()
         .environment = processEnvironment(),
         .home = homeFolder().path(),
         .itemsFolder = itemsFolder(),
-        .backupsFolder = backupsFolder() };
+        .backupsFolder = backupsFolder(),
+        .chosenFile = chosenFile() };
 }
 
 } // namespace

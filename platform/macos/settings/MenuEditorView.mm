@@ -95,6 +95,8 @@ NSImage* warning(std::string const& spoken)
         [[ZVLibrary alloc] initWithModels:models
                                       add:[editor](zv::LibraryEntry const& entry) { editor->_models->editor().addEntry(entry, [editor insertPosition]); }];
     _models->editor().onEdit = _lifetime.guard([editor](zv::MenuEdit const& edit) { [editor edited:edit]; });
+    _inspector->onShowItem = [editor](zv::Uuid const& item) { [editor showItem:item]; };
+    _models->editor().undoLast = _lifetime.guard([editor] { [editor->_undoManager undo]; });
     [self makeViews];
     [self layTree];
     return self;
@@ -103,6 +105,7 @@ NSImage* warning(std::string const& spoken)
 - (void)dealloc
 {
     _models->editor().onEdit = nullptr;
+    _models->editor().undoLast = nullptr;
 #if !__has_feature(objc_arc)
     [super dealloc];
 #endif
@@ -331,10 +334,8 @@ NSImage* warning(std::string const& spoken)
     [_undoManager registerUndoWithTarget:self
                                  handler:^(ZVMenuEditor* editor) {
                                      bool const goesBack = direction == Direction::back;
-                                     if (goesBack)
-                                         editor->_models->editor().undo(*edit);
-                                     else
-                                         editor->_models->editor().redo(*edit);
+                                     auto& models = editor->_models->editor();
+                                     editor->_toSelect = goesBack ? models.undo(*edit) : models.redo(*edit);
                                      [editor registerStep:edit direction:goesBack ? Direction::forward : Direction::back];
                                  }];
     [_undoManager setActionName:zv::toNSString(edit->name)];

@@ -14,9 +14,11 @@ struct SystemEventsBridgeTest : testing::Test {
     {
         std::string result = "not answered";
         bridge.run(*SystemEventsBridge::scriptFor(MenuItemKind::forceQuit), [&](auto const& ran) { result = ran ? "" : ran.error().description(); });
+        time.runTasks();
         return result;
     }
-    fakes::FakeScriptRunner runner;
+    fakes::FakeTime time;
+    fakes::FakeScriptRunner runner { time };
     int told = 0;
     bool goesOn = true;
     SystemEventsBridge bridge { runner, [this] {

@@ -31,7 +31,7 @@ TEST_F(PreferencesTest, AFreshAccountHasTheDefaultsAndStoresNothing)
     EXPECT_EQ(defaults.registered,
         (PropertyListDictionary { { "ReplaceAppleMenu", true }, { "ShowStatusItem", true }, { "RainbowAppleLogo", true }, { "ShowIcons", true },
             { "ShowHiddenFiles", false }, { "SortFoldersFirst", true }, { "RecentItemsLimit", 20 }, { "ScanDepth", 10 }, { "MaximumItemsPerFolder", 250 },
-            { "HotkeyPrescanDepth", 0 } }));
+            { "HotkeyPrescanDepth", 0 }, { "RememberChoices", true } }));
 }
 
 TEST_F(PreferencesTest, EachSettingIsWrittenUnderItsOwnKeyWithItsType)
@@ -46,10 +46,11 @@ TEST_F(PreferencesTest, EachSettingIsWrittenUnderItsOwnKeyWithItsType)
     preferences().setMaximumScanDepth(3);
     preferences().setMaximumItemsPerFolder(500);
     preferences().setHotkeyPrescanDepth(-1);
+    preferences().setRemembersChoices(false);
     EXPECT_EQ(defaults.stored,
         (PropertyListDictionary { { "ReplaceAppleMenu", false }, { "ShowStatusItem", false }, { "RainbowAppleLogo", false }, { "ShowIcons", false },
             { "ShowHiddenFiles", true }, { "SortFoldersFirst", false }, { "RecentItemsLimit", 5 }, { "ScanDepth", 3 }, { "MaximumItemsPerFolder", 500 },
-            { "HotkeyPrescanDepth", -1 } }));
+            { "HotkeyPrescanDepth", -1 }, { "RememberChoices", false } }));
     EXPECT_EQ(preferences().maximumScanDepth(), 3);
 }
 

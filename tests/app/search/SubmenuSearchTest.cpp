@@ -1,0 +1,118 @@
+#include "app/menu/MenuSearch.h"
+#include "tests/app/shell/ProgramFixture.h"
+
+namespace zv {
+namespace {
+
+using Kind = MenuItemKind;
+using Reader = fakes::FakeFolderReader;
+
+constexpr char const* chosenFile = "/data/Search/Chosen.plist";
+
+/// The whole program, whose menu is searched.
+struct SubmenuSearchTest : ProgramFixture {
+    void SetUp() override
+    {
+        auto& folders = machine.folders->folders;
+        folders["/docs"] = { Reader::folder("Taxes"), { "tax.txt" }, { "link", { true, false } }, Reader::folder("Server"), Reader::package("Tax.app") };
+        folders["/docs/Taxes"] = { { "return-*[cmd+opt+X]*.txt" }, { "-***" }, Reader::folder("Taxation") };
+        folders["/docs/Taxes/Taxation"] = { { "taxed.txt" } };
+        folders["/docs/Tax.app"] = { { "tax inside" } };
+        machine.folders->remote = { "/docs/Server" };
+        machine.files.addFolder("/docs");
+        machine.files.addLink("/docs/link", "/docs");
+        machine.folders->folders["/data/Items"] = { { "Tax item" } };
+        auto documents = fileItem("/docs");
+        documents.title = "Documents";
+        documents.scanDepth = 1;
+        auto group = item(Kind::submenu);
+        group.title = "Group";
+        group.children = { documents, item(Kind::sleep), item(Kind::zantheVellItems) };
+        launchWith({ group, item(Kind::restart) });
+    }
+    /// Opens the menu anew and finds the titles, each with its way.
+    Lines find(std::string const& text, std::size_t matches = 0)
+    {
+        opened = &menu();
+        search = opened->searchBelow(*opened);
+        search->onFound = [this](MenuSearch::Found found) { last = std::move(found); };
+        search->find(text, matches);
+        machine.time.runTasks();
+        EXPECT_TRUE(last.isFinal);
+        return shown();
+    }
+    Lines shown() const
+    {
+        Lines lines;
+        for (auto const& entry : last.entries)
+            lines.push_back(entry.visibleTitle() + " " + entry.way->spoken);
+        return lines;
+    }
+
+    Menu* opened = nullptr;
+    std::shared_ptr<MenuSearch> search;
+    MenuSearch::Found last;
+};
+
+TEST_F(SubmenuSearchTest, FindsWhatTheSubmenusBelowShow)
+{
+    auto const rows = std::to_array<std::tuple<std::string, std::size_t, Lines>>({
+        { "tax", 0,
+            { "Tax item in Group, Zanthe Vell Items", "Tax.app in Group, Documents", "tax.txt in Group, Documents", "Taxes in Group, Documents",
+                "Taxation in Group, Documents, Taxes" } }, // not deeper than the menu, not into applications, each once
+        { "sle", 7, { "Sleep in Group" } },
+        { "sle", 8, {} }, // enough of the menu's own
+        { "return", 0, { "return.txt in Group, Documents, Taxes" } },
+        { "", 0, {} },
+        { "docu", 0, { "Documents in Group" } },
+    });
+    for (auto const& [text, matches, lines] : rows)
+        EXPECT_EQ(find(text, matches), lines) << text;
+    EXPECT_EQ(machine.folders->readings.count("/docs/Server"), 0U) << "nothing remote";
+    EXPECT_EQ(last.entries.at(0).way->text, "\u2068Group\u2069");
+    EXPECT_NE(last.entries.at(0).submenu, nullptr) << "found entries are like any other";
+}
+
+TEST_F(SubmenuSearchTest, AnswersTheLastTextAloneAndReadsOnceUntilTheMenuCloses)
+{
+    find("tax");
+    auto const readings = machine.folders->readings;
+    int answers = 0;
+    search->onFound = [&](MenuSearch::Found const& found) { ++answers, last = found; };
+    search->find("return", 0);
+    search->find("taxa", 0);
+    machine.time.runTasks();
+    EXPECT_EQ(shown(), Lines { "Taxation in Group, Documents, Taxes" });
+    EXPECT_EQ(answers, 1) << "an answer to an earlier text never comes";
+    EXPECT_EQ(machine.folders->readings, readings) << "what was read serves the next text";
+
+    machine.folders->readings.clear();
+    search = opened->searchBelow(*opened);
+    search->find("tax", 0);
+    search = nullptr;
+    machine.time.runTasks();
+    EXPECT_TRUE(machine.folders->readings.empty()) << "a closed menu searches nothing";
+}
+
+TEST_F(SubmenuSearchTest, WhatWasChosenLastComesFirstUnlessItIsNotToBeRemembered)
+{
+    auto const choose = [this](std::string const& text) { find(text), last.entries.at(0).target->invoke(), machine.time.runTasks(); };
+    choose("tax.txt");
+    choose("Tax.app");
+    EXPECT_EQ(find("tax").at(0), "Tax.app in Group, Documents");
+    EXPECT_EQ(find("tax").at(1), "tax.txt in Group, Documents");
+    ASSERT_TRUE(machine.files.exists(Url::fromPath(chosenFile)));
+    app.reset();
+    launch();
+    EXPECT_EQ(find("tax").at(0), "Tax.app in Group, Documents") << "also after a new start";
+
+    app->delegate().preferences().setRemembersChoices(false);
+    machine.time.runTasks();
+    EXPECT_FALSE(machine.files.exists(Url::fromPath(chosenFile))) << "turned off, all is forgotten";
+    choose("Tax.app");
+    EXPECT_EQ(find("tax").at(0), "Tax item in Group, Zanthe Vell Items");
+    EXPECT_FALSE(machine.files.exists(Url::fromPath(chosenFile)));
+}
+
+} // namespace
+} // namespace zv
