@@ -92,8 +92,7 @@ DynamicSubmenuDelegate::DynamicSubmenuDelegate(DynamicMenuSource source, EntrySu
 void DynamicSubmenuDelegate::menuNeedsUpdate(Menu& menu)
 {
     assertMainThread();
-    ++m_opening;
-    m_patience.reset();
+    ++m_opening; // what an earlier opening still waits for is dropped
     m_hasHead = m_sources.openingKeys.option() == OptionKey::held;
     m_isFilling = true;
     std::visit([&](auto const& source) { fill(menu, source); }, m_source.value);
