@@ -5,7 +5,6 @@
 #include "base/Log.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
-#include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
@@ -14,6 +13,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QFile>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -44,6 +44,17 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
     return options;
+}
+
+LookSources lookSources(LinuxFiles const& files)
+{
+    auto const& user = files.paths().user;
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    LookSources sources {
+        .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = { user.data }, .desktops = files.audience().desktops
+    };
+    sources.dataFolders.insert(sources.dataFolders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    return sources;
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -78,6 +89,7 @@ std::vector<std::vector<std::string>> const& autostartSettings()
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
     : m_files(std::move(environment))
     , m_application(count, arguments)
+    , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, handlers(), m_files.paths().instanceLock)
@@ -108,7 +120,6 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
 {
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
-    adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
 LinuxFrontEnd::~LinuxFrontEnd() = default;
@@ -118,7 +129,7 @@ int LinuxFrontEnd::run()
     if (!m_instance.claim())
         return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
-    m_colorScheme = std::make_unique<ColorScheme>(m_bus);
+    m_look.useBus(m_bus);
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
     publishHotkeys();
@@ -174,7 +185,7 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_keyboard.useBus(bus);
     m_userNotifications.useBus(bus);
     m_system.useBus(bus);
-    m_colorScheme = std::make_unique<ColorScheme>(bus);
+    m_look.useBus(bus);
 }
 
 void LinuxFrontEnd::watchSettings()

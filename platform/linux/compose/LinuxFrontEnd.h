@@ -7,13 +7,13 @@
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
+#include "platform/linux/looks/LookFollower.h"
 #include "platform/linux/menu/MenuPlacer.h"
 #include "platform/linux/menu/QtMenuHost.h"
 #include "platform/linux/menu/QtTextMeasure.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 #include "platform/linux/program/SingleInstance.h"
 #include "platform/linux/settings/QtSettingsWindow.h"
-#include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
@@ -68,6 +68,7 @@ private:
 
     LinuxFiles m_files;
     LinuxApplication m_application;
+    LookFollower m_look;
     DesktopAccess m_access;
     QDBusConnection m_bus;
     std::mutex m_reporting; ///< guards the report
@@ -105,7 +106,6 @@ private:
     QtSettingsWindow m_settingsWindow;
 
     std::unique_ptr<ZantheVellApp> m_app;
-    std::unique_ptr<ColorScheme> m_colorScheme;
     std::unique_ptr<QSocketNotifier> m_settingsWatch;
     TerminationSignals m_signals;
 };
