@@ -27,6 +27,8 @@ namespace zv {
 
 namespace {
 
+QString const trayName = QStringLiteral("org.kde.StatusNotifierWatcher");
+
 /// Local feeds are allowed where resources are given, for trials.
 DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
 
@@ -130,6 +132,7 @@ int LinuxFrontEnd::run()
         return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_look.useBus(m_bus);
+    watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
     publishHotkeys();
@@ -186,6 +189,8 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_userNotifications.useBus(bus);
     m_system.useBus(bus);
     m_look.useBus(bus);
+    watchForTray();
+    m_trayObservers.changed(0);
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -255,8 +260,16 @@ std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd
 
 bool LinuxFrontEnd::statusIconsAreShown() const
 {
+    m_trayObservers.access(0);
     auto* bus = m_bus.interface();
-    return bus && bus->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    return bus && bus->isServiceRegistered(trayName);
+}
+
+/// Tells when a tray comes or goes: whoever asked may answer differently then.
+void LinuxFrontEnd::watchForTray()
+{
+    m_trayWatch = std::make_unique<QDBusServiceWatcher>(trayName, m_bus);
+    QObject::connect(m_trayWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, m_trayWatch.get(), [this] { m_trayObservers.changed(0); });
 }
 
 bool LinuxFrontEnd::openAutostartSettings()

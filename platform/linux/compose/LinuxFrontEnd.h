@@ -29,6 +29,7 @@
 #include "platform/linux/windows/QtFilePanels.h"
 #include "platform/linux/windows/QtNotesWindows.h"
 
+#include <QDBusServiceWatcher>
 #include <QSocketNotifier>
 
 #include <condition_variable>
@@ -58,6 +59,7 @@ private:
     [[nodiscard]] UpdateEngineFactory updateEngine();
     [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
+    void watchForTray();
     bool openAutostartSettings();
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
@@ -95,6 +97,8 @@ private:
     MenuPresenter m_presenter;
     QtMenuHost m_menuHost;
     StatusNotifierBar m_statusBar;
+    std::unique_ptr<QDBusServiceWatcher> m_trayWatch;
+    ObservationRegistrar m_trayObservers;
     LinuxHotkeys m_keyboard;
     std::unique_ptr<OverlayFrontEnd> m_overlay;
 
