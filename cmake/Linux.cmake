@@ -17,7 +17,7 @@ zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
 # The rooms without a toolkit, apart from those over Qt, X11 and D-Bus.
 set(plain_rooms posix entries files store text bus apps machine session install)
-set(toolkit_rooms toolkit x11 icons menu tray hotkeys overlay windows settings updates program doctor)
+set(toolkit_rooms toolkit x11 icons looks menu tray hotkeys overlay windows settings updates program doctor)
 list(TRANSFORM plain_rooms PREPEND platform/linux/ OUTPUT_VARIABLE plain_folders)
 list(TRANSFORM toolkit_rooms PREPEND platform/linux/ OUTPUT_VARIABLE toolkit_folders)
 zv_library(zv_linux FOLDERS ${plain_folders} LINK zv_base ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT PkgConfig::GIO PkgConfig::SODIUM Threads::Threads)

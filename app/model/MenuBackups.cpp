@@ -77,6 +77,7 @@ MenuBackups::MenuBackups(Services services, Url folder)
 std::vector<MenuBackup> MenuBackups::list() const
 {
     assertMainThread();
+    m_observers.access(0);
     auto const names = m_services.files.names(m_folder);
     std::vector<MenuBackup> backups;
     if (!names)
@@ -111,6 +112,7 @@ Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool
     if (isReadable)
         m_newest = now;
     removeOldest(isReadable);
+    m_observers.changed(0);
     return {};
 }
 

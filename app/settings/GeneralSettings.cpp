@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -208,7 +209,8 @@ void GeneralSettings::takeShortcutAway(Url const& file)
 {
     auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
     if (!renamed)
-        m_services.alerts.run({ AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", renamed.error() });
+        m_services.alerts.run(
+            { AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", settingsTexts::asSentence(renamed.error()) });
 }
 
 SettingsSection GeneralSettings::updates()

@@ -235,7 +235,9 @@ void MenuTyping::addLine()
     auto* line = new QWidgetAction(&m_window);
     m_lineText = new QLabel(&m_window);
     m_lineText->setTextFormat(Qt::PlainText);
-    m_lineText->setContentsMargins(28, 3, 12, 3);
+    bool const isRightToLeft = m_window.isRightToLeft(); // like the titles, whichever way the text reads
+    m_lineText->setContentsMargins(isRightToLeft ? QMargins(12, 3, 28, 3) : QMargins(28, 3, 12, 3));
+    m_lineText->setAlignment((isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter);
     line->setDefaultWidget(m_lineText);
     line->setEnabled(false);
     auto palette = m_lineText->palette();
