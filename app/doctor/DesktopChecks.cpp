@@ -225,7 +225,7 @@ DoctorCheck loginCheck(DesktopFindings const& found)
         return { "Login", State::ok, "Zanthe Vell opens at login.", {} };
     case Status::requiresApproval:
         return { "Login", State::limited, "The desktop’s settings switched Zanthe Vell off among the programs that start at login.",
-            "Switch it on there; “Open Login Items Settings” in Zanthe Vell’s settings opens them." };
+            "Switch it on there; “Open Autostart Settings” in Zanthe Vell’s settings opens them." };
     case Status::notRegistered:
     case Status::notFound:
         break;
