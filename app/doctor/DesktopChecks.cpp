@@ -222,7 +222,7 @@ DoctorCheck loginCheck(DesktopFindings const& found)
         return { tr("Login"), State::ok, tr("Zanthe Vell opens at login."), {} };
     case Status::requiresApproval:
         return { tr("Login"), State::limited, tr("The desktop’s settings switched Zanthe Vell off among the programs that start at login."),
-            tr("Switch it on there; “Open Login Items Settings” in Zanthe Vell’s settings opens them.") };
+            tr("Switch it on there; “Open Autostart Settings” in Zanthe Vell’s settings opens them.") };
     case Status::notRegistered:
     case Status::notFound:
         break;

@@ -138,8 +138,8 @@ SettingsSection GeneralSettings::login()
     section.rows.push_back(toggle("openAtLogin", "Open at login", m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
     if (state != LoginItem::State::requiresApproval)
         return section;
-    section.rows.push_back(note("loginApproval", LoginItem::approvalNote));
-    section.rows.push_back(button("loginSettings", LoginItem::approvalButton, [this] { m_services.loginItem.openSettings(); }));
+    section.rows.push_back(note("loginApproval", m_services.wording.loginApprovalNote));
+    section.rows.push_back(button("loginSettings", m_services.wording.loginApprovalButton, [this] { m_services.loginItem.openSettings(); }));
     return section;
 }
 

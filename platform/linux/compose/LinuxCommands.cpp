@@ -139,7 +139,7 @@ std::vector<DoctorCheck> LinuxCommands::doctorChecks()
             { KeptFolder::Holds::backups, places().backupsFolder } });
     DesktopFindings findings;
     surveyDisplay(m_environment, findings);
-    surveyServices(DesktopAccess::of(m_environment), machine().paths().user, findings);
+    surveyServices(DesktopAccess::of(m_environment), machine().paths().user, machine().audience().desktops, findings);
     std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;
 }

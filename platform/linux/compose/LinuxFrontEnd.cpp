@@ -81,13 +81,21 @@ std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland)
     return std::make_unique<DesktopMenuPlacer>();
 }
 
-/// The desktops' autostart settings; the first installed one is used.
-std::vector<std::vector<std::string>> const& autostartSettings()
-{
-    static std::vector<std::vector<std::string>> const commands { { "gnome-session-properties" }, { "systemsettings", "kcm_autostart" },
-        { "xfce4-session-settings" }, { "mate-session-properties" }, { "cinnamon-settings", "startup" }, { "lxqt-config-session" } };
-    return commands;
-}
+/// A desktop's settings of what starts at login.
+struct AutostartSettings {
+    Desktop desktop;
+    std::vector<std::string> command;
+};
+AutostartSettings const autostartSettings[] = {
+    { Desktop::gnome, { "gnome-session-properties" } },
+    { Desktop::gnome, { "gnome-tweaks" } },
+    { Desktop::kde, { "systemsettings", "kcm_autostart" } },
+    { Desktop::kde, { "systemsettings5", "kcm_autostart" } },
+    { Desktop::xfce, { "xfce4-session-settings" } },
+    { Desktop::mate, { "mate-session-properties" } },
+    { Desktop::cinnamon, { "cinnamon-settings", "startup" } },
+    { Desktop::lxqt, { "lxqt-config-session" } },
+};
 
 } // namespace
 
@@ -111,7 +119,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_keyboard(m_timers, m_bus, m_files.environment())
     , m_overlay(m_wayland ? waylandOverlay(*m_wayland, m_toplevels) : OverlayFrontEnd::make(sessionKind()))
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
-    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
+    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
@@ -135,6 +143,7 @@ int LinuxFrontEnd::run()
     watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    m_loginService.mend();
     publishHotkeys();
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
@@ -274,12 +283,12 @@ void LinuxFrontEnd::watchForTray()
 
 bool LinuxFrontEnd::openAutostartSettings()
 {
-    for (auto const& command : autostartSettings()) {
+    for (auto const& settings : autostartSettings) {
         QStringList arguments;
-        for (auto const& word : command)
+        for (auto const& word : settings.command)
             arguments << QString::fromStdString(word);
         auto const program = QStandardPaths::findExecutable(arguments.takeFirst());
-        if (!program.isEmpty())
+        if (isForDesktop(settings.desktop, m_access.desktop) && !program.isEmpty())
             return startDetached(program, arguments, m_files.environment());
     }
     return false;
