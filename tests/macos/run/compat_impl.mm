@@ -26,6 +26,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 - (NSString *)identifier { return sideGet(self, 1); }
 - (void)setIdentifier:(NSString *)s { sideSet(self, 1, s); }
 @end
+@implementation NSUserDefaults (CompatMac)
+- (BOOL)objectIsForcedForKey:(NSString *)k { return NO; }
+@end
 @implementation NSColor (CompatMac)
 + (NSColor *)linkColor { return [NSColor blueColor]; }
 @end
