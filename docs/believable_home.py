@@ -27,9 +27,9 @@ def make(home):
             file.write(content)
 
 
-def start_once(home):
-    """As after the program's first start."""
+def store(home, settings):
+    """Puts settings in the place of the user's own."""
     folder = os.path.join(home, ".config/zanthe-vell")
     os.makedirs(folder, exist_ok=True)
     with open(os.path.join(folder, "org.zanthevell.ZantheVell.plist"), "wb") as file:
-        plistlib.dump({"LaunchCount": 1}, file)
+        plistlib.dump(settings, file)
