@@ -6,7 +6,7 @@ import re
 
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../..")
 with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as listed:
-    release = re.search(r"VERSION (\S+)", listed.read())[1]
+    release = re.search(r"project\(zanthe-vell VERSION (\S+)", listed.read())[1]
 
 project = "Zanthe Vell"
 author = copyright = "The Zanthe Vell developers"  # noqa: A001, Sphinx' own name
