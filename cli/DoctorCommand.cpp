@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 
@@ -15,7 +16,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, doctorCommand, options.error());
     if (!options->operands().empty())
-        return failUsage(context, doctorCommand, "there is nothing to name");
+        return failUsage(context, doctorCommand, tr("there is nothing to name"));
     auto const checks = context.doctorChecks();
     context.out() << (options->has("--json") ? doctorJson(checks) + "\n" : doctorText(checks));
     return ExitStatus::done;
@@ -23,6 +24,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command doctorCommand { "doctor", "[--json]", "what works on this desktop and what does not, and why", run };
+constexpr Command doctorCommand { "doctor", "[--json]", mark("what works on this desktop and what does not, and why"), run };
 
 } // namespace zv

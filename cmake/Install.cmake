@@ -4,6 +4,7 @@ set(packaging ${CMAKE_SOURCE_DIR}/packaging/linux)
 set(share ${CMAKE_INSTALL_DATADIR})
 install(TARGETS zanthe-vell RUNTIME)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/app/resources/ DESTINATION ${share}/zanthe-vell)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/locale/ DESTINATION ${CMAKE_INSTALL_LOCALEDIR} OPTIONAL)
 install(FILES ${packaging}/org.zanthevell.ZantheVell.desktop DESTINATION ${share}/applications)
 install(FILES ${packaging}/org.zanthevell.ZantheVell.metainfo.xml DESTINATION ${share}/metainfo)
 configure_file(${packaging}/org.zanthevell.ZantheVell.service.in org.zanthevell.ZantheVell.service @ONLY)
@@ -59,10 +60,10 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://zanthevell.org)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# In order: drawings of icons; a theme; the folders of icons.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, xdg-utils")
-# Windows where there is no X server; the file manager's menu; Force Quit without a task manager.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland, python3-nautilus, x11-utils")
+# In order: drawings of icons; windows on Wayland; a theme; the folders of icons.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, qt6-wayland, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, xdg-utils")
+# The file manager's menu; Force Quit without a task manager.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "python3-nautilus, x11-utils")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "menu of your own making in the panel")
 set(CPACK_PACKAGE_DESCRIPTION
     "Zanthe Vell gives its user one menu with files, folders that open as\nsubmenus, applications, commands and lists that are computed when they\nopen. It opens from an icon in the panel, from the panel's corner or from\nthe keyboard, and every item can have a system-wide shortcut.")

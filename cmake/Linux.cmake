@@ -7,6 +7,7 @@ pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
 pkg_check_modules(EXPAT REQUIRED IMPORTED_TARGET expat)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0 gio-unix-2.0)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-xkb xcb-shape xcb-damage xcb-randr xcb-xfixes xcb-xinput xkbcommon xkbcommon-x11)
+pkg_check_modules(WAYLAND REQUIRED IMPORTED_TARGET wayland-client)
 pkg_check_modules(SODIUM REQUIRED IMPORTED_TARGET libsodium)
 
 # The core: no toolkit, no system header.
@@ -16,7 +17,7 @@ zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
 # The rooms without a toolkit, apart from those over Qt, X11 and D-Bus.
 set(plain_rooms posix entries files store text bus apps machine session install)
-set(toolkit_rooms toolkit x11 icons menu tray hotkeys overlay windows settings updates program doctor)
+set(toolkit_rooms toolkit x11 icons looks menu tray hotkeys overlay windows settings updates program doctor)
 list(TRANSFORM plain_rooms PREPEND platform/linux/ OUTPUT_VARIABLE plain_folders)
 list(TRANSFORM toolkit_rooms PREPEND platform/linux/ OUTPUT_VARIABLE toolkit_folders)
 zv_library(zv_linux FOLDERS ${plain_folders} LINK zv_base ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT PkgConfig::GIO PkgConfig::SODIUM Threads::Threads)
@@ -26,6 +27,7 @@ if(ZV_PCH)
   target_precompile_headers(zv_qt PRIVATE <QtWidgets/QtWidgets> <QtDBus/QtDBus>)
 endif()
 set_target_properties(zv_qt PROPERTIES AUTOMOC ON)
+include(cmake/Wayland.cmake)
 # A program that was built, not installed, shows the icons of its sources; a package holds no path of its build machine.
 if(NOT ZV_PACKAGED)
   set(icons_source ${CMAKE_SOURCE_DIR}/packaging/linux/icons)
@@ -37,7 +39,12 @@ set(ZV_RESOURCES ${CMAKE_SOURCE_DIR}/app/resources)
 file(CREATE_LINK ${ZV_RESOURCES} ${CMAKE_BINARY_DIR}/resources SYMBOLIC)
 file(GLOB composition CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/linux/compose/*.cpp)
 add_executable(zanthe-vell ${composition})
-target_link_libraries(zanthe-vell PRIVATE zv_qt zv_cli)
+target_link_libraries(zanthe-vell PRIVATE zv_wayland zv_qt zv_cli)
+
+include(cmake/Languages.cmake)
+if(TARGET zv_catalogues)
+  add_dependencies(zanthe-vell zv_catalogues)
+endif()
 
 if(ZV_TESTS)
   enable_testing()

@@ -137,9 +137,7 @@ Result<KeyEquivalentSpec, ReadFailure> KeyEquivalentSpec::fromPropertyList(Prope
 std::optional<KeyEquivalentSpec> KeyEquivalentSpec::fromOlderDictionary(PropertyListDictionary const& dictionary)
 {
     auto const* key = dictionary.string("Key");
-    if (!key || key->empty())
-        return std::nullopt;
-    auto trigger = olderTrigger(*key);
+    auto trigger = key ? olderTrigger(*key) : std::nullopt;
     if (!trigger)
         return std::nullopt;
     KeyEquivalentSpec spec { std::move(*trigger) };

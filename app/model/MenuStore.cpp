@@ -3,6 +3,7 @@
 #include "app/model/PlainText.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
@@ -83,7 +84,7 @@ Result<void> const& MenuStore::lastSave() const
 std::optional<std::string> MenuStore::saveProblem() const
 {
     auto const& saved = lastSave();
-    return saved ? std::nullopt : std::optional("The menu could not be saved: " + saved.error());
+    return saved ? std::nullopt : std::optional(tr("The menu could not be saved: %1", saved.error()));
 }
 
 MenuItem const* MenuStore::find(Uuid const& id) const { return findItem(items(), id); }

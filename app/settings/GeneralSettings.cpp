@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -117,9 +118,16 @@ void GeneralSettings::addMenuShortcut(SettingsSection& section)
     made.shortcut = shortcut.value();
     made.record = [&shortcut](auto const& spec) { shortcut.set(spec); };
     section.rows.push_back(std::move(made));
-    section.rows.push_back(note("menuShortcutNote",
-        m_services.menuShortcutIsTaken() ? "Another program has this combination. Record a different one."
-                                         : "Opens the menu at the pointer, whatever program is in front."));
+    section.rows.push_back(note("menuShortcutNote", menuShortcutNote()));
+}
+
+std::string GeneralSettings::menuShortcutNote() const
+{
+    auto const& value = m_services.menuShortcut.value();
+    if (m_services.menuShortcutIsTaken())
+        return "Another program has this combination. Record a different one.";
+    auto const warning = value && m_services.shortcutWarning ? m_services.shortcutWarning(*value) : std::string();
+    return warning.empty() ? "Opens the menu at the pointer, whatever program is in front." : warning;
 }
 
 SettingsSection GeneralSettings::login()
@@ -130,8 +138,8 @@ SettingsSection GeneralSettings::login()
     section.rows.push_back(toggle("openAtLogin", "Open at login", m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
     if (state != LoginItem::State::requiresApproval)
         return section;
-    section.rows.push_back(note("loginApproval", LoginItem::approvalNote));
-    section.rows.push_back(button("loginSettings", LoginItem::approvalButton, [this] { m_services.loginItem.openSettings(); }));
+    section.rows.push_back(note("loginApproval", m_services.wording.loginApprovalNote));
+    section.rows.push_back(button("loginSettings", m_services.wording.loginApprovalButton, [this] { m_services.loginItem.openSettings(); }));
     return section;
 }
 
@@ -145,6 +153,11 @@ void GeneralSettings::setOpensAtLogin(bool opens)
         tell(m_services.loginItem.enable());
     else
         tell(m_services.loginItem.disable());
+    tellChanged();
+}
+
+void GeneralSettings::tellChanged() const
+{
     if (onChanged)
         onChanged();
 }
@@ -196,7 +209,8 @@ void GeneralSettings::takeShortcutAway(Url const& file)
 {
     auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
     if (!renamed)
-        m_services.alerts.run({ AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", renamed.error() });
+        m_services.alerts.run(
+            { AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", settingsTexts::asSentence(renamed.error()) });
 }
 
 SettingsSection GeneralSettings::updates()
@@ -231,18 +245,26 @@ SettingsSection GeneralSettings::menuFile()
     auto const backups = file.backups();
     if (backups.empty())
         return section;
-    std::vector<SettingsChoice> choices { { "Restore a backup…", -1 } };
+    std::vector<SettingsChoice> choices;
     for (std::size_t i = 0; i < backups.size(); ++i) {
         auto const suffix = backups[i].isReadable ? "" : " (was not readable)";
         choices.push_back({ localizedDateAndTime(backups[i].time) + suffix, static_cast<std::int64_t>(i) });
     }
-    section.rows.push_back(
-        choice("backups", "Backups", "The last menus, each kept before it was changed.", -1, std::move(choices), [this, &file, backups](auto index) {
-            if (index >= 0 && static_cast<std::size_t>(index) < backups.size())
-                file.restoreBackup(backups[static_cast<std::size_t>(index)]);
-            if (onChanged)
-                onChanged(); // shows the list's title again
+    auto restore = row(Kind::pullDown, "backups", "Restore a Backup…");
+    restore.help = "The last menus, each kept before it was changed. What one holds is said before it is restored.";
+    restore.choices = std::move(choices);
+    restore.choose = [this, &file, backups](auto index) {
+        file.restoreBackup(backups.at(static_cast<std::size_t>(index)));
+        tellChanged();
+    };
+    section.rows.push_back(std::move(restore));
+    if (file.isRestored()) {
+        section.rows.push_back(note("restored", "Restored."));
+        section.rows.push_back(button("undoRestoring", "Undo", [this, &file] {
+            file.undoRestoring();
+            tellChanged();
         }));
+    }
     return section;
 }
 

@@ -33,6 +33,8 @@ public:
         MenuShortcut& menuShortcut;
         /// Whether another program has the menu's shortcut.
         std::function<bool()> menuShortcutIsTaken;
+        /// What a shortcut takes from other programs, a sentence.
+        std::function<std::string(KeyEquivalentSpec const&)> shortcutWarning {};
         /// The reason why this desktop cannot show the status icon, a sentence; empty when it can.
         std::function<std::optional<std::string>()> statusItemProblem;
         /// The same for the overlay, and for shortcuts in other programs.
@@ -60,6 +62,7 @@ public:
 private:
     [[nodiscard]] SettingsSection presence();
     void addMenuShortcut(SettingsSection& section);
+    [[nodiscard]] std::string menuShortcutNote() const;
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
     [[nodiscard]] SettingsSection fileShortcuts();
@@ -67,6 +70,7 @@ private:
     [[nodiscard]] SettingsSection updates();
     [[nodiscard]] SettingsSection menuFile();
     void setOpensAtLogin(bool opens);
+    void tellChanged() const;
 
     Services m_services;
 };

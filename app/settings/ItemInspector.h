@@ -31,12 +31,20 @@ struct InspectorFields {
     bool isHidden = false;
     bool hasShortcut = false;
     std::optional<KeyEquivalentSpec> shortcut;
+    std::string shortcutNote; ///< who else has the shortcut, or what it takes from other programs; filled in by the models, as the next
+    std::optional<Uuid> shortcutOwner; ///< the item that has it
     std::string note; ///< why the item cannot act; empty when it can
+};
+
+/// What is known of the file that an item points at.
+struct TargetFacts {
+    bool isMissing = false;
+    bool mayBeFolder = true;
 };
 
 /// The depth that a choice stores; empty for the preference.
 [[nodiscard]] std::optional<std::int64_t> depthOfChoice(std::int64_t choice);
 
-[[nodiscard]] InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing);
+[[nodiscard]] InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, TargetFacts target);
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "app/settings/MenuEditor.h"
 
 #include "app/model/PlainText.h"
+#include "app/settings/MenuDifference.h"
 #include "base/MainThread.h"
 
 #include <algorithm>
@@ -59,6 +60,25 @@ void replaceStretch(Items& items, std::size_t index, std::size_t count, Items co
     auto const first = items.begin() + static_cast<std::ptrdiff_t>(start);
     auto const last = first + static_cast<std::ptrdiff_t>(std::min(count, items.size() - start));
     items.insert(items.erase(first, last), replacement.begin(), replacement.end());
+}
+
+/// The items that are new, else those that the edit selected, else those that differ.
+std::set<Uuid> cameBack(Items const& before, Items const& after, MenuEdit const& edit)
+{
+    auto const idsOf = [](std::vector<MenuItem const*> const& items) {
+        std::set<Uuid> ids;
+        for (auto const* item : items)
+            ids.insert(item->id);
+        return ids;
+    };
+    auto const difference = differenceBetween(before, after);
+    if (auto const added = idsOf(difference.added); !added.empty()) {
+        auto const topmost = menuTree::outermost(after, added);
+        return { topmost.begin(), topmost.end() };
+    }
+    auto selected = edit.selectionAfter.value_or(std::set<Uuid>());
+    std::erase_if(selected, [&](Uuid const& id) { return !findItem(after, id); });
+    return selected.empty() ? idsOf(difference.changed) : selected;
 }
 
 /// The next remaining sibling, else the one before, else the parent.
@@ -143,6 +163,20 @@ bool MenuEditor::move(Ids const& ids, Position const& position)
 bool MenuEditor::moveUp(Ids const& ids) { return moveBy(ids, -1); }
 
 bool MenuEditor::moveDown(Ids const& ids) { return moveBy(ids, 1); }
+
+bool MenuEditor::canMoveUp(Ids const& ids) const
+{
+    auto const moved = menuTree::outermost(items(), ids);
+    return !moved.empty() && menuTree::positionOf(items(), moved.front())->index > 0;
+}
+
+bool MenuEditor::canMoveDown(Ids const& ids) const
+{
+    auto const moved = menuTree::outermost(items(), ids);
+    auto const position = moved.empty() ? std::nullopt : menuTree::positionOf(items(), moved.back());
+    auto const* parent = position && position->parent ? findItem(items(), *position->parent) : nullptr;
+    return position && position->index + 1 < (parent ? parent->children : items()).size();
+}
 
 bool MenuEditor::moveBy(Ids const& ids, int step)
 {
@@ -283,20 +317,22 @@ void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Selection
     tell(std::move(name), std::move(selection));
 }
 
-void MenuEditor::undo(MenuEdit const& edit)
+MenuEditor::Ids MenuEditor::undo(MenuEdit const& edit)
 {
     auto menu = items();
     replaceStretch(menu, edit.index, edit.after.size(), edit.before);
     put(std::move(menu));
     (void)takeOver();
+    return cameBack(edit.after, edit.before, edit);
 }
 
-void MenuEditor::redo(MenuEdit const& edit)
+MenuEditor::Ids MenuEditor::redo(MenuEdit const& edit)
 {
     auto menu = items();
     replaceStretch(menu, edit.index, edit.before.size(), edit.after);
     put(std::move(menu));
     (void)takeOver();
+    return edit.selectionAfter ? *edit.selectionAfter : cameBack(edit.before, edit.after, edit);
 }
 
 void MenuEditor::put(std::vector<MenuItem> after, Keeping keeping)

@@ -41,6 +41,8 @@ public:
 
     /// Called after the store has taken the edit, but not for undo and redo.
     std::function<void(MenuEdit const&)> onEdit;
+    /// Undoes the last edit, as the window's Undo command does. Set by the window.
+    std::function<void()> undoLast;
 
     [[nodiscard]] std::vector<MenuItem> const& items() const { return m_services.store.items(); }
 
@@ -60,6 +62,8 @@ public:
     /// Moves items one place up among their siblings; several move together.
     bool moveUp(Ids const& ids);
     bool moveDown(Ids const& ids);
+    [[nodiscard]] bool canMoveUp(Ids const& ids) const;
+    [[nodiscard]] bool canMoveDown(Ids const& ids) const;
     /// Removes items and selects the next remaining one.
     void remove(Ids const& ids);
     void duplicate(Ids const& ids);
@@ -83,8 +87,9 @@ public:
     /// Replaces the whole menu, by one read from a file or a backup.
     void replaceMenu(std::vector<MenuItem> items, std::string const& editName);
 
-    void undo(MenuEdit const& edit);
-    void redo(MenuEdit const& edit);
+    /// Both tell what to select: what came back or changed.
+    Ids undo(MenuEdit const& edit);
+    Ids redo(MenuEdit const& edit);
 
 private:
     using Selection = std::optional<Ids>;

@@ -1,5 +1,6 @@
 #include "app/settings/MenuFileCommands.h"
 
+#include "app/settings/MenuDifference.h"
 #include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
@@ -50,9 +51,18 @@ void MenuFileCommands::restoreBackup(MenuBackup const& backup)
     auto menu = read(backup.file);
     if (!menu)
         return;
-    auto const replaced = "Your menu of " + counted(countOf(m_services.editor.items())) + " is replaced by one of " + counted(menu->itemCount) + ". ";
-    if (confirms("Restore the menu of " + localizedDateAndTime(backup.time) + "?", replaced + canBeUndone, "Restore"))
-        m_services.editor.replaceMenu(std::move(menu->items), "Restore Backup");
+    auto const replaced = "Your menu of " + counted(countOf(m_services.editor.items())) + " is replaced by one of " + counted(menu->itemCount) + ".\n";
+    auto const differing = describe(differenceBetween(m_services.editor.items(), menu->items));
+    if (!confirms("Restore the menu of " + localizedDateAndTime(backup.time) + "?", replaced + differing + canBeUndone, "Restore"))
+        return;
+    m_services.editor.replaceMenu(std::move(menu->items), "Restore Backup");
+    m_restored = m_services.editor.items();
+}
+
+void MenuFileCommands::undoRestoring()
+{
+    if (isRestored() && m_services.editor.undoLast)
+        m_services.editor.undoLast();
 }
 
 void MenuFileCommands::restoreDefaultMenu()
@@ -85,11 +95,11 @@ std::optional<ImportedMenu> MenuFileCommands::read(Url const& file)
     return std::move(menu).value();
 }
 
-void MenuFileCommands::tell(std::string message, std::string informativeText)
+void MenuFileCommands::tell(std::string message, std::string const& informativeText)
 {
     Alert alert;
     alert.message = std::move(message);
-    alert.informativeText = std::move(informativeText);
+    alert.informativeText = settingsTexts::asSentence(informativeText);
     m_services.alerts.run(alert);
 }
 

@@ -34,16 +34,20 @@ public:
     void importMenu();
     /// Newest first.
     [[nodiscard]] std::vector<MenuBackup> backups() const;
-    /// Asks for confirmation first, as does the next.
+    /// Says what the backup holds, and asks; the next asks, too.
     void restoreBackup(MenuBackup const& backup);
     void restoreDefaultMenu();
+    /// Whether the menu is still as a backup brought it back. Observed only where it was one.
+    [[nodiscard]] bool isRestored() const { return m_restored && *m_restored == m_services.editor.items(); }
+    void undoRestoring();
 
 private:
     [[nodiscard]] std::optional<ImportedMenu> read(Url const& file);
     [[nodiscard]] bool confirms(std::string message, std::string informativeText, std::string button);
-    void tell(std::string message, std::string informativeText);
+    void tell(std::string message, std::string const& informativeText);
 
     Services m_services;
+    std::optional<std::vector<MenuItem>> m_restored;
 };
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "app/settings/MenuOutline.h"
 
 #include "app/menu/DisplayText.h"
+#include "app/settings/RecorderRules.h"
 
 namespace zv {
 
@@ -8,18 +9,6 @@ namespace {
 
 constexpr char const* missingFile = "This item points at a file that no longer exists.";
 constexpr char const* takenElsewhere = "Another app already uses this combination.";
-
-/// The first item with the shortcut, in the order of registration.
-MenuItem const* ownerOf(std::vector<MenuItem> const& items, std::string const& shortcut)
-{
-    for (auto const& item : items) {
-        if (item.keyEquivalent && !item.kind.isLegacy() && item.keyEquivalent->description() == shortcut)
-            return &item;
-        if (auto const* below = ownerOf(item.children, shortcut))
-            return below;
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -41,17 +30,37 @@ std::string MenuOutline::badgeOf(MenuItem const& item) const
         return missingFile;
     if (auto const reason = item.kind.unavailabilityReason())
         return *reason;
-    return conflictOf(item);
+    return conflictOf(item).text;
 }
 
-std::string MenuOutline::conflictOf(MenuItem const& item) const
+ShortcutNote MenuOutline::shortcutNote(MenuItem const& item, SystemKind system) const
+{
+    if (!item.keyEquivalent || item.kind.isLegacy())
+        return {};
+    auto conflict = conflictOf(item);
+    return conflict.text.empty() ? ShortcutNote { shortcutWarning(*item.keyEquivalent, system), std::nullopt } : conflict;
+}
+
+ShortcutNote MenuOutline::conflictOf(MenuItem const& item) const
 {
     auto const& conflicts = m_services.hotkeys.conflicts();
     auto const shortcut = item.keyEquivalent ? item.keyEquivalent->description() : std::string();
     if (shortcut.empty() || !conflicts.contains({ HotkeyTarget::item(item.id), shortcut }))
         return {};
-    auto const* owner = ownerOf(m_services.store.items(), shortcut);
-    return owner && owner->id != item.id ? "“" + displayText(owner->displayTitle()) + "” already uses this combination." : takenElsewhere;
+    for (auto const& [id, registration] : m_services.hotkeys.registrations()) {
+        if (registration.shortcut == shortcut)
+            return ownedBy(registration.target);
+    }
+    return { takenElsewhere, std::nullopt };
+}
+
+ShortcutNote MenuOutline::ownedBy(HotkeyTarget const& owner) const
+{
+    auto const uses = [](std::string const& title) { return "“" + displayText(title) + "” already uses this combination."; };
+    if (auto const* file = owner.fileURL())
+        return { uses(file->lastPathComponent()), std::nullopt };
+    auto const* item = owner.itemID() ? m_services.store.find(*owner.itemID()) : nullptr;
+    return item ? ShortcutNote { uses(item->displayTitle()), item->id } : ShortcutNote { uses("Open by a key"), std::nullopt };
 }
 
 } // namespace zv

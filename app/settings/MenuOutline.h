@@ -3,6 +3,7 @@
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/model/MenuStore.h"
 #include "app/settings/SettingsTexts.h"
+#include "platform/System.h"
 
 #include <functional>
 #include <optional>
@@ -27,6 +28,12 @@ struct OutlineRow {
     [[nodiscard]] std::string spokenTitle() const { return isSeparator ? settingsTexts::separator : title; }
 };
 
+/// What is to be said beside an item's recorder.
+struct ShortcutNote {
+    std::string text; ///< empty for nothing
+    std::optional<Uuid> owner; ///< the item that has the combination
+};
+
 /// Describes items, using the store and the hotkeys. Main thread only.
 class MenuOutline {
 public:
@@ -41,10 +48,13 @@ public:
     }
 
     [[nodiscard]] OutlineRow row(MenuItem const& item) const;
+    /// Who else has the combination, else what it takes from other programs.
+    [[nodiscard]] ShortcutNote shortcutNote(MenuItem const& item, SystemKind system) const;
 
 private:
     [[nodiscard]] std::string badgeOf(MenuItem const& item) const;
-    [[nodiscard]] std::string conflictOf(MenuItem const& item) const;
+    [[nodiscard]] ShortcutNote conflictOf(MenuItem const& item) const;
+    [[nodiscard]] ShortcutNote ownedBy(HotkeyTarget const& owner) const;
 
     Services m_services;
 };

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/model/KeyEquivalentSpec.h"
+#include "platform/System.h"
 #include "platform/desk/KeyPress.h"
 
 #include <optional>
+#include <string>
 
 namespace zv {
 
@@ -20,6 +22,9 @@ struct RecorderOutcome {
 /// Interprets a key press during recording. Accepts a bare letter too: whether it can be registered
 /// is decided elsewhere.
 [[nodiscard]] RecorderOutcome recorderOutcome(KeyPress const& press);
+
+/// What other programs lose by this shortcut, in a sentence or two; empty when they hardly miss it.
+[[nodiscard]] std::string shortcutWarning(KeyEquivalentSpec const& spec, SystemKind system);
 
 /// The recorder field's width in points.
 inline constexpr double minimumRecorderWidth = 90;

@@ -23,6 +23,7 @@ struct SettingsRow {
         choice, ///< title, choices, value, choose
         shortcut, ///< title, shortcut, record
         button, ///< title, press
+        pullDown, ///< title, choices, choose: a button that offers commands, and keeps its title
         note, ///< title alone, in smaller type
     };
 

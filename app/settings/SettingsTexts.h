@@ -73,6 +73,8 @@ inline constexpr Text hidden = "Hide in the menu";
 
 // The recorder of shortcuts.
 inline constexpr Text recorder = "Shortcut"; ///< for assistive tools
+[[nodiscard]] std::string recorderWith(std::string const& value); ///< for assistive tools that read no values of buttons
+inline constexpr Button showOwner { "Show", "Shows the item that has this combination" };
 inline constexpr Text recorderHelp = "Click, then press the key combination you want.";
 inline constexpr Text recording = "Press keys…";
 inline constexpr Text noShortcut = "None";
@@ -83,5 +85,7 @@ inline constexpr Text clearShortcut = "Clear shortcut"; ///< for assistive tools
 inline constexpr Text itemsNotAdded = "The items could not be added.";
 [[nodiscard]] std::string filesNotAdded(std::size_t count);
 [[nodiscard]] std::string doesNotExist(std::string const& path);
+/// A reason that a system or a reader gave, as the sentence of an alert: it begins with a capital.
+[[nodiscard]] std::string asSentence(std::string const& reason);
 
 } // namespace zv::settingsTexts

@@ -12,7 +12,7 @@ struct MenuCommand : CommandLineFixture {
         folder.location = ItemLocation { .path = "/f" };
         files.addFolder("/f");
         machine.folders->folders["/f"] = { fakes::FakeFolderReader::folder("g") };
-        machine.folders->folders["/f/g"] = { { "h" } };
+        machine.folders->folders["/f/g"] = { { "h\xff" } };
         (void)defaults.setObject("Menu", toPropertyList(std::vector { folder, MenuItem::ofKind(MenuItemKind::aboutThisMac) }));
     }
 };
@@ -28,7 +28,7 @@ TEST_F(MenuCommand, ShowsTheUsersMenuAsItWouldOpen)
     EXPECT_EQ(run({ "menu", "--expand", "2" }).out,
         "f ▸\n"
         "  g ▸\n"
-        "    h\n"
+        "    h\uFFFD\n"
         "About This Mac\n"
         "────────\n"
         "Customize Zanthe Vell…   ⌘,\n");
@@ -37,8 +37,8 @@ TEST_F(MenuCommand, ShowsTheUsersMenuAsItWouldOpen)
 
 TEST_F(MenuCommand, GivesJsonThatAProgramCanRead)
 {
-    auto const json = nlohmann::json::parse(run({ "menu", "--json", "--expand=1" }).out);
-    EXPECT_EQ(json["items"][0]["items"][0]["title"], "g");
+    auto const json = nlohmann::json::parse(run({ "menu", "--json", "--expand=2" }).out);
+    EXPECT_EQ(json["items"][0]["items"][0]["items"][0]["title"], "h\uFFFD");
     EXPECT_EQ(json["items"].size(), 4U);
 }
 

@@ -7,7 +7,7 @@ namespace {
 struct EntryPathTest : testing::Test {
     EntryPathTest()
     {
-        menu->entries = { MenuEntry::disabled("Café"), action("Café"), MenuEntry::separator(), action("R&D"), MenuEntry::disabled("Gone") };
+        menu->entries = { MenuEntry::disabled("Café"), action("Café"), MenuEntry::separator(), action("r&d"), action("R&D"), MenuEntry::disabled("Gone") };
         for (auto const* title : { "Home", "Shortcuts", "Server" }) {
             MenuEntry entry;
             entry.title = title;
@@ -70,6 +70,30 @@ TEST_F(EntryPathTest, FollowsTheTitles)
         SCOPED_TRACE(row.why);
         EXPECT_EQ(find(row.titles), row.found);
     }
+}
+
+using PerformCommandTest = CommandLineFixture;
+
+TEST_F(PerformCommandTest, ChoosesWhatCanBeChosenAndSaysWhyNotElse)
+{
+    auto group = MenuItem::ofKind(MenuItemKind::submenu);
+    group.title = "Group";
+    group.children = { MenuItem::ofKind(MenuItemKind::sleep), MenuItem::ofKind(MenuItemKind::restart) };
+    auto file = MenuItem::ofKind(MenuItemKind::fsObject);
+    file.location = ItemLocation { .path = "/here/a.txt" };
+    addFile("/here/a.txt", "");
+    auto retired = MenuItem::ofKind(MenuItemKind::openWith);
+    retired.title = "Old";
+    (void)defaults.setObject(MenuStore::defaultsKey, toPropertyList(std::vector { group, file, retired }));
+
+    EXPECT_EQ(run({ "perform", "Group" }), (Outcome { 1, "", "zanthe-vell: “Group” is a submenu; name an entry of it\n" }));
+    EXPECT_TRUE(run({ "perform", "Old" }).err.starts_with("zanthe-vell: “Old” cannot be chosen: "));
+    EXPECT_EQ(run({ "perform", "Group", "Sleep" }), (Outcome { 0, "", "" }));
+    EXPECT_EQ(run({ "perform", "--command", "a.txt" }), (Outcome { 0, "", "" }));
+    machine.sessionEvents.outcomes["ask to restart"] = { SessionEventOutcome::State::needsConfirmation };
+    (void)run({ "perform", "Group", "Restart…" });
+    EXPECT_EQ(machine.sessionEvents.sent, (std::vector<std::string> { "sleep", "ask to restart" })) << "nobody said yes";
+    EXPECT_EQ(machine.workspace.log, (std::vector<std::string> { "reveal file:///here/a.txt" }));
 }
 
 struct AddCommandTest : CommandLineFixture {

@@ -11,7 +11,7 @@ import unittest
 import pyatspi
 
 import desktop
-from accessible import act, find, found, middle
+from accessible import act, find, found, middle, showing
 from desktop import Bus, BusMenu, Panel, Program, keys, wait_until, zv
 from key_grab import KeyGrab
 
@@ -68,6 +68,15 @@ def choose(title, *pressed):
     keys(*pressed, "Return")
 
 
+def recorder():
+    return wait_until(lambda: next((each for each in showing(pyatspi.ROLE_PUSH_BUTTON) if each.name.startswith("Shortcut: ")), None), 3, "the recorder")
+
+
+def start_recording():
+    act(recorder())
+    wait_until(lambda: recorder().name == "Shortcut: Press keys…", 3, "it records")
+
+
 class NextMenu:
     """What the next opening of the menu, read over the bus, has of the folder that is its first entry."""
 
@@ -120,8 +129,8 @@ class SettingsTest(unittest.TestCase):
 
     def record(self, item, combination):
         click(found(item))
-        click(found("Shortcut", pyatspi.ROLE_CHECK_BOX))
-        wait_until(lambda: not hotkeys("registrations"), 3, "nothing is held while recording")
+        start_recording()
+        self.assertFalse(hotkeys("registrations"), "nothing is held while recording")
         keys(combination)
 
     def test_every_change_acts_at_once_and_is_kept(self):
@@ -141,18 +150,29 @@ class SettingsTest(unittest.TestCase):
     def test_a_backup_is_restored_after_a_question_and_taken_back_where_it_was_done(self):
         desktop.set_menu([("Sleep", "Newer", None)])
         self.tab("Menu")
-        self.tab("General")  # the list of backups is read anew
-        x, y = middle(found("Levels of folders", pyatspi.ROLE_LABEL))
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", "40", "--delay", "5", "5"], check=True)
-        time.sleep(0.3)
-        choose("Backups", "Down")
+        self.tab("General")
+        restore = found("Restore a Backup…", pyatspi.ROLE_PUSH_BUTTON)
+        restore.queryComponent().grabFocus()
+        keys("Down")
+        self.assertEqual(kinds(), ["Sleep"], "a key on the button chooses nothing")
+
+        def choose_newest():
+            act(restore)
+            time.sleep(0.3)
+            keys("Down", "Return")
+
+        choose_newest()
+        found("Restore", pyatspi.ROLE_PUSH_BUTTON)
         keys("Escape")
-        choose("Backups", "Down")
         self.assertEqual(kinds(), ["Sleep"], "called off")
+        choose_newest()
         act(found("Restore", pyatspi.ROLE_PUSH_BUTTON))
         wait_until(lambda: kinds() == ["FSObject", "Submenu", "Restart"], 3, "restored")
-        keys("ctrl+z")
+        act(found("Undo", pyatspi.ROLE_PUSH_BUTTON))
         wait_until(lambda: kinds() == ["Sleep"], 3, "taken back")
+        wait_until(lambda: find("Undo", pyatspi.ROLE_PUSH_BUTTON) is None, 3, "the line is gone")
+        keys("ctrl+shift+z", "ctrl+z")
+        self.assertEqual(kinds(), ["Sleep"], "as the Undo command would")
 
     def test_an_item_is_added_by_keyboard_and_by_drag_and_taken_back(self):
         self.tab("Menu")
@@ -206,9 +226,12 @@ class SettingsTest(unittest.TestCase):
         def toggle(title):
             return lambda: act(found(title, pyatspi.ROLE_CHECK_BOX))
 
+        self.tab("General")
+        without_tray = "Nothing on this desktop shows status icons."
+        wait_until(lambda: any(each.name.startswith(without_tray) for each in showing(pyatspi.ROLE_LABEL)), 3, "the note that no tray is there")
         with Panel():
             menu, bus = NextMenu(), Bus()
-            self.tab("General")
+            wait_until(lambda: not any(each.name.startswith(without_tray) for each in showing(pyatspi.ROLE_LABEL)), 3, "goes with the panel")
             rows = (
                 (toggle("Icons"), lambda: not menu.has_icons()),
                 (toggle("Hidden files"), lambda: ".concealed" in menu.titles()),
@@ -232,7 +255,7 @@ class SettingsTest(unittest.TestCase):
     def test_a_badge_says_who_has_the_combination(self):
         self.tab("Menu")
         self.record("Launch", "ctrl+alt+k")
-        click(found("Shortcut", pyatspi.ROLE_CHECK_BOX))
+        start_recording()
         wait_until(lambda: not hotkeys("registrations"), 3, "the combination is free")
         with KeyGrab():
             keys("Escape")
@@ -240,6 +263,10 @@ class SettingsTest(unittest.TestCase):
             wait_until(lambda: launch.description == "Another app already uses this combination.", 3, "the badge")
         self.record("Again", "ctrl+alt+k")
         wait_until(lambda: found("Again", pyatspi.ROLE_TABLE_CELL).description == "“Launch” already uses this combination.", 3, "the other badge")
+        self.assertEqual(recorder().name, "Shortcut: Ctrl+Alt+K")
+        found("“Launch” already uses this combination.", pyatspi.ROLE_LABEL)
+        act(found("Show", pyatspi.ROLE_PUSH_BUTTON))
+        wait_until(lambda: found("Launch", pyatspi.ROLE_TABLE_CELL).getState().contains(pyatspi.STATE_SELECTED), 3, "its owner is shown")
         wait_until(lambda: not found("Launch", pyatspi.ROLE_TABLE_CELL).description, 3, "what the other app let go is ours")
 
     def test_a_title_is_kept_however_the_field_is_left(self):

@@ -7,6 +7,7 @@
 #include "platform/session/SessionEvents.h"
 #include "platform/session/ToolRunner.h"
 #include "tests/fakes/FakeFiles.h"
+#include "tests/fakes/FakeTime.h"
 
 #include <algorithm>
 #include <functional>
@@ -39,13 +40,14 @@ public:
     std::vector<ToolRequest> requests;
 };
 
-class FakeSessionEvents : public SessionEvents {
+class FakeSessionEvents : public SessionEvents, AnswersLater {
 public:
+    using AnswersLater::AnswersLater;
     void send(SessionEvent event, std::chrono::seconds /*timeout*/, std::function<void(SessionEventOutcome)> done) override
     {
         sent.push_back(nameOf(event));
         auto const found = outcomes.find(nameOf(event));
-        done(found == outcomes.end() ? SessionEventOutcome {} : found->second);
+        answer(std::move(done), found == outcomes.end() ? SessionEventOutcome {} : found->second);
     }
 
     std::map<std::string, SessionEventOutcome> outcomes; ///< by the event's name; others are sent
@@ -59,37 +61,41 @@ private:
     }
 };
 
-class FakeScriptRunner : public ScriptRunner {
+class FakeScriptRunner : public ScriptRunner, AnswersLater {
 public:
+    using AnswersLater::AnswersLater;
     void run(Script const& script, std::function<void(ScriptOutcome)> done) override
     {
         scripts.push_back(script);
-        done(script.userWasTold ? ScriptOutcome {} : outcome);
+        answer(std::move(done), script.userWasTold ? whenTold : outcome);
     }
     ScriptOutcome outcome; ///< of scripts whose user was not told
+    ScriptOutcome whenTold;
     std::vector<Script> scripts;
 };
 
-class FakeDesktopCommands : public DesktopCommands {
+class FakeDesktopCommands : public DesktopCommands, AnswersLater {
 public:
+    using AnswersLater::AnswersLater;
     void open(SystemPlace place, std::function<void(PlaceOutcome)> done) override
     {
         opened.push_back(place);
-        done(outcome);
+        answer(std::move(done), outcome);
     }
     void openTerminal(Url const& folder, std::function<void(PlaceOutcome)> done) override
     {
         terminals.push_back(folder.path());
-        done(outcome);
+        answer(std::move(done), outcome);
     }
     std::vector<std::string> terminals;
     PlaceOutcome outcome = PlaceOutcome::hasFixedTarget;
     std::vector<SystemPlace> opened;
 };
 
-class FakeComputerInfo : public ComputerInfo {
+class FakeComputerInfo : public ComputerInfo, AnswersLater {
 public:
-    void gather(std::function<void(ComputerFacts)> done) override { done(facts); }
+    using AnswersLater::AnswersLater;
+    void gather(std::function<void(ComputerFacts)> done) override { answer(std::move(done), facts); }
     ComputerFacts facts;
 };
 

@@ -4,9 +4,11 @@
 #include "platform/desk/Application.h"
 #include "platform/desk/ModifierKeys.h"
 #include "platform/session/Workspace.h"
+#include "tests/fakes/FakeTime.h"
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zv::fakes {
@@ -14,12 +16,14 @@ namespace zv::fakes {
 class FakeModifierKeys : public ModifierKeys {
 public:
     ModifierMask current() const override { return held; }
-    ModifierMask ofCurrentEvent() const override { return held; }
+    ModifierMask ofCurrentEvent() const override { return atEvent; }
     ModifierMask held = ModifierMask::none;
+    ModifierMask atEvent = ModifierMask::none;
 };
 
-class FakeWorkspace : public Workspace {
+class FakeWorkspace : public Workspace, AnswersLater {
 public:
+    using AnswersLater::AnswersLater;
     void open(Url const& url) override { log.push_back("open " + url.toString()); }
     void startUntrusted(UntrustedStart const& start, StartConsent consent) override
     {
@@ -31,23 +35,23 @@ public:
         auto const found = applications.find(std::string(identifier));
         return found == applications.end() ? std::nullopt : std::optional(found->second);
     }
-    void findApplicationsFor(Url const&, std::function<void(std::vector<InstalledApplication>)> done) override { done(openers); }
+    void findApplicationsFor(Url const&, std::function<void(std::vector<InstalledApplication>)> done) override { answer(std::move(done), openers); }
     void openWith(Url const& file, Url const& application) override { log.push_back("open " + file.toString() + " with " + application.toString()); }
     void moveToTrash(Url const& file, std::function<void(Result<void>)> done) override
     {
         log.push_back("trash " + file.toString());
-        done(trashing);
+        answer(std::move(done), trashing);
     }
     void transfer(Url const& file, Url const& place, FileTransfer how, std::function<void(Result<void>)> done) override
     {
         static constexpr char const* names[] { "move ", "copy ", "link " };
         log.push_back(names[static_cast<std::size_t>(how)] + file.toString() + " to " + place.toString());
-        done(transferring);
+        answer(std::move(done), transferring);
     }
     void openNewInstance(Url const& application, std::function<void(Result<void>)> done) override
     {
         log.push_back("launch " + application.toString());
-        done(launching);
+        answer(std::move(done), launching);
     }
 
     std::vector<std::string> log;

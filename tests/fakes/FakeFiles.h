@@ -4,6 +4,7 @@
 #include "platform/files/FileSystem.h"
 #include "platform/files/Resources.h"
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <set>
@@ -84,7 +85,7 @@ public:
     {
         if (readOnly.count(url.parent().path()) > 0)
             return Failure { "Read-only file system" };
-        put(url.path(), { Node::Type::file, {}, bytes });
+        put(follow(url.path()), { Node::Type::file, {}, bytes });
         return {};
     }
     Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override
@@ -100,6 +101,7 @@ public:
             if (path != "/" && url.parent() == folder)
                 found.push_back(url.lastPathComponent());
         }
+        std::reverse(found.begin(), found.end()); // a disk's order is none
         return found;
     }
     Result<void> remove(Url const& url) override

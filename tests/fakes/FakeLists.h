@@ -8,10 +8,12 @@
 #include "platform/lists/RunningApplications.h"
 #include "platform/lists/SettingsPanes.h"
 #include "platform/lists/Volumes.h"
+#include "tests/fakes/FakeTime.h"
 
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zv::fakes {
@@ -23,36 +25,41 @@ public:
     std::vector<std::string> texts;
 };
 
-class FakeRunningApplications : public RunningApplications {
+class FakeRunningApplications : public RunningApplications, AnswersLater {
 public:
-    void list(std::function<void(List)> done) override { done(applications); }
+    using AnswersLater::AnswersLater;
+    void list(std::function<void(List)> done) override { answer(std::move(done), applications); }
     void activate(std::string const& id) override { activated.push_back(id); }
     void quit(std::string const& id) override { activated.push_back("quit " + id); }
     List applications = std::vector<RunningApplication> {};
     std::vector<std::string> activated;
 };
 
-class FakeVolumes : public Volumes {
+class FakeVolumes : public Volumes, AnswersLater {
 public:
-    void list(std::function<void(std::vector<Volume>)> done) override { done(volumes); }
+    using AnswersLater::AnswersLater;
+    void list(std::function<void(std::vector<Volume>)> done) override { answer(std::move(done), volumes); }
     std::vector<Volume> volumes;
 };
 
-class FakeRecentServers : public RecentServers {
+class FakeRecentServers : public RecentServers, AnswersLater {
 public:
-    void list(std::function<void(List)> done) override { done(servers); }
+    using AnswersLater::AnswersLater;
+    void list(std::function<void(List)> done) override { answer(std::move(done), servers); }
     List servers = std::vector<RecentServer> {};
 };
 
-class FakeNetworkInterfaces : public NetworkInterfaces {
+class FakeNetworkInterfaces : public NetworkInterfaces, AnswersLater {
 public:
-    void list(std::function<void(std::vector<InterfaceAddress>)> done) override { done(addresses); }
+    using AnswersLater::AnswersLater;
+    void list(std::function<void(std::vector<InterfaceAddress>)> done) override { answer(std::move(done), addresses); }
     std::vector<InterfaceAddress> addresses;
 };
 
-class FakeSettingsPanes : public SettingsPanes {
+class FakeSettingsPanes : public SettingsPanes, AnswersLater {
 public:
-    void list(std::function<void(std::vector<SettingsPane>)> done) override { done(panes); }
+    using AnswersLater::AnswersLater;
+    void list(std::function<void(std::vector<SettingsPane>)> done) override { answer(std::move(done), panes); }
     std::vector<SettingsPane> panes;
 };
 

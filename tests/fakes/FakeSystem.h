@@ -36,16 +36,16 @@ struct FakeSystem {
     std::shared_ptr<FakeFolderReader> folders = std::make_shared<FakeFolderReader>();
     FakeTime time;
     FakeRecentFiles recentFiles;
-    FakeRunningApplications runningApplications;
-    FakeVolumes volumes;
-    FakeRecentServers recentServers;
-    FakeNetworkInterfaces networkInterfaces;
-    FakeSettingsPanes settingsPanes;
-    FakeWorkspace workspace;
-    FakeDesktopCommands desktop;
-    FakeComputerInfo computer;
-    FakeSessionEvents sessionEvents;
-    FakeScriptRunner scripts;
+    FakeRunningApplications runningApplications { time };
+    FakeVolumes volumes { time };
+    FakeRecentServers recentServers { time };
+    FakeNetworkInterfaces networkInterfaces { time };
+    FakeSettingsPanes settingsPanes { time };
+    FakeWorkspace workspace { time };
+    FakeDesktopCommands desktop { time };
+    FakeComputerInfo computer { time };
+    FakeSessionEvents sessionEvents { time };
+    FakeScriptRunner scripts { time };
     std::shared_ptr<FakeToolRunner> tools = std::make_shared<FakeToolRunner>();
     Places places { .bundle = Url::fromPath("/Applications/Zanthe Vell.app"),
         .environment = {},

@@ -123,4 +123,22 @@ private:
     std::deque<std::function<void()>> m_main;
 };
 
+/// A service that answers in a later turn of the loop, as real ones do.
+class AnswersLater {
+public:
+    explicit AnswersLater(FakeTime& time)
+        : m_time(time)
+    {
+    }
+
+protected:
+    template <class Done, class Answer> void answer(Done done, Answer answer)
+    {
+        m_time.runOnMain([done = std::move(done), answer = std::move(answer)] { done(answer); });
+    }
+
+private:
+    FakeTime& m_time;
+};
+
 } // namespace zv::fakes

@@ -1,7 +1,9 @@
 #include "platform/linux/apps/ApplicationIndex.h"
 
 #include "base/MainThread.h"
+#include "base/Split.h"
 #include "platform/linux/posix/FolderStream.h"
+#include "platform/linux/posix/WholeFiles.h"
 
 #include <glib.h>
 
@@ -33,6 +35,13 @@ std::int64_t changeTime(std::string const& folder)
     if (stat(folder.c_str(), &status) != 0)
         return 0;
     return static_cast<std::int64_t>(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec;
+}
+
+/// The words of a command line that are no place for a file ("%U").
+std::ptrdiff_t argumentCount(std::string_view commandLine)
+{
+    auto const words = split(commandLine, ' ');
+    return std::ranges::count_if(words, [](auto word) { return !word.empty() && word.front() != '%'; });
 }
 
 struct Names {
@@ -79,12 +88,15 @@ void ApplicationIndex::addFolder(std::string const& folder, std::string const& i
 {
     m_fingerprint.emplace_back(folder, changeTime(folder));
     auto const names = namesIn(folder);
+    auto const place = withoutLinks(folder);
     for (auto const& name : names.entries) {
-        auto const id = idPrefix + name;
-        if (m_byId.contains(lowerCasedId(withoutExtension(id))))
-            continue;
-        if (auto entry = readApplicationEntry(folder + "/" + name, id, audience))
-            add(std::move(*entry));
+        auto const id = lowerCasedId(withoutExtension(idPrefix + name));
+        if (!m_byId.contains(id)) {
+            if (auto entry = readApplicationEntry(folder + "/" + name, idPrefix + name, audience))
+                add(std::move(*entry));
+        }
+        if (auto const known = m_byId.find(id); known != m_byId.end())
+            m_byFile.emplace(followingLink(place + "/" + name), known->second);
     }
     if (depth == deepestFolder)
         return;
@@ -101,11 +113,20 @@ void ApplicationIndex::add(ApplicationEntry entry)
         m_byShortId.emplace(lastPart(id, '.'), place);
         if (!entry.startupWMClass.empty())
             m_byWindowClass.emplace(lowerCasedId(entry.startupWMClass), place);
-        // The entry that a menu shows stands for a program with several.
-        if (auto const program = entry.program(); program && !entry.noDisplay)
-            m_byProgram.emplace(lastPart(*program, '/'), place);
+        addProgram(entry, place);
     }
     m_entries.push_back(std::move(entry));
+}
+
+/// The entry that a menu shows stands for a program with several; "thunar %F" before "thunar --bulk-rename %F".
+void ApplicationIndex::addProgram(ApplicationEntry const& entry, std::size_t place)
+{
+    auto const program = entry.noDisplay ? std::nullopt : entry.program();
+    if (!program)
+        return;
+    auto const [known, isNew] = m_byProgram.emplace(lastPart(*program, '/'), place);
+    if (!isNew && argumentCount(entry.exec) < argumentCount(m_entries[known->second].exec))
+        known->second = place;
 }
 
 ApplicationEntry const* ApplicationIndex::at(Names const& names, std::string_view name) const
@@ -129,6 +150,8 @@ ApplicationEntry const* ApplicationIndex::findByWindowClass(std::string_view win
 }
 
 ApplicationEntry const* ApplicationIndex::findByProgram(std::string_view program) const { return at(m_byProgram, lastPart(program, '/')); }
+
+ApplicationEntry const* ApplicationIndex::findByFile(std::string const& path) const { return at(m_byFile, path); }
 
 bool ApplicationIndex::isCurrent() const
 {

@@ -29,8 +29,11 @@ public:
     /// The entry that a window of this class belongs to: by its StartupWMClass, else by its
     /// id, in any case, else by the last part of a reversed domain name.
     [[nodiscard]] ApplicationEntry const* findByWindowClass(std::string_view windowClass) const;
-    /// Finds by the name of the program that the entry starts.
+    /// Finds by the name of the program that the entry starts; of several, the entry that gives it the fewest arguments.
     [[nodiscard]] ApplicationEntry const* findByProgram(std::string_view program) const;
+    /// Finds by the entry's file, a path free of links, wherever below the folders it lies: one that an earlier
+    /// folder's entry of the same id stands for is that entry.
+    [[nodiscard]] ApplicationEntry const* findByFile(std::string const& path) const;
 
     /// The desktops of the audience that the index was read for.
     [[nodiscard]] std::vector<std::string> const& desktops() const { return m_desktops; }
@@ -44,6 +47,7 @@ private:
 
     void addFolder(std::string const& folder, std::string const& idPrefix, DesktopAudience const& audience, int depth);
     void add(ApplicationEntry entry);
+    void addProgram(ApplicationEntry const& entry, std::size_t place);
     [[nodiscard]] ApplicationEntry const* at(Names const& names, std::string_view name) const;
 
     std::vector<std::string> m_desktops;
@@ -51,6 +55,7 @@ private:
     Names m_byId; ///< lower case, without ".desktop"
     Names m_byWindowClass; ///< lower case
     Names m_byProgram;
+    Names m_byFile; ///< the paths free of links, those of entries that an earlier one stands for, too
     Names m_byShortId; ///< the last part of "org.gnome.Nautilus", lower case
     Fingerprint m_fingerprint;
 };

@@ -44,7 +44,7 @@ public:
     void addLaunch(LaunchLog::Launch const& launch)
     {
         if (launch.time >= m_since)
-            add({ launch.path, launch.time, UsedItemType::application });
+            add({ ofOneName(launch.path), launch.time, UsedItemType::application });
     }
     [[nodiscard]] std::vector<UsedItem> newestFirst()
     {
@@ -65,7 +65,14 @@ private:
             return;
         auto path = url->path();
         auto const type = typeOf(bookmark, path);
-        add({ std::move(path), bookmark.visited, type });
+        add({ type == UsedItemType::application ? ofOneName(path) : path, bookmark.visited, type });
+    }
+    /// The application's entry, whichever way led to it: a link, a copy for all users below the user's own.
+    [[nodiscard]] std::string ofOneName(std::string const& path) const
+    {
+        auto const file = m_mounts.follow(path);
+        auto const* entry = file.kind == MountTable::Fate::Kind::found ? m_applications.findByFile(file.path) : nullptr;
+        return entry ? entry->path : path;
     }
     void addApplication(RecentlyUsed::Application const& application)
     {
@@ -85,9 +92,9 @@ private:
         // Registered command lines are quoted as a whole: 'evince %u'.
         auto const commandLine = programOfCommandLine(application.exec).value_or(application.exec);
         auto const program = programOfCommandLine(commandLine).value_or(commandLine);
-        if (auto const* entry = m_applications.findByProgram(program))
+        if (auto const* entry = m_applications.findByWindowClass(application.name); entry && entry->isListed())
             return entry;
-        return m_applications.findByWindowClass(application.name);
+        return m_applications.findByProgram(program);
     }
     void add(UsedItem item)
     {
@@ -98,6 +105,7 @@ private:
 
     ApplicationIndex const& m_applications;
     std::int64_t m_since;
+    MountTable const m_mounts = MountTable::current();
     std::unordered_map<std::string, UsedItem> m_items;
     std::unordered_map<std::string, ApplicationEntry const*> m_entryOfCommand;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/posix/GObjects.h"
+#include "platform/linux/posix/LaunchContext.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -85,7 +86,7 @@ Result<void> openFileWith(Url const& file, Url const& application, std::string c
     GObjectRef<GFile> const located(g_file_new_for_path(file.path().c_str()));
     GList files { located.get(), nullptr, nullptr };
     GErrorSlot error;
-    g_app_info_launch(G_APP_INFO(entry.get()), &files, nullptr, error.out());
+    g_app_info_launch(G_APP_INFO(entry.get()), &files, launchContext().get(), error.out());
     flushSharedBus(sessionBus);
     return resultOf(error);
 }

@@ -5,6 +5,7 @@
 #include "platform/linux/apps/FileApplications.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/entries/PackageName.h"
+#include "platform/linux/files/MountTable.h"
 #include "platform/linux/posix/GObjects.h"
 #include "platform/text/Text.h"
 
@@ -53,16 +54,26 @@ template <class Work> void runLogged(Tasks& tasks, std::string what, Url const& 
 void GioWorkspace::open(Url const& url)
 {
     assertMainThread();
-    if (!url.isFile() || !isApplicationEntryName(url.lastPathComponent()))
-        return openInBackground(url);
-    m_services.runningApplications.list([this, url](RunningApplications::List const& list) {
-        auto const running = list.value_or(std::vector<RunningApplication> {});
-        auto const found = std::ranges::find(running, std::optional(url), &RunningApplication::url);
-        if (found == running.end())
-            openInBackground(url);
-        else
-            m_services.runningApplications.activate(found->id);
-    });
+    auto const file = url.isFile() ? MountTable::current().follow(url.path()) : MountTable::Fate {};
+    if (file.kind == MountTable::Fate::Kind::found && isApplicationEntryName(file.path))
+        openApplication(url, file.path);
+    else
+        openInBackground(url);
+}
+
+/// Brings the application to the front where it runs. `entryFile` is its entry, after links.
+void GioWorkspace::openApplication(Url const& url, std::string const& entryFile)
+{
+    m_services.runningApplications.list(m_lifetime.guard([this, url, entryFile](RunningApplications::List const& list) {
+        m_services.applications.withIndex(m_lifetime.guard([this, url, entryFile, list](ApplicationCatalog::Index const& index) {
+            auto const* entry = index->findByFile(entryFile);
+            auto const running = list.value_or(std::vector<RunningApplication> {});
+            if (entry && std::ranges::find(running, entry->id, &RunningApplication::id) != running.end())
+                m_services.runningApplications.activate(entry->id);
+            else
+                openInBackground(url);
+        }));
+    }));
 }
 
 void GioWorkspace::startUntrusted(UntrustedStart const& start, StartConsent consent)

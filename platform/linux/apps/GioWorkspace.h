@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Lifetime.h"
+#include "platform/linux/apps/ApplicationIndex.h"
 #include "platform/linux/apps/LaunchLog.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/lists/RunningApplications.h"
@@ -20,6 +21,7 @@ public:
     struct Services {
         Tasks& tasks;
         RunningApplications& runningApplications;
+        ApplicationCatalog& applications;
     };
 
     /// `sessionBus` is an address; empty where there is no bus. Started applications are noted in
@@ -45,6 +47,7 @@ public:
 private:
     using Outcome = Result<void, OpenFailure>;
 
+    void openApplication(Url const& url, std::string const& entryFile);
     void openInBackground(Url const& url, std::optional<UntrustedStart> agreed = std::nullopt, std::optional<StartConsent> consent = std::nullopt);
     void opened(Url const& url, Outcome const& outcome);
 

@@ -4,6 +4,7 @@
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/Startable.h"
 #include "platform/linux/posix/GObjects.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <fcntl.h>
@@ -45,7 +46,7 @@ Result<void> launch(GAppInfo* application, char const* uri, std::string const& s
     GList uris { const_cast<char*>(uri), nullptr, nullptr };
     GErrorSlot error;
     g_desktop_app_info_launch_uris_as_manager(
-        G_DESKTOP_APP_INFO(application), uri ? &uris : nullptr, nullptr, G_SPAWN_SEARCH_PATH, detach, nullptr, nullptr, nullptr, error.out());
+        G_DESKTOP_APP_INFO(application), uri ? &uris : nullptr, launchContext().get(), G_SPAWN_SEARCH_PATH, detach, nullptr, nullptr, nullptr, error.out());
     flushSharedBus(sessionBus);
     return resultOf(error);
 }
@@ -54,8 +55,9 @@ Result<void> startProgram(std::string const& path)
 {
     auto const home = GString8(g_strdup(g_get_home_dir()));
     char* arguments[] = { const_cast<char*>(path.c_str()), nullptr };
+    GObjectRef<char*> const environment(g_app_launch_context_get_environment(launchContext().get()));
     GErrorSlot error;
-    g_spawn_async(home.get(), arguments, nullptr, G_SPAWN_DEFAULT, detach, nullptr, nullptr, error.out());
+    g_spawn_async(home.get(), arguments, environment.get(), G_SPAWN_DEFAULT, detach, nullptr, nullptr, error.out());
     return resultOf(error);
 }
 

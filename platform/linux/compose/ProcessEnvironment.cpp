@@ -1,9 +1,20 @@
 #include "platform/linux/compose/ProcessEnvironment.h"
 
+#include "platform/linux/posix/LaunchContext.h"
+
+#include <cstdlib>
+#include <mutex>
 #include <string_view>
 #include <unistd.h>
 
 namespace zv {
+
+namespace {
+
+/// https://gitlab.freedesktop.org/wayland/wayland-protocols, staging/xdg-activation
+constexpr char const* activationToken = "XDG_ACTIVATION_TOKEN";
+
+} // namespace
 
 Environment processEnvironment()
 {
@@ -14,6 +25,27 @@ Environment processEnvironment()
             environment.emplace(text.substr(0, equals), text.substr(equals + 1));
     }
     return environment;
+}
+
+void setForThisProgramAlone(char const* name, char const* value)
+{
+    if (::getenv(name))
+        return;
+    ::setenv(name, value, 1);
+    keepFromChildren(name);
+}
+
+std::string activationTokenOf(Environment const& environment)
+{
+    auto const token = valueOf(environment, activationToken);
+    return token.empty() ? valueOf(environment, "DESKTOP_STARTUP_ID") : token;
+}
+
+void useActivationToken(std::string const& token)
+{
+    static std::once_flag once;
+    std::call_once(once, [] { keepFromChildren(activationToken); });
+    ::setenv(activationToken, token.c_str(), 1);
 }
 
 } // namespace zv

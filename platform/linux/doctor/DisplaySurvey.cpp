@@ -66,7 +66,7 @@ void surveyDisplay(Environment const& environment, DesktopFindings& findings)
     }
     findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders(), XdgDirectories::of(environment).config).isEmpty();
     findings.readsDrawings = readsDrawings();
-    findings.hotkeys = LinuxHotkeys::support(sessionBus(BusAddresses::of(environment)), session);
+    findings.hotkeys = LinuxHotkeys::support(sessionBus(BusAddresses::of(environment)), environment);
 }
 
 } // namespace zv

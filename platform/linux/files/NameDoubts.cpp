@@ -6,7 +6,6 @@
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstdlib>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -23,15 +22,9 @@ bool carriesDownloadMark(std::string const& path)
     return std::any_of(std::begin(downloadMarks), std::end(downloadMarks), [&](char const* mark) { return ::lgetxattr(path.c_str(), mark, nullptr, 0) >= 0; });
 }
 
-std::string resolved(std::string const& path)
-{
-    char place[PATH_MAX];
-    return ::realpath(path.c_str(), place) ? place : path;
-}
-
 bool isBelowAny(std::string const& path, std::vector<std::string> const& folders)
 {
-    return std::any_of(folders.begin(), folders.end(), [&](std::string const& folder) { return isAtOrBelow(path, resolved(folder)); });
+    return std::any_of(folders.begin(), folders.end(), [&](std::string const& folder) { return isAtOrBelow(path, withoutLinks(folder)); });
 }
 
 } // namespace
@@ -46,7 +39,7 @@ std::optional<NameDoubt> NameDoubts::about(std::string const& path, MountTable c
     struct stat status { };
     if (::lstat(file.c_str(), &status) != 0 || status.st_uid != user)
         return NameDoubt::ofAnotherUser;
-    bool const isAnItem = folder.path == resolved(itemsFolder);
+    bool const isAnItem = folder.path == withoutLinks(itemsFolder);
     if (!isAnItem && carriesDownloadMark(file))
         return NameDoubt::downloaded;
     if (!isAnItem && isBelowAny(file, downloadFolders))

@@ -63,7 +63,7 @@ void EntryMenuPopup::close()
 void EntryMenuPopup::closed()
 {
     bool const isPressed = QGuiApplication::mouseButtons() != Qt::NoButton;
-    if (isPressed && !qobject_cast<MenuWindow*>(QApplication::topLevelAt(QCursor::pos())))
+    if (isPressed && !MenuWindow::at(QCursor::pos()))
         m_window.topMenu().close();
 }
 
@@ -87,6 +87,7 @@ void EntryMenuPopup::open(QAction const* action, QPoint at, By by)
     m_shown = std::make_shared<MenuEntry const>(std::move(shown));
     delete m_popup;
     m_popup = new MenuWindow(m_window.topMenu().parentWidget());
+    m_popup->placer = &m_window.usedPlacer();
     m_popup->onChosen = [this](auto target, Qt::KeyboardModifiers held) { m_window.closeAllAndChoose(target, held); };
     m_popup->onClosed = [this] { closed(); };
     m_popup->setMenu(m_shown->submenu);

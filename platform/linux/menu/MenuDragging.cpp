@@ -1,6 +1,7 @@
 #include "platform/linux/menu/MenuDragging.h"
 
 #include "app/menu/EntryMenus.h"
+#include "platform/linux/menu/MenuPlacer.h"
 #include "platform/linux/menu/MenuWindow.h"
 
 #include <QAction>
@@ -104,7 +105,10 @@ void MenuDragging::drag()
     dragged->setMimeData(data);
     dragged->setPixmap(action->icon().pixmap(32));
     QPointer<MenuWindow> const window(&m_window);
+    auto& placer = m_window.usedPlacer();
+    placer.dragBegins();
     auto const done = dragged->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction);
+    placer.dragEnds();
     if (window && done != Qt::IgnoreAction)
         window->topMenu().close();
 }

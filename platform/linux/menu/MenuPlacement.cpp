@@ -9,10 +9,13 @@ namespace zv {
 
 namespace {
 
+/// The coordinates of X11 are pixels, those of Wayland are the toolkit's.
+double scaleOf(double devicePixelRatio) { return QGuiApplication::platformName() == QLatin1String("xcb") ? devicePixelRatio : 1; }
+
 QRect pixelsOf(QScreen const& screen)
 {
     auto const geometry = screen.geometry();
-    return { geometry.topLeft(), geometry.size() * screen.devicePixelRatio() };
+    return { geometry.topLeft(), geometry.size() * scaleOf(screen.devicePixelRatio()) };
 }
 
 QScreen* screenWithPixel(QPoint pixel)
@@ -32,7 +35,7 @@ std::optional<QPoint> pixelOf(Point point)
     if (!primary)
         return std::nullopt;
     auto const screen = pixelsOf(*primary);
-    auto const pixels = [](double points) { return static_cast<int>(std::lround(points * qGuiApp->devicePixelRatio())); };
+    auto const pixels = [](double points) { return static_cast<int>(std::lround(points * scaleOf(qGuiApp->devicePixelRatio()))); };
     return QPoint(screen.left() + pixels(point.x), screen.top() + screen.height() - pixels(point.y));
 }
 
@@ -42,13 +45,12 @@ QPoint toolkitPoint(QPoint pixel)
     if (!screen)
         return pixel;
     auto const origin = screen->geometry().topLeft();
-    return origin + (pixel - origin) / screen->devicePixelRatio();
+    return origin + (pixel - origin) / scaleOf(screen->devicePixelRatio());
 }
 
-QPoint menuPositionFor(QPoint pixel)
+QPoint besidePanels(QPoint point)
 {
-    auto const* screen = screenWithPixel(pixel);
-    auto const point = toolkitPoint(pixel);
+    auto const* screen = QGuiApplication::screenAt(point);
     if (!screen)
         return point;
     auto const free = screen->availableGeometry();

@@ -16,8 +16,8 @@ namespace zv {
 /// screen.
 [[nodiscard]] QPoint toolkitPoint(QPoint pixel);
 
-/// The position for a menu requested at a point: beside the panel when the point lies on one, so
-/// that the panel stays visible.
-[[nodiscard]] QPoint menuPositionFor(QPoint pixel);
+/// The place for a menu requested at a point of the toolkit: beside the panel when the point lies
+/// on one, so that the panel stays visible.
+[[nodiscard]] QPoint besidePanels(QPoint point);
 
 } // namespace zv

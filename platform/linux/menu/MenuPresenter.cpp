@@ -1,24 +1,24 @@
 #include "platform/linux/menu/MenuPresenter.h"
 
 #include "app/menu/Menu.h"
-#include "platform/linux/menu/MenuPlacement.h"
 
 #include <QAccessible>
-#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 
 namespace zv {
 
-MenuPresenter::MenuPresenter(MenuPerformer& performer)
+MenuPresenter::MenuPresenter(MenuPerformer& performer, MenuPlacer& placer)
     : m_performer(performer)
+    , m_placer(placer)
     , m_accessibleParent(std::make_unique<MenuAccessibleParent>())
     , m_window(new MenuWindow(m_accessibleParent.get()))
 {
     m_window->setAccessibleName(m_accessibleParent->accessibleName());
     m_window->onChosen = [this](auto target, Qt::KeyboardModifiers held) { m_performer.perform(std::move(target), held); };
-    // Later, as the closing window still holds the chosen entry.
-    m_window->onClosed = [this] { m_performer.later(m_lifetime.guard([this] { m_window->forget(); })); };
+    m_window->onClosed = [this] { closed(); };
+    m_window->placer = &m_placer;
+    m_placer.onLost = m_lifetime.guard([this] { close(); });
 }
 
 MenuPresenter::~MenuPresenter() = default;
@@ -40,21 +40,39 @@ void MenuPresenter::show(std::shared_ptr<Menu> const& menu)
 
 void MenuPresenter::openByKey(std::shared_ptr<Menu> const& menu)
 {
-    show(menu);
-    auto const pointer = QCursor::pos();
-    if (QGuiApplication::screenAt(pointer))
-        return m_window->popUpByKey(pointer);
-    auto const centre = QGuiApplication::primaryScreen()->availableGeometry().center();
-    m_window->popUpByKey(centre);
-    m_window->move(centre - m_window->rect().center());
+    close();
+    m_placer.find(std::nullopt, m_lifetime.guard([this, menu](std::optional<QPoint> pointer) {
+        show(menu);
+        auto const centre = QGuiApplication::primaryScreen()->availableGeometry().center();
+        m_window->popUpByKey(pointer.value_or(centre));
+        if (!pointer)
+            m_window->move(centre - m_window->rect().center());
+    }));
 }
 
-void MenuPresenter::open(std::shared_ptr<Menu> const& menu, QPoint pixel, ModifierMask extra)
+/// Where there is no pointer, below the corner.
+void MenuPresenter::open(std::shared_ptr<Menu> const& menu, std::optional<QPoint> pixel, ModifierMask extra)
 {
-    show(menu);
-    m_performer.modifiers().setOpeningWith(extra);
-    m_window->popup(menuPositionFor(pixel));
-    m_performer.modifiers().setOpeningWith(ModifierMask::none);
+    close();
+    m_placer.find(pixel, m_lifetime.guard([this, menu, extra](std::optional<QPoint> at) {
+        show(menu);
+        m_performer.modifiers().setOpeningWith(extra);
+        m_window->popup(at.value_or(QGuiApplication::primaryScreen()->availableGeometry().topLeft()));
+        m_performer.modifiers().setOpeningWith(ModifierMask::none);
+    }));
+}
+
+/// Later, as the closing window still holds the chosen entry; and the screen is given back when
+/// that was performed, as a text can be copied only by a program that has the keyboard.
+void MenuPresenter::closed()
+{
+    m_performer.later(m_lifetime.guard([this] {
+        m_window->forget();
+        m_performer.later(m_lifetime.guard([this] {
+            if (!isOpen())
+                m_placer.leave();
+        }));
+    }));
 }
 
 void MenuPresenter::close()

@@ -225,7 +225,7 @@ void MenuTyping::showLine()
     m_line->setText(QString::fromStdString(m_filter.text()));
     m_lineText->setText(m_line->text());
     m_line->setStatusTip(QString::fromStdString(m_filter.announcement(matchCount(), instead)));
-    m_noMatches->setText(QString::fromUtf8(instead.data(), static_cast<qsizetype>(instead.size())));
+    m_noMatches->setText(QString::fromStdString(zv::tr(instead)));
     m_noMatches->setVisible(isFiltering() && matchCount() == 0);
 }
 

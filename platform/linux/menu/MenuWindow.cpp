@@ -2,6 +2,7 @@
 
 #include "app/menu/Menu.h"
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/menu/EntryAccessible.h"
 #include "platform/linux/menu/EntryAction.h"
 #include "platform/linux/menu/MenuStyle.h"
@@ -144,6 +145,38 @@ MenuWindow& MenuWindow::topMenu()
     return *root;
 }
 
+MenuPlacer& MenuWindow::usedPlacer()
+{
+    static DesktopMenuPlacer usual;
+    auto* given = topMenu().placer;
+    return given ? *given : usual;
+}
+
+/// The toolkit knows no native window that stands within another as a window of the desktop.
+MenuWindow* MenuWindow::at(QPoint point)
+{
+    for (auto* widget : QApplication::topLevelWidgets()) {
+        auto* menu = qobject_cast<MenuWindow*>(widget);
+        if (menu && menu->isVisible() && menu->geometry().contains(point))
+            return menu;
+    }
+    return nullptr;
+}
+
+void MenuWindow::setVisible(bool visible)
+{
+    QMenu::setVisible(visible);
+    if (visible)
+        usedPlacer().windowIsShown(*this);
+}
+
+void MenuWindow::windowShows()
+{
+    m_picture.windowShows();
+    windowHandle()->installEventFilter(this);
+    usedPlacer().windowShows(*this);
+}
+
 void MenuWindow::closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held)
 {
     auto& root = topMenu();
@@ -241,7 +274,7 @@ void MenuWindow::mouseMoveEvent(QMouseEvent* event)
     auto const at = event->globalPosition().toPoint();
     if (event->timestamp() != 0) // a move that another menu passed on has none
         topMenu().m_moveTime = static_cast<qint64>(event->timestamp());
-    bool const isOutside = parentMenu() && !QApplication::widgetAt(at);
+    bool const isOutside = parentMenu() && !MenuWindow::at(at);
     auto& over = isOutside ? *parentMenu() : *this;
     if (over.isOnItsWay(at))
         return over.m_rest.start(restTime, &over);
@@ -326,8 +359,7 @@ bool MenuWindow::event(QEvent* event)
             return true;
         break;
     case QEvent::Show:
-        m_picture.windowShows();
-        windowHandle()->installEventFilter(this);
+        windowShows();
         break;
     case QEvent::FontChange: // what was cut short in the old font may fit now
         if (!isVisible())
@@ -350,8 +382,16 @@ bool MenuWindow::event(QEvent* event)
 
 bool MenuWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    bool const isExposed = watched == windowHandle() && event->type() == QEvent::Paint;
-    return (isExposed && m_picture.isExposureDone()) || QMenu::eventFilter(watched, event);
+    bool const isOfWindow = watched == windowHandle();
+    bool const isExposed = isOfWindow && event->type() == QEvent::Paint;
+    bool const isForeignMove = isOfWindow && event->type() == QEvent::Move && usedPlacer().ownsWindowMoves();
+    return isForeignMove || (isExposed && m_picture.isExposureDone()) || QMenu::eventFilter(watched, event);
+}
+
+void MenuWindow::hideEvent(QHideEvent* event)
+{
+    QMenu::hideEvent(event);
+    usedPlacer().windowHid(*this);
 }
 
 void MenuWindow::actionEvent(QActionEvent* event)
@@ -370,9 +410,16 @@ void MenuWindow::paintEvent(QPaintEvent* event)
     else
         QMenu::paintEvent(event);
     if (isFirst)
-        m_picture.firstIsPainted();
+        firstIsPainted();
     m_mirror.fetchIconsSoon();
     m_typing.fetchIconsSoon();
+}
+
+void MenuWindow::firstIsPainted()
+{
+    m_picture.firstIsPainted();
+    QMetaObject::invokeMethod(
+        this, [this] { usedPlacer().windowIsShown(*this); }, Qt::QueuedConnection);
 }
 
 /// Whether the root's window looks as it does when it opens. Submenus have no pictures.

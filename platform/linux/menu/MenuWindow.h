@@ -18,6 +18,7 @@ namespace zv {
 
 class Menu;
 class MenuActionTarget;
+class MenuPlacer;
 
 /// A level of an open menu: shows a Menu, asks it to fill itself right before it opens, and
 /// follows later fills. The window passes the toolkit's events on: to the mirror of the entries,
@@ -45,8 +46,11 @@ public:
     void closeAllAndChoose(std::shared_ptr<MenuActionTarget> const& target, Qt::KeyboardModifiers held = Qt::NoModifier);
     /// The window at the root of the tree.
     [[nodiscard]] MenuWindow& topMenu();
+    /// The open menu's window at that point of the desktop; null for none.
+    [[nodiscard]] static MenuWindow* at(QPoint point);
     void layOutAgain();
     [[nodiscard]] bool showsEntryMenu() const { return m_entryMenu.isOpen(); }
+    void setVisible(bool visible) override;
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
 
@@ -54,6 +58,9 @@ public:
     std::function<void(std::shared_ptr<MenuActionTarget>, Qt::KeyboardModifiers)> onChosen;
     /// Reads the keyboard for shortcuts; asked by the window at the root of the tree.
     std::function<KeyPress(QKeyEvent const&)> readKey;
+    /// Puts the windows of the tree on the desktop; null for windows that may stand anywhere. The root's counts.
+    MenuPlacer* placer = nullptr;
+    [[nodiscard]] MenuPlacer& usedPlacer();
     /// Called by the root when it has closed.
     std::function<void()> onClosed;
     /// Called by the root when a press elsewhere on the screen closes the menu.
@@ -62,6 +69,7 @@ public:
 protected:
     void actionEvent(QActionEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -75,6 +83,8 @@ protected:
 
 private:
     [[nodiscard]] MenuWindow* parentMenu() const { return qobject_cast<MenuWindow*>(parentWidget()); }
+    void windowShows();
+    void firstIsPainted();
     void willOpen();
     void didHide();
     void chosen(QAction* action);

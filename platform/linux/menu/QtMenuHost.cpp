@@ -2,7 +2,6 @@
 
 #include "base/Log.h"
 #include "platform/linux/menu/MenuPlacement.h"
-#include "platform/linux/toolkit/DisplayServer.h"
 
 namespace zv {
 
@@ -14,10 +13,10 @@ void QtMenuHost::popUp(std::shared_ptr<Menu> const& menu, Point at)
 
 void QtMenuHost::popUpByKey(std::shared_ptr<Menu> const& menu)
 {
-    if (canPlaceWindows())
+    if (m_presenter.placer().reach() != MenuPlacer::Reach::nowhere)
         m_presenter.openByKey(menu);
     else
-        logLine("a key can open the menu on X11 only; click its icon in the panel instead");
+        logLine("no window can be shown here; click the icon in the panel instead");
 }
 
 } // namespace zv

@@ -4,9 +4,7 @@
 #include "platform/linux/posix/WholeFiles.h"
 
 #include <array>
-#include <climits>
 #include <cstddef>
-#include <cstdlib>
 #include <string_view>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -21,16 +19,6 @@ bool isLink(std::string const& path)
 {
     struct stat status { };
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
-}
-
-/// The path with the links followed in as much of it as exists.
-std::string withoutLinks(std::string const& path)
-{
-    char real[PATH_MAX];
-    if (path == "/" || ::realpath(path.c_str(), real))
-        return path == "/" ? path : real;
-    auto const folder = withoutLinks(folderOf(path));
-    return (folder == "/" ? "" : folder) + "/" + std::string(lastPathComponent(path));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "platform/linux/posix/WholeFiles.h"
 
+#include "base/Url.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -104,13 +106,19 @@ std::string folderOf(std::string const& path)
     return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
 }
 
+std::string withoutLinks(std::string const& path)
+{
+    char real[PATH_MAX];
+    if (path == "/" || ::realpath(path.c_str(), real))
+        return path == "/" ? path : real;
+    auto const folder = withoutLinks(folderOf(path));
+    return (folder == "/" ? "" : folder) + "/" + std::string(lastPathComponent(path));
+}
+
 std::string followingLink(std::string const& path)
 {
     struct stat status { };
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
-        return path;
-    char target[PATH_MAX];
-    return ::realpath(path.c_str(), target) ? target : path;
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) ? withoutLinks(path) : path;
 }
 
 std::optional<std::string> brokenLinkAt(std::string path)

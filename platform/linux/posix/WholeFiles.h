@@ -21,6 +21,8 @@ namespace zv {
 [[nodiscard]] std::string systemMessage(int error);
 /// The folder part of an absolute path; "/" for a top-level path.
 [[nodiscard]] std::string folderOf(std::string const& path);
+/// The path with the links followed in as much of it as exists.
+[[nodiscard]] std::string withoutLinks(std::string const& path);
 /// The target of an unbroken symbolic link; else the path itself.
 [[nodiscard]] std::string followingLink(std::string const& path);
 /// Why nobody can know what lies at the path: a symbolic link there, or on the way there, whose target

@@ -19,6 +19,7 @@ constexpr char const* introspection = R"xml(
 <interface name="org.zanthevell.ZantheVell">
   <method name="ShowMenu"/>
   <method name="ShowMenuAt"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="TakeActivationToken"><arg name="token" type="s" direction="in"/></method>
   <method name="OpenSettings"/>
   <method name="Quit"/>
   <method name="AddFiles"><arg name="files" type="as" direction="in"/></method>
@@ -53,6 +54,7 @@ struct BusProgramServer::Method {
         static constexpr Method methods[] = {
             { own, "ShowMenu", "", &BusProgramServer::showMenu },
             { own, "ShowMenuAt", "ii", &BusProgramServer::showMenuAt },
+            { own, "TakeActivationToken", "s", &BusProgramServer::takeActivationToken },
             { own, "OpenSettings", "", &BusProgramServer::openSettings },
             { own, "Quit", "", &BusProgramServer::quit },
             { own, "AddFiles", "as", &BusProgramServer::addFiles },
@@ -137,16 +139,27 @@ void BusProgramServer::perform(QDBusMessage const& message, QDBusConnection cons
 /// Performs the request after the answer is sent, so that callers do not wait for it.
 void BusProgramServer::later(std::function<void()> request) { QMetaObject::invokeMethod(this, std::move(request), Qt::QueuedConnection); }
 
-BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&)
+BusProgramServer::Answer BusProgramServer::showMenu(QVariantList const&) { return showMenuAt(std::nullopt); }
+
+BusProgramServer::Answer BusProgramServer::showMenuAt(std::optional<RunningProgram::ScreenPoint> at)
 {
-    later([this] { m_handlers.showMenu(std::nullopt); });
+    if (auto const can = m_handlers.canShowMenu ? m_handlers.canShowMenu() : Result<void>(); !can)
+        return Failure { can.error() };
+    later([this, at] { m_handlers.showMenu(at); });
     return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::showMenuAt(QVariantList const& arguments)
 {
-    RunningProgram::ScreenPoint const at { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) };
-    later([this, at] { m_handlers.showMenu(at); });
+    return showMenuAt(RunningProgram::ScreenPoint { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) });
+}
+
+BusProgramServer::Answer BusProgramServer::takeActivationToken(QVariantList const& arguments)
+{
+    later([this, token = arguments[0].toString().toStdString()] {
+        if (m_handlers.takeActivationToken)
+            m_handlers.takeActivationToken(token);
+    });
     return QVariantList {};
 }
 

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QDBusMessage;
 
@@ -37,6 +38,8 @@ private:
     using Answer = Result<QVariantList>; ///< a failure is a sentence for the caller
     Answer showMenu(QVariantList const& arguments);
     Answer showMenuAt(QVariantList const& arguments);
+    Answer showMenuAt(std::optional<RunningProgram::ScreenPoint> at);
+    Answer takeActivationToken(QVariantList const& arguments);
     Answer openSettings(QVariantList const& arguments);
     Answer quit(QVariantList const& arguments);
     Answer addFiles(QVariantList const& arguments);

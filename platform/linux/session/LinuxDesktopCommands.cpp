@@ -1,6 +1,7 @@
 #include "platform/linux/session/LinuxDesktopCommands.h"
 
 #include "platform/linux/posix/GObjects.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/posix/OsRelease.h"
 
 #include <algorithm>
@@ -88,7 +89,7 @@ GObjectRef<GAppInfo> softwareLinkHandler() { return GObjectRef<GAppInfo>(g_app_i
 bool startSoftwareLinkHandler()
 {
     auto const handler = softwareLinkHandler();
-    return handler && g_app_info_launch(handler.get(), nullptr, nullptr, nullptr) != FALSE;
+    return handler && g_app_info_launch(handler.get(), nullptr, launchContext().get(), nullptr) != FALSE;
 }
 
 PlaceOutcome openStore(DesktopAccess const& access) { return startSoftwareLinkHandler() ? PlaceOutcome::opened : openFirst(softwareStore, access); }
@@ -107,7 +108,7 @@ PlaceOutcome openHomePage(std::string const& releaseFile)
     bool const isPage = page != release.end() && (page->second.starts_with("https://") || page->second.starts_with("http://"));
     if (!isPage)
         return PlaceOutcome::hasFixedTarget;
-    return g_app_info_launch_default_for_uri(page->second.c_str(), nullptr, nullptr) ? PlaceOutcome::opened : PlaceOutcome::notFound;
+    return g_app_info_launch_default_for_uri(page->second.c_str(), launchContext().get(), nullptr) ? PlaceOutcome::opened : PlaceOutcome::notFound;
 }
 
 struct TerminalProgram {

@@ -40,6 +40,9 @@ InspectorView::InspectorView(SettingsModels& models, KeyLookup lookUp)
     , m_target(smallLabel())
     , m_depth(new QComboBox)
     , m_shortcut(nullptr)
+    , m_shortcutNoteRow(new QWidget)
+    , m_shortcutNote(smallLabel())
+    , m_showOwner(settingsButton(text(settingsTexts::showOwner.title)))
     , m_hidden(new QCheckBox(text(settingsTexts::hidden)))
     , m_note(smallLabel())
 {
@@ -77,6 +80,8 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_form->addRow(text(settingsTexts::target), m_targetRow);
     m_form->addRow(text(m_models.wording().depth), m_depth);
     m_form->addRow(text(settingsTexts::shortcut), m_shortcut);
+    buildShortcutNote();
+    m_form->addRow(m_shortcutNoteRow);
     m_form->addRow(m_hidden);
     m_form->addRow(m_note);
 
@@ -106,6 +111,20 @@ void InspectorView::buildForm(KeyLookup lookUp)
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
     };
+}
+
+void InspectorView::buildShortcutNote()
+{
+    auto* line = new QVBoxLayout(m_shortcutNoteRow);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(m_shortcutNote);
+    line->addWidget(m_showOwner, 0, Qt::AlignLeading);
+    m_showOwner->setToolTip(text(settingsTexts::showOwner.help));
+    m_showOwner->setAccessibleDescription(text(settingsTexts::showOwner.help));
+    connect(m_showOwner, &QPushButton::clicked, this, [this] {
+        if (m_shortcutOwner && onShowItem)
+            onShowItem(Uuid(*m_shortcutOwner));
+    });
 }
 
 void InspectorView::show(MenuItem const* item, std::size_t count)
@@ -142,6 +161,10 @@ void InspectorView::fill(InspectorFields const& fields)
 
     m_shortcut->setSpec(fields.shortcut);
     setRowVisible(m_shortcut, fields.hasShortcut);
+    m_shortcutOwner = fields.shortcutOwner;
+    m_shortcutNote->setText(text(fields.shortcutNote));
+    m_showOwner->setVisible(fields.shortcutOwner.has_value());
+    setRowVisible(m_shortcutNoteRow, !fields.shortcutNote.empty());
     QSignalBlocker const quietHidden(m_hidden);
     m_hidden->setChecked(fields.isHidden);
     m_note->setText(text(fields.note));

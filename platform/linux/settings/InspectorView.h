@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 class QCheckBox;
@@ -14,6 +15,7 @@ class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace zv {
 
@@ -24,12 +26,15 @@ public:
 
     /// Null for no selection; `count` is the number of selected items.
     void show(MenuItem const* item, std::size_t count);
+    /// Called to show another item of the menu.
+    std::function<void(Uuid const&)> onShowItem;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildForm(KeyLookup lookUp);
+    void buildShortcutNote();
     void takeTitle();
     void fill(InspectorFields const& fields);
     void setRowVisible(QWidget* field, bool isVisible);
@@ -45,6 +50,10 @@ private:
     QLabel* m_target;
     QComboBox* m_depth;
     RecorderField* m_shortcut;
+    QWidget* m_shortcutNoteRow;
+    QLabel* m_shortcutNote;
+    QPushButton* m_showOwner;
+    std::optional<Uuid> m_shortcutOwner;
     QCheckBox* m_hidden;
     QLabel* m_note;
 };

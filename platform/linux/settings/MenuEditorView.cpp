@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
+#include "platform/linux/settings/FlowLayout.h"
 #include "platform/linux/settings/SettingsButton.h"
 
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <QItemSelectionModel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -23,6 +25,7 @@ namespace zv {
 namespace {
 
 constexpr int undoLimit = 200;
+constexpr int widthOfThreeColumns = 840;
 
 /// Joins consecutive rows into one range each, as a selection of many ranges is slow. Sorts the
 /// rows.
@@ -46,22 +49,25 @@ QItemSelection stretchesOf(QModelIndexList& rows)
 /// An edit on the undo stack.
 class MenuEditorView::EditCommand : public QUndoCommand {
 public:
-    EditCommand(MenuEditor& editor, MenuEdit edit)
+    /// `onDone` is told what to select.
+    EditCommand(MenuEditor& editor, MenuEdit edit, std::function<void(std::set<Uuid> const&)> onDone)
         : QUndoCommand(QString::fromStdString(edit.name))
         , m_editor(editor)
         , m_edit(std::move(edit))
+        , m_onDone(std::move(onDone))
     {
     }
-    void undo() override { m_editor.undo(m_edit); }
+    void undo() override { m_onDone(m_editor.undo(m_edit)); }
     void redo() override
     {
         if (std::exchange(m_isDone, true)) // the first call comes from the stack, when the store has the edit already
-            m_editor.redo(m_edit);
+            m_onDone(m_editor.redo(m_edit));
     }
 
 private:
     MenuEditor& m_editor;
     MenuEdit m_edit;
+    std::function<void(std::set<Uuid> const&)> m_onDone;
     bool m_isDone = false;
 };
 
@@ -130,25 +136,36 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     line->setContentsMargins(12, 12, 12, 12);
     auto* columns = new QSplitter;
     columns->setChildrenCollapsible(false);
+    m_menuSide = new QSplitter;
+    m_menuSide->setChildrenCollapsible(false);
+    m_menuSide->addWidget(outlineColumn());
+    m_menuSide->addWidget(inspectorColumn());
+    m_menuSide->setStretchFactor(0, 1);
+    m_menuSide->setSizes({ 430, 240 });
     columns->addWidget(m_library);
-    columns->addWidget(outlineColumn());
-    columns->addWidget(inspectorColumn());
+    columns->addWidget(m_menuSide);
     columns->setStretchFactor(1, 1);
-    columns->setSizes({ 230, 400, 240 });
+    columns->setSizes({ 210, 690 });
     line->addWidget(columns);
 
     m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
     m_models.editor().onEdit = [this](MenuEdit const& edit) { edited(edit); };
+    m_inspector->onShowItem = [this](Uuid const& item) { showItem(item); };
+    m_models.editor().undoLast = [this] { m_undo.undo(); };
     connect(&m_tree, &MenuTreeModel::aboutToLayAnew, this, [this] { keepState(); });
     connect(&m_tree, &MenuTreeModel::laidAnew, this, [this] { bringStateBack(); });
-    connect(&m_tree, &QAbstractItemModel::dataChanged, this, [this] { refreshInspector(); });
+    connect(&m_tree, &MenuTreeModel::followed, this, [this] { selectionChanged(); });
     connect(m_outline->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { selectionChanged(); });
     m_undo.setUndoLimit(undoLimit);
     addActions();
     selectionChanged();
 }
 
-MenuEditorView::~MenuEditorView() { m_models.editor().onEdit = nullptr; }
+MenuEditorView::~MenuEditorView()
+{
+    m_models.editor().onEdit = nullptr;
+    m_models.editor().undoLast = nullptr;
+}
 
 QWidget* MenuEditorView::outlineColumn()
 {
@@ -156,13 +173,11 @@ QWidget* MenuEditorView::outlineColumn()
     auto* box = new QVBoxLayout(column);
     box->setContentsMargins(0, 0, 0, 0);
     box->addWidget(m_outline, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(6);
+    auto* buttons = new FlowLayout;
     addButton(*buttons, settingsTexts::addFile, [this] { addFiles(FilePanelKind::filesAndFolders); });
     addButton(*buttons, settingsTexts::addFolder, [this] { addFiles(FilePanelKind::folder); });
     addButton(*buttons, settingsTexts::addSubmenu, [this] { m_models.editor().addSubmenu(insertPosition()); });
     addButton(*buttons, settingsTexts::addSeparator, [this] { m_models.editor().addSeparator(insertPosition()); });
-    buttons->addStretch();
     m_remove = addButton(*buttons, settingsTexts::remove, [this] { removeSelected(); });
     box->addLayout(buttons);
     return column;
@@ -172,12 +187,29 @@ QWidget* MenuEditorView::inspectorColumn()
 {
     auto* column = new QWidget;
     auto* box = new QVBoxLayout(column);
-    box->setContentsMargins(6, 0, 0, 0);
+    box->setContentsMargins(6, 0, 6, 0);
     box->addWidget(m_inspector, 1);
     auto* restore = settingsButton(QString::fromUtf8(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
     box->addWidget(restore);
-    return column;
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(column);
+    area->viewport()->setAutoFillBackground(false);
+    column->setAutoFillBackground(false);
+    return area;
+}
+
+/// Puts the inspector below the menu where three columns have no room.
+void MenuEditorView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    auto const fitting = width() < widthOfThreeColumns ? Qt::Vertical : Qt::Horizontal;
+    if (m_menuSide->orientation() == fitting)
+        return;
+    m_menuSide->setOrientation(fitting);
+    m_menuSide->setSizes(fitting == Qt::Vertical ? QList<int> { 300, 220 } : QList<int> { 430, 240 });
 }
 
 QPushButton* MenuEditorView::addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act)
@@ -218,13 +250,16 @@ void MenuEditorView::addActions()
         removeSelected();
     });
     auto* copy = addAction(settingsTexts::copy, Keys::keyBindings(Keys::Copy), [this] { copySelected(); });
-    addAction(settingsTexts::paste, Keys::keyBindings(Keys::Paste), [this] { paste(); });
+    m_paste = addAction(settingsTexts::paste, Keys::keyBindings(Keys::Paste), [this] { paste(); });
     auto* duplicate = addAction(settingsTexts::duplicate, { Keys(Qt::CTRL | Qt::Key_D) }, [this] { m_models.editor().duplicate(selection()); });
-    auto* remove = addAction(settingsTexts::deleteSelected, Keys::keyBindings(Keys::Delete), [this] { removeSelected(); });
+    // Not the toolkit's list of keys, in which Delete has Ctrl+D, too.
+    auto* remove = addAction(settingsTexts::deleteSelected, { Keys(Qt::Key_Delete) }, [this] { removeSelected(); });
     addGap();
-    auto* up = addAction(settingsTexts::moveUp, { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
-    auto* down = addAction(settingsTexts::moveDown, { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
-    m_selectionActions = { cut, copy, duplicate, remove, up, down };
+    m_up = addAction(settingsTexts::moveUp, { Keys(Qt::ALT | Qt::Key_Up) }, [this] { m_models.editor().moveUp(selection()); });
+    m_down = addAction(settingsTexts::moveDown, { Keys(Qt::ALT | Qt::Key_Down) }, [this] { m_models.editor().moveDown(selection()); });
+    m_selectionActions = { cut, copy, duplicate, remove };
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this] { enablePaste(); });
+    enablePaste();
 }
 
 /// Adds undo and redo for the whole window; a text field undoes its own typing first.
@@ -244,8 +279,8 @@ std::set<Uuid> MenuEditorView::selection() const
 {
     std::set<Uuid> ids;
     for (auto const& index : m_outline->selectionModel()->selectedRows()) {
-        if (auto const* item = m_tree.item(index))
-            ids.insert(item->id);
+        if (auto const id = m_tree.idOf(index))
+            ids.insert(*id);
     }
     return ids;
 }
@@ -253,9 +288,8 @@ std::set<Uuid> MenuEditorView::selection() const
 MenuEditor::Position MenuEditorView::insertPosition() const
 {
     auto const current = m_outline->selectionModel()->currentIndex();
-    auto const* item = m_tree.item(current);
-    bool const isOpen = item && m_outline->isExpanded(current.siblingAtColumn(0));
-    return m_models.editor().positionAfter(selection(), isOpen ? std::optional(item->id) : std::nullopt);
+    bool const isOpen = current.isValid() && m_outline->isExpanded(current.siblingAtColumn(0));
+    return m_models.editor().positionAfter(selection(), isOpen ? m_tree.idOf(current) : std::nullopt);
 }
 
 void MenuEditorView::select(std::set<Uuid> const& ids)
@@ -281,10 +315,14 @@ void MenuEditorView::showItem(Uuid const& item)
 
 void MenuEditorView::selectionChanged()
 {
-    bool const hasSelection = m_outline->selectionModel()->hasSelection();
+    if (m_tree.isStale())
+        return; // the rows are just following the store, and tell when they are done
+    auto const selected = selection();
     for (auto* action : m_selectionActions)
-        action->setEnabled(hasSelection);
-    m_remove->setEnabled(hasSelection);
+        action->setEnabled(!selected.empty());
+    m_remove->setEnabled(!selected.empty());
+    m_up->setEnabled(m_models.editor().canMoveUp(selected));
+    m_down->setEnabled(m_models.editor().canMoveDown(selected));
     refreshInspector();
 }
 
@@ -320,12 +358,23 @@ void MenuEditorView::paste()
 
 void MenuEditorView::edited(MenuEdit const& edit)
 {
-    m_undo.push(new EditCommand(m_models.editor(), edit));
-    if (!edit.selectionAfter)
-        return;
-    // The tree is rebuilt in the next turn.
+    auto const select = [this, before = selection()](std::set<Uuid> const& ids) { selectLater(ids.empty() ? before : ids); };
+    m_undo.push(new EditCommand(m_models.editor(), edit, select));
+    if (edit.selectionAfter)
+        selectLater(*edit.selectionAfter);
+}
+
+/// The rows follow the store in the next turn.
+void MenuEditorView::selectLater(std::set<Uuid> ids)
+{
     QMetaObject::invokeMethod(
-        this, [this, ids = *edit.selectionAfter] { select(ids); }, Qt::QueuedConnection);
+        this, [this, ids = std::move(ids)] { select(ids); }, Qt::QueuedConnection);
+}
+
+void MenuEditorView::enablePaste()
+{
+    auto const* data = QApplication::clipboard()->mimeData();
+    m_paste->setEnabled(data && m_tree.canDropMimeData(data, Qt::CopyAction, -1, -1, {}));
 }
 
 void MenuEditorView::keepState()
@@ -337,8 +386,7 @@ void MenuEditorView::keepState()
             auto const index = m_tree.index(row, 0, parent);
             if (!m_outline->isExpanded(index))
                 continue;
-            if (auto const* item = m_tree.item(index))
-                m_keptExpanded.insert(item->id);
+            m_keptExpanded.insert(*m_tree.idOf(index));
             collect(index);
         }
     };
@@ -350,7 +398,7 @@ void MenuEditorView::bringStateBack()
     for (auto const& id : m_keptExpanded)
         m_outline->setExpanded(m_tree.indexOf(id), true);
     select(m_keptSelection);
-    refreshInspector();
+    selectionChanged();
 }
 
 void MenuEditorView::refreshInspector()

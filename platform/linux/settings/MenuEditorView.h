@@ -13,6 +13,7 @@
 #include <set>
 
 class QPushButton;
+class QSplitter;
 
 namespace zv {
 
@@ -24,6 +25,9 @@ public:
 
     /// Selects the item, and brings it into sight.
     void showItem(Uuid const& item);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Outline;
@@ -50,14 +54,20 @@ private:
     void bringStateBack();
     void refreshInspector();
     void edited(MenuEdit const& edit);
+    void selectLater(std::set<Uuid> ids);
+    void enablePaste();
 
     SettingsModels& m_models;
     MenuTreeModel m_tree;
     QUndoStack m_undo;
     LibraryView* m_library;
+    QSplitter* m_menuSide = nullptr;
     QTreeView* m_outline;
     InspectorView* m_inspector;
     QList<QAction*> m_selectionActions; ///< enabled only with a selection
+    QAction* m_paste = nullptr;
+    QAction* m_up = nullptr;
+    QAction* m_down = nullptr;
     QPushButton* m_remove = nullptr;
     std::set<Uuid> m_keptSelection;
     std::set<Uuid> m_keptExpanded;

@@ -3,6 +3,7 @@
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/menu/MenuDragging.h"
+#include "platform/linux/settings/FaintText.h"
 #include "platform/linux/settings/RecorderField.h"
 
 #include <QApplication>
@@ -11,9 +12,15 @@
 #include <QPalette>
 #include <QStyle>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zv {
 
 namespace {
+
+/// The most steps in which rows follow the store; more of them take longer than laying the tree anew.
+constexpr int mostSteps = 64;
 
 QString const recordType = QLatin1StringView(menuItemDragType);
 /// Names a drag's process: within it a drop moves, from elsewhere it copies.
@@ -61,21 +68,27 @@ void MenuTreeModel::observe()
     m_observation = withObservationTracking([this] { m_models.readOutline(); },
         [this] {
             QMetaObject::invokeMethod(
-                this, [this] { storeChanged(); }, Qt::QueuedConnection);
+                this, [this] { catchUp(); }, Qt::QueuedConnection);
             m_isStale = true;
         });
 }
 
-void MenuTreeModel::storeChanged()
+void MenuTreeModel::catchUp()
 {
+    if (!m_isStale)
+        return;
     auto const& items = m_models.store().items();
     observe();
-    if (hasShape(m_root, items)) {
-        remember(m_root, items);
-        m_isStale = false;
-        tellDataChanged({});
-        return;
-    }
+    if (!hasShape(m_root, items) && !follow(items))
+        return layAnew(items);
+    remember(m_root, items);
+    m_isStale = false;
+    tellDataChanged({});
+    Q_EMIT followed();
+}
+
+void MenuTreeModel::layAnew(std::vector<MenuItem> const& items)
+{
     Q_EMIT aboutToLayAnew();
     beginResetModel();
     m_nodes.clear();
@@ -98,18 +111,25 @@ bool MenuTreeModel::hasShape(Node const& node, std::vector<MenuItem> const& item
     return true;
 }
 
+std::unique_ptr<MenuTreeModel::Node> MenuTreeModel::nodeFor(MenuItem const& item, Node& parent)
+{
+    auto node = std::make_unique<Node>();
+    node->id = item.id;
+    node->parent = &parent;
+    node->isGroup = menuTree::canHoldItems(item);
+    m_nodes.emplace(item.id, node.get());
+    return node;
+}
+
 void MenuTreeModel::lay(Node& node, std::vector<MenuItem> const& items)
 {
     node.children.reserve(items.size());
     for (auto const& item : items) {
-        auto child = std::make_unique<Node>();
-        child->id = item.id;
-        child->parent = &node;
-        child->row = static_cast<int>(node.children.size());
-        m_nodes.emplace(item.id, child.get());
+        auto child = nodeFor(item, node);
         lay(*child, item.children);
         node.children.push_back(std::move(child));
     }
+    number(node);
 }
 
 void MenuTreeModel::remember(Node& node, std::vector<MenuItem> const& items)
@@ -117,10 +137,137 @@ void MenuTreeModel::remember(Node& node, std::vector<MenuItem> const& items)
     for (std::size_t i = 0; i < items.size(); ++i) {
         auto& child = *node.children[i];
         child.item = &items[i];
+        child.isGroup = menuTree::canHoldItems(items[i]);
         child.shown.reset();
         remember(child, items[i].children);
     }
 }
+
+/// Follows the items by removals, insertions and moves, in the order of the new tree, so that whatever stands before
+/// a row is in its place already. False when that takes too many steps.
+bool MenuTreeModel::follow(std::vector<MenuItem> const& items)
+{
+    std::set<Uuid> staying;
+    std::size_t count = 0;
+    std::function<void(std::vector<MenuItem> const&)> const collect = [&](auto const& level) {
+        count += level.size();
+        for (auto const& item : level) {
+            staying.insert(item.id);
+            collect(item.children);
+        }
+    };
+    collect(items);
+    if (staying.size() != count)
+        return false; // an id that occurs twice tells no rows apart
+    removeAllBut(staying, m_root);
+    int steps = mostSteps;
+    return place(m_root, items, steps);
+}
+
+void MenuTreeModel::removeAllBut(std::set<Uuid> const& staying, Node& node)
+{
+    auto const stays = [&](std::size_t row) { return staying.contains(node.children[row]->id); };
+    for (std::size_t end = node.children.size(); end > 0; --end) {
+        if (stays(end - 1)) {
+            removeAllBut(staying, *node.children[end - 1]);
+            continue;
+        }
+        auto first = end - 1;
+        while (first > 0 && !stays(first - 1))
+            --first;
+        removeRows(node, first, end);
+        end = first + 1;
+    }
+}
+
+void MenuTreeModel::removeRows(Node& node, std::size_t first, std::size_t end)
+{
+    beginRemoveRows(indexOf(node), static_cast<int>(first), static_cast<int>(end) - 1);
+    auto const begin = node.children.begin() + static_cast<std::ptrdiff_t>(first);
+    auto const last = node.children.begin() + static_cast<std::ptrdiff_t>(end);
+    std::for_each(begin, last, [this](auto const& leaving) { forget(*leaving); });
+    node.children.erase(begin, last);
+    number(node, first);
+    endRemoveRows();
+}
+
+void MenuTreeModel::forget(Node const& node)
+{
+    m_nodes.erase(node.id);
+    for (auto const& child : node.children)
+        forget(*child);
+}
+
+bool MenuTreeModel::place(Node& node, std::vector<MenuItem> const& items, int& steps)
+{
+    for (std::size_t at = 0; at < items.size(); ++at) {
+        if (at >= node.children.size() || node.children[at]->id != items[at].id) {
+            if (--steps < 0)
+                return false;
+            bring(node, at, items);
+        }
+        if (!place(*node.children[at], items[at].children, steps))
+            return false;
+    }
+    return true;
+}
+
+/// Brings the item's row there, along with those that follow it both here and there. What stands in the way of a
+/// longer stretch goes to the end instead, from where it is fetched in its turn.
+void MenuTreeModel::bring(Node& node, std::size_t at, std::vector<MenuItem> const& items)
+{
+    auto const known = m_nodes.find(items[at].id);
+    if (known == m_nodes.end())
+        return insertRows(node, at, items);
+    auto& from = *known->second->parent;
+    auto const first = static_cast<std::size_t>(known->second->row);
+    std::size_t count = 1;
+    while (at + count < items.size() && first + count < from.children.size() && from.children[first + count]->id == items[at + count].id)
+        ++count;
+    if (&from == &node && count > first - at)
+        moveRows(node, at, first - at, node, node.children.size());
+    else
+        moveRows(from, first, count, node, at);
+}
+
+void MenuTreeModel::insertRows(Node& node, std::size_t at, std::vector<MenuItem> const& items)
+{
+    auto end = at + 1;
+    while (end < items.size() && !m_nodes.contains(items[end].id))
+        ++end;
+    beginInsertRows(indexOf(node), static_cast<int>(at), static_cast<int>(end) - 1);
+    std::vector<std::unique_ptr<Node>> inserted;
+    for (auto i = at; i < end; ++i)
+        inserted.push_back(nodeFor(items[i], node));
+    node.children.insert(
+        node.children.begin() + static_cast<std::ptrdiff_t>(at), std::make_move_iterator(inserted.begin()), std::make_move_iterator(inserted.end()));
+    number(node, at);
+    endInsertRows();
+}
+
+void MenuTreeModel::moveRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at)
+{
+    beginMoveRows(indexOf(from), static_cast<int>(first), static_cast<int>(first + count) - 1, indexOf(node), static_cast<int>(at));
+    auto const begin = from.children.begin() + static_cast<std::ptrdiff_t>(first);
+    auto const end = begin + static_cast<std::ptrdiff_t>(count);
+    std::vector<std::unique_ptr<Node>> moved(std::make_move_iterator(begin), std::make_move_iterator(end));
+    from.children.erase(begin, end);
+    auto const to = &from == &node && at > first ? at - count : at;
+    for (auto const& each : moved)
+        each->parent = &node;
+    node.children.insert(node.children.begin() + static_cast<std::ptrdiff_t>(to), std::make_move_iterator(moved.begin()), std::make_move_iterator(moved.end()));
+    number(from);
+    number(node);
+    endMoveRows();
+}
+
+void MenuTreeModel::number(Node& node, std::size_t first)
+{
+    for (auto row = first; row < node.children.size(); ++row)
+        node.children[row]->row = static_cast<int>(row);
+}
+
+QModelIndex MenuTreeModel::indexOf(Node const& node) const { return &node == &m_root ? QModelIndex() : createIndex(node.row, 0, &node); }
 
 void MenuTreeModel::tellDataChanged(QModelIndex const& parent)
 {
@@ -138,6 +285,14 @@ MenuTreeModel::Node* MenuTreeModel::nodeOf(QModelIndex const& index) const
 }
 
 MenuItem const* MenuTreeModel::item(QModelIndex const& index) const { return index.isValid() && !m_isStale ? nodeOf(index)->item : nullptr; }
+
+std::optional<Uuid> MenuTreeModel::idOf(QModelIndex const& index) const { return index.isValid() ? std::optional(nodeOf(index)->id) : std::nullopt; }
+
+bool MenuTreeModel::hasChildren(QModelIndex const& parent) const
+{
+    auto const* node = nodeOf(parent);
+    return parent.column() <= 0 && (node->isGroup || !node->children.empty());
+}
 
 QModelIndex MenuTreeModel::indexOf(Uuid const& id) const
 {
@@ -203,7 +358,7 @@ QVariant MenuTreeModel::titleData(Node const& node, int role) const
     case Qt::AccessibleTextRole:
         return QString::fromStdString(row.spokenTitle());
     case Qt::ForegroundRole:
-        return row.isFaint() ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
+        return row.isFaint() ? QVariant(faintText(QApplication::palette())) : QVariant();
     case Qt::DecorationRole:
         return decoration(node);
     default:

@@ -8,12 +8,13 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace zv {
 
-/// The menu's tree for the editor's outline: title and shortcut. Follows the store; drags and
-/// accepts records of items, and accepts files.
+/// The menu's tree for the editor's outline: title and shortcut. Follows the store row by row, so that
+/// what stays keeps its selection and stays open; drags and accepts records of items, and accepts files.
 class MenuTreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
@@ -23,12 +24,17 @@ public:
     ~MenuTreeModel() override;
 
     [[nodiscard]] MenuItem const* item(QModelIndex const& index) const;
+    /// The item's identity, also while the store is ahead of the tree.
+    [[nodiscard]] std::optional<Uuid> idOf(QModelIndex const& index) const;
+    /// Whether the store is ahead of the tree.
+    [[nodiscard]] bool isStale() const { return m_isStale; }
     [[nodiscard]] QModelIndex indexOf(Uuid const& id) const;
     /// The position of an item dropped at that row of that parent.
     [[nodiscard]] MenuEditor::Position positionOf(int row, QModelIndex const& parent) const;
 
     [[nodiscard]] QModelIndex index(int row, int column, QModelIndex const& parent) const override;
     [[nodiscard]] QModelIndex parent(QModelIndex const& child) const override;
+    [[nodiscard]] bool hasChildren(QModelIndex const& parent) const override;
     [[nodiscard]] int rowCount(QModelIndex const& parent) const override;
     [[nodiscard]] int columnCount(QModelIndex const&) const override { return columnEnd; }
     [[nodiscard]] QVariant data(QModelIndex const& index, int role) const override;
@@ -47,25 +53,40 @@ public:
     void take(QMimeData const& data, Qt::DropAction action, MenuEditor::Position const& position);
 
 Q_SIGNALS:
-    /// Around a rebuild of the tree, so that the view can restore selection and open rows.
+    /// Around a rebuild after too many changes to follow, so that the view can restore selection and open rows.
     void aboutToLayAnew();
     void laidAnew();
+    /// The rows have followed the store.
+    void followed();
 
 private:
     struct Node {
         Uuid id;
         Node* parent = nullptr;
         int row = 0;
+        bool isGroup = false; ///< can be opened, if only to be filled
         std::vector<std::unique_ptr<Node>> children;
         MenuItem const* item = nullptr; ///< points into the store's current list
         mutable std::optional<OutlineRow> shown; ///< kept until the next change
     };
 
     void observe();
-    void storeChanged();
+    void catchUp();
+    void layAnew(std::vector<MenuItem> const& items);
     [[nodiscard]] static bool hasShape(Node const& node, std::vector<MenuItem> const& items);
+    [[nodiscard]] std::unique_ptr<Node> nodeFor(MenuItem const& item, Node& parent);
     void lay(Node& node, std::vector<MenuItem> const& items);
     static void remember(Node& node, std::vector<MenuItem> const& items);
+    [[nodiscard]] bool follow(std::vector<MenuItem> const& items);
+    void removeAllBut(std::set<Uuid> const& staying, Node& node);
+    void removeRows(Node& node, std::size_t first, std::size_t end);
+    [[nodiscard]] bool place(Node& node, std::vector<MenuItem> const& items, int& steps);
+    void bring(Node& node, std::size_t at, std::vector<MenuItem> const& items);
+    void insertRows(Node& node, std::size_t at, std::vector<MenuItem> const& items);
+    void moveRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at);
+    void forget(Node const& node);
+    static void number(Node& node, std::size_t first = 0);
+    [[nodiscard]] QModelIndex indexOf(Node const& node) const;
     [[nodiscard]] OutlineRow const& rowOf(Node const& node) const;
     void tellDataChanged(QModelIndex const& parent);
     [[nodiscard]] Node* nodeOf(QModelIndex const& index) const;

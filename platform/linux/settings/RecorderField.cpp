@@ -27,15 +27,13 @@ RecorderField::RecorderField(SettingsModels& models, KeyLookup lookUp)
     m_field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_field->setMinimumWidth(static_cast<int>(minimumRecorderWidth));
     m_field->setAutoDefault(false);
-    m_field->setCheckable(true);
     m_field->setToolTip(QString::fromUtf8(settingsTexts::recorderHelp));
-    m_field->setAccessibleName(QString::fromUtf8(settingsTexts::recorder));
     m_field->setAccessibleDescription(QString::fromUtf8(settingsTexts::recorderHelp));
     m_field->installEventFilter(this);
     m_clear->setFlat(true);
     m_clear->setAutoDefault(false);
     m_clear->setAccessibleName(QString::fromUtf8(settingsTexts::clearShortcut));
-    connect(m_field, &QPushButton::clicked, this, [this](bool isOn) { setRecording(isOn); });
+    connect(m_field, &QPushButton::clicked, this, [this] { setRecording(!m_isRecording); });
     connect(m_clear, &QPushButton::clicked, this, [this] {
         setRecording(false);
         if (onChange)
@@ -56,21 +54,24 @@ void RecorderField::setSpec(std::optional<KeyEquivalentSpec> const& spec)
 void RecorderField::setRecording(bool isRecording)
 {
     m_isRecording = isRecording;
-    if (isRecording)
+    if (isRecording) {
+        m_field->setFocus(); // who presses by other means than the pointer and keys gives it none
         m_models.beginRecording();
-    else
+    } else {
         m_models.endRecording();
+    }
     refresh();
 }
 
 void RecorderField::refresh()
 {
-    m_field->setChecked(m_isRecording);
+    m_field->setDown(m_isRecording);
     m_clear->setEnabled(m_spec.has_value());
     if (m_isRecording)
         m_field->setText(QString::fromUtf8(settingsTexts::recording));
     else
         m_field->setText(m_spec ? readableShortcut(*m_spec) : QString::fromUtf8(settingsTexts::noShortcut));
+    m_field->setAccessibleName(QString::fromStdString(settingsTexts::recorderWith(m_field->text().toStdString())));
 }
 
 bool RecorderField::eventFilter(QObject* watched, QEvent* event)

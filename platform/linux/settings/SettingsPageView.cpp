@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int indentation = 22;
 constexpr int widthOfNotes = 440;
+constexpr int widthForTitlesBeside = 720;
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
@@ -36,6 +38,8 @@ QLabel* headingLabel(QString const& title)
     auto bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
+    if (title.isEmpty())
+        heading->setFixedHeight(0); // above its row it would be a gap
     return heading;
 }
 
@@ -47,7 +51,9 @@ QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& title
 {
     auto* field = new QWidget;
     auto* line = new QHBoxLayout(field);
-    line->setContentsMargins(row.isIndented ? indentation : 0, 0, 0, 0);
+    line->setContentsMargins(0, 0, 0, 0);
+    if (row.isIndented)
+        line->addSpacing(indentation); // a margin would stay on the left where the language is written from the right
     if (hasTitleBefore(row)) {
         auto* title = new QLabel(text(row.title));
         title->setBuddy(control);
@@ -63,14 +69,18 @@ QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& title
     return field;
 }
 
-/// Gives the titles equal widths, so that a section's choices are aligned.
+/// Gives the titles, and the controls behind them, equal widths.
 void alignWidths(QList<QLabel*> const& titles)
 {
-    int width = 0;
-    for (auto const* title : titles)
+    int width = 0, choicesWidth = 0;
+    for (auto const* title : titles) {
         width = std::max(width, title->sizeHint().width());
-    for (auto* title : titles)
+        choicesWidth = std::max(choicesWidth, title->buddy()->sizeHint().width());
+    }
+    for (auto* title : titles) {
         title->setMinimumWidth(width);
+        title->buddy()->setMinimumWidth(choicesWidth);
+    }
 }
 
 } // namespace
@@ -101,6 +111,8 @@ public:
             fill(*choices);
         else if (auto* label = qobject_cast<QLabel*>(m_widget))
             label->setText(text(row.title));
+        else if (row.kind == SettingsRow::Kind::pullDown)
+            offer();
         else if (auto* recorder = dynamic_cast<RecorderField*>(m_widget))
             recorder->setSpec(row.shortcut);
     }
@@ -117,6 +129,8 @@ private:
             return takeRecorder(makeRecorder());
         case SettingsRow::Kind::button:
             return makeButton();
+        case SettingsRow::Kind::pullDown:
+            return makePullDown();
         case SettingsRow::Kind::note:
             return makeNote();
         }
@@ -153,6 +167,27 @@ private:
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         connect(button, &QPushButton::clicked, this, [this] { later([](SettingsRow const& row) { row.press(); }); });
         m_widget = button;
+    }
+
+    void makePullDown()
+    {
+        auto* button = settingsButton(text(m_row.title));
+        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        m_menu = new QMenu(button);
+        // Not the button's own menu, which would keep assistive programs waiting until it is closed.
+        connect(button, &QPushButton::clicked, this, [this, button] {
+            auto const left = button->isRightToLeft() ? button->width() - m_menu->sizeHint().width() : 0;
+            m_menu->popup(button->mapToGlobal(QPoint(left, button->height())));
+        });
+        m_widget = button;
+    }
+
+    void offer()
+    {
+        m_menu->clear();
+        for (auto const& choice : m_row.choices) {
+            m_menu->addAction(text(choice.title), this, [this, value = choice.value] { later([value](SettingsRow const& row) { row.choose(value); }); });
+        }
     }
 
     void makeNote()
@@ -195,6 +230,7 @@ private:
 
     SettingsRow m_row;
     QWidget* m_widget = nullptr;
+    QMenu* m_menu = nullptr; ///< of a button that pulls down
 };
 
 SettingsPageView::SettingsPageView(MakeRecorder makeRecorder)
@@ -231,6 +267,8 @@ void SettingsPageView::build(std::vector<SettingsSection> const& sections)
     form->setLabelAlignment(Qt::AlignRight);
     for (auto const& section : sections)
         addSection(*form, section);
+    m_form = form;
+    wrapTitles();
     // A column as wide as it needs, in the middle of the page.
     auto* line = new QHBoxLayout(page);
     line->setContentsMargins(24, 20, 24, 20);
@@ -242,6 +280,19 @@ void SettingsPageView::build(std::vector<SettingsSection> const& sections)
     if (auto* row = m_rows.value(focused))
         row->widget()->setFocus();
     verticalScrollBar()->setValue(position);
+}
+
+/// Puts the sections' titles above their rows where there is no room beside them.
+void SettingsPageView::wrapTitles()
+{
+    if (m_form)
+        m_form->setRowWrapPolicy(width() < widthForTitlesBeside ? QFormLayout::WrapAllRows : QFormLayout::DontWrapRows);
+}
+
+void SettingsPageView::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    wrapTitles();
 }
 
 /// The section's title stands beside its first line, as a form's labels do.

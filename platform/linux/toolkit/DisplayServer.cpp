@@ -4,7 +4,6 @@
 #include "platform/linux/posix/FileDescriptor.h"
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QLibraryInfo>
 
 #include <algorithm>
@@ -46,7 +45,7 @@ std::string displayServerFor(Environment const& environment)
 {
     auto const chosen = valueOf(environment, "QT_QPA_PLATFORM");
     auto candidates = split(chosen, ';');
-    candidates.insert(candidates.end(), { "xcb", "wayland" });
+    candidates.insert(candidates.end(), { "wayland", "xcb" });
     auto const found = std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment); });
     if (found != candidates.end())
         return std::string(*found);
@@ -72,7 +71,5 @@ bool doesWaylandAnswer(Environment const& environment)
     FileDescriptor const connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     return connect(connection.get(), reinterpret_cast<sockaddr const*>(&address), sizeof address) == 0;
 }
-
-bool canPlaceWindows() { return qGuiApp && QGuiApplication::platformName() == QLatin1String("xcb"); }
 
 } // namespace zv

@@ -2,10 +2,8 @@
 
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/toolkit/BusProperties.h"
-#include "platform/linux/toolkit/DisplayServer.h"
 
 #include <QCoreApplication>
-#include <QCursor>
 #include <QDBusConnectionInterface>
 #include <QDBusObjectPath>
 
@@ -54,6 +52,7 @@ constexpr char const* introspection = R"xml(
   <method name="ContextMenu"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
   <method name="Activate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
   <method name="SecondaryActivate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="ProvideXdgActivationToken"><arg name="token" type="s" direction="in"/></method>
   <method name="Scroll"><arg name="delta" type="i" direction="in"/><arg name="orientation" type="s" direction="in"/></method>
   <signal name="NewTitle"/>
   <signal name="NewIcon"/>
@@ -118,7 +117,7 @@ QVariantMap StatusNotifierItem::properties() const
         { QStringLiteral("AttentionIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionMovieName"), QString() },
         { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, m_title, {} }) },
-        { QStringLiteral("ItemIsMenu"), !canPlaceWindows() },
+        { QStringLiteral("ItemIsMenu"), !opensMenus() },
         { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath())) },
     };
 }
@@ -129,20 +128,32 @@ bool StatusNotifierItem::handleMessage(QDBusMessage const& message, QDBusConnect
         return answerProperties(message, connection, interfaceName(), properties());
     if (!message.interface().isEmpty() && message.interface() != interfaceName())
         return false;
-    bool const isKnown = message.member() == QLatin1String("Scroll") || open(message);
+    bool const isKnown = message.member() == QLatin1String("Scroll") || takeToken(message) || open(message);
     return isKnown && (!message.isReplyRequired() || connection.send(message.createReply()));
 }
 
-/// Opens our own menu; a middle click stands for Option. Some panels send no position.
+/// Comes before the click that it is for; KDE's panels and GNOME's extension send it.
+bool StatusNotifierItem::takeToken(QDBusMessage const& message) const
+{
+    if (message.member() != QLatin1String("ProvideXdgActivationToken") || message.signature() != QLatin1String("s"))
+        return false;
+    if (onActivationToken)
+        onActivationToken(message.arguments()[0].toString().toStdString());
+    return true;
+}
+
+/// Elsewhere the panel draws the menu, as ours might not come up beside the icon.
+bool StatusNotifierItem::opensMenus() const { return m_presenter.placer().reach() == MenuPlacer::Reach::everywhere; }
+
+/// Opens our own menu; a middle click stands for Option.
 bool StatusNotifierItem::open(QDBusMessage const& message)
 {
     auto const member = message.member();
     bool const isSecondary = member == QLatin1String("SecondaryActivate");
     bool const opens = isSecondary || member == QLatin1String("Activate") || member == QLatin1String("ContextMenu");
-    if (!opens || message.signature() != QLatin1String("ii") || !canPlaceWindows())
+    if (!opens || message.signature() != QLatin1String("ii") || !opensMenus())
         return false;
-    QPoint const said(message.arguments()[0].toInt(), message.arguments()[1].toInt());
-    auto const pixel = said.isNull() ? QCursor::pos() : said;
+    auto const pixel = m_presenter.placer().pixelOfClick({ message.arguments()[0].toInt(), message.arguments()[1].toInt() });
     if (onClicked)
         onClicked(pixel);
     // Later than the answer: a panel may wait for it while it still holds the pointer.

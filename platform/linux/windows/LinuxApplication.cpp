@@ -63,7 +63,7 @@ bool LinuxApplication::isActive() const
 {
     // The toolkit's own state stays active when our last window closes and no other program's takes over.
     auto const* window = activeWindow();
-    return window && window->isVisible();
+    return window && window->isVisible() && isOrdinaryWindow(*window);
 }
 
 std::vector<WindowState> LinuxApplication::windows() const

@@ -8,6 +8,7 @@
 #import "platform/macos/settings/RecorderField.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 
 NS_ASSUME_NONNULL_BEGIN
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] NSView* view() const { return m_view; }
     /// `item` is null unless exactly one is selected.
     void show(MenuItem const* _Nullable item, std::size_t selected);
+    /// Called to show another item of the menu.
+    std::function<void(Uuid const&)> onShowItem;
 
 private:
     void buildForm();
@@ -36,12 +39,15 @@ private:
     RecorderField m_recorder;
     std::optional<Uuid> m_id;
     std::string m_shownTitle;
+    std::optional<Uuid> m_shortcutOwner;
 
     NSTextField* m_heading;
     NSTextField* m_title;
     NSTextField* m_target;
     NSPopUpButton* m_depth;
     NSButton* m_hidden;
+    NSTextField* m_shortcutNote;
+    NSButton* m_showOwner = nil;
     NSTextField* m_note;
     NSStackView* m_form = nil;
     NSView* m_titleRow = nil;

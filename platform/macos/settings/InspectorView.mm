@@ -35,6 +35,7 @@ InspectorView::InspectorView(SettingsModels& models)
     , m_target(note(""))
     , m_depth([[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO])
     , m_hidden([NSButton checkboxWithTitle:toNSString(settingsTexts::hidden) target:nil action:nil])
+    , m_shortcutNote(note(""))
     , m_note(note(""))
 {
     buildForm();
@@ -51,7 +52,7 @@ template <class Edit> std::function<void()> InspectorView::editing(Edit edit)
 
 void InspectorView::buildForm()
 {
-    for (NSView* field : { (NSView*)m_title, (NSView*)m_target, (NSView*)m_note })
+    for (NSView* field : { (NSView*)m_title, (NSView*)m_target, (NSView*)m_shortcutNote, (NSView*)m_note })
         setWidth(field, fieldWidth);
     m_actions.attach(m_title, [this] { commitTitle(); });
     [m_title.cell setSendsActionOnEndEditing:YES];
@@ -69,7 +70,11 @@ void InspectorView::buildForm()
     m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { choose, show }) }));
     m_depthRow = titled(m_models.wording().depth, m_depth);
     m_shortcutRow = titled(settingsTexts::shortcut, m_recorder.view());
-    m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_shortcutRow, m_hidden, m_note });
+    m_showOwner = pushButton(settingsTexts::showOwner.title, settingsTexts::showOwner.help, m_actions, [this] {
+        if (m_shortcutOwner && onShowItem)
+            onShowItem(Uuid(*m_shortcutOwner));
+    });
+    m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_shortcutRow, m_shortcutNote, m_showOwner, m_hidden, m_note });
     m_form.spacing = 12;
     m_view = stack(Direction::column, { m_heading, m_form });
 }
@@ -108,6 +113,10 @@ void InspectorView::fill(InspectorFields const& fields)
     m_note.stringValue = toNSString(fields.note);
     fillDepths(fields);
     m_recorder.setSpec(fields.shortcut);
+    m_shortcutOwner = fields.shortcutOwner;
+    m_shortcutNote.stringValue = toNSString(fields.shortcutNote);
+    setShown(m_shortcutNote, !fields.shortcutNote.empty());
+    setShown(m_showOwner, fields.shortcutOwner.has_value());
     setShown(m_titleRow, fields.hasTitle);
     setShown(m_targetRow, fields.hasTarget);
     setShown(m_depthRow, fields.hasDepth);

@@ -42,6 +42,7 @@ private:
     void addRecorder(RowRef const& row);
     [[nodiscard]] NSView* placed(Row const& row) const;
     static void take(Row& row, SettingsRow const& described);
+    static void fillCommands(NSPopUpButton* button, SettingsRow const& described);
     static void fillChoices(NSPopUpButton* button, SettingsRow const& described);
 
     SettingsModels& m_models;

@@ -20,7 +20,18 @@ namespace {
 constexpr double pageMargin = 24;
 constexpr double noteWidth = 420;
 constexpr double indentation = 20;
+constexpr double choicesWidth = 110; // the same for all
 constexpr double sectionSpacing = 14;
+
+/// addItemWithTitle: would remove an item of the same title.
+void addChoices(NSMenu* menu, std::vector<SettingsChoice> const& choices)
+{
+    for (auto const& choice : choices) {
+        NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
+        item.tag = static_cast<NSInteger>(choice.value);
+        [menu addItem:item];
+    }
+}
 
 } // namespace
 
@@ -123,11 +134,22 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
         NSPopUpButton* const choices = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
         __unsafe_unretained NSPopUpButton* const read = choices;
         choices.accessibilityLabel = toNSString(title);
+        setWidth(choices, choicesWidth);
         m_actions.attach(choices, [perform, read] {
             std::int64_t const value = read.selectedTag;
             perform([value](SettingsRow const& now) { now.choose(value); });
         });
         return choices;
+    }
+    case SettingsRow::Kind::pullDown: {
+        NSPopUpButton* const commands = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:YES];
+        __unsafe_unretained NSPopUpButton* const read = commands;
+        commands.accessibilityLabel = toNSString(title);
+        m_actions.attach(commands, [perform, read] {
+            std::int64_t const value = read.selectedTag;
+            perform([value](SettingsRow const& now) { now.choose(value); });
+        });
+        return commands;
     }
     case SettingsRow::Kind::button:
         return pushButton(title, {}, m_actions, [perform] { perform([](SettingsRow const& now) { now.press(); }); });
@@ -169,6 +191,8 @@ void SettingsPage::take(Row& row, SettingsRow const& described)
         ((NSButton*)control).state = described.isOn ? NSControlStateValueOn : NSControlStateValueOff;
     else if (described.kind == SettingsRow::Kind::choice)
         fillChoices((NSPopUpButton*)control, described);
+    else if (described.kind == SettingsRow::Kind::pullDown)
+        fillCommands((NSPopUpButton*)control, described);
     else if (described.kind == SettingsRow::Kind::note)
         ((NSTextField*)control).stringValue = toNSString(described.title);
 }
@@ -176,13 +200,16 @@ void SettingsPage::take(Row& row, SettingsRow const& described)
 void SettingsPage::fillChoices(NSPopUpButton* button, SettingsRow const& described)
 {
     [button removeAllItems];
-    for (auto const& choice : described.choices) {
-        // addItemWithTitle: would remove an item of the same title.
-        NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:toNSString(choice.title) action:nil keyEquivalent:@""];
-        item.tag = static_cast<NSInteger>(choice.value);
-        [button.menu addItem:item];
-    }
+    addChoices(button.menu, described.choices);
     [button selectItemWithTag:static_cast<NSInteger>(described.value)];
+}
+
+/// The first item of a button that pulls down is its title.
+void SettingsPage::fillCommands(NSPopUpButton* button, SettingsRow const& described)
+{
+    [button removeAllItems];
+    [button addItemWithTitle:toNSString(described.title)];
+    addChoices(button.menu, described.choices);
 }
 
 } // namespace zv

@@ -1,4 +1,5 @@
 #include "app/actions/EntryMenu.h"
+#include "platform/text/PropertyListFormat.h"
 #include "tests/app/shell/ProgramFixture.h"
 
 namespace zv {
@@ -57,8 +58,11 @@ struct EntryMenuTest : ProgramFixture {
 
 TEST_F(EntryMenuTest, EachKindOfEntryHasItsRows)
 {
+    auto dockItem = item(Kind::dockHiding);
+    dockItem.title = "Hide";
+    machine.resources.files["DockMenu.plist"] = writePropertyList(toPropertyList(std::vector { dockItem })).value();
     launchWith({ fileItem("/a.txt"), fileItem("/Home"), fileItem("/gone"), fileItem("/data"), item(Kind::runningApplications), item(Kind::sleep),
-        item(Kind::separator) });
+        item(Kind::separator), item(Kind::dockMenu) });
     std::string const file = "Open, Open With, -, Show in File Manager, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const folder = "Open, Open With, -, Show in File Manager, Open Terminal Here, -, Copy Path, Copy, Add to Zanthe Vell Items, -, Move to Trash";
     std::string const ofMenu = "Edit…, Remove from Menu";
@@ -81,6 +85,8 @@ TEST_F(EntryMenuTest, EachKindOfEntryHasItsRows)
         EXPECT_EQ(titlesOf(*own.submenu), row.titles) << row.entry.back();
     }
     EXPECT_EQ(menuOf({ "Customize Zanthe Vell…" }).submenu, nullptr);
+    ASSERT_NE(entryAt({ "Dock", "Hide" }).target, nullptr);
+    EXPECT_EQ(menuOf({ "Dock", "Hide" }).submenu, nullptr) << "it is no item of the user's";
 }
 
 TEST_F(EntryMenuTest, RowsActOnTheirEntry)
@@ -91,6 +97,7 @@ TEST_F(EntryMenuTest, RowsActOnTheirEntry)
     auto const openWith = MenuEntry(*entryIn(*menuOf({ "a.txt" }).submenu, "Open With"));
     auto const& applications = openWith.submenu;
     applications->needsUpdate();
+    machine.time.runTasks();
     EXPECT_EQ(titlesOf(*applications), "Editor, -, Viewer") << "the default one first";
     applications->entries.back().target->invoke();
     front.alerts.answers = { 1, 0 };

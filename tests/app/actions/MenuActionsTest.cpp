@@ -25,6 +25,7 @@ struct MenuActionsTest : testing::Test {
     }
     std::string onlyAlert()
     {
+        time.runTasks();
         if (alerts.shown.size() != 1)
             return std::to_string(alerts.shown.size()) + " alerts";
         auto const& alert = alerts.shown[0];
@@ -112,6 +113,7 @@ TEST_F(MenuActionsTest, EachKindDoesItsOwn)
         application.log.clear();
         shell.clear();
         EXPECT_TRUE(actions.perform(item(row.kind)));
+        time.runTasks();
         EXPECT_EQ(workspace.log, row.opened.empty() ? Log {} : Log { row.opened });
         EXPECT_EQ(events.sent, row.sent.empty() ? Log {} : Log { row.sent });
         ASSERT_EQ(scriptRunner.scripts.size(), row.ran.empty() ? 0u : 1u);
@@ -150,9 +152,9 @@ TEST_F(MenuActionsTest, AFileOpensOrWithCommandIsRevealed)
 {
     files.addFile("/home/u/a b.txt");
     EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt")));
-    keys.held = ModifierMask::option | ModifierMask::shift;
+    keys.atEvent = ModifierMask::option | ModifierMask::shift;
     EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt"))) << "Option plays no part";
-    keys.held |= ModifierMask::command;
+    keys.atEvent |= ModifierMask::command;
     EXPECT_TRUE(actions.perform(fileItem("/home/u/a b.txt")));
     EXPECT_EQ(workspace.log, (Log { "open file:///home/u/a%20b.txt", "open file:///home/u/a%20b.txt", "reveal file:///home/u/a%20b.txt" }));
 }
@@ -162,10 +164,10 @@ TEST_F(MenuActionsTest, AnItemOnAServerThatIsAwayMountsItAndOpens)
     auto away = item(MenuItemKind::fsObject);
     away.location = ItemLocation { .bookmark = fakes::bytesOf("bookmark:/Volumes/S/Notes") };
     bookmarks.unmounted = { "bookmark:/Volumes/S/Notes" };
-    keys.held = ModifierMask::command;
+    keys.atEvent = ModifierMask::command;
     EXPECT_TRUE(actions.perform(away));
     EXPECT_TRUE(workspace.log.empty()) << "the main thread waits for no server";
-    keys.held = {};
+    keys.atEvent = {};
     time.runTasks();
     EXPECT_EQ(workspace.log, (Log { "reveal file:///Volumes/S/Notes" })) << "as Command was when the item was chosen";
 }
@@ -200,13 +202,13 @@ TEST_F(MenuActionsTest, AnEntryOpensItsUrlAndRevealsItsFile)
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
         workspace.log.clear();
-        keys.held = row.command ? ModifierMask::command : ModifierMask::none;
+        keys.atEvent = row.command ? ModifierMask::command : ModifierMask::none;
         actions.open(row.entry);
         EXPECT_EQ(workspace.log, row.opened);
     }
     EXPECT_TRUE(running.activated.empty() && clipboard.texts.empty());
 
-    keys.held = ModifierMask::none;
+    keys.atEvent = ModifierMask::none;
     actions.open({ .id = "app", .url = file, .action = activateApplication });
     actions.open({ .id = "10.0.0.1", .url = file, .action = copyText });
     EXPECT_EQ(running.activated, Log { "app" });
@@ -294,7 +296,7 @@ TEST_F(MenuActionsTest, AShortcutRunsInTheBackgroundAndTellsItsFailure)
         time.runTasks();
         EXPECT_EQ(onlyAlert(), row.alert);
     }
-    keys.held = ModifierMask::command;
+    keys.atEvent = ModifierMask::command;
     actions.runShortcut("ID", "Resize");
     EXPECT_EQ(workspace.log, Log { "open shortcuts://open-shortcut?id=ID" });
     EXPECT_EQ(time.pendingBackground(), 0u) << "edited, not run";

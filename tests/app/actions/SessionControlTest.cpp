@@ -24,9 +24,11 @@ struct SessionControlTest : testing::Test {
     {
         std::string result = "not answered";
         control.send(*SessionControl::eventFor(kind), [&](auto const& sent) { result = sent ? "" : sent.error().description(); });
+        time.runTasks();
         return result;
     }
-    fakes::FakeSessionEvents events;
+    fakes::FakeTime time;
+    fakes::FakeSessionEvents events { time };
     Confirmation confirmation;
     SessionControl control { events, confirmation };
 };

@@ -14,14 +14,16 @@ struct SystemEventsBridgeTest : testing::Test {
     {
         std::string result = "not answered";
         bridge.run(*SystemEventsBridge::scriptFor(MenuItemKind::forceQuit), [&](auto const& ran) { result = ran ? "" : ran.error().description(); });
+        time.runTasks();
         return result;
     }
-    fakes::FakeScriptRunner runner;
+    fakes::FakeTime time;
+    fakes::FakeScriptRunner runner { time };
     int told = 0;
     bool goesOn = true;
     SystemEventsBridge bridge { runner, [this] {
                                    ++told;
-                                   return goesOn;
+                                   return goesOn && told < 9;
                                } };
 };
 
@@ -62,9 +64,14 @@ TEST_F(SystemEventsBridgeTest, TellsTheUserBeforeWhatWouldSurprise)
     ASSERT_EQ(runner.scripts.size(), 2u);
     EXPECT_TRUE(runner.scripts.back().userWasTold);
 
+    runner.whenTold = runner.outcome;
+    EXPECT_NE(run(), "") << "a desktop that asks again has failed";
+    EXPECT_EQ(told, 2);
+    runner.scripts.resize(2);
+
     goesOn = false;
     EXPECT_EQ(run(), "") << "declining is no failure";
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(told, 3);
     EXPECT_EQ(runner.scripts.size(), 3u) << "what was declined is not done";
 }
 

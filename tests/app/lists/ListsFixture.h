@@ -29,11 +29,12 @@ struct ListsFixture : fakes::FakeSystem, ShortcutCommands, LocationCommands {
         .locationCommands = *this });
     std::vector<std::string> chosen;
 
-    /// The entries that the list shows at once; nothing when it takes time.
+    /// The entries of the list, once they have arrived.
     template <class Item> std::vector<Item> shown(MenuItemKind::Case kind)
     {
         std::vector<Item> items;
         lists.listOf(kind)->fill([&items](ListContent content) { items = std::get<std::vector<Item>>(std::move(content)); });
+        time.runTasks();
         return items;
     }
     std::vector<DynamicEntry> entries(MenuItemKind::Case kind) { return shown<DynamicEntry>(kind); }

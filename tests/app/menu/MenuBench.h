@@ -100,10 +100,10 @@ struct MenuBench {
     fakes::FakeBookmarks bookmarks { files };
     fakes::FakeMenuIcons icons;
     fakes::FakeMenuCommands commands;
-    fakes::FakeWorkspace workspace;
+    fakes::FakeTime time;
+    fakes::FakeWorkspace workspace { time };
     fakes::FakeResources resources;
     fakes::FakeTextMeasure text;
-    fakes::FakeTime time;
     std::shared_ptr<fakes::FakeFolderReader> reader = std::make_shared<fakes::FakeFolderReader>();
     FolderListings folders { reader, time };
     DynamicMenuProvider lists;

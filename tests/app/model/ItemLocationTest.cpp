@@ -101,12 +101,15 @@ TEST_F(ItemLocationTest, RefreshRewritesAllThreeFields)
     EXPECT_EQ(location, (ItemLocation { fakes::bytesOf("bookmark:/a/Folder"), "/a/Folder", "Folder" })) << "without the slash at the end";
     location.refresh(Url::fromPath("/"), services);
     EXPECT_EQ(location.path, "/");
+    location.refresh(Url::fromPath("/gone"), services);
+    EXPECT_EQ(location.bookmark, fakes::bytesOf("bookmark:/")) << "the old one stays: it may still find the file some day";
 }
 
 TEST_F(ItemLocationTest, TheOlderFormIsResolvedAtOnce)
 {
     files.addFile("/a/Notes");
     files.addFolder("/home/ada/Music");
+    files.addFile("/home/adatilde");
     EXPECT_EQ(older({ { "Path", "/a/Notes" }, { "Title", "My notes" } }), (ItemLocation { fakes::bytesOf("bookmark:/a/Notes"), "/a/Notes", "Notes" }));
     EXPECT_EQ(older({ { "Path", "/gone" }, { "Title", "T" }, { "DisplayName", "D" } }), (ItemLocation { std::nullopt, "/gone", "D" }));
     EXPECT_EQ(older({ { "Path", "/gone" }, { "Title", "T" } }), (ItemLocation { std::nullopt, "/gone", "T" }));

@@ -52,7 +52,7 @@ struct GeneralSettingsTest : SettingsFixture {
         return [this, of] { return problems.contains(of) ? std::optional(problems.at(of)) : std::nullopt; };
     }
     GeneralSettings settings { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), menuShortcut,
-        [this] { return isTaken; }, problem("statusItemProblem"), problem("overlayProblem"), problem("hotkeyProblem"), problem("saveProblem") } };
+        [this] { return isTaken; }, {}, problem("statusItemProblem"), problem("overlayProblem"), problem("hotkeyProblem"), problem("saveProblem") } };
 };
 
 TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
@@ -74,7 +74,8 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
         [&] { preferences.setDrawsRainbowAppleLogo(false); }, [&] { preferences.setShowIcons(false); }, [&] { preferences.setShowHiddenFiles(true); },
         [&] { preferences.setSortFoldersFirst(false); }, [&] { preferences.setRecentItemsLimit(1); }, [&] { preferences.setMaximumScanDepth(1); },
         [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); }, [&] { preferences.setRemembersChoices(false); },
-        [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); } };
+        [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); },
+        [&] { (void)backups.menuWillBeOverwritten(PropertyListArray {}, true); } };
     for (auto const& change : changes) {
         bool told = false;
         auto const observation = withObservationTracking([&] { (void)settings.sections(); }, [&] { told = true; });
@@ -165,7 +166,7 @@ TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
     fakes::FakePermissions permissions;
     std::vector<std::string> opened;
     GeneralSettings asking { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::macOS), menuShortcut, [] { return false; },
-        {}, {}, {}, {}, &permissions, [&](std::string_view pane) { opened.emplace_back(pane); } } };
+        {}, {}, {}, {}, {}, &permissions, [&](std::string_view pane) { opened.emplace_back(pane); } } };
     struct Row {
         Permission permission;
         PermissionState state;
@@ -213,20 +214,25 @@ TEST_F(GeneralSettingsTest, TakesAMenuFileWholeOrNotAtAll)
 
 TEST_F(GeneralSettingsTest, RestoresABackupOnlyWhenToldSo)
 {
-    setMenu("a[b]");
+    setMenu("a[b] c[d]");
     EXPECT_TRUE(backups.menuWillBeOverwritten(toPropertyList(editor->items()), true));
-    setMenu("c");
+    setMenu("c[] e b");
+    editor->undoLast = [this] { editor->undo(edits.back()); };
     alerts.answers = { 1, 0 };
     row("backups")->choose(0);
-    EXPECT_EQ(menu(), "c");
+    EXPECT_EQ(menu(), "c[] e b");
     EXPECT_EQ(alerts.shown.back().message, "Restore the menu of " + localizedDateAndTime(time.now()) + "?");
-    EXPECT_EQ(
-        alerts.shown.back().informativeText, "Your menu of 1 item is replaced by one of 2 items. You can undo this, and your menu is kept among the backups.");
+    EXPECT_EQ(alerts.shown.back().informativeText,
+        "Your menu of 3 items is replaced by one of 4 items.\n2 items are added: “a” and “d”.\n1 item is removed: “e”.\n1 item is changed: “b”.\n"
+        "You can undo this, and your menu is kept among the backups.");
     EXPECT_EQ(alerts.shown.back().buttons, (std::vector<std::string> { "Restore", "Cancel" }));
+    EXPECT_FALSE(row("restored"));
     row("backups")->choose(0);
-    EXPECT_EQ(menu(), "a[b]");
-    editor->undo(edits.back());
-    EXPECT_EQ(menu(), "c");
+    EXPECT_EQ(menu(), "a[b] c[d]");
+    EXPECT_TRUE(row("restored"));
+    row("undoRestoring")->press();
+    EXPECT_EQ(menu(), "c[] e b");
+    EXPECT_FALSE(row("restored")) << "there is nothing left to take back";
 }
 
 TEST_F(GeneralSettingsTest, RestoresTheDefaultMenuOnlyWhenToldSo)

@@ -42,5 +42,16 @@ TEST(RecorderRules, TurnKeyPressesIntoShortcuts)
     EXPECT_EQ(recorderOutcome({ 96, "", none }).spec->trigger, KeyEquivalentSpec::Trigger::named("f5"));
 }
 
+TEST(RecorderRules, SayWhatAShortcutTakesFromOthers)
+{
+    auto const warning = [](char const* key, bool control, bool command, SystemKind system) {
+        return shortcutWarning({ .trigger = KeyEquivalentSpec::Trigger::character(key), .control = control, .noCommand = !command }, system);
+    };
+    EXPECT_EQ(warning("K", false, false, SystemKind::macOS), "It will be taken from every program, also while you type.");
+    EXPECT_EQ(warning("C", true, false, SystemKind::linuxDesktop), "This is “Copy” elsewhere. It will be taken from every program.");
+    EXPECT_EQ(warning("C", true, false, SystemKind::macOS), "");
+    EXPECT_EQ(warning("C", false, true, SystemKind::macOS), "This is “Copy” elsewhere. It will be taken from every program.");
+}
+
 } // namespace
 } // namespace zv

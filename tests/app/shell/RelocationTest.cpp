@@ -12,13 +12,16 @@ struct RelocationTest : testing::Test {
     bool relocate(Environment const& environment = {})
     {
         Relocation relocation({ installation, application, alerts, workspace });
-        return relocation.relocateIfNeeded(Url::fromPath("/Volumes/Zanthe Vell/Zanthe Vell.app"), environment);
+        bool const ends = relocation.relocateIfNeeded(Url::fromPath("/Volumes/Zanthe Vell/Zanthe Vell.app"), environment);
+        time.runTasks();
+        return ends;
     }
 
     fakes::FakeInstallation installation;
     fakes::FakeApplication application;
     fakes::FakeAlerts alerts;
-    fakes::FakeWorkspace workspace;
+    fakes::FakeTime time;
+    fakes::FakeWorkspace workspace { time };
 };
 
 TEST_F(RelocationTest, AsksOnlyWhereTheProgramWillNotStay)

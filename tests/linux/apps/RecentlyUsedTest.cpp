@@ -67,17 +67,28 @@ TEST(RecentlyUsed, CountsTheApplicationsOfItsBookmarksAndOurOwnLaunches)
     disk.write("apps/org.gnome.Evince.desktop", entry("Viewer", "/usr/bin/evince %U"));
     disk.write("apps/org.gnome.gedit.desktop", entry("Editor", "env X=1 gedit %U"));
     disk.write("apps/helper.desktop", entry("Helper", "helper", "NoDisplay=true\n"));
+    disk.write("apps/a-bulk.desktop", entry("Bulk Rename", "browse --bulk-rename %F"));
+    disk.write("apps/browser-of-files.desktop", entry("File Manager", "browse %F"));
+    disk.write("more/a-bulk.desktop", entry("Bulk Rename", "browse --bulk-rename %F"));
+    disk.link("link", disk.path("more/a-bulk.desktop"));
     auto const file = disk.write("recently-used.xbel",
         document(bookmark("file:///a", "2001-01-01T00:00:00Z", "text/plain",
-                     application("Document Viewer", "&apos;evince %u&apos;", "2023-06-10T00:00:00Z")
+                     application("Files", "&apos;browse %u&apos;", "2023-06-08T00:00:00Z")
+                         + application("Document Viewer", "&apos;evince %u&apos;", "2023-06-10T00:00:00Z")
                          + application("gedit", "&apos;/opt/renamed %u&apos;", "2023-06-09T00:00:00Z"))
             + bookmark("file:///b", "2001-01-01T00:00:00Z", "text/plain",
                 application("helper", "helper", "2023-06-10T00:00:00Z") + application("gone", "&apos;unbalanced", "2023-06-10T00:00:00Z")
                     + application("Document Viewer", "&apos;evince %u&apos;", "2023-06-01T00:00:00Z"))));
     auto const since = secondsOfTimestamp("2023-06-01T00:00:00Z");
-    auto const index = ApplicationIndex::read({ disk.path("apps") });
-    auto const items = usedItems(file, { { since + 1, "/opt/launched.desktop" }, { since - 1, "/opt/long-ago.desktop" } }, index, since);
-    EXPECT_EQ(pathsOf(items), (Paths { disk.path("apps/org.gnome.Evince.desktop"), disk.path("apps/org.gnome.gedit.desktop"), "/opt/launched.desktop" }));
+    auto const index = ApplicationIndex::read({ disk.path("apps"), disk.path("more") });
+    auto const items = usedItems(file,
+        { { since + 1, "/opt/launched.desktop" }, { since - 1, "/opt/long-ago.desktop" }, { since + 2, disk.path() + "//link" },
+            { since + 3, disk.path() + "/apps//a-bulk.desktop" } },
+        index, since);
+    EXPECT_EQ(pathsOf(items),
+        (Paths { disk.path("apps/org.gnome.Evince.desktop"), disk.path("apps/org.gnome.gedit.desktop"), disk.path("apps/browser-of-files.desktop"),
+            disk.path("apps/a-bulk.desktop"), "/opt/launched.desktop" }))
+        << "each once, the shadowed copy and the link under the name of the entry that counts; the file manager is not \"Bulk Rename\"";
     for (auto const& item : items)
         EXPECT_EQ(item.type, UsedItemType::application);
 }

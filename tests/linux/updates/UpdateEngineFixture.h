@@ -80,9 +80,9 @@ struct UpdateEngineFixture : testing::Test {
     std::string package = folder.write("zv.deb", "the package");
     fakes::FakeUserDefaults defaults;
     fakes::FakeResources resources;
-    fakes::FakeTime time;
     fakes::FakeApplication application;
-    fakes::FakeWorkspace workspace;
+    fakes::FakeTime time;
+    fakes::FakeWorkspace workspace { time };
     Result<void> opening; ///< the outcome of opening a package
     fakes::FakePackageOrigin origin;
     fakes::FakeUpdateWindow window;

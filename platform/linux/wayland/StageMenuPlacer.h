@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/linux/menu/MenuPlacer.h"
+#include "platform/linux/wayland/MenuStage.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+class QScreen;
+class QWindow;
+
+namespace zv {
+
+class WaylandGlobals;
+
+/// Menus on Wayland: they stand on a stage over each screen, which is there as long as they are.
+class StageMenuPlacer : public QObject, public MenuPlacer {
+    Q_OBJECT
+public:
+    /// The globals outlive it.
+    explicit StageMenuPlacer(WaylandGlobals const& globals);
+    ~StageMenuPlacer() override;
+
+    [[nodiscard]] Reach reach() const override;
+    void find(std::optional<QPoint> pixel, Open open) override;
+    /// Panels tell places within themselves.
+    [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint) const override { return std::nullopt; }
+    void leave() override;
+
+    void windowShows(QMenu& menu) override;
+    void windowIsShown(QMenu const& menu) override;
+    void windowHid(QMenu& menu) override;
+    [[nodiscard]] bool ownsWindowMoves() const override { return true; }
+    void dragBegins() override { letThrough(true); }
+    void dragEnds() override { letThrough(false); }
+
+private:
+    /// What a menu waits for until it opens.
+    struct Search {
+        Open open;
+        std::optional<QPoint> wish;
+        std::optional<QPoint> pointer;
+        bool hasKeyboard = false; ///< with it come the modifiers that are held
+        bool isPainted = false; ///< of a maximized window, which menus may stand on only then
+    };
+
+    void mapStages();
+    void addStage(QScreen& screen);
+    void clear();
+    void lost();
+    void tell();
+    void settle();
+    void focusChanged(QWindow* window);
+    void letThrough(bool all);
+    [[nodiscard]] std::optional<QPoint> placeOf(Search const& search) const;
+    [[nodiscard]] MenuStage* stageAt(QPoint point) const;
+
+    WaylandGlobals const& m_globals;
+    std::vector<std::unique_ptr<MenuStage>> m_stages;
+    MenuStage* m_stage = nullptr; ///< the menus' own
+    std::optional<Search> m_search;
+    QTimer m_patience;
+};
+
+} // namespace zv
