@@ -17,6 +17,7 @@ install(FILES ${packaging}/file-managers/dolphin.desktop DESTINATION ${share}/ki
 install(FILES ${packaging}/file-managers/thunar.desktop DESTINATION ${share}/Thunar/sendto RENAME org.zanthevell.ZantheVell.desktop)
 install(FILES ${packaging}/file-managers/zanthe-vell.nemo_action DESTINATION ${share}/nemo/actions)
 install(FILES ${packaging}/file-managers/zanthe_vell_nautilus.py DESTINATION ${share}/nautilus-python/extensions)
+include(cmake/GnomeExtension.cmake)
 
 # Compresses man pages and the changelog, as the distribution wants them; -n keeps builds alike.
 function(install_compressed source name destination)
