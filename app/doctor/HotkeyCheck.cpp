@@ -1,5 +1,7 @@
 #include "app/doctor/HotkeyCheck.h"
 
+#include "base/Translation.h"
+
 namespace zv {
 
 namespace {
@@ -23,10 +25,9 @@ std::string remedyOn(std::string_view desktopNames)
 {
     for (auto const& binding : keyBindings) {
         if (desktopNames.find(binding.desktop) != std::string_view::npos)
-            return "Write a key of your choice into " + std::string(binding.file) + ": " + std::string(binding.line)
-                + " (or “zanthe-vell perform TITLE” for an entry).";
+            return tr("Write a key of your choice into %1: %2 (or “zanthe-vell perform TITLE” for an entry).", binding.file, binding.line);
     }
-    return "The desktop’s own key bindings can run “zanthe-vell show” and “zanthe-vell perform TITLE”.";
+    return tr("The desktop’s own key bindings can run “zanthe-vell show” and “zanthe-vell perform TITLE”.");
 }
 
 } // namespace
@@ -36,14 +37,14 @@ DoctorCheck hotkeyCheck(HotkeySupport support, std::string_view desktopNames)
     using State = DoctorCheck::State;
     switch (support) {
     case HotkeySupport::everywhere:
-        return { "Hotkeys", State::ok, "Shortcuts work in every program.", "" };
+        return { tr("Hotkeys"), State::ok, tr("Shortcuts work in every program."), "" };
     case HotkeySupport::askingTheUser:
-        return { "Hotkeys", State::limited, "Shortcuts work in every program once you have confirmed them to the desktop, which may have changed them.",
-            "The desktop’s own keyboard settings show and change them." };
+        return { tr("Hotkeys"), State::limited, tr("Shortcuts work in every program once you have confirmed them to the desktop, which may have changed them."),
+            tr("The desktop’s own keyboard settings show and change them.") };
     case HotkeySupport::none:
         break;
     }
-    return { "Hotkeys", State::missing, "This desktop does not let programs have shortcuts of their own.", remedyOn(desktopNames) };
+    return { tr("Hotkeys"), State::missing, tr("This desktop does not let programs have shortcuts of their own."), remedyOn(desktopNames) };
 }
 
 } // namespace zv

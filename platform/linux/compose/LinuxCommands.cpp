@@ -135,11 +135,12 @@ Url LinuxCommands::currentFolder()
 std::vector<DoctorCheck> LinuxCommands::doctorChecks()
 {
     auto checks = programChecks(runningProgram(), files().resources, *files().disk, store(),
-        { { "Settings", Url::fromPath(machine().paths().settingsFile).parent() }, { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+        { { KeptFolder::Holds::settings, Url::fromPath(machine().paths().settingsFile).parent() }, { KeptFolder::Holds::items, places().itemsFolder },
+            { KeptFolder::Holds::backups, places().backupsFolder } });
     DesktopFindings findings;
     auto const wayland = WaylandGlobals::connected();
     surveyDisplay(m_environment, wayland && wayland->layerShell(), findings);
-    surveyServices(DesktopAccess::of(m_environment), machine().paths().user, findings);
+    surveyServices(DesktopAccess::of(m_environment), machine().paths().user, machine().audience().desktops, findings);
     std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;
 }

@@ -6,7 +6,6 @@
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
-#include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
@@ -17,6 +16,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QFile>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -26,6 +26,8 @@
 namespace zv {
 
 namespace {
+
+QString const trayName = QStringLiteral("org.kde.StatusNotifierWatcher");
 
 /// Local feeds are allowed where resources are given, for trials.
 DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
@@ -42,11 +44,22 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     LinuxInstallation::Options options;
     options.userFolder = files.paths().user.home + "/.local/bin";
     options.userApplications = files.paths().user.data + "/applications";
-    options.entryNotWritten = relocationTexts::entryNotWritten;
+    options.entryNotWritten = tr(relocationTexts::entryNotWritten);
     options.isMountedAppImage = files.environment().contains("APPIMAGE");
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
     return options;
+}
+
+LookSources lookSources(LinuxFiles const& files)
+{
+    auto const& user = files.paths().user;
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    LookSources sources {
+        .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = { user.data }, .desktops = files.audience().desktops
+    };
+    sources.dataFolders.insert(sources.dataFolders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    return sources;
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -70,19 +83,28 @@ std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConne
     return std::make_unique<DesktopMenuPlacer>();
 }
 
-/// The desktops' autostart settings; the first installed one is used.
-std::vector<std::vector<std::string>> const& autostartSettings()
-{
-    static std::vector<std::vector<std::string>> const commands { { "gnome-session-properties" }, { "systemsettings", "kcm_autostart" },
-        { "xfce4-session-settings" }, { "mate-session-properties" }, { "cinnamon-settings", "startup" }, { "lxqt-config-session" } };
-    return commands;
-}
+/// A desktop's settings of what starts at login.
+struct AutostartSettings {
+    Desktop desktop;
+    std::vector<std::string> command;
+};
+AutostartSettings const autostartSettings[] = {
+    { Desktop::gnome, { "gnome-session-properties" } },
+    { Desktop::gnome, { "gnome-tweaks" } },
+    { Desktop::kde, { "systemsettings", "kcm_autostart" } },
+    { Desktop::kde, { "systemsettings5", "kcm_autostart" } },
+    { Desktop::xfce, { "xfce4-session-settings" } },
+    { Desktop::mate, { "mate-session-properties" } },
+    { Desktop::cinnamon, { "cinnamon-settings", "startup" } },
+    { Desktop::lxqt, { "lxqt-config-session" } },
+};
 
 } // namespace
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
     : m_files(std::move(environment))
     , m_application(count, arguments)
+    , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
     , m_wayland(WaylandGlobals::ofToolkit())
     , m_toplevels(ForeignToplevels::of(m_wayland.get()))
     , m_access(DesktopAccess::of(m_files.environment()))
@@ -99,7 +121,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_keyboard(m_timers, m_bus, m_files.environment())
     , m_overlay(m_wayland ? waylandOverlay(*m_wayland, m_toplevels) : OverlayFrontEnd::make(sessionKind()))
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
-    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
+    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
@@ -110,7 +132,6 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     m_statusBar.onActivationToken = useActivationToken;
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
-    adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
 LinuxFrontEnd::~LinuxFrontEnd() = default;
@@ -120,9 +141,11 @@ int LinuxFrontEnd::run()
     if (!m_instance.claim())
         return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
-    m_colorScheme = std::make_unique<ColorScheme>(m_bus);
+    m_look.useBus(m_bus);
+    watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    m_loginService.mend();
     publishHotkeys();
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
@@ -176,7 +199,9 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_keyboard.useBus(bus);
     m_userNotifications.useBus(bus);
     m_system.useBus(bus);
-    m_colorScheme = std::make_unique<ColorScheme>(bus);
+    m_look.useBus(bus);
+    watchForTray();
+    m_trayObservers.changed(0);
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -203,7 +228,7 @@ ProgramHandlers LinuxFrontEnd::handlers()
 Result<void> LinuxFrontEnd::canShowMenu() const
 {
     if (m_placer->reach() == MenuPlacer::Reach::nowhere)
-        return Failure { std::string(noWindowText) };
+        return Failure { tr(noWindowText) };
     return {};
 }
 
@@ -246,18 +271,26 @@ std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd
 
 bool LinuxFrontEnd::statusIconsAreShown() const
 {
+    m_trayObservers.access(0);
     auto* bus = m_bus.interface();
-    return bus && bus->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    return bus && bus->isServiceRegistered(trayName);
+}
+
+/// Tells when a tray comes or goes: whoever asked may answer differently then.
+void LinuxFrontEnd::watchForTray()
+{
+    m_trayWatch = std::make_unique<QDBusServiceWatcher>(trayName, m_bus);
+    QObject::connect(m_trayWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, m_trayWatch.get(), [this] { m_trayObservers.changed(0); });
 }
 
 bool LinuxFrontEnd::openAutostartSettings()
 {
-    for (auto const& command : autostartSettings()) {
+    for (auto const& settings : autostartSettings) {
         QStringList arguments;
-        for (auto const& word : command)
+        for (auto const& word : settings.command)
             arguments << QString::fromStdString(word);
         auto const program = QStandardPaths::findExecutable(arguments.takeFirst());
-        if (!program.isEmpty())
+        if (isForDesktop(settings.desktop, m_access.desktop) && !program.isEmpty())
             return startDetached(program, arguments, m_files.environment());
     }
     return false;

@@ -7,13 +7,13 @@
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
+#include "platform/linux/looks/LookFollower.h"
 #include "platform/linux/menu/MenuPlacer.h"
 #include "platform/linux/menu/QtMenuHost.h"
 #include "platform/linux/menu/QtTextMeasure.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 #include "platform/linux/program/SingleInstance.h"
 #include "platform/linux/settings/QtSettingsWindow.h"
-#include "platform/linux/toolkit/ColorScheme.h"
 #include "platform/linux/toolkit/QtClipboard.h"
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
@@ -29,6 +29,7 @@
 #include "platform/linux/windows/QtFilePanels.h"
 #include "platform/linux/windows/QtNotesWindows.h"
 
+#include <QDBusServiceWatcher>
 #include <QSocketNotifier>
 
 #include <condition_variable>
@@ -58,6 +59,7 @@ private:
     [[nodiscard]] UpdateEngineFactory updateEngine();
     [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
+    void watchForTray();
     bool openAutostartSettings();
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
@@ -70,6 +72,7 @@ private:
 
     LinuxFiles m_files;
     LinuxApplication m_application;
+    LookFollower m_look;
     std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
     std::shared_ptr<ForeignToplevels> m_toplevels; ///< null where the compositor does not tell its windows
     DesktopAccess m_access;
@@ -94,6 +97,8 @@ private:
     MenuPresenter m_presenter;
     QtMenuHost m_menuHost;
     StatusNotifierBar m_statusBar;
+    std::unique_ptr<QDBusServiceWatcher> m_trayWatch;
+    ObservationRegistrar m_trayObservers;
     LinuxHotkeys m_keyboard;
     std::unique_ptr<OverlayFrontEnd> m_overlay;
 
@@ -108,7 +113,6 @@ private:
     QtSettingsWindow m_settingsWindow;
 
     std::unique_ptr<ZantheVellApp> m_app;
-    std::unique_ptr<ColorScheme> m_colorScheme;
     std::unique_ptr<QSocketNotifier> m_settingsWatch;
     TerminationSignals m_signals;
 };
