@@ -1,4 +1,5 @@
 #include "app/doctor/DoctorReport.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
@@ -26,14 +27,14 @@ ExitStatus writeReport(std::string const& file, CommandContext& context)
     auto const text = "Zanthe Vell " ZV_VERSION "\n"
         + doctorReport(context.doctorChecks(), context.files().defaults, context.store().items(), context.places().environment);
     if (context.files().disk->isTaken(fileArgument(context, file)))
-        return fail(context, file + " is there already; name another file");
-    context.out() << text << "\nWrite these lines to " << file << "? Nothing is sent to anybody. [y/N] " << std::flush;
+        return fail(context, tr("%1 is there already; name another file", file));
+    context.out() << text << "\n" << tr("Write these lines to %1? Nothing is sent to anybody. [y/N]", file) << ' ' << std::flush;
     if (!agrees(context))
-        return fail(context, "nothing was written");
+        return fail(context, tr("nothing was written"));
     auto const* begin = reinterpret_cast<std::byte const*>(text.data());
     if (auto const written = writeFileArgument(context, file, { begin, begin + text.size() }); !written)
         return fail(context, file + ": " + written.error());
-    context.out() << "\nWritten. Say in your report what you did, what you saw and what you expected, and attach the file.\n";
+    context.out() << "\n" << tr("Written. Say in your report what you did, what you saw and what you expected, and attach the file.") << "\n";
     return ExitStatus::done;
 }
 
@@ -54,7 +55,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     bool const reports = options->has("--report");
     auto const& operands = options->operands();
     if (operands.size() > (reports ? 1 : 0))
-        return failUsage(context, doctorCommand, "there is nothing to name");
+        return failUsage(context, doctorCommand, tr("there is nothing to name"));
     if (reports)
         return writeReport(operands.empty() ? usualReport : operands[0], context);
     return writeChecks(options->has("--json"), context);
@@ -62,7 +63,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command doctorCommand { "doctor", "[--json | --report [FILE]]", "what works on this desktop and what does not, and why; a report of it to attach",
+constexpr Command doctorCommand { "doctor", "[--json | --report [FILE]]", mark("what works on this desktop and what does not, and why; a report of it to attach"),
     run };
 
 } // namespace zv

@@ -4,6 +4,7 @@ set(packaging ${CMAKE_SOURCE_DIR}/packaging/linux)
 set(share ${CMAKE_INSTALL_DATADIR})
 install(TARGETS zanthe-vell RUNTIME)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/app/resources/ DESTINATION ${share}/zanthe-vell)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/locale/ DESTINATION ${CMAKE_INSTALL_LOCALEDIR} OPTIONAL)
 install(FILES ${packaging}/org.zanthevell.ZantheVell.desktop DESTINATION ${share}/applications)
 install(FILES ${packaging}/org.zanthevell.ZantheVell.metainfo.xml DESTINATION ${share}/metainfo)
 configure_file(${packaging}/org.zanthevell.ZantheVell.service.in org.zanthevell.ZantheVell.service @ONLY)
@@ -16,6 +17,7 @@ install(FILES ${packaging}/file-managers/dolphin.desktop DESTINATION ${share}/ki
 install(FILES ${packaging}/file-managers/thunar.desktop DESTINATION ${share}/Thunar/sendto RENAME org.zanthevell.ZantheVell.desktop)
 install(FILES ${packaging}/file-managers/zanthe-vell.nemo_action DESTINATION ${share}/nemo/actions)
 install(FILES ${packaging}/file-managers/zanthe_vell_nautilus.py DESTINATION ${share}/nautilus-python/extensions)
+include(cmake/GnomeExtension.cmake)
 
 # Compresses man pages and the changelog, as the distribution wants them; -n keeps builds alike.
 function(install_compressed source name destination)

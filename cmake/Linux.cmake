@@ -17,7 +17,7 @@ zv_library(zv_cli FOLDERS cli LINK zv_app nlohmann_json::nlohmann_json)
 
 # The rooms without a toolkit, apart from those over Qt, X11 and D-Bus.
 set(plain_rooms posix entries files store text bus apps machine session install)
-set(toolkit_rooms toolkit x11 icons menu tray hotkeys overlay windows settings updates program doctor)
+set(toolkit_rooms toolkit x11 icons looks menu tray hotkeys overlay windows settings updates program doctor)
 list(TRANSFORM plain_rooms PREPEND platform/linux/ OUTPUT_VARIABLE plain_folders)
 list(TRANSFORM toolkit_rooms PREPEND platform/linux/ OUTPUT_VARIABLE toolkit_folders)
 zv_library(zv_linux FOLDERS ${plain_folders} LINK zv_base ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT PkgConfig::GIO PkgConfig::SODIUM Threads::Threads)
@@ -40,6 +40,11 @@ file(CREATE_LINK ${ZV_RESOURCES} ${CMAKE_BINARY_DIR}/resources SYMBOLIC)
 file(GLOB composition CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/linux/compose/*.cpp)
 add_executable(zanthe-vell ${composition})
 target_link_libraries(zanthe-vell PRIVATE zv_wayland zv_qt zv_cli)
+
+include(cmake/Languages.cmake)
+if(TARGET zv_catalogues)
+  add_dependencies(zanthe-vell zv_catalogues)
+endif()
 
 if(ZV_TESTS)
   enable_testing()

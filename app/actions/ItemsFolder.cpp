@@ -1,5 +1,6 @@
 #include "app/actions/ItemsFolder.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ bool isUsableAsFileName(std::string_view name) { return !name.empty() && name !=
 
 } // namespace
 
-std::string ItemsFolder::Failure::description() const { return "The folder already holds a thousand items called “" + noAvailableName + "”."; }
+std::string ItemsFolder::Failure::description() const { return tr("The folder already holds a thousand items called %1.", quoted(noAvailableName)); }
 
 ItemsFolder::Outcome ItemsFolder::add(std::vector<Url> const& urls) const
 {

@@ -1,6 +1,7 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ListEntries.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 
@@ -14,7 +15,7 @@ std::string titleOf(Volume const& volume)
         return volume.label;
     if (!volume.root.isFile())
         return volume.root.toString();
-    return volume.root.path() == "/" ? "File System" : volume.root.lastPathComponent();
+    return volume.root.path() == "/" ? tr("File System") : volume.root.lastPathComponent();
 }
 
 DynamicEntry entryFor(Volume const& volume)

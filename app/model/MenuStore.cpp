@@ -3,6 +3,7 @@
 #include "app/model/PlainText.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
@@ -88,7 +89,7 @@ Result<void> const& MenuStore::lastSave() const
 std::optional<std::string> MenuStore::saveProblem() const
 {
     auto const& saved = lastSave();
-    return saved ? std::nullopt : std::optional("The menu could not be saved: " + saved.error());
+    return saved ? std::nullopt : std::optional(tr("The menu could not be saved: %1", saved.error()));
 }
 
 MenuItem const* MenuStore::find(Uuid const& id) const { return findItem(items(), id); }
@@ -245,7 +246,7 @@ void MenuStore::save(Keeping keeping)
 Result<void> MenuStore::write(Keeping keeping)
 {
     if (isLocked())
-        return Failure { "an administrator of this computer has locked it." };
+        return Failure { tr("an administrator of this computer has locked it.") };
     if (auto const unwritable = findUnwritable(m_items))
         return Failure { unwritable->description() };
     auto const backedUp = backUp(keeping);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Observation.h"
+#include "base/Translation.h"
 #include "platform/files/UserDefaults.h"
 
 #include <cstdint>
@@ -15,7 +16,7 @@ namespace zv {
 struct PreferenceDescription {
     std::string_view key;
     std::variant<bool, std::int64_t> defaultValue;
-    std::string_view meaning;
+    Sentence meaning;
 };
 
 /// The settings, cached in properties and written back on each change. Reading a property within

@@ -16,7 +16,7 @@ struct AboutText {
     std::string readMeButton;
     std::string licencesButton;
     std::string diagnosticsButton;
-    std::string licences; ///< of ourselves and of the libraries within
+    std::string licences; ///< a paragraph a line, of ourselves and of the libraries within
 };
 
 [[nodiscard]] AboutText aboutText(Resources const& resources);

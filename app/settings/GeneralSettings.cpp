@@ -3,6 +3,7 @@
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
 #include "app/settings/LockedRows.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -139,8 +140,8 @@ SettingsSection GeneralSettings::login()
     section.rows.push_back(toggle("openAtLogin", "Open at login", m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
     if (state != LoginItem::State::requiresApproval)
         return section;
-    section.rows.push_back(note("loginApproval", LoginItem::approvalNote));
-    section.rows.push_back(button("loginSettings", LoginItem::approvalButton, [this] { m_services.loginItem.openSettings(); }));
+    section.rows.push_back(note("loginApproval", m_services.wording.loginApprovalNote));
+    section.rows.push_back(button("loginSettings", m_services.wording.loginApprovalButton, [this] { m_services.loginItem.openSettings(); }));
     return section;
 }
 
@@ -210,7 +211,8 @@ void GeneralSettings::takeShortcutAway(Url const& file)
 {
     auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
     if (!renamed)
-        m_services.alerts.run({ AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", renamed.error() });
+        m_services.alerts.run(
+            { AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", settingsTexts::asSentence(renamed.error()) });
 }
 
 SettingsSection GeneralSettings::updates()

@@ -39,6 +39,7 @@ public:
     static constexpr char const* approvalNote
         = "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.";
     static constexpr char const* approvalButton = "Open Login Items Settings";
+    static constexpr char const* autostartButton = "Open Autostart Settings";
     static constexpr char const* helpText
         = "If you do not select this checkbox, you’ll get the standard Apple menu every login until you manually open Zanthe Vell yourself.";
 

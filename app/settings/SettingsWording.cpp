@@ -16,6 +16,8 @@ SettingsWording forMacOS()
     wording.statusItemHelp = "A laurel among the icons of the menu bar opens your menu.";
     wording.noPresenceNote = "Zanthe Vell then shows a Dock icon.";
     wording.openAtLoginHelp = LoginItem::helpText;
+    wording.loginApprovalNote = LoginItem::approvalNote;
+    wording.loginApprovalButton = LoginItem::approvalButton;
     wording.depth = "Folders within open";
     return wording;
 }
@@ -30,6 +32,9 @@ SettingsWording forLinuxDesktop()
     wording.statusItemHelp = "A laurel among the icons of the panel opens your menu.";
     wording.noPresenceNote = "Zanthe Vell is then reached by “zanthe-vell settings”.";
     wording.openAtLoginHelp = "If you do not select this checkbox, you’ll get the standard panel every login until you manually open Zanthe Vell yourself.";
+    wording.loginApprovalNote = "The desktop’s settings have switched Zanthe Vell off among the programs that start at login, so it will not open until you "
+                                "switch it on there.";
+    wording.loginApprovalButton = LoginItem::autostartButton;
     wording.statusItemIsNotShown = "Nothing on this desktop shows status icons. On GNOME, the extension “AppIndicator and KStatusNotifierItem Support” does; "
                                    "other panels have a status tray or notification area to add.";
     wording.loginFailure = [](std::string const& reason) { return "The autostart entry could not be changed: " + reason + "."; };

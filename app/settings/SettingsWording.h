@@ -15,6 +15,8 @@ struct SettingsWording {
     std::string statusItemHelp;
     std::string noPresenceNote;
     std::string openAtLoginHelp;
+    std::string loginApprovalNote; ///< shown where the system keeps the program from opening
+    std::string loginApprovalButton; ///< opens the system's settings of that
     std::string statusItemIsNotShown; ///< the remedy where nothing shows status icons
     /// Words the system's reason for not opening the program at login as a sentence.
     std::string (*loginFailure)(std::string const& reason) = [](std::string const& reason) { return reason; };

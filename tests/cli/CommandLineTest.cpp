@@ -24,7 +24,7 @@ TEST_F(CommandLineTest, HelpNamesEveryCommand)
     EXPECT_EQ(help.status, 0);
     for (auto const* command : commandTable()) {
         EXPECT_NE(help.out.find(std::string(command->name)), std::string::npos) << command->name;
-        EXPECT_NE(help.out.find(std::string(command->summary)), std::string::npos) << command->name;
+        EXPECT_NE(help.out.find(command->summary.english), std::string::npos) << command->name;
     }
     EXPECT_EQ(run({ "-h" }), help);
     EXPECT_EQ(run({ "help" }), help);
@@ -51,7 +51,7 @@ TEST_F(CommandLineTest, EachCommandIsInTheManualAndOfferedToShells)
     for (auto const* command : commandTable()) {
         std::string const name(command->name);
         EXPECT_TRUE(std::regex_search(manual, std::regex(R"(\n\.TP\n\.(B|BR|BI) )" + name + R"([ \n])"))) << name;
-        EXPECT_EQ(run({ "complete", name }).out.find(name + "\t" + std::string(command->summary) + "\n"), 0U) << name;
+        EXPECT_EQ(run({ "complete", name }).out.find(name + "\t" + command->summary.english + "\n"), 0U) << name;
     }
 }
 

@@ -67,9 +67,10 @@ public:
     void run(Script const& script, std::function<void(ScriptOutcome)> done) override
     {
         scripts.push_back(script);
-        answer(std::move(done), script.userWasTold ? ScriptOutcome {} : outcome);
+        answer(std::move(done), script.userWasTold ? whenTold : outcome);
     }
     ScriptOutcome outcome; ///< of scripts whose user was not told
+    ScriptOutcome whenTold;
     std::vector<Script> scripts;
 };
 

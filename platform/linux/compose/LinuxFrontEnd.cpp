@@ -5,15 +5,18 @@
 #include "base/Log.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
-#include "platform/linux/icons/IconTheme.h"
+#include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
+#include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/StageMenuPlacer.h"
+#include "platform/linux/wayland/WaylandOverlay.h"
 
 #include <QDBusConnectionInterface>
 #include <QFile>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -23,6 +26,8 @@
 namespace zv {
 
 namespace {
+
+QString const trayName = QStringLiteral("org.kde.StatusNotifierWatcher");
 
 /// Local feeds are allowed where resources are given, for trials.
 DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
@@ -39,11 +44,22 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     LinuxInstallation::Options options;
     options.userFolder = files.paths().user.home + "/.local/bin";
     options.userApplications = files.paths().user.data + "/applications";
-    options.entryNotWritten = relocationTexts::entryNotWritten;
+    options.entryNotWritten = tr(relocationTexts::entryNotWritten);
     options.isMountedAppImage = files.environment().contains("APPIMAGE");
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
     return options;
+}
+
+LookSources lookSources(LinuxFiles const& files)
+{
+    auto const& user = files.paths().user;
+    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    LookSources sources {
+        .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = { user.data }, .desktops = files.audience().desktops
+    };
+    sources.dataFolders.insert(sources.dataFolders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    return sources;
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -58,47 +74,53 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
     return process.startDetached();
 }
 
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland)
+/// The bus may be exchanged later.
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus)
 {
     if (wayland)
-        return std::make_unique<StageMenuPlacer>(*wayland);
+        return std::make_unique<StageMenuPlacer>(*wayland, [&bus] { return GnomeShell::pointerOn(bus); });
     return std::make_unique<DesktopMenuPlacer>();
 }
 
-/// The desktops' autostart settings; the first installed one is used.
-std::vector<std::vector<std::string>> const& autostartSettings()
-{
-    static std::vector<std::vector<std::string>> const commands { { "gnome-session-properties" }, { "systemsettings", "kcm_autostart" },
-        { "xfce4-session-settings" }, { "mate-session-properties" }, { "cinnamon-settings", "startup" }, { "lxqt-config-session" } };
-    return commands;
-}
+/// A desktop's settings of what starts at login.
+struct AutostartSettings {
+    Desktop desktop;
+    std::vector<std::string> command;
+};
+AutostartSettings const autostartSettings[] = {
+    { Desktop::gnome, { "gnome-session-properties" } },
+    { Desktop::gnome, { "gnome-tweaks" } },
+    { Desktop::kde, { "systemsettings", "kcm_autostart" } },
+    { Desktop::kde, { "systemsettings5", "kcm_autostart" } },
+    { Desktop::xfce, { "xfce4-session-settings" } },
+    { Desktop::mate, { "mate-session-properties" } },
+    { Desktop::cinnamon, { "cinnamon-settings", "startup" } },
+    { Desktop::lxqt, { "lxqt-config-session" } },
+};
 
 } // namespace
 
 LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environment)
     : m_files(std::move(environment))
     , m_application(count, arguments)
+    , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
+    , m_wayland(WaylandGlobals::ofToolkit())
+    , m_toplevels(ForeignToplevels::of(m_wayland.get()))
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, handlers(), m_files.paths().instanceLock)
-    , m_system({ .files = m_files,
-          .timers = m_timers,
-          .tasks = m_tasks,
-          .access = m_access,
-          .sessionBus = m_bus,
-          .windows = sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : std::nullopt,
-          .pending = nullptr })
+    , m_system(
+          { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_wayland(WaylandGlobals::ofToolkit())
-    , m_placer(menuPlacer(m_wayland.get()))
+    , m_placer(menuPlacer(m_wayland.get(), m_bus))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_timers, m_bus, sessionKind())
-    , m_overlay(OverlayFrontEnd::make(sessionKind()))
+    , m_keyboard(m_timers, m_bus, m_files.environment())
+    , m_overlay(m_wayland ? waylandOverlay(*m_wayland, m_toplevels) : OverlayFrontEnd::make(sessionKind()))
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
-    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), [this] { return openAutostartSettings(); },
+    , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
@@ -106,9 +128,9 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
+    m_statusBar.onActivationToken = useActivationToken;
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
-    adoptDesktopIconTheme(m_files.paths().user.config);
 }
 
 LinuxFrontEnd::~LinuxFrontEnd() = default;
@@ -118,9 +140,11 @@ int LinuxFrontEnd::run()
     if (!m_instance.claim())
         return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
-    m_colorScheme = std::make_unique<ColorScheme>(m_bus);
+    m_look.useBus(m_bus);
+    watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    m_loginService.mend();
     publishHotkeys();
     watchSettings();
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
@@ -134,7 +158,7 @@ int LinuxFrontEnd::run()
 /// Waits a moment for a program that has only just started, or lost the bus.
 int LinuxFrontEnd::openSettingsOfOther()
 {
-    BusRunningProgram other(m_access.buses.session, runningProgramTexts());
+    BusRunningProgram other(m_access.buses.session, runningProgramTexts(), activationTokenOf(m_files.environment()));
     for (int attempt = 0; attempt < 30 && m_bus.isConnected() && !other.isRunning(); ++attempt)
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
     auto const told = other.openSettings();
@@ -174,7 +198,9 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_keyboard.useBus(bus);
     m_userNotifications.useBus(bus);
     m_system.useBus(bus);
-    m_colorScheme = std::make_unique<ColorScheme>(bus);
+    m_look.useBus(bus);
+    watchForTray();
+    m_trayObservers.changed(0);
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -194,13 +220,14 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
         .hotkeys = [this] { return publishedHotkeys(); },
         .findings = {},
+        .takeActivationToken = useActivationToken,
         .canShowMenu = [this] { return canShowMenu(); } };
 }
 
 Result<void> LinuxFrontEnd::canShowMenu() const
 {
     if (m_placer->reach() == MenuPlacer::Reach::nowhere)
-        return Failure { std::string(noWindowText) };
+        return Failure { tr(noWindowText) };
     return {};
 }
 
@@ -243,21 +270,38 @@ std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd
 
 bool LinuxFrontEnd::statusIconsAreShown() const
 {
+    m_trayObservers.access(0);
     auto* bus = m_bus.interface();
-    return bus && bus->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    return bus && bus->isServiceRegistered(trayName);
+}
+
+/// Tells when a tray comes or goes: whoever asked may answer differently then.
+void LinuxFrontEnd::watchForTray()
+{
+    m_trayWatch = std::make_unique<QDBusServiceWatcher>(trayName, m_bus);
+    QObject::connect(m_trayWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, m_trayWatch.get(), [this] { m_trayObservers.changed(0); });
 }
 
 bool LinuxFrontEnd::openAutostartSettings()
 {
-    for (auto const& command : autostartSettings()) {
+    for (auto const& settings : autostartSettings) {
         QStringList arguments;
-        for (auto const& word : command)
+        for (auto const& word : settings.command)
             arguments << QString::fromStdString(word);
         auto const program = QStandardPaths::findExecutable(arguments.takeFirst());
-        if (!program.isEmpty())
+        if (isForDesktop(settings.desktop, m_access.desktop) && !program.isEmpty())
             return startDetached(program, arguments, m_files.environment());
     }
     return false;
+}
+
+std::unique_ptr<ClientWindows> LinuxFrontEnd::clientWindows() const
+{
+    if (auto windows = ForeignToplevels::windowsOf(m_toplevels))
+        return windows;
+    if (sessionKind() == SessionKind::wayland)
+        return windowsOnBus(m_bus);
+    return clientWindowsOfThisDisplay();
 }
 
 std::optional<OverlaySeams> LinuxFrontEnd::overlay() { return m_overlay ? std::optional(m_overlay->seams()) : std::nullopt; }

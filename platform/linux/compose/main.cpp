@@ -2,10 +2,13 @@
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
+#include "platform/linux/compose/DesktopScale.h"
 #include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
+#include "platform/linux/posix/ProgramPlaces.h"
 #include "platform/linux/text/Collation.h"
+#include "platform/linux/text/MessageCatalogue.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
 #include <cstdlib>
@@ -31,10 +34,13 @@ int runCommand(std::vector<std::string> const& arguments, zv::Environment const&
     std::_Exit(status);
 }
 
-/// On Wayland a menu's stage is a window without a role of the toolkit's making; and one that the compositor is slow to
-/// paint must not count as hidden, or its menus would stay so. No argument says that to the toolkit.
-void prepareToolkitFor(std::string const& server)
+/// The desktop's factor for windows counts at the start. On Wayland a menu's stage is a window without a role of the toolkit's making; and one that the
+/// compositor is slow to paint must not count as hidden, or its menus would stay so. No argument says that to the toolkit.
+void prepareToolkitFor(std::string const& server, zv::Environment const& environment)
 {
+    auto const scale = server == "xcb" && !environment.contains("QT_SCREEN_SCALE_FACTORS") ? zv::desktopScale() : 1;
+    if (scale > 1)
+        zv::setForThisProgramAlone("QT_SCALE_FACTOR", std::to_string(scale).c_str());
     if (!server.starts_with("wayland"))
         return;
     zv::setForThisProgramAlone("QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT", "1");
@@ -45,10 +51,10 @@ int runProgram(char* name, zv::Environment const& environment)
 {
     auto server = zv::displayServerFor(environment);
     if (server.empty()) {
-        zv::logLine(zv::noDisplayText);
+        zv::logLine(zv::noDisplayText.english);
         return 1;
     }
-    prepareToolkitFor(server);
+    prepareToolkitFor(server, environment);
     // Not by the environment, which all that is started from the menu inherits as it is.
     std::string option = "-platform";
     char* arguments[] = { name, option.data(), server.data(), nullptr };
@@ -64,5 +70,6 @@ int main(int argc, char** argv)
     zv::markMainThread();
     auto const environment = zv::processEnvironment();
     zv::useCollationOf(environment);
+    zv::useMessageCatalogue(zv::ProgramPlaces::of(environment).catalogues);
     end(argc > 1 ? runCommand({ argv + 1, argv + argc }, environment) : runProgram(argv[0], environment));
 }

@@ -68,6 +68,7 @@ void surveySessionBus(std::optional<BusConnection> const& bus, Deadline const& d
     if (!bus)
         return;
     findings.statusIcons = statusIconsOn(*bus, deadline);
+    findings.hasGnomeExtension = bus->hasOwner("org.zanthevell.Shell", deadline);
     findings.hasPortal = bus->canReach("org.freedesktop.portal.Desktop", deadline);
     findings.hasNotifications = bus->canReach("org.freedesktop.Notifications", deadline);
 }
@@ -85,7 +86,7 @@ void surveySystemBus(std::optional<BusConnection> const& bus, Deadline const& de
 
 } // namespace
 
-void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, DesktopFindings& findings)
+void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, std::vector<std::string> const& desktopNames, DesktopFindings& findings)
 {
     Deadline const deadline(patience);
     findings.isGnome = access.desktop == Desktop::gnome;
@@ -97,6 +98,8 @@ void surveyServices(DesktopAccess const& access, XdgDirectories const& directori
     findings.placesWithoutProgram = LinuxDesktopCommands::placesWithoutProgram(access);
     AutostartLoginService::Options options;
     options.configHome = directories.config;
+    options.program = "zanthe-vell";
+    options.desktops = desktopNames;
     findings.openAtLogin = AutostartLoginService(std::move(options)).status();
 }
 

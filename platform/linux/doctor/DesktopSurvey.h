@@ -8,6 +8,7 @@ namespace zv {
 
 /// Fills in the findings from the message buses and the installed programs. Blocks a few seconds
 /// at most; starts nothing.
-void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, DesktopFindings& findings);
+/// `desktopNames` are the session's own, as application entries use them.
+void surveyServices(DesktopAccess const& access, XdgDirectories const& directories, std::vector<std::string> const& desktopNames, DesktopFindings& findings);
 
 } // namespace zv

@@ -7,7 +7,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QIcon>
 
 #include <cstdint>
@@ -31,30 +30,6 @@ std::optional<xcb_atom_t> atomNamed(xcb_connection_t* connection, std::string co
     return reply && reply->atom != XCB_ATOM_NONE ? std::optional(reply->atom) : std::nullopt;
 }
 
-/// The published settings, a property of a selection's owner.
-std::string publishedSettings(xcb_connection_t* connection)
-{
-    auto const selection = atomNamed(connection, "_XSETTINGS_S0");
-    auto const property = atomNamed(connection, "_XSETTINGS_SETTINGS");
-    if (!selection || !property)
-        return {};
-    XReply<xcb_get_selection_owner_reply_t> const owner(xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, *selection), nullptr));
-    if (!owner || owner->owner == XCB_WINDOW_NONE)
-        return {};
-    auto const cookie = xcb_get_property(connection, 0, owner->owner, *property, *property, 0, longestSettings);
-    return std::string(bytesOf(XProperty(xcb_get_property_reply(connection, cookie, nullptr))));
-}
-
-std::string storedInGSettings()
-{
-    auto* const source = g_settings_schema_source_get_default();
-    GObjectRef<GSettingsSchema> const schema(source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr);
-    if (!schema || !g_settings_schema_has_key(schema.get(), "icon-theme"))
-        return {};
-    GObjectRef<GSettings> const settings(g_settings_new_full(schema.get(), nullptr, nullptr));
-    return taken(g_settings_get_string(settings.get(), "icon-theme"));
-}
-
 /// A theme on a server that is away would hold up every menu.
 QStringList localFolders(QStringList folders)
 {
@@ -73,6 +48,35 @@ bool isInstalled(QString const& theme, QStringList const& folders)
 
 } // namespace
 
+std::uint32_t publisherOfSettings(xcb_connection_t* connection)
+{
+    auto const selection = atomNamed(connection, "_XSETTINGS_S0");
+    if (!selection)
+        return XCB_WINDOW_NONE;
+    XReply<xcb_get_selection_owner_reply_t> const owner(xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, *selection), nullptr));
+    return owner ? owner->owner : xcb_window_t { XCB_WINDOW_NONE };
+}
+
+std::string publishedSettings(xcb_connection_t* connection)
+{
+    auto const publisher = publisherOfSettings(connection);
+    auto const property = publisher == XCB_WINDOW_NONE ? std::nullopt : atomNamed(connection, "_XSETTINGS_SETTINGS");
+    if (!property)
+        return {};
+    auto const cookie = xcb_get_property(connection, 0, publisher, *property, *property, 0, longestSettings);
+    return std::string(bytesOf(XProperty(xcb_get_property_reply(connection, cookie, nullptr))));
+}
+
+std::string storedInGSettings(char const* key)
+{
+    auto* const source = g_settings_schema_source_get_default();
+    GObjectRef<GSettingsSchema> const schema(source ? g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE) : nullptr);
+    if (!schema || !g_settings_schema_has_key(schema.get(), key))
+        return {};
+    GObjectRef<GSettings> const settings(g_settings_new_full(schema.get(), nullptr, nullptr));
+    return taken(g_settings_get_string(settings.get(), key));
+}
+
 std::string iniValue(std::string const& path, char const* group, char const* key)
 {
     GObjectRef<GKeyFile> const file(g_key_file_new());
@@ -82,9 +86,9 @@ std::string iniValue(std::string const& path, char const* group, char const* key
 
 QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder)
 {
-    std::vector<std::string> candidates
-        = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "", iniValue(configFolder + "/kdeglobals", "Icons", "Theme"),
-              iniValue(configFolder + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings() };
+    std::vector<std::string> candidates = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "",
+        iniValue(configFolder + "/kdeglobals", "Icons", "Theme"), iniValue(configFolder + "/lxqt/lxqt.conf", "General", "icon_theme"),
+        iniValue(configFolder + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings("icon-theme") };
     candidates.insert(candidates.end(), std::begin(usualThemes), std::end(usualThemes));
     for (auto const& candidate : candidates) {
         if (auto const theme = QString::fromStdString(candidate); isInstalled(theme, folders))
@@ -93,16 +97,25 @@ QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folder
     return {};
 }
 
-void adoptDesktopIconTheme(std::string const& configFolder)
+QString iconThemeFor(QString const& theme, QStringList const& folders, bool isOnDark)
+{
+    for (auto const& dark : { theme + QStringLiteral("-Dark"), theme + QStringLiteral("-dark") }) {
+        if (isOnDark && isInstalled(dark, folders))
+            return dark;
+    }
+    return theme;
+}
+
+void adoptDesktopIconTheme(std::string const& configFolder, xcb_connection_t* connection, IconThemeOf preferred, bool isOnDark)
 {
     auto const folders = localFolders(QIcon::themeSearchPaths());
     if (folders != QIcon::themeSearchPaths())
         QIcon::setThemeSearchPaths(folders);
     auto const current = QIcon::themeName();
-    if (current != QLatin1String("hicolor") && isInstalled(current, folders))
+    if (preferred == IconThemeOf::toolkit && current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;
-    auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (auto const theme = desktopIconTheme(x11 ? x11->connection() : nullptr, folders, configFolder); !theme.isEmpty())
+    auto const theme = iconThemeFor(desktopIconTheme(connection, folders, configFolder), folders, isOnDark);
+    if (!theme.isEmpty() && theme != current)
         QIcon::setThemeName(theme);
 }
 

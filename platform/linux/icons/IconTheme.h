@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include <cstdint>
 #include <string>
 
 struct xcb_connection_t;
@@ -15,8 +16,18 @@ namespace zv {
 /// a usual one; empty when none is installed in the folders. `configFolder` is the user's.
 [[nodiscard]] QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder);
 
-/// Makes Qt use the desktop's icon theme where its platform plugin knows none: called once, after
-/// the application was made.
-void adoptDesktopIconTheme(std::string const& configFolder);
+/// Whose theme counts where both name one that is installed.
+enum class IconThemeOf { desktop, toolkit };
+/// The variant of a theme for dark menus, where the folders have one and that is asked for; else the theme.
+[[nodiscard]] QString iconThemeFor(QString const& theme, QStringList const& folders, bool isOnDark);
+/// Makes Qt use the icon theme. Called after the application was made.
+void adoptDesktopIconTheme(std::string const& configFolder, xcb_connection_t* connection, IconThemeOf preferred, bool isOnDark);
+
+/// The settings that the desktop publishes to X11 programs, for xSetting(); empty where nothing does.
+[[nodiscard]] std::string publishedSettings(xcb_connection_t* connection);
+/// The window that they are a property of; none where nothing publishes any.
+[[nodiscard]] std::uint32_t publisherOfSettings(xcb_connection_t* connection);
+/// A text of the desktop's interface settings; empty without it.
+[[nodiscard]] std::string storedInGSettings(char const* key);
 
 } // namespace zv

@@ -14,6 +14,7 @@ public:
         , m_isBigEndian(!bytes.empty() && bytes[0] == 1)
     {
     }
+    void continueWith(std::string_view bytes) { m_rest = bytes; }
     [[nodiscard]] bool isCut() const { return m_isCut; }
     std::string_view take(std::size_t count)
     {
@@ -45,11 +46,11 @@ private:
     bool m_isCut = false;
 };
 
-} // namespace
+enum Type : std::uint32_t { integer, text, color };
 
-std::string xSetting(std::string_view settings, std::string_view name)
+/// The bytes of a setting of the type; nothing when it is missing, or cut.
+std::optional<std::string_view> valueOf(std::string_view settings, std::string_view name, Type wanted)
 {
-    enum Type : std::uint32_t { integer, text, color };
     SettingsReader reader(settings);
     reader.take(8); // byte order, padding, serial
     auto const count = reader.number(4);
@@ -59,16 +60,27 @@ std::string xSetting(std::string_view settings, std::string_view name)
         auto const nameLength = reader.number(2);
         auto const settingName = reader.padded(nameLength);
         reader.take(4); // serial
-        if (type == text) {
-            auto const length = reader.number(4);
-            auto const value = reader.padded(length);
-            if (settingName == name && !reader.isCut())
-                return std::string(value);
-        } else {
-            reader.take(type == color ? 8 : 4);
-        }
+        auto const length = type == text ? reader.number(4) : type == color ? 8 : 4;
+        auto const value = reader.padded(length);
+        if (type == wanted && settingName == name && !reader.isCut())
+            return value;
     }
-    return {};
+    return std::nullopt;
+}
+
+} // namespace
+
+std::string xSetting(std::string_view settings, std::string_view name) { return std::string(valueOf(settings, name, text).value_or("")); }
+
+std::optional<std::int32_t> xSettingNumber(std::string_view settings, std::string_view name)
+{
+    auto const value = valueOf(settings, name, integer);
+    if (!value)
+        return std::nullopt;
+    // A reader of its own, with the byte order of the whole.
+    SettingsReader reader(settings.substr(0, 1));
+    reader.continueWith(*value);
+    return static_cast<std::int32_t>(reader.number(4));
 }
 
 } // namespace zv

@@ -1,5 +1,6 @@
 #include "platform/linux/install/AutostartLoginService.h"
 
+#include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/entries/DesktopEntry.h"
 #include "platform/linux/entries/ExecLine.h"
 #include "platform/linux/posix/WholeFiles.h"
@@ -29,6 +30,13 @@ bool isSwitchedOff(DesktopEntry const& entry)
     return (entry.has(gnomeKey) && !entry.flag(gnomeKey)) || entry.flag("Hidden");
 }
 
+/// The program itself, or a command of the user's own that names it.
+bool startsThis(std::string const& program, std::string const& commandLine, std::string const& own)
+{
+    auto const name = own.substr(own.rfind('/') + 1);
+    return withoutLinks(program) == withoutLinks(own) || commandLine.find(name) != std::string::npos;
+}
+
 std::string entryText(std::string const& program)
 {
     return "[Desktop Entry]\nType=Application\nName=Zanthe Vell\nComment=A menu of your own making\nExec=" + quotedForExec(program)
@@ -43,11 +51,38 @@ std::string AutostartLoginService::entryPath() const { return folder() + "/org.z
 
 LoginService::Status AutostartLoginService::status() const
 {
+    switch (start()) {
+    case Start::sure:
+        return Status::enabled;
+    case Start::switchedOff:
+        return Status::requiresApproval;
+    default:
+        return Status::notRegistered;
+    }
+}
+
+AutostartLoginService::Start AutostartLoginService::start() const
+{
     auto const text = readTextFile(entryPath()).value_or("");
     DesktopEntry const entry(text);
     if (!entry.isThere())
-        return Status::notRegistered;
-    return isSwitchedOff(entry) ? Status::requiresApproval : Status::enabled;
+        return Start::absent;
+    if (isSwitchedOff(entry))
+        return Start::switchedOff;
+    if (!entry.isMeantFor(m_options.desktops))
+        return Start::elsewhere;
+    auto const program = programOfCommandLine(entry.text("Exec"));
+    auto const condition = entry.text("TryExec");
+    bool const isThere = program && isInstalled(*program) && (condition.empty() || isInstalled(condition));
+    if (!isThere)
+        return Start::lost;
+    return startsThis(*program, entry.text("Exec"), m_options.program) ? Start::sure : Start::elsewhere;
+}
+
+void AutostartLoginService::mend()
+{
+    if (start() == Start::lost)
+        (void)registerService();
 }
 
 Result<void, LoginService::Error> AutostartLoginService::registerService()

@@ -2,12 +2,16 @@
 
 #include "platform/linux/icons/MenuImages.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
+#include <qdrawutil.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace zv {
@@ -24,6 +28,18 @@ constexpr double columnOpacity = 0.6; // dimmer than the titles, which are read 
 
 int mostTitleWidth(QFontMetrics const& metrics) { return mostTitleLines * metrics.height(); }
 
+/// As the panels' toolkit counts: what is above the baseline and below it, each to whole pixels. Measured in a large
+/// size, as a small one's metrics are rounded.
+int lineHeight(QFont font)
+{
+    constexpr int large = 1000;
+    auto const dots = QGuiApplication::primaryScreen() ? QGuiApplication::primaryScreen()->logicalDotsPerInchY() : 96;
+    auto const pixels = font.pointSizeF() > 0 ? font.pointSizeF() * dots / 72 : font.pixelSize();
+    font.setPixelSize(large);
+    QFontMetricsF const metrics(font);
+    return static_cast<int>(std::ceil(metrics.ascent() * pixels / large) + std::ceil(metrics.descent() * pixels / large));
+}
+
 int firstColumnThatDiffers(QImage const& one, QImage const& other)
 {
     for (int x = 0; x < one.width(); ++x) {
@@ -36,6 +52,12 @@ int firstColumnThatDiffers(QImage const& one, QImage const& other)
 }
 
 } // namespace
+
+void MenuStyle::setRows(std::optional<MenuRows> const& rows)
+{
+    auto const content = rows ? std::max({ lineHeight(QApplication::font("QMenu")), menuIconSize, rows->leastHeight }) : 0;
+    m_rowHeight = rows ? content + 2 * rows->padding : 0;
+}
 
 QString MenuStyle::shortenedTitle(QString const& title, QFontMetrics const& metrics)
 {
@@ -90,10 +112,22 @@ QSize MenuStyle::sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize
     auto needed = QProxyStyle::sizeFromContents(CT_MenuItem, &titled, { width, titleSize.height() }, widget);
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return needed;
-    needed.rheight() += extraHeight;
+    if (m_rowHeight > 0)
+        needed.setHeight(m_rowHeight);
+    else
+        needed.rheight() += extraHeight;
     if (tab >= 0 && item.reservedShortcutWidth == 0)
         needed.rwidth() += columnGap + (widget ? widget->fontMetrics() : item.fontMetrics).horizontalAdvance(item.text.mid(tab + 1));
     return needed;
+}
+
+/// Fusion lightens a menu's colour, which is the desktop's own.
+void MenuStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const
+{
+    if (element != PE_PanelMenu || baseStyle()->name() != QLatin1String("fusion"))
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    QBrush const background = option->palette.base();
+    qDrawPlainRect(painter, option->rect, option->palette.color(QPalette::Window).darker(160), 1, &background);
 }
 
 /// Draws the text behind the tab flush right, as styles differ in where they put it.

@@ -53,6 +53,7 @@ ProgramPlaces ProgramPlaces::of(Environment const& environment)
         .instanceLock = sessionFolder(user) + name + ".lock",
         .givenResources = valueOf(environment, "ZANTHE_VELL_RESOURCES"),
         .ownResources = { program + "/resources", folderOf(program) + "/share" + name },
+        .catalogues = { program + "/locale", folderOf(program) + "/share/locale" },
     };
 }
 

@@ -20,6 +20,7 @@ struct ProgramPlaces {
     std::string givenResources;
     /// The resources beside a built program, and "share/zanthe-vell" of the installed one.
     std::vector<std::string> ownResources;
+    std::vector<std::string> catalogues; ///< folders of translations, likewise
 
     [[nodiscard]] static ProgramPlaces of(Environment const& environment);
     /// The resource folders in search order.

@@ -22,7 +22,25 @@ constexpr BusObject savers[] = {
     { "org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver" },
 };
 
-std::vector<std::vector<std::string>> const commands = { { "xflock4" }, { "loginctl", "lock-session" } };
+struct Locker {
+    std::optional<Desktop> desktop; ///< none: every desktop
+    std::vector<std::string> command;
+};
+/// Programs that lock by themselves, where the login service only passes the wish on, heard or not. The desktop's own first.
+Locker const lockers[]
+    = { { Desktop::xfce, { "xflock4" } }, { std::nullopt, { "xsecurelock" } }, { std::nullopt, { "i3lock" } }, { std::nullopt, { "slock" } } };
+
+bool lockByProgram(DesktopAccess const& access)
+{
+    return std::ranges::any_of(
+        lockers, [&](auto const& locker) { return isForDesktop(locker.desktop, access.desktop) && access.programs->start(locker.command); });
+}
+
+bool hasLocker(DesktopAccess const& access)
+{
+    return std::ranges::any_of(
+        lockers, [&](auto const& locker) { return isForDesktop(locker.desktop, access.desktop) && access.programs->has(locker.command.front()); });
+}
 
 /// Cinnamon's saver takes a message, the others nothing.
 GVariant* argumentsFor(BusObject const& saver) { return std::string_view(saver.service) == "org.cinnamon.ScreenSaver" ? g_variant_new("(s)", "") : nullptr; }
@@ -57,15 +75,13 @@ Result<void, BusFailure> lockByLogin(DesktopAccess const& access, Deadline const
 ScriptOutcome lockScreen(DesktopAccess const& access, std::chrono::milliseconds timeout)
 {
     // Separate deadlines: a saver that hangs must not leave the screen open.
-    if (lockBySaver(access, Deadline(timeout)))
+    if (lockBySaver(access, Deadline(timeout)) || lockByProgram(access))
         return {};
     auto const locked = lockByLogin(access, Deadline(timeout));
     if (locked)
         return {};
-    for (auto const& command : commands) {
-        if (access.programs->start(command))
-            return {};
-    }
+    if (access.programs->start({ "loginctl", "lock-session" }))
+        return {};
     if (locked.error().kind == BusFailure::Kind::noService)
         return { ScriptOutcome::State::noEquivalent };
     return { ScriptOutcome::State::failed, std::nullopt, locked.error().message };
@@ -78,10 +94,10 @@ DesktopFindings::ScreenLock screenLockOf(DesktopAccess const& access, std::chron
     auto const session = BusConnection::open(access.buses.session, deadline);
     if (session && std::ranges::any_of(savers, [&](auto const& known) { return session->hasOwner(known.service, deadline); }))
         return saver;
+    if (hasLocker(access))
+        return command;
     auto const system = BusConnection::open(access.buses.system, deadline);
-    if (system && system->canReach(loginManager.service, deadline))
-        return loginService;
-    return access.programs->has("xflock4") ? command : none; // the other command asks the login service too
+    return system && system->canReach(loginManager.service, deadline) ? loginService : none;
 }
 
 } // namespace zv

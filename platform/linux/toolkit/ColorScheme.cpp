@@ -1,13 +1,9 @@
 #include "platform/linux/toolkit/ColorScheme.h"
 
-#include <QApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QPalette>
-#include <QStyle>
-#include <QToolTip>
 
 namespace zv {
 
@@ -22,23 +18,6 @@ QString settings() { return QStringLiteral("org.freedesktop.portal.Settings"); }
 QString appearance() { return QStringLiteral("org.freedesktop.appearance"); }
 QString colorScheme() { return QStringLiteral("color-scheme"); }
 
-QPalette darkPalette()
-{
-    QColor const text(0xee, 0xee, 0xec);
-    QPalette palette(
-        text, QColor(0x35, 0x35, 0x35), QColor(0x50, 0x50, 0x50), QColor(0x1e, 0x1e, 0x1e), QColor(0x2a, 0x2a, 0x2a), text, QColor(0x24, 0x24, 0x24));
-    palette.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
-    palette.setColor(QPalette::Highlight, QColor(0x35, 0x84, 0xe4));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Link, QColor(0x78, 0xae, 0xed));
-    palette.setColor(QPalette::PlaceholderText, QColor(0xa6, 0xa6, 0xa4));
-    palette.setColor(QPalette::ToolTipBase, QColor(0x1e, 0x1e, 0x1e));
-    palette.setColor(QPalette::ToolTipText, text);
-    for (auto const role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
-        palette.setColor(QPalette::Disabled, role, QColor(0x8c, 0x8c, 0x8a));
-    return palette;
-}
-
 /// Removes nested variants, which older portals wrap once more.
 QVariant unwrapped(QVariant value)
 {
@@ -47,10 +26,13 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
+bool isDark(QVariant const& preference) { return unwrapped(preference).toUInt() == prefersDark; }
+
 } // namespace
 
-ColorScheme::ColorScheme(QDBusConnection bus)
-    : m_changes(bus, portal(), portalPath(), settings(), QStringLiteral("SettingChanged"), [this](auto const& change) { heard(change); })
+ColorScheme::ColorScheme(QDBusConnection bus, Changed changed)
+    : m_changed(std::move(changed))
+    , m_changes(bus, portal(), portalPath(), settings(), QStringLiteral("SettingChanged"), [this](auto const& change) { heard(change); })
 {
     if (!bus.isConnected())
         return;
@@ -61,22 +43,17 @@ ColorScheme::ColorScheme(QDBusConnection bus)
         finished->deleteLater();
         QDBusPendingReply<QDBusVariant> const reply = *finished;
         if (!reply.isError())
-            apply(reply.value().variant());
+            m_changed(isDark(reply.value().variant()));
     });
 }
 
 void ColorScheme::heard(QDBusMessage const& change)
 {
     auto const arguments = change.arguments();
-    if (arguments.size() == 3 && arguments[0].toString() == appearance() && arguments[1].toString() == colorScheme())
-        apply(arguments[2]);
-}
-
-void ColorScheme::apply(QVariant const& preference)
-{
-    bool const isDark = unwrapped(preference).toUInt() == prefersDark;
-    QApplication::setPalette(isDark ? darkPalette() : QApplication::style()->standardPalette());
-    QToolTip::setPalette(QApplication::palette());
+    if (arguments.size() != 3)
+        return;
+    bool const isScheme = arguments[0].toString() == appearance() && arguments[1].toString() == colorScheme();
+    m_changed(isScheme ? std::optional(isDark(arguments[2])) : std::nullopt);
 }
 
 } // namespace zv

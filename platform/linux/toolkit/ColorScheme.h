@@ -4,22 +4,26 @@
 
 #include <QDBusConnection>
 #include <QObject>
-#include <QVariant>
+
+#include <functional>
+#include <optional>
 
 namespace zv {
 
-/// Follows the desktop's preference for dark or light, which this toolkit does not know. A style
-/// with its own colours is left alone.
+/// The desktop's preference for dark or light, which this toolkit does not know.
 class ColorScheme : public QObject {
     Q_OBJECT
 public:
-    /// Asks without waiting; the colours change when the answer arrives.
-    explicit ColorScheme(QDBusConnection bus);
+    /// Tells whether the desktop prefers dark; nothing when another of its settings has changed.
+    using Changed = std::function<void(std::optional<bool> isDark)>;
+
+    /// Asks without waiting: `changed` is called when the answer arrives, and from then on.
+    ColorScheme(QDBusConnection bus, Changed changed);
 
 private:
     void heard(QDBusMessage const& change);
-    void apply(QVariant const& preference);
 
+    Changed m_changed;
     BusListener m_changes;
 };
 

@@ -89,7 +89,8 @@ TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
         [&] { preferences.setDrawsRainbowAppleLogo(false); }, [&] { preferences.setShowIcons(false); }, [&] { preferences.setShowHiddenFiles(true); },
         [&] { preferences.setSortFoldersFirst(false); }, [&] { preferences.setRecentItemsLimit(1); }, [&] { preferences.setMaximumScanDepth(1); },
         [&] { preferences.setMaximumItemsPerFolder(1); }, [&] { preferences.setHotkeyPrescanDepth(1); }, [&] { preferences.setRemembersChoices(false); },
-        [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); } };
+        [&] { engine->canCheck = true, engine->onCanCheckChanged(); }, [&] { menuShortcut.set(KeyEquivalentSpec {}); },
+        [&] { (void)backups.menuWillBeOverwritten(PropertyListArray {}, true); } };
     for (auto const& change : changes) {
         bool told = false;
         auto const observation = withObservationTracking([&] { (void)settings.sections(); }, [&] { told = true; });

@@ -21,7 +21,7 @@ struct DesktopSurveyTest : testing::Test {
     Found look()
     {
         Found found;
-        surveyServices(access, directories, found);
+        surveyServices(access, directories, {}, found);
         return found;
     }
 

@@ -168,6 +168,8 @@ TEST(XSettings, AreReadAmongOthersAndNeverBeyondTheirEnd)
     EXPECT_EQ(xSetting(bytes, "Net/IconThemeName"), "Papirus");
     EXPECT_EQ(xSetting(bytes, "Xft/DPI"), "") << "no text";
     EXPECT_EQ(xSetting(bytes, "Missing"), "");
+    EXPECT_EQ(xSettingNumber(bytes, "Xft/DPI"), 96);
+    EXPECT_EQ(xSettingNumber(bytes, "Net/ThemeName"), std::nullopt) << "no number";
     for (std::size_t length = 0; length < bytes.size() - 1; ++length)
         EXPECT_EQ(xSetting(std::string_view(bytes).substr(0, length), "Net/IconThemeName"), "") << length;
     std::string huge = bytes;

@@ -18,17 +18,25 @@ TEST(AutostartLoginService, RespectsWhatTheDesktopSwitchedOff)
         LoginService::Status status;
     };
     Row const rows[] = {
-        { "[Desktop Entry]\nExec=x\n", LoginService::Status::enabled },
+        { "[Desktop Entry]\nExec=/bin/sh\n", LoginService::Status::enabled },
+        { "[Desktop Entry]\nExec=env A=b nice /usr/bin/../bin/sh\nTryExec=sh\nOnlyShowIn=MATE;\n", LoginService::Status::enabled },
+        { "[Desktop Entry]\nExec=true\n", LoginService::Status::notRegistered },
+        { "[Desktop Entry]\nExec=/gone/sh\n", LoginService::Status::notRegistered },
+        { "[Desktop Entry]\nExec=sh\nTryExec=/gone\n", LoginService::Status::notRegistered },
+        { "[Desktop Entry]\nExec=sh\nOnlyShowIn=KDE;\n", LoginService::Status::notRegistered },
         { "[Desktop Entry]\nExec=x\nHidden=true\n", LoginService::Status::requiresApproval },
         { "[Desktop Entry]\nExec=x\nX-GNOME-Autostart-enabled=false\n", LoginService::Status::requiresApproval },
-        { "[Desktop Entry]\nHidden=false\nX-GNOME-Autostart-enabled=true\n", LoginService::Status::enabled },
+        { "[Desktop Entry]\nExec=sh\nHidden=false\nX-GNOME-Autostart-enabled=true\n", LoginService::Status::enabled },
         { "no entry at all", LoginService::Status::notRegistered },
     };
     for (auto const& row : rows) {
         TemporaryFolder folder;
         auto const entry = folder.write("autostart/org.zanthevell.ZantheVell.desktop", row.entry);
-        AutostartLoginService service({ folder.path(), "/usr/bin/zanthe-vell", {}, {} });
+        AutostartLoginService service({ folder.path(), "/bin/sh", { "MATE" }, {}, {} });
         EXPECT_EQ(service.status(), row.status) << row.entry;
+        service.mend();
+        bool const isLost = row.entry.find("/gone") != std::string::npos;
+        EXPECT_EQ(service.status(), isLost ? LoginService::Status::enabled : row.status) << "only what cannot start is mended";
         EXPECT_TRUE(service.registerService());
         if (row.status == LoginService::Status::requiresApproval)
             EXPECT_EQ(readText(entry), row.entry) << "the user's choice stands";
@@ -42,7 +50,7 @@ TEST(AutostartLoginService, RespectsWhatTheDesktopSwitchedOff)
 TEST(AutostartLoginService, StartsAProgramWhateverItsPathHolds)
 {
     TemporaryFolder folder;
-    AutostartLoginService service({ folder.path(), "/opt/a b/100% \"$x\" \\y", {}, {} });
+    AutostartLoginService service({ folder.path(), "/opt/a b/100% \"$x\" \\y", {}, {}, {} });
     ASSERT_TRUE(service.registerService());
     EXPECT_NE(readText(folder.path("autostart/org.zanthevell.ZantheVell.desktop")).find(R"(Exec="/opt/a b/100%% \\"\\$x\\" \\\\y")"), std::string::npos);
 }
@@ -51,7 +59,7 @@ TEST(AutostartLoginService, SaysWhyItCannotChange)
 {
     TemporaryFolder folder;
     folder.write("autostart", "a file where the folder should be");
-    AutostartLoginService service({ folder.path(), "/x", {}, {} });
+    AutostartLoginService service({ folder.path(), "/x", {}, {}, {} });
     auto const registered = service.registerService();
     ASSERT_FALSE(registered);
     EXPECT_NE(registered.error().code, 0);

@@ -245,7 +245,11 @@ TEST_F(LoginServiceTest, ScreensAreLockedByWhoeverDoesThat)
     login.calls();
     saver.method("Lock", "", "", slow);
     EXPECT_EQ(textOf(lockScreen(access, 300ms)), "done");
-    EXPECT_EQ(login.calls(), Calls { "LockSession 'auto'" }) << "nor does one that hangs leave the screen open";
+    EXPECT_EQ(started(), Calls { "xflock4" }) << "nor does one that hangs leave the screen open";
+    EXPECT_EQ(login.calls(), Calls {}) << "nobody may hear the login service";
+    access.desktop = Desktop::kde;
+    EXPECT_EQ(textOf(lockScreen(access, 300ms)), "done");
+    EXPECT_EQ(login.calls(), Calls { "LockSession 'auto'" }) << "another desktop's locker is none here";
 }
 
 TEST_F(SessionServicesTest, NobodyToLockIsNoEquivalent) { EXPECT_EQ(textOf(lockScreen(access, 10s)), "no equivalent"); }

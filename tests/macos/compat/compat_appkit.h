@@ -74,6 +74,7 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @end
 @interface NSMenuItem (CompatMac)
 @property (nonatomic, copy) NSString *identifier;
+@property (strong) NSView *view;
 @end
 typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemovalAllowed = 1 << 1 };
 @interface NSStatusItem (CompatMac)
