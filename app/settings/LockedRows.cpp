@@ -3,6 +3,7 @@
 #include "app/model/MenuShortcut.h"
 #include "app/model/MenuStore.h"
 #include "app/model/Preferences.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <iterator>
@@ -45,7 +46,7 @@ SettingsRow lockedNote(SettingsRow const& row)
 {
     SettingsRow note;
     note.id = "locked " + row.id;
-    note.title = "Locked by an administrator of this computer.";
+    note.title = tr("Locked by an administrator of this computer.");
     note.isIndented = true;
     return note;
 }
