@@ -20,17 +20,20 @@ class WaylandGlobals;
 class StageMenuPlacer : public QObject, public MenuPlacer {
     Q_OBJECT
 public:
-    /// Tells where on a maximized window the pointer is; nothing where nobody does.
-    using PointerOnWindow = std::function<std::optional<QPoint>()>;
+    /// What is known of the desktop where the stage is a maximized window.
+    struct Desktop {
+        bool isGnome = false; ///< whose tray tells places of the screen
+        std::function<std::optional<QPoint>()> pointer; ///< its place on the window; nothing where nobody tells
+    };
 
     /// The globals outlive it.
-    StageMenuPlacer(WaylandGlobals const& globals, PointerOnWindow pointer);
+    StageMenuPlacer(WaylandGlobals const& globals, Desktop desktop);
     ~StageMenuPlacer() override;
 
     [[nodiscard]] Reach reach() const override;
     void find(std::optional<QPoint> pixel, Open open) override;
-    /// Panels tell places within themselves.
-    [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint) const override { return std::nullopt; }
+    [[nodiscard]] IconMenu iconMenu() const override;
+    [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint said) const override;
     void leave() override;
 
     void windowShows(QMenu& menu) override;
@@ -64,7 +67,7 @@ private:
     WaylandGlobals const& m_globals;
     std::vector<std::unique_ptr<MenuStage>> m_stages;
     MenuStage* m_stage = nullptr; ///< the menus' own
-    PointerOnWindow m_pointerOnWindow;
+    Desktop m_desktop;
     std::optional<Search> m_search;
     QTimer m_patience;
 };
