@@ -12,10 +12,10 @@ namespace zv {
 
 /// The store of docks' settings. The default is the user's own.
 struct DockStore {
-    std::vector<std::string> schemaFolders; ///< searched after the system's schemas
+    std::vector<std::string> schemaFolders; ///< of compiled schemas, the first that has one counts
     GSettingsBackend* backend = nullptr; ///< null for the user's own; not owned
 
-    /// The user's own store, with the schemas of shell extensions.
+    /// The user's own store, with the system's schemas and those of shell extensions.
     [[nodiscard]] static DockStore ofThisMachine(XdgDirectories const& directories);
 };
 
