@@ -1,6 +1,7 @@
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
 #include "cli/Commands.h"
+#include "cli/MenuText.h"
 #include "cli/Options.h"
 
 #include <nlohmann/json.hpp>
@@ -31,7 +32,7 @@ void printJson(std::vector<std::string> const& names, std::ostream& out)
     out << array.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
-void print(FinderPopName const& name, std::ostream& out)
+void print(FinderPopName const& name, SystemKind system, std::ostream& out)
 {
     out << displayText(name.sortName) << '\n';
     if (name.isSeparator)
@@ -41,7 +42,7 @@ void print(FinderPopName const& name, std::ostream& out)
     if (name.orderingPrefix)
         out << "  prefix    " << displayText(*name.orderingPrefix) << '\n';
     if (auto const shortcut = shortcutOf(name))
-        out << "  shortcut  " << displayText(*shortcut) << '\n';
+        out << "  shortcut  " << displayText(shownShortcut(*shortcut, system)) << '\n';
 }
 
 ExitStatus run(Arguments arguments, CommandContext& context)
@@ -57,7 +58,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         return ExitStatus::done;
     }
     for (auto const& name : options->operands())
-        print(FinderPopName(name), context.out());
+        print(FinderPopName(name), context.systemKind(), context.out());
     return ExitStatus::done;
 }
 

@@ -14,9 +14,9 @@ constexpr std::int64_t integer(std::int64_t value) { return value; }
 
 // Ordered by property number. "ScanDepth" is the older format's key.
 constexpr std::array<PreferenceDescription, 11> table { {
-    { "ReplaceAppleMenu", true, "the menu opens from the corner of the menu bar" },
-    { "ShowStatusItem", true, "the menu has an icon in the menu bar" },
-    { "RainbowAppleLogo", true, "six colours in the corner of the menu bar" },
+    { "ReplaceAppleMenu", true, "the menu opens from the corner of the panel or menu bar" },
+    { "ShowStatusItem", true, "the menu has an icon in the panel or menu bar" },
+    { "RainbowAppleLogo", true, "six colours in that corner" },
     { "ShowIcons", true, "icons beside the entries" },
     { "ShowHiddenFiles", false, "hidden files in folder submenus" },
     { "SortFoldersFirst", true, "folders before files" },
