@@ -53,7 +53,28 @@ DynamicEntry fileEntry(Url url, NamedFile const& file)
     entry.url = std::move(url);
     entry.isDirectory = file.traits.isDirectory;
     entry.isPackage = file.traits.isPackage;
+    entry.unavailabilityReason = reasonFor(file.traits.fault);
     return entry;
+}
+
+std::string volumeTitle(Url const& root, std::string const& label)
+{
+    if (!label.empty())
+        return label;
+    return root.path() == "/" ? "File System" : root.lastPathComponent();
+}
+
+std::optional<std::string> reasonFor(FileFault fault)
+{
+    switch (fault) {
+    case FileFault::none:
+        break;
+    case FileFault::leadsNowhere:
+        return "This link leads nowhere: its target was moved or deleted, or the volume that holds it is away.";
+    case FileFault::programMissing:
+        return "The program that this entry starts is not installed.";
+    }
+    return std::nullopt;
 }
 
 DynamicEntry fileEntry(Url const& url, FileSystem const& files)
