@@ -1,4 +1,5 @@
 #include "app/actions/AddToItemsService.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
@@ -35,7 +36,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, addCommand, options.error());
     if (options->operands().empty())
-        return failUsage(context, addCommand, AddToItemsService::noFilesText);
+        return failUsage(context, addCommand, AddToItemsService::noFilesText());
     std::vector<Url> urls;
     for (auto const& argument : options->operands())
         urls.push_back(namedFile(context, argument));
@@ -47,11 +48,11 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     auto const alert = alertFor(outcome, context.places().itemsFolder);
     if (alert && options->has("--alert") && context.present(*alert))
         return ExitStatus::failed;
-    return alert ? fail(context, alert->message + " " + alert->informativeText) : ExitStatus::done;
+    return alert ? fail(context, inSequence(alert->message, alert->informativeText)) : ExitStatus::done;
 }
 
 } // namespace
 
-constexpr Command addCommand { "add", "[--alert] FILE…", "add to the Zanthe Vell Items folder; with --alert a window tells what fails", run };
+constexpr Command addCommand { "add", "[--alert] FILE…", mark("add to the Zanthe Vell Items folder; with --alert a window tells what fails"), run };
 
 } // namespace zv

@@ -1,11 +1,14 @@
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/MenuText.h"
 #include "cli/Options.h"
+#include "platform/text/Text.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <ostream>
 
 namespace zv {
@@ -32,17 +35,25 @@ void printJson(std::vector<std::string> const& names, std::ostream& out)
     out << array.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
+/// A line of the label and the value, which begins in one column.
+void print(std::string const& label, std::string const& value, std::ostream& out)
+{
+    constexpr std::size_t column = 10;
+    auto const blanks = column - std::min(column - 1, graphemeCount(label));
+    out << "  " << label << std::string(blanks, ' ') << displayText(value) << '\n';
+}
+
 void print(FinderPopName const& name, SystemKind system, std::ostream& out)
 {
     out << displayText(name.sortName) << '\n';
     if (name.isSeparator)
-        out << "  a separator\n";
+        out << "  " << tr("a separator") << '\n';
     else
-        out << "  title     " << displayText(name.title) << '\n';
+        print(trc("of a file name", "title"), name.title, out);
     if (name.orderingPrefix)
-        out << "  prefix    " << displayText(*name.orderingPrefix) << '\n';
+        print(trc("of a file name", "prefix"), *name.orderingPrefix, out);
     if (auto const shortcut = shortcutOf(name))
-        out << "  shortcut  " << displayText(shownShortcut(*shortcut, system)) << '\n';
+        print(trc("of a file name", "shortcut"), shownShortcut(*shortcut, system), out);
 }
 
 ExitStatus run(Arguments arguments, CommandContext& context)
@@ -52,7 +63,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, checkNameCommand, options.error());
     if (options->operands().empty())
-        return failUsage(context, checkNameCommand, "no name to check");
+        return failUsage(context, checkNameCommand, tr("no name to check"));
     if (options->has("--json")) {
         printJson(options->operands(), context.out());
         return ExitStatus::done;
@@ -64,6 +75,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command checkNameCommand { "check-name", "[--json] NAME…", "what a file name says: prefix, separator, shortcut, title", run };
+constexpr Command checkNameCommand { "check-name", "[--json] NAME…", mark("what a file name says: prefix, separator, shortcut, title"), run };
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 
 #include <ostream>
 
@@ -34,7 +35,7 @@ ExitStatus failUsage(CommandContext& context, Command const& command, std::strin
     auto usage = "zanthe-vell " + std::string(command.name);
     if (!command.usage.empty())
         usage += ' ' + std::string(command.usage);
-    context.err() << "zanthe-vell: " << oneLine(message) << " (usage: " << usage << ")\n";
+    context.err() << "zanthe-vell: " << tr("%1 (usage: %2)", oneLine(message), usage) << '\n';
     return ExitStatus::wrongUsage;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Translation.h"
 #include "cli/CommandContext.h"
 
 #include <span>
@@ -24,7 +25,7 @@ struct Completion {
 struct Command {
     std::string_view name;
     std::string_view usage; ///< the arguments, such as "[--json] NAME…"; may be empty
-    std::string_view summary; ///< in a few words, for --help
+    Sentence summary; ///< in a few words, for --help
     ExitStatus (*run)(Arguments arguments, CommandContext& context);
     /// The operands that may follow those given; null where shells know better, or there is none.
     std::vector<Completion> (*complete)(std::vector<std::string> const& given, CommandContext& context) = nullptr;

@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "base/Translation.h"
 #include "cli/Commands.h"
 
 #include <algorithm>
@@ -37,7 +38,7 @@ std::string synopsisOf(Command const& command)
 }
 
 /// Quotes the text as one word of a shell.
-std::string quoted(std::string_view text)
+std::string shellWord(std::string_view text)
 {
     std::string word = "'";
     for (char const c : text)
@@ -48,14 +49,14 @@ std::string quoted(std::string_view text)
 ExitStatus showHelp(CommandContext& context)
 {
     auto& out = context.out();
-    out << "usage: zanthe-vell [COMMAND]\n\n"
-           "Without a command the program starts; a second start opens its settings.\n\n";
+    out << tr("usage: %1", "zanthe-vell [COMMAND]") << "\n\n" << tr("Without a command the program starts; a second start opens its settings.") << "\n\n";
     for (auto const* command : commandTable())
-        out << "  " << synopsisOf(*command) << "\n        " << command->summary << '\n';
-    out << "\n  --help      this text\n  --version   the version\n\n"
-           "Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.\n";
+        out << "  " << synopsisOf(*command) << "\n        " << tr(command->summary) << '\n';
+    out << "\n  --help      " << tr("this text") << "\n  --version   " << tr("the version") << "\n\n"
+        << tr("Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.") << '\n';
     if (auto const file = context.fileToLink())
-        out << "\nTo have it as a command:\n  sudo mkdir -p /usr/local/bin\n  sudo ln -sf " << quoted(*file) << " /usr/local/bin/zanthe-vell\n";
+        out << '\n'
+            << tr("To have it as a command:") << "\n  sudo mkdir -p /usr/local/bin\n  sudo ln -sf " << shellWord(*file) << " /usr/local/bin/zanthe-vell\n";
     return ExitStatus::done;
 }
 
@@ -63,7 +64,7 @@ bool asksForHelp(Arguments arguments) { return arguments.size() == 1 && argument
 
 ExitStatus showHelp(Command const& command, CommandContext& context)
 {
-    context.out() << "usage: zanthe-vell " << synopsisOf(command) << "\n\n" << command.summary << '\n';
+    context.out() << tr("usage: %1", "zanthe-vell " + synopsisOf(command)) << "\n\n" << tr(command.summary) << '\n';
     return ExitStatus::done;
 }
 
@@ -86,7 +87,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     auto const found = std::find_if(commands.begin(), commands.end(), [&](Command const* command) { return command->name == name; });
     if (found != commands.end())
         return asksForHelp(arguments.subspan(1)) ? showHelp(**found, context) : (*found)->run(arguments.subspan(1), context);
-    (void)fail(context, "there is no command \"" + name + "\"; see zanthe-vell --help");
+    (void)fail(context, tr("there is no command \"%1\"; see zanthe-vell --help", name));
     return ExitStatus::wrongUsage;
 }
 
@@ -94,7 +95,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 ExitStatus afterWriting(ExitStatus status, CommandContext& context)
 {
     bool const isWritten = static_cast<bool>(context.out().flush());
-    return status == ExitStatus::done && !isWritten ? fail(context, "the output could not be written") : status;
+    return status == ExitStatus::done && !isWritten ? fail(context, tr("the output could not be written")) : status;
 }
 
 } // namespace
@@ -111,6 +112,9 @@ bool asksForCommand(Arguments arguments)
 
 int runCommandLine(Arguments arguments, CommandContext& context)
 {
+    // What programs and developers read is the same in every language.
+    if (std::any_of(arguments.begin(), arguments.end(), [](auto const& argument) { return argument == "--json" || argument == "--report"; }))
+        translateBy(nullptr);
     if (arguments.empty())
         return static_cast<int>(afterWriting(showHelp(context), context));
     return static_cast<int>(afterWriting(run(arguments, context), context));

@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 
@@ -44,9 +45,9 @@ std::vector<Completion> commandNames()
 {
     std::vector<Completion> names;
     for (auto const* command : commandTable())
-        names.push_back({ std::string(command->name), std::string(command->summary) });
-    names.push_back({ "--help", "the usage" });
-    names.push_back({ "--version", "the version" });
+        names.push_back({ std::string(command->name), tr(command->summary) });
+    names.push_back({ "--help", tr("the usage") });
+    names.push_back({ "--version", tr("the version") });
     return names;
 }
 
@@ -87,6 +88,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command completeCommand { "complete", "[--typed] WORD… BEGIN", "what may follow these words, one a line; for shells", run };
+constexpr Command completeCommand { "complete", "[--typed] WORD… BEGIN", mark("what may follow these words, one a line; for shells"), run };
 
 } // namespace zv

@@ -1,5 +1,6 @@
 #include "cli/EntryPath.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 namespace zv {
 
 namespace {
-
-std::string quoted(std::string const& text) { return "“" + text + "”"; }
 
 /// Prefers enabled entries, as several may have the title.
 template <class Matches> MenuEntry const* findEntry(Menu const& menu, Matches matches)
@@ -41,23 +40,31 @@ std::string remarkOf(Menu const& menu)
     if (hasChoice || first == menu.entries.end())
         return {};
     bool const hasReason = !first->toolTip.empty() && first->toolTip != first->visibleTitle();
-    return ": " + first->visibleTitle() + (hasReason ? ": " + first->toolTip : "");
+    return first->visibleTitle() + (hasReason ? ": " + first->toolTip : "");
+}
+
+/// `within` is the submenu's title, empty for the menu itself.
+std::string absenceOf(std::string const& title, std::string const& within, Menu const& menu)
+{
+    auto const sentence = within.empty() ? tr("there is no %1 in the menu", quoted(title)) : tr("there is no %1 in %2", quoted(title), quoted(within));
+    auto const remark = remarkOf(menu);
+    return remark.empty() ? sentence : tr("%1: %2", sentence, remark);
 }
 
 } // namespace
 
 Result<MenuEntry> entryAt(std::shared_ptr<Menu> menu, std::span<std::string const> titles, std::function<void(Menu&)> const& open)
 {
-    std::string place = "in the menu";
+    std::string within;
     for (;; titles = titles.subspan(1)) {
         auto const* const entry = entryTitled(*menu, titles.front());
         if (!entry)
-            return Failure { "there is no " + quoted(titles.front()) + " " + place + remarkOf(*menu) };
+            return Failure { absenceOf(titles.front(), within, *menu) };
         if (titles.size() == 1)
             return *entry;
         if (!entry->submenu)
-            return Failure { quoted(titles.front()) + " has no submenu" };
-        place = "in " + quoted(titles.front());
+            return Failure { tr("%1 has no submenu", quoted(titles.front())) };
+        within = titles.front();
         menu = entry->submenu;
         open(*menu);
     }

@@ -1,5 +1,6 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/MenuText.h"
 #include "cli/Options.h"
@@ -29,7 +30,7 @@ std::string textOf(Json const& entry, char const* key)
 std::string targetName(Json const& entry, CommandContext& context)
 {
     if (entry.contains("menu"))
-        return "the menu itself";
+        return tr("the menu itself");
     if (entry.contains("file"))
         return textOf(entry, "file");
     if (entry.contains("title"))
@@ -49,26 +50,26 @@ void print(Json const& entries, std::string_view remark, CommandContext& context
     }
 }
 
-std::string_view remarkOn(Json const& unavailable)
+std::string remarkOn(Json const& unavailable)
 {
     if (textOf(unavailable, "reason") == "keptBySystem")
-        return "  (never arrives: the system keeps it for itself)";
-    return "  (never arrives: no key of this keyboard layout types it)";
+        return "  " + tr("(never arrives: the system keeps it for itself)");
+    return "  " + tr("(never arrives: no key of this keyboard layout types it)");
 }
 
 ExitStatus print(std::string const& report, CommandContext& context)
 {
     auto const parsed = Json::parse(report, nullptr, false);
     if (!parsed.is_object())
-        return fail(context, "the running program gave an answer that is none");
+        return fail(context, tr("the running program gave an answer that is none"));
     print(parsed.value("registrations", Json::array()), "", context);
-    print(parsed.value("conflicts", Json::array()), "  (taken: another program or another entry has it)", context);
+    print(parsed.value("conflicts", Json::array()), "  " + tr("(taken: another program or another entry has it)"), context);
     for (auto const& entry : parsed.value("unavailable", Json::array()))
         print(Json::array({ entry }), remarkOn(entry), context);
     if (textOf(parsed, "support") == "none")
         context.out() << hotkeyCheck(HotkeySupport::none).explanation << '\n';
     if (report.find("\"file\":") != std::string::npos)
-        context.out() << "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n";
+        context.out() << '\n' << tr("To take a file’s shortcut away, rename the file without “-*[…]*”.") << '\n';
     return ExitStatus::done;
 }
 
@@ -79,7 +80,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, hotkeysCommand, options.error());
     if (!options->operands().empty())
-        return failUsage(context, hotkeysCommand, "there is nothing to name");
+        return failUsage(context, hotkeysCommand, tr("there is nothing to name"));
     auto const report = context.runningProgram().hotkeys();
     if (!report)
         return fail(context, report.error());
@@ -91,6 +92,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command hotkeysCommand { "hotkeys", "[--json]", "the shortcuts that the running program holds, and those that others have", run };
+constexpr Command hotkeysCommand { "hotkeys", "[--json]", mark("the shortcuts that the running program holds, and those that others have"), run };
 
 } // namespace zv

@@ -1,5 +1,6 @@
 #include "app/menu/DisplayText.h"
 #include "app/model/MenuDocument.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
@@ -10,14 +11,13 @@ namespace zv {
 
 namespace {
 
-std::string counted(std::size_t count, std::string const& noun) { return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s"); }
-
 std::string summaryOf(ImportedMenu const& menu)
 {
-    auto summary = counted(menu.itemCount, "item");
-    if (menu.renewedIds > 0)
-        summary += "; " + counted(menu.renewedIds, "repeated id") + " renewed";
-    return summary;
+    auto const items = trn("%1 item", "%1 items", menu.itemCount);
+    if (menu.renewedIds == 0)
+        return items;
+    // TRANSLATORS: the size of a menu ("3 items"), and that entries that came twice were told apart
+    return tr("%1; %2", items, trn("%1 repeated id renewed", "%1 repeated ids renewed", menu.renewedIds));
 }
 
 ExitStatus replaceMenu(ImportedMenu menu, CommandContext& context)
@@ -26,7 +26,7 @@ ExitStatus replaceMenu(ImportedMenu menu, CommandContext& context)
     context.store().replaceAll(std::move(menu.items), MenuStore::Keeping::always);
     if (!context.store().lastSave())
         return ExitStatus::failed; // the store has said why
-    context.out() << "Imported " << summary << ".\n";
+    context.out() << tr("Imported %1.", summary) << '\n';
     return ExitStatus::done;
 }
 
@@ -37,7 +37,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, importCommand, options.error());
     if (options->operands().size() != 1)
-        return failUsage(context, importCommand, "name one file");
+        return failUsage(context, importCommand, tr("name one file"));
     auto const& file = options->operands()[0];
     auto const bytes = readFileArgument(context, file);
     if (!bytes)
@@ -47,12 +47,12 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         return fail(context, file + ": " + menu.error().description());
     if (!options->has("--check"))
         return replaceMenu(std::move(menu).value(), context);
-    context.out() << displayText(file) << " is a menu of " << summaryOf(*menu) << ".\n";
+    context.out() << tr("%1 is a menu of %2.", displayText(file), summaryOf(*menu)) << '\n';
     return ExitStatus::done;
 }
 
 } // namespace
 
-constexpr Command importCommand { "import", "[--check] FILE", "put the menu of a file in place, in the document or the older form", run };
+constexpr Command importCommand { "import", "[--check] FILE", mark("put the menu of a file in place, in the document or the older form"), run };
 
 } // namespace zv

@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/MenuSession.h"
 #include "cli/MenuText.h"
@@ -34,10 +35,10 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, menuCommand, options.error());
     if (!options->operands().empty())
-        return failUsage(context, menuCommand, "\"" + options->operands().front() + "\" is not expected");
+        return failUsage(context, menuCommand, tr("\"%1\" is not expected", options->operands().front()));
     auto const levels = levelsOf(*options);
     if (!levels)
-        return failUsage(context, menuCommand, "--expand takes a number of levels");
+        return failUsage(context, menuCommand, tr("--expand takes a number of levels"));
 
     auto& session = context.menu().session();
     auto const menu = session.build(context.store().items(), options->has("--option") ? OptionKey::held : OptionKey::released);
@@ -51,6 +52,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command menuCommand { "menu", "[--json] [--option] [--expand N]", "the menu as it would open now; N levels of self-filling submenus filled", run };
+constexpr Command menuCommand { "menu", "[--json] [--option] [--expand N]", mark("the menu as it would open now; N levels of self-filling submenus filled"),
+    run };
 
 } // namespace zv

@@ -1,5 +1,7 @@
 #include "cli/Options.h"
 
+#include "base/Translation.h"
+
 #include <algorithm>
 
 namespace zv {
@@ -28,12 +30,12 @@ Result<Options> Options::parse(Arguments arguments, std::span<Known const> known
         auto const name = argument.substr(0, equals);
         auto const option = std::find_if(known.begin(), known.end(), [&](Known const& each) { return each.name == name; });
         if (option == known.end())
-            return Failure { "there is no option " + name };
+            return Failure { tr("there is no option %1", name) };
         bool const hasValue = equals != std::string::npos;
         if (option->takes == Takes::nothing && hasValue)
-            return Failure { "the option " + name + " takes no value" };
+            return Failure { tr("the option %1 takes no value", name) };
         if (option->takes == Takes::value && !hasValue && i + 1 == arguments.size())
-            return Failure { "the option " + name + " needs a value" };
+            return Failure { tr("the option %1 needs a value", name) };
         bool const takesNext = option->takes == Takes::value && !hasValue;
         options.m_values[name] = takesNext ? arguments[++i] : hasValue ? argument.substr(equals + 1) : "";
     }

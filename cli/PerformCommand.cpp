@@ -1,4 +1,5 @@
 #include "app/menu/EntryMenus.h"
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/EntryChooser.h"
 #include "cli/EntryPath.h"
@@ -12,12 +13,13 @@ namespace {
 /// The reason why the entry cannot be chosen; empty when it can.
 std::string reasonAgainst(MenuEntry const& entry)
 {
-    auto const title = "“" + entry.visibleTitle() + "”";
+    auto const title = quoted(entry.visibleTitle());
     if (entry.submenu && !entry.target)
-        return title + " is a submenu; name an entry of it";
+        return tr("%1 is a submenu; name an entry of it", title);
     if (entry.enabled && entry.target)
         return {};
-    return title + " cannot be chosen" + (entry.toolTip.empty() ? "" : ": " + entry.toolTip);
+    auto const refusal = tr("%1 cannot be chosen", title);
+    return entry.toolTip.empty() ? refusal : tr("%1: %2", refusal, entry.toolTip);
 }
 
 ExitStatus run(Arguments arguments, CommandContext& context)
@@ -27,7 +29,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, performCommand, options.error());
     if (options->operands().empty())
-        return failUsage(context, performCommand, "no title of an entry");
+        return failUsage(context, performCommand, tr("no title of an entry"));
 
     auto& session = context.menu().session();
     auto const menu = session.build(context.store().items(), OptionKey::released);
@@ -66,7 +68,7 @@ std::vector<Completion> titlesBelow(std::vector<std::string> const& given, Comma
 
 } // namespace
 
-constexpr Command performCommand { "perform", "[--command] TITLE…", "choose an entry, one title a level; a folder opens; --command reveals it", run,
+constexpr Command performCommand { "perform", "[--command] TITLE…", mark("choose an entry, one title a level; a folder opens; --command reveals it"), run,
     titlesBelow };
 
 } // namespace zv

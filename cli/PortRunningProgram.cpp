@@ -1,6 +1,7 @@
 #include "cli/PortRunningProgram.h"
 
 #include "app/shell/RunningProgramTexts.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -16,14 +17,14 @@ ProgramAnswer PortRunningProgram::ask(ProgramMessage const& request, Starting st
         if (starting == Starting::forbidden)
             return Failure { runningProgramTexts().notRunning };
         if (auto const started = m_post.start(); !started)
-            return Failure { "Zanthe Vell could not be started: " + started.error() };
+            return Failure { tr("Zanthe Vell could not be started: %1", started.error()) };
     }
     auto const text = m_post.ask(encoded(request));
     if (!text)
-        return Failure { std::string("The running program did not answer.") };
+        return Failure { tr("The running program did not answer.") };
     auto answer = decodedAnswer(*text);
     if (!answer)
-        return Failure { std::string("The running program gave an answer that is none.") };
+        return Failure { tr("The running program gave an answer that is none.") };
     return *answer ? *answer : Failure { runningProgramTexts().refused(answer->error()) };
 }
 

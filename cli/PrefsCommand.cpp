@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 
@@ -53,23 +54,24 @@ std::optional<std::int64_t> parseNumber(std::string_view text)
 
 Result<PropertyList> parseValue(PreferenceDescription const& description, std::string const& text)
 {
-    auto const named = "\"" + text + "\" is no value of " + std::string(description.key);
     if (isBoolean(description)) {
         if (auto const boolean = parseBoolean(text))
             return PropertyList(*boolean);
-        return Failure { named + "; it is true or false" };
+        return Failure { tr("\"%1\" is no value of %2; it is true or false", text, description.key) };
     }
     if (auto const number = parseNumber(text))
         return PropertyList(*number);
-    return Failure { named + "; it is a number from 0 to " + std::to_string(maximumNumber) };
+    return Failure { tr("\"%1\" is no value of %2; it is a number from 0 to %3", text, description.key, std::to_string(maximumNumber)) };
 }
 
 ExitStatus failUnknownKey(CommandContext& context, std::string const& key)
 {
     if (key == MenuStore::defaultsKey)
-        return fail(context, "the menu is no setting; see zanthe-vell export and import");
-    return fail(context, "there is no setting \"" + key + "\"; see zanthe-vell prefs");
+        return fail(context, tr("the menu is no setting; see zanthe-vell export and import"));
+    return fail(context, tr("there is no setting \"%1\"; see zanthe-vell prefs", key));
 }
+
+ExitStatus failLocked(CommandContext& context, std::string const& key) { return fail(context, tr("%1 is locked by an administrator of this computer", key)); }
 
 ExitStatus listAll(CommandContext& context)
 {
@@ -77,7 +79,7 @@ ExitStatus listAll(CommandContext& context)
         auto const key = std::string(description.key);
         auto const value = shownValue(description, context.files().defaults);
         context.out() << key << std::string(23 - key.size(), ' ') << value << std::string(9 - std::min<std::size_t>(8, value.size()), ' ')
-                      << description.meaning << '\n';
+                      << tr(description.meaning) << (context.preferences().isLocked(key) ? tr(" (locked)") : std::string()) << '\n';
     }
     return ExitStatus::done;
 }
@@ -104,11 +106,13 @@ ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
+    if (context.preferences().isLocked(operands[1]))
+        return failLocked(context, operands[1]);
     auto value = parseValue(*description, operands[2]);
     if (!value)
         return fail(context, value.error());
     if (auto const saved = context.files().defaults.setObject(description->key, std::move(value).value()); !saved)
-        return fail(context, "could not save " + operands[1] + ": " + saved.error());
+        return fail(context, tr("could not save %1: %2", operands[1], saved.error()));
     forgetChoicesIfUnwanted(context);
     return ExitStatus::done;
 }
@@ -118,8 +122,10 @@ ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
+    if (context.preferences().isLocked(operands[1]))
+        return failLocked(context, operands[1]);
     if (auto const removed = context.files().defaults.removeObject(description->key); !removed)
-        return fail(context, "could not reset " + operands[1] + ": " + removed.error());
+        return fail(context, tr("could not reset %1: %2", operands[1], removed.error()));
     return ExitStatus::done;
 }
 
@@ -146,7 +152,7 @@ std::vector<Completion> operandsAfter(std::vector<std::string> const& given, Com
         return { { "true" }, { "false" } };
     for (auto const& each : Preferences::descriptions()) {
         if (given.size() == 1)
-            operands.push_back({ std::string(each.key), std::string(each.meaning) });
+            operands.push_back({ std::string(each.key), tr(each.meaning) });
     }
     return operands;
 }
@@ -162,12 +168,12 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         if (verb.name == operands[0] && verb.operandCount == operands.size())
             return verb.run(operands, context);
     }
-    return failUsage(context, prefsCommand, "read, write or reset one setting");
+    return failUsage(context, prefsCommand, tr("read, write or reset one setting"));
 }
 
 } // namespace
 
-constexpr Command prefsCommand { "prefs", "[read [KEY] | write KEY VALUE | reset KEY]", "the settings: all, one, a new value, the default again", run,
+constexpr Command prefsCommand { "prefs", "[read [KEY] | write KEY VALUE | reset KEY]", mark("the settings: all, one, a new value, the default again"), run,
     operandsAfter };
 
 } // namespace zv

@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"
 
@@ -36,32 +37,32 @@ ExitStatus show(Arguments arguments, CommandContext& context)
     if (!options)
         return failUsage(context, showCommand, options.error());
     if (!options->operands().empty())
-        return failUsage(context, showCommand, "it takes no arguments");
+        return failUsage(context, showCommand, tr("it takes no arguments"));
     auto const* text = options->value("--at");
     auto const place = text ? placeFrom(*text) : std::nullopt;
     if (text && !place)
-        return failUsage(context, showCommand, "\"" + *text + "\" is no place on the screen; say --at X,Y");
+        return failUsage(context, showCommand, tr("\"%1\" is no place on the screen; say --at X,Y", *text));
     return statusOf(context.runningProgram().showMenu(place), context);
 }
 
 ExitStatus settings(Arguments arguments, CommandContext& context)
 {
     if (!arguments.empty())
-        return failUsage(context, settingsCommand, "it takes no arguments");
+        return failUsage(context, settingsCommand, tr("it takes no arguments"));
     return statusOf(context.runningProgram().openSettings(), context);
 }
 
 ExitStatus quit(Arguments arguments, CommandContext& context)
 {
     if (!arguments.empty())
-        return failUsage(context, quitCommand, "it takes no arguments");
+        return failUsage(context, quitCommand, tr("it takes no arguments"));
     return statusOf(context.runningProgram().quit(), context);
 }
 
 } // namespace
 
-Command const showCommand { "show", "[--at X,Y]", "opens the menu of the running program, which is started if need be", show };
-Command const settingsCommand { "settings", "", "opens the settings; starts the program if need be", settings };
-Command const quitCommand { "quit", "", "ends the running program", quit };
+Command const showCommand { "show", "[--at X,Y]", mark("opens the menu of the running program, which is started if need be"), show };
+Command const settingsCommand { "settings", "", mark("opens the settings; starts the program if need be"), settings };
+Command const quitCommand { "quit", "", mark("ends the running program"), quit };
 
 } // namespace zv

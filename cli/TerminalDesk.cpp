@@ -1,5 +1,7 @@
 #include "cli/TerminalDesk.h"
 
+#include "base/Translation.h"
+
 #include <ostream>
 #include <utility>
 
@@ -22,7 +24,7 @@ public:
             m_out << alert.message << '\n' << alert.informativeText << '\n';
             return 0;
         }
-        m_failures.push_back(alert.message + " " + alert.informativeText);
+        m_failures.push_back(inSequence(alert.message, alert.informativeText));
         return alert.escapeButton;
     }
 

@@ -41,6 +41,11 @@ file(GLOB composition CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/linux/compo
 add_executable(zanthe-vell ${composition})
 target_link_libraries(zanthe-vell PRIVATE zv_wayland zv_qt zv_cli)
 
+include(cmake/Languages.cmake)
+if(TARGET zv_catalogues)
+  add_dependencies(zanthe-vell zv_catalogues)
+endif()
+
 if(ZV_TESTS)
   enable_testing()
   include(cmake/Tests.cmake)

@@ -36,6 +36,33 @@ set_source_files_properties(${man_pages} PROPERTIES MACOSX_PACKAGE_LOCATION Reso
 set_source_files_properties(${completions} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/completions)
 list(APPEND resources ${man_pages} ${completions})
 
+# The languages' tables, and empty English ones, without which the system would take another language for English.
+find_program(ZV_MSGFMT msgfmt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/po/LINGUAS)
+file(STRINGS ${CMAKE_SOURCE_DIR}/po/LINGUAS languages REGEX "^[a-z]")
+if(NOT ZV_MSGFMT)
+  message(WARNING "msgfmt (gettext) is missing: the application speaks English only")
+  set(languages)
+endif()
+foreach(language IN LISTS languages ITEMS en)
+  set(catalogue "-")
+  if(NOT language STREQUAL "en")
+    set(catalogue ${CMAKE_SOURCE_DIR}/po/${language}.po)
+  endif()
+  string(REPLACE "zh_CN" "zh-Hans" lproj ${language}.lproj)
+  string(REPLACE "_" "-" lproj ${lproj})
+  set(folder ${CMAKE_BINARY_DIR}/languages/${lproj})
+  set(tables ${folder}/Localizable.strings ${folder}/Localizable.stringsdict ${folder}/InfoPlist.strings ${folder}/ServicesMenu.strings)
+  add_custom_command(OUTPUT ${tables} VERBATIM
+      COMMAND ${CMAKE_SOURCE_DIR}/packaging/macos/make-strings ${language} ${catalogue} ${folder}
+      DEPENDS ${CMAKE_SOURCE_DIR}/po/LINGUAS ${CMAKE_SOURCE_DIR}/packaging/macos/make-strings ${CMAKE_SOURCE_DIR}/packaging/macos/Info.plist.in)
+  if(NOT catalogue STREQUAL "-")
+    add_custom_command(OUTPUT ${tables} APPEND DEPENDS ${catalogue})
+  endif()
+  set_source_files_properties(${tables} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/${lproj})
+  list(APPEND resources ${tables})
+endforeach()
+
 # The address goes into a property list, which is XML.
 string(REPLACE "&" "&amp;" ZV_FEED_URL "${ZV_FEED_URL}")
 

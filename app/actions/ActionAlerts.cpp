@@ -1,6 +1,7 @@
 #include "app/actions/ActionAlerts.h"
 
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -16,18 +17,16 @@ constexpr std::size_t firstButton = 0;
 constexpr std::size_t cancelButton = 1;
 constexpr std::size_t longestCommand = 400; ///< characters; a longer one would push the buttons off the screen
 
-std::string quoted(std::string const& text) { return "“" + text + "”"; }
-
 struct Question {
     MenuItemKind::Case kind;
-    std::string_view message;
-    std::string_view button;
+    Sentence message;
+    Sentence button;
 };
 
 constexpr Question questions[] = {
-    { MenuItemKind::restart, "Do you want to restart the computer now?", "Restart" },
-    { MenuItemKind::shutdown, "Do you want to shut down the computer now?", "Shut Down" },
-    { MenuItemKind::logOut, "Do you want to quit all applications and log out now?", "Log Out" },
+    { MenuItemKind::restart, mark("Do you want to restart the computer now?"), markc("button", "Restart") },
+    { MenuItemKind::shutdown, mark("Do you want to shut down the computer now?"), markc("button", "Shut Down") },
+    { MenuItemKind::logOut, mark("Do you want to quit all applications and log out now?"), markc("button", "Log Out") },
 };
 
 /// On one line, without the runs of blanks that could push the harmful end out of sight.
@@ -48,49 +47,55 @@ std::string shownCommand(std::string const& command)
 
 Alert permissionAlert(std::string const& title)
 {
-    return { AlertStyle::warning, quoted(title) + " needs permission to control your Mac.",
-        "Allow Zanthe Vell to control System Events and the login window in Privacy & Security › Automation, then try again.",
-        { "Open Automation Settings", "Cancel" }, cancelButton };
+    return { AlertStyle::warning, tr("%1 needs permission to control your Mac.", quoted(title)),
+        // TRANSLATORS: Privacy & Security and Automation as the Mac’s System Settings name them
+        tr("Allow Zanthe Vell to control System Events and the login window in Privacy & Security › Automation, then try again."),
+        { tr("Open Automation Settings"), tr("Cancel") }, cancelButton };
 }
 
 Alert notCompletedAlert(std::string const& title, std::string const& failure)
 {
-    return { AlertStyle::warning, quoted(title) + " could not be completed.", failure };
+    return { AlertStyle::warning, tr("%1 could not be completed.", quoted(title)), failure };
 }
 
 Alert shortcutAlert(std::string const& name, ShortcutsProvider::Failure const& failure)
 {
-    return { AlertStyle::warning, quoted(name) + " could not be run.", failure.description() };
+    return { AlertStyle::warning, tr("%1 could not be run.", quoted(name)), failure.description() };
 }
 
 Alert trashQuestion(std::string const& name)
 {
-    return { AlertStyle::warning, "Do you want to move " + quoted(name) + " to the Trash?", "", { "Move to Trash", "Cancel" }, cancelButton };
+    return { AlertStyle::warning, tr("Do you want to move %1 to the Trash?", quoted(name)), "", { trc("button", "Move to Trash"), tr("Cancel") },
+        cancelButton };
 }
 
 Alert trashAlert(std::string const& name, std::string const& reason)
 {
-    return { AlertStyle::warning, quoted(name) + " could not be moved to the Trash.", reason };
+    return { AlertStyle::warning, tr("%1 could not be moved to the Trash.", quoted(name)), reason };
 }
 
-Alert noTerminalAlert() { return { AlertStyle::warning, "No terminal could be opened.", "This desktop has no program for it." }; }
+Alert noTerminalAlert() { return { AlertStyle::warning, tr("No terminal could be opened."), tr("This desktop has no program for it.") }; }
 
 Alert replaceQuestion(std::string const& name, std::string const& folder)
 {
-    return { AlertStyle::warning, quoted(name) + " is already in " + quoted(folder) + ". Do you want to replace it?",
-        "The one that is there goes to the Trash.", { "Replace", "Cancel" }, cancelButton };
+    return { AlertStyle::warning, tr("%1 is already in %2. Do you want to replace it?", quoted(name), quoted(folder)),
+        tr("The one that is there goes to the Trash."), { trc("button", "Replace"), tr("Cancel") }, cancelButton };
 }
 
-std::string problemLine(std::string const& name, std::string const& reason) { return quoted(name) + ": " + reason + "\n"; }
+std::string problemLine(std::string const& name, std::string const& reason)
+{
+    // TRANSLATORS: a file’s name in quotation marks, and why nothing was done with it
+    return tr("%1: %2", quoted(name), reason) + "\n";
+}
 
 Alert dropAlert(std::string const& folder, std::string const& problems)
 {
-    return { AlertStyle::warning, "Some files could not be put into " + quoted(folder) + ".", problems };
+    return { AlertStyle::warning, tr("Some files could not be put into %1.", quoted(folder)), problems };
 }
 
 Alert locationAlert(std::string const& name)
 {
-    return { AlertStyle::warning, quoted(name) + " could not be selected.", "Switching network location requires administrator rights." };
+    return { AlertStyle::warning, tr("%1 could not be selected.", quoted(name)), tr("Switching network location requires administrator rights.") };
 }
 
 std::optional<Alert> confirmationAlert(MenuItemKind const& kind)
@@ -98,42 +103,42 @@ std::optional<Alert> confirmationAlert(MenuItemKind const& kind)
     auto const* const question = std::find_if(std::begin(questions), std::end(questions), [&](auto const& candidate) { return kind == candidate.kind; });
     if (question == std::end(questions))
         return std::nullopt;
-    return Alert { AlertStyle::warning, std::string(question->message), "Applications are closed without asking. Unsaved changes are lost.",
-        { std::string(question->button), "Cancel" }, cancelButton };
+    return Alert { AlertStyle::warning, tr(question->message), tr("Applications are closed without asking. Unsaved changes are lost."),
+        { tr(question->button), tr("Cancel") }, cancelButton };
 }
 
 Alert forceQuitNote()
 {
-    return { AlertStyle::informational, "Click a window to force its application to quit.",
-        "Unsaved changes are lost. A click with the right mouse button cancels.", { "Continue", "Cancel" }, cancelButton };
+    return { AlertStyle::informational, tr("Click a window to force its application to quit."),
+        tr("Unsaved changes are lost. A click with the right mouse button cancels."), { trc("button", "Continue"), tr("Cancel") }, cancelButton };
 }
 
 Alert aboutComputerAlert(ComputerFacts const& facts)
 {
-    std::pair<std::string_view, std::string const&> const lines[] = {
-        { "Kernel: ", facts.kernel },
-        { "Computer: ", facts.machine },
-        { "Processor: ", facts.processor },
-        { "Memory: ", facts.memory },
-        { "Graphics: ", facts.graphics },
+    std::pair<Sentence, std::string const&> const lines[] = {
+        { mark("Kernel: %1"), facts.kernel },
+        { mark("Computer: %1"), facts.machine },
+        { mark("Processor: %1"), facts.processor },
+        { mark("Memory: %1"), facts.memory },
+        { mark("Graphics: %1"), facts.graphics },
     };
     std::string text;
     for (auto const& [label, value] : lines) {
         if (!value.empty())
-            text.append(text.empty() ? "" : "\n").append(label).append(value);
+            text.append(text.empty() ? "" : "\n").append(tr(label, value));
     }
-    return { AlertStyle::informational, facts.system.empty() ? "About This Computer" : facts.system, text };
+    return { AlertStyle::informational, facts.system.empty() ? tr("About This Computer") : facts.system, text };
 }
 
 Alert untrustedStartAlert(UntrustedStart const& start)
 {
-    auto text = "It would run:\n" + shownCommand(start.command);
-    std::vector<std::string> buttons { "Cancel", "Start" };
+    auto text = tr("It would run:\n%1", shownCommand(start.command));
+    std::vector<std::string> buttons { tr("Cancel"), trc("button", "Start") };
     if (start.canAlwaysStart) {
-        text += "\n\n“Always Start” marks the file as executable.";
-        buttons.emplace_back("Always Start");
+        text += "\n\n" + tr("“Always Start” marks the file as executable.");
+        buttons.emplace_back(trc("button", "Always Start"));
     }
-    return { AlertStyle::warning, quoted(displayText(start.file.lastPathComponent())) + " was not installed as an application. Start it?", std::move(text),
+    return { AlertStyle::warning, tr("%1 was not installed as an application. Start it?", quoted(displayText(start.file.lastPathComponent()))), std::move(text),
         std::move(buttons), firstButton };
 }
 

@@ -13,7 +13,8 @@ std::string problemLines(std::vector<ItemsFolder::Problem> const& problems)
 {
     std::string text;
     for (auto const& problem : problems)
-        text += (text.empty() ? "“" : "\n“") + problem.name + "” — " + problem.reason;
+        // TRANSLATORS: a file’s name in quotation marks, and why it could not be added
+        text += (text.empty() ? "" : "\n") + tr("%1 — %2", quoted(problem.name), problem.reason);
     return text;
 }
 
@@ -22,8 +23,8 @@ std::string problemMessage(ItemsFolder::Outcome const& outcome)
     auto const failed = outcome.problems.size();
     auto const sent = failed + outcome.added.size();
     if (sent == 1)
-        return "“" + outcome.problems.front().name + "” could not be added to Zanthe Vell Items.";
-    return std::to_string(failed) + " of " + std::to_string(sent) + " items could not be added to Zanthe Vell Items.";
+        return tr("%1 could not be added to Zanthe Vell Items.", quoted(outcome.problems.front().name));
+    return tr("%1 of %2 items could not be added to Zanthe Vell Items.", std::to_string(failed), std::to_string(sent));
 }
 
 } // namespace
@@ -31,7 +32,7 @@ std::string problemMessage(ItemsFolder::Outcome const& outcome)
 std::optional<Alert> alertFor(ItemsFolder::Outcome const& outcome, Url const& folder)
 {
     if (outcome.folderError) {
-        return Alert { AlertStyle::warning, "The Zanthe Vell Items folder could not be created.",
+        return Alert { AlertStyle::warning, tr("The Zanthe Vell Items folder could not be created."),
             withValidUtf8(folder.path()) + "\n\n" + *outcome.folderError };
     }
     if (outcome.problems.empty())
@@ -44,7 +45,7 @@ Result<void> AddToItemsService::addToZantheVellItems(std::vector<Url> urls)
     assertMainThread();
     std::erase_if(urls, [](Url const& url) { return !url.isFile(); });
     if (urls.empty())
-        return Failure { noFilesText };
+        return Failure { noFilesText() };
     m_services.tasks.inBackground(
         TaskPriority::user, [folder = m_folder, urls = std::move(urls)] { return folder.add(urls); },
         m_lifetime.guard([this](ItemsFolder::Outcome const& outcome) { report(outcome); }));

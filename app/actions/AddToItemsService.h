@@ -2,6 +2,7 @@
 
 #include "app/actions/ItemsFolder.h"
 #include "base/Lifetime.h"
+#include "base/Translation.h"
 #include "platform/desk/Alerts.h"
 #include "platform/desk/Application.h"
 #include "platform/time/Tasks.h"
@@ -24,7 +25,7 @@ public:
         Alerts& alerts;
         Tasks& tasks;
     };
-    static constexpr char const* noFilesText = "No files or folders were sent to Zanthe Vell.";
+    static std::string noFilesText() { return tr("No files or folders were sent to Zanthe Vell."); }
 
     AddToItemsService(ItemsFolder folder, Services services)
         : m_folder(std::move(folder))

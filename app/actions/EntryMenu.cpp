@@ -5,6 +5,7 @@
 #include "app/menu/DynamicSubmenu.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,7 +15,7 @@ namespace zv {
 
 namespace {
 
-constexpr char const* noApplicationsTitle = "No Applications";
+constexpr Sentence noApplicationsTitle = mark("No Applications");
 
 /// The kinds of entries that a row is for.
 enum For : unsigned { file = 1, folder = 2, application = 4, menuItem = 8 };
@@ -47,25 +48,25 @@ std::string nameOf(EntrySubject const& subject) { return displayText(subject.ent
 struct EntryMenu::Row {
     unsigned kinds; ///< of For
     int group; ///< a separator stands between groups
-    char const* title;
-    char const* macTitle; ///< null: the same
+    Sentence title;
+    Sentence macTitle; ///< empty: the same
     void (EntryMenu::*run)(EntrySubject const&) const; ///< null for the submenu of applications
     bool (*isPossible)(Shell const&) = [](Shell const&) { return true; };
 };
 
 EntryMenu::Row const EntryMenu::rows[] = {
-    { file, 1, "Open", nullptr, &EntryMenu::open },
-    { file, 1, "Open With", nullptr, nullptr },
-    { file, 2, "Show in File Manager", "Show in Finder", &EntryMenu::reveal },
-    { folder, 2, "Open Terminal Here", nullptr, &EntryMenu::openTerminal },
-    { file, 3, "Copy Path", nullptr, &EntryMenu::copyPath },
-    { file, 3, "Copy", nullptr, &EntryMenu::copy },
-    { file, 3, "Add to Zanthe Vell Items", nullptr, &EntryMenu::addToItems, [](Shell const& shell) { return bool(shell.addToItems); } },
-    { file, 4, "Move to Trash", nullptr, &EntryMenu::moveToTrash },
-    { application, 5, "Bring to Front", nullptr, &EntryMenu::bringToFront },
-    { application, 5, "Quit", nullptr, &EntryMenu::quit },
-    { menuItem, 6, "Edit…", nullptr, &EntryMenu::edit, [](Shell const& shell) { return bool(shell.editItem); } },
-    { menuItem, 6, "Remove from Menu", nullptr, &EntryMenu::remove, [](Shell const& shell) { return bool(shell.removeItem); } },
+    { file, 1, markc("a file", "Open"), {}, &EntryMenu::open },
+    { file, 1, mark("Open With"), {}, nullptr },
+    { file, 2, mark("Show in File Manager"), mark("Show in Finder"), &EntryMenu::reveal },
+    { folder, 2, mark("Open Terminal Here"), {}, &EntryMenu::openTerminal },
+    { file, 3, mark("Copy Path"), {}, &EntryMenu::copyPath },
+    { file, 3, markc("a file, to the clipboard", "Copy"), {}, &EntryMenu::copy },
+    { file, 3, mark("Add to Zanthe Vell Items"), {}, &EntryMenu::addToItems, [](Shell const& shell) { return bool(shell.addToItems); } },
+    { file, 4, mark("Move to Trash"), {}, &EntryMenu::moveToTrash },
+    { application, 5, mark("Bring to Front"), {}, &EntryMenu::bringToFront },
+    { application, 5, markc("another application", "Quit"), {}, &EntryMenu::quit },
+    { menuItem, 6, markc("an entry of the menu", "Edit…"), {}, &EntryMenu::edit, [](Shell const& shell) { return bool(shell.editItem); } },
+    { menuItem, 6, mark("Remove from Menu"), {}, &EntryMenu::remove, [](Shell const& shell) { return bool(shell.removeItem); } },
 };
 
 /// Fills a menu when it opens.
@@ -127,7 +128,7 @@ void EntryMenu::addHead(Menu& submenu, EntrySubject const& subject) const
     if (head.empty())
         return;
     if (isFolder(subject))
-        head.front().title = "Open “" + submenu.title + "”";
+        head.front().title = tr("Open %1", quoted(submenu.title));
     head.push_back(MenuEntry::separator());
     submenu.entries.insert(submenu.entries.begin(), std::make_move_iterator(head.begin()), std::make_move_iterator(head.end()));
 }
@@ -167,7 +168,7 @@ bool EntryMenu::holdsTheItemsFolder(Url const& file) const
 MenuEntry EntryMenu::entryFor(Row const& row, EntrySubject const& subject) const
 {
     bool const isMac = m_services.system.kind == SystemKind::macOS;
-    std::string title = isMac && row.macTitle ? row.macTitle : row.title;
+    std::string title = tr(isMac && !row.macTitle.isEmpty() ? row.macTitle : row.title);
     if (!row.run)
         return openWithEntry(std::move(title), subject);
     return MenuBuilder::makeActionItem(std::move(title), [this, run = row.run, subject] { (this->*run)(subject); });
@@ -196,7 +197,7 @@ void EntryMenu::showApplications(Menu& menu, Url const& file, std::vector<Instal
             menu.entries.back().image = m_services.icons.iconForFile(application.file);
     }
     if (found.empty())
-        menu.entries.push_back(MenuEntry::disabled(noApplicationsTitle));
+        menu.entries.push_back(MenuEntry::disabled(tr(noApplicationsTitle)));
     else if (found.size() > 1)
         menu.entries.insert(menu.entries.begin() + 1, MenuEntry::separator());
     menu.didRefill();

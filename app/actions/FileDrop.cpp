@@ -2,6 +2,7 @@
 
 #include "app/actions/ActionAlerts.h"
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 
 #include <utility>
 
@@ -31,7 +32,7 @@ void FileDrop::putNext(BatchRef const& batch)
     if (place == file)
         return putNext(batch);
     if (batch->how != FileTransfer::link && isWithin(place, file)) {
-        batch->problems += problemLine(nameOf(file), "It cannot be put into itself.");
+        batch->problems += problemLine(nameOf(file), tr("It cannot be put into itself."));
         return putNext(batch);
     }
     // On a thread that nothing waits for: the folder may lie on a server that does not answer.

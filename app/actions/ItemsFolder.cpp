@@ -1,6 +1,7 @@
 #include "app/actions/ItemsFolder.h"
 
 #include "app/menu/FileEntry.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ bool isUsableAsFileName(std::string_view name) { return !name.empty() && name !=
 
 } // namespace
 
-std::string ItemsFolder::Failure::description() const { return "The folder already holds a thousand items called “" + noAvailableName + "”."; }
+std::string ItemsFolder::Failure::description() const { return tr("The folder already holds a thousand items called %1.", quoted(noAvailableName)); }
 
 ItemsFolder::Outcome ItemsFolder::add(std::vector<Url> const& urls) const
 {

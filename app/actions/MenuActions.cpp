@@ -6,6 +6,7 @@
 #include "app/model/Locations.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <optional>
 #include <utility>
@@ -140,7 +141,7 @@ bool MenuActions::openPlace(MenuItem const& item)
 void MenuActions::placeWasNotFound(SystemPlace place, MenuItem const& item)
 {
     if (place != SystemPlace::aboutComputer)
-        return presentScriptFailure(SystemEventsBridge::Failure::scriptError("this desktop has no program for it"), item);
+        return presentScriptFailure(SystemEventsBridge::Failure::scriptError(tr("this desktop has no program for it")), item);
     m_services.system.session.computer.gather(m_lifetime.guard([this](ComputerFacts const& facts) { present(aboutComputerAlert(facts)); }));
 }
 

@@ -1,6 +1,7 @@
 #include "app/actions/ShortcutsProvider.h"
 
 #include "base/Split.h"
+#include "base/Translation.h"
 #include "base/Uuid.h"
 #include "platform/text/Text.h"
 
@@ -16,7 +17,7 @@ std::string failureMessage(ToolResult const& result)
     auto const text = withValidUtf8(result.errorOutput);
     auto message = trimmed(text);
     if (message.empty())
-        return "The Shortcuts tool exited with status " + std::to_string(result.status) + ".";
+        return tr("The Shortcuts tool exited with status %1.", std::to_string(result.status));
     if (message.starts_with(prefix))
         message.remove_prefix(prefix.size());
     return std::string(message);
@@ -27,9 +28,9 @@ std::string failureMessage(ToolResult const& result)
 std::string ShortcutsProvider::Failure::description() const
 {
     if (reason == Case::notInstalled)
-        return "The Shortcuts command-line tool is not installed on this Mac.";
+        return tr("The Shortcuts command-line tool is not installed on this Mac.");
     if (reason == Case::timedOut)
-        return "The Shortcuts service did not respond.";
+        return tr("The Shortcuts service did not respond.");
     return message;
 }
 

@@ -1,6 +1,7 @@
 #include "app/actions/SystemEventsBridge.h"
 
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <iterator>
@@ -44,12 +45,12 @@ SystemEventsBridge::Failure failureFor(ScriptOutcome const& outcome)
     using State = ScriptOutcome::State;
     auto const number = outcome.errorNumber.value_or(0);
     if (outcome.state == State::notCompiled)
-        return Failure::scriptError("could not compile script");
+        return Failure::scriptError(tr("could not compile script"));
     if (outcome.state == State::noEquivalent)
-        return Failure::scriptError("this desktop has no equivalent");
+        return Failure::scriptError(tr("this desktop has no equivalent"));
     if (number == notPermittedNumber)
         return Failure { Failure::Case::notPermitted };
-    return Failure::scriptError(outcome.errorMessage.value_or("unknown error " + std::to_string(number)));
+    return Failure::scriptError(outcome.errorMessage.value_or(tr("unknown error %1", std::to_string(number))));
 }
 
 Result<void, SystemEventsBridge::Failure> resultOf(ScriptOutcome const& outcome)

@@ -1,6 +1,7 @@
 #include "app/doctor/DoctorCheck.h"
 
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <nlohmann/json.hpp>
@@ -31,7 +32,7 @@ std::optional<std::string> noteOf(DoctorCheck const& check)
 {
     if (check.state == DoctorCheck::State::ok)
         return std::nullopt;
-    return check.remedy.empty() ? check.explanation : check.explanation + " " + check.remedy;
+    return check.remedy.empty() ? check.explanation : inSequence(check.explanation, check.remedy);
 }
 
 std::string doctorText(std::span<DoctorCheck const> checks)

@@ -2,6 +2,7 @@
 
 #include "app/doctor/HotkeyCheck.h"
 #include "app/doctor/PermissionText.h"
+#include "base/Translation.h"
 
 #include <nlohmann/json.hpp>
 
@@ -18,55 +19,53 @@ DoctorCheck placeCheck(MacFindings const& found)
 {
     switch (found.place) {
     case RelocationSource::translocated:
-        return { "Place", State::limited, "Zanthe Vell runs from the read-only copy that macOS makes of a download: it cannot be updated there.",
-            "Move it to the Applications folder with the Finder, and start it there." };
+        return { tr("Place"), State::limited, tr("Zanthe Vell runs from the read-only copy that macOS makes of a download: it cannot be updated there."),
+            tr("Move it to the Applications folder with the Finder, and start it there.") };
     case RelocationSource::diskImage:
-        return { "Place", State::limited, "Zanthe Vell runs from a disk image: it cannot be updated there, and ends when the image is ejected.",
-            "Copy it to the Applications folder, and start it there." };
+        return { tr("Place"), State::limited, tr("Zanthe Vell runs from a disk image: it cannot be updated there, and ends when the image is ejected."),
+            tr("Copy it to the Applications folder, and start it there.") };
     case RelocationSource::temporaryPlace:
-        return { "Place", State::limited, "Zanthe Vell runs from a place that is read-only or temporary.", "Copy it to the Applications folder." };
+        return { tr("Place"), State::limited, tr("Zanthe Vell runs from a place that is read-only or temporary."), tr("Copy it to the Applications folder.") };
     case RelocationSource::none:
         break;
     }
     if (found.isQuarantined)
-        return { "Place", State::limited, "Zanthe Vell is still in quarantine: macOS may start it from a read-only copy.",
-            "Move it to another folder with the Finder, or run xattr -dr com.apple.quarantine on it." };
-    return { "Place", State::ok, "Zanthe Vell lies where it can stay.", {} };
+        return { tr("Place"), State::limited, tr("Zanthe Vell is still in quarantine: macOS may start it from a read-only copy."),
+            tr("Move it to another folder with the Finder, or run xattr -dr com.apple.quarantine on it.") };
+    return { tr("Place"), State::ok, tr("Zanthe Vell lies where it can stay."), {} };
 }
 
 DoctorCheck menuBarCheck(MacFindings const& found)
 {
     if (found.hasMenuBarFunctions)
-        return { "Menu bar", State::ok, "The window server tells whether the menu bar is hidden.", {} };
-    return { "Menu bar", State::limited, "The window server does not tell whether the menu bar is hidden: it is looked for among the windows alone.",
-        "If a click in the corner opens the menu where no menu bar is, use the icon in the menu bar instead." };
+        return { tr("Menu bar"), State::ok, tr("The window server tells whether the menu bar is hidden."), {} };
+    return { tr("Menu bar"), State::limited, tr("The window server does not tell whether the menu bar is hidden: it is looked for among the windows alone."),
+        tr("If a click in the corner opens the menu where no menu bar is, use the icon in the menu bar instead.") };
 }
 
 DoctorCheck shortcutsCheck(std::vector<std::string> const& refused)
 {
     if (refused.empty())
         return hotkeyCheck(HotkeySupport::everywhere);
-    std::string listed;
-    for (auto const& shortcut : refused)
-        listed += (listed.empty() ? "" : ", ") + shortcut;
-    return { "Hotkeys", State::limited, "Another program or another entry has: " + listed + ".", "“zanthe-vell hotkeys” tells whose they are to be." };
+    return { tr("Hotkeys"), State::limited, tr("Another program or another entry has: %1.", listed(refused)),
+        tr("“zanthe-vell hotkeys” tells whose they are to be.") };
 }
 
 DoctorCheck permissionCheck(Permission permission, PermissionState state)
 {
     auto const text = permissionText(permission, state);
-    auto const explanation = (state == PermissionState::notKnown ? "" : "It is ") + text.state + ". " + text.reason;
+    auto const explanation = inSequence(text.sentence, text.reason);
     if (state != PermissionState::refused)
         return { text.name, State::ok, explanation, {} };
-    return { text.name, State::limited, explanation, "System Settings has the switch, under Privacy & Security, " + text.name + "." };
+    return { text.name, State::limited, explanation, tr("System Settings has the switch, under Privacy & Security, %1.", text.name) };
 }
 
 DoctorCheck updateCheck(MacFindings const& found)
 {
     if (found.hasUpdateFramework)
-        return { "Updates", State::ok, "The update framework is in the application.", {} };
-    return { "Updates", State::limited, "The application was built without the update framework: it does not look for new versions.",
-        "Get a new version where this one came from." };
+        return { tr("Updates"), State::ok, tr("The update framework is in the application."), {} };
+    return { tr("Updates"), State::limited, tr("The application was built without the update framework: it does not look for new versions."),
+        tr("Get a new version where this one came from.") };
 }
 
 DoctorCheck loginCheck(MacFindings const& found)
@@ -74,14 +73,15 @@ DoctorCheck loginCheck(MacFindings const& found)
     using Status = LoginService::Status;
     switch (found.openAtLogin) {
     case Status::enabled:
-        return { "Login", State::ok, "Zanthe Vell opens at login.", {} };
+        return { tr("Login"), State::ok, tr("Zanthe Vell opens at login."), {} };
     case Status::requiresApproval:
-        return { "Login", State::limited, "Zanthe Vell is switched off among the login items.", "System Settings has the switch, under General, Login Items." };
+        return { tr("Login"), State::limited, tr("Zanthe Vell is switched off among the login items."),
+            tr("System Settings has the switch, under General, Login Items.") };
     case Status::notRegistered:
     case Status::notFound:
         break;
     }
-    return { "Login", State::ok, "Zanthe Vell does not open at login, as nobody asked for it.", {} };
+    return { tr("Login"), State::ok, tr("Zanthe Vell does not open at login, as nobody asked for it."), {} };
 }
 
 } // namespace

@@ -11,7 +11,9 @@ namespace zv {
 
 /// A folder that keeps data of the user's.
 struct KeptFolder {
-    std::string name; ///< of its check: "Backups"
+    enum class Holds { settings, items, backups };
+
+    Holds holds;
     Url folder;
 };
 

@@ -17,7 +17,7 @@ public:
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::zantheVellItems; }
     ImageRef icon(MenuIcon& icons) const override { return icons.itemsFolderIcon(); }
-    std::string_view noResponseTitle() const override { return silentFolderTitle; }
+    std::string noResponseTitle() const override { return tr(silentFolderTitle); }
     void fill(Done done) override
     {
         FolderListingOptions const options { m_preferences.showHiddenFiles(), m_preferences.sortFoldersFirst() };

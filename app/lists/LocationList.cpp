@@ -1,6 +1,7 @@
 #include "app/actions/NetworkLocations.h"
 #include "app/lists/AllLists.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 #include <memory>
 
@@ -18,7 +19,7 @@ public:
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::location; }
     ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::networkLocation); }
-    std::string_view emptyTitle() const override { return "No Locations"; }
+    std::string emptyTitle() const override { return tr("No Locations"); }
     void fill(Done done) override
     {
         std::vector<MenuEntry> items;

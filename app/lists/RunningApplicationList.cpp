@@ -1,6 +1,7 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ListEntries.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -28,8 +29,8 @@ DynamicEntry entryFor(RunningApplication const& application)
 std::vector<DynamicEntry> entriesFor(RunningApplications::List const& applications)
 {
     if (!applications) {
-        auto const title = std::string(MenuItemKind(MenuItemKind::runningApplications).defaultTitle());
-        return { unavailableEntry(title, "This desktop does not tell which applications are running.") };
+        auto const title = MenuItemKind(MenuItemKind::runningApplications).defaultTitle();
+        return { unavailableEntry(title, tr("This desktop does not tell which applications are running.")) };
     }
     std::vector<DynamicEntry> entries;
     for (auto const& application : *applications)

@@ -2,6 +2,7 @@
 #include "app/lists/ListEntries.h"
 #include "app/menu/DisplayText.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -109,8 +110,8 @@ DynamicEntry entryFor(Server const& server)
 std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::int64_t limit)
 {
     if (!servers) {
-        auto const title = std::string(MenuItemKind(MenuItemKind::recentServers).defaultTitle());
-        return { unavailableEntry(title, "The list of recent servers cannot be read.") };
+        auto const title = MenuItemKind(MenuItemKind::recentServers).defaultTitle();
+        return { unavailableEntry(title, tr("The list of recent servers cannot be read.")) };
     }
     auto newestFirst = *servers;
     std::stable_sort(newestFirst.begin(), newestFirst.end(), [](auto const& a, auto const& b) { return a.lastUsed > b.lastUsed; });

@@ -2,6 +2,7 @@
 #include "app/lists/ListEntries.h"
 #include "app/menu/DisplayText.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -14,7 +15,7 @@ DynamicEntry entryFor(SettingsPane const& pane)
     entry.fileURL = pane.fileURL;
     entry.isPackage = true;
     if (!pane.missingProgram.empty())
-        entry.unavailabilityReason = displayText(pane.missingProgram) + " is not installed.";
+        entry.unavailabilityReason = tr("%1 is not installed.", displayText(pane.missingProgram));
     return entry;
 }
 

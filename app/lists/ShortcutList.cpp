@@ -1,6 +1,7 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ShortcutsCache.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 #include <memory>
 #include <utility>
@@ -9,11 +10,11 @@ namespace zv {
 
 namespace {
 
-constexpr char const* noShortcutsTitle = "No Shortcuts";
+constexpr Sentence noShortcutsTitle = mark("No Shortcuts");
 
 MenuEntry unavailableItem(std::string const& reason)
 {
-    auto item = MenuEntry::disabled("Shortcuts Unavailable");
+    auto item = MenuEntry::disabled(tr("Shortcuts Unavailable"));
     item.toolTip = reason;
     return item;
 }
@@ -29,7 +30,7 @@ public:
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::shortcuts; }
     ImageRef icon(MenuIcon& icons) const override { return icons.systemIcon(SystemIcon::shortcuts); }
-    std::string_view emptyTitle() const override { return noShortcutsTitle; }
+    std::string emptyTitle() const override { return tr(noShortcutsTitle); }
     void fill(Done done) override
     {
         if (auto const* const known = m_cache.library())
@@ -69,7 +70,7 @@ private:
         for (auto const& shortcut : folder.shortcuts)
             item.submenu->entries.push_back(itemFor(shortcut));
         if (folder.shortcuts.empty())
-            item.submenu->entries.push_back(MenuEntry::disabled(noShortcutsTitle));
+            item.submenu->entries.push_back(MenuEntry::disabled(tr(noShortcutsTitle)));
         return item;
     }
 

@@ -2,6 +2,7 @@
 #include "app/lists/ListEntries.h"
 #include "app/menu/FileEntry.h"
 #include "app/menu/MenuIcon.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 

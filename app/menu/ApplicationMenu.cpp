@@ -1,6 +1,7 @@
 #include "app/menu/ApplicationMenu.h"
 
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -8,35 +9,36 @@
 
 namespace zv {
 
-std::string_view titleOf(ApplicationCategory category)
+// TRANSLATORS: the categories have the names that Linux desktops give them in their menus of applications
+std::string titleOf(ApplicationCategory category)
 {
     switch (category) {
     case ApplicationCategory::accessories:
-        return "Accessories";
+        return trc("category of applications", "Accessories");
     case ApplicationCategory::development:
-        return "Development";
+        return trc("category of applications", "Development");
     case ApplicationCategory::education:
-        return "Education";
+        return trc("category of applications", "Education");
     case ApplicationCategory::games:
-        return "Games";
+        return trc("category of applications", "Games");
     case ApplicationCategory::graphics:
-        return "Graphics";
+        return trc("category of applications", "Graphics");
     case ApplicationCategory::internet:
-        return "Internet";
+        return trc("category of applications", "Internet");
     case ApplicationCategory::multimedia:
-        return "Multimedia";
+        return trc("category of applications", "Multimedia");
     case ApplicationCategory::office:
-        return "Office";
+        return trc("category of applications", "Office");
     case ApplicationCategory::science:
-        return "Science";
+        return trc("category of applications", "Science");
     case ApplicationCategory::settings:
-        return "Settings";
+        return trc("category of applications", "Settings");
     case ApplicationCategory::system:
-        return "System";
+        return trc("category of applications", "System");
     case ApplicationCategory::other:
         break;
     }
-    return "Other";
+    return trc("category of applications", "Other");
 }
 
 std::vector<DynamicEntry> applicationEntries(std::vector<InstalledApplication> const& applications)

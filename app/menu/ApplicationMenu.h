@@ -18,7 +18,7 @@ struct ApplicationGroup {
 };
 
 /// The title of a category's submenu.
-[[nodiscard]] std::string_view titleOf(ApplicationCategory category);
+[[nodiscard]] std::string titleOf(ApplicationCategory category);
 
 /// The applications as entries, by name.
 [[nodiscard]] std::vector<DynamicEntry> applicationEntries(std::vector<InstalledApplication> const& applications);

@@ -3,6 +3,7 @@
 #include "app/menu/DynamicEntry.h"
 #include "app/menu/Menu.h"
 #include "app/model/MenuItem.h"
+#include "base/Translation.h"
 #include "platform/desk/Image.h"
 
 #include <functional>
@@ -32,9 +33,9 @@ public:
     /// The icon of the entry that has the submenu; null for none.
     [[nodiscard]] virtual ImageRef icon(MenuIcon& /*icons*/) const { return nullptr; }
     /// The line shown for a list without entries.
-    [[nodiscard]] virtual std::string_view emptyTitle() const { return "No Items"; }
+    [[nodiscard]] virtual std::string emptyTitle() const { return tr("No Items"); }
     /// The line after ten seconds of silence; empty: "Loading…" stays until the list comes.
-    [[nodiscard]] virtual std::string_view noResponseTitle() const { return {}; }
+    [[nodiscard]] virtual std::string noResponseTitle() const { return {}; }
 
     /// Calls `done` exactly once: before it returns if a list is at hand, even a cached one, else
     /// later, with "Loading…" shown until then. `done` may outlive the menu that it fills, and

@@ -5,6 +5,7 @@
 #include "app/menu/HotkeyHints.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,11 +18,11 @@ namespace {
 
 constexpr std::chrono::seconds patience { 10 };
 constexpr std::size_t overflowLineCount = 2; ///< a separator and the line
-constexpr char const* loadingTitle = "Loading…";
-constexpr char const* noApplicationsTitle = "No Applications";
-constexpr char const* noItemsTitle = "No Items";
-constexpr char const* emptyFolderTitle = "Empty Folder";
-constexpr char const* noVolumeResponseTitle = "This volume did not respond.";
+constexpr Sentence loadingTitle = mark("Loading…");
+constexpr Sentence noApplicationsTitle = mark("No Applications");
+constexpr Sentence noItemsTitle = mark("No Items");
+constexpr Sentence emptyFolderTitle = mark("Empty Folder");
+constexpr Sentence noVolumeResponseTitle = mark("This volume did not respond.");
 
 /// A stored limit below zero counts as zero.
 std::size_t itemLimit(Preferences const& preferences) { return static_cast<std::size_t>(std::max<std::int64_t>(preferences.maximumItemsPerFolder(), 0)); }
@@ -45,7 +46,7 @@ void appendItems(Menu& menu, std::vector<DynamicEntry> entries, std::int64_t dep
 void appendOverflowLine(Menu& menu, std::size_t leftOut)
 {
     menu.entries.push_back(MenuEntry::separator());
-    menu.entries.push_back(MenuEntry::disabled(std::to_string(leftOut) + " more items…"));
+    menu.entries.push_back(MenuEntry::disabled(trn("%1 more item…", "%1 more items…", leftOut)));
 }
 
 } // namespace
@@ -60,9 +61,9 @@ void tidySeparators(std::vector<DynamicEntry>& entries)
         entries.pop_back();
 }
 
-void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(loadingTitle)); }
+void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(tr(loadingTitle))); }
 
-bool isLoading(Menu const& menu) { return !menu.entries.empty() && !menu.entries.back().enabled && menu.entries.back().title == loadingTitle; }
+bool isLoading(Menu const& menu) { return !menu.entries.empty() && !menu.entries.back().enabled && menu.entries.back().title == tr(loadingTitle); }
 
 void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder)
 {
@@ -137,12 +138,12 @@ void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& sou
 {
     auto* const list = m_sources.lists.listOf(source.kind);
     if (!list) {
-        replaceEntries(menu, MenuEntry::disabled(noItemsTitle));
+        replaceEntries(menu, MenuEntry::disabled(tr(noItemsTitle)));
         return;
     }
     showLoading(menu);
     if (!list->noResponseTitle().empty())
-        startPatience(menu, std::string(list->noResponseTitle()));
+        startPatience(menu, list->noResponseTitle());
     list->fill(later(menu, [this, list, depth = source.depth](Menu& answered, ListContent content) {
         m_patience.reset();
         show(answered, *list, std::move(content), depth);
@@ -152,7 +153,7 @@ void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& sou
 void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options)
 {
     showLoading(menu);
-    startPatience(menu, m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : silentFolderTitle);
+    startPatience(menu, tr(m_builder.files().volumeName(folder.url) ? noVolumeResponseTitle : silentFolderTitle));
     m_sources.folders.listInBackground(folder.url, options, later(menu, [this, folder](Menu& answered, FolderListing listing) {
         m_patience.reset();
         show(answered, folder, std::move(listing));
@@ -168,14 +169,14 @@ void DynamicSubmenuDelegate::fillApplications(Menu& menu)
 void DynamicSubmenuDelegate::showApplications(Menu& menu, std::vector<InstalledApplication> const& applications) const
 {
     if (applications.size() < fewestGroupedApplications)
-        return populate(menu, applicationEntries(applications), 0, noApplicationsTitle, m_builder);
+        return populate(menu, applicationEntries(applications), 0, tr(noApplicationsTitle), m_builder);
     menu.entries.clear();
     for (auto& group : groupedByCategory(applications)) {
         MenuEntry entry;
         entry.title = titleOf(group.category);
         entry.submenu = std::make_shared<Menu>(entry.title);
         m_builder.applyCategoryIcon(group.category, entry);
-        populate(*entry.submenu, std::move(group.entries), 0, noApplicationsTitle, m_builder);
+        populate(*entry.submenu, std::move(group.entries), 0, tr(noApplicationsTitle), m_builder);
         menu.entries.push_back(std::move(entry));
     }
 }
@@ -189,7 +190,7 @@ void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing)
 {
     m_sources.listedFolders.folderListed(folder.url, listing.withHotkeys);
-    populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, emptyFolderTitle, m_builder);
+    populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, tr(emptyFolderTitle), m_builder);
 }
 
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicList const& list, ListContent content, std::int64_t depth) const
@@ -198,7 +199,7 @@ void DynamicSubmenuDelegate::show(Menu& menu, DynamicList const& list, ListConte
         return populate(menu, std::move(*entries), depth, list.emptyTitle(), m_builder);
     menu.entries = std::get<std::vector<MenuEntry>>(std::move(content));
     if (menu.entries.empty())
-        menu.entries.push_back(MenuEntry::disabled(std::string(list.emptyTitle())));
+        menu.entries.push_back(MenuEntry::disabled(list.emptyTitle()));
 }
 
 } // namespace zv

@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "base/Translation.h"
 
 #include <utility>
 
@@ -61,7 +62,7 @@ std::string volumeTitle(Url const& root, std::string const& label)
 {
     if (!label.empty())
         return label;
-    return root.path() == "/" ? "File System" : root.lastPathComponent();
+    return root.path() == "/" ? tr("File System") : root.lastPathComponent();
 }
 
 std::optional<std::string> reasonFor(FileFault fault)
@@ -70,9 +71,9 @@ std::optional<std::string> reasonFor(FileFault fault)
     case FileFault::none:
         break;
     case FileFault::leadsNowhere:
-        return "This link leads nowhere: its target was moved or deleted, or the volume that holds it is away.";
+        return tr("This link leads nowhere: its target was moved or deleted, or the volume that holds it is away.");
     case FileFault::programMissing:
-        return "The program that this entry starts is not installed.";
+        return tr("The program that this entry starts is not installed.");
     }
     return std::nullopt;
 }

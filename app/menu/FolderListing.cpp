@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/menu/FileEntry.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -114,15 +115,15 @@ std::string reasonOf(FolderReadFailure failure)
 {
     switch (failure) {
     case FolderReadFailure::notPermitted:
-        return "You do not have permission to see this folder’s contents.";
+        return tr("You do not have permission to see this folder’s contents.");
     case FolderReadFailure::notFound:
-        return "This folder no longer exists.";
+        return tr("This folder no longer exists.");
     case FolderReadFailure::notAFolder:
-        return "This is not a folder.";
+        return tr("This is not a folder.");
     case FolderReadFailure::failed:
         break;
     }
-    return "This folder cannot be read.";
+    return tr("This folder cannot be read.");
 }
 
 /// A single entry for the folder itself, with the reason why it cannot be read.

@@ -2,6 +2,7 @@
 
 #include "app/menu/FolderListing.h"
 #include "base/Lifetime.h"
+#include "base/Translation.h"
 #include "platform/time/Tasks.h"
 
 #include <functional>
@@ -13,7 +14,7 @@
 namespace zv {
 
 /// Shown in place of a folder that does not answer.
-inline constexpr char const* silentFolderTitle = "This folder did not respond.";
+inline constexpr Sentence silentFolderTitle = mark("This folder did not respond.");
 
 /// Lists folders: local ones at once, remote ones on detached threads, never two for the same
 /// folder. Main thread only.

@@ -1,5 +1,7 @@
 #include "app/menu/HotkeyHints.h"
 
+#include "base/Translation.h"
+
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -36,23 +38,23 @@ double widestHint(std::span<std::string const> hints, TextMeasure const& text)
 }
 
 /// The reason why the combination does not work, and what the user can do about it.
-std::string_view explanationOf(NameDoubt doubt)
+std::string explanationOf(NameDoubt doubt)
 {
     switch (doubt) {
     case NameDoubt::ofAnotherUser:
-        return "The shortcut is not in use, as the file belongs to somebody else. To use it, put the file into the Items folder.";
+        return tr("The shortcut is not in use, as the file belongs to somebody else. To use it, put the file into the Items folder.");
     case NameDoubt::onForeignVolume:
-        return "The shortcut is not in use, as the file lies on a volume that may go away. To use it, move the file to this computer’s disk, or put it into "
-               "the "
-               "Items folder.";
+        return tr("The shortcut is not in use, as the file lies on a volume that may go away. To use it, move the file to this computer’s disk, or put it into "
+                  "the Items folder.");
     case NameDoubt::downloaded:
-        return "The shortcut is not in use, as the file was downloaded. To use it, put the file into the Items folder.";
+        return tr("The shortcut is not in use, as the file was downloaded. To use it, put the file into the Items folder.");
     case NameDoubt::amongDownloads:
-        return "The shortcut is not in use, as the file lies among the downloads. To use it, move the file to another folder, or put it into the Items folder.";
+        return tr(
+            "The shortcut is not in use, as the file lies among the downloads. To use it, move the file to another folder, or put it into the Items folder.");
     case NameDoubt::notInstalled:
         break;
     }
-    return "The shortcut is not in use, as the file was not installed as an application. To use it, choose the file, then “Always Start”.";
+    return tr("The shortcut is not in use, as the file was not installed as an application. To use it, choose the file, then “Always Start”.");
 }
 
 void addHint(MenuEntry& item, std::string const& hint, std::optional<NameDoubt> const& doubt, double tab)

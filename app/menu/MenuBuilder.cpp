@@ -7,6 +7,7 @@
 #include "app/menu/FileEntry.h"
 #include "app/menu/MenuKeyEquivalent.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,8 +16,8 @@ namespace zv {
 
 namespace {
 
-constexpr char const* noItemsTitle = "No Items";
-constexpr char const* missingFileToolTip = "This item points at a file that no longer exists. Choose a new target in Settings.";
+constexpr Sentence noItemsTitle = mark("No Items");
+constexpr Sentence missingFileToolTip = mark("This item points at a file that no longer exists. Choose a new target in Settings.");
 constexpr char const* systemInformationIdentifier = "com.apple.SystemProfiler";
 
 /// An entry with a submenu; the menu has the same title.
@@ -139,7 +140,7 @@ MenuEntry MenuBuilder::makeGroupSubmenu(MenuItem const& item, std::vector<MenuIt
     auto entry = entryWithSubmenu(displayText(item.displayTitle()));
     appendItems(*entry.submenu, children, option);
     if (entry.submenu->entries.empty())
-        entry.submenu->entries.push_back(MenuEntry::disabled(noItemsTitle));
+        entry.submenu->entries.push_back(MenuEntry::disabled(tr(noItemsTitle)));
     return entry;
 }
 
@@ -168,7 +169,7 @@ MenuEntry MenuBuilder::makeFileItem(MenuItem const& item) const
     if (found.kind == ItemLocation::Resolution::Kind::onUnmountedServer)
         return makeServerFileItem(item);
     auto missing = MenuEntry::disabled(displayText(item.displayTitle()));
-    missing.toolTip = missingFileToolTip;
+    missing.toolTip = tr(missingFileToolTip);
     return missing;
 }
 
@@ -203,7 +204,7 @@ MenuEntry MenuBuilder::makeServerFileItem(MenuItem const& item) const
 
 MenuEntry MenuBuilder::makeSystemInformationItem(MenuItem const& item) const
 {
-    auto entry = makeActionItem("System Information", [&workspace = m_services.workspace] {
+    auto entry = makeActionItem(tr("System Information"), [&workspace = m_services.workspace] {
         if (auto const application = workspace.applicationWithIdentifier(systemInformationIdentifier))
             workspace.open(*application);
     });
@@ -223,7 +224,7 @@ MenuEntry MenuBuilder::makeQuitItem(MenuItem const& item) const
 
 MenuEntry MenuBuilder::makeCustomizeItem() const
 {
-    auto entry = makeActionItem("Customize Zanthe Vell…", [&commands = m_services.commands] { commands.openSettingsWindow(); });
+    auto entry = makeActionItem(tr("Customize Zanthe Vell…"), [&commands = m_services.commands] { commands.openSettingsWindow(); });
     applyKeyEquivalent(commandKey(","), entry);
     applyKindIcon(MenuItemKind::customizeZantheVell, entry);
     return entry;
@@ -231,14 +232,14 @@ MenuEntry MenuBuilder::makeCustomizeItem() const
 
 MenuEntry MenuBuilder::makeUpdateItem() const
 {
-    auto entry = makeActionItem("Check for Updates…", [&commands = m_services.commands] { commands.checkForUpdates(); });
+    auto entry = makeActionItem(tr("Check for Updates…"), [&commands = m_services.commands] { commands.checkForUpdates(); });
     entry.enabled = m_services.commands.canCheckForUpdates();
     return entry;
 }
 
 MenuEntry MenuBuilder::makeTrailingQuitItem() const
 {
-    auto entry = makeActionItem("Quit Zanthe Vell", [&commands = m_services.commands] { commands.terminate(); });
+    auto entry = makeActionItem(tr("Quit Zanthe Vell"), [&commands = m_services.commands] { commands.terminate(); });
     applyKeyEquivalent(commandKey("q"), entry);
     return entry;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/menu/Menu.h"
+#include "base/Translation.h"
 
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace zv {
@@ -17,9 +17,9 @@ public:
     /// The matches in the menu itself that leave nothing to look for below it.
     static constexpr std::size_t enoughMatches = 8;
     /// Stands in place of the entries as long as nothing is found.
-    static constexpr std::string_view searching = "Searching…";
+    static constexpr Sentence searching = mark("Searching…");
     /// The title of the search where it has a menu of its own.
-    static constexpr std::string_view title = "Search";
+    static constexpr Sentence title = mark("Search");
 
     struct Found {
         std::vector<MenuEntry> entries; ///< best first, each with its way

@@ -19,13 +19,14 @@ void MenuFilter::removeLast()
         m_text.resize(m_text.size() - characters.back().size());
 }
 
-std::string MenuFilter::announcement(std::ptrdiff_t matches, std::string_view instead) const
+std::string MenuFilter::announcement(std::ptrdiff_t matches, Sentence const& instead) const
 {
     if (m_text.empty())
         return {};
     if (matches == 0)
-        return m_text + ": " + std::string(instead);
-    return m_text + ": " + (matches == 1 ? "1 match" : std::to_string(matches) + " matches");
+        return tr("%1: %2", m_text, tr(instead));
+    // TRANSLATORS: what a screen reader says while one types into the menu: what was typed, and how many entries hold it
+    return tr("%1: %2", m_text, trn("%1 match", "%1 matches", static_cast<std::size_t>(matches)));
 }
 
 std::vector<bool> MenuFilter::visibleEntries()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Translation.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -13,7 +15,7 @@ class Menu;
 class MenuFilter {
 public:
     /// Stands in place of the entries when none matches.
-    static constexpr std::string_view noMatches = "No Matches";
+    static constexpr Sentence noMatches = mark("No Matches");
 
     /// Call when the menu opened or changed: its entries are read anew at the next query.
     void setMenu(Menu const* menu);
@@ -27,7 +29,7 @@ public:
 
     /// The typed text and how many entries match, or what stands in their place, for those who hear the menu; empty when
     /// nothing is typed.
-    [[nodiscard]] std::string announcement(std::ptrdiff_t matches, std::string_view instead = noMatches) const;
+    [[nodiscard]] std::string announcement(std::ptrdiff_t matches, Sentence const& instead = noMatches) const;
     /// A flag for each entry, in their order: whether its title contains the typed text, ignoring
     /// case and accents. Separators are visible only if nothing is typed.
     [[nodiscard]] std::vector<bool> visibleEntries();

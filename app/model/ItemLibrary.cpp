@@ -1,6 +1,7 @@
 #include "app/model/ItemLibrary.h"
 
 #include "app/model/HashCombiner.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <set>
@@ -37,7 +38,11 @@ std::optional<LibraryEntry> readEntry(PropertyList const& value, LocationService
     if (!itemTemplate || (mode == LibraryMode::appleMenu && !fitsAppleMenu(itemTemplate->kind)))
         return std::nullopt;
     auto id = identifierOf(*title, *itemTemplate);
-    return LibraryEntry { std::move(id), *title, textIn(*dictionary, "Description"), std::move(*itemTemplate), textIn(*dictionary, "Group") };
+    auto shown = itemTemplate->kind.shownTitle(*title);
+    if (shown == *title)
+        shown = tr(title->c_str());
+    return LibraryEntry { std::move(id), std::move(shown), tr(textIn(*dictionary, "Description").c_str()), std::move(*itemTemplate),
+        tr(textIn(*dictionary, "Group").c_str()) };
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
@@ -76,6 +77,7 @@ MenuBackups::MenuBackups(Services services, Url folder)
 std::vector<MenuBackup> MenuBackups::list() const
 {
     assertMainThread();
+    m_observers.access(0);
     auto const names = m_services.files.names(m_folder);
     std::vector<MenuBackup> backups;
     if (!names)
@@ -106,10 +108,11 @@ Result<void> MenuBackups::menuWillBeOverwritten(PropertyList const& stored, bool
     assertMainThread();
     auto const now = m_services.clock.now();
     if (auto const written = write(stored, freeName(now, isReadable)); !written)
-        return Failure { "could not keep a copy of the menu in " + m_folder.path() + ": " + written.error() };
+        return Failure { tr("could not keep a copy of the menu in %1: %2", m_folder.path(), written.error()) };
     if (isReadable)
         m_newest = now;
     removeOldest(isReadable);
+    m_observers.changed(0);
     return {};
 }
 

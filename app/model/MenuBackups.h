@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/model/MenuStore.h"
+#include "base/Observation.h"
 #include "platform/files/FileSystem.h"
 #include "platform/time/Clock.h"
 
@@ -36,7 +37,7 @@ public:
     /// `folder` is made when the first backup needs it. The services outlive this.
     MenuBackups(Services services, Url folder);
 
-    /// Newest first. Those that lie in the future were made while the clock was ahead: they come last.
+    /// Newest first; observed when read within withObservationTracking(). Those that lie in the future were made while the clock was ahead: they come last.
     [[nodiscard]] std::vector<MenuBackup> list() const;
 
     [[nodiscard]] bool isDue() const override;
@@ -50,6 +51,7 @@ private:
     Services m_services;
     Url m_folder;
     mutable std::optional<WallTime> m_newest;
+    ObservationRegistrar m_observers;
 };
 
 } // namespace zv

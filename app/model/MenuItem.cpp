@@ -23,10 +23,10 @@ MenuItem MenuItem::ofKind(MenuItemKind kind)
 std::string MenuItem::displayTitle() const
 {
     if (hasText(title))
-        return withValidUtf8(*title);
+        return kind.shownTitle(withValidUtf8(*title));
     if (location && hasText(location->displayName))
         return withValidUtf8(*location->displayName);
-    return std::string(kind.defaultTitle());
+    return kind.defaultTitle();
 }
 
 std::size_t hashValue(MenuItem const& item)

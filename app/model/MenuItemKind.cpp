@@ -1,8 +1,10 @@
 #include "app/model/MenuItemKind.h"
 
 #include "app/model/NameTable.h"
+#include "base/Translation.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zv {
@@ -14,7 +16,7 @@ enum class Fills : std::uint8_t { no, itself };
 
 struct Row {
     std::string_view rawValue;
-    std::string_view defaultTitle;
+    Sentence defaultTitle;
     Fills fills = Fills::no;
     Reason reason = Reason::none;
 };
@@ -23,69 +25,72 @@ struct Row {
 // are stored in every user's menu: "Lock Screen" has a blank, the two software kinds share
 // a title, and only the confirming variants of restart and its like have an ellipsis.
 constexpr std::array<Row, MenuItemKind::fixedCount> rows { {
-    { "Separator", "-" },
-    { "Submenu", "Untitled Submenu" },
-    { "FSObject", "File or Folder", Fills::itself },
-    { "ZantheVellItems", "Zanthe Vell Items", Fills::itself },
-    { "RevealZantheVellItems", "Reveal Zanthe Vell Items" },
-    { "MountedVolumes", "Mounted Volumes", Fills::itself },
-    { "RecentItems", "Recent Items", Fills::itself },
-    { "RecentApps", "Recent Applications", Fills::itself },
-    { "RecentDocs", "Recent Documents", Fills::itself },
-    { "RecentFolders", "Recent Folders", Fills::itself },
-    { "RecentServers", "Recent Servers", Fills::itself },
-    { "RunningApplications", "Running Applications", Fills::itself },
-    { "DockMenu", "Dock" },
-    { "Shortcuts", "Shortcuts", Fills::itself },
-    { "IPAddress", "IP Address", Fills::itself },
-    { "AboutThisMac", "About This Mac" },
-    { "AppStore", "App Store…" },
-    { "GetMacOSXSoftware", "Get macOS Software…" },
-    { "GetMacOSXSoftware2", "Get macOS Software…" },
-    { "SoftwareUpdate", "Software Update…" },
-    { "SystemPrefs", "System Settings", Fills::itself },
-    { "SimpleSystemPrefs", "System Settings…" },
-    { "DockPrefs", "Dock Settings…" },
-    { "CustomizeZantheVell", "Customize Zanthe Vell…" },
-    { "QuitZantheVell", "Quit Zanthe Vell" },
-    { "Sleep", "Sleep" },
-    { "Restart", "Restart…" },
-    { "Shutdown", "Shut Down…" },
-    { "LogOut", "Log Out…" },
-    { "RestartForced", "Restart" },
-    { "ShutdownForced", "Shut Down" },
-    { "LogOutForced", "Log Out" },
-    { "ForceQuit", "Force Quit…" },
-    { "Lock Screen", "Lock Screen" },
-    { "Location", "Location", Fills::itself },
-    { "DockMagnification", "Dock Magnification" },
-    { "DockHiding", "Dock Hiding" },
-    { "DockPosLeft", "Position Dock on Left" },
-    { "DockPosBottom", "Position Dock on Bottom" },
-    { "DockPosRight", "Position Dock on Right" },
-    { "OpenWith", "Open With…", Fills::no, Reason::finderSelection },
-    { "MoveTo", "Move To…", Fills::no, Reason::finderSelection },
-    { "SelectedFolderContents", "Selected Folder Contents", Fills::no, Reason::finderSelection },
-    { "SetDesktopPicture", "Set Desktop Picture", Fills::no, Reason::finderSelection },
-    { "Gather", "Gather", Fills::no, Reason::finderSelection },
-    { "PasteAlias", "Paste Alias", Fills::no, Reason::finderSelection },
-    { "PreviewImage", "Preview Image", Fills::no, Reason::finderSelection },
-    { "AddToZantheVellItems", "Add to Zanthe Vell Items", Fills::no, Reason::services },
-    { "MenuCommand", "Menu Command", Fills::no, Reason::carbon },
+    { "Separator", { "-" } },
+    { "Submenu", mark("Untitled Submenu") },
+    { "FSObject", mark("File or Folder"), Fills::itself },
+    { "ZantheVellItems", mark("Zanthe Vell Items"), Fills::itself },
+    { "RevealZantheVellItems", mark("Reveal Zanthe Vell Items") },
+    { "MountedVolumes", mark("Mounted Volumes"), Fills::itself },
+    { "RecentItems", mark("Recent Items"), Fills::itself },
+    { "RecentApps", mark("Recent Applications"), Fills::itself },
+    { "RecentDocs", mark("Recent Documents"), Fills::itself },
+    { "RecentFolders", mark("Recent Folders"), Fills::itself },
+    { "RecentServers", mark("Recent Servers"), Fills::itself },
+    { "RunningApplications", mark("Running Applications"), Fills::itself },
+    { "DockMenu", mark("Dock") },
+    { "Shortcuts", markc("of the Shortcuts application", "Shortcuts"), Fills::itself },
+    { "IPAddress", mark("IP Address"), Fills::itself },
+    { "AboutThisMac", mark("About This Mac") },
+    { "AppStore", mark("App Store…") },
+    { "GetMacOSXSoftware", mark("Get macOS Software…") },
+    { "GetMacOSXSoftware2", mark("Get macOS Software…") },
+    { "SoftwareUpdate", mark("Software Update…") },
+    { "SystemPrefs", mark("System Settings"), Fills::itself },
+    { "SimpleSystemPrefs", mark("System Settings…") },
+    { "DockPrefs", mark("Dock Settings…") },
+    { "CustomizeZantheVell", mark("Customize Zanthe Vell…") },
+    { "QuitZantheVell", mark("Quit Zanthe Vell") },
+    { "Sleep", markc("command", "Sleep") },
+    { "Restart", mark("Restart…") },
+    { "Shutdown", mark("Shut Down…") },
+    { "LogOut", mark("Log Out…") },
+    { "RestartForced", markc("command, at once", "Restart") },
+    { "ShutdownForced", markc("command, at once", "Shut Down") },
+    { "LogOutForced", markc("command, at once", "Log Out") },
+    { "ForceQuit", mark("Force Quit…") },
+    { "Lock Screen", mark("Lock Screen") },
+    { "Location", markc("of the network", "Location"), Fills::itself },
+    { "DockMagnification", mark("Dock Magnification") },
+    { "DockHiding", mark("Dock Hiding") },
+    { "DockPosLeft", mark("Position Dock on Left") },
+    { "DockPosBottom", mark("Position Dock on Bottom") },
+    { "DockPosRight", mark("Position Dock on Right") },
+    { "OpenWith", mark("Open With…"), Fills::no, Reason::finderSelection },
+    { "MoveTo", mark("Move To…"), Fills::no, Reason::finderSelection },
+    { "SelectedFolderContents", mark("Selected Folder Contents"), Fills::no, Reason::finderSelection },
+    { "SetDesktopPicture", mark("Set Desktop Picture"), Fills::no, Reason::finderSelection },
+    { "Gather", markc("files into a folder", "Gather"), Fills::no, Reason::finderSelection },
+    { "PasteAlias", mark("Paste Alias"), Fills::no, Reason::finderSelection },
+    { "PreviewImage", mark("Preview Image"), Fills::no, Reason::finderSelection },
+    { "AddToZantheVellItems", mark("Add to Zanthe Vell Items"), Fills::no, Reason::services },
+    { "MenuCommand", mark("Menu Command"), Fills::no, Reason::carbon },
 } };
 
-std::string_view textOf(Reason reason)
+/// Titles that the default menus and the library store, beside those of the kinds; po/update takes them from there.
+constexpr std::string_view resourceTitles[] = { "About This Computer", "Applications", "Distribution Web Page…", "Home", "Software…" };
+
+std::string textOf(Reason reason)
 {
     switch (reason) {
     case Reason::none:
         break;
     case Reason::finderSelection:
-        return "Acts on the Finder selection. Zanthe delivered this through a contextual menu plug-in, which macOS no longer supports.";
+        return tr("Acts on the Finder selection. Zanthe delivered this through a contextual menu plug-in, which macOS no longer supports.");
     case Reason::services:
-        return "Acts on the Finder selection, so it is a macOS Service now instead of a menu item. Right-click a file or folder in the Finder and look "
-               "under Services.";
+        return tr("Acts on the Finder selection, so it is a macOS Service now instead of a menu item. Right-click a file or folder in the Finder and look "
+                  "under Services.");
     case Reason::carbon:
-        return "Sent a Carbon menu command to the front application. That mechanism was removed with Carbon.";
+        return tr("Sent a Carbon menu command to the front application. That mechanism was removed with Carbon.");
     }
     return {};
 }
@@ -117,14 +122,22 @@ MenuItemKind MenuItemKind::fromRawValue(std::string_view text)
 
 std::string_view MenuItemKind::rawValue() const { return m_case == unknown ? std::string_view(m_unknownText) : rows[m_case].rawValue; }
 
-std::string_view MenuItemKind::defaultTitle() const { return m_case == unknown ? std::string_view(m_unknownText) : rows[m_case].defaultTitle; }
+std::string MenuItemKind::defaultTitle() const { return m_case == unknown ? m_unknownText : tr(rows[m_case].defaultTitle); }
+
+std::string MenuItemKind::shownTitle(std::string const& stored) const
+{
+    if (m_case != unknown && stored == rows[m_case].defaultTitle.english)
+        return defaultTitle();
+    bool const isOurs = std::any_of(std::begin(resourceTitles), std::end(resourceTitles), [&](auto const& each) { return each == stored; });
+    return isOurs ? tr(stored.c_str()) : stored;
+}
 
 std::optional<std::string> MenuItemKind::unavailabilityReason() const
 {
     if (m_case == unknown)
-        return "Unrecognized item kind “" + m_unknownText + "”.";
+        return tr("Unrecognized item kind %1.", quoted(m_unknownText));
     auto const reason = rows[m_case].reason;
-    return reason == Reason::none ? std::nullopt : std::optional(std::string(textOf(reason)));
+    return reason == Reason::none ? std::nullopt : std::optional(textOf(reason));
 }
 
 bool MenuItemKind::fillsItself() const { return m_case != unknown && rows[m_case].fills == Fills::itself; }

@@ -83,7 +83,11 @@ public:
 
     [[nodiscard]] Case value() const { return m_case; }
     [[nodiscard]] std::string_view rawValue() const;
-    [[nodiscard]] std::string_view defaultTitle() const;
+    /// In the user's language.
+    [[nodiscard]] std::string defaultTitle() const;
+    /// The title for an entry that stores one: in the user's language if it is one that our own resources give, as they
+    /// are in English; else as it is stored.
+    [[nodiscard]] std::string shownTitle(std::string const& stored) const;
     /// The reason why the kind can no longer act; absent when it can.
     [[nodiscard]] std::optional<std::string> unavailabilityReason() const;
     /// True for retired commands and `unknown`: kept and shown disabled.

@@ -3,6 +3,7 @@
 #include "app/model/PlainText.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 
 #include <algorithm>
@@ -58,6 +59,11 @@ MenuStore::MenuStore(Services services)
     : m_services(services)
 {
     assertMainThread();
+    load();
+}
+
+void MenuStore::load()
+{
     auto stored = storedMenu();
     setItems(stored ? std::move(*stored) : defaultMenu());
 }
@@ -83,7 +89,7 @@ Result<void> const& MenuStore::lastSave() const
 std::optional<std::string> MenuStore::saveProblem() const
 {
     auto const& saved = lastSave();
-    return saved ? std::nullopt : std::optional("The menu could not be saved: " + saved.error());
+    return saved ? std::nullopt : std::optional(tr("The menu could not be saved: %1", saved.error()));
 }
 
 MenuItem const* MenuStore::find(Uuid const& id) const { return findItem(items(), id); }
@@ -150,6 +156,10 @@ void MenuStore::reload()
 
 std::vector<MenuItem> MenuStore::defaultMenu() const
 {
+    if (auto const given = m_services.defaults.givenObject(defaultsKey)) {
+        if (auto items = menuItemsFromPropertyList(*given))
+            return std::move(items).value();
+    }
     if (auto menu = resourceMenu())
         return std::move(*menu);
     return builtInItems();
@@ -202,6 +212,8 @@ void MenuStore::refreshLocations()
 
 void MenuStore::didChange(Keeping keeping)
 {
+    if (isLocked())
+        load(); // in the place of what was changed
     cleanTitles(m_items);
     refreshLocations();
     save(keeping);
@@ -233,6 +245,8 @@ void MenuStore::save(Keeping keeping)
 
 Result<void> MenuStore::write(Keeping keeping)
 {
+    if (isLocked())
+        return Failure { tr("an administrator of this computer has locked it.") };
     if (auto const unwritable = findUnwritable(m_items))
         return Failure { unwritable->description() };
     auto const backedUp = backUp(keeping);

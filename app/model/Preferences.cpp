@@ -14,17 +14,17 @@ constexpr std::int64_t integer(std::int64_t value) { return value; }
 
 // Ordered by property number. "ScanDepth" is the older format's key.
 constexpr std::array<PreferenceDescription, 11> table { {
-    { "ReplaceAppleMenu", true, "the menu opens from the corner of the panel or menu bar" },
-    { "ShowStatusItem", true, "the menu has an icon in the panel or menu bar" },
-    { "RainbowAppleLogo", true, "six colours in that corner" },
-    { "ShowIcons", true, "icons beside the entries" },
-    { "ShowHiddenFiles", false, "hidden files in folder submenus" },
-    { "SortFoldersFirst", true, "folders before files" },
-    { "RecentItemsLimit", integer(20), "entries in a list of recent items" },
-    { "ScanDepth", integer(10), "levels of folders that open as submenus" },
-    { "MaximumItemsPerFolder", integer(250), "entries listed of one folder" },
-    { "HotkeyPrescanDepth", integer(0), "levels of folders searched for shortcuts in file names" },
-    { Preferences::rememberChoicesKey, true, "what was chosen last comes first in a search" },
+    { "ReplaceAppleMenu", true, mark("the menu opens from the corner of the panel or menu bar") },
+    { "ShowStatusItem", true, mark("the menu has an icon in the panel or menu bar") },
+    { "RainbowAppleLogo", true, mark("six colours in that corner") },
+    { "ShowIcons", true, mark("icons beside the entries") },
+    { "ShowHiddenFiles", false, mark("hidden files in folder submenus") },
+    { "SortFoldersFirst", true, mark("folders before files") },
+    { "RecentItemsLimit", integer(20), mark("entries in a list of recent items") },
+    { "ScanDepth", integer(10), mark("levels of folders that open as submenus") },
+    { "MaximumItemsPerFolder", integer(250), mark("entries listed of one folder") },
+    { "HotkeyPrescanDepth", integer(0), mark("levels of folders searched for shortcuts in file names") },
+    { Preferences::rememberChoicesKey, true, mark("what was chosen last comes first in a search") },
 } };
 
 PropertyList asPropertyList(std::variant<bool, std::int64_t> const& value)
@@ -78,7 +78,7 @@ template <class Function> void Preferences::forEach(Function function)
 template <class T> void Preferences::write(Property<T>& property, T value)
 {
     assertMainThread();
-    if (property.value == value)
+    if (property.value == value || isLocked(keyOf(property.index)))
         return;
     property.value = value;
     m_defaults.keep(keyOf(property.index), value);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Observation.h"
+#include "base/Translation.h"
 #include "platform/files/UserDefaults.h"
 
 #include <cstdint>
@@ -15,7 +16,7 @@ namespace zv {
 struct PreferenceDescription {
     std::string_view key;
     std::variant<bool, std::int64_t> defaultValue;
-    std::string_view meaning;
+    Sentence meaning;
 };
 
 /// The settings, cached in properties and written back on each change. Reading a property within
@@ -57,6 +58,9 @@ public:
     /// Reads them all anew after another process changed the stored settings; notifies observers of
     /// the changed ones, writes nothing.
     void reload();
+
+    /// True where an administrator fixed the setting: its setter does nothing.
+    [[nodiscard]] bool isLocked(std::string_view key) const { return m_defaults.isLocked(key); }
 
     /// All of them, in the properties' order.
     [[nodiscard]] static std::span<PreferenceDescription const> descriptions();

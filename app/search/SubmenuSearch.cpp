@@ -5,6 +5,7 @@
 #include "app/menu/FileEntry.h"
 #include "app/menu/MenuBuilder.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,10 +28,10 @@ std::vector<std::string> extended(std::vector<std::string> way, std::string titl
 std::shared_ptr<EntryWay const> wayOf(std::vector<std::string> const& titles)
 {
     EntryWay way;
-    for (auto const& title : titles) {
+    for (auto const& title : titles)
         way.text += (way.text.empty() ? "" : " ▸ ") + (openIsolate + title) + closeIsolate;
-        way.spoken += (way.spoken.empty() ? "in " : ", ") + title;
-    }
+    // TRANSLATORS: where a search found an entry, for screen readers: the titles of the submenus that lead to it
+    way.spoken = tr("in %1", listed(titles));
     return std::make_shared<EntryWay const>(std::move(way));
 }
 

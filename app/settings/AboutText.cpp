@@ -1,5 +1,7 @@
 #include "app/settings/AboutText.h"
 
+#include <sstream>
+
 namespace zv {
 
 namespace {
@@ -18,10 +20,26 @@ void replaceAll(std::string& text, std::string_view what, std::string_view with)
         text.replace(at, what.size(), with);
 }
 
+/// Joins the lines of each paragraph, which the file breaks; a line of dashes becomes a gap.
+std::string asParagraphs(std::string const& file)
+{
+    std::istringstream lines(file);
+    std::string text;
+    for (std::string line; std::getline(lines, line);) {
+        bool const isGap = line.empty() || line.find_first_not_of('-') == std::string::npos;
+        bool const begins = text.empty() || text.ends_with('\n');
+        if (isGap)
+            text += begins ? "" : "\n\n";
+        else
+            text += (begins ? "" : " ") + line;
+    }
+    return text;
+}
+
 std::string licences(Resources const& resources)
 {
     auto const bytes = resources.load("Licences", "txt");
-    return bytes ? std::string(reinterpret_cast<char const*>(bytes->data()), bytes->size()) : std::string();
+    return bytes ? asParagraphs(std::string(reinterpret_cast<char const*>(bytes->data()), bytes->size())) : std::string();
 }
 
 } // namespace

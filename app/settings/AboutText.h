@@ -10,13 +10,13 @@ namespace zv {
 /// The texts of the About tab.
 struct AboutText {
     std::string name;
-    std::string version; ///< "Version 0.9.0"
+    std::string version; ///< "Version 0.10.0"
     std::string purpose; ///< one line
     std::string privacy;
     std::string readMeButton;
     std::string licencesButton;
     std::string diagnosticsButton;
-    std::string licences; ///< of ourselves and of the libraries within
+    std::string licences; ///< a paragraph a line, of ourselves and of the libraries within
 };
 
 [[nodiscard]] AboutText aboutText(Resources const& resources);

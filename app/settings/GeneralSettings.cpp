@@ -2,6 +2,8 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "app/settings/LockedRows.h"
+#include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -80,6 +82,7 @@ std::vector<SettingsSection> GeneralSettings::sections()
         sections.insert(sections.begin() + 3, std::move(held));
     if (m_services.permissions)
         sections.insert(sections.begin() + 2, permissionSection(*m_services.permissions, m_services.openSettingsPane));
+    markLockedRows(sections, [this](std::string_view key) { return m_services.preferences.isLocked(key); });
     return sections;
 }
 
@@ -208,7 +211,8 @@ void GeneralSettings::takeShortcutAway(Url const& file)
 {
     auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
     if (!renamed)
-        m_services.alerts.run({ AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", renamed.error() });
+        m_services.alerts.run(
+            { AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", settingsTexts::asSentence(renamed.error()) });
 }
 
 SettingsSection GeneralSettings::updates()

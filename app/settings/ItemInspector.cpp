@@ -39,7 +39,7 @@ bool listsFolders(MenuItemKind const& kind)
 
 std::optional<std::int64_t> depthOfChoice(std::int64_t choice) { return choice == depthOfPreference ? std::nullopt : std::optional(choice); }
 
-InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing)
+InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, TargetFacts target)
 {
     bool const isSeparator = item.kind == MenuItemKind::separator;
     bool const isGroup = item.kind == MenuItemKind::submenu || !item.children.empty();
@@ -50,8 +50,8 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     fields.titlePlaceholder = placeholderFor(item);
     fields.hasTarget = item.kind == MenuItemKind::fsObject;
     fields.targetPath = item.location && item.location->path ? *item.location->path : std::string();
-    fields.targetIsMissing = fields.hasTarget && targetIsMissing;
-    fields.hasDepth = !isGroup && listsFolders(item.kind);
+    fields.targetIsMissing = fields.hasTarget && target.isMissing;
+    fields.hasDepth = !isGroup && listsFolders(item.kind) && (!fields.hasTarget || target.mayBeFolder);
     fields.depth = item.scanDepth;
     if (fields.hasDepth)
         fields.depthChoices = depthChoices(item.scanDepth.value_or(depthOfPreference), preferences);

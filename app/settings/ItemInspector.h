@@ -36,9 +36,15 @@ struct InspectorFields {
     std::string note; ///< why the item cannot act; empty when it can
 };
 
+/// What is known of the file that an item points at.
+struct TargetFacts {
+    bool isMissing = false;
+    bool mayBeFolder = true;
+};
+
 /// The depth that a choice stores; empty for the preference.
 [[nodiscard]] std::optional<std::int64_t> depthOfChoice(std::int64_t choice);
 
-[[nodiscard]] InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, bool targetIsMissing);
+[[nodiscard]] InspectorFields inspectorFields(MenuItem const& item, Preferences const& preferences, TargetFacts target);
 
 } // namespace zv

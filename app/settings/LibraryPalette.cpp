@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <sstream>
 
 namespace zv {
@@ -12,6 +13,8 @@ namespace {
 
 constexpr int entriesProperty = 0;
 constexpr char const* applicationsGroup = "Installed Applications";
+
+std::string withoutExtension(std::string name) { return name.substr(0, name.find_last_of('.')); }
 
 LibraryEntry entryFor(InstalledApplication const& application)
 {
@@ -24,6 +27,20 @@ LibraryEntry entryFor(InstalledApplication const& application)
     entry.itemTemplate.title = application.name;
     entry.itemTemplate.location.emplace().path = application.file.path();
     return entry;
+}
+
+/// Adds the file's name to applications that are called alike, which stand one after the other.
+void tellApart(std::span<LibraryEntry> entries)
+{
+    std::vector<bool> isAlike(entries.size());
+    for (std::size_t i = 1; i < entries.size(); ++i) {
+        if (entries[i].title == entries[i - 1].title)
+            isAlike[i] = isAlike[i - 1] = true;
+    }
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (isAlike[i])
+            entries[i].title += " (" + withoutExtension(Url::fromPath(*entries[i].itemTemplate.location->path).lastPathComponent()) + ")";
+    }
 }
 
 std::vector<std::string> wordsOf(std::string_view search)
@@ -65,7 +82,9 @@ void LibraryPalette::setApplications(std::vector<InstalledApplication> applicati
 {
     std::erase_if(m_entries, [](auto const& entry) { return entry.group == applicationsGroup; });
     std::sort(applications.begin(), applications.end(), [](auto const& a, auto const& b) { return localizedStandardCompare(a.name, b.name) < 0; });
+    auto const first = m_entries.size();
     std::transform(applications.begin(), applications.end(), std::back_inserter(m_entries), entryFor);
+    tellApart(std::span(m_entries).subspan(first));
     m_registrar.changed(entriesProperty);
 }
 

@@ -95,11 +95,11 @@ std::optional<ImportedMenu> MenuFileCommands::read(Url const& file)
     return std::move(menu).value();
 }
 
-void MenuFileCommands::tell(std::string message, std::string informativeText)
+void MenuFileCommands::tell(std::string message, std::string const& informativeText)
 {
     Alert alert;
     alert.message = std::move(message);
-    alert.informativeText = std::move(informativeText);
+    alert.informativeText = settingsTexts::asSentence(informativeText);
     m_services.alerts.run(alert);
 }
 

@@ -44,7 +44,7 @@ public:
 private:
     [[nodiscard]] std::optional<ImportedMenu> read(Url const& file);
     [[nodiscard]] bool confirms(std::string message, std::string informativeText, std::string button);
-    void tell(std::string message, std::string informativeText);
+    void tell(std::string message, std::string const& informativeText);
 
     Services m_services;
     std::optional<std::vector<MenuItem>> m_restored;

@@ -87,11 +87,25 @@ ImageRef SettingsModels::iconOf(MenuItem const& item)
 
 InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const
 {
-    auto fields = inspectorFields(item, m_services.preferences, m_services.store.unresolvedItemIDs().contains(item.id));
+    TargetFacts const target { m_services.store.unresolvedItemIDs().contains(item.id), mayBeFolder(item) };
+    auto fields = inspectorFields(item, m_services.preferences, target);
     auto note = m_outline.shortcutNote(item, m_services.system.kind);
     fields.shortcutNote = std::move(note.text);
     fields.shortcutOwner = note.owner;
     return fields;
+}
+
+/// True for what cannot be looked at without waiting.
+bool SettingsModels::mayBeFolder(MenuItem const& item) const
+{
+    auto const& files = m_services.system.files;
+    if (!item.location || !item.location->path)
+        return true;
+    auto const url = Url::fromPath(*item.location->path);
+    if (!url.isFile() || files.folders->isRemote(url))
+        return true;
+    auto const traits = files.disk->traits(url);
+    return !traits || (traits->isDirectory && !traits->isPackage);
 }
 
 DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position)

@@ -72,6 +72,7 @@ public:
     void endRecording();
 
 private:
+    [[nodiscard]] bool mayBeFolder(MenuItem const& item) const;
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);

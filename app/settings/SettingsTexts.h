@@ -85,5 +85,7 @@ inline constexpr Text clearShortcut = "Clear shortcut"; ///< for assistive tools
 inline constexpr Text itemsNotAdded = "The items could not be added.";
 [[nodiscard]] std::string filesNotAdded(std::size_t count);
 [[nodiscard]] std::string doesNotExist(std::string const& path);
+/// A reason that a system or a reader gave, as the sentence of an alert: it begins with a capital.
+[[nodiscard]] std::string asSentence(std::string const& reason);
 
 } // namespace zv::settingsTexts

@@ -3,6 +3,7 @@
 #include "app/model/Locations.h"
 #include "app/shell/Relocation.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <utility>
@@ -77,7 +78,7 @@ void AppDelegate::setServicesProvider()
 Result<void> AppDelegate::addFiles(std::vector<Url> files)
 {
     if (!m_takesFiles)
-        return Failure { "Zanthe Vell is still starting." };
+        return Failure { tr("Zanthe Vell is still starting.") };
     return parts().addToItems().addToZantheVellItems(std::move(files));
 }
 

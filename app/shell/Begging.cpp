@@ -3,6 +3,7 @@
 #include "app/shell/TestEnvironment.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,8 +28,8 @@ NotesWindowLayout layoutFor(RichText const* text)
 {
     double const textHeight = text ? text->height(textWidth) : 0;
     NotesWindowLayout layout;
-    layout.title = "Zanthe Vell Beta";
-    layout.textName = "Notes";
+    layout.title = tr("Zanthe Vell Beta");
+    layout.textName = tr("Notes");
     layout.width = windowWidth;
     layout.height = std::min(std::ceil(textHeight) + 2 * textInset, maximumHeight);
     layout.minimumWidth = 320;

@@ -2,6 +2,7 @@
 
 #include "app/shell/TestEnvironment.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -11,13 +12,14 @@ std::string reasonText(RelocationSource source)
 {
     switch (source) {
     case RelocationSource::translocated:
-        return "Zanthe Vell is running from the read-only copy macOS makes when an app is opened from the folder it was downloaded to. It cannot check for "
-               "updates from there, and the copy is thrown away when it quits.";
+        return tr("Zanthe Vell is running from the read-only copy macOS makes when an app is opened from the folder it was downloaded to. It cannot check for "
+                  "updates from there, and the copy is thrown away when it quits.");
     case RelocationSource::diskImage:
-        return "Zanthe Vell is running from a disk image. It cannot check for updates from there, and it quits as soon as the image is ejected.";
+        return tr("Zanthe Vell is running from a disk image. It cannot check for updates from there, and it quits as soon as the image is ejected.");
     case RelocationSource::temporaryPlace:
-        return "Zanthe Vell is running from a place that is read-only or temporary. It cannot check for updates from there, and it may be gone the next time "
-               "you look for it.";
+        return tr(
+            "Zanthe Vell is running from a place that is read-only or temporary. It cannot check for updates from there, and it may be gone the next time "
+            "you look for it.");
     case RelocationSource::none:
         break;
     }
@@ -57,10 +59,10 @@ bool Relocation::userWantsCopy(RelocationSource source, Url const& destination)
     m_services.application.activate();
     Alert alert;
     alert.style = AlertStyle::informational;
-    alert.message = "Copy Zanthe Vell to " + destination.path() + "?";
-    alert.informativeText
-        = reasonText(source) + "\n\nCopying it to " + destination.path() + " and relaunching from there fixes both. The copy you opened is left where it is.";
-    alert.buttons = { "Copy to Applications Folder", "Not Now" };
+    alert.message = tr("Copy Zanthe Vell to %1?", destination.path());
+    alert.informativeText = reasonText(source) + "\n\n"
+        + tr("Copying it to %1 and relaunching from there fixes both. The copy you opened is left where it is.", destination.path());
+    alert.buttons = { tr("Copy to Applications Folder"), tr("Not Now") };
     alert.escapeButton = 1;
     return m_services.alerts.run(alert) == 0;
 }
@@ -87,7 +89,7 @@ Result<Url> Relocation::copyTo(Url const& destination, Url const& bundle)
 void Relocation::tellCopyFailed(Url const& bundle, Url const& destination, std::string const& reason)
 {
     Alert alert;
-    alert.message = "“" + nameWithoutExtension(bundle) + "” could not be copied to " + destination.path() + ".";
+    alert.message = tr("%1 could not be copied to %2.", quoted(nameWithoutExtension(bundle)), destination.path());
     alert.informativeText = reason;
     m_services.alerts.run(alert);
 }
@@ -100,8 +102,8 @@ void Relocation::openCopy(Url const& copy, Url const& destination)
     services.workspace.openNewInstance(copy, [services, copy, destination](Result<void> const& started) {
         if (!started) {
             Alert alert;
-            alert.message = "“" + nameWithoutExtension(copy) + "” could not be opened after copying.";
-            alert.informativeText = started.error() + " Open the copy in " + destination.path() + ".";
+            alert.message = tr("%1 could not be opened after copying.", quoted(nameWithoutExtension(copy)));
+            alert.informativeText = inSequence(started.error(), tr("Open the copy in %1.", destination.path()));
             services.application.activate(); // long after the question, which the user may have left
             services.alerts.run(alert);
         }

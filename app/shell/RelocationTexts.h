@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/Translation.h"
+
 /// Texts about moving the program, beside the alerts, which Relocation words.
 namespace zv::relocationTexts {
 
-inline constexpr char const* entryNotWritten = "The application entry could not be written.";
+inline constexpr Sentence entryNotWritten = mark("The application entry could not be written.");
 
 } // namespace zv::relocationTexts

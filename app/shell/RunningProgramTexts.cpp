@@ -1,13 +1,15 @@
 #include "app/shell/RunningProgramTexts.h"
 
+#include "base/Translation.h"
+
 namespace zv {
 
 RunningProgram::Texts runningProgramTexts()
 {
     return {
-        .noConnection = "There is no session bus to reach the running program by.",
-        .notRunning = "Zanthe Vell is not running.",
-        .refused = [](std::string const& reason) { return "The running program did not do it: " + reason; },
+        .noConnection = tr("There is no session bus to reach the running program by."),
+        .notRunning = tr("Zanthe Vell is not running."),
+        .refused = [](std::string const& reason) { return tr("The running program did not do it: %1", reason); },
     };
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "base/Translation.h"
 #include "platform/program/RunningProgram.h"
-
-#include <string_view>
 
 namespace zv {
 
@@ -10,9 +9,9 @@ namespace zv {
 [[nodiscard]] RunningProgram::Texts runningProgramTexts();
 
 /// Where the program cannot show a menu: it does not stay unseen then, and in the way of a start that can.
-constexpr std::string_view noDisplayText = "There is no display to show a menu on. Start it in a graphical session.";
+inline constexpr Sentence noDisplayText = mark("There is no display to show a menu on. Start it in a graphical session.");
 
 /// Where there is a display, but nothing to draw on it with.
-constexpr std::string_view noWindowText = "no window can be shown in this Wayland session without the package qt6-wayland.";
+inline constexpr Sentence noWindowText = mark("no window can be shown in this Wayland session without the package qt6-wayland.");
 
 } // namespace zv

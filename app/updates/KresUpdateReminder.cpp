@@ -2,6 +2,7 @@
 
 #include "app/updates/UpdateTexts.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -33,9 +34,9 @@ void KresUpdateReminder::willHandleShowingUpdate(bool engineShowsIt, UpdateItem 
         return;
     NotificationRequest request;
     request.identifier = notificationIdentifier;
-    request.title = applicationName() + " " + update.displayVersion + " is available";
-    request.body = "Click to install it.";
-    request.actionTitle = updateTexts::showUpdate;
+    request.title = tr("%1 is available", applicationName() + " " + update.displayVersion);
+    request.body = tr("Click to install it.");
+    request.actionTitle = tr(updateTexts::showUpdate);
     m_services.notifications.post(request);
 }
 

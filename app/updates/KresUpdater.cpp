@@ -2,6 +2,7 @@
 
 #include "base/Base64.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -114,9 +115,9 @@ std::optional<std::string> KresUpdater::startProblem() const
     if (auto const failure = startFailureDescription())
         return failure;
     if (!feedURL(m_resources.information()))
-        return "No appcast URL is set, so there is nothing to check against.";
+        return tr("No appcast URL is set, so there is nothing to check against.");
     if (!updateSigningKey(m_resources.information()))
-        return "No update signing key is set, so no update could be verified. Run Sparkle's generate_keys and put the public key in SUPublicEDKey.";
+        return tr("No update signing key is set, so no update could be verified. Run Sparkle's generate_keys and put the public key in SUPublicEDKey.");
     return std::nullopt;
 }
 

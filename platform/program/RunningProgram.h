@@ -56,6 +56,8 @@ struct ProgramHandlers {
     std::function<Result<void>(std::vector<Url>)> addFiles; ///< URLs that are not files are ignored
     std::function<std::string()> hotkeys; ///< on Linux called on any thread
     std::function<std::string()> findings; ///< of the system's own survey, where the program knows more than a command
+    /// Takes the right to come to the front that the caller had; empty where it needs none.
+    std::function<void(std::string)> takeActivationToken {};
     std::function<Result<void>()> canShowMenu {}; ///< empty where it always can
 };
 

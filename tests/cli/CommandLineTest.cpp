@@ -24,7 +24,7 @@ TEST_F(CommandLineTest, HelpNamesEveryCommand)
     EXPECT_EQ(help.status, 0);
     for (auto const* command : commandTable()) {
         EXPECT_NE(help.out.find(std::string(command->name)), std::string::npos) << command->name;
-        EXPECT_NE(help.out.find(std::string(command->summary)), std::string::npos) << command->name;
+        EXPECT_NE(help.out.find(command->summary.english), std::string::npos) << command->name;
     }
     EXPECT_EQ(run({ "-h" }), help);
     EXPECT_EQ(run({ "help" }), help);
@@ -51,7 +51,7 @@ TEST_F(CommandLineTest, EachCommandIsInTheManualAndOfferedToShells)
     for (auto const* command : commandTable()) {
         std::string const name(command->name);
         EXPECT_TRUE(std::regex_search(manual, std::regex(R"(\n\.TP\n\.(B|BR|BI) )" + name + R"([ \n])"))) << name;
-        EXPECT_EQ(run({ "complete", name }).out.find(name + "\t" + std::string(command->summary) + "\n"), 0U) << name;
+        EXPECT_EQ(run({ "complete", name }).out.find(name + "\t" + command->summary.english + "\n"), 0U) << name;
     }
 }
 
@@ -66,7 +66,7 @@ TEST_F(CommandLineTest, TellsShellsWhatMayFollow)
         std::string out;
     };
     Row const rows[] = {
-        { { "doctor", "" }, "--json\n" },
+        { { "doctor", "" }, "--json\n--report\n" },
         { { "show", "--" }, "--at\n" },
         { { "perform", "" }, "--command\nMy \"Folder\"\nCustomize Zanthe Vell…\n" },
         { { "perform", "--command", "My \"Folder\"", "S" }, "Sleep\n" },
@@ -85,6 +85,27 @@ TEST_F(CommandLineTest, TellsShellsWhatMayFollow)
     }
     EXPECT_TRUE(run({ "complete", "prefs", "read", "Sc" }).out.starts_with("ScanDepth\t"));
     EXPECT_EQ(run({ "--help" }).out.find("complete"), std::string::npos) << "not for people";
+}
+
+TEST_F(CommandLineTest, AReportNamesNoPathAndNoTitleAndIsWrittenOnlyWhenAsked)
+{
+    defaults.stored.set("Menu", toPropertyList(std::vector { MenuItem { .kind = MenuItemKind::fsObject, .title = "Secret" } }));
+    checks = { { "Items", DoctorCheck::State::ok, "kept in /home/ada/My Items", "" },
+        { "Keys", DoctorCheck::State::limited, "X11/Wayland: none.", "See ~/ada." } };
+    EXPECT_EQ(run({ "doctor", "--report" }), (Outcome { 1, run({ "doctor", "--report" }).out, "zanthe-vell: nothing was written\n" }))
+        << "the end of the input";
+    input = "y\n";
+    auto const asked = run({ "doctor", "--report" });
+    EXPECT_EQ(asked.status, 0) << asked;
+    auto const file = Url::fromPath("/here/zanthe-vell-report.txt");
+    auto const bytes = files.read(file).value();
+    std::string const written(reinterpret_cast<char const*>(bytes.data()), bytes.size());
+    EXPECT_TRUE(asked.out.starts_with(written)) << "all of it was shown first";
+    for (auto const* secret : { "ada", "My Items", "Secret" })
+        EXPECT_EQ(written.find(secret), std::string::npos) << written;
+    for (auto const* told : { "kept in (path)", "X11/Wayland: none.", "ScanDepth=10", "FSObject 1" })
+        EXPECT_NE(written.find(told), std::string::npos) << written;
+    EXPECT_EQ(run({ "doctor", "--report" }).status, 1) << "it is there already";
 }
 
 TEST_F(CommandLineTest, TellsItsVersion) { EXPECT_EQ(run({ "--version" }), (Outcome { 0, "Zanthe Vell " ZV_VERSION "\n", "" })); }

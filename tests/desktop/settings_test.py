@@ -226,9 +226,12 @@ class SettingsTest(unittest.TestCase):
         def toggle(title):
             return lambda: act(found(title, pyatspi.ROLE_CHECK_BOX))
 
+        self.tab("General")
+        without_tray = "Nothing on this desktop shows status icons."
+        wait_until(lambda: any(each.name.startswith(without_tray) for each in showing(pyatspi.ROLE_LABEL)), 3, "the note that no tray is there")
         with Panel():
             menu, bus = NextMenu(), Bus()
-            self.tab("General")
+            wait_until(lambda: not any(each.name.startswith(without_tray) for each in showing(pyatspi.ROLE_LABEL)), 3, "goes with the panel")
             rows = (
                 (toggle("Icons"), lambda: not menu.has_icons()),
                 (toggle("Hidden files"), lambda: ".concealed" in menu.titles()),

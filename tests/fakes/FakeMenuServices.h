@@ -81,8 +81,8 @@ public:
     {
     }
     MenuItemKind::Case kind() const override { return m_kind; }
-    std::string_view emptyTitle() const override { return "Empty List"; }
-    std::string_view noResponseTitle() const override { return whenSilent; }
+    std::string emptyTitle() const override { return "Empty List"; }
+    std::string noResponseTitle() const override { return whenSilent; }
     void fill(Done done) override
     {
         questions.push_back(done);

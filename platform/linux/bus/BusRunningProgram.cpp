@@ -1,6 +1,7 @@
 #include "platform/linux/bus/BusRunningProgram.h"
 
 #include <cmath>
+#include <utility>
 
 namespace zv {
 
@@ -49,15 +50,27 @@ bool BusRunningProgram::isRunning() const
     return session && session->hasOwner(program.service, Deadline(patience));
 }
 
+/// A program without a token may still show itself, so nobody hears of a failure.
+void BusRunningProgram::handTokenOver()
+{
+    if (!m_activationToken.empty())
+        (void)tell("TakeActivationToken", g_variant_new("(s)", std::exchange(m_activationToken, {}).c_str()), BusConnection::Starting::allowed);
+}
+
 Result<void> BusRunningProgram::showMenu(std::optional<ScreenPoint> at)
 {
+    handTokenOver();
     if (!at)
         return tell("ShowMenu", nullptr, BusConnection::Starting::allowed);
     return tell(
         "ShowMenuAt", g_variant_new("(ii)", static_cast<int>(std::lround(at->x)), static_cast<int>(std::lround(at->y))), BusConnection::Starting::allowed);
 }
 
-Result<void> BusRunningProgram::openSettings() { return tell("OpenSettings", nullptr, BusConnection::Starting::allowed); }
+Result<void> BusRunningProgram::openSettings()
+{
+    handTokenOver();
+    return tell("OpenSettings", nullptr, BusConnection::Starting::allowed);
+}
 
 Result<void> BusRunningProgram::quit() { return tell("Quit", nullptr, BusConnection::Starting::forbidden); }
 

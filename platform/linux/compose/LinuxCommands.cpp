@@ -4,6 +4,7 @@
 #include "app/doctor/ProgramChecks.h"
 #include "app/shell/RunningProgramTexts.h"
 #include "platform/linux/compose/LinuxSystem.h"
+#include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/doctor/DesktopSurvey.h"
 #include "platform/linux/doctor/DisplaySurvey.h"
 #include "platform/linux/icons/ThemeIconSource.h"
@@ -14,9 +15,13 @@
 #include "platform/linux/toolkit/QtTasks.h"
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/SessionBus.h"
+#include "platform/linux/wayland/ForeignToplevels.h"
+#include "platform/linux/wayland/GnomeShell.h"
+#include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/windows/LinuxApplication.h"
 #include "platform/linux/windows/QtAlerts.h"
 #include "platform/linux/x11/StartupNotification.h"
+#include "platform/linux/x11/X11ClientWindows.h"
 #include "platform/linux/x11/X11Connection.h"
 
 #include <QCoreApplication>
@@ -43,11 +48,15 @@ void turnUntil(std::function<bool()> const& isDone, std::chrono::milliseconds li
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// Nothing in a Wayland session, whose X server knows of only some of the windows.
-std::optional<X11ClientWindows> clientWindows(X11Connection const* x, Environment const& environment)
+/// In a Wayland session its X server knows of only some of the windows.
+std::unique_ptr<ClientWindows> clientWindows(
+    X11Connection const* x, WaylandGlobals const* wayland, QDBusConnection const& sessionBus, Environment const& environment)
 {
-    bool const knowsAll = x && sessionKindOf(environment) == SessionKind::x11;
-    return knowsAll ? std::optional(X11ClientWindows(x->get(), x->root())) : std::nullopt;
+    if (auto windows = ForeignToplevels::windowsOf(ForeignToplevels::of(wayland)))
+        return windows;
+    if (sessionKindOf(environment) == SessionKind::wayland)
+        return windowsOnBus(sessionBus);
+    return x ? std::make_unique<X11ClientWindows>(x->get(), x->root()) : nullptr;
 }
 
 } // namespace
@@ -60,8 +69,8 @@ struct LinuxCommands::Turning {
               .timers = timers,
               .tasks = tasks,
               .access = access,
-              .sessionBus = sessionBus(access.buses),
-              .windows = clientWindows(display.get(), files.environment()),
+              .sessionBus = bus,
+              .windows = clientWindows(display.get(), wayland.get(), bus, files.environment()),
               .pending = &pending })
         , system(machine.system())
         , pictures(tasks, timers, files.trust())
@@ -75,7 +84,9 @@ struct LinuxCommands::Turning {
     QtTasks tasks;
     WorkCount pending;
     std::unique_ptr<X11Connection> display = X11Connection::open();
+    std::unique_ptr<WaylandGlobals> wayland = WaylandGlobals::connected();
     DesktopAccess access;
+    QDBusConnection bus = sessionBus(access.buses);
     LinuxSystem machine;
     System system;
     CellTextMeasure cells;
@@ -107,7 +118,8 @@ Files const& LinuxCommands::files()
 RunningProgram& LinuxCommands::runningProgram()
 {
     if (!m_runningProgram)
-        m_runningProgram = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts());
+        m_runningProgram
+            = std::make_unique<BusRunningProgram>(BusAddresses::of(m_environment).session, runningProgramTexts(), activationTokenOf(m_environment));
     return *m_runningProgram;
 }
 
@@ -143,9 +155,11 @@ bool LinuxCommands::present(Alert const& alert)
 std::vector<DoctorCheck> LinuxCommands::doctorChecks()
 {
     auto checks = programChecks(runningProgram(), files().resources, *files().disk, store(),
-        { { "Settings", Url::fromPath(machine().paths().settingsFile).parent() }, { "Items", places().itemsFolder }, { "Backups", places().backupsFolder } });
+        { { KeptFolder::Holds::settings, Url::fromPath(machine().paths().settingsFile).parent() }, { KeptFolder::Holds::items, places().itemsFolder },
+            { KeptFolder::Holds::backups, places().backupsFolder } });
     DesktopFindings findings;
-    surveyDisplay(m_environment, findings);
+    auto const wayland = WaylandGlobals::connected();
+    surveyDisplay(m_environment, wayland && wayland->layerShell(), findings);
     surveyServices(DesktopAccess::of(m_environment), machine().paths().user, machine().audience().desktops, findings);
     std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;

@@ -5,12 +5,15 @@
 #include "base/Log.h"
 #include "platform/linux/apps/Launching.h"
 #include "platform/linux/bus/BusRunningProgram.h"
+#include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
+#include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/StageMenuPlacer.h"
+#include "platform/linux/wayland/WaylandOverlay.h"
 #include "platform/linux/x11/StartupNotification.h"
 
 #include <QDBusConnectionInterface>
@@ -25,6 +28,8 @@
 namespace zv {
 
 namespace {
+
+QString const trayName = QStringLiteral("org.kde.StatusNotifierWatcher");
 
 /// Local feeds are allowed where resources are given, for trials.
 DownloadSchemes downloadSchemes(ProgramPlaces const& paths) { return paths.givenResources.empty() ? DownloadSchemes::httpsOnly : DownloadSchemes::localToo; }
@@ -41,7 +46,7 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     LinuxInstallation::Options options;
     options.userFolder = files.paths().user.home + "/.local/bin";
     options.userApplications = files.paths().user.data + "/applications";
-    options.entryNotWritten = relocationTexts::entryNotWritten;
+    options.entryNotWritten = tr(relocationTexts::entryNotWritten);
     options.isMountedAppImage = files.environment().contains("APPIMAGE");
     options.resources = resourcesOfThisProgram(files.paths());
     options.giveWay = std::move(giveWay);
@@ -71,10 +76,11 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
     return process.startDetached();
 }
 
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland)
+/// The bus may be exchanged later.
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus)
 {
     if (wayland)
-        return std::make_unique<StageMenuPlacer>(*wayland);
+        return std::make_unique<StageMenuPlacer>(*wayland, [&bus] { return GnomeShell::pointerOn(bus); });
     return std::make_unique<DesktopMenuPlacer>();
 }
 
@@ -100,25 +106,21 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     : m_files(std::move(environment))
     , m_application(count, arguments)
     , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
+    , m_wayland(WaylandGlobals::ofToolkit())
+    , m_toplevels(ForeignToplevels::of(m_wayland.get()))
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
     , m_instance(m_bus, handlers(), m_files.paths().instanceLock)
-    , m_system({ .files = m_files,
-          .timers = m_timers,
-          .tasks = m_tasks,
-          .access = m_access,
-          .sessionBus = m_bus,
-          .windows = sessionKind() == SessionKind::x11 ? clientWindowsOfThisDisplay() : std::nullopt,
-          .pending = nullptr })
+    , m_system(
+          { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_wayland(WaylandGlobals::ofToolkit())
-    , m_placer(menuPlacer(m_wayland.get()))
+    , m_placer(menuPlacer(m_wayland.get(), m_bus))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
-    , m_keyboard(m_timers, m_bus, sessionKind())
-    , m_overlay(OverlayFrontEnd::make(sessionKind()))
+    , m_keyboard(m_timers, m_bus, m_files.environment())
+    , m_overlay(m_wayland ? waylandOverlay(*m_wayland, m_toplevels) : OverlayFrontEnd::make(sessionKind()))
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
@@ -130,6 +132,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
 {
     if (sessionKind() == SessionKind::x11)
         setLaunchTokens({ .startupId = beginStartup });
+    m_statusBar.onActivationToken = useActivationToken;
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }
@@ -142,6 +145,7 @@ int LinuxFrontEnd::run()
         return openSettingsOfOther();
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_look.useBus(m_bus);
+    watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
     m_loginService.mend();
@@ -158,7 +162,7 @@ int LinuxFrontEnd::run()
 /// Waits a moment for a program that has only just started, or lost the bus.
 int LinuxFrontEnd::openSettingsOfOther()
 {
-    BusRunningProgram other(m_access.buses.session, runningProgramTexts());
+    BusRunningProgram other(m_access.buses.session, runningProgramTexts(), activationTokenOf(m_files.environment()));
     for (int attempt = 0; attempt < 30 && m_bus.isConnected() && !other.isRunning(); ++attempt)
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
     auto const told = other.openSettings();
@@ -199,6 +203,8 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_userNotifications.useBus(bus);
     m_system.useBus(bus);
     m_look.useBus(bus);
+    watchForTray();
+    m_trayObservers.changed(0);
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -218,13 +224,14 @@ ProgramHandlers LinuxFrontEnd::handlers()
         .addFiles = [this](std::vector<Url> files) { return m_app->addFiles(std::move(files)); },
         .hotkeys = [this] { return publishedHotkeys(); },
         .findings = {},
+        .takeActivationToken = useActivationToken,
         .canShowMenu = [this] { return canShowMenu(); } };
 }
 
 Result<void> LinuxFrontEnd::canShowMenu() const
 {
     if (m_placer->reach() == MenuPlacer::Reach::nowhere)
-        return Failure { std::string(noWindowText) };
+        return Failure { tr(noWindowText) };
     return {};
 }
 
@@ -267,8 +274,16 @@ std::function<void(Url const&, std::function<void(Result<void>)>)> LinuxFrontEnd
 
 bool LinuxFrontEnd::statusIconsAreShown() const
 {
+    m_trayObservers.access(0);
     auto* bus = m_bus.interface();
-    return bus && bus->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    return bus && bus->isServiceRegistered(trayName);
+}
+
+/// Tells when a tray comes or goes: whoever asked may answer differently then.
+void LinuxFrontEnd::watchForTray()
+{
+    m_trayWatch = std::make_unique<QDBusServiceWatcher>(trayName, m_bus);
+    QObject::connect(m_trayWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, m_trayWatch.get(), [this] { m_trayObservers.changed(0); });
 }
 
 bool LinuxFrontEnd::openAutostartSettings()
@@ -282,6 +297,15 @@ bool LinuxFrontEnd::openAutostartSettings()
             return startDetached(program, arguments, m_files.environment());
     }
     return false;
+}
+
+std::unique_ptr<ClientWindows> LinuxFrontEnd::clientWindows() const
+{
+    if (auto windows = ForeignToplevels::windowsOf(m_toplevels))
+        return windows;
+    if (sessionKind() == SessionKind::wayland)
+        return windowsOnBus(m_bus);
+    return clientWindowsOfThisDisplay();
 }
 
 std::optional<OverlaySeams> LinuxFrontEnd::overlay() { return m_overlay ? std::optional(m_overlay->seams()) : std::nullopt; }

@@ -21,6 +21,7 @@
 #include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
+#include "platform/linux/wayland/ForeignToplevels.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
@@ -28,6 +29,7 @@
 #include "platform/linux/windows/QtFilePanels.h"
 #include "platform/linux/windows/QtNotesWindows.h"
 
+#include <QDBusServiceWatcher>
 #include <QSocketNotifier>
 
 #include <condition_variable>
@@ -52,10 +54,12 @@ private:
     [[nodiscard]] SessionKind sessionKind() const { return sessionKindOf(m_files.environment()); }
     [[nodiscard]] ProgramHandlers handlers();
     [[nodiscard]] Surface surface();
+    [[nodiscard]] std::unique_ptr<ClientWindows> clientWindows() const;
     [[nodiscard]] std::optional<OverlaySeams> overlay();
     [[nodiscard]] UpdateEngineFactory updateEngine();
     [[nodiscard]] std::function<void(Url const&, std::function<void(Result<void>)>)> openPackage();
     [[nodiscard]] bool statusIconsAreShown() const;
+    void watchForTray();
     bool openAutostartSettings();
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
@@ -69,6 +73,8 @@ private:
     LinuxFiles m_files;
     LinuxApplication m_application;
     LookFollower m_look;
+    std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
+    std::shared_ptr<ForeignToplevels> m_toplevels; ///< null where the compositor does not tell its windows
     DesktopAccess m_access;
     QDBusConnection m_bus;
     std::mutex m_reporting; ///< guards the report
@@ -87,11 +93,12 @@ private:
 
     QtModifierKeys m_modifierKeys;
     MenuPerformer m_performer;
-    std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
     std::unique_ptr<MenuPlacer> m_placer;
     MenuPresenter m_presenter;
     QtMenuHost m_menuHost;
     StatusNotifierBar m_statusBar;
+    std::unique_ptr<QDBusServiceWatcher> m_trayWatch;
+    ObservationRegistrar m_trayObservers;
     LinuxHotkeys m_keyboard;
     std::unique_ptr<OverlayFrontEnd> m_overlay;
 

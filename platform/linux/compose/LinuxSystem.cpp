@@ -14,14 +14,14 @@ template <class Counted, class Seam> std::optional<Counted> countedBy(WorkCount*
 
 } // namespace
 
-LinuxSystem::LinuxSystem(Over const& over)
+LinuxSystem::LinuxSystem(Over over)
     : m_files(over.files)
     , m_timers(over.timers)
     , m_tasks(over.tasks)
     , m_catalog(m_tasks, over.files.paths().user.applicationFolders(), over.files.audience())
     , m_applicationFolders(m_catalog, over.files.paths().user.applicationFolders())
     , m_runningApplications(
-          { .catalog = m_catalog, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus }, over.windows)
+          { .catalog = m_catalog, .launch = [this](Url const& application) { launch(application); }, .sessionBus = over.sessionBus }, std::move(over.windows))
     , m_countedTasks(countedBy<CountedTasks>(over.pending, m_tasks))
     , m_countedApplications(countedBy<CountedRunningApplications>(over.pending, m_runningApplications))
     , m_recentFiles({ m_tasks, m_files.clock(), m_catalog }, m_files.paths().user.recentlyUsedFile(), LaunchLog(m_files.paths().launchLog))

@@ -33,12 +33,12 @@ public:
         Tasks& tasks;
         DesktopAccess const& access;
         QDBusConnection sessionBus;
-        std::optional<X11ClientWindows> windows; ///< nothing where no X server knows of all windows
+        std::unique_ptr<ClientWindows> windows; ///< null where nobody tells all windows
         WorkCount* pending; ///< counts pending work that commands wait for; null in the program
     };
 
     /// The references outlive the system.
-    explicit LinuxSystem(Over const& over);
+    explicit LinuxSystem(Over over);
     LinuxSystem(LinuxSystem const&) = delete;
     LinuxSystem& operator=(LinuxSystem const&) = delete;
 

@@ -3,10 +3,18 @@
 #include "platform/linux/posix/LaunchContext.h"
 
 #include <cstdlib>
+#include <mutex>
 #include <string_view>
 #include <unistd.h>
 
 namespace zv {
+
+namespace {
+
+/// https://gitlab.freedesktop.org/wayland/wayland-protocols, staging/xdg-activation
+constexpr char const* activationToken = "XDG_ACTIVATION_TOKEN";
+
+} // namespace
 
 Environment processEnvironment()
 {
@@ -25,6 +33,19 @@ void setForThisProgramAlone(char const* name, char const* value)
         return;
     ::setenv(name, value, 1);
     keepFromChildren(name);
+}
+
+std::string activationTokenOf(Environment const& environment)
+{
+    auto const token = valueOf(environment, activationToken);
+    return token.empty() ? valueOf(environment, "DESKTOP_STARTUP_ID") : token;
+}
+
+void useActivationToken(std::string const& token)
+{
+    static std::once_flag once;
+    std::call_once(once, [] { keepFromChildren(activationToken); });
+    ::setenv(activationToken, token.c_str(), 1);
 }
 
 } // namespace zv

@@ -6,7 +6,9 @@
 #include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
+#include "platform/linux/posix/ProgramPlaces.h"
 #include "platform/linux/text/Collation.h"
+#include "platform/linux/text/MessageCatalogue.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 
 #include <cstdlib>
@@ -49,7 +51,7 @@ int runProgram(char* name, zv::Environment const& environment)
 {
     auto server = zv::displayServerFor(environment);
     if (server.empty()) {
-        zv::logLine(zv::noDisplayText);
+        zv::logLine(zv::noDisplayText.english);
         return 1;
     }
     prepareToolkitFor(server, environment);
@@ -68,5 +70,6 @@ int main(int argc, char** argv)
     zv::markMainThread();
     auto const environment = zv::processEnvironment();
     zv::useCollationOf(environment);
+    zv::useMessageCatalogue(zv::ProgramPlaces::of(environment).catalogues);
     end(argc > 1 ? runCommand({ argv + 1, argv + argc }, environment) : runProgram(argv[0], environment));
 }

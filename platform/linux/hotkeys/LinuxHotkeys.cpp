@@ -1,6 +1,9 @@
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 
+#include "platform/linux/hotkeys/GlobalAccelRegistrar.h"
+#include "platform/linux/hotkeys/GnomeHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
+#include "platform/linux/hotkeys/SwayHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -13,11 +16,14 @@ namespace {
 /// else the usual one.
 class FixedLayout : public KeyboardLayoutSource {
 public:
-    std::vector<KeyTexts> layers() override
+    explicit FixedLayout(std::optional<XkbKeymap> const& keymap)
+        : m_layers(keymap ? keymap->layers(0) : std::vector<KeyTexts>())
     {
-        auto const keymap = XkbKeymap::named(nullptr);
-        return keymap ? keymap->layers(0) : std::vector<KeyTexts>();
     }
+    std::vector<KeyTexts> layers() override { return m_layers; }
+
+private:
+    std::vector<KeyTexts> m_layers;
 };
 
 class NoHotkeys : public HotkeyRegistrar {
@@ -27,25 +33,55 @@ public:
     HotkeySupport support() const override { return HotkeySupport::none; }
 };
 
+bool isKde(Environment const& environment) { return valueOf(environment, "XDG_CURRENT_DESKTOP").find("KDE") != std::string::npos; }
+
+/// Whether the desktop gives combinations without a word of the user's.
+bool asksNobody(QDBusConnection const& bus, Environment const& environment)
+{
+    FixedLayout unused(std::nullopt);
+    return (isKde(environment) && GlobalAccelRegistrar::isThere(bus)) || GnomeHotkeyRegistrar::isThere(bus)
+        || SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), unused);
+}
+
 } // namespace
 
-LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, SessionKind session)
+LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
     : m_connection(X11Connection::open())
 {
     auto const xkb = m_connection ? XkbExtension::setUp(*m_connection) : std::nullopt;
     auto keyboard = xkb ? std::make_unique<XkbKeyboardLayoutSource>(*m_connection, *xkb, timers) : nullptr;
     m_keyboard = keyboard.get();
-    if (session == SessionKind::wayland) {
-        m_layout = keyboard ? std::unique_ptr<KeyboardLayoutSource>(std::move(keyboard)) : std::make_unique<FixedLayout>();
+    m_fixed = XkbKeymap::named(nullptr);
+    if (keyboard)
+        m_layout = std::move(keyboard);
+    else
+        m_layout = std::make_unique<FixedLayout>(m_fixed);
+    if (sessionKindOf(environment) == SessionKind::wayland)
+        useWayland(timers, sessionBus, environment);
+    else if (m_keyboard)
+        m_registrar = std::make_unique<XcbHotkeyRegistrar>(*m_connection, *m_keyboard, timers);
+    else
+        m_registrar = std::make_unique<NoHotkeys>();
+}
+
+/// What asks the user nothing comes first.
+void LinuxHotkeys::useWayland(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
+{
+    if (isKde(environment) && GlobalAccelRegistrar::isThere(sessionBus)) {
+        auto const shifted = [this](std::uint16_t key) { return m_fixed ? m_fixed->shiftedText(key) : std::string(); };
+        auto accel = std::make_unique<GlobalAccelRegistrar>(sessionBus, *m_layout, shifted);
+        m_accel = accel.get();
+        m_registrar = std::move(accel);
+    } else if (auto sway = SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), *m_layout)) {
+        m_registrar = std::move(sway);
+    } else if (GnomeHotkeyRegistrar::isThere(sessionBus)) {
+        auto gnome = std::make_unique<GnomeHotkeyRegistrar>(sessionBus, *m_layout);
+        m_gnome = gnome.get();
+        m_registrar = std::move(gnome);
+    } else {
         auto portal = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
         m_portal = portal.get();
         m_registrar = std::move(portal);
-    } else if (keyboard) {
-        m_registrar = std::make_unique<XcbHotkeyRegistrar>(*m_connection, *keyboard, timers);
-        m_layout = std::move(keyboard);
-    } else {
-        m_layout = std::make_unique<FixedLayout>();
-        m_registrar = std::make_unique<NoHotkeys>();
     }
 }
 
@@ -55,22 +91,30 @@ void LinuxHotkeys::useBus(QDBusConnection const& bus)
 {
     if (m_portal)
         m_portal->useBus(bus);
+    if (m_accel)
+        m_accel->useBus(bus);
+    if (m_gnome)
+        m_gnome->useBus(bus);
 }
 
 KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 {
-    auto const layers = m_keyboard ? m_keyboard->layers() : std::vector<KeyTexts>();
+    auto const layers = m_layout->layers();
     for (std::uint16_t code = 0; !layers.empty() && code < keyCodeCount; ++code) {
-        if (m_keyboard->keycode(code) == xKeycode)
+        auto const known = m_keyboard ? m_keyboard->keycode(code) : m_fixed ? m_fixed->keycodes()[code] : std::uint8_t { 0 };
+        if (known != 0 && known == xKeycode)
             return { code, layers.front()[code] };
     }
     return {};
 }
 
-HotkeySupport LinuxHotkeys::support(QDBusConnection const& sessionBus, SessionKind session)
+HotkeySupport LinuxHotkeys::support(QDBusConnection const& sessionBus, Environment const& environment)
 {
-    if (session == SessionKind::wayland)
+    if (sessionKindOf(environment) == SessionKind::wayland) {
+        if (asksNobody(sessionBus, environment))
+            return HotkeySupport::everywhere;
         return PortalHotkeyRegistrar::isThere(sessionBus) ? HotkeySupport::askingTheUser : HotkeySupport::none;
+    }
     auto const x = X11Connection::open();
     return x && XkbExtension::setUp(*x) ? HotkeySupport::everywhere : HotkeySupport::none;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/hotkeys/RecordedKeys.h"
+#include "platform/linux/hotkeys/XkbKeymap.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
@@ -9,19 +10,22 @@
 #include <QDBusConnection>
 
 #include <memory>
+#include <optional>
 
 namespace zv {
 
 class X11Connection;
+class GlobalAccelRegistrar;
+class GnomeHotkeyRegistrar;
 class PortalHotkeyRegistrar;
 class XkbKeyboardLayoutSource;
 
-/// The session's hotkeys: X11's grabs, on Wayland the desktop's portal, else none, each with a
-/// keyboard layout. Made after the application object.
+/// The session's hotkeys, each with a keyboard layout: X11's grabs; on Wayland KDE's own service,
+/// sway's connection, our extension of GNOME Shell, or the desktop's portal; else none. Made after the application object.
 class LinuxHotkeys {
 public:
     /// The timers outlive this.
-    LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, SessionKind session);
+    LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment);
     ~LinuxHotkeys();
     LinuxHotkeys(LinuxHotkeys const&) = delete;
     LinuxHotkeys& operator=(LinuxHotkeys const&) = delete;
@@ -36,14 +40,19 @@ public:
     [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
 
     /// The support that an instance would find, without making one; for `doctor`.
-    [[nodiscard]] static HotkeySupport support(QDBusConnection const& sessionBus, SessionKind session);
+    [[nodiscard]] static HotkeySupport support(QDBusConnection const& sessionBus, Environment const& environment);
 
 private:
+    void useWayland(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment);
+
     std::unique_ptr<X11Connection> m_connection; ///< null without an X server
     std::unique_ptr<KeyboardLayoutSource> m_layout;
     XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< null without an X server
+    std::optional<XkbKeymap> m_fixed; ///< the keyboard without one
     std::unique_ptr<HotkeyRegistrar> m_registrar;
-    PortalHotkeyRegistrar* m_portal = nullptr; ///< null on X11
+    PortalHotkeyRegistrar* m_portal = nullptr; ///< null where it is not used, …
+    GlobalAccelRegistrar* m_accel = nullptr; ///< … and so are these
+    GnomeHotkeyRegistrar* m_gnome = nullptr;
 };
 
 } // namespace zv

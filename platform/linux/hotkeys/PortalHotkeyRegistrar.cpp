@@ -1,7 +1,7 @@
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 
 #include "base/MainThread.h"
-#include "platform/linux/hotkeys/VirtualKeys.h"
+#include "platform/linux/hotkeys/KeyNames.h"
 #include "platform/linux/toolkit/BusListener.h"
 #include "platform/linux/toolkit/BusStructures.h"
 
@@ -10,12 +10,9 @@
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
-#include <QStringList>
-#include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace zv {
@@ -65,28 +62,6 @@ QDBusMessage versionQuestion()
 /// A chord's name, equal at every start, so that the desktop remembers the user's choice.
 QString nameOf(KeyChord chord) { return text("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
 
-/// The X name of a key that types nothing: "FK05" is F5.
-QString nameOfKey(std::uint16_t code)
-{
-    for (auto const& key : virtualKeys()) {
-        if (key.code != code)
-            continue;
-        auto const name = text(key.xkbName);
-        if (name == text("ESC"))
-            return text("Escape");
-        return name.startsWith(text("FK")) ? text("F") + QString::number(name.mid(2).toInt()) : QString();
-    }
-    return {};
-}
-
-QString nameOfSymbol(std::string const& typed)
-{
-    auto const characters = QString::fromStdString(typed).toUcs4();
-    auto const symbol = characters.isEmpty() ? XKB_KEY_NoSymbol : xkb_utf32_to_keysym(characters.first());
-    std::array<char, 64> name {};
-    return symbol != XKB_KEY_NoSymbol && xkb_keysym_get_name(symbol, name.data(), name.size()) > 0 ? text(name.data()) : QString();
-}
-
 /// Reads a response: a number, 0 for granted, then a map of results.
 bool isGranted(QDBusMessage const& response) { return response.arguments().value(0, 1U).toUInt() == 0; }
 
@@ -130,6 +105,15 @@ bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
     return bus.call(versionQuestion(), QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
+/// Names our entry to the portal, which knows a program by its desktop's launcher alone; before any other call of the
+/// connection. Older portals lack it, and nothing depends on the answer.
+void PortalHotkeyRegistrar::introduce()
+{
+    auto message = QDBusMessage::createMethodCall(text(portalService), text(portalPath), text("org.freedesktop.host.portal.Registry"), text("Register"));
+    message << text("org.zanthevell.ZantheVell") << QVariantMap();
+    m_bus.asyncCall(message);
+}
+
 /// Drops the session and its bindings, which end with their portal.
 void PortalHotkeyRegistrar::portalChangedHands(QString const& newOwner)
 {
@@ -144,6 +128,7 @@ void PortalHotkeyRegistrar::portalChangedHands(QString const& newOwner)
 
 void PortalHotkeyRegistrar::askForPortal()
 {
+    introduce();
     auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(versionQuestion()), m_context.get());
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
@@ -224,14 +209,15 @@ void PortalHotkeyRegistrar::bindShortcuts()
     call("BindShortcuts", { QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts), QString(), options });
 }
 
+/// KDE grants an empty list while the user still has to give the keys in its settings: that is no refusal.
 void PortalHotkeyRegistrar::shortcutsBound(QDBusMessage const& message)
 {
     auto refused = m_wanted;
-    if (isGranted(message)) {
-        for (auto const& shortcut : qdbus_cast<QList<PortalShortcut>>(resultsOf(message).value(text("shortcuts"))))
-            std::erase_if(refused, [&](KeyChord chord) { return nameOf(chord) == shortcut.id; });
-    }
-    refuse(std::move(refused));
+    auto const bound = qdbus_cast<QList<PortalShortcut>>(resultsOf(message).value(text("shortcuts")));
+    for (auto const& shortcut : bound)
+        std::erase_if(refused, [&](KeyChord chord) { return nameOf(chord) == shortcut.id; });
+    bool const awaitsKeys = isGranted(message) && bound.isEmpty();
+    refuse(awaitsKeys ? std::set<KeyChord> {} : isGranted(message) ? std::move(refused) : m_wanted);
 }
 
 void PortalHotkeyRegistrar::refuse(std::set<KeyChord> refused)
@@ -284,20 +270,9 @@ void PortalHotkeyRegistrar::call(char const* method, QVariantList const& argumen
 /// The chord in the portal's notation, such as "CTRL+LOGO+e", where keys are named by the text they type.
 QString PortalHotkeyRegistrar::trigger(KeyChord chord)
 {
-    static constexpr std::pair<std::uint32_t, char const*> words[]
-        = { { controlKey, "CTRL" }, { optionKey, "ALT" }, { shiftKey, "SHIFT" }, { commandKey, "LOGO" } };
-    QStringList parts;
-    for (auto const& [modifier, word] : words) {
-        if ((chord.modifiers & modifier) != 0)
-            parts.append(text(word));
-    }
-    QString key = nameOfKey(chord.keyCode);
-    for (auto const& layer : m_layout.layers()) {
-        if (key.isEmpty() && chord.keyCode < layer.size())
-            key = nameOfSymbol(layer[chord.keyCode]);
-    }
-    parts.append(key);
-    return parts.join(u'+');
+    static constexpr std::array<std::pair<std::uint32_t, char const*>, 4> words { { { controlKey, "CTRL" }, { optionKey, "ALT" }, { shiftKey, "SHIFT" },
+        { commandKey, "LOGO" } } };
+    return chordText(chord, words, m_layout.layers());
 }
 
 } // namespace zv

@@ -48,6 +48,7 @@ private:
 
     void listen();
     void portalChangedHands(QString const& newOwner);
+    void introduce();
     void askForPortal();
     void bindSoon();
     void bind();

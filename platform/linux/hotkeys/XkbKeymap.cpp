@@ -169,6 +169,14 @@ KeyTexts XkbKeymap::textsOfGroup(std::uint32_t group) const
     return texts;
 }
 
+std::string XkbKeymap::shiftedText(std::uint16_t virtualCode) const
+{
+    xkb_keysym_t const* symbols = nullptr;
+    auto const code = virtualCode < m_keycodes.size() ? m_keycodes[virtualCode] : std::uint8_t { 0 };
+    int const count = code == 0 ? 0 : xkb_keymap_key_get_syms_by_level(m_keymap.get(), code, 0, 1, &symbols);
+    return count == 1 ? textOf(symbols[0]) : std::string();
+}
+
 std::vector<KeyTexts> XkbKeymap::layers(std::uint32_t group) const
 {
     std::vector<KeyTexts> layers { textsOfGroup(group) };

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 struct xcb_connection_t;
@@ -36,6 +37,8 @@ public:
     /// The texts typed in `group`, then in the first group with the Latin alphabet, or without
     /// one on a US layout: shortcuts are Latin on a Russian keyboard too.
     [[nodiscard]] std::vector<KeyTexts> layers(std::uint32_t group) const;
+    /// The text that the key types with Shift on the first layout; empty for none.
+    [[nodiscard]] std::string shiftedText(std::uint16_t virtualCode) const;
     [[nodiscard]] XKeycodes const& keycodes() const { return m_keycodes; }
     [[nodiscard]] ModifierBits const& modifiers() const { return m_modifiers; }
 

@@ -53,6 +53,12 @@ bool EntryMenuPopup::takes(QKeyEvent const& event)
 
 bool EntryMenuPopup::isOpen() const { return m_popup && m_popup->isVisible(); }
 
+void EntryMenuPopup::close()
+{
+    if (m_popup)
+        m_popup->close();
+}
+
 /// A press beside all menus closes them all: to the toolkit this one is no part of the others.
 void EntryMenuPopup::closed()
 {

@@ -39,6 +39,7 @@ public:
     bool takes(QKeyEvent const& event);
 
     [[nodiscard]] bool isOpen() const;
+    void close();
 
 private:
     enum class By { pointer, key };

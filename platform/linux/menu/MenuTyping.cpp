@@ -225,7 +225,7 @@ void MenuTyping::showLine()
     m_line->setText(QString::fromStdString(m_filter.text()));
     m_lineText->setText(m_line->text());
     m_line->setStatusTip(QString::fromStdString(m_filter.announcement(matchCount(), instead)));
-    m_noMatches->setText(QString::fromUtf8(instead.data(), static_cast<qsizetype>(instead.size())));
+    m_noMatches->setText(QString::fromStdString(zv::tr(instead)));
     m_noMatches->setVisible(isFiltering() && matchCount() == 0);
 }
 
@@ -235,7 +235,9 @@ void MenuTyping::addLine()
     auto* line = new QWidgetAction(&m_window);
     m_lineText = new QLabel(&m_window);
     m_lineText->setTextFormat(Qt::PlainText);
-    m_lineText->setContentsMargins(28, 3, 12, 3);
+    bool const isRightToLeft = m_window.isRightToLeft(); // like the titles, whichever way the text reads
+    m_lineText->setContentsMargins(isRightToLeft ? QMargins(12, 3, 28, 3) : QMargins(28, 3, 12, 3));
+    m_lineText->setAlignment((isRightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter);
     line->setDefaultWidget(m_lineText);
     line->setEnabled(false);
     auto palette = m_lineText->palette();

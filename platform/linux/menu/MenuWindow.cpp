@@ -110,6 +110,7 @@ void MenuWindow::didHide()
     m_menu->onRefilled = nullptr;
     m_mirror.dropAwaitedIcons();
     m_typing.end();
+    m_entryMenu.close();
     m_menu->didClose();
     if (parentMenu())
         announceSubmenu(*this);
@@ -294,12 +295,13 @@ bool MenuWindow::isOnItsWay(QPoint at)
     return actionAt(mapFromGlobal(at)) != activeAction() && !submenu->geometry().contains(at) && m_aim.isAt(submenu->geometry());
 }
 
-/// The toolkit's timers, which open and close submenus, wait for a pointer that is on its way.
+/// The toolkit's timers, which open and close submenus, wait for a pointer that is on its way, and while an entry's own
+/// menu is open, which a submenu would cover and take the pointer from.
 void MenuWindow::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_rest.timerId())
         rested();
-    else if (!m_rest.isActive())
+    else if (!m_rest.isActive() && !m_entryMenu.isOpen())
         QMenu::timerEvent(event);
 }
 

@@ -9,6 +9,7 @@ namespace zv {
 struct ProgramPlaces {
     XdgDirectories user;
     std::string settingsFile;
+    std::vector<std::string> givenSettings; ///< files that administrators may make for all users, in order of preference
     std::string itemsFolder;
     std::string backupsFolder;
     std::string chosenFile; ///< what was chosen last
@@ -19,6 +20,7 @@ struct ProgramPlaces {
     std::string givenResources;
     /// The resources beside a built program, and "share/zanthe-vell" of the installed one.
     std::vector<std::string> ownResources;
+    std::vector<std::string> catalogues; ///< folders of translations, likewise
 
     [[nodiscard]] static ProgramPlaces of(Environment const& environment);
     /// The resource folders in search order.

@@ -19,6 +19,7 @@ constexpr char const* introspection = R"xml(
 <interface name="org.zanthevell.ZantheVell">
   <method name="ShowMenu"/>
   <method name="ShowMenuAt"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="TakeActivationToken"><arg name="token" type="s" direction="in"/></method>
   <method name="OpenSettings"/>
   <method name="Quit"/>
   <method name="AddFiles"><arg name="files" type="as" direction="in"/></method>
@@ -53,6 +54,7 @@ struct BusProgramServer::Method {
         static constexpr Method methods[] = {
             { own, "ShowMenu", "", &BusProgramServer::showMenu },
             { own, "ShowMenuAt", "ii", &BusProgramServer::showMenuAt },
+            { own, "TakeActivationToken", "s", &BusProgramServer::takeActivationToken },
             { own, "OpenSettings", "", &BusProgramServer::openSettings },
             { own, "Quit", "", &BusProgramServer::quit },
             { own, "AddFiles", "as", &BusProgramServer::addFiles },
@@ -150,6 +152,15 @@ BusProgramServer::Answer BusProgramServer::showMenuAt(std::optional<RunningProgr
 BusProgramServer::Answer BusProgramServer::showMenuAt(QVariantList const& arguments)
 {
     return showMenuAt(RunningProgram::ScreenPoint { static_cast<double>(arguments[0].toInt()), static_cast<double>(arguments[1].toInt()) });
+}
+
+BusProgramServer::Answer BusProgramServer::takeActivationToken(QVariantList const& arguments)
+{
+    later([this, token = arguments[0].toString().toStdString()] {
+        if (m_handlers.takeActivationToken)
+            m_handlers.takeActivationToken(token);
+    });
+    return QVariantList {};
 }
 
 BusProgramServer::Answer BusProgramServer::openSettings(QVariantList const&)

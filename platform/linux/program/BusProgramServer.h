@@ -39,6 +39,7 @@ private:
     Answer showMenu(QVariantList const& arguments);
     Answer showMenuAt(QVariantList const& arguments);
     Answer showMenuAt(std::optional<RunningProgram::ScreenPoint> at);
+    Answer takeActivationToken(QVariantList const& arguments);
     Answer openSettings(QVariantList const& arguments);
     Answer quit(QVariantList const& arguments);
     Answer addFiles(QVariantList const& arguments);

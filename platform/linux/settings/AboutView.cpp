@@ -70,6 +70,8 @@ void AboutView::showLicences()
     auto* column = new QVBoxLayout(&dialog);
     auto* text = new QPlainTextEdit(QString::fromStdString(m_models.about().licences));
     text->setReadOnly(true);
+    text->document()->setDocumentMargin(14);
+    text->setAccessibleName(QString::fromStdString(m_models.about().licencesButton));
     column->addWidget(text);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);

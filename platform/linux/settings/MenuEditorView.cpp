@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
+#include "platform/linux/settings/FlowLayout.h"
 #include "platform/linux/settings/SettingsButton.h"
 
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <QItemSelectionModel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -23,6 +25,7 @@ namespace zv {
 namespace {
 
 constexpr int undoLimit = 200;
+constexpr int widthOfThreeColumns = 840;
 
 /// Joins consecutive rows into one range each, as a selection of many ranges is slow. Sorts the
 /// rows.
@@ -133,11 +136,16 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     line->setContentsMargins(12, 12, 12, 12);
     auto* columns = new QSplitter;
     columns->setChildrenCollapsible(false);
+    m_menuSide = new QSplitter;
+    m_menuSide->setChildrenCollapsible(false);
+    m_menuSide->addWidget(outlineColumn());
+    m_menuSide->addWidget(inspectorColumn());
+    m_menuSide->setStretchFactor(0, 1);
+    m_menuSide->setSizes({ 430, 240 });
     columns->addWidget(m_library);
-    columns->addWidget(outlineColumn());
-    columns->addWidget(inspectorColumn());
+    columns->addWidget(m_menuSide);
     columns->setStretchFactor(1, 1);
-    columns->setSizes({ 230, 400, 240 });
+    columns->setSizes({ 210, 690 });
     line->addWidget(columns);
 
     m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
@@ -165,13 +173,11 @@ QWidget* MenuEditorView::outlineColumn()
     auto* box = new QVBoxLayout(column);
     box->setContentsMargins(0, 0, 0, 0);
     box->addWidget(m_outline, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(6);
+    auto* buttons = new FlowLayout;
     addButton(*buttons, settingsTexts::addFile, [this] { addFiles(FilePanelKind::filesAndFolders); });
     addButton(*buttons, settingsTexts::addFolder, [this] { addFiles(FilePanelKind::folder); });
     addButton(*buttons, settingsTexts::addSubmenu, [this] { m_models.editor().addSubmenu(insertPosition()); });
     addButton(*buttons, settingsTexts::addSeparator, [this] { m_models.editor().addSeparator(insertPosition()); });
-    buttons->addStretch();
     m_remove = addButton(*buttons, settingsTexts::remove, [this] { removeSelected(); });
     box->addLayout(buttons);
     return column;
@@ -181,12 +187,29 @@ QWidget* MenuEditorView::inspectorColumn()
 {
     auto* column = new QWidget;
     auto* box = new QVBoxLayout(column);
-    box->setContentsMargins(6, 0, 0, 0);
+    box->setContentsMargins(6, 0, 6, 0);
     box->addWidget(m_inspector, 1);
     auto* restore = settingsButton(QString::fromUtf8(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
     box->addWidget(restore);
-    return column;
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(column);
+    area->viewport()->setAutoFillBackground(false);
+    column->setAutoFillBackground(false);
+    return area;
+}
+
+/// Puts the inspector below the menu where three columns have no room.
+void MenuEditorView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    auto const fitting = width() < widthOfThreeColumns ? Qt::Vertical : Qt::Horizontal;
+    if (m_menuSide->orientation() == fitting)
+        return;
+    m_menuSide->setOrientation(fitting);
+    m_menuSide->setSizes(fitting == Qt::Vertical ? QList<int> { 300, 220 } : QList<int> { 430, 240 });
 }
 
 QPushButton* MenuEditorView::addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act)

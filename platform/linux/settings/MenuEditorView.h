@@ -13,6 +13,7 @@
 #include <set>
 
 class QPushButton;
+class QSplitter;
 
 namespace zv {
 
@@ -24,6 +25,9 @@ public:
 
     /// Selects the item, and brings it into sight.
     void showItem(Uuid const& item);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Outline;
@@ -57,6 +61,7 @@ private:
     MenuTreeModel m_tree;
     QUndoStack m_undo;
     LibraryView* m_library;
+    QSplitter* m_menuSide = nullptr;
     QTreeView* m_outline;
     InspectorView* m_inspector;
     QList<QAction*> m_selectionActions; ///< enabled only with a selection

@@ -3,6 +3,7 @@
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/menu/MenuDragging.h"
+#include "platform/linux/settings/FaintText.h"
 #include "platform/linux/settings/RecorderField.h"
 
 #include <QApplication>
@@ -357,7 +358,7 @@ QVariant MenuTreeModel::titleData(Node const& node, int role) const
     case Qt::AccessibleTextRole:
         return QString::fromStdString(row.spokenTitle());
     case Qt::ForegroundRole:
-        return row.isFaint() ? QVariant(QApplication::palette().color(QPalette::PlaceholderText)) : QVariant();
+        return row.isFaint() ? QVariant(faintText(QApplication::palette())) : QVariant();
     case Qt::DecorationRole:
         return decoration(node);
     default:

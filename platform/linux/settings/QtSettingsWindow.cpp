@@ -3,10 +3,12 @@
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/settings/AboutView.h"
+#include "platform/linux/settings/FaintText.h"
 #include "platform/linux/settings/MenuEditorView.h"
 #include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsPageView.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
@@ -18,7 +20,7 @@ namespace zv {
 namespace {
 
 constexpr QSize usualSize { 960, 680 };
-constexpr QSize smallestSize { 880, 440 }; // three columns, none of them cut
+constexpr QSize smallestSize { 600, 380 };
 
 QString text(settingsTexts::Text utf8) { return QString::fromUtf8(utf8); }
 
@@ -32,6 +34,7 @@ public:
         , m_general(new SettingsPageView([&models, lookUp] { return new RecorderField(models, lookUp); }))
     {
         setWindowTitle(text(settingsTexts::windowTitle));
+        setFaintText();
         setWindowIcon(laurelApplicationIcon());
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(8, 8, 8, 8);
@@ -85,12 +88,22 @@ protected:
     void changeEvent(QEvent* event) override
     {
         QWidget::changeEvent(event);
+        if (event->type() == QEvent::ApplicationPaletteChange)
+            setFaintText();
         // The login item may have changed in the desktop's own settings.
         if (event->type() == QEvent::ActivationChange && isActiveWindow())
             refresh();
     }
 
 private:
+    /// The faint text of all the window's notes.
+    void setFaintText()
+    {
+        QPalette faint;
+        faint.setColor(QPalette::PlaceholderText, faintText(QApplication::palette()));
+        setPalette(faint);
+    }
+
     /// Stores the size to which a maximized window returns.
     void keepSize()
     {
@@ -104,7 +117,8 @@ private:
     {
         auto const kept = m_models.place().size({ smallestSize.width(), smallestSize.height() });
         setMinimumSize(smallestSize);
-        resize(kept ? QSize(static_cast<int>(kept->width), static_cast<int>(kept->height)).boundedTo(screen()->availableSize()) : usualSize);
+        auto const room = screen()->availableSize();
+        resize(kept ? QSize(static_cast<int>(kept->width), static_cast<int>(kept->height)).boundedTo(room) : usualSize.boundedTo(room));
         m_tabs->setCurrentIndex(static_cast<int>(m_models.place().tab(m_tabs->count())));
     }
 

@@ -22,6 +22,7 @@ namespace {
 
 constexpr int indentation = 22;
 constexpr int widthOfNotes = 440;
+constexpr int widthForTitlesBeside = 720;
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
@@ -37,6 +38,8 @@ QLabel* headingLabel(QString const& title)
     auto bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
+    if (title.isEmpty())
+        heading->setFixedHeight(0); // above its row it would be a gap
     return heading;
 }
 
@@ -48,7 +51,9 @@ QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& title
 {
     auto* field = new QWidget;
     auto* line = new QHBoxLayout(field);
-    line->setContentsMargins(row.isIndented ? indentation : 0, 0, 0, 0);
+    line->setContentsMargins(0, 0, 0, 0);
+    if (row.isIndented)
+        line->addSpacing(indentation); // a margin would stay on the left where the language is written from the right
     if (hasTitleBefore(row)) {
         auto* title = new QLabel(text(row.title));
         title->setBuddy(control);
@@ -64,14 +69,18 @@ QWidget* fieldOf(SettingsRow const& row, QWidget* control, QList<QLabel*>& title
     return field;
 }
 
-/// Gives the titles equal widths, so that a section's choices are aligned.
+/// Gives the titles, and the controls behind them, equal widths.
 void alignWidths(QList<QLabel*> const& titles)
 {
-    int width = 0;
-    for (auto const* title : titles)
+    int width = 0, choicesWidth = 0;
+    for (auto const* title : titles) {
         width = std::max(width, title->sizeHint().width());
-    for (auto* title : titles)
+        choicesWidth = std::max(choicesWidth, title->buddy()->sizeHint().width());
+    }
+    for (auto* title : titles) {
         title->setMinimumWidth(width);
+        title->buddy()->setMinimumWidth(choicesWidth);
+    }
 }
 
 } // namespace
@@ -166,7 +175,10 @@ private:
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         m_menu = new QMenu(button);
         // Not the button's own menu, which would keep assistive programs waiting until it is closed.
-        connect(button, &QPushButton::clicked, this, [this, button] { m_menu->popup(button->mapToGlobal(QPoint(0, button->height()))); });
+        connect(button, &QPushButton::clicked, this, [this, button] {
+            auto const left = button->isRightToLeft() ? button->width() - m_menu->sizeHint().width() : 0;
+            m_menu->popup(button->mapToGlobal(QPoint(left, button->height())));
+        });
         m_widget = button;
     }
 
@@ -255,6 +267,8 @@ void SettingsPageView::build(std::vector<SettingsSection> const& sections)
     form->setLabelAlignment(Qt::AlignRight);
     for (auto const& section : sections)
         addSection(*form, section);
+    m_form = form;
+    wrapTitles();
     // A column as wide as it needs, in the middle of the page.
     auto* line = new QHBoxLayout(page);
     line->setContentsMargins(24, 20, 24, 20);
@@ -266,6 +280,19 @@ void SettingsPageView::build(std::vector<SettingsSection> const& sections)
     if (auto* row = m_rows.value(focused))
         row->widget()->setFocus();
     verticalScrollBar()->setValue(position);
+}
+
+/// Puts the sections' titles above their rows where there is no room beside them.
+void SettingsPageView::wrapTitles()
+{
+    if (m_form)
+        m_form->setRowWrapPolicy(width() < widthForTitlesBeside ? QFormLayout::WrapAllRows : QFormLayout::DontWrapRows);
+}
+
+void SettingsPageView::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    wrapTitles();
 }
 
 /// The section's title stands beside its first line, as a form's labels do.

@@ -2,13 +2,13 @@
 
 #include "app/settings/SettingsPage.h"
 
+#include <QFormLayout>
 #include <QHash>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <functional>
 #include <vector>
-
-class QFormLayout;
 
 namespace zv {
 
@@ -24,9 +24,13 @@ public:
 
     void show(std::vector<SettingsSection> const& sections);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     class Row;
 
+    void wrapTitles();
     void build(std::vector<SettingsSection> const& sections);
     void addSection(QFormLayout& form, SettingsSection const& section);
     [[nodiscard]] QWidget* makeRow(SettingsRow const& row);
@@ -34,6 +38,7 @@ private:
     MakeRecorder m_makeRecorder;
     std::string m_shape; ///< ids and kinds of the current rows
     QHash<QString, Row*> m_rows;
+    QPointer<QFormLayout> m_form;
 };
 
 } // namespace zv

@@ -145,10 +145,11 @@ bool isAccent(UChar32 codePoint)
     return combiningClass != 0 && (combiningClass < 7 || combiningClass > 9);
 }
 
+/// Characters that differ in width or form alone become one, too: of kana, of digits, of ligatures.
 icu::UnicodeString withoutAccents(icu::UnicodeString const& text)
 {
     UErrorCode status = U_ZERO_ERROR;
-    auto const decomposed = icu::Normalizer2::getNFDInstance(status)->normalize(text, status);
+    auto const decomposed = icu::Normalizer2::getNFKDInstance(status)->normalize(text, status);
     icu::UnicodeString plain;
     for (int32_t i = 0; i < decomposed.length(); i = decomposed.moveIndex32(i, 1)) {
         auto const codePoint = decomposed.char32At(i);

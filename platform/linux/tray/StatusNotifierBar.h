@@ -6,7 +6,9 @@
 #include <QDBusConnection>
 #include <QPoint>
 
+#include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace zv {
@@ -18,6 +20,8 @@ public:
     std::unique_ptr<StatusItem> add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped dropped) override;
     /// The place where an icon was last clicked.
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
+    /// Called with the right to come to the front, which a click on an icon gives on Wayland.
+    std::function<void(std::string)> onActivationToken;
     /// Shows the items on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);
 

@@ -52,6 +52,7 @@ constexpr char const* introspection = R"xml(
   <method name="ContextMenu"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
   <method name="Activate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
   <method name="SecondaryActivate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+  <method name="ProvideXdgActivationToken"><arg name="token" type="s" direction="in"/></method>
   <method name="Scroll"><arg name="delta" type="i" direction="in"/><arg name="orientation" type="s" direction="in"/></method>
   <signal name="NewTitle"/>
   <signal name="NewIcon"/>
@@ -127,8 +128,18 @@ bool StatusNotifierItem::handleMessage(QDBusMessage const& message, QDBusConnect
         return answerProperties(message, connection, interfaceName(), properties());
     if (!message.interface().isEmpty() && message.interface() != interfaceName())
         return false;
-    bool const isKnown = message.member() == QLatin1String("Scroll") || open(message);
+    bool const isKnown = message.member() == QLatin1String("Scroll") || takeToken(message) || open(message);
     return isKnown && (!message.isReplyRequired() || connection.send(message.createReply()));
+}
+
+/// Comes before the click that it is for; KDE's panels and GNOME's extension send it.
+bool StatusNotifierItem::takeToken(QDBusMessage const& message) const
+{
+    if (message.member() != QLatin1String("ProvideXdgActivationToken") || message.signature() != QLatin1String("s"))
+        return false;
+    if (onActivationToken)
+        onActivationToken(message.arguments()[0].toString().toStdString());
+    return true;
 }
 
 /// Elsewhere the panel draws the menu, as ours might not come up beside the icon.

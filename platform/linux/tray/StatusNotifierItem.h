@@ -27,10 +27,14 @@ public:
     /// Called with the position of a click on the icon, in pixels; nothing where that is not told.
     std::function<void(std::optional<QPoint>)> onClicked;
 
+    /// Called with the right to come to the front, which a click on the icon gives on Wayland.
+    std::function<void(std::string)> onActivationToken;
+
 private:
     [[nodiscard]] QVariantMap properties() const;
     void registerWithWatcher();
     [[nodiscard]] bool opensMenus() const;
+    [[nodiscard]] bool takeToken(QDBusMessage const& message) const;
     [[nodiscard]] bool open(QDBusMessage const& message);
 
     QDBusConnection m_bus;

@@ -118,10 +118,10 @@ void AppcastUpdateEngine::feedArrived(Asker asker, Result<Downloads::Bytes> cons
         return failed(asker, feed.error());
     auto const signedFeed = SignedFeed::read(*feed);
     if (!signedFeed || !isOurs(*signedFeed))
-        return failed(asker, updateTexts::feedNotOurs);
+        return failed(asker, tr(updateTexts::feedNotOurs));
     auto const items = readAppcast(signedFeed->content);
     if (!items)
-        return failed(asker, updateTexts::feedUnreadable + items.error());
+        return failed(asker, tr(updateTexts::feedUnreadable, items.error()));
     if (auto const item = choose(asker, *items))
         found(asker, *item);
     else
@@ -246,9 +246,9 @@ Result<void> AppcastUpdateEngine::verify(Url const& file) const
     auto const key = updateSigningKey(m_services.resources.information());
     auto const signature = fromBase64(m_pending->signature);
     if (m_pending->signature.empty() || !signature)
-        return Failure { updateTexts::notSigned };
+        return Failure { tr(updateTexts::notSigned) };
     if (!key || !isSignedBy(*key, *signature, file))
-        return Failure { updateTexts::wronglySigned };
+        return Failure { tr(updateTexts::wronglySigned) };
     return {};
 }
 

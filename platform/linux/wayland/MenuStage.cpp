@@ -35,6 +35,7 @@ bool MenuStage::map()
     if (m_globals.layerShell())
         return mapOnLayer();
     showMaximized();
+    activateWindow(); // with the token of what opens the menu
     return true;
 }
 

@@ -25,8 +25,9 @@ constexpr auto patienceForWindow = 1500ms; ///< until a maximized window is pain
 
 } // namespace
 
-StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals)
+StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals, PointerOnWindow pointer)
     : m_globals(globals)
+    , m_pointerOnWindow(std::move(pointer))
 {
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &StageMenuPlacer::settle);
@@ -42,6 +43,8 @@ MenuPlacer::Reach StageMenuPlacer::reach() const { return m_globals.layerShell()
 void StageMenuPlacer::find(std::optional<QPoint> pixel, Open open)
 {
     clear();
+    if (!pixel && !m_globals.layerShell())
+        pixel = m_pointerOnWindow();
     m_search = Search { .open = std::move(open), .wish = pixel, .pointer = {}, .hasKeyboard = false, .isPainted = m_globals.layerShell() != nullptr };
     m_patience.start(m_globals.layerShell() ? patience : patienceForWindow);
     mapStages();

@@ -20,8 +20,11 @@ class WaylandGlobals;
 class StageMenuPlacer : public QObject, public MenuPlacer {
     Q_OBJECT
 public:
+    /// Tells where on a maximized window the pointer is; nothing where nobody does.
+    using PointerOnWindow = std::function<std::optional<QPoint>()>;
+
     /// The globals outlive it.
-    explicit StageMenuPlacer(WaylandGlobals const& globals);
+    StageMenuPlacer(WaylandGlobals const& globals, PointerOnWindow pointer);
     ~StageMenuPlacer() override;
 
     [[nodiscard]] Reach reach() const override;
@@ -61,6 +64,7 @@ private:
     WaylandGlobals const& m_globals;
     std::vector<std::unique_ptr<MenuStage>> m_stages;
     MenuStage* m_stage = nullptr; ///< the menus' own
+    PointerOnWindow m_pointerOnWindow;
     std::optional<Search> m_search;
     QTimer m_patience;
 };

@@ -74,11 +74,19 @@ void WaylandGlobals::announced(void* data, wl_registry*, std::uint32_t name, cha
     if (isNamed(zwlr_layer_shell_v1_interface))
         self.bind(self.m_layerShell, &zwlr_layer_shell_v1_interface, name, std::min(version, layerShellVersion));
     else if (isNamed(zwlr_foreign_toplevel_manager_v1_interface))
-        self.bind(self.m_toplevels, &zwlr_foreign_toplevel_manager_v1_interface, name, std::min(version, toplevelsVersion));
+        self.m_toplevels = { name, std::min(version, toplevelsVersion) };
     else if (isNamed(wl_seat_interface))
         self.bind(self.m_seat, &wl_seat_interface, name, 1);
     else if (isNamed(wl_compositor_interface))
         self.bind(self.m_compositor, &wl_compositor_interface, name, 1);
+}
+
+zwlr_foreign_toplevel_manager_v1* WaylandGlobals::bindToplevels() const
+{
+    auto* manager = static_cast<zwlr_foreign_toplevel_manager_v1*>(
+        wl_registry_bind(m_registry, m_toplevels.name, &zwlr_foreign_toplevel_manager_v1_interface, m_toplevels.version));
+    handOver(manager);
+    return manager;
 }
 
 void WaylandGlobals::adopt(void* proxy) const { wl_proxy_set_queue(proxyOf(proxy), m_queue); }
@@ -90,6 +98,12 @@ void WaylandGlobals::handOver(void* proxy) const
 }
 
 bool WaylandGlobals::roundTrip() const { return wl_display_roundtrip_queue(m_display, m_queue) >= 0; }
+
+void WaylandGlobals::catchUp() const
+{
+    if (m_connection == Connection::own)
+        roundTrip();
+}
 
 void WaylandGlobals::flush() const { wl_display_flush(m_display); }
 

@@ -33,9 +33,12 @@ public:
 
     /// These are null where the compositor lacks them.
     [[nodiscard]] zwlr_layer_shell_v1* layerShell() const { return m_layerShell; }
-    [[nodiscard]] zwlr_foreign_toplevel_manager_v1* toplevels() const { return m_toplevels; }
+    [[nodiscard]] bool hasToplevels() const { return m_toplevels.name != 0; }
     [[nodiscard]] wl_seat* seat() const { return m_seat; }
     [[nodiscard]] wl_compositor* compositor() const { return m_compositor; }
+
+    /// The manager of windows, which tells of them at once: its user listens before any event is read.
+    [[nodiscard]] zwlr_foreign_toplevel_manager_v1* bindToplevels() const;
 
     /// Has the object's events come in our queue, to be waited for, …
     void adopt(void* proxy) const;
@@ -43,10 +46,16 @@ public:
     void handOver(void* proxy) const;
     /// Waits for the answers to all that was sent; false when the connection is lost.
     bool roundTrip() const;
+    /// The same on a connection of our own; on the toolkit's, events come by themselves.
+    void catchUp() const;
     void flush() const;
 
 private:
     enum class Connection { toolkits, own };
+    struct Announced {
+        std::uint32_t name = 0; ///< 0 for nothing
+        std::uint32_t version = 0;
+    };
     WaylandGlobals(wl_display* display, Connection connection);
 
     static void announced(void* self, wl_registry* registry, std::uint32_t name, char const* interface, std::uint32_t version);
@@ -57,7 +66,7 @@ private:
     wl_event_queue* m_queue = nullptr;
     wl_registry* m_registry = nullptr;
     zwlr_layer_shell_v1* m_layerShell = nullptr;
-    zwlr_foreign_toplevel_manager_v1* m_toplevels = nullptr;
+    Announced m_toplevels;
     wl_seat* m_seat = nullptr;
     wl_compositor* m_compositor = nullptr;
 };

@@ -8,6 +8,7 @@
 #include <QPalette>
 #include <QPointer>
 #include <QScreen>
+#include <QShortcut>
 #include <QTextBlockFormat>
 #include <QTextBrowser>
 #include <QTextCharFormat>
@@ -141,6 +142,8 @@ public:
         auto* box = new QVBoxLayout(&m_window);
         box->setContentsMargins(0, 0, 0, 0);
         box->addWidget(new NotesView(text, layout));
+        QObject::connect(new QShortcut(Qt::Key_Escape, &m_window), &QShortcut::activated, &m_window, &QWidget::close);
+        QObject::connect(new QShortcut(QKeySequence::Close, &m_window), &QShortcut::activated, &m_window, &QWidget::close);
         m_window.setMinimumSize(static_cast<int>(layout.minimumWidth), static_cast<int>(layout.minimumHeight));
         m_window.resize(static_cast<int>(layout.width), static_cast<int>(layout.height));
         if (auto const* screen = QGuiApplication::primaryScreen())

@@ -2,6 +2,7 @@
 
 #include "base/MainThread.h"
 #include "platform/linux/posix/LaunchContext.h"
+#include "platform/linux/x11/X11ClientWindows.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -70,7 +71,7 @@ void activateOverBus(QDBusConnection const& bus, ApplicationEntry const& entry)
 
 } // namespace
 
-DesktopRunningApplications::DesktopRunningApplications(Services services, std::optional<X11ClientWindows> windows)
+DesktopRunningApplications::DesktopRunningApplications(Services services, std::unique_ptr<ClientWindows> windows)
     : m_services(std::move(services))
     , m_windows(std::move(windows))
 {
@@ -82,13 +83,14 @@ void DesktopRunningApplications::list(std::function<void(List)> done)
     m_services.catalog.withIndex(m_lifetime.guard([this, done = std::move(done)](ApplicationCatalog::Index const& index) {
         if (!m_windows)
             return listUnits(index, done);
-        auto const windows = m_windows->list();
-        if (!windows)
-            return done(std::nullopt);
-        std::vector<RunningApplication> applications;
-        for (auto const& window : *windows)
-            applications.push_back(applicationOf(window, *index));
-        done(std::move(applications));
+        m_windows->withList([index, done](ClientWindows::List const& windows) {
+            if (!windows)
+                return done(std::nullopt);
+            std::vector<RunningApplication> applications;
+            for (auto const& window : *windows)
+                applications.push_back(applicationOf(window, *index));
+            done(std::move(applications));
+        });
     }));
 }
 
@@ -112,29 +114,35 @@ void DesktopRunningApplications::listUnits(ApplicationCatalog::Index const& inde
 void DesktopRunningApplications::activate(std::string const& id)
 {
     assertMainThread();
-    m_services.catalog.withIndex(m_lifetime.guard([this, id](ApplicationCatalog::Index const& index) { activateIn(*index, id); }));
+    withWindowsOf(id, [this, id](ApplicationIndex const& index, std::vector<ClientWindow> const& windows) { activate(index, windows, id); });
 }
 
 /// Closes its windows: programs of this desktop end with the last one.
 void DesktopRunningApplications::quit(std::string const& id)
 {
     assertMainThread();
-    m_services.catalog.withIndex(m_lifetime.guard([this, id](ApplicationCatalog::Index const& index) {
-        for (auto const& window : windowsOf(*index, id))
+    withWindowsOf(id, [this](ApplicationIndex const&, std::vector<ClientWindow> const& windows) {
+        for (auto const& window : windows)
             m_windows->close(window.window);
+    });
+}
+
+void DesktopRunningApplications::withWindowsOf(std::string const& id, Use use)
+{
+    m_services.catalog.withIndex(m_lifetime.guard([this, id, use = std::move(use)](ApplicationCatalog::Index const& index) {
+        if (!m_windows)
+            return use(*index, {});
+        m_windows->withList(m_lifetime.guard([index, id, use](ClientWindows::List list) {
+            auto windows = std::move(list).value_or(std::vector<ClientWindow> {});
+            std::erase_if(windows, [&](auto const& window) { return applicationOf(window, *index).id != id; });
+            use(*index, windows);
+        }));
     }));
 }
 
-std::vector<ClientWindow> DesktopRunningApplications::windowsOf(ApplicationIndex const& index, std::string const& id) const
+void DesktopRunningApplications::activate(ApplicationIndex const& index, std::vector<ClientWindow> const& windows, std::string const& id)
 {
-    auto windows = m_windows ? m_windows->list().value_or(std::vector<ClientWindow> {}) : std::vector<ClientWindow> {};
-    std::erase_if(windows, [&](auto const& window) { return applicationOf(window, index).id != id; });
-    return windows;
-}
-
-void DesktopRunningApplications::activateIn(ApplicationIndex const& index, std::string const& id)
-{
-    if (auto const windows = windowsOf(index, id); !windows.empty())
+    if (!windows.empty())
         return m_windows->activate(windows.back().window);
     auto const* entry = index.find(id);
     if (!entry)
@@ -145,13 +153,13 @@ void DesktopRunningApplications::activateIn(ApplicationIndex const& index, std::
         m_services.launch(Url::fromPath(entry->path));
 }
 
-std::optional<X11ClientWindows> clientWindowsOfThisDisplay()
+std::unique_ptr<ClientWindows> clientWindowsOfThisDisplay()
 {
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (!x11 || !x11->connection())
-        return std::nullopt;
+        return nullptr;
     auto const screens = xcb_setup_roots_iterator(xcb_get_setup(x11->connection()));
-    return X11ClientWindows(x11->connection(), screens.data->root);
+    return std::make_unique<X11ClientWindows>(x11->connection(), screens.data->root);
 }
 
 } // namespace zv

@@ -2,20 +2,20 @@
 
 #include "base/Lifetime.h"
 #include "platform/linux/apps/ApplicationIndex.h"
-#include "platform/linux/x11/X11ClientWindows.h"
+#include "platform/linux/apps/ClientWindows.h"
 #include "platform/lists/RunningApplications.h"
 
 #include <QDBusConnection>
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace zv {
 
-/// Running applications by their windows on X11; elsewhere by the units of the user's service
-/// manager. Main thread only.
+/// Running applications by their windows; where the desktop does not tell these, by the units of
+/// the user's service manager. Main thread only.
 class DesktopRunningApplications : public RunningApplications {
 public:
     struct Services {
@@ -25,8 +25,8 @@ public:
         QDBusConnection sessionBus { QStringLiteral("none") };
     };
 
-    /// `windows` is nothing unless the desktop is X11. The services outlive this.
-    DesktopRunningApplications(Services services, std::optional<X11ClientWindows> windows);
+    /// `windows` is null where nobody tells them. The services outlive this.
+    DesktopRunningApplications(Services services, std::unique_ptr<ClientWindows> windows);
 
     void list(std::function<void(List)> done) override;
     void activate(std::string const& id) override;
@@ -36,17 +36,18 @@ public:
 
 private:
     void listUnits(ApplicationCatalog::Index const& index, std::function<void(List)> done);
-    /// The application's windows, the topmost last.
-    [[nodiscard]] std::vector<ClientWindow> windowsOf(ApplicationIndex const& index, std::string const& id) const;
-    void activateIn(ApplicationIndex const& index, std::string const& id);
+    /// Hands over the index, and the application's windows, the topmost last.
+    using Use = std::function<void(ApplicationIndex const&, std::vector<ClientWindow> const&)>;
+    void withWindowsOf(std::string const& id, Use use);
+    void activate(ApplicationIndex const& index, std::vector<ClientWindow> const& windows, std::string const& id);
 
     Services m_services;
-    std::optional<X11ClientWindows> m_windows;
+    std::unique_ptr<ClientWindows> m_windows;
     Lifetime m_lifetime;
 };
 
-/// The windows of Qt's X server; nothing when there is none. In a Wayland session it knows only
+/// The windows of Qt's X server; null when there is none. In a Wayland session it knows only
 /// some of the windows.
-[[nodiscard]] std::optional<X11ClientWindows> clientWindowsOfThisDisplay();
+[[nodiscard]] std::unique_ptr<ClientWindows> clientWindowsOfThisDisplay();
 
 } // namespace zv

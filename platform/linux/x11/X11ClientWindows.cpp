@@ -68,7 +68,7 @@ bool X11ClientWindows::isOrdinary(std::vector<xcb_atom_t> const& types, std::vec
     return types.empty() || std::find(m_foreignTypes.begin(), m_foreignTypes.end(), types.front()) == m_foreignTypes.end();
 }
 
-std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
+X11ClientWindows::List X11ClientWindows::list() const
 {
     auto const windows = managedWindows();
     if (windows.empty()) {
@@ -108,9 +108,9 @@ std::optional<std::vector<ClientWindow>> X11ClientWindows::list() const
     return found;
 }
 
-void X11ClientWindows::activate(xcb_window_t window) const { ask(window, activeWindow, { sourceIsPager, XCB_CURRENT_TIME }); }
+void X11ClientWindows::activate(xcb_window_t window) { ask(window, activeWindow, { sourceIsPager, XCB_CURRENT_TIME }); }
 
-void X11ClientWindows::close(xcb_window_t window) const { ask(window, closeWindow, { XCB_CURRENT_TIME, sourceIsPager }); }
+void X11ClientWindows::close(xcb_window_t window) { ask(window, closeWindow, { XCB_CURRENT_TIME, sourceIsPager }); }
 
 /// Sends the window manager a message about the window.
 void X11ClientWindows::ask(xcb_window_t window, Name message, std::array<std::uint32_t, 2> data) const

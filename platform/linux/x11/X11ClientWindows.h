@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/apps/WindowApplications.h"
+#include "platform/linux/apps/ClientWindows.h"
 
 #include <xcb/xcb.h>
 
@@ -11,18 +11,16 @@
 namespace zv {
 
 /// The windows that the window manager lists. Main thread only.
-class X11ClientWindows {
+class X11ClientWindows : public ClientWindows {
 public:
     /// The connection outlives this.
     X11ClientWindows(xcb_connection_t* connection, xcb_window_t root);
 
-    /// The ordinary windows of other programs, the topmost last; nothing without a window
-    /// manager's list. Two round trips, however many windows.
-    [[nodiscard]] std::optional<std::vector<ClientWindow>> list() const;
-    /// Asks the window manager to raise the window, wherever it is.
-    void activate(xcb_window_t window) const;
-    /// Asks the window's program to close it.
-    void close(xcb_window_t window) const;
+    /// Nothing without a window manager's list. Two round trips, however many windows.
+    [[nodiscard]] List list() const;
+    void withList(std::function<void(List)> done) override { done(list()); }
+    void activate(xcb_window_t window) override;
+    void close(xcb_window_t window) override;
 
 private:
     enum Name {

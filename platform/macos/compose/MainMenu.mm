@@ -13,7 +13,7 @@ constexpr NSUInteger commandOption = NSEventModifierFlagCommand | NSEventModifie
 constexpr NSUInteger commandShift = NSEventModifierFlagCommand | NSEventModifierFlagShift;
 
 struct Command {
-    mainMenuTexts::Text title; ///< null for a separator
+    Sentence title; ///< empty for a separator
     SEL action;
     NSString* key;
     NSUInteger modifiers;
@@ -21,18 +21,18 @@ struct Command {
 
 NSMenuItem* add(NSMenu* menu, Command const& described)
 {
-    NSMenuItem* const item = described.title
-        ? [[NSMenuItem alloc] initWithTitle:toNSString(described.title) action:described.action keyEquivalent:described.key]
+    NSMenuItem* const item = !described.title.isEmpty()
+        ? [[NSMenuItem alloc] initWithTitle:toNSString(tr(described.title)) action:described.action keyEquivalent:described.key]
         : (NSMenuItem*)[NSMenuItem separatorItem];
-    if (described.title)
+    if (!described.title.isEmpty())
         item.keyEquivalentModifierMask = static_cast<NSEventModifierFlags>(described.modifiers);
     [menu addItem:item];
     return item;
 }
 
-NSMenu* addMenu(NSMenu* bar, mainMenuTexts::Text text)
+NSMenu* addMenu(NSMenu* bar, Sentence const& text)
 {
-    NSString* const title = toNSString(text);
+    NSString* const title = toNSString(tr(text));
     NSMenu* const menu = [[NSMenu alloc] initWithTitle:title];
     NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:title action:nil keyEquivalent:@""];
     item.submenu = menu;
@@ -44,7 +44,7 @@ void fillProgramMenu(NSMenu* menu, id target, SEL openSettings)
 {
     add(menu, { mainMenuTexts::settings, openSettings, @",", command }).target = target;
     add(menu, {});
-    NSMenu* const services = [[NSMenu alloc] initWithTitle:toNSString(mainMenuTexts::services)];
+    NSMenu* const services = [[NSMenu alloc] initWithTitle:toNSString(tr(mainMenuTexts::services))];
     add(menu, { mainMenuTexts::services, nil, @"", 0 }).submenu = services;
     NSApp.servicesMenu = services;
     add(menu, {});

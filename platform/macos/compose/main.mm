@@ -5,6 +5,7 @@
 #include "cli/CommandLine.h"
 #import "platform/macos/compose/MacCommands.h"
 #import "platform/macos/program/OwnExecutable.h"
+#include "platform/macos/text/MessageCatalogue.h"
 
 #include <iostream>
 
@@ -81,6 +82,7 @@ int main(int count, char** arguments)
     @autoreleasepool {
         zv::leaveLink(arguments);
         zv::markMainThread();
+        zv::useMessageCatalogue();
         std::vector<std::string> const given(arguments + 1, arguments + count);
         return zv::asksForCommand(given) ? runCommand(given) : runProgram();
     }

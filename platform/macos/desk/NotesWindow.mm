@@ -1,3 +1,4 @@
+#import "platform/macos/cocoa/ClosingWindow.h"
 #import "platform/macos/cocoa/Conversions.h"
 #include "platform/macos/cocoa/Factories.h"
 
@@ -79,7 +80,10 @@ public:
     MacNotesWindow(NotesWindowLayout const& layout, NSAttributedString* text)
     {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
-        m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, layout.width, layout.height) styleMask:style backing:NSBackingStoreBuffered defer:NO];
+        m_window = [[ZVClosingWindow alloc] initWithContentRect:NSMakeRect(0, 0, layout.width, layout.height)
+                                                      styleMask:style
+                                                        backing:NSBackingStoreBuffered
+                                                          defer:NO];
         m_window.title = toNSString(layout.title);
         m_window.contentView = scrollViewAround(textViewFor(layout, text), layout);
         m_window.contentMinSize = NSMakeSize(layout.minimumWidth, layout.minimumHeight);

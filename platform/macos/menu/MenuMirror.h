@@ -8,6 +8,8 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
+@class ZVSearchMenu;
+
 /// Mirrors a menu of ours in a menu of the system's: asks ours to fill itself when it is about
 /// to open, and follows its changes while it is open. Owned by whoever shows the menu, which
 /// holds its delegate weakly.
@@ -17,6 +19,7 @@ NS_ASSUME_NONNULL_BEGIN
     zv::MenuTracking* _tracking;
     BOOL _isOpen;
     id _chosenByKey;
+    ZVSearchMenu* _search;
     BOOL _ignoresOption;
     BOOL _showsOwnMenus;
     zv::Lifetime _lifetime;

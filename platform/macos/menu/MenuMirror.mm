@@ -2,6 +2,8 @@
 
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/desk/Images.h"
+#import "platform/macos/menu/MenuItems.h"
+#import "platform/macos/menu/SearchMenu.h"
 
 #include "app/menu/EntryMenus.h"
 
@@ -75,6 +77,16 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
     return made;
 }
 
+/// The title with the way to the entry behind it, in grey.
+NSAttributedString* titleWithWay(std::string const& title, zv::EntryWay const& way)
+{
+    NSString* const text = [zv::toNSString(title) stringByAppendingString:@"   "];
+    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:text attributes:@ { NSFontAttributeName : menuFont(false) }];
+    NSDictionary* const faint = @ { NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : NSColor.secondaryLabelColor };
+    [made appendAttributedString:[[NSAttributedString alloc] initWithString:zv::toNSString(way.text) attributes:faint]];
+    return made;
+}
+
 void setImage(NSMenuItem* item, zv::ImageRef const& image)
 {
     if (!image)
@@ -86,7 +98,9 @@ void setImage(NSMenuItem* item, zv::ImageRef const& image)
 
 void setTexts(NSMenuItem* item, MenuEntry const& entry)
 {
-    if (entry.attributedTitle)
+    if (entry.way)
+        item.attributedTitle = titleWithWay(entry.visibleTitle(), *entry.way);
+    else if (entry.attributedTitle)
         item.attributedTitle = toAttributedString(*entry.attributedTitle);
     if (!entry.toolTip.empty())
         item.toolTip = zv::toNSString(entry.toolTip);
@@ -94,7 +108,9 @@ void setTexts(NSMenuItem* item, MenuEntry const& entry)
         item.identifier = zv::toNSString(entry.identifier);
 }
 
-NSMenuItem* toMenuItem(MenuEntry const& entry)
+} // namespace
+
+NSMenuItem* zv::menuItemOf(MenuEntry const& entry)
 {
     if (entry.type == MenuEntry::Type::separator)
         return (NSMenuItem*)[NSMenuItem separatorItem];
@@ -117,6 +133,8 @@ NSMenuItem* toMenuItem(MenuEntry const& entry)
     return item;
 }
 
+namespace {
+
 /// The item that Option shows in the entry's place: it opens the entry's own menu. Nil for a submenu, which has that
 /// above its entries, and where Option belongs to the shortcut.
 NSMenuItem* ownMenuItem(MenuEntry const& entry)
@@ -130,7 +148,7 @@ NSMenuItem* ownMenuItem(MenuEntry const& entry)
     own.attributedTitle = entry.attributedTitle;
     own.keyEquivalent = entry.keyEquivalent;
     own.keyEquivalentModifierMask = entry.keyEquivalentModifierMask | zv::ModifierMask::option;
-    NSMenuItem* const item = toMenuItem(own);
+    NSMenuItem* const item = zv::menuItemOf(own);
     item.alternate = YES;
     return item;
 }
@@ -178,10 +196,20 @@ zv::KeyPress keyPressOf(NSEvent* event)
 {
     [_menu removeAllItems];
     for (auto const& entry : _mirrored->entries) {
-        [_menu addItem:toMenuItem(entry)];
+        [_menu addItem:zv::menuItemOf(entry)];
         if (NSMenuItem* const own = _showsOwnMenus ? ownMenuItem(entry) : nil)
             [_menu addItem:own];
     }
+    [self addSearch];
+}
+
+/// Below the entries of a menu that is about to open, or is open.
+- (void)addSearch
+{
+    auto const search = _tracking && !_mirrored->entries.empty() ? _mirrored->searchBelow(*_mirrored) : nullptr;
+    _search = search ? [[ZVSearchMenu alloc] initWithMenu:_mirrored search:search] : nil;
+    if (_search)
+        [_menu addItem:_search.item];
 }
 
 - (void)ignoreOption
@@ -210,6 +238,7 @@ zv::KeyPress keyPressOf(NSEvent* event)
     _isOpen = NO;
     auto const mirrored = _mirrored; // the call may release this
     mirrored->onRefilled = nullptr;
+    [_search end];
     [self endTracking];
     mirrored->didClose();
 }

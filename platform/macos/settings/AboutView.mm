@@ -1,5 +1,6 @@
 #import "platform/macos/settings/AboutView.h"
 
+#import "platform/macos/cocoa/ClosingWindow.h"
 #import "platform/macos/cocoa/Conversions.h"
 
 namespace zv {
@@ -56,7 +57,7 @@ void AboutView::showLicences()
 {
     if (!m_licences) {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskResizable;
-        m_licences = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 420) styleMask:style backing:NSBackingStoreBuffered defer:NO];
+        m_licences = [[ZVClosingWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 420) styleMask:style backing:NSBackingStoreBuffered defer:NO];
         m_licences.releasedWhenClosed = NO;
         m_licences.title = toNSString(m_models.about().licencesButton);
         NSTextView* const text = [[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 560, 420)];
@@ -64,6 +65,8 @@ void AboutView::showLicences()
         text.autoresizingMask = NSViewWidthSizable;
         text.string = toNSString(m_models.about().licences);
         text.textColor = NSColor.textColor;
+        text.font = [NSFont systemFontOfSize:NSFont.systemFontSize];
+        text.textContainerInset = NSMakeSize(14, 14);
         m_licences.contentView = scrollAround(text);
         [m_licences center];
         [m_licences setFrameUsingName:@"Licences"];

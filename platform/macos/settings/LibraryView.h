@@ -37,6 +37,7 @@ struct LibraryRow {
 }
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add;
 @property (nonatomic, readonly) NSView* view;
+@property (nonatomic, readonly) NSSearchField* search;
 @end
 
 NS_ASSUME_NONNULL_END

@@ -23,6 +23,7 @@
 @implementation ZVLibrary
 
 @synthesize view = _view;
+@synthesize search = _search;
 
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add
 {

@@ -35,6 +35,9 @@ NS_ASSUME_NONNULL_BEGIN
     ZVMenuOutlineView* _outline;
     NSUndoManager* _undoManager;
     NSView* _view;
+    NSSplitView* _menuSide;
+    NSStackView* _buttons;
+    NSButton* _remove;
     zv::Observation _observation;
     zv::Lifetime _lifetime;
 }
@@ -43,6 +46,8 @@ NS_ASSUME_NONNULL_BEGIN
 @property (nonatomic, readonly) NSUndoManager* undoManager;
 /// Selects the item, and brings it into sight.
 - (void)showItem:(zv::Uuid const&)item;
+/// Gives the keyboard to the library's search field.
+- (void)focusSearch;
 
 - (void)removeSelected;
 - (void)duplicateSelected;

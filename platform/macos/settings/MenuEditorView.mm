@@ -60,6 +60,7 @@ namespace {
 
 NSString* const titleColumn = @"title";
 NSString* const shortcutColumn = @"shortcut";
+constexpr double widthOfThreeColumns = 800;
 
 NSTableColumn* column(NSString* identifier, texts::Text title, double width)
 {
@@ -106,6 +107,7 @@ NSImage* warning(std::string const& spoken)
 {
     _models->editor().onEdit = nullptr;
     _models->editor().undoLast = nullptr;
+    [NSNotificationCenter.defaultCenter removeObserver:self];
 #if !__has_feature(objc_arc)
     [super dealloc];
 #endif
@@ -119,13 +121,35 @@ NSImage* warning(std::string const& spoken)
     columns.vertical = YES;
     columns.dividerStyle = NSSplitViewDividerStyleThin;
     columns.autosaveName = @"MenuTab";
+    _menuSide = [[NSSplitView alloc] initWithFrame:NSMakeRect(0, 0, 640, 560)];
+    _menuSide.vertical = YES;
+    _menuSide.dividerStyle = NSSplitViewDividerStyleThin;
+    [_menuSide addArrangedSubview:[self outlineColumn]];
+    [_menuSide addArrangedSubview:[self inspectorColumn]];
+    [_menuSide setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:1]; // the outline grows first
     [columns addArrangedSubview:_library.view];
-    [columns addArrangedSubview:[self outlineColumn]];
-    [columns addArrangedSubview:[self inspectorColumn]];
-    for (NSInteger side : { 0, 2 })
-        [columns setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:side]; // the outline grows first
+    [columns addArrangedSubview:_menuSide];
+    [columns setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:0];
     _view = [[NSView alloc] initWithFrame:columns.frame];
     zv::fill(_view, columns, 12);
+    _view.postsFrameChangedNotifications = YES;
+    [NSNotificationCenter.defaultCenter addObserver:self selector:@selector(resized:) name:NSViewFrameDidChangeNotification object:_view];
+}
+
+/// Puts the inspector below the menu where three columns have no room.
+- (void)resized:(NSNotification*)notification
+{
+    bool const isWide = NSWidth(_view.frame) >= widthOfThreeColumns;
+    if (isWide == ([_menuSide isVertical] != NO))
+        return;
+    _menuSide.vertical = isWide ? YES : NO;
+    _buttons.orientation = isWide ? NSUserInterfaceLayoutOrientationHorizontal : NSUserInterfaceLayoutOrientationVertical;
+    [_menuSide adjustSubviews];
+}
+
+- (void)focusSearch
+{
+    [_view.window makeFirstResponder:_library.search];
 }
 
 - (NSView*)outlineColumn
@@ -154,14 +178,17 @@ NSImage* warning(std::string const& spoken)
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
     auto const button = [&](texts::Button const& said, std::function<void()> act) { return zv::pushButton(said.title, said.help, _actions, std::move(act)); };
-    return zv::stack(zv::Direction::row,
+    _remove = button(texts::remove, [editor] { [editor removeSelected]; });
+    NSView* const files = zv::stack(zv::Direction::row,
         {
             button(texts::addFile, [editor] { [editor addFiles:zv::FilePanelKind::filesAndFolders]; }),
             button(texts::addFolder, [editor] { [editor addFiles:zv::FilePanelKind::folder]; }),
             button(texts::addSubmenu, [editor] { editor->_models->editor().addSubmenu([editor insertPosition]); }),
-            button(texts::addSeparator, [editor] { editor->_models->editor().addSeparator([editor insertPosition]); }),
-            button(texts::remove, [editor] { [editor removeSelected]; }),
         });
+    NSView* const others = zv::stack(
+        zv::Direction::row, { button(texts::addSeparator, [editor] { editor->_models->editor().addSeparator([editor insertPosition]); }), _remove });
+    _buttons = zv::stack(zv::Direction::row, { files, others });
+    return _buttons;
 }
 
 - (NSView*)inspectorColumn
@@ -178,10 +205,22 @@ NSImage* warning(std::string const& spoken)
 
 - (void)layTree
 {
+    [self endEditing];
     [self observe];
     [_outline reloadData];
     [self select:_toSelect];
     [self refreshInspector];
+}
+
+/// A title that is being typed in the outline is kept before its field goes.
+- (void)endEditing
+{
+    NSResponder* const responder = _outline.window.firstResponder;
+    if (![responder isKindOfClass:[NSTextView class]])
+        return;
+    id const field = ((NSTextView*)responder).delegate;
+    if ([field isKindOfClass:[NSView class]] && [(NSView*)field isDescendantOf:_outline])
+        [_outline.window makeFirstResponder:_outline];
 }
 
 - (void)observe
@@ -259,6 +298,7 @@ NSImage* warning(std::string const& spoken)
 - (void)refreshInspector
 {
     auto const ids = [self selection];
+    _remove.enabled = ids.empty() ? NO : YES;
     _inspector->show(ids.size() == 1 ? _models->store().find(*ids.begin()) : nullptr, ids.size());
 }
 
@@ -389,7 +429,7 @@ NSImage* warning(std::string const& spoken)
     NSTextField* const field = notification.object;
     NSInteger const row = [_outline rowForView:field];
     ZVMenuNode* const node = row >= 0 ? [_outline itemAtRow:row] : nil;
-    auto const* item = _tree.itemOf(node);
+    auto const* item = node ? _models->store().find([node identity]) : nullptr; // the tree's may be of before
     auto const title = zv::fromNSString(field.stringValue);
     if (item && title != _models->outline().row(*item).title)
         _models->editor().setTitle(zv::Uuid([node identity]), title);

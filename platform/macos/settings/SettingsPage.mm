@@ -20,6 +20,7 @@ namespace {
 constexpr double pageMargin = 24;
 constexpr double noteWidth = 420;
 constexpr double indentation = 20;
+constexpr double choicesWidth = 110; // the same for all
 constexpr double sectionSpacing = 14;
 
 /// addItemWithTitle: would remove an item of the same title.
@@ -133,6 +134,7 @@ NSControl* SettingsPage::controlFor(RowRef const& row)
         NSPopUpButton* const choices = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
         __unsafe_unretained NSPopUpButton* const read = choices;
         choices.accessibilityLabel = toNSString(title);
+        setWidth(choices, choicesWidth);
         m_actions.attach(choices, [perform, read] {
             std::int64_t const value = read.selectedTag;
             perform([value](SettingsRow const& now) { now.choose(value); });

@@ -1,3 +1,4 @@
+#import "platform/macos/cocoa/ClosingWindow.h"
 #import "platform/macos/cocoa/Conversions.h"
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/cocoa/Observers.h"
@@ -6,6 +7,26 @@
 #import "platform/macos/settings/SettingsPage.h"
 
 #include "app/settings/SettingsTexts.h"
+
+/// Tells when another tab was chosen.
+@interface ZVSettingsTabs : NSTabViewController {
+    std::function<void()> _selected;
+}
+- (void)setSelected:(std::function<void()>)selected;
+@end
+
+@implementation ZVSettingsTabs
+- (void)setSelected:(std::function<void()>)selected
+{
+    _selected = std::move(selected);
+}
+- (void)tabView:(NSTabView*)tabView didSelectTabViewItem:(NSTabViewItem*)item
+{
+    [super tabView:tabView didSelectTabViewItem:item];
+    if (_selected)
+        _selected();
+}
+@end
 
 /// Gives the window the editor's undo stack, and tells when the window closes.
 @interface ZVSettingsWindowDelegate : NSObject <NSWindowDelegate> {
@@ -40,7 +61,7 @@ namespace {
 
 constexpr NSInteger menuTab = 1;
 NSSize const usualSize = NSMakeSize(900, 620);
-NSSize const smallestSize = NSMakeSize(760, 440);
+NSSize const smallestSize = NSMakeSize(620, 400);
 NSString* const frameName = @"Settings";
 
 /// The window with its three tabs; made when first opened, kept when closed.
@@ -51,7 +72,7 @@ public:
         , m_general(models)
         , m_editor([[ZVMenuEditor alloc] initWithModels:models])
         , m_about(models)
-        , m_tabs([[NSTabViewController alloc] init])
+        , m_tabs([[ZVSettingsTabs alloc] init])
     {
         m_tabs.tabStyle = NSTabViewControllerTabStyleToolbar;
         addTab(settingsTexts::generalTab, @"gearshape", m_general.view());
@@ -59,6 +80,7 @@ public:
         addTab(settingsTexts::aboutTab, @"info.circle", m_about.view());
         makeWindow();
         bringPlaceBack();
+        [m_tabs setSelected:m_lifetime.guard([this] { focusTab(); })];
         m_models.general().onChanged = m_lifetime.guard([this] { refresh(); });
         // The login item may have been changed in the system's own settings meanwhile.
         m_observers.observe(NSApplicationDidBecomeActiveNotification, ^(NSNotification*) { refresh(); });
@@ -74,8 +96,11 @@ public:
 
     void bringToFront()
     {
+        bool const wasShown = [m_window isVisible] != NO;
         [m_window makeKeyAndOrderFront:nil];
         [m_window orderFrontRegardless]; // the system may decline to activate the program
+        if (!wasShown)
+            focusTab();
     }
 
     void showItem(Uuid const& item)
@@ -85,6 +110,12 @@ public:
     }
 
 private:
+    void focusTab()
+    {
+        if (m_tabs.selectedTabViewItemIndex == menuTab)
+            [m_editor focusSearch];
+    }
+
     void addTab(settingsTexts::Text said, NSString* symbol, NSView* view)
     {
         NSString* const title = toNSString(said);
@@ -101,10 +132,10 @@ private:
     void makeWindow()
     {
         NSUInteger const style = NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable | NSWindowStyleMaskResizable;
-        m_window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, usualSize.width, usualSize.height)
-                                               styleMask:style
-                                                 backing:NSBackingStoreBuffered
-                                                   defer:YES];
+        m_window = [[ZVClosingWindow alloc] initWithContentRect:NSMakeRect(0, 0, usualSize.width, usualSize.height)
+                                                      styleMask:style
+                                                        backing:NSBackingStoreBuffered
+                                                          defer:YES];
         m_delegate =
             [[ZVSettingsWindowDelegate alloc] initWithUndoManager:m_editor.undoManager
                                                           closing:m_lifetime.guard([this] { m_models.place().keepTab(m_tabs.selectedTabViewItemIndex); })];
@@ -144,7 +175,7 @@ private:
     SettingsPage m_general;
     ZVMenuEditor* m_editor;
     AboutView m_about;
-    NSTabViewController* m_tabs;
+    ZVSettingsTabs* m_tabs;
     NSWindow* m_window = nil;
     ZVSettingsWindowDelegate* m_delegate = nil;
     Observers m_observers { NSNotificationCenter.defaultCenter };

@@ -65,7 +65,7 @@ bool isInSet(std::string_view grapheme, NSCharacterSet* set)
 /// The front of each sort key, equal in all, so that the rest is compared.
 constexpr std::string_view undecidedStart("\0\0\0\0\0\0\0\0", 8);
 
-NSStringCompareOptions searchOptions() { return NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch; }
+NSStringCompareOptions searchOptions() { return NSCaseInsensitiveSearch | NSDiacriticInsensitiveSearch | NSWidthInsensitiveSearch; }
 
 } // namespace
 

@@ -159,7 +159,7 @@ std::unique_ptr<UpdateEngine> makeUpdateEngine(UpdateChannels& channels, UpdateU
 {
     if (Class const found = controllerClass())
         return std::make_unique<SparkleEngine>(found, channels, userDriver);
-    return std::make_unique<NoUpdateEngine>(updateTexts::noFramework);
+    return std::make_unique<NoUpdateEngine>(tr(updateTexts::noFramework));
 }
 
 } // namespace zv

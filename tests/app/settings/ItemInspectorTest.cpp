@@ -24,7 +24,7 @@ TEST(ItemInspector, HasTheRowsThatApply)
         { MenuItemKind::makeUnknown("x"), "title", "nor does an unknown one" },
     };
     for (auto const& row : rows) {
-        auto const fields = inspectorFields(MenuItem::ofKind(row.kind), preferences, true);
+        auto const fields = inspectorFields(MenuItem::ofKind(row.kind), preferences, { .isMissing = true });
         std::string shown;
         for (auto const& [isThere, name] : { std::pair(fields.hasTitle, "title"), std::pair(fields.hasTarget, "target"), std::pair(fields.hasDepth, "depth"),
                  std::pair(fields.hasShortcut, "shortcut") })
@@ -32,9 +32,10 @@ TEST(ItemInspector, HasTheRowsThatApply)
         EXPECT_EQ(shown, row.rows) << row.why;
         EXPECT_EQ(fields.targetIsMissing, row.kind == MenuItemKind::fsObject) << row.why;
     }
+    EXPECT_FALSE(inspectorFields(MenuItem::ofKind(MenuItemKind::fsObject), preferences, { .mayBeFolder = false }).hasDepth) << "a document has no levels";
     auto full = MenuItem::ofKind(MenuItemKind::fsObject);
     full.children = { MenuItem::ofKind(MenuItemKind::sleep) };
-    EXPECT_FALSE(inspectorFields(full, preferences, false).hasDepth) << "with items of its own it is a submenu";
+    EXPECT_FALSE(inspectorFields(full, preferences, {}).hasDepth) << "with items of its own it is a submenu";
 }
 
 } // namespace

@@ -197,6 +197,13 @@ TEST_F(PortalHotkeysTest, TellWhatTheUserRefusedAtTheNextPass)
     EXPECT_TRUE(turnUntil([this] { return invalidations == 2; }));
     EXPECT_EQ(claim(3, chords), (std::vector { false, true }));
 
+    portal.refusedTriggers = { text("LOGO+e"), text("F5") };
+    (void)claim(2, { { keyE, commandKey | optionKey } });
+    portal.refusedTriggers = { text("ALT+LOGO+e") };
+    EXPECT_TRUE(turnUntil([this] { return portal.sessions == 2 && portal.triggers.size() == 1; }));
+    EXPECT_EQ(claim(3, { { keyE, commandKey | optionKey } }), (std::vector { true })) << "an empty list means that the user gives the keys later";
+
+    portal.refusedTriggers = { text("LOGO+e") };
     portal.cancelsAll = true;
     EXPECT_EQ(claim(4, { chords[0] }), (std::vector { true })) << "another question may have another answer";
     EXPECT_TRUE(turnUntil([this] { return invalidations == 3; }));

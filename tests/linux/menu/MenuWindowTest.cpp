@@ -4,10 +4,13 @@
 
 #include "app/menu/EntryMenus.h"
 #include "platform/linux/icons/ThemeImage.h"
+#include "platform/linux/menu/MenuAccessibility.h"
 #include "platform/linux/menu/MenuStyle.h"
 #include "tests/linux/menu/FillingMenu.h"
 #include "tests/linux/toolkit/TestApplication.h"
 
+#include <QAccessible>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -225,6 +228,42 @@ TEST_F(MenuWindowTest, ALateFillSelectsWhatAnEarlyOneWould)
     EXPECT_EQ(selected(), "") << "no key opened it";
 }
 
+TEST_F(MenuWindowTest, WhatASearchFindsStandsBelowUntilTheHandIsThere)
+{
+    MenuAccessibleParent const accessibleParent; // what it installs answers for entries
+    open({ leaf("Tax office"), leaf("Other") });
+    type("ta");
+    auto const told = top->search.lock();
+    EXPECT_EQ(told->asked, (std::vector<std::string> { "t 2", "ta 1" }));
+    EXPECT_EQ(titles(*window), (QStringList { "ta", "Tax office" }));
+    told->answer({ "syntax" }, false);
+    EXPECT_EQ(titles(*window), (QStringList { "ta", "Tax office", "-", "syntax" }));
+    EXPECT_EQ(current(), "Tax office") << "stays selected";
+    auto const last = static_cast<int>(window->actions().size()) - 1;
+    EXPECT_EQ(window->drawnText(last), "syntax\tWay ▸ syntax");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window->actions()[last])->text(QAccessible::Name), "syntax, in Way");
+    press(Qt::Key_Down);
+    told->answer({ "Taxes", "syntax" }, true, note("Taxes"));
+    EXPECT_EQ(current(), "syntax");
+    EXPECT_EQ(titles(*window).size(), 4) << "nothing moves under the hand";
+
+    type("xz");
+    EXPECT_EQ(titles(*window), (QStringList { "taxz", "Searching…" }));
+    told->answer({}, true);
+    EXPECT_EQ(titles(*window), (QStringList { "taxz", "No Matches" }));
+    press(Qt::Key_Backspace);
+    told->answer({ "Taxes" }, true, note("Taxes"));
+    EXPECT_EQ(titles(*window), (QStringList { "tax", "Tax office", "-", "Taxes" }));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(titles(*window), (QStringList { "Tax office", "Other" })) << "the first Escape leaves the menu as it was";
+    type("tax");
+    told->answer({ "Taxes" }, true, note("Taxes"));
+    press(Qt::Key_Up);
+    press(Qt::Key_Return);
+    EXPECT_EQ(done, std::vector<std::string> { "Taxes" });
+    EXPECT_EQ(told.use_count(), 1) << "closing ends the search";
+}
+
 TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
 {
     open({ leaf("Über uns", note("about")), MenuEntry::separator(), leaf("Settings", note("settings")), leaf("Restart", note("restart")) });
@@ -236,6 +275,7 @@ TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
     EXPECT_EQ(titles(*window), (QStringList { "Über uns", "-", "Settings", "Restart" }));
     type("st");
     type("x");
+    top->search.lock()->answer({}, true);
     EXPECT_EQ(titles(*window), (QStringList { "stx", "No Matches" }));
     press(Qt::Key_Backspace);
     EXPECT_EQ(titles(*window), (QStringList { "st", "Restart" }));
@@ -563,6 +603,14 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
     }
+    open({ file, folder });
+    click(QEvent::MouseMove, Qt::NoButton, 1); // has the toolkit open the submenu soon
+    click(QEvent::MouseButtonPress, Qt::RightButton, 1);
+    for (QDeadlineTimer const left(150); !left.hasExpired();)
+        QApplication::processEvents();
+    EXPECT_FALSE(window->actions()[1]->menu()->isVisible()) << "it would take the pointer from the entry's own menu";
+    window->close();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "closes with the menu";
 }
 
 TEST_F(MenuWindowTest, FilesAreDroppedOnFoldersAsTheKeysSay)

@@ -41,7 +41,7 @@ struct UserUnitsTest : testing::Test {
     std::vector<std::string> launched;
     DesktopRunningApplications applications { { catalog, [this](Url const& url) { launched.push_back(url.lastPathComponent()); },
                                                   QDBusConnection::connectToBus(QString::fromStdString(bus.address()), QStringLiteral("units")) },
-        std::nullopt };
+        nullptr };
 };
 
 TEST_F(UserUnitsTest, TellWhatRuns)
@@ -61,7 +61,7 @@ TEST_F(UserUnitsTest, AreNotToBeHadWithoutTheServiceManager) { EXPECT_EQ(list(),
 
 TEST_F(UserUnitsTest, AreNotToBeHadWithoutABus)
 {
-    DesktopRunningApplications withoutBus({ catalog, {} }, std::nullopt);
+    DesktopRunningApplications withoutBus({ catalog, {} }, nullptr);
     bool isAnswered = false;
     withoutBus.list([&](RunningApplications::List const& found) { isAnswered = !found; });
     time.runTasks();

@@ -125,7 +125,8 @@ TEST_F(X11ClientWindowsTest, BringTheTopmostWindowOfAnApplicationToTheFront)
     disk.write("late.desktop", "[Desktop Entry]\nType=Application\nName=Late\nExec=late\n");
     ApplicationCatalog catalog(time, { disk.path() }, {});
     std::vector<std::string> launched;
-    DesktopRunningApplications applications({ catalog, [&](Url const& url) { launched.push_back(url.lastPathComponent()); } }, windows());
+    DesktopRunningApplications applications(
+        { catalog, [&](Url const& url) { launched.push_back(url.lastPathComponent()); } }, std::make_unique<X11ClientWindows>(windows()));
     applications.activate("class:XTerm");
     applications.activate("late.desktop");
     applications.activate("class:Gone");

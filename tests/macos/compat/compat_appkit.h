@@ -74,6 +74,7 @@ inline NSStringDrawingOptions operator|(NSStringDrawingOptions a, NSStringDrawin
 @end
 @interface NSMenuItem (CompatMac)
 @property (nonatomic, copy) NSString *identifier;
+@property (strong) NSView *view;
 @end
 typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemovalAllowed = 1 << 1 };
 @interface NSStatusItem (CompatMac)
@@ -103,6 +104,9 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 + (BOOL)writeBookmarkData:(NSData *)d toURL:(NSURL *)u options:(NSUInteger)o error:(NSError **)e;
 + (NSData *)bookmarkDataWithContentsOfURL:(NSURL *)u error:(NSError **)e;
 + (NSDictionary *)resourceValuesForKeys:(NSArray *)k fromBookmarkData:(NSData *)d;
+@end
+@interface NSUserDefaults (CompatMac)
+- (BOOL)objectIsForcedForKey:(NSString *)k;
 @end
 @interface NSFileManager (CompatMac)
 - (NSArray *)mountedVolumeURLsIncludingResourceValuesForKeys:(NSArray *)k options:(NSUInteger)o;

@@ -4,6 +4,7 @@
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/compose/MainMenu.h"
 #import "platform/macos/menu/MenuMirror.h"
+#import "platform/macos/menu/SearchMenu.h"
 #import "platform/macos/program/MessagePortServer.h"
 #import "platform/macos/program/ServicesProvider.h"
 #import "tests/macos/run/steps.h"
@@ -139,6 +140,40 @@ void menusAreMirrored()
     menu->entries.clear();
     menu->didRefill();
     expect([shown numberOfItems] == 2, "a closed menu follows nothing");
+}
+
+struct ToldSearch : MenuSearch {
+    void find(std::string text, std::size_t matches) override { asked = text + " " + std::to_string(matches); }
+    std::string asked;
+};
+
+void aSearchShowsWhatMatchesBelowItsField()
+{
+    Menus menus;
+    auto const menu = std::make_shared<Menu>("Main");
+    menu->entries = menus.entries();
+    auto const told = std::make_shared<ToldSearch>();
+    ZVSearchMenu* const search = [[ZVSearchMenu alloc] initWithMenu:menu search:told];
+    NSMenu* const shown = [[search item] submenu];
+    NSSearchField* const field = (NSSearchField*)[[[[shown itemAtIndex:0] view] subviews] objectAtIndex:0];
+    auto const type = [&](NSString* text) {
+        [field setStringValue:text];
+        [search controlTextDidChange:nil];
+    };
+    type(@"op");
+    expect(told->asked == "op 1", "what is typed is looked for");
+    auto opera = action("Opera", [&menus] { menus.performed += 1000; });
+    opera.way = std::make_shared<EntryWay const>(EntryWay { "Group", "in Group" });
+    told->onFound({ { opera }, true });
+    expect([shown numberOfItems] == 3 && [[[shown itemAtIndex:1] title] isEqual:@"Open"], "the menu's own entries come first");
+    expect([[[shown itemAtIndex:2] title] isEqual:@"Opera   Group"], "then those below, with their way"); // an attributed title is kept as its text here
+    choose((NSMenuItem*)[shown itemAtIndex:2]);
+    expect(menus.performed == 1000, "which act");
+    type(@"zz");
+    told->onFound({ {}, true });
+    expect([[[shown itemAtIndex:1] title] isEqual:@"No Matches"], "nothing is found");
+    [search end];
+    expect(told.use_count() == 1, "a closed menu searches no more");
 }
 
 } // namespace
@@ -482,6 +517,7 @@ int main(int count, char** arguments)
         theProgramKnowsItself();
         propertyListsSurvive();
         menusAreMirrored();
+        aSearchShowsWhatMatchesBelowItsField();
         theSettingsItemIsFound();
         filesAreTaken(arguments[2]);
         workLeavesAndReturns();

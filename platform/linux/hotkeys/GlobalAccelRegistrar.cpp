@@ -1,0 +1,158 @@
+#include "platform/linux/hotkeys/GlobalAccelRegistrar.h"
+
+#include "platform/linux/hotkeys/KeyNames.h"
+#include "platform/linux/toolkit/BusListener.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+
+#include <array>
+
+namespace zv {
+
+namespace {
+
+// https://invent.kde.org/frameworks/kglobalaccel, src/org.kde.KGlobalAccel.xml and …kglobalaccel.Component.xml
+QString serviceName() { return QStringLiteral("org.kde.kglobalaccel"); }
+
+constexpr uint setPresent = 2, noAutoloading = 4;
+constexpr int patience = 500; // milliseconds
+
+/// What the service calls us.
+QString component() { return QStringLiteral("org.zanthevell.ZantheVell"); }
+
+/// Equal at every start, and read again when the key is pressed.
+QString actionOf(KeyChord chord) { return QStringLiteral("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
+
+KeyChord chordOf(QString const& action)
+{
+    auto const parts = action.split(u'-');
+    return { parts.value(2).toUShort(), parts.value(1).toUInt() };
+}
+
+/// Shown in the desktop's settings.
+QString labelOf(KeyChord chord, std::vector<KeyTexts> const& layers)
+{
+    static constexpr std::array<std::pair<std::uint32_t, char const*>, 4> words { { { commandKey, "Meta" }, { controlKey, "Ctrl" }, { optionKey, "Alt" },
+        { shiftKey, "Shift" } } };
+    return chordText(chord, words, layers);
+}
+
+QStringList identityOf(KeyChord chord, std::vector<KeyTexts> const& layers)
+{
+    return { component(), actionOf(chord), QStringLiteral("Zanthe Vell"), labelOf(chord, layers) };
+}
+
+int qtModifiers(std::uint32_t modifiers)
+{
+    static constexpr std::pair<std::uint32_t, int> pairs[]
+        = { { shiftKey, Qt::ShiftModifier }, { controlKey, Qt::ControlModifier }, { optionKey, Qt::AltModifier }, { commandKey, Qt::MetaModifier } };
+    int mask = 0;
+    for (auto const& [ours, theirs] : pairs)
+        mask |= (modifiers & ours) != 0 ? theirs : 0;
+    return mask;
+}
+
+int keyFor(std::string const& text)
+{
+    auto const characters = QString::fromStdString(text);
+    return characters.size() == 1 ? characters.toUpper().front().unicode() : 0;
+}
+
+/// A key that types nothing, by the name that F5 and Escape have.
+int namedKey(QString const& name)
+{
+    if (name == QLatin1String("Escape"))
+        return Qt::Key_Escape;
+    int const number = name.startsWith(u'F') ? name.mid(1).toInt() : 0;
+    return number > 0 ? Qt::Key_F1 + number - 1 : 0;
+}
+
+} // namespace
+
+GlobalAccelRegistrar::GlobalAccelRegistrar(QDBusConnection const& bus, KeyboardLayoutSource& layout, ShiftedText shifted)
+    : m_bus(bus)
+    , m_layout(layout)
+    , m_shifted(std::move(shifted))
+    , m_service(serviceName(), bus, QDBusServiceWatcher::WatchForRegistration)
+{
+    qRegisterMetaType<QList<int>>();
+    listen();
+    QObject::connect(&m_service, &QDBusServiceWatcher::serviceRegistered, &m_service, [this] { lost(); });
+}
+
+GlobalAccelRegistrar::~GlobalAccelRegistrar() { releaseAll(); }
+
+bool GlobalAccelRegistrar::isThere(QDBusConnection const& bus)
+{
+    auto* names = bus.interface();
+    return names && names->isServiceRegistered(serviceName());
+}
+
+void GlobalAccelRegistrar::useBus(QDBusConnection const& bus)
+{
+    m_bus = bus;
+    m_service.setConnection(bus);
+    listen();
+    lost();
+}
+
+void GlobalAccelRegistrar::listen()
+{
+    auto path = component();
+    path.replace(u'.', u'_');
+    m_presses = std::make_unique<BusListener>(m_bus, serviceName(), QStringLiteral("/component/") + path, QStringLiteral("org.kde.kglobalaccel.Component"),
+        QStringLiteral("globalShortcutPressed"), [this](QDBusMessage const& message) { heard(message); });
+}
+
+void GlobalAccelRegistrar::heard(QDBusMessage const& message)
+{
+    auto const arguments = message.arguments();
+    if (arguments.value(0).toString() == component())
+        pressed(chordOf(arguments.value(1).toString()));
+}
+
+QDBusMessage GlobalAccelRegistrar::call(char const* method, QVariantList const& arguments) const
+{
+    auto message
+        = QDBusMessage::createMethodCall(serviceName(), QStringLiteral("/kglobalaccel"), QStringLiteral("org.kde.KGlobalAccel"), QString::fromLatin1(method));
+    message.setArguments(arguments);
+    return m_bus.call(message, QDBus::Block, patience);
+}
+
+/// With Shift a key that is no letter counts as what it types then: Meta and $, not Meta, Shift and 4.
+int GlobalAccelRegistrar::keyOf(KeyChord chord) const
+{
+    auto const layers = m_layout.layers();
+    int const named = namedKey(chordText({ chord.keyCode, 0 }, {}, layers));
+    if (named != 0)
+        return qtModifiers(chord.modifiers) | named;
+    for (auto const& layer : layers) {
+        int const key = chord.keyCode < layer.size() ? keyFor(layer[chord.keyCode]) : 0;
+        if (key == 0)
+            continue;
+        int const shifted = (chord.modifiers & shiftKey) != 0 && !QChar(key).isLetter() ? keyFor(m_shifted(chord.keyCode)) : 0;
+        return shifted != 0 ? qtModifiers(chord.modifiers & ~std::uint32_t { shiftKey }) | shifted : qtModifiers(chord.modifiers) | key;
+    }
+    return 0;
+}
+
+bool GlobalAccelRegistrar::claim(KeyChord chord)
+{
+    int const key = keyOf(chord);
+    if (key == 0)
+        return false;
+    auto const identity = identityOf(chord, m_layout.layers());
+    (void)call("doRegister", { identity });
+    auto const given = call("setShortcut", { identity, QVariant::fromValue(QList<int> { key }), setPresent | noAutoloading });
+    if (qdbus_cast<QList<int>>(given.arguments().value(0)) == QList<int> { key })
+        return true;
+    release(chord);
+    return false;
+}
+
+void GlobalAccelRegistrar::release(KeyChord chord) { (void)call("unregister", { component(), actionOf(chord) }); }
+
+} // namespace zv
