@@ -81,8 +81,8 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 NSAttributedString* titleWithWay(std::string const& title, zv::EntryWay const& way)
 {
     NSString* const text = [zv::toNSString(title) stringByAppendingString:@"   "];
-    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:text attributes:@ { NSFontAttributeName : menuFont(false) }];
-    NSDictionary* const faint = @ { NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : NSColor.secondaryLabelColor };
+    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:text attributes:@{ NSFontAttributeName : menuFont(false) }];
+    NSDictionary* const faint = @{ NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : NSColor.secondaryLabelColor };
     [made appendAttributedString:[[NSAttributedString alloc] initWithString:zv::toNSString(way.text) attributes:faint]];
     return made;
 }

@@ -25,20 +25,11 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 @implementation NSMenuItem (CompatMac)
 - (NSString *)identifier { return sideGet(self, 1); }
 - (void)setIdentifier:(NSString *)s { sideSet(self, 1, s); }
-- (NSView*)view
-{
-    return sideGet(self, 2);
-}
-- (void)setView:(NSView*)v
-{
-    sideSet(self, 2, v);
-}
+- (NSView *)view { return sideGet(self, 2); }
+- (void)setView:(NSView *)v { sideSet(self, 2, v); }
 @end
 @implementation NSUserDefaults (CompatMac)
-- (BOOL)objectIsForcedForKey:(NSString*)k
-{
-    return NO;
-}
+- (BOOL)objectIsForcedForKey:(NSString *)k { return NO; }
 @end
 @implementation NSColor (CompatMac)
 + (NSColor *)linkColor { return [NSColor blueColor]; }
