@@ -86,8 +86,8 @@ MacFindings MacCommands::findings()
 
 std::vector<DoctorCheck> MacCommands::doctorChecks()
 {
-    auto checks = programChecks(m_program, m_stored.resources, *m_stored.disk, store(),
-        { { KeptFolder::Holds::items, places().itemsFolder }, { KeptFolder::Holds::backups, places().backupsFolder } });
+    auto checks
+        = programChecks(m_program, m_stored.resources, *m_stored.disk, store(), { { KeptFolder::Holds::items, places().itemsFolder }, { KeptFolder::Holds::backups, places().backupsFolder } });
     for (auto& check : macChecks(findings()))
         checks.push_back(std::move(check));
     return checks;
