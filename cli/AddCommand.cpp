@@ -46,11 +46,13 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     }
     auto const outcome = ItemsFolder(context.places().itemsFolder, *context.files().disk, context.files().aliases).add(urls);
     auto const alert = alertFor(outcome, context.places().itemsFolder);
+    if (alert && options->has("--alert") && context.present(*alert))
+        return ExitStatus::failed;
     return alert ? fail(context, inSequence(alert->message, alert->informativeText)) : ExitStatus::done;
 }
 
 } // namespace
 
-constexpr Command addCommand { "add", "[--alert] FILE…", mark("add to the Zanthe Vell Items folder; with --alert the running program tells what fails"), run };
+constexpr Command addCommand { "add", "[--alert] FILE…", mark("add to the Zanthe Vell Items folder; with --alert a window tells what fails"), run };
 
 } // namespace zv

@@ -2,6 +2,7 @@
 #include "app/model/FinderPopName.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
+#include "cli/MenuText.h"
 #include "cli/Options.h"
 #include "platform/text/Text.h"
 
@@ -42,7 +43,7 @@ void print(std::string const& label, std::string const& value, std::ostream& out
     out << "  " << label << std::string(blanks, ' ') << displayText(value) << '\n';
 }
 
-void print(FinderPopName const& name, std::ostream& out)
+void print(FinderPopName const& name, SystemKind system, std::ostream& out)
 {
     out << displayText(name.sortName) << '\n';
     if (name.isSeparator)
@@ -52,7 +53,7 @@ void print(FinderPopName const& name, std::ostream& out)
     if (name.orderingPrefix)
         print(trc("of a file name", "prefix"), *name.orderingPrefix, out);
     if (auto const shortcut = shortcutOf(name))
-        print(trc("of a file name", "shortcut"), *shortcut, out);
+        print(trc("of a file name", "shortcut"), shownShortcut(*shortcut, system), out);
 }
 
 ExitStatus run(Arguments arguments, CommandContext& context)
@@ -68,7 +69,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
         return ExitStatus::done;
     }
     for (auto const& name : options->operands())
-        print(FinderPopName(name), context.out());
+        print(FinderPopName(name), context.systemKind(), context.out());
     return ExitStatus::done;
 }
 

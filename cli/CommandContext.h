@@ -6,6 +6,7 @@
 #include "app/model/Preferences.h"
 #include "cli/CommandMenu.h"
 #include "platform/System.h"
+#include "platform/desk/Alerts.h"
 #include "platform/program/RunningProgram.h"
 
 #include <iosfwd>
@@ -45,6 +46,10 @@ public:
     [[nodiscard]] virtual Url currentFolder() = 0;
     /// The program's file, if it is not installed as a command: --help tells how to make it one.
     [[nodiscard]] virtual std::optional<std::string> fileToLink() { return std::nullopt; }
+    /// The system whose words apply.
+    [[nodiscard]] virtual SystemKind systemKind() const = 0;
+    /// Shows the alert in a window of its own; false where there is no display.
+    [[nodiscard]] virtual bool present(Alert const&) { return false; }
     /// Finds out now what works on this desktop and what does not.
     [[nodiscard]] virtual std::vector<DoctorCheck> doctorChecks() = 0;
 

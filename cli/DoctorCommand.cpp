@@ -63,7 +63,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command doctorCommand { "doctor", "[--json | --report [FILE]]", mark("what works on this desktop and what does not, and why; a report of it to attach"),
-    run };
+constexpr Command doctorCommand { "doctor", "[--json | --report [FILE]]",
+    mark("what works on this desktop and what does not, and why; a report of it to attach"), run };
 
 } // namespace zv

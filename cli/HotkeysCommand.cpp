@@ -2,6 +2,7 @@
 #include "app/menu/DisplayText.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
+#include "cli/MenuText.h"
 #include "cli/Options.h"
 #include "platform/text/Text.h"
 
@@ -16,7 +17,8 @@ namespace {
 
 using Json = nlohmann::json;
 
-constexpr std::size_t shortcutWidth = 8;
+constexpr std::size_t glyphWidth = 8;
+constexpr std::size_t wordWidth = 20; // of "Ctrl+Alt+Shift+F12"
 
 std::string textOf(Json const& entry, char const* key)
 {
@@ -41,8 +43,9 @@ std::string targetName(Json const& entry, CommandContext& context)
 void print(Json const& entries, std::string_view remark, CommandContext& context)
 {
     for (auto const& entry : entries) {
-        auto const shortcut = textOf(entry, "shortcut");
-        auto const blanks = shortcutWidth - std::min(shortcutWidth - 1, graphemeCount(shortcut));
+        auto const shortcut = shownShortcut(textOf(entry, "shortcut"), context.systemKind());
+        auto const width = context.systemKind() == SystemKind::linuxDesktop ? wordWidth : glyphWidth;
+        auto const blanks = width - std::min(width - 1, graphemeCount(shortcut));
         context.out() << displayText(shortcut) << std::string(blanks, ' ') << displayText(targetName(entry, context)) << remark << '\n';
     }
 }

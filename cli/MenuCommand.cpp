@@ -46,7 +46,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (options->has("--json"))
         context.out() << menuAsJson(*menu).dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     else
-        context.out() << menuAsText(*menu, session.builder().text());
+        context.out() << menuAsText(*menu, session.builder().text(), context.systemKind());
     return ExitStatus::done;
 }
 

@@ -112,10 +112,27 @@ Json itemsAsJson(Menu const& menu)
 
 } // namespace
 
-std::string menuAsText(Menu const& menu, TextMeasure const& cells)
+std::string shownShortcut(std::string_view glyphs, SystemKind system)
+{
+    static constexpr std::pair<std::string_view, std::string_view> words[]
+        = { { "⌃", "Ctrl+" }, { "⌥", "Alt+" }, { "⇧", "Shift+" }, { "⌘", "Super+" }, { "⎋", "Esc" } };
+    std::string shown;
+    while (system == SystemKind::linuxDesktop && !glyphs.empty()) {
+        auto const known = std::ranges::find_if(words, [&](auto const& word) { return glyphs.starts_with(word.first); });
+        if (known == std::end(words))
+            break;
+        shown += known->second;
+        glyphs.remove_prefix(known->first.size());
+    }
+    return shown.append(glyphs);
+}
+
+std::string menuAsText(Menu const& menu, TextMeasure const& cells, SystemKind system)
 {
     std::vector<Line> lines;
     appendLines(menu, 0, lines);
+    for (auto& line : lines)
+        line.shortcut = shownShortcut(line.shortcut, system);
     auto const column = shortcutColumn(lines, cells);
     std::string text;
     for (auto const& line : lines)

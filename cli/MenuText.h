@@ -1,17 +1,22 @@
 #pragma once
 
 #include "app/menu/Menu.h"
+#include "platform/System.h"
 #include "platform/desk/TextMeasure.h"
 
 #include <nlohmann/json_fwd.hpp>
 
 #include <string>
+#include <string_view>
 
 namespace zv {
 
+/// A shortcut's text as the system writes it: "⌥⌘E", or "Alt+Super+E".
+[[nodiscard]] std::string shownShortcut(std::string_view glyphs, SystemKind system);
+
 /// The menu as an indented tree, shortcuts in a column at the right. Disabled entries stand in
 /// parentheses, with the reason behind. `cells` measures in terminal cells.
-[[nodiscard]] std::string menuAsText(Menu const& menu, TextMeasure const& cells);
+[[nodiscard]] std::string menuAsText(Menu const& menu, TextMeasure const& cells, SystemKind system);
 
 /// {"items": […]}, with the keys that the man page documents.
 [[nodiscard]] nlohmann::ordered_json menuAsJson(Menu const& menu);

@@ -1,5 +1,6 @@
 #include "app/actions/ItemsFolder.h"
 
+#include "app/menu/FileEntry.h"
 #include "base/Translation.h"
 #include "platform/text/Text.h"
 
@@ -48,7 +49,7 @@ std::string ItemsFolder::fileNameFor(Url const& url) const
 {
     auto name = url.lastPathComponent();
     if (!isUsableAsFileName(name))
-        name = m_files.volumeName(url).value_or("");
+        name = volumeTitle(url, m_files.volumeName(url).value_or(""));
     if (!isUsableAsFileName(name))
         name = m_files.localizedName(url);
     if (!isUsableAsFileName(name))

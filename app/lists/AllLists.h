@@ -3,6 +3,7 @@
 #include "app/actions/ListCommands.h"
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/FolderListings.h"
+#include "app/menu/ListedFolderSink.h"
 #include "app/model/Preferences.h"
 #include "platform/files/FileSystem.h"
 #include "platform/lists/Lists.h"
@@ -34,6 +35,7 @@ struct ListServices {
     FolderListings& folders;
     FileSystem const& files;
     Url itemsFolder;
+    ListedFolderSink& listedFolders;
     Lists const& seams;
     std::shared_ptr<ToolRunner> tools;
     Clock const& clock;

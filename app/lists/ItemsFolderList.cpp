@@ -5,19 +5,14 @@ namespace zv {
 
 namespace {
 
-/// A folder that does not exist yet is an empty list.
-std::vector<DynamicEntry> entriesOf(FolderListing const& listing)
-{
-    return listing.failure == FolderReadFailure::notFound ? std::vector<DynamicEntry> {} : listing.entries;
-}
-
 /// The user's own items. A folder on a volume that may not answer is not touched on the main thread.
 class ItemsFolderList : public DynamicList {
 public:
-    ItemsFolderList(FolderListings& folders, Preferences const& preferences, Url folder)
-        : m_folders(folders)
-        , m_preferences(preferences)
-        , m_folder(std::move(folder))
+    explicit ItemsFolderList(ListServices const& services)
+        : m_folders(services.folders)
+        , m_listed(services.listedFolders)
+        , m_preferences(services.preferences)
+        , m_folder(services.itemsFolder)
     {
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::zantheVellItems; }
@@ -27,21 +22,27 @@ public:
     {
         FolderListingOptions const options { m_preferences.showHiddenFiles(), m_preferences.sortFoldersFirst() };
         if (!m_folders.isRemote(m_folder))
-            return done(entriesOf(m_folders.list(m_folder, options)));
-        m_folders.listInBackground(m_folder, options, [done = std::move(done)](FolderListing const& listing) { done(entriesOf(listing)); });
+            return done(taken(m_folders.list(m_folder, options)));
+        m_folders.listInBackground(m_folder, options, [this, done = std::move(done)](FolderListing const& listing) { done(taken(listing)); });
     }
 
 private:
+    /// Hands the shortcuts in the names on. A folder that does not exist yet is an empty list.
+    std::vector<DynamicEntry> taken(FolderListing const& listing)
+    {
+        if (!listing.failure)
+            m_listed.folderListed(m_folder, listing.withHotkeys);
+        return listing.failure == FolderReadFailure::notFound ? std::vector<DynamicEntry> {} : listing.entries;
+    }
+
     FolderListings& m_folders;
+    ListedFolderSink& m_listed;
     Preferences const& m_preferences;
     Url m_folder;
 };
 
 } // namespace
 
-void addItemsFolderList(DynamicMenuProvider& lists, ListServices const& services)
-{
-    lists.add(std::make_unique<ItemsFolderList>(services.folders, services.preferences, services.itemsFolder));
-}
+void addItemsFolderList(DynamicMenuProvider& lists, ListServices const& services) { lists.add(std::make_unique<ItemsFolderList>(services)); }
 
 } // namespace zv

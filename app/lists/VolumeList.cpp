@@ -1,5 +1,6 @@
 #include "app/lists/AllLists.h"
 #include "app/lists/ListEntries.h"
+#include "app/menu/FileEntry.h"
 #include "app/menu/MenuIcon.h"
 #include "base/Translation.h"
 
@@ -11,11 +12,7 @@ namespace {
 
 std::string titleOf(Volume const& volume)
 {
-    if (!volume.label.empty())
-        return volume.label;
-    if (!volume.root.isFile())
-        return volume.root.toString();
-    return volume.root.path() == "/" ? tr("File System") : volume.root.lastPathComponent();
+    return volume.root.isFile() || !volume.label.empty() ? volumeTitle(volume.root, volume.label) : volume.root.toString();
 }
 
 DynamicEntry entryFor(Volume const& volume)

@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "base/Translation.h"
 
 #include <utility>
 
@@ -53,7 +54,28 @@ DynamicEntry fileEntry(Url url, NamedFile const& file)
     entry.url = std::move(url);
     entry.isDirectory = file.traits.isDirectory;
     entry.isPackage = file.traits.isPackage;
+    entry.unavailabilityReason = reasonFor(file.traits.fault);
     return entry;
+}
+
+std::string volumeTitle(Url const& root, std::string const& label)
+{
+    if (!label.empty())
+        return label;
+    return root.path() == "/" ? tr("File System") : root.lastPathComponent();
+}
+
+std::optional<std::string> reasonFor(FileFault fault)
+{
+    switch (fault) {
+    case FileFault::none:
+        break;
+    case FileFault::leadsNowhere:
+        return tr("This link leads nowhere: its target was moved or deleted, or the volume that holds it is away.");
+    case FileFault::programMissing:
+        return tr("The program that this entry starts is not installed.");
+    }
+    return std::nullopt;
 }
 
 DynamicEntry fileEntry(Url const& url, FileSystem const& files)

@@ -25,6 +25,12 @@ struct NamedFile {
 /// Opens the file by its own path, even a link or an alias; the traits are the target's.
 [[nodiscard]] DynamicEntry fileEntry(Url url, NamedFile const& file);
 
+/// The name of a volume by its label, which may be empty: the same in lists and in the Items folder.
+[[nodiscard]] std::string volumeTitle(Url const& root, std::string const& label);
+
+/// The tooltip for a file that cannot be opened; nothing for others.
+[[nodiscard]] std::optional<std::string> reasonFor(FileFault fault);
+
 /// Asks the file system for the traits of `url`. A file that is gone gives a plain entry. Any thread.
 [[nodiscard]] DynamicEntry fileEntry(Url const& url, FileSystem const& files);
 

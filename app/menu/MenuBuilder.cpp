@@ -176,6 +176,8 @@ MenuEntry MenuBuilder::makeFileItem(MenuItem const& item) const
 MenuEntry MenuBuilder::makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const
 {
     auto title = displayText(item.displayTitle());
+    if (auto reason = reasonFor(traits.fault))
+        return makeUnavailableFile({ .title = title, .fileURL = url, .unavailabilityReason = std::move(reason) });
     bool const isFolder = traits.isDirectory && !traits.isPackage;
     auto subject = subjectOf(item);
     subject.entry = std::make_shared<DynamicEntry const>(
@@ -256,7 +258,7 @@ MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& 
 MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const
 {
     if (entry->unavailabilityReason)
-        return makeUnavailableItem(entry->title, *entry->unavailabilityReason);
+        return makeUnavailableFile(*entry);
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
         return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1), { &m_services.entryMenus, entry, {} });
     // Two pointers fit into the function object; the target keeps the entry alive.
@@ -283,6 +285,15 @@ MenuEntry MenuBuilder::makeUnavailableItem(std::string title, std::string reason
     entry.attributedTitle = AttributedTitle { .text = entry.title, .italic = true };
     entry.toolTip = std::move(reason);
     return entry;
+}
+
+/// Keeps its picture: a column of icons with gaps reads as if something had failed.
+MenuEntry MenuBuilder::makeUnavailableFile(DynamicEntry const& entry) const
+{
+    auto item = makeUnavailableItem(entry.title, *entry.unavailabilityReason);
+    if (entry.fileURL)
+        applyFileIcon(*entry.fileURL, item);
+    return item;
 }
 
 MenuEntry MenuBuilder::makeActionItem(std::string title, std::function<void()> run)

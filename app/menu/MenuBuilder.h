@@ -74,6 +74,7 @@ public:
     [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
     [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source, EntrySubject subject = {}) const;
     /// A disabled item in italics, the reason as its tooltip.
+    [[nodiscard]] MenuEntry makeUnavailableFile(DynamicEntry const& entry) const;
     [[nodiscard]] static MenuEntry makeUnavailableItem(std::string title, std::string reason);
     [[nodiscard]] static MenuEntry makeActionItem(std::string title, std::function<void()> run);
 

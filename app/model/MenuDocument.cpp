@@ -63,7 +63,7 @@ Result<ImportedMenu, ReadFailure> readMenuDocument(std::span<std::byte const> by
 {
     auto const document = readPropertyList(bytes);
     if (!document)
-        return Failure { ReadFailure { {}, {}, "is not a property list: " + document.error() } };
+        return Failure { ReadFailure { {}, {}, "cannot be read: " + document.error() } };
     auto items = readItems(*document, services);
     if (!items)
         return Failure { items.error() };

@@ -14,9 +14,9 @@ constexpr std::int64_t integer(std::int64_t value) { return value; }
 
 // Ordered by property number. "ScanDepth" is the older format's key.
 constexpr std::array<PreferenceDescription, 11> table { {
-    { "ReplaceAppleMenu", true, mark("the menu opens from the corner of the menu bar") },
-    { "ShowStatusItem", true, mark("the menu has an icon in the menu bar") },
-    { "RainbowAppleLogo", true, mark("six colours in the corner of the menu bar") },
+    { "ReplaceAppleMenu", true, mark("the menu opens from the corner of the panel or menu bar") },
+    { "ShowStatusItem", true, mark("the menu has an icon in the panel or menu bar") },
+    { "RainbowAppleLogo", true, mark("six colours in that corner") },
     { "ShowIcons", true, mark("icons beside the entries") },
     { "ShowHiddenFiles", false, mark("hidden files in folder submenus") },
     { "SortFoldersFirst", true, mark("folders before files") },

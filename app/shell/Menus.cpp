@@ -22,6 +22,7 @@ Menus::Menus(Parts parts)
           .folders = m_folders,
           .files = *parts.system.files.disk,
           .itemsFolder = parts.system.places.itemsFolder,
+          .listedFolders = parts.listedFolders,
           .seams = parts.system.lists,
           .tools = parts.system.session.tools,
           .clock = parts.system.time.clock,

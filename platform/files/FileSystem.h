@@ -4,16 +4,25 @@
 #include "base/Url.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace zv {
 
+/// The reason why a file that is there cannot be opened.
+enum class FileFault : std::uint8_t {
+    none,
+    leadsNowhere, ///< a link or alias without a target, or whose volume has gone
+    programMissing, ///< an application entry that names a program (TryExec) which is not installed
+};
+
 /// The kind of a file, links and aliases followed to their end.
 struct FileTraits {
     bool isDirectory = false;
     bool isPackage = false; ///< shown as one thing though it may be a folder: an application, a bundle
+    FileFault fault = FileFault::none;
 };
 
 /// Files by URL. Nothing here shows anything to the user or mounts anything.

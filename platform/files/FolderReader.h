@@ -27,7 +27,7 @@ public:
     void add(Item const& item)
     {
         m_records.push_back({ m_text.size(), static_cast<std::uint16_t>(item.name.size()), static_cast<std::uint16_t>(item.localizedName.size()),
-            item.traits.isDirectory, item.traits.isPackage, item.isLink });
+            item.traits.isDirectory, item.traits.isPackage, item.isLink, item.traits.fault });
         m_text.append(item.name).append(item.localizedName);
     }
 
@@ -38,8 +38,8 @@ public:
     {
         auto const& record = m_records[index];
         auto const text = std::string_view(m_text).substr(record.offset);
-        return { text.substr(0, record.nameLength), text.substr(record.nameLength, record.localizedLength), { record.isDirectory, record.isPackage },
-            record.isLink };
+        return { text.substr(0, record.nameLength), text.substr(record.nameLength, record.localizedLength),
+            { record.isDirectory, record.isPackage, record.fault }, record.isLink };
     }
 
 private:
@@ -50,6 +50,7 @@ private:
         bool isDirectory;
         bool isPackage;
         bool isLink;
+        FileFault fault;
     };
 
     std::string m_text;

@@ -19,6 +19,8 @@ TEST_F(CheckNameTest, TellsWhatEachNameSays)
             "plain\n  title     plain\n",
             "" }));
     EXPECT_EQ(run({ "check-name", "a\nb\xFF" }).out, "a␊b\xEF\xBF\xBD\n  title     a␊b\xEF\xBF\xBD\n") << "no name breaks a line";
+    machine.kind = SystemKind::linuxDesktop;
+    EXPECT_NE(run({ "check-name", "x-*[cmd+opt+E]*" }).out.find("shortcut  Alt+Super+E\n"), std::string::npos);
     EXPECT_EQ(run({ "check-name", "--", "--json" }).out, "--json\n  title     --json\n");
 }
 

@@ -70,6 +70,8 @@ struct CommandLineFixture : testing::Test {
     std::optional<std::string> fileToLink;
     std::string input;
     bool isOutputFull = false;
+    bool hasDisplay = false;
+    std::vector<std::string> presented; ///< by --alert
 
     Outcome run(std::vector<std::string> arguments)
     {
@@ -105,6 +107,12 @@ private:
         }
         Url currentFolder() override { return Url::fromPath("/here"); }
         std::optional<std::string> fileToLink() override { return m_machine.fileToLink; }
+        SystemKind systemKind() const override { return m_machine.machine.kind; }
+        bool present(Alert const& alert) override
+        {
+            m_machine.presented.push_back(alert.message);
+            return m_machine.hasDisplay;
+        }
         std::vector<DoctorCheck> doctorChecks() override { return m_machine.checks; }
 
     private:

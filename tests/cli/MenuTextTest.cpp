@@ -51,7 +51,7 @@ TEST(MenuText, IsATreeWithShortcutsInAColumn)
     menu.entries = { withKey(entryTitled("Sleep"), "S"), MenuEntry::separator(),
         withSubmenu(entryTitled("Places"), { withHint(entryTitled("日本"), "⌘F12"), unavailable("Private", "No permission."), marked }),
         entryTitled("A title that is longer than all those with a shortcut"), MenuEntry::disabled("Loading…"), unavailable("two\nlines", "One\x1B.") };
-    EXPECT_EQ(menuAsText(menu, CellTextMeasure()),
+    EXPECT_EQ(menuAsText(menu, CellTextMeasure(), SystemKind::macOS),
         "Sleep     ⌥⌘S\n"
         "────────\n"
         "Places ▸\n"

@@ -140,6 +140,9 @@ TEST_F(AddCommandTest, WithAlertTheRunningProgramAddsAndTells)
     EXPECT_EQ(run({ "add", "--alert", "Report.pdf" }), (Outcome { 0, "", "" })) << "without it, it is added all the same";
     EXPECT_EQ(target("Report.pdf"), "/here/Report.pdf");
     EXPECT_EQ(run({ "add", "--alert", "gone" }).status, 1);
+    hasDisplay = true;
+    EXPECT_EQ(run({ "add", "--alert", "gone" }), (Outcome { 1, "", "" })) << "a window tells";
+    EXPECT_EQ(presented.back(), "“gone” could not be added to Zanthe Vell Items.");
 }
 
 } // namespace

@@ -6,12 +6,10 @@ let parts = null;
 
 function init() { }
 
-function enable() {
-    parts = new Parts();
-}
+function enable() { parts = new Parts(); }
 
-function disable() {
+function disable()
+{
     parts.destroy();
     parts = null;
 }
-

@@ -5,18 +5,16 @@ import GObject from 'gi://GObject';
 import Meta from 'gi://Meta';
 import Shell from 'gi://Shell';
 import St from 'gi://St';
+import {Extension} from 'resource:///org/gnome/shell/extensions/extension.js';
 import * as Main from 'resource:///org/gnome/shell/ui/main.js';
 import * as PanelMenu from 'resource:///org/gnome/shell/ui/panelMenu.js';
-import { Extension } from 'resource:///org/gnome/shell/extensions/extension.js';
 
 export default class ZantheVell extends Extension {
-    enable() {
-        this._parts = new Parts();
-    }
+    enable() { this._parts = new Parts(); }
 
-    disable() {
+    disable()
+    {
         this._parts.destroy();
         this._parts = null;
     }
 }
-

@@ -8,6 +8,7 @@
 #include "platform/linux/doctor/DesktopSurvey.h"
 #include "platform/linux/doctor/DisplaySurvey.h"
 #include "platform/linux/icons/ThemeIconSource.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/text/CellTextMeasure.h"
 #include "platform/linux/toolkit/CommandApplication.h"
 #include "platform/linux/toolkit/DisplayServer.h"
@@ -17,6 +18,9 @@
 #include "platform/linux/wayland/ForeignToplevels.h"
 #include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
+#include "platform/linux/windows/LinuxApplication.h"
+#include "platform/linux/windows/QtAlerts.h"
+#include "platform/linux/x11/StartupNotification.h"
 #include "platform/linux/x11/X11ClientWindows.h"
 #include "platform/linux/x11/X11Connection.h"
 
@@ -71,6 +75,8 @@ struct LinuxCommands::Turning {
         , system(machine.system())
         , pictures(tasks, timers, files.trust())
     {
+        if (display)
+            setLaunchTokens({ .startupId = beginStartup });
     }
 
     CommandApplication application;
@@ -130,6 +136,20 @@ Url LinuxCommands::currentFolder()
 {
     char path[PATH_MAX];
     return Url::fromPath(::getcwd(path, sizeof path) ? path : "/");
+}
+
+/// With the toolkit's application, which other commands go without.
+bool LinuxCommands::present(Alert const& alert)
+{
+    auto server = displayServerFor(m_environment);
+    if (server.empty() || QCoreApplication::instance())
+        return false;
+    std::string name = "zanthe-vell", option = "-platform";
+    char* arguments[] = { name.data(), option.data(), server.data(), nullptr };
+    int count = 3;
+    LinuxApplication const application(count, arguments);
+    QtAlerts().run(alert);
+    return true;
 }
 
 std::vector<DoctorCheck> LinuxCommands::doctorChecks()

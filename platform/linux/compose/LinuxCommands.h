@@ -23,6 +23,8 @@ public:
     RunningProgram& runningProgram() override;
     TurningSystem turningSystem() override;
     Url currentFolder() override;
+    SystemKind systemKind() const override { return SystemKind::linuxDesktop; }
+    bool present(Alert const& alert) override;
     std::vector<DoctorCheck> doctorChecks() override;
 
 private:

@@ -7,12 +7,14 @@
 #include "platform/linux/bus/BusRunningProgram.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
 #include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/StageMenuPlacer.h"
 #include "platform/linux/wayland/WaylandOverlay.h"
+#include "platform/linux/x11/StartupNotification.h"
 
 #include <QDBusConnectionInterface>
 #include <QFile>
@@ -129,6 +131,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_settingsWindow([this]() -> SettingsModels& { return m_app->settingsModels(); }, [this](std::uint32_t key) { return m_keyboard.keyOnLayout(key); })
     , m_signals([this] { m_application.terminate(); })
 {
+    if (sessionKind() == SessionKind::x11)
+        setLaunchTokens({ .startupId = beginStartup });
     m_statusBar.onActivationToken = useActivationToken;
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });

@@ -53,6 +53,13 @@ FileTraits traitsByName(std::string_view name)
     return { isFolder, isPackageFolderName(name) || isApplicationEntryName(name) };
 }
 
+FileFault faultOfEntry(std::string const& path)
+{
+    auto const text = readDesktopEntry(AT_FDCWD, path.c_str());
+    auto const needed = DesktopEntry(text).text("TryExec");
+    return needed.empty() || isInstalled(needed) ? FileFault::none : FileFault::programMissing;
+}
+
 Result<void> writeWhole(Url const& url, std::vector<std::byte> const& bytes, mode_t newMode)
 {
     if (auto broken = brokenLinkAt(url.path()))
@@ -91,10 +98,12 @@ std::optional<FileTraits> LinuxFileSystem::traits(Url const& url) const
     if (status)
         m_mounts.noteAnswer(status->st_dev, std::chrono::steady_clock::now() - asked);
     if (!status)
-        return isTaken(url) ? std::optional(FileTraits {}) : std::nullopt;
-    auto const name = url.lastPathComponent();
+        return isTaken(url) ? std::optional(FileTraits { .fault = FileFault::leadsNowhere }) : std::nullopt;
+    auto const target = followingLink(path); // decides what it is, as in a listing
+    auto const name = lastPathComponent(target);
     bool const isDirectory = S_ISDIR(status->st_mode);
-    return FileTraits { isDirectory, isDirectory ? isPackageFolderName(name) : isApplicationEntryName(name) };
+    bool const isEntry = !isDirectory && isApplicationEntryName(name);
+    return FileTraits { isDirectory, isDirectory ? isPackageFolderName(name) : isEntry, isEntry ? faultOfEntry(target) : FileFault::none };
 }
 
 Url LinuxFileSystem::resolvingSymlinks(Url const& url) const
@@ -118,6 +127,8 @@ std::optional<std::string> LinuxFileSystem::volumeName(Url const& url) const
     std::unique_ptr<GUnixMountEntry, FreeMountEntry> const entry(g_unix_mount_at(url.path().c_str(), nullptr));
     if (!entry)
         return std::nullopt;
+    if (url.path() == "/")
+        return std::string(); // the library's own words for it, not a name
     return withValidUtf8(taken(g_unix_mount_guess_name(entry.get())));
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/files/LinuxFolderReader.h"
 
 #include "base/Split.h"
+#include "platform/linux/entries/ApplicationEntry.h"
 #include "platform/linux/entries/PackageName.h"
 #include "platform/linux/posix/WholeFiles.h"
 #include "platform/text/Text.h"
@@ -171,7 +172,7 @@ private:
         auto const fate = mounts().table.follow(m_path + "/" + name);
         auto const targetName = lastPathComponent(fate.path);
         if (fate.kind == MountTable::Fate::Kind::missing)
-            add(name, {});
+            add(name, { .fault = FileFault::leadsNowhere });
         else if (fate.kind == MountTable::Fate::Kind::remote)
             add(name, FileTraits { pathExtension(name).empty(), false });
         else if (fate.isDirectory)
@@ -189,7 +190,7 @@ private:
         if (mounts().hasRemote)
             return false;
         if (fstatat(m_folder, name, &status, 0) != 0)
-            return true;
+            return false;
         return !S_ISDIR(status.st_mode) && !isApplicationEntryName(targetOf(name));
     }
 
@@ -206,7 +207,9 @@ private:
         if (!entry.isListed(m_over.audience.desktops))
             return;
         auto const shown = m_over.trust.trusts(m_path + "/" + name) ? entry.translated("Name", m_over.audience.languages) : "";
-        m_contents.add({ name, withValidUtf8(shown.substr(0, mostNameBytes)), { false, true } });
+        auto const needed = entry.text("TryExec");
+        auto const fault = needed.empty() || isInstalled(needed) ? FileFault::none : FileFault::programMissing;
+        m_contents.add({ name, withValidUtf8(shown.substr(0, mostNameBytes)), { false, true, fault } });
     }
 
     void add(std::string_view name, FileTraits traits) { m_contents.add({ name, {}, traits }); }

@@ -10,13 +10,12 @@
 
 namespace zv {
 
-/// The store of docks' settings. The default is the user's own, without any schema.
+/// The store of docks' settings. The default is the user's own.
 struct DockStore {
-    GSettingsSchemaSource* systemSchemas = nullptr; ///< searched first; null for none; not owned
-    std::vector<std::string> schemaFolders;
+    std::vector<std::string> schemaFolders; ///< of compiled schemas, the first that has one counts
     GSettingsBackend* backend = nullptr; ///< null for the user's own; not owned
 
-    /// The user's own store, with the schemas of the system and of shell extensions.
+    /// The user's own store, with the system's schemas and those of shell extensions.
     [[nodiscard]] static DockStore ofThisMachine(XdgDirectories const& directories);
 };
 

@@ -2,13 +2,16 @@
 
 #include "platform/linux/icons/LaurelIcon.h"
 
+#include <QCursor>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace zv {
@@ -53,10 +56,34 @@ public:
         setNotes(QString::fromStdString(page.notes));
         setProgress(page.progress);
         setButtons(page.buttons);
-        adjustSize();
+        if (isVisible())
+            resize(size().expandedTo(sizeHint())); // a page that needs less leaves the size that the user knows
+        else
+            adjustSize();
+    }
+
+    /// Appears where it was, at first in the middle of the screen in use.
+    void appear()
+    {
+        if (isVisible())
+            return;
+        auto const* const screen = QGuiApplication::screenAt(QCursor::pos());
+        auto const free = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+        if (m_size)
+            resize(m_size->expandedTo(sizeHint()));
+        move(m_place.value_or(free.center() - QPoint(width() / 2, height() / 2)));
+        show();
     }
 
     void reject() override { press(m_escapeButton); }
+
+protected:
+    void hideEvent(QHideEvent* event) override
+    {
+        m_place = pos();
+        m_size = size();
+        QDialog::hideEvent(event);
+    }
 
 private:
     void setNotes(QString const& notes)
@@ -104,6 +131,8 @@ private:
     QDialogButtonBox m_buttons;
     std::vector<std::string> m_titles;
     std::size_t m_escapeButton = 0;
+    std::optional<QPoint> m_place; ///< where it was when it went
+    std::optional<QSize> m_size;
 };
 
 QtUpdateWindow::QtUpdateWindow() = default;
@@ -114,7 +143,7 @@ void QtUpdateWindow::show(UpdatePage const& page)
     if (!m_dialog)
         m_dialog = std::make_unique<Dialog>(*this);
     m_dialog->setPage(page);
-    m_dialog->show();
+    m_dialog->appear();
 }
 
 void QtUpdateWindow::bringToFront()

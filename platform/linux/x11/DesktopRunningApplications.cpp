@@ -1,6 +1,7 @@
 #include "platform/linux/x11/DesktopRunningApplications.h"
 
 #include "base/MainThread.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/x11/X11ClientWindows.h"
 
 #include <QDBusArgument>
@@ -59,7 +60,12 @@ void activateOverBus(QDBusConnection const& bus, ApplicationEntry const& entry)
     auto const name = QString::fromStdString(entry.id.substr(0, entry.id.rfind('.')));
     auto const path = QStringLiteral("/") + QString(name).replace(QLatin1Char('.'), QLatin1Char('/')).replace(QLatin1Char('-'), QLatin1Char('_'));
     auto call = QDBusMessage::createMethodCall(name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    call.setArguments({ QVariantMap {} });
+    QVariantMap tokens;
+    if (auto const& startupId = launchTokens().startupId)
+        tokens.insert(QStringLiteral("desktop-startup-id"), QString::fromStdString(startupId(entry.name)));
+    if (auto const& token = launchTokens().activationToken)
+        tokens.insert(QStringLiteral("activation-token"), QString::fromStdString(token()));
+    call.setArguments({ tokens });
     bus.asyncCall(call);
 }
 

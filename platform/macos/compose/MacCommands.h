@@ -24,6 +24,7 @@ public:
     TurningSystem turningSystem() override;
     Url currentFolder() override;
     std::optional<std::string> fileToLink() override;
+    SystemKind systemKind() const override { return SystemKind::macOS; }
     std::vector<DoctorCheck> doctorChecks() override;
 
 private:

@@ -39,7 +39,7 @@ public:
         NSURL* const named = toNSURL(url);
         NSURL* const found = targetOfLinks(named);
         NSURL* const target = found ? found : named;
-        return FileTraits { flag(target, NSURLIsDirectoryKey), flag(target, NSURLIsPackageKey) };
+        return FileTraits { flag(target, NSURLIsDirectoryKey), flag(target, NSURLIsPackageKey), found ? FileFault::none : FileFault::leadsNowhere };
     }
 
     Url resolvingSymlinks(Url const& url) const override { return fromNSURL(toNSURL(url).URLByResolvingSymlinksInPath); }

@@ -90,7 +90,7 @@ private:
         if (leadsToRemoteVolume(fromNSString(link.path)))
             return { link.pathExtension.length == 0, false };
         NSURL* const target = targetOfLinks(link);
-        return target ? traitsOf(target) : FileTraits {};
+        return target ? traitsOf(target) : FileTraits { .fault = FileFault::leadsNowhere };
     }
 };
 

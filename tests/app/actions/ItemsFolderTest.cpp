@@ -113,8 +113,8 @@ TEST_F(ItemsFolderTest, NamesAVolumesRootAfterTheVolume)
     Row const rows[] = {
         { "Macintosh HD", "Macintosh HD", "the volume's name" },
         { "A/B", "A:B", "what no file name may hold" },
-        { std::nullopt, "Untitled", "no name at all" },
-        { "..", "Untitled 2", "the folder above is no name" },
+        { std::nullopt, "File System", "as in the list of volumes" },
+        { "..", "Untitled", "the folder above is no name" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);

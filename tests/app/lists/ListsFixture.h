@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/lists/AllLists.h"
+#include "tests/fakes/FakeMenuServices.h"
 #include "tests/fakes/FakeSystem.h"
 
 #include <string>
@@ -16,11 +17,13 @@ struct ListsFixture : fakes::FakeSystem, ShortcutCommands, LocationCommands {
 
     Preferences preferences { defaults };
     FolderListings listings { folders, time };
+    fakes::FakeListedFolders listedFolders;
     System machine = system();
     DynamicMenuProvider lists = allLists({ .preferences = preferences,
         .folders = listings,
         .files = files,
         .itemsFolder = places.itemsFolder,
+        .listedFolders = listedFolders,
         .seams = machine.lists,
         .tools = tools,
         .clock = time,

@@ -114,8 +114,9 @@ TEST_F(AllLists, ShowTheItemsFolderAsAFolder)
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "Items" })) << "the folder itself, with the reason";
     folders->failures.clear();
 
-    folders->folders["/data/Items"] = { { "02)b.txt" }, { "01)z.txt" }, fakes::FakeFolderReader::folder("sub"), { ".hidden" } };
+    folders->folders["/data/Items"] = { { "02)b.txt" }, { "01)z-*[F5]*.txt" }, fakes::FakeFolderReader::folder("sub"), { ".hidden" } };
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "sub", "z.txt", "b.txt" }));
+    EXPECT_EQ(listedFolders.told["/data/Items"], Titles { "01)z-*[F5]*.txt" }) << "and its shortcuts are in use";
     preferences.setSortFoldersFirst(false);
     EXPECT_EQ(titlesOf(entries(Kind::zantheVellItems)), (Titles { "z.txt", "b.txt", "sub" }));
     preferences.setShowHiddenFiles(true);

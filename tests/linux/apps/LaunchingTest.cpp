@@ -1,6 +1,7 @@
 #include "platform/linux/apps/Launching.h"
 
 #include "platform/linux/apps/FileApplications.h"
+#include "platform/linux/posix/LaunchContext.h"
 #include "platform/linux/session/PosixToolRunner.h"
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/TextFiles.h"
@@ -65,6 +66,20 @@ TEST_F(LaunchingInside, AnEntryIsStartedAndNeverShown)
     EXPECT_NE(open(write("missing.desktop", "[Desktop Entry]\nType=Application\nName=N\nExec=/nowhere/program\n")), "");
     EXPECT_NE(open(home("gone.desktop")), "");
     EXPECT_FALSE(fs::exists(home("log")));
+}
+
+TEST_F(LaunchingInside, AnApplicationHearsThatTheUserAskedForIt)
+{
+    auto const script = write("tell", "#!/bin/sh\necho \"$DESKTOP_STARTUP_ID $XDG_ACTIVATION_TOKEN\" > " + home("log") + "\n");
+    fs::permissions(script, fs::perms::owner_all);
+    write("tell.desktop", "[Desktop Entry]\nType=Application\nName=Tell\nStartupNotify=true\nExec=" + script + "\n");
+    ::setenv("DESKTOP_STARTUP_ID", "of our own start", 1);
+    EXPECT_EQ(open(home("tell.desktop")), "");
+    EXPECT_EQ(logText(), " \n") << "without a desktop that hears of it";
+    setLaunchTokens({ .startupId = [](auto const& name) { return "id of " + name; }, .activationToken = [] { return std::string("token"); } });
+    EXPECT_EQ(open(home("tell.desktop")), "");
+    EXPECT_EQ(logText(), "id of Tell token\n");
+    setLaunchTokens({});
 }
 
 TEST_F(LaunchingInside, ALinkLeadsOnButNotForEver)
@@ -190,7 +205,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 8 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 9 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)

@@ -18,7 +18,11 @@ struct FolderReaderTest : testing::Test {
         auto const contents = reader().read(Url::fromPath(folder.path()), hiddenFiles);
         for (std::size_t i = 0; contents && i < contents->size(); ++i) {
             auto const item = (*contents)[i];
-            found[std::string(item.name)] = std::string(item.traits.isPackage ? "package " : "") + (item.traits.isDirectory ? "folder" : "file");
+            static std::map<FileFault, std::string> const faults { { FileFault::leadsNowhere, "leading nowhere" },
+                { FileFault::programMissing, "lacking its program" } };
+            auto const fault = faults.find(item.traits.fault);
+            found[std::string(item.name)]
+                = fault != faults.end() ? fault->second : std::string(item.traits.isPackage ? "package " : "") + (item.traits.isDirectory ? "folder" : "file");
         }
         return found;
     }
@@ -58,11 +62,13 @@ TEST_F(FolderReaderTest, TellsWhatEachChildIs)
     folder.makeFolder("Tool.app");
     folder.makeFolder("Other.AppDir");
     folder.write("file.app", "");
-    folder.write("x.desktop", "[Desktop Entry]\nName=X\n");
+    folder.write("x.desktop", "[Desktop Entry]\nName=X\nTryExec=sh\n");
+    folder.write("y.desktop", "[Desktop Entry]\nName=Y\nTryExec=/no/such/program\n");
     ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(kinds(),
         (std::map<std::string, std::string> { { "file", "file" }, { "folder", "folder" }, { "Tool.app", "package folder" },
-            { "Other.AppDir", "package folder" }, { "file.app", "file" }, { "x.desktop", "package file" }, { "pipe", "file" } }));
+            { "Other.AppDir", "package folder" }, { "file.app", "file" }, { "x.desktop", "package file" }, { "y.desktop", "lacking its program" },
+            { "pipe", "file" } }));
 }
 
 TEST_F(FolderReaderTest, LinksAreWhatTheyLeadTo)
@@ -83,8 +89,8 @@ TEST_F(FolderReaderTest, LinksAreWhatTheyLeadTo)
     folder.link("itself", "itself");
     folder.link("up", "..");
     std::map<std::string, std::string> const expected { { "to folder", "folder" }, { "to package", "package folder" }, { "to file", "file" },
-        { "to application", "package file" }, { "to link", "folder" }, { "Folder.app", "folder" }, { "broken", "file" }, { "loop a", "file" },
-        { "loop b", "file" }, { "itself", "file" }, { "up", "folder" } };
+        { "to application", "package file" }, { "to link", "folder" }, { "Folder.app", "folder" }, { "broken", "leading nowhere" },
+        { "loop a", "leading nowhere" }, { "loop b", "leading nowhere" }, { "itself", "leading nowhere" }, { "up", "folder" } };
     EXPECT_EQ(kinds(), expected);
     mountRemotely("/zv-nowhere");
     EXPECT_EQ(kinds(), expected) << "walked step by step, where something remote is mounted";
