@@ -319,6 +319,7 @@ Surface LinuxFrontEnd::surface()
             .settingsAlerts = m_alerts,
             .notes = m_notesWindows,
             .filePanels = m_filePanels,
+            .forms = m_forms,
             .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,
