@@ -112,8 +112,8 @@ bool asksForCommand(Arguments arguments)
 
 int runCommandLine(Arguments arguments, CommandContext& context)
 {
-    // What programs read is the same in every language.
-    if (std::find(arguments.begin(), arguments.end(), "--json") != arguments.end())
+    // What programs and developers read is the same in every language.
+    if (std::any_of(arguments.begin(), arguments.end(), [](auto const& argument) { return argument == "--json" || argument == "--report"; }))
         translateBy(nullptr);
     if (arguments.empty())
         return static_cast<int>(afterWriting(showHelp(context), context));

@@ -71,13 +71,15 @@ ExitStatus failUnknownKey(CommandContext& context, std::string const& key)
     return fail(context, tr("there is no setting \"%1\"; see zanthe-vell prefs", key));
 }
 
+ExitStatus failLocked(CommandContext& context, std::string const& key) { return fail(context, tr("%1 is locked by an administrator of this computer", key)); }
+
 ExitStatus listAll(CommandContext& context)
 {
     for (auto const& description : Preferences::descriptions()) {
         auto const key = std::string(description.key);
         auto const value = shownValue(description, context.files().defaults);
         context.out() << key << std::string(23 - key.size(), ' ') << value << std::string(9 - std::min<std::size_t>(8, value.size()), ' ')
-                      << tr(description.meaning) << '\n';
+                      << tr(description.meaning) << (context.preferences().isLocked(key) ? tr(" (locked)") : std::string()) << '\n';
     }
     return ExitStatus::done;
 }
@@ -104,6 +106,8 @@ ExitStatus writeOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
+    if (context.preferences().isLocked(operands[1]))
+        return failLocked(context, operands[1]);
     auto value = parseValue(*description, operands[2]);
     if (!value)
         return fail(context, value.error());
@@ -118,6 +122,8 @@ ExitStatus resetOne(std::vector<std::string> const& operands, CommandContext& co
     auto const* description = descriptionOf(operands[1]);
     if (!description)
         return failUnknownKey(context, operands[1]);
+    if (context.preferences().isLocked(operands[1]))
+        return failLocked(context, operands[1]);
     if (auto const removed = context.files().defaults.removeObject(description->key); !removed)
         return fail(context, tr("could not reset %1: %2", operands[1], removed.error()));
     return ExitStatus::done;

@@ -4,6 +4,7 @@ option(ZV_BENCH "Build the measurements" OFF)
 option(ZV_PCH "Precompile the headers that most files include" ON)
 option(ZV_FUZZ "Build the fuzz targets (clang only)" OFF)
 option(ZV_PACKAGED "Build for a package: nothing of this machine in the program" OFF)
+option(ZV_DEBIAN "Lay out what is installed as Debian has it" OFF)
 
 # Warnings are errors in the presets, for developers; not with CMake's own release flags, which define NDEBUG:
 # a build by another compiler must not stop at its warnings.
@@ -17,7 +18,11 @@ option(ZV_WERROR "Treat warnings as errors" ${ZV_WERROR_DEFAULT})
 
 add_library(zv_options INTERFACE)
 target_include_directories(zv_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_definitions(zv_options INTERFACE ZV_VERSION="${PROJECT_VERSION}")
+# Only these are compiled anew for another version.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/cli/CommandLine.cpp ${CMAKE_SOURCE_DIR}/cli/DoctorCommand.cpp ${CMAKE_SOURCE_DIR}/platform/linux/files/BundleResources.cpp
+                            ${CMAKE_SOURCE_DIR}/platform/linux/toolkit/DesktopDiagnostics.cpp ${CMAKE_SOURCE_DIR}/platform/linux/windows/LinuxApplication.cpp
+                            ${CMAKE_SOURCE_DIR}/tests/cli/CommandLineTest.cpp ${CMAKE_SOURCE_DIR}/tests/linux/files/BundleResourcesTest.cpp
+                            PROPERTIES COMPILE_DEFINITIONS ZV_VERSION="${PROJECT_VERSION}")
 target_compile_options(zv_options INTERFACE -Wall -Wextra $<$<BOOL:${ZV_WERROR}>:-Werror> -Wnon-virtual-dtor -Woverloaded-virtual
                                             -Wno-missing-field-initializers)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)

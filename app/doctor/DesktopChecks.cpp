@@ -4,7 +4,9 @@
 #include "app/doctor/OverlayCheck.h"
 #include "base/Translation.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 
 namespace zv {
@@ -17,10 +19,22 @@ using Allowed = DesktopFindings::Allowed;
 
 bool canShowWindows(DesktopFindings const& found)
 {
-    return found.display == Display::x11 || found.display == Display::x11WithinWayland || found.display == Display::wayland;
+    static constexpr Display shown[] = { Display::x11, Display::x11WithinWayland, Display::wayland, Display::waylandWithoutLayers };
+    return std::ranges::find(shown, found.display) != std::end(shown);
 }
 
 bool isOnX11(DesktopFindings const& found) { return found.display == Display::x11; }
+
+DoctorCheck gnomeCheck(DesktopFindings const& found)
+{
+    if (found.hasGnomeExtension)
+        return { tr("Display"), State::ok,
+            tr("This is a Wayland session of GNOME, whose Shell runs our extension: the menu opens at its laurel, by keys and commands."), {} };
+    return { tr("Display"), State::limited,
+        tr("This is a Wayland session of GNOME, which keeps programs off its panel: a menu opens by its icon and by commands, on one screen."),
+        tr("Switch on our extension, which is installed with the package, and log in again: “gnome-extensions enable zanthe-vell-45@zanthevell.org”, or "
+           "zanthe-vell-43@zanthevell.org before GNOME 45.") };
+}
 
 DoctorCheck displayCheck(DesktopFindings const& found)
 {
@@ -28,15 +42,24 @@ DoctorCheck displayCheck(DesktopFindings const& found)
     case Display::x11:
         return { tr("Display"), State::ok, tr("An X server shows menus and windows."), {} };
     case Display::x11WithinWayland:
-        return { tr("Display"), State::limited, tr("This is a Wayland session: its X server shows menus and windows, but the panel’s corner is out of reach."),
-            tr("Open the menu by its icon in the panel. The corner works in an X11 session.") };
+        return { tr("Display"), State::limited,
+            tr("This is a Wayland session, but menus and windows go through its X server: a click on another program’s window closes no menu, and the corner "
+               "is "
+               "out of reach."),
+            tr("Install qt6-wayland, and take xcb out of QT_QPA_PLATFORM if it is there.") };
     case Display::wayland:
-        return { tr("Display"), State::limited, tr("This is a Wayland session: the menu opens from its icon in the panel only."),
-            tr("Install xwayland, and “zanthe-vell show” works too.") };
+        return { tr("Display"), State::ok, tr("This is a Wayland session, whose compositor (with a layer shell) lets menus open anywhere."), {} };
+    case Display::waylandWithoutLayers:
+        if (found.isGnome)
+            return gnomeCheck(found);
+        return { tr("Display"), State::limited,
+            tr("This Wayland session keeps programs off its panels (its compositor has no layer shell): a menu opens by its icon and by commands, beside the "
+               "panels and on one screen, and there is no corner."),
+            tr("A key binding of the desktop can run “zanthe-vell show”.") };
     case Display::waylandWithoutPlugin:
         return { tr("Display"), State::missing,
             tr("This Wayland session has no X server, and the toolkit’s plug-in for Wayland is not installed: no window can be shown."),
-            tr("Install qt6-wayland or xwayland.") };
+            tr("Install qt6-wayland.") };
     case Display::unreachable:
         return { tr("Display"), State::missing, tr("The display that the environment names does not answer."),
             tr("Run this within the desktop session, as the user it belongs to.") };
@@ -56,9 +79,11 @@ std::optional<DoctorCheck> windowManagerCheck(DesktopFindings const& found)
         tr("Start the desktop’s own, or one such as openbox.") };
 }
 
-/// X11 only: the display's check covers Wayland.
+/// Elsewhere the display's check says it.
 std::optional<DoctorCheck> cornerCheck(DesktopFindings const& found)
 {
+    if (found.display == Display::wayland)
+        return overlayCheck(OverlaySupport::onPanels);
     if (!isOnX11(found))
         return std::nullopt;
     return overlayCheck(found.hasCornerPanel ? OverlaySupport::onPanels : OverlaySupport::noPanel);
@@ -192,8 +217,8 @@ DoctorCheck forceQuitCheck(DesktopFindings const& found)
     case ForceQuit::none:
         break;
     }
-    return { tr("Force Quit"), State::missing, tr("Neither a task manager nor xkill is installed."),
-        tr("Install the desktop’s own task manager, or x11-utils.") };
+    return { tr("Force Quit"), State::missing, tr("No task manager is installed, and xkill is missing or of no use in a Wayland session."),
+        tr("Install the desktop’s own task manager, or x11-utils in an X11 session.") };
 }
 
 std::string titleOf(SystemPlace place)
@@ -246,7 +271,7 @@ std::vector<DoctorCheck> desktopChecks(DesktopFindings const& found)
         checks.push_back(notificationCheck(found));
     }
     if (canShowWindows(found))
-        checks.push_back(hotkeyCheck(found.hotkeys));
+        checks.push_back(hotkeyCheck(found.hotkeys, found.desktopNames));
     static constexpr std::array others { pictureCheck, fileManagerCheck, sessionCheck, lockCheck, forceQuitCheck, commandCheck, loginCheck };
     for (auto const check : others)
         checks.push_back(check(found));

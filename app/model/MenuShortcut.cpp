@@ -29,7 +29,7 @@ std::optional<KeyEquivalentSpec> const& MenuShortcut::value() const
 void MenuShortcut::set(std::optional<KeyEquivalentSpec> value)
 {
     assertMainThread();
-    if (value == m_value)
+    if (value == m_value || m_defaults.isLocked(defaultsKey))
         return;
     m_value = std::move(value);
     if (m_value)
@@ -48,7 +48,7 @@ void MenuShortcut::reload()
 
 std::optional<KeyEquivalentSpec> MenuShortcut::stored() const
 {
-    auto const kept = m_defaults.storedObject(defaultsKey);
+    auto const kept = m_defaults.object(defaultsKey);
     if (!kept)
         return std::nullopt;
     auto const spec = KeyEquivalentSpec::fromPropertyList(*kept);

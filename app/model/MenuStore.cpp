@@ -59,6 +59,11 @@ MenuStore::MenuStore(Services services)
     : m_services(services)
 {
     assertMainThread();
+    load();
+}
+
+void MenuStore::load()
+{
     auto stored = storedMenu();
     setItems(stored ? std::move(*stored) : defaultMenu());
 }
@@ -151,6 +156,10 @@ void MenuStore::reload()
 
 std::vector<MenuItem> MenuStore::defaultMenu() const
 {
+    if (auto const given = m_services.defaults.givenObject(defaultsKey)) {
+        if (auto items = menuItemsFromPropertyList(*given))
+            return std::move(items).value();
+    }
     if (auto menu = resourceMenu())
         return std::move(*menu);
     return builtInItems();
@@ -203,6 +212,8 @@ void MenuStore::refreshLocations()
 
 void MenuStore::didChange(Keeping keeping)
 {
+    if (isLocked())
+        load(); // in the place of what was changed
     cleanTitles(m_items);
     refreshLocations();
     save(keeping);
@@ -234,6 +245,8 @@ void MenuStore::save(Keeping keeping)
 
 Result<void> MenuStore::write(Keeping keeping)
 {
+    if (isLocked())
+        return Failure { tr("an administrator of this computer has locked it.") };
     if (auto const unwritable = findUnwritable(m_items))
         return Failure { unwritable->description() };
     auto const backedUp = backUp(keeping);

@@ -70,7 +70,10 @@ public:
     /// Writes the menu to the settings, as every change does. A failure is one line in the log.
     void save();
 
-    /// A new user's menu: the resource's, or the built-in eight items.
+    /// True where an administrator fixed the menu: every change is undone at once, and lastSave() says so.
+    [[nodiscard]] bool isLocked() const { return m_services.defaults.isLocked(defaultsKey); }
+
+    /// A new user's menu: the administrator's, else the resource's, else the built-in eight items.
     [[nodiscard]] std::vector<MenuItem> defaultMenu() const;
 
     /// Reloads after another process changed the stored menu; notifies the sink, saves nothing. An
@@ -97,6 +100,7 @@ private:
     void setItems(std::vector<MenuItem> items);
     void refreshLocations();
     void didChange(Keeping keeping = Keeping::whenDue);
+    void load();
     void save(Keeping keeping);
     [[nodiscard]] Result<void> backUp(Keeping keeping);
     [[nodiscard]] Result<void> write(Keeping keeping);

@@ -78,7 +78,7 @@ template <class Function> void Preferences::forEach(Function function)
 template <class T> void Preferences::write(Property<T>& property, T value)
 {
     assertMainThread();
-    if (property.value == value)
+    if (property.value == value || isLocked(keyOf(property.index)))
         return;
     property.value = value;
     m_defaults.keep(keyOf(property.index), value);

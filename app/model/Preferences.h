@@ -59,6 +59,9 @@ public:
     /// the changed ones, writes nothing.
     void reload();
 
+    /// True where an administrator fixed the setting: its setter does nothing.
+    [[nodiscard]] bool isLocked(std::string_view key) const { return m_defaults.isLocked(key); }
+
     /// All of them, in the properties' order.
     [[nodiscard]] static std::span<PreferenceDescription const> descriptions();
 

@@ -10,7 +10,7 @@ namespace zv {
 /// The texts of the About tab.
 struct AboutText {
     std::string name;
-    std::string version; ///< "Version 0.9.0"
+    std::string version; ///< "Version 0.10.0"
     std::string purpose; ///< one line
     std::string privacy;
     std::string readMeButton;

@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "app/settings/LockedRows.h"
 #include "app/settings/SettingsTexts.h"
 #include "platform/text/DateText.h"
 
@@ -81,6 +82,7 @@ std::vector<SettingsSection> GeneralSettings::sections()
         sections.insert(sections.begin() + 3, std::move(held));
     if (m_services.permissions)
         sections.insert(sections.begin() + 2, permissionSection(*m_services.permissions, m_services.openSettingsPane));
+    markLockedRows(sections, [this](std::string_view key) { return m_services.preferences.isLocked(key); });
     return sections;
 }
 

@@ -19,7 +19,7 @@ class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
-    /// The stored value, else the registered one, else nothing.
+    /// The stored value, else the given one, else the registered one, else nothing; a locked key's stored value does not count.
     [[nodiscard]] virtual std::optional<PropertyList> object(std::string_view key) const = 0;
     /// The stored value alone.
     [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
@@ -30,6 +30,10 @@ public:
     /// the value is then kept in memory, and written with the next one. Callers log it.
     [[nodiscard]] virtual Result<void> setObject(std::string_view key, PropertyList value) = 0;
     [[nodiscard]] virtual Result<void> removeObject(std::string_view key) = 0;
+    /// The value that an administrator gives to everybody; it counts until the user stores another.
+    [[nodiscard]] virtual std::optional<PropertyList> givenObject(std::string_view /*key*/) const { return std::nullopt; }
+    /// True where an administrator fixed the value: what the user stored does not count, and storing fails.
+    [[nodiscard]] virtual bool isLocked(std::string_view /*key*/) const { return false; }
     virtual void registerDefaults(PropertyListDictionary const& defaults) = 0;
 
     /// setObject for values that nobody waits for: a failure is one line in the log.

@@ -4,6 +4,7 @@
 #include "platform/program/LoginService.h"
 #include "platform/session/DesktopCommands.h"
 
+#include <string>
 #include <vector>
 
 namespace zv {
@@ -14,7 +15,8 @@ struct DesktopFindings {
     enum class Display {
         x11,
         x11WithinWayland, ///< windows go through an X server that the desktop's panels are not on
-        wayland,
+        wayland, ///< with a layer shell, by which a program has parts of the desktop
+        waylandWithoutLayers,
         waylandWithoutPlugin, ///< the toolkit lacks its plug-in for Wayland
         unreachable, ///< named, but does not answer
         none,
@@ -37,8 +39,10 @@ struct DesktopFindings {
     bool hasIconTheme = false; ///< beside the bare fallback
     bool readsDrawings = false; ///< icons that are SVG files
     HotkeySupport hotkeys = HotkeySupport::none;
+    std::string desktopNames; ///< as the session says them: "ubuntu:GNOME"
 
     bool isGnome = false;
+    bool hasGnomeExtension = false; ///< our own extension of GNOME Shell is switched on
     bool hasSessionBus = false;
     StatusIcons statusIcons = StatusIcons::noWatcher;
     bool hasPortal = false;

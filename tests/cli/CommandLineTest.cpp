@@ -66,7 +66,7 @@ TEST_F(CommandLineTest, TellsShellsWhatMayFollow)
         std::string out;
     };
     Row const rows[] = {
-        { { "doctor", "" }, "--json\n" },
+        { { "doctor", "" }, "--json\n--report\n" },
         { { "show", "--" }, "--at\n" },
         { { "perform", "" }, "--command\nMy \"Folder\"\nCustomize Zanthe Vell…\n" },
         { { "perform", "--command", "My \"Folder\"", "S" }, "Sleep\n" },
@@ -85,6 +85,27 @@ TEST_F(CommandLineTest, TellsShellsWhatMayFollow)
     }
     EXPECT_TRUE(run({ "complete", "prefs", "read", "Sc" }).out.starts_with("ScanDepth\t"));
     EXPECT_EQ(run({ "--help" }).out.find("complete"), std::string::npos) << "not for people";
+}
+
+TEST_F(CommandLineTest, AReportNamesNoPathAndNoTitleAndIsWrittenOnlyWhenAsked)
+{
+    defaults.stored.set("Menu", toPropertyList(std::vector { MenuItem { .kind = MenuItemKind::fsObject, .title = "Secret" } }));
+    checks = { { "Items", DoctorCheck::State::ok, "kept in /home/ada/My Items", "" },
+        { "Keys", DoctorCheck::State::limited, "X11/Wayland: none.", "See ~/ada." } };
+    EXPECT_EQ(run({ "doctor", "--report" }), (Outcome { 1, run({ "doctor", "--report" }).out, "zanthe-vell: nothing was written\n" }))
+        << "the end of the input";
+    input = "y\n";
+    auto const asked = run({ "doctor", "--report" });
+    EXPECT_EQ(asked.status, 0) << asked;
+    auto const file = Url::fromPath("/here/zanthe-vell-report.txt");
+    auto const bytes = files.read(file).value();
+    std::string const written(reinterpret_cast<char const*>(bytes.data()), bytes.size());
+    EXPECT_TRUE(asked.out.starts_with(written)) << "all of it was shown first";
+    for (auto const* secret : { "ada", "My Items", "Secret" })
+        EXPECT_EQ(written.find(secret), std::string::npos) << written;
+    for (auto const* told : { "kept in (path)", "X11/Wayland: none.", "ScanDepth=10", "FSObject 1" })
+        EXPECT_NE(written.find(told), std::string::npos) << written;
+    EXPECT_EQ(run({ "doctor", "--report" }).status, 1) << "it is there already";
 }
 
 TEST_F(CommandLineTest, TellsItsVersion) { EXPECT_EQ(run({ "--version" }), (Outcome { 0, "Zanthe Vell " ZV_VERSION "\n", "" })); }

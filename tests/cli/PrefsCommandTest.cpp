@@ -72,6 +72,16 @@ TEST_F(PrefsTest, ResetGivesTheDefaultAgain)
     EXPECT_EQ(run({ "prefs", "reset", "Nothing" }).status, 1);
 }
 
+TEST_F(PrefsTest, WhatAnAdministratorLockedIsReadAndNotWritten)
+{
+    defaults.locked = "ScanDepth";
+    defaults.given = { { "ScanDepth", 2 } };
+    for (std::vector<std::string> const& arguments : { std::vector<std::string> { "prefs", "write", "ScanDepth", "3" }, { "prefs", "reset", "ScanDepth" } })
+        EXPECT_EQ(run(arguments), (Outcome { 1, "", "zanthe-vell: ScanDepth is locked by an administrator of this computer\n" }));
+    EXPECT_EQ(run({ "prefs", "read", "ScanDepth" }).out, "2\n");
+    EXPECT_NE(run({ "prefs" }).out.find("open as submenus (locked)"), std::string::npos);
+}
+
 TEST_F(PrefsTest, AFailedWriteIsAFailure)
 {
     defaults.writing = Failure { "No space left on device" };

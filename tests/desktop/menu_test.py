@@ -199,6 +199,9 @@ class MenuTest(unittest.TestCase):
             self.assertTrue(found("Folder", pyatspi.ROLE_MENU_ITEM).getState().contains(pyatspi.STATE_EXPANDABLE))
             subprocess.run(["xdotool", "type", "lau"], check=True)
             found("lau: 1 match", pyatspi.ROLE_NOTIFICATION)
+            subprocess.run(["xdotool", "key", "Escape", "type", "deepest"], check=True)
+            found("deepest: 1 match", pyatspi.ROLE_NOTIFICATION)
+            found("deepest.txt, in Folder, Inner", pyatspi.ROLE_MENU_ITEM)
             desktop.close_menus()
 
 

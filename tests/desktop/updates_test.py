@@ -18,6 +18,8 @@ import desktop
 from desktop import Program, keys, wait_until, zv
 from settings_test import act, find, found
 
+VERSION = zv("--version").split()[-1]
+
 HOME = desktop.HOME
 SERVED = os.path.join(HOME, "served")
 RESOURCES = os.path.join(HOME, "resources")
@@ -104,7 +106,7 @@ class UpdatesTest(unittest.TestCase):
         self.offer("99.0", b"!<arch>\nthe package")
         found("Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer.")
         self.check_now()
-        found("Zanthe Vell 99.0 is available. You have 0.9.0.")
+        found(f"Zanthe Vell 99.0 is available. You have {VERSION}.")
         self.assertEqual(Feed.requests, [("/appcast.xml", {"User-Agent": "Zanthe Vell", "Accept-Language": "*", "Connection": "Keep-Alive"})],
                          "one request, and nothing in it that tells who asks")
         self.install()
@@ -118,12 +120,12 @@ class UpdatesTest(unittest.TestCase):
     def test_a_feeds_words_are_never_markup(self):
         self.offer("99.0", b"!<arch>\nthe package", name="99 &lt;b&gt;bold&lt;/b&gt;")
         self.check_now()
-        found("Zanthe Vell 99 <b>bold</b> is available. You have 0.9.0.")
+        found(f"Zanthe Vell 99 <b>bold</b> is available. You have {VERSION}.")
 
     def test_without_anything_newer_it_says_so(self):
         self.offer("0.1", b"old")
         self.check_now()
-        found("Zanthe Vell 0.9.0 is the newest version.")
+        found(f"Zanthe Vell {VERSION} is the newest version.")
         keys("Escape")
         wait_until(lambda: find("You’re up to date") is None, 3, "the window closes")
 
@@ -145,7 +147,7 @@ class ReminderTest(UpdatesTest):
         self.assertEqual(called[-1][1][3], "Zanthe Vell 99.0 is available")
         self.assertEqual(called[-1][1][4], "Click to install it.")
         self.mock.EmitSignal("org.freedesktop.Notifications", "ActionInvoked", "us", dbus.Array([dbus.UInt32(1), "default"], signature="v"))
-        found("Zanthe Vell 99.0 is available. You have 0.9.0.")
+        found(f"Zanthe Vell 99.0 is available. You have {VERSION}.")
         wait_until(lambda: self.mock.GetMethodCalls("CloseNotification"), 3, "it is taken back when it was attended to")
         self.install()
 

@@ -12,9 +12,13 @@ class FakeUserDefaults : public UserDefaults {
 public:
     std::optional<PropertyList> object(std::string_view key) const override
     {
-        auto const stored = storedObject(key);
-        return stored ? stored : copy(registered.find(key));
+        if (auto const stored = isLocked(key) ? std::nullopt : storedObject(key))
+            return stored;
+        auto const givenValue = givenObject(key);
+        return givenValue ? givenValue : copy(registered.find(key));
     }
+    std::optional<PropertyList> givenObject(std::string_view key) const override { return copy(given.find(key)); }
+    bool isLocked(std::string_view key) const override { return locked == key; }
     std::optional<PropertyList> storedObject(std::string_view key) const override { return copy(stored.find(key)); }
     std::optional<PropertyList> objectToOverwrite(std::string_view key) const override { return othersMenu ? othersMenu : storedObject(key); }
     Result<void> setObject(std::string_view key, PropertyList value) override
@@ -36,6 +40,8 @@ public:
 
     PropertyListDictionary stored;
     PropertyListDictionary registered;
+    PropertyListDictionary given; ///< an administrator's
+    std::string locked; ///< a key that an administrator has fixed
     std::optional<PropertyList> othersMenu; ///< stored by another process, and not read yet
     std::vector<std::string> writes; ///< keys, in the order they were written
     Result<void> writing; ///< the result of every write

@@ -81,7 +81,7 @@ class CommandLineTest(unittest.TestCase):
 
     def test_the_link_that_the_documents_make_leads_to_what_is_built(self):
         executable = f'Zanthe Vell.app/Contents/MacOS/{configured()["CFBundleExecutable"]}"'
-        for document in (("README.md",), ("docs", "first-mac-build.md"), ("packaging", "linux", "zanthe-vell.1")):
+        for document in (("docs", "guide", "en", "mac.md"), ("docs", "guide", "de", "mac.md"), ("docs", "first-mac-build.md"), ("packaging", "linux", "zanthe-vell.1")):
             self.assertIn(executable, read(*document).replace("\\(dq", '"'), document)
 
 

@@ -15,7 +15,7 @@
 #include "platform/linux/toolkit/QtTimers.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/wayland/ForeignToplevels.h"
-#include "platform/linux/wayland/KWinWindows.h"
+#include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/x11/X11ClientWindows.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -51,7 +51,7 @@ std::unique_ptr<ClientWindows> clientWindows(
     if (auto windows = ForeignToplevels::windowsOf(ForeignToplevels::of(wayland)))
         return windows;
     if (sessionKindOf(environment) == SessionKind::wayland)
-        return KWinWindows::on(sessionBus);
+        return windowsOnBus(sessionBus);
     return x ? std::make_unique<X11ClientWindows>(x->get(), x->root()) : nullptr;
 }
 
@@ -138,7 +138,8 @@ std::vector<DoctorCheck> LinuxCommands::doctorChecks()
         { { KeptFolder::Holds::settings, Url::fromPath(machine().paths().settingsFile).parent() }, { KeptFolder::Holds::items, places().itemsFolder },
             { KeptFolder::Holds::backups, places().backupsFolder } });
     DesktopFindings findings;
-    surveyDisplay(m_environment, findings);
+    auto const wayland = WaylandGlobals::connected();
+    surveyDisplay(m_environment, wayland && wayland->layerShell(), findings);
     surveyServices(DesktopAccess::of(m_environment), machine().paths().user, machine().audience().desktops, findings);
     std::ranges::move(desktopChecks(findings), std::back_inserter(checks));
     return checks;

@@ -37,7 +37,7 @@ LinuxFiles::LinuxFiles(Environment environment)
     , m_audience { userLanguages(), desktopsNamed(valueOf(environment, "XDG_CURRENT_DESKTOP")) }
     , m_trust(m_paths.user.applicationFolders())
     , m_places(placesOf(m_paths, std::move(environment)))
-    , m_defaults(m_paths.settingsFile)
+    , m_defaults(m_paths.settingsFile, SettingsFile::usualPatience, GivenSettings::read(m_paths.givenSettings))
     , m_resources(m_paths.resourceFolders())
     , m_disk(std::make_shared<LinuxFileSystem>(MountWatch::systemTable, m_trust))
     , m_folders(std::make_shared<LinuxFolderReader>(m_audience, MountWatch::systemTable,

@@ -10,7 +10,7 @@
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
-#include "platform/linux/wayland/KWinWindows.h"
+#include "platform/linux/wayland/GnomeShell.h"
 #include "platform/linux/wayland/StageMenuPlacer.h"
 #include "platform/linux/wayland/WaylandOverlay.h"
 
@@ -74,10 +74,12 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
     return process.startDetached();
 }
 
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland)
+/// The bus may be exchanged later.
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop)
 {
     if (wayland)
-        return std::make_unique<StageMenuPlacer>(*wayland);
+        return std::make_unique<StageMenuPlacer>(
+            *wayland, StageMenuPlacer::Desktop { .isGnome = desktop == Desktop::gnome, .pointer = [&bus] { return GnomeShell::pointerOn(bus); } });
     return std::make_unique<DesktopMenuPlacer>();
 }
 
@@ -112,7 +114,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_placer(menuPlacer(m_wayland.get()))
+    , m_placer(menuPlacer(m_wayland.get(), m_bus, m_access.desktop))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
@@ -299,7 +301,7 @@ std::unique_ptr<ClientWindows> LinuxFrontEnd::clientWindows() const
     if (auto windows = ForeignToplevels::windowsOf(m_toplevels))
         return windows;
     if (sessionKind() == SessionKind::wayland)
-        return KWinWindows::on(m_bus);
+        return windowsOnBus(m_bus);
     return clientWindowsOfThisDisplay();
 }
 

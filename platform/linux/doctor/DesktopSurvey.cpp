@@ -68,6 +68,7 @@ void surveySessionBus(std::optional<BusConnection> const& bus, Deadline const& d
     if (!bus)
         return;
     findings.statusIcons = statusIconsOn(*bus, deadline);
+    findings.hasGnomeExtension = bus->hasOwner("org.zanthevell.Shell", deadline);
     findings.hasPortal = bus->canReach("org.freedesktop.portal.Desktop", deadline);
     findings.hasNotifications = bus->canReach("org.freedesktop.Notifications", deadline);
 }

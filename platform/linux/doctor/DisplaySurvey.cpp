@@ -18,12 +18,15 @@ namespace {
 
 using Display = DesktopFindings::Display;
 
-Display display(bool hasX, Environment const& environment)
+Display display(bool hasX, bool hasLayers, Environment const& environment)
 {
+    auto const drawnBy = displayServerFor(environment);
+    if (drawnBy.starts_with("wayland"))
+        return hasLayers ? Display::wayland : Display::waylandWithoutLayers;
     if (hasX)
         return sessionKindOf(environment) == SessionKind::wayland ? Display::x11WithinWayland : Display::x11;
     if (doesWaylandAnswer(environment))
-        return hasWaylandPlugin() ? Display::wayland : Display::waylandWithoutPlugin;
+        return Display::waylandWithoutPlugin;
     bool const isNamed = !valueOf(environment, "DISPLAY").empty() || !valueOf(environment, "WAYLAND_DISPLAY").empty();
     return isNamed ? Display::unreachable : Display::none;
 }
@@ -54,12 +57,13 @@ QStringList iconFolders()
 
 } // namespace
 
-void surveyDisplay(Environment const& environment, DesktopFindings& findings)
+void surveyDisplay(Environment const& environment, bool hasLayerShell, DesktopFindings& findings)
 {
     CommandApplication const application;
     auto const session = sessionKindOf(environment);
     auto const x = X11Connection::open();
-    findings.display = display(x != nullptr, environment);
+    findings.display = display(x != nullptr, hasLayerShell, environment);
+    findings.desktopNames = valueOf(environment, "XDG_CURRENT_DESKTOP");
     if (x) {
         findings.hasWindowManager = hasWindowManager(*x);
         findings.hasCornerPanel = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;

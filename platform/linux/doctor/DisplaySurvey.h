@@ -5,7 +5,8 @@
 
 namespace zv {
 
-/// Fills in the findings from the display and the toolkit. Shows nothing.
-void surveyDisplay(Environment const& environment, DesktopFindings& findings);
+/// Fills in the findings from the display and the toolkit; the layer shell is that of a Wayland
+/// compositor. Shows nothing.
+void surveyDisplay(Environment const& environment, bool hasLayerShell, DesktopFindings& findings);
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 
 #include "platform/linux/hotkeys/GlobalAccelRegistrar.h"
+#include "platform/linux/hotkeys/GnomeHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/SwayHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
@@ -34,6 +35,14 @@ public:
 
 bool isKde(Environment const& environment) { return valueOf(environment, "XDG_CURRENT_DESKTOP").find("KDE") != std::string::npos; }
 
+/// Whether the desktop gives combinations without a word of the user's.
+bool asksNobody(QDBusConnection const& bus, Environment const& environment)
+{
+    FixedLayout unused(std::nullopt);
+    return (isKde(environment) && GlobalAccelRegistrar::isThere(bus)) || GnomeHotkeyRegistrar::isThere(bus)
+        || SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), unused);
+}
+
 } // namespace
 
 LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
@@ -65,6 +74,10 @@ void LinuxHotkeys::useWayland(Timers& timers, QDBusConnection const& sessionBus,
         m_registrar = std::move(accel);
     } else if (auto sway = SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), *m_layout)) {
         m_registrar = std::move(sway);
+    } else if (GnomeHotkeyRegistrar::isThere(sessionBus)) {
+        auto gnome = std::make_unique<GnomeHotkeyRegistrar>(sessionBus, *m_layout);
+        m_gnome = gnome.get();
+        m_registrar = std::move(gnome);
     } else {
         auto portal = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
         m_portal = portal.get();
@@ -80,6 +93,8 @@ void LinuxHotkeys::useBus(QDBusConnection const& bus)
         m_portal->useBus(bus);
     if (m_accel)
         m_accel->useBus(bus);
+    if (m_gnome)
+        m_gnome->useBus(bus);
 }
 
 KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
@@ -96,8 +111,7 @@ KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 HotkeySupport LinuxHotkeys::support(QDBusConnection const& sessionBus, Environment const& environment)
 {
     if (sessionKindOf(environment) == SessionKind::wayland) {
-        FixedLayout unused(std::nullopt);
-        if ((isKde(environment) && GlobalAccelRegistrar::isThere(sessionBus)) || SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), unused))
+        if (asksNobody(sessionBus, environment))
             return HotkeySupport::everywhere;
         return PortalHotkeyRegistrar::isThere(sessionBus) ? HotkeySupport::askingTheUser : HotkeySupport::none;
     }

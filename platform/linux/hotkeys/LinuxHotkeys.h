@@ -16,11 +16,12 @@ namespace zv {
 
 class X11Connection;
 class GlobalAccelRegistrar;
+class GnomeHotkeyRegistrar;
 class PortalHotkeyRegistrar;
 class XkbKeyboardLayoutSource;
 
 /// The session's hotkeys, each with a keyboard layout: X11's grabs; on Wayland KDE's own service,
-/// sway's connection, or the desktop's portal; else none. Made after the application object.
+/// sway's connection, our extension of GNOME Shell, or the desktop's portal; else none. Made after the application object.
 class LinuxHotkeys {
 public:
     /// The timers outlive this.
@@ -50,7 +51,8 @@ private:
     std::optional<XkbKeymap> m_fixed; ///< the keyboard without one
     std::unique_ptr<HotkeyRegistrar> m_registrar;
     PortalHotkeyRegistrar* m_portal = nullptr; ///< null where it is not used, …
-    GlobalAccelRegistrar* m_accel = nullptr; ///< … and so is this
+    GlobalAccelRegistrar* m_accel = nullptr; ///< … and so are these
+    GnomeHotkeyRegistrar* m_gnome = nullptr;
 };
 
 } // namespace zv

@@ -8,7 +8,10 @@
 #include <QDir>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QStandardPaths>
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace zv {
 
@@ -44,10 +47,23 @@ QBrush leafGreen()
     return gradient;
 }
 
-bool isInstalled()
+QString iconsBesideTheProgram() { return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/icons")); }
+
+bool isInstalled() { return QFile::exists(iconsBesideTheProgram() + QStringLiteral("/hicolor/symbolic/apps/%1.svg").arg(laurelSymbolName())); }
+
+/// True where panels look for icons by name; not in an application's own folder, such as a mounted image.
+bool isAmongTheThemes(QString const& icons)
 {
-    auto const file = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/icons/hicolor/symbolic/apps/%1.svg").arg(laurelSymbolName());
-    return QFile::exists(file);
+    auto const folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    return std::any_of(folders.begin(), folders.end(), [&](QString const& folder) { return QDir::cleanPath(folder + QStringLiteral("/icons")) == icons; });
+}
+
+QString findIconThemePath()
+{
+    if (isInstalled())
+        return isAmongTheThemes(iconsBesideTheProgram()) ? QString() : iconsBesideTheProgram();
+    auto const ofTheSources = QStringLiteral(ZV_ICONS_SOURCE);
+    return QDir(ofTheSources).exists() ? ofTheSources : QString();
 }
 
 } // namespace
@@ -84,10 +100,7 @@ QString laurelSymbolName() { return QStringLiteral("org.zanthevell.ZantheVell-sy
 
 QString laurelIconThemePath()
 {
-    static QString const path = [] {
-        auto const ofTheSources = QStringLiteral(ZV_ICONS_SOURCE);
-        return isInstalled() || ofTheSources.isEmpty() || !QDir(ofTheSources).exists() ? QString() : ofTheSources;
-    }();
+    static QString const path = findIconThemePath();
     return path;
 }
 

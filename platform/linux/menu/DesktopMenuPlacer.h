@@ -8,6 +8,7 @@ namespace zv {
 class DesktopMenuPlacer : public MenuPlacer {
 public:
     [[nodiscard]] Reach reach() const override;
+    [[nodiscard]] IconMenu iconMenu() const override { return reach() == Reach::everywhere ? IconMenu::ours : IconMenu::panels; }
     void find(std::optional<QPoint> pixel, Open open) override;
     [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint said) const override;
 };

@@ -70,7 +70,8 @@ void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)
         setFont(wanted);
     bool const isHint = entry.keyEquivalent.empty() && entry.attributedTitle;
     m_columnEnd = isHint ? static_cast<int>(std::ceil(entry.attributedTitle->hintTab)) : 0;
-    setData(columnKeysOf(entry).text()); // kept out of the text, which assistive tools read out as the entry's name
+    if (auto const keys = columnKeysOf(entry).text(); keys != column())
+        setData(keys); // kept out of the text, which assistive tools read out as the entry's name
     m_spokenWay.clear();
     if (entry.way)
         showWay(*entry.way, metrics);

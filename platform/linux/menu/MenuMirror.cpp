@@ -31,9 +31,9 @@ void MenuMirror::show(Menu const& menu)
     auto const& entries = menu.entries;
     m_awaitingIcons.clear();
     dropFrom(std::min(entries.size(), m_actions.size()));
-    add(entries.size() - m_actions.size());
-    for (std::size_t i = 0; i < entries.size(); ++i)
+    for (std::size_t i = 0; i < m_actions.size(); ++i)
         show(*m_actions[i], entries[i]);
+    add(std::span(entries).subspan(m_actions.size()));
 }
 
 void MenuMirror::show(EntryAction& action, MenuEntry const& entry)
@@ -59,12 +59,14 @@ void MenuMirror::forget()
     }
 }
 
-void MenuMirror::add(std::size_t count)
+/// Adds the actions once they are complete: each change of one in a window is told to the window.
+void MenuMirror::add(std::span<MenuEntry const> entries)
 {
     QList<QAction*> added;
-    added.reserve(static_cast<qsizetype>(count));
-    for (std::size_t i = 0; i < count; ++i) {
+    added.reserve(static_cast<qsizetype>(entries.size()));
+    for (auto const& entry : entries) {
         m_actions.push_back(new EntryAction(&m_window));
+        show(*m_actions.back(), entry);
         added.append(m_actions.back());
     }
     m_window.addActions(added);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace zv {
@@ -33,7 +34,7 @@ public:
     void dropAwaitedIcons() { m_awaitingIcons.clear(); }
 
 private:
-    void add(std::size_t count);
+    void add(std::span<MenuEntry const> entries);
     void dropFrom(std::size_t index);
     void show(EntryAction& action, MenuEntry const& entry);
     void giveSubmenu(EntryAction& action, std::shared_ptr<Menu> const& menu);

@@ -20,6 +20,12 @@ public:
         workArea, ///< on one screen, beside its panels
         everywhere,
     };
+    /// The menu that a click on our icon in the panel opens.
+    enum class IconMenu {
+        panels, ///< the panel's drawing of what the bus tells
+        ours,
+        oursAlone, ///< ours, as long as the bus tells of no menu
+    };
     /// Receives the place in the toolkit's coordinates; nothing where the pointer's is not to be had.
     using Open = std::function<void(std::optional<QPoint>)>;
 
@@ -30,6 +36,7 @@ public:
     /// it returns, or as soon as the desktop has told all that is needed. The next call, and
     /// leave(), take a pending one back.
     virtual void find(std::optional<QPoint> pixel, Open open) = 0;
+    [[nodiscard]] virtual IconMenu iconMenu() const = 0;
     /// The pixel for a menu under our icon, which a panel says was clicked there; nothing where
     /// panels tell another place.
     [[nodiscard]] virtual std::optional<QPoint> pixelOfClick(QPoint said) const = 0;

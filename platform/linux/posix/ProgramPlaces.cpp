@@ -16,6 +16,13 @@ std::string programFolder()
     return ::realpath("/proc/self/exe", path) ? folderOf(path) : std::string("/usr/bin");
 }
 
+std::vector<std::string> inEach(std::vector<std::string> folders, std::string_view file)
+{
+    for (auto& folder : folders)
+        folder += file;
+    return folders;
+}
+
 /// The folder of the user's session, also for a start that was told nothing of it. The cache serves where there is
 /// none.
 std::string sessionFolder(XdgDirectories const& user)
@@ -31,11 +38,13 @@ std::string sessionFolder(XdgDirectories const& user)
 ProgramPlaces ProgramPlaces::of(Environment const& environment)
 {
     static constexpr char const* name = "/zanthe-vell";
+    static constexpr char const* settings = "/zanthe-vell/org.zanthevell.ZantheVell.plist";
     auto const user = XdgDirectories::of(environment);
     auto const program = programFolder();
     return {
         .user = user,
-        .settingsFile = user.config + name + "/org.zanthevell.ZantheVell.plist",
+        .settingsFile = user.config + settings,
+        .givenSettings = inEach(user.configDirs, settings),
         .itemsFolder = user.data + name + "/Zanthe Vell Items",
         .backupsFolder = user.data + name + "/Backups",
         .chosenFile = user.data + name + "/Search/Chosen.plist",

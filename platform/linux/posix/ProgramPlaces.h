@@ -9,6 +9,7 @@ namespace zv {
 struct ProgramPlaces {
     XdgDirectories user;
     std::string settingsFile;
+    std::vector<std::string> givenSettings; ///< files that administrators may make for all users, in order of preference
     std::string itemsFolder;
     std::string backupsFolder;
     std::string chosenFile; ///< what was chosen last

@@ -7,7 +7,8 @@ namespace zv {
 DesktopAccess DesktopAccess::of(Environment const& environment)
 {
     return { BusAddresses::of(environment), desktopFromText(valueOf(environment, "XDG_CURRENT_DESKTOP")),
-        std::make_shared<PathPrograms>(environment, XdgDirectories::of(environment).applicationFolders()), valueOf(environment, "XDG_SESSION_ID") };
+        std::make_shared<PathPrograms>(environment, XdgDirectories::of(environment).applicationFolders()), valueOf(environment, "XDG_SESSION_ID"),
+        environment.contains("WAYLAND_DISPLAY") || valueOf(environment, "XDG_SESSION_TYPE") == "wayland" };
 }
 
 } // namespace zv

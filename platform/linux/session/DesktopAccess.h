@@ -16,6 +16,7 @@ struct DesktopAccess {
     Desktop desktop = Desktop::other;
     std::shared_ptr<Programs> programs;
     std::string sessionId; ///< id at the login service, which finds it out when empty
+    bool hasForeignWindows = false; ///< windows that are not the X server's, so that its tools miss them
 
     [[nodiscard]] static DesktopAccess of(Environment const& environment);
 };

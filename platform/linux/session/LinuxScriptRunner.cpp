@@ -29,13 +29,15 @@ constexpr TaskManager taskManagers[] = {
     { std::nullopt, "lxtask" },
 };
 
+bool canClickOnWindow(DesktopAccess const& access) { return !access.hasForeignWindows && access.programs->has("xkill"); }
+
 ScriptOutcome forceQuit(bool userWasTold, DesktopAccess const& access)
 {
     for (auto const& manager : taskManagers) {
         if (isForDesktop(manager.desktop, access.desktop) && access.programs->start({ manager.program }))
             return {};
     }
-    if (!access.programs->has("xkill"))
+    if (!canClickOnWindow(access))
         return { State::noEquivalent };
     if (!userWasTold)
         return { State::mustTellUser };
@@ -60,7 +62,7 @@ DesktopFindings::ForceQuit LinuxScriptRunner::forceQuitOf(DesktopAccess const& a
         if (isForDesktop(manager.desktop, access.desktop) && access.programs->has(manager.program))
             return taskManager;
     }
-    return access.programs->has("xkill") ? clickOnWindow : none;
+    return canClickOnWindow(access) ? clickOnWindow : none;
 }
 
 void LinuxScriptRunner::run(Script const& script, std::function<void(ScriptOutcome)> done)

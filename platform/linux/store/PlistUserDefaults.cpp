@@ -30,8 +30,9 @@ bool canBeWritten(std::string const& key, PropertyList const* value) { return !v
 
 } // namespace
 
-PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds patience)
+PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds patience, GivenSettings given)
     : m_file(std::move(path), patience)
+    , m_given(std::move(given))
 {
     reload();
     m_unannounced.clear();
@@ -39,9 +40,13 @@ PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds
 
 std::optional<PropertyList> PlistUserDefaults::object(std::string_view key) const
 {
-    auto const* value = stored().find(key);
+    auto const* value = isLocked(key) ? nullptr : stored().find(key);
+    if (!value)
+        value = m_given.values.find(key);
     return copyOf(value ? value : m_registered.find(key));
 }
+
+std::optional<PropertyList> PlistUserDefaults::givenObject(std::string_view key) const { return copyOf(m_given.values.find(key)); }
 
 std::optional<PropertyList> PlistUserDefaults::storedObject(std::string_view key) const { return copyOf(stored().find(key)); }
 
@@ -56,6 +61,8 @@ std::optional<PropertyList> PlistUserDefaults::objectToOverwrite(std::string_vie
 Result<void> PlistUserDefaults::setObject(std::string_view key, PropertyList value)
 {
     assertMainThread();
+    if (isLocked(key))
+        return Failure { "it is locked for all users of this machine" };
     auto const* known = stored().find(key);
     if (known && *known == value && m_unsaved.empty() && !m_file.hasChanged())
         return {};
@@ -67,6 +74,8 @@ Result<void> PlistUserDefaults::setObject(std::string_view key, PropertyList val
 Result<void> PlistUserDefaults::removeObject(std::string_view key)
 {
     assertMainThread();
+    if (isLocked(key))
+        return Failure { "it is locked for all users of this machine" };
     if (!stored().contains(key) && m_unsaved.empty() && !m_file.hasChanged())
         return {};
     stored().remove(key);

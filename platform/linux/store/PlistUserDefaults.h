@@ -2,6 +2,7 @@
 
 #include "platform/files/UserDefaults.h"
 #include "platform/linux/posix/FileWatch.h"
+#include "platform/linux/store/GivenSettings.h"
 #include "platform/linux/store/SettingsFile.h"
 
 #include <chrono>
@@ -17,13 +18,15 @@ namespace zv {
 /// dated name, which the log reports.
 class PlistUserDefaults : public UserDefaults {
 public:
-    explicit PlistUserDefaults(std::string path, std::chrono::milliseconds patience = SettingsFile::usualPatience);
+    explicit PlistUserDefaults(std::string path, std::chrono::milliseconds patience = SettingsFile::usualPatience, GivenSettings given = {});
 
     [[nodiscard]] std::optional<PropertyList> object(std::string_view key) const override;
     [[nodiscard]] std::optional<PropertyList> storedObject(std::string_view key) const override;
     [[nodiscard]] std::optional<PropertyList> objectToOverwrite(std::string_view key) const override;
     [[nodiscard]] Result<void> setObject(std::string_view key, PropertyList value) override;
     [[nodiscard]] Result<void> removeObject(std::string_view key) override;
+    [[nodiscard]] std::optional<PropertyList> givenObject(std::string_view key) const override;
+    [[nodiscard]] bool isLocked(std::string_view key) const override { return m_given.locked.contains(key); }
     void registerDefaults(PropertyListDictionary const& defaults) override;
 
     /// Becomes readable when another process may have written; the main loop then calls
@@ -57,6 +60,7 @@ private:
     SettingsFile m_file;
     std::optional<FileWatch> m_watch;
     PropertyList m_stored = PropertyListDictionary(); ///< the file's content, with values still to be written
+    GivenSettings m_given;
     PropertyListDictionary m_registered;
     KeySet m_unsaved; ///< keys set or removed here, and not yet in the file
     KeySet m_unannounced; ///< keys changed by others

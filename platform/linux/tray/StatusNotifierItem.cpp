@@ -118,7 +118,7 @@ QVariantMap StatusNotifierItem::properties() const
         { QStringLiteral("AttentionMovieName"), QString() },
         { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, m_title, {} }) },
         { QStringLiteral("ItemIsMenu"), !opensMenus() },
-        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath())) },
+        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(toldMenu())) },
     };
 }
 
@@ -143,7 +143,14 @@ bool StatusNotifierItem::takeToken(QDBusMessage const& message) const
 }
 
 /// Elsewhere the panel draws the menu, as ours might not come up beside the icon.
-bool StatusNotifierItem::opensMenus() const { return m_presenter.placer().reach() == MenuPlacer::Reach::everywhere; }
+bool StatusNotifierItem::opensMenus() const { return m_presenter.placer().iconMenu() != MenuPlacer::IconMenu::panels; }
+
+/// https://github.com/ubuntu/gnome-shell-extension-appindicator draws a menu at a single click wherever it is told of one,
+/// and takes this path for none.
+QString StatusNotifierItem::toldMenu() const
+{
+    return m_presenter.placer().iconMenu() == MenuPlacer::IconMenu::oursAlone ? QStringLiteral("/NO_DBUSMENU") : menuPath();
+}
 
 /// Opens our own menu; a middle click stands for Option.
 bool StatusNotifierItem::open(QDBusMessage const& message)

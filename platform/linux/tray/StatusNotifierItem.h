@@ -34,6 +34,7 @@ private:
     [[nodiscard]] QVariantMap properties() const;
     void registerWithWatcher();
     [[nodiscard]] bool opensMenus() const;
+    [[nodiscard]] QString toldMenu() const;
     [[nodiscard]] bool takeToken(QDBusMessage const& message) const;
     [[nodiscard]] bool open(QDBusMessage const& message);
 

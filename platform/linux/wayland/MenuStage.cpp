@@ -3,7 +3,6 @@
 #include "platform/linux/wayland/WaylandGlobals.h"
 
 #include <QEnterEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 
@@ -84,13 +83,16 @@ void MenuStage::pointerIsAt(QPoint local)
         onPointer(origin() + local);
 }
 
+/// Paints nothing: a translucent window is transparent where nothing was painted. Nor again, which the toolkit does
+/// twice: clearing and showing a whole screen takes longer than the menu.
 void MenuStage::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(rect(), Qt::transparent);
+    QMetaObject::invokeMethod(
+        this, [this] { setUpdatesEnabled(false); }, Qt::QueuedConnection);
     if (!std::exchange(m_isPainted, true) && onPainted)
         onPainted();
 }
+
+void MenuStage::resizeEvent(QResizeEvent*) { setUpdatesEnabled(true); }
 
 } // namespace zv

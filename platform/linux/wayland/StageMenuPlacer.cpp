@@ -25,8 +25,9 @@ constexpr auto patienceForWindow = 1500ms; ///< until a maximized window is pain
 
 } // namespace
 
-StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals)
+StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals, Desktop desktop)
     : m_globals(globals)
+    , m_desktop(std::move(desktop))
 {
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &StageMenuPlacer::settle);
@@ -39,9 +40,24 @@ StageMenuPlacer::~StageMenuPlacer() = default;
 
 MenuPlacer::Reach StageMenuPlacer::reach() const { return m_globals.layerShell() ? Reach::everywhere : Reach::workArea; }
 
+MenuPlacer::IconMenu StageMenuPlacer::iconMenu() const
+{
+    if (m_globals.layerShell())
+        return IconMenu::ours;
+    return m_desktop.isGnome ? IconMenu::oursAlone : IconMenu::panels;
+}
+
+/// Panels tell places within themselves, but for GNOME's, which lies above the window.
+std::optional<QPoint> StageMenuPlacer::pixelOfClick(QPoint said) const
+{
+    return iconMenu() == IconMenu::oursAlone ? std::optional(QPoint(said.x(), 0)) : std::nullopt;
+}
+
 void StageMenuPlacer::find(std::optional<QPoint> pixel, Open open)
 {
     clear();
+    if (!pixel && !m_globals.layerShell())
+        pixel = m_desktop.pointer();
     m_search = Search { .open = std::move(open), .wish = pixel, .pointer = {}, .hasKeyboard = false, .isPainted = m_globals.layerShell() != nullptr };
     m_patience.start(m_globals.layerShell() ? patience : patienceForWindow);
     mapStages();

@@ -20,14 +20,20 @@ class WaylandGlobals;
 class StageMenuPlacer : public QObject, public MenuPlacer {
     Q_OBJECT
 public:
+    /// What is known of the desktop where the stage is a maximized window.
+    struct Desktop {
+        bool isGnome = false; ///< whose tray tells places of the screen
+        std::function<std::optional<QPoint>()> pointer; ///< its place on the window; nothing where nobody tells
+    };
+
     /// The globals outlive it.
-    explicit StageMenuPlacer(WaylandGlobals const& globals);
+    StageMenuPlacer(WaylandGlobals const& globals, Desktop desktop);
     ~StageMenuPlacer() override;
 
     [[nodiscard]] Reach reach() const override;
     void find(std::optional<QPoint> pixel, Open open) override;
-    /// Panels tell places within themselves.
-    [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint) const override { return std::nullopt; }
+    [[nodiscard]] IconMenu iconMenu() const override;
+    [[nodiscard]] std::optional<QPoint> pixelOfClick(QPoint said) const override;
     void leave() override;
 
     void windowShows(QMenu& menu) override;
@@ -61,6 +67,7 @@ private:
     WaylandGlobals const& m_globals;
     std::vector<std::unique_ptr<MenuStage>> m_stages;
     MenuStage* m_stage = nullptr; ///< the menus' own
+    Desktop m_desktop;
     std::optional<Search> m_search;
     QTimer m_patience;
 };

@@ -39,6 +39,8 @@ public:
         id const object = toFoundation(value);
         if (!object)
             return Failure { "a text is not UTF-8" };
+        if (isLocked(key))
+            return Failure { "it is locked for all users of this machine" };
         NSString* const name = toNSString(key);
         [m_defaults setObject:object forKey:name];
         note(name);
@@ -47,11 +49,23 @@ public:
 
     Result<void> removeObject(std::string_view key) override
     {
+        if (isLocked(key))
+            return Failure { "it is locked for all users of this machine" };
         NSString* const name = toNSString(key);
         [m_defaults removeObjectForKey:name];
         note(name);
         return {};
     }
+
+    /// Of the file for all users, among which the system looks for values by itself; it names none of its own.
+    std::optional<PropertyList> givenObject(std::string_view key) const override
+    {
+        NSString* const file = [NSString stringWithFormat:@"/Library/Preferences/%@.plist", NSBundle.mainBundle.bundleIdentifier];
+        return fromFoundation([[NSDictionary dictionaryWithContentsOfFile:file] objectForKey:toNSString(key)]);
+    }
+
+    /// A managed preference, of a configuration profile.
+    bool isLocked(std::string_view key) const override { return [m_defaults objectIsForcedForKey:toNSString(key)]; }
 
     void registerDefaults(PropertyListDictionary const& defaults) override
     {

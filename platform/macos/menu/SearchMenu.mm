@@ -12,8 +12,6 @@ constexpr CGFloat fieldHeight = 22;
 constexpr CGFloat sideMargin = 14; // to where the titles of items begin
 constexpr CGFloat otherMargin = 4;
 
-std::string string(std::string_view text) { return std::string(text); }
-
 } // namespace
 
 @implementation ZVSearchMenu
@@ -27,7 +25,7 @@ std::string string(std::string_view text) { return std::string(text); }
     _searched = menu;
     _search = search;
     _filter.setMenu(menu.get());
-    NSString* const title = zv::toNSString(string(zv::MenuSearch::title));
+    NSString* const title = zv::toNSString(zv::tr(zv::MenuSearch::title));
     _item = [[NSMenuItem alloc] initWithTitle:title action:nil keyEquivalent:@""];
     _item.submenu = [[NSMenu alloc] initWithTitle:title];
     _item.submenu.autoenablesItems = NO;
@@ -101,7 +99,7 @@ std::string string(std::string_view text) { return std::string(text); }
     }
     entries.insert(entries.end(), found.entries.begin(), found.entries.end());
     if (entries.empty() && !_filter.isEmpty())
-        entries.push_back(zv::MenuEntry::disabled(string(found.isFinal ? zv::MenuFilter::noMatches : zv::MenuSearch::searching)));
+        entries.push_back(zv::MenuEntry::disabled(zv::tr(found.isFinal ? zv::MenuFilter::noMatches : zv::MenuSearch::searching)));
     [self showEntries:entries];
 }
 

@@ -32,9 +32,14 @@ Found everything()
 
 TEST(DesktopChecks, FindNothingWhereNothingIsWanting)
 {
-    for (auto const& check : desktopChecks(everything())) {
-        EXPECT_EQ(check.state, State::ok) << check.name << ": " << check.explanation;
-        EXPECT_EQ(check.remedy, "") << check.name;
+    auto onWayland = everything();
+    onWayland.display = Found::Display::wayland;
+    onWayland.hasWindowManager = onWayland.hasCornerPanel = false; // of X11
+    for (auto const& found : { everything(), onWayland }) {
+        for (auto const& check : desktopChecks(found)) {
+            EXPECT_EQ(check.state, State::ok) << check.name << ": " << check.explanation;
+            EXPECT_EQ(check.remedy, "") << check.name;
+        }
     }
 }
 
@@ -51,8 +56,10 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
         { "no display", [](Found& f) { f.display = Found::Display::none; }, "Display", State::missing, "within a desktop session" },
         { "a stranger's display", [](Found& f) { f.display = Found::Display::unreachable; }, "Display", State::missing, "the user it belongs to" },
         { "Wayland, no plug-in", [](Found& f) { f.display = Found::Display::waylandWithoutPlugin; }, "Display", State::missing, "qt6-wayland" },
-        { "Wayland", [](Found& f) { f.display = Found::Display::wayland; }, "Display", State::limited, "xwayland" },
-        { "Wayland with X", [](Found& f) { f.display = Found::Display::x11WithinWayland; }, "Display", State::limited, "by its icon" },
+        { "Wayland", [](Found& f) { f.display = Found::Display::waylandWithoutLayers; }, "Display", State::limited, "zanthe-vell show" },
+        { "GNOME alone", [](Found& f) { f.display = Found::Display::waylandWithoutLayers, f.isGnome = true; }, "Display", State::limited, "gnome-extensions" },
+        { "Wayland with X", [](Found& f) { f.display = Found::Display::x11WithinWayland; }, "Display", State::limited, "QT_QPA_PLATFORM" },
+        { "Hyprland", [](Found& f) { f.hotkeys = HotkeySupport::none, f.desktopNames = "Hyprland"; }, "Hotkeys", State::missing, "bind = SUPER" },
         { "no window manager", [](Found& f) { f.hasWindowManager = false; }, "Windows", State::limited, "openbox" },
         { "no panel at an edge", [](Found& f) { f.hasCornerPanel = false; }, "Corner", State::limited, "As soon as one comes" },
         { "no session bus", [](Found& f) { f.hasSessionBus = false; }, "Session bus", State::missing, "dbus-user-session" },

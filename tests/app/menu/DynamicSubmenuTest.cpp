@@ -69,7 +69,7 @@ TEST_F(DynamicSubmenuTest, PopulateShowsUpToTheLimitAndCountsTheRest)
     };
     Row const rows[] = {
         { entriesNamed(2), 2, { "E1", "E2" }, "as many as fit" },
-        { entriesNamed(3), 2, { "E1", "E2", "---", "(1 more items…)" }, "the rest is counted" },
+        { entriesNamed(3), 2, { "E1", "E2", "---", "(1 more item…)" }, "the rest is counted" },
         { spelled("a-bc-d"), 2, { "a", "---", "(4 more items…)" }, "separators count among what is left out; the last one kept is dropped" },
         { spelled("---ab"), 3, { "(Nothing)" }, "nothing is left of the first three" },
         { {}, 2, { "(Nothing)" }, "empty" },

@@ -285,6 +285,20 @@ TEST_F(MenuStoreTest, TitlesAreOneLineWhereverTheyComeFrom)
     EXPECT_EQ(*older->unrecognizedKeys.string("Own"), "\r");
 }
 
+TEST_F(MenuStoreTest, AnAdministratorsMenuIsTheDefaultAndALockedOneStays)
+{
+    storeMenu(threeItems());
+    defaults.given.set("Menu", toPropertyList(std::vector { titled("given") }));
+    EXPECT_EQ(titles(), (Titles { "a", "b", "c" }));
+    EXPECT_EQ(titlesOf(store().defaultMenu()), Titles { "given" });
+    defaults.locked = "Menu";
+    store().reload();
+    store().insert({ titled("d") });
+    EXPECT_EQ(titles(), Titles { "given" });
+    EXPECT_EQ(store().saveProblem(), "The menu could not be saved: an administrator of this computer has locked it.");
+    EXPECT_EQ(storedTitles(), (Titles { "a", "b", "c" }));
+}
+
 TEST_F(MenuStoreTest, CanBeSavedWithoutAChange)
 {
     auto const menu = titles();

@@ -68,6 +68,21 @@ TEST_F(GeneralSettingsTest, ActsAtOnceAndShowsWhatFollows)
     EXPECT_EQ(preferences.recentItemsLimit(), 50);
 }
 
+TEST_F(GeneralSettingsTest, WhatAnAdministratorLockedIsShownAndCannotBeChanged)
+{
+    for (auto const& [key, id] :
+        std::map<std::string, std::string> { { "ScanDepth", "scanDepth" }, { "MenuShortcut", "menuShortcut" }, { "Menu", "resetMenu" } }) {
+        EXPECT_TRUE(row(id)->isEnabled);
+        defaults.locked = key;
+        EXPECT_FALSE(row(id)->isEnabled);
+        EXPECT_EQ(row("locked " + id)->title, "Locked by an administrator of this computer.");
+        defaults.locked.clear();
+    }
+    defaults.locked = "ScanDepth";
+    row("scanDepth")->choose(3);
+    EXPECT_EQ(preferences.maximumScanDepth(), 10);
+}
+
 TEST_F(GeneralSettingsTest, TellsObserversOfEveryPreferenceItShows)
 {
     std::function<void()> const changes[] = { [&] { preferences.setReplacesAppleMenu(false); }, [&] { preferences.setShowsStatusItem(false); },

@@ -61,6 +61,25 @@ TEST_F(PlistUserDefaultsTest, StoresNothingBeforeASettingIsChanged)
     EXPECT_TRUE(log.empty());
 }
 
+TEST_F(PlistUserDefaultsTest, GivenValuesStandBeforeRegisteredOnesAndLockedOnesBeforeStoredOnes)
+{
+    writeSettings(folder.path("first"), { { "Depth", 1 }, { "Locked", PropertyListArray { "Depth", "Plain" } } });
+    writeSettings(folder.path("second"), { { "Depth", 2 }, { "Icons", 3 } });
+    writeSettings(path, { { "Depth", 7 }, { "Icons", 8 }, { "Plain", 9 } });
+    writeText(folder.path("damaged"), "?");
+    PlistUserDefaults defaults(
+        path, SettingsFile::usualPatience, GivenSettings::read({ folder.path("first"), folder.path("none"), folder.path("damaged"), folder.path("second") }));
+    defaults.registerDefaults({ { "Plain", 5 } });
+    EXPECT_EQ(defaults.object("Depth"), PropertyList(1)) << "locked";
+    EXPECT_EQ(defaults.object("Plain"), PropertyList(5)) << "locked without a value";
+    EXPECT_EQ(defaults.object("Icons"), PropertyList(8));
+    EXPECT_FALSE(defaults.setObject("Depth", 4)) << "locked";
+    EXPECT_FALSE(defaults.removeObject("Depth"));
+    EXPECT_TRUE(defaults.removeObject("Icons"));
+    EXPECT_EQ(defaults.object("Icons"), PropertyList(3));
+    EXPECT_EQ(log.size(), 1U) << "the damaged one";
+}
+
 TEST_F(PlistUserDefaultsTest, KeepsSettingsInAPrivateXmlFileWhoseFolderItMakes)
 {
     path = folder.path("new/deeper/") + fileName;

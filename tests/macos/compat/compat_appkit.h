@@ -105,6 +105,9 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 + (NSData *)bookmarkDataWithContentsOfURL:(NSURL *)u error:(NSError **)e;
 + (NSDictionary *)resourceValuesForKeys:(NSArray *)k fromBookmarkData:(NSData *)d;
 @end
+@interface NSUserDefaults (CompatMac)
+- (BOOL)objectIsForcedForKey:(NSString *)k;
+@end
 @interface NSFileManager (CompatMac)
 - (NSArray *)mountedVolumeURLsIncludingResourceValuesForKeys:(NSArray *)k options:(NSUInteger)o;
 - (NSURL *)homeDirectoryForCurrentUser;

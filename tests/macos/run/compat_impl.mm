@@ -28,6 +28,9 @@ static void sideSet(id o, int k, id v) { side()[{o, k}] = [v retain]; } /* leaks
 - (NSView *)view { return sideGet(self, 2); }
 - (void)setView:(NSView *)v { sideSet(self, 2, v); }
 @end
+@implementation NSUserDefaults (CompatMac)
+- (BOOL)objectIsForcedForKey:(NSString *)k { return NO; }
+@end
 @implementation NSColor (CompatMac)
 + (NSColor *)linkColor { return [NSColor blueColor]; }
 @end

@@ -1,0 +1,15 @@
+# GNOME Shell loads the extensions of its own version alone, and modules since 45: one extension for each kind, of the
+# same body.
+foreach(kind IN ITEMS 43 45)
+  set(uuid zanthe-vell-${kind}@zanthevell.org)
+  set(versions_43 "\"43\", \"44\"")
+  set(versions_45 "\"45\", \"46\", \"47\", \"48\", \"49\"")
+  set(versions ${versions_${kind}})
+  set(extension ${CMAKE_BINARY_DIR}/gnome-extension/${uuid})
+  configure_file(${packaging}/gnome-extension/metadata.json.in ${extension}/metadata.json @ONLY)
+  file(READ ${packaging}/gnome-extension/head-${kind}.js head)
+  file(READ ${packaging}/gnome-extension/body.js body)
+  file(CONFIGURE OUTPUT ${extension}/extension.js CONTENT "@head@@body@" @ONLY)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${packaging}/gnome-extension/head-${kind}.js ${packaging}/gnome-extension/body.js)
+  install(DIRECTORY ${extension} DESTINATION ${share}/gnome-shell/extensions)
+endforeach()
