@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/SystemKind.h"
 #include "platform/desk/Desk.h"
 #include "platform/files/Files.h"
 #include "platform/lists/Lists.h"
@@ -17,9 +18,6 @@
 /// filled in by LinuxSystem or LinuxFrontEnd and by MacSystem or MacFrontEnd, and a fake in
 /// tests/fakes, which FakeSystem fills in. The compiler names each place that is forgotten.
 namespace zv {
-
-/// The system whose words and habits apply.
-enum class SystemKind { macOS, linuxDesktop };
 
 /// The groups that need no display: the program and its commands share them.
 struct System {

@@ -17,6 +17,7 @@ MenuActions::MenuActions(Services services)
     : m_services(std::move(services))
     , m_shortcuts(m_services.system.session.tools)
     , m_networkLocations(m_services.system.session.tools)
+    , m_ownItems(m_services.system.kind, m_services.system.places.itemsFolder, *m_services.system.files.disk)
 {
     m_services.system.session.workspace.onUntrusted = [this](UntrustedStart const& start) { askToStart(start); };
 }
@@ -156,8 +157,18 @@ void MenuActions::open(Url const& url, HowToOpen how)
 {
     if (how == HowToOpen::revealed)
         m_services.system.session.workspace.reveal(url);
+    else if (m_ownItems.isQuietScript(url))
+        runQuietly(url);
     else
         m_services.system.session.workspace.open(url);
+}
+
+void MenuActions::runQuietly(Url const& script)
+{
+    m_services.system.time.tasks.runDetached([tools = m_services.system.session.tools, path = script.path()]() -> std::function<void()> {
+        (void)tools->run({ "/bin/sh", { path }, ToolOutput::discarded });
+        return [] {};
+    });
 }
 
 void MenuActions::open(DynamicEntry const& entry)

@@ -6,6 +6,7 @@
 #include "app/actions/ShortcutsProvider.h"
 #include "app/actions/SystemEventsBridge.h"
 #include "app/menu/MenuCommands.h"
+#include "app/model/OwnItems.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -62,6 +63,7 @@ private:
     [[nodiscard]] HowToOpen howToOpen() const;
     void chosen(std::string identity);
     void open(Url const& url, HowToOpen how);
+    void runQuietly(Url const& script);
     void mountAndOpen(BookmarkData const& bookmark);
     bool openLocation(MenuItem const& item);
     bool performInProgram(MenuItem const& item);
@@ -77,6 +79,7 @@ private:
     Services m_services;
     ShortcutsProvider m_shortcuts;
     NetworkLocations m_networkLocations;
+    OwnItems m_ownItems;
     bool m_isByShortcut = false; ///< the modifiers held are the shortcut's
     Lifetime m_lifetime;
 };

@@ -27,6 +27,19 @@ constexpr Sentence noVolumeResponseTitle = mark("This volume did not respond.");
 /// A stored limit below zero counts as zero.
 std::size_t itemLimit(Preferences const& preferences) { return static_cast<std::size_t>(std::max<std::int64_t>(preferences.maximumItemsPerFolder(), 0)); }
 
+FolderListingOptions optionsFor(Preferences const& preferences, FolderChoicesRef const& choices)
+{
+    FolderListingOptions options { preferences.showHiddenFiles(), preferences.sortFoldersFirst(), itemLimit(preferences) };
+    if (!choices)
+        return options;
+    options.showHiddenFiles = choices->showHidden.value_or(options.showHiddenFiles);
+    options.sortFoldersFirst = choices->foldersFirst.value_or(options.sortFoldersFirst);
+    options.order = choices->order;
+    options.isReversed = choices->isReversed;
+    options.filter = choices->filter;
+    return options;
+}
+
 void replaceEntries(Menu& menu, MenuEntry only)
 {
     menu.entries.clear();
@@ -34,12 +47,12 @@ void replaceEntries(Menu& menu, MenuEntry only)
 }
 
 /// Keeps the entries in one block, which all items made of them share.
-void appendItems(Menu& menu, std::vector<DynamicEntry> entries, std::int64_t depth, MenuBuilder const& builder)
+void appendItems(Menu& menu, std::vector<DynamicEntry> entries, std::int64_t depth, MenuBuilder const& builder, FolderChoicesRef const& choices)
 {
     auto const shared = std::make_shared<std::vector<DynamicEntry> const>(std::move(entries));
     menu.entries.reserve(shared->size() + overflowLineCount);
     for (auto const& entry : *shared)
-        menu.entries.push_back(builder.makeEntryItem(std::shared_ptr<DynamicEntry const>(shared, &entry), depth));
+        menu.entries.push_back(builder.makeEntryItem(std::shared_ptr<DynamicEntry const>(shared, &entry), depth, choices));
     applyHotkeyHints(*shared, menu.entries, builder.text());
 }
 
@@ -65,7 +78,7 @@ void showLoading(Menu& menu) { replaceEntries(menu, MenuEntry::disabled(tr(loadi
 
 bool isLoading(Menu const& menu) { return !menu.entries.empty() && !menu.entries.back().enabled && menu.entries.back().title == tr(loadingTitle); }
 
-void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder)
+void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder, FolderChoicesRef const& choices)
 {
     assertMainThread();
     auto& entries = list.entries;
@@ -77,7 +90,7 @@ void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view e
         return;
     }
     menu.entries.clear();
-    appendItems(menu, std::move(entries), depth, builder);
+    appendItems(menu, std::move(entries), depth, builder, choices);
     if (list.totalCount > shown)
         appendOverflowLine(menu, list.totalCount - shown);
 }
@@ -112,7 +125,7 @@ void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Folder const& f
     if (m_sources.applications && m_sources.applications->contains(folder.url))
         return fillApplications(menu);
     auto const& preferences = m_builder.preferences();
-    FolderListingOptions const options { preferences.showHiddenFiles(), preferences.sortFoldersFirst(), itemLimit(preferences) };
+    auto const options = optionsFor(preferences, folder.choices);
     if (m_sources.folders.isRemote(folder.url))
         fillRemoteFolder(menu, folder, options);
     else
@@ -148,6 +161,22 @@ void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::List const& sou
         m_patience.reset();
         show(answered, *list, std::move(content), depth);
     }));
+}
+
+/// Shows what the script gave last at once, and what it gives now when that differs.
+void DynamicSubmenuDelegate::fill(Menu& menu, DynamicMenuSource::Script const& script)
+{
+    auto& scripts = *m_sources.scripts;
+    if (auto const* known = scripts.last(script.url))
+        show(menu, script, *known);
+    else
+        showLoading(menu);
+    scripts.run(script.url, later(menu, [this, script](Menu& answered, ScriptResult const& result) { show(answered, script, result); }));
+}
+
+void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Script const& script, ScriptResult const& result) const
+{
+    menu.entries = m_sources.scripts->entriesFor(script.url, result, m_hasHead ? OptionKey::held : OptionKey::released);
 }
 
 void DynamicSubmenuDelegate::fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options)
@@ -190,7 +219,7 @@ void DynamicSubmenuDelegate::startPatience(Menu& menu, std::string reason)
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListing listing)
 {
     m_sources.listedFolders.folderListed(folder.url, listing.withHotkeys);
-    populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, tr(emptyFolderTitle), m_builder);
+    populate(menu, { std::move(listing.entries), listing.totalCount }, folder.depth, tr(emptyFolderTitle), m_builder, folder.choices);
 }
 
 void DynamicSubmenuDelegate::show(Menu& menu, DynamicList const& list, ListContent content, std::int64_t depth) const

@@ -6,6 +6,7 @@
 #include "app/menu/ListedFolderSink.h"
 #include "app/menu/Menu.h"
 #include "app/menu/OpeningKeys.h"
+#include "app/menu/ScriptMenus.h"
 #include "base/Lifetime.h"
 #include "platform/lists/InstalledApplications.h"
 #include "platform/time/Timers.h"
@@ -29,6 +30,7 @@ struct SubmenuSources {
     Timers& timers;
     OpeningKeys& openingKeys;
     ApplicationFolders* applications = nullptr; ///< null where a folder of applications is listed like any other
+    ScriptMenus* scripts = nullptr; ///< null where no script fills a menu
 };
 
 /// Entries to show; `totalCount` includes those already left out.
@@ -50,7 +52,7 @@ struct EntryList {
 
 /// Refills the menu, up to the preferred number of entries; a last line counts the others.
 /// `emptyTitle` is shown for a list without entries.
-void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder);
+void populate(Menu& menu, EntryList list, std::int64_t depth, std::string_view emptyTitle, MenuBuilder const& builder, FolderChoicesRef const& choices = {});
 
 /// Drops separators at both ends, and all but the first of several in a row.
 void tidySeparators(std::vector<DynamicEntry>& entries);
@@ -71,6 +73,8 @@ private:
     void addHead(Menu& menu) const;
     void fill(Menu& menu, DynamicMenuSource::Folder const& folder);
     void fill(Menu& menu, DynamicMenuSource::List const& list);
+    void fill(Menu& menu, DynamicMenuSource::Script const& script);
+    void show(Menu& menu, DynamicMenuSource::Script const& script, ScriptResult const& result) const;
     void fillRemoteFolder(Menu& menu, DynamicMenuSource::Folder const& folder, FolderListingOptions const& options);
     /// Shows the installed applications, in submenus by category where they are many.
     void fillApplications(Menu& menu);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -23,21 +24,30 @@ struct Place {
     std::size_t keyOffset;
     std::uint32_t keyLength;
     std::uint32_t rank; ///< folders before files where wanted
+    std::int64_t measure; ///< the date, the size or the kind; alike for all where the name alone counts
     std::size_t index; ///< position in the contents
 };
 
 constexpr std::size_t usualKeyLength = 24;
 
-class FolderOrder {
+bool isShownFolder(FolderContents::Item const& item) { return item.traits.isDirectory && !item.traits.isPackage; }
+
+class FolderPlaces {
 public:
-    FolderOrder(FolderContents const& contents, FolderListingOptions const& options)
+    /// `measures` is empty where the name alone counts.
+    FolderPlaces(FolderContents const& contents, std::vector<std::int64_t> const& measures, FolderListingOptions const& options)
         : m_contents(contents)
+        , m_isReversed(options.isReversed)
     {
         m_places.reserve(contents.size());
         m_keys.reserve(contents.size() * usualKeyLength);
-        for (std::size_t i = 0; i < contents.size(); ++i)
-            addPlace(i, contents[i], options.sortFoldersFirst);
+        for (std::size_t i = 0; i < contents.size(); ++i) {
+            if (options.filter.empty() || isShownFolder(contents[i]) || fitsFilter(contents[i].name, options.filter))
+                addPlace(i, contents[i], options.sortFoldersFirst, measures.empty() ? 0 : measures[i]);
+        }
     }
+
+    [[nodiscard]] std::size_t size() const { return m_places.size(); }
 
     /// The indexes of the first `count` items, in order.
     std::vector<std::size_t> first(std::size_t count)
@@ -53,7 +63,7 @@ public:
     }
 
 private:
-    void addPlace(std::size_t index, FolderContents::Item const& item, bool sortFoldersFirst)
+    void addPlace(std::size_t index, FolderContents::Item const& item, bool sortFoldersFirst, std::int64_t measure)
     {
         auto const start = m_keys.size();
         if (item.localizedName.empty())
@@ -61,8 +71,8 @@ private:
         else
             appendSortKey(m_keys, sortNameOf(namedFile(item)));
         auto const key = std::string_view(m_keys).substr(start);
-        bool const isFile = !item.traits.isDirectory || item.traits.isPackage;
-        m_places.push_back({ startOf(key), start, static_cast<std::uint32_t>(key.size()), sortFoldersFirst && isFile ? 1U : 0U, index });
+        auto const rank = sortFoldersFirst && !isShownFolder(item) ? 1U : 0U;
+        m_places.push_back({ startOf(key), start, static_cast<std::uint32_t>(key.size()), rank, measure, index });
     }
 
     static std::uint64_t startOf(std::string_view key)
@@ -79,6 +89,13 @@ private:
     {
         if (a.rank != b.rank)
             return a.rank < b.rank;
+        return m_isReversed ? isLess(b, a) : isLess(a, b);
+    }
+
+    [[nodiscard]] bool isLess(Place const& a, Place const& b) const
+    {
+        if (a.measure != b.measure)
+            return a.measure < b.measure;
         if (a.keyStart != b.keyStart)
             return a.keyStart < b.keyStart;
         int const order = compareSortKeys(keyOf(a), keyOf(b));
@@ -86,9 +103,45 @@ private:
     }
 
     FolderContents const& m_contents;
+    bool m_isReversed;
     std::vector<Place> m_places;
     std::string m_keys;
 };
+
+/// A number for each kind of file, in the kinds' order: folders, then extensions.
+std::vector<std::int64_t> kindsOf(FolderContents const& contents)
+{
+    std::map<std::string, std::int64_t> numbers;
+    std::vector<std::string> kinds(contents.size());
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        kinds[i] = isShownFolder(contents[i]) ? std::string() : "." + lowerCased(withValidUtf8(pathExtension(contents[i].name)));
+        numbers.emplace(kinds[i], 0);
+    }
+    std::int64_t next = 0;
+    for (auto& [kind, number] : numbers)
+        number = next++;
+    std::vector<std::int64_t> measures(contents.size());
+    std::transform(kinds.begin(), kinds.end(), measures.begin(), [&](auto const& kind) { return numbers.at(kind); });
+    return measures;
+}
+
+/// Asks the disk only for what the order needs.
+std::vector<std::int64_t> measuresFor(FolderOrder order, FolderReader const& reader, Url const& folder, FolderContents const& contents)
+{
+    switch (order) {
+    case FolderOrder::name:
+        return {};
+    case FolderOrder::kind:
+        return kindsOf(contents);
+    case FolderOrder::dateChanged:
+        return reader.measure(folder, contents, FileMeasure::dateChanged);
+    case FolderOrder::dateAdded:
+        return reader.measure(folder, contents, FileMeasure::dateAdded);
+    case FolderOrder::size:
+        break;
+    }
+    return reader.measure(folder, contents, FileMeasure::size);
+}
 
 DynamicEntry entryAt(FolderReader const& reader, Url const& folder, FolderContents::Item const& item)
 {
@@ -151,8 +204,9 @@ FolderListing listFolder(FolderReader const& reader, Url const& folder, FolderLi
     if (!contents)
         return unreadableFolder(folder, contents.error());
     FolderListing listing;
-    auto const shown = FolderOrder(*contents, options).first(options.limit);
-    listing.totalCount = contents->size();
+    FolderPlaces places(*contents, measuresFor(options.order, reader, folder, *contents), options);
+    auto const shown = places.first(options.limit);
+    listing.totalCount = places.size();
     listing.entries.reserve(shown.size());
     for (std::size_t const index : shown)
         listing.entries.push_back(entryAt(reader, folder, (*contents)[index]));

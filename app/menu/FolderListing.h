@@ -1,11 +1,14 @@
 #pragma once
 
 #include "app/menu/DynamicEntry.h"
+#include "app/model/FolderChoices.h"
 #include "platform/files/FolderReader.h"
 
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <string>
+#include <tuple>
 #include <vector>
 
 namespace zv {
@@ -15,7 +18,16 @@ struct FolderListingOptions {
     bool sortFoldersFirst = true;
     std::size_t limit = std::numeric_limits<std::size_t>::max(); ///< the most entries ordered and made
 
-    friend auto operator<=>(FolderListingOptions const&, FolderListingOptions const&) = default;
+    FolderOrder order = FolderOrder::name;
+    bool isReversed = false;
+    std::string filter {}; ///< of files; folders stay
+
+    [[nodiscard]] static auto tied(FolderListingOptions const& o)
+    {
+        return std::tie(o.showHiddenFiles, o.sortFoldersFirst, o.limit, o.order, o.isReversed, o.filter);
+    }
+    friend bool operator==(FolderListingOptions const&, FolderListingOptions const&) = default;
+    friend bool operator<(FolderListingOptions const& a, FolderListingOptions const& b) { return tied(a) < tied(b); }
 };
 
 struct FolderListing {

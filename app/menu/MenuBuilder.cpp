@@ -38,6 +38,13 @@ MenuEntry itemWithTarget(std::string title, std::shared_ptr<MenuActionTarget> ta
     return entry;
 }
 
+/// Null for an item without choices.
+FolderChoicesRef choicesOf(MenuItem const& item)
+{
+    auto choices = folderChoicesOf(item);
+    return choices == FolderChoices {} ? nullptr : std::make_shared<FolderChoices const>(std::move(choices));
+}
+
 KeyEquivalentSpec commandKey(char const* character) { return { .trigger = KeyEquivalentSpec::Trigger::character(character) }; }
 
 /// Guesses from the name, as remote files are not touched before their submenu opens: a name
@@ -182,7 +189,9 @@ MenuEntry MenuBuilder::makeFileItemForURL(MenuItem const& item, Url url, FileTra
     auto subject = subjectOf(item);
     subject.entry = std::make_shared<DynamicEntry const>(
         DynamicEntry { .title = title, .url = url, .fileURL = url, .isDirectory = traits.isDirectory, .isPackage = traits.isPackage });
-    auto entry = isFolder ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item)), subject)
+    bool const isScript = m_sources.scripts && m_sources.scripts->isScriptMenu(url);
+    auto entry = isScript ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::script(url), subject)
+        : isFolder        ? makeDynamicSubmenuItem(std::move(title), DynamicMenuSource::folder(url, depthOf(item), choicesOf(item)), subject)
                           : makeActionItem(std::move(title), [&commands = m_services.commands, url] { commands.open(url); });
     entry.subject = std::move(subject);
     applyFileIcon(url, entry);
@@ -244,23 +253,23 @@ MenuEntry MenuBuilder::makeTrailingQuitItem() const
     return entry;
 }
 
-MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const
+MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices) const
 {
     if (entry->isSeparator)
         return MenuEntry::separator();
     if (!entry->url && !entry->unavailabilityReason)
         return MenuEntry::disabled(entry->title);
-    auto item = makeItemWithoutIcon(entry, remainingDepth);
+    auto item = makeItemWithoutIcon(entry, remainingDepth, choices);
     applyFileIcon(entry->fileURL, item);
     return item;
 }
 
-MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const
+MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices) const
 {
     if (entry->unavailabilityReason)
         return makeUnavailableFile(*entry);
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
-        return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1), { &m_services.entryMenus, entry, {} });
+        return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1, choices), { &m_services.entryMenus, entry, {} });
     // Two pointers fit into the function object; the target keeps the entry alive.
     auto open = [commands = &m_services.commands, opened = entry.get()] { commands->open(*opened); };
     auto item = itemWithTarget(entry->title, std::make_shared<MenuActionTarget>(open, entry));

@@ -71,7 +71,8 @@ public:
         return makeEntryItem(std::make_shared<DynamicEntry const>(std::move(entry)), remainingDepth);
     }
     /// The same for an entry in a list, which the list's items share.
-    [[nodiscard]] MenuEntry makeEntryItem(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
+    [[nodiscard]] MenuEntry makeEntryItem(
+        std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices = {}) const;
     [[nodiscard]] MenuEntry makeDynamicSubmenuItem(std::string title, DynamicMenuSource source, EntrySubject subject = {}) const;
     /// A disabled item in italics, the reason as its tooltip.
     [[nodiscard]] MenuEntry makeUnavailableFile(DynamicEntry const& entry) const;
@@ -96,7 +97,8 @@ private:
     [[nodiscard]] MenuEntry makeFileItemForURL(MenuItem const& item, Url url, FileTraits traits) const;
     [[nodiscard]] MenuEntry makeServerFileItem(MenuItem const& item) const;
     /// Needs an entry with a URL or a reason why it is unavailable.
-    [[nodiscard]] MenuEntry makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth) const;
+    [[nodiscard]] MenuEntry makeItemWithoutIcon(
+        std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices) const;
     [[nodiscard]] MenuEntry makeSystemInformationItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeQuitItem(MenuItem const& item) const;
     [[nodiscard]] MenuEntry makeCustomizeItem() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/model/MenuItem.h"
+#include "app/model/OwnItems.h"
 #include "platform/files/Resources.h"
 
 #include <cstddef>
@@ -16,6 +17,7 @@ struct LibraryEntry {
     std::string localizedDescription;
     MenuItem itemTemplate; ///< needs a fresh id when it is added
     std::string group; ///< the palette's heading above it; may be empty
+    std::optional<OwnItem::Kind> own {}; ///< asks for an item of the user's own instead
 
     friend bool operator==(LibraryEntry const&, LibraryEntry const&) = default;
 };

@@ -1,5 +1,8 @@
 #include "app/settings/ItemInspector.h"
 
+#include "app/settings/FolderForm.h"
+#include "app/settings/SettingsTexts.h"
+
 namespace zv {
 
 namespace {
@@ -48,10 +51,13 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     fields.hasTitle = !isSeparator;
     fields.title = item.title.value_or("");
     fields.titlePlaceholder = placeholderFor(item);
+    fields.chooseTitle = settingsTexts::choose.title;
     fields.hasTarget = item.kind == MenuItemKind::fsObject;
     fields.targetPath = item.location && item.location->path ? *item.location->path : std::string();
     fields.targetIsMissing = fields.hasTarget && target.isMissing;
     fields.hasDepth = !isGroup && listsFolders(item.kind) && (!fields.hasTarget || target.mayBeFolder);
+    fields.hasListing = fields.hasDepth && fields.hasTarget;
+    fields.listing = summaryOf(folderChoicesOf(item));
     fields.depth = item.scanDepth;
     if (fields.hasDepth)
         fields.depthChoices = depthChoices(item.scanDepth.value_or(depthOfPreference), preferences);

@@ -22,11 +22,14 @@ struct InspectorFields {
     bool hasTarget = false;
     std::string targetPath; ///< empty if unknown
     bool targetIsMissing = false;
+    std::string chooseTitle; ///< of the button that chooses another target
     bool hasDepth = false;
     std::optional<std::int64_t> depth; ///< none: as in the General tab
     std::vector<SettingsChoice> depthChoices; ///< includes a stored value outside the offered ones
     /// The current choice.
     [[nodiscard]] std::int64_t depthChoice() const { return depth.value_or(depthOfPreference); }
+    bool hasListing = false; ///< a folder's order and choice
+    std::string listing; ///< said in a few words
     bool canHide = false;
     bool isHidden = false;
     bool hasShortcut = false;

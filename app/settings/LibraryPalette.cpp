@@ -52,12 +52,26 @@ std::vector<std::string> wordsOf(std::string_view search)
     return words;
 }
 
+bool holdsAll(std::string const& text, std::vector<std::string> const& words)
+{
+    auto const folded = foldedForSearch(text);
+    return std::all_of(words.begin(), words.end(), [&](auto const& word) { return folded.find(word) != std::string::npos; });
+}
+
 bool matches(LibraryEntry const& entry, std::vector<std::string> const& words)
 {
-    if (words.empty())
-        return true;
-    auto const text = foldedForSearch(entry.title + "\n" + entry.localizedDescription + "\n" + entry.group);
-    return std::all_of(words.begin(), words.end(), [&](auto const& word) { return text.find(word) != std::string::npos; });
+    return words.empty() || holdsAll(entry.title + "\n" + entry.localizedDescription + "\n" + entry.group, words);
+}
+
+void collectFound(std::vector<MenuItem> const& items, std::vector<std::string> const& words, std::vector<MenuItem const*>& found)
+{
+    for (auto const& item : items) {
+        if (found.size() >= LibraryPalette::mostItemsFound)
+            return;
+        if (item.kind != MenuItemKind::separator && holdsAll(item.displayTitle(), words))
+            found.push_back(&item);
+        collectFound(item.children, words, found);
+    }
 }
 
 } // namespace
@@ -76,6 +90,14 @@ std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view searc
         group->entries.push_back(&entry);
     }
     return groups;
+}
+
+std::vector<MenuItem const*> LibraryPalette::itemsFound(std::vector<MenuItem> const& items, std::string_view search)
+{
+    std::vector<MenuItem const*> found;
+    if (auto const words = wordsOf(search); !words.empty())
+        collectFound(items, words, found);
+    return found;
 }
 
 void LibraryPalette::setApplications(std::vector<InstalledApplication> applications)

@@ -28,6 +28,9 @@ public:
     /// hold until the applications are set. Reading this within withObservationTracking() observes
     /// them.
     [[nodiscard]] std::vector<Group> groups(std::string_view search = {}) const;
+    /// The menu's items that the same search finds, in the menu's order; none for an empty search.
+    [[nodiscard]] static std::vector<MenuItem const*> itemsFound(std::vector<MenuItem> const& items, std::string_view search);
+    static constexpr std::size_t mostItemsFound = 100;
     /// Null when there is no such entry.
     [[nodiscard]] LibraryEntry const* entry(std::string_view id) const;
 

@@ -274,9 +274,22 @@ void MenuEditor::setTarget(Uuid const& id, Url const& target)
     });
 }
 
+void MenuEditor::setOwnTarget(Uuid const& id, Url const& target, std::string const& title)
+{
+    edit("Change Item", id, [&](MenuItem& item) {
+        item.title = title;
+        item.location = ItemLocation::forURL(target, m_services.locations);
+    });
+}
+
 void MenuEditor::setScanDepth(Uuid const& id, std::optional<std::int64_t> depth)
 {
     edit("Change Depth", id, [&](MenuItem& item) { item.scanDepth = depth; });
+}
+
+void MenuEditor::setFolderChoices(Uuid const& id, FolderChoices const& choices)
+{
+    edit("Change Order and Choice", id, [&](MenuItem& item) { zv::setFolderChoices(item, choices); });
 }
 
 void MenuEditor::setHidden(Uuid const& id, bool isHidden)

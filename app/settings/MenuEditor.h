@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/model/FolderChoices.h"
 #include "app/model/ItemLibrary.h"
 #include "app/model/MenuStore.h"
 #include "app/settings/MenuTree.h"
@@ -78,8 +79,11 @@ public:
     /// An empty text removes the title.
     void setTitle(Uuid const& id, std::string const& title);
     void setTarget(Uuid const& id, Url const& target);
+    /// The same for an item of the user's own, with its title.
+    void setOwnTarget(Uuid const& id, Url const& target, std::string const& title);
     /// An empty depth stands for the preference.
     void setScanDepth(Uuid const& id, std::optional<std::int64_t> depth);
+    void setFolderChoices(Uuid const& id, FolderChoices const& choices);
     void setHidden(Uuid const& id, bool isHidden);
     void setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec);
 

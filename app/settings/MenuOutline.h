@@ -3,7 +3,7 @@
 #include "app/hotkeys/HotkeyCenter.h"
 #include "app/model/MenuStore.h"
 #include "app/settings/SettingsTexts.h"
-#include "platform/System.h"
+#include "platform/SystemKind.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/model/KeyEquivalentSpec.h"
-#include "platform/System.h"
+#include "platform/SystemKind.h"
 #include "platform/desk/KeyPress.h"
 
 #include <optional>

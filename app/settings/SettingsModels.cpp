@@ -3,6 +3,8 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
+#include "app/settings/FolderForm.h"
+#include "app/settings/OwnItemForm.h"
 #include "app/settings/RecorderRules.h"
 #include "app/settings/SettingsTexts.h"
 
@@ -10,11 +12,43 @@
 
 namespace zv {
 
+namespace {
+
+std::vector<LibraryEntry> withOwnEntries(std::vector<LibraryEntry> entries)
+{
+    struct Row {
+        OwnItem::Kind kind;
+        char const *title, *description;
+    };
+    static constexpr Row rows[] = {
+        { OwnItem::Kind::link, "Link…", "Opens an address in the browser." },
+        { OwnItem::Kind::command, "Command…", "Runs a line in your shell or in a terminal." },
+        { OwnItem::Kind::scriptMenu, "Script menu…", "A submenu that a program fills each time it opens." },
+    };
+    for (auto const& row : rows) {
+        LibraryEntry entry { std::string("own:") + row.title, row.title, row.description, MenuItem::ofKind(MenuItemKind::fsObject), "Your Own", row.kind };
+        entries.insert(entries.begin() + (&row - rows), std::move(entry));
+    }
+    return entries;
+}
+
+void showOwn(OwnItem const& own, InspectorFields& fields)
+{
+    static constexpr char const* titles[] = { "Link", "Command", "Script menu" };
+    fields.kindTitle = titles[static_cast<int>(own.kind)];
+    fields.targetPath = own.text;
+    fields.chooseTitle = settingsTexts::editOwn;
+    fields.hasDepth = fields.hasListing = false;
+}
+
+} // namespace
+
 SettingsModels::SettingsModels(Services services)
     : m_services(std::move(services))
+    , m_ownItems(m_services.system.kind, m_services.system.places.itemsFolder, *m_services.system.files.disk)
     , m_editor({ m_services.store, locationsOf(m_services.system) })
     , m_outline({ m_services.store, m_services.hotkeys })
-    , m_palette(loadItemLibrary(m_services.system.files.resources, locationsOf(m_services.system), LibraryMode::everything))
+    , m_palette(withOwnEntries(loadItemLibrary(m_services.system.files.resources, locationsOf(m_services.system), LibraryMode::everything)))
     , m_menuFile({ .editor = m_editor,
           .backups = m_services.backups,
           .files = *m_services.system.files.disk,
@@ -79,6 +113,11 @@ void SettingsModels::readOutline() const
     (void)m_outline.row(MenuItem::ofKind(MenuItemKind::sleep)); // observes the conflicts
 }
 
+std::vector<MenuItem const*> SettingsModels::itemsFound(std::string_view search) const
+{
+    return search.empty() ? std::vector<MenuItem const*>() : LibraryPalette::itemsFound(m_services.store.items(), search);
+}
+
 ImageRef SettingsModels::iconOf(MenuItem const& item)
 {
     bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
@@ -92,6 +131,9 @@ InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const
     auto note = m_outline.shortcutNote(item, m_services.system.kind);
     fields.shortcutNote = std::move(note.text);
     fields.shortcutOwner = note.owner;
+    auto const own = fields.hasTarget ? m_ownItems.read(Url::fromPath(fields.targetPath)) : std::nullopt;
+    if (own)
+        showOwn(*own, fields);
     return fields;
 }
 
@@ -118,11 +160,67 @@ DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Posit
 void SettingsModels::chooseTarget(Uuid const& id)
 {
     auto const edited = id; // a copy: the caller's may change while the panel is open
-    if (!m_services.store.find(edited))
+    auto const* item = m_services.store.find(edited);
+    if (!item)
         return;
+    auto const file = item->location && item->location->path ? std::optional(Url::fromPath(*item->location->path)) : std::nullopt;
+    if (auto const own = file ? m_ownItems.read(*file) : std::nullopt)
+        return changeOwn(edited, *file, *own);
     auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ settingsTexts::chooseTarget, FilePanelKind::filesAndFolders });
     if (!chosen.empty())
         m_editor.setTarget(edited, chosen.front());
+}
+
+DropOutcome SettingsModels::addEntry(LibraryEntry const& entry, MenuEditor::Position const& position)
+{
+    if (entry.own)
+        return addOwn(entry, position);
+    if (entry.itemTemplate.kind == MenuItemKind::fsObject && !entry.itemTemplate.location)
+        return addChosenFiles(FilePanelKind::filesAndFolders, position);
+    m_editor.addEntry(entry, position);
+    return { true, std::nullopt };
+}
+
+DropOutcome SettingsModels::addOwn(LibraryEntry entry, MenuEditor::Position const& position)
+{
+    auto const own = askFor({ .kind = *entry.own });
+    if (!own)
+        return {};
+    auto const file = m_ownItems.write(*own);
+    if (!file)
+        return { false, Alert { AlertStyle::warning, settingsTexts::itemsNotAdded, settingsTexts::asSentence(file.error()) } };
+    entry.itemTemplate.title = own->title;
+    entry.itemTemplate.location = ItemLocation::forURL(*file, locationsOf(m_services.system));
+    entry.title = own->title;
+    m_editor.addEntry(entry, position);
+    return { true, std::nullopt };
+}
+
+void SettingsModels::changeOwn(Uuid const& id, Url const& file, OwnItem const& own)
+{
+    auto const changed = askFor(own);
+    if (!changed)
+        return;
+    if (auto const written = m_ownItems.write(*changed, file))
+        m_editor.setOwnTarget(id, *written, changed->title);
+    else
+        alerts().run({ AlertStyle::warning, settingsTexts::itemNotChanged, settingsTexts::asSentence(written.error()) });
+}
+
+std::optional<OwnItem> SettingsModels::askFor(OwnItem const& own)
+{
+    auto const answers = m_services.surface.windows.forms.ask(ownItemForm(own));
+    return answers ? std::optional(ownItemOf(own.kind, *answers)) : std::nullopt;
+}
+
+void SettingsModels::chooseListing(Uuid const& id)
+{
+    Uuid const listed = id;
+    auto const* item = m_services.store.find(listed);
+    if (!item)
+        return;
+    if (auto const answers = m_services.surface.windows.forms.ask(folderForm(folderChoicesOf(*item))))
+        m_editor.setFolderChoices(listed, folderChoicesIn(*answers));
 }
 
 void SettingsModels::reveal(Uuid const& id)

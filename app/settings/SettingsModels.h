@@ -47,6 +47,8 @@ public:
     [[nodiscard]] MenuEditor& editor() { return m_editor; }
     [[nodiscard]] MenuOutline const& outline() const { return m_outline; }
     [[nodiscard]] LibraryPalette const& palette() const { return m_palette; }
+    /// The menu's items that a search of the library finds, too. Observed only while there is a search.
+    [[nodiscard]] std::vector<MenuItem const*> itemsFound(std::string_view search) const;
     [[nodiscard]] MenuFileCommands& menuFile() { return m_menuFile; }
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
@@ -59,10 +61,14 @@ public:
     [[nodiscard]] ImageRef iconOf(MenuItem const& item);
     [[nodiscard]] InspectorFields inspectorFieldsOf(MenuItem const& item) const;
 
+    /// Adds what the library offers; asks for the file, or for what an item of the user's own is to do, first.
+    DropOutcome addEntry(LibraryEntry const& entry, MenuEditor::Position const& position);
     /// Lets the user choose files, and adds them.
     DropOutcome addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position);
-    /// Lets the user choose the item's new target.
+    /// Lets the user choose the item's new target, or change an item of the user's own.
     void chooseTarget(Uuid const& id);
+    /// Asks for the order and choice of the item's folder.
+    void chooseListing(Uuid const& id);
     void reveal(Uuid const& id);
     void showReadMe();
     void copyDiagnostics();
@@ -72,6 +78,9 @@ public:
     void endRecording();
 
 private:
+    DropOutcome addOwn(LibraryEntry entry, MenuEditor::Position const& position);
+    void changeOwn(Uuid const& id, Url const& file, OwnItem const& own);
+    [[nodiscard]] std::optional<OwnItem> askFor(OwnItem const& own);
     [[nodiscard]] bool mayBeFolder(MenuItem const& item) const;
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
@@ -79,6 +88,7 @@ private:
     [[nodiscard]] std::optional<std::string> saveProblem() const;
 
     Services m_services;
+    OwnItems m_ownItems;
     MenuEditor m_editor;
     MenuOutline m_outline;
     LibraryPalette m_palette;

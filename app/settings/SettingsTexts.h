@@ -26,8 +26,10 @@ inline constexpr Text aboutTab = "About";
 // The library.
 inline constexpr Text library = "Library"; ///< for assistive tools
 inline constexpr Text search = "Search";
-inline constexpr Text searchLibrary = "Search the library"; ///< for assistive tools
-inline constexpr Text nothingFound = "Nothing in the library matches.";
+inline constexpr Text searchLibrary = "Search the library"; ///< for assistive tools; it searches the menu, too
+inline constexpr Text nothingFound = "Nothing in the library or in your menu matches.";
+inline constexpr Text inYourMenu = "In Your Menu";
+inline constexpr Button showInMenu { "Show in Menu", "Selects the item in your menu" };
 
 // The outline.
 inline constexpr Text outline = "Menu"; ///< for assistive tools
@@ -66,8 +68,11 @@ inline constexpr Text allFiles = "All files";
 inline constexpr Text title = "Title";
 inline constexpr Text target = "Target";
 inline constexpr Button choose { "Choose…", "Chooses another target" };
+inline constexpr Text editOwn = "Edit…"; ///< in its place for items of the user's own
 inline constexpr Button reveal { "Reveal", "Shows where the target lies" };
 inline constexpr Text shortcut = "Shortcut";
+inline constexpr Text listing = "Order and choice";
+inline constexpr Text listingHelp = "Chooses what the folder shows, and in which order";
 inline constexpr Text hidden = "Hide in the menu";
 [[nodiscard]] std::string selected(std::size_t count); ///< for any count but one
 
@@ -83,6 +88,7 @@ inline constexpr Text clearShortcut = "Clear shortcut"; ///< for assistive tools
 
 // Items that could not be added.
 inline constexpr Text itemsNotAdded = "The items could not be added.";
+inline constexpr Text itemNotChanged = "The item could not be changed.";
 [[nodiscard]] std::string filesNotAdded(std::size_t count);
 [[nodiscard]] std::string doesNotExist(std::string const& path);
 /// A reason that a system or a reader gave, as the sentence of an alert: it begins with a capital.

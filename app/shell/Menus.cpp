@@ -29,7 +29,10 @@ Menus::Menus(Parts parts)
           .tasks = parts.system.time.tasks,
           .shortcutCommands = m_actions,
           .locationCommands = m_actions }))
-    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, m_openingKeys, parts.system.lists.applicationFolders }
+    , m_ownItems(parts.system.kind, parts.system.places.itemsFolder, *parts.system.files.disk)
+    , m_scriptMenus(
+          { .tools = parts.system.session.tools, .tasks = parts.system.time.tasks, .workspace = parts.system.session.workspace, .ownItems = m_ownItems })
+    , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, m_openingKeys, parts.system.lists.applicationFolders, &m_scriptMenus }
     , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
     , m_entryMenu({ .system = parts.system,
           .desk = parts.desk,

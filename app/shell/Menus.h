@@ -55,6 +55,8 @@ private:
     OpeningKeys m_openingKeys;
     FolderListings m_folders;
     DynamicMenuProvider m_lists;
+    OwnItems m_ownItems;
+    ScriptMenus m_scriptMenus;
     SubmenuSources m_sources;
     MenuIcon m_icons;
     EntryMenu m_entryMenu;

@@ -4,6 +4,7 @@
 #include "platform/desk/Application.h"
 #include "platform/desk/Clipboard.h"
 #include "platform/desk/FilePanels.h"
+#include "platform/desk/Forms.h"
 #include "platform/desk/IconSource.h"
 #include "platform/desk/ModifierKeys.h"
 #include "platform/desk/NotesWindow.h"
@@ -32,6 +33,7 @@ struct Windows {
     Alerts& settingsAlerts; ///< what the settings ask and tell; on their window where a system has sheets
     NotesWindows& notes;
     FilePanels& filePanels;
+    Forms& forms;
     UserNotifications& notifications;
 };
 

@@ -54,6 +54,8 @@ public:
     /// Writes like write(), for the user's eyes alone: readable by nobody else, in a folder that nobody else can
     /// enter and that is made where it is missing.
     [[nodiscard]] virtual Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) = 0;
+    /// Lets the file's owner start it, as people do in a file manager.
+    [[nodiscard]] virtual Result<void> makeStartable(Url const& url) = 0;
     /// Names in the folder, in no order, "." and ".." left out.
     [[nodiscard]] virtual Result<std::vector<std::string>> names(Url const& folder) const = 0;
     [[nodiscard]] virtual Result<void> remove(Url const& url) = 0;

@@ -70,6 +70,9 @@ enum class NameDoubt {
     notInstalled, ///< it would be started, though nobody installed it
 };
 
+/// What files can be ordered by, beside their names.
+enum class FileMeasure { dateChanged, dateAdded, size };
+
 /// Reads a folder in one pass, asking about single files only where their directory entry
 /// does not tell what they are. Any thread. Shared, because a reading that hangs may
 /// outlive everything else.
@@ -80,6 +83,9 @@ public:
     /// are left out here. A link to a remote file system is not followed: it counts as a
     /// folder unless its name has an extension.
     [[nodiscard]] virtual Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const = 0;
+    /// A number for each of the folder's items, in their order: nanoseconds of a time, or bytes; zero where the disk
+    /// does not tell. Of a link itself.
+    [[nodiscard]] virtual std::vector<std::int64_t> measure(Url const& folder, FolderContents const& contents, FileMeasure what) const = 0;
     /// True when looking into the folder may block: another machine or program answers for
     /// its file system. Finds out without touching that file system.
     [[nodiscard]] virtual bool isRemote(Url const& folder) const = 0;

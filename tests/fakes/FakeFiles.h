@@ -93,6 +93,11 @@ public:
         auto const made = createDirectory(url.parent());
         return made ? write(url, bytes) : made;
     }
+    Result<void> makeStartable(Url const& url) override
+    {
+        startable.insert(url.path());
+        return {};
+    }
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
         std::vector<std::string> found;
@@ -121,6 +126,7 @@ public:
     }
 
     std::map<std::string, Node> nodes { { "/", { Node::Type::folder, {}, {} } } };
+    std::set<std::string> startable;
     std::set<std::string> readOnly; ///< folders that cannot be written
     std::map<std::string, std::string> volumes; ///< root path to name
     std::map<std::string, std::string> localizedNames; ///< where they differ from the file's name

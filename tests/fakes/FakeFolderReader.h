@@ -17,6 +17,7 @@ public:
         FileTraits traits {};
         std::string localizedName {};
         bool isLink = true; ///< or possibly a link
+        std::int64_t measure = 0;
     };
 
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override
@@ -34,6 +35,18 @@ public:
         }
         return contents;
     }
+    std::vector<std::int64_t> measure(Url const& folder, FolderContents const& contents, FileMeasure what) const override
+    {
+        ++measured[what];
+        std::vector<std::int64_t> found;
+        for (std::size_t i = 0; i < contents.size(); ++i) {
+            for (auto const& child : folders.at(folder.path())) {
+                if (child.name == contents[i].name)
+                    found.push_back(child.measure);
+            }
+        }
+        return found;
+    }
     bool isRemote(Url const& folder) const override { return remote.contains(folder.path()); }
 
     std::optional<NameDoubt> doubtAbout(Url const& file) const override
@@ -50,6 +63,7 @@ public:
     std::set<std::string> remote;
     std::map<std::string, NameDoubt> doubts; ///< by the file's path
     mutable std::map<std::string, int> readings;
+    mutable std::map<FileMeasure, int> measured;
 };
 
 } // namespace zv::fakes

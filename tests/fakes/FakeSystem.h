@@ -6,6 +6,7 @@
 #include "tests/fakes/FakeFilePanels.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeFolderReader.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakeHotkeys.h"
 #include "tests/fakes/FakeLists.h"
 #include "tests/fakes/FakeMenuBar.h"
@@ -92,6 +93,7 @@ struct FakeSurface {
     FakeSettingsWindow settingsWindow;
     FakeNotesWindows notesWindows;
     FakeFilePanels filePanels;
+    FakeForms forms;
     FakeUserNotifications notifications;
     FakeInstallation installation;
     FakeLoginService loginService;
@@ -116,8 +118,12 @@ struct FakeSurface {
                     .pointerMonitor = pointerMonitor,
                     .panels = panels,
                     .visibility = nullptr } },
-            .windows
-            = { .settings = settingsWindow, .settingsAlerts = alerts, .notes = notesWindows, .filePanels = filePanels, .notifications = notifications },
+            .windows = { .settings = settingsWindow,
+                .settingsAlerts = alerts,
+                .notes = notesWindows,
+                .filePanels = filePanels,
+                .forms = forms,
+                .notifications = notifications },
             .home = { .installation = installation,
                 .loginService = loginService,
                 .makeUpdateEngine = [this](UpdateChannels& channels, UpdateUserDriver& driver) { return makeEngine(channels, driver); },

@@ -325,6 +325,7 @@ Surface LinuxFrontEnd::surface()
             .settingsAlerts = m_alerts,
             .notes = m_notesWindows,
             .filePanels = m_filePanels,
+            .forms = m_forms,
             .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,

@@ -27,6 +27,7 @@
 #include "platform/linux/windows/LinuxApplication.h"
 #include "platform/linux/windows/QtAlerts.h"
 #include "platform/linux/windows/QtFilePanels.h"
+#include "platform/linux/windows/QtForms.h"
 #include "platform/linux/windows/QtNotesWindows.h"
 
 #include <QDBusServiceWatcher>
@@ -107,6 +108,7 @@ private:
     QtNotesWindows m_notesWindows;
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
+    QtForms m_forms;
     QtDownloads m_downloads;
     LinuxPackageOrigin m_packageOrigin;
     QtUpdateWindow m_updateWindow;

@@ -159,6 +159,15 @@ Result<void> LinuxFileSystem::writePrivately(Url const& url, std::vector<std::by
     return writeWhole(url, bytes, 0600);
 }
 
+Result<void> LinuxFileSystem::makeStartable(Url const& url)
+{
+    auto const path = url.path();
+    auto const status = statusOf(path, Links::followed);
+    if (!status || ::chmod(path.c_str(), (status->st_mode & 07777) | S_IXUSR) != 0)
+        return Failure { systemMessage(errno) };
+    return {};
+}
+
 Result<std::vector<std::string>> LinuxFileSystem::names(Url const& folder) const
 {
     FolderStream const stream(::opendir(folder.path().c_str()));

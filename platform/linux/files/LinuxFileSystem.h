@@ -26,6 +26,7 @@ public:
     [[nodiscard]] Result<std::vector<std::byte>> read(Url const& url) const override;
     [[nodiscard]] Result<void> write(Url const& url, std::vector<std::byte> const& bytes) override;
     [[nodiscard]] Result<void> writePrivately(Url const& url, std::vector<std::byte> const& bytes) override;
+    [[nodiscard]] Result<void> makeStartable(Url const& url) override;
     [[nodiscard]] Result<std::vector<std::string>> names(Url const& folder) const override;
     [[nodiscard]] Result<void> remove(Url const& url) override;
     [[nodiscard]] Result<void> rename(Url const& from, Url const& to) override;

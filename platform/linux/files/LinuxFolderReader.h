@@ -16,6 +16,7 @@ public:
 
     Result<FolderContents, FolderReadFailure> read(Url const& folder, HiddenFiles hiddenFiles) const override;
     bool isRemote(Url const& folder) const override;
+    std::vector<std::int64_t> measure(Url const& folder, FolderContents const& contents, FileMeasure what) const override;
     std::optional<NameDoubt> doubtAbout(Url const& file) const override;
 
 private:

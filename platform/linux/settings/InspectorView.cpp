@@ -16,6 +16,7 @@ namespace zv {
 namespace {
 
 constexpr std::chrono::milliseconds pauseInTyping { 800 };
+constexpr int longestListing = 180;
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
@@ -38,7 +39,9 @@ InspectorView::InspectorView(SettingsModels& models, KeyLookup lookUp)
     , m_title(new QLineEdit)
     , m_targetRow(new QWidget)
     , m_target(smallLabel())
+    , m_choose(settingsButton(text(settingsTexts::choose.title)))
     , m_depth(new QComboBox)
+    , m_listing(new QPushButton)
     , m_shortcut(nullptr)
     , m_shortcutNoteRow(new QWidget)
     , m_shortcutNote(smallLabel())
@@ -65,7 +68,7 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_shortcut = new RecorderField(m_models, std::move(lookUp));
     auto* target = new QVBoxLayout(m_targetRow);
     target->setContentsMargins(0, 0, 0, 0);
-    auto* choose = settingsButton(text(settingsTexts::choose.title));
+    auto* choose = m_choose;
     auto* reveal = settingsButton(text(settingsTexts::reveal.title));
     choose->setToolTip(text(settingsTexts::choose.help));
     reveal->setToolTip(text(settingsTexts::reveal.help));
@@ -79,6 +82,14 @@ void InspectorView::buildForm(KeyLookup lookUp)
     m_form->addRow(text(settingsTexts::title), m_title);
     m_form->addRow(text(settingsTexts::target), m_targetRow);
     m_form->addRow(text(m_models.wording().depth), m_depth);
+    m_listing->setAutoDefault(false);
+    m_listing->setToolTip(text(settingsTexts::listingHelp));
+    m_listing->setAccessibleDescription(text(settingsTexts::listingHelp));
+    m_form->addRow(text(settingsTexts::listing), m_listing);
+    connect(m_listing, &QPushButton::clicked, this, [this] {
+        if (m_id)
+            m_models.chooseListing(*m_id);
+    });
     m_form->addRow(text(settingsTexts::shortcut), m_shortcut);
     buildShortcutNote();
     m_form->addRow(m_shortcutNoteRow);
@@ -150,6 +161,7 @@ void InspectorView::fill(InspectorFields const& fields)
     setRowVisible(m_title, fields.hasTitle);
 
     m_target->setText(text(fields.targetPath));
+    m_choose->setText(text(fields.chooseTitle));
     setRowVisible(m_targetRow, fields.hasTarget);
 
     QSignalBlocker const quietDepth(m_depth);
@@ -159,6 +171,9 @@ void InspectorView::fill(InspectorFields const& fields)
     m_depth->setCurrentIndex(m_depth->findData(QVariant::fromValue<qlonglong>(fields.depthChoice())));
     setRowVisible(m_depth, fields.hasDepth);
 
+    m_listing->setText(m_listing->fontMetrics().elidedText(text(fields.listing), Qt::ElideRight, longestListing));
+    m_listing->setAccessibleName(text(settingsTexts::listing) + QStringLiteral(": ") + text(fields.listing));
+    setRowVisible(m_listing, fields.hasListing);
     m_shortcut->setSpec(fields.shortcut);
     setRowVisible(m_shortcut, fields.hasShortcut);
     m_shortcutOwner = fields.shortcutOwner;

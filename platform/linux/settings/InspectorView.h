@@ -48,7 +48,9 @@ private:
     QTimer m_pause; ///< pause after typing in the title
     QWidget* m_targetRow;
     QLabel* m_target;
+    QPushButton* m_choose;
     QComboBox* m_depth;
+    QPushButton* m_listing;
     RecorderField* m_shortcut;
     QWidget* m_shortcutNoteRow;
     QLabel* m_shortcutNote;

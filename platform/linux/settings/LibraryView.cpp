@@ -4,12 +4,14 @@
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/MenuTreeModel.h"
+#include "platform/linux/settings/SettingsButton.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -18,6 +20,7 @@ namespace zv {
 namespace {
 
 constexpr int entryRole = Qt::UserRole;
+constexpr int itemRole = Qt::UserRole + 1; ///< the id of an item of the menu
 
 QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
@@ -72,11 +75,18 @@ LibraryView::LibraryView(SettingsModels& models)
     : m_models(models)
     , m_search(new QLineEdit)
     , m_tree(new Tree(models.palette()))
+    , m_show(settingsButton(QString::fromUtf8(settingsTexts::showInMenu.title)))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_search);
     column->addWidget(m_tree, 1);
+    column->addWidget(m_show);
+    m_show->setToolTip(QString::fromUtf8(settingsTexts::showInMenu.help));
+    m_show->setAccessibleDescription(m_show->toolTip());
+    QObject::connect(m_show, &QPushButton::clicked, this, [this] { addChosen(); });
+    QObject::connect(m_tree, &QTreeWidget::currentItemChanged, this, [this] { m_show->setVisible(chosenItem().has_value()); });
+    m_show->hide();
     m_search->setPlaceholderText(QString::fromUtf8(settingsTexts::search));
     m_search->setClearButtonEnabled(true);
     m_search->setAccessibleName(QString::fromUtf8(settingsTexts::searchLibrary));
@@ -96,6 +106,8 @@ public:
         , m_item(entry.itemTemplate)
     {
         setData(0, entryRole, zv::text(entry.id));
+        if (entry.own)
+            setFlags(flags() & ~Qt::ItemIsDragEnabled); // it is asked for first
         setToolTip(0, zv::text(entry.localizedDescription));
         setData(0, Qt::AccessibleDescriptionRole, zv::text(entry.localizedDescription));
     }
@@ -129,21 +141,48 @@ void LibraryView::refill()
     auto bold = m_tree->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 0.92);
-    for (auto const& group : m_models.palette().groups(m_search->text().toStdString())) {
-        auto* heading = new QTreeWidgetItem(m_tree, { text(group.title) });
+    auto const addHeading = [&](QString const& title) {
+        auto* heading = new QTreeWidgetItem(m_tree, { title });
         heading->setFlags(Qt::ItemIsEnabled);
         heading->setFont(0, bold);
         heading->setForeground(0, palette().color(QPalette::PlaceholderText));
+        return heading;
+    };
+    auto const search = m_search->text().toStdString();
+    for (auto const& group : m_models.palette().groups(search)) {
+        auto* heading = addHeading(text(group.title));
         for (auto const* entry : group.entries) {
             auto* item = new Entry(heading, *entry, m_models);
             if (item->data(0, entryRole) == chosen)
                 m_tree->setCurrentItem(item);
         }
     }
+    if (auto const found = m_models.itemsFound(search); !found.empty())
+        addItems(*addHeading(QString::fromUtf8(settingsTexts::inYourMenu)), found);
     m_tree->expandAll();
     m_tree->verticalScrollBar()->setValue(position);
     if (!m_search->text().isEmpty() && m_tree->topLevelItemCount() > 0)
         m_tree->setCurrentItem(m_tree->topLevelItem(0)->child(0));
+}
+
+void LibraryView::addItems(QTreeWidgetItem& heading, std::vector<MenuItem const*> const& items)
+{
+    for (auto const* item : items) {
+        auto* row = new QTreeWidgetItem(&heading, { text(m_models.outline().row(*item).title) });
+        row->setData(0, itemRole, text(item->id.toString()));
+        row->setToolTip(0, m_show->toolTip());
+        row->setData(0, Qt::AccessibleDescriptionRole, m_show->toolTip());
+        row->setFlags(row->flags() & ~Qt::ItemIsDragEnabled);
+        auto const image = m_models.iconOf(*item);
+        row->setIcon(0, image ? menuIconOf(image) : blankMenuIcon());
+    }
+}
+
+/// The item of the menu that is chosen, if one is.
+std::optional<Uuid> LibraryView::chosenItem() const
+{
+    auto const* row = m_tree->currentItem();
+    return row ? Uuid::parse(row->data(0, itemRole).toString().toStdString()) : std::nullopt;
 }
 
 void LibraryView::changeEvent(QEvent* event)
@@ -184,6 +223,8 @@ bool LibraryView::searchKeyPressed(QKeyEvent& event)
 
 void LibraryView::addChosen()
 {
+    if (auto const item = chosenItem(); item && onShow)
+        return onShow(*item);
     auto const* chosen = static_cast<Tree*>(m_tree)->entry(m_tree->currentItem());
     if (chosen && onAdd)
         onAdd(*chosen);

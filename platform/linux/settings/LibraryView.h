@@ -6,9 +6,12 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 class QKeyEvent;
 class QLineEdit;
+class QPushButton;
 
 namespace zv {
 
@@ -19,6 +22,8 @@ public:
     explicit LibraryView(SettingsModels& models);
 
     std::function<void(LibraryEntry const&)> onAdd;
+    /// Called to show an item of the menu that the search has found.
+    std::function<void(Uuid const&)> onShow;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,12 +34,15 @@ private:
     class Entry;
     void fill();
     void refill();
+    void addItems(QTreeWidgetItem& heading, std::vector<MenuItem const*> const& items);
+    [[nodiscard]] std::optional<Uuid> chosenItem() const;
     void addChosen();
     [[nodiscard]] bool searchKeyPressed(QKeyEvent& event);
 
     SettingsModels& m_models;
     QLineEdit* m_search;
     QTreeWidget* m_tree;
+    QPushButton* m_show;
     Observation m_observation;
 };
 

@@ -138,6 +138,8 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     columns->setChildrenCollapsible(false);
     m_menuSide = new QSplitter;
     m_menuSide->setChildrenCollapsible(false);
+    for (auto* splitter : { columns, m_menuSide })
+        splitter->setContentsMargins(1, 0, 1, 0); // from right to left, a splitter lays its columns a pixel too far
     m_menuSide->addWidget(outlineColumn());
     m_menuSide->addWidget(inspectorColumn());
     m_menuSide->setStretchFactor(0, 1);
@@ -149,6 +151,7 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     line->addWidget(columns);
 
     m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
+    m_library->onShow = [this](Uuid const& item) { showItem(item); };
     m_models.editor().onEdit = [this](MenuEdit const& edit) { edited(edit); };
     m_inspector->onShowItem = [this](Uuid const& item) { showItem(item); };
     m_models.editor().undoLast = [this] { m_undo.undo(); };
@@ -326,21 +329,15 @@ void MenuEditorView::selectionChanged()
     refreshInspector();
 }
 
-/// Adds a library entry; for a file entry, asks for the file first.
-void MenuEditorView::addEntry(LibraryEntry const& entry)
-{
-    bool const isChosenFirst = entry.itemTemplate.kind == MenuItemKind::fsObject && !entry.itemTemplate.location;
-    if (isChosenFirst)
-        addFiles(FilePanelKind::filesAndFolders);
-    else
-        m_models.editor().addEntry(entry, insertPosition());
-}
+void MenuEditorView::addEntry(LibraryEntry const& entry) { tell(m_models.addEntry(entry, insertPosition())); }
 
-void MenuEditorView::addFiles(FilePanelKind kind)
+void MenuEditorView::tell(DropOutcome const& outcome)
 {
-    if (auto const outcome = m_models.addChosenFiles(kind, insertPosition()); outcome.problem)
+    if (outcome.problem)
         m_models.alerts().run(*outcome.problem);
 }
+
+void MenuEditorView::addFiles(FilePanelKind kind) { tell(m_models.addChosenFiles(kind, insertPosition())); }
 
 void MenuEditorView::removeSelected() { m_models.editor().remove(selection()); }
 

@@ -47,6 +47,7 @@ private:
     void selectionChanged();
     void addEntry(LibraryEntry const& entry);
     void addFiles(FilePanelKind kind);
+    void tell(DropOutcome const& outcome);
     void removeSelected();
     void copySelected();
     void paste();

@@ -88,7 +88,7 @@ protected:
     void changeEvent(QEvent* event) override
     {
         QWidget::changeEvent(event);
-        if (event->type() == QEvent::ApplicationPaletteChange)
+        if (event->type() == QEvent::PaletteChange)
             setFaintText();
         // The login item may have changed in the desktop's own settings.
         if (event->type() == QEvent::ActivationChange && isActiveWindow())
@@ -99,8 +99,11 @@ private:
     /// The faint text of all the window's notes.
     void setFaintText()
     {
+        auto const color = faintText(QApplication::palette());
+        if (palette().color(QPalette::PlaceholderText) == color)
+            return; // setting it is a change, too
         QPalette faint;
-        faint.setColor(QPalette::PlaceholderText, faintText(QApplication::palette()));
+        faint.setColor(QPalette::PlaceholderText, color);
         setPalette(faint);
     }
 

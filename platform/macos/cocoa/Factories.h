@@ -4,6 +4,7 @@
 #include "platform/desk/Application.h"
 #include "platform/desk/Clipboard.h"
 #include "platform/desk/FilePanels.h"
+#include "platform/desk/Forms.h"
 #include "platform/desk/IconSource.h"
 #include "platform/desk/ModifierKeys.h"
 #include "platform/desk/NotesWindow.h"
@@ -84,6 +85,7 @@ std::unique_ptr<Clock> makeClock();
 std::unique_ptr<ComputerInfo> makeComputerInfo();
 std::unique_ptr<DesktopCommands> makeDesktopCommands();
 std::unique_ptr<FilePanels> makeFilePanels();
+std::unique_ptr<Forms> makeForms();
 std::shared_ptr<FileSystem> makeFileSystem();
 std::shared_ptr<FolderReader const> makeFolderReader();
 std::unique_ptr<HotkeyRegistrar> makeHotkeyRegistrar(MenuTracking const& tracking, Timers& timers);

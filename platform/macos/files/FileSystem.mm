@@ -94,6 +94,13 @@ public:
         return written;
     }
 
+    Result<void> makeStartable(Url const& url) override
+    {
+        if (::chmod([pathOf(url) fileSystemRepresentation], 0700) != 0)
+            return Failure { std::string(::strerror(errno)) };
+        return {};
+    }
+
     Result<std::vector<std::string>> names(Url const& folder) const override
     {
         NSError* error = nil;

@@ -55,6 +55,15 @@ public:
         return contents;
     }
 
+    std::vector<std::int64_t> measure(Url const& folder, FolderContents const& contents, FileMeasure what) const override
+    {
+        std::vector<std::int64_t> measures;
+        measures.reserve(contents.size());
+        for (std::size_t i = 0; i < contents.size(); ++i)
+            measures.push_back(measureOf(toNSURL(folder.appending(contents[i].name)), what));
+        return measures;
+    }
+
     bool isRemote(Url const& folder) const override { return leadsToRemoteVolume(folder.path()); }
 
     /// What is not to start unasked is the system's concern, which asks by itself.
@@ -71,6 +80,17 @@ public:
     }
 
 private:
+    static std::int64_t measureOf(NSURL* file, FileMeasure what)
+    {
+        if (what == FileMeasure::size) {
+            NSNumber* size = nil;
+            return [file getResourceValue:&size forKey:NSURLFileSizeKey error:nullptr] ? size.longLongValue : 0;
+        }
+        NSDate* date = nil;
+        NSString* const key = what == FileMeasure::dateAdded ? NSURLAddedToDirectoryDateKey : NSURLContentModificationDateKey;
+        return [file getResourceValue:&date forKey:key error:nullptr] ? static_cast<std::int64_t>(date.timeIntervalSince1970 * 1e9) : 0;
+    }
+
     static bool liesOnRemovableVolume(NSURL* folder) { return flag(folder, NSURLVolumeIsRemovableKey) || flag(folder, NSURLVolumeIsEjectableKey); }
 
     static void add(NSURL* child, FolderContents& contents)

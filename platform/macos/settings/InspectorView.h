@@ -44,7 +44,9 @@ private:
     NSTextField* m_heading;
     NSTextField* m_title;
     NSTextField* m_target;
+    NSButton* m_choose = nil;
     NSPopUpButton* m_depth;
+    NSButton* m_listing = nil;
     NSButton* m_hidden;
     NSTextField* m_shortcutNote;
     NSButton* m_showOwner = nil;
@@ -53,6 +55,7 @@ private:
     NSView* m_titleRow = nil;
     NSView* m_targetRow = nil;
     NSView* m_depthRow = nil;
+    NSView* m_listingRow = nil;
     NSView* m_shortcutRow = nil;
     NSView* m_view = nil;
 };

@@ -62,19 +62,20 @@ void InspectorView::buildForm()
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
     };
-    NSButton* const choose
-        = pushButton(settingsTexts::choose.title, settingsTexts::choose.help, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
+    m_choose = pushButton(settingsTexts::choose.title, settingsTexts::choose.help, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
     NSButton* const show
         = pushButton(settingsTexts::reveal.title, settingsTexts::reveal.help, m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
     m_titleRow = titled(settingsTexts::title, m_title);
-    m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { choose, show }) }));
+    m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { m_choose, show }) }));
     m_depthRow = titled(m_models.wording().depth, m_depth);
+    m_listing = pushButton("", settingsTexts::listingHelp, m_actions, editing([this](Uuid const& id) { m_models.chooseListing(id); }));
+    m_listingRow = titled(settingsTexts::listing, m_listing);
     m_shortcutRow = titled(settingsTexts::shortcut, m_recorder.view());
     m_showOwner = pushButton(settingsTexts::showOwner.title, settingsTexts::showOwner.help, m_actions, [this] {
         if (m_shortcutOwner && onShowItem)
             onShowItem(Uuid(*m_shortcutOwner));
     });
-    m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_shortcutRow, m_shortcutNote, m_showOwner, m_hidden, m_note });
+    m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_listingRow, m_shortcutRow, m_shortcutNote, m_showOwner, m_hidden, m_note });
     m_form.spacing = 12;
     m_view = stack(Direction::column, { m_heading, m_form });
 }
@@ -109,9 +110,13 @@ void InspectorView::fill(InspectorFields const& fields)
     m_shownTitle = fields.title;
     m_title.placeholderString = toNSString(fields.titlePlaceholder);
     m_target.stringValue = toNSString(fields.targetPath);
+    m_choose.title = toNSString(fields.chooseTitle);
     m_hidden.state = fields.isHidden ? NSControlStateValueOn : NSControlStateValueOff;
     m_note.stringValue = toNSString(fields.note);
     fillDepths(fields);
+    m_listing.title = toNSString(fields.listing);
+    m_listing.accessibilityLabel = toNSString(std::string(settingsTexts::listing) + ": " + fields.listing);
+    setShown(m_listingRow, fields.hasListing);
     m_recorder.setSpec(fields.shortcut);
     m_shortcutOwner = fields.shortcutOwner;
     m_shortcutNote.stringValue = toNSString(fields.shortcutNote);

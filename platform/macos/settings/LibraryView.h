@@ -8,6 +8,7 @@
 #import "platform/macos/settings/Controls.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ namespace zv {
 struct LibraryRow {
     std::string heading; ///< of a group
     std::string entry; ///< its id; empty for a group
+    std::optional<Uuid> item {}; ///< of the menu, which the search has found
 };
 
 } // namespace zv
@@ -31,11 +33,15 @@ struct LibraryRow {
     zv::ControlActions _actions;
     NSSearchField* _search;
     NSTableView* _table;
+    NSButton* _showButton;
+    std::function<void(zv::Uuid const&)> _show;
     NSView* _view;
     zv::Observation _observation;
     zv::Lifetime _lifetime;
 }
 - (instancetype)initWithModels:(zv::SettingsModels&)models add:(std::function<void(zv::LibraryEntry const&)>)add;
+/// Called to show an item of the menu that the search has found.
+- (void)setShow:(std::function<void(zv::Uuid const&)>)show;
 @property (nonatomic, readonly) NSView* view;
 @property (nonatomic, readonly) NSSearchField* search;
 @end

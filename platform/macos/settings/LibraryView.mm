@@ -36,6 +36,11 @@
     return self;
 }
 
+- (void)setShow:(std::function<void(zv::Uuid const&)>)show
+{
+    _show = std::move(show);
+}
+
 - (void)makeViews
 {
     _search = [[NSSearchField alloc] initWithFrame:NSZeroRect];
@@ -54,7 +59,10 @@
     _actions.attach(_search, [library] { [library fill]; });
     NSScrollView* const scroll = zv::scrollAround(_table);
     scroll.borderType = NSBezelBorder;
-    _view = zv::fillingColumn({ _search, scroll });
+    auto const& said = zv::settingsTexts::showInMenu;
+    _showButton = zv::pushButton(said.title, said.help, _actions, [library] { [library addRow:[library->_table selectedRow]]; });
+    _showButton.hidden = YES;
+    _view = zv::fillingColumn({ _search, scroll, _showButton });
     zv::setMinimumWidth(_view, 190);
 }
 
@@ -75,6 +83,11 @@
         for (auto const* entry : group.entries)
             _rows.push_back({ {}, entry->id });
     }
+    auto const found = _models->itemsFound(zv::fromNSString(_search.stringValue));
+    if (!found.empty())
+        _rows.push_back({ zv::settingsTexts::inYourMenu, {} });
+    for (auto const* item : found)
+        _rows.push_back({ _models->outline().row(*item).title, {}, item->id });
 }
 
 /// The clicked one, or with the keyboard the selected one.
@@ -85,6 +98,8 @@
 
 - (void)addRow:(NSInteger)row
 {
+    if (auto const item = [self itemAt:row]; item && _show)
+        return _show(*item);
     auto const* entry = [self entryAt:row];
     if (entry && _add)
         _add(*entry);
@@ -94,6 +109,17 @@
 {
     bool const isThere = row >= 0 && static_cast<std::size_t>(row) < _rows.size();
     return isThere ? _models->palette().entry(_rows[static_cast<std::size_t>(row)].entry) : nullptr;
+}
+
+- (std::optional<zv::Uuid>)itemAt:(NSInteger)row
+{
+    bool const isThere = row >= 0 && static_cast<std::size_t>(row) < _rows.size();
+    return isThere ? _rows[static_cast<std::size_t>(row)].item : std::nullopt;
+}
+
+- (void)tableViewSelectionDidChange:(NSNotification*)notification
+{
+    _showButton.hidden = [self itemAt:_table.selectedRow] ? NO : YES;
 }
 
 - (void)controlTextDidChange:(NSNotification*)notification
@@ -123,18 +149,25 @@
 
 - (BOOL)tableView:(NSTableView*)table isGroupRow:(NSInteger)row
 {
-    return [self entryAt:row] ? NO : YES;
+    return [self entryAt:row] || [self itemAt:row] ? NO : YES;
 }
 
 - (BOOL)tableView:(NSTableView*)table shouldSelectRow:(NSInteger)row
 {
-    return [self entryAt:row] ? YES : NO;
+    return [self entryAt:row] || [self itemAt:row] ? YES : NO;
 }
 
 /// Asks for a picture when its row comes into sight: there may be hundreds.
 - (NSView*)tableView:(NSTableView*)table viewForTableColumn:(NSTableColumn*)column row:(NSInteger)row
 {
     auto const* entry = [self entryAt:row];
+    if (auto const item = [self itemAt:row]) {
+        auto const* shown = _models->store().find(*item);
+        NSTableCellView* const cell = zv::iconCell(table, @"entry");
+        zv::show(cell, shown ? _models->iconOf(*shown) : nullptr, _rows[static_cast<std::size_t>(row)].heading);
+        cell.toolTip = zv::toNSString(zv::settingsTexts::showInMenu.help);
+        return cell;
+    }
     if (!entry)
         return zv::textCell(table, @"group", _rows[static_cast<std::size_t>(row)].heading);
     NSTableCellView* const cell = zv::iconCell(table, @"entry");
@@ -146,7 +179,7 @@
 - (id<NSPasteboardWriting>)tableView:(NSTableView*)table pasteboardWriterForRow:(NSInteger)row
 {
     auto const* entry = [self entryAt:row];
-    return entry ? zv::pasteboardItemOf(zv::toDragRecord(zv::menuTree::withFreshIds(entry->itemTemplate))) : nil;
+    return entry && !entry->own ? zv::pasteboardItemOf(zv::toDragRecord(zv::menuTree::withFreshIds(entry->itemTemplate))) : nil;
 }
 
 @end

@@ -92,9 +92,10 @@ NSImage* warning(std::string const& spoken)
     _undoManager = [[NSUndoManager alloc] init];
     __unsafe_unretained ZVMenuEditor* const editor = self;
     _inspector = std::make_unique<zv::InspectorView>(models);
-    _library =
-        [[ZVLibrary alloc] initWithModels:models
-                                      add:[editor](zv::LibraryEntry const& entry) { editor->_models->editor().addEntry(entry, [editor insertPosition]); }];
+    _library = [[ZVLibrary alloc]
+        initWithModels:models
+                   add:[editor](zv::LibraryEntry const& entry) { [editor tellLater:editor->_models->addEntry(entry, [editor insertPosition]).problem]; }];
+    [_library setShow:[editor](zv::Uuid const& item) { [editor showItem:item]; }];
     _models->editor().onEdit = _lifetime.guard([editor](zv::MenuEdit const& edit) { [editor edited:edit]; });
     _inspector->onShowItem = [editor](zv::Uuid const& item) { [editor showItem:item]; };
     _models->editor().undoLast = _lifetime.guard([editor] { [editor->_undoManager undo]; });

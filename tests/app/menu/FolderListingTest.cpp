@@ -52,6 +52,36 @@ TEST(FolderListing, OrdersAsAFileManagerDoes)
     }
 }
 
+TEST(FolderListing, OrdersAndChoosesAsItsItemSays)
+{
+    auto const measured = [](char const* name, std::int64_t measure) { return Child { name, {}, {}, true, measure }; };
+    std::vector<Child> const children { measured("b.pdf", 2), measured("a.txt", 3), measured("C.PDF", 1), folder("d"), measured("e", 2) };
+    struct Row {
+        FolderOrder order;
+        bool reversed;
+        char const* filter;
+        Names titles;
+    };
+    Row const rows[] = {
+        { FolderOrder::dateChanged, false, "", { "d", "C.PDF", "b.pdf", "e", "a.txt" } },
+        { FolderOrder::size, true, "", { "d", "a.txt", "e", "b.pdf", "C.PDF" } },
+        { FolderOrder::kind, false, "", { "d", "e", "b.pdf", "C.PDF", "a.txt" } },
+        { FolderOrder::name, true, "", { "d", "e", "C.PDF", "b.pdf", "a.txt" } },
+        { FolderOrder::name, false, "*.pdf", { "d", "b.pdf", "C.PDF" } },
+        { FolderOrder::dateAdded, true, "?.txt, e", { "d", "a.txt", "e" } },
+    };
+    for (auto const& row : rows) {
+        fakes::FakeFolderReader reader;
+        reader.folders["/f"] = children;
+        auto const listing = listFolder(reader, Url::fromPath("/f"), { .order = row.order, .isReversed = row.reversed, .filter = row.filter });
+        EXPECT_EQ(titlesOf(listing.entries), row.titles);
+        EXPECT_EQ(listing.totalCount, row.titles.size());
+        bool const needsNoDisk = row.order == FolderOrder::name || row.order == FolderOrder::kind;
+        EXPECT_EQ(reader.measured.empty(), needsNoDisk);
+    }
+    EXPECT_FALSE(fitsFilter(std::string(200, 'a'), "*a*a*a*a*a*a*a*a*a*b")) << "at once";
+}
+
 TEST(FolderListing, MakesOnlyAsManyEntriesAsWantedButCountsAll)
 {
     std::vector<Child> children;

@@ -287,6 +287,11 @@ TEST(LibraryPalette, FindsEntriesAsPeopleType)
     EXPECT_EQ(found("  SYSTEM sleep "), "System:Sleep;");
     EXPECT_EQ(found("nothing like that"), "");
 
+    auto group = MenuItem::ofKind(MenuItemKind::submenu);
+    group.title = "Sleepy";
+    group.children = { MenuItem::ofKind(MenuItemKind::sleep), MenuItem::ofKind(MenuItemKind::restart) };
+    EXPECT_EQ(LibraryPalette::itemsFound({ group }, "SLEEP").size(), 2U) << "at any depth";
+    EXPECT_TRUE(LibraryPalette::itemsFound({ group }, " ").empty());
     bool told = false;
     auto const observation = withObservationTracking([&] { (void)palette.groups(); }, [&] { told = true; });
     palette.setApplications({ { "Web", Url::fromPath("/a/web.desktop") }, { "mail", Url::fromPath("/a/mail.desktop") } });
