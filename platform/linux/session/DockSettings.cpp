@@ -15,11 +15,11 @@ using SchemaRef = GObjectRef<GSettingsSchema>;
 
 SchemaRef findSchema(char const* id, DockStore const& store)
 {
-    auto* const standard = g_settings_schema_source_get_default();
-    if (auto* const schema = standard ? g_settings_schema_source_lookup(standard, id, TRUE) : nullptr)
+    auto* const system = store.systemSchemas;
+    if (auto* const schema = system ? g_settings_schema_source_lookup(system, id, TRUE) : nullptr)
         return SchemaRef(schema);
     for (auto const& folder : store.schemaFolders) {
-        GObjectRef<GSettingsSchemaSource> const source(g_settings_schema_source_new_from_directory(folder.c_str(), standard, FALSE, nullptr));
+        GObjectRef<GSettingsSchemaSource> const source(g_settings_schema_source_new_from_directory(folder.c_str(), system, FALSE, nullptr));
         if (auto* const schema = source ? g_settings_schema_source_lookup(source.get(), id, FALSE) : nullptr)
             return SchemaRef(schema);
     }
@@ -178,6 +178,7 @@ DockStore DockStore::ofThisMachine(XdgDirectories const& directories)
     auto folders = directories.dataDirs;
     folders.insert(folders.begin(), directories.data);
     DockStore store;
+    store.systemSchemas = g_settings_schema_source_get_default();
     for (auto const& folder : folders) {
         for (auto const* extension : { "dash-to-dock@micxgx.gmail.com", "ubuntu-dock@ubuntu.com" })
             store.schemaFolders.push_back(folder + "/gnome-shell/extensions/" + extension + "/schemas");

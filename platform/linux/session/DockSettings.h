@@ -10,12 +10,13 @@
 
 namespace zv {
 
-/// The store of docks' settings. The default is the user's own.
+/// The store of docks' settings. The default is the user's own, without any schema.
 struct DockStore {
-    std::vector<std::string> schemaFolders; ///< searched after the system's schemas
+    GSettingsSchemaSource* systemSchemas = nullptr; ///< searched first; null for none; not owned
+    std::vector<std::string> schemaFolders;
     GSettingsBackend* backend = nullptr; ///< null for the user's own; not owned
 
-    /// The user's own store, with the schemas of shell extensions.
+    /// The user's own store, with the schemas of the system and of shell extensions.
     [[nodiscard]] static DockStore ofThisMachine(XdgDirectories const& directories);
 };
 

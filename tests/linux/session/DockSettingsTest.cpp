@@ -39,7 +39,7 @@ struct DockSettingsTest : testing::Test {
         tests::ChildProcess const compiler({ "/usr/bin/glib-compile-schemas", folder.path("schemas") });
         eventually([&] { return std::filesystem::exists(folder.path("schemas/gschemas.compiled")); });
         backend.reset(g_keyfile_settings_backend_new(folder.path("values").c_str(), "/", "root"));
-        store = { { folder.path("nowhere"), folder.path("schemas") }, backend.get() };
+        store = { nullptr, { folder.path("nowhere"), folder.path("schemas") }, backend.get() };
     }
     std::string change(ScriptPurpose purpose)
     {
