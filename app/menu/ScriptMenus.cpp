@@ -2,6 +2,7 @@
 
 #include "app/menu/MenuKeyEquivalent.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -15,13 +16,13 @@ ScriptResult resultOf(ToolResult const& ran)
 {
     ScriptResult result { parseScriptOutput(std::string_view(ran.output).substr(0, mostOutput)), {} };
     if (ran.end == ToolResult::End::signalled)
-        result.problem = "The script did not end within 10 seconds.";
+        result.problem = tr("The script did not end within 10 seconds.");
     else if (ran.end == ToolResult::End::notStarted)
-        result.problem = "The script could not be started.";
+        result.problem = tr("The script could not be started.");
     else if (ran.status != 0)
-        result.problem = "The script ended with status " + std::to_string(ran.status) + ".";
+        result.problem = tr("The script ended with status %1.", std::to_string(ran.status));
     else if (result.entries.empty())
-        result.problem = "The script gave no lines.";
+        result.problem = tr("The script gave no lines.");
     return result;
 }
 
