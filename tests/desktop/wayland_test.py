@@ -1,4 +1,4 @@
-"""The program in a Wayland session of its own. tests/desktop/run wayland; COMPOSITOR=kwin for KWin."""
+"""The program in a Wayland session of its own. tests/desktop/run wayland; COMPOSITOR=kwin for KWin, where kwin-wayland and weston (for a window of its own) are installed: neither is light enough to be installed for it."""
 
 import json
 import os
