@@ -175,12 +175,12 @@ void MenuTreeModel::removeAllBut(std::set<Uuid> const& staying, Node& node)
         auto first = end - 1;
         while (first > 0 && !stays(first - 1))
             --first;
-        removeRows(node, first, end);
+        dropRows(node, first, end);
         end = first + 1;
     }
 }
 
-void MenuTreeModel::removeRows(Node& node, std::size_t first, std::size_t end)
+void MenuTreeModel::dropRows(Node& node, std::size_t first, std::size_t end)
 {
     beginRemoveRows(indexOf(node), static_cast<int>(first), static_cast<int>(end) - 1);
     auto const begin = node.children.begin() + static_cast<std::ptrdiff_t>(first);
@@ -218,19 +218,19 @@ void MenuTreeModel::bring(Node& node, std::size_t at, std::vector<MenuItem> cons
 {
     auto const known = m_nodes.find(items[at].id);
     if (known == m_nodes.end())
-        return insertRows(node, at, items);
+        return addRows(node, at, items);
     auto& from = *known->second->parent;
     auto const first = static_cast<std::size_t>(known->second->row);
     std::size_t count = 1;
     while (at + count < items.size() && first + count < from.children.size() && from.children[first + count]->id == items[at + count].id)
         ++count;
     if (&from == &node && count > first - at)
-        moveRows(node, at, first - at, node, node.children.size());
+        shiftRows(node, at, first - at, node, node.children.size());
     else
-        moveRows(from, first, count, node, at);
+        shiftRows(from, first, count, node, at);
 }
 
-void MenuTreeModel::insertRows(Node& node, std::size_t at, std::vector<MenuItem> const& items)
+void MenuTreeModel::addRows(Node& node, std::size_t at, std::vector<MenuItem> const& items)
 {
     auto end = at + 1;
     while (end < items.size() && !m_nodes.contains(items[end].id))
@@ -245,7 +245,7 @@ void MenuTreeModel::insertRows(Node& node, std::size_t at, std::vector<MenuItem>
     endInsertRows();
 }
 
-void MenuTreeModel::moveRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at)
+void MenuTreeModel::shiftRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at)
 {
     beginMoveRows(indexOf(from), static_cast<int>(first), static_cast<int>(first + count) - 1, indexOf(node), static_cast<int>(at));
     auto const begin = from.children.begin() + static_cast<std::ptrdiff_t>(first);

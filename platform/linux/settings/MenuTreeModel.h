@@ -79,11 +79,11 @@ private:
     static void remember(Node& node, std::vector<MenuItem> const& items);
     [[nodiscard]] bool follow(std::vector<MenuItem> const& items);
     void removeAllBut(std::set<Uuid> const& staying, Node& node);
-    void removeRows(Node& node, std::size_t first, std::size_t end);
+    void dropRows(Node& node, std::size_t first, std::size_t end);
     [[nodiscard]] bool place(Node& node, std::vector<MenuItem> const& items, int& steps);
     void bring(Node& node, std::size_t at, std::vector<MenuItem> const& items);
-    void insertRows(Node& node, std::size_t at, std::vector<MenuItem> const& items);
-    void moveRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at);
+    void addRows(Node& node, std::size_t at, std::vector<MenuItem> const& items);
+    void shiftRows(Node& from, std::size_t first, std::size_t count, Node& node, std::size_t at);
     void forget(Node const& node);
     static void number(Node& node, std::size_t first = 0);
     [[nodiscard]] QModelIndex indexOf(Node const& node) const;
