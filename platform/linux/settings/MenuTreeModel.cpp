@@ -116,9 +116,15 @@ std::unique_ptr<MenuTreeModel::Node> MenuTreeModel::nodeFor(MenuItem const& item
     auto node = std::make_unique<Node>();
     node->id = item.id;
     node->parent = &parent;
-    node->isGroup = menuTree::canHoldItems(item);
+    note(item, *node);
     m_nodes.emplace(item.id, node.get());
     return node;
+}
+
+void MenuTreeModel::note(MenuItem const& item, Node& node)
+{
+    node.isGroup = menuTree::canHoldItems(item);
+    node.isSeparator = item.kind == MenuItemKind::separator;
 }
 
 void MenuTreeModel::lay(Node& node, std::vector<MenuItem> const& items)
@@ -137,7 +143,7 @@ void MenuTreeModel::remember(Node& node, std::vector<MenuItem> const& items)
     for (std::size_t i = 0; i < items.size(); ++i) {
         auto& child = *node.children[i];
         child.item = &items[i];
-        child.isGroup = menuTree::canHoldItems(items[i]);
+        note(items[i], child);
         child.shown.reset();
         remember(child, items[i].children);
     }
@@ -389,13 +395,13 @@ Qt::ItemFlags MenuTreeModel::flags(QModelIndex const& index) const
     if (!index.isValid())
         return Qt::ItemIsDropEnabled;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    auto const* shown = item(index);
-    if (!shown) // a click that ends the typing of a title selects before the tree is rebuilt
+    if (m_isStale) // a click that ends the typing of a title selects before the tree is rebuilt
         return flags;
+    auto const& node = *nodeOf(index);
     flags |= Qt::ItemIsDragEnabled;
-    if (menuTree::canHoldItems(*shown))
+    if (node.isGroup)
         flags |= Qt::ItemIsDropEnabled;
-    if (index.column() == titleColumn && shown->kind != MenuItemKind::separator)
+    if (index.column() == titleColumn && !node.isSeparator)
         flags |= Qt::ItemIsEditable;
     return flags;
 }

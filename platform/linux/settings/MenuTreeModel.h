@@ -65,8 +65,9 @@ private:
         Node* parent = nullptr;
         int row = 0;
         bool isGroup = false; ///< can be opened, if only to be filled
+        bool isSeparator = false;
         std::vector<std::unique_ptr<Node>> children;
-        MenuItem const* item = nullptr; ///< points into the store's current list
+        MenuItem const* item = nullptr; ///< points into the store's current list: not for what others ask while the store tells of a change
         mutable std::optional<OutlineRow> shown; ///< kept until the next change
     };
 
@@ -77,6 +78,7 @@ private:
     [[nodiscard]] std::unique_ptr<Node> nodeFor(MenuItem const& item, Node& parent);
     void lay(Node& node, std::vector<MenuItem> const& items);
     static void remember(Node& node, std::vector<MenuItem> const& items);
+    static void note(MenuItem const& item, Node& node);
     [[nodiscard]] bool follow(std::vector<MenuItem> const& items);
     void removeAllBut(std::set<Uuid> const& staying, Node& node);
     void dropRows(Node& node, std::size_t first, std::size_t end);

@@ -5,7 +5,7 @@
 NS_ASSUME_NONNULL_BEGIN
 
 /// A window that Escape closes.
-@interface ZVClosingWindow : NSWindow
+@interface ZVClosingWindow : NSWindow <NSStandardKeyBindingResponding>
 @end
 
 NS_ASSUME_NONNULL_END

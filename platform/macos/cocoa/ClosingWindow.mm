@@ -2,7 +2,7 @@
 
 @implementation ZVClosingWindow
 
-- (void)cancelOperation:(id)sender
+- (void)cancelOperation:(nullable id)sender
 {
     [self performClose:sender];
 }
