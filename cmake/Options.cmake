@@ -40,8 +40,9 @@ if(ZV_SANITIZE)
 endif()
 
 find_program(ZV_MOLD mold)
-if(ZV_MOLD AND NOT APPLE)
-  target_link_options(zv_options INTERFACE -fuse-ld=mold)
+if(NOT APPLE)
+  # The toolkit's packages name libraries of graphics cards that nothing here uses.
+  target_link_options(zv_options INTERFACE -Wl,--as-needed $<$<BOOL:${ZV_MOLD}>:-fuse-ld=mold>)
 endif()
 
 find_program(ZV_CCACHE ccache)

@@ -2,7 +2,7 @@
 
 @implementation ZVClosingWindow
 
-- (void)cancelOperation:(nullable id)sender
+- (void)cancelOperation:(id)sender
 {
     [self performClose:sender];
 }

@@ -54,6 +54,10 @@ typedef NS_ENUM(NSInteger, NSWindowToolbarStyle) { NSWindowToolbarStylePreferenc
 @interface NSUndoManager (CompatSettings)
 - (void)registerUndoWithTarget:(id)t handler:(void (^)(id))h;
 @end
+@protocol NSStandardKeyBindingResponding <NSObject>
+@optional
+- (void)cancelOperation:(id)sender;
+@end
 @protocol NSSearchFieldDelegate <NSTextFieldDelegate>
 @end
 @interface NSPasteboard (CompatSettings)

@@ -272,15 +272,20 @@ static void layPinned(NSView* view, NSView* within)
     }
     place(view, left, top, right < 0 ? fit.width : right - left, bottom < 0 ? fit.height : bottom - top);
 }
-static void laySplit(NSView* split)
+/// Of two parts, the one that is itself split grows, else the first.
+static void laySplit(NSSplitView* split)
 {
-    NSArray* const parts = [split subviews];
-    double const first = fitOf([parts objectAtIndex:0]).width, last = fitOf([parts objectAtIndex:2]).width, all = [split bounds].size.width;
-    double const widths[] = { first, all - first - last - 16, last };
+    NSView* const parts[] = { [[split subviews] objectAtIndex:0], [[split subviews] objectAtIndex:1] };
+    bool const isRow = [split isVertical] != NO;
+    NSSize const all = [split bounds].size;
+    int const growing = [parts[1] isKindOfClass:[NSSplitView class]] ? 1 : 0;
+    NSSize const fit = fitOf(parts[1 - growing]);
+    double const rest = (isRow ? all.width - fit.width : all.height - fit.height) - 8;
     double at = 0;
-    for (NSUInteger i = 0; i < 3; ++i) {
-        place([parts objectAtIndex:i], at, 0, widths[i], [split bounds].size.height);
-        at += widths[i] + 8;
+    for (int i = 0; i < 2; ++i) {
+        double const extent = i == growing ? rest : isRow ? fit.width : fit.height;
+        place(parts[i], isRow ? at : 0, isRow ? 0 : at, isRow ? extent : all.width, isRow ? all.height : extent);
+        at += extent + 8;
     }
 }
 static void layScrolled(NSScrollView* scroll)
@@ -300,7 +305,7 @@ void compatLayOut(NSView* view)
     else if ([view isKindOfClass:[NSGridView class]])
         layGrid((NSGridView*)view);
     else if ([view isKindOfClass:[NSSplitView class]])
-        laySplit(view);
+        laySplit((NSSplitView*)view);
     else if ([view isKindOfClass:[NSScrollView class]])
         layScrolled((NSScrollView*)view);
     else
