@@ -27,7 +27,7 @@ std::vector<std::byte> bytesOf(std::string const& text)
     return { begin, begin + text.size() };
 }
 
-/// A value of an application entry (Desktop Entry Specification, "Possible value types").
+/// A value of an application entry: https://specifications.freedesktop.org/desktop-entry-spec, "Possible value types".
 std::string entryValue(std::string const& text)
 {
     std::string value;
