@@ -115,14 +115,14 @@ Json itemsAsJson(Menu const& menu)
 std::string shownShortcut(std::string_view glyphs, SystemKind system)
 {
     static constexpr std::pair<std::string_view, std::string_view> words[]
-        = { { "⌃", "Ctrl+" }, { "⌥", "Alt+" }, { "⇧", "Shift+" }, { "⌘", "Super+" }, { "⎋", "Esc" } };
+        = { { "⌃", "Ctrl" }, { "⌥", "Alt" }, { "⇧", "Shift" }, { "⌘", "Super" }, { "⎋", "Esc" } };
     std::string shown;
     while (system == SystemKind::linuxDesktop && !glyphs.empty()) {
         auto const known = std::ranges::find_if(words, [&](auto const& word) { return glyphs.starts_with(word.first); });
         if (known == std::end(words))
             break;
-        shown += known->second;
         glyphs.remove_prefix(known->first.size());
+        shown += shownKeyName(known->second) + (glyphs.empty() ? "" : "+");
     }
     return shown.append(glyphs);
 }

@@ -1,5 +1,6 @@
 #include "app/menu/MenuKeyEquivalent.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -75,6 +76,14 @@ std::string keyText(std::string_view character)
 }
 
 } // namespace
+
+std::string shownKeyName(std::string_view english)
+{
+    // TRANSLATORS: a key, as keyboards for the language name it
+    static constexpr Sentence names[] = { markc("key", "Ctrl"), markc("key", "Shift"), markc("key", "Space") };
+    auto const* const name = std::ranges::find(names, english, &Sentence::english);
+    return name == std::end(names) ? std::string(english) : tr(*name);
+}
 
 std::optional<std::string> keyEquivalentCharacter(std::string_view name)
 {
