@@ -99,9 +99,11 @@ void HotkeyCenter::reregister()
     if (beforePass)
         beforePass();
     auto const filesBefore = registeredFiles();
+    Pass pass;
+    pass.wanted.reserve(m_registrations.size()); // mostly as many as last time
+    pass.used.reserve(m_registrations.size());
     m_registrations.clear();
     listen();
-    Pass pass;
     if (m_menuShortcut)
         collect(Target::menu(), *m_menuShortcut, pass);
     collectItems(m_menuItems, pass);
@@ -194,7 +196,7 @@ void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflic
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         auto& [target, shortcut, chord] = wanted[i];
         if (succeeded[i])
-            m_registrations.emplace_hint(m_registrations.end(), takeID(), Registration { std::move(target), std::move(shortcut) });
+            m_registrations.emplace_back(takeID(), Registration { std::move(target), std::move(shortcut) });
         else
             conflicts.insert({ std::move(target), std::move(shortcut) });
     }
@@ -245,8 +247,8 @@ void HotkeyCenter::listen()
 void HotkeyCenter::pressed(HotkeyID id)
 {
     assertMainThread();
-    auto const found = m_registrations.find(id);
-    if (found == m_registrations.end() || !onTrigger)
+    auto const found = std::lower_bound(m_registrations.begin(), m_registrations.end(), id, [](auto const& each, HotkeyID wanted) { return each.first < wanted; });
+    if (found == m_registrations.end() || found->first != id || !onTrigger)
         return;
     // Copies: the trigger may cause another pass.
     auto const target = found->second.target;

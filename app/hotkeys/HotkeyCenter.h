@@ -49,6 +49,9 @@ public:
         Reason reason;
     };
 
+    /// By id.
+    using Registrations = std::vector<std::pair<HotkeyID, Registration>>;
+
     /// Both outlive this.
     HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout);
     ~HotkeyCenter() override;
@@ -74,7 +77,7 @@ public:
     void pause();
     void resume();
 
-    [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
+    [[nodiscard]] Registrations const& registrations() const { return m_registrations; }
     /// The files whose combination is registered, with its text. Reading these or the conflicts within
     /// withObservationTracking() observes them.
     [[nodiscard]] std::map<Url, std::string> registeredFiles() const;
@@ -116,7 +119,7 @@ private:
     HotkeyRegistrar& m_registrar;
     KeyboardLayout& m_layout;
     std::set<Conflict> m_conflicts;
-    std::map<HotkeyID, Registration> m_registrations;
+    Registrations m_registrations;
     std::vector<Unavailable> m_unavailable;
     bool m_wasRefused = false; ///< another program has one of the shortcuts
     bool m_listens = false;
