@@ -31,10 +31,7 @@ void sortByName(std::vector<DynamicEntry>& entries)
     keys.reserve(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i)
         keys.emplace_back(sortKey(entries[i].sortName), i);
-    std::sort(keys.begin(), keys.end(), [](auto const& a, auto const& b) {
-        int const order = compareSortKeys(a.first, b.first);
-        return order != 0 ? order < 0 : a.second < b.second;
-    });
+    std::stable_sort(keys.begin(), keys.end(), [](auto const& a, auto const& b) { return compareSortKeys(a.first, b.first) < 0; });
 
     std::vector<DynamicEntry> sorted;
     sorted.reserve(entries.size());

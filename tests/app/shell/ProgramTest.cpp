@@ -276,7 +276,9 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
     front.showsStatusItems = false;
     front.installedApplications = { { "Editor", Url::fromPath("/apps/editor") } };
     machine.files.addFile("/a.txt");
-    auto const item = fileItem("/a.txt");
+    machine.files.addFile("/b.txt");
+    auto item = fileItem("/a.txt");
+    item.keyEquivalent = KeyEquivalentSpec { KeyEquivalentSpec::Trigger::character("E") };
     launchWith({ item });
     auto& models = app->settingsModels();
     std::string notes;
@@ -294,6 +296,19 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
     EXPECT_EQ(machine.workspace.log, (Lines { "reveal file:///a.txt" }));
     models.showReadMe();
     EXPECT_EQ(front.notesWindows.layouts.size(), 1U);
+
+    models.beginRecording();
+    models.endRecording();
+    EXPECT_FALSE(front.hotkeys.held.empty());
+    models.beginRecording();
+    EXPECT_TRUE(front.hotkeys.held.empty()) << "every recording hears every combination";
+    models.endRecording();
+
+    auto selected = item.id;
+    front.filePanels.whileOpen = [&] { selected = Uuid::random(); };
+    front.filePanels.opened = { Url::fromPath("/b.txt") };
+    models.chooseTarget(selected);
+    EXPECT_EQ(app->delegate().store().items().front().location->path, "/b.txt") << "the item that the panel was opened for";
 }
 
 TEST_F(Program, NothingArrivesAfterItsEnd)
