@@ -4,6 +4,7 @@
 #include "app/model/FinderPopName.h"
 #include "app/settings/LockedRows.h"
 #include "app/settings/SettingsTexts.h"
+#include "base/Translation.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
@@ -242,6 +243,10 @@ SettingsSection GeneralSettings::menuFile()
     SettingsSection section { "Menu file", {} };
     addNote(section, "saveProblem", m_services.saveProblem);
     section.rows.push_back(button("exportMenu", "Export…", [&] { file.exportMenu(); }));
+    if (m_services.exportAll) {
+        section.rows.push_back(button("exportAll", tr("Export All…"), m_services.exportAll));
+        section.rows.back().help = tr("The menu, the preferences, your own items and pictures in one file, for another machine. Import takes it in.");
+    }
     section.rows.push_back(button("importMenu", "Import…", [&] { file.importMenu(); }));
     section.rows.push_back(button("resetMenu", "Restore Default Menu…", [&] { file.restoreDefaultMenu(); }));
     auto const backups = file.backups();

@@ -38,7 +38,7 @@ void MenuFileCommands::importMenu()
 {
     auto const files
         = m_services.panels.chooseToOpen({ settingsTexts::importMenu, FilePanelKind::menuDocument, settingsTexts::menuDocuments, settingsTexts::allFiles });
-    if (files.empty())
+    if (files.empty() || (m_services.importsSetup && m_services.importsSetup(files.front())))
         return;
     if (auto menu = read(files.front()))
         m_services.editor.replaceMenu(std::move(menu->items), settingsTexts::importMenu);
