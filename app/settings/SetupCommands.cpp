@@ -32,7 +32,7 @@ SetupCommands::SetupCommands(Services services, SetupTransfer::Services transfer
 
 void SetupCommands::exportAll()
 {
-    auto const file = m_services.panels.chooseToSave(tr("Export All"), "Zanthe Vell.plist");
+    auto const file = m_services.panels.chooseToSave(tr("Export All"), tr("Everything of Zanthe Vell") + ".plist");
     if (!file)
         return;
     auto const document = setupDocument(m_transfer.collect(m_services.editor.items()));
@@ -81,7 +81,7 @@ void SetupCommands::take(Setup setup)
         return tell(tr("The import failed."), stored.error());
     m_services.preferencesChanged();
     auto const missing = missingLines(m_transfer.missing(setup), fewLines);
-    m_services.editor.replaceMenu(std::move(setup.menu.items), tr("Import All"));
+    m_services.editor.replaceMenu(std::move(setup.menu.items), trc("edit that can be undone", "Import All"));
     Alert done { AlertStyle::informational, tr("All was imported.") };
     done.informativeText = joined({ missing, { tr("What you had before is kept, and can be imported again: %1", kept->path()) } });
     m_services.alerts.run(done);
