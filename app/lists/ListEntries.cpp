@@ -46,4 +46,25 @@ void dropDoubles(std::vector<DynamicEntry>& entries)
     std::erase_if(entries, [&seen](DynamicEntry const& entry) { return !seen.insert(entry.id).second; });
 }
 
+std::vector<DynamicEntry> keptFirst(MenuItemKind::Case list, std::vector<DynamicEntry> kept, std::vector<DynamicEntry> const& recent, std::int64_t limit)
+{
+    std::set<std::string> ids;
+    auto shown = std::move(kept);
+    for (auto& entry : shown) {
+        entry.recentList = list;
+        ids.insert(entry.id);
+    }
+    if (!shown.empty())
+        shown.push_back({ .isSeparator = true });
+    for (auto const& entry : recent) {
+        if (limit <= 0 || ids.contains(entry.id))
+            continue;
+        --limit;
+        shown.push_back(entry);
+        if (entry.url && !entry.unavailabilityReason)
+            shown.back().recentList = list;
+    }
+    return shown;
+}
+
 } // namespace zv

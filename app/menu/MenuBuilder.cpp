@@ -266,8 +266,12 @@ MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& 
 
 MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices) const
 {
-    if (entry->unavailabilityReason)
-        return makeUnavailableFile(*entry);
+    if (entry->unavailabilityReason) {
+        auto missing = makeUnavailableFile(*entry);
+        if (entry->recentList) // to be let go
+            missing.subject = { &m_services.entryMenus, entry, {} };
+        return missing;
+    }
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
         return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1, choices), { &m_services.entryMenus, entry, {} });
     // Two pointers fit into the function object; the target keeps the entry alive.

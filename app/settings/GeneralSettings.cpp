@@ -243,6 +243,10 @@ SettingsSection GeneralSettings::menuFile()
     SettingsSection section { tr("Menu file"), {} };
     addNote(section, "saveProblem", m_services.saveProblem);
     section.rows.push_back(button("exportMenu", tr("Export…"), [&] { file.exportMenu(); }));
+    if (m_services.exportAll) {
+        section.rows.push_back(button("exportAll", tr("Export All…"), m_services.exportAll));
+        section.rows.back().help = tr("The menu, the preferences, your own items and pictures in one file, for another machine. Import takes it in.");
+    }
     section.rows.push_back(button("importMenu", tr("Import…"), [&] { file.importMenu(); }));
     section.rows.push_back(button("resetMenu", tr("Restore Default Menu…"), [&] { file.restoreDefaultMenu(); }));
     auto const backups = file.backups();

@@ -47,6 +47,7 @@ public:
         /// The files that hold a combination by their name, with its text; and how to rename one without it.
         std::function<std::map<Url, std::string>()> fileShortcuts {};
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
+        std::function<void()> exportAll {};
     };
 
     explicit GeneralSettings(Services services)

@@ -51,12 +51,25 @@ SettingsModels::SettingsModels(Services services)
     , m_editor({ m_services.store, locationsOf(m_services.system) })
     , m_outline({ m_services.store, m_services.hotkeys })
     , m_palette(withOwnEntries(loadItemLibrary(m_services.system.files.resources, locationsOf(m_services.system), LibraryMode::everything)))
+    , m_setup({ .editor = m_editor,
+                  .files = *m_services.system.files.disk,
+                  .panels = m_services.surface.windows.filePanels,
+                  .alerts = m_services.surface.windows.settingsAlerts,
+                  .clock = m_services.system.time.clock,
+                  .backupsFolder = m_services.system.places.backupsFolder,
+                  .locations = locationsOf(m_services.system),
+                  .preferencesChanged = [this] { preferencesChanged(); } },
+          { .system = m_services.system.kind,
+              .files = m_services.system.files,
+              .home = m_services.system.places.home,
+              .itemsFolder = m_services.system.places.itemsFolder })
     , m_menuFile({ .editor = m_editor,
           .backups = m_services.backups,
           .files = *m_services.system.files.disk,
           .locations = locationsOf(m_services.system),
           .panels = m_services.surface.windows.filePanels,
-          .alerts = m_services.surface.windows.settingsAlerts })
+          .alerts = m_services.surface.windows.settingsAlerts,
+          .importsSetup = [this](Url const& file) { return m_setup.imports(file); } })
     , m_general({ .preferences = m_services.preferences,
           .loginItem = m_services.loginItem,
           .updater = m_services.updater,
@@ -73,7 +86,8 @@ SettingsModels::SettingsModels(Services services)
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane,
           .fileShortcuts = [this] { return m_services.hotkeys.registeredFiles(); },
-          .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); } })
+          .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
+          .exportAll = [this] { m_setup.exportAll(); } })
     , m_about(aboutText(m_services.system.files.resources))
     , m_place(m_services.system.files.defaults)
 {
@@ -92,6 +106,12 @@ bool SettingsModels::menuShortcutIsTaken() const
 {
     auto const& conflicts = m_services.hotkeys.conflicts();
     return std::any_of(conflicts.begin(), conflicts.end(), [](auto const& conflict) { return conflict.target.isMenu(); });
+}
+
+void SettingsModels::preferencesChanged()
+{
+    m_services.preferences.reload();
+    m_services.menuShortcut.reload();
 }
 
 std::optional<std::string> SettingsModels::saveProblem() const

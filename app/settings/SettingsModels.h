@@ -9,6 +9,7 @@
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
 #include "app/settings/SettingsPlace.h"
+#include "app/settings/SetupCommands.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -86,12 +87,14 @@ private:
     [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] std::optional<std::string> saveProblem() const;
+    void preferencesChanged();
 
     Services m_services;
     OwnItems m_ownItems;
     MenuEditor m_editor;
     MenuOutline m_outline;
     LibraryPalette m_palette;
+    SetupCommands m_setup;
     MenuFileCommands m_menuFile;
     GeneralSettings m_general;
     AboutText m_about;

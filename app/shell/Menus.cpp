@@ -16,9 +16,11 @@ Menus::Menus(Parts parts)
     , m_session(parts.system.session.events, m_confirmation)
     , m_scripts(parts.system.session.scripts, [this] { return m_confirmation.confirmsForceQuit(); })
     , m_actions({ .system = parts.system, .desk = parts.desk, .session = m_session, .scripts = m_scripts, .shell = std::move(parts.shell) })
+    , m_kept(parts.system.files.defaults)
     , m_openingKeys(parts.desk.modifierKeys)
     , m_folders(parts.system.files.folders, parts.system.time.tasks)
     , m_lists(allLists({ .preferences = parts.preferences,
+          .kept = m_kept,
           .folders = m_folders,
           .files = *parts.system.files.disk,
           .itemsFolder = parts.system.places.itemsFolder,
@@ -37,6 +39,7 @@ Menus::Menus(Parts parts)
     , m_entryMenu({ .system = parts.system,
           .desk = parts.desk,
           .preferences = parts.preferences,
+          .kept = m_kept,
           .commands = m_actions,
           .icons = m_icons,
           .shell = std::move(parts.entryShell) })

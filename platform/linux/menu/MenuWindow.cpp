@@ -79,6 +79,7 @@ void MenuWindow::mirror()
     m_typing.dropLine();
     m_mirror.show(*m_menu);
     m_typing.setMenu(m_menu.get());
+    m_selectsDisabled = std::any_of(m_menu->entries.begin(), m_menu->entries.end(), [](auto const& entry) { return !entry.enabled && entry.subject.menus; });
 }
 
 void MenuWindow::popUpByKey(QPoint at)
@@ -431,6 +432,8 @@ void MenuWindow::initStyleOption(QStyleOptionMenuItem* option, QAction const* ac
     QMenu::initStyleOption(option, action);
     option->text = MenuStyle::shortenedTitle(option->text, option->fontMetrics);
     auto const* entry = dynamic_cast<EntryAction const*>(action);
+    if (entry && entry->color())
+        MenuStyle::color(*option, *entry->color());
     auto const column = entry ? entry->column() : QString();
     if (column.isEmpty())
         return;

@@ -50,6 +50,8 @@ public:
     [[nodiscard]] static MenuWindow* at(QPoint point);
     void layOutAgain();
     [[nodiscard]] bool showsEntryMenu() const { return m_entryMenu.isOpen(); }
+    /// True while an entry that cannot be chosen has a menu of its own, which keys must reach.
+    [[nodiscard]] bool selectsDisabled() const { return m_selectsDisabled; }
     void setVisible(bool visible) override;
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
@@ -107,6 +109,7 @@ private:
     QBasicTimer m_rest; ///< runs while the pointer is on its way to a submenu
     bool m_isLayingOut = false;
     bool m_handlesKey = false;
+    bool m_selectsDisabled = false;
     bool m_isOpenedByKey = false; ///< opened by key: its first entry is selected, however late it comes
 };
 

@@ -90,6 +90,7 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 @end
 @interface NSColor (CompatMac)
 + (NSColor *)linkColor;
++ (NSColor *)colorWithName:(NSString *)n dynamicProvider:(NSColor *(^)(NSAppearance *))p;
 @end
 @interface NSAttributedString (CompatMac)
 - (void)enumerateAttribute:(NSString *)k inRange:(NSRange)r options:(NSUInteger)o usingBlock:(void (^)(id, NSRange, BOOL *))b;
