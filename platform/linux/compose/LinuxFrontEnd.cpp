@@ -77,12 +77,12 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
 }
 
 /// The bus may be exchanged later.
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop)
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop, DesktopMenuPlacer::FreeAreaOf freeAreaOf)
 {
     if (wayland)
         return std::make_unique<StageMenuPlacer>(
             *wayland, StageMenuPlacer::Desktop { .isGnome = desktop == Desktop::gnome, .pointer = [&bus] { return GnomeShell::pointerOn(bus); } });
-    return std::make_unique<DesktopMenuPlacer>();
+    return std::make_unique<DesktopMenuPlacer>(std::move(freeAreaOf));
 }
 
 /// A desktop's settings of what starts at login.
@@ -116,7 +116,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_placer(menuPlacer(m_wayland.get(), m_bus, m_access.desktop))
+    , m_placer(
+          menuPlacer(m_wayland.get(), m_bus, m_access.desktop, [this](QRect const& monitor) { return m_overlay ? m_overlay->freeAreaOf(monitor) : monitor; }))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)

@@ -12,9 +12,9 @@ namespace {
 
 class X11OverlayFrontEnd : public OverlayFrontEnd {
 public:
-    X11OverlayFrontEnd(std::unique_ptr<X11Connection> x, double scale)
+    explicit X11OverlayFrontEnd(std::unique_ptr<X11Connection> x)
         : m_x(std::move(x))
-        , m_screens(*m_x, scale)
+        , m_screens(*m_x)
     {
     }
     OverlaySeams seams() override
@@ -27,6 +27,11 @@ public:
             .visibility = nullptr };
     }
     void pressAt(QPoint point) override { m_panels.pressAt(point); }
+    QRect freeAreaOf(QRect const& monitor) const override
+    {
+        auto const free = m_menuBars.freeAreaOf({ monitor.x(), monitor.y(), monitor.width(), monitor.height() });
+        return { free.x, free.y, free.width, free.height };
+    }
 
 private:
     std::unique_ptr<X11Connection> m_x;
@@ -46,7 +51,7 @@ std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make(SessionKind session)
     if (!x)
         return nullptr;
     x->watchRoot();
-    return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
+    return std::make_unique<X11OverlayFrontEnd>(std::move(x));
 }
 
 OverlaySupport OverlayFrontEnd::support(SessionKind session)
@@ -54,7 +59,7 @@ OverlaySupport OverlayFrontEnd::support(SessionKind session)
     auto const x = session == SessionKind::wayland ? nullptr : X11Connection::open();
     if (!x)
         return OverlaySupport::none;
-    X11Screens const screens(*x, 1);
+    X11Screens const screens(*x);
     X11MenuBars const menuBars(*x, screens);
     return menuBars.bars().empty() ? OverlaySupport::noPanel : OverlaySupport::onPanels;
 }

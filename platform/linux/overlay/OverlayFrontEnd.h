@@ -5,6 +5,7 @@
 #include "platform/menubar/Presence.h"
 
 #include <QPoint>
+#include <QRect>
 
 #include <memory>
 
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] virtual OverlaySeams seams() = 0;
     /// Presses the overlay's panel at that point of the toolkit, if any.
     virtual void pressAt(QPoint point) = 0;
+    /// The monitor, in pixels, without the room that panels claim; as a whole where they do not tell.
+    [[nodiscard]] virtual QRect freeAreaOf(QRect const& monitor) const { return monitor; }
 };
 
 } // namespace zv
