@@ -85,6 +85,9 @@ std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConne
     return std::make_unique<DesktopMenuPlacer>(std::move(freeAreaOf));
 }
 
+/// Panels of GTK and KDE tint symbolic pictures; LXQt's does not, and nor do many beside a bare window manager.
+bool drawsPicturesAsTheyAre(Desktop desktop) { return desktop == Desktop::lxqt || desktop == Desktop::other; }
+
 /// A desktop's settings of what starts at login.
 struct AutostartSettings {
     Desktop desktop;
@@ -135,6 +138,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     if (sessionKind() == SessionKind::x11)
         setLaunchTokens({ .startupId = beginStartup });
     m_statusBar.onActivationToken = useActivationToken;
+    m_look.onAdopted = [this] { m_statusBar.redraw(); };
+    m_statusBar.isUntintedPanelDark = [this] { return m_overlay && drawsPicturesAsTheyAre(m_access.desktop) ? m_overlay->isPanelDark() : std::nullopt; };
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace zv {
 
 /// (iiay): an icon's pixels, ARGB in network byte order.
@@ -33,8 +35,9 @@ void registerStatusPixmapTypes();
 [[nodiscard]] QString laurelSymbolName();
 /// The icon theme folder of our pictures while the program is not installed; else empty.
 [[nodiscard]] QString laurelIconThemePath();
-/// The pixels, for panels that do not find the picture by its name.
-[[nodiscard]] StatusPixmaps laurelStatusPixmaps();
+/// The pixels, for panels that do not find the picture by its name, or would draw it in its own dark colour: light on a
+/// dark panel, dark on a light one, green where the panel is not known.
+[[nodiscard]] StatusPixmaps laurelStatusPixmaps(std::optional<bool> isPanelDark);
 /// The program's own icon.
 [[nodiscard]] QIcon laurelApplicationIcon();
 

@@ -5,10 +5,33 @@
 #include "platform/linux/overlay/X11WorkspaceEvents.h"
 
 #include <QGuiApplication>
+#include <QRgb>
+
+#include <algorithm>
+#include <map>
 
 namespace zv {
 
 namespace {
+
+constexpr int shadeStep = 16; ///< of 256: one shade with its gradient
+constexpr int darkest = 128;
+
+/// By the colour that most pixels have: a panel is mostly empty.
+std::optional<bool> isDark(X11Connection const& x, XMenuBar const& bar)
+{
+    auto const width = static_cast<std::uint16_t>(bar.rect.width), height = static_cast<std::uint16_t>(bar.rect.height);
+    XReply<xcb_get_image_reply_t> const image(
+        xcb_get_image_reply(x.get(), xcb_get_image(x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, bar.window, 0, 0, width, height, ~0U), nullptr));
+    if (!image || image->depth < 24)
+        return std::nullopt;
+    auto const* bytes = xcb_get_image_data(image.get());
+    std::map<int, int> shades;
+    for (int at = 0; at + 3 < xcb_get_image_data_length(image.get()); at += 4)
+        ++shades[qGray(bytes[at + 2], bytes[at + 1], bytes[at]) / shadeStep];
+    auto const most = std::ranges::max_element(shades, {}, [](auto const& shade) { return shade.second; });
+    return most == shades.end() ? std::nullopt : std::optional(most->first * shadeStep < darkest);
+}
 
 class X11OverlayFrontEnd : public OverlayFrontEnd {
 public:
@@ -27,6 +50,11 @@ public:
             .visibility = nullptr };
     }
     void pressAt(QPoint point) override { m_panels.pressAt(point); }
+    std::optional<bool> isPanelDark() const override
+    {
+        auto const& bars = m_menuBars.bars();
+        return bars.empty() ? std::nullopt : isDark(*m_x, bars.front());
+    }
     QRect freeAreaOf(QRect const& monitor) const override
     {
         auto const free = m_menuBars.freeAreaOf({ monitor.x(), monitor.y(), monitor.width(), monitor.height() });

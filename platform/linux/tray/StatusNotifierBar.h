@@ -22,6 +22,10 @@ public:
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
     /// Called with the right to come to the front, which a click on an icon gives on Wayland.
     std::function<void(std::string)> onActivationToken;
+    /// Tells whether the panel is dark, where the panel draws pictures as they are; nothing where it tints ours.
+    std::function<std::optional<bool>()> isUntintedPanelDark;
+    /// Called after the desktop's look has changed.
+    void redraw();
     /// Shows the items on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);
 
