@@ -85,9 +85,6 @@ std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConne
     return std::make_unique<DesktopMenuPlacer>(std::move(freeAreaOf));
 }
 
-/// Panels of GTK and KDE tint symbolic pictures; LXQt's does not, and nor do many beside a bare window manager.
-bool drawsPicturesAsTheyAre(Desktop desktop) { return desktop == Desktop::lxqt || desktop == Desktop::other; }
-
 /// A desktop's settings of what starts at login.
 struct AutostartSettings {
     Desktop desktop;
@@ -139,7 +136,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
         setLaunchTokens({ .startupId = beginStartup });
     m_statusBar.onActivationToken = useActivationToken;
     m_look.onAdopted = [this] { m_statusBar.redraw(); };
-    m_statusBar.isUntintedPanelDark = [this] { return m_overlay && drawsPicturesAsTheyAre(m_access.desktop) ? m_overlay->isPanelDark() : std::nullopt; };
+    m_statusBar.color = [this] { return laurelColor(); };
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }
@@ -212,6 +209,17 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_look.useBus(bus);
     watchForTray();
     m_trayObservers.changed(0);
+}
+
+/// Panels of GTK and KDE tint symbolic pictures; LXQt's does not, and nor do many beside a bare window manager. Cinnamon's
+/// finds them among the themes alone.
+LaurelColor LinuxFrontEnd::laurelColor() const
+{
+    if (m_access.desktop == Desktop::cinnamon && !laurelIconThemePath().isEmpty())
+        return LaurelColor::green;
+    bool const drawsAsTheyAre = m_access.desktop == Desktop::lxqt || m_access.desktop == Desktop::other;
+    auto const isDark = m_overlay && drawsAsTheyAre ? m_overlay->isPanelDark() : std::nullopt;
+    return !isDark ? LaurelColor::ofThePanel : *isDark ? LaurelColor::light : LaurelColor::dark;
 }
 
 void LinuxFrontEnd::watchSettings()

@@ -106,10 +106,10 @@ QString laurelIconThemePath()
     return path;
 }
 
-StatusPixmaps laurelStatusPixmaps(std::optional<bool> isPanelDark)
+StatusPixmaps laurelStatusPixmaps(LaurelColor color)
 {
-    auto const color = !isPanelDark ? middleGreen : *isPanelDark ? onDark : onLight;
-    return { statusPixmap(16, color), statusPixmap(22, color), statusPixmap(32, color), statusPixmap(48, color) };
+    auto const ink = color == LaurelColor::light ? onDark : color == LaurelColor::dark ? onLight : middleGreen;
+    return { statusPixmap(16, ink), statusPixmap(22, ink), statusPixmap(32, ink), statusPixmap(48, ink) };
 }
 
 // Drawn once, as each opening of a menu asks for it.

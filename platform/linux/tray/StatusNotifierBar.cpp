@@ -31,7 +31,7 @@ public:
         m_shown = std::make_unique<StatusNotifierItem>(m_bar.m_bus, m_name, m_menu, m_bar.m_presenter, m_bar.m_performer);
         m_shown->onClicked = [&bar = m_bar](std::optional<QPoint> pixel) { bar.m_lastClick = pixel; };
         m_shown->onActivationToken = m_bar.onActivationToken;
-        m_shown->isUntintedPanelDark = m_bar.isUntintedPanelDark;
+        m_shown->color = m_bar.color;
     }
 
 private:

@@ -1,6 +1,5 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 
-#include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/toolkit/BusProperties.h"
 
 #include <QCoreApplication>
@@ -109,8 +108,8 @@ QString StatusNotifierItem::introspect(QString const& path) const { return path 
 QVariantMap StatusNotifierItem::properties() const
 {
     auto const noPixmaps = QVariant::fromValue(StatusPixmaps());
-    auto const isDark = isUntintedPanelDark ? isUntintedPanelDark() : std::nullopt;
-    auto const iconName = isDark ? QString() : laurelSymbolName();
+    auto const ink = color ? color() : LaurelColor::ofThePanel;
+    auto const iconName = ink == LaurelColor::ofThePanel ? laurelSymbolName() : QString();
     return {
         { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
         { QStringLiteral("Id"), QStringLiteral("org.zanthevell.ZantheVell") },
@@ -120,7 +119,7 @@ QVariantMap StatusNotifierItem::properties() const
         { QStringLiteral("IconThemePath"), laurelIconThemePath() },
         { QStringLiteral("IconName"), iconName },
         { QStringLiteral("IconAccessibleDesc"), m_title },
-        { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps(isDark)) },
+        { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps(ink)) },
         { QStringLiteral("OverlayIconName"), QString() },
         { QStringLiteral("OverlayIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionIconName"), QString() },

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/menu/MenuPresenter.h"
 #include "platform/linux/tray/BusMenu.h"
 #include "platform/menubar/StatusBar.h"
@@ -34,8 +35,8 @@ public:
     /// Called with the right to come to the front, which a click on the icon gives on Wayland.
     std::function<void(std::string)> onActivationToken;
 
-    /// Tells whether the panel is dark, where the panel draws pictures as they are; nothing where it tints ours.
-    std::function<std::optional<bool>()> isUntintedPanelDark;
+    /// Tells how the panel shows the icon best; without it, by its name.
+    std::function<LaurelColor()> color;
 
 private:
     [[nodiscard]] QVariantMap properties() const;
