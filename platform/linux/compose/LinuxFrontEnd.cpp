@@ -77,12 +77,12 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
 }
 
 /// The bus may be exchanged later.
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop)
+std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop, DesktopMenuPlacer::FreeAreaOf freeAreaOf)
 {
     if (wayland)
         return std::make_unique<StageMenuPlacer>(
             *wayland, StageMenuPlacer::Desktop { .isGnome = desktop == Desktop::gnome, .pointer = [&bus] { return GnomeShell::pointerOn(bus); } });
-    return std::make_unique<DesktopMenuPlacer>();
+    return std::make_unique<DesktopMenuPlacer>(std::move(freeAreaOf));
 }
 
 /// A desktop's settings of what starts at login.
@@ -116,7 +116,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_placer(menuPlacer(m_wayland.get(), m_bus, m_access.desktop))
+    , m_placer(
+          menuPlacer(m_wayland.get(), m_bus, m_access.desktop, [this](QRect const& monitor) { return m_overlay ? m_overlay->freeAreaOf(monitor) : monitor; }))
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
@@ -134,6 +135,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     if (sessionKind() == SessionKind::x11)
         setLaunchTokens({ .startupId = beginStartup });
     m_statusBar.onActivationToken = useActivationToken;
+    m_look.onAdopted = [this] { m_statusBar.redraw(); };
+    m_statusBar.color = [this] { return laurelColor(); };
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }
@@ -206,6 +209,17 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_look.useBus(bus);
     watchForTray();
     m_trayObservers.changed(0);
+}
+
+/// Panels of GTK and KDE tint symbolic pictures; LXQt's does not, and nor do many beside a bare window manager. Cinnamon's
+/// finds them among the themes alone.
+LaurelColor LinuxFrontEnd::laurelColor() const
+{
+    if (m_access.desktop == Desktop::cinnamon && !laurelIconThemePath().isEmpty())
+        return LaurelColor::green;
+    bool const drawsAsTheyAre = m_access.desktop == Desktop::lxqt || m_access.desktop == Desktop::other;
+    auto const isDark = m_overlay && drawsAsTheyAre ? m_overlay->isPanelDark() : std::nullopt;
+    return !isDark ? LaurelColor::ofThePanel : *isDark ? LaurelColor::light : LaurelColor::dark;
 }
 
 void LinuxFrontEnd::watchSettings()

@@ -62,6 +62,7 @@ private:
     [[nodiscard]] bool statusIconsAreShown() const;
     void watchForTray();
     bool openAutostartSettings();
+    [[nodiscard]] LaurelColor laurelColor() const;
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
     void useBus(QDBusConnection const& bus);

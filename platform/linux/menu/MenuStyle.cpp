@@ -105,6 +105,10 @@ int MenuStyle::pixelMetric(PixelMetric metric, QStyleOption const* option, QWidg
     switch (metric) {
     case PM_SmallIconSize:
         return menuIconSize;
+    case PM_MenuDesktopFrameWidth:
+        if (auto const* menu = qobject_cast<MenuWindow const*>(widget); menu && menu->edgeDistance() > 0)
+            return menu->edgeDistance();
+        return QProxyStyle::pixelMetric(metric, option, widget);
     case PM_MenuVMargin:
         return std::max(3, QProxyStyle::pixelMetric(metric, option, widget));
     default:
