@@ -1,16 +1,31 @@
 #include "base/Translation.h"
 
+#include <atomic>
+
 namespace zv {
 
 namespace {
 
-Translator installed = nullptr;
+std::atomic<Translator> installed = nullptr;
+NumberWriter writer = nullptr;
+constexpr Sentence comma = markc("between the words of a list", ", ");
 
 bool isPlace(std::string_view text, std::size_t at) { return text[at] == '%' && at + 1 < text.size() && text[at + 1] >= '1' && text[at + 1] <= '9'; }
 
 } // namespace
 
-void translateBy(Translator translator) { installed = translator; }
+void translateBy(Translator translator, NumberWriter numberWriter)
+{
+    installed = translator;
+    writer = numberWriter;
+}
+
+EnglishMeanwhile::EnglishMeanwhile()
+    : m_translator(installed.exchange(nullptr))
+{
+}
+
+EnglishMeanwhile::~EnglishMeanwhile() { installed = m_translator; }
 
 std::string filled(std::string_view text, std::initializer_list<std::string_view> arguments)
 {
@@ -29,16 +44,25 @@ std::string filled(std::string_view text, std::initializer_list<std::string_view
 
 std::string tr(Sentence const& sentence)
 {
-    auto translated = installed && !sentence.isEmpty() ? installed(sentence, nullptr, 0) : std::string();
+    Translator const translator = installed;
+    auto translated = translator && !sentence.isEmpty() ? translator(sentence, nullptr, 0) : std::string();
     return translated.empty() ? sentence.english : translated;
 }
 
 std::string trn(char const* one, char const* many, std::size_t count, std::string_view second)
 {
-    auto text = installed ? installed(mark(one), many, count) : std::string();
+    Translator const translator = installed;
+    auto text = translator ? translator(mark(one), many, count) : std::string();
     if (text.empty())
         text = count == 1 ? one : many;
-    return filled(text, { std::to_string(count), second });
+    return filled(text, { number(static_cast<std::int64_t>(count)), second });
+}
+
+std::string number(std::int64_t value)
+{
+    Translator const translator = installed;
+    bool const isEnglish = !translator || translator(comma, nullptr, 0).empty();
+    return isEnglish || !writer ? std::to_string(value) : writer(value);
 }
 
 std::string quoted(std::string_view title)
@@ -59,10 +83,10 @@ std::string inSequence(std::string const& first, std::string const& second)
 
 std::string listed(std::vector<std::string> const& words)
 {
-    auto const comma = words.size() > 1 ? trc("between the words of a list", ", ") : std::string();
+    auto const between = words.size() > 1 ? tr(comma) : std::string();
     std::string text;
     for (auto const& word : words)
-        text += (text.empty() ? "" : comma) + word;
+        text += (text.empty() ? "" : between) + word;
     return text;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -27,8 +28,25 @@ constexpr Sentence markc(char const* context, char const* english) { return { en
 
 /// Looks a sentence up: the form for `count` where `many` is given. Empty where there is no translation.
 using Translator = std::string (*)(Sentence const& sentence, char const* many, unsigned long count);
+/// Writes a number with the language's own signs: "1.234".
+using NumberWriter = std::string (*)(std::int64_t value);
 /// Installs the system's catalogue; null takes it away, for English. Called at the start, before other threads are.
-void translateBy(Translator translator);
+void translateBy(Translator translator, NumberWriter writer = nullptr);
+
+/// Takes the catalogue away while it lives.
+class EnglishMeanwhile {
+public:
+    EnglishMeanwhile();
+    ~EnglishMeanwhile();
+    EnglishMeanwhile(EnglishMeanwhile const&) = delete;
+    EnglishMeanwhile& operator=(EnglishMeanwhile const&) = delete;
+
+    /// False where there was none.
+    [[nodiscard]] bool isChange() const { return m_translator != nullptr; }
+
+private:
+    Translator m_translator;
+};
 
 /// "%1" to "%9" replaced by the arguments, whose own signs stay as they are.
 [[nodiscard]] std::string filled(std::string_view text, std::initializer_list<std::string_view> arguments);
@@ -47,6 +65,8 @@ template <std::convertible_to<std::string_view>... Arguments> [[nodiscard]] std:
     return filled(tr(mark(english)), { arguments... });
 }
 
+/// A number within a sentence; digits alone in English.
+[[nodiscard]] std::string number(std::int64_t value);
 /// The form for the count, which is its %1; `second` is its %2.
 [[nodiscard]] std::string trn(char const* one, char const* many, std::size_t count, std::string_view second = {});
 

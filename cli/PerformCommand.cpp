@@ -22,6 +22,22 @@ std::string reasonAgainst(MenuEntry const& entry)
     return entry.toolTip.empty() ? refusal : tr("%1: %2", refusal, entry.toolTip);
 }
 
+/// A key binding may hold English titles, and the desktop have another language by now.
+Result<MenuEntry> entryNamed(std::span<std::string const> titles, CommandContext& context)
+{
+    auto& session = context.menu().session();
+    auto const find = [&] {
+        auto const menu = session.build(context.store().items(), OptionKey::released);
+        return entryAt(menu, titles, [&](Menu& submenu) { session.open(submenu); });
+    };
+    auto shown = find();
+    EnglishMeanwhile const english;
+    if (shown || !english.isChange())
+        return shown;
+    auto named = find();
+    return named ? named : shown;
+}
+
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
     static constexpr Options::Known known[] = { { "--command" } };
@@ -31,9 +47,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (options->operands().empty())
         return failUsage(context, performCommand, tr("no title of an entry"));
 
-    auto& session = context.menu().session();
-    auto const menu = session.build(context.store().items(), OptionKey::released);
-    auto entry = entryAt(menu, options->operands(), [&](Menu& submenu) { session.open(submenu); });
+    auto entry = entryNamed(options->operands(), context);
     if (!entry)
         return fail(context, entry.error());
     if (!entry->target && entry->subject.menus)
@@ -52,7 +66,7 @@ std::vector<Completion> titlesBelow(std::vector<std::string> const& given, Comma
     auto& session = context.menu().session();
     auto menu = session.build(context.store().items(), OptionKey::released);
     if (!given.empty()) {
-        auto const entry = entryAt(menu, given, [&](Menu& submenu) { session.open(submenu); });
+        auto const entry = entryNamed(given, context);
         if (!entry || !entry->submenu)
             return {};
         menu = entry->submenu;

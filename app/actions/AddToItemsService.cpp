@@ -24,7 +24,7 @@ std::string problemMessage(ItemsFolder::Outcome const& outcome)
     auto const sent = failed + outcome.added.size();
     if (sent == 1)
         return tr("%1 could not be added to Zanthe Vell Items.", quoted(outcome.problems.front().name));
-    return tr("%1 of %2 items could not be added to Zanthe Vell Items.", std::to_string(failed), std::to_string(sent));
+    return tr("%1 of %2 items could not be added to Zanthe Vell Items.", number(failed), number(sent));
 }
 
 } // namespace

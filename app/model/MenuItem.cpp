@@ -9,6 +9,8 @@ namespace zv {
 
 namespace {
 
+constexpr char const* titleIsOwn = "TitleIsOwn";
+
 bool hasText(std::optional<std::string> const& text) { return text && !text->empty(); }
 
 } // namespace
@@ -20,10 +22,18 @@ MenuItem MenuItem::ofKind(MenuItemKind kind)
     return item;
 }
 
+void MenuItem::setOwnTitle(std::optional<std::string> own)
+{
+    title = std::move(own);
+    unrecognizedKeys.remove(titleIsOwn);
+    if (title && kind.gives(*title))
+        unrecognizedKeys.set(titleIsOwn, true);
+}
+
 std::string MenuItem::displayTitle() const
 {
     if (hasText(title))
-        return kind.shownTitle(withValidUtf8(*title));
+        return unrecognizedKeys.find(titleIsOwn) ? withValidUtf8(*title) : kind.shownTitle(withValidUtf8(*title));
     if (location && hasText(location->displayName))
         return withValidUtf8(*location->displayName);
     return kind.defaultTitle();

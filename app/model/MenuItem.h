@@ -31,6 +31,8 @@ struct MenuItem {
 
     [[nodiscard]] static MenuItem ofKind(MenuItemKind kind);
 
+    /// Sets a title that the user chose, or a file has: shown as it is in every language, whatever our own resources call theirs.
+    void setOwnTitle(std::optional<std::string> own);
     /// The title, else the location's display name, else the kind's default title; the
     /// first that is not empty.
     [[nodiscard]] std::string displayTitle() const;

@@ -76,8 +76,20 @@ constexpr std::array<Row, MenuItemKind::fixedCount> rows { {
     { "MenuCommand", mark("Menu Command"), Fills::no, Reason::carbon },
 } };
 
-/// Titles that the default menus and the library store, beside those of the kinds; po/update takes them from there.
-constexpr std::string_view resourceTitles[] = { "About This Computer", "Applications", "Distribution Web Page…", "Home", "Software…" };
+/// A title that the default menus or the library store with a kind, beside its default one; po/update takes them from there.
+struct ResourceTitle {
+    MenuItemKind::Case kind;
+    std::string_view title;
+};
+
+constexpr ResourceTitle resourceTitles[] = {
+    { MenuItemKind::aboutThisMac, "About This Computer" },
+    { MenuItemKind::fsObject, "Applications" },
+    { MenuItemKind::fsObject, "Home" },
+    { MenuItemKind::getMacOSXSoftware, "Distribution Web Page…" },
+    { MenuItemKind::getMacOSXSoftware2, "Distribution Web Page…" },
+    { MenuItemKind::appStore, "Software…" },
+};
 
 std::string textOf(Reason reason)
 {
@@ -128,8 +140,13 @@ std::string MenuItemKind::shownTitle(std::string const& stored) const
 {
     if (m_case != unknown && stored == rows[m_case].defaultTitle.english)
         return defaultTitle();
-    bool const isOurs = std::any_of(std::begin(resourceTitles), std::end(resourceTitles), [&](auto const& each) { return each == stored; });
-    return isOurs ? tr(stored.c_str()) : stored;
+    return gives(stored) ? tr(stored.c_str()) : stored;
+}
+
+bool MenuItemKind::gives(std::string_view title) const
+{
+    auto const stores = [&](auto const& each) { return each.kind == m_case && each.title == title; };
+    return (m_case != unknown && title == rows[m_case].defaultTitle.english) || std::any_of(std::begin(resourceTitles), std::end(resourceTitles), stores);
 }
 
 std::optional<std::string> MenuItemKind::unavailabilityReason() const

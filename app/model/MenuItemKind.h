@@ -88,6 +88,8 @@ public:
     /// The title for an entry that stores one: in the user's language if it is one that our own resources give, as they
     /// are in English; else as it is stored.
     [[nodiscard]] std::string shownTitle(std::string const& stored) const;
+    /// True for a title that our own resources give to entries of the kind.
+    [[nodiscard]] bool gives(std::string_view title) const;
     /// The reason why the kind can no longer act; absent when it can.
     [[nodiscard]] std::optional<std::string> unavailabilityReason() const;
     /// True for retired commands and `unknown`: kept and shown disabled.

@@ -70,7 +70,7 @@ std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 {
     std::vector<SettingsChoice> choices;
     for (auto const value : values)
-        choices.push_back({ std::to_string(value), value });
+        choices.push_back({ number(value), value });
     return choices;
 }
 

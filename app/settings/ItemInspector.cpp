@@ -27,7 +27,7 @@ std::string placeholderFor(MenuItem item)
 std::vector<SettingsChoice> depthChoices(std::int64_t current, Preferences const& preferences)
 {
     // TRANSLATORS: how many levels of folders open; “General” is the first tab of the settings
-    std::vector<SettingsChoice> offered { { tr("As in General (%1)", std::to_string(preferences.maximumScanDepth())), depthOfPreference },
+    std::vector<SettingsChoice> offered { { tr("As in General (%1)", number(preferences.maximumScanDepth())), depthOfPreference },
         { tr("None: opens the folder"), 0 } };
     for (std::int64_t const levels : { 1, 2, 3, 5, 10 })
         offered.push_back(choiceOfLevels(levels));
@@ -52,7 +52,7 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     InspectorFields fields;
     fields.kindTitle = kindTitleOf(item);
     fields.hasTitle = !isSeparator;
-    fields.title = item.title.value_or("");
+    fields.title = item.title && !item.title->empty() ? item.displayTitle() : std::string();
     fields.titlePlaceholder = placeholderFor(item);
     fields.chooseTitle = tr(settingsTexts::choose.title);
     fields.hasTarget = item.kind == MenuItemKind::fsObject;

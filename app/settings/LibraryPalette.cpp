@@ -26,7 +26,7 @@ LibraryEntry entryFor(InstalledApplication const& application)
     entry.localizedDescription = tr("Opens %1.", application.name);
     entry.group = applicationsGroup();
     entry.itemTemplate = MenuItem::ofKind(MenuItemKind::fsObject);
-    entry.itemTemplate.title = application.name;
+    entry.itemTemplate.setOwnTitle(application.name);
     entry.itemTemplate.location.emplace().path = application.file.path();
     return entry;
 }

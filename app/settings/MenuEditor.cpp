@@ -141,7 +141,7 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
             continue;
         }
         auto item = MenuItem::ofKind(MenuItemKind::fsObject);
-        item.title = titleFor(file);
+        item.setOwnTitle(titleFor(file));
         item.location = ItemLocation::forURL(file, m_services.locations);
         added.push_back(std::move(item));
     }
@@ -269,7 +269,7 @@ Result<void> MenuEditor::drop(std::vector<std::string> const& records, Position 
 
 void MenuEditor::setTitle(Uuid const& id, std::string const& title)
 {
-    edit(trc("edit that can be undone", "Change Title"), id, [&](MenuItem& item) { item.title = title.empty() ? std::nullopt : std::optional(title); });
+    edit(trc("edit that can be undone", "Change Title"), id, [&](MenuItem& item) { item.setOwnTitle(title.empty() ? std::nullopt : std::optional(title)); });
 }
 
 void MenuEditor::setTarget(Uuid const& id, Url const& target)
@@ -277,7 +277,7 @@ void MenuEditor::setTarget(Uuid const& id, Url const& target)
     edit(trc("edit that can be undone", "Choose Target"), id, [&](MenuItem& item) {
         bool const hasGivenTitle = item.title && item.location && item.location->path && item.title == titleFor(Url::fromPath(*item.location->path));
         if (!item.title || hasGivenTitle)
-            item.title = titleFor(target);
+            item.setOwnTitle(titleFor(target));
         item.location = ItemLocation::forURL(target, m_services.locations);
     });
 }
@@ -285,7 +285,7 @@ void MenuEditor::setTarget(Uuid const& id, Url const& target)
 void MenuEditor::setOwnTarget(Uuid const& id, Url const& target, std::string const& title)
 {
     edit(trc("edit that can be undone", "Change Item"), id, [&](MenuItem& item) {
-        item.title = title;
+        item.setOwnTitle(title);
         item.location = ItemLocation::forURL(target, m_services.locations);
     });
 }

@@ -212,7 +212,7 @@ DropOutcome SettingsModels::addOwn(LibraryEntry entry, MenuEditor::Position cons
     auto const file = m_ownItems.write(*own);
     if (!file)
         return { false, Alert { AlertStyle::warning, tr(settingsTexts::itemsNotAdded), settingsTexts::asSentence(file.error()) } };
-    entry.itemTemplate.title = own->title;
+    entry.itemTemplate.setOwnTitle(own->title);
     entry.itemTemplate.location = ItemLocation::forURL(*file, locationsOf(m_services.system));
     entry.title = own->title;
     m_editor.addEntry(entry, position);

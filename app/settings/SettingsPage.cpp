@@ -31,7 +31,7 @@ std::vector<SettingsChoice> choicesWith(std::int64_t stored, std::vector<Setting
     if (isOffered)
         return offered;
     auto const place = std::find_if(offered.begin(), offered.end(), [&](auto const& choice) { return choice.value > stored; });
-    offered.insert(place, { std::to_string(stored), stored });
+    offered.insert(place, { number(stored), stored });
     return offered;
 }
 

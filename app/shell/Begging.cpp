@@ -1,5 +1,6 @@
 #include "app/shell/Begging.h"
 
+#include "app/shell/NotesText.h"
 #include "app/shell/TestEnvironment.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
@@ -62,7 +63,7 @@ void Begging::show()
     assertMainThread();
     if (!m_window) {
         auto const bytes = m_services.resources.load("Begging", "rtf");
-        auto const text = bytes ? m_services.windows.read(*bytes) : nullptr;
+        auto const text = bytes ? m_services.windows.read(notesInUsersLanguage(*bytes)) : nullptr;
         m_window = m_services.windows.make(layoutFor(text.get()), text);
     }
     m_services.application.activate();

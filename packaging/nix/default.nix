@@ -7,7 +7,7 @@ pkgs.stdenv.mkDerivation {
   version = "0.10.0";
   src = pkgs.lib.cleanSource ../..;
 
-  nativeBuildInputs = with pkgs; [ cmake gettext ninja pkg-config librsvg wayland-scanner qt6.wrapQtAppsHook ];
+  nativeBuildInputs = with pkgs; [ cmake gettext ninja pkg-config librsvg po4a wayland-scanner qt6.wrapQtAppsHook ];
   buildInputs = with pkgs; [
     qt6.qtbase
     qt6.qtsvg

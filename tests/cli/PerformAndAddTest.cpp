@@ -1,3 +1,4 @@
+#include "base/Translation.h"
 #include "cli/EntryPath.h"
 #include "tests/cli/CommandLineFixture.h"
 
@@ -88,11 +89,15 @@ TEST_F(PerformCommandTest, ChoosesWhatCanBeChosenAndSaysWhyNotElse)
 
     EXPECT_EQ(run({ "perform", "Group" }), (Outcome { 1, "", "zanthe-vell: “Group” is a submenu; name an entry of it\n" }));
     EXPECT_TRUE(run({ "perform", "Old" }).err.starts_with("zanthe-vell: “Old” cannot be chosen: "));
-    EXPECT_EQ(run({ "perform", "Group", "Sleep" }), (Outcome { 0, "", "" }));
+    for (auto const* title : { "Sleep", "Schlaf" }) {
+        translateBy([](Sentence const& sentence, char const*, unsigned long) { return std::string(std::string(sentence.english) == "Sleep" ? "Schlaf" : ""); });
+        EXPECT_EQ(run({ "perform", "Group", title }), (Outcome { 0, "", "" })) << "in English, too, as a key binding may have it";
+    }
+    translateBy(nullptr);
     EXPECT_EQ(run({ "perform", "--command", "a.txt" }), (Outcome { 0, "", "" }));
     machine.sessionEvents.outcomes["ask to restart"] = { SessionEventOutcome::State::needsConfirmation };
     (void)run({ "perform", "Group", "Restart…" });
-    EXPECT_EQ(machine.sessionEvents.sent, (std::vector<std::string> { "sleep", "ask to restart" })) << "nobody said yes";
+    EXPECT_EQ(machine.sessionEvents.sent, (std::vector<std::string> { "sleep", "sleep", "ask to restart" })) << "nobody said yes";
     EXPECT_EQ(machine.workspace.log, (std::vector<std::string> { "reveal file:///here/a.txt" }));
 }
 

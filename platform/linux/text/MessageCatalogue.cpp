@@ -1,6 +1,7 @@
 #include "platform/linux/text/MessageCatalogue.h"
 
 #include "base/Translation.h"
+#include "platform/text/NumberText.h"
 
 #include <clocale>
 #include <libintl.h>
@@ -40,7 +41,7 @@ void useMessageCatalogue(std::vector<std::string> const& folders)
         std::setlocale(LC_MESSAGES, "");
         ::bindtextdomain(domain, folder.c_str());
         ::bind_textdomain_codeset(domain, "UTF-8");
-        translateBy(fromCatalogue);
+        translateBy(fromCatalogue, localizedNumber);
         return;
     }
 }

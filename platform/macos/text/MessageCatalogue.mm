@@ -1,6 +1,7 @@
 #include "platform/macos/text/MessageCatalogue.h"
 
 #include "base/Translation.h"
+#include "platform/text/NumberText.h"
 
 #import "platform/macos/cocoa/Conversions.h"
 
@@ -26,6 +27,6 @@ std::string fromBundle(Sentence const& sentence, char const* many, unsigned long
 
 } // namespace
 
-void useMessageCatalogue() { translateBy(fromBundle); }
+void useMessageCatalogue() { translateBy(fromBundle, localizedNumber); }
 
 } // namespace zv

@@ -1,5 +1,6 @@
 #include "app/model/MenuItem.h"
 
+#include "base/Translation.h"
 #include "tests/app/model/ModelFixture.h"
 
 #include <functional>
@@ -36,6 +37,19 @@ TEST(MenuItem, TheTitleShownIsTheFirstThatIsNotEmpty)
     EXPECT_EQ(item.displayTitle(), "Mine");
     item.title = "\xFF";
     EXPECT_EQ(item.displayTitle(), "\xEF\xBF\xBD") << "shown as text whatever its bytes are";
+
+    translateBy([](Sentence const& sentence, char const*, unsigned long) { return "<" + std::string(sentence.english) + ">"; });
+    auto home = MenuItem::ofKind(MenuItemKind::fsObject);
+    home.title = "Home";
+    EXPECT_EQ(home.displayTitle(), "<Home>") << "a title of ours";
+    home.setOwnTitle("Home");
+    EXPECT_EQ(menuItemsFromPropertyList(toPropertyList(std::vector { home })).value()[0].displayTitle(), "Home") << "the user’s own word, kept";
+    home.setOwnTitle("Mine");
+    EXPECT_TRUE(home.unrecognizedKeys == PropertyListDictionary {});
+    auto group = MenuItem::ofKind(MenuItemKind::submenu);
+    group.title = "Home";
+    EXPECT_EQ(group.displayTitle(), "Home") << "no submenu of ours has this title";
+    translateBy(nullptr);
 }
 
 TEST(MenuItem, EveryFieldCountsInEqualityAndHash)

@@ -1,5 +1,7 @@
 #include "app/shell/Begging.h"
 
+#include "app/shell/NotesText.h"
+#include "base/Translation.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFiles.h"
 #include "tests/fakes/FakeShell.h"
@@ -71,6 +73,21 @@ TEST_F(BeggingTest, MakesOneWindowAndFitsItToTheText)
     make().show();
     EXPECT_EQ(windows.layouts[1].height, 560);
     EXPECT_EQ(windows.layouts[1].width, 480);
+}
+
+TEST(NotesText, TranslatesEachParagraphWithinItsForm)
+{
+    std::string const english
+        = "{\\rtf1\n\\pard\\sa60\\fs26\\b Thanks\\b0\\par\n\\pard\\sa60 \\bullet  Hold \\b Alt\\b0 \\u8230?\\par\n\\pard\\sa0 Left\\par\n}";
+    std::string const german
+        = "{\\rtf1\n\\pard\\sa60\\fs26\\b Danke\\b0\\par\n\\pard\\sa60 \\bullet  \\b Alt\\b0  \\{\\u228?\\u-10188?\\u-8930?\\}\\par\n\\pard\\sa0 Left\\par\n}";
+    translateBy([](Sentence const& sentence, char const*, unsigned long) {
+        std::string_view const key = sentence.english;
+        return std::string(key == "Thanks" ? "Danke" : key == "Hold <b>Alt</b>…" ? "<b>Alt</b> {ä𝄞}" : "");
+    });
+    EXPECT_EQ(notesInUsersLanguage(fakes::bytesOf(english)), fakes::bytesOf(german));
+    translateBy(nullptr);
+    EXPECT_EQ(notesInUsersLanguage(fakes::bytesOf(english)), fakes::bytesOf(english));
 }
 
 TEST_F(BeggingTest, OpensEmptyWhenTheNotesAreMissing)
