@@ -1,8 +1,8 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/DisplayText.h"
+#include "app/model/ShownShortcut.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
-#include "cli/MenuText.h"
 #include "cli/Options.h"
 #include "platform/text/Text.h"
 

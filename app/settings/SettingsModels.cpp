@@ -3,6 +3,7 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
+#include "app/model/ShownShortcut.h"
 #include "app/settings/FolderForm.h"
 #include "app/settings/OwnItemForm.h"
 #include "app/settings/RecorderRules.h"
@@ -31,6 +32,13 @@ std::vector<LibraryEntry> withOwnEntries(std::vector<LibraryEntry> entries)
         entries.insert(entries.begin() + (&row - rows), std::move(entry));
     }
     return entries;
+}
+
+std::map<Url, std::string> shown(std::map<Url, std::string> shortcuts, SystemKind system)
+{
+    for (auto& [file, shortcut] : shortcuts)
+        shortcut = shownShortcut(shortcut, system);
+    return shortcuts;
 }
 
 void showOwn(OwnItem const& own, InspectorFields& fields)
@@ -85,7 +93,7 @@ SettingsModels::SettingsModels(Services services)
           .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane,
-          .fileShortcuts = [this] { return m_services.hotkeys.registeredFiles(); },
+          .fileShortcuts = [this] { return shown(m_services.hotkeys.registeredFiles(), m_services.system.kind); },
           .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
           .exportAll = [this] { m_setup.exportAll(); } })
     , m_about(aboutText(m_services.system.files.resources))

@@ -270,9 +270,11 @@ QRect MenuWindow::sight() const
     return sight;
 }
 
+/// Keys come to the innermost menu; while nothing is selected there, the entry that it belongs to is.
 void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (m_entryMenu.takes(*event) || m_typing.takes(*event))
+    auto& selected = activeAction() || !parentMenu() ? *this : *parentMenu();
+    if (selected.m_entryMenu.takes(*event) || m_typing.takes(*event))
         return;
     QScopedValueRollback const handling(m_handlesKey, true);
     QMenu::keyPressEvent(event);

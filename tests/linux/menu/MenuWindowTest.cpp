@@ -584,6 +584,10 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
             press(Qt::Key_Down);
         press(Qt::Key_Return);
     };
+    auto const pointAtFolder = [&] { // its submenu opens, and nothing in that is selected
+        window->setActiveAction(window->actions()[1]);
+        window->actions()[1]->menu()->setActiveAction(nullptr);
+    };
     struct Row {
         std::function<void()> act;
         char const* expected;
@@ -593,7 +597,9 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         { [&] { press(Qt::Key_Down), press(Qt::Key_Menu), chooseInTop(); }, "copied" },
         { [&] { press(Qt::Key_Down), press(Qt::Key_F10, {}, Qt::ShiftModifier), chooseInTop(); }, "copied" },
         { [&] { click(QEvent::MouseButtonDblClick, Qt::LeftButton, 1); }, "folder opened" },
+        { [&] { click(QEvent::MouseButtonPress, Qt::LeftButton, 1), click(QEvent::MouseButtonPress, Qt::LeftButton, 1); }, "folder opened" },
         { [&] { press(Qt::Key_Up), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
+        { [&] { pointAtFolder(), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
         { [&] { press(Qt::Key_Down), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "chosen" },
     };
     for (auto const& row : rows) {
