@@ -33,12 +33,12 @@ std::string tr(Sentence const& sentence)
     return translated.empty() ? sentence.english : translated;
 }
 
-std::string trn(char const* one, char const* many, std::size_t count)
+std::string trn(char const* one, char const* many, std::size_t count, std::string_view second)
 {
     auto text = installed ? installed(mark(one), many, count) : std::string();
     if (text.empty())
         text = count == 1 ? one : many;
-    return filled(text, { std::to_string(count) });
+    return filled(text, { std::to_string(count), second });
 }
 
 std::string quoted(std::string_view title)

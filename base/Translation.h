@@ -47,8 +47,8 @@ template <std::convertible_to<std::string_view>... Arguments> [[nodiscard]] std:
     return filled(tr(mark(english)), { arguments... });
 }
 
-/// The form for the count, which is its %1.
-[[nodiscard]] std::string trn(char const* one, char const* many, std::size_t count);
+/// The form for the count, which is its %1; `second` is its %2.
+[[nodiscard]] std::string trn(char const* one, char const* many, std::size_t count, std::string_view second = {});
 
 /// The title in the language's own quotation marks.
 [[nodiscard]] std::string quoted(std::string_view title);

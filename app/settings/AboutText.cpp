@@ -1,12 +1,14 @@
 #include "app/settings/AboutText.h"
 
+#include "base/Translation.h"
+
 #include <sstream>
 
 namespace zv {
 
 namespace {
 
-std::string information(Resources const& resources, char const* key, char const* otherwise)
+std::string information(Resources const& resources, char const* key, std::string const& otherwise)
 {
     auto const* value = resources.information().string(key);
     return value ? *value : otherwise;
@@ -48,12 +50,12 @@ AboutText aboutText(Resources const& resources)
 {
     AboutText text;
     text.name = information(resources, "CFBundleDisplayName", "Zanthe Vell");
-    text.version = "Version " + information(resources, "CFBundleShortVersionString", "unknown");
-    text.purpose = "A menu of your own making, wherever you are.";
-    text.privacy = "No telemetry. The network is used to look for updates, and for nothing else.";
-    text.readMeButton = "Read Me";
-    text.licencesButton = "Licences";
-    text.diagnosticsButton = "Copy Diagnostics";
+    text.version = tr("Version %1", information(resources, "CFBundleShortVersionString", trc("version", "unknown")));
+    text.purpose = tr("A menu of your own making, wherever you are.");
+    text.privacy = tr("No telemetry. The network is used to look for updates, and for nothing else.");
+    text.readMeButton = tr("Read Me");
+    text.licencesButton = tr("Licences");
+    text.diagnosticsButton = tr("Copy Diagnostics");
     text.licences = licences(resources);
     return text;
 }

@@ -1,16 +1,19 @@
 #include "app/settings/FolderForm.h"
 
 #include "app/model/PlainText.h"
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace zv {
 
 namespace {
 
-constexpr char const* orders[] = { "By name", "By date changed", "By date added", "By size", "By kind" };
-constexpr char const* asInGeneral = "As in General";
+constexpr Sentence orders[] = { mark("By name"), mark("By date changed"), mark("By date added"), mark("By size"), mark("By kind") };
+// TRANSLATORS: “General” is the first tab of the settings
+constexpr Sentence asInGeneral = mark("As in General");
 
 FormField choice(std::string id, std::string title, std::vector<std::string> choices, std::size_t chosen)
 {
@@ -22,7 +25,7 @@ FormField choice(std::string id, std::string title, std::vector<std::string> cho
 
 FormField threeWays(std::string id, std::string title, std::optional<bool> value)
 {
-    return choice(std::move(id), std::move(title), { asInGeneral, "Yes", "No" }, !value ? 0 : *value ? 1 : 2);
+    return choice(std::move(id), std::move(title), { tr(asInGeneral), tr("Yes"), tr("No") }, !value ? 0 : *value ? 1 : 2);
 }
 
 FormField const& fieldIn(std::vector<FormField> const& fields, std::string_view id)
@@ -42,15 +45,17 @@ std::optional<bool> threeWaysIn(FormField const& field) { return field.chosen ==
 Form folderForm(FolderChoices const& choices)
 {
     Form form;
-    form.title = "Order and Choice";
-    form.note = "What this folder and those within it show in the menu.";
-    form.accept = "Change";
-    form.cancel = "Cancel";
-    form.fields.push_back(choice("order", "Order", { std::begin(orders), std::end(orders) }, static_cast<std::size_t>(choices.order)));
-    form.fields.push_back({ FormField::Kind::toggle, "reversed", "Newest, largest or last first", {}, {}, choices.isReversed });
-    form.fields.push_back(threeWays("foldersFirst", "Folders first", choices.foldersFirst));
-    form.fields.push_back(threeWays("showHidden", "Hidden files", choices.showHidden));
-    form.fields.push_back({ FormField::Kind::text, "filter", "Only files named", choices.filter, "*.pdf, report*" });
+    form.title = tr("Order and Choice");
+    form.note = tr("What this folder and those within it show in the menu.");
+    form.accept = trc("button", "Change");
+    form.cancel = tr("Cancel");
+    std::vector<std::string> named;
+    std::transform(std::begin(orders), std::end(orders), std::back_inserter(named), [](Sentence const& order) { return tr(order); });
+    form.fields.push_back(choice("order", trc("of files", "Order"), std::move(named), static_cast<std::size_t>(choices.order)));
+    form.fields.push_back({ FormField::Kind::toggle, "reversed", tr("Newest, largest or last first"), {}, {}, choices.isReversed });
+    form.fields.push_back(threeWays("foldersFirst", tr("Folders first"), choices.foldersFirst));
+    form.fields.push_back(threeWays("showHidden", tr("Hidden files"), choices.showHidden));
+    form.fields.push_back({ FormField::Kind::text, "filter", tr("Only files named"), choices.filter, "*.pdf, report*" });
     return form;
 }
 
@@ -68,12 +73,20 @@ FolderChoices folderChoicesIn(std::vector<FormField> const& fields)
 std::string summaryOf(FolderChoices const& choices)
 {
     if (choices == FolderChoices {})
-        return asInGeneral;
-    auto text = std::string(orders[static_cast<int>(choices.order)]);
-    text += choices.isReversed ? ", reversed" : "";
-    text += choices.foldersFirst ? *choices.foldersFirst ? ", folders first" : ", folders among files" : "";
-    text += choices.showHidden ? *choices.showHidden ? ", hidden files" : ", no hidden files" : "";
-    return text + (choices.filter.empty() ? "" : ", " + choices.filter);
+        return tr(asInGeneral);
+    std::vector<std::string> words { tr(orders[static_cast<int>(choices.order)]) };
+    auto const add = [&](bool applies, Sentence const& word) {
+        if (applies)
+            words.push_back(tr(word));
+    };
+    add(choices.isReversed, markc("in a list after “By name”", "reversed"));
+    add(choices.foldersFirst == true, markc("in a list after “By name”", "folders first"));
+    add(choices.foldersFirst == false, markc("in a list after “By name”", "folders among files"));
+    add(choices.showHidden == true, markc("in a list after “By name”", "hidden files"));
+    add(choices.showHidden == false, markc("in a list after “By name”", "no hidden files"));
+    if (!choices.filter.empty())
+        words.push_back(choices.filter);
+    return listed(words);
 }
 
 } // namespace zv

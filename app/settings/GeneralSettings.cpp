@@ -94,7 +94,7 @@ SettingsSection GeneralSettings::presence()
     bool const replaces = preferences.replacesAppleMenu();
     bool const showsItem = preferences.showsStatusItem();
 
-    SettingsSection section { "Where the menu is", {} };
+    SettingsSection section { tr("Where the menu is"), {} };
     section.rows.push_back(
         toggle("replaceAppleMenu", wording.replaceMenu, wording.replaceMenuHelp, replaces, [&](bool on) { preferences.setReplacesAppleMenu(on); }));
     auto logo = toggle("rainbowLogo", wording.logo, "", preferences.drawsRainbowAppleLogo(), [&](bool on) { preferences.setDrawsRainbowAppleLogo(on); });
@@ -117,7 +117,7 @@ SettingsSection GeneralSettings::presence()
 void GeneralSettings::addMenuShortcut(SettingsSection& section)
 {
     auto& shortcut = m_services.menuShortcut;
-    auto made = row(Kind::shortcut, "menuShortcut", "Open by a key");
+    auto made = row(Kind::shortcut, "menuShortcut", tr("Open by a key"));
     made.shortcut = shortcut.value();
     made.record = [&shortcut](auto const& spec) { shortcut.set(spec); };
     section.rows.push_back(std::move(made));
@@ -128,17 +128,17 @@ std::string GeneralSettings::menuShortcutNote() const
 {
     auto const& value = m_services.menuShortcut.value();
     if (m_services.menuShortcutIsTaken())
-        return "Another program has this combination. Record a different one.";
+        return tr("Another program has this combination. Record a different one.");
     auto const warning = value && m_services.shortcutWarning ? m_services.shortcutWarning(*value) : std::string();
-    return warning.empty() ? "Opens the menu at the pointer, whatever program is in front." : warning;
+    return warning.empty() ? tr("Opens the menu at the pointer, whatever program is in front.") : warning;
 }
 
 SettingsSection GeneralSettings::login()
 {
     auto const state = m_services.loginItem.state();
-    SettingsSection section { "Login", {} };
+    SettingsSection section { tr("Login"), {} };
     bool const isOn = state != LoginItem::State::disabled;
-    section.rows.push_back(toggle("openAtLogin", "Open at login", m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
+    section.rows.push_back(toggle("openAtLogin", tr("Open at login"), m_services.wording.openAtLoginHelp, isOn, [this](bool on) { setOpensAtLogin(on); }));
     if (state != LoginItem::State::requiresApproval)
         return section;
     section.rows.push_back(note("loginApproval", m_services.wording.loginApprovalNote));
@@ -168,27 +168,27 @@ void GeneralSettings::tellChanged() const
 SettingsSection GeneralSettings::menus()
 {
     auto& preferences = m_services.preferences;
-    SettingsSection section { "Menus", {} };
+    SettingsSection section { tr("Menus"), {} };
     section.rows.push_back(
-        toggle("showIcons", "Icons", "Shows a picture beside each entry.", preferences.showIcons(), [&](bool on) { preferences.setShowIcons(on); }));
-    section.rows.push_back(toggle("showHiddenFiles", "Hidden files", "Lists files in folder submenus that are hidden otherwise.", preferences.showHiddenFiles(),
-        [&](bool on) { preferences.setShowHiddenFiles(on); }));
-    section.rows.push_back(toggle("sortFoldersFirst", "Folders first", "Lists folders before files.", preferences.sortFoldersFirst(),
+        toggle("showIcons", tr("Icons"), tr("Shows a picture beside each entry."), preferences.showIcons(), [&](bool on) { preferences.setShowIcons(on); }));
+    section.rows.push_back(toggle("showHiddenFiles", tr("Hidden files"), tr("Lists files in folder submenus that are hidden otherwise."),
+        preferences.showHiddenFiles(), [&](bool on) { preferences.setShowHiddenFiles(on); }));
+    section.rows.push_back(toggle("sortFoldersFirst", tr("Folders first"), tr("Lists folders before files."), preferences.sortFoldersFirst(),
         [&](bool on) { preferences.setSortFoldersFirst(on); }));
-    section.rows.push_back(choice("recentItems", "Recent items", "How many entries a list of recent items has.", preferences.recentItemsLimit(),
+    section.rows.push_back(choice("recentItems", tr("Recent items"), tr("How many entries a list of recent items has."), preferences.recentItemsLimit(),
         numbers({ 5, 10, 15, 20, 30, 50 }), [&](std::int64_t value) { preferences.setRecentItemsLimit(value); }));
-    section.rows.push_back(choice("scanDepth", "Levels of folders", "How deep folders open as submenus; the last level opens in the file manager.",
+    section.rows.push_back(choice("scanDepth", tr("Levels of folders"), tr("How deep folders open as submenus; the last level opens in the file manager."),
         preferences.maximumScanDepth(), numbers({ 1, 2, 3, 5, 10, 20 }), [&](std::int64_t value) { preferences.setMaximumScanDepth(value); }));
-    section.rows.push_back(choice("itemsPerFolder", "Items per folder", "How many entries of a folder are listed; the rest is counted.",
+    section.rows.push_back(choice("itemsPerFolder", tr("Items per folder"), tr("How many entries of a folder are listed; the rest is counted."),
         preferences.maximumItemsPerFolder(), numbers({ 50, 100, 250, 500, 1000 }), [&](std::int64_t value) { preferences.setMaximumItemsPerFolder(value); }));
-    section.rows.push_back(choice("prescanDepth", "Look for shortcuts in file names",
-        "Searches the folders of your menu for names such as “Example-*[cmd+opt+E]*” when Zanthe Vell starts. A folder that you opened in the menu is known "
-        "without it.",
-        preferences.hotkeyPrescanDepth(), { { "Off", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 } },
+    section.rows.push_back(choice("prescanDepth", tr("Look for shortcuts in file names"),
+        tr("Searches the folders of your menu for names such as “Example-*[cmd+opt+E]*” when Zanthe Vell starts. A folder that you opened in the menu is known "
+           "without it."),
+        preferences.hotkeyPrescanDepth(), { { trc("looking for shortcuts", "Off"), 0 }, choiceOfLevels(1), choiceOfLevels(2), choiceOfLevels(3) },
         [&](std::int64_t value) { preferences.setHotkeyPrescanDepth(value); }));
-    section.rows.push_back(
-        toggle("rememberChoices", "Remember what was chosen", "What was chosen last comes first when you search in the menu. Turning this off forgets it.",
-            preferences.remembersChoices(), [&](bool on) { preferences.setRemembersChoices(on); }));
+    section.rows.push_back(toggle("rememberChoices", tr("Remember what was chosen"),
+        tr("What was chosen last comes first when you search in the menu. Turning this off forgets it."), preferences.remembersChoices(),
+        [&](bool on) { preferences.setRemembersChoices(on); }));
     addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
     addBindingLines(section);
     return section;
@@ -209,13 +209,13 @@ void GeneralSettings::addBindingLines(SettingsSection& section)
 
 SettingsSection GeneralSettings::fileShortcuts()
 {
-    SettingsSection section { "Shortcuts in file names", {} };
+    SettingsSection section { tr("Shortcuts in file names"), {} };
     auto const held = m_services.fileShortcuts ? m_services.fileShortcuts() : std::map<Url, std::string>();
     for (auto const& [file, shortcut] : held) {
         auto const id = file.toString();
         section.rows.push_back(note("shortcut " + id, displayText(shortcut + "   " + file.path())));
-        auto remove = button("takeAway " + id, "Take Away", [this, url = file] { takeShortcutAway(url); });
-        remove.help = "Renames the file to “" + displayText(nameWithoutShortcut(file)) + "”.";
+        auto remove = button("takeAway " + id, tr("Take Away"), [this, url = file] { takeShortcutAway(url); });
+        remove.help = tr("Renames the file to %1.", quoted(displayText(nameWithoutShortcut(file))));
         remove.isIndented = true;
         section.rows.push_back(std::move(remove));
     }
@@ -227,48 +227,49 @@ void GeneralSettings::takeShortcutAway(Url const& file)
     auto const renamed = m_services.rename(file, file.parent().appending(nameWithoutShortcut(file)));
     if (!renamed)
         m_services.alerts.run(
-            { AlertStyle::warning, "“" + displayText(file.lastPathComponent()) + "” could not be renamed.", settingsTexts::asSentence(renamed.error()) });
+            { AlertStyle::warning, tr("%1 could not be renamed.", quoted(displayText(file.lastPathComponent()))), settingsTexts::asSentence(renamed.error()) });
 }
 
 SettingsSection GeneralSettings::updates()
 {
     auto& updater = m_services.updater;
     auto const problem = updater.startProblem();
-    SettingsSection section { "Updates", {} };
+    SettingsSection section { tr("Updates"), {} };
     if (problem)
         section.rows.push_back(note("startProblem", *problem));
     if (problem && !updater.canCheckForUpdates())
         return section; // nothing else would do anything
     section.rows.push_back(toggle(
-        "checksAutomatically", "Look for updates automatically", "", updater.checksAutomatically(), [&](bool on) { updater.setChecksAutomatically(on); }));
+        "checksAutomatically", tr("Look for updates automatically"), "", updater.checksAutomatically(), [&](bool on) { updater.setChecksAutomatically(on); }));
     section.rows.push_back(
-        note("updatePrivacy", "Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer."));
-    auto check = button("checkNow", "Check Now", [&] { updater.checkForUpdates(); });
+        note("updatePrivacy", tr("Once a day, Zanthe Vell asks for the list of its versions. The request says nothing about you or this computer.")));
+    auto check = button("checkNow", tr("Check Now"), [&] { updater.checkForUpdates(); });
     check.isEnabled = updater.canCheckForUpdates();
     section.rows.push_back(std::move(check));
     auto const last = updater.lastCheckDate();
-    section.rows.push_back(note("lastCheck", "Last check: " + (last ? localizedDateAndTime(*last) : "never")));
+    section.rows.push_back(note("lastCheck", last ? tr("Last check: %1", localizedDateAndTime(*last)) : tr("Last check: never")));
     return section;
 }
 
 SettingsSection GeneralSettings::menuFile()
 {
     auto& file = m_services.menuFile;
-    SettingsSection section { "Menu file", {} };
+    SettingsSection section { tr("Menu file"), {} };
     addNote(section, "saveProblem", m_services.saveProblem);
-    section.rows.push_back(button("exportMenu", "Export…", [&] { file.exportMenu(); }));
-    section.rows.push_back(button("importMenu", "Import…", [&] { file.importMenu(); }));
-    section.rows.push_back(button("resetMenu", "Restore Default Menu…", [&] { file.restoreDefaultMenu(); }));
+    section.rows.push_back(button("exportMenu", tr("Export…"), [&] { file.exportMenu(); }));
+    section.rows.push_back(button("importMenu", tr("Import…"), [&] { file.importMenu(); }));
+    section.rows.push_back(button("resetMenu", tr("Restore Default Menu…"), [&] { file.restoreDefaultMenu(); }));
     auto const backups = file.backups();
     if (backups.empty())
         return section;
     std::vector<SettingsChoice> choices;
     for (std::size_t i = 0; i < backups.size(); ++i) {
-        auto const suffix = backups[i].isReadable ? "" : " (was not readable)";
-        choices.push_back({ localizedDateAndTime(backups[i].time) + suffix, static_cast<std::int64_t>(i) });
+        auto const time = localizedDateAndTime(backups[i].time);
+        // TRANSLATORS: a menu of that date and time, which the program could not read
+        choices.push_back({ backups[i].isReadable ? time : tr("%1 (was not readable)", time), static_cast<std::int64_t>(i) });
     }
-    auto restore = row(Kind::pullDown, "backups", "Restore a Backup…");
-    restore.help = "The last menus, each kept before it was changed. What one holds is said before it is restored.";
+    auto restore = row(Kind::pullDown, "backups", tr("Restore a Backup…"));
+    restore.help = tr("The last menus, each kept before it was changed. What one holds is said before it is restored.");
     restore.choices = std::move(choices);
     restore.choose = [this, &file, backups](auto index) {
         file.restoreBackup(backups.at(static_cast<std::size_t>(index)));
@@ -276,8 +277,8 @@ SettingsSection GeneralSettings::menuFile()
     };
     section.rows.push_back(std::move(restore));
     if (file.isRestored()) {
-        section.rows.push_back(note("restored", "Restored."));
-        section.rows.push_back(button("undoRestoring", "Undo", [this, &file] {
+        section.rows.push_back(note("restored", tr("Restored.")));
+        section.rows.push_back(button("undoRestoring", tr("Undo"), [this, &file] {
             file.undoRestoring();
             tellChanged();
         }));

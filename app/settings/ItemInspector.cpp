@@ -10,12 +10,12 @@ namespace {
 std::string kindTitleOf(MenuItem const& item)
 {
     if (item.kind == MenuItemKind::fsObject)
-        return "File, folder or application";
+        return tr("File, folder or application");
     if (item.kind == MenuItemKind::separator)
-        return "Separator";
+        return tr("Separator");
     if (item.kind == MenuItemKind::submenu)
-        return "Submenu";
-    return std::string(item.kind.defaultTitle());
+        return tr("Submenu");
+    return item.kind.defaultTitle();
 }
 
 std::string placeholderFor(MenuItem item)
@@ -26,9 +26,12 @@ std::string placeholderFor(MenuItem item)
 
 std::vector<SettingsChoice> depthChoices(std::int64_t current, Preferences const& preferences)
 {
-    std::vector<SettingsChoice> const offered { { "As in General (" + std::to_string(preferences.maximumScanDepth()) + ")", depthOfPreference },
-        { "None: opens the folder", 0 }, { "1 level", 1 }, { "2 levels", 2 }, { "3 levels", 3 }, { "5 levels", 5 }, { "10 levels", 10 } };
-    return choicesWith(current, offered);
+    // TRANSLATORS: how many levels of folders open; “General” is the first tab of the settings
+    std::vector<SettingsChoice> offered { { tr("As in General (%1)", std::to_string(preferences.maximumScanDepth())), depthOfPreference },
+        { tr("None: opens the folder"), 0 } };
+    for (std::int64_t const levels : { 1, 2, 3, 5, 10 })
+        offered.push_back(choiceOfLevels(levels));
+    return choicesWith(current, std::move(offered));
 }
 
 /// True for kinds whose submenu lists folders, and so has a depth.
@@ -51,7 +54,7 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     fields.hasTitle = !isSeparator;
     fields.title = item.title.value_or("");
     fields.titlePlaceholder = placeholderFor(item);
-    fields.chooseTitle = settingsTexts::choose.title;
+    fields.chooseTitle = tr(settingsTexts::choose.title);
     fields.hasTarget = item.kind == MenuItemKind::fsObject;
     fields.targetPath = item.location && item.location->path ? *item.location->path : std::string();
     fields.targetIsMissing = fields.hasTarget && target.isMissing;
@@ -67,7 +70,7 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     fields.shortcut = item.keyEquivalent;
     fields.note = item.kind.unavailabilityReason().value_or("");
     if (fields.targetIsMissing)
-        fields.note = "This item points at a file that no longer exists.";
+        fields.note = tr(settingsTexts::missingFile);
     return fields;
 }
 

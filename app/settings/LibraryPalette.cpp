@@ -1,5 +1,6 @@
 #include "app/settings/LibraryPalette.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -12,7 +13,8 @@ namespace zv {
 namespace {
 
 constexpr int entriesProperty = 0;
-constexpr char const* applicationsGroup = "Installed Applications";
+
+std::string applicationsGroup() { return tr("Installed Applications"); }
 
 std::string withoutExtension(std::string name) { return name.substr(0, name.find_last_of('.')); }
 
@@ -21,8 +23,8 @@ LibraryEntry entryFor(InstalledApplication const& application)
     LibraryEntry entry;
     entry.id = "application:" + application.file.path();
     entry.title = application.name;
-    entry.localizedDescription = "Opens " + application.name + ".";
-    entry.group = applicationsGroup;
+    entry.localizedDescription = tr("Opens %1.", application.name);
+    entry.group = applicationsGroup();
     entry.itemTemplate = MenuItem::ofKind(MenuItemKind::fsObject);
     entry.itemTemplate.title = application.name;
     entry.itemTemplate.location.emplace().path = application.file.path();
@@ -39,7 +41,8 @@ void tellApart(std::span<LibraryEntry> entries)
     }
     for (std::size_t i = 0; i < entries.size(); ++i) {
         if (isAlike[i])
-            entries[i].title += " (" + withoutExtension(Url::fromPath(*entries[i].itemTemplate.location->path).lastPathComponent()) + ")";
+            // TRANSLATORS: an application's name, and that of its file, which tells it from another one of that name
+            entries[i].title = tr("%1 (%2)", entries[i].title, withoutExtension(Url::fromPath(*entries[i].itemTemplate.location->path).lastPathComponent()));
     }
 }
 
@@ -102,7 +105,7 @@ std::vector<MenuItem const*> LibraryPalette::itemsFound(std::vector<MenuItem> co
 
 void LibraryPalette::setApplications(std::vector<InstalledApplication> applications)
 {
-    std::erase_if(m_entries, [](auto const& entry) { return entry.group == applicationsGroup; });
+    std::erase_if(m_entries, [group = applicationsGroup()](auto const& entry) { return entry.group == group; });
     std::sort(applications.begin(), applications.end(), [](auto const& a, auto const& b) { return localizedStandardCompare(a.name, b.name) < 0; });
     auto const first = m_entries.size();
     std::transform(applications.begin(), applications.end(), std::back_inserter(m_entries), entryFor);

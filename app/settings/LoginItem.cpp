@@ -48,7 +48,7 @@ void LoginItem::openSettings() { m_service.openSystemSettings(); }
 Alert LoginItem::alertFor(std::string reason)
 {
     Alert alert;
-    alert.message = "“Open at login” could not be changed.";
+    alert.message = tr("%1 could not be changed.", quoted(tr("Open at login")));
     alert.informativeText = std::move(reason);
     return alert;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/Translation.h"
 #include "platform/desk/Alerts.h"
 #include "platform/program/LoginService.h"
 
@@ -36,12 +37,12 @@ public:
     /// The alert for a failed change; the reason is a sentence.
     [[nodiscard]] static Alert alertFor(std::string reason);
 
-    static constexpr char const* approvalNote
-        = "Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.";
-    static constexpr char const* approvalButton = "Open Login Items Settings";
-    static constexpr char const* autostartButton = "Open Autostart Settings";
-    static constexpr char const* helpText
-        = "If you do not select this checkbox, you’ll get the standard Apple menu every login until you manually open Zanthe Vell yourself.";
+    static constexpr Sentence approvalNote
+        = mark("Zanthe Vell is switched off under Background App Activity, so it will not open at login until you switch it back on there.");
+    static constexpr Sentence approvalButton = mark("Open Login Items Settings");
+    static constexpr Sentence autostartButton = mark("Open Autostart Settings");
+    static constexpr Sentence helpText
+        = mark("If you do not select this checkbox, you’ll get the standard Apple menu every login until you manually open Zanthe Vell yourself.");
 
 private:
     LoginService& m_service;

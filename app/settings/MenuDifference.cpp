@@ -1,6 +1,7 @@
 #include "app/settings/MenuDifference.h"
 
 #include "app/menu/DisplayText.h"
+#include "base/Translation.h"
 
 #include <map>
 #include <optional>
@@ -46,21 +47,20 @@ bool isAlike(Placed const& a, Placed const& b)
         && one.isHidden == other.isHidden && one.scanDepth == other.scanDepth && one.unrecognizedKeys == other.unrecognizedKeys && pathOf(one) == pathOf(other);
 }
 
-std::string titleOf(MenuItem const& item) { return item.kind == MenuItemKind::separator ? "a separator" : "“" + displayText(item.displayTitle()) + "”"; }
+std::string titleOf(MenuItem const& item) { return item.kind == MenuItemKind::separator ? tr("a separator") : quoted(displayText(item.displayTitle())); }
 
 std::string titlesOf(std::vector<MenuItem const*> const& items)
 {
-    std::string text;
+    std::vector<std::string> titles;
     auto const named = items.size() > titlesNamed ? titlesNamed - 1 : items.size();
     for (std::size_t i = 0; i < named; ++i)
-        text += (i == 0 ? "" : i + 1 == items.size() ? " and " : ", ") + titleOf(*items[i]);
-    return named == items.size() ? text : text + " and " + std::to_string(items.size() - named) + " more";
-}
-
-std::string sentence(std::vector<MenuItem const*> const& items, char const* what)
-{
-    auto const count = std::to_string(items.size()) + (items.size() == 1 ? " item is " : " items are ");
-    return items.empty() ? std::string() : count + what + ": " + titlesOf(items) + ".\n";
+        titles.push_back(titleOf(*items[i]));
+    if (named < items.size())
+        return trn("%2 and %1 more", "%2 and %1 more", items.size() - named, listed(titles));
+    auto const last = titles.back();
+    titles.pop_back();
+    // TRANSLATORS: the end of a list; %1 may be several, with commas
+    return titles.empty() ? last : tr("%1 and %2", listed(titles), last);
 }
 
 } // namespace
@@ -86,8 +86,15 @@ MenuDifference differenceBetween(std::vector<MenuItem> const& before, std::vecto
 
 std::string describe(MenuDifference const& difference)
 {
-    auto const text = sentence(difference.added, "added") + sentence(difference.removed, "removed") + sentence(difference.changed, "changed");
-    return text.empty() ? "It holds the same items.\n" : text;
+    auto const &added = difference.added, &removed = difference.removed, &changed = difference.changed;
+    std::string text;
+    if (!added.empty())
+        text += trn("%1 item is added: %2.", "%1 items are added: %2.", added.size(), titlesOf(added)) + "\n";
+    if (!removed.empty())
+        text += trn("%1 item is removed: %2.", "%1 items are removed: %2.", removed.size(), titlesOf(removed)) + "\n";
+    if (!changed.empty())
+        text += trn("%1 item is changed: %2.", "%1 items are changed: %2.", changed.size(), titlesOf(changed)) + "\n";
+    return text.empty() ? tr("It holds the same items.") + "\n" : text;
 }
 
 } // namespace zv

@@ -25,7 +25,7 @@ DropOutcome take(MenuDrop const& drop, MenuEditor& editor, MenuEditor::Position 
     if (dropped)
         return { true, std::nullopt };
     Alert alert;
-    alert.message = settingsTexts::itemsNotAdded;
+    alert.message = tr(settingsTexts::itemsNotAdded);
     alert.informativeText = dropped.error();
     return { false, alert };
 }

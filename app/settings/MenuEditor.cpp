@@ -3,6 +3,7 @@
 #include "app/model/PlainText.h"
 #include "app/settings/MenuDifference.h"
 #include "base/MainThread.h"
+#include "base/Translation.h"
 
 #include <algorithm>
 
@@ -116,12 +117,19 @@ MenuEditor::Position MenuEditor::positionAfter(Ids const& selection, std::option
 
 void MenuEditor::addEntry(LibraryEntry const& entry, Position const& position)
 {
-    add("Add " + entry.title, { menuTree::withFreshIds(entry.itemTemplate) }, position);
+    // TRANSLATORS: an edit that can be undone; %1 is an entry of the library
+    add(tr("Add %1", entry.title), { menuTree::withFreshIds(entry.itemTemplate) }, position);
 }
 
-void MenuEditor::addSubmenu(Position const& position) { add("Add Submenu", { MenuItem::ofKind(MenuItemKind::submenu) }, position); }
+void MenuEditor::addSubmenu(Position const& position)
+{
+    add(trc("edit that can be undone", "Add Submenu"), { MenuItem::ofKind(MenuItemKind::submenu) }, position);
+}
 
-void MenuEditor::addSeparator(Position const& position) { add("Add Separator", { MenuItem::ofKind(MenuItemKind::separator) }, position); }
+void MenuEditor::addSeparator(Position const& position)
+{
+    add(trc("edit that can be undone", "Add Separator"), { MenuItem::ofKind(MenuItemKind::separator) }, position);
+}
 
 std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position const& position)
 {
@@ -137,9 +145,9 @@ std::vector<Url> MenuEditor::addFiles(std::vector<Url> const& files, Position co
         item.location = ItemLocation::forURL(file, m_services.locations);
         added.push_back(std::move(item));
     }
-    auto const* name = added.size() == 1 ? "Add File" : "Add Files";
+    auto name = added.size() == 1 ? trc("edit that can be undone", "Add File") : trc("edit that can be undone", "Add Files");
     if (!added.empty())
-        add(name, std::move(added), position);
+        add(std::move(name), std::move(added), position);
     return missing;
 }
 
@@ -156,7 +164,7 @@ bool MenuEditor::move(Ids const& ids, Position const& position)
     auto after = items();
     if (!menuTree::move(after, ids, position))
         return false;
-    commit("Move", std::move(after), ids);
+    commit(trc("edit that can be undone", "Move"), std::move(after), ids);
     return true;
 }
 
@@ -191,7 +199,7 @@ bool MenuEditor::moveBy(Ids const& ids, int step)
     auto after = items();
     if (!menuTree::move(after, ids, *position) || after == items())
         return false;
-    commit(step < 0 ? "Move Up" : "Move Down", std::move(after), ids);
+    commit(step < 0 ? trc("edit that can be undone", "Move Up") : trc("edit that can be undone", "Move Down"), std::move(after), ids);
     return true;
 }
 
@@ -199,7 +207,7 @@ void MenuEditor::remove(Ids const& ids)
 {
     auto after = items();
     menuTree::remove(after, ids);
-    commit("Delete", std::move(after), neighbourOf(ids));
+    commit(trc("edit that can be undone", "Delete"), std::move(after), neighbourOf(ids));
 }
 
 MenuEditor::Ids MenuEditor::neighbourOf(Ids const& ids) const
@@ -226,7 +234,7 @@ void MenuEditor::duplicate(Ids const& ids)
         if (!menuTree::insert(after, { std::move(copy) }, position))
             return;
     }
-    commit("Duplicate", std::move(after), std::move(selection));
+    commit(trc("edit that can be undone", "Duplicate"), std::move(after), std::move(selection));
 }
 
 std::vector<std::string> MenuEditor::records(Ids const& ids) const
@@ -243,30 +251,30 @@ Result<void> MenuEditor::drop(std::vector<std::string> const& records, Position 
     for (auto const& record : records) {
         auto item = menuItemFromDragRecord(record);
         if (!item)
-            return Failure { "What was dropped is no menu item: " + item.error().description() + "." };
+            return Failure { tr("What was dropped is no menu item: %1.", item.error().description()) };
         dropped.push_back(std::move(*item));
     }
     auto const ids = idsOf(dropped);
     bool const areAllHere = std::all_of(ids.begin(), ids.end(), [&](auto const& id) { return findItem(items(), id) != nullptr; });
     if (drop == Drop::move && areAllHere) {
         if (!move(ids, position))
-            return Failure { "A submenu cannot be put into itself." };
+            return Failure { tr("A submenu cannot be put into itself.") };
         return {};
     }
     std::transform(dropped.begin(), dropped.end(), dropped.begin(), menuTree::withFreshIds);
-    auto const* name = dropped.size() == 1 ? "Add Item" : "Add Items";
-    add(name, std::move(dropped), position);
+    auto name = dropped.size() == 1 ? trc("edit that can be undone", "Add Item") : trc("edit that can be undone", "Add Items");
+    add(std::move(name), std::move(dropped), position);
     return {};
 }
 
 void MenuEditor::setTitle(Uuid const& id, std::string const& title)
 {
-    edit("Change Title", id, [&](MenuItem& item) { item.title = title.empty() ? std::nullopt : std::optional(title); });
+    edit(trc("edit that can be undone", "Change Title"), id, [&](MenuItem& item) { item.title = title.empty() ? std::nullopt : std::optional(title); });
 }
 
 void MenuEditor::setTarget(Uuid const& id, Url const& target)
 {
-    edit("Choose Target", id, [&](MenuItem& item) {
+    edit(trc("edit that can be undone", "Choose Target"), id, [&](MenuItem& item) {
         bool const hasGivenTitle = item.title && item.location && item.location->path && item.title == titleFor(Url::fromPath(*item.location->path));
         if (!item.title || hasGivenTitle)
             item.title = titleFor(target);
@@ -276,7 +284,7 @@ void MenuEditor::setTarget(Uuid const& id, Url const& target)
 
 void MenuEditor::setOwnTarget(Uuid const& id, Url const& target, std::string const& title)
 {
-    edit("Change Item", id, [&](MenuItem& item) {
+    edit(trc("edit that can be undone", "Change Item"), id, [&](MenuItem& item) {
         item.title = title;
         item.location = ItemLocation::forURL(target, m_services.locations);
     });
@@ -284,25 +292,25 @@ void MenuEditor::setOwnTarget(Uuid const& id, Url const& target, std::string con
 
 void MenuEditor::setScanDepth(Uuid const& id, std::optional<std::int64_t> depth)
 {
-    edit("Change Depth", id, [&](MenuItem& item) { item.scanDepth = depth; });
+    edit(trc("edit that can be undone", "Change Depth"), id, [&](MenuItem& item) { item.scanDepth = depth; });
 }
 
 void MenuEditor::setFolderChoices(Uuid const& id, FolderChoices const& choices)
 {
-    edit("Change Order and Choice", id, [&](MenuItem& item) { zv::setFolderChoices(item, choices); });
+    edit(trc("edit that can be undone", "Change Order and Choice"), id, [&](MenuItem& item) { zv::setFolderChoices(item, choices); });
 }
 
 void MenuEditor::setHidden(Uuid const& id, bool isHidden)
 {
-    edit(isHidden ? "Hide" : "Show", id, [&](MenuItem& item) { item.isHidden = isHidden; });
+    edit(isHidden ? trc("edit that can be undone", "Hide") : trc("edit that can be undone", "Show"), id, [&](MenuItem& item) { item.isHidden = isHidden; });
 }
 
 void MenuEditor::setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec)
 {
-    edit("Change Shortcut", id, [&](MenuItem& item) { item.keyEquivalent = spec; });
+    edit(trc("edit that can be undone", "Change Shortcut"), id, [&](MenuItem& item) { item.keyEquivalent = spec; });
 }
 
-void MenuEditor::restoreDefaultMenu() { replaceMenu(m_services.store.defaultMenu(), "Restore Default Menu"); }
+void MenuEditor::restoreDefaultMenu() { replaceMenu(m_services.store.defaultMenu(), trc("edit that can be undone", "Restore Default Menu")); }
 
 void MenuEditor::replaceMenu(std::vector<MenuItem> items, std::string const& editName) { commit(editName, std::move(items), std::nullopt, Keeping::always); }
 
@@ -383,7 +391,7 @@ void MenuEditor::observe()
         [this] {
             observe();
             if (!m_isPutting && items() != m_known)
-                tell("Change from Outside", std::nullopt);
+                tell(trc("edit that can be undone", "Change from Outside"), std::nullopt);
         });
 }
 

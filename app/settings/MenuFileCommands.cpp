@@ -2,15 +2,16 @@
 
 #include "app/settings/MenuDifference.h"
 #include "app/settings/SettingsTexts.h"
+#include "base/Translation.h"
 #include "platform/text/DateText.h"
 
 namespace zv {
 
 namespace {
 
-constexpr char const* canBeUndone = "You can undo this, and your menu is kept among the backups.";
+constexpr Sentence canBeUndone = mark("You can undo this, and your menu is kept among the backups.");
 
-std::string counted(std::size_t count) { return std::to_string(count) + (count == 1 ? " item" : " items"); }
+std::string counted(std::size_t count) { return trn("%1 item", "%1 items", count); }
 
 /// Including all levels.
 std::size_t countOf(std::vector<MenuItem> const& items)
@@ -25,23 +26,23 @@ std::size_t countOf(std::vector<MenuItem> const& items)
 
 void MenuFileCommands::exportMenu()
 {
-    auto const file = m_services.panels.chooseToSave("Export Menu", "Zanthe Vell Menu.plist");
+    auto const file = m_services.panels.chooseToSave(tr("Export Menu"), tr("Zanthe Vell Menu") + ".plist");
     if (!file)
         return;
     auto const document = menuDocument(m_services.editor.items());
     auto const exported = document ? m_services.files.write(*file, *document) : Failure { document.error() };
     if (!exported)
-        tell("The menu could not be exported to “" + file->lastPathComponent() + "”.", exported.error());
+        tell(tr("The menu could not be exported to %1.", quoted(file->lastPathComponent())), exported.error());
 }
 
 void MenuFileCommands::importMenu()
 {
-    auto const files
-        = m_services.panels.chooseToOpen({ settingsTexts::importMenu, FilePanelKind::menuDocument, settingsTexts::menuDocuments, settingsTexts::allFiles });
+    auto const files = m_services.panels.chooseToOpen(
+        { tr(settingsTexts::importMenu), FilePanelKind::menuDocument, tr(settingsTexts::menuDocuments), tr(settingsTexts::allFiles) });
     if (files.empty())
         return;
     if (auto menu = read(files.front()))
-        m_services.editor.replaceMenu(std::move(menu->items), settingsTexts::importMenu);
+        m_services.editor.replaceMenu(std::move(menu->items), trc("edit that can be undone", "Import Menu"));
 }
 
 std::vector<MenuBackup> MenuFileCommands::backups() const { return m_services.backups.list(); }
@@ -51,11 +52,12 @@ void MenuFileCommands::restoreBackup(MenuBackup const& backup)
     auto menu = read(backup.file);
     if (!menu)
         return;
-    auto const replaced = "Your menu of " + counted(countOf(m_services.editor.items())) + " is replaced by one of " + counted(menu->itemCount) + ".\n";
+    // TRANSLATORS: %1 and %2 are counts, as “%1 items” is translated: 12 items
+    auto const replaced = tr("Your menu of %1 is replaced by one of %2.", counted(countOf(m_services.editor.items())), counted(menu->itemCount)) + "\n";
     auto const differing = describe(differenceBetween(m_services.editor.items(), menu->items));
-    if (!confirms("Restore the menu of " + localizedDateAndTime(backup.time) + "?", replaced + differing + canBeUndone, "Restore"))
+    if (!confirms(tr("Restore the menu of %1?", localizedDateAndTime(backup.time)), replaced + differing + tr(canBeUndone), trc("button", "Restore")))
         return;
-    m_services.editor.replaceMenu(std::move(menu->items), "Restore Backup");
+    m_services.editor.replaceMenu(std::move(menu->items), trc("edit that can be undone", "Restore Backup"));
     m_restored = m_services.editor.items();
 }
 
@@ -67,8 +69,8 @@ void MenuFileCommands::undoRestoring()
 
 void MenuFileCommands::restoreDefaultMenu()
 {
-    auto const replaced = "Your menu is replaced by the one that came with Zanthe Vell. ";
-    if (confirms("Restore the default menu?", std::string(replaced) + canBeUndone, "Restore Default Menu"))
+    auto const replaced = tr("Your menu is replaced by the one that came with Zanthe Vell.");
+    if (confirms(tr("Restore the default menu?"), inSequence(replaced, tr(canBeUndone)), trc("button", "Restore Default Menu")))
         m_services.editor.restoreDefaultMenu();
 }
 
@@ -77,7 +79,7 @@ bool MenuFileCommands::confirms(std::string message, std::string informativeText
     Alert question;
     question.message = std::move(message);
     question.informativeText = std::move(informativeText);
-    question.buttons = { std::move(button), "Cancel" };
+    question.buttons = { std::move(button), tr("Cancel") };
     question.escapeButton = 1;
     return m_services.alerts.run(question) == 0;
 }
@@ -85,13 +87,13 @@ bool MenuFileCommands::confirms(std::string message, std::string informativeText
 /// The menu in the file; else says why there is none.
 std::optional<ImportedMenu> MenuFileCommands::read(Url const& file)
 {
-    auto const message = "“" + file.lastPathComponent() + "” could not be imported.";
+    auto const message = tr("%1 could not be imported.", quoted(file.lastPathComponent()));
     auto const bytes = m_services.files.read(file);
     if (!bytes)
         return tell(message, bytes.error()), std::nullopt;
     auto menu = readMenuDocument(*bytes, m_services.locations);
     if (!menu)
-        return tell(message, menu.error().description() + ". Your menu stays as it is."), std::nullopt;
+        return tell(message, tr("%1. Your menu stays as it is.", menu.error().description())), std::nullopt;
     return std::move(menu).value();
 }
 

@@ -2,13 +2,13 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/settings/RecorderRules.h"
+#include "base/Translation.h"
 
 namespace zv {
 
 namespace {
 
-constexpr char const* missingFile = "This item points at a file that no longer exists.";
-constexpr char const* takenElsewhere = "Another app already uses this combination.";
+std::string alreadyUses(std::string const& title) { return tr("%1 already uses this combination.", quoted(displayText(title))); }
 
 } // namespace
 
@@ -27,7 +27,7 @@ OutlineRow MenuOutline::row(MenuItem const& item) const
 std::string MenuOutline::badgeOf(MenuItem const& item) const
 {
     if (m_services.store.unresolvedItemIDs().contains(item.id))
-        return missingFile;
+        return tr(settingsTexts::missingFile);
     if (auto const reason = item.kind.unavailabilityReason())
         return *reason;
     return conflictOf(item).text;
@@ -51,16 +51,15 @@ ShortcutNote MenuOutline::conflictOf(MenuItem const& item) const
         if (registration.shortcut == shortcut)
             return ownedBy(registration.target);
     }
-    return { takenElsewhere, std::nullopt };
+    return { tr("Another app already uses this combination."), std::nullopt };
 }
 
 ShortcutNote MenuOutline::ownedBy(HotkeyTarget const& owner) const
 {
-    auto const uses = [](std::string const& title) { return "“" + displayText(title) + "” already uses this combination."; };
     if (auto const* file = owner.fileURL())
-        return { uses(file->lastPathComponent()), std::nullopt };
+        return { alreadyUses(file->lastPathComponent()), std::nullopt };
     auto const* item = owner.itemID() ? m_services.store.find(*owner.itemID()) : nullptr;
-    return item ? ShortcutNote { uses(item->displayTitle()), item->id } : ShortcutNote { uses("Open by a key"), std::nullopt };
+    return item ? ShortcutNote { alreadyUses(item->displayTitle()), item->id } : ShortcutNote { alreadyUses(tr("Open by a key")), std::nullopt };
 }
 
 } // namespace zv

@@ -25,7 +25,7 @@ struct OutlineRow {
     /// The title as drawn; a separator's is a line.
     [[nodiscard]] std::string shownTitle() const { return isSeparator ? settingsTexts::separatorLine : title; }
     /// The title for assistive tools.
-    [[nodiscard]] std::string spokenTitle() const { return isSeparator ? settingsTexts::separator : title; }
+    [[nodiscard]] std::string spokenTitle() const { return isSeparator ? tr(settingsTexts::separator) : title; }
 };
 
 /// What is to be said beside an item's recorder.

@@ -1,6 +1,7 @@
 #include "app/settings/OwnItemForm.h"
 
 #include "app/model/PlainText.h"
+#include "base/Translation.h"
 #include "base/Url.h"
 #include "platform/text/Text.h"
 
@@ -32,10 +33,10 @@ std::string addressFor(std::string const& typed) { return typed.empty() || Url::
 std::string problemOf(OwnItem const& item)
 {
     if (item.kind == OwnItem::Kind::link)
-        return Url::parse(item.text) ? "" : "Type an address, such as https://example.org.";
+        return Url::parse(item.text) ? "" : tr("Type an address, such as https://example.org.");
     if (item.text.empty())
-        return "Type the line to run.";
-    return item.folder.empty() || item.folder.starts_with('/') ? "" : "The folder begins with “/”.";
+        return tr("Type the line to run.");
+    return item.folder.empty() || item.folder.starts_with('/') ? "" : tr("The folder begins with “/”.");
 }
 
 FormField text(std::string id, std::string title, std::string value, std::string placeholder)
@@ -55,23 +56,26 @@ std::string titleFor(OwnItem const& item)
 
 Form ownItemForm(OwnItem const& item)
 {
-    static constexpr char const* titles[] = { "Link", "Command", "Script Menu" };
-    static constexpr char const* notes[] = { "Opens an address in the browser, or in the program for its scheme.", "Runs a line in your shell.",
-        "Runs a line in your shell each time its submenu opens, for 10 seconds at most. Each line of its output is an entry: “Title | href=… bash=… key=…”, "
-        "“---” "
-        "is a line, “--” before a title puts it into a submenu." };
+    static constexpr Sentence titles[]
+        = { markc("of the user’s own", "Link"), markc("of the user’s own", "Command"), markc("of the user’s own", "Script Menu") };
+    static constexpr Sentence notes[] = { mark("Opens an address in the browser, or in the program for its scheme."), mark("Runs a line in your shell."),
+        // TRANSLATORS: href=, bash= and key= are words of the output, and stay as they are
+        mark("Runs a line in your shell each time its submenu opens, for 10 seconds at most. Each line of its output is an entry: “Title | href=… bash=… "
+             "key=…”, "
+             "“---” is a line, “--” before a title puts it into a submenu.") };
     bool const isLink = item.kind == OwnItem::Kind::link;
     Form form;
-    form.title = titles[static_cast<int>(item.kind)];
-    form.note = notes[static_cast<int>(item.kind)];
-    form.accept = item.text.empty() ? "Add" : "Change";
-    form.cancel = "Cancel";
-    form.fields.push_back(isLink ? text("text", "Address", item.text, "https://example.org") : text("text", "Line", item.text, "echo Hello"));
-    form.fields.push_back(text("title", "Title", item.title, ""));
+    form.title = tr(titles[static_cast<int>(item.kind)]);
+    form.note = tr(notes[static_cast<int>(item.kind)]);
+    form.accept = item.text.empty() ? trc("button", "Add") : trc("button", "Change");
+    form.cancel = tr("Cancel");
+    form.fields.push_back(isLink ? text("text", trc("of a link", "Address"), item.text, "https://example.org")
+                                 : text("text", trc("of a shell", "Line"), item.text, "echo Hello"));
+    form.fields.push_back(text("title", trc("of an entry", "Title"), item.title, ""));
     if (!isLink)
-        form.fields.push_back(text("folder", "Working folder", item.folder, "Your home folder"));
+        form.fields.push_back(text("folder", tr("Working folder"), item.folder, tr("Your home folder")));
     if (item.kind == OwnItem::Kind::command)
-        form.fields.push_back({ FormField::Kind::toggle, "inTerminal", "In a terminal", {}, {}, item.inTerminal });
+        form.fields.push_back({ FormField::Kind::toggle, "inTerminal", tr("In a terminal"), {}, {}, item.inTerminal });
     form.problem = [kind = item.kind](auto const& fields) { return problemOf(ownItemOf(kind, fields)); };
     return form;
 }

@@ -2,6 +2,7 @@
 
 #include "app/actions/SystemPlaces.h"
 #include "app/doctor/PermissionText.h"
+#include "base/Translation.h"
 
 #include <string>
 
@@ -12,13 +13,13 @@ namespace {
 struct Described {
     Permission permission;
     char const* id;
-    char const* button;
+    Sentence button;
     std::string_view pane;
 };
 
 constexpr Described all[] = {
-    { Permission::automation, "automation", "Open Automation Settings", automationPane },
-    { Permission::accessibility, "accessibility", "Open Accessibility Settings", accessibilityPane },
+    { Permission::automation, "automation", mark("Open Automation Settings"), automationPane },
+    { Permission::accessibility, "accessibility", mark("Open Accessibility Settings"), accessibilityPane },
 };
 
 SettingsRow stateRow(Described const& described, PermissionState state)
@@ -26,7 +27,8 @@ SettingsRow stateRow(Described const& described, PermissionState state)
     auto const text = permissionText(described.permission, state);
     SettingsRow row;
     row.id = described.id;
-    row.title = text.name + ": " + text.state + ". " + text.reason;
+    // TRANSLATORS: a permission's name, and whether it is given
+    row.title = inSequence(tr("%1: %2.", text.name, text.state), text.reason);
     return row;
 }
 
@@ -35,7 +37,7 @@ SettingsRow paneRow(Described const& described, std::function<void(std::string_v
     SettingsRow row;
     row.kind = SettingsRow::Kind::button;
     row.id = std::string(described.id) + "Settings";
-    row.title = described.button;
+    row.title = tr(described.button);
     row.press = [openPane, pane = described.pane] { openPane(pane); };
     return row;
 }
@@ -44,7 +46,7 @@ SettingsRow paneRow(Described const& described, std::function<void(std::string_v
 
 SettingsSection permissionSection(Permissions const& permissions, std::function<void(std::string_view)> const& openPane)
 {
-    SettingsSection section { "Permissions", {} };
+    SettingsSection section { tr("Permissions"), {} };
     for (auto const& described : all) {
         section.rows.push_back(stateRow(described, permissions.state(described.permission)));
         section.rows.push_back(paneRow(described, openPane));

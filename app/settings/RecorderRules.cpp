@@ -1,5 +1,6 @@
 #include "app/settings/RecorderRules.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -15,26 +16,30 @@ constexpr std::uint16_t escapeKeyCode = 53;
 /// A shortcut that nearly every program has, or the desktop, and its use there.
 struct KnownShortcut {
     std::string_view shortcut; ///< as glyphs
-    std::string_view use;
+    Sentence use;
 };
 
-constexpr std::array linuxShortcuts { KnownShortcut { "⌃A", "Select All" }, KnownShortcut { "⌃C", "Copy" }, KnownShortcut { "⌃F", "Find" },
-    KnownShortcut { "⌃N", "New" }, KnownShortcut { "⌃O", "Open" }, KnownShortcut { "⌃P", "Print" }, KnownShortcut { "⌃Q", "Quit" },
-    KnownShortcut { "⌃S", "Save" }, KnownShortcut { "⌃T", "New Tab" }, KnownShortcut { "⌃V", "Paste" }, KnownShortcut { "⌃W", "Close" },
-    KnownShortcut { "⌃X", "Cut" }, KnownShortcut { "⌃Z", "Undo" }, KnownShortcut { "⌥F4", "Close Window" }, KnownShortcut { "⌥F2", "Run" },
-    KnownShortcut { "F1", "Help" }, KnownShortcut { "F5", "Reload" }, KnownShortcut { "F11", "Full Screen" }, KnownShortcut { "⎋", "Cancel" } };
+constexpr std::array linuxShortcuts { KnownShortcut { "⌃A", mark("Select All") }, KnownShortcut { "⌃C", markc("menu bar", "Copy") },
+    KnownShortcut { "⌃F", markc("menu bar", "Find") }, KnownShortcut { "⌃N", markc("menu bar", "New") }, KnownShortcut { "⌃O", markc("menu bar", "Open") },
+    KnownShortcut { "⌃P", markc("menu bar", "Print") }, KnownShortcut { "⌃Q", markc("menu bar", "Quit") }, KnownShortcut { "⌃S", markc("menu bar", "Save") },
+    KnownShortcut { "⌃T", markc("menu bar", "New Tab") }, KnownShortcut { "⌃V", mark("Paste") }, KnownShortcut { "⌃W", markc("menu bar", "Close") },
+    KnownShortcut { "⌃X", mark("Cut") }, KnownShortcut { "⌃Z", mark("Undo") }, KnownShortcut { "⌥F4", markc("menu bar", "Close Window") },
+    KnownShortcut { "⌥F2", markc("menu bar", "Run") }, KnownShortcut { "F1", markc("menu bar", "Help") }, KnownShortcut { "F5", markc("menu bar", "Reload") },
+    KnownShortcut { "F11", markc("menu bar", "Full Screen") }, KnownShortcut { "⎋", mark("Cancel") } };
 
-constexpr std::array macShortcuts { KnownShortcut { "⌘A", "Select All" }, KnownShortcut { "⌘C", "Copy" }, KnownShortcut { "⌘F", "Find" },
-    KnownShortcut { "⌘H", "Hide" }, KnownShortcut { "⌘M", "Minimize" }, KnownShortcut { "⌘N", "New" }, KnownShortcut { "⌘O", "Open" },
-    KnownShortcut { "⌘P", "Print" }, KnownShortcut { "⌘Q", "Quit" }, KnownShortcut { "⌘S", "Save" }, KnownShortcut { "⌘T", "New Tab" },
-    KnownShortcut { "⌘V", "Paste" }, KnownShortcut { "⌘W", "Close" }, KnownShortcut { "⌘X", "Cut" }, KnownShortcut { "⌘Z", "Undo" },
-    KnownShortcut { "⌘,", "Settings" }, KnownShortcut { "⌥⌘⎋", "Force Quit" }, KnownShortcut { "⎋", "Cancel" } };
+constexpr std::array macShortcuts { KnownShortcut { "⌘A", mark("Select All") }, KnownShortcut { "⌘C", markc("menu bar", "Copy") },
+    KnownShortcut { "⌘F", markc("menu bar", "Find") }, KnownShortcut { "⌘H", markc("menu bar", "Hide") }, KnownShortcut { "⌘M", mark("Minimize") },
+    KnownShortcut { "⌘N", markc("menu bar", "New") }, KnownShortcut { "⌘O", markc("menu bar", "Open") }, KnownShortcut { "⌘P", markc("menu bar", "Print") },
+    KnownShortcut { "⌘Q", markc("menu bar", "Quit") }, KnownShortcut { "⌘S", markc("menu bar", "Save") }, KnownShortcut { "⌘T", markc("menu bar", "New Tab") },
+    KnownShortcut { "⌘V", mark("Paste") }, KnownShortcut { "⌘W", markc("menu bar", "Close") }, KnownShortcut { "⌘X", mark("Cut") },
+    KnownShortcut { "⌘Z", mark("Undo") }, KnownShortcut { "⌘,", markc("menu bar", "Settings") }, KnownShortcut { "⌥⌘⎋", mark("Force Quit") },
+    KnownShortcut { "⎋", mark("Cancel") } };
 
-std::string_view knownUse(std::string const& shortcut, SystemKind system)
+Sentence knownUse(std::string const& shortcut, SystemKind system)
 {
     auto const known = system == SystemKind::macOS ? std::span<KnownShortcut const>(macShortcuts) : std::span<KnownShortcut const>(linuxShortcuts);
     auto const found = std::find_if(known.begin(), known.end(), [&](auto const& each) { return each.shortcut == shortcut; });
-    return found == known.end() ? std::string_view() : found->use;
+    return found == known.end() ? Sentence() : found->use;
 }
 
 std::optional<KeyEquivalentSpec::Trigger> triggerFor(KeyPress const& press)
@@ -70,11 +75,12 @@ RecorderOutcome recorderOutcome(KeyPress const& press)
 std::string shortcutWarning(KeyEquivalentSpec const& spec, SystemKind system)
 {
     auto const use = knownUse(spec.description(), system);
-    auto const intro = use.empty() ? std::string() : "This is “" + std::string(use) + "” elsewhere. ";
+    // TRANSLATORS: %1 is a command that many programs have, in quotation marks; a key combination calls it there
+    auto const intro = use.isEmpty() ? std::string() : tr("This is %1 elsewhere.", quoted(tr(use)));
     bool const isPlain = spec.noCommand && !spec.control && !spec.option;
     if (isPlain)
-        return intro + "It will be taken from every program, also while you type.";
-    return use.empty() ? std::string() : intro + "It will be taken from every program.";
+        return inSequence(intro, tr("It will be taken from every program, also while you type."));
+    return use.isEmpty() ? std::string() : inSequence(intro, tr("It will be taken from every program."));
 }
 
 } // namespace zv

@@ -18,15 +18,16 @@ std::vector<LibraryEntry> withOwnEntries(std::vector<LibraryEntry> entries)
 {
     struct Row {
         OwnItem::Kind kind;
-        char const *title, *description;
+        Sentence title, description;
     };
     static constexpr Row rows[] = {
-        { OwnItem::Kind::link, "Link…", "Opens an address in the browser." },
-        { OwnItem::Kind::command, "Command…", "Runs a line in your shell or in a terminal." },
-        { OwnItem::Kind::scriptMenu, "Script menu…", "A submenu that a program fills each time it opens." },
+        { OwnItem::Kind::link, markc("of the user’s own", "Link…"), mark("Opens an address in the browser.") },
+        { OwnItem::Kind::command, markc("of the user’s own", "Command…"), mark("Runs a line in your shell or in a terminal.") },
+        { OwnItem::Kind::scriptMenu, markc("of the user’s own", "Script menu…"), mark("A submenu that a program fills each time it opens.") },
     };
     for (auto const& row : rows) {
-        LibraryEntry entry { std::string("own:") + row.title, row.title, row.description, MenuItem::ofKind(MenuItemKind::fsObject), "Your Own", row.kind };
+        LibraryEntry entry { std::string("own:") + row.title.english, tr(row.title), tr(row.description), MenuItem::ofKind(MenuItemKind::fsObject),
+            tr("Your Own"), row.kind };
         entries.insert(entries.begin() + (&row - rows), std::move(entry));
     }
     return entries;
@@ -34,10 +35,11 @@ std::vector<LibraryEntry> withOwnEntries(std::vector<LibraryEntry> entries)
 
 void showOwn(OwnItem const& own, InspectorFields& fields)
 {
-    static constexpr char const* titles[] = { "Link", "Command", "Script menu" };
-    fields.kindTitle = titles[static_cast<int>(own.kind)];
+    static constexpr Sentence titles[]
+        = { markc("of the user’s own", "Link"), markc("of the user’s own", "Command"), markc("of the user’s own", "Script menu") };
+    fields.kindTitle = tr(titles[static_cast<int>(own.kind)]);
     fields.targetPath = own.text;
-    fields.chooseTitle = settingsTexts::editOwn;
+    fields.chooseTitle = tr(settingsTexts::editOwn);
     fields.hasDepth = fields.hasListing = false;
 }
 
@@ -97,7 +99,8 @@ bool SettingsModels::menuShortcutIsTaken() const
 std::optional<std::string> SettingsModels::saveProblem() const
 {
     auto const problem = m_services.store.saveProblem();
-    return problem ? std::optional(*problem + ".") : std::nullopt;
+    // TRANSLATORS: the full stop after a sentence that has none
+    return problem ? std::optional(tr("%1.", *problem)) : std::nullopt;
 }
 
 Result<void> SettingsModels::rename(Url const& file, Url const& renamed)
@@ -154,8 +157,8 @@ bool SettingsModels::mayBeFolder(MenuItem const& item) const
 
 DropOutcome SettingsModels::addChosenFiles(FilePanelKind kind, MenuEditor::Position const& position)
 {
-    auto const* title = kind == FilePanelKind::folder ? settingsTexts::chooseFolder : settingsTexts::chooseFiles;
-    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ title, kind });
+    auto const& title = kind == FilePanelKind::folder ? settingsTexts::chooseFolder : settingsTexts::chooseFiles;
+    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ tr(title), kind });
     return takeFiles(chosen, m_editor, position);
 }
 
@@ -168,7 +171,7 @@ void SettingsModels::chooseTarget(Uuid const& id)
     auto const file = item->location && item->location->path ? std::optional(Url::fromPath(*item->location->path)) : std::nullopt;
     if (auto const own = file ? m_ownItems.read(*file) : std::nullopt)
         return changeOwn(edited, *file, *own);
-    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ settingsTexts::chooseTarget, FilePanelKind::filesAndFolders });
+    auto const chosen = m_services.surface.windows.filePanels.chooseToOpen({ tr(settingsTexts::chooseTarget), FilePanelKind::filesAndFolders });
     if (!chosen.empty())
         m_editor.setTarget(edited, chosen.front());
 }
@@ -190,7 +193,7 @@ DropOutcome SettingsModels::addOwn(LibraryEntry entry, MenuEditor::Position cons
         return {};
     auto const file = m_ownItems.write(*own);
     if (!file)
-        return { false, Alert { AlertStyle::warning, settingsTexts::itemsNotAdded, settingsTexts::asSentence(file.error()) } };
+        return { false, Alert { AlertStyle::warning, tr(settingsTexts::itemsNotAdded), settingsTexts::asSentence(file.error()) } };
     entry.itemTemplate.title = own->title;
     entry.itemTemplate.location = ItemLocation::forURL(*file, locationsOf(m_services.system));
     entry.title = own->title;
@@ -206,7 +209,7 @@ void SettingsModels::changeOwn(Uuid const& id, Url const& file, OwnItem const& o
     if (auto const written = m_ownItems.write(*changed, file))
         m_editor.setOwnTarget(id, *written, changed->title);
     else
-        alerts().run({ AlertStyle::warning, settingsTexts::itemNotChanged, settingsTexts::asSentence(written.error()) });
+        alerts().run({ AlertStyle::warning, tr(settingsTexts::itemNotChanged), settingsTexts::asSentence(written.error()) });
 }
 
 std::optional<OwnItem> SettingsModels::askFor(OwnItem const& own)

@@ -1,5 +1,7 @@
 #include "app/settings/SettingsPage.h"
 
+#include "base/Translation.h"
+
 #include <algorithm>
 
 namespace zv {
@@ -14,6 +16,14 @@ std::string shapeOf(std::vector<SettingsSection> const& sections)
     }
     return shape;
 }
+
+std::string SettingsSection::heading() const
+{
+    // TRANSLATORS: the heading of a group of settings; French has a blank before the colon, Chinese and Japanese a wide one
+    return tr("%1:", title);
+}
+
+SettingsChoice choiceOfLevels(std::int64_t levels) { return { trn("%1 level", "%1 levels", static_cast<std::size_t>(levels)), levels }; }
 
 std::vector<SettingsChoice> choicesWith(std::int64_t stored, std::vector<SettingsChoice> offered)
 {

@@ -48,11 +48,14 @@ struct SettingsSection {
     std::vector<SettingsRow> rows;
 
     /// The text before the first row.
-    [[nodiscard]] std::string heading() const { return title + ":"; }
+    [[nodiscard]] std::string heading() const;
 };
 
 /// Equal for pages with the same controls: equal section titles, row ids and kinds.
 [[nodiscard]] std::string shapeOf(std::vector<SettingsSection> const& sections);
+
+/// "2 levels": how deep something looks into folders.
+[[nodiscard]] SettingsChoice choiceOfLevels(std::int64_t levels);
 
 /// Inserts the stored value into the offered choices, in order, if it is missing: a custom value is
 /// shown and kept.

@@ -4,13 +4,29 @@
 
 namespace zv::settingsTexts {
 
-std::string selected(std::size_t count) { return count == 0 ? "No item selected" : std::to_string(count) + " items selected"; }
+std::string undo(std::string const& edit)
+{
+    if (edit.empty())
+        return tr("Undo");
+    // TRANSLATORS: %1 is an edit that can be undone: “Move”, “Add Separator”
+    return tr("Undo %1", edit);
+}
 
-std::string filesNotAdded(std::size_t count) { return count == 1 ? "One file could not be added." : std::to_string(count) + " files could not be added."; }
+std::string redo(std::string const& edit)
+{
+    if (edit.empty())
+        return tr("Redo");
+    // TRANSLATORS: %1 is an edit that can be undone: “Move”, “Add Separator”
+    return tr("Redo %1", edit);
+}
 
-std::string recorderWith(std::string const& value) { return std::string(recorder) + ": " + value; }
+std::string selected(std::size_t count) { return count == 0 ? tr("No item selected") : trn("%1 item selected", "%1 items selected", count); }
 
-std::string doesNotExist(std::string const& path) { return path + " does not exist."; }
+std::string withValue(Text const& label, std::string const& value) { return tr("%1: %2", tr(label), value); }
+
+std::string filesNotAdded(std::size_t count) { return trn("One file could not be added.", "%1 files could not be added.", count); }
+
+std::string doesNotExist(std::string const& path) { return tr("%1 does not exist.", path); }
 
 std::string asSentence(std::string const& reason)
 {

@@ -1,5 +1,7 @@
 #include "platform/linux/settings/EmptyText.h"
 
+#include "platform/linux/settings/ShownText.h"
+
 #include <QAbstractScrollArea>
 #include <QPainter>
 
@@ -11,12 +13,12 @@ constexpr int margin = 16;
 
 } // namespace
 
-void paintEmptyText(QAbstractScrollArea& list, char const* sentence)
+void paintEmptyText(QAbstractScrollArea& list, Sentence const& sentence)
 {
     auto* const area = list.viewport();
     QPainter painter(area);
     painter.setPen(list.palette().color(QPalette::PlaceholderText));
-    painter.drawText(area->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap, QString::fromUtf8(sentence));
+    painter.drawText(area->rect().adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap, text(sentence));
 }
 
 } // namespace zv

@@ -2,6 +2,7 @@
 
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/settings/SettingsButton.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,8 +18,6 @@ namespace {
 
 constexpr std::chrono::milliseconds pauseInTyping { 800 };
 constexpr int longestListing = 180;
-
-QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
 QLabel* smallLabel()
 {
@@ -172,7 +171,7 @@ void InspectorView::fill(InspectorFields const& fields)
     setRowVisible(m_depth, fields.hasDepth);
 
     m_listing->setText(m_listing->fontMetrics().elidedText(text(fields.listing), Qt::ElideRight, longestListing));
-    m_listing->setAccessibleName(text(settingsTexts::listing) + QStringLiteral(": ") + text(fields.listing));
+    m_listing->setAccessibleName(text(settingsTexts::withValue(settingsTexts::listing, fields.listing)));
     setRowVisible(m_listing, fields.hasListing);
     m_shortcut->setSpec(fields.shortcut);
     setRowVisible(m_shortcut, fields.hasShortcut);

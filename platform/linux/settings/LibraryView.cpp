@@ -5,6 +5,7 @@
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/MenuTreeModel.h"
 #include "platform/linux/settings/SettingsButton.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -22,8 +23,6 @@ namespace {
 constexpr int entryRole = Qt::UserRole;
 constexpr int itemRole = Qt::UserRole + 1; ///< the id of an item of the menu
 
-QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
-
 } // namespace
 
 /// Drags entries as the records of the items they add.
@@ -39,7 +38,7 @@ public:
         setDragEnabled(true);
         setDragDropMode(QAbstractItemView::DragOnly);
         setSelectionMode(QAbstractItemView::SingleSelection);
-        setAccessibleName(QString::fromUtf8(settingsTexts::library));
+        setAccessibleName(zv::text(settingsTexts::library));
     }
 
     [[nodiscard]] LibraryEntry const* entry(QTreeWidgetItem const* item) const
@@ -75,21 +74,21 @@ LibraryView::LibraryView(SettingsModels& models)
     : m_models(models)
     , m_search(new QLineEdit)
     , m_tree(new Tree(models.palette()))
-    , m_show(settingsButton(QString::fromUtf8(settingsTexts::showInMenu.title)))
+    , m_show(settingsButton(zv::text(settingsTexts::showInMenu.title)))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_search);
     column->addWidget(m_tree, 1);
     column->addWidget(m_show);
-    m_show->setToolTip(QString::fromUtf8(settingsTexts::showInMenu.help));
+    m_show->setToolTip(zv::text(settingsTexts::showInMenu.help));
     m_show->setAccessibleDescription(m_show->toolTip());
     QObject::connect(m_show, &QPushButton::clicked, this, [this] { addChosen(); });
     QObject::connect(m_tree, &QTreeWidget::currentItemChanged, this, [this] { m_show->setVisible(chosenItem().has_value()); });
     m_show->hide();
-    m_search->setPlaceholderText(QString::fromUtf8(settingsTexts::search));
+    m_search->setPlaceholderText(zv::text(settingsTexts::search));
     m_search->setClearButtonEnabled(true);
-    m_search->setAccessibleName(QString::fromUtf8(settingsTexts::searchLibrary));
+    m_search->setAccessibleName(zv::text(settingsTexts::searchLibrary));
     m_search->installEventFilter(this);
     QObject::connect(m_search, &QLineEdit::textChanged, this, [this] { fill(); });
     QObject::connect(m_search, &QLineEdit::returnPressed, this, [this] { addChosen(); });
@@ -158,7 +157,7 @@ void LibraryView::refill()
         }
     }
     if (auto const found = m_models.itemsFound(search); !found.empty())
-        addItems(*addHeading(QString::fromUtf8(settingsTexts::inYourMenu)), found);
+        addItems(*addHeading(zv::text(settingsTexts::inYourMenu)), found);
     m_tree->expandAll();
     m_tree->verticalScrollBar()->setValue(position);
     if (!m_search->text().isEmpty() && m_tree->topLevelItemCount() > 0)

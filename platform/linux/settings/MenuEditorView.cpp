@@ -4,6 +4,7 @@
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/FlowLayout.h"
 #include "platform/linux/settings/SettingsButton.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QAction>
 #include <QApplication>
@@ -89,7 +90,7 @@ public:
         setUniformRowHeights(true);
         setAllColumnsShowFocus(true);
         setIconSize({ menuIconSize, menuIconSize });
-        setAccessibleName(QString::fromUtf8(settingsTexts::outline));
+        setAccessibleName(text(settingsTexts::outline));
         header()->setStretchLastSection(false);
         header()->setSectionResizeMode(0, QHeaderView::Stretch);
         header()->setSectionResizeMode(1, QHeaderView::Interactive);
@@ -192,7 +193,7 @@ QWidget* MenuEditorView::inspectorColumn()
     auto* box = new QVBoxLayout(column);
     box->setContentsMargins(6, 0, 6, 0);
     box->addWidget(m_inspector, 1);
-    auto* restore = settingsButton(QString::fromUtf8(settingsTexts::restoreDefaultMenu));
+    auto* restore = settingsButton(text(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
     box->addWidget(restore);
     auto* area = new QScrollArea;
@@ -217,17 +218,17 @@ void MenuEditorView::resizeEvent(QResizeEvent* event)
 
 QPushButton* MenuEditorView::addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act)
 {
-    auto* button = settingsButton(QString::fromUtf8(texts.title));
-    button->setToolTip(QString::fromUtf8(texts.help));
-    button->setAccessibleDescription(QString::fromUtf8(texts.help));
+    auto* button = settingsButton(text(texts.title));
+    button->setToolTip(text(texts.help));
+    button->setAccessibleDescription(text(texts.help));
     connect(button, &QPushButton::clicked, this, [act = std::move(act)] { act(); });
     line.addWidget(button);
     return button;
 }
 
-QAction* MenuEditorView::addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act)
+QAction* MenuEditorView::addAction(Sentence const& title, QList<QKeySequence> const& keys, std::function<void()> act)
 {
-    auto* action = new QAction(QString::fromUtf8(title), m_outline);
+    auto* action = new QAction(text(title), m_outline);
     action->setShortcuts(keys);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, [act = std::move(act)] { act(); });
@@ -268,10 +269,17 @@ void MenuEditorView::addActions()
 /// Adds undo and redo for the whole window; a text field undoes its own typing first.
 void MenuEditorView::addUndoActions()
 {
-    auto* undo = m_undo.createUndoAction(this, QString::fromUtf8(settingsTexts::undo));
+    auto* undo = m_undo.createUndoAction(this);
     undo->setShortcuts(QKeySequence::Undo);
-    auto* redo = m_undo.createRedoAction(this, QString::fromUtf8(settingsTexts::redo));
+    auto* redo = m_undo.createRedoAction(this);
     redo->setShortcuts(QKeySequence::Redo);
+    // In the place of the toolkit's own words, which are connected before.
+    auto const nameUndo = [undo](QString const& edit) { undo->setText(text(settingsTexts::undo(edit.toStdString()))); };
+    auto const nameRedo = [redo](QString const& edit) { redo->setText(text(settingsTexts::redo(edit.toStdString()))); };
+    connect(&m_undo, &QUndoStack::undoTextChanged, undo, nameUndo);
+    connect(&m_undo, &QUndoStack::redoTextChanged, redo, nameRedo);
+    nameUndo({});
+    nameRedo({});
     for (auto* action : { undo, redo }) {
         QWidget::addAction(action);
         m_outline->addAction(action);

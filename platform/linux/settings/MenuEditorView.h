@@ -38,7 +38,7 @@ private:
     QPushButton* addButton(QLayout& line, settingsTexts::Button const& texts, std::function<void()> act);
     void addActions();
     void addUndoActions();
-    QAction* addAction(char const* title, QList<QKeySequence> const& keys, std::function<void()> act);
+    QAction* addAction(Sentence const& title, QList<QKeySequence> const& keys, std::function<void()> act);
     void addGap();
 
     [[nodiscard]] std::set<Uuid> selection() const;

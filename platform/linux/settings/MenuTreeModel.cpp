@@ -5,6 +5,7 @@
 #include "platform/linux/menu/MenuDragging.h"
 #include "platform/linux/settings/FaintText.h"
 #include "platform/linux/settings/RecorderField.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QApplication>
 #include <QFont>
@@ -332,7 +333,7 @@ QVariant MenuTreeModel::headerData(int section, Qt::Orientation orientation, int
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return QString::fromUtf8(section == titleColumn ? settingsTexts::titleColumn : settingsTexts::shortcutColumn);
+    return text(section == titleColumn ? settingsTexts::titleColumn : settingsTexts::shortcutColumn);
 }
 
 QVariant MenuTreeModel::data(QModelIndex const& index, int role) const

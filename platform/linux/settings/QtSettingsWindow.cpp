@@ -7,6 +7,7 @@
 #include "platform/linux/settings/MenuEditorView.h"
 #include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsPageView.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,8 +22,6 @@ namespace {
 
 constexpr QSize usualSize { 960, 680 };
 constexpr QSize smallestSize { 600, 380 };
-
-QString text(settingsTexts::Text utf8) { return QString::fromUtf8(utf8); }
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "app/settings/RecorderRules.h"
 #include "app/settings/SettingsTexts.h"
 #include "platform/linux/menu/ShortcutText.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -17,7 +18,7 @@ RecorderField::RecorderField(SettingsModels& models, KeyLookup lookUp)
     : m_models(models)
     , m_lookUp(std::move(lookUp))
     , m_field(new QPushButton)
-    , m_clear(new QPushButton(QString::fromUtf8(settingsTexts::clear)))
+    , m_clear(new QPushButton(text(settingsTexts::clear)))
 {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
@@ -27,12 +28,12 @@ RecorderField::RecorderField(SettingsModels& models, KeyLookup lookUp)
     m_field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_field->setMinimumWidth(static_cast<int>(minimumRecorderWidth));
     m_field->setAutoDefault(false);
-    m_field->setToolTip(QString::fromUtf8(settingsTexts::recorderHelp));
-    m_field->setAccessibleDescription(QString::fromUtf8(settingsTexts::recorderHelp));
+    m_field->setToolTip(text(settingsTexts::recorderHelp));
+    m_field->setAccessibleDescription(text(settingsTexts::recorderHelp));
     m_field->installEventFilter(this);
     m_clear->setFlat(true);
     m_clear->setAutoDefault(false);
-    m_clear->setAccessibleName(QString::fromUtf8(settingsTexts::clearShortcut));
+    m_clear->setAccessibleName(text(settingsTexts::clearShortcut));
     connect(m_field, &QPushButton::clicked, this, [this] { setRecording(!m_isRecording); });
     connect(m_clear, &QPushButton::clicked, this, [this] {
         setRecording(false);
@@ -68,10 +69,10 @@ void RecorderField::refresh()
     m_field->setDown(m_isRecording);
     m_clear->setEnabled(m_spec.has_value());
     if (m_isRecording)
-        m_field->setText(QString::fromUtf8(settingsTexts::recording));
+        m_field->setText(text(settingsTexts::recording));
     else
-        m_field->setText(m_spec ? readableShortcut(*m_spec) : QString::fromUtf8(settingsTexts::noShortcut));
-    m_field->setAccessibleName(QString::fromStdString(settingsTexts::recorderWith(m_field->text().toStdString())));
+        m_field->setText(m_spec ? readableShortcut(*m_spec) : text(settingsTexts::noShortcut));
+    m_field->setAccessibleName(text(settingsTexts::withValue(settingsTexts::recorder, m_field->text().toStdString())));
 }
 
 bool RecorderField::eventFilter(QObject* watched, QEvent* event)

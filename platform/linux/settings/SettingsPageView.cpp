@@ -2,6 +2,7 @@
 
 #include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsButton.h"
+#include "platform/linux/settings/ShownText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -23,8 +24,6 @@ namespace {
 constexpr int indentation = 22;
 constexpr int widthOfNotes = 440;
 constexpr int widthForTitlesBeside = 720;
-
-QString text(std::string const& utf8) { return QString::fromStdString(utf8); }
 
 /// A list of choices that leaves the wheel to the page.
 class Choices : public QComboBox {

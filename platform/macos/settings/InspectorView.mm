@@ -34,7 +34,7 @@ InspectorView::InspectorView(SettingsModels& models)
     , m_title([[NSTextField alloc] initWithFrame:NSZeroRect])
     , m_target(note(""))
     , m_depth([[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO])
-    , m_hidden([NSButton checkboxWithTitle:toNSString(settingsTexts::hidden) target:nil action:nil])
+    , m_hidden([NSButton checkboxWithTitle:toNSString(tr(settingsTexts::hidden)) target:nil action:nil])
     , m_shortcutNote(note(""))
     , m_note(note(""))
 {
@@ -62,16 +62,17 @@ void InspectorView::buildForm()
         if (m_id)
             m_models.editor().setKeyEquivalent(*m_id, spec);
     };
-    m_choose = pushButton(settingsTexts::choose.title, settingsTexts::choose.help, m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
+    m_choose = pushButton(
+        tr(settingsTexts::choose.title), tr(settingsTexts::choose.help), m_actions, editing([this](Uuid const& id) { m_models.chooseTarget(id); }));
     NSButton* const show
-        = pushButton(settingsTexts::reveal.title, settingsTexts::reveal.help, m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
-    m_titleRow = titled(settingsTexts::title, m_title);
-    m_targetRow = titled(settingsTexts::target, stack(Direction::column, { m_target, stack(Direction::row, { m_choose, show }) }));
+        = pushButton(tr(settingsTexts::reveal.title), tr(settingsTexts::reveal.help), m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
+    m_titleRow = titled(tr(settingsTexts::title), m_title);
+    m_targetRow = titled(tr(settingsTexts::target), stack(Direction::column, { m_target, stack(Direction::row, { m_choose, show }) }));
     m_depthRow = titled(m_models.wording().depth, m_depth);
-    m_listing = pushButton("", settingsTexts::listingHelp, m_actions, editing([this](Uuid const& id) { m_models.chooseListing(id); }));
-    m_listingRow = titled(settingsTexts::listing, m_listing);
-    m_shortcutRow = titled(settingsTexts::shortcut, m_recorder.view());
-    m_showOwner = pushButton(settingsTexts::showOwner.title, settingsTexts::showOwner.help, m_actions, [this] {
+    m_listing = pushButton("", tr(settingsTexts::listingHelp), m_actions, editing([this](Uuid const& id) { m_models.chooseListing(id); }));
+    m_listingRow = titled(tr(settingsTexts::listing), m_listing);
+    m_shortcutRow = titled(tr(settingsTexts::shortcut), m_recorder.view());
+    m_showOwner = pushButton(tr(settingsTexts::showOwner.title), tr(settingsTexts::showOwner.help), m_actions, [this] {
         if (m_shortcutOwner && onShowItem)
             onShowItem(Uuid(*m_shortcutOwner));
     });
@@ -115,7 +116,7 @@ void InspectorView::fill(InspectorFields const& fields)
     m_note.stringValue = toNSString(fields.note);
     fillDepths(fields);
     m_listing.title = toNSString(fields.listing);
-    m_listing.accessibilityLabel = toNSString(std::string(settingsTexts::listing) + ": " + fields.listing);
+    m_listing.accessibilityLabel = toNSString(settingsTexts::withValue(settingsTexts::listing, fields.listing));
     setShown(m_listingRow, fields.hasListing);
     m_recorder.setSpec(fields.shortcut);
     m_shortcutOwner = fields.shortcutOwner;

@@ -44,13 +44,13 @@
 - (void)makeViews
 {
     _search = [[NSSearchField alloc] initWithFrame:NSZeroRect];
-    _search.placeholderString = zv::toNSString(zv::settingsTexts::search);
-    _search.accessibilityLabel = zv::toNSString(zv::settingsTexts::searchLibrary);
+    _search.placeholderString = zv::toNSString(zv::tr(zv::settingsTexts::search));
+    _search.accessibilityLabel = zv::toNSString(zv::tr(zv::settingsTexts::searchLibrary));
     _search.delegate = self;
     _table = [[ZVLibraryTable alloc] initWithFrame:NSMakeRect(0, 0, 200, 300)];
     [_table addTableColumn:[[NSTableColumn alloc] initWithIdentifier:@"entry"]];
     _table.headerView = nil;
-    _table.accessibilityLabel = zv::toNSString(zv::settingsTexts::library);
+    _table.accessibilityLabel = zv::toNSString(zv::tr(zv::settingsTexts::library));
     _table.dataSource = self;
     _table.delegate = self;
     [_table setDraggingSourceOperationMask:NSDragOperationCopy forLocal:YES];
@@ -60,7 +60,7 @@
     NSScrollView* const scroll = zv::scrollAround(_table);
     scroll.borderType = NSBezelBorder;
     auto const& said = zv::settingsTexts::showInMenu;
-    _showButton = zv::pushButton(said.title, said.help, _actions, [library] { [library addRow:[library->_table selectedRow]]; });
+    _showButton = zv::pushButton(zv::tr(said.title), zv::tr(said.help), _actions, [library] { [library addRow:[library->_table selectedRow]]; });
     _showButton.hidden = YES;
     _view = zv::fillingColumn({ _search, scroll, _showButton });
     zv::setMinimumWidth(_view, 190);
@@ -85,7 +85,7 @@
     }
     auto const found = _models->itemsFound(zv::fromNSString(_search.stringValue));
     if (!found.empty())
-        _rows.push_back({ zv::settingsTexts::inYourMenu, {} });
+        _rows.push_back({ zv::tr(zv::settingsTexts::inYourMenu), {} });
     for (auto const* item : found)
         _rows.push_back({ _models->outline().row(*item).title, {}, item->id });
 }
@@ -165,7 +165,7 @@
         auto const* shown = _models->store().find(*item);
         NSTableCellView* const cell = zv::iconCell(table, @"entry");
         zv::show(cell, shown ? _models->iconOf(*shown) : nullptr, _rows[static_cast<std::size_t>(row)].heading);
-        cell.toolTip = zv::toNSString(zv::settingsTexts::showInMenu.help);
+        cell.toolTip = zv::toNSString(zv::tr(zv::settingsTexts::showInMenu.help));
         return cell;
     }
     if (!entry)

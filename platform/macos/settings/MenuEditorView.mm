@@ -62,10 +62,10 @@ NSString* const titleColumn = @"title";
 NSString* const shortcutColumn = @"shortcut";
 constexpr double widthOfThreeColumns = 800;
 
-NSTableColumn* column(NSString* identifier, texts::Text title, double width)
+NSTableColumn* column(NSString* identifier, texts::Text const& title, double width)
 {
     NSTableColumn* const made = [[NSTableColumn alloc] initWithIdentifier:identifier];
-    made.headerCell.stringValue = zv::toNSString(title);
+    made.headerCell.stringValue = zv::toNSString(zv::tr(title));
     made.width = width;
     return made;
 }
@@ -166,7 +166,7 @@ NSImage* warning(std::string const& spoken)
     _outline.allowsMultipleSelection = YES;
     _outline.dataSource = self;
     _outline.delegate = self;
-    _outline.accessibilityLabel = zv::toNSString(texts::outline);
+    _outline.accessibilityLabel = zv::toNSString(zv::tr(texts::outline));
     [_outline registerForDraggedTypes:@[ zv::recordType(), NSPasteboardTypeFileURL ]];
     [_outline setDraggingSourceOperationMask:NSDragOperationMove | NSDragOperationCopy forLocal:YES];
     [_outline setDraggingSourceOperationMask:NSDragOperationCopy forLocal:NO];
@@ -178,7 +178,8 @@ NSImage* warning(std::string const& spoken)
 - (NSView*)buttons
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
-    auto const button = [&](texts::Button const& said, std::function<void()> act) { return zv::pushButton(said.title, said.help, _actions, std::move(act)); };
+    auto const button
+        = [&](texts::Button const& said, std::function<void()> act) { return zv::pushButton(zv::tr(said.title), zv::tr(said.help), _actions, std::move(act)); };
     _remove = button(texts::remove, [editor] { [editor removeSelected]; });
     NSView* const files = zv::stack(zv::Direction::row,
         {
@@ -195,7 +196,7 @@ NSImage* warning(std::string const& spoken)
 - (NSView*)inspectorColumn
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
-    NSButton* const restore = zv::pushButton(texts::restoreDefaultMenu, {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
+    NSButton* const restore = zv::pushButton(zv::tr(texts::restoreDefaultMenu), {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
     NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), restore });
     made.edgeInsets = NSEdgeInsetsMake(0, 10, 0, 0);
     zv::setMinimumWidth(made, 230);
@@ -277,7 +278,7 @@ NSImage* warning(std::string const& spoken)
 
 - (void)showItem:(zv::Uuid const&)item
 {
-    [self select:{ item }];
+    [self select: { item }];
     [[_outline window] makeFirstResponder:_outline];
 }
 

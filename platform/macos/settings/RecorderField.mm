@@ -76,18 +76,18 @@ RecorderField::RecorderField(SettingsModels& models)
     m_button.bezelStyle = NSBezelStyleRounded;
     m_button.alignment = NSTextAlignmentCenter;
     m_button.font = [NSFont monospacedSystemFontOfSize:NSFont.systemFontSize weight:NSFontWeightRegular];
-    m_button.toolTip = toNSString(settingsTexts::recorderHelp);
-    m_button.accessibilityLabel = toNSString(settingsTexts::recorder);
-    m_button.accessibilityHelp = toNSString(settingsTexts::recorderHelp);
+    m_button.toolTip = toNSString(tr(settingsTexts::recorderHelp));
+    m_button.accessibilityLabel = toNSString(tr(settingsTexts::recorder));
+    m_button.accessibilityHelp = toNSString(tr(settingsTexts::recorderHelp));
     setMinimumWidth(m_button, minimumRecorderWidth);
     [m_button setRecordingChanged:[this](BOOL isRecording) { recordingChanged(isRecording != NO); } pressed:[this](NSEvent* event) { pressed(event); }];
     m_actions.attach(m_button, [this] { m_button.recording = !m_button.isRecording; });
-    m_clear = pushButton(settingsTexts::clear, {}, m_actions, [this] {
+    m_clear = pushButton(tr(settingsTexts::clear), {}, m_actions, [this] {
         m_button.recording = NO;
         take(std::nullopt);
     });
     m_clear.bordered = NO;
-    m_clear.toolTip = m_clear.accessibilityLabel = toNSString(settingsTexts::clearShortcut);
+    m_clear.toolTip = m_clear.accessibilityLabel = toNSString(tr(settingsTexts::clearShortcut));
     m_view = stack(Direction::row, { m_button, m_clear });
     // Recording releases the global hotkeys: it ends when the window loses the keyboard.
     m_observers.observe(NSWindowDidResignKeyNotification, ^(NSNotification* told) {
@@ -136,9 +136,9 @@ void RecorderField::refresh()
 {
     m_clear.enabled = m_spec ? YES : NO;
     if (m_button.isRecording)
-        m_button.title = toNSString(settingsTexts::recording);
+        m_button.title = toNSString(tr(settingsTexts::recording));
     else
-        m_button.title = toNSString(m_spec ? m_spec->description() : std::string(settingsTexts::noShortcut));
+        m_button.title = toNSString(m_spec ? m_spec->description() : tr(settingsTexts::noShortcut));
     m_button.accessibilityValue = m_button.title; // the label takes the title's place
 }
 

@@ -116,9 +116,9 @@ private:
             [m_editor focusSearch];
     }
 
-    void addTab(settingsTexts::Text said, NSString* symbol, NSView* view)
+    void addTab(settingsTexts::Text const& said, NSString* symbol, NSView* view)
     {
-        NSString* const title = toNSString(said);
+        NSString* const title = toNSString(tr(said));
         NSViewController* const page = [[NSViewController alloc] initWithNibName:nil bundle:nil];
         page.view = view;
         page.title = title;

@@ -106,12 +106,12 @@ TEST_F(MenuEditorViewTest, KeepsWhatIsOpenAndSelectedOverEveryEdit)
         char const *before, *open, *selected, *action, *after, *undone;
     };
     Row const rows[] = {
-        { "a b[c d] e[]", "b", "c", settingsTexts::moveDown, "a b{d c!} e[]", "a b{c! d} e[]" },
-        { "a b[c d] e[]", "be", "a", settingsTexts::moveDown, "b{c d} a! e{}", "a! b{c d} e{}" },
-        { "a b[c d] e", "b", "d", settingsTexts::deleteSelected, "a b{c!} e", "a b{c d!} e" },
-        { "a b[c d] e", "b", "ae", settingsTexts::deleteSelected, "b!{c d}", "a! b{c d} e!" },
-        { "a b[c d] e", "b", "a", settingsTexts::duplicate, "a a! b{c d} e", "a! b{c d} e" },
-        { "a b[c] d e f", "b", "fe", settingsTexts::moveUp, "a b{c} e! f! d", "a b{c} d e! f!" },
+        { "a b[c d] e[]", "b", "c", settingsTexts::moveDown.english, "a b{d c!} e[]", "a b{c! d} e[]" },
+        { "a b[c d] e[]", "be", "a", settingsTexts::moveDown.english, "b{c d} a! e{}", "a! b{c d} e{}" },
+        { "a b[c d] e", "b", "d", settingsTexts::deleteSelected.english, "a b{c!} e", "a b{c d!} e" },
+        { "a b[c d] e", "b", "ae", settingsTexts::deleteSelected.english, "b!{c d}", "a! b{c d} e!" },
+        { "a b[c d] e", "b", "a", settingsTexts::duplicate.english, "a a! b{c d} e", "a! b{c d} e" },
+        { "a b[c] d e f", "b", "fe", settingsTexts::moveUp.english, "a b{c} e! f! d", "a b{c} d e! f!" },
     };
     for (auto const& each : rows) {
         SCOPED_TRACE(std::string(each.action) + " " + each.selected);
@@ -122,9 +122,9 @@ TEST_F(MenuEditorViewTest, KeepsWhatIsOpenAndSelectedOverEveryEdit)
         select(each.selected);
         trigger(each.action);
         EXPECT_EQ(shown(), each.after);
-        trigger(settingsTexts::undo);
+        trigger("Undo");
         EXPECT_EQ(shown(), each.undone);
-        trigger(settingsTexts::redo);
+        trigger("Redo");
         EXPECT_EQ(shown().size(), std::string(each.after).size());
     }
     setMenu("a b[c[x] d] e f g");
@@ -144,9 +144,9 @@ TEST_F(MenuEditorViewTest, EnablesWhatTheSelectionAllows)
     for (auto const& each :
         { Row { "", false, false, false }, Row { "a", false, true, true }, Row { "d", true, false, true }, Row { "c", false, false, true } }) {
         select(each.selected);
-        EXPECT_EQ(action(settingsTexts::moveUp)->isEnabled(), each.up) << each.selected;
-        EXPECT_EQ(action(settingsTexts::moveDown)->isEnabled(), each.down) << each.selected;
-        EXPECT_EQ(action(settingsTexts::duplicate)->isEnabled(), each.remove) << each.selected;
+        EXPECT_EQ(action(settingsTexts::moveUp.english)->isEnabled(), each.up) << each.selected;
+        EXPECT_EQ(action(settingsTexts::moveDown.english)->isEnabled(), each.down) << each.selected;
+        EXPECT_EQ(action(settingsTexts::duplicate.english)->isEnabled(), each.remove) << each.selected;
     }
 }
 
@@ -157,8 +157,8 @@ TEST_F(MenuEditorViewTest, FillsAnEmptySubmenuByTheKeyboard)
     QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
     QApplication::sendEvent(outline, &right);
     EXPECT_EQ(shown(), "a b!{}");
-    trigger(settingsTexts::copy);
-    trigger(settingsTexts::paste);
+    trigger(settingsTexts::copy.english);
+    trigger(settingsTexts::paste.english);
     EXPECT_EQ(shown(), "a b{b![]}");
 }
 
@@ -169,7 +169,7 @@ TEST_F(MenuEditorViewTest, GivesEveryKeyToOneCommand)
         for (auto const& key : each->shortcuts())
             EXPECT_TRUE(owners.emplace(key.toString(), each->text()).second || owners[key.toString()] == each->text()) << key.toString().toStdString();
     }
-    EXPECT_EQ(owners[QStringLiteral("Ctrl+D")], QString::fromUtf8(settingsTexts::duplicate));
+    EXPECT_EQ(owners[QStringLiteral("Ctrl+D")], QString::fromUtf8(settingsTexts::duplicate.english));
 }
 
 } // namespace

@@ -42,7 +42,11 @@ struct Program {
         front.installedApplications = { { "Chess", Url::fromPath("/Applications/Chess.app") } };
         auto const given = front.surface();
         app.emplace(machine.system(),
-            Surface { .desk = given.desk, .looks = { .text = front.text, .icons = pictures }, .presence = given.presence, .windows = given.windows, .home = given.home });
+            Surface { .desk = given.desk,
+                .looks = { .text = front.text, .icons = pictures },
+                .presence = given.presence,
+                .windows = given.windows,
+                .home = given.home });
         (void)app->launch();
     }
     std::vector<MenuItem> const& items() { return app->delegate().store().items(); }
@@ -202,16 +206,16 @@ void theInspectorEdits(Editor& in, NSView* page)
     in.select(0);
     ZVRecorderButton* const recorder = first<ZVRecorderButton>(page, [ZVRecorderButton class]);
     [recorder performClick:nil];
-    expect([[recorder title] isEqual:toNSString(settingsTexts::recording)] && recorder.isRecording, "a click records");
+    expect([[recorder title] isEqual:toNSString(tr(settingsTexts::recording))] && recorder.isRecording, "a click records");
     expect([recorder performKeyEquivalent:pressOf(@"e", 0x180000)] && !recorder.isRecording, "a combination ends it");
     runLoopFor(0.1);
     expect(in.program.items()[0].keyEquivalent && [[recorder title] isEqual:@"⌥⌘E"], "and is the item's");
-    press(page, settingsTexts::clear);
+    press(page, tr(settingsTexts::clear));
     expect(!in.program.items()[0].keyEquivalent, "until it is cleared");
     [in.outline keyDown:pressOf([NSString stringWithFormat:@"%C", (unichar)NSDeleteCharacter], 0)];
     runLoopFor(0.1);
     expect(in.program.items()[0].location == std::nullopt || in.program.items()[0].location->path != "/home/ada/Letter.txt", "the Delete key removes");
-    press(page, settingsTexts::addSubmenu.title);
+    press(page, tr(settingsTexts::addSubmenu.title));
     expect(in.program.items()[1].kind == MenuItemKind::submenu || in.program.items()[0].kind == MenuItemKind::submenu, "a button adds a submenu");
 }
 
