@@ -271,7 +271,7 @@ std::vector<DoctorCheck> desktopChecks(DesktopFindings const& found)
         checks.push_back(notificationCheck(found));
     }
     if (canShowWindows(found))
-        checks.push_back(hotkeyCheck(found.hotkeys, found.desktopNames));
+        checks.push_back(hotkeyCheck(found.hotkeys, found.bindingOfShow));
     static constexpr std::array others { pictureCheck, fileManagerCheck, sessionCheck, lockCheck, forceQuitCheck, commandCheck, loginCheck };
     for (auto const check : others)
         checks.push_back(check(found));

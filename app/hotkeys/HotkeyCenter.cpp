@@ -1,5 +1,6 @@
 #include "app/hotkeys/HotkeyCenter.h"
 
+#include "app/model/OwnItems.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
 
@@ -24,6 +25,27 @@ std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
 {
     return (spec.noCommand ? 0U : std::uint32_t { commandKey }) | (spec.shift ? std::uint32_t { shiftKey } : 0U)
         | (spec.option ? std::uint32_t { optionKey } : 0U) | (spec.control ? std::uint32_t { controlKey } : 0U);
+}
+
+/// The titles that lead to the item, as arguments; empty when it is not there.
+std::string titlesTo(Uuid const& id, std::vector<MenuItem> const& items)
+{
+    for (auto const& item : items) {
+        auto const below = item.id == id ? std::string() : titlesTo(id, item.children);
+        if (item.id == id || !below.empty())
+            return " " + quotedForShell(item.kind.shownTitle(item.displayTitle())) + below;
+    }
+    return {};
+}
+
+/// Has the shell do what the hotkey would.
+std::string commandFor(HotkeyTarget const& target, std::vector<MenuItem> const& items)
+{
+    if (target.isMenu())
+        return commandOfShow;
+    if (auto const* file = target.fileURL())
+        return "xdg-open " + quotedForShell(file->path());
+    return "zanthe-vell perform" + titlesTo(*target.itemID(), items);
 }
 
 } // namespace
@@ -88,6 +110,20 @@ HotkeySupport HotkeyCenter::support() const
     assertMainThread();
     m_observers.access(supportProperty);
     return m_support;
+}
+
+std::vector<KeyBindingLine> HotkeyCenter::bindingLines() const
+{
+    std::vector<KeyBindingLine> lines;
+    if (support() != HotkeySupport::none)
+        return lines;
+    for (auto const& wanted : m_unsupported) {
+        if (auto line = m_registrar.bindingLine(wanted.chord, commandFor(wanted.target, m_menuItems)))
+            lines.push_back(std::move(*line));
+    }
+    if (auto show = m_unsupported.empty() ? bindingOfShow() : std::nullopt)
+        lines.push_back(std::move(*show));
+    return lines;
 }
 
 void HotkeyCenter::reregister()
@@ -187,8 +223,11 @@ void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& p
 void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
 {
     m_wasRefused = false;
-    if (m_support == HotkeySupport::none)
-        return; // no other program holds them: not a conflict
+    m_unsupported.clear();
+    if (m_support == HotkeySupport::none) {
+        m_unsupported = std::move(wanted); // no other program holds them: not a conflict
+        return;
+    }
     std::vector<KeyChord> chords(wanted.size());
     std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
     auto const succeeded = m_registrar.claimAll(m_nextHotKeyID, chords);

@@ -88,6 +88,12 @@ public:
     /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
     [[nodiscard]] HotkeySupport support() const;
 
+    /// What the user may write into the desktop's configuration, where nothing else gives shortcuts: a line for
+    /// each of them; without any, that of the menu. Empty elsewhere.
+    [[nodiscard]] std::vector<KeyBindingLine> bindingLines() const;
+    /// One that opens the menu, by a key that is likely to be free.
+    [[nodiscard]] std::optional<KeyBindingLine> bindingOfShow() const { return m_registrar.bindingLine(chordOfShow, commandOfShow); }
+
     /// Called when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
     /// Called before each pass, to bring the files up to date by setFileHotkeys(). Set by its one user.
@@ -121,6 +127,7 @@ private:
     std::set<Conflict> m_conflicts;
     Registrations m_registrations;
     std::vector<Unavailable> m_unavailable;
+    std::vector<Wanted> m_unsupported; ///< what would be claimed where that is possible
     bool m_wasRefused = false; ///< another program has one of the shortcuts
     bool m_listens = false;
     bool m_isPaused = false;

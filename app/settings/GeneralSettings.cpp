@@ -190,7 +190,21 @@ SettingsSection GeneralSettings::menus()
         tr("What was chosen last comes first when you search in the menu. Turning this off forgets it."), preferences.remembersChoices(),
         [&](bool on) { preferences.setRemembersChoices(on); }));
     addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
+    addBindingLines(section);
     return section;
+}
+
+void GeneralSettings::addBindingLines(SettingsSection& section)
+{
+    auto const lines = m_services.bindingLines ? m_services.bindingLines() : std::vector<KeyBindingLine>();
+    if (lines.empty())
+        return;
+    std::string text;
+    for (auto const& each : lines)
+        text += each.line + "\n";
+    auto copy = button("copyBindings", tr("Copy Lines"), [this, text] { m_services.copy(text); });
+    copy.help = tr("Copies a line for each shortcut of your menu, to be pasted into %1.", lines.front().file);
+    section.rows.push_back(std::move(copy));
 }
 
 SettingsSection GeneralSettings::fileShortcuts()

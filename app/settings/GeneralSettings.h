@@ -9,6 +9,7 @@
 #include "app/settings/SettingsWording.h"
 #include "app/updates/KresUpdater.h"
 #include "platform/desk/Alerts.h"
+#include "platform/menubar/HotkeyRegistrar.h"
 
 #include <functional>
 #include <map>
@@ -48,6 +49,9 @@ public:
         std::function<std::map<Url, std::string>()> fileShortcuts {};
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
         std::function<void()> exportAll {};
+        /// The lines that give shortcuts by the desktop's own configuration, and how to copy them.
+        std::function<std::vector<KeyBindingLine>()> bindingLines {};
+        std::function<void(std::string const&)> copy {};
     };
 
     explicit GeneralSettings(Services services)
@@ -66,6 +70,7 @@ private:
     [[nodiscard]] std::string menuShortcutNote() const;
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
+    void addBindingLines(SettingsSection& section);
     [[nodiscard]] SettingsSection fileShortcuts();
     void takeShortcutAway(Url const& file);
     [[nodiscard]] SettingsSection updates();

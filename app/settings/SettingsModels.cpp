@@ -89,12 +89,14 @@ SettingsModels::SettingsModels(Services services)
           .shortcutWarning = [this](auto const& spec) { return shortcutWarning(spec, m_services.system.kind); },
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
-          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
+          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support(), m_services.hotkeys.bindingOfShow())); },
           .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane,
           .fileShortcuts = [this] { return shown(m_services.hotkeys.registeredFiles(), m_services.system.kind); },
           .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
+          .bindingLines = [this] { return m_services.hotkeys.bindingLines(); },
+          .copy = [this](std::string const& text) { m_services.surface.desk.clipboard.setText(text); },
           .exportAll = [this] { m_setup.exportAll(); } })
     , m_about(aboutText(m_services.system.files.resources))
     , m_place(m_services.system.files.defaults)

@@ -140,6 +140,7 @@ class SwayTest(unittest.TestCase):
         self.pointer.up()
         wait_until(lambda: "HOME" in text_of(PRESSED), 5, "what it was let go on starts")
         self.assertNotIn("QT_WAYLAND", text_of(PRESSED), "in the environment that the program was started with")
+        self.assertIn("XDG_ACTIVATION_TOKEN", text_of(PRESSED), "and with the right to come to the front")
 
         at_corner = pixel(2, 2)
         sway("fullscreen", "enable")

@@ -76,15 +76,6 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
     return process.startDetached();
 }
 
-/// The bus may be exchanged later.
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop, DesktopMenuPlacer::FreeAreaOf freeAreaOf)
-{
-    if (wayland)
-        return std::make_unique<StageMenuPlacer>(
-            *wayland, StageMenuPlacer::Desktop { .isGnome = desktop == Desktop::gnome, .pointer = [&bus] { return GnomeShell::pointerOn(bus); } });
-    return std::make_unique<DesktopMenuPlacer>(std::move(freeAreaOf));
-}
-
 /// A desktop's settings of what starts at login.
 struct AutostartSettings {
     Desktop desktop;
@@ -108,6 +99,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_application(count, arguments)
     , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
     , m_wayland(WaylandGlobals::ofToolkit())
+    , m_seatKeyboard(SeatKeyboard::of(m_wayland.get()))
     , m_toplevels(ForeignToplevels::of(m_wayland.get()))
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
@@ -116,8 +108,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_placer(
-          menuPlacer(m_wayland.get(), m_bus, m_access.desktop, [this](QRect const& monitor) { return m_overlay ? m_overlay->freeAreaOf(monitor) : monitor; }))
+    , m_placer(menuPlacer())
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
@@ -134,6 +125,8 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
 {
     if (sessionKind() == SessionKind::x11)
         setLaunchTokens({ .startupId = beginStartup });
+    if (m_seatKeyboard)
+        useSeat();
     m_statusBar.onActivationToken = useActivationToken;
     m_look.onAdopted = [this] { m_statusBar.redraw(); };
     m_statusBar.color = [this] { return laurelColor(); };
@@ -141,7 +134,29 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }
 
-LinuxFrontEnd::~LinuxFrontEnd() = default;
+LinuxFrontEnd::~LinuxFrontEnd() { setLaunchTokens({}); }
+
+std::unique_ptr<MenuPlacer> LinuxFrontEnd::menuPlacer()
+{
+    if (!m_wayland)
+        return std::make_unique<DesktopMenuPlacer>([this](QRect const& monitor) { return m_overlay ? m_overlay->freeAreaOf(monitor) : monitor; });
+    return std::make_unique<StageMenuPlacer>(*m_wayland,
+        StageMenuPlacer::Desktop { .isGnome = m_access.desktop == Desktop::gnome,
+            .pointer = [this] { return GnomeShell::pointerOn(m_bus); },
+            .leaving =
+                [this](wl_surface* stage) {
+                    if (m_tokens)
+                        m_tokens->renew(stage, m_seatKeyboard->serial());
+                } });
+}
+
+void LinuxFrontEnd::useSeat()
+{
+    m_seatKeyboard->onKeymap = [this](auto const& text) { m_keyboard.useKeymap(text); };
+    m_seatKeyboard->onGroup = [this](auto number) { m_keyboard.useLayout(number); };
+    m_tokens.emplace(*m_wayland);
+    setLaunchTokens({ .activationToken = [this] { return m_tokens->take(); } });
+}
 
 int LinuxFrontEnd::run()
 {

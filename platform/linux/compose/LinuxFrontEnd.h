@@ -21,7 +21,9 @@
 #include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
+#include "platform/linux/wayland/ActivationTokens.h"
 #include "platform/linux/wayland/ForeignToplevels.h"
+#include "platform/linux/wayland/SeatKeyboard.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
@@ -54,6 +56,8 @@ public:
 private:
     [[nodiscard]] SessionKind sessionKind() const { return sessionKindOf(m_files.environment()); }
     [[nodiscard]] ProgramHandlers handlers();
+    [[nodiscard]] std::unique_ptr<MenuPlacer> menuPlacer();
+    void useSeat();
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::unique_ptr<ClientWindows> clientWindows() const;
     [[nodiscard]] std::optional<OverlaySeams> overlay();
@@ -76,6 +80,8 @@ private:
     LinuxApplication m_application;
     LookFollower m_look;
     std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
+    std::unique_ptr<SeatKeyboard> m_seatKeyboard; ///< null on X11
+    std::optional<ActivationTokens> m_tokens; ///< likewise
     std::shared_ptr<ForeignToplevels> m_toplevels; ///< null where the compositor does not tell its windows
     DesktopAccess m_access;
     QDBusConnection m_bus;

@@ -66,9 +66,8 @@ void StageMenuPlacer::find(std::optional<QPoint> pixel, Open open)
 /// On all screens, as a click on any of them closes the menu; a maximized window comes on one.
 void StageMenuPlacer::mapStages()
 {
-    if (!m_globals.layerShell())
-        return addStage(*QGuiApplication::primaryScreen());
-    for (auto* screen : QGuiApplication::screens())
+    auto const screens = realScreens();
+    for (auto* screen : m_globals.layerShell() ? screens : screens.mid(0, 1))
         addStage(*screen);
 }
 
@@ -181,6 +180,8 @@ void StageMenuPlacer::windowHid(QMenu& menu)
 {
     if (menu.windowHandle())
         menu.windowHandle()->setParent(nullptr);
+    if (m_stage && m_desktop.leaving && !qobject_cast<QMenu*>(menu.parent()))
+        m_desktop.leaving(surfaceOf(*m_stage->windowHandle()));
 }
 
 void StageMenuPlacer::letThrough(bool all)

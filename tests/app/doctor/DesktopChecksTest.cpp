@@ -59,7 +59,11 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
         { "Wayland", [](Found& f) { f.display = Found::Display::waylandWithoutLayers; }, "Display", State::limited, "zanthe-vell show" },
         { "GNOME alone", [](Found& f) { f.display = Found::Display::waylandWithoutLayers, f.isGnome = true; }, "Display", State::limited, "gnome-extensions" },
         { "Wayland with X", [](Found& f) { f.display = Found::Display::x11WithinWayland; }, "Display", State::limited, "QT_QPA_PLATFORM" },
-        { "Hyprland", [](Found& f) { f.hotkeys = HotkeySupport::none, f.desktopNames = "Hyprland"; }, "Hotkeys", State::missing, "bind = SUPER" },
+        { "Hyprland",
+            [](Found& f) {
+                f.hotkeys = HotkeySupport::none, f.bindingOfShow = { "~/keys", "a key" };
+            },
+            "Hotkeys", State::missing, "~/keys: a key" },
         { "no window manager", [](Found& f) { f.hasWindowManager = false; }, "Windows", State::limited, "openbox" },
         { "no panel at an edge", [](Found& f) { f.hasCornerPanel = false; }, "Corner", State::limited, "As soon as one comes" },
         { "no session bus", [](Found& f) { f.hasSessionBus = false; }, "Session bus", State::missing, "dbus-user-session" },

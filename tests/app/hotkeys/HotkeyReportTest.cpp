@@ -31,6 +31,16 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}],)"
         R"("unavailable":[{"shortcut":"⌘Я","reason":"notOnLayout","file":"/c"},{"shortcut":"⌘F1","reason":"keptBySystem","file":"/d"}],)"
         R"("support":"everywhere"})");
+
+    registrar.supported = HotkeySupport::none;
+    auto group = MenuItem::ofKind(MenuItemKind::submenu);
+    group.title = "It's";
+    group.children = { item };
+    center.menuItemsChanged({ group });
+    EXPECT_NE(hotkeyReport(&center).find(
+                  R"("bindings":[{"file":"~/keys","line":"14 zanthe-vell perform 'It'\\''s' 'Sleep'"},{"file":"~/keys","line":"96 xdg-open '/a�'"}])"),
+        std::string::npos)
+        << hotkeyReport(&center);
 }
 
 } // namespace
