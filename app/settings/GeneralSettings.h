@@ -48,10 +48,11 @@ public:
         /// The files that hold a combination by their name, with its text; and how to rename one without it.
         std::function<std::map<Url, std::string>()> fileShortcuts {};
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
-        std::function<void()> exportAll {};
         /// The lines that give shortcuts by the desktop's own configuration, and how to copy them.
         std::function<std::vector<KeyBindingLine>()> bindingLines {};
         std::function<void(std::string const&)> copy {};
+        /// Writes all that the user has made to a file that they choose.
+        std::function<void()> exportAll {};
     };
 
     explicit GeneralSettings(Services services)
