@@ -8,6 +8,7 @@
 #include "app/settings/MenuEditor.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
+#include "app/settings/PictureChooser.h"
 #include "app/settings/SettingsPlace.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
@@ -50,6 +51,7 @@ public:
     /// The menu's items that a search of the library finds, too. Observed only while there is a search.
     [[nodiscard]] std::vector<MenuItem const*> itemsFound(std::string_view search) const;
     [[nodiscard]] MenuFileCommands& menuFile() { return m_menuFile; }
+    [[nodiscard]] PictureChooser& pictures() { return m_pictures; }
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
@@ -81,6 +83,7 @@ private:
     DropOutcome addOwn(LibraryEntry entry, MenuEditor::Position const& position);
     void changeOwn(Uuid const& id, Url const& file, OwnItem const& own);
     [[nodiscard]] std::optional<OwnItem> askFor(OwnItem const& own);
+    void removeUnusedImages();
     [[nodiscard]] bool mayBeFolder(MenuItem const& item) const;
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
@@ -93,6 +96,7 @@ private:
     MenuOutline m_outline;
     LibraryPalette m_palette;
     MenuFileCommands m_menuFile;
+    PictureChooser m_pictures;
     GeneralSettings m_general;
     AboutText m_about;
     SettingsPlace m_place;
