@@ -76,8 +76,10 @@ constexpr std::array<Row, MenuItemKind::fixedCount> rows { {
     { "MenuCommand", mark("Menu Command"), Fills::no, Reason::carbon },
 } };
 
-/// Titles that the default menus and the library store, beside those of the kinds; po/update takes them from there.
-constexpr std::string_view resourceTitles[] = { "About This Computer", "Applications", "Distribution Web Page…", "Home", "Software…" };
+/// Titles that the default menus, the menus to start from and the library store, beside those of the kinds; po/update takes
+/// them from there.
+constexpr std::string_view resourceTitles[]
+    = { "About This Computer", "Applications", "Distribution Web Page…", "Files and Folders", "Home", "Recent", "Session", "Software…", "System" };
 
 std::string textOf(Reason reason)
 {

@@ -58,6 +58,7 @@ SettingsModels::SettingsModels(Services services)
           .panels = m_services.surface.windows.filePanels,
           .alerts = m_services.surface.windows.settingsAlerts })
     , m_pictures({ m_editor, m_services.system, m_services.surface })
+    , m_gallery({ m_editor, m_services.store, m_services.system })
     , m_general({ .preferences = m_services.preferences,
           .loginItem = m_services.loginItem,
           .updater = m_services.updater,

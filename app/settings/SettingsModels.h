@@ -10,6 +10,7 @@
 #include "app/settings/MenuOutline.h"
 #include "app/settings/PictureChooser.h"
 #include "app/settings/SettingsPlace.h"
+#include "app/settings/StartGallery.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -52,6 +53,7 @@ public:
     [[nodiscard]] std::vector<MenuItem const*> itemsFound(std::string_view search) const;
     [[nodiscard]] MenuFileCommands& menuFile() { return m_menuFile; }
     [[nodiscard]] PictureChooser& pictures() { return m_pictures; }
+    [[nodiscard]] StartGallery& gallery() { return m_gallery; }
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
@@ -97,6 +99,7 @@ private:
     LibraryPalette m_palette;
     MenuFileCommands m_menuFile;
     PictureChooser m_pictures;
+    StartGallery m_gallery;
     GeneralSettings m_general;
     AboutText m_about;
     SettingsPlace m_place;
