@@ -20,7 +20,7 @@ PictureTexts PictureTexts::of(SystemKind system)
     texts.nothingFound = isMac ? mark("No symbol has such a name.") : mark("No icon has such a name.");
     texts.loading = mark("Loading…");
     texts.accept = trc("button", "Choose");
-    texts.cancel = trc("button", "Cancel");
+    texts.cancel = tr("Cancel");
     return texts;
 }
 

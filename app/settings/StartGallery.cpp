@@ -11,7 +11,7 @@ StartGallery::Texts const& StartGallery::texts()
         .list = mark("Menus to Start From"),
         .preview = mark("What is in it"),
         .take = mark("Use This Menu"),
-        .cancel = markc("button", "Cancel"),
+        .cancel = mark("Cancel"),
     };
     return texts;
 }
