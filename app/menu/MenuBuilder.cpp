@@ -103,6 +103,7 @@ MenuEntry MenuBuilder::makeItem(MenuItem const& item, OptionKey option) const
     auto entry = makeItemOfKind(item, option);
     if (entry.type == MenuEntry::Type::separator)
         return entry;
+    applyPicture(item, entry);
     if (!entry.subject.menus)
         entry.subject = subjectOf(item);
     if (option == OptionKey::held && entry.submenu && entry.submenu->delegate.expired())
@@ -332,6 +333,13 @@ void MenuBuilder::applyFileIcon(std::optional<Url> const& url, MenuEntry& entry)
 {
     if (url && m_services.preferences.showIcons())
         entry.image = m_services.icons.iconForFile(*url);
+}
+
+void MenuBuilder::applyPicture(MenuItem const& item, MenuEntry& entry) const
+{
+    auto const picture = m_services.preferences.showIcons() ? pictureOf(item) : std::nullopt;
+    if (picture)
+        entry.image = m_services.icons.iconForPicture(*picture, entry.image);
 }
 
 std::int64_t MenuBuilder::depthOf(MenuItem const& item) const { return item.scanDepth.value_or(m_services.preferences.maximumScanDepth()); }

@@ -89,6 +89,14 @@ ImageRef MenuIcon::iconForFile(Url const& url)
     return cached(m_files, url.path(), [&] { return m_source.fileIcon(url); });
 }
 
+ImageRef MenuIcon::iconForPicture(ItemPicture const& picture, ImageRef const& otherwise)
+{
+    assertMainThread();
+    if (picture.kind == ItemPicture::Kind::icon)
+        return m_source.namedIcon(picture.name, otherwise);
+    return m_source.imageIn(ItemImages::fileOf(picture, m_itemsFolder), otherwise);
+}
+
 ImageRef MenuIcon::systemIcon(SystemIcon icon)
 {
     return cached(m_systemIcons, icon, [&] { return m_source.systemIcon(icon); });

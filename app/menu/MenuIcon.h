@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/model/ItemPicture.h"
 #include "app/model/MenuItemKind.h"
 #include "base/Url.h"
 #include "platform/desk/IconSource.h"
@@ -21,6 +22,8 @@ public:
     [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
     [[nodiscard]] virtual ImageRef networkIcon() = 0;
     [[nodiscard]] virtual ImageRef iconForCategory(ApplicationCategory category) = 0;
+    /// The picture that the user gave an item; `otherwise` where the system lacks it.
+    [[nodiscard]] virtual ImageRef iconForPicture(ItemPicture const& picture, ImageRef const& otherwise) = 0;
     /// Empties the cache, so that the next menu fetches its icons afresh.
     virtual void emptyCache() = 0;
 };
@@ -35,6 +38,7 @@ public:
     /// A URL that is no file gets the network icon.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     [[nodiscard]] ImageRef iconForCategory(ApplicationCategory category) override { return m_source.categoryIcon(category); }
+    [[nodiscard]] ImageRef iconForPicture(ItemPicture const& picture, ImageRef const& otherwise) override;
     void emptyCache() override;
 
     [[nodiscard]] ImageRef itemsFolderIcon();

@@ -107,10 +107,12 @@ std::string quotedForShell(std::string_view text)
 
 OwnItems::OwnItems(SystemKind system, Url const& itemsFolder, FileSystem& files)
     : m_system(system)
-    , m_folder(itemsFolder.parent().appending("." + itemsFolder.lastPathComponent()))
+    , m_folder(folderBeside(itemsFolder))
     , m_files(files)
 {
 }
+
+Url OwnItems::folderBeside(Url const& itemsFolder) { return itemsFolder.parent().appending("." + itemsFolder.lastPathComponent()); }
 
 bool OwnItems::contains(Url const& file) const { return file.isFile() && file.parent().path() == m_folder.path(); }
 

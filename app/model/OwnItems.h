@@ -30,6 +30,7 @@ struct OwnItem {
 class OwnItems {
 public:
     OwnItems(SystemKind system, Url const& itemsFolder, FileSystem& files);
+    [[nodiscard]] static Url folderBeside(Url const& itemsFolder);
 
     [[nodiscard]] bool contains(Url const& file) const;
     [[nodiscard]] bool isScriptMenu(Url const& file) const;

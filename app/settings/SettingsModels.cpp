@@ -78,6 +78,8 @@ SettingsModels::SettingsModels(Services services)
           .panels = m_services.surface.windows.filePanels,
           .alerts = m_services.surface.windows.settingsAlerts,
           .importsSetup = [this](Url const& file) { return m_setup.imports(file); } })
+    , m_pictures({ m_editor, m_services.system, m_services.surface })
+    , m_gallery({ m_editor, m_services.store, m_services.system })
     , m_general({ .preferences = m_services.preferences,
           .loginItem = m_services.loginItem,
           .updater = m_services.updater,
@@ -103,6 +105,15 @@ SettingsModels::SettingsModels(Services services)
 {
     if (auto const& list = m_services.surface.home.installedApplications)
         list(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
+    removeUnusedImages();
+}
+
+void SettingsModels::removeUnusedImages()
+{
+    std::vector<Url> files;
+    for (auto const& backup : m_services.backups.list())
+        files.push_back(backup.file);
+    m_pictures.removeUnusedImages(m_services.store, std::move(files));
 }
 
 std::optional<std::string> SettingsModels::statusItemProblem() const
@@ -154,7 +165,9 @@ std::vector<MenuItem const*> SettingsModels::itemsFound(std::string_view search)
 ImageRef SettingsModels::iconOf(MenuItem const& item)
 {
     bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
-    return isFile ? m_services.icons.iconForFile(Url::fromPath(*item.location->path)) : m_services.icons.iconForKind(item.kind);
+    auto const own = isFile ? m_services.icons.iconForFile(Url::fromPath(*item.location->path)) : m_services.icons.iconForKind(item.kind);
+    auto const picture = pictureOf(item);
+    return picture ? m_services.icons.iconForPicture(*picture, own) : own;
 }
 
 InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace zv {
 
@@ -17,6 +18,7 @@ struct Places {
     Url bundle; ///< of the started program
     Environment environment; ///< at its start
     std::string home; ///< the user's home folder
+    std::vector<Url> userFolders {}; ///< the desktop, documents, downloads and pictures, wherever the user has them
     Url itemsFolder;
     Url backupsFolder;
     Url chosenFile; ///< what was chosen last; its folder is for the user alone

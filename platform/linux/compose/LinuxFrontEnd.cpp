@@ -355,6 +355,7 @@ Surface LinuxFrontEnd::surface()
             .notes = m_notesWindows,
             .filePanels = m_filePanels,
             .forms = m_forms,
+            .pictures = m_pictures,
             .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,

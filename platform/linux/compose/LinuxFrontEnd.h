@@ -4,6 +4,7 @@
 #include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/ThemeIconSource.h"
+#include "platform/linux/icons/ThemePictures.h"
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
@@ -116,6 +117,7 @@ private:
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
     QtForms m_forms;
+    ThemePictures m_pictures { m_tasks };
     QtDownloads m_downloads;
     LinuxPackageOrigin m_packageOrigin;
     QtUpdateWindow m_updateWindow;

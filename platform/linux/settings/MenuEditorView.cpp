@@ -3,6 +3,7 @@
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/FlowLayout.h"
+#include "platform/linux/settings/GalleryView.h"
 #include "platform/linux/settings/SettingsButton.h"
 #include "platform/linux/settings/ShownText.h"
 
@@ -195,6 +196,12 @@ QWidget* MenuEditorView::inspectorColumn()
     box->addWidget(m_inspector, 1);
     auto* restore = settingsButton(text(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
+    auto* start = settingsButton(text(StartGallery::texts().open));
+    start->setToolTip(text(StartGallery::texts().openHelp));
+    start->setAccessibleDescription(text(StartGallery::texts().openHelp));
+    start->setEnabled(m_models.gallery().canTake());
+    connect(start, &QPushButton::clicked, this, [this] { (new GalleryView(m_models, window()))->open(); });
+    box->addWidget(start);
     box->addWidget(restore);
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);

@@ -114,6 +114,7 @@ Surface MacFrontEnd::surface()
             .notes = *m_notesWindows,
             .filePanels = *m_filePanels,
             .forms = *m_forms,
+            .pictures = *m_pictures,
             .notifications = *m_userNotifications },
         .home = { .installation = *m_installation,
             .loginService = *m_loginService,

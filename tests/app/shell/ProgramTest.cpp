@@ -249,6 +249,29 @@ TEST_F(Program, LaunchesEveryPartOnceAndReopensTheSettings)
     EXPECT_EQ(front.settingsWindow.opened, 1);
 }
 
+TEST_F(Program, OffersMenusToStartFromOnlyToWhoHasNoneYet)
+{
+    struct Row {
+        std::int64_t launches;
+        bool hasMenu, isGiven, isLocked;
+        int offers;
+    };
+    PropertyListArray const stored = toPropertyList(std::vector { item(Kind::sleep) });
+    for (auto const& row : { Row { 0, false, false, false, 1 }, Row { 1, false, false, false, 0 }, Row { 0, true, false, false, 0 },
+             Row { 0, false, true, false, 0 }, Row { 0, false, false, true, 0 } }) {
+        auto const key = MenuStore::defaultsKey;
+        machine.defaults.stored = { { "LaunchCount", row.launches } };
+        machine.defaults.given = {};
+        if (row.hasMenu || row.isGiven)
+            (row.isGiven ? machine.defaults.given : machine.defaults.stored).set(key, stored);
+        machine.defaults.locked = row.isLocked ? key : "";
+        front.settingsWindow.galleries = 0;
+        launch();
+        EXPECT_EQ(front.settingsWindow.galleries, row.offers) << row.launches << row.hasMenu << row.isGiven << row.isLocked;
+        app.reset();
+    }
+}
+
 TEST_F(Program, CountsNoLaunchFromAPlaceThatCannotBeWritten)
 {
     (void)machine.defaults.setObject("LaunchCount", std::int64_t { 1 });

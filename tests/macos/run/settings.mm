@@ -24,6 +24,8 @@ class Pictures : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSFolder"], file.path()); }
     ImageRef systemIcon(SystemIcon) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSComputer"], "computer"); }
+    ImageRef namedIcon(std::string const& name, ImageRef const&) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSComputer"], name); }
+    ImageRef imageIn(Url const& file, ImageRef const&) override { return fileIcon(file); }
 };
 
 /// The whole program but for its window, which is a real one.
