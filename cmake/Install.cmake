@@ -98,8 +98,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://zanthevell.org)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# In order: drawings of icons; windows on Wayland; a theme; the folders of icons.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, qt6-wayland, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, xdg-utils")
+# In order: drawings of icons; windows on Wayland; the toolkit's own words; a theme; the folders of icons.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, qt6-wayland, qt6-translations-l10n, adwaita-icon-theme | papirus-icon-theme, hicolor-icon-theme, xdg-utils")
 # The file manager's menu; Force Quit without a task manager.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "python3-nautilus, x11-utils")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "menu of your own making in the panel")

@@ -1,5 +1,6 @@
 #include "app/menu/MenuKeyEquivalent.h"
 
+#include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>

@@ -52,6 +52,9 @@ int firstColumnThatDiffers(QImage const& one, QImage const& other)
     return 0;
 }
 
+/// The column's width in a menu of ours; for others QMenu has a use of its own for the field.
+int columnEnd(QStyleOptionMenuItem const& item, QWidget const* widget) { return widget && widget->inherits("zv::MenuWindow") ? item.reservedShortcutWidth : 0; }
+
 } // namespace
 
 void MenuStyle::setRows(std::optional<MenuRows> const& rows)
@@ -128,7 +131,7 @@ QSize MenuStyle::sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize
     auto titled = item;
     titled.text = item.text.left(tab);
     titled.reservedShortcutWidth = 0;
-    auto const width = std::max(std::min(titleSize.width(), mostTitleWidth(item.fontMetrics)), item.reservedShortcutWidth);
+    auto const width = std::max(std::min(titleSize.width(), mostTitleWidth(item.fontMetrics)), columnEnd(item, widget));
     auto needed = QProxyStyle::sizeFromContents(CT_MenuItem, &titled, { width, titleSize.height() }, widget);
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return needed;
@@ -136,7 +139,7 @@ QSize MenuStyle::sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize
         needed.setHeight(m_rowHeight);
     else
         needed.rheight() += extraHeight;
-    if (tab >= 0 && item.reservedShortcutWidth == 0)
+    if (tab >= 0 && columnEnd(item, widget) == 0)
         needed.rwidth() += columnGap + (widget ? widget->fontMetrics() : item.fontMetrics).horizontalAdvance(item.text.mid(tab + 1));
     return needed;
 }
@@ -176,8 +179,8 @@ void MenuStyle::drawEntry(QStyleOptionMenuItem const& item, QPainter& painter, Q
 
 QRect MenuStyle::columnOf(QStyleOptionMenuItem const& item, QWidget const* widget) const
 {
-    if (item.reservedShortcutWidth > 0)
-        return { item.rect.left() + titleStart(item, widget), item.rect.top(), item.reservedShortcutWidth, item.rect.height() };
+    if (auto const end = columnEnd(item, widget); end > 0)
+        return { item.rect.left() + titleStart(item, widget), item.rect.top(), end, item.rect.height() };
     auto const margin = columnMargin + pixelMetric(PM_MenuHMargin, &item, widget);
     return item.rect.adjusted(margin, 0, -margin, 0);
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/menu/ShortcutText.h"
 
 #include "app/menu/Menu.h"
+#include "app/model/ShownShortcut.h"
 
 #include <array>
 
@@ -51,7 +52,13 @@ Modifier const* modifierWithGlyph(QChar glyph)
 
 } // namespace
 
-QString ShortcutKeys::text() const { return isEmpty() ? QString() : (modifiers + QStringList(key)).join(u'+'); }
+QString ShortcutKeys::text() const
+{
+    QStringList names;
+    for (auto const& name : isEmpty() ? QStringList() : modifiers + QStringList(key))
+        names.append(QString::fromStdString(shownKeyName(name.toStdString())));
+    return names.join(u'+');
+}
 
 QStringList ShortcutKeys::busNames() const
 {

@@ -123,6 +123,12 @@ private:
     MenuItem m_item;
 };
 
+int LibraryView::fittingWidth() const
+{
+    auto const frame = 2 * m_tree->frameWidth() + m_tree->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return static_cast<QAbstractItemView*>(m_tree)->sizeHintForColumn(0) + frame;
+}
+
 void LibraryView::fill()
 {
     m_observation = withObservationTracking([this] { refill(); },

@@ -21,6 +21,9 @@ class LibraryView : public QWidget {
 public:
     explicit LibraryView(SettingsModels& models);
 
+    /// The width that shows the titles whole.
+    [[nodiscard]] int fittingWidth() const;
+
     std::function<void(LibraryEntry const&)> onAdd;
     /// Called to show an item of the menu that the search has found.
     std::function<void(Uuid const&)> onShow;

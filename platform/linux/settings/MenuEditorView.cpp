@@ -16,6 +16,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -28,6 +29,27 @@ namespace {
 
 constexpr int undoLimit = 200;
 constexpr int widthOfThreeColumns = 840;
+constexpr int narrowestLibrary = 210, widestLibrary = 270;
+constexpr int widestInspector = 320;
+
+/// Scrolls down alone: it is as wide as its content, whatever the language.
+class WholeWidthArea : public QScrollArea {
+public:
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        auto const bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+        auto const whole = std::min(widget()->minimumSizeHint().width() + bar, widestInspector);
+        return QScrollArea::minimumSizeHint().expandedTo({ whole, 0 });
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::LayoutRequest)
+            updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
 
 /// Joins consecutive rows into one range each, as a selection of many ranges is slow. Sorts the
 /// rows.
@@ -149,7 +171,8 @@ MenuEditorView::MenuEditorView(SettingsModels& models, KeyLookup lookUp)
     columns->addWidget(m_library);
     columns->addWidget(m_menuSide);
     columns->setStretchFactor(1, 1);
-    columns->setSizes({ 210, 690 });
+    auto const libraryWidth = std::clamp(m_library->fittingWidth(), narrowestLibrary, widestLibrary);
+    columns->setSizes({ libraryWidth, 900 - libraryWidth });
     line->addWidget(columns);
 
     m_library->onAdd = [this](LibraryEntry const& entry) { addEntry(entry); };
@@ -203,7 +226,7 @@ QWidget* MenuEditorView::inspectorColumn()
     connect(start, &QPushButton::clicked, this, [this] { (new GalleryView(m_models, window()))->open(); });
     box->addWidget(start);
     box->addWidget(restore);
-    auto* area = new QScrollArea;
+    auto* area = new WholeWidthArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(column);

@@ -12,9 +12,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QScreen>
 #include <QShortcut>
 #include <QTabWidget>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 namespace zv {
@@ -23,6 +26,15 @@ namespace {
 
 constexpr QSize usualSize { 960, 680 };
 constexpr QSize smallestSize { 600, 380 };
+
+/// The toolkit's own words: a text field's menu, the buttons of panels. Only the settings have such.
+void loadToolkitTexts()
+{
+    static QTranslator translator;
+    if (translator.isEmpty()
+        && translator.load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&translator);
+}
 
 } // namespace
 
@@ -142,8 +154,10 @@ QtSettingsWindow::~QtSettingsWindow() = default;
 
 void QtSettingsWindow::openOrRaise()
 {
-    if (!m_window)
+    if (!m_window) {
+        loadToolkitTexts();
         m_window = std::make_unique<Window>(m_models(), m_lookUp);
+    }
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
     m_window->raise();
