@@ -1,6 +1,6 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/DisplayText.h"
-#include "app/model/ShownShortcut.h"
+#include "app/menu/ShownShortcut.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
 #include "cli/Options.h"

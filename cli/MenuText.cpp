@@ -2,7 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/menu/MenuKeyEquivalent.h"
-#include "app/model/ShownShortcut.h"
+#include "app/menu/ShownShortcut.h"
 
 #include <nlohmann/json.hpp>
 

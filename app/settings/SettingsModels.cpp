@@ -3,7 +3,7 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
-#include "app/model/ShownShortcut.h"
+#include "app/menu/ShownShortcut.h"
 #include "app/settings/FolderForm.h"
 #include "app/settings/OwnItemForm.h"
 #include "app/settings/RecorderRules.h"

@@ -1,4 +1,4 @@
-#include "app/model/ShownShortcut.h"
+#include "app/menu/ShownShortcut.h"
 
 #include "base/Translation.h"
 
