@@ -42,7 +42,8 @@ ExitStatus take(Setup setup, SetupTransfer const& transfer, CommandContext& cont
     auto const stored = written ? transfer.storePreferences(setup) : written;
     if (!stored)
         return fail(context, stored.error());
-    context.store().replaceAll(std::move(setup.menu.items), MenuStore::Keeping::always);
+    if (transfer.takesMenu())
+        context.store().replaceAll(std::move(setup.menu.items), MenuStore::Keeping::always);
     if (!context.store().lastSave())
         return ExitStatus::failed; // the store has said why
     context.out() << tr("Imported. What was here before is kept in %1.", kept->path()) << '\n';

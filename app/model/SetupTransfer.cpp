@@ -139,7 +139,7 @@ std::vector<std::string> SetupTransfer::locked(Setup const& setup) const
         if (m_services.files.defaults.isLocked(key))
             locked.push_back(key);
     }
-    if (m_services.files.defaults.isLocked(MenuStore::defaultsKey))
+    if (!takesMenu())
         locked.emplace_back(MenuStore::defaultsKey);
     return locked;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/model/MenuStore.h"
 #include "app/model/SetupDocument.h"
 #include "platform/SystemKind.h"
 #include "platform/files/Files.h"
@@ -42,6 +43,8 @@ public:
     /// The preferences that an administrator has locked.
     [[nodiscard]] std::vector<std::string> locked(Setup const& setup) const;
 
+    /// False where an administrator has locked the menu.
+    [[nodiscard]] bool takesMenu() const { return !m_services.files.defaults.isLocked(MenuStore::defaultsKey); }
     /// Keeps this machine's setup, with that menu, as a file for its user's eyes; the oldest of more than ten go.
     [[nodiscard]] Result<Url> keep(std::vector<MenuItem> const& items, Url const& folder, WallTime now) const;
     /// Writes the files of own items and of images, and lets the items of `setup` point at them. Nothing else changes.

@@ -81,7 +81,8 @@ void SetupCommands::take(Setup setup)
         return tell(tr("The import failed."), stored.error());
     m_services.preferencesChanged();
     auto const missing = missingLines(m_transfer.missing(setup), fewLines);
-    m_services.editor.replaceMenu(std::move(setup.menu.items), trc("edit that can be undone", "Import All"));
+    if (m_transfer.takesMenu())
+        m_services.editor.replaceMenu(std::move(setup.menu.items), trc("edit that can be undone", "Import All"));
     Alert done { AlertStyle::informational, tr("All was imported.") };
     done.informativeText = joined({ missing, { tr("What you had before is kept, and can be imported again: %1", kept->path()) } });
     m_services.alerts.run(done);
