@@ -13,18 +13,12 @@ constexpr char const* key = "picture";
 constexpr char const* kinds[] = { "icon", "image" };
 constexpr std::size_t longestName = 200;
 
-bool isPlain(std::string const& name)
-{
-    bool const isLegible = isValidUtf8(name) && std::none_of(name.begin(), name.end(), [](char c) { return c == '/' || (c >= 0 && c < ' '); });
-    return isLegible && !name.empty() && name.front() != '.' && name.size() <= longestName;
-}
-
 std::optional<ItemPicture> pictureIn(PropertyList const& stored)
 {
     auto const* record = stored.dictionary();
     for (auto const kind : { ItemPicture::Kind::icon, ItemPicture::Kind::image }) {
         auto const* name = record ? record->string(kinds[static_cast<int>(kind)]) : nullptr;
-        if (name && isPlain(*name))
+        if (name && isPictureName(*name))
             return ItemPicture { kind, *name };
     }
     return std::nullopt;
@@ -40,10 +34,22 @@ Url folderOf(Url const& itemsFolder) { return OwnItems::folderBeside(itemsFolder
 
 } // namespace
 
+bool isPictureName(std::string_view name)
+{
+    bool const isLegible = isValidUtf8(name) && std::none_of(name.begin(), name.end(), [](char c) { return c == '/' || (c >= 0 && c < ' '); });
+    return isLegible && !name.empty() && name.front() != '.' && name.size() <= longestName;
+}
+
 std::optional<ItemPicture> pictureOf(MenuItem const& item)
 {
     auto const* stored = item.unrecognizedKeys.find(key);
     return stored ? pictureIn(*stored) : std::nullopt;
+}
+
+std::optional<std::string> imageNameOf(MenuItem const& item)
+{
+    auto const picture = pictureOf(item);
+    return picture && picture->kind == ItemPicture::Kind::image ? std::optional(picture->name) : std::nullopt;
 }
 
 void setPicture(MenuItem& item, std::optional<ItemPicture> const& picture)

@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zv {
@@ -24,8 +25,13 @@ struct ItemPicture {
 };
 
 [[nodiscard]] std::optional<ItemPicture> pictureOf(MenuItem const& item);
+/// The name of the item's image; none for an icon.
+[[nodiscard]] std::optional<std::string> imageNameOf(MenuItem const& item);
 /// None takes the key away.
 void setPicture(MenuItem& item, std::optional<ItemPicture> const& picture);
+
+/// True for a name that leads nowhere else: one component of a path, and not hidden.
+[[nodiscard]] bool isPictureName(std::string_view name);
 
 /// The images that items have for pictures: small copies in a folder of the user's own items, that nobody else can read.
 /// An image stays when its item changes, so that undo and the backups find it. Any thread.

@@ -1,12 +1,12 @@
 #include "app/model/SetupDocument.h"
 
+#include "app/model/ItemPicture.h"
 #include "app/model/KeptEntries.h"
 #include "app/model/MenuShortcut.h"
 #include "app/model/PlainText.h"
 #include "app/model/Preferences.h"
 #include "app/model/RecordReader.h"
 #include "platform/text/PropertyListFormat.h"
-#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +26,6 @@ constexpr std::string_view ownItemsKey = "OwnItems";
 constexpr std::string_view imagesKey = "Pictures";
 constexpr std::array partKeys { formatKey, menuKey, homeKey, preferencesKey, ownItemsKey, imagesKey };
 constexpr std::array<unsigned char, 8> pngSignature { 0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n' };
-constexpr std::size_t longestName = 200;
 
 using Problem = std::optional<ReadFailure>;
 
@@ -102,7 +101,7 @@ Problem readImages(PropertyListDictionary const& stored, Setup& setup)
         return failureAt(imagesKey, "has too many records");
     for (auto const& [name, value] : stored) {
         auto const* data = value.data();
-        if (!isPlainFileName(name) || !data || !isImage(*data))
+        if (!isPictureName(name) || !data || !isImage(*data))
             return failureAt(imagesKey, "has a record that cannot be used");
         setup.images.emplace(name, *data);
     }
@@ -196,21 +195,6 @@ std::vector<std::string_view> setupPreferenceKeys()
     keys.push_back(MenuShortcut::defaultsKey);
     keys.push_back(KeptEntries::defaultsKey);
     return keys;
-}
-
-std::string const* imageNameOf(MenuItem const& item)
-{
-    auto const* picture = item.unrecognizedKeys.find("picture");
-    auto const* name = picture && picture->dictionary() ? picture->dictionary()->string("image") : nullptr;
-    return name && isPlainFileName(*name) ? name : nullptr;
-}
-
-void setImageName(MenuItem& item, std::string const& name) { item.unrecognizedKeys.set("picture", PropertyListDictionary { { "image", name } }); }
-
-bool isPlainFileName(std::string_view name)
-{
-    bool const isLegible = isPlainText(name) && name == withoutControls(name);
-    return isLegible && !name.empty() && name.size() <= longestName && name.front() != '.' && name.find('/') == std::string_view::npos;
 }
 
 } // namespace zv

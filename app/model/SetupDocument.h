@@ -49,11 +49,4 @@ struct SetupLimits {
 /// The keys of all preferences that a setup holds.
 [[nodiscard]] std::vector<std::string_view> setupPreferenceKeys();
 
-/// The name of the image that the item has for a picture; null for others.
-[[nodiscard]] std::string const* imageNameOf(MenuItem const& item);
-void setImageName(MenuItem& item, std::string const& name);
-
-/// True for the name of a file that lies where it is put: one component, and not hidden.
-[[nodiscard]] bool isPlainFileName(std::string_view name);
-
 } // namespace zv

@@ -1,5 +1,6 @@
 #include "app/model/SetupTransfer.h"
 
+#include "app/model/ItemPicture.h"
 #include "app/model/KeptEntries.h"
 #include "app/model/MenuBackups.h"
 #include "base/MainThread.h"
@@ -13,7 +14,6 @@ namespace zv {
 
 namespace {
 
-constexpr char const* imageFolder = "Pictures";
 constexpr std::string_view keptPrefix = "Everything ";
 constexpr std::size_t keptCount = 10;
 
@@ -51,11 +51,12 @@ void forgetBookmarks(std::vector<MenuItem>& items)
 SetupTransfer::SetupTransfer(Services services)
     : m_services(std::move(services))
     , m_ownItems(m_services.system, m_services.itemsFolder, *m_services.files.disk)
-    , m_images(m_services.itemsFolder.parent().appending("." + m_services.itemsFolder.lastPathComponent()).appending(imageFolder))
 {
 }
 
 LocationServices SetupTransfer::locations() const { return { *m_services.files.disk, m_services.files.bookmarks, m_services.home }; }
+
+Url SetupTransfer::fileOfImage(std::string const& name) const { return ItemImages::fileOf({ ItemPicture::Kind::image, name }, m_services.itemsFolder); }
 
 Setup SetupTransfer::collect(std::vector<MenuItem> const& items) const
 {
@@ -87,8 +88,8 @@ std::optional<OwnItem> SetupTransfer::ownItemOf(MenuItem const& item) const
 
 void SetupTransfer::collectImage(MenuItem const& item, Setup& setup) const
 {
-    auto const* name = imageNameOf(item);
-    auto data = name && !setup.images.contains(*name) ? m_services.files.disk->read(m_images.appending(*name)) : Failure { std::string() };
+    auto const name = imageNameOf(item);
+    auto data = name && !setup.images.contains(*name) ? m_services.files.disk->read(fileOfImage(*name)) : Failure { std::string() };
     if (data && data->size() <= SetupLimits::imageSize)
         setup.images.emplace(*name, std::move(data).value());
 }
@@ -189,17 +190,17 @@ Result<void> SetupTransfer::pointAtOwnItem(MenuItem& item, Setup const& setup) c
 /// Never replaces an image: one that is another here gets another name.
 Result<void> SetupTransfer::writeImage(MenuItem& item, Setup const& setup) const
 {
-    auto const* name = imageNameOf(item);
+    auto const name = imageNameOf(item);
     auto const image = name ? setup.images.find(*name) : setup.images.end();
     if (image == setup.images.end())
         return {};
-    auto const there = m_services.files.disk->read(m_images.appending(*name));
+    auto const there = m_services.files.disk->read(fileOfImage(*name));
     if (there && *there == image->second)
         return {};
-    auto const renamed = m_services.files.disk->isTaken(m_images.appending(*name)) ? Uuid::random().toString() + ".png" : *name;
-    if (auto const written = m_services.files.disk->writePrivately(m_images.appending(renamed), image->second); !written)
+    auto const renamed = m_services.files.disk->isTaken(fileOfImage(*name)) ? Uuid::random().toString() + ".png" : *name;
+    if (auto const written = m_services.files.disk->writePrivately(fileOfImage(renamed), image->second); !written)
         return written;
-    setImageName(item, renamed);
+    setPicture(item, ItemPicture { ItemPicture::Kind::image, renamed });
     return {};
 }
 

@@ -58,10 +58,10 @@ private:
     [[nodiscard]] Result<void> pointAtOwnItem(MenuItem& item, Setup const& setup) const;
     [[nodiscard]] Result<void> writeImage(MenuItem& item, Setup const& setup) const;
     [[nodiscard]] LocationServices locations() const;
+    [[nodiscard]] Url fileOfImage(std::string const& name) const;
 
     Services m_services;
     OwnItems m_ownItems;
-    Url m_images;
 };
 
 } // namespace zv

@@ -1,3 +1,4 @@
+#include "app/model/ItemPicture.h"
 #include "app/model/KeptEntries.h"
 #include "app/model/SetupDocument.h"
 #include "platform/text/PropertyListFormat.h"
@@ -35,7 +36,7 @@ TEST_F(SetupCommandsTest, AllThatIsExportedIsThereOnAnotherMachineAndWhatIsMissi
     OwnItem const backUp { OwnItem::Kind::command, "Back\u202eUp", "rsync -a ~ /mnt", "/home/ada/bin", true };
     auto group = MenuItem::ofKind(MenuItemKind::submenu);
     group.children = { item("Back\u202eUp", own(backUp)->path()), item("Notes", "/home/ada/Notes.md"), item("Away", "/opt/away") };
-    setImageName(group.children[1], "sun.png");
+    setPicture(group.children[1], ItemPicture { ItemPicture::Kind::image, "sun.png" });
     store({ group });
     ASSERT_EQ(run({ "export", "--all", "/here/all.plist" }), (Outcome { 0, "", "" }));
     auto const exported = fakes::textOf(files.read(Url::fromPath("/here/all.plist")).value());
