@@ -64,6 +64,18 @@ void addNames(std::string const& folder, std::set<std::string>& names)
     }
 }
 
+/// False for an inherited icon that the toolkit never comes to: before it goes on to a theme's parents, it takes "a-b" and
+/// "a" of the theme for "a-b-c".
+bool isFoundBehind(std::set<std::string> const& nearer, std::string_view name)
+{
+    for (auto dash = name.rfind('-'); dash != std::string_view::npos; dash = name.rfind('-')) {
+        name = name.substr(0, dash);
+        if (nearer.contains(std::string(name)))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 std::vector<std::string> namesInFolder(std::string const& folder)
@@ -88,10 +100,13 @@ std::vector<std::string> iconsOfTheme(std::string const& theme, std::vector<std:
 {
     std::set<std::string> names;
     for (auto const& name : withParents(theme, searchPaths)) {
+        std::set<std::string> own;
         for (auto const& path : searchPaths) {
             for (auto const& folder : pictureFoldersOf(path + "/" + std::string(name)))
-                addNames(folder, names);
+                addNames(folder, own);
         }
+        std::erase_if(own, [&](auto const& icon) { return !isFoundBehind(names, icon); });
+        names.merge(own);
     }
     for (auto const& path : searchPaths)
         addNames(path, names);

@@ -219,10 +219,11 @@ QWidget* MenuEditorView::inspectorColumn()
     box->addWidget(m_inspector, 1);
     auto* restore = settingsButton(text(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
+    auto const& gallery = m_models.gallery();
     auto* start = settingsButton(text(StartGallery::texts().open));
-    start->setToolTip(text(StartGallery::texts().openHelp));
-    start->setAccessibleDescription(text(StartGallery::texts().openHelp));
-    start->setEnabled(m_models.gallery().canTake());
+    start->setToolTip(gallery.canTake() ? text(StartGallery::texts().openHelp) : text(gallery.note()));
+    start->setAccessibleDescription(start->toolTip());
+    start->setEnabled(gallery.canTake());
     connect(start, &QPushButton::clicked, this, [this] { (new GalleryView(m_models, window()))->open(); });
     box->addWidget(start);
     box->addWidget(restore);

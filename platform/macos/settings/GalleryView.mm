@@ -74,10 +74,14 @@ NSArray<ZVPreviewRow*>* rowsOf(std::vector<zv::MenuItem> const& items)
     _window.releasedWhenClosed = NO;
     [self makeTables];
     _description = zv::note("");
-    NSStackView* const columns = zv::stack(zv::Direction::row, { framed(_list, listWidth), framed(_preview, previewWidth) });
-    columns.distribution = NSStackViewDistributionFill;
     NSTextField* const note = zv::note(_models->gallery().note());
-    zv::fill(_window.contentView, zv::fillingColumn({ _description, columns, note, [self buttons] }), 16);
+    NSSplitView* const columns = [[NSSplitView alloc] initWithFrame:NSMakeRect(0, 0, windowSize.width, windowSize.height)];
+    columns.vertical = YES;
+    columns.dividerStyle = NSSplitViewDividerStyleThin;
+    [columns addArrangedSubview:framed(_list, listWidth)];
+    [columns addArrangedSubview:zv::fillingColumn({ _description, framed(_preview, previewWidth), note, [self buttons] })];
+    [columns setHoldingPriority:NSLayoutPriorityDefaultLow + 1 forSubviewAtIndex:0]; // the preview grows first
+    zv::fill(_window.contentView, columns, 16);
 }
 
 - (void)makeTables
@@ -120,7 +124,8 @@ NSArray<ZVPreviewRow*>* rowsOf(std::vector<zv::MenuItem> const& items)
     _rows = menu ? rowsOf(menu->items) : @[];
     _description.stringValue = menu ? zv::toNSString(menu->description) : @"";
     [_preview reloadData];
-    [_preview expandItem:nil expandChildren:YES];
+    for (ZVPreviewRow* row in _rows)
+        [_preview expandItem:row expandChildren:YES];
 }
 
 - (void)take

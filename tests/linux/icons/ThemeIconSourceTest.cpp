@@ -115,7 +115,13 @@ TEST_F(ThemeIconSourceTest, AChosenPictureGivesWayToTheUsualOneWhereItIsMissing)
         EXPECT_EQ(largePictureOf(chosen, 32, 1).toImage().pixelColor(16, 16), color);
     }
     EXPECT_EQ(imageOf(inFile("blue.png")).pixelColor(8, 1).alpha(), 0) << "in its own proportions";
-    EXPECT_EQ(iconsOfTheme(QIcon::themeName().toStdString(), { disk.path("themes") }), (std::vector<std::string> { "folder", "star" }));
+    auto const theme = QIcon::themeName().toStdString();
+    disk.write("themes/child/index.theme", "[Icon Theme]\nDirectories=all\nInherits=" + theme + "\n");
+    for (auto const* name : { "moon.svg", "star.svg", "folder-red.svg" })
+        disk.write("themes/child/all/" + std::string(name), "");
+    disk.write("themes/" + theme + "/all/moon-full.png", "");
+    EXPECT_EQ(iconsOfTheme("child", { disk.path("themes") }), (std::vector<std::string> { "folder", "folder-red", "moon", "star" }))
+        << "the toolkit takes the nearer theme's moon for a full one";
 }
 
 TEST_F(ThemeIconSourceTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)
