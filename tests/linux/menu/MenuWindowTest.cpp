@@ -609,6 +609,16 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
     }
+    auto gone = MenuEntry::disabled("Gone");
+    for (auto const* menus : { static_cast<EntryMenus const*>(&own), static_cast<EntryMenus const*>(nullptr) }) {
+        gone.subject.menus = menus;
+        done.clear();
+        open({ gone, file });
+        press(Qt::Key_Down), press(menus ? Qt::Key_Menu : Qt::Key_Return);
+        if (menus)
+            chooseInTop();
+        EXPECT_EQ(done, std::vector<std::string> { menus ? "copied" : "chosen" }) << "keys reach a dimmed entry for its own menu alone";
+    }
     open({ file, folder });
     click(QEvent::MouseMove, Qt::NoButton, 1); // has the toolkit open the submenu soon
     click(QEvent::MouseButtonPress, Qt::RightButton, 1);
