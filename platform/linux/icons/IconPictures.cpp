@@ -1,6 +1,7 @@
 #include "platform/linux/icons/IconPictures.h"
 
 #include "platform/linux/icons/IconShapes.h"
+#include "platform/linux/icons/InheritedIcons.h"
 #include "platform/linux/icons/MenuImages.h"
 
 #include <QGuiApplication>
@@ -83,7 +84,7 @@ std::string keyOf(FileIconNames const& names)
 QString firstThemeName(FileIconNames const& names)
 {
     for (auto const& name : names.names) {
-        if (auto const themed = QString::fromStdString(name); QIcon::hasThemeIcon(themed))
+        if (auto const themed = QString::fromStdString(name); QIcon::hasThemeIcon(themed) || !inheritedIconFiles(themed).isEmpty())
             return themed;
     }
     return {};
@@ -105,7 +106,12 @@ QIcon IconPictures::sourceOf(FileIconNames const& names)
         if (!m_files->isQuick(file))
             return QPixmap::fromImage(m_files->picture(file));
     }
-    return QIcon::fromTheme(name);
+    if (QIcon::hasThemeIcon(name))
+        return QIcon::fromTheme(name);
+    QIcon inherited;
+    for (auto const& file : inheritedIconFiles(name))
+        inherited.addFile(file);
+    return inherited;
 }
 
 /// What was drawn without the picture is drawn again at the next opening.
