@@ -5,6 +5,7 @@
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/install/AutostartLoginService.h"
+#include "platform/linux/install/GnomeExtension.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/looks/LookFollower.h"
@@ -111,6 +112,7 @@ private:
 
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
+    GnomeExtension m_extension;
     QtNotesWindows m_notesWindows;
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
