@@ -27,13 +27,13 @@ std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
         | (spec.option ? std::uint32_t { optionKey } : 0U) | (spec.control ? std::uint32_t { controlKey } : 0U);
 }
 
-/// The titles that lead to the item, as arguments; empty when it is not there.
-std::string titlesTo(Uuid const& id, std::vector<MenuItem> const& items)
+/// The items that lead to this one, and it, as arguments; empty when it is not there.
+std::string wayTo(Uuid const& id, std::vector<MenuItem> const& items)
 {
     for (auto const& item : items) {
-        auto const below = item.id == id ? std::string() : titlesTo(id, item.children);
+        auto const below = item.id == id ? std::string() : wayTo(id, item.children);
         if (item.id == id || !below.empty())
-            return " " + quotedForShell(item.kind.shownTitle(item.displayTitle())) + below;
+            return " " + item.id.toString() + below;
     }
     return {};
 }
@@ -45,7 +45,7 @@ std::string commandFor(HotkeyTarget const& target, std::vector<MenuItem> const& 
         return commandOfShow;
     if (auto const* file = target.fileURL())
         return "xdg-open " + quotedForShell(file->path());
-    return "zanthe-vell perform" + titlesTo(*target.itemID(), items);
+    return "zanthe-vell perform" + wayTo(*target.itemID(), items);
 }
 
 } // namespace

@@ -101,8 +101,9 @@ SettingsSection GeneralSettings::presence()
     logo.isEnabled = replaces;
     logo.isIndented = true;
     section.rows.push_back(std::move(logo));
-    if (replaces)
+    if (replaces && !(m_services.extension && m_services.extension->state() == DesktopExtension::State::on))
         addNote(section, "overlayProblem", m_services.overlayProblem);
+    addExtension(section);
     section.rows.push_back(
         toggle("showStatusItem", wording.statusItem, wording.statusItemHelp, showsItem, [&](bool on) { preferences.setShowsStatusItem(on); }));
     if (showsItem)
@@ -111,6 +112,22 @@ SettingsSection GeneralSettings::presence()
         section.rows.push_back(note("noPresence", wording.noPresenceNote));
     addMenuShortcut(section);
     return section;
+}
+
+void GeneralSettings::addExtension(SettingsSection& section)
+{
+    using State = DesktopExtension::State;
+    auto const state = m_services.extension ? m_services.extension->state() : State::missing;
+    if (state == State::missing)
+        return;
+    section.rows.push_back(toggle("extension", tr("Laurel in GNOME’s top bar"),
+        tr("Switches on our extension of GNOME Shell: a laurel at the left end, shortcuts, and the pointer’s place."), state != State::off, [this](bool on) {
+            if (!m_services.extension->switchTo(on))
+                m_services.alerts.run({ AlertStyle::warning, tr("The extension of GNOME Shell could not be switched."), {} });
+            tellChanged();
+        }));
+    if (state == State::onFromNextLogin)
+        section.rows.push_back(note("extensionNote", tr("It takes effect at the next login.")));
 }
 
 /// Always adds a note, so that the page keeps its rows, and the recorder its key, when a conflict comes or goes.

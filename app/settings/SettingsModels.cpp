@@ -97,6 +97,7 @@ SettingsModels::SettingsModels(Services services)
           .openSettingsPane = m_services.openSettingsPane,
           .fileShortcuts = [this] { return shown(m_services.hotkeys.registeredFiles(), m_services.system.kind); },
           .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
+          .extension = m_services.surface.home.extension,
           .bindingLines = [this] { return m_services.hotkeys.bindingLines(); },
           .copy = [this](std::string const& text) { m_services.surface.desk.clipboard.setText(text); },
           .exportAll = [this] { m_setup.exportAll(); } })

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/program/DesktopExtension.h"
 #include "platform/program/LoginService.h"
 #include "platform/session/DesktopCommands.h"
 
@@ -42,7 +43,7 @@ struct DesktopFindings {
     std::optional<KeyBindingLine> bindingOfShow; ///< opens the menu by a key, as the desktop's own configuration can
 
     bool isGnome = false;
-    bool hasGnomeExtension = false; ///< our own extension of GNOME Shell is switched on
+    DesktopExtension::State extension = DesktopExtension::State::missing;
     bool hasSessionBus = false;
     StatusIcons statusIcons = StatusIcons::noWatcher;
     bool hasPortal = false;

@@ -145,8 +145,13 @@ class SwayTest(unittest.TestCase):
         at_corner = pixel(2, 2)
         sway("fullscreen", "enable")
         wait_until(lambda: pixel(2, 2) != at_corner, 3, "the corner hides")
+        sway("workspace", "9")
+        with subprocess.Popen(["foot", "sh", "-c", "sleep 20"], stderr=subprocess.DEVNULL) as other:
+            wait_until(lambda: pixel(2, 2) == at_corner, 5, "and comes back beside the window of another workspace, …")
+            other.terminate()
+        sway("workspace", "1")
         sway("fullscreen", "disable")
-        wait_until(lambda: pixel(2, 2) == at_corner, 3, "and comes back")
+        wait_until(lambda: pixel(2, 2) == at_corner, 3, "… and with this one")
 
     def test_keys_by_its_connection(self):
         report = json.loads(zv("hotkeys", "--json"))

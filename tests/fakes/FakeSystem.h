@@ -132,6 +132,7 @@ struct FakeSurface {
                 .makeUpdateEngine = [this](UpdateChannels& channels, UpdateUserDriver& driver) { return makeEngine(channels, driver); },
                 .installedApplications = [this](auto use) { use(installedApplications); },
                 .permissions = nullptr,
+                .extension = nullptr,
                 .provideServices = [this] { ++servicesProvided; },
                 .diagnostics = [] { return std::string("a machine in memory"); } } };
     }

@@ -53,15 +53,18 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     return options;
 }
 
+std::vector<std::string> dataFolders(XdgDirectories const& user)
+{
+    std::vector<std::string> folders { user.data };
+    folders.insert(folders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    return folders;
+}
+
 LookSources lookSources(LinuxFiles const& files)
 {
     auto const& user = files.paths().user;
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    LookSources sources {
-        .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = { user.data }, .desktops = files.audience().desktops
-    };
-    sources.dataFolders.insert(sources.dataFolders.end(), user.dataDirs.begin(), user.dataDirs.end());
-    return sources;
+    return { .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = dataFolders(user), .desktops = files.audience().desktops };
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -117,6 +120,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
+    , m_extension({ dataFolders(m_files.paths().user), [this] { return GnomeShell::windowsOn(m_bus) != nullptr; } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
     , m_packageOrigin(m_files.places().bundle.path())
@@ -362,6 +366,7 @@ Surface LinuxFrontEnd::surface()
             .makeUpdateEngine = updateEngine(),
             .installedApplications = [this](auto use) { m_system.applicationFolders().list(std::move(use)); },
             .permissions = nullptr,
+            .extension = &m_extension,
             .provideServices = {},
             .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };
 }

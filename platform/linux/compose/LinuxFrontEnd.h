@@ -6,6 +6,7 @@
 #include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/icons/ThemePictures.h"
 #include "platform/linux/install/AutostartLoginService.h"
+#include "platform/linux/install/GnomeExtension.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/looks/LookFollower.h"
@@ -113,6 +114,7 @@ private:
 
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
+    GnomeExtension m_extension;
     QtNotesWindows m_notesWindows;
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;

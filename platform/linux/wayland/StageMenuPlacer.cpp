@@ -23,6 +23,15 @@ using namespace std::chrono_literals;
 constexpr auto patience = 150ms;
 constexpr auto patienceForWindow = 1500ms; ///< until a maximized window is painted
 
+/// The toolkit takes a whole screen for free, of which a maximized window leaves out the panels.
+void keepWithin(QRect area, QMenu& menu)
+{
+    menu.setMaximumHeight(area.height());
+    int const overhang = menu.geometry().bottom() - area.bottom();
+    if (overhang > 0)
+        menu.move(menu.x(), std::max(area.top(), menu.y() - overhang));
+}
+
 } // namespace
 
 StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals, Desktop desktop)
@@ -162,8 +171,11 @@ void StageMenuPlacer::lost()
 
 void StageMenuPlacer::windowShows(QMenu& menu)
 {
-    if (m_stage)
-        menu.windowHandle()->setParent(m_stage->windowHandle());
+    if (!m_stage)
+        return;
+    menu.windowHandle()->setParent(m_stage->windowHandle());
+    if (!m_globals.layerShell())
+        keepWithin({ m_stage->origin(), m_stage->size() }, menu);
 }
 
 /// The widget counts from the desktop's corner, its native window from the stage's.

@@ -121,6 +121,7 @@ Surface MacFrontEnd::surface()
             .makeUpdateEngine = makeUpdateEngine,
             .installedApplications = [this](auto use) { listApplications(std::move(use)); },
             .permissions = m_permissions.get(),
+            .extension = nullptr,
             .provideServices = [this] { NSApp.servicesProvider = m_services; },
             .diagnostics = [this] { return diagnostics(); } } };
 }

@@ -34,11 +34,12 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
 
     registrar.supported = HotkeySupport::none;
     auto group = MenuItem::ofKind(MenuItemKind::submenu);
-    group.title = "It's";
+    group.id = *Uuid::parse("00000000-0000-0000-0000-0000000000CD");
     group.children = { item };
     center.menuItemsChanged({ group });
-    EXPECT_NE(hotkeyReport(&center).find(
-                  R"("bindings":[{"file":"~/keys","line":"14 zanthe-vell perform 'It'\\''s' 'Sleep'"},{"file":"~/keys","line":"96 xdg-open '/a�'"}])"),
+    EXPECT_NE(
+        hotkeyReport(&center).find(
+            R"("bindings":[{"file":"~/keys","line":"14 zanthe-vell perform 00000000-0000-0000-0000-0000000000CD 00000000-0000-0000-0000-0000000000AB"},{"file":"~/keys","line":"96 xdg-open '/a�'"}])"),
         std::string::npos)
         << hotkeyReport(&center);
 }
