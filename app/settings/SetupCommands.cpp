@@ -60,16 +60,18 @@ bool SetupCommands::imports(Url const& file)
 bool SetupCommands::confirms(Url const& file, Setup const& setup)
 {
     Lines advice;
-    if (bringsPrograms(setup))
+    bool const isRisky = bringsPrograms(setup);
+    if (isRisky)
         advice.push_back(tr("Take commands from nobody but those whom you trust: they may do whatever you may do."));
     advice.push_back(tr("Your menu and your preferences are replaced. What you have now is kept among the backups."));
     Alert question;
     question.message = tr("Import all that is in %1?", quoted(file.lastPathComponent()));
     question.informativeText = joined(
         { contentLines(setup, fewLines), leftOutLines(setup, m_transfer.locked(setup), fewLines), missingLines(m_transfer.missing(setup), fewLines), advice });
-    question.buttons = { trc("button", "Import"), tr("Cancel") };
-    question.escapeButton = 1;
-    return m_services.alerts.run(question) == 0;
+    auto const import = trc("button", "Import");
+    question.buttons = isRisky ? std::vector { tr("Cancel"), import } : std::vector { import, tr("Cancel") }; // Return alone lets no program in
+    question.escapeButton = isRisky ? 0 : 1;
+    return m_services.alerts.run(question) != question.escapeButton;
 }
 
 void SetupCommands::take(Setup setup)
