@@ -6,6 +6,7 @@
 #include "platform/desk/IconSource.h"
 #include "platform/desk/Image.h"
 
+#include <functional>
 #include <string>
 #include <unordered_map>
 
@@ -31,8 +32,9 @@ public:
 /// The icons, each fetched once and kept until the cache is emptied. Main thread only.
 class MenuIcon : public MenuIcons {
 public:
-    /// `source` outlives this, and so do the lists, which know their own icons.
-    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder);
+    /// `source` outlives this, and so do the lists, which know their own icons. `showsCommands` tells whether commands
+    /// have icons that have none in the Mac's own menu.
+    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder, std::function<bool()> showsCommands);
 
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
     /// A URL that is no file gets the network icon.
@@ -52,6 +54,7 @@ private:
     IconSource& m_source;
     DynamicMenuProvider const& m_lists;
     Url m_itemsFolder;
+    std::function<bool()> m_showsCommands;
     std::unordered_map<std::string, ImageRef> m_files; ///< by path
     std::unordered_map<SystemIcon, ImageRef> m_systemIcons;
 };

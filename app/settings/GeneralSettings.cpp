@@ -188,6 +188,12 @@ SettingsSection GeneralSettings::menus()
     SettingsSection section { tr("Menus"), {} };
     section.rows.push_back(
         toggle("showIcons", tr("Icons"), tr("Shows a picture beside each entry."), preferences.showIcons(), [&](bool on) { preferences.setShowIcons(on); }));
+    if (!m_services.wording.commandIcons.empty()) {
+        section.rows.push_back(toggle("showCommandIcons", m_services.wording.commandIcons, m_services.wording.commandIconsHelp, preferences.showCommandIcons(),
+            [&](bool on) { preferences.setShowCommandIcons(on); }));
+        section.rows.back().isIndented = true;
+        section.rows.back().isEnabled = preferences.showIcons();
+    }
     section.rows.push_back(toggle("showHiddenFiles", tr("Hidden files"), tr("Lists files in folder submenus that are hidden otherwise."),
         preferences.showHiddenFiles(), [&](bool on) { preferences.setShowHiddenFiles(on); }));
     section.rows.push_back(toggle("sortFoldersFirst", tr("Folders first"), tr("Lists folders before files."), preferences.sortFoldersFirst(),

@@ -35,7 +35,8 @@ Menus::Menus(Parts parts)
     , m_scriptMenus(
           { .tools = parts.system.session.tools, .tasks = parts.system.time.tasks, .workspace = parts.system.session.workspace, .ownItems = m_ownItems })
     , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, m_openingKeys, parts.system.lists.applicationFolders, &m_scriptMenus }
-    , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
+    , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder,
+          [&preferences = parts.preferences, kind = parts.system.kind] { return kind != SystemKind::macOS || preferences.showCommandIcons(); })
     , m_entryMenu({ .system = parts.system,
           .desk = parts.desk,
           .preferences = parts.preferences,

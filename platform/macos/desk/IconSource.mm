@@ -86,6 +86,13 @@ NSImage* pictureWithoutFile(SystemIcon icon)
     }
 }
 
+/// A symbol of the system, as it is: it has the colour of the entry's text.
+ImageRef symbolNamed(std::string_view name)
+{
+    NSImage* const symbol = [NSImage imageWithSystemSymbolName:toNSString(name) accessibilityDescription:nil];
+    return symbol ? std::make_shared<MacImage>(symbol, std::string(name)) : nullptr;
+}
+
 /// Goes by the name alone; a name without an extension counts as a folder.
 NSImage* iconOfName(NSString* extension)
 {
@@ -110,7 +117,10 @@ public:
     ImageRef systemIcon(SystemIcon icon) override
     {
         auto const name = nameOfSystemIcon(icon);
-        return name.starts_with('/') ? fileIcon(Url::fromPath(name)) : menuSized(pictureWithoutFile(icon), std::string(name));
+        if (name.starts_with('/'))
+            return fileIcon(Url::fromPath(name));
+        auto const picture = menuSized(pictureWithoutFile(icon), std::string(name));
+        return picture ? picture : symbolNamed(name);
     }
     ImageRef namedIcon(std::string const& name, ImageRef const& otherwise) override
     {
