@@ -171,6 +171,32 @@ class SwayTest(unittest.TestCase):
         self.assertIn("Some Terminal", zv("menu", "--expand", "1"))
 
 
+@unittest.skipUnless(ON_SWAY, "sway's own")
+class ScreensTest(unittest.TestCase):
+    def test_screens_that_go_end_neither_the_menu_nor_the_program(self):
+        """In a sway within sway, whose screens are windows that can be closed."""
+        desktop.set_menu([("Sleep", None, None)])
+        displays = set(os.listdir(os.environ["XDG_RUNTIME_DIR"]))
+        inner = {**os.environ, "WLR_BACKENDS": "wayland", "WLR_WL_OUTPUTS": "2", "WLR_RENDERER": "pixman"}
+        write(os.path.join(HOME, "inner.conf"), "xwayland disable\n")
+        with subprocess.Popen(["sway", "-c", os.path.join(HOME, "inner.conf")], env=inner, stderr=subprocess.DEVNULL) as screens:
+            self.addCleanup(screens.kill)
+            wait_until(lambda: "WL-2" in json.dumps(sway("-t", "get_tree")), 10, "two screens")
+            new = next(name for name in set(os.listdir(os.environ["XDG_RUNTIME_DIR"])) - displays if name.startswith("wayland-") and name[-1].isdigit())
+            with Program(WAYLAND_DISPLAY=new, SWAYSOCK=None) as program:
+                wait_until(lambda: Bus().has_owner(desktop.NAME), 10, "the start")
+                for place, closed in (((800, 200), "WL-2"), ((100, 200), "WL-1")):
+                    seen = (place[0] + 10, place[1] + 10)
+                    ground = pixel(*seen)
+                    zv("show", "--at", "%d,%d" % place)
+                    wait_until(lambda: pixel(*seen) != ground, 3, f"the menu on {closed}")
+                    sway(f'[title="{closed}"] kill')
+                    wait_until(lambda: closed not in json.dumps(sway("-t", "get_tree")), 3, "the screen has gone")
+                time.sleep(0.5)
+                self.assertTrue(program.is_running(), program.said())
+            screens.terminate()
+
+
 @unittest.skipIf(ON_SWAY, "KWin's own")
 class KWinTest(unittest.TestCase):
     ACCEL = ("org.kde.kglobalaccel", "/kglobalaccel", "org.kde.KGlobalAccel")
