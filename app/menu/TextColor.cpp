@@ -107,7 +107,7 @@ std::optional<TextColor> parseTextColor(std::string_view text)
 
 double contrastOf(Rgb a, Rgb b)
 {
-    auto const [darker, lighter] = std::minmax(luminanceOf(a), luminanceOf(b));
+    auto const [darker, lighter] = std::minmax({ luminanceOf(a), luminanceOf(b) });
     return (lighter + 0.05) / (darker + 0.05);
 }
 
