@@ -1,3 +1,4 @@
+#include "app/model/ItemPicture.h"
 #include "app/model/SetupDocument.h"
 #include "tests/fuzz/Model.h"
 
@@ -13,7 +14,7 @@ void readAsSetup(std::span<std::byte const> bytes)
     auto const again = setupDocument(*setup);
     fuzz::require(again && readSetup(*again, fuzz::services()).ok(), "a setup that was read cannot be written and read again");
     for (auto const& [name, data] : setup->images)
-        fuzz::require(isPlainFileName(name) && name.find('/') == std::string::npos, "an image leads elsewhere");
+        fuzz::require(isPictureName(name) && name.find('/') == std::string::npos, "an image leads elsewhere");
 }
 
 } // namespace

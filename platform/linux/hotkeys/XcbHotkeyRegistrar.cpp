@@ -92,12 +92,13 @@ std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyCh
 
     std::vector<bool> answers;
     answers.reserve(wanted.size());
-    auto nextID = firstID;
+    for (auto& held : m_held)
+        held.id = 0; // until one of this call has it
     for (auto const& each : wanted) {
         auto* const held = find(each);
-        bool const succeeded = held && held->id < firstID; // else an earlier one of this call has it
+        bool const succeeded = held && held->id == 0;
         if (succeeded)
-            held->id = nextID++;
+            held->id = firstID++;
         answers.push_back(succeeded);
     }
     return answers;

@@ -54,7 +54,6 @@ typedef NS_ENUM(NSInteger, NSWindowToolbarStyle) { NSWindowToolbarStylePreferenc
 @interface NSWindow (CompatSheets)
 - (void)beginSheet:(NSWindow *)w completionHandler:(void (^)(NSModalResponse))h;
 - (void)endSheet:(NSWindow *)w;
-@property (readonly, strong) NSWindow *sheetParent;
 @end
 @interface NSColor (CompatSettings)
 + (NSColor *)selectedContentBackgroundColor;
