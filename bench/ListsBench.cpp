@@ -215,7 +215,7 @@ void coldIconsBeforeFirstPaintOnMain(benchmark::State& state)
     DynamicMenuProvider const noLists;
     for (auto _ : state) {
         ThemeIconSource source(time, time);
-        MenuIcon icons(source, noLists, Url::fromPath("/items"));
+        MenuIcon icons(source, noLists, Url::fromPath("/items"), [] { return true; });
         for (auto const& file : machine.files)
             benchmark::DoNotOptimize(isMenuIconReady(icons.iconForFile(Url::fromPath(file))));
     }
@@ -232,7 +232,7 @@ void warmIconsBeforeFirstPaintOnMain(benchmark::State& state)
         (void)menuIconOf(source.fileIcon(Url::fromPath(file)));
     DynamicMenuProvider const noLists;
     for (auto _ : state) {
-        MenuIcon icons(source, noLists, Url::fromPath("/items"));
+        MenuIcon icons(source, noLists, Url::fromPath("/items"), [] { return true; });
         for (auto const& file : machine.files) {
             auto const image = icons.iconForFile(Url::fromPath(file));
             if (isMenuIconReady(image))

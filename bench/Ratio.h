@@ -4,7 +4,9 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -43,8 +45,24 @@ template <class Work, class Undo> struct Side {
 };
 template <class Work, class Undo> Side(Work, Undo) -> Side<Work, Undo>;
 
-/// Like ratio(), by wall-clock time.
-template <class Ours, class Bare> double wallRatio(std::string const& name, std::size_t units, Ours ours, Bare bare, int times = rounds)
+/// Nanoseconds of one unit of work.
+struct Medians {
+    double ours = 0;
+    double theirs = 0;
+};
+
+/// Prints "name: A ns, B ns, ratio r": our time for each of `units`, the time of the bare library (or other yardstick),
+/// and the first divided by the second.
+inline Medians report(std::string const& name, std::size_t units, std::vector<double> const& ours, std::vector<double> const& theirs)
+{
+    auto const perUnit = [units](std::vector<double> const& times) { return median(times) / static_cast<double>(units); };
+    Medians const found { perUnit(ours), perUnit(theirs) };
+    std::printf("%s: %.0f ns, %.0f ns, ratio %.2f\n", name.c_str(), found.ours, found.theirs, found.ours / found.theirs);
+    return found;
+}
+
+/// By wall-clock time.
+template <class Ours, class Bare> Medians wallRatio(std::string const& name, std::size_t units, Ours ours, Bare bare, int times = rounds)
 {
     std::vector<double> ourTimes;
     std::vector<double> bareTimes;
@@ -54,15 +72,11 @@ template <class Ours, class Bare> double wallRatio(std::string const& name, std:
         bareTimes.push_back(wallNanosecondsOf(bare.work));
         bare.undo();
     }
-    auto const perUnit = [&](std::vector<double> const& each) { return median(each) / static_cast<double>(units); };
-    double const result = median(ourTimes) / median(bareTimes);
-    std::printf("%s: %.0f ns, %.0f ns, ratio %.2f\n", name.c_str(), perUnit(ourTimes), perUnit(bareTimes), result);
-    return result;
+    return report(name, units, ourTimes, bareTimes);
 }
 
-/// Prints "name: A ns, B ns, ratio r": our time for each of `units`, the time of the bare
-/// library (or other yardstick), and the first divided by the second. Returns the ratio.
-template <class Ours, class Bare> double ratio(std::string const& name, std::size_t units, Ours ours, Bare bare)
+/// By the process's own time.
+template <class Ours, class Bare> Medians ratio(std::string const& name, std::size_t units, Ours ours, Bare bare)
 {
     std::vector<double> ourTimes;
     std::vector<double> bareTimes;
@@ -70,10 +84,28 @@ template <class Ours, class Bare> double ratio(std::string const& name, std::siz
         ourTimes.push_back(nanosecondsOf(ours));
         bareTimes.push_back(nanosecondsOf(bare));
     }
-    auto const perUnit = [&](std::vector<double> const& times) { return median(times) / static_cast<double>(units); };
-    double const result = median(ourTimes) / median(bareTimes);
-    std::printf("%s: %.0f ns, %.0f ns, ratio %.2f\n", name.c_str(), perUnit(ourTimes), perUnit(bareTimes), result);
-    return result;
+    return report(name, units, ourTimes, bareTimes);
+}
+
+/// Hands a cell of the table of speeds to bench/table, where that has asked for them: what all of the row's work takes
+/// with `size` things, and a peer's in the same run. The file has milliseconds.
+inline void note(std::string const& row, std::size_t size, Medians const& found, std::string const& peer)
+{
+    if (auto const* const path = std::getenv("ZV_BENCH_ROWS"))
+        std::ofstream(path, std::ios::app) << row << '\t' << size << '\t' << found.ours / 1e6 << '\t' << peer << '\t' << found.theirs / 1e6 << '\n';
+}
+
+/// Measures a cell of the table of speeds, small sizes as often as the clock needs.
+template <class Ours, class Bare> void cell(std::string const& row, std::size_t size, std::string const& peer, Ours ours, Bare bare)
+{
+    auto const times = std::max<std::size_t>(1, 10'000 / size);
+    auto const repeated = [times](auto& work) {
+        return [&work, times] {
+            for (std::size_t i = 0; i < times; ++i)
+                work();
+        };
+    };
+    note(row, size, ratio(row + ", " + std::to_string(size) + " (ours, " + peer + ")", times, repeated(ours), repeated(bare)), peer);
 }
 
 } // namespace zv::bench

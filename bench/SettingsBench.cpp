@@ -174,5 +174,11 @@ int main(int argc, char** argv)
         compare("change an item, to the picture of it", large, small, 2, [](Editor& editor) { editor.change(); });
         compare("of that, saving the menu", large, small, 2, [](Editor& editor) { editor.save(); });
     }
+    for (std::size_t const count : { 10, 100, 1'000, 10'000 }) {
+        Editor editor(folder, count);
+        Editor smallest(folder, 10);
+        bench::cell(
+            "a change in the editor, to its picture", count, "the same with 10", [&] { editor.change(); }, [&] { smallest.change(); });
+    }
     std::filesystem::remove_all(folder);
 }

@@ -1,8 +1,8 @@
 #include "app/menu/DisplayText.h"
 #include "app/model/FinderPopName.h"
+#include "app/menu/ShownShortcut.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
-#include "cli/MenuText.h"
 #include "cli/Options.h"
 #include "platform/text/Text.h"
 

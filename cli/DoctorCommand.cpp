@@ -3,8 +3,8 @@
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
+#include "cli/SetupCommands.h"
 
-#include <istream>
 #include <ostream>
 
 namespace zv {
@@ -12,13 +12,6 @@ namespace zv {
 namespace {
 
 constexpr char const* usualReport = "zanthe-vell-report.txt";
-
-bool agrees(CommandContext& context)
-{
-    std::string answer;
-    std::getline(context.in(), answer);
-    return answer == "y" || answer == "Y" || answer == "yes";
-}
 
 /// Shows all that would be written before it asks.
 ExitStatus writeReport(std::string const& file, CommandContext& context)

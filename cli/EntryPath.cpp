@@ -1,6 +1,7 @@
 #include "cli/EntryPath.h"
 
 #include "base/Translation.h"
+#include "base/Uuid.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
@@ -23,8 +24,18 @@ template <class Matches> MenuEntry const* findEntry(Menu const& menu, Matches ma
     return disabled;
 }
 
+/// An item is also found by its identifier, which stays when its title changes.
+MenuEntry const* entryOfItem(Menu const& menu, std::string const& text)
+{
+    auto const id = Uuid::parse(text);
+    auto const found = std::ranges::find_if(menu.entries, [&](MenuEntry const& entry) { return id && entry.subject.item == id; });
+    return found == menu.entries.end() ? nullptr : &*found;
+}
+
 MenuEntry const* entryTitled(Menu const& menu, std::string const& title)
 {
+    if (auto const* const entry = entryOfItem(menu, title))
+        return entry;
     if (auto const* const entry = findEntry(menu, [&](std::string const& candidate) { return candidate == title; }))
         return entry;
     auto const folded = foldedForSearch(title);

@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
+#include "cli/SetupCommands.h"
 
 namespace zv {
 
@@ -23,16 +24,18 @@ ExitStatus exportTo(std::string const& file, CommandContext& context)
 
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
-    auto const options = Options::parse(arguments, {});
+    static constexpr Options::Known known[] = { { "--all" } };
+    auto const options = Options::parse(arguments, known);
     if (!options)
         return failUsage(context, exportCommand, options.error());
     if (options->operands().size() != 1)
         return failUsage(context, exportCommand, tr("name one file"));
-    return exportTo(options->operands()[0], context);
+    auto const& file = options->operands()[0];
+    return options->has("--all") ? exportSetup(file, context) : exportTo(file, context);
 }
 
 } // namespace
 
-constexpr Command exportCommand { "export", "FILE", mark("write the menu to a file (- is standard output)"), run };
+constexpr Command exportCommand { "export", "[--all] FILE", mark("write the menu, or all that you have made, to a file (- is standard output)"), run };
 
 } // namespace zv

@@ -1,8 +1,8 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/DisplayText.h"
+#include "app/menu/ShownShortcut.h"
 #include "base/Translation.h"
 #include "cli/Commands.h"
-#include "cli/MenuText.h"
 #include "cli/Options.h"
 #include "platform/text/Text.h"
 
@@ -68,14 +68,28 @@ ExitStatus print(std::string const& report, CommandContext& context)
         print(Json::array({ entry }), remarkOn(entry), context);
     if (textOf(parsed, "support") == "none")
         context.out() << hotkeyCheck(HotkeySupport::none).explanation << '\n';
+    if (parsed.contains("bindings"))
+        context.out() << tr("“zanthe-vell hotkeys --bindings” prints lines for %1.", textOf(parsed["bindings"].front(), "file")) << '\n';
     if (report.find("\"file\":") != std::string::npos)
         context.out() << '\n' << tr("To take a file’s shortcut away, rename the file without “-*[…]*”.") << '\n';
     return ExitStatus::done;
 }
 
+/// The lines alone, so that they can be appended to the file.
+ExitStatus printBindings(std::string const& report, CommandContext& context)
+{
+    auto const parsed = Json::parse(report, nullptr, false);
+    auto const bindings = parsed.is_object() ? parsed.value("bindings", Json::array()) : Json::array();
+    if (bindings.empty())
+        return fail(context, tr("no lines are known that would give this desktop’s keys to programs, or it needs none"));
+    for (auto const& binding : bindings)
+        context.out() << textOf(binding, "line") << '\n';
+    return ExitStatus::done;
+}
+
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
-    static constexpr Options::Known known[] = { { "--json" } };
+    static constexpr Options::Known known[] = { { "--json" }, { "--bindings" } };
     auto const options = Options::parse(arguments, known);
     if (!options)
         return failUsage(context, hotkeysCommand, options.error());
@@ -84,6 +98,8 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     auto const report = context.runningProgram().hotkeys();
     if (!report)
         return fail(context, report.error());
+    if (options->has("--bindings"))
+        return printBindings(*report, context);
     if (!options->has("--json"))
         return print(*report, context);
     context.out() << *report << '\n';
@@ -92,6 +108,6 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command hotkeysCommand { "hotkeys", "[--json]", mark("the shortcuts that the running program holds, and those that others have"), run };
+constexpr Command hotkeysCommand { "hotkeys", "[--json | --bindings]", mark("the shortcuts that the running program holds, and those that others have"), run };
 
 } // namespace zv

@@ -4,6 +4,7 @@
 #include "cli/Commands.h"
 #include "cli/FileArgument.h"
 #include "cli/Options.h"
+#include "cli/SetupCommands.h"
 
 #include <ostream>
 
@@ -32,13 +33,15 @@ ExitStatus replaceMenu(ImportedMenu menu, CommandContext& context)
 
 ExitStatus run(Arguments arguments, CommandContext& context)
 {
-    static constexpr Options::Known known[] = { { "--check" } };
+    static constexpr Options::Known known[] = { { "--all" }, { "--check" }, { "--yes" } };
     auto const options = Options::parse(arguments, known);
     if (!options)
         return failUsage(context, importCommand, options.error());
     if (options->operands().size() != 1)
         return failUsage(context, importCommand, tr("name one file"));
     auto const& file = options->operands()[0];
+    if (options->has("--all"))
+        return importSetup(file, options->has("--check") ? SetupImport::check : options->has("--yes") ? SetupImport::take : SetupImport::ask, context);
     auto const bytes = readFileArgument(context, file);
     if (!bytes)
         return fail(context, file + ": " + bytes.error());
@@ -53,6 +56,7 @@ ExitStatus run(Arguments arguments, CommandContext& context)
 
 } // namespace
 
-constexpr Command importCommand { "import", "[--check] FILE", mark("put the menu of a file in place, in the document or the older form"), run };
+constexpr Command importCommand { "import", "[--check] [--all [--yes]] FILE",
+    mark("put the menu of a file in place, or all that --all exported; --check says what it holds"), run };
 
 } // namespace zv

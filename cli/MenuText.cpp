@@ -2,6 +2,7 @@
 
 #include "app/menu/DisplayText.h"
 #include "app/menu/MenuKeyEquivalent.h"
+#include "app/menu/ShownShortcut.h"
 
 #include <nlohmann/json.hpp>
 
@@ -111,21 +112,6 @@ Json itemsAsJson(Menu const& menu)
 }
 
 } // namespace
-
-std::string shownShortcut(std::string_view glyphs, SystemKind system)
-{
-    static constexpr std::pair<std::string_view, std::string_view> words[]
-        = { { "⌃", "Ctrl" }, { "⌥", "Alt" }, { "⇧", "Shift" }, { "⌘", "Super" }, { "⎋", "Esc" } };
-    std::string shown;
-    while (system == SystemKind::linuxDesktop && !glyphs.empty()) {
-        auto const known = std::ranges::find_if(words, [&](auto const& word) { return glyphs.starts_with(word.first); });
-        if (known == std::end(words))
-            break;
-        glyphs.remove_prefix(known->first.size());
-        shown += shownKeyName(known->second) + (glyphs.empty() ? "" : "+");
-    }
-    return shown.append(glyphs);
-}
 
 std::string menuAsText(Menu const& menu, TextMeasure const& cells, SystemKind system)
 {

@@ -7,12 +7,8 @@
 #include <nlohmann/json_fwd.hpp>
 
 #include <string>
-#include <string_view>
 
 namespace zv {
-
-/// A shortcut's text as the system writes it: "⌥⌘E", or "Alt+Super+E".
-[[nodiscard]] std::string shownShortcut(std::string_view glyphs, SystemKind system);
 
 /// The menu as an indented tree, shortcuts in a column at the right. Disabled entries stand in
 /// parentheses, with the reason behind. `cells` measures in terminal cells.

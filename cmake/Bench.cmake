@@ -14,3 +14,7 @@ target_link_libraries(click_latency PRIVATE zv_options X11::X11 X11::Xtst X11::X
 # The yardstick of bench/start.
 add_executable(bare_start ${CMAKE_SOURCE_DIR}/bench/bare_start.cpp)
 target_link_libraries(bare_start PRIVATE zv_options Qt6::Widgets Qt6::DBus)
+
+# The yardstick of bench/desktop.
+add_executable(bare_menu ${CMAKE_SOURCE_DIR}/bench/bare_menu.cpp)
+target_link_libraries(bare_menu PRIVATE zv_options X11::X11)

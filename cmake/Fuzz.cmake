@@ -10,7 +10,7 @@ zv_library(zv_fuzzed FOLDERS base app/model app/updates platform/files platform/
                      platform/linux/files
            LINK zv_fuzz_options nlohmann_json::nlohmann_json ICU::i18n ICU::uc PkgConfig::PLIST PkgConfig::EXPAT PkgConfig::GIO PkgConfig::SODIUM Qt6::Core)
 # Of rooms that need a desktop, the readers alone.
-set(lone_readers app/menu/DisplayText app/menu/ScriptOutput app/shell/ProgramMessage platform/linux/apps/LaunchLog platform/linux/apps/RecentlyUsedFile platform/linux/icons/XSettings
+set(lone_readers app/menu/DisplayText app/menu/ScriptOutput app/menu/TextColor app/shell/ProgramMessage platform/linux/apps/LaunchLog platform/linux/apps/RecentlyUsedFile platform/linux/icons/XSettings
     platform/linux/updates/Appcast)
 list(TRANSFORM lone_readers REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/\\1.cpp")
 target_sources(zv_fuzzed PRIVATE ${lone_readers})

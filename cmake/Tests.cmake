@@ -98,6 +98,12 @@ foreach(compositor IN ITEMS sway kwin)
   zv_desktop_test(wayland_${compositor} COMPOSITOR=${compositor})
   set_tests_properties(desktop_wayland_${compositor} PROPERTIES SKIP_RETURN_CODE 77)
 endforeach()
+# Whole desktops that start quickly; ./zv desktops has the others, and pictures.
+foreach(whole IN ITEMS bare xfce mate lxqt)
+  add_test(NAME whole_desktop_${whole} COMMAND ${CMAKE_SOURCE_DIR}/tests/desktops/run --check ${whole})
+  set_tests_properties(whole_desktop_${whole} PROPERTIES LABELS "desktop;plain" TIMEOUT 130 COST 50 SKIP_RETURN_CODE 77
+                       ENVIRONMENT "ZV_PROGRAM=${ZV_PLAIN_PROGRAM}")
+endforeach()
 foreach(session IN ITEMS COMPOSITOR=none COMPOSITOR=picom AUTOHIDE=2)
   zv_desktop_test(overlay_${session} ${session})
 endforeach()

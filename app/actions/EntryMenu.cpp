@@ -18,7 +18,7 @@ namespace {
 constexpr Sentence noApplicationsTitle = mark("No Applications");
 
 /// The kinds of entries that a row is for.
-enum For : unsigned { file = 1, folder = 2, application = 4, menuItem = 8 };
+enum For : unsigned { file = 1, folder = 2, application = 4, menuItem = 8, recent = 16 };
 
 unsigned kindsOf(EntrySubject const& subject)
 {
@@ -28,9 +28,10 @@ unsigned kindsOf(EntrySubject const& subject)
         return item;
     if (entry->action == DynamicEntryAction::activateApplication)
         return item | application;
-    if (!entry->fileURL || !entry->fileURL->isFile())
-        return item;
-    return item | (entry->isDirectory && !entry->isPackage ? file | folder : unsigned { file });
+    auto const kinds = item | (entry->recentList ? unsigned { recent } : 0U);
+    if (!entry->fileURL || !entry->fileURL->isFile() || entry->unavailabilityReason)
+        return kinds;
+    return kinds | (entry->isDirectory && !entry->isPackage ? file | folder : unsigned { file });
 }
 
 bool isFolder(EntrySubject const& subject) { return (kindsOf(subject) & folder) != 0; }
@@ -62,6 +63,7 @@ EntryMenu::Row const EntryMenu::rows[] = {
     { file, 3, mark("Copy Path"), {}, &EntryMenu::copyPath },
     { file, 3, markc("a file, to the clipboard", "Copy"), {}, &EntryMenu::copy },
     { file, 3, mark("Add to Zanthe Vell Items"), {}, &EntryMenu::addToItems, [](Shell const& shell) { return bool(shell.addToItems); } },
+    { recent, 3, markc("an entry of a list of recent things, at its top", "Keep in Menu"), {}, &EntryMenu::keep },
     { file, 4, mark("Move to Trash"), {}, &EntryMenu::moveToTrash },
     { application, 5, mark("Bring to Front"), {}, &EntryMenu::bringToFront },
     { application, 5, markc("another application", "Quit"), {}, &EntryMenu::quit },
@@ -171,7 +173,12 @@ MenuEntry EntryMenu::entryFor(Row const& row, EntrySubject const& subject) const
     std::string title = tr(isMac && !row.macTitle.isEmpty() ? row.macTitle : row.title);
     if (!row.run)
         return openWithEntry(std::move(title), subject);
-    return MenuBuilder::makeActionItem(std::move(title), [this, run = row.run, subject] { (this->*run)(subject); });
+    auto entry = MenuBuilder::makeActionItem(std::move(title), [this, run = row.run, subject] { (this->*run)(subject); });
+    if (row.run == &EntryMenu::keep) {
+        entry.isMarked = m_services.kept.has(*subject.entry->recentList, urlOf(subject));
+        entry.enabled = !m_services.kept.isLocked();
+    }
+    return entry;
 }
 
 MenuEntry EntryMenu::openWithEntry(std::string title, EntrySubject const& subject) const
@@ -243,6 +250,8 @@ void EntryMenu::moveToTrash(EntrySubject const& subject) const
 void EntryMenu::bringToFront(EntrySubject const& subject) const { m_services.commands.open(*subject.entry); }
 
 void EntryMenu::quit(EntrySubject const& subject) const { m_services.system.lists.runningApplications.quit(subject.entry->id); }
+
+void EntryMenu::keep(EntrySubject const& subject) const { m_services.kept.toggle(*subject.entry->recentList, urlOf(subject)); }
 
 void EntryMenu::edit(EntrySubject const& subject) const { m_services.shell.editItem(*subject.item); }
 

@@ -5,6 +5,7 @@
 #include "app/menu/EntryMenus.h"
 #include "app/menu/MenuCommands.h"
 #include "app/menu/MenuIcon.h"
+#include "app/model/KeptEntries.h"
 #include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
@@ -30,6 +31,7 @@ public:
         System const& system;
         Desk const& desk;
         Preferences const& preferences;
+        KeptEntries& kept;
         MenuCommands& commands;
         MenuIcons& icons;
         Shell shell;
@@ -64,6 +66,7 @@ private:
     void moveToTrash(EntrySubject const& subject) const;
     void bringToFront(EntrySubject const& subject) const;
     void quit(EntrySubject const& subject) const;
+    void keep(EntrySubject const& subject) const;
     void edit(EntrySubject const& subject) const;
     void remove(EntrySubject const& subject) const;
     [[nodiscard]] bool holdsTheItemsFolder(Url const& file) const;

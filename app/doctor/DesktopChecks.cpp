@@ -25,15 +25,23 @@ bool canShowWindows(DesktopFindings const& found)
 
 bool isOnX11(DesktopFindings const& found) { return found.display == Display::x11; }
 
+std::string gnomeRemedy(DesktopExtension::State extension)
+{
+    if (extension == DesktopExtension::State::onFromNextLogin)
+        return tr("Log in again: our extension is switched on, and takes effect at the next login.");
+    if (extension == DesktopExtension::State::off)
+        return tr("Switch on our extension of GNOME Shell in the settings (“zanthe-vell settings”), and log in again.");
+    return tr("Install the package, which brings our extension of GNOME Shell.");
+}
+
 DoctorCheck gnomeCheck(DesktopFindings const& found)
 {
-    if (found.hasGnomeExtension)
+    if (found.extension == DesktopExtension::State::on)
         return { tr("Display"), State::ok,
             tr("This is a Wayland session of GNOME, whose Shell runs our extension: the menu opens at its laurel, by keys and commands."), {} };
     return { tr("Display"), State::limited,
         tr("This is a Wayland session of GNOME, which keeps programs off its panel: a menu opens by its icon and by commands, on one screen."),
-        tr("Switch on our extension, which is installed with the package, and log in again: “gnome-extensions enable zanthe-vell-45@zanthevell.org”, or "
-           "zanthe-vell-43@zanthevell.org before GNOME 45.") };
+        gnomeRemedy(found.extension) };
 }
 
 DoctorCheck displayCheck(DesktopFindings const& found)
@@ -271,7 +279,7 @@ std::vector<DoctorCheck> desktopChecks(DesktopFindings const& found)
         checks.push_back(notificationCheck(found));
     }
     if (canShowWindows(found))
-        checks.push_back(hotkeyCheck(found.hotkeys, found.desktopNames));
+        checks.push_back(hotkeyCheck(found.hotkeys, found.bindingOfShow));
     static constexpr std::array others { pictureCheck, fileManagerCheck, sessionCheck, lockCheck, forceQuitCheck, commandCheck, loginCheck };
     for (auto const check : others)
         checks.push_back(check(found));

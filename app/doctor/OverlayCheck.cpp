@@ -11,7 +11,7 @@ DoctorCheck overlayCheck(OverlaySupport support)
     case OverlaySupport::onPanels:
         return { tr("Corner"), State::ok, tr("A click on the left end of the panel can open the menu."), "" };
     case OverlaySupport::noPanel:
-        return { tr("Corner"), State::limited, tr("No panel lies along the top or the bottom of a screen now, so there is no corner to click."),
+        return { tr("Corner"), State::limited, tr("No panel lies along an edge of a screen now, so there is no corner to click."),
             tr("As soon as one comes, a click on its left end can open the menu.") };
     case OverlaySupport::none:
         break;

@@ -6,7 +6,7 @@ namespace zv {
 
 enum class OverlaySupport {
     onPanels,
-    noPanel, ///< no panel lies along the top or the bottom of a screen now
+    noPanel, ///< no panel lies along an edge of a screen now
     none,
 };
 

@@ -1,5 +1,6 @@
 #include "app/hotkeys/HotkeyCenter.h"
 
+#include "app/model/OwnItems.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
 
@@ -24,6 +25,27 @@ std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
 {
     return (spec.noCommand ? 0U : std::uint32_t { commandKey }) | (spec.shift ? std::uint32_t { shiftKey } : 0U)
         | (spec.option ? std::uint32_t { optionKey } : 0U) | (spec.control ? std::uint32_t { controlKey } : 0U);
+}
+
+/// The items that lead to this one, and it, as arguments; empty when it is not there.
+std::string wayTo(Uuid const& id, std::vector<MenuItem> const& items)
+{
+    for (auto const& item : items) {
+        auto const below = item.id == id ? std::string() : wayTo(id, item.children);
+        if (item.id == id || !below.empty())
+            return " " + item.id.toString() + below;
+    }
+    return {};
+}
+
+/// Has the shell do what the hotkey would.
+std::string commandFor(HotkeyTarget const& target, std::vector<MenuItem> const& items)
+{
+    if (target.isMenu())
+        return commandOfShow;
+    if (auto const* file = target.fileURL())
+        return "xdg-open " + quotedForShell(file->path());
+    return "zanthe-vell perform" + wayTo(*target.itemID(), items);
 }
 
 } // namespace
@@ -90,6 +112,20 @@ HotkeySupport HotkeyCenter::support() const
     return m_support;
 }
 
+std::vector<KeyBindingLine> HotkeyCenter::bindingLines() const
+{
+    std::vector<KeyBindingLine> lines;
+    if (support() != HotkeySupport::none)
+        return lines;
+    for (auto const& wanted : m_unsupported) {
+        if (auto line = m_registrar.bindingLine(wanted.chord, commandFor(wanted.target, m_menuItems)))
+            lines.push_back(std::move(*line));
+    }
+    if (auto show = m_unsupported.empty() ? bindingOfShow() : std::nullopt)
+        lines.push_back(std::move(*show));
+    return lines;
+}
+
 void HotkeyCenter::reregister()
 {
     assertMainThread();
@@ -99,9 +135,11 @@ void HotkeyCenter::reregister()
     if (beforePass)
         beforePass();
     auto const filesBefore = registeredFiles();
+    Pass pass;
+    pass.wanted.reserve(m_registrations.size()); // mostly as many as last time
+    pass.used.reserve(m_registrations.size());
     m_registrations.clear();
     listen();
-    Pass pass;
     if (m_menuShortcut)
         collect(Target::menu(), *m_menuShortcut, pass);
     collectItems(m_menuItems, pass);
@@ -185,8 +223,11 @@ void HotkeyCenter::collect(Target target, KeyEquivalentSpec const& spec, Pass& p
 void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts)
 {
     m_wasRefused = false;
-    if (m_support == HotkeySupport::none)
-        return; // no other program holds them: not a conflict
+    m_unsupported.clear();
+    if (m_support == HotkeySupport::none) {
+        m_unsupported = std::move(wanted); // no other program holds them: not a conflict
+        return;
+    }
     std::vector<KeyChord> chords(wanted.size());
     std::transform(wanted.begin(), wanted.end(), chords.begin(), [](Wanted const& each) { return each.chord; });
     auto const succeeded = m_registrar.claimAll(m_nextHotKeyID, chords);
@@ -194,7 +235,7 @@ void HotkeyCenter::claim(std::vector<Wanted> wanted, std::set<Conflict>& conflic
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         auto& [target, shortcut, chord] = wanted[i];
         if (succeeded[i])
-            m_registrations.emplace_hint(m_registrations.end(), takeID(), Registration { std::move(target), std::move(shortcut) });
+            m_registrations.emplace_back(takeID(), Registration { std::move(target), std::move(shortcut) });
         else
             conflicts.insert({ std::move(target), std::move(shortcut) });
     }
@@ -245,8 +286,8 @@ void HotkeyCenter::listen()
 void HotkeyCenter::pressed(HotkeyID id)
 {
     assertMainThread();
-    auto const found = m_registrations.find(id);
-    if (found == m_registrations.end() || !onTrigger)
+    auto const found = std::lower_bound(m_registrations.begin(), m_registrations.end(), id, [](auto const& each, HotkeyID wanted) { return each.first < wanted; });
+    if (found == m_registrations.end() || found->first != id || !onTrigger)
         return;
     // Copies: the trigger may cause another pass.
     auto const target = found->second.target;

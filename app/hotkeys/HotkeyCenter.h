@@ -49,6 +49,9 @@ public:
         Reason reason;
     };
 
+    /// By id.
+    using Registrations = std::vector<std::pair<HotkeyID, Registration>>;
+
     /// Both outlive this.
     HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout);
     ~HotkeyCenter() override;
@@ -74,7 +77,7 @@ public:
     void pause();
     void resume();
 
-    [[nodiscard]] std::map<HotkeyID, Registration> const& registrations() const { return m_registrations; }
+    [[nodiscard]] Registrations const& registrations() const { return m_registrations; }
     /// The files whose combination is registered, with its text. Reading these or the conflicts within
     /// withObservationTracking() observes them.
     [[nodiscard]] std::map<Url, std::string> registeredFiles() const;
@@ -84,6 +87,12 @@ public:
 
     /// How far hotkeys work on this desktop. Reading it within withObservationTracking() observes it.
     [[nodiscard]] HotkeySupport support() const;
+
+    /// What the user may write into the desktop's configuration, where nothing else gives shortcuts: a line for
+    /// each of them; without any, that of the menu. Empty elsewhere.
+    [[nodiscard]] std::vector<KeyBindingLine> bindingLines() const;
+    /// One that opens the menu, by a key that is likely to be free.
+    [[nodiscard]] std::optional<KeyBindingLine> bindingOfShow() const { return m_registrar.bindingLine(chordOfShow, commandOfShow); }
 
     /// Called when a hotkey is pressed.
     std::function<void(Target const&)> onTrigger;
@@ -116,8 +125,9 @@ private:
     HotkeyRegistrar& m_registrar;
     KeyboardLayout& m_layout;
     std::set<Conflict> m_conflicts;
-    std::map<HotkeyID, Registration> m_registrations;
+    Registrations m_registrations;
     std::vector<Unavailable> m_unavailable;
+    std::vector<Wanted> m_unsupported; ///< what would be claimed where that is possible
     bool m_wasRefused = false; ///< another program has one of the shortcuts
     bool m_listens = false;
     bool m_isPaused = false;

@@ -67,6 +67,8 @@ std::string hotkeyReport(HotkeyCenter const* center)
             report["unavailable"].push_back(
                 entryFor({ { "shortcut", unavailable.shortcut }, { "reason", nameOf(unavailable.reason) } }, unavailable.target, titles));
         report["support"] = nameOf(center->support());
+        for (auto const& [file, line] : center->bindingLines())
+            report["bindings"].push_back({ { "file", withValidUtf8(file) }, { "line", withValidUtf8(line) } });
     }
     return report.dump(-1, ' ', false, Json::error_handler_t::replace);
 }

@@ -4,6 +4,7 @@
 #include "app/menu/DynamicMenuProvider.h"
 #include "app/menu/FolderListings.h"
 #include "app/menu/ListedFolderSink.h"
+#include "app/model/KeptEntries.h"
 #include "app/model/Preferences.h"
 #include "platform/files/FileSystem.h"
 #include "platform/lists/Lists.h"
@@ -32,6 +33,7 @@ namespace zv {
 /// The services that lists use; all outlive them.
 struct ListServices {
     Preferences const& preferences;
+    KeptEntries const& kept;
     FolderListings& folders;
     FileSystem const& files;
     Url itemsFolder;

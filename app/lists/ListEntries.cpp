@@ -31,10 +31,7 @@ void sortByName(std::vector<DynamicEntry>& entries)
     keys.reserve(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i)
         keys.emplace_back(sortKey(entries[i].sortName), i);
-    std::sort(keys.begin(), keys.end(), [](auto const& a, auto const& b) {
-        int const order = compareSortKeys(a.first, b.first);
-        return order != 0 ? order < 0 : a.second < b.second;
-    });
+    std::stable_sort(keys.begin(), keys.end(), [](auto const& a, auto const& b) { return compareSortKeys(a.first, b.first) < 0; });
 
     std::vector<DynamicEntry> sorted;
     sorted.reserve(entries.size());
@@ -47,6 +44,27 @@ void dropDoubles(std::vector<DynamicEntry>& entries)
 {
     std::set<std::string> seen;
     std::erase_if(entries, [&seen](DynamicEntry const& entry) { return !seen.insert(entry.id).second; });
+}
+
+std::vector<DynamicEntry> keptFirst(MenuItemKind::Case list, std::vector<DynamicEntry> kept, std::vector<DynamicEntry> const& recent, std::int64_t limit)
+{
+    std::set<std::string> ids;
+    auto shown = std::move(kept);
+    for (auto& entry : shown) {
+        entry.recentList = list;
+        ids.insert(entry.id);
+    }
+    if (!shown.empty())
+        shown.push_back({ .isSeparator = true });
+    for (auto const& entry : recent) {
+        if (limit <= 0 || ids.contains(entry.id))
+            continue;
+        --limit;
+        shown.push_back(entry);
+        if (entry.url && !entry.unavailabilityReason)
+            shown.back().recentList = list;
+    }
+    return shown;
 }
 
 } // namespace zv

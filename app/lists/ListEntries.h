@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/menu/DynamicEntry.h"
+#include "app/model/MenuItemKind.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,5 +18,9 @@ namespace zv {
 void sortByName(std::vector<DynamicEntry>& entries);
 /// Keeps the first entry of each id.
 void dropDoubles(std::vector<DynamicEntry>& entries);
+
+/// What the user keeps in the list of recent things, and, after a separator, up to `limit` of the others.
+[[nodiscard]] std::vector<DynamicEntry> keptFirst(
+    MenuItemKind::Case list, std::vector<DynamicEntry> kept, std::vector<DynamicEntry> const& recent, std::int64_t limit);
 
 } // namespace zv

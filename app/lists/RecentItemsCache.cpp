@@ -12,9 +12,9 @@ constexpr std::chrono::seconds freshFor { 5 };
 
 } // namespace
 
-RecentItemsCache::RecentItemsCache(RecentItemsProvider& provider, Preferences const& preferences, Clock const& clock)
+RecentItemsCache::RecentItemsCache(RecentItemsProvider& provider, Limit limit, Clock const& clock)
     : m_provider(provider)
-    , m_preferences(preferences)
+    , m_limit(std::move(limit))
     , m_clock(clock)
 {
 }
@@ -44,14 +44,14 @@ void RecentItemsCache::load(RecentItemsScope scope, Done done)
 bool RecentItemsCache::isFresh(RecentItemsScope scope) const
 {
     auto const found = m_cached.find(scope);
-    if (found == m_cached.end() || found->second.limit != m_preferences.recentItemsLimit())
+    if (found == m_cached.end() || found->second.limit != m_limit(scope))
         return false;
     return m_clock.monotonic() - found->second.loaded < freshFor;
 }
 
 void RecentItemsCache::startQuery(RecentItemsScope scope)
 {
-    auto const limit = m_preferences.recentItemsLimit();
+    auto const limit = m_limit(scope);
     m_queries.try_emplace(scope);
     m_provider.entries(
         scope, limit, m_lifetime.guard([this, scope, limit](std::vector<DynamicEntry> entries) { finishQuery(scope, limit, std::move(entries)); }));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/lists/RecentItemsProvider.h"
-#include "app/model/Preferences.h"
 #include "base/Lifetime.h"
 #include "platform/time/Clock.h"
 
@@ -17,8 +16,10 @@ namespace zv {
 class RecentItemsCache {
 public:
     using Done = std::function<void(std::vector<DynamicEntry> const&)>;
+    using Limit = std::function<std::int64_t(RecentItemsScope)>;
 
-    RecentItemsCache(RecentItemsProvider& provider, Preferences const& preferences, Clock const& clock);
+    /// `limit` tells how many entries of a scope are wanted.
+    RecentItemsCache(RecentItemsProvider& provider, Limit limit, Clock const& clock);
 
     /// The cached list of any age; null before the scope's first query has ended. The pointer holds
     /// until the next turn of the loop.
@@ -40,7 +41,7 @@ private:
     void finishQuery(RecentItemsScope scope, std::int64_t limit, std::vector<DynamicEntry> entries);
 
     RecentItemsProvider& m_provider;
-    Preferences const& m_preferences;
+    Limit m_limit;
     Clock const& m_clock;
     std::map<RecentItemsScope, Cached> m_cached;
     std::map<RecentItemsScope, std::vector<Done>> m_queries; ///< running queries, with their waiting callers

@@ -11,15 +11,13 @@ namespace {
 
 constexpr std::chrono::days usedWithin { 30 };
 
-/// Uses the name alone, for a file that must not be touched.
-DynamicEntry entryFromName(std::string const& path, bool isDirectory)
+} // namespace
+
+DynamicEntry entryFromName(Url const& url, bool isDirectory)
 {
-    auto const url = Url::fromPath(path);
     auto const name = url.lastPathComponent();
     return fileEntry(url, { name, {}, { isDirectory, false } });
 }
-
-} // namespace
 
 void RecentItemsProvider::entries(Scope scope, std::int64_t limit, std::function<void(Entries)> done)
 {
@@ -39,7 +37,7 @@ void RecentItemsProvider::entries(Scope scope, std::int64_t limit, std::function
 DynamicEntry RecentItemsProvider::entryFor(RecentFile const& file) const
 {
     if (file.isOnRemoteVolume)
-        return entryFromName(file.path, file.isDirectory);
+        return entryFromName(Url::fromPath(file.path), file.isDirectory);
     return m_entryForFile(Url::fromPath(file.path));
 }
 

@@ -11,6 +11,9 @@
 
 namespace zv {
 
+/// Uses the name alone, for a file that must not be touched.
+[[nodiscard]] DynamicEntry entryFromName(Url const& url, bool isDirectory);
+
 /// The items used in the last thirty days, newest first, as entries. Main thread only, callbacks too.
 class RecentItemsProvider {
 public:

@@ -129,28 +129,40 @@ std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::in
 
 class ServerList : public DynamicList {
 public:
-    ServerList(RecentServers& servers, Preferences const& preferences)
-        : m_servers(servers)
-        , m_preferences(preferences)
+    explicit ServerList(ListServices const& services)
+        : m_servers(services.seams.recentServers)
+        , m_preferences(services.preferences)
+        , m_kept(services.kept)
     {
     }
     MenuItemKind::Case kind() const override { return MenuItemKind::recentServers; }
     ImageRef icon(MenuIcon& icons) const override { return icons.networkIcon(); }
     void fill(Done done) override
     {
-        m_servers.list([limit = m_preferences.recentItemsLimit(), done = std::move(done)](auto const& servers) { done(entriesFor(servers, limit)); });
+        m_servers.list([limit = m_preferences.recentItemsLimit(), kept = keptEntries(), done = std::move(done)](auto const& servers) {
+            auto const recent = entriesFor(servers, limit + static_cast<std::int64_t>(kept.size()));
+            done(keptFirst(MenuItemKind::recentServers, kept, recent, std::max(limit, servers ? 0 : std::int64_t { 1 })));
+        });
     }
 
 private:
+    [[nodiscard]] std::vector<DynamicEntry> keptEntries() const
+    {
+        std::vector<DynamicEntry> kept;
+        for (auto const& url : m_kept.of(kind())) {
+            if (auto const server = serverAt(url))
+                kept.push_back(entryFor(*server));
+        }
+        return kept;
+    }
+
     RecentServers& m_servers;
     Preferences const& m_preferences;
+    KeptEntries const& m_kept;
 };
 
 } // namespace
 
-void addServerList(DynamicMenuProvider& lists, ListServices const& services)
-{
-    lists.add(std::make_unique<ServerList>(services.seams.recentServers, services.preferences));
-}
+void addServerList(DynamicMenuProvider& lists, ListServices const& services) { lists.add(std::make_unique<ServerList>(services)); }
 
 } // namespace zv

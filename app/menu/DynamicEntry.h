@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/model/KeyEquivalentSpec.h"
+#include "app/model/MenuItemKind.h"
 #include "base/Url.h"
 #include "platform/files/FolderReader.h"
 
@@ -30,6 +31,7 @@ struct DynamicEntry {
     std::optional<KeyEquivalentSpec> hotkey; ///< from the file's name
     std::optional<NameDoubt> hotkeyDoubt {}; ///< why the name is not given that combination
     DynamicEntryAction action = DynamicEntryAction::openURL;
+    std::optional<MenuItemKind::Case> recentList {}; ///< the list of recent things at whose top the entry can be kept
 
     friend bool operator==(DynamicEntry const&, DynamicEntry const&) = default;
 };

@@ -158,7 +158,7 @@ std::vector<DynamicEntry> entriesWithHotkeys(FolderReader const& reader, Url con
         if (contents[i].name.find("-*[") == std::string_view::npos)
             continue;
         auto entry = entryAt(reader, folder, contents[i]);
-        if (entry.hotkey && !entry.isSeparator)
+        if (entry.hotkey)
             found.push_back(std::move(entry));
     }
     return found;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menu/EntrySubject.h"
+#include "app/menu/TextColor.h"
 #include "platform/desk/Image.h"
 #include "platform/desk/KeyPress.h"
 
@@ -76,6 +77,7 @@ struct MenuEntry {
     Type type = Type::item;
     std::string title;
     std::optional<AttributedTitle> attributedTitle;
+    std::optional<TextColor> color; ///< of the title; empty for the menu's own
     std::string toolTip;
     ImageRef image;
     bool enabled = true;

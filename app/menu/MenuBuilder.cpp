@@ -103,6 +103,7 @@ MenuEntry MenuBuilder::makeItem(MenuItem const& item, OptionKey option) const
     auto entry = makeItemOfKind(item, option);
     if (entry.type == MenuEntry::Type::separator)
         return entry;
+    applyPicture(item, entry);
     if (!entry.subject.menus)
         entry.subject = subjectOf(item);
     if (option == OptionKey::held && entry.submenu && entry.submenu->delegate.expired())
@@ -266,8 +267,12 @@ MenuEntry MenuBuilder::makeEntryItem(std::shared_ptr<DynamicEntry const> const& 
 
 MenuEntry MenuBuilder::makeItemWithoutIcon(std::shared_ptr<DynamicEntry const> const& entry, std::int64_t remainingDepth, FolderChoicesRef const& choices) const
 {
-    if (entry->unavailabilityReason)
-        return makeUnavailableFile(*entry);
+    if (entry->unavailabilityReason) {
+        auto missing = makeUnavailableFile(*entry);
+        if (entry->recentList) // to be let go
+            missing.subject = { &m_services.entryMenus, entry, {} };
+        return missing;
+    }
     if (entry->isDirectory && !entry->isPackage && remainingDepth >= 1)
         return makeDynamicSubmenuItem(entry->title, DynamicMenuSource::folder(*entry->url, remainingDepth - 1, choices), { &m_services.entryMenus, entry, {} });
     // Two pointers fit into the function object; the target keeps the entry alive.
@@ -328,6 +333,13 @@ void MenuBuilder::applyFileIcon(std::optional<Url> const& url, MenuEntry& entry)
 {
     if (url && m_services.preferences.showIcons())
         entry.image = m_services.icons.iconForFile(*url);
+}
+
+void MenuBuilder::applyPicture(MenuItem const& item, MenuEntry& entry) const
+{
+    auto const picture = m_services.preferences.showIcons() ? pictureOf(item) : std::nullopt;
+    if (picture)
+        entry.image = m_services.icons.iconForPicture(*picture, entry.image);
 }
 
 std::int64_t MenuBuilder::depthOf(MenuItem const& item) const { return item.scanDepth.value_or(m_services.preferences.maximumScanDepth()); }

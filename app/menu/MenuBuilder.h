@@ -82,6 +82,8 @@ public:
     void applyKindIcon(MenuItemKind const& kind, MenuEntry& entry) const;
     void applyCategoryIcon(ApplicationCategory category, MenuEntry& entry) const;
     void applyFileIcon(std::optional<Url> const& url, MenuEntry& entry) const;
+    /// Puts the picture that the user gave the item in the place of the entry's own.
+    void applyPicture(MenuItem const& item, MenuEntry& entry) const;
 
     [[nodiscard]] Preferences const& preferences() const { return m_services.preferences; }
     [[nodiscard]] FileSystem const& files() const { return m_services.locations.files; }

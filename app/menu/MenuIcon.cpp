@@ -28,7 +28,7 @@ constexpr std::array kindPictures {
     KindPicture { MenuItemKind::simpleSystemPrefs, SystemIcon::systemSettings },
     KindPicture { MenuItemKind::customizeZantheVell, SystemIcon::application },
     KindPicture { MenuItemKind::quitZantheVell, SystemIcon::application },
-    // Not every system has pictures for these.
+    // Of the command pictures.
     KindPicture { MenuItemKind::forceQuit, SystemIcon::forceQuit },
     KindPicture { MenuItemKind::lockScreen, SystemIcon::lockScreen },
     KindPicture { MenuItemKind::logOut, SystemIcon::logOut },
@@ -39,6 +39,10 @@ constexpr std::array kindPictures {
     KindPicture { MenuItemKind::shutdownForced, SystemIcon::shutDown },
     KindPicture { MenuItemKind::sleep, SystemIcon::sleep },
 };
+
+/// The pictures of commands and lists that have none in the Mac's own menu.
+constexpr std::array commandPictures { SystemIcon::forceQuit, SystemIcon::lockScreen, SystemIcon::logOut, SystemIcon::recentItems, SystemIcon::restart,
+    SystemIcon::runningApplications, SystemIcon::shutDown, SystemIcon::sleep, SystemIcon::volumes };
 
 /// Takes the image from the cache, else fetches it. A missing image is not cached: it may exist the next time.
 template <class Cache, class Fetch> ImageRef cached(Cache& cache, typename Cache::key_type const& key, Fetch fetch)
@@ -54,10 +58,11 @@ template <class Cache, class Fetch> ImageRef cached(Cache& cache, typename Cache
 
 } // namespace
 
-MenuIcon::MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder)
+MenuIcon::MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder, std::function<bool()> showsCommands)
     : m_source(source)
     , m_lists(lists)
     , m_itemsFolder(std::move(itemsFolder))
+    , m_showsCommands(std::move(showsCommands))
 {
 }
 
@@ -89,8 +94,18 @@ ImageRef MenuIcon::iconForFile(Url const& url)
     return cached(m_files, url.path(), [&] { return m_source.fileIcon(url); });
 }
 
+ImageRef MenuIcon::iconForPicture(ItemPicture const& picture, ImageRef const& otherwise)
+{
+    assertMainThread();
+    if (picture.kind == ItemPicture::Kind::icon)
+        return m_source.namedIcon(picture.name, otherwise);
+    return m_source.imageIn(ItemImages::fileOf(picture, m_itemsFolder), otherwise);
+}
+
 ImageRef MenuIcon::systemIcon(SystemIcon icon)
 {
+    if (std::ranges::find(commandPictures, icon) != commandPictures.end() && !m_showsCommands())
+        return nullptr;
     return cached(m_systemIcons, icon, [&] { return m_source.systemIcon(icon); });
 }
 

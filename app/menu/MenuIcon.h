@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/model/ItemPicture.h"
 #include "app/model/MenuItemKind.h"
 #include "base/Url.h"
 #include "platform/desk/IconSource.h"
 #include "platform/desk/Image.h"
 
+#include <functional>
 #include <string>
 #include <unordered_map>
 
@@ -21,6 +23,8 @@ public:
     [[nodiscard]] virtual ImageRef iconForFile(Url const& url) = 0;
     [[nodiscard]] virtual ImageRef networkIcon() = 0;
     [[nodiscard]] virtual ImageRef iconForCategory(ApplicationCategory category) = 0;
+    /// The picture that the user gave an item; `otherwise` where the system lacks it.
+    [[nodiscard]] virtual ImageRef iconForPicture(ItemPicture const& picture, ImageRef const& otherwise) = 0;
     /// Empties the cache, so that the next menu fetches its icons afresh.
     virtual void emptyCache() = 0;
 };
@@ -28,13 +32,15 @@ public:
 /// The icons, each fetched once and kept until the cache is emptied. Main thread only.
 class MenuIcon : public MenuIcons {
 public:
-    /// `source` outlives this, and so do the lists, which know their own icons.
-    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder);
+    /// `source` outlives this, and so do the lists, which know their own icons. `showsCommands` tells whether commands
+    /// have icons that have none in the Mac's own menu.
+    MenuIcon(IconSource& source, DynamicMenuProvider const& lists, Url itemsFolder, std::function<bool()> showsCommands);
 
     [[nodiscard]] ImageRef iconForKind(MenuItemKind const& kind) override;
     /// A URL that is no file gets the network icon.
     [[nodiscard]] ImageRef iconForFile(Url const& url) override;
     [[nodiscard]] ImageRef iconForCategory(ApplicationCategory category) override { return m_source.categoryIcon(category); }
+    [[nodiscard]] ImageRef iconForPicture(ItemPicture const& picture, ImageRef const& otherwise) override;
     void emptyCache() override;
 
     [[nodiscard]] ImageRef itemsFolderIcon();
@@ -48,6 +54,7 @@ private:
     IconSource& m_source;
     DynamicMenuProvider const& m_lists;
     Url m_itemsFolder;
+    std::function<bool()> m_showsCommands;
     std::unordered_map<std::string, ImageRef> m_files; ///< by path
     std::unordered_map<SystemIcon, ImageRef> m_systemIcons;
 };

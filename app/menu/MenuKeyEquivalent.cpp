@@ -77,14 +77,6 @@ std::string keyText(std::string_view character)
 
 } // namespace
 
-std::string shownKeyName(std::string_view english)
-{
-    // TRANSLATORS: a key, as keyboards for the language name it
-    static constexpr Sentence names[] = { markc("key", "Ctrl"), markc("key", "Shift"), markc("key", "Space") };
-    auto const* const name = std::ranges::find(names, english, &Sentence::english);
-    return name == std::end(names) ? std::string(english) : tr(*name);
-}
-
 std::optional<std::string> keyEquivalentCharacter(std::string_view name)
 {
     auto const lowered = lowerCased(name);

@@ -23,9 +23,6 @@ void applyKeyEquivalent(KeyEquivalentSpec const& spec, MenuEntry& entry);
 /// fill themselves while they are open. Null for none.
 [[nodiscard]] MenuEntry const* entryWithShortcut(Menu const& menu, std::span<std::string const> keys, ModifierMask modifiers);
 
-/// A key's name as keyboards of the user's language have it: "Strg" for "Ctrl". Any other text comes back as it is.
-[[nodiscard]] std::string shownKeyName(std::string_view english);
-
 /// The entry's key equivalent as text, such as "⌥⌘E"; empty when it has none.
 [[nodiscard]] std::string keyEquivalentText(MenuEntry const& entry);
 

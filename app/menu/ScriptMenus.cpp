@@ -90,10 +90,12 @@ MenuEntry ScriptMenus::entryFor(Url const& script, ScriptEntry const& line, Opti
 {
     if (line.isSeparator)
         return MenuEntry::separator();
-    if (line.children.empty() && !line.acts())
-        return MenuEntry::disabled(line.title);
-    MenuEntry entry;
+    bool const isText = line.children.empty() && !line.acts();
+    auto entry = isText ? MenuEntry::disabled(line.title) : MenuEntry {};
     entry.title = line.title;
+    entry.color = line.color;
+    if (isText)
+        return entry;
     if (!line.children.empty()) {
         entry.submenu = std::make_shared<Menu>(line.title);
         entry.submenu->entries = entriesFor(script, line.children, option);

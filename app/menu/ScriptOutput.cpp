@@ -103,6 +103,7 @@ ScriptEntry entryFor(std::string_view line)
     entry.refreshes = isTrue(parameters, "refresh");
     entry.isDisabled = isTrue(parameters, "disabled");
     entry.isAlternate = isTrue(parameters, "alternate");
+    entry.color = parseTextColor(textOf(parameters, "color"));
     auto const key = textOf(parameters, parameters.contains("key") ? "key" : "shortcut");
     if (isValidUtf8(key))
         entry.key = parseShortcutText(key);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/menu/TextColor.h"
 #include "app/model/KeyEquivalentSpec.h"
 
 #include <optional>
@@ -22,6 +23,7 @@ struct ScriptEntry {
     bool inTerminal = false;
     bool refreshes = false; ///< the script runs again once it was chosen
     std::optional<KeyEquivalentSpec> key;
+    std::optional<TextColor> color;
     std::vector<ScriptEntry> children;
 
     [[nodiscard]] bool acts() const { return !isDisabled && (!href.empty() || !program.empty() || refreshes); }

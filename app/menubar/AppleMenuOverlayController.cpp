@@ -65,53 +65,54 @@ void AppleMenuOverlayController::observePreferences()
 bool AppleMenuOverlayController::sync()
 {
     assertMainThread();
-    auto const frames = targetFrames();
-    if (frames == currentFrames())
+    auto const places = targetPlaces();
+    if (places == currentPlaces())
         return false;
-    if (frames.size() != m_windows.size()) {
-        recreateWindows(frames);
+    if (places.size() != m_windows.size()) {
+        recreateWindows(places);
         return true;
     }
-    for (std::size_t i = 0; i < frames.size(); ++i)
-        m_windows[i]->setFrame(frames[i]);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        m_windows[i]->setPlace(places[i]);
     return true;
 }
 
-std::vector<Rect> AppleMenuOverlayController::targetFrames()
+std::vector<OverlayPlace> AppleMenuOverlayController::targetPlaces()
 {
     if (!m_preferences.replacesAppleMenu())
         return {};
     if (m_services.visibility && !m_services.visibility->isMenuBarVisibleOnActiveSpace())
         return {};
-    auto frames = menuBarFrames();
-    for (auto& frame : frames)
-        frame = { frame.x, frame.y, overlayWidth, frame.height + extraHeight };
-    return frames;
+    auto const screens = m_services.screens.frames();
+    std::vector<OverlayPlace> places;
+    for (auto const& bar : menuBarFrames())
+        places.push_back(OverlayPlace::on(bar, screens));
+    return places;
 }
 
-std::vector<Rect> AppleMenuOverlayController::currentFrames() const
+std::vector<OverlayPlace> AppleMenuOverlayController::currentPlaces() const
 {
-    std::vector<Rect> frames;
-    frames.reserve(m_windows.size());
+    std::vector<OverlayPlace> places;
+    places.reserve(m_windows.size());
     for (auto const& window : m_windows)
-        frames.push_back(window->frame());
-    return frames;
+        places.push_back(window->place());
+    return places;
 }
 
-void AppleMenuOverlayController::recreateWindows(std::vector<Rect> const& frames)
+void AppleMenuOverlayController::recreateWindows(std::vector<OverlayPlace> const& places)
 {
     for (auto const& window : m_windows)
         window->hide();
     m_windows.clear();
-    for (auto const& frame : frames) {
-        m_windows.push_back(makeWindow(frame));
+    for (auto const& place : places) {
+        m_windows.push_back(makeWindow(place));
         m_windows.back()->show();
     }
 }
 
-std::unique_ptr<AppleMenuOverlayWindow> AppleMenuOverlayController::makeWindow(Rect const& frame)
+std::unique_ptr<AppleMenuOverlayWindow> AppleMenuOverlayController::makeWindow(OverlayPlace const& place)
 {
-    auto window = std::make_unique<AppleMenuOverlayWindow>(m_services.panels, m_preferences, frame);
+    auto window = std::make_unique<AppleMenuOverlayWindow>(m_services.panels, m_preferences, place);
     window->action = m_lifetime.guard([this](Point point) {
         auto const show = m_showMenu; // a copy, as choosing an entry may destroy the controller
         show(point);

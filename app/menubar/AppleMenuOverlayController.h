@@ -36,9 +36,6 @@ struct AppleMenuOverlayServices {
 /// it shows our menu. Main thread only.
 class AppleMenuOverlayController {
 public:
-    static constexpr double overlayWidth = 44;
-    /// Points: lets a click on the screen's edge count.
-    static constexpr double extraHeight = 1;
     static constexpr double nearDistance = 40;
     static constexpr std::chrono::milliseconds fastInterval { 8 };
     static constexpr std::chrono::milliseconds slowInterval { 100 };
@@ -53,8 +50,8 @@ public:
     /// Updates the windows to match the menu bars; true when anything changed.
     bool sync();
     void setHeartbeat(bool active);
-    /// The frames that the windows should have now.
-    [[nodiscard]] std::vector<Rect> targetFrames();
+    /// The places that the windows should have now.
+    [[nodiscard]] std::vector<OverlayPlace> targetPlaces();
     [[nodiscard]] std::vector<Rect> menuBarFrames() { return m_menuBars.menuBarFrames(); }
     [[nodiscard]] bool isPointerNearMenuBar() const;
 
@@ -64,9 +61,9 @@ private:
     void syncAndRecord();
     void heartbeatTick();
     void pointerMoved();
-    [[nodiscard]] std::vector<Rect> currentFrames() const;
-    void recreateWindows(std::vector<Rect> const& frames);
-    [[nodiscard]] std::unique_ptr<AppleMenuOverlayWindow> makeWindow(Rect const& frame);
+    [[nodiscard]] std::vector<OverlayPlace> currentPlaces() const;
+    void recreateWindows(std::vector<OverlayPlace> const& places);
+    [[nodiscard]] std::unique_ptr<AppleMenuOverlayWindow> makeWindow(OverlayPlace const& place);
 
     AppleMenuOverlayServices m_services;
     Preferences const& m_preferences;

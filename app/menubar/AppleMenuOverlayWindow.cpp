@@ -2,9 +2,10 @@
 
 namespace zv {
 
-AppleMenuOverlayWindow::AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, Rect const& frame)
+AppleMenuOverlayWindow::AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, OverlayPlace const& place)
     : m_view(preferences)
-    , m_panel(panels.create(frame, m_view))
+    , m_panel(panels.create(place.frame, m_view))
+    , m_menuPoint(place.menu)
 {
     m_view.action = m_lifetime.guard([this] { pressed(); });
 }
@@ -12,9 +13,8 @@ AppleMenuOverlayWindow::AppleMenuOverlayWindow(OverlayPanels& panels, Preference
 void AppleMenuOverlayWindow::pressed() const
 {
     auto const running = action; // a copy, as it may destroy the window
-    auto const place = frame();
     if (running)
-        running({ place.minX(), place.minY() - menuGap });
+        running(m_menuPoint);
 }
 
 } // namespace zv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menubar/AppleMenuOverlayView.h"
+#include "app/menubar/OverlayPlace.h"
 #include "base/Lifetime.h"
 #include "platform/menubar/OverlayPanels.h"
 
@@ -12,17 +13,18 @@ namespace zv {
 /// The nearly invisible panel over the left end of one menu bar.
 class AppleMenuOverlayWindow {
 public:
-    /// The menu's distance below the bottom edge.
-    static constexpr double menuGap = 6;
-
-    AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, Rect const& frame);
+    AppleMenuOverlayWindow(OverlayPanels& panels, Preferences const& preferences, OverlayPlace const& place);
 
     void setFilesDropped(std::function<void(std::vector<Url>)> dropped) { m_view.filesDropped = std::move(dropped); }
     /// Called with the screen point at which the menu opens. May destroy this window.
     std::function<void(Point)> action;
 
-    [[nodiscard]] Rect frame() const { return m_panel->frame(); }
-    void setFrame(Rect const& frame) { m_panel->setFrame(frame); }
+    [[nodiscard]] OverlayPlace place() const { return { m_panel->frame(), m_menuPoint }; }
+    void setPlace(OverlayPlace const& place)
+    {
+        m_menuPoint = place.menu;
+        m_panel->setFrame(place.frame);
+    }
     void show() { m_panel->show(); }
     void hide() { m_panel->hide(); }
     void redraw() { m_panel->redraw(); }
@@ -32,6 +34,7 @@ private:
 
     AppleMenuOverlayView m_view;
     std::unique_ptr<OverlayPanel> m_panel;
+    Point m_menuPoint;
     Lifetime m_lifetime;
 };
 

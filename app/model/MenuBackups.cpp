@@ -22,20 +22,6 @@ constexpr std::string_view unreadablePrefix = "Unreadable Menu ";
 constexpr std::string_view suffix = " UTC.plist";
 constexpr std::size_t timeLength = 19; // "2026-01-31 23.59.59"
 
-/// UTC, so that names sort by time whatever the local clock does.
-std::string textOf(WallTime time)
-{
-    auto const seconds = std::chrono::floor<std::chrono::seconds>(time);
-    auto const day = std::chrono::floor<std::chrono::days>(seconds);
-    std::chrono::year_month_day const date(day);
-    std::chrono::hh_mm_ss const clock(seconds - day);
-    std::array<char, 64> text {};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d.%02d.%02d", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-        static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-        static_cast<int>(clock.seconds().count()));
-    return text.data();
-}
-
 std::optional<WallTime> parseTime(std::string const& text)
 {
     int year = 0;
@@ -67,6 +53,19 @@ std::optional<MenuBackup> parseName(std::string_view name, Url const& folder)
 bool isNewer(MenuBackup const& a, MenuBackup const& b) { return a.time != b.time ? a.time > b.time : a.file > b.file; }
 
 } // namespace
+
+std::string fileTimeText(WallTime time)
+{
+    auto const seconds = std::chrono::floor<std::chrono::seconds>(time);
+    auto const day = std::chrono::floor<std::chrono::days>(seconds);
+    std::chrono::year_month_day const date(day);
+    std::chrono::hh_mm_ss const clock(seconds - day);
+    std::array<char, 64> text {};
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d.%02d.%02d", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+        static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+        static_cast<int>(clock.seconds().count()));
+    return text.data();
+}
 
 MenuBackups::MenuBackups(Services services, Url folder)
     : m_services(services)
@@ -124,7 +123,7 @@ Result<void> MenuBackups::write(PropertyList const& stored, Url const& file)
 
 Url MenuBackups::freeName(WallTime time, bool isReadable) const
 {
-    auto const stem = std::string(isReadable ? readablePrefix : unreadablePrefix) + textOf(time);
+    auto const stem = std::string(isReadable ? readablePrefix : unreadablePrefix) + fileTimeText(time);
     auto file = m_folder.appending(stem + std::string(suffix));
     for (int i = 2; m_services.files.isTaken(file); ++i)
         file = m_folder.appending(stem + " (" + std::to_string(i) + ")" + std::string(suffix));

@@ -21,6 +21,9 @@ struct MenuBackup {
     friend bool operator==(MenuBackup const&, MenuBackup const&) = default;
 };
 
+/// The time for a file's name, in UTC, so that names sort by time whatever the local clock does.
+[[nodiscard]] std::string fileTimeText(WallTime time);
+
 /// Keeps the last ten menus as files, each made before a save changes the stored menu, at most one
 /// a minute. An unreadable menu is always kept. A backup is a menu document: reading one is
 /// importing it. Main thread only.

@@ -76,7 +76,8 @@ constexpr std::array<Row, MenuItemKind::fixedCount> rows { {
     { "MenuCommand", mark("Menu Command"), Fills::no, Reason::carbon },
 } };
 
-/// A title that the default menus or the library store with a kind, beside its default one; po/update takes them from there.
+/// A title that the default menus, the menus to start from or the library store with a kind, beside its default one;
+/// po/update takes them from there.
 struct ResourceTitle {
     MenuItemKind::Case kind;
     std::string_view title;
@@ -89,6 +90,10 @@ constexpr ResourceTitle resourceTitles[] = {
     { MenuItemKind::getMacOSXSoftware, "Distribution Web Page…" },
     { MenuItemKind::getMacOSXSoftware2, "Distribution Web Page…" },
     { MenuItemKind::appStore, "Software…" },
+    { MenuItemKind::submenu, "Files and Folders" },
+    { MenuItemKind::submenu, "Recent" },
+    { MenuItemKind::submenu, "Session" },
+    { MenuItemKind::submenu, "System" },
 };
 
 std::string textOf(Reason reason)

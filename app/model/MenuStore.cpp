@@ -154,15 +154,23 @@ void MenuStore::reload()
         m_itemsSink->menuItemsChanged(m_items);
 }
 
+std::optional<std::vector<MenuItem>> MenuStore::givenMenu() const
+{
+    auto const given = m_services.defaults.givenObject(defaultsKey);
+    auto items = given ? menuItemsFromPropertyList(*given) : Failure { ReadFailure {} };
+    return items ? std::optional(std::move(items).value()) : std::nullopt;
+}
+
+std::vector<MenuItem> MenuStore::programMenu() const
+{
+    auto menu = resourceMenu();
+    return menu ? std::move(*menu) : builtInItems();
+}
+
 std::vector<MenuItem> MenuStore::defaultMenu() const
 {
-    if (auto const given = m_services.defaults.givenObject(defaultsKey)) {
-        if (auto items = menuItemsFromPropertyList(*given))
-            return std::move(items).value();
-    }
-    if (auto menu = resourceMenu())
-        return std::move(*menu);
-    return builtInItems();
+    auto given = givenMenu();
+    return given ? std::move(*given) : programMenu();
 }
 
 std::optional<std::vector<MenuItem>> MenuStore::storedMenu()

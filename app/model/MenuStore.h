@@ -76,6 +76,13 @@ public:
     /// A new user's menu: the administrator's, else the resource's, else the built-in eight items.
     [[nodiscard]] std::vector<MenuItem> defaultMenu() const;
 
+    /// The program's own, whatever an administrator gave.
+    [[nodiscard]] std::vector<MenuItem> programMenu() const;
+    /// The menu that an administrator gave to all new users.
+    [[nodiscard]] std::optional<std::vector<MenuItem>> givenMenu() const;
+    /// True for a new user, who has no menu of their own yet, nor one that an administrator gave.
+    [[nodiscard]] bool isNew() const { return !isLocked() && !m_services.defaults.object(defaultsKey); }
+
     /// Reloads after another process changed the stored menu; notifies the sink, saves nothing. An
     /// unreadable stored menu leaves the menu in memory as it is.
     void reload();

@@ -68,20 +68,22 @@ std::string xmlText(std::string const& text)
     return escaped;
 }
 
-PropertyList definitionFor(OwnItem const& item)
+} // namespace
+
+PropertyList ownItemRecord(OwnItem const& item)
 {
-    PropertyListDictionary definition;
-    definition.append("kind", kinds[static_cast<int>(item.kind)]);
-    definition.append("title", item.title);
-    definition.append("text", item.text);
-    definition.append("folder", item.folder);
-    definition.append("inTerminal", item.inTerminal);
-    return definition;
+    PropertyListDictionary record;
+    record.append("kind", kinds[static_cast<int>(item.kind)]);
+    record.append("title", item.title);
+    record.append("text", item.text);
+    record.append("folder", item.folder);
+    record.append("inTerminal", item.inTerminal);
+    return record;
 }
 
-std::optional<OwnItem> itemFor(PropertyList const& definition)
+std::optional<OwnItem> ownItemOf(PropertyList const& stored)
 {
-    RecordReader record(definition);
+    RecordReader record(stored);
     auto const kind = record.requiredString("kind");
     OwnItem item;
     item.title = record.requiredString("title");
@@ -95,8 +97,6 @@ std::optional<OwnItem> itemFor(PropertyList const& definition)
     return item;
 }
 
-} // namespace
-
 std::string quotedForShell(std::string_view text)
 {
     std::string quoted = "'";
@@ -107,10 +107,12 @@ std::string quotedForShell(std::string_view text)
 
 OwnItems::OwnItems(SystemKind system, Url const& itemsFolder, FileSystem& files)
     : m_system(system)
-    , m_folder(itemsFolder.parent().appending("." + itemsFolder.lastPathComponent()))
+    , m_folder(folderBeside(itemsFolder))
     , m_files(files)
 {
 }
+
+Url OwnItems::folderBeside(Url const& itemsFolder) { return itemsFolder.parent().appending("." + itemsFolder.lastPathComponent()); }
 
 bool OwnItems::contains(Url const& file) const { return file.isFile() && file.parent().path() == m_folder.path(); }
 
@@ -128,7 +130,7 @@ std::optional<OwnItem> OwnItems::read(Url const& file) const
         return std::nullopt;
     auto const bytes = m_files.read(definitionOf(stemOf(file)));
     auto const definition = bytes ? readPropertyList(*bytes) : Failure { bytes.error() };
-    return definition ? itemFor(*definition) : std::nullopt;
+    return definition ? ownItemOf(*definition) : std::nullopt;
 }
 
 Result<Url> OwnItems::write(OwnItem const& item, std::optional<Url> const& instead) const
@@ -138,7 +140,7 @@ Result<Url> OwnItems::write(OwnItem const& item, std::optional<Url> const& inste
     auto written = writeFiles(item, stem);
     if (!written)
         return written;
-    auto const definition = writePropertyList(definitionFor(item));
+    auto const definition = writePropertyList(ownItemRecord(item));
     if (!definition)
         return Failure { definition.error() };
     if (auto const kept = m_files.writePrivately(definitionOf(stem), *definition); !kept)

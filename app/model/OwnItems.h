@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/PropertyList.h"
 #include "base/Result.h"
 #include "base/Url.h"
 #include "platform/SystemKind.h"
@@ -29,6 +30,7 @@ struct OwnItem {
 class OwnItems {
 public:
     OwnItems(SystemKind system, Url const& itemsFolder, FileSystem& files);
+    [[nodiscard]] static Url folderBeside(Url const& itemsFolder);
 
     [[nodiscard]] bool contains(Url const& file) const;
     [[nodiscard]] bool isScriptMenu(Url const& file) const;
@@ -53,6 +55,10 @@ private:
     Url m_folder;
     FileSystem& m_files;
 };
+
+/// An item as it is kept for editing, and back; empty for what is none.
+[[nodiscard]] PropertyList ownItemRecord(OwnItem const& item);
+[[nodiscard]] std::optional<OwnItem> ownItemOf(PropertyList const& record);
 
 /// The text as one word of a shell's line.
 [[nodiscard]] std::string quotedForShell(std::string_view text);

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t integer(std::int64_t value) { return value; }
 
 // Ordered by property number. "ScanDepth" is the older format's key.
-constexpr std::array<PreferenceDescription, 11> table { {
+constexpr std::array<PreferenceDescription, 12> table { {
     { "ReplaceAppleMenu", true, mark("the menu opens from the corner of the panel or menu bar") },
     { "ShowStatusItem", true, mark("the menu has an icon in the panel or menu bar") },
     { "RainbowAppleLogo", true, mark("six colours in that corner") },
@@ -25,6 +25,7 @@ constexpr std::array<PreferenceDescription, 11> table { {
     { "MaximumItemsPerFolder", integer(250), mark("entries listed of one folder") },
     { "HotkeyPrescanDepth", integer(0), mark("levels of folders searched for shortcuts in file names") },
     { Preferences::rememberChoicesKey, true, mark("what was chosen last comes first in a search") },
+    { "ShowCommandIcons", false, mark("on a Mac, icons beside commands such as Sleep, too") },
 } };
 
 PropertyList asPropertyList(std::variant<bool, std::int64_t> const& value)
@@ -73,6 +74,7 @@ template <class Function> void Preferences::forEach(Function function)
     function(m_maximumItemsPerFolder);
     function(m_hotkeyPrescanDepth);
     function(m_remembersChoices);
+    function(m_showCommandIcons);
 }
 
 template <class T> void Preferences::write(Property<T>& property, T value)

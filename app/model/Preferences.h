@@ -41,6 +41,7 @@ public:
     [[nodiscard]] std::int64_t maximumItemsPerFolder() const { return read(m_maximumItemsPerFolder); }
     [[nodiscard]] std::int64_t hotkeyPrescanDepth() const { return read(m_hotkeyPrescanDepth); }
     [[nodiscard]] bool remembersChoices() const { return read(m_remembersChoices); }
+    [[nodiscard]] bool showCommandIcons() const { return read(m_showCommandIcons); }
 
     /// Setting the current value writes nothing and notifies nobody.
     void setReplacesAppleMenu(bool value) { write(m_replacesAppleMenu, value); }
@@ -54,6 +55,7 @@ public:
     void setMaximumItemsPerFolder(std::int64_t value) { write(m_maximumItemsPerFolder, value); }
     void setHotkeyPrescanDepth(std::int64_t value) { write(m_hotkeyPrescanDepth, value); }
     void setRemembersChoices(bool value) { write(m_remembersChoices, value); }
+    void setShowCommandIcons(bool value) { write(m_showCommandIcons, value); }
 
     /// Reads them all anew after another process changed the stored settings; notifies observers of
     /// the changed ones, writes nothing.
@@ -97,6 +99,7 @@ private:
     Property<std::int64_t> m_maximumItemsPerFolder { 8 };
     Property<std::int64_t> m_hotkeyPrescanDepth { 9 };
     Property<bool> m_remembersChoices { 10 };
+    Property<bool> m_showCommandIcons { 11 };
 };
 
 } // namespace zv

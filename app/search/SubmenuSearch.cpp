@@ -108,16 +108,34 @@ void SubmenuSearch::collect(Menu const& menu, Way const& way)
 
 void SubmenuSearch::collectSource(DynamicMenuSource const& source, Way const& way)
 {
-    if (auto const* list = std::get_if<DynamicMenuSource::List>(&source.value)) {
+    if (auto const* list = std::get_if<DynamicMenuSource::List>(&source.value))
         m_unasked.push_back([this, asked = *list, way] { ask(asked, way); });
-        return;
-    }
-    auto const& folder = std::get<DynamicMenuSource::Folder>(source.value);
+    else if (auto const* folder = std::get_if<DynamicMenuSource::Folder>(&source.value))
+        collectFolder(*folder, way);
+    else if (auto const* script = std::get_if<DynamicMenuSource::Script>(&source.value))
+        collectScript(script->url, way);
+}
+
+void SubmenuSearch::collectFolder(DynamicMenuSource::Folder const& folder, Way const& way)
+{
     auto const* applications = m_services.sources.applications;
     if (applications && applications->contains(folder.url))
         m_unasked.push_back([this, way] { askApplications(way); });
     else if (isWorthReading(folder.url))
         m_roots.push_back({ folder.url, folder.depth, way });
+}
+
+/// Takes what the script gave last: typing runs none.
+void SubmenuSearch::collectScript(Url const& script, Way const& way)
+{
+    auto* scripts = m_services.sources.scripts;
+    auto const* known = scripts ? scripts->last(script) : nullptr;
+    if (!known)
+        return;
+    auto const shown = std::make_shared<Menu>();
+    shown->entries = scripts->entriesFor(script, *known, OptionKey::released);
+    addGroup(shown->entries, way);
+    collect(*shown, way);
 }
 
 void SubmenuSearch::addGroup(std::vector<MenuEntry> entries, Way const& way)

@@ -53,6 +53,8 @@ private:
     void begin();
     void collect(Menu const& menu, Way const& way);
     void collectSource(DynamicMenuSource const& source, Way const& way);
+    void collectFolder(DynamicMenuSource::Folder const& folder, Way const& way);
+    void collectScript(Url const& script, Way const& way);
     void addGroup(std::vector<MenuEntry> entries, Way const& way);
     void addList(Listed listed, Way const& way);
     void addPlace(SearchPlace place, std::variant<std::vector<MenuEntry>, Listed> entries);

@@ -101,8 +101,9 @@ SettingsSection GeneralSettings::presence()
     logo.isEnabled = replaces;
     logo.isIndented = true;
     section.rows.push_back(std::move(logo));
-    if (replaces)
+    if (replaces && !(m_services.extension && m_services.extension->state() == DesktopExtension::State::on))
         addNote(section, "overlayProblem", m_services.overlayProblem);
+    addExtension(section);
     section.rows.push_back(
         toggle("showStatusItem", wording.statusItem, wording.statusItemHelp, showsItem, [&](bool on) { preferences.setShowsStatusItem(on); }));
     if (showsItem)
@@ -111,6 +112,22 @@ SettingsSection GeneralSettings::presence()
         section.rows.push_back(note("noPresence", wording.noPresenceNote));
     addMenuShortcut(section);
     return section;
+}
+
+void GeneralSettings::addExtension(SettingsSection& section)
+{
+    using State = DesktopExtension::State;
+    auto const state = m_services.extension ? m_services.extension->state() : State::missing;
+    if (state == State::missing)
+        return;
+    section.rows.push_back(toggle("extension", tr("Laurel in GNOME’s top bar"),
+        tr("Switches on our extension of GNOME Shell: a laurel at the left end, shortcuts, and the pointer’s place."), state != State::off, [this](bool on) {
+            if (!m_services.extension->switchTo(on))
+                m_services.alerts.run({ AlertStyle::warning, tr("The extension of GNOME Shell could not be switched."), {} });
+            tellChanged();
+        }));
+    if (state == State::onFromNextLogin)
+        section.rows.push_back(note("extensionNote", tr("It takes effect at the next login.")));
 }
 
 /// Always adds a note, so that the page keeps its rows, and the recorder its key, when a conflict comes or goes.
@@ -171,6 +188,12 @@ SettingsSection GeneralSettings::menus()
     SettingsSection section { tr("Menus"), {} };
     section.rows.push_back(
         toggle("showIcons", tr("Icons"), tr("Shows a picture beside each entry."), preferences.showIcons(), [&](bool on) { preferences.setShowIcons(on); }));
+    if (!m_services.wording.commandIcons.empty()) {
+        section.rows.push_back(toggle("showCommandIcons", m_services.wording.commandIcons, m_services.wording.commandIconsHelp, preferences.showCommandIcons(),
+            [&](bool on) { preferences.setShowCommandIcons(on); }));
+        section.rows.back().isIndented = true;
+        section.rows.back().isEnabled = preferences.showIcons();
+    }
     section.rows.push_back(toggle("showHiddenFiles", tr("Hidden files"), tr("Lists files in folder submenus that are hidden otherwise."),
         preferences.showHiddenFiles(), [&](bool on) { preferences.setShowHiddenFiles(on); }));
     section.rows.push_back(toggle("sortFoldersFirst", tr("Folders first"), tr("Lists folders before files."), preferences.sortFoldersFirst(),
@@ -190,7 +213,21 @@ SettingsSection GeneralSettings::menus()
         tr("What was chosen last comes first when you search in the menu. Turning this off forgets it."), preferences.remembersChoices(),
         [&](bool on) { preferences.setRemembersChoices(on); }));
     addNote(section, "hotkeyProblem", m_services.hotkeyProblem);
+    addBindingLines(section);
     return section;
+}
+
+void GeneralSettings::addBindingLines(SettingsSection& section)
+{
+    auto const lines = m_services.bindingLines ? m_services.bindingLines() : std::vector<KeyBindingLine>();
+    if (lines.empty())
+        return;
+    std::string text;
+    for (auto const& each : lines)
+        text += each.line + "\n";
+    auto copy = button("copyBindings", tr("Copy Lines"), [this, text] { m_services.copy(text); });
+    copy.help = tr("Copies a line for each shortcut of your menu, to be pasted into %1.", lines.front().file);
+    section.rows.push_back(std::move(copy));
 }
 
 SettingsSection GeneralSettings::fileShortcuts()
@@ -243,6 +280,10 @@ SettingsSection GeneralSettings::menuFile()
     SettingsSection section { tr("Menu file"), {} };
     addNote(section, "saveProblem", m_services.saveProblem);
     section.rows.push_back(button("exportMenu", tr("Export…"), [&] { file.exportMenu(); }));
+    if (m_services.exportAll) {
+        section.rows.push_back(button("exportAll", tr("Export All…"), m_services.exportAll));
+        section.rows.back().help = tr("The menu, the preferences, your own items and pictures in one file, for another machine. Import takes it in.");
+    }
     section.rows.push_back(button("importMenu", tr("Import…"), [&] { file.importMenu(); }));
     section.rows.push_back(button("resetMenu", tr("Restore Default Menu…"), [&] { file.restoreDefaultMenu(); }));
     auto const backups = file.backups();

@@ -9,6 +9,8 @@
 #include "app/settings/SettingsWording.h"
 #include "app/updates/KresUpdater.h"
 #include "platform/desk/Alerts.h"
+#include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/program/DesktopExtension.h"
 
 #include <functional>
 #include <map>
@@ -47,6 +49,12 @@ public:
         /// The files that hold a combination by their name, with its text; and how to rename one without it.
         std::function<std::map<Url, std::string>()> fileShortcuts {};
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
+        DesktopExtension* extension = nullptr; ///< null where no desktop has one
+        /// The lines that give shortcuts by the desktop's own configuration, and how to copy them.
+        std::function<std::vector<KeyBindingLine>()> bindingLines {};
+        std::function<void(std::string const&)> copy {};
+        /// Writes all that the user has made to a file that they choose.
+        std::function<void()> exportAll {};
     };
 
     explicit GeneralSettings(Services services)
@@ -65,6 +73,8 @@ private:
     [[nodiscard]] std::string menuShortcutNote() const;
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
+    void addExtension(SettingsSection& section);
+    void addBindingLines(SettingsSection& section);
     [[nodiscard]] SettingsSection fileShortcuts();
     void takeShortcutAway(Url const& file);
     [[nodiscard]] SettingsSection updates();

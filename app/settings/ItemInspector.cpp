@@ -1,7 +1,9 @@
 #include "app/settings/ItemInspector.h"
 
+#include "app/model/ItemPicture.h"
 #include "app/settings/FolderForm.h"
 #include "app/settings/SettingsTexts.h"
+#include "base/Translation.h"
 
 namespace zv {
 
@@ -34,6 +36,13 @@ std::vector<SettingsChoice> depthChoices(std::int64_t current, Preferences const
     return choicesWith(current, std::move(offered));
 }
 
+std::string wordsFor(std::optional<ItemPicture> const& picture)
+{
+    if (!picture)
+        return trc("picture of an item", "Default");
+    return picture->kind == ItemPicture::Kind::icon ? picture->name : tr("An image of your own");
+}
+
 /// True for kinds whose submenu lists folders, and so has a depth.
 bool listsFolders(MenuItemKind const& kind)
 {
@@ -64,6 +73,11 @@ InspectorFields inspectorFields(MenuItem const& item, Preferences const& prefere
     fields.depth = item.scanDepth;
     if (fields.hasDepth)
         fields.depthChoices = depthChoices(item.scanDepth.value_or(depthOfPreference), preferences);
+    auto const picture = pictureOf(item);
+    fields.hasPicture = !isSeparator;
+    fields.hasOwnPicture = picture.has_value();
+    fields.picture = wordsFor(picture);
+    fields.pictureIcon = picture && picture->kind == ItemPicture::Kind::icon ? picture->name : "";
     fields.canHide = true;
     fields.isHidden = item.isHidden;
     fields.hasShortcut = !isSeparator && !item.kind.isLegacy();

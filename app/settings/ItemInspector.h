@@ -30,6 +30,10 @@ struct InspectorFields {
     [[nodiscard]] std::int64_t depthChoice() const { return depth.value_or(depthOfPreference); }
     bool hasListing = false; ///< a folder's order and choice
     std::string listing; ///< said in a few words
+    bool hasPicture = false; ///< whether one can be chosen
+    bool hasOwnPicture = false;
+    std::string picture; ///< the current one in words
+    std::string pictureIcon; ///< the name of the icon that the user chose; empty for none
     bool canHide = false;
     bool isHidden = false;
     bool hasShortcut = false;

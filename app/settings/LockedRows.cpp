@@ -23,6 +23,7 @@ constexpr RowOfKey rowsOfKeys[] = {
     { "showStatusItem", "ShowStatusItem" },
     { "menuShortcut", MenuShortcut::defaultsKey },
     { "showIcons", "ShowIcons" },
+    { "showCommandIcons", "ShowCommandIcons" },
     { "showHiddenFiles", "ShowHiddenFiles" },
     { "sortFoldersFirst", "SortFoldersFirst" },
     { "recentItems", "RecentItemsLimit" },

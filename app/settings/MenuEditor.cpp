@@ -305,6 +305,11 @@ void MenuEditor::setHidden(Uuid const& id, bool isHidden)
     edit(isHidden ? trc("edit that can be undone", "Hide") : trc("edit that can be undone", "Show"), id, [&](MenuItem& item) { item.isHidden = isHidden; });
 }
 
+void MenuEditor::setPicture(Uuid const& id, std::optional<ItemPicture> const& picture)
+{
+    edit(tr("Change Picture"), id, [&](MenuItem& item) { zv::setPicture(item, picture); });
+}
+
 void MenuEditor::setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec)
 {
     edit(trc("edit that can be undone", "Change Shortcut"), id, [&](MenuItem& item) { item.keyEquivalent = spec; });

@@ -2,6 +2,7 @@
 
 #include "app/model/FolderChoices.h"
 #include "app/model/ItemLibrary.h"
+#include "app/model/ItemPicture.h"
 #include "app/model/MenuStore.h"
 #include "app/settings/MenuTree.h"
 #include "base/Observation.h"
@@ -85,6 +86,8 @@ public:
     void setScanDepth(Uuid const& id, std::optional<std::int64_t> depth);
     void setFolderChoices(Uuid const& id, FolderChoices const& choices);
     void setHidden(Uuid const& id, bool isHidden);
+    /// None stands for the picture of the item's kind or file.
+    void setPicture(Uuid const& id, std::optional<ItemPicture> const& picture);
     void setKeyEquivalent(Uuid const& id, std::optional<KeyEquivalentSpec> const& spec);
 
     void restoreDefaultMenu();

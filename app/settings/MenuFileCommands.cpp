@@ -39,7 +39,7 @@ void MenuFileCommands::importMenu()
 {
     auto const files = m_services.panels.chooseToOpen(
         { tr(settingsTexts::importMenu), FilePanelKind::menuDocument, tr(settingsTexts::menuDocuments), tr(settingsTexts::allFiles) });
-    if (files.empty())
+    if (files.empty() || (m_services.importsSetup && m_services.importsSetup(files.front())))
         return;
     if (auto menu = read(files.front()))
         m_services.editor.replaceMenu(std::move(menu->items), trc("edit that can be undone", "Import Menu"));

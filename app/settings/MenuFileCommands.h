@@ -6,6 +6,7 @@
 #include "platform/desk/Alerts.h"
 #include "platform/desk/FilePanels.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,7 @@ public:
         LocationServices locations;
         FilePanels& panels;
         Alerts& alerts;
+        std::function<bool(Url const&)> importsSetup {}; ///< takes a file that holds more than a menu; false for others
     };
 
     explicit MenuFileCommands(Services services)

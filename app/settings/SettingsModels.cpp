@@ -3,6 +3,7 @@
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
 #include "app/model/Locations.h"
+#include "app/menu/ShownShortcut.h"
 #include "app/settings/FolderForm.h"
 #include "app/settings/OwnItemForm.h"
 #include "app/settings/RecorderRules.h"
@@ -33,6 +34,13 @@ std::vector<LibraryEntry> withOwnEntries(std::vector<LibraryEntry> entries)
     return entries;
 }
 
+std::map<Url, std::string> shown(std::map<Url, std::string> shortcuts, SystemKind system)
+{
+    for (auto& [file, shortcut] : shortcuts)
+        shortcut = shownShortcut(shortcut, system);
+    return shortcuts;
+}
+
 void showOwn(OwnItem const& own, InspectorFields& fields)
 {
     static constexpr Sentence titles[]
@@ -51,12 +59,27 @@ SettingsModels::SettingsModels(Services services)
     , m_editor({ m_services.store, locationsOf(m_services.system) })
     , m_outline({ m_services.store, m_services.hotkeys })
     , m_palette(withOwnEntries(loadItemLibrary(m_services.system.files.resources, locationsOf(m_services.system), LibraryMode::everything)))
+    , m_setup({ .editor = m_editor,
+                  .files = *m_services.system.files.disk,
+                  .panels = m_services.surface.windows.filePanels,
+                  .alerts = m_services.surface.windows.settingsAlerts,
+                  .clock = m_services.system.time.clock,
+                  .backupsFolder = m_services.system.places.backupsFolder,
+                  .locations = locationsOf(m_services.system),
+                  .preferencesChanged = [this] { preferencesChanged(); } },
+          { .system = m_services.system.kind,
+              .files = m_services.system.files,
+              .home = m_services.system.places.home,
+              .itemsFolder = m_services.system.places.itemsFolder })
     , m_menuFile({ .editor = m_editor,
           .backups = m_services.backups,
           .files = *m_services.system.files.disk,
           .locations = locationsOf(m_services.system),
           .panels = m_services.surface.windows.filePanels,
-          .alerts = m_services.surface.windows.settingsAlerts })
+          .alerts = m_services.surface.windows.settingsAlerts,
+          .importsSetup = [this](Url const& file) { return m_setup.imports(file); } })
+    , m_pictures({ m_editor, m_services.system, m_services.surface })
+    , m_gallery({ m_editor, m_services.store, m_services.system })
     , m_general({ .preferences = m_services.preferences,
           .loginItem = m_services.loginItem,
           .updater = m_services.updater,
@@ -68,17 +91,30 @@ SettingsModels::SettingsModels(Services services)
           .shortcutWarning = [this](auto const& spec) { return shortcutWarning(spec, m_services.system.kind); },
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
-          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support())); },
+          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support(), m_services.hotkeys.bindingOfShow())); },
           .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane,
-          .fileShortcuts = [this] { return m_services.hotkeys.registeredFiles(); },
-          .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); } })
+          .fileShortcuts = [this] { return shown(m_services.hotkeys.registeredFiles(), m_services.system.kind); },
+          .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
+          .extension = m_services.surface.home.extension,
+          .bindingLines = [this] { return m_services.hotkeys.bindingLines(); },
+          .copy = [this](std::string const& text) { m_services.surface.desk.clipboard.setText(text); },
+          .exportAll = [this] { m_setup.exportAll(); } })
     , m_about(aboutText(m_services.system.files.resources))
     , m_place(m_services.system.files.defaults)
 {
     if (auto const& list = m_services.surface.home.installedApplications)
         list(m_lifetime.guard([this](auto applications) { m_palette.setApplications(std::move(applications)); }));
+    removeUnusedImages();
+}
+
+void SettingsModels::removeUnusedImages()
+{
+    std::vector<Url> files;
+    for (auto const& backup : m_services.backups.list())
+        files.push_back(backup.file);
+    m_pictures.removeUnusedImages(m_services.store, std::move(files));
 }
 
 std::optional<std::string> SettingsModels::statusItemProblem() const
@@ -92,6 +128,12 @@ bool SettingsModels::menuShortcutIsTaken() const
 {
     auto const& conflicts = m_services.hotkeys.conflicts();
     return std::any_of(conflicts.begin(), conflicts.end(), [](auto const& conflict) { return conflict.target.isMenu(); });
+}
+
+void SettingsModels::preferencesChanged()
+{
+    m_services.preferences.reload();
+    m_services.menuShortcut.reload();
 }
 
 std::optional<std::string> SettingsModels::saveProblem() const
@@ -124,7 +166,9 @@ std::vector<MenuItem const*> SettingsModels::itemsFound(std::string_view search)
 ImageRef SettingsModels::iconOf(MenuItem const& item)
 {
     bool const isFile = item.kind == MenuItemKind::fsObject && item.location && item.location->path;
-    return isFile ? m_services.icons.iconForFile(Url::fromPath(*item.location->path)) : m_services.icons.iconForKind(item.kind);
+    auto const own = isFile ? m_services.icons.iconForFile(Url::fromPath(*item.location->path)) : m_services.icons.iconForKind(item.kind);
+    auto const picture = pictureOf(item);
+    return picture ? m_services.icons.iconForPicture(*picture, own) : own;
 }
 
 InspectorFields SettingsModels::inspectorFieldsOf(MenuItem const& item) const

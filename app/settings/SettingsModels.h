@@ -8,7 +8,10 @@
 #include "app/settings/MenuEditor.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/MenuOutline.h"
+#include "app/settings/PictureChooser.h"
 #include "app/settings/SettingsPlace.h"
+#include "app/settings/SetupCommands.h"
+#include "app/settings/StartGallery.h"
 #include "base/Lifetime.h"
 #include "platform/System.h"
 
@@ -50,6 +53,8 @@ public:
     /// The menu's items that a search of the library finds, too. Observed only while there is a search.
     [[nodiscard]] std::vector<MenuItem const*> itemsFound(std::string_view search) const;
     [[nodiscard]] MenuFileCommands& menuFile() { return m_menuFile; }
+    [[nodiscard]] PictureChooser& pictures() { return m_pictures; }
+    [[nodiscard]] StartGallery& gallery() { return m_gallery; }
     [[nodiscard]] GeneralSettings& general() { return m_general; }
     [[nodiscard]] AboutText const& about() const { return m_about; }
     [[nodiscard]] SettingsWording wording() const { return SettingsWording::of(m_services.system.kind); }
@@ -81,18 +86,23 @@ private:
     DropOutcome addOwn(LibraryEntry entry, MenuEditor::Position const& position);
     void changeOwn(Uuid const& id, Url const& file, OwnItem const& own);
     [[nodiscard]] std::optional<OwnItem> askFor(OwnItem const& own);
+    void removeUnusedImages();
     [[nodiscard]] bool mayBeFolder(MenuItem const& item) const;
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] std::optional<std::string> saveProblem() const;
+    void preferencesChanged();
 
     Services m_services;
     OwnItems m_ownItems;
     MenuEditor m_editor;
     MenuOutline m_outline;
     LibraryPalette m_palette;
+    SetupCommands m_setup;
     MenuFileCommands m_menuFile;
+    PictureChooser m_pictures;
+    StartGallery m_gallery;
     GeneralSettings m_general;
     AboutText m_about;
     SettingsPlace m_place;

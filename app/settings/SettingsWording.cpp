@@ -19,6 +19,8 @@ SettingsWording forMacOS()
     wording.openAtLoginHelp = tr(LoginItem::helpText);
     wording.loginApprovalNote = tr(LoginItem::approvalNote);
     wording.loginApprovalButton = tr(LoginItem::approvalButton);
+    wording.commandIcons = tr("Icons for commands");
+    wording.commandIconsHelp = tr("Shows a picture beside Sleep, Restart and the like, too.");
     wording.depth = tr("Folders within open");
     return wording;
 }

@@ -20,6 +20,8 @@ struct SettingsWording {
     std::string statusItemIsNotShown; ///< the remedy where nothing shows status icons
     /// Words the system's reason for not opening the program at login as a sentence.
     std::string (*loginFailure)(std::string const& reason) = [](std::string const& reason) { return reason; };
+    std::string commandIcons; ///< empty where commands always have icons
+    std::string commandIconsHelp;
     std::string depth; ///< the inspector's title for how deep a folder opens
 
     [[nodiscard]] static SettingsWording of(SystemKind system);

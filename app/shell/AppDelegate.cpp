@@ -45,6 +45,8 @@ AppDelegate::Launch AppDelegate::applicationDidFinishLaunching()
     setServicesProvider();
     parts().updater().start();
     m_begging.showIfDue(m_system.places.environment, m_system.files.disk->isOnReadOnlyVolume(m_system.places.bundle));
+    if (m_begging.isFirstLaunch() && m_store.isNew())
+        m_settings.openGallery();
     return Launch::running;
 }
 

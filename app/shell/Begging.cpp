@@ -53,6 +53,7 @@ void Begging::showIfDue(Environment const& environment, bool onReadOnlyVolume)
         std::abort();
     }
     auto const launch = before + 1;
+    m_isFirstLaunch = launch == 1;
     m_services.defaults.keep(launchCountKey, launch);
     if (isDue(launch))
         m_services.tasks.runOnMain(m_lifetime.guard([this] { show(); }));

@@ -31,12 +31,15 @@ public:
     /// Counts the launch, and shows the window on launches 2, 9 and 13. Counts only once, and not
     /// in a test run or on a read-only volume.
     void showIfDue(Environment const& environment, bool onReadOnlyVolume);
+    /// Whether this launch was counted, as the first.
+    [[nodiscard]] bool isFirstLaunch() const { return m_isFirstLaunch; }
     void show();
 
 private:
     Services m_services;
     std::unique_ptr<NotesWindow> m_window; ///< reused after closing
     bool m_hasNotedLaunch = false;
+    bool m_isFirstLaunch = false;
     Lifetime m_lifetime;
 };
 

@@ -16,9 +16,11 @@ Menus::Menus(Parts parts)
     , m_session(parts.system.session.events, m_confirmation)
     , m_scripts(parts.system.session.scripts, [this] { return m_confirmation.confirmsForceQuit(); })
     , m_actions({ .system = parts.system, .desk = parts.desk, .session = m_session, .scripts = m_scripts, .shell = std::move(parts.shell) })
+    , m_kept(parts.system.files.defaults)
     , m_openingKeys(parts.desk.modifierKeys)
     , m_folders(parts.system.files.folders, parts.system.time.tasks)
     , m_lists(allLists({ .preferences = parts.preferences,
+          .kept = m_kept,
           .folders = m_folders,
           .files = *parts.system.files.disk,
           .itemsFolder = parts.system.places.itemsFolder,
@@ -33,10 +35,12 @@ Menus::Menus(Parts parts)
     , m_scriptMenus(
           { .tools = parts.system.session.tools, .tasks = parts.system.time.tasks, .workspace = parts.system.session.workspace, .ownItems = m_ownItems })
     , m_sources { m_folders, m_lists, parts.listedFolders, parts.system.time.timers, m_openingKeys, parts.system.lists.applicationFolders, &m_scriptMenus }
-    , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder)
+    , m_icons(parts.looks.icons, m_lists, parts.system.places.itemsFolder,
+          [&preferences = parts.preferences, kind = parts.system.kind] { return kind != SystemKind::macOS || preferences.showCommandIcons(); })
     , m_entryMenu({ .system = parts.system,
           .desk = parts.desk,
           .preferences = parts.preferences,
+          .kept = m_kept,
           .commands = m_actions,
           .icons = m_icons,
           .shell = std::move(parts.entryShell) })

@@ -11,6 +11,7 @@
 #include "app/menu/MenuSearch.h"
 #include "app/menu/OpeningKeys.h"
 #include "app/model/ChosenEntries.h"
+#include "app/model/KeptEntries.h"
 #include "platform/System.h"
 
 namespace zv {
@@ -52,6 +53,7 @@ private:
     SystemEventsBridge m_scripts;
     MenuActions m_actions;
 
+    KeptEntries m_kept;
     OpeningKeys m_openingKeys;
     FolderListings m_folders;
     DynamicMenuProvider m_lists;

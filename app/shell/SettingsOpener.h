@@ -26,6 +26,13 @@ public:
         m_window.openAt(item);
     }
 
+    /// Shows the menus to start from.
+    void openGallery() const
+    {
+        m_application.activate();
+        m_window.openGallery();
+    }
+
 private:
     Application& m_application;
     SettingsWindow& m_window;

@@ -8,6 +8,7 @@
 #include "platform/desk/IconSource.h"
 #include "platform/desk/ModifierKeys.h"
 #include "platform/desk/NotesWindow.h"
+#include "platform/desk/PictureSource.h"
 #include "platform/desk/SettingsWindow.h"
 #include "platform/desk/TextMeasure.h"
 #include "platform/desk/UserNotifications.h"
@@ -34,6 +35,7 @@ struct Windows {
     NotesWindows& notes;
     FilePanels& filePanels;
     Forms& forms;
+    PictureSource& pictures;
     UserNotifications& notifications;
 };
 

@@ -8,7 +8,7 @@
 
 namespace zv {
 
-enum class FilePanelKind { filesAndFolders, folder, menuDocument };
+enum class FilePanelKind { filesAndFolders, folder, menuDocument, image };
 
 /// A question to the user, and its words.
 struct FilePanelQuestion {

@@ -4,6 +4,8 @@
 #include "platform/desk/Image.h"
 #include "platform/lists/InstalledApplications.h"
 
+#include <string>
+
 namespace zv {
 
 /// Pictures by what they stand for, in whatever file a system keeps them.
@@ -40,6 +42,10 @@ public:
     [[nodiscard]] virtual ImageRef systemIcon(SystemIcon icon) = 0;
     /// The picture of a group of applications; null where the system has none.
     [[nodiscard]] virtual ImageRef categoryIcon(ApplicationCategory /*category*/) { return nullptr; }
+    /// The theme's icon or the system's symbol of that name; `otherwise` where the system has none.
+    [[nodiscard]] virtual ImageRef namedIcon(std::string const& name, ImageRef const& otherwise) = 0;
+    /// The image in the file; `otherwise` where there is none.
+    [[nodiscard]] virtual ImageRef imageIn(Url const& file, ImageRef const& otherwise) = 0;
 };
 
 } // namespace zv

@@ -3,7 +3,9 @@
 #include <compare>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace zv {
@@ -33,6 +35,17 @@ enum class HotkeySupport {
     none,
 };
 
+/// The menu's key where one is proposed, Command-M by its place, and what it has the shell do.
+inline constexpr KeyChord chordOfShow { 46, commandKey };
+inline constexpr char const* commandOfShow = "zanthe-vell show";
+
+/// A line of the desktop's own configuration that runs a command at a combination.
+struct KeyBindingLine {
+    std::string file; ///< the one that the line goes into, as people write it: "~/.config/river/init"
+    std::string line;
+    friend bool operator==(KeyBindingLine const&, KeyBindingLine const&) = default;
+};
+
 /// Claims key combinations from the system, a whole pass at a time, so that no other
 /// program slips in between and combinations already held cost nothing. Main thread only,
 /// callbacks too.
@@ -48,6 +61,10 @@ public:
     [[nodiscard]] virtual HotkeySupport support() const = 0;
     /// Whether the system acts on the combination before any program sees it.
     [[nodiscard]] virtual bool isKeptBySystem(KeyChord) const { return false; }
+
+    /// The line that runs the shell's command there, where nothing but the desktop's configuration gives
+    /// combinations; nothing elsewhere, and where its notation is unknown or cannot say it.
+    [[nodiscard]] virtual std::optional<KeyBindingLine> bindingLine(KeyChord, std::string const& /*command*/) const { return std::nullopt; }
 
     /// Called once a press, however long the key is held. Set by its one user.
     std::function<void(HotkeyID)> onPressed;

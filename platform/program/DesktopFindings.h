@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/menubar/HotkeyRegistrar.h"
+#include "platform/program/DesktopExtension.h"
 #include "platform/program/LoginService.h"
 #include "platform/session/DesktopCommands.h"
 
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace zv {
@@ -39,10 +40,10 @@ struct DesktopFindings {
     bool hasIconTheme = false; ///< beside the bare fallback
     bool readsDrawings = false; ///< icons that are SVG files
     HotkeySupport hotkeys = HotkeySupport::none;
-    std::string desktopNames; ///< as the session says them: "ubuntu:GNOME"
+    std::optional<KeyBindingLine> bindingOfShow; ///< opens the menu by a key, as the desktop's own configuration can
 
     bool isGnome = false;
-    bool hasGnomeExtension = false; ///< our own extension of GNOME Shell is switched on
+    DesktopExtension::State extension = DesktopExtension::State::missing;
     bool hasSessionBus = false;
     StatusIcons statusIcons = StatusIcons::noWatcher;
     bool hasPortal = false;

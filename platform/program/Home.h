@@ -2,6 +2,7 @@
 
 #include "base/Url.h"
 #include "platform/lists/InstalledApplications.h"
+#include "platform/program/DesktopExtension.h"
 #include "platform/program/Installation.h"
 #include "platform/program/LoginService.h"
 #include "platform/program/Permissions.h"
@@ -9,6 +10,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace zv {
 
@@ -17,6 +19,7 @@ struct Places {
     Url bundle; ///< of the started program
     Environment environment; ///< at its start
     std::string home; ///< the user's home folder
+    std::vector<Url> userFolders {}; ///< the desktop, documents, downloads and pictures, wherever the user has them
     Url itemsFolder;
     Url backupsFolder;
     Url chosenFile; ///< what was chosen last; its folder is for the user alone
@@ -29,6 +32,7 @@ struct Home {
     UpdateEngineFactory makeUpdateEngine;
     InstalledApplications installedApplications; ///< for the palette of the settings; empty where it names none
     Permissions const* permissions; ///< null where the system asks for none
+    DesktopExtension* extension; ///< null where no desktop has one
     /// Lets other programs have files added from here on; empty where they always can.
     std::function<void()> provideServices;
     std::function<std::string()> diagnostics; ///< for a bug report, without personal paths

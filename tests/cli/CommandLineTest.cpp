@@ -39,7 +39,8 @@ TEST_F(CommandLineTest, HelpTellsHowToMakeItACommandWhereItIsNone)
 
 TEST_F(CommandLineTest, EachCommandTellsItsUsage)
 {
-    EXPECT_EQ(run({ "export", "--help" }), (Outcome { 0, "usage: zanthe-vell export FILE\n\nwrite the menu to a file (- is standard output)\n", "" }));
+    EXPECT_EQ(run({ "export", "--help" }),
+        (Outcome { 0, "usage: zanthe-vell export [--all] FILE\n\nwrite the menu, or all that you have made, to a file (- is standard output)\n", "" }));
     for (auto const* command : commandTable())
         EXPECT_EQ(run({ std::string(command->name), "--help" }).status, 0) << command->name;
 }

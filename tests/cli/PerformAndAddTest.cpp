@@ -96,7 +96,7 @@ TEST_F(PerformCommandTest, ChoosesWhatCanBeChosenAndSaysWhyNotElse)
     translateBy(nullptr);
     EXPECT_EQ(run({ "perform", "--command", "a.txt" }), (Outcome { 0, "", "" }));
     machine.sessionEvents.outcomes["ask to restart"] = { SessionEventOutcome::State::needsConfirmation };
-    (void)run({ "perform", "Group", "Restart…" });
+    (void)run({ "perform", group.id.toString(), group.children[1].id.toString() }); // as bindings name them
     EXPECT_EQ(machine.sessionEvents.sent, (std::vector<std::string> { "sleep", "sleep", "ask to restart" })) << "nobody said yes";
     EXPECT_EQ(machine.workspace.log, (std::vector<std::string> { "reveal file:///here/a.txt" }));
 }

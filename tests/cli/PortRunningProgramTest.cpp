@@ -68,6 +68,7 @@ TEST_F(PortRunningProgramTest, WhatIsAskedArrivesAndIsAnsweredBeforeItHappens)
     EXPECT_TRUE(program.openSettings());
     EXPECT_EQ(seen(), "settings");
     EXPECT_TRUE(program.quit());
+    EXPECT_EQ(did, "") << "who asks is answered first";
     EXPECT_EQ(seen(), "quit");
     EXPECT_TRUE(program.addFiles({ Url::fromPath("/a b\xff\"\n"), Url::fromPath("/ü") }));
     EXPECT_EQ(seen(), "add /a b\xff\"\n\nadd /ü\n") << "any name arrives";

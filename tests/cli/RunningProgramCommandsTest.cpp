@@ -44,6 +44,9 @@ TEST_F(RunningProgramCommands, HotkeysAreALineEachWhateverTheNamesHold)
             "\nTo take a file’s shortcut away, rename the file without “-*[…]*”.\n",
             "" }));
     EXPECT_EQ(run({ "hotkeys", "--json" }).out, program.hotkeysJson + "\n");
+    EXPECT_EQ(run({ "hotkeys", "--bindings" }).status, 1);
+    program.hotkeysJson = R"({"bindings":[{"file":"~/keys","line":"one"},{"file":"~/keys","line":"two"}]})";
+    EXPECT_EQ(run({ "hotkeys", "--bindings" }).out, "one\ntwo\n");
     program.hotkeysJson = "no answer";
     EXPECT_EQ(run({ "hotkeys" }).status, 1);
 }

@@ -186,6 +186,7 @@ class OnAPanel(OverlayTest):
         size = lambda pixels: output("xfconf-query", "-c", "xfce4-panel", "-p", "/panels/panel-1/size", "-s", str(pixels))  # noqa: E731
         self.addCleanup(size, PANEL_HEIGHT - 1)
         self.expect_bands("before-it-grows")
+        output("xfconf-query", "-c", "xfce4-panel", "-p", "/panels/panel-1/icon-size", "-s", "0")  # as large as fits
         size(40)
         wait_until(lambda: "41" in output("wmctrl", "-lG").split(), 5, "the larger panel")
         rows = lambda: [y for y, row in enumerate(screenshot("grown", "44x41+0+0")) if bands_of(row)]  # noqa: E731

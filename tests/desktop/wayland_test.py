@@ -140,12 +140,18 @@ class SwayTest(unittest.TestCase):
         self.pointer.up()
         wait_until(lambda: "HOME" in text_of(PRESSED), 5, "what it was let go on starts")
         self.assertNotIn("QT_WAYLAND", text_of(PRESSED), "in the environment that the program was started with")
+        self.assertIn("XDG_ACTIVATION_TOKEN", text_of(PRESSED), "and with the right to come to the front")
 
         at_corner = pixel(2, 2)
         sway("fullscreen", "enable")
         wait_until(lambda: pixel(2, 2) != at_corner, 3, "the corner hides")
+        sway("workspace", "9")
+        with subprocess.Popen(["foot", "sh", "-c", "sleep 20"], stderr=subprocess.DEVNULL) as other:
+            wait_until(lambda: pixel(2, 2) == at_corner, 5, "and comes back beside the window of another workspace, …")
+            other.terminate()
+        sway("workspace", "1")
         sway("fullscreen", "disable")
-        wait_until(lambda: pixel(2, 2) == at_corner, 3, "and comes back")
+        wait_until(lambda: pixel(2, 2) == at_corner, 3, "… and with this one")
 
     def test_keys_by_its_connection(self):
         report = json.loads(zv("hotkeys", "--json"))
@@ -163,6 +169,32 @@ class SwayTest(unittest.TestCase):
         desktop.set_menu([("RunningApplications", None, None)])
         self.addCleanup(desktop.import_menu, self.menu)
         self.assertIn("Some Terminal", zv("menu", "--expand", "1"))
+
+
+@unittest.skipUnless(ON_SWAY, "sway's own")
+class ScreensTest(unittest.TestCase):
+    def test_screens_that_go_end_neither_the_menu_nor_the_program(self):
+        """In a sway within sway, whose screens are windows that can be closed."""
+        desktop.set_menu([("Sleep", None, None)])
+        displays = set(os.listdir(os.environ["XDG_RUNTIME_DIR"]))
+        inner = {**os.environ, "WLR_BACKENDS": "wayland", "WLR_WL_OUTPUTS": "2", "WLR_RENDERER": "pixman"}
+        write(os.path.join(HOME, "inner.conf"), "xwayland disable\n")
+        with subprocess.Popen(["sway", "-c", os.path.join(HOME, "inner.conf")], env=inner, stderr=subprocess.DEVNULL) as screens:
+            self.addCleanup(screens.kill)
+            wait_until(lambda: "WL-2" in json.dumps(sway("-t", "get_tree")), 10, "two screens")
+            new = next(name for name in set(os.listdir(os.environ["XDG_RUNTIME_DIR"])) - displays if name.startswith("wayland-") and name[-1].isdigit())
+            with Program(WAYLAND_DISPLAY=new, SWAYSOCK=None) as program:
+                wait_until(lambda: Bus().has_owner(desktop.NAME), 10, "the start")
+                for place, closed in (((800, 200), "WL-2"), ((100, 200), "WL-1")):
+                    seen = (place[0] + 10, place[1] + 10)
+                    ground = pixel(*seen)
+                    zv("show", "--at", "%d,%d" % place)
+                    wait_until(lambda: pixel(*seen) != ground, 3, f"the menu on {closed}")
+                    sway(f'[title="{closed}"] kill')
+                    wait_until(lambda: closed not in json.dumps(sway("-t", "get_tree")), 3, "the screen has gone")
+                time.sleep(0.5)
+                self.assertTrue(program.is_running(), program.said())
+            screens.terminate()
 
 
 @unittest.skipIf(ON_SWAY, "KWin's own")

@@ -31,6 +31,11 @@ public:
     HotkeySupport support() const override { return supported; }
     bool isKeptBySystem(KeyChord chord) const override { return kept.contains(chord); }
 
+    std::optional<KeyBindingLine> bindingLine(KeyChord chord, std::string const& command) const override
+    {
+        return supported == HotkeySupport::none ? std::optional(KeyBindingLine { "~/keys", std::to_string(chord.keyCode) + " " + command }) : std::nullopt;
+    }
+
     bool holds(KeyChord chord) const
     {
         return std::ranges::any_of(held, [&](auto const& entry) { return entry.second == chord; });

@@ -115,6 +115,8 @@ class FakeIconSource : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override { return make("file:" + file.path()); }
     ImageRef systemIcon(SystemIcon icon) override { return make(nameOf(icon)); }
+    ImageRef namedIcon(std::string const& name, ImageRef const& otherwise) override { return missing.contains(name) ? otherwise : make(name); }
+    ImageRef imageIn(Url const& file, ImageRef const& otherwise) override { return missing.contains(file.path()) ? otherwise : make(file.path()); }
     static std::string nameOf(SystemIcon icon)
     {
         static constexpr char const* names[] { "application", "appStore", "computer", "dock", "folder", "forceQuit", "lockScreen", "logOut", "network",

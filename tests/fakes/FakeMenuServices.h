@@ -60,6 +60,7 @@ public:
     {
         return std::make_shared<FakeImage>("category:" + std::to_string(static_cast<int>(category)));
     }
+    ImageRef iconForPicture(ItemPicture const& picture, ImageRef const&) override { return std::make_shared<FakeImage>("picture:" + picture.name); }
     void emptyCache() override { ++emptied; }
 
     std::map<MenuItemKind::Case, bool> withoutIcon;

@@ -111,7 +111,9 @@ class FakeSettingsWindow : public SettingsWindow {
 public:
     void openOrRaise() override { ++opened; }
     void openAt(Uuid const& item) override { shownItem = item; }
+    void openGallery() override { ++galleries; }
     int opened = 0;
+    int galleries = 0;
     std::optional<Uuid> shownItem;
 };
 

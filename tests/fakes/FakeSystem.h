@@ -13,6 +13,7 @@
 #include "tests/fakes/FakeMenuServices.h"
 #include "tests/fakes/FakeOverlay.h"
 #include "tests/fakes/FakePermissions.h"
+#include "tests/fakes/FakePictureSource.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/fakes/FakeUpdates.h"
@@ -94,6 +95,7 @@ struct FakeSurface {
     FakeNotesWindows notesWindows;
     FakeFilePanels filePanels;
     FakeForms forms;
+    FakePictureSource pictures;
     FakeUserNotifications notifications;
     FakeInstallation installation;
     FakeLoginService loginService;
@@ -123,12 +125,14 @@ struct FakeSurface {
                 .notes = notesWindows,
                 .filePanels = filePanels,
                 .forms = forms,
+                .pictures = pictures,
                 .notifications = notifications },
             .home = { .installation = installation,
                 .loginService = loginService,
                 .makeUpdateEngine = [this](UpdateChannels& channels, UpdateUserDriver& driver) { return makeEngine(channels, driver); },
                 .installedApplications = [this](auto use) { use(installedApplications); },
                 .permissions = nullptr,
+                .extension = nullptr,
                 .provideServices = [this] { ++servicesProvided; },
                 .diagnostics = [] { return std::string("a machine in memory"); } } };
     }

@@ -9,12 +9,25 @@ namespace zv {
 
 namespace {
 
+/// Those that are not the home folder itself, which stands for none.
+std::vector<Url> userFolders(std::string const& home)
+{
+    std::vector<Url> folders;
+    for (auto const directory : { G_USER_DIRECTORY_DESKTOP, G_USER_DIRECTORY_DOCUMENTS, G_USER_DIRECTORY_DOWNLOAD, G_USER_DIRECTORY_PICTURES }) {
+        auto const* path = g_get_user_special_dir(directory);
+        if (path && path != home)
+            folders.push_back(Url::fromPath(path));
+    }
+    return folders;
+}
+
 Places placesOf(ProgramPlaces const& paths, Environment environment)
 {
     auto const bundle = LinuxInstallation::runningBundle(environment);
     return { .bundle = bundle,
         .environment = std::move(environment),
         .home = paths.user.home,
+        .userFolders = userFolders(paths.user.home),
         .itemsFolder = Url::fromPath(paths.itemsFolder),
         .backupsFolder = Url::fromPath(paths.backupsFolder),
         .chosenFile = Url::fromPath(paths.chosenFile) };

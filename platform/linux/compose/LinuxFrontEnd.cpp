@@ -53,15 +53,18 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     return options;
 }
 
+std::vector<std::string> dataFolders(XdgDirectories const& user)
+{
+    std::vector<std::string> folders { user.data };
+    folders.insert(folders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    return folders;
+}
+
 LookSources lookSources(LinuxFiles const& files)
 {
     auto const& user = files.paths().user;
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    LookSources sources {
-        .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = { user.data }, .desktops = files.audience().desktops
-    };
-    sources.dataFolders.insert(sources.dataFolders.end(), user.dataDirs.begin(), user.dataDirs.end());
-    return sources;
+    return { .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = dataFolders(user), .desktops = files.audience().desktops };
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -74,15 +77,6 @@ bool startDetached(QString const& program, QStringList const& arguments, Environ
     process.setArguments(arguments);
     process.setProcessEnvironment(variables);
     return process.startDetached();
-}
-
-/// The bus may be exchanged later.
-std::unique_ptr<MenuPlacer> menuPlacer(WaylandGlobals const* wayland, QDBusConnection const& bus, Desktop desktop)
-{
-    if (wayland)
-        return std::make_unique<StageMenuPlacer>(
-            *wayland, StageMenuPlacer::Desktop { .isGnome = desktop == Desktop::gnome, .pointer = [&bus] { return GnomeShell::pointerOn(bus); } });
-    return std::make_unique<DesktopMenuPlacer>();
 }
 
 /// A desktop's settings of what starts at login.
@@ -108,6 +102,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_application(count, arguments)
     , m_look(lookSources(m_files), valueOf(m_files.environment(), "QT_QPA_PLATFORMTHEME"))
     , m_wayland(WaylandGlobals::ofToolkit())
+    , m_seatKeyboard(SeatKeyboard::of(m_wayland.get()))
     , m_toplevels(ForeignToplevels::of(m_wayland.get()))
     , m_access(DesktopAccess::of(m_files.environment()))
     , m_bus(sessionBus(m_access.buses))
@@ -116,7 +111,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
           { .files = m_files, .timers = m_timers, .tasks = m_tasks, .access = m_access, .sessionBus = m_bus, .windows = clientWindows(), .pending = nullptr })
     , m_icons(m_tasks, m_timers, m_files.trust())
     , m_performer(m_modifierKeys, m_tasks)
-    , m_placer(menuPlacer(m_wayland.get(), m_bus, m_access.desktop))
+    , m_placer(menuPlacer())
     , m_presenter(m_performer, *m_placer)
     , m_menuHost(m_presenter)
     , m_statusBar(m_bus, m_presenter, m_performer)
@@ -125,6 +120,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
+    , m_extension({ dataFolders(m_files.paths().user), [this] { return GnomeShell::windowsOn(m_bus) != nullptr; } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
     , m_packageOrigin(m_files.places().bundle.path())
@@ -133,12 +129,38 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
 {
     if (sessionKind() == SessionKind::x11)
         setLaunchTokens({ .startupId = beginStartup });
+    if (m_seatKeyboard)
+        useSeat();
     m_statusBar.onActivationToken = useActivationToken;
+    m_look.onAdopted = [this] { m_statusBar.redraw(); };
+    m_statusBar.color = [this] { return laurelColor(); };
     m_presenter.setKeyReader([this](QKeyEvent const& event) { return keyPressOf(event, [this](auto key) { return m_keyboard.keyOnLayout(key); }); });
     m_presenter.setPressedElsewhere([this](QPoint at, Menu const* menu) { pressedElsewhere(at, menu); });
 }
 
-LinuxFrontEnd::~LinuxFrontEnd() = default;
+LinuxFrontEnd::~LinuxFrontEnd() { setLaunchTokens({}); }
+
+std::unique_ptr<MenuPlacer> LinuxFrontEnd::menuPlacer()
+{
+    if (!m_wayland)
+        return std::make_unique<DesktopMenuPlacer>([this](QRect const& monitor) { return m_overlay ? m_overlay->freeAreaOf(monitor) : monitor; });
+    return std::make_unique<StageMenuPlacer>(*m_wayland,
+        StageMenuPlacer::Desktop { .isGnome = m_access.desktop == Desktop::gnome,
+            .pointer = [this] { return GnomeShell::pointerOn(m_bus); },
+            .leaving =
+                [this](wl_surface* stage) {
+                    if (m_tokens)
+                        m_tokens->renew(stage, m_seatKeyboard->serial());
+                } });
+}
+
+void LinuxFrontEnd::useSeat()
+{
+    m_seatKeyboard->onKeymap = [this](auto const& text) { m_keyboard.useKeymap(text); };
+    m_seatKeyboard->onGroup = [this](auto number) { m_keyboard.useLayout(number); };
+    m_tokens.emplace(*m_wayland);
+    setLaunchTokens({ .activationToken = [this] { return m_tokens->take(); } });
+}
 
 int LinuxFrontEnd::run()
 {
@@ -206,6 +228,17 @@ void LinuxFrontEnd::useBus(QDBusConnection const& bus)
     m_look.useBus(bus);
     watchForTray();
     m_trayObservers.changed(0);
+}
+
+/// Panels of GTK and KDE tint symbolic pictures; LXQt's does not, and nor do many beside a bare window manager. Cinnamon's
+/// finds them among the themes alone.
+LaurelColor LinuxFrontEnd::laurelColor() const
+{
+    if (m_access.desktop == Desktop::cinnamon && !laurelIconThemePath().isEmpty())
+        return LaurelColor::green;
+    bool const drawsAsTheyAre = m_access.desktop == Desktop::lxqt || m_access.desktop == Desktop::other;
+    auto const isDark = m_overlay && drawsAsTheyAre ? m_overlay->isPanelDark() : std::nullopt;
+    return !isDark ? LaurelColor::ofThePanel : *isDark ? LaurelColor::light : LaurelColor::dark;
 }
 
 void LinuxFrontEnd::watchSettings()
@@ -326,12 +359,14 @@ Surface LinuxFrontEnd::surface()
             .notes = m_notesWindows,
             .filePanels = m_filePanels,
             .forms = m_forms,
+            .pictures = m_pictures,
             .notifications = m_userNotifications },
         .home = { .installation = m_installation,
             .loginService = m_loginService,
             .makeUpdateEngine = updateEngine(),
             .installedApplications = [this](auto use) { m_system.applicationFolders().list(std::move(use)); },
             .permissions = nullptr,
+            .extension = &m_extension,
             .provideServices = {},
             .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };
 }

@@ -4,7 +4,9 @@
 #include "platform/linux/compose/LinuxSystem.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/ThemeIconSource.h"
+#include "platform/linux/icons/ThemePictures.h"
 #include "platform/linux/install/AutostartLoginService.h"
+#include "platform/linux/install/GnomeExtension.h"
 #include "platform/linux/install/LinuxInstallation.h"
 #include "platform/linux/install/LinuxPackageOrigin.h"
 #include "platform/linux/looks/LookFollower.h"
@@ -21,7 +23,9 @@
 #include "platform/linux/tray/StatusNotifierBar.h"
 #include "platform/linux/updates/QtDownloads.h"
 #include "platform/linux/updates/QtUpdateWindow.h"
+#include "platform/linux/wayland/ActivationTokens.h"
 #include "platform/linux/wayland/ForeignToplevels.h"
+#include "platform/linux/wayland/SeatKeyboard.h"
 #include "platform/linux/wayland/WaylandGlobals.h"
 #include "platform/linux/windows/BusUserNotifications.h"
 #include "platform/linux/windows/LinuxApplication.h"
@@ -54,6 +58,8 @@ public:
 private:
     [[nodiscard]] SessionKind sessionKind() const { return sessionKindOf(m_files.environment()); }
     [[nodiscard]] ProgramHandlers handlers();
+    [[nodiscard]] std::unique_ptr<MenuPlacer> menuPlacer();
+    void useSeat();
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::unique_ptr<ClientWindows> clientWindows() const;
     [[nodiscard]] std::optional<OverlaySeams> overlay();
@@ -62,6 +68,7 @@ private:
     [[nodiscard]] bool statusIconsAreShown() const;
     void watchForTray();
     bool openAutostartSettings();
+    [[nodiscard]] LaurelColor laurelColor() const;
     void watchSettings();
     void pressedElsewhere(QPoint at, Menu const* menu);
     void useBus(QDBusConnection const& bus);
@@ -75,6 +82,8 @@ private:
     LinuxApplication m_application;
     LookFollower m_look;
     std::unique_ptr<WaylandGlobals> m_wayland; ///< null on X11
+    std::unique_ptr<SeatKeyboard> m_seatKeyboard; ///< null on X11
+    std::optional<ActivationTokens> m_tokens; ///< likewise
     std::shared_ptr<ForeignToplevels> m_toplevels; ///< null where the compositor does not tell its windows
     DesktopAccess m_access;
     QDBusConnection m_bus;
@@ -105,10 +114,12 @@ private:
 
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
+    GnomeExtension m_extension;
     QtNotesWindows m_notesWindows;
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;
     QtForms m_forms;
+    ThemePictures m_pictures { m_tasks };
     QtDownloads m_downloads;
     LinuxPackageOrigin m_packageOrigin;
     QtUpdateWindow m_updateWindow;

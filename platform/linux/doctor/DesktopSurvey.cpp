@@ -1,6 +1,7 @@
 #include "platform/linux/doctor/DesktopSurvey.h"
 
 #include "platform/linux/install/AutostartLoginService.h"
+#include "platform/linux/install/GnomeExtension.h"
 #include "platform/linux/session/LinuxDesktopCommands.h"
 #include "platform/linux/session/LinuxScriptRunner.h"
 #include "platform/linux/session/LoginManager.h"
@@ -61,14 +62,16 @@ Allowed allowedBy(BusConnection const& bus, char const* question, Deadline const
     return answer == "yes" ? Allowed::yes : answer == "challenge" ? Allowed::afterPassword : Allowed::no;
 }
 
-void surveySessionBus(std::optional<BusConnection> const& bus, Deadline const& deadline, DesktopFindings& findings)
+void surveySessionBus(std::optional<BusConnection> const& bus, XdgDirectories const& directories, Deadline const& deadline, DesktopFindings& findings)
 {
     findings.hasSessionBus = bus.has_value();
     findings.fileManager = fileManagerOn(bus, deadline);
     if (!bus)
         return;
     findings.statusIcons = statusIconsOn(*bus, deadline);
-    findings.hasGnomeExtension = bus->hasOwner("org.zanthevell.Shell", deadline);
+    auto folders = directories.dataDirs;
+    folders.push_back(directories.data);
+    findings.extension = GnomeExtension({ std::move(folders), [&] { return bus->hasOwner("org.zanthevell.Shell", deadline); } }).state();
     findings.hasPortal = bus->canReach("org.freedesktop.portal.Desktop", deadline);
     findings.hasNotifications = bus->canReach("org.freedesktop.Notifications", deadline);
 }
@@ -90,7 +93,7 @@ void surveyServices(DesktopAccess const& access, XdgDirectories const& directori
 {
     Deadline const deadline(patience);
     findings.isGnome = access.desktop == Desktop::gnome;
-    surveySessionBus(BusConnection::open(access.buses.session, deadline), deadline, findings);
+    surveySessionBus(BusConnection::open(access.buses.session, deadline), directories, deadline, findings);
     surveySystemBus(BusConnection::open(access.buses.system, deadline), deadline, findings);
     findings.lacksFilesExtension = lacksFilesExtension(*access.programs);
     findings.screenLock = screenLockOf(access, patience);

@@ -1,6 +1,8 @@
 #include "platform/linux/doctor/DisplaySurvey.h"
 
+#include "platform/linux/hotkeys/BindingLines.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
+#include "platform/linux/hotkeys/XkbKeymap.h"
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 #include "platform/linux/posix/XdgDirectories.h"
@@ -63,7 +65,6 @@ void surveyDisplay(Environment const& environment, bool hasLayerShell, DesktopFi
     auto const session = sessionKindOf(environment);
     auto const x = X11Connection::open();
     findings.display = display(x != nullptr, hasLayerShell, environment);
-    findings.desktopNames = valueOf(environment, "XDG_CURRENT_DESKTOP");
     if (x) {
         findings.hasWindowManager = hasWindowManager(*x);
         findings.hasCornerPanel = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;
@@ -71,6 +72,8 @@ void surveyDisplay(Environment const& environment, bool hasLayerShell, DesktopFi
     findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders(), XdgDirectories::of(environment).config).isEmpty();
     findings.readsDrawings = readsDrawings();
     findings.hotkeys = LinuxHotkeys::support(sessionBus(BusAddresses::of(environment)), environment);
+    if (auto const keymap = XkbKeymap::named(nullptr))
+        findings.bindingOfShow = bindingLineFor(valueOf(environment, "XDG_CURRENT_DESKTOP"), chordOfShow, commandOfShow, keymap->layers(0));
 }
 
 } // namespace zv

@@ -1,12 +1,9 @@
 #include "platform/linux/hotkeys/GlobalAccelRegistrar.h"
 
 #include "platform/linux/hotkeys/KeyNames.h"
-#include "platform/linux/toolkit/BusListener.h"
 
 #include <QDBusArgument>
-#include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QDBusObjectPath>
 
 #include <array>
 
@@ -18,18 +15,15 @@ namespace {
 QString serviceName() { return QStringLiteral("org.kde.kglobalaccel"); }
 
 constexpr uint setPresent = 2, noAutoloading = 4;
-constexpr int patience = 500; // milliseconds
 
 /// What the service calls us.
 QString component() { return QStringLiteral("org.zanthevell.ZantheVell"); }
 
-/// Equal at every start, and read again when the key is pressed.
-QString actionOf(KeyChord chord) { return QStringLiteral("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
+QString componentPath() { return QStringLiteral("/component/") + component().replace(u'.', u'_'); }
 
-KeyChord chordOf(QString const& action)
+QDBusMessage callTo(char const* method)
 {
-    auto const parts = action.split(u'-');
-    return { parts.value(2).toUShort(), parts.value(1).toUInt() };
+    return QDBusMessage::createMethodCall(serviceName(), QStringLiteral("/kglobalaccel"), QStringLiteral("org.kde.KGlobalAccel"), QString::fromLatin1(method));
 }
 
 /// Shown in the desktop's settings.
@@ -42,7 +36,7 @@ QString labelOf(KeyChord chord, std::vector<KeyTexts> const& layers)
 
 QStringList identityOf(KeyChord chord, std::vector<KeyTexts> const& layers)
 {
-    return { component(), actionOf(chord), QStringLiteral("Zanthe Vell"), labelOf(chord, layers) };
+    return { component(), chordName(chord), QStringLiteral("Zanthe Vell"), labelOf(chord, layers) };
 }
 
 int qtModifiers(std::uint32_t modifiers)
@@ -73,63 +67,29 @@ int namedKey(QString const& name)
 } // namespace
 
 GlobalAccelRegistrar::GlobalAccelRegistrar(QDBusConnection const& bus, KeyboardLayoutSource& layout, ShiftedText shifted)
-    : m_bus(bus)
-    , m_layout(layout)
+    : BusChordRegistrar(
+        bus, layout, { serviceName(), componentPath(), QStringLiteral("org.kde.kglobalaccel.Component"), QStringLiteral("globalShortcutPressed") })
     , m_shifted(std::move(shifted))
-    , m_service(serviceName(), bus, QDBusServiceWatcher::WatchForRegistration)
 {
     qRegisterMetaType<QList<int>>();
-    listen();
-    QObject::connect(&m_service, &QDBusServiceWatcher::serviceRegistered, &m_service, [this] { lost(); });
 }
 
-GlobalAccelRegistrar::~GlobalAccelRegistrar() { releaseAll(); }
+bool GlobalAccelRegistrar::isThere(QDBusConnection const& bus) { return isServed(bus, serviceName()); }
 
-bool GlobalAccelRegistrar::isThere(QDBusConnection const& bus)
+void GlobalAccelRegistrar::heard(QVariantList const& arguments)
 {
-    auto* names = bus.interface();
-    return names && names->isServiceRegistered(serviceName());
-}
-
-void GlobalAccelRegistrar::useBus(QDBusConnection const& bus)
-{
-    m_bus = bus;
-    m_service.setConnection(bus);
-    listen();
-    lost();
-}
-
-void GlobalAccelRegistrar::listen()
-{
-    auto path = component();
-    path.replace(u'.', u'_');
-    m_presses = std::make_unique<BusListener>(m_bus, serviceName(), QStringLiteral("/component/") + path, QStringLiteral("org.kde.kglobalaccel.Component"),
-        QStringLiteral("globalShortcutPressed"), [this](QDBusMessage const& message) { heard(message); });
-}
-
-void GlobalAccelRegistrar::heard(QDBusMessage const& message)
-{
-    auto const arguments = message.arguments();
     if (arguments.value(0).toString() == component())
-        pressed(chordOf(arguments.value(1).toString()));
-}
-
-QDBusMessage GlobalAccelRegistrar::call(char const* method, QVariantList const& arguments) const
-{
-    auto message
-        = QDBusMessage::createMethodCall(serviceName(), QStringLiteral("/kglobalaccel"), QStringLiteral("org.kde.KGlobalAccel"), QString::fromLatin1(method));
-    message.setArguments(arguments);
-    return m_bus.call(message, QDBus::Block, patience);
+        pressed(chordNamed(arguments.value(1).toString()));
 }
 
 /// With Shift a key that is no letter counts as what it types then: Meta and $, not Meta, Shift and 4.
 int GlobalAccelRegistrar::keyOf(KeyChord chord) const
 {
-    auto const layers = m_layout.layers();
-    int const named = namedKey(chordText({ chord.keyCode, 0 }, {}, layers));
+    auto const texts = layers();
+    int const named = namedKey(chordText({ chord.keyCode, 0 }, {}, texts));
     if (named != 0)
         return qtModifiers(chord.modifiers) | named;
-    for (auto const& layer : layers) {
+    for (auto const& layer : texts) {
         int const key = chord.keyCode < layer.size() ? keyFor(layer[chord.keyCode]) : 0;
         if (key == 0)
             continue;
@@ -144,15 +104,15 @@ bool GlobalAccelRegistrar::claim(KeyChord chord)
     int const key = keyOf(chord);
     if (key == 0)
         return false;
-    auto const identity = identityOf(chord, m_layout.layers());
-    (void)call("doRegister", { identity });
-    auto const given = call("setShortcut", { identity, QVariant::fromValue(QList<int> { key }), setPresent | noAutoloading });
-    if (qdbus_cast<QList<int>>(given.arguments().value(0)) == QList<int> { key })
+    auto const identity = identityOf(chord, layers());
+    (void)ask(callTo("doRegister"), { identity });
+    auto const given = ask(callTo("setShortcut"), { identity, QVariant::fromValue(QList<int> { key }), setPresent | noAutoloading });
+    if (qdbus_cast<QList<int>>(given) == QList<int> { key })
         return true;
     release(chord);
     return false;
 }
 
-void GlobalAccelRegistrar::release(KeyChord chord) { (void)call("unregister", { component(), actionOf(chord) }); }
+void GlobalAccelRegistrar::release(KeyChord chord) { (void)ask(callTo("unregister"), { component(), chordName(chord) }); }
 
 } // namespace zv

@@ -1,11 +1,8 @@
 #include "platform/linux/hotkeys/GnomeHotkeyRegistrar.h"
 
 #include "platform/linux/hotkeys/KeyNames.h"
-#include "platform/linux/toolkit/BusListener.h"
 
-#include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QStringList>
 
 #include <array>
 
@@ -13,26 +10,11 @@ namespace zv {
 
 namespace {
 
-constexpr int patience = 500; // milliseconds
-
 QString extension() { return QStringLiteral("org.zanthevell.Shell"); }
 
 QString extensionPath() { return QStringLiteral("/org/zanthevell/Shell"); }
 
-QDBusMessage callTo(char const* method, QVariantList const& arguments)
-{
-    auto message = QDBusMessage::createMethodCall(extension(), extensionPath(), extension(), QString::fromLatin1(method));
-    message.setArguments(arguments);
-    return message;
-}
-
-QString nameOf(KeyChord chord) { return QStringLiteral("%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
-
-KeyChord chordOf(QString const& name)
-{
-    auto const parts = name.split(u'-');
-    return { parts.value(1).toUShort(), parts.value(0).toUInt() };
-}
+QDBusMessage callTo(char const* method) { return QDBusMessage::createMethodCall(extension(), extensionPath(), extension(), QString::fromLatin1(method)); }
 
 /// In the notation of GTK's accelerators: "<Super><Alt>e".
 QString acceleratorOf(KeyChord chord, std::vector<KeyTexts> const& layers)
@@ -45,44 +27,20 @@ QString acceleratorOf(KeyChord chord, std::vector<KeyTexts> const& layers)
 } // namespace
 
 GnomeHotkeyRegistrar::GnomeHotkeyRegistrar(QDBusConnection const& bus, KeyboardLayoutSource& layout)
-    : m_bus(bus)
-    , m_layout(layout)
-    , m_service(extension(), bus, QDBusServiceWatcher::WatchForRegistration)
+    : BusChordRegistrar(bus, layout, { extension(), extensionPath(), extension(), QStringLiteral("Pressed") })
 {
-    listen();
-    QObject::connect(&m_service, &QDBusServiceWatcher::serviceRegistered, &m_service, [this] { lost(); });
 }
 
-GnomeHotkeyRegistrar::~GnomeHotkeyRegistrar() { releaseAll(); }
+bool GnomeHotkeyRegistrar::isThere(QDBusConnection const& bus) { return isServed(bus, extension()); }
 
-bool GnomeHotkeyRegistrar::isThere(QDBusConnection const& bus)
-{
-    auto* names = bus.interface();
-    return names && names->isServiceRegistered(extension());
-}
-
-void GnomeHotkeyRegistrar::useBus(QDBusConnection const& bus)
-{
-    m_bus = bus;
-    m_service.setConnection(bus);
-    listen();
-    lost();
-}
-
-void GnomeHotkeyRegistrar::listen()
-{
-    m_presses = std::make_unique<BusListener>(m_bus, extension(), extensionPath(), extension(), QStringLiteral("Pressed"),
-        [this](QDBusMessage const& message) { pressed(chordOf(message.arguments().value(0).toString())); });
-}
+void GnomeHotkeyRegistrar::heard(QVariantList const& arguments) { pressed(chordNamed(arguments.value(0).toString())); }
 
 bool GnomeHotkeyRegistrar::claim(KeyChord chord)
 {
-    auto const accelerator = acceleratorOf(chord, m_layout.layers());
-    if (accelerator.isEmpty())
-        return false;
-    return m_bus.call(callTo("Claim", { nameOf(chord), accelerator }), QDBus::Block, patience).arguments().value(0).toBool();
+    auto const accelerator = acceleratorOf(chord, layers());
+    return !accelerator.isEmpty() && ask(callTo("Claim"), { chordName(chord), accelerator }).toBool();
 }
 
-void GnomeHotkeyRegistrar::release(KeyChord chord) { m_bus.call(callTo("Release", { nameOf(chord) }), QDBus::Block, patience); }
+void GnomeHotkeyRegistrar::release(KeyChord chord) { (void)ask(callTo("Release"), { chordName(chord) }); }
 
 } // namespace zv

@@ -59,4 +59,12 @@ QString chordText(KeyChord chord, ModifierWords words, std::vector<KeyTexts> con
     return parts.join(u'+');
 }
 
+QString chordName(KeyChord chord) { return QStringLiteral("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
+
+KeyChord chordNamed(QString const& name)
+{
+    auto const parts = name.split(u'-');
+    return { parts.value(2).toUShort(), parts.value(1).toUInt() };
+}
+
 } // namespace zv

@@ -18,4 +18,9 @@ using ModifierWords = std::span<std::pair<std::uint32_t, char const*> const>;
 /// on the first layer that has anything; empty for a key without a name there.
 [[nodiscard]] QString chordText(KeyChord chord, ModifierWords words, std::vector<KeyTexts> const& layers);
 
+/// A name that is equal at every start, for services that remember combinations by name, …
+[[nodiscard]] QString chordName(KeyChord chord);
+/// … and what it names.
+[[nodiscard]] KeyChord chordNamed(QString const& name);
+
 } // namespace zv

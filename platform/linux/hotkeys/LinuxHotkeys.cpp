@@ -2,6 +2,7 @@
 
 #include "platform/linux/hotkeys/GlobalAccelRegistrar.h"
 #include "platform/linux/hotkeys/GnomeHotkeyRegistrar.h"
+#include "platform/linux/hotkeys/KeymapLayout.h"
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/SwayHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
@@ -11,20 +12,6 @@
 namespace zv {
 
 namespace {
-
-/// The layout without an X server, which alone tells the selected one: that of the environment,
-/// else the usual one.
-class FixedLayout : public KeyboardLayoutSource {
-public:
-    explicit FixedLayout(std::optional<XkbKeymap> const& keymap)
-        : m_layers(keymap ? keymap->layers(0) : std::vector<KeyTexts>())
-    {
-    }
-    std::vector<KeyTexts> layers() override { return m_layers; }
-
-private:
-    std::vector<KeyTexts> m_layers;
-};
 
 class NoHotkeys : public HotkeyRegistrar {
 public:
@@ -38,7 +25,7 @@ bool isKde(Environment const& environment) { return valueOf(environment, "XDG_CU
 /// Whether the desktop gives combinations without a word of the user's.
 bool asksNobody(QDBusConnection const& bus, Environment const& environment)
 {
-    FixedLayout unused(std::nullopt);
+    KeymapLayout unused;
     return (isKde(environment) && GlobalAccelRegistrar::isThere(bus)) || GnomeHotkeyRegistrar::isThere(bus)
         || SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), unused);
 }
@@ -47,15 +34,13 @@ bool asksNobody(QDBusConnection const& bus, Environment const& environment)
 
 LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
     : m_connection(X11Connection::open())
+    , m_told(std::make_unique<KeymapLayout>())
+    , m_layout(m_told.get())
 {
-    auto const xkb = m_connection ? XkbExtension::setUp(*m_connection) : std::nullopt;
-    auto keyboard = xkb ? std::make_unique<XkbKeyboardLayoutSource>(*m_connection, *xkb, timers) : nullptr;
-    m_keyboard = keyboard.get();
-    m_fixed = XkbKeymap::named(nullptr);
-    if (keyboard)
-        m_layout = std::move(keyboard);
-    else
-        m_layout = std::make_unique<FixedLayout>(m_fixed);
+    if (auto const xkb = m_connection ? XkbExtension::setUp(*m_connection) : std::nullopt) {
+        m_keyboard = std::make_unique<XkbKeyboardLayoutSource>(*m_connection, *xkb, timers);
+        m_layout = m_keyboard.get();
+    }
     if (sessionKindOf(environment) == SessionKind::wayland)
         useWayland(timers, sessionBus, environment);
     else if (m_keyboard)
@@ -68,18 +53,18 @@ LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, En
 void LinuxHotkeys::useWayland(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
 {
     if (isKde(environment) && GlobalAccelRegistrar::isThere(sessionBus)) {
-        auto const shifted = [this](std::uint16_t key) { return m_fixed ? m_fixed->shiftedText(key) : std::string(); };
+        auto const shifted = [this](std::uint16_t key) { return m_told->keymap() ? m_told->keymap()->shiftedText(key) : std::string(); };
         auto accel = std::make_unique<GlobalAccelRegistrar>(sessionBus, *m_layout, shifted);
-        m_accel = accel.get();
+        m_onBus = accel.get();
         m_registrar = std::move(accel);
     } else if (auto sway = SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), *m_layout)) {
         m_registrar = std::move(sway);
     } else if (GnomeHotkeyRegistrar::isThere(sessionBus)) {
         auto gnome = std::make_unique<GnomeHotkeyRegistrar>(sessionBus, *m_layout);
-        m_gnome = gnome.get();
+        m_onBus = gnome.get();
         m_registrar = std::move(gnome);
     } else {
-        auto portal = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout);
+        auto portal = std::make_unique<PortalHotkeyRegistrar>(sessionBus, timers, *m_layout, valueOf(environment, "XDG_CURRENT_DESKTOP"));
         m_portal = portal.get();
         m_registrar = std::move(portal);
     }
@@ -91,17 +76,23 @@ void LinuxHotkeys::useBus(QDBusConnection const& bus)
 {
     if (m_portal)
         m_portal->useBus(bus);
-    if (m_accel)
-        m_accel->useBus(bus);
-    if (m_gnome)
-        m_gnome->useBus(bus);
+    if (m_onBus)
+        m_onBus->useBus(bus);
 }
+
+void LinuxHotkeys::useKeymap(std::string const& text)
+{
+    if (auto keymap = XkbKeymap::fromText(text))
+        m_told->use(std::move(*keymap));
+}
+
+void LinuxHotkeys::useLayout(std::uint32_t number) { m_told->useGroup(number); }
 
 KeyOnLayout LinuxHotkeys::keyOnLayout(std::uint32_t xKeycode)
 {
     auto const layers = m_layout->layers();
     for (std::uint16_t code = 0; !layers.empty() && code < keyCodeCount; ++code) {
-        auto const known = m_keyboard ? m_keyboard->keycode(code) : m_fixed ? m_fixed->keycodes()[code] : std::uint8_t { 0 };
+        auto const known = m_keyboard ? m_keyboard->keycode(code) : m_told->keymap() ? m_told->keymap()->keycodes()[code] : std::uint8_t { 0 };
         if (known != 0 && known == xKeycode)
             return { code, layers.front()[code] };
     }

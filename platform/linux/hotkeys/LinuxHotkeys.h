@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/linux/hotkeys/RecordedKeys.h"
-#include "platform/linux/hotkeys/XkbKeymap.h"
 #include "platform/linux/toolkit/DisplayServer.h"
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/menubar/KeyboardLayoutSource.h"
@@ -10,13 +9,13 @@
 #include <QDBusConnection>
 
 #include <memory>
-#include <optional>
+#include <string>
 
 namespace zv {
 
+class BusChordRegistrar;
+class KeymapLayout;
 class X11Connection;
-class GlobalAccelRegistrar;
-class GnomeHotkeyRegistrar;
 class PortalHotkeyRegistrar;
 class XkbKeyboardLayoutSource;
 
@@ -33,8 +32,13 @@ public:
     [[nodiscard]] HotkeyRegistrar& registrar() { return *m_registrar; }
     [[nodiscard]] KeyboardLayoutSource& layout() { return *m_layout; }
 
-    /// Asks the portal on a new connection, after the former was lost.
+    /// Asks the portal or the desktop's service on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);
+
+    /// Take what the compositor tells of its keyboard, which counts where no X server tells: the text of a keymap,
+    /// and the number of the layout in it that is selected.
+    void useKeymap(std::string const& text);
+    void useLayout(std::uint32_t number);
 
     /// The key with that X key code in the current layout.
     [[nodiscard]] KeyOnLayout keyOnLayout(std::uint32_t xKeycode);
@@ -46,13 +50,12 @@ private:
     void useWayland(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment);
 
     std::unique_ptr<X11Connection> m_connection; ///< null without an X server
-    std::unique_ptr<KeyboardLayoutSource> m_layout;
-    XkbKeyboardLayoutSource* m_keyboard = nullptr; ///< null without an X server
-    std::optional<XkbKeymap> m_fixed; ///< the keyboard without one
+    std::unique_ptr<XkbKeyboardLayoutSource> m_keyboard; ///< null without an X server
+    std::unique_ptr<KeymapLayout> m_told; ///< the layout without one
+    KeyboardLayoutSource* m_layout; ///< one of them
     std::unique_ptr<HotkeyRegistrar> m_registrar;
     PortalHotkeyRegistrar* m_portal = nullptr; ///< null where it is not used, …
-    GlobalAccelRegistrar* m_accel = nullptr; ///< … and so are these
-    GnomeHotkeyRegistrar* m_gnome = nullptr;
+    BusChordRegistrar* m_onBus = nullptr; ///< … and so is this
 };
 
 } // namespace zv

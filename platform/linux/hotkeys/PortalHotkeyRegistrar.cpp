@@ -1,6 +1,7 @@
 #include "platform/linux/hotkeys/PortalHotkeyRegistrar.h"
 
 #include "base/MainThread.h"
+#include "platform/linux/hotkeys/BindingLines.h"
 #include "platform/linux/hotkeys/KeyNames.h"
 #include "platform/linux/toolkit/BusListener.h"
 #include "platform/linux/toolkit/BusStructures.h"
@@ -59,9 +60,6 @@ QDBusMessage versionQuestion()
     return question;
 }
 
-/// A chord's name, equal at every start, so that the desktop remembers the user's choice.
-QString nameOf(KeyChord chord) { return text("key-%1-%2").arg(chord.modifiers).arg(chord.keyCode); }
-
 /// Reads a response: a number, 0 for granted, then a map of results.
 bool isGranted(QDBusMessage const& response) { return response.arguments().value(0, 1U).toUInt() == 0; }
 
@@ -69,10 +67,11 @@ QVariantMap resultsOf(QDBusMessage const& response) { return qdbus_cast<QVariant
 
 } // namespace
 
-PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout)
+PortalHotkeyRegistrar::PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout, std::string desktopNames)
     : m_bus(bus)
     , m_timers(timers)
     , m_layout(layout)
+    , m_desktopNames(std::move(desktopNames))
     , m_context(std::make_unique<QObject>())
     , m_portal(text(portalService), m_bus)
 {
@@ -103,6 +102,11 @@ void PortalHotkeyRegistrar::useBus(QDBusConnection const& bus)
 bool PortalHotkeyRegistrar::isThere(QDBusConnection const& bus)
 {
     return bus.call(versionQuestion(), QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+std::optional<KeyBindingLine> PortalHotkeyRegistrar::bindingLine(KeyChord chord, std::string const& command) const
+{
+    return bindingLineFor(m_desktopNames, chord, command, m_layout.layers());
 }
 
 /// Names our entry to the portal, which knows a program by its desktop's launcher alone; before any other call of the
@@ -153,7 +157,7 @@ std::vector<bool> PortalHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<Ke
     std::vector<bool> answers;
     answers.reserve(chords.size());
     for (auto const& chord : chords) {
-        bool const succeeded = !m_refused.contains(chord) && m_held.try_emplace(nameOf(chord), chord, firstID).second;
+        bool const succeeded = !m_refused.contains(chord) && m_held.try_emplace(chordName(chord), chord, firstID).second;
         firstID += succeeded ? 1 : 0;
         answers.push_back(succeeded);
     }
@@ -203,7 +207,7 @@ void PortalHotkeyRegistrar::bindShortcuts()
     QList<PortalShortcut> shortcuts;
     for (auto const& chord : m_wanted) {
         auto const wish = trigger(chord);
-        shortcuts.append({ nameOf(chord), { { text("description"), wish }, { text("preferred_trigger"), wish } } });
+        shortcuts.append({ chordName(chord), { { text("description"), wish }, { text("preferred_trigger"), wish } } });
     }
     auto const options = request(&PortalHotkeyRegistrar::shortcutsBound);
     call("BindShortcuts", { QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts), QString(), options });
@@ -215,7 +219,7 @@ void PortalHotkeyRegistrar::shortcutsBound(QDBusMessage const& message)
     auto refused = m_wanted;
     auto const bound = qdbus_cast<QList<PortalShortcut>>(resultsOf(message).value(text("shortcuts")));
     for (auto const& shortcut : bound)
-        std::erase_if(refused, [&](KeyChord chord) { return nameOf(chord) == shortcut.id; });
+        std::erase_if(refused, [&](KeyChord chord) { return chordName(chord) == shortcut.id; });
     bool const awaitsKeys = isGranted(message) && bound.isEmpty();
     refuse(awaitsKeys ? std::set<KeyChord> {} : isGranted(message) ? std::move(refused) : m_wanted);
 }

@@ -14,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <string>
 
 class QDBusMessage;
 
@@ -26,14 +27,16 @@ class BusListener;
 /// held. Serves nothing while no portal answers. Main thread only.
 class PortalHotkeyRegistrar : public HotkeyRegistrar {
 public:
-    /// Timers and layout outlive this.
-    PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout);
+    /// Timers and layout outlive this. `desktopNames` are the session's.
+    PortalHotkeyRegistrar(QDBusConnection const& bus, Timers& timers, KeyboardLayoutSource& layout, std::string desktopNames = {});
     ~PortalHotkeyRegistrar() override;
 
     [[nodiscard]] std::vector<bool> claimAll(HotkeyID firstID, std::span<KeyChord const> chords) override;
     void releaseAll() override;
     [[nodiscard]] HotkeySupport support() const override { return m_support; }
     [[nodiscard]] bool isKeptBySystem(KeyChord chord) const override { return switchesTerminal(chord); }
+
+    [[nodiscard]] std::optional<KeyBindingLine> bindingLine(KeyChord chord, std::string const& command) const override;
 
     /// Asks the portal on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);
@@ -64,6 +67,7 @@ private:
     QDBusConnection m_bus;
     Timers& m_timers;
     KeyboardLayoutSource& m_layout;
+    std::string m_desktopNames;
     HotkeySupport m_support = HotkeySupport::none;
     std::set<KeyChord> m_wanted;
     std::set<KeyChord> m_refused;

@@ -175,10 +175,11 @@ bool SwayHotkeyRegistrar::claim(KeyChord chord)
     auto const key = keyOf(chord);
     if (key.isEmpty() || m_mentioned.contains(normal(key, {})))
         return false;
+    m_bound[chord] = key;
     return isDone(QStringLiteral("bindsym --no-repeat %1 %2").arg(key, commandOf(chord)).toUtf8());
 }
 
-void SwayHotkeyRegistrar::release(KeyChord chord) { (void)isDone(QStringLiteral("unbindsym --no-repeat %1").arg(keyOf(chord)).toUtf8()); }
+void SwayHotkeyRegistrar::release(KeyChord chord) { (void)isDone(QStringLiteral("unbindsym --no-repeat %1").arg(m_bound[chord]).toUtf8()); }
 
 void SwayHotkeyRegistrar::readEvents()
 {

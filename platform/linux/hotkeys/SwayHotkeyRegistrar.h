@@ -8,6 +8,7 @@
 #include <QSocketNotifier>
 #include <QString>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -46,6 +47,7 @@ private:
     QSocketNotifier m_news;
     QByteArray m_unread; ///< the beginning of an event
     std::set<QString> m_mentioned; ///< by the configuration
+    std::map<KeyChord, QString> m_bound; ///< by the key's name on the layout of that time
 };
 
 } // namespace zv

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 #include <utility>
 
 namespace zv {
@@ -37,6 +36,14 @@ public:
 private:
     xcb_connection_t* m_connection;
 };
+
+/// Those of `all`, in order, that `others`, in order, lack.
+template <class Value> std::vector<Value> difference(std::vector<Value> const& all, std::vector<Value> const& others)
+{
+    std::vector<Value> found;
+    std::set_difference(all.begin(), all.end(), others.begin(), others.end(), std::back_inserter(found));
+    return found;
+}
 
 /// Notices when the program's pop-ups close, as they hold the keyboard while open.
 class PopupFilter : public QObject {
@@ -83,14 +90,15 @@ std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyCh
     std::transform(chords.begin(), chords.end(), wanted.begin(), [this](KeyChord chord) { return grabFor(chord); });
     replaceHeld(wanted);
 
-    std::set<Grab> answered;
     std::vector<bool> answers;
     answers.reserve(wanted.size());
+    for (auto& held : m_held)
+        held.id = 0; // until one of this call has it
     for (auto const& each : wanted) {
-        auto const held = m_held.find(each);
-        bool const succeeded = held != m_held.end() && answered.insert(each).second;
+        auto* const held = find(each);
+        bool const succeeded = held && held->id == 0;
         if (succeeded)
-            held->second = firstID++;
+            held->id = firstID++;
         answers.push_back(succeeded);
     }
     return answers;
@@ -150,39 +158,34 @@ XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::strippedOfLocks(std::uint8_t keycod
 
 void XcbHotkeyRegistrar::replaceHeld(std::vector<Grab> const& wanted)
 {
-    std::set<Grab> missing;
-    for (auto const& each : wanted) {
-        if (each.keycode != 0)
-            missing.insert(each);
-    }
-    std::vector<Grab> obsolete;
-    for (auto const& [grab, id] : m_held) {
-        if (missing.erase(grab) == 0)
-            obsolete.push_back(grab);
-    }
+    std::vector<Grab> asked;
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(asked), [](Grab const& each) { return each.keycode != 0; });
+    std::sort(asked.begin(), asked.end());
+    asked.erase(std::unique(asked.begin(), asked.end()), asked.end());
+    auto const held = heldGrabs();
+    auto missing = difference(asked, held);
+    auto const obsolete = difference(held, asked);
     if (missing.empty() && obsolete.empty())
         return;
 
     ServerGrab const serverGrab(m_connection.get());
-    for (auto const& each : obsolete)
-        m_held.erase(each);
+    std::erase_if(m_held, [&obsolete](Held const& each) { return std::binary_search(obsolete.begin(), obsolete.end(), each.grab); });
     if (obsolete.size() > m_held.size()) {
         // One request drops all grabs; the kept ones are then the smaller part to take again.
         ungrabAll();
-        for (auto const& [grab, id] : m_held)
-            missing.insert(grab);
         m_held.clear();
+        missing = std::move(asked);
     } else {
         for (auto const& each : obsolete)
             ungrab(each);
     }
-    std::vector<Grab> const claims(missing.begin(), missing.end());
-    auto const succeeded = grab(claims);
-    for (std::size_t i = 0; i < claims.size(); ++i) {
+    auto const succeeded = grab(missing);
+    for (std::size_t i = 0; i < missing.size(); ++i) {
         if (succeeded[i])
-            m_held.emplace_hint(m_held.end(), claims[i], 0);
+            m_held.push_back({ missing[i] });
     }
-    awaitReleaseOf(claims);
+    std::ranges::sort(m_held, {}, &Held::grab);
+    awaitReleaseOf(missing);
 }
 
 /// Keeps keys that are down now from firing before their release: they were pressed for something
@@ -252,11 +255,11 @@ void XcbHotkeyRegistrar::keyPressed(std::uint8_t keycode, std::uint16_t state)
     if (m_down.test(keycode))
         return;
     m_down.set(keycode);
-    auto const held = m_held.find(strippedOfLocks(keycode, state));
-    if (held == m_held.end() || !onPressed)
+    auto const* const held = find(strippedOfLocks(keycode, state));
+    if (!held || !onPressed)
         return;
     giveKeyboardBack();
-    onPressed(held->second);
+    onPressed(held->id);
 }
 
 /// Ends the grab that the key started: a menu that the press opens needs the keyboard at once.
@@ -278,11 +281,19 @@ void XcbHotkeyRegistrar::keyReleased(std::uint8_t keycode)
     watchHeldKeys();
 }
 
-void XcbHotkeyRegistrar::ownMenuDidClose()
+void XcbHotkeyRegistrar::ownMenuDidClose() { awaitReleaseOf(heldGrabs()); }
+
+std::vector<XcbHotkeyRegistrar::Grab> XcbHotkeyRegistrar::heldGrabs() const
 {
-    std::vector<Grab> grabs;
-    std::transform(m_held.begin(), m_held.end(), std::back_inserter(grabs), [](auto const& held) { return held.first; });
-    awaitReleaseOf(grabs);
+    std::vector<Grab> grabs(m_held.size());
+    std::transform(m_held.begin(), m_held.end(), grabs.begin(), [](Held const& held) { return held.grab; });
+    return grabs;
+}
+
+XcbHotkeyRegistrar::Held* XcbHotkeyRegistrar::find(Grab grab)
+{
+    auto const found = std::ranges::lower_bound(m_held, grab, {}, &Held::grab);
+    return found != m_held.end() && found->grab == grab ? &*found : nullptr;
 }
 
 /// Polls for releases only while a key is held, which is not for long.

@@ -7,7 +7,6 @@
 
 #include <bitset>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <span>
 #include <vector>
@@ -43,11 +42,18 @@ private:
         friend auto operator<=>(Grab const&, Grab const&) = default;
     };
 
+    struct Held {
+        Grab grab;
+        HotkeyID id = 0;
+    };
+
     [[nodiscard]] Grab grabFor(KeyChord chord) const;
     [[nodiscard]] std::vector<std::uint16_t> lockStates() const;
     [[nodiscard]] Grab strippedOfLocks(std::uint8_t keycode, std::uint16_t state) const;
 
     void replaceHeld(std::vector<Grab> const& wanted);
+    [[nodiscard]] std::vector<Grab> heldGrabs() const; ///< in their order
+    [[nodiscard]] Held* find(Grab grab);
     [[nodiscard]] std::vector<bool> grab(std::vector<Grab> const& grabs);
     void ungrab(Grab grab);
     void ungrabAll();
@@ -64,7 +70,7 @@ private:
     X11Connection& m_connection;
     XkbKeyboardLayoutSource& m_keyboard;
     Timers& m_timers;
-    std::map<Grab, HotkeyID> m_held;
+    std::vector<Held> m_held; ///< by grab
     /// Keys that fired or must not fire, until their release.
     Keycodes m_down;
     std::uint8_t m_grabbingKey = 0; ///< the key whose press grabbed the keyboard, until its release

@@ -102,6 +102,13 @@ std::optional<XkbKeymap> XkbKeymap::named(char const* layouts)
     return keymap ? std::optional(XkbKeymap(keymap)) : std::nullopt;
 }
 
+std::optional<XkbKeymap> XkbKeymap::fromText(std::string const& text)
+{
+    Context const context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    auto* keymap = context ? xkb_keymap_new_from_string(context.get(), text.c_str(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS) : nullptr;
+    return keymap ? std::optional(XkbKeymap(keymap)) : std::nullopt;
+}
+
 XkbKeymap::XkbKeymap(xkb_keymap* keymap)
     : m_keymap(keymap)
     , m_keycodes(readKeycodes())

@@ -34,6 +34,9 @@ public:
     /// Built from layout names such as "us,ru"; null for those of the environment.
     [[nodiscard]] static std::optional<XkbKeymap> named(char const* layouts);
 
+    /// From its text (XKB_KEYMAP_FORMAT_TEXT_V1).
+    [[nodiscard]] static std::optional<XkbKeymap> fromText(std::string const& text);
+
     /// The texts typed in `group`, then in the first group with the Latin alphabet, or without
     /// one on a US layout: shortcuts are Latin on a Russian keyboard too.
     [[nodiscard]] std::vector<KeyTexts> layers(std::uint32_t group) const;

@@ -1,6 +1,7 @@
 #include "platform/linux/icons/IconPictures.h"
 
 #include "platform/linux/icons/IconShapes.h"
+#include "platform/linux/icons/InheritedIcons.h"
 #include "platform/linux/icons/MenuImages.h"
 
 #include <QGuiApplication>
@@ -52,18 +53,19 @@ void drawLinkEmblem(QPainter& painter, qreal scale)
         drawFitted(painter, emblem, QRectF(0, menuIconSize - linkEmblemSize, linkEmblemSize, linkEmblemSize));
 }
 
-QPixmap drawn(FileIconNames const& names, QIcon const& source, qreal scale)
+QPixmap drawn(FileIconNames const& names, QIcon const& source, qreal scale, int size = menuIconSize)
 {
-    auto const pixels = static_cast<int>(std::ceil(menuIconSize * scale));
+    auto const pixels = static_cast<int>(std::ceil(size * scale));
     QPixmap canvas(pixels, pixels);
     canvas.setDevicePixelRatio(scale);
     canvas.fill(Qt::transparent);
     QPainter painter(&canvas);
-    auto const picture = source.isNull() ? QPixmap() : source.pixmap(QSize(menuIconSize, menuIconSize), scale);
+    auto const picture = source.isNull() ? QPixmap() : source.pixmap(QSize(size, size), scale);
+    if (!picture.isNull())
+        drawFitted(painter, picture, QRectF(0, 0, size, size));
+    painter.scale(size / static_cast<double>(menuIconSize), size / static_cast<double>(menuIconSize));
     if (picture.isNull())
         drawIconShape(painter, names.shape);
-    else
-        drawFitted(painter, picture, QRectF(0, 0, menuIconSize, menuIconSize));
     if (names.isLink)
         drawLinkEmblem(painter, scale);
     return canvas;
@@ -82,7 +84,7 @@ std::string keyOf(FileIconNames const& names)
 QString firstThemeName(FileIconNames const& names)
 {
     for (auto const& name : names.names) {
-        if (auto const themed = QString::fromStdString(name); QIcon::hasThemeIcon(themed))
+        if (auto const themed = QString::fromStdString(name); QIcon::hasThemeIcon(themed) || !inheritedIconFiles(themed).isEmpty())
             return themed;
     }
     return {};
@@ -104,7 +106,12 @@ QIcon IconPictures::sourceOf(FileIconNames const& names)
         if (!m_files->isQuick(file))
             return QPixmap::fromImage(m_files->picture(file));
     }
-    return QIcon::fromTheme(name);
+    if (QIcon::hasThemeIcon(name))
+        return QIcon::fromTheme(name);
+    QIcon inherited;
+    for (auto const& file : inheritedIconFiles(name))
+        inherited.addFile(file);
+    return inherited;
 }
 
 /// What was drawn without the picture is drawn again at the next opening.
@@ -160,9 +167,17 @@ QIcon IconPictures::picture(IconLook& look)
     for (auto const scale : m_scales)
         icon.addPixmap(drawn(look.names, source, scale));
     look.drawn = icon;
+    look.isFound = !source.isNull();
     look.drawnFor = m_number;
     ++m_drawnCount;
     return icon;
+}
+
+QPixmap IconPictures::large(FileIconNames const& names, int size, qreal scale)
+{
+    auto const source = sourceOf(names);
+    bool const isEmpty = source.isNull() && names.shape == IconShape::none;
+    return isEmpty ? QPixmap() : drawn(names, source, scale, size);
 }
 
 /// Pictures are valid for one theme and one set of screens.

@@ -21,6 +21,7 @@ struct IconLook {
     FileIconNames names;
     QIcon drawn;
     int drawnFor = -1; ///< number of the theme and screens it was drawn for
+    bool isFound = false; ///< once it was drawn: whether there was more than our own shape to draw
 };
 
 /// Draws pictures by name and caches them, together with each file's last known picture. Main
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] bool isDrawn(IconLook const& look);
     /// Always a picture: one of ours where the theme has none of the names.
     [[nodiscard]] QIcon picture(IconLook& look);
+    /// The same in another size, drawn anew; null where the theme has none of the names.
+    [[nodiscard]] QPixmap large(FileIconNames const& names, int size, qreal scale);
 
 private:
     void followThemeAndScreens();

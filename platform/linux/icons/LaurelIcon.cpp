@@ -17,8 +17,10 @@ namespace zv {
 
 namespace {
 
-// Visible on light and dark panels, which cannot tint pixels.
+// Panels cannot tint pixels; the green is visible on light and dark ones.
 constexpr QColor middleGreen { 0x5a, 0x9a, 0x3c };
+constexpr QColor onLight { 0x2e, 0x34, 0x36 };
+constexpr QColor onDark { 0xee, 0xee, 0xec };
 
 QImage drawn(int size, QBrush const& brush)
 {
@@ -31,9 +33,9 @@ QImage drawn(int size, QBrush const& brush)
     return image;
 }
 
-StatusPixmap statusPixmap(int size)
+StatusPixmap statusPixmap(int size, QColor color)
 {
-    auto const image = drawn(size, middleGreen).convertToFormat(QImage::Format_ARGB32);
+    auto const image = drawn(size, color).convertToFormat(QImage::Format_ARGB32);
     StatusPixmap pixmap { size, size, QByteArray(size * size * 4, Qt::Uninitialized) };
     qToBigEndian<quint32>(image.constBits(), size * size, pixmap.pixels.data());
     return pixmap;
@@ -104,10 +106,10 @@ QString laurelIconThemePath()
     return path;
 }
 
-StatusPixmaps laurelStatusPixmaps()
+StatusPixmaps laurelStatusPixmaps(LaurelColor color)
 {
-    static StatusPixmaps const pixmaps { statusPixmap(16), statusPixmap(22), statusPixmap(32), statusPixmap(48) };
-    return pixmaps;
+    auto const ink = color == LaurelColor::light ? onDark : color == LaurelColor::dark ? onLight : middleGreen;
+    return { statusPixmap(16, ink), statusPixmap(22, ink), statusPixmap(32, ink), statusPixmap(48, ink) };
 }
 
 // Drawn once, as each opening of a menu asks for it.

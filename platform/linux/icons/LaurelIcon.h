@@ -33,8 +33,15 @@ void registerStatusPixmapTypes();
 [[nodiscard]] QString laurelSymbolName();
 /// The icon theme folder of our pictures while the program is not installed; else empty.
 [[nodiscard]] QString laurelIconThemePath();
-/// The pixels, for panels that do not find the picture by its name.
-[[nodiscard]] StatusPixmaps laurelStatusPixmaps();
+/// How panels show the laurel: by its name, which most tint to fit themselves, or as pixels.
+enum class LaurelColor {
+    ofThePanel,
+    light, ///< on a dark panel
+    dark,
+    green, ///< on any
+};
+/// The pixels; for the panel's own colour green ones, as it does not find the picture by its name if it takes them.
+[[nodiscard]] StatusPixmaps laurelStatusPixmaps(LaurelColor color);
 /// The program's own icon.
 [[nodiscard]] QIcon laurelApplicationIcon();
 

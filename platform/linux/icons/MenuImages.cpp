@@ -18,6 +18,12 @@ QIcon menuIconOf(ImageRef const& image)
     return themed ? themed->icon() : QIcon();
 }
 
+QPixmap largePictureOf(ImageRef const& image, int size, qreal scale)
+{
+    auto const* themed = dynamic_cast<ThemeImage const*>(image.get());
+    return themed ? themed->drawnLarge(size, scale) : QPixmap();
+}
+
 QIcon const& blankMenuIcon()
 {
     static QIcon const blank = [] {

@@ -64,9 +64,9 @@ public:
         auto const size = m_reader.size();
         return size.isValid() && size.width() <= mostQuickPixels && size.height() <= mostQuickPixels;
     }
-    [[nodiscard]] QImage shown()
+    [[nodiscard]] QImage shown(int mostPixels = mostShownPixels)
     {
-        QSize const largest(mostShownPixels, mostShownPixels);
+        QSize const largest(mostPixels, mostPixels);
         auto const size = m_reader.size();
         if (size.isValid() && (isDrawing() || size.width() > largest.width() || size.height() > largest.height()))
             m_reader.setScaledSize(size.scaled(largest, Qt::KeepAspectRatio).expandedTo({ 1, 1 }));
@@ -92,13 +92,13 @@ std::optional<Bytes> quickBytes(std::string const& path)
     return isQuick && picture.isSmall() ? std::optional(std::move(bytes).value()) : std::nullopt;
 }
 
-QImage readPicture(std::string const& path)
+} // namespace
+
+QImage readPicture(std::string const& path, int mostPixels)
 {
     auto const bytes = readWholeFile(path, mostBytes);
-    return bytes ? Picture(*bytes).shown() : QImage();
+    return bytes ? Picture(*bytes).shown(mostPixels) : QImage();
 }
-
-} // namespace
 
 PictureFiles::PictureFiles(Tasks& tasks, Timers& timers, std::function<void(std::string const& path)> onRead)
     : m_tasks(tasks)
@@ -140,7 +140,7 @@ void PictureFiles::startNext()
     m_waiting.pop_front();
     m_readings[path].patience = m_timers.after(patience, m_lifetime.guard([this, path] { giveUp(path); }));
     auto done = m_lifetime.guard([this, path](QImage const& picture) { finish(path, picture); });
-    m_tasks.runDetached([path, done] { return std::function<void()>([done, picture = readPicture(path)]() mutable { done(picture); }); });
+    m_tasks.runDetached([path, done] { return std::function<void()>([done, picture = readPicture(path, mostShownPixels)]() mutable { done(picture); }); });
 }
 
 /// Makes room for the next one; what comes all the same is not wanted any more.

@@ -16,6 +16,9 @@
 
 namespace zv {
 
+/// Reads a picture of any size, shrunk to as many pixels; null where there is none. Takes long, and may hang. Any thread.
+[[nodiscard]] QImage readPicture(std::string const& path, int mostPixels);
+
 /// Reads pictures that anybody may have written. Small ones on this machine's disks are read at
 /// once; others on threads of their own, of which there are few, and a picture that takes too long
 /// is given up. Main thread only.

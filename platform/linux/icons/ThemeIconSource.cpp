@@ -4,6 +4,7 @@
 #include "platform/linux/files/MountWatch.h"
 #include "platform/linux/icons/IconPictures.h"
 #include "platform/linux/icons/LaurelIcon.h"
+#include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/icons/SystemIconNames.h"
 
 #include <QGuiApplication>
@@ -46,10 +47,43 @@ public:
     std::string name() const override { return shownName(m_look->names); }
     QIcon icon() const override { return m_pictures->picture(*m_look); }
     bool isReady() const override { return m_pictures->isDrawn(*m_look); }
+    QPixmap drawnLarge(int size, qreal scale) const override { return m_pictures->large(m_look->names, size, scale); }
 
 private:
     std::shared_ptr<IconPictures> m_pictures;
     std::shared_ptr<IconLook> m_look;
+};
+
+/// A picture that the user chose. Whether it is there is looked for when it is drawn.
+class ChosenImage : public ThemeImage {
+public:
+    ChosenImage(std::shared_ptr<IconPictures> pictures, FileIconNames names, ImageRef otherwise)
+        : m_pictures(std::move(pictures))
+        , m_look(m_pictures->lookOf(std::move(names)))
+        , m_otherwise(std::move(otherwise))
+    {
+    }
+    std::string name() const override
+    {
+        auto const known = shownName(m_look->names);
+        return known.empty() && m_otherwise ? m_otherwise->name() : known;
+    }
+    QIcon icon() const override
+    {
+        auto const picture = m_pictures->picture(*m_look);
+        return m_look->isFound ? picture : menuIconOf(m_otherwise);
+    }
+    bool isReady() const override { return m_pictures->isDrawn(*m_look) && (m_look->isFound || isMenuIconReady(m_otherwise)); }
+    QPixmap drawnLarge(int size, qreal scale) const override
+    {
+        auto const picture = m_pictures->large(m_look->names, size, scale);
+        return picture.isNull() ? largePictureOf(m_otherwise, size, scale) : picture;
+    }
+
+private:
+    std::shared_ptr<IconPictures> m_pictures;
+    std::shared_ptr<IconLook> m_look;
+    ImageRef m_otherwise;
 };
 
 /// The picture of a file, which is examined at the first drawing.
@@ -68,6 +102,7 @@ public:
         auto const known = m_pictures->known(m_path);
         return known && m_pictures->isDrawn(*known);
     }
+    QPixmap drawnLarge(int size, qreal scale) const override { return m_pictures->large(look()->names, size, scale); }
 
 private:
     [[nodiscard]] std::shared_ptr<IconLook> look() const
@@ -119,6 +154,16 @@ ImageRef ThemeIconSource::systemIcon(SystemIcon icon)
 }
 
 ImageRef ThemeIconSource::categoryIcon(ApplicationCategory category) { return std::make_shared<NamedImage>(m_pictures, iconNamesOf(category)); }
+
+ImageRef ThemeIconSource::namedIcon(std::string const& name, ImageRef const& otherwise)
+{
+    return std::make_shared<ChosenImage>(m_pictures, FileIconNames { { name }, {}, IconShape::none }, otherwise);
+}
+
+ImageRef ThemeIconSource::imageIn(Url const& file, ImageRef const& otherwise)
+{
+    return std::make_shared<ChosenImage>(m_pictures, FileIconNames { {}, file.path(), IconShape::none }, otherwise);
+}
 
 void ThemeIconSource::lookAgainLater(std::string const& path)
 {

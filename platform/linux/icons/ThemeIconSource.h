@@ -27,6 +27,8 @@ public:
     [[nodiscard]] ImageRef fileIcon(Url const& file) override;
     [[nodiscard]] ImageRef systemIcon(SystemIcon icon) override;
     [[nodiscard]] ImageRef categoryIcon(ApplicationCategory category) override;
+    [[nodiscard]] ImageRef namedIcon(std::string const& name, ImageRef const& otherwise) override;
+    [[nodiscard]] ImageRef imageIn(Url const& file, ImageRef const& otherwise) override;
 
     struct FileLooks; ///< tells which picture a file has
 

@@ -1,8 +1,6 @@
 #include "platform/linux/icons/UserThemes.h"
 
-#include "base/Split.h"
-#include "platform/linux/posix/FolderStream.h"
-#include "platform/linux/posix/WholeFiles.h"
+#include "platform/linux/icons/ThemeFolders.h"
 
 #include <QIcon>
 
@@ -12,45 +10,7 @@ namespace zv {
 
 namespace {
 
-constexpr std::size_t largestIndex = std::size_t { 1 } << 20;
 constexpr std::size_t mostFolders = 2'000;
-constexpr char const* extensions[] = { ".png", ".svg", ".svgz", ".xpm" };
-// https://specifications.freedesktop.org/icon-theme-spec, "File Formats".
-constexpr std::string_view folderKeys[] = { "Directories=", "ScaledDirectories=" };
-
-std::vector<std::string> themesIn(std::string const& folder)
-{
-    std::vector<std::string> themes;
-    FolderStream const stream(::opendir(folder.c_str()));
-    while (auto const* entry = stream ? ::readdir(stream.get()) : nullptr) {
-        if (entry->d_name[0] != '.')
-            themes.push_back(folder + "/" + entry->d_name);
-    }
-    return themes;
-}
-
-void addFoldersOf(std::string const& theme, std::vector<std::string>& folders)
-{
-    auto const index = readTextFile(theme + "/index.theme", largestIndex).value_or("");
-    for (auto const line : split(index, '\n')) {
-        for (auto const key : folderKeys) {
-            if (!line.starts_with(key))
-                continue;
-            for (auto const name : split(line.substr(key.size()), ','))
-                folders.push_back(theme + "/" + std::string(name));
-        }
-    }
-}
-
-std::vector<std::string> searchPaths()
-{
-    std::vector<std::string> paths;
-    for (auto const& path : QIcon::themeSearchPaths() + QIcon::fallbackSearchPaths()) {
-        if (path.startsWith(QLatin1Char('/')))
-            paths.push_back(path.toStdString());
-    }
-    return paths;
-}
 
 bool isTaken(std::string const& path)
 {
@@ -60,9 +20,19 @@ bool isTaken(std::string const& path)
 
 } // namespace
 
+std::vector<std::string> iconSearchPaths()
+{
+    std::vector<std::string> paths;
+    for (auto const& path : QIcon::themeSearchPaths() + QIcon::fallbackSearchPaths()) {
+        if (path.startsWith(QLatin1Char('/')))
+            paths.push_back(path.toStdString());
+    }
+    return paths;
+}
+
 std::vector<std::string> UserThemes::filesOf(std::string_view name)
 {
-    if (auto paths = searchPaths(); paths != m_searched) {
+    if (auto paths = iconSearchPaths(); paths != m_searched) {
         find(paths);
         m_searched = std::move(paths);
     }
@@ -72,8 +42,8 @@ std::vector<std::string> UserThemes::filesOf(std::string_view name)
     // "a-b-c" falls back to "a-b" and to "a".
     for (; !name.empty(); name = name.substr(0, name.find('-') == std::string_view::npos ? 0 : name.rfind('-'))) {
         for (auto const& folder : m_folders) {
-            for (auto const* extension : extensions) {
-                if (auto file = folder + "/" + std::string(name) + extension; isTaken(file))
+            for (auto const extension : pictureExtensions) {
+                if (auto file = folder + "/" + std::string(name).append(extension); isTaken(file))
                     files.push_back(std::move(file));
             }
         }
@@ -89,8 +59,10 @@ void UserThemes::find(std::vector<std::string> const& searchPaths)
         if (::stat(path.c_str(), &status) != 0 || status.st_uid == m_system)
             continue;
         m_folders.push_back(path);
-        for (auto const& theme : themesIn(path))
-            addFoldersOf(theme, m_folders);
+        for (auto const& theme : namesInFolder(path)) {
+            auto const folders = pictureFoldersOf(path + "/" + std::string(theme));
+            m_folders.insert(m_folders.end(), folders.begin(), folders.end());
+        }
     }
     if (m_folders.size() > mostFolders)
         m_folders.resize(mostFolders);

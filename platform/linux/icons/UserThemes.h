@@ -7,6 +7,9 @@
 
 namespace zv {
 
+/// Where the toolkit looks for themes, and for icons outside of them. Main thread only.
+[[nodiscard]] std::vector<std::string> iconSearchPaths();
+
 /// The folders of icon themes that do not belong to the system: anybody's pictures may lie there, and
 /// the toolkit opens them without a look. Main thread only.
 class UserThemes {

@@ -120,6 +120,8 @@ void LookFollower::adopt()
         adoptColors(m_followsColors ? look.theme : std::nullopt);
     bool const isOnDark = QApplication::palette("QMenu").color(QPalette::Base).lightnessF() < 0.5F;
     adoptDesktopIconTheme(m_sources.config, m_sources.connection, m_isChosen ? IconThemeOf::toolkit : IconThemeOf::desktop, isOnDark);
+    if (onAdopted)
+        onAdopted();
 }
 
 void LookFollower::adoptColors(std::optional<ThemeLook> const& theme) const

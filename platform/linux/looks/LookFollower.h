@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace zv {
@@ -26,6 +27,9 @@ public:
 
     /// Asks the desktop on the bus whether it is dark, and hears of changes.
     void useBus(QDBusConnection const& bus);
+
+    /// Called after a look was adopted while the program runs.
+    std::function<void()> onAdopted;
 
 private:
     bool nativeEventFilter(QByteArray const& type, void* event, qintptr* result) override;

@@ -49,7 +49,7 @@ QAccessible::State EntryAccessible::state() const
     auto const* submenu = action()->menu();
     state.invisible = !menuWindow()->isVisible() || !action()->isVisible();
     state.focused = menuWindow()->activeAction() == action();
-    state.focusable = state.selectable = action()->isEnabled();
+    state.focusable = state.selectable = action()->isEnabled() || (menuWindow()->selectsDisabled() && !action()->isSeparator());
     state.disabled = action()->isSeparator() || !action()->isEnabled();
     state.checkable = action()->isCheckable();
     state.checked = action()->isChecked();

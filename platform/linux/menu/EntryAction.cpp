@@ -5,11 +5,14 @@
 #include "platform/linux/menu/MenuStyle.h"
 #include "platform/linux/menu/ShortcutText.h"
 
+#include <QActionEvent>
+#include <QCoreApplication>
 #include <QFont>
 #include <QGuiApplication>
 #include <QTextDocument>
 
 #include <cmath>
+#include <utility>
 
 namespace zv {
 
@@ -56,6 +59,16 @@ void EntryAction::show(MenuEntry const& entry, QFontMetrics const& metrics)
     setChecked(entry.isMarked);
     showText(entry, metrics);
     showIcon(entry.image);
+    showColor(entry.color);
+}
+
+/// Tells the window of a change, as the toolkit does of what it knows.
+void EntryAction::showColor(std::optional<TextColor> const& color)
+{
+    if (std::exchange(m_color, color) == color || !parent())
+        return;
+    QActionEvent changed(QEvent::ActionChanged, this);
+    QCoreApplication::sendEvent(parent(), &changed);
 }
 
 void EntryAction::showText(MenuEntry const& entry, QFontMetrics const& metrics)

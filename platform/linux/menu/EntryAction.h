@@ -1,11 +1,13 @@
 #pragma once
 
+#include "app/menu/TextColor.h"
 #include "platform/desk/Image.h"
 
 #include <QAction>
 #include <QFontMetrics>
 
 #include <memory>
+#include <optional>
 
 namespace zv {
 
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] QString column() const { return data().toString(); }
     /// The way to an entry that was found, for those who hear it; empty for others.
     [[nodiscard]] QString const& spokenWay() const { return m_spokenWay; }
+    /// The colour of the title, where it has one of its own.
+    [[nodiscard]] std::optional<TextColor> const& color() const { return m_color; }
     /// Where the column ends, in pixels from the title's start; 0 for the menu's edge.
     [[nodiscard]] int columnEnd() const { return m_columnEnd; }
 
@@ -40,11 +44,13 @@ private:
     void showText(MenuEntry const& entry, QFontMetrics const& metrics);
     void showWay(EntryWay const& way, QFontMetrics const& metrics);
     void showIcon(ImageRef const& image);
+    void showColor(std::optional<TextColor> const& color);
     void setIconIfOther(QIcon const& icon);
 
     std::shared_ptr<MenuActionTarget> m_target;
     std::shared_ptr<void> m_represented;
     ImageRef m_awaited;
+    std::optional<TextColor> m_color;
     int m_columnEnd = 0;
     QString m_spokenWay;
     bool m_isShortened = false; ///< the title was cut, and the whole is the tool tip

@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleHints>
 
 #include <utility>
 
@@ -30,12 +31,23 @@ bool EntryMenuPopup::takes(QMouseEvent const& event)
     auto const* action = m_window.actionAt(event.position().toPoint());
     if (!action)
         return false;
-    if (event.type() == QEvent::MouseButtonDblClick && event.button() == Qt::LeftButton)
-        return openFolder(action, event.modifiers());
+    if (event.button() == Qt::LeftButton)
+        return isSecondPress(event, action) && openFolder(action, event.modifiers());
     if (event.button() != Qt::RightButton)
         return false;
     open(action, event.globalPosition().toPoint(), By::pointer);
     return true;
+}
+
+/// Knows a double click by itself: a press that the toolkit passes on from an open submenu carries no time, so the next
+/// one is no second to it.
+bool EntryMenuPopup::isSecondPress(QMouseEvent const& event, QAction const* action)
+{
+    bool const isSoon = m_sincePress.isValid() && m_sincePress.elapsed() < QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    bool const isSecond = event.type() == QEvent::MouseButtonDblClick || (isSoon && action == m_pressed);
+    m_pressed = isSecond ? nullptr : action;
+    m_sincePress.start();
+    return isSecond;
 }
 
 bool EntryMenuPopup::takes(QKeyEvent const& event)

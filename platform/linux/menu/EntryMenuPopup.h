@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QPoint>
 #include <QPointer>
 
@@ -44,12 +45,15 @@ public:
 private:
     enum class By { pointer, key };
 
+    bool isSecondPress(QMouseEvent const& event, QAction const* action);
     void open(QAction const* action, QPoint at, By by);
     void closed();
     bool openFolder(QAction const* action, Qt::KeyboardModifiers held);
 
     MenuWindow& m_window;
     EntryOf m_entryOf;
+    QAction const* m_pressed = nullptr; ///< for comparison alone
+    QElapsedTimer m_sincePress;
     std::shared_ptr<MenuEntry const> m_shown; ///< keeps the open menu's objects
     QPointer<MenuWindow> m_popup;
 };

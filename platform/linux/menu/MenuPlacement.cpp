@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <cmath>
+#include <algorithm>
 
 namespace zv {
 
@@ -34,9 +34,11 @@ std::optional<QPoint> pixelOf(Point point)
     auto const* primary = QGuiApplication::primaryScreen();
     if (!primary)
         return std::nullopt;
-    auto const screen = pixelsOf(*primary);
-    auto const pixels = [](double points) { return static_cast<int>(std::lround(points * scaleOf(qGuiApp->devicePixelRatio()))); };
-    return QPoint(screen.left() + pixels(point.x), screen.top() + screen.height() - pixels(point.y));
+    auto const whole = primary->geometry();
+    QPointF const wanted(whole.left() + point.x, whole.top() + whole.height() - point.y);
+    auto const* screen = QGuiApplication::screenAt(wanted.toPoint());
+    auto const origin = (screen ? screen : primary)->geometry().topLeft();
+    return origin + ((wanted - origin) * scaleOf((screen ? screen : primary)->devicePixelRatio())).toPoint();
 }
 
 QPoint toolkitPoint(QPoint pixel)
@@ -48,12 +50,20 @@ QPoint toolkitPoint(QPoint pixel)
     return origin + (pixel - origin) / scaleOf(screen->devicePixelRatio());
 }
 
-QPoint besidePanels(QPoint point)
+QRect freeAreaAt(QPoint point, std::function<QRect(QRect const&)> const& freeAreaOf)
 {
     auto const* screen = QGuiApplication::screenAt(point);
     if (!screen)
+        return {};
+    auto const free = freeAreaOf ? freeAreaOf(pixelsOf(*screen)) : pixelsOf(*screen);
+    auto const scale = scaleOf(screen->devicePixelRatio());
+    return QRect(toolkitPoint(free.topLeft()), (QSizeF(free.size()) / scale).toSize()) & screen->availableGeometry();
+}
+
+QPoint besidePanels(QPoint point, QRect const& free)
+{
+    if (free.isEmpty())
         return point;
-    auto const free = screen->availableGeometry();
     return { std::clamp(point.x(), free.left(), free.right() + 1), std::clamp(point.y(), free.top(), free.bottom() + 1) };
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QRect>
 
 #include <functional>
 #include <optional>
@@ -40,6 +41,8 @@ public:
     /// The pixel for a menu under our icon, which a panel says was clicked there; nothing where
     /// panels tell another place.
     [[nodiscard]] virtual std::optional<QPoint> pixelOfClick(QPoint said) const = 0;
+    /// What panels leave of the screen at that point; empty where menus are kept off them otherwise.
+    [[nodiscard]] virtual QRect freeAreaAt(QPoint) const { return {}; }
     /// Gives the screen back, as all menus have closed; nothing while find() is pending.
     virtual void leave() { }
 

@@ -19,6 +19,7 @@ MenuPresenter::MenuPresenter(MenuPerformer& performer, MenuPlacer& placer)
     m_window->onClosed = [this] { closed(); };
     m_window->placer = &m_placer;
     m_placer.onLost = m_lifetime.guard([this] { close(); });
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, m_window, [this] { m_window->setScreen(QGuiApplication::primaryScreen()); });
 }
 
 MenuPresenter::~MenuPresenter() = default;
@@ -29,10 +30,12 @@ void MenuPresenter::prepare()
     (void)m_window->fontMetrics().horizontalAdvance(QStringLiteral("Zanthe Vell…"));
 }
 
-/// Readies the window for the menu.
-void MenuPresenter::show(std::shared_ptr<Menu> const& menu)
+/// Readies the window for the menu. Unless told, the toolkit keeps it for the screen that it was on first, even when that has gone.
+void MenuPresenter::show(std::shared_ptr<Menu> const& menu, QPoint at)
 {
     close();
+    if (auto* screen = QGuiApplication::screenAt(at))
+        m_window->setScreen(screen);
     if (QAccessible::isActive())
         m_accessibleParent->show();
     m_window->setMenu(menu);
@@ -42,8 +45,8 @@ void MenuPresenter::openByKey(std::shared_ptr<Menu> const& menu)
 {
     close();
     m_placer.find(std::nullopt, m_lifetime.guard([this, menu](std::optional<QPoint> pointer) {
-        show(menu);
         auto const centre = QGuiApplication::primaryScreen()->availableGeometry().center();
+        show(menu, pointer.value_or(centre));
         m_window->popUpByKey(pointer.value_or(centre));
         if (!pointer)
             m_window->move(centre - m_window->rect().center());
@@ -55,9 +58,10 @@ void MenuPresenter::open(std::shared_ptr<Menu> const& menu, std::optional<QPoint
 {
     close();
     m_placer.find(pixel, m_lifetime.guard([this, menu, extra](std::optional<QPoint> at) {
-        show(menu);
+        auto const place = at.value_or(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
+        show(menu, place);
         m_performer.modifiers().setOpeningWith(extra);
-        m_window->popup(at.value_or(QGuiApplication::primaryScreen()->availableGeometry().topLeft()));
+        m_window->popup(place);
         m_performer.modifiers().setOpeningWith(ModifierMask::none);
     }));
 }

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] MenuPlacer& placer() const { return m_placer; }
 
 private:
-    void show(std::shared_ptr<Menu> const& menu);
+    void show(std::shared_ptr<Menu> const& menu, QPoint at);
     void closed();
 
     MenuPerformer& m_performer;

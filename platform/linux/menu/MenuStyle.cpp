@@ -1,6 +1,7 @@
 #include "platform/linux/menu/MenuStyle.h"
 
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/menu/MenuWindow.h"
 
 #include <QApplication>
 #include <QImage>
@@ -72,9 +73,24 @@ bool MenuStyle::isShortened(QString const& title, QFontMetrics const& metrics)
     return title.size() > shortTitleLength && metrics.size(Qt::TextSingleLine | Qt::TextShowMnemonic, title).width() > mostTitleWidth(metrics);
 }
 
+void MenuStyle::color(QStyleOptionMenuItem& item, TextColor const& color)
+{
+    if (item.state & State_Selected)
+        return;
+    auto const* style = qobject_cast<QProxyStyle const*>(QApplication::style());
+    bool const isBase = style && style->baseStyle()->name() == QLatin1String("fusion"); // as drawPrimitive() has it
+    auto const ground = item.palette.color(isBase ? QPalette::Base : QPalette::Window).rgb() & RGB_MASK;
+    auto const shown = QColor::fromRgb(readableOn(ground, color));
+    for (auto const role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+        item.palette.setColor(role, shown);
+}
+
 int MenuStyle::styleHint(StyleHint hint, QStyleOption const* option, QWidget const* widget, QStyleHintReturn* returnData) const
 {
+    auto const* menu = qobject_cast<MenuWindow const*>(widget);
     switch (hint) {
+    case SH_Menu_AllowActiveAndDisabled:
+        return menu && menu->selectsDisabled() ? 1 : 0;
     case SH_MenuBar_AltKeyNavigation: // else pressing Alt closes an open menu
         return 0;
     case SH_Menu_Scrollable: // else a long menu takes several columns
@@ -92,6 +108,10 @@ int MenuStyle::pixelMetric(PixelMetric metric, QStyleOption const* option, QWidg
     switch (metric) {
     case PM_SmallIconSize:
         return menuIconSize;
+    case PM_MenuDesktopFrameWidth:
+        if (auto const* menu = qobject_cast<MenuWindow const*>(widget); menu && menu->edgeDistance() > 0)
+            return menu->edgeDistance();
+        return QProxyStyle::pixelMetric(metric, option, widget);
     case PM_MenuVMargin:
         return std::max(3, QProxyStyle::pixelMetric(metric, option, widget));
     default:
@@ -133,21 +153,28 @@ void MenuStyle::drawPrimitive(PrimitiveElement element, QStyleOption const* opti
     qDrawPlainRect(painter, option->rect, option->palette.color(QPalette::Window).darker(160), 1, &background);
 }
 
-/// Draws the text behind the tab flush right, as styles differ in where they put it.
 void MenuStyle::drawControl(ControlElement element, QStyleOption const* option, QPainter* painter, QWidget const* widget) const
 {
     auto const* item = element == CE_MenuItem ? qstyleoption_cast<QStyleOptionMenuItem const*>(option) : nullptr;
-    auto const tab = item ? item->text.indexOf(u'\t') : -1;
-    if (tab < 0) {
-        QProxyStyle::drawControl(element, option, painter, widget);
-        return;
-    }
-    auto titled = *item;
-    titled.text = item->text.left(tab);
+    if (!item)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    drawEntry(*item, *painter, widget);
+    if ((item->state & State_Selected) && !(item->state & State_Enabled)) // styles show no selection there
+        qDrawPlainRect(painter, item->rect, item->palette.color(QPalette::Active, QPalette::Highlight));
+}
+
+/// Draws the text behind the tab flush right, as styles differ in where they put it.
+void MenuStyle::drawEntry(QStyleOptionMenuItem const& item, QPainter& painter, QWidget const* widget) const
+{
+    auto const tab = item.text.indexOf(u'\t');
+    if (tab < 0)
+        return QProxyStyle::drawControl(CE_MenuItem, &item, &painter, widget);
+    auto titled = item;
+    titled.text = item.text.left(tab);
     titled.reservedShortcutWidth = 0;
     titled.font.setItalic(false); // the column's alone
-    QProxyStyle::drawControl(element, &titled, painter, widget);
-    drawColumnText(*item, item->text.mid(tab + 1), *painter, widget);
+    QProxyStyle::drawControl(CE_MenuItem, &titled, &painter, widget);
+    drawColumnText(item, item.text.mid(tab + 1), painter, widget);
 }
 
 QRect MenuStyle::columnOf(QStyleOptionMenuItem const& item, QWidget const* widget) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/menu/TextColor.h"
+
 #include <QFontMetrics>
 #include <QProxyStyle>
 
@@ -36,8 +38,12 @@ public:
     [[nodiscard]] static QString shortenedTitle(QString const& title, QFontMetrics const& metrics);
     [[nodiscard]] static bool isShortened(QString const& title, QFontMetrics const& metrics);
 
+    /// Gives the title its colour, as far as it can be read on the menu's ground, also where it cannot be chosen.
+    static void color(QStyleOptionMenuItem& item, TextColor const& color);
+
 private:
     [[nodiscard]] QSize sizeOf(QStyleOptionMenuItem const& item, QSize const& titleSize, QWidget const* widget) const;
+    void drawEntry(QStyleOptionMenuItem const& item, QPainter& painter, QWidget const* widget) const;
     void drawColumnText(QStyleOptionMenuItem const& item, QString const& text, QPainter& painter, QWidget const* widget) const;
     [[nodiscard]] QRect columnOf(QStyleOptionMenuItem const& item, QWidget const* widget) const;
     [[nodiscard]] int titleStart(QStyleOptionMenuItem const& item, QWidget const* widget) const;

@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QStyleOptionMenuItem>
 #include <QTimerEvent>
 #include <QWheelEvent>
@@ -79,6 +80,7 @@ void MenuWindow::mirror()
     m_typing.dropLine();
     m_mirror.show(*m_menu);
     m_typing.setMenu(m_menu.get());
+    m_selectsDisabled = std::any_of(m_menu->entries.begin(), m_menu->entries.end(), [](auto const& entry) { return !entry.enabled && entry.subject.menus; });
 }
 
 void MenuWindow::popUpByKey(QPoint at)
@@ -92,6 +94,7 @@ void MenuWindow::willOpen()
 {
     if (m_isLayingOut || !m_menu)
         return;
+    m_edgeDistance = 0;
     m_isOpenedByKey = parentMenu() ? parentMenu()->m_handlesKey : m_handlesKey;
     m_typing.begin();
     m_menu->needsUpdate();
@@ -165,9 +168,41 @@ MenuWindow* MenuWindow::at(QPoint point)
 
 void MenuWindow::setVisible(bool visible)
 {
-    QMenu::setVisible(visible);
     if (visible)
-        usedPlacer().windowIsShown(*this);
+        keepOffPanels();
+    QMenu::setVisible(visible);
+    if (!visible)
+        return;
+    keepWithinPanels();
+    usedPlacer().windowIsShown(*this);
+}
+
+QRect MenuWindow::freeArea() { return usedPlacer().freeAreaAt(geometry().center()); }
+
+/// Moves the menu off panels that the toolkit does not know; a submenu that would then cover its parent, to the other side.
+void MenuWindow::keepOffPanels()
+{
+    auto const free = freeArea();
+    auto place = geometry();
+    if (free.isEmpty() || free.contains(place))
+        return;
+    auto const* opener = parentMenu();
+    if (opener && place.right() > free.right() && place.left() > opener->x() && opener->x() - place.width() >= free.left())
+        place.moveRight(opener->x() - 1);
+    place.moveLeft(std::max(free.left(), std::min(place.left(), free.right() + 1 - place.width())));
+    place.moveTop(std::max(free.top(), std::min(place.top(), free.bottom() + 1 - place.height())));
+    setGeometry(place);
+}
+
+/// Lays out a menu that is taller than what panels leave once more, to scroll between them.
+void MenuWindow::keepWithinPanels()
+{
+    auto const free = freeArea();
+    if (free.isEmpty() || m_edgeDistance > 0 || height() <= free.height())
+        return;
+    auto const whole = screen()->geometry();
+    m_edgeDistance = std::max(free.top() - whole.top(), whole.bottom() - free.bottom());
+    layOutAgain();
 }
 
 void MenuWindow::windowShows()
@@ -235,9 +270,11 @@ QRect MenuWindow::sight() const
     return sight;
 }
 
+/// Keys come to the innermost menu; while nothing is selected there, the entry that it belongs to is.
 void MenuWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (m_entryMenu.takes(*event) || m_typing.takes(*event))
+    auto& selected = activeAction() || !parentMenu() ? *this : *parentMenu();
+    if (selected.m_entryMenu.takes(*event) || m_typing.takes(*event))
         return;
     QScopedValueRollback const handling(m_handlesKey, true);
     QMenu::keyPressEvent(event);
@@ -431,6 +468,8 @@ void MenuWindow::initStyleOption(QStyleOptionMenuItem* option, QAction const* ac
     QMenu::initStyleOption(option, action);
     option->text = MenuStyle::shortenedTitle(option->text, option->fontMetrics);
     auto const* entry = dynamic_cast<EntryAction const*>(action);
+    if (entry && entry->color())
+        MenuStyle::color(*option, *entry->color());
     auto const column = entry ? entry->column() : QString();
     if (column.isEmpty())
         return;

@@ -50,7 +50,11 @@ public:
     [[nodiscard]] static MenuWindow* at(QPoint point);
     void layOutAgain();
     [[nodiscard]] bool showsEntryMenu() const { return m_entryMenu.isOpen(); }
+    /// True while an entry that cannot be chosen has a menu of its own, which keys must reach.
+    [[nodiscard]] bool selectsDisabled() const { return m_selectsDisabled; }
     void setVisible(bool visible) override;
+    /// The distance that a menu too tall for its screen keeps from the screen's edges.
+    [[nodiscard]] int edgeDistance() const { return m_edgeDistance; }
     /// The part that shows entries, between the arrows of a menu that scrolls.
     [[nodiscard]] QRect sight() const;
 
@@ -84,6 +88,9 @@ protected:
 private:
     [[nodiscard]] MenuWindow* parentMenu() const { return qobject_cast<MenuWindow*>(parentWidget()); }
     void windowShows();
+    [[nodiscard]] QRect freeArea();
+    void keepOffPanels();
+    void keepWithinPanels();
     void firstIsPainted();
     void willOpen();
     void didHide();
@@ -105,8 +112,10 @@ private:
     SubmenuAim m_aim;
     qint64 m_moveTime = 0; ///< of the last move, in the root
     QBasicTimer m_rest; ///< runs while the pointer is on its way to a submenu
+    int m_edgeDistance = 0;
     bool m_isLayingOut = false;
     bool m_handlesKey = false;
+    bool m_selectsDisabled = false;
     bool m_isOpenedByKey = false; ///< opened by key: its first entry is selected, however late it comes
 };
 

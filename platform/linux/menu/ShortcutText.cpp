@@ -1,7 +1,7 @@
 #include "platform/linux/menu/ShortcutText.h"
 
 #include "app/menu/Menu.h"
-#include "app/menu/MenuKeyEquivalent.h"
+#include "app/menu/ShownShortcut.h"
 
 #include <array>
 

@@ -5,16 +5,39 @@
 #include "platform/linux/overlay/X11WorkspaceEvents.h"
 
 #include <QGuiApplication>
+#include <QRgb>
+
+#include <algorithm>
+#include <map>
 
 namespace zv {
 
 namespace {
 
+constexpr int shadeStep = 16; ///< of 256: one shade with its gradient
+constexpr int darkest = 128;
+
+/// By the colour that most pixels have: a panel is mostly empty.
+std::optional<bool> isDark(X11Connection const& x, XMenuBar const& bar)
+{
+    auto const width = static_cast<std::uint16_t>(bar.rect.width), height = static_cast<std::uint16_t>(bar.rect.height);
+    XReply<xcb_get_image_reply_t> const image(
+        xcb_get_image_reply(x.get(), xcb_get_image(x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, bar.window, 0, 0, width, height, ~0U), nullptr));
+    if (!image || image->depth < 24)
+        return std::nullopt;
+    auto const* bytes = xcb_get_image_data(image.get());
+    std::map<int, int> shades;
+    for (int at = 0; at + 3 < xcb_get_image_data_length(image.get()); at += 4)
+        ++shades[qGray(bytes[at + 2], bytes[at + 1], bytes[at]) / shadeStep];
+    auto const most = std::ranges::max_element(shades, {}, [](auto const& shade) { return shade.second; });
+    return most == shades.end() ? std::nullopt : std::optional(most->first * shadeStep < darkest);
+}
+
 class X11OverlayFrontEnd : public OverlayFrontEnd {
 public:
-    X11OverlayFrontEnd(std::unique_ptr<X11Connection> x, double scale)
+    explicit X11OverlayFrontEnd(std::unique_ptr<X11Connection> x)
         : m_x(std::move(x))
-        , m_screens(*m_x, scale)
+        , m_screens(*m_x)
     {
     }
     OverlaySeams seams() override
@@ -27,6 +50,16 @@ public:
             .visibility = nullptr };
     }
     void pressAt(QPoint point) override { m_panels.pressAt(point); }
+    std::optional<bool> isPanelDark() const override
+    {
+        auto const& bars = m_menuBars.bars();
+        return bars.empty() ? std::nullopt : isDark(*m_x, bars.front());
+    }
+    QRect freeAreaOf(QRect const& monitor) const override
+    {
+        auto const free = m_menuBars.freeAreaOf({ monitor.x(), monitor.y(), monitor.width(), monitor.height() });
+        return { free.x, free.y, free.width, free.height };
+    }
 
 private:
     std::unique_ptr<X11Connection> m_x;
@@ -46,7 +79,7 @@ std::unique_ptr<OverlayFrontEnd> OverlayFrontEnd::make(SessionKind session)
     if (!x)
         return nullptr;
     x->watchRoot();
-    return std::make_unique<X11OverlayFrontEnd>(std::move(x), qGuiApp->devicePixelRatio());
+    return std::make_unique<X11OverlayFrontEnd>(std::move(x));
 }
 
 OverlaySupport OverlayFrontEnd::support(SessionKind session)
@@ -54,7 +87,7 @@ OverlaySupport OverlayFrontEnd::support(SessionKind session)
     auto const x = session == SessionKind::wayland ? nullptr : X11Connection::open();
     if (!x)
         return OverlaySupport::none;
-    X11Screens const screens(*x, 1);
+    X11Screens const screens(*x);
     X11MenuBars const menuBars(*x, screens);
     return menuBars.bars().empty() ? OverlaySupport::noPanel : OverlaySupport::onPanels;
 }

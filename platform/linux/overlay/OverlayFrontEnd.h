@@ -5,8 +5,10 @@
 #include "platform/menubar/Presence.h"
 
 #include <QPoint>
+#include <QRect>
 
 #include <memory>
+#include <optional>
 
 namespace zv {
 
@@ -22,6 +24,10 @@ public:
     [[nodiscard]] virtual OverlaySeams seams() = 0;
     /// Presses the overlay's panel at that point of the toolkit, if any.
     virtual void pressAt(QPoint point) = 0;
+    /// Whether the panel is dark; nothing without one, or where it cannot be read.
+    [[nodiscard]] virtual std::optional<bool> isPanelDark() const { return std::nullopt; }
+    /// The monitor, in pixels, without the room that panels claim; as a whole where they do not tell.
+    [[nodiscard]] virtual QRect freeAreaOf(QRect const& monitor) const { return monitor; }
 };
 
 } // namespace zv

@@ -43,7 +43,7 @@ public:
         , m_background(backgroundOf(panel, ground == PanelCorner::Ground::panel ? panel.width : std::min(2 * reach, panel.width)))
         , m_frame(ground == PanelCorner::Ground::panel ? 0 : frameOf(panel))
         , m_reach(std::min(reach, panel.width))
-        , m_letterGap(std::max(1, panel.height / 13))
+        , m_letterGap(std::max(1, std::min(panel.height, 2 * boundsOf(0, m_reach).height) / 13))
     {
     }
 

@@ -2,6 +2,8 @@
 
 #include "platform/linux/overlay/LogoCanvas.h"
 
+#include <QTransform>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -32,6 +34,17 @@ XRect centredOn(QPointF centre, double width, double height)
 {
     int const left = static_cast<int>(std::floor(centre.x() - width / 2)), top = static_cast<int>(std::floor(centre.y() - height / 2));
     return { left, top, static_cast<int>(std::ceil(centre.x() + width / 2)) - left, static_cast<int>(std::ceil(centre.y() + height / 2)) - top };
+}
+
+PanelPixels transposed(PanelPixels const& from)
+{
+    PanelPixels pixels { from.height, from.width, {} };
+    pixels.pixels.reserve(from.pixels.size());
+    for (int y = 0; y < pixels.height; ++y) {
+        for (int x = 0; x < pixels.width; ++x)
+            pixels.pixels.push_back(from.at(y, x));
+    }
+    return pixels;
 }
 
 bool isWider(PanelCorner const& one, PanelCorner const& other) { return one.picture && other.picture && one.picture->width > other.picture->width; }
@@ -95,12 +108,15 @@ std::optional<Rect> X11LogoWindow::wantedLogo() const
     QImage scratch(1, 1, QImage::Format_ARGB32_Premultiplied);
     LogoCanvas canvas(scratch, {}, 1);
     m_content.draw(&canvas, m_geometry.viewHeight);
-    return canvas.logoRect();
+    auto logo = canvas.logoRect();
+    if (logo && m_geometry.stands)
+        std::swap(logo->width, logo->height);
+    return logo;
 }
 
 void X11LogoWindow::look()
 {
-    auto const pixels = readPixels({ 0, 0, std::min(m_geometry.panel.width, kLookWidth), m_geometry.panel.height });
+    auto const pixels = readPixels({ 0, 0, std::min(turnedPanel().width, kLookWidth), turnedPanel().height });
     bool const isLast = m_looks == kPausesBetweenLooks.size();
     if (!pixels.pixels.empty() && (isLast || hasSettled(pixels)))
         return settle(cornerIn(pixels));
@@ -156,9 +172,9 @@ void X11LogoWindow::settle(PanelCorner const& corner)
 /// The area of the replaced picture and the logo together.
 XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
 {
-    XRect const whole { 0, 0, m_geometry.panel.width, m_geometry.panel.height };
+    XRect const whole { 0, 0, turnedPanel().width, turnedPanel().height };
     double const scale = logoScale(corner);
-    double const middle = m_geometry.panel.height / 2.0;
+    double const middle = whole.height / 2.0;
     auto const centre = corner.picture ? centreOf(*corner.picture) : QPointF(middle, middle);
     auto const logo = centredOn(centre, m_logo.width * scale, m_logo.height * scale);
     return (corner.picture ? united(*corner.picture, logo) : logo).intersected(whole);
@@ -167,7 +183,7 @@ XRect X11LogoWindow::plateFor(PanelCorner const& corner) const
 /// The stated scale, enlarged so that the logo is as large as the picture it covers.
 double X11LogoWindow::logoScale(PanelCorner const& corner) const
 {
-    int const pictureHeight = corner.picture ? std::min(corner.picture->height, m_geometry.panel.height - 6) : 0;
+    int const pictureHeight = corner.picture ? std::min(corner.picture->height, turnedPanel().height - 6) : 0;
     return std::max(m_geometry.scale, pictureHeight / m_logo.height);
 }
 
@@ -178,9 +194,13 @@ QImage X11LogoWindow::render() const
         auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(y));
         std::fill(line, line + m_plate.width, m_background[static_cast<std::size_t>(y)]);
     }
-    double const middle = m_geometry.panel.height / 2.0;
-    auto const centre = m_corner->picture ? centreOf(*m_corner->picture) : QPointF(middle, middle);
-    LogoCanvas canvas(image, centre - QPointF(m_plate.x, m_plate.y), logoScale(*m_corner));
+    double const middle = turnedPanel().height / 2.0;
+    auto centre = (m_corner->picture ? centreOf(*m_corner->picture) : QPointF(middle, middle)) - QPointF(m_plate.x, m_plate.y);
+    if (m_geometry.stands) {
+        image = image.transformed(QTransform(0, 1, 1, 0, 0, 0));
+        centre = centre.transposed();
+    }
+    LogoCanvas canvas(image, centre, logoScale(*m_corner));
     m_content.draw(&canvas, m_geometry.viewHeight);
     return image;
 }
@@ -210,8 +230,9 @@ void X11LogoWindow::createWindow()
     auto* c = m_x.get();
     m_window = xcb_generate_id(c);
     std::uint32_t const borderPixel = 0;
-    xcb_create_window(c, XCB_COPY_FROM_PARENT, m_window, m_panel, static_cast<std::int16_t>(m_plate.x), static_cast<std::int16_t>(m_plate.y),
-        static_cast<std::uint16_t>(m_plate.width), static_cast<std::uint16_t>(m_plate.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+    auto const plate = turned(m_plate);
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, m_window, m_panel, static_cast<std::int16_t>(plate.x), static_cast<std::int16_t>(plate.y),
+        static_cast<std::uint16_t>(plate.width), static_cast<std::uint16_t>(plate.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
         XCB_CW_BORDER_PIXEL, &borderPixel);
     xcb_shape_rectangles(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, m_window, 0, 0, 0, nullptr);
     m_firstDamageEvent = firstDamageEvent(m_x);
@@ -256,9 +277,13 @@ void X11LogoWindow::followBackground()
 
 X11LogoWindow::Rows X11LogoWindow::readBackground() const { return readPixels({ m_corner->backgroundColumn, m_plate.y, 1, m_plate.height }).pixels; }
 
-/// The panel's pixels; empty when the panel is not wholly on the screen.
-PanelPixels X11LogoWindow::readPixels(XRect const& rect) const
+/// To the turned panel's coordinates, and back.
+XRect X11LogoWindow::turned(XRect const& rect) const { return m_geometry.stands ? XRect { rect.y, rect.x, rect.height, rect.width } : rect; }
+
+/// The turned panel's pixels; empty when the panel is not wholly on the screen.
+PanelPixels X11LogoWindow::readPixels(XRect const& wanted) const
 {
+    auto const rect = turned(wanted);
     auto const cookie = xcb_get_image(m_x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_panel, static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y),
         static_cast<std::uint16_t>(rect.width), static_cast<std::uint16_t>(rect.height), ~std::uint32_t { 0 });
     XReply<xcb_get_image_reply_t> const reply(xcb_get_image_reply(m_x.get(), cookie, nullptr));
@@ -271,7 +296,7 @@ PanelPixels X11LogoWindow::readPixels(XRect const& rect) const
         for (auto& pixel : pixels.pixels)
             pixel |= kOpaque;
     }
-    return pixels;
+    return m_geometry.stands ? transposed(pixels) : pixels;
 }
 
 } // namespace zv

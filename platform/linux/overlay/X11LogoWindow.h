@@ -21,7 +21,7 @@ struct KnownCorner {
 };
 using PanelCorners = std::map<xcb_window_t, KnownCorner>;
 
-/// Shows the logo within a panel's window, in place of the picture at its left end and on the
+/// Shows the logo within a panel's window, in place of the picture at its end and on the
 /// panel's current background. Lets every click through.
 class X11LogoWindow {
 public:
@@ -29,7 +29,8 @@ public:
         XRect panel;
         double viewHeight = 0; ///< points
         double scale = 1; ///< pixels a point
-        int reach = 0; ///< pixels of the panel's left end that may be covered
+        int reach = 0; ///< pixels of the panel's end that may be covered
+        bool stands = false; ///< at a side: it is measured turned, its upper end to the left
         friend bool operator==(Geometry const&, Geometry const&) = default;
     };
 
@@ -63,6 +64,8 @@ private:
     void handle(xcb_generic_event_t const& event);
     void followBackground();
     [[nodiscard]] Rows readBackground() const;
+    [[nodiscard]] XRect turned(XRect const& rect) const;
+    [[nodiscard]] XRect turnedPanel() const { return turned(m_geometry.panel); }
     [[nodiscard]] PanelPixels readPixels(XRect const& rect) const;
 
     X11Connection& m_x;
@@ -82,7 +85,7 @@ private:
     std::size_t m_looks = 0;
     std::optional<PanelCorner> m_doubted; ///< what was measured before the one doubt
     Rect m_logo; ///< its size in points
-    XRect m_plate; ///< the covered area within the panel
+    XRect m_plate; ///< the covered area within the turned panel
     Rows m_background; ///< the plate's rows from the top
     QTimer m_lookAgain;
     X11Connection::Token m_events;

@@ -12,9 +12,8 @@ namespace {
 constexpr int kTallestTriggerStrip = 9;
 /// The maximum gap between the edge and a floating bar without a strut.
 constexpr int kFloatingGap = 12;
-/// _NET_WM_STRUT and _NET_WM_STRUT_PARTIAL: https://specifications.freedesktop.org/wm-spec, "Application Window Properties"
-constexpr std::size_t kTopStrut = 2; ///< left, right, top, bottom
-constexpr std::size_t kBottomStrut = 3;
+/// A bar at a side without a strut is at least this long: not what only shows something there.
+constexpr double kLongestGadget = 0.9; // of the side
 
 bool hasAtom(std::vector<std::uint32_t> const& atoms, xcb_atom_t wanted) { return std::find(atoms.begin(), atoms.end(), wanted) != atoms.end(); }
 
@@ -26,33 +25,64 @@ XReply<Reply> wait(Reply* (*function)(xcb_connection_t*, Cookie, xcb_generic_err
 
 std::vector<std::uint32_t> waitWords(X11Connection const& x, xcb_get_property_cookie_t cookie) { return wordsOf(wait(xcb_get_property_reply, x, cookie)); }
 
-int wordAt(std::vector<std::uint32_t> const& words, std::size_t index) { return index < words.size() ? static_cast<int>(words[index]) : 0; }
+/// The rectangle as it lies where that edge is turned to the top.
+XRect turned(XRect const& rect, BarEdge edge)
+{
+    switch (edge) {
+    case BarEdge::bottom:
+        return { rect.x, -rect.bottom(), rect.width, rect.height };
+    case BarEdge::left:
+        return { rect.y, rect.x, rect.height, rect.width };
+    case BarEdge::right:
+        return { rect.y, -rect.right(), rect.height, rect.width };
+    case BarEdge::top:
+        break;
+    }
+    return rect;
+}
 
-bool liesAlongTop(XRect const& dock, int strut, XRect const& monitor)
+bool liesAlongTop(XRect const& dock, bool hasStrut, XRect const& monitor)
 {
     int const centre = dock.x + dock.width / 2;
-    int const lowest = monitor.y + (strut > 0 ? monitor.height / 3 : kFloatingGap);
+    int const lowest = monitor.y + (hasStrut ? monitor.height / 3 : kFloatingGap);
     return centre >= monitor.x && centre < monitor.right() && dock.bottom() > monitor.y && dock.y <= lowest && dock.y > monitor.y - dock.height;
 }
 
-XRect upsideDown(XRect const& rect) { return { rect.x, -rect.bottom(), rect.width, rect.height }; }
-
-/// Of a monitor with panels at both edges, the upper one has the corner.
-void dropBarsBelowOthers(std::vector<XMenuBar>& bars, std::vector<XRect> const& monitors)
+bool liesAlong(BarEdge edge, XRect const& dock, std::span<ReservedEdge const> reserved, XRect const& monitor)
 {
-    auto const hasBarAbove = [&](XMenuBar const& bar) {
+    bool const hasStrut = std::ranges::any_of(reserved, [edge](auto const& claim) { return claim.edge == edge; });
+    auto const bar = turned(dock, edge), screen = turned(monitor, edge);
+    bool const isAtSide = edge == BarEdge::left || edge == BarEdge::right;
+    bool const isLong = !isAtSide || hasStrut || bar.width >= kLongestGadget * screen.width;
+    return isLong && liesAlongTop(bar, hasStrut, screen);
+}
+
+/// Of a monitor with panels along several edges, the best has the corner.
+void dropBarsBesideBetterOnes(std::vector<XMenuBar>& bars, std::vector<XRect> const& monitors)
+{
+    auto const hasBetter = [&](XMenuBar const& bar) {
         return std::any_of(monitors.begin(), monitors.end(), [&](XRect const& monitor) {
             auto const isHere = [&](XRect const& rect) {
                 auto const shared = rect.intersected(monitor);
                 return shared.width > 0 && shared.height > 0;
             };
-            auto const isTopBarHere = [&](XMenuBar const& other) { return other.edge == BarEdge::top && isHere(other.rect); };
-            return isHere(bar.rect) && std::any_of(bars.begin(), bars.end(), isTopBarHere);
+            auto const isBetterHere = [&](XMenuBar const& other) { return other.edge < bar.edge && isHere(other.rect); };
+            return isHere(bar.rect) && std::any_of(bars.begin(), bars.end(), isBetterHere);
         });
     };
     std::vector<XMenuBar> kept;
-    std::copy_if(bars.begin(), bars.end(), std::back_inserter(kept), [&](auto const& bar) { return bar.edge == BarEdge::top || !hasBarAbove(bar); });
+    std::copy_if(bars.begin(), bars.end(), std::back_inserter(kept), [&](auto const& bar) { return !hasBetter(bar); });
     bars = std::move(kept);
+}
+
+XRect boundsOf(std::vector<XRect> const& monitors)
+{
+    int right = 0, bottom = 0;
+    for (auto const& monitor : monitors) {
+        right = std::max(right, monitor.right());
+        bottom = std::max(bottom, monitor.bottom());
+    }
+    return { 0, 0, right, bottom };
 }
 
 } // namespace
@@ -63,19 +93,20 @@ struct X11MenuBars::Client {
     bool isDock = false;
     bool isViewable = false;
     bool isFullScreen = false;
-    BarStruts struts;
+    std::vector<ReservedEdge> reserved;
     XRect rect;
 };
 
-std::optional<BarEdge> barEdge(XRect const& dock, BarStruts const& struts, std::vector<XRect> const& monitors)
+std::optional<BarEdge> barEdge(XRect const& dock, std::span<ReservedEdge const> reserved, std::vector<XRect> const& monitors)
 {
-    if (dock.height <= kTallestTriggerStrip || dock.width <= dock.height)
+    bool const stands = dock.height > dock.width;
+    if (std::min(dock.width, dock.height) <= kTallestTriggerStrip || dock.width == dock.height)
         return std::nullopt;
-    auto const isOn = [&](XRect const& monitor) { return liesAlongTop(dock, struts.top, monitor); };
-    auto const isUnder = [&](XRect const& monitor) { return liesAlongTop(upsideDown(dock), struts.bottom, upsideDown(monitor)); };
-    if (std::any_of(monitors.begin(), monitors.end(), isOn))
-        return BarEdge::top;
-    return std::any_of(monitors.begin(), monitors.end(), isUnder) ? std::optional(BarEdge::bottom) : std::nullopt;
+    for (auto const edge : { stands ? BarEdge::left : BarEdge::top, stands ? BarEdge::right : BarEdge::bottom }) {
+        if (std::ranges::any_of(monitors, [&](XRect const& monitor) { return liesAlong(edge, dock, reserved, monitor); }))
+            return edge;
+    }
+    return std::nullopt;
 }
 
 X11MenuBars::X11MenuBars(X11Connection& x, X11Screens const& screens)
@@ -172,18 +203,20 @@ std::vector<XMenuBar> X11MenuBars::readBars()
 {
     auto const clients = readStates(readClients());
     std::vector<XMenuBar> bars;
+    m_reserved.clear();
     for (auto client = clients.begin(); client != clients.end(); ++client) {
         if (!client->isDock)
             continue;
         listenTo(client->window);
-        auto const edge = barEdge(client->rect, client->struts, m_screens.monitors());
+        m_reserved.insert(m_reserved.end(), client->reserved.begin(), client->reserved.end());
+        auto const edge = barEdge(client->rect, client->reserved, m_screens.monitors());
         if (!edge)
             continue;
         bool const isCovered = std::any_of(client + 1, clients.end(),
             [&](Client const& above) { return above.isFullScreen && above.isViewable && above.rect.intersected(client->rect) == client->rect; });
-        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered, *edge });
+        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered, *edge, !client->reserved.empty() });
     }
-    dropBarsBelowOthers(bars, m_screens.monitors());
+    dropBarsBesideBetterOnes(bars, m_screens.monitors());
     // The stacking order changes with every click, so the bars are sorted by window.
     std::sort(bars.begin(), bars.end(), [](auto const& a, auto const& b) { return a.window < b.window; });
     return bars;
@@ -220,7 +253,7 @@ std::vector<xcb_window_t> X11MenuBars::readClients() const
 std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_t> const& clients) const
 {
     struct Request {
-        xcb_get_property_cookie_t type, state, strut;
+        xcb_get_property_cookie_t type, state, partialStrut, strut;
         xcb_get_window_attributes_cookie_t attributes;
         xcb_get_geometry_cookie_t geometry;
         xcb_translate_coordinates_cookie_t place;
@@ -232,17 +265,19 @@ std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_
             requestWords(m_x, window, XAtom::netWmWindowType),
             requestWords(m_x, window, XAtom::netWmState),
             requestWords(m_x, window, XAtom::netWmStrutPartial),
+            requestWords(m_x, window, XAtom::netWmStrut),
             xcb_get_window_attributes(m_x.get(), window),
             xcb_get_geometry(m_x.get(), window),
             xcb_translate_coordinates(m_x.get(), window, m_x.root(), 0, 0),
         });
     }
 
+    auto const desktop = boundsOf(m_screens.monitors());
     std::vector<Client> states;
     for (std::size_t i = 0; i < clients.size(); ++i) {
         auto const types = waitWords(m_x, requests[i].type);
         auto const state = waitWords(m_x, requests[i].state);
-        auto const strut = waitWords(m_x, requests[i].strut);
+        auto const partialStrut = waitWords(m_x, requests[i].partialStrut), strut = waitWords(m_x, requests[i].strut);
         auto const attributes = wait(xcb_get_window_attributes_reply, m_x, requests[i].attributes);
         auto const geometry = wait(xcb_get_geometry_reply, m_x, requests[i].geometry);
         auto const place = wait(xcb_translate_coordinates_reply, m_x, requests[i].place);
@@ -253,7 +288,7 @@ std::vector<X11MenuBars::Client> X11MenuBars::readStates(std::vector<xcb_window_
         client.isDock = hasAtom(types, m_x.atom(XAtom::netWmWindowTypeDock));
         client.isViewable = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
         client.isFullScreen = hasAtom(state, m_x.atom(XAtom::netWmStateFullscreen));
-        client.struts = { wordAt(strut, kTopStrut), wordAt(strut, kBottomStrut) };
+        client.reserved = reservedEdges(partialStrut.empty() ? strut : partialStrut, desktop);
         client.rect = { place->dst_x, place->dst_y, geometry->width, geometry->height };
         states.push_back(client);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/overlay/ReservedEdges.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Screens.h"
 #include "platform/menubar/MenuBars.h"
@@ -10,14 +11,13 @@
 
 namespace zv {
 
-enum class BarEdge { top, bottom };
-
-/// A panel along the top of a screen, or along the bottom of one that has none at its top.
+/// A panel along an edge of a screen that has none along a better one.
 struct XMenuBar {
     xcb_window_t window = XCB_NONE;
     XRect rect;
     bool isOnscreen = false;
     BarEdge edge = BarEdge::top;
+    bool claimsRoom = false; ///< unlike one that may hide
     friend bool operator==(XMenuBar const&, XMenuBar const&) = default;
 };
 
@@ -31,6 +31,8 @@ public:
     std::optional<Rect> frame(MenuBarID id) const override;
 
     [[nodiscard]] std::vector<XMenuBar> const& bars() const { return m_bars; }
+    /// The monitor without the room that panels claim at its edges.
+    [[nodiscard]] XRect freeAreaOf(XRect const& monitor) const { return freeArea(monitor, m_reserved); }
 
 private:
     struct Client;
@@ -49,19 +51,14 @@ private:
     std::set<xcb_window_t> m_docks; ///< docks whose events are selected
     std::vector<XRect> m_monitors; ///< monitors at the last reading
     std::vector<XMenuBar> m_bars;
+    std::vector<ReservedEdge> m_reserved; ///< by all panels
     bool m_isStale = true;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;
 };
 
-/// The room that a dock claims at the edges of all monitors together, in pixels.
-struct BarStruts {
-    int top = 0;
-    int bottom = 0;
-};
-
 /// The edge of a monitor along which the dock lies as a bar, at least partly visible. A strip of a
-/// few pixels that waits for the pointer is none.
-[[nodiscard]] std::optional<BarEdge> barEdge(XRect const& dock, BarStruts const& struts, std::vector<XRect> const& monitors);
+/// few pixels that waits for the pointer is none, nor is what only stands beside an edge.
+[[nodiscard]] std::optional<BarEdge> barEdge(XRect const& dock, std::span<ReservedEdge const> reserved, std::vector<XRect> const& monitors);
 
 } // namespace zv

@@ -15,12 +15,13 @@ namespace zv {
 namespace {
 
 constexpr xcb_button_t lastButton = 3; ///< left, middle, right; the next ones are the wheel
+constexpr xcb_button_t lastWheel = 7;
 
-/// The bar at whose left end the frame stands.
+/// The bar at whose left, or upper, end the frame stands.
 XMenuBar const* barUnder(XRect const& frame, std::vector<XMenuBar> const& bars)
 {
-    auto const found
-        = std::find_if(bars.begin(), bars.end(), [&](XMenuBar const& bar) { return bar.rect.x == frame.x && bar.rect.bottom() == frame.bottom(); });
+    auto const found = std::find_if(
+        bars.begin(), bars.end(), [&](XMenuBar const& bar) { return bar.rect.x == frame.x && (bar.rect.bottom() == frame.bottom() || bar.rect.y == frame.y); });
     return found == bars.end() ? nullptr : &*found;
 }
 
@@ -91,6 +92,7 @@ private:
         xcb_window_t panel = XCB_NONE;
         XRect within; ///< the panel's window
         X11LogoWindow::Geometry logo;
+        bool claimsRoom = false;
         friend bool operator==(Place const&, Place const&) = default;
     };
 
@@ -98,10 +100,15 @@ private:
     void followPanel();
     [[nodiscard]] std::optional<Place> findPlace() const;
     void createWindows();
+    [[nodiscard]] xcb_window_t createInputWindow(xcb_window_t parent, XRect const& rect, std::uint32_t moreEvents = 0) const;
+    void shield();
+    void unshield();
     void remove();
     void raise() const;
     void handle(xcb_generic_event_t const& event);
+    void handleCrossing(xcb_enter_notify_event_t const& crossing);
     void handlePress(xcb_button_press_event_t const& press);
+    void passWheelOn(xcb_button_press_event_t const& press);
 
     X11Connection& m_x;
     X11Screens const& m_screens;
@@ -112,6 +119,7 @@ private:
     bool m_isShown = false;
     std::optional<Place> m_place;
     xcb_window_t m_window = XCB_NONE; ///< receives the clicks
+    xcb_window_t m_shield = XCB_NONE; ///< receives them while the pointer is there
     std::unique_ptr<X11LogoWindow> m_logo;
     std::unique_ptr<OverlayAccessible> m_accessible;
     X11Connection::Token m_events;
@@ -154,27 +162,65 @@ std::optional<X11OverlayPanel::Place> X11OverlayPanel::findPlace() const
         return std::nullopt;
     XRect const within { frame.x - bar->rect.x, frame.y - bar->rect.y, frame.width, frame.height };
     XRect const size { 0, 0, bar->rect.width, bar->rect.height };
-    return Place { bar->window, within, { size, m_frame.height, space.scale, frame.width } };
+    bool const stands = size.height > size.width;
+    return Place { bar->window, within, { size, stands ? m_frame.width : m_frame.height, space.scaleAt(frame), stands ? frame.height : frame.width, stands },
+        bar->claimsRoom };
 }
 
 /// Hides the pointer's events over the window from the panel, which would light up its own button
-/// there and explain it; all but the wheel. Buttons are therefore grabbed one by one: a window that
-/// selects presses would get the wheel's, too.
-void X11OverlayPanel::createWindows()
+/// there; all but the wheel. Buttons are therefore grabbed one by one: a window that selects presses
+/// would get the wheel's, too.
+xcb_window_t X11OverlayPanel::createInputWindow(xcb_window_t parent, XRect const& rect, std::uint32_t moreEvents) const
 {
     auto* c = m_x.get();
-    auto const& within = m_place->within;
-    m_window = xcb_generate_id(c);
+    auto const window = xcb_generate_id(c);
     std::uint32_t const values[] = {
         1, // invisible to window managers, even when the panel is taken apart
+        XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW | moreEvents,
         XCB_EVENT_MASK_BUTTON_RELEASE | XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_BUTTON_MOTION,
     };
-    xcb_create_window(c, 0, m_window, m_place->panel, static_cast<std::int16_t>(within.x), static_cast<std::int16_t>(within.y),
-        static_cast<std::uint16_t>(within.width), static_cast<std::uint16_t>(within.height), 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
-        XCB_CW_OVERRIDE_REDIRECT | XCB_CW_DONT_PROPAGATE, values);
+    xcb_create_window(c, 0, window, parent, static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y), static_cast<std::uint16_t>(rect.width),
+        static_cast<std::uint16_t>(rect.height), 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+        XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK | XCB_CW_DONT_PROPAGATE, values);
     for (xcb_button_t button = 1; button <= lastButton; ++button)
-        xcb_grab_button(c, 0, m_window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, button, XCB_MOD_MASK_ANY);
-    xcb_map_window(c, m_window);
+        xcb_grab_button(c, 0, window, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, button, XCB_MOD_MASK_ANY);
+    return window;
+}
+
+/// Puts a window of the desktop over ours while the pointer is there: within the panel's own window the panel takes the
+/// pointer for still being on its button, and explains that. A panel that may hide would do so, and is left alone.
+void X11OverlayPanel::shield()
+{
+    if (m_shield != XCB_NONE || !m_place->claimsRoom)
+        return;
+    auto* c = m_x.get();
+    auto rect = m_place->within;
+    XReply<xcb_translate_coordinates_reply_t> const place(
+        xcb_translate_coordinates_reply(c, xcb_translate_coordinates(c, m_window, m_x.root(), 0, 0), nullptr));
+    if (!place)
+        return;
+    rect.x = place->dst_x;
+    rect.y = place->dst_y;
+    // A press that the window manager held back while this window came is passed by the grabs.
+    m_shield = createInputWindow(m_x.root(), rect, XCB_EVENT_MASK_BUTTON_PRESS);
+    for (xcb_button_t button = lastButton + 1; button <= lastWheel; ++button)
+        xcb_grab_button(c, 0, m_shield, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_SYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, button, XCB_MOD_MASK_ANY);
+    xcb_map_window(c, m_shield);
+    m_x.flush();
+}
+
+void X11OverlayPanel::unshield()
+{
+    if (m_shield != XCB_NONE)
+        xcb_destroy_window(m_x.get(), m_shield);
+    m_shield = XCB_NONE;
+    m_x.flush();
+}
+
+void X11OverlayPanel::createWindows()
+{
+    m_window = createInputWindow(m_place->panel, m_place->within);
+    xcb_map_window(m_x.get(), m_window);
     m_logo = std::make_unique<X11LogoWindow>(m_x, m_place->panel, m_place->logo, m_content, m_corners);
     m_logo->update();
     m_accessible = std::make_unique<OverlayAccessible>(m_content);
@@ -183,6 +229,7 @@ void X11OverlayPanel::createWindows()
 
 void X11OverlayPanel::remove()
 {
+    unshield();
     m_logo.reset();
     m_accessible.reset();
     if (m_window != XCB_NONE)
@@ -209,6 +256,8 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
     auto const type = event.response_type & 0x7f;
     if (type == XCB_BUTTON_PRESS)
         return handlePress(reinterpret_cast<xcb_button_press_event_t const&>(event));
+    if (type == XCB_ENTER_NOTIFY || type == XCB_LEAVE_NOTIFY)
+        return handleCrossing(reinterpret_cast<xcb_enter_notify_event_t const&>(event));
     if (type != XCB_MAP_NOTIFY && type != XCB_CONFIGURE_NOTIFY)
         return;
     auto const& change = reinterpret_cast<xcb_map_notify_event_t const&>(event); // equal layouts of the fields read here
@@ -217,12 +266,32 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
         raise();
 }
 
+/// While somebody grabs the pointer, the window stays: a click that a window manager looks at first is still to come.
+void X11OverlayPanel::handleCrossing(xcb_enter_notify_event_t const& crossing)
+{
+    bool const enters = (crossing.response_type & 0x7f) == XCB_ENTER_NOTIFY;
+    if (enters && crossing.event == m_window)
+        shield();
+    if (!enters && crossing.event == m_shield && crossing.mode != XCB_NOTIFY_MODE_GRAB)
+        unshield();
+}
+
+/// Has the server look anew for the window under the pointer.
+void X11OverlayPanel::passWheelOn(xcb_button_press_event_t const& press)
+{
+    unshield();
+    xcb_allow_events(m_x.get(), XCB_ALLOW_REPLAY_POINTER, press.time);
+    m_x.flush();
+}
+
 /// Ends the server's pointer grab, which lasts until the button is released, as the menu needs
 /// the pointer. The content may destroy this panel: nothing of it is touched after that call.
 void X11OverlayPanel::handlePress(xcb_button_press_event_t const& press)
 {
-    if (press.event != m_window)
+    if (press.event != m_window && press.event != m_shield)
         return;
+    if (press.detail > lastButton)
+        return passWheelOn(press);
     xcb_ungrab_pointer(m_x.get(), press.time);
     XReply<xcb_get_input_focus_reply_t> const arrived(xcb_get_input_focus_reply(m_x.get(), xcb_get_input_focus(m_x.get()), nullptr));
     m_content.press();

@@ -39,6 +39,7 @@ InspectorView::InspectorView(SettingsModels& models, KeyLookup lookUp)
     , m_targetRow(new QWidget)
     , m_target(smallLabel())
     , m_choose(settingsButton(text(settingsTexts::choose.title)))
+    , m_picture(new PictureRow(models))
     , m_depth(new QComboBox)
     , m_listing(new QPushButton)
     , m_shortcut(nullptr)
@@ -80,6 +81,7 @@ void InspectorView::buildForm(KeyLookup lookUp)
 
     m_form->addRow(text(settingsTexts::title), m_title);
     m_form->addRow(text(settingsTexts::target), m_targetRow);
+    m_form->addRow(text(m_models.pictures().texts().picture), m_picture);
     m_form->addRow(text(m_models.wording().depth), m_depth);
     m_listing->setAutoDefault(false);
     m_listing->setToolTip(text(settingsTexts::listingHelp));
@@ -148,7 +150,9 @@ void InspectorView::show(MenuItem const* item, std::size_t count)
         m_heading->setText(text(settingsTexts::selected(count)));
         return;
     }
-    fill(m_models.inspectorFieldsOf(*item));
+    auto const fields = m_models.inspectorFieldsOf(*item);
+    fill(fields);
+    m_picture->show(*item, fields);
 }
 
 void InspectorView::fill(InspectorFields const& fields)
@@ -162,6 +166,7 @@ void InspectorView::fill(InspectorFields const& fields)
     m_target->setText(text(fields.targetPath));
     m_choose->setText(text(fields.chooseTitle));
     setRowVisible(m_targetRow, fields.hasTarget);
+    setRowVisible(m_picture, fields.hasPicture);
 
     QSignalBlocker const quietDepth(m_depth);
     m_depth->clear();

@@ -2,6 +2,7 @@
 
 #include "app/settings/ItemInspector.h"
 #include "app/settings/SettingsModels.h"
+#include "platform/linux/settings/PictureRow.h"
 #include "platform/linux/settings/RecorderField.h"
 
 #include <QTimer>
@@ -49,6 +50,7 @@ private:
     QWidget* m_targetRow;
     QLabel* m_target;
     QPushButton* m_choose;
+    PictureRow* m_picture;
     QComboBox* m_depth;
     QPushButton* m_listing;
     RecorderField* m_shortcut;

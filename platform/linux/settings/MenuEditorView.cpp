@@ -3,6 +3,7 @@
 #include "platform/linux/icons/MenuImages.h"
 #include "platform/linux/settings/EmptyText.h"
 #include "platform/linux/settings/FlowLayout.h"
+#include "platform/linux/settings/GalleryView.h"
 #include "platform/linux/settings/SettingsButton.h"
 #include "platform/linux/settings/ShownText.h"
 
@@ -218,6 +219,13 @@ QWidget* MenuEditorView::inspectorColumn()
     box->addWidget(m_inspector, 1);
     auto* restore = settingsButton(text(settingsTexts::restoreDefaultMenu));
     connect(restore, &QPushButton::clicked, this, [this] { m_models.menuFile().restoreDefaultMenu(); });
+    auto const& gallery = m_models.gallery();
+    auto* start = settingsButton(text(StartGallery::texts().open));
+    start->setToolTip(gallery.canTake() ? text(StartGallery::texts().openHelp) : text(gallery.note()));
+    start->setAccessibleDescription(start->toolTip());
+    start->setEnabled(gallery.canTake());
+    connect(start, &QPushButton::clicked, this, [this] { (new GalleryView(m_models, window()))->open(); });
+    box->addWidget(start);
     box->addWidget(restore);
     auto* area = new WholeWidthArea;
     area->setWidgetResizable(true);

@@ -4,6 +4,7 @@
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/settings/AboutView.h"
 #include "platform/linux/settings/FaintText.h"
+#include "platform/linux/settings/GalleryView.h"
 #include "platform/linux/settings/MenuEditorView.h"
 #include "platform/linux/settings/RecorderField.h"
 #include "platform/linux/settings/SettingsPageView.h"
@@ -169,6 +170,19 @@ void QtSettingsWindow::openAt(Uuid const& item)
     m_window->showItem(item);
 }
 
-void QtSettingsWindow::close() { m_window.reset(); }
+void QtSettingsWindow::openGallery()
+{
+    if (!m_gallery)
+        m_gallery = new GalleryView(m_models(), m_window.get());
+    m_gallery->show();
+    m_gallery->raise();
+    m_gallery->activateWindow();
+}
+
+void QtSettingsWindow::close()
+{
+    delete m_gallery.data();
+    m_window.reset();
+}
 
 } // namespace zv

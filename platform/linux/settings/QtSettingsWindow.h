@@ -5,11 +5,13 @@
 #include "platform/desk/SettingsWindow.h"
 #include "platform/linux/hotkeys/RecordedKeys.h"
 
+#include <QPointer>
+#include <QWidget>
+
 #include <functional>
 #include <memory>
 
 class QTabWidget;
-class QWidget;
 
 namespace zv {
 
@@ -25,6 +27,7 @@ public:
 
     void openOrRaise() override;
     void openAt(Uuid const& item) override;
+    void openGallery() override;
     /// Called before the models' own services are destroyed.
     void close();
 
@@ -34,6 +37,7 @@ private:
     std::function<SettingsModels&()> m_models;
     KeyLookup m_lookUp;
     std::unique_ptr<Window> m_window;
+    QPointer<QWidget> m_gallery;
 };
 
 } // namespace zv

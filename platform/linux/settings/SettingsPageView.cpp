@@ -23,6 +23,7 @@ namespace {
 
 constexpr int indentation = 22;
 constexpr int widthOfNotes = 440;
+constexpr int mostButtonsBeside = 3;
 constexpr int widthForTitlesBeside = 720;
 
 /// A list of choices that leaves the wheel to the page.
@@ -311,7 +312,7 @@ void SettingsPageView::addSection(QFormLayout& form, SettingsSection const& sect
         if (row.kind != SettingsRow::Kind::button) {
             buttons = nullptr;
             add(fieldOf(row, control, titles));
-        } else if (buttons) {
+        } else if (buttons && buttons->count() <= mostButtonsBeside) { // the stretch behind them counts, too
             buttons->insertWidget(buttons->count() - 1, control);
         } else {
             auto* field = fieldOf(row, control, titles);

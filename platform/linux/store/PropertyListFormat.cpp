@@ -4,6 +4,7 @@
 #include "platform/linux/store/PropertyListLimits.h"
 #include "platform/linux/store/PropertyListScalars.h"
 #include "platform/linux/store/XmlPropertyListReader.h"
+#include "platform/linux/store/XmlPropertyListWriter.h"
 #include "platform/text/Text.h"
 
 #include <plist/plist.h>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <clocale>
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -21,9 +21,6 @@
 namespace zv {
 
 namespace {
-
-constexpr char const* dateOutOfRange = "a date in it lies outside the years 1 to 9999";
-constexpr char const* wouldBeTooLarge = "it would be larger than the 64 MB that are allowed";
 
 struct FreeNode {
     void operator()(void* node) const { plist_free(node); }
@@ -275,16 +272,11 @@ Result<PropertyList> readBinary(std::string_view text)
 /// Turns our tree into libplist's. After a failure the rest is skipped.
 class TreeWriter {
 public:
-    explicit TreeWriter(PropertyListEncoding encoding)
-        : m_encoding(encoding)
-    {
-    }
-
     Node write(PropertyList const& value)
     {
         m_estimate += static_cast<std::size_t>(m_depth) + bytesAroundAValue;
         if (m_estimate > maximumPropertyListSize)
-            return fail(wouldBeTooLarge);
+            return fail(largerThanAllowed);
         return std::visit(*this, value.value());
     }
 
@@ -307,7 +299,6 @@ public:
     Node operator()(PropertyListDictionary const& value);
 
     std::string failure;
-    bool hasEarlyDate = false; ///< a date in a year with fewer than four digits
 
 private:
     static constexpr std::size_t bytesAroundAValue = 10;
@@ -326,8 +317,6 @@ private:
             fail(stringNotUtf8);
         if (text.find('\0') != std::string::npos)
             fail(stringHoldsNull);
-        if (m_encoding == PropertyListEncoding::xml && !isXmlText(text))
-            fail("a string in it holds a character that XML has not");
         return text.c_str();
     }
 
@@ -338,19 +327,15 @@ private:
         return failure.empty();
     }
 
-    PropertyListEncoding m_encoding;
     std::size_t m_estimate = 0;
     int m_depth = 0;
 };
 
 Node TreeWriter::operator()(PropertyListDate date)
 {
-    double seconds = date.secondsSinceReference;
+    double const seconds = date.secondsSinceReference;
     if (!isDateInRange(seconds))
         return fail(dateOutOfRange);
-    if (m_encoding == PropertyListEncoding::xml)
-        seconds = std::floor(seconds);
-    hasEarlyDate |= seconds < -31'578'163'200.0; // 1000-05-01, roughly
     std::uint64_t bits = 0;
     std::memcpy(&bits, &seconds, sizeof bits);
     auto const bytes = bigEndian(bits);
@@ -379,34 +364,20 @@ Node TreeWriter::operator()(PropertyListDictionary const& value)
     return dictionary;
 }
 
-std::vector<std::byte> serialized(Node const& node, PropertyListEncoding encoding)
+Result<std::vector<std::byte>> writeBinary(PropertyList const& value)
 {
-    char* text = nullptr;
+    TreeWriter writer;
+    auto const node = writer.write(value);
+    if (!writer.failure.empty())
+        return Failure { std::move(writer.failure) };
+    char* data = nullptr;
     std::uint32_t length = 0;
-    if (encoding == PropertyListEncoding::xml)
-        plist_to_xml(node.get(), &text, &length);
-    else
-        plist_to_bin(node.get(), &text, &length);
-    Memory<char> const owner(text);
-    auto const* bytes = reinterpret_cast<std::byte const*>(text);
-    return { bytes, bytes + length };
-}
-
-/// Pads years to four digits: libplist writes the year 33 as "33", which others cannot read.
-std::vector<std::byte> withFourDigitYears(std::vector<std::byte> const& bytes)
-{
-    static constexpr std::string_view tag = "<date>";
-    std::string_view rest(reinterpret_cast<char const*>(bytes.data()), bytes.size());
-    std::string text;
-    for (auto found = rest.find(tag); found != std::string_view::npos; found = rest.find(tag)) {
-        auto const year = found + tag.size();
-        auto const digits = std::min<std::size_t>(4, rest.find('-', year) - year);
-        text.append(rest, 0, year).append(4 - digits, '0');
-        rest.remove_prefix(year);
-    }
-    text += rest;
-    auto const* begin = reinterpret_cast<std::byte const*>(text.data());
-    return { begin, begin + text.size() };
+    plist_to_bin(node.get(), &data, &length);
+    Memory<char> const owner(data);
+    if (length > maximumPropertyListSize)
+        return Failure { std::string(largerThanAllowed) };
+    auto const* bytes = reinterpret_cast<std::byte const*>(data);
+    return std::vector<std::byte>(bytes, bytes + length);
 }
 
 } // namespace
@@ -424,16 +395,7 @@ Result<PropertyList> readPropertyList(std::span<std::byte const> bytes)
 
 Result<std::vector<std::byte>> writePropertyList(PropertyList const& value, PropertyListEncoding encoding)
 {
-    PlainNumbers const plainNumbers;
-    TreeWriter writer(encoding);
-    auto const node = writer.write(value);
-    if (!writer.failure.empty())
-        return Failure { std::move(writer.failure) };
-    auto bytes = serialized(node, encoding);
-    if (bytes.size() > maximumPropertyListSize)
-        return Failure { std::string(wouldBeTooLarge) };
-    bool const isXml = encoding == PropertyListEncoding::xml;
-    return writer.hasEarlyDate && isXml ? withFourDigitYears(bytes) : std::move(bytes);
+    return encoding == PropertyListEncoding::xml ? writeXmlPropertyList(value) : writeBinary(value);
 }
 
 } // namespace zv

@@ -17,6 +17,12 @@ public:
     }
     ~Icon() override { std::erase(m_bar.m_icons, this); }
 
+    void redraw()
+    {
+        if (m_shown)
+            m_shown->redrawSoon();
+    }
+
     void show()
     {
         m_shown.reset(); // leaves its place before the next one takes it
@@ -25,6 +31,7 @@ public:
         m_shown = std::make_unique<StatusNotifierItem>(m_bar.m_bus, m_name, m_menu, m_bar.m_presenter, m_bar.m_performer);
         m_shown->onClicked = [&bar = m_bar](std::optional<QPoint> pixel) { bar.m_lastClick = pixel; };
         m_shown->onActivationToken = m_bar.onActivationToken;
+        m_shown->color = m_bar.color;
     }
 
 private:
@@ -45,6 +52,12 @@ StatusNotifierBar::StatusNotifierBar(QDBusConnection bus, MenuPresenter& present
 std::unique_ptr<StatusItem> StatusNotifierBar::add(std::string const& name, std::shared_ptr<Menu> menu, FilesDropped)
 {
     return std::make_unique<Icon>(*this, name, std::move(menu));
+}
+
+void StatusNotifierBar::redraw()
+{
+    for (auto* const icon : m_icons)
+        icon->redraw();
 }
 
 void StatusNotifierBar::useBus(QDBusConnection const& bus)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/menu/MenuPresenter.h"
 #include "platform/menubar/StatusBar.h"
 
@@ -22,6 +23,10 @@ public:
     [[nodiscard]] std::optional<QPoint> lastClick() const { return m_lastClick; }
     /// Called with the right to come to the front, which a click on an icon gives on Wayland.
     std::function<void(std::string)> onActivationToken;
+    /// Tells how the panel shows the icon best; without it, by its name.
+    std::function<LaurelColor()> color;
+    /// Called after the desktop's look has changed.
+    void redraw();
     /// Shows the items on a new connection, after the former was lost.
     void useBus(QDBusConnection const& bus);
 

@@ -1,6 +1,5 @@
 #include "platform/linux/tray/StatusNotifierItem.h"
 
-#include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/toolkit/BusProperties.h"
 
 #include <QCoreApplication>
@@ -20,6 +19,8 @@ QString itemPath() { return QStringLiteral("/StatusNotifierItem"); }
 QString menuPath() { return QStringLiteral("/StatusNotifierItem/Menu"); }
 
 QString watcherName() { return QStringLiteral("org.kde.StatusNotifierWatcher"); }
+
+constexpr std::chrono::seconds panelsRedrawing { 1 };
 
 /// A new name for each showing, as releasing the name removes the icon.
 QString nextBusName()
@@ -77,6 +78,8 @@ StatusNotifierItem::StatusNotifierItem(
     m_bus.registerVirtualObject(itemPath(), this);
     m_bus.registerService(m_name);
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &StatusNotifierItem::registerWithWatcher);
+    m_panelRedraws.setSingleShot(true);
+    connect(&m_panelRedraws, &QTimer::timeout, this, &StatusNotifierItem::tellOfNewIcon);
     registerWithWatcher();
 }
 
@@ -96,11 +99,17 @@ void StatusNotifierItem::registerWithWatcher()
     m_bus.asyncCall(call);
 }
 
+void StatusNotifierItem::redrawSoon() { m_panelRedraws.start(panelsRedrawing); }
+
+void StatusNotifierItem::tellOfNewIcon() { m_bus.send(QDBusMessage::createSignal(itemPath(), interfaceName(), QStringLiteral("NewIcon"))); }
+
 QString StatusNotifierItem::introspect(QString const& path) const { return path == itemPath() ? QString::fromLatin1(introspection) : QString(); }
 
 QVariantMap StatusNotifierItem::properties() const
 {
     auto const noPixmaps = QVariant::fromValue(StatusPixmaps());
+    auto const ink = color ? color() : LaurelColor::ofThePanel;
+    auto const iconName = ink == LaurelColor::ofThePanel ? laurelSymbolName() : QString();
     return {
         { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
         { QStringLiteral("Id"), QStringLiteral("org.zanthevell.ZantheVell") },
@@ -108,15 +117,15 @@ QVariantMap StatusNotifierItem::properties() const
         { QStringLiteral("Status"), QStringLiteral("Active") },
         { QStringLiteral("WindowId"), 0 },
         { QStringLiteral("IconThemePath"), laurelIconThemePath() },
-        { QStringLiteral("IconName"), laurelSymbolName() },
+        { QStringLiteral("IconName"), iconName },
         { QStringLiteral("IconAccessibleDesc"), m_title },
-        { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps()) },
+        { QStringLiteral("IconPixmap"), QVariant::fromValue(laurelStatusPixmaps(ink)) },
         { QStringLiteral("OverlayIconName"), QString() },
         { QStringLiteral("OverlayIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionIconName"), QString() },
         { QStringLiteral("AttentionIconPixmap"), noPixmaps },
         { QStringLiteral("AttentionMovieName"), QString() },
-        { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { laurelSymbolName(), {}, m_title, {} }) },
+        { QStringLiteral("ToolTip"), QVariant::fromValue(StatusToolTip { iconName, {}, m_title, {} }) },
         { QStringLiteral("ItemIsMenu"), !opensMenus() },
         { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(toldMenu())) },
     };

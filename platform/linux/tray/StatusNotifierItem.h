@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/menu/MenuPresenter.h"
 #include "platform/linux/tray/BusMenu.h"
 #include "platform/menubar/StatusBar.h"
@@ -8,6 +9,7 @@
 #include <QDBusVirtualObject>
 #include <QPoint>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 
@@ -24,15 +26,22 @@ public:
     QString introspect(QString const& path) const override;
     bool handleMessage(QDBusMessage const& message, QDBusConnection const& connection) override;
 
+    /// Has the panel ask for the icon again, once it has taken on a new look of the desktop.
+    void redrawSoon();
+
     /// Called with the position of a click on the icon, in pixels; nothing where that is not told.
     std::function<void(std::optional<QPoint>)> onClicked;
 
     /// Called with the right to come to the front, which a click on the icon gives on Wayland.
     std::function<void(std::string)> onActivationToken;
 
+    /// Tells how the panel shows the icon best; without it, by its name.
+    std::function<LaurelColor()> color;
+
 private:
     [[nodiscard]] QVariantMap properties() const;
     void registerWithWatcher();
+    void tellOfNewIcon();
     [[nodiscard]] bool opensMenus() const;
     [[nodiscard]] QString toldMenu() const;
     [[nodiscard]] bool takeToken(QDBusMessage const& message) const;
@@ -45,6 +54,7 @@ private:
     BusMenu m_busMenu;
     QString m_name;
     QDBusServiceWatcher m_watcher;
+    QTimer m_panelRedraws;
 };
 
 } // namespace zv

@@ -62,7 +62,7 @@ public:
             adjustSize();
     }
 
-    /// Appears where it was, at first in the middle of the screen in use.
+    /// Appears where it was; at first, and where that screen has gone, in the middle of the screen in use.
     void appear()
     {
         if (isVisible())
@@ -71,7 +71,8 @@ public:
         auto const free = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
         if (m_size)
             resize(m_size->expandedTo(sizeHint()));
-        move(m_place.value_or(free.center() - QPoint(width() / 2, height() / 2)));
+        bool const isOnScreen = m_place && QGuiApplication::screenAt(*m_place + QPoint(width() / 2, 0));
+        move(isOnScreen ? *m_place : free.center() - QPoint(width() / 2, height() / 2));
         show();
     }
 

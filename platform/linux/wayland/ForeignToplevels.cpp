@@ -146,10 +146,12 @@ void ForeignToplevels::close(std::uint32_t window) const
     m_globals.flush();
 }
 
+/// A window on a workspace that is out of sight keeps its state and its output: the one used last there decides.
 bool ForeignToplevels::isFilled(wl_output const* output) const
 {
-    return std::ranges::any_of(m_toplevels,
-        [output](auto const& toplevel) { return toplevel->isFullScreen && std::ranges::find(toplevel->outputs, output) != toplevel->outputs.end(); });
+    auto const isThere = [output](auto const& toplevel) { return std::ranges::find(toplevel->outputs, output) != toplevel->outputs.end(); };
+    auto const last = std::ranges::find_if(m_toplevels.rbegin(), m_toplevels.rend(), isThere);
+    return last != m_toplevels.rend() && (*last)->isFullScreen;
 }
 
 } // namespace zv

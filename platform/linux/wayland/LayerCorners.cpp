@@ -13,17 +13,22 @@
 #include <QWindow>
 
 #include <functional>
+#include <optional>
 
 namespace zv {
 
 namespace {
 
-/// The corner's window. What lies below it cannot be read, so the logo has a ground of its own.
+/// The colour of sway's own panel. Panels of such compositors are dark whatever the programs' colours are.
+constexpr QRgb darkPanel = 0xFF323232;
+
+/// The corner's window. What lies below it cannot be read, so the logo has a ground of its own, a panel's.
 class CornerWidget : public QWidget {
 public:
-    explicit CornerWidget(OverlayPanelContent& content)
+    CornerWidget(OverlayPanelContent& content, std::optional<QColor> ground)
         : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint)
         , m_content(content)
+        , m_ground(std::move(ground))
     {
         setAttribute(Qt::WA_TranslucentBackground);
         setAttribute(Qt::WA_ShowWithoutActivating);
@@ -42,7 +47,7 @@ protected:
         painter.fillRect(rect(), Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         QImage picture(size() * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-        picture.fill(palette().color(QPalette::Window));
+        picture.fill(m_ground.value_or(palette().color(QPalette::Window)));
         LogoCanvas canvas(picture, QPointF(picture.width(), picture.height()) / 2, devicePixelRatioF());
         m_content.draw(&canvas, height());
         if (canvas.logoRect())
@@ -51,6 +56,7 @@ protected:
 
 private:
     OverlayPanelContent& m_content;
+    std::optional<QColor> m_ground; ///< the toolkit's own without one
 };
 
 } // namespace
@@ -115,11 +121,12 @@ void LayerCorner::show()
     if (!screen)
         return;
     auto const shown = place.intersected(screen->geometry());
-    m_widget = std::make_unique<CornerWidget>(m_content);
+    bool const hasToplevels = m_all.m_globals.hasToplevels();
+    m_widget = std::make_unique<CornerWidget>(m_content, hasToplevels ? std::optional(QColor(darkPanel)) : std::nullopt);
     m_widget->setGeometry(shown);
     m_widget->winId();
     m_role = std::make_unique<LayerSurface>(m_all.m_globals, *m_widget->windowHandle(),
-        LayerSurface::Role { .layer = m_all.m_globals.hasToplevels() ? LayerSurface::Layer::overlay : LayerSurface::Layer::top,
+        LayerSurface::Role { .layer = hasToplevels ? LayerSurface::Layer::overlay : LayerSurface::Layer::top,
             .edges = LayerSurface::topEdge | LayerSurface::leftEdge,
             .size = shown.size(),
             .purpose = "zanthe-vell-corner" });

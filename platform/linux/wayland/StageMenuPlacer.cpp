@@ -23,6 +23,15 @@ using namespace std::chrono_literals;
 constexpr auto patience = 150ms;
 constexpr auto patienceForWindow = 1500ms; ///< until a maximized window is painted
 
+/// The toolkit takes a whole screen for free, of which a maximized window leaves out the panels.
+void keepWithin(QRect area, QMenu& menu)
+{
+    menu.setMaximumHeight(area.height());
+    int const overhang = menu.geometry().bottom() - area.bottom();
+    if (overhang > 0)
+        menu.move(menu.x(), std::max(area.top(), menu.y() - overhang));
+}
+
 } // namespace
 
 StageMenuPlacer::StageMenuPlacer(WaylandGlobals const& globals, Desktop desktop)
@@ -66,9 +75,8 @@ void StageMenuPlacer::find(std::optional<QPoint> pixel, Open open)
 /// On all screens, as a click on any of them closes the menu; a maximized window comes on one.
 void StageMenuPlacer::mapStages()
 {
-    if (!m_globals.layerShell())
-        return addStage(*QGuiApplication::primaryScreen());
-    for (auto* screen : QGuiApplication::screens())
+    auto const screens = realScreens();
+    for (auto* screen : m_globals.layerShell() ? screens : screens.mid(0, 1))
         addStage(*screen);
 }
 
@@ -163,8 +171,11 @@ void StageMenuPlacer::lost()
 
 void StageMenuPlacer::windowShows(QMenu& menu)
 {
-    if (m_stage)
-        menu.windowHandle()->setParent(m_stage->windowHandle());
+    if (!m_stage)
+        return;
+    menu.windowHandle()->setParent(m_stage->windowHandle());
+    if (!m_globals.layerShell())
+        keepWithin({ m_stage->origin(), m_stage->size() }, menu);
 }
 
 /// The widget counts from the desktop's corner, its native window from the stage's.
@@ -181,6 +192,8 @@ void StageMenuPlacer::windowHid(QMenu& menu)
 {
     if (menu.windowHandle())
         menu.windowHandle()->setParent(nullptr);
+    if (m_stage && m_desktop.leaving && !qobject_cast<QMenu*>(menu.parent()))
+        m_desktop.leaving(surfaceOf(*m_stage->windowHandle()));
 }
 
 void StageMenuPlacer::letThrough(bool all)

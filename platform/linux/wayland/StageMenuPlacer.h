@@ -11,6 +11,7 @@
 
 class QScreen;
 class QWindow;
+struct wl_surface;
 
 namespace zv {
 
@@ -24,6 +25,7 @@ public:
     struct Desktop {
         bool isGnome = false; ///< whose tray tells places of the screen
         std::function<std::optional<QPoint>()> pointer; ///< its place on the window; nothing where nobody tells
+        std::function<void(wl_surface*)> leaving {}; ///< called while the menus' surface still has the keyboard
     };
 
     /// The globals outlive it.

@@ -1,5 +1,7 @@
 #include "platform/linux/wayland/ToolkitScreens.h"
 
+#include "platform/linux/wayland/WaylandGlobals.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -17,18 +19,18 @@ QRect primary()
 
 } // namespace
 
+/// Tells in a later turn: when one screen has moved or changed its size, its neighbours follow one by one, and overlap
+/// until then.
 ToolkitScreens::ToolkitScreens()
 {
     auto const changed = [this] {
         if (onChanged)
             onChanged();
     };
-    auto const follow = [this, changed](QScreen* screen) { connect(screen, &QScreen::geometryChanged, this, changed); };
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, [follow, changed](QScreen* screen) {
-        follow(screen);
-        changed();
-    });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, changed, Qt::QueuedConnection);
+    auto const follow = [this, changed](QScreen* screen) { connect(screen, &QScreen::geometryChanged, this, changed, Qt::QueuedConnection); };
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
+    for (auto const change : { &QGuiApplication::screenAdded, &QGuiApplication::screenRemoved })
+        connect(qGuiApp, change, this, changed, Qt::QueuedConnection);
     for (auto* screen : QGuiApplication::screens())
         follow(screen);
 }
@@ -36,7 +38,7 @@ ToolkitScreens::ToolkitScreens()
 std::vector<Rect> ToolkitScreens::frames() const
 {
     std::vector<Rect> frames;
-    for (auto const* screen : QGuiApplication::screens())
+    for (auto const* screen : realScreens())
         frames.push_back(screenRect(screen->geometry()));
     return frames;
 }

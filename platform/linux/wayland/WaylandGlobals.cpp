@@ -4,11 +4,13 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <activation-client.h>
 #include <algorithm>
 #include <cstring>
 #include <foreign-toplevels-client.h>
 #include <layer-shell-client.h>
 #include <qpa/qplatformnativeinterface.h>
+#include <qpa/qplatformscreen.h>
 #include <wayland-client.h>
 
 namespace zv {
@@ -75,8 +77,11 @@ void WaylandGlobals::announced(void* data, wl_registry*, std::uint32_t name, cha
         self.bind(self.m_layerShell, &zwlr_layer_shell_v1_interface, name, std::min(version, layerShellVersion));
     else if (isNamed(zwlr_foreign_toplevel_manager_v1_interface))
         self.m_toplevels = { name, std::min(version, toplevelsVersion) };
-    else if (isNamed(wl_seat_interface))
+    else if (isNamed(wl_seat_interface)) {
+        self.m_seatName = self.m_seat ? self.m_seatName : name;
         self.bind(self.m_seat, &wl_seat_interface, name, 1);
+    } else if (isNamed(xdg_activation_v1_interface))
+        self.bind(self.m_activation, &xdg_activation_v1_interface, name, 1);
     else if (isNamed(wl_compositor_interface))
         self.bind(self.m_compositor, &wl_compositor_interface, name, 1);
 }
@@ -87,6 +92,15 @@ zwlr_foreign_toplevel_manager_v1* WaylandGlobals::bindToplevels() const
         wl_registry_bind(m_registry, m_toplevels.name, &zwlr_foreign_toplevel_manager_v1_interface, m_toplevels.version));
     handOver(manager);
     return manager;
+}
+
+wl_seat* WaylandGlobals::bindSeat() const
+{
+    if (m_seatName == 0)
+        return nullptr;
+    auto* seat = static_cast<wl_seat*>(wl_registry_bind(m_registry, m_seatName, &wl_seat_interface, 1));
+    handOver(seat);
+    return seat;
 }
 
 void WaylandGlobals::adopt(void* proxy) const { wl_proxy_set_queue(proxyOf(proxy), m_queue); }
@@ -110,5 +124,12 @@ void WaylandGlobals::flush() const { wl_display_flush(m_display); }
 wl_surface* surfaceOf(QWindow& window) { return static_cast<wl_surface*>(native().nativeResourceForWindow("surface", &window)); }
 
 wl_output* outputOf(QScreen& screen) { return static_cast<wl_output*>(native().nativeResourceForScreen("output", &screen)); }
+
+QList<QScreen*> realScreens()
+{
+    auto screens = QGuiApplication::screens();
+    screens.removeIf([](QScreen const* screen) { return screen->handle()->isPlaceholder(); });
+    return screens;
+}
 
 } // namespace zv

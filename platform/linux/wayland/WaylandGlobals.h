@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -12,6 +14,7 @@ struct wl_proxy;
 struct wl_registry;
 struct wl_seat;
 struct wl_surface;
+struct xdg_activation_v1;
 struct zwlr_foreign_toplevel_manager_v1;
 struct zwlr_layer_shell_v1;
 class QScreen;
@@ -39,6 +42,11 @@ public:
 
     /// The manager of windows, which tells of them at once: its user listens before any event is read.
     [[nodiscard]] zwlr_foreign_toplevel_manager_v1* bindToplevels() const;
+
+    /// The seat once more, whose events come among the toolkit's own; null where there is none.
+    [[nodiscard]] wl_seat* bindSeat() const;
+    /// Null where the compositor gives no tokens for coming to the front.
+    [[nodiscard]] xdg_activation_v1* activation() const { return m_activation; }
 
     /// Has the object's events come in our queue, to be waited for, …
     void adopt(void* proxy) const;
@@ -68,11 +76,15 @@ private:
     zwlr_layer_shell_v1* m_layerShell = nullptr;
     Announced m_toplevels;
     wl_seat* m_seat = nullptr;
+    std::uint32_t m_seatName = 0;
+    xdg_activation_v1* m_activation = nullptr;
     wl_compositor* m_compositor = nullptr;
 };
 
 /// The toolkit's objects of the protocol; null while there is none.
 [[nodiscard]] wl_surface* surfaceOf(QWindow& window);
 [[nodiscard]] wl_output* outputOf(QScreen& screen);
+/// The screens that are there: while there is none, the toolkit makes one up, which has no output.
+[[nodiscard]] QList<QScreen*> realScreens();
 
 } // namespace zv

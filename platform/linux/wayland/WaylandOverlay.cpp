@@ -34,7 +34,7 @@ public:
         m_heights.clear();
         std::vector<MenuBar> bars;
         MenuBarID id = 0;
-        for (auto* screen : QGuiApplication::screens()) {
+        for (auto* screen : realScreens()) {
             m_heights.push_back(heightOn(*screen));
             if (auto const shown = frame(id))
                 bars.push_back({ *shown, id });
@@ -45,7 +45,7 @@ public:
 
     std::optional<Rect> frame(MenuBarID id) const override
     {
-        auto const screens = QGuiApplication::screens();
+        auto const screens = realScreens();
         if (id >= static_cast<MenuBarID>(screens.size()) || id >= m_heights.size())
             return std::nullopt;
         auto* screen = screens[static_cast<qsizetype>(id)];

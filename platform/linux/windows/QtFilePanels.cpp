@@ -10,9 +10,11 @@ namespace {
 
 Url urlOf(QString const& path) { return Url::fromPath(QFile::encodeName(path).toStdString()); }
 
-QString menusOrAll(FilePanelQuestion const& question)
+QString documentsOrAll(FilePanelQuestion const& question)
 {
-    return QStringLiteral("%1 (*.plist);;%2 (*)").arg(QString::fromStdString(question.documents), QString::fromStdString(question.allFiles));
+    auto const* patterns = question.kind == FilePanelKind::image ? "*.png *.svg *.svgz *.jpg *.jpeg *.webp *.gif *.ico *.bmp *.xpm" : "*.plist";
+    return QStringLiteral("%1 (%2);;%3 (*)")
+        .arg(QString::fromStdString(question.documents), QString::fromLatin1(patterns), QString::fromStdString(question.allFiles));
 }
 
 /// Links are chosen themselves, not their targets.
@@ -28,8 +30,8 @@ std::vector<Url> QtFilePanels::chooseToOpen(FilePanelQuestion const& question)
     QStringList paths;
     if (kind == FilePanelKind::folder)
         paths << QFileDialog::getExistingDirectory(parent, caption, QDir::homePath(), options | QFileDialog::ShowDirsOnly);
-    else if (kind == FilePanelKind::menuDocument)
-        paths << QFileDialog::getOpenFileName(parent, caption, QDir::homePath(), menusOrAll(question), nullptr, options);
+    else if (kind != FilePanelKind::filesAndFolders)
+        paths << QFileDialog::getOpenFileName(parent, caption, QDir::homePath(), documentsOrAll(question), nullptr, options);
     else
         paths = QFileDialog::getOpenFileNames(parent, caption, QDir::homePath(), QString(), nullptr, options);
     std::vector<Url> chosen;

@@ -1,10 +1,49 @@
 #include "platform/linux/x11/X11Screens.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 #include <algorithm>
 #include <cmath>
 #include <xcb/randr.h>
 
 namespace zv {
+
+namespace {
+
+/// A rectangle in the toolkit's coordinates: y grows downwards.
+struct Area {
+    double x, y, width, height;
+};
+
+Area inPoints(XMonitor const& monitor)
+{
+    return { double(monitor.rect.x), double(monitor.rect.y), monitor.rect.width / monitor.scale, monitor.rect.height / monitor.scale };
+}
+Area inPixels(XMonitor const& monitor) { return { double(monitor.rect.x), double(monitor.rect.y), double(monitor.rect.width), double(monitor.rect.height) }; }
+
+/// The monitor on which the rectangle begins, or slides onto; `areaOf` has the rectangle's coordinates.
+XMonitor const& monitorAt(std::vector<XMonitor> const& monitors, Area const& rect, Area (*areaOf)(XMonitor const&))
+{
+    auto const distance = [&, y = rect.y + rect.height / 2](XMonitor const& monitor) {
+        auto const area = areaOf(monitor);
+        double const aside = std::max({ area.x - rect.x, 0.0, rect.x - (area.x + area.width - 1) });
+        return std::hypot(aside, std::max({ area.y - y, 0.0, y - (area.y + area.height - 1) }));
+    };
+    return *std::ranges::min_element(monitors, {}, distance);
+}
+
+/// The toolkit may not know the monitor yet.
+double scaleOf(XRect const& monitor)
+{
+    for (auto const* screen : QGuiApplication::screens()) {
+        if (screen->geometry().topLeft() == QPoint(monitor.x, monitor.y))
+            return screen->devicePixelRatio();
+    }
+    return qGuiApp ? qGuiApp->devicePixelRatio() : 1;
+}
+
+} // namespace
 
 XRect XRect::intersected(XRect const& other) const
 {
@@ -15,20 +54,35 @@ XRect XRect::intersected(XRect const& other) const
 
 Rect XScreenSpace::toScreen(XRect const& rect) const
 {
-    return { (rect.x - primary.x) / scale, (primary.bottom() - rect.bottom()) / scale, rect.width / scale, rect.height / scale };
+    auto const& [origin, scale] = monitorAt(monitors, { double(rect.x), double(rect.y), double(rect.width), double(rect.height) }, inPixels);
+    auto const primary = inPoints(monitors.front());
+    double const left = origin.x + (rect.x - origin.x) / scale, bottom = origin.y + (rect.bottom() - origin.y) / scale;
+    return { left - primary.x, primary.y + primary.height - bottom, rect.width / scale, rect.height / scale };
 }
 
-Point XScreenSpace::toScreen(int x, int y) const { return { (x - primary.x) / scale, (primary.bottom() - y) / scale }; }
+Point XScreenSpace::toScreen(int x, int y) const
+{
+    auto const place = toScreen(XRect { x, y, 0, 0 });
+    return { place.x, place.y };
+}
 
 XRect XScreenSpace::fromScreen(Rect const& rect) const
 {
-    auto const pixels = [this](double points) { return static_cast<int>(std::lround(points * scale)); };
-    return { primary.x + pixels(rect.x), primary.bottom() - pixels(rect.maxY()), pixels(rect.width), pixels(rect.height) };
+    auto const primary = inPoints(monitors.front());
+    double const left = primary.x + rect.x, top = primary.y + primary.height - rect.maxY();
+    auto const& [origin, scale] = monitorAt(monitors, { left, top, rect.width, rect.height }, inPoints);
+    auto const pixels = [scale = scale](double points) { return static_cast<int>(std::lround(points * scale)); };
+    int const bottom = origin.y + pixels(top + rect.height - origin.y), height = pixels(rect.height);
+    return { origin.x + pixels(left - origin.x), bottom - height, pixels(rect.width), height };
 }
 
-X11Screens::X11Screens(X11Connection& x, double scale)
+double XScreenSpace::scaleAt(XRect const& rect) const
+{
+    return monitorAt(monitors, { double(rect.x), double(rect.y), double(rect.width), double(rect.height) }, inPixels).scale;
+}
+
+X11Screens::X11Screens(X11Connection& x)
     : m_x(x)
-    , m_scale(scale)
 {
     auto const* extension = xcb_get_extension_data(x.get(), &xcb_randr_id);
     if (extension && extension->present) {
@@ -52,7 +106,13 @@ std::vector<Rect> X11Screens::frames() const
     return frames;
 }
 
-XScreenSpace X11Screens::space() const { return { m_monitors.empty() ? XRect {} : m_monitors.front(), m_scale }; }
+XScreenSpace X11Screens::space() const
+{
+    XScreenSpace space;
+    for (auto const& monitor : m_monitors)
+        space.monitors.push_back({ monitor, scaleOf(monitor) });
+    return space;
+}
 
 void X11Screens::handle(xcb_generic_event_t const& event)
 {

@@ -21,21 +21,27 @@ struct XRect {
     friend bool operator==(XRect const&, XRect const&) = default;
 };
 
-/// Converts between the X server's pixels and the program's points.
-struct XScreenSpace {
-    XRect primary;
+struct XMonitor {
+    XRect rect;
     double scale = 1; ///< pixels a point
+};
+
+/// Converts between the X server's pixels and the program's points. As in the toolkit, each monitor is scaled about its
+/// own upper left corner, which keeps its place in pixels.
+struct XScreenSpace {
+    std::vector<XMonitor> monitors; ///< the primary one first; never empty
 
     [[nodiscard]] Rect toScreen(XRect const& rect) const;
     [[nodiscard]] Point toScreen(int x, int y) const;
     [[nodiscard]] XRect fromScreen(Rect const& rect) const;
+    /// The scale of the monitor on which the rectangle begins.
+    [[nodiscard]] double scaleAt(XRect const& rect) const;
 };
 
 /// The monitors of RandR, the primary one first.
 class X11Screens : public Screens {
 public:
-    /// `scale` is the number of pixels a point.
-    X11Screens(X11Connection& x, double scale);
+    explicit X11Screens(X11Connection& x);
 
     std::vector<Rect> frames() const override;
     [[nodiscard]] std::vector<XRect> const& monitors() const { return m_monitors; }
@@ -47,7 +53,6 @@ private:
     [[nodiscard]] std::vector<XRect> readMonitors() const;
 
     X11Connection& m_x;
-    double m_scale;
     std::uint8_t m_firstRandrEvent = 0;
     bool m_isStale = false;
     std::vector<XRect> m_monitors;

@@ -8,6 +8,7 @@
 #include "platform/desk/IconSource.h"
 #include "platform/desk/ModifierKeys.h"
 #include "platform/desk/NotesWindow.h"
+#include "platform/desk/PictureSource.h"
 #include "platform/desk/SettingsWindow.h"
 #include "platform/desk/TextMeasure.h"
 #include "platform/desk/UserNotifications.h"
@@ -102,6 +103,7 @@ std::unique_ptr<NetworkInterfaces> makeNetworkInterfaces();
 std::unique_ptr<NotesWindows> makeNotesWindows();
 std::unique_ptr<OverlayPanels> makeOverlayPanels();
 std::unique_ptr<Permissions> makePermissions();
+std::unique_ptr<PictureSource> makePictureSource(Tasks& tasks);
 std::unique_ptr<PointerMonitor> makePointerMonitor();
 std::unique_ptr<MessagePort> makeMessagePort();
 std::unique_ptr<RecentFiles> makeRecentFiles();

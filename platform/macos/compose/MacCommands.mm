@@ -28,6 +28,8 @@ class PictureNames : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override { return file.isFile() ? named(file.path()) : nullptr; }
     ImageRef systemIcon(SystemIcon icon) override { return named(std::string(nameOfSystemIcon(icon))); }
+    ImageRef namedIcon(std::string const& name, ImageRef const& /*otherwise*/) override { return named(name); }
+    ImageRef imageIn(Url const& file, ImageRef const& /*otherwise*/) override { return named(file.path()); }
 
 private:
     static ImageRef named(std::string name) { return name.empty() ? nullptr : std::make_shared<PictureName>(std::move(name)); }

@@ -65,6 +65,7 @@ private:
     std::unique_ptr<UserNotifications> m_userNotifications = makeUserNotifications();
     std::unique_ptr<FilePanels> m_filePanels = makeFilePanels();
     std::unique_ptr<Forms> m_forms = makeForms();
+    std::unique_ptr<PictureSource> m_pictures = makePictureSource(m_system.tasks());
     std::unique_ptr<Permissions> m_permissions = makePermissions();
     std::unique_ptr<Alerts> m_sheets = makeSheets();
     std::unique_ptr<SettingsWindow> m_settingsWindow;

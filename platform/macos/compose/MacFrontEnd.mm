@@ -114,12 +114,14 @@ Surface MacFrontEnd::surface()
             .notes = *m_notesWindows,
             .filePanels = *m_filePanels,
             .forms = *m_forms,
+            .pictures = *m_pictures,
             .notifications = *m_userNotifications },
         .home = { .installation = *m_installation,
             .loginService = *m_loginService,
             .makeUpdateEngine = makeUpdateEngine,
             .installedApplications = [this](auto use) { listApplications(std::move(use)); },
             .permissions = m_permissions.get(),
+            .extension = nullptr,
             .provideServices = [this] { NSApp.servicesProvider = m_services; },
             .diagnostics = [this] { return diagnostics(); } } };
 }

@@ -21,6 +21,8 @@ Places placesOfThisProgram()
     return { .bundle = fromNSURL(NSBundle.mainBundle.bundleURL),
         .environment = processEnvironment(),
         .home = homeFolder().path(),
+        .userFolders
+        = { homeFolder().appending("Desktop"), homeFolder().appending("Documents"), homeFolder().appending("Downloads"), homeFolder().appending("Pictures") },
         .itemsFolder = itemsFolder(),
         .backupsFolder = backupsFolder(),
         .chosenFile = chosenFile() };

@@ -13,7 +13,8 @@ public:
     std::vector<Url> chooseToOpen(FilePanelQuestion const& question) override
     {
         NSOpenPanel* const panel = [NSOpenPanel openPanel];
-        bool const isDocument = question.kind == FilePanelKind::menuDocument;
+        bool const isImage = question.kind == FilePanelKind::image;
+        bool const isDocument = isImage || question.kind == FilePanelKind::menuDocument;
         panel.title = toNSString(question.title);
         panel.message = toNSString(question.title); // panels show no title of their own any more
         panel.canChooseFiles = question.kind != FilePanelKind::folder;
@@ -21,7 +22,7 @@ public:
         panel.allowsMultipleSelection = !isDocument;
         panel.resolvesAliases = isDocument;
         if (isDocument)
-            panel.allowedContentTypes = @[ [UTType typeWithIdentifier:@"com.apple.property-list"] ];
+            panel.allowedContentTypes = @[ [UTType typeWithIdentifier:isImage ? @"public.image" : @"com.apple.property-list"] ];
         bringToFront(panel);
         if ([panel runModal] != NSModalResponseOK)
             return {};

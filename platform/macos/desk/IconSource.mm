@@ -7,6 +7,7 @@
 
 #import <UniformTypeIdentifiers/UniformTypeIdentifiers.h>
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace zv {
@@ -15,16 +16,26 @@ namespace {
 
 constexpr double iconSize = 16;
 
-/// Draws the picture at each use, so that it is sharp at every scale.
+/// The largest rectangle of those proportions in the middle of the box.
+NSRect fitted(NSSize size, NSRect box)
+{
+    double const longest = std::max({ size.width, size.height, 1.0 });
+    double const width = box.size.width * size.width / longest;
+    double const height = box.size.height * size.height / longest;
+    return NSMakeRect(NSMidX(box) - width / 2, NSMidY(box) - height / 2, width, height);
+}
+
+/// Draws the picture at each use, so that it is sharp at every scale. A symbol keeps the colour of the text around it.
 ImageRef menuSized(NSImage* source, std::string name)
 {
     if (!source)
         return nullptr;
     BOOL (^const draw)(NSRect) = ^BOOL(NSRect rect) {
-        [source drawInRect:rect fromRect:NSZeroRect operation:NSCompositingOperationSourceOver fraction:1];
+        [source drawInRect:fitted(source.size, rect) fromRect:NSZeroRect operation:NSCompositingOperationSourceOver fraction:1];
         return YES;
     };
     NSImage* const image = [NSImage imageWithSize:NSMakeSize(iconSize, iconSize) flipped:NO drawingHandler:draw];
+    [image setTemplate:[source isTemplate]];
     return image ? std::make_shared<MacImage>(image, std::move(name)) : nullptr;
 }
 
@@ -75,6 +86,13 @@ NSImage* pictureWithoutFile(SystemIcon icon)
     }
 }
 
+/// A symbol of the system, as it is: it has the colour of the entry's text.
+ImageRef symbolNamed(std::string_view name)
+{
+    NSImage* const symbol = [NSImage imageWithSystemSymbolName:toNSString(name) accessibilityDescription:nil];
+    return symbol ? std::make_shared<MacImage>(symbol, std::string(name)) : nullptr;
+}
+
 /// Goes by the name alone; a name without an extension counts as a folder.
 NSImage* iconOfName(NSString* extension)
 {
@@ -99,7 +117,22 @@ public:
     ImageRef systemIcon(SystemIcon icon) override
     {
         auto const name = nameOfSystemIcon(icon);
-        return name.starts_with('/') ? fileIcon(Url::fromPath(name)) : menuSized(pictureWithoutFile(icon), std::string(name));
+        if (name.starts_with('/'))
+            return fileIcon(Url::fromPath(name));
+        auto const picture = menuSized(pictureWithoutFile(icon), std::string(name));
+        return picture ? picture : symbolNamed(name);
+    }
+    ImageRef namedIcon(std::string const& name, ImageRef const& otherwise) override
+    {
+        auto symbol = menuSized([NSImage imageWithSystemSymbolName:toNSString(name) accessibilityDescription:nil], name);
+        return symbol ? symbol : otherwise;
+    }
+    ImageRef imageIn(Url const& file, ImageRef const& otherwise) override
+    {
+        if (leadsToRemoteVolume(file.path()) || !isSmallFile(file.path()))
+            return otherwise;
+        auto image = menuSized([[NSImage alloc] initWithContentsOfFile:toNSURL(file).path], file.path());
+        return image ? image : otherwise;
     }
 };
 

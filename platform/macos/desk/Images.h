@@ -29,6 +29,14 @@ private:
 /// Nil for none.
 inline NSImage* _Nullable toNSImage(ImageRef const& image) { return image ? std::static_pointer_cast<MacImage const>(image)->image() : nil; }
 
+/// The same for a place where it is shown larger, in points.
+inline NSImage* _Nullable enlarged(ImageRef const& image, double size)
+{
+    NSImage* const copy = [toNSImage(image) copy];
+    copy.size = NSMakeSize(size, size);
+    return copy;
+}
+
 } // namespace zv
 
 NS_ASSUME_NONNULL_END

@@ -7,7 +7,7 @@
 namespace zv {
 
 /// The name of a picture: the path of the application or extension of the system whose icon
-/// it is, or a word where it is no file's; empty where the system's own menu has no picture.
+/// it is, or a word where it is no file's: for commands that have none in the system's own menu, a symbol of the system.
 constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
 {
     switch (icon) {
@@ -32,15 +32,23 @@ constexpr std::string_view nameOfSystemIcon(SystemIcon icon)
     case SystemIcon::systemSettings:
         return "/System/Applications/System Settings.app";
     case SystemIcon::forceQuit:
+        return "xmark.octagon";
     case SystemIcon::lockScreen:
+        return "lock";
     case SystemIcon::logOut:
+        return "rectangle.portrait.and.arrow.right";
     case SystemIcon::recentItems:
+        return "clock";
     case SystemIcon::restart:
+        return "arrow.clockwise";
     case SystemIcon::runningApplications:
+        return "macwindow.on.rectangle";
     case SystemIcon::shutDown:
+        return "power";
     case SystemIcon::sleep:
+        return "moon.zzz";
     case SystemIcon::volumes:
-        break;
+        return "externaldrive";
     }
     return {};
 }

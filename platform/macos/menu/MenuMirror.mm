@@ -62,6 +62,32 @@ NSParagraphStyle* styleWithTab(double place)
     return style;
 }
 
+constexpr zv::Rgb lightGround = 0xf0f0f0; // of menus, which let some of what is below them through
+constexpr zv::Rgb darkGround = 0x2c2c2c;
+
+NSColor* toNSColor(zv::Rgb color)
+{
+    auto const part = [color](int shift) { return ((color >> shift) & 0xff) / CGFloat(255); };
+    return [NSColor colorWithSRGBRed:part(16) green:part(8) blue:part(0) alpha:1];
+}
+
+/// The colour in each appearance, as far as it can be read there.
+NSColor* toNSColor(zv::TextColor const& color)
+{
+    return [NSColor colorWithName:nil
+                  dynamicProvider:^NSColor*(NSAppearance* appearance) {
+                      NSString* const found = [appearance bestMatchFromAppearancesWithNames:@[ NSAppearanceNameAqua, NSAppearanceNameDarkAqua ]];
+                      bool const isDark = [found isEqualToString:NSAppearanceNameDarkAqua];
+                      return toNSColor(zv::readableOn(isDark ? darkGround : lightGround, color));
+                  }];
+}
+
+NSAttributedString* coloredTitle(std::string const& title, zv::TextColor const& color)
+{
+    NSDictionary* const attributes = @ { NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : toNSColor(color) };
+    return [[NSAttributedString alloc] initWithString:zv::toNSString(title) attributes:attributes];
+}
+
 NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 {
     NSMutableDictionary<NSAttributedStringKey, id>* const attributes = [NSMutableDictionary dictionaryWithObject:menuFont(title.italic)
@@ -81,8 +107,8 @@ NSAttributedString* toAttributedString(zv::AttributedTitle const& title)
 NSAttributedString* titleWithWay(std::string const& title, zv::EntryWay const& way)
 {
     NSString* const text = [zv::toNSString(title) stringByAppendingString:@"   "];
-    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:text attributes:@{ NSFontAttributeName : menuFont(false) }];
-    NSDictionary* const faint = @{ NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : NSColor.secondaryLabelColor };
+    NSMutableAttributedString* const made = [[NSMutableAttributedString alloc] initWithString:text attributes:@ { NSFontAttributeName : menuFont(false) }];
+    NSDictionary* const faint = @ { NSFontAttributeName : menuFont(false), NSForegroundColorAttributeName : NSColor.secondaryLabelColor };
     [made appendAttributedString:[[NSAttributedString alloc] initWithString:zv::toNSString(way.text) attributes:faint]];
     return made;
 }
@@ -100,6 +126,8 @@ void setTexts(NSMenuItem* item, MenuEntry const& entry)
 {
     if (entry.way)
         item.attributedTitle = titleWithWay(entry.visibleTitle(), *entry.way);
+    else if (entry.color)
+        item.attributedTitle = coloredTitle(entry.title, *entry.color);
     else if (entry.attributedTitle)
         item.attributedTitle = toAttributedString(*entry.attributedTitle);
     if (!entry.toolTip.empty())

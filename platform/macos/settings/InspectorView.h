@@ -5,6 +5,7 @@
 #include "app/settings/ItemInspector.h"
 #include "app/settings/SettingsModels.h"
 #import "platform/macos/settings/Controls.h"
+#import "platform/macos/settings/PictureRow.h"
 #import "platform/macos/settings/RecorderField.h"
 
 #include <cstddef>
@@ -37,6 +38,7 @@ private:
     SettingsModels& m_models;
     ControlActions m_actions;
     RecorderField m_recorder;
+    PictureRow m_picture;
     std::optional<Uuid> m_id;
     std::string m_shownTitle;
     std::optional<Uuid> m_shortcutOwner;
@@ -54,6 +56,7 @@ private:
     NSStackView* m_form = nil;
     NSView* m_titleRow = nil;
     NSView* m_targetRow = nil;
+    NSView* m_pictureRow = nil;
     NSView* m_depthRow = nil;
     NSView* m_listingRow = nil;
     NSView* m_shortcutRow = nil;

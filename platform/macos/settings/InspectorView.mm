@@ -30,6 +30,7 @@ void setShown(NSView* view, bool isShown)
 InspectorView::InspectorView(SettingsModels& models)
     : m_models(models)
     , m_recorder(models)
+    , m_picture(models)
     , m_heading(boldLabel(""))
     , m_title([[NSTextField alloc] initWithFrame:NSZeroRect])
     , m_target(note(""))
@@ -68,6 +69,7 @@ void InspectorView::buildForm()
         = pushButton(tr(settingsTexts::reveal.title), tr(settingsTexts::reveal.help), m_actions, editing([this](Uuid const& id) { m_models.reveal(id); }));
     m_titleRow = titled(tr(settingsTexts::title), m_title);
     m_targetRow = titled(tr(settingsTexts::target), stack(Direction::column, { m_target, stack(Direction::row, { m_choose, show }) }));
+    m_pictureRow = titled(tr(m_models.pictures().texts().picture), m_picture.view());
     m_depthRow = titled(m_models.wording().depth, m_depth);
     m_listing = pushButton("", tr(settingsTexts::listingHelp), m_actions, editing([this](Uuid const& id) { m_models.chooseListing(id); }));
     m_listingRow = titled(tr(settingsTexts::listing), m_listing);
@@ -76,7 +78,8 @@ void InspectorView::buildForm()
         if (m_shortcutOwner && onShowItem)
             onShowItem(Uuid(*m_shortcutOwner));
     });
-    m_form = stack(Direction::column, { m_titleRow, m_targetRow, m_depthRow, m_listingRow, m_shortcutRow, m_shortcutNote, m_showOwner, m_hidden, m_note });
+    m_form = stack(
+        Direction::column, { m_titleRow, m_targetRow, m_pictureRow, m_depthRow, m_listingRow, m_shortcutRow, m_shortcutNote, m_showOwner, m_hidden, m_note });
     m_form.spacing = 12;
     m_view = stack(Direction::column, { m_heading, m_form });
 }
@@ -98,9 +101,13 @@ void InspectorView::show(MenuItem const* item, std::size_t selected)
     }
     m_id = item ? std::optional(item->id) : std::nullopt;
     setShown(m_form, item != nullptr);
-    if (item)
-        return fill(m_models.inspectorFieldsOf(*item));
-    m_heading.stringValue = toNSString(settingsTexts::selected(selected));
+    if (!item) {
+        m_heading.stringValue = toNSString(settingsTexts::selected(selected));
+        return;
+    }
+    auto const fields = m_models.inspectorFieldsOf(*item);
+    fill(fields);
+    m_picture.show(*item, fields);
 }
 
 void InspectorView::fill(InspectorFields const& fields)
@@ -125,6 +132,7 @@ void InspectorView::fill(InspectorFields const& fields)
     setShown(m_showOwner, fields.shortcutOwner.has_value());
     setShown(m_titleRow, fields.hasTitle);
     setShown(m_targetRow, fields.hasTarget);
+    setShown(m_pictureRow, fields.hasPicture);
     setShown(m_depthRow, fields.hasDepth);
     setShown(m_shortcutRow, fields.hasShortcut);
     setShown(m_hidden, fields.canHide);

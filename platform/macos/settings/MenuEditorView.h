@@ -5,6 +5,7 @@
 #include "app/settings/SettingsModels.h"
 #include "base/Lifetime.h"
 #include "base/Observation.h"
+#import "platform/macos/settings/GalleryView.h"
 #import "platform/macos/settings/InspectorView.h"
 #import "platform/macos/settings/LibraryView.h"
 #import "platform/macos/settings/MenuOutlineTree.h"
@@ -38,6 +39,7 @@ NS_ASSUME_NONNULL_BEGIN
     NSSplitView* _menuSide;
     NSStackView* _buttons;
     NSButton* _remove;
+    ZVGallery* _gallery;
     zv::Observation _observation;
     zv::Lifetime _lifetime;
 }

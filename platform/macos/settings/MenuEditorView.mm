@@ -197,10 +197,21 @@ NSImage* warning(std::string const& spoken)
 {
     __unsafe_unretained ZVMenuEditor* const editor = self;
     NSButton* const restore = zv::pushButton(zv::tr(texts::restoreDefaultMenu), {}, _actions, [editor] { editor->_models->menuFile().restoreDefaultMenu(); });
-    NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), restore });
+    auto const& start = zv::StartGallery::texts();
+    bool const canTake = _models->gallery().canTake();
+    auto const help = canTake ? zv::tr(start.openHelp) : _models->gallery().note();
+    NSButton* const other = zv::pushButton(zv::tr(start.open), help, _actions, [editor] { [editor openGallery]; });
+    other.enabled = canTake ? YES : NO;
+    NSStackView* const made = zv::stack(zv::Direction::column, { _inspector->view(), other, restore });
     made.edgeInsets = NSEdgeInsetsMake(0, 10, 0, 0);
     zv::setMinimumWidth(made, 230);
     return made;
+}
+
+- (void)openGallery
+{
+    _gallery = [[ZVGallery alloc] initWithModels:*_models];
+    [_gallery open];
 }
 
 #pragma mark The tree

@@ -3,6 +3,7 @@
 #import "platform/macos/cocoa/Factories.h"
 #import "platform/macos/cocoa/Observers.h"
 #import "platform/macos/settings/AboutView.h"
+#import "platform/macos/settings/GalleryView.h"
 #import "platform/macos/settings/MenuEditorView.h"
 #import "platform/macos/settings/SettingsPage.h"
 
@@ -200,10 +201,16 @@ public:
         openOrRaise();
         m_settings->showItem(item);
     }
+    void openGallery() override
+    {
+        m_gallery = [[ZVGallery alloc] initWithModels:m_models()];
+        [m_gallery open];
+    }
 
 private:
     std::function<SettingsModels&()> m_models;
     std::unique_ptr<MacSettings> m_settings;
+    ZVGallery* m_gallery = nil;
 };
 
 } // namespace

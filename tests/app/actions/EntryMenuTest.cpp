@@ -126,6 +126,30 @@ TEST_F(EntryMenuTest, RowsActOnTheirEntry)
     EXPECT_EQ(app->delegate().store().find(sleep), nullptr);
 }
 
+TEST_F(EntryMenuTest, KeepInMenuIsCheckedWhileAnEntryIsKeptAndLetsItGoWhenItsFileHasGone)
+{
+    machine.recentServers.servers = { { *Url::parse("smb://nas/share"), {} } };
+    launchWith({ item(Kind::recentDocs), item(Kind::recentServers) });
+    std::vector<std::string> const document { "Recent Documents", "a.txt" };
+    entryAt({ "Recent Documents" }).submenu->needsUpdate();
+    for (std::size_t i = 0; i < machine.recentFiles.searches.size(); ++i)
+        machine.recentFiles.answer(i, { { "/a.txt" } });
+    auto const isKept = [this](std::vector<std::string> const& entry) { return entryIn(*menuOf(entry).submenu, "Keep in Menu")->isMarked; };
+    for (auto const& entry : { document, { "Recent Servers", "share — nas" } }) {
+        EXPECT_FALSE(isKept(entry));
+        choose(entry, "Keep in Menu");
+        EXPECT_TRUE(isKept(entry));
+    }
+    machine.files.nodes.erase("/a.txt");
+    EXPECT_FALSE(entryAt(document).enabled);
+    EXPECT_EQ(titlesOf(*menuOf(document).submenu), "Keep in Menu");
+    choose(document, "Keep in Menu");
+    machine.recentServers.servers->clear();
+    EXPECT_EQ(entryAt({ "Recent Servers", "share — nas" }).title, "share — nas");
+    EXPECT_EQ(entryAt(document).title, "a.txt") << "the desktop still remembers it";
+    EXPECT_TRUE(entryAt(document).enabled);
+}
+
 TEST_F(EntryMenuTest, OptionPutsAFoldersOpeningAboveItsEntries)
 {
     auto group = item(Kind::submenu);

@@ -43,6 +43,13 @@ TEST(DesktopChecks, FindNothingWhereNothingIsWanting)
     }
 }
 
+using Extension = DesktopExtension::State;
+
+std::function<void(Found&)> onGnome(Extension extension)
+{
+    return [extension](Found& f) { f.display = Found::Display::waylandWithoutLayers, f.isGnome = true, f.extension = extension; };
+}
+
 TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
 {
     struct Row {
@@ -57,9 +64,15 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
         { "a stranger's display", [](Found& f) { f.display = Found::Display::unreachable; }, "Display", State::missing, "the user it belongs to" },
         { "Wayland, no plug-in", [](Found& f) { f.display = Found::Display::waylandWithoutPlugin; }, "Display", State::missing, "qt6-wayland" },
         { "Wayland", [](Found& f) { f.display = Found::Display::waylandWithoutLayers; }, "Display", State::limited, "zanthe-vell show" },
-        { "GNOME alone", [](Found& f) { f.display = Found::Display::waylandWithoutLayers, f.isGnome = true; }, "Display", State::limited, "gnome-extensions" },
+        { "GNOME alone", onGnome(Extension::missing), "Display", State::limited, "Install the package" },
+        { "GNOME, extension off", onGnome(Extension::off), "Display", State::limited, "in the settings" },
+        { "GNOME before the login", onGnome(Extension::onFromNextLogin), "Display", State::limited, "Log in again" },
         { "Wayland with X", [](Found& f) { f.display = Found::Display::x11WithinWayland; }, "Display", State::limited, "QT_QPA_PLATFORM" },
-        { "Hyprland", [](Found& f) { f.hotkeys = HotkeySupport::none, f.desktopNames = "Hyprland"; }, "Hotkeys", State::missing, "bind = SUPER" },
+        { "Hyprland",
+            [](Found& f) {
+                f.hotkeys = HotkeySupport::none, f.bindingOfShow = { "~/keys", "a key" };
+            },
+            "Hotkeys", State::missing, "~/keys: a key" },
         { "no window manager", [](Found& f) { f.hasWindowManager = false; }, "Windows", State::limited, "openbox" },
         { "no panel at an edge", [](Found& f) { f.hasCornerPanel = false; }, "Corner", State::limited, "As soon as one comes" },
         { "no session bus", [](Found& f) { f.hasSessionBus = false; }, "Session bus", State::missing, "dbus-user-session" },

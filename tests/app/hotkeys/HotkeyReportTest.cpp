@@ -31,6 +31,17 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}],)"
         R"("unavailable":[{"shortcut":"⌘Я","reason":"notOnLayout","file":"/c"},{"shortcut":"⌘F1","reason":"keptBySystem","file":"/d"}],)"
         R"("support":"everywhere"})");
+
+    registrar.supported = HotkeySupport::none;
+    auto group = MenuItem::ofKind(MenuItemKind::submenu);
+    group.id = *Uuid::parse("00000000-0000-0000-0000-0000000000CD");
+    group.children = { item };
+    center.menuItemsChanged({ group });
+    EXPECT_NE(
+        hotkeyReport(&center).find(
+            R"("bindings":[{"file":"~/keys","line":"14 zanthe-vell perform 00000000-0000-0000-0000-0000000000CD 00000000-0000-0000-0000-0000000000AB"},{"file":"~/keys","line":"96 xdg-open '/a�'"}])"),
+        std::string::npos)
+        << hotkeyReport(&center);
 }
 
 } // namespace

@@ -90,11 +90,11 @@ TEST_F(VolumeEntries, PutTheBootVolumeFirstAndTheRestInOrder)
     auto const entries = volumeEntries({
         { Url::fromPath("/media/me/STICK10"), "" },
         { Url::fromPath("/media/me/0001"), "stick 9" },
-        { Url::fromPath("/"), "", true },
+        { Url::fromPath("/"), "Trixie", true },
         { url("smb://nas/public"), "public on nas" },
         { Url::fromPath("/media/me/0001"), "told twice" },
     });
-    EXPECT_EQ(titlesOf(entries), (Titles { "File System", "public on nas", "stick 9", "STICK10" }));
+    EXPECT_EQ(titlesOf(entries), (Titles { "Trixie", "public on nas", "stick 9", "STICK10" }));
 }
 
 TEST_F(VolumeEntries, AreNamedByLabelThenByPath)

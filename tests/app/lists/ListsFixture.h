@@ -16,10 +16,12 @@ struct ListsFixture : fakes::FakeSystem, ShortcutCommands, LocationCommands {
     void selectLocation(std::string const& id, std::string const& name) override { chosen.push_back(id + "|" + name); }
 
     Preferences preferences { defaults };
+    KeptEntries kept { defaults };
     FolderListings listings { folders, time };
     fakes::FakeListedFolders listedFolders;
     System machine = system();
     DynamicMenuProvider lists = allLists({ .preferences = preferences,
+        .kept = kept,
         .folders = listings,
         .files = files,
         .itemsFolder = places.itemsFolder,

@@ -37,7 +37,7 @@ struct AllLists : testing::Test, ListsFixture {
 
     std::vector<std::string> const scopeNames { "anything", "app", "folder", "document" };
     fakes::FakeIconSource pictures;
-    MenuIcon icons { pictures, lists, Url::fromPath("/data/Items") };
+    MenuIcon icons { pictures, lists, Url::fromPath("/data/Items"), [] { return true; } };
 };
 
 TEST_F(AllLists, EachKindThatFillsItselfHasItsOwn)

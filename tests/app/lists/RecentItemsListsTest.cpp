@@ -90,6 +90,34 @@ TEST_F(RecentItemsLists, AskAnewWhenWhatIsKnownIsOldOrOfAnotherLimit)
     EXPECT_EQ(recentFiles.searches[2]->question.limit, 50U);
 }
 
+TEST_F(RecentItemsLists, KeepEntriesAboveTheRecentOnesWhateverTheLimit)
+{
+    files.addFile("/kept");
+    folders->remote = { "/net/far" };
+    preferences.setRecentItemsLimit(2);
+    PropertyListArray const ofAnotherVersion { PropertyListDictionary { { "List", "recentPeople" }, { "URL", "file:///kept" } }, "?" };
+    defaults.keep(KeptEntries::defaultsKey, ofAnotherVersion);
+    for (auto const* path : { "/kept", "/gone", "/E1", "/net/far" })
+        kept.toggle(Kind::recentDocs, Url::fromPath(path));
+    opened(Kind::recentDocs);
+    EXPECT_EQ(recentFiles.searches.back()->question.limit, 6U);
+    files.addFile("/E1");
+    answer(0, 6);
+    EXPECT_EQ(submenu.titles, (Titles { "kept", "gone", "E1", "far", "", "E2", "E3" }));
+    auto const shown = entries(Kind::recentDocs);
+    EXPECT_EQ(shown[1].unavailabilityReason, "This file was moved or deleted, or the volume that holds it is away.");
+    EXPECT_EQ(shown[1].recentList, Kind::recentDocs) << "else nothing lets it go";
+    EXPECT_EQ(shown[3].unavailabilityReason, std::nullopt) << "what is on a server is not looked at";
+    opened(Kind::recentItems);
+    answer(recentFiles.searches.size() - 1, 1);
+    EXPECT_EQ(submenu.titles, Titles { "E1" }) << "another list";
+
+    KeptEntries afterwards { defaults };
+    for (auto const& url : afterwards.of(Kind::recentDocs))
+        afterwards.toggle(Kind::recentDocs, url);
+    EXPECT_EQ(defaults.storedObject(KeptEntries::defaultsKey), PropertyList(ofAnotherVersion));
+}
+
 TEST_F(RecentItemsLists, OpenedAgainWhileTheyLoadShareTheOneSearch)
 {
     Submenu first, second;

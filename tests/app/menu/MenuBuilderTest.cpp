@@ -311,6 +311,21 @@ TEST_F(MenuBuilderTest, IconsAreSetOnlyWhenPreferred)
     EXPECT_EQ(iconOf(afresh->entries[1]), "kind:Restart");
 }
 
+TEST_F(MenuBuilderTest, APictureOfItsOwnStandsBeforeEveryKindOfEntry)
+{
+    files.addFile("/home/me/notes.txt");
+    std::vector<MenuItem> pictured { item(Kind::sleep), item(Kind::submenu), item(Kind::mountedVolumes), item(Kind::quitZantheVell),
+        fileItem("/home/me/notes.txt"), fileItem("/gone") };
+    for (auto& each : pictured)
+        setPicture(each, ItemPicture { ItemPicture::Kind::icon, "star" });
+    for (bool const showsIcons : { true, false }) {
+        preferences.setShowIcons(showsIcons);
+        auto const menu = build(pictured);
+        for (std::size_t i = 0; i < pictured.size(); ++i)
+            EXPECT_EQ(iconOf(menu->entries[i]), showsIcons ? "picture:star" : "") << i;
+    }
+}
+
 std::vector<std::byte> fileBytes(std::string const& path)
 {
     std::ifstream file(path, std::ios::binary);
@@ -373,7 +388,8 @@ TEST_F(MenuBuilderTest, AnEntryOfAListBecomesWhatItCanBe)
         EXPECT_EQ(linesOf(menu).front(), row.line);
         EXPECT_EQ(iconOf(menu.entries.front()), row.icon);
     }
-    builder.makeEntryItem(entryTitled("E"), 0).target->invoke();
+    auto const target = builder.makeEntryItem(entryTitled("E"), 0).target; // a menu that closes may keep no more of it
+    target->invoke();
     EXPECT_EQ(commands.log, Lines { "open entry file:///list/E" });
 }
 

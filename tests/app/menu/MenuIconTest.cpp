@@ -13,7 +13,8 @@ struct MenuIconTest : testing::Test {
 
     fakes::FakeIconSource source;
     DynamicMenuProvider noLists;
-    MenuIcon icons { source, noLists, Url::fromPath("/home/me/Zanthe Vell Items") };
+    bool showsCommands = true;
+    MenuIcon icons { source, noLists, Url::fromPath("/home/me/Zanthe Vell Items"), [this] { return showsCommands; } };
 };
 
 TEST_F(MenuIconTest, FallsBackWhereAPictureIsMissing)
@@ -22,6 +23,16 @@ TEST_F(MenuIconTest, FallsBackWhereAPictureIsMissing)
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::revealZantheVellItems)), "folder");
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::softwareUpdate)), "systemSettings");
     EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::appStore)), "none");
+}
+
+TEST_F(MenuIconTest, LeavesOutThePicturesOfCommandsUntilTheyAreAskedFor)
+{
+    for (bool const shows : { false, true }) {
+        showsCommands = shows;
+        EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::sleep)), shows ? "sleep" : "none");
+        EXPECT_EQ(nameOf(icons.systemIcon(SystemIcon::volumes)), shows ? "volumes" : "none");
+        EXPECT_EQ(nameOf(icons.iconForKind(MenuItemKind::aboutThisMac)), "computer");
+    }
 }
 
 TEST_F(MenuIconTest, FetchesAPictureOnceUntilItsCacheIsEmptied)

@@ -16,7 +16,7 @@ std::string print(std::vector<ScriptEntry> const& entries)
         for (auto const& argument : entry.arguments)
             does += "," + argument;
         does += entry.program.empty() || entry.inTerminal ? "" : "!";
-        does += std::string(entry.refreshes ? "r" : "") + (entry.isAlternate ? "a" : "") + (entry.isDisabled ? "d" : "");
+        does += std::string(entry.refreshes ? "r" : "") + (entry.isAlternate ? "a" : "") + (entry.isDisabled ? "d" : "") + (entry.color ? "c" : "");
         does += entry.key ? entry.key->description() : "";
         text += does.empty() ? "" : "(" + does + ")";
         text += entry.children.empty() ? "" : "[" + print(entry.children) + "]";
@@ -39,11 +39,22 @@ TEST(ScriptOutput, IsReadAsItsFormatIsDocumented)
         { "a | disabled=true href=x:y\nb | alternate=TRUE refresh=True", "a(x:yd) b(ra)", "flags in any case" },
         { "a\n--b\n----c\n--d\n-----\n--e\nf", "a[b[c] d - e] f", "submenus, and a separator in one" },
         { "--a\nb\n------c", "a b[c]", "a level that is not there is the nearest" },
-        { "abcdef | length=3 color=red size=12 font=x", "abc…", "fonts are the desktop's" },
+        { "abcdef | length=3 size=12 font=x", "abc…", "fonts are the desktop's" },
+        { "a | color=Red\nb | color=#12\nc | color=#ff0000,#f00\nd | color=red,", "a(c) b c(c) d", "colours" },
         { "a | nonsense\nb | =\nc | href", "a b c", "parameters that are none" },
     };
     for (auto const& row : rows)
         EXPECT_EQ(print(parseScriptOutput(row.output)), row.entries) << row.why;
+}
+
+TEST(ScriptOutput, ColoursCanBeReadOnEveryGround)
+{
+    for (auto const* text : { "red", "#FF0", "navy", "white", "black", "#00f, #101010", "#80808000" }) {
+        for (Rgb const ground : { 0xffffff, 0xf0f0f0, 0x808080, 0x2c2c2c, 0x000000 })
+            EXPECT_GE(contrastOf(readableOn(ground, parseTextColor(text).value()), ground), 4.5) << text << " on " << ground;
+    }
+    EXPECT_EQ(readableOn(0xffffff, parseTextColor("#900,#f88").value()), 0x990000U) << "what can be read stays";
+    EXPECT_EQ(readableOn(0x000000, parseTextColor("#900,#f88").value()), 0xff8888U);
 }
 
 TEST(ScriptOutput, StaysWithinItsLimits)

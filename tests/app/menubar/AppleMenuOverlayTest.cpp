@@ -61,17 +61,21 @@ protected:
     Rects const overBar { { 0, 1056, 44, 25 } };
 };
 
-TEST_F(AppleMenuOverlay, StandsAtTheLeftEndOfTheMenuBarWhereverThatIs)
+TEST_F(AppleMenuOverlay, StandsAtTheEndOfTheMenuBarWhereverThatIsAndItsMenuBeside)
 {
     struct Row {
         Rect frame, expected;
+        Point menu;
         char const* why;
     };
     Row const rows[] = {
-        { { 0, 1056, 1920, 24 }, { 0, 1056, 44, 25 }, "an ordinary menu bar" },
-        { { 0, 945, 1512, 37 }, { 0, 945, 44, 38 }, "a tall one" },
-        { { -1600, 756, 1600, 24 }, { -1600, 756, 44, 25 }, "on a screen to the left" },
-        { { 0, 1070, 1920, 24 }, { 0, 1070, 44, 25 }, "a bar that is sliding in" },
+        { { 0, 1056, 1920, 24 }, { 0, 1056, 44, 25 }, { 0, 1050 }, "an ordinary menu bar" },
+        { { 0, 945, 1512, 37 }, { 0, 945, 44, 38 }, { 0, 939 }, "a tall one" },
+        { { -1600, 756, 1600, 24 }, { -1600, 756, 44, 25 }, { -1600, 750 }, "on a screen to the left" },
+        { { 0, 1070, 1920, 24 }, { 0, 1070, 44, 25 }, { 0, 1064 }, "a bar that is sliding in" },
+        { { 0, 0, 1920, 24 }, { 0, 0, 44, 25 }, { 0, 30 }, "along the bottom" },
+        { { 0, 0, 48, 1080 }, { 0, 1036, 48, 44 }, { 54, 1080 }, "at the left side" },
+        { { 1872, 100, 48, 800 }, { 1872, 856, 48, 44 }, { 1866, 900 }, "at the right side" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.why);
@@ -80,6 +84,9 @@ TEST_F(AppleMenuOverlay, StandsAtTheLeftEndOfTheMenuBarWhereverThatIs)
         menuBars.add(bar, row.frame);
         start();
         EXPECT_EQ(panels.frames(), Rects { row.expected });
+        panels.shown().at(0)->content->press();
+        EXPECT_EQ(clicks.back(), row.menu);
+        EXPECT_EQ(panels.shown().at(0)->content->accessibilityLabel(), "Zanthe Vell");
     }
 }
 
@@ -93,15 +100,6 @@ TEST_F(AppleMenuOverlay, ShowsNothingWithoutScreensOrMenuBars)
     menuBars.bars.clear();
     time.advance(1s);
     EXPECT_TRUE(panels.frames().empty());
-}
-
-TEST_F(AppleMenuOverlay, OpensTheMenuBelowItsLeftEdge)
-{
-    start();
-    auto* content = panels.shown().at(0)->content;
-    content->press();
-    EXPECT_EQ(clicks, (std::vector<Point> { { 0, 1050 } }));
-    EXPECT_EQ(content->accessibilityLabel(), "Zanthe Vell");
 }
 
 TEST_F(AppleMenuOverlay, SurvivesAMenuThatTakesTheOverlayAway)

@@ -31,7 +31,7 @@ TEST_F(PreferencesTest, AFreshAccountHasTheDefaultsAndStoresNothing)
     EXPECT_EQ(defaults.registered,
         (PropertyListDictionary { { "ReplaceAppleMenu", true }, { "ShowStatusItem", true }, { "RainbowAppleLogo", true }, { "ShowIcons", true },
             { "ShowHiddenFiles", false }, { "SortFoldersFirst", true }, { "RecentItemsLimit", 20 }, { "ScanDepth", 10 }, { "MaximumItemsPerFolder", 250 },
-            { "HotkeyPrescanDepth", 0 }, { "RememberChoices", true } }));
+            { "HotkeyPrescanDepth", 0 }, { "RememberChoices", true }, { "ShowCommandIcons", false } }));
 }
 
 TEST_F(PreferencesTest, EachSettingIsWrittenUnderItsOwnKeyWithItsType)
@@ -47,10 +47,11 @@ TEST_F(PreferencesTest, EachSettingIsWrittenUnderItsOwnKeyWithItsType)
     preferences().setMaximumItemsPerFolder(500);
     preferences().setHotkeyPrescanDepth(-1);
     preferences().setRemembersChoices(false);
+    preferences().setShowCommandIcons(true);
     EXPECT_EQ(defaults.stored,
         (PropertyListDictionary { { "ReplaceAppleMenu", false }, { "ShowStatusItem", false }, { "RainbowAppleLogo", false }, { "ShowIcons", false },
             { "ShowHiddenFiles", true }, { "SortFoldersFirst", false }, { "RecentItemsLimit", 5 }, { "ScanDepth", 3 }, { "MaximumItemsPerFolder", 500 },
-            { "HotkeyPrescanDepth", -1 }, { "RememberChoices", false } }));
+            { "HotkeyPrescanDepth", -1 }, { "RememberChoices", false }, { "ShowCommandIcons", true } }));
     EXPECT_EQ(preferences().maximumScanDepth(), 3);
 }
 

@@ -73,6 +73,20 @@ TEST_F(SubmenuSearchTest, FindsWhatTheSubmenusBelowShow)
     EXPECT_NE(last.entries.at(0).submenu, nullptr) << "found entries are like any other";
 }
 
+TEST_F(SubmenuSearchTest, FindsWhatAScriptGaveLastAndRunsNone)
+{
+    machine.files.addFile("/data/.Items/a.menu.sh");
+    machine.tools->answers["/data/.Items/a.menu.sh"] = fakes::FakeToolRunner::printing("taxi | href=x:y\nTax\nmore\n--taxis | href=x:z");
+    auto script = fileItem("/data/.Items/a.menu.sh");
+    script.title = "Script";
+    launchWith({ script });
+    EXPECT_EQ(find("taxi"), Lines {});
+    EXPECT_TRUE(machine.tools->requests.empty());
+    firstList();
+    EXPECT_EQ(find("tax"), (Lines { "taxi in Script", "taxis in Script, more" }));
+    EXPECT_EQ(machine.tools->requests.size(), 1U);
+}
+
 TEST_F(SubmenuSearchTest, AnswersTheLastTextAloneAndReadsOnceUntilTheMenuCloses)
 {
     find("tax");

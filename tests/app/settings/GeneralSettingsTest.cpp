@@ -174,6 +174,25 @@ TEST_F(GeneralSettingsTest, SaysWhatTheDesktopDoesNotLetItDoOnlyWhereItIsWanted)
     EXPECT_TRUE(row("hotkeyProblem"));
 }
 
+TEST_F(GeneralSettingsTest, SwitchesTheDesktopsExtensionAndSaysFromWhen)
+{
+    struct Extension : DesktopExtension {
+        State now = State::off;
+        State state() const override { return now; }
+        bool switchTo(bool on) override { return now = on ? State::onFromNextLogin : State::off, true; }
+    } extension;
+    GeneralSettings onGnome { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::linuxDesktop), menuShortcut,
+        [] { return false; }, {}, {}, problem("overlayProblem"), {}, {}, nullptr, {}, {}, {}, &extension } };
+    rowOf(onGnome, "extension")->toggle(true);
+    EXPECT_TRUE(rowOf(onGnome, "extension")->isOn && rowOf(onGnome, "extensionNote"));
+    problems["overlayProblem"] = "No panel.";
+    EXPECT_TRUE(rowOf(onGnome, "overlayProblem"));
+    extension.now = DesktopExtension::State::on;
+    EXPECT_FALSE(rowOf(onGnome, "overlayProblem") || rowOf(onGnome, "extensionNote")) << "the laurel is the corner there";
+    extension.now = DesktopExtension::State::missing;
+    EXPECT_FALSE(rowOf(onGnome, "extension"));
+}
+
 TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
 {
     EXPECT_FALSE(row("automation")) << "most systems ask for none";

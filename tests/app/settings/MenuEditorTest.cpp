@@ -173,6 +173,7 @@ TEST_F(MenuEditorTest, ChangesNothingWhereNothingDiffers)
     editor->setTitle(id('a'), "a");
     editor->setHidden(id('a'), false);
     editor->remove({ id('z') });
+    store->replaceAll(store->items()); // as when locations are refreshed
     EXPECT_TRUE(edits.empty());
     editor->setTitle(id('a'), "");
     EXPECT_EQ(menu(), "Sleep b") << "an empty title is none";

@@ -249,6 +249,29 @@ TEST_F(Program, LaunchesEveryPartOnceAndReopensTheSettings)
     EXPECT_EQ(front.settingsWindow.opened, 1);
 }
 
+TEST_F(Program, OffersMenusToStartFromOnlyToWhoHasNoneYet)
+{
+    struct Row {
+        std::int64_t launches;
+        bool hasMenu, isGiven, isLocked;
+        int offers;
+    };
+    PropertyListArray const stored = toPropertyList(std::vector { item(Kind::sleep) });
+    for (auto const& row : { Row { 0, false, false, false, 1 }, Row { 1, false, false, false, 0 }, Row { 0, true, false, false, 0 },
+             Row { 0, false, true, false, 0 }, Row { 0, false, false, true, 0 } }) {
+        auto const key = MenuStore::defaultsKey;
+        machine.defaults.stored = { { "LaunchCount", row.launches } };
+        machine.defaults.given = {};
+        if (row.hasMenu || row.isGiven)
+            (row.isGiven ? machine.defaults.given : machine.defaults.stored).set(key, stored);
+        machine.defaults.locked = row.isLocked ? key : "";
+        front.settingsWindow.galleries = 0;
+        launch();
+        EXPECT_EQ(front.settingsWindow.galleries, row.offers) << row.launches << row.hasMenu << row.isGiven << row.isLocked;
+        app.reset();
+    }
+}
+
 TEST_F(Program, CountsNoLaunchFromAPlaceThatCannotBeWritten)
 {
     (void)machine.defaults.setObject("LaunchCount", std::int64_t { 1 });
@@ -276,7 +299,9 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
     front.showsStatusItems = false;
     front.installedApplications = { { "Editor", Url::fromPath("/apps/editor") } };
     machine.files.addFile("/a.txt");
-    auto const item = fileItem("/a.txt");
+    machine.files.addFile("/b.txt");
+    auto item = fileItem("/a.txt");
+    item.keyEquivalent = KeyEquivalentSpec { KeyEquivalentSpec::Trigger::character("E") };
     launchWith({ item });
     auto& models = app->settingsModels();
     std::string notes;
@@ -294,6 +319,19 @@ TEST_F(Program, TheSettingsShowWhatThisSystemOffers)
     EXPECT_EQ(machine.workspace.log, (Lines { "reveal file:///a.txt" }));
     models.showReadMe();
     EXPECT_EQ(front.notesWindows.layouts.size(), 1U);
+
+    models.beginRecording();
+    models.endRecording();
+    EXPECT_FALSE(front.hotkeys.held.empty());
+    models.beginRecording();
+    EXPECT_TRUE(front.hotkeys.held.empty()) << "every recording hears every combination";
+    models.endRecording();
+
+    auto selected = item.id;
+    front.filePanels.whileOpen = [&] { selected = Uuid::random(); };
+    front.filePanels.opened = { Url::fromPath("/b.txt") };
+    models.chooseTarget(selected);
+    EXPECT_EQ(app->delegate().store().items().front().location->path, "/b.txt") << "the item that the panel was opened for";
 }
 
 TEST_F(Program, NothingArrivesAfterItsEnd)

@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/MenuImages.h"
+#include "platform/linux/icons/ThemeFolders.h"
 #include "platform/linux/icons/XSettings.h"
 #include "tests/fakes/FakeTime.h"
 #include "tests/linux/TemporaryFolder.h"
@@ -95,6 +96,32 @@ TEST_F(ThemeIconSourceTest, AreDrawnByUsWhereThereIsNoThemeAndNeverEmptySquares)
     }
     EXPECT_NE(imageOf(fileIcon("sub")), imageOf(fileIcon("a.txt")));
     EXPECT_EQ(fileIcon("sub")->name(), "") << "nothing that another program would find";
+}
+
+TEST_F(ThemeIconSourceTest, AChosenPictureGivesWayToTheUsualOneWhereItIsMissing)
+{
+    installTheme({ { "folder", Qt::red }, { "star", Qt::green }, { "star-symbolic", Qt::black } });
+    disk.makeFolder("sub");
+    QImage image(300, 100, QImage::Format_ARGB32);
+    image.fill(Qt::blue);
+    image.save(QString::fromStdString(disk.path("blue.png")));
+    auto const usual = fileIcon("sub");
+    auto const inFile = [&](std::string const& name) { return icons.imageIn(Url::fromPath(disk.path(name)), usual); };
+    std::pair<ImageRef, QColor> const rows[] = { { icons.namedIcon("star", usual), Qt::green }, { icons.namedIcon("moon", usual), Qt::red },
+        { inFile("blue.png"), Qt::blue }, { inFile("gone.png"), Qt::red } };
+    for (auto const& [chosen, color] : rows) {
+        EXPECT_EQ(imageOf(chosen).pixelColor(8, 8), color);
+        EXPECT_TRUE(isMenuIconReady(chosen));
+        EXPECT_EQ(largePictureOf(chosen, 32, 1).toImage().pixelColor(16, 16), color);
+    }
+    EXPECT_EQ(imageOf(inFile("blue.png")).pixelColor(8, 1).alpha(), 0) << "in its own proportions";
+    auto const theme = QIcon::themeName().toStdString();
+    disk.write("themes/child/index.theme", "[Icon Theme]\nDirectories=all\nInherits=" + theme + "\n");
+    for (auto const* name : { "moon.svg", "star.svg", "folder-red.svg" })
+        disk.write("themes/child/all/" + std::string(name), "");
+    disk.write("themes/" + theme + "/all/moon-full.png", "");
+    EXPECT_EQ(iconsOfTheme("child", { disk.path("themes") }), (std::vector<std::string> { "folder", "folder-red", "moon", "star" }))
+        << "the toolkit takes the nearer theme's moon for a full one";
 }
 
 TEST_F(ThemeIconSourceTest, WaitForTheirTurnTheFirstTimeAndAreReadyFromThenOn)

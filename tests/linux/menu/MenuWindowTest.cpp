@@ -584,6 +584,10 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
             press(Qt::Key_Down);
         press(Qt::Key_Return);
     };
+    auto const pointAtFolder = [&] { // its submenu opens, and nothing in that is selected
+        window->setActiveAction(window->actions()[1]);
+        window->actions()[1]->menu()->setActiveAction(nullptr);
+    };
     struct Row {
         std::function<void()> act;
         char const* expected;
@@ -593,7 +597,9 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         { [&] { press(Qt::Key_Down), press(Qt::Key_Menu), chooseInTop(); }, "copied" },
         { [&] { press(Qt::Key_Down), press(Qt::Key_F10, {}, Qt::ShiftModifier), chooseInTop(); }, "copied" },
         { [&] { click(QEvent::MouseButtonDblClick, Qt::LeftButton, 1); }, "folder opened" },
+        { [&] { click(QEvent::MouseButtonPress, Qt::LeftButton, 1), click(QEvent::MouseButtonPress, Qt::LeftButton, 1); }, "folder opened" },
         { [&] { press(Qt::Key_Up), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
+        { [&] { pointAtFolder(), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "folder opened" },
         { [&] { press(Qt::Key_Down), press(Qt::Key_Return, {}, Qt::ShiftModifier); }, "chosen" },
     };
     for (auto const& row : rows) {
@@ -602,6 +608,16 @@ TEST_F(MenuWindowTest, AnEntrysOwnMenuAndAFolderOpenByPointerAndByKey)
         row.act();
         EXPECT_EQ(done, std::vector<std::string> { row.expected }) << &row - &rows[0];
         EXPECT_FALSE(window->isVisible());
+    }
+    auto gone = MenuEntry::disabled("Gone");
+    for (auto const* menus : { static_cast<EntryMenus const*>(&own), static_cast<EntryMenus const*>(nullptr) }) {
+        gone.subject.menus = menus;
+        done.clear();
+        open({ gone, file });
+        press(Qt::Key_Down), press(menus ? Qt::Key_Menu : Qt::Key_Return);
+        if (menus)
+            chooseInTop();
+        EXPECT_EQ(done, std::vector<std::string> { menus ? "copied" : "chosen" }) << "keys reach a dimmed entry for its own menu alone";
     }
     open({ file, folder });
     click(QEvent::MouseMove, Qt::NoButton, 1); // has the toolkit open the submenu soon

@@ -34,8 +34,8 @@ std::uint32_t groundAt(Ground ground, int y)
     return 0;
 }
 
-/// Pictures and letters leave the four topmost and lowest rows free; the last row is the panel's border.
-PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::plain, int height = 27)
+/// Pictures and letters leave some of the topmost and lowest rows free; the last row is the panel's border.
+PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::plain, int height = 27, int free = 4)
 {
     PanelPixels panel { 200, height, {} };
     for (int y = 0; y < height; ++y) {
@@ -43,7 +43,7 @@ PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::pl
         std::size_t x = 0;
         for (auto const& run : runs) {
             for (int i = 0; i < run.length; ++i, ++x) {
-                if (run.kind == drawn && y >= 4 && y < height - 4)
+                if (run.kind == drawn && y >= free && y < height - free)
                     row[x] = 0xffcc2020;
             }
         }
@@ -85,6 +85,13 @@ TEST(PanelCorner, FindsNoneOnAnEmptyCornerOrInNothing)
     EXPECT_FALSE(findPanelCorner(panelOf({}), kReach).picture);
     EXPECT_FALSE(findPanelCorner(panelOf({ { blank, 44 }, { drawn, 20 } }), kReach).picture) << "beyond the reach";
     EXPECT_FALSE(findPanelCorner({}, kReach).picture);
+}
+
+TEST(PanelCorner, TellsThePictureFromItsLabelOnAPanelMuchHigherThanBoth)
+{
+    auto const corner = findPanelCorner(panelOf({ { blank, 12 }, { drawn, 16 }, { blank, 3 }, { drawn, 9 } }, Ground::plain, 41, 12), kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 12, 12, 16, 17 }));
 }
 
 TEST(PanelCorner, FindsBackgroundBesideWhatReachesFurtherThanThePicture)

@@ -38,7 +38,7 @@ ALIAS(NSEventModifierFlagCommand, NSCommandKeyMask); ALIAS(NSEventModifierFlagFu
 ALIAS(NSEventModifierFlagNumericPad, NSNumericPadKeyMask); ALIAS(NSEventTypeKeyDown, NSKeyDown);
 ALIAS(NSEventMaskMouseMoved, NSMouseMovedMask);
 ALIAS(NSAlertStyleWarning, NSWarningAlertStyle); ALIAS(NSAlertStyleInformational, NSInformationalAlertStyle);
-ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver);
+ALIAS(NSCompositingOperationSourceOver, NSCompositeSourceOver); ALIAS(NSBitmapImageFileTypePNG, NSPNGFileType);
 ALIAS(NSBezelStyleRounded, NSRoundedBezelStyle);
 enum { NSWindowAnimationBehaviorNone = 2 };
 ALIAS(NSFontDescriptorTraitItalic, NSFontItalicTrait);
@@ -90,6 +90,7 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 @end
 @interface NSColor (CompatMac)
 + (NSColor *)linkColor;
++ (NSColor *)colorWithName:(NSString *)n dynamicProvider:(NSColor *(^)(NSAppearance *))p;
 @end
 @interface NSAttributedString (CompatMac)
 - (void)enumerateAttribute:(NSString *)k inRange:(NSRange)r options:(NSUInteger)o usingBlock:(void (^)(id, NSRange, BOOL *))b;
@@ -159,6 +160,7 @@ typedef NS_OPTIONS(NSUInteger, NSStatusItemBehavior) { NSStatusItemBehaviorRemov
 - (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)c;
 + (instancetype)imageWithSize:(NSSize)s flipped:(BOOL)f drawingHandler:(BOOL (^)(NSRect))h;
 - (void)setTemplate:(BOOL)t;
+- (BOOL)isTemplate;
 @end
 @interface NSPasteboard (CompatMac)
 - (NSInteger)clearContents;

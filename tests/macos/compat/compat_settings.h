@@ -51,6 +51,39 @@ typedef NS_ENUM(NSInteger, NSWindowToolbarStyle) { NSWindowToolbarStylePreferenc
 - (void)setContentViewController:(NSViewController *)c;
 - (void)setToolbarStyle:(NSWindowToolbarStyle)s;
 @end
+@interface NSWindow (CompatSheets)
+- (void)beginSheet:(NSWindow *)w completionHandler:(void (^)(NSModalResponse))h;
+- (void)endSheet:(NSWindow *)w;
+@end
+@interface NSColor (CompatSettings)
++ (NSColor *)selectedContentBackgroundColor;
+@end
+@interface NSIndexPath (CompatSettings)
++ (instancetype)indexPathForItem:(NSInteger)i inSection:(NSInteger)s;
+@property (readonly) NSInteger item;
+@end
+@class NSCollectionViewItem;
+@interface NSCollectionViewLayout : NSObject
+@end
+@interface NSCollectionViewFlowLayout : NSCollectionViewLayout
+- (void)setItemSize:(NSSize)s;
+- (void)setMinimumInteritemSpacing:(CGFloat)s;
+- (void)setMinimumLineSpacing:(CGFloat)s;
+@end
+@protocol NSCollectionViewDataSource <NSObject>
+- (NSInteger)collectionView:(NSCollectionView *)c numberOfItemsInSection:(NSInteger)s;
+- (NSCollectionViewItem *)collectionView:(NSCollectionView *)c itemForRepresentedObjectAtIndexPath:(NSIndexPath *)p;
+@end
+typedef NS_OPTIONS(NSUInteger, NSCollectionViewScrollPosition) { NSCollectionViewScrollPositionCenteredVertically = 1 << 1 };
+@interface NSCollectionView (CompatSettings)
+- (void)setCollectionViewLayout:(NSCollectionViewLayout *)l;
+- (void)setDataSource:(id<NSCollectionViewDataSource>)d;
+- (void)registerClass:(Class)c forItemWithIdentifier:(NSString *)i;
+- (NSCollectionViewItem *)makeItemWithIdentifier:(NSString *)i forIndexPath:(NSIndexPath *)p;
+- (void)selectItemsAtIndexPaths:(NSSet<NSIndexPath *> *)p scrollPosition:(NSCollectionViewScrollPosition)s;
+- (void)reloadData;
+@property (readonly, copy) NSSet<NSIndexPath *> *selectionIndexPaths;
+@end
 @interface NSUndoManager (CompatSettings)
 - (void)registerUndoWithTarget:(id)t handler:(void (^)(id))h;
 @end

@@ -24,6 +24,8 @@ class Pictures : public IconSource {
 public:
     ImageRef fileIcon(Url const& file) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSFolder"], file.path()); }
     ImageRef systemIcon(SystemIcon) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSComputer"], "computer"); }
+    ImageRef namedIcon(std::string const& name, ImageRef const&) override { return std::make_shared<MacImage>([NSImage imageNamed:@"NSComputer"], name); }
+    ImageRef imageIn(Url const& file, ImageRef const&) override { return fileIcon(file); }
 };
 
 /// The whole program but for its window, which is a real one.
@@ -219,6 +221,26 @@ void theInspectorEdits(Editor& in, NSView* page)
     expect(in.program.items()[1].kind == MenuItemKind::submenu || in.program.items()[0].kind == MenuItemKind::submenu, "a button adds a submenu");
 }
 
+void aMenuToStartFromIsTaken(Program& program, SettingsWindow& window)
+{
+    auto const menus = program.app->settingsModels().gallery().menus();
+    window.openGallery();
+    runLoopFor(0.3);
+    NSWindow* gallery = nil;
+    for (NSWindow* each in [NSApp windows])
+        gallery = [[each title] isEqual:toNSString(tr(StartGallery::texts().window))] ? each : gallery;
+    NSView* const page = [gallery contentView];
+    compatLayOut(page);
+    NSTableView* const list = first<NSTableView>(page, [NSTableView class]);
+    expect([list numberOfRows] == 4 && menus.size() == 4, "four menus to start from");
+    [list selectRowIndexes:[NSIndexSet indexSetWithIndex:3] byExtendingSelection:NO];
+    runLoopFor(0.3);
+    (void)std::system("import -silent -window root settings-gallery.png 2> /dev/null");
+    expect(first<NSOutlineView>(page, [NSOutlineView class]).numberOfRows > static_cast<NSInteger>(menus[3].items.size()), "with what is in their submenus");
+    press(page, tr(StartGallery::texts().take));
+    expect(program.items().size() == menus[3].items.size() && ![gallery isVisible], "and one is taken");
+}
+
 } // namespace
 
 /// settings RESOURCES
@@ -243,6 +265,7 @@ int main(int, char** arguments)
         theInspectorEdits(editor, page);
         editor.select(1);
         shown(opened, 1);
+        aMenuToStartFromIsTaken(program, *window);
         expect(unnamed(shown(opened, 0)) + unnamed(page) + unnamed(shown(opened, 2)) == 0, "every control has a name to be spoken");
         std::puts("The smoke run is through.");
     }

@@ -94,6 +94,14 @@ static id anchor(NSView* view, char edge)
 - (void)addView:(NSView*)view inGravity:(NSStackViewGravity)gravity { [self addSubview:view]; }
 @end
 
+@implementation NSCollectionViewLayout
+@end
+@implementation NSCollectionViewFlowLayout
+- (void)setItemSize:(NSSize)size { }
+- (void)setMinimumInteritemSpacing:(CGFloat)spacing { }
+- (void)setMinimumLineSpacing:(CGFloat)spacing { }
+@end
+
 /* gui 0.29 has grids, but none without rows. */
 @interface CompatLine : NSObject {
     CGFloat _topPadding;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace zv {
+
+/// The system's pictures of that name in the themes that the current one inherits from, all sizes of the first that has it.
+/// The toolkit shortens a name at its dashes in one theme before it looks for the whole name in the next, so that a
+/// theme's "system" hides its parent's "system-shutdown".
+[[nodiscard]] QStringList inheritedIconFiles(QString const& name);
+
+} // namespace zv
