@@ -33,7 +33,8 @@ zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_cli zv_app zv_linux
 # The Mac's plain C++, which needs none of its frameworks, runs here, too.
 zv_library(zv_macos_plain FOLDERS platform/macos LINK zv_base)
 zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux zv_macos_plain)
-zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt)
+find_package(Qt6 REQUIRED COMPONENTS Test) # presses keys
+zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt Qt6::Test)
 
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -162,14 +163,24 @@ TEST_F(MenuEditorViewTest, FillsAnEmptySubmenuByTheKeyboard)
     EXPECT_EQ(shown(), "a b{b![]}");
 }
 
-TEST_F(MenuEditorViewTest, GivesEveryKeyToOneCommand)
+TEST_F(MenuEditorViewTest, DoesForEveryKeyWhatItsMenuSays)
 {
-    std::map<QString, QString> owners;
-    for (auto const* each : view->findChildren<QAction*>()) {
-        for (auto const& key : each->shortcuts())
-            EXPECT_TRUE(owners.emplace(key.toString(), each->text()).second || owners[key.toString()] == each->text()) << key.toString().toStdString();
+    auto const actions = view->findChildren<QAction*>();
+    QString done;
+    for (auto* each : actions)
+        QObject::connect(each, &QAction::triggered, &*view, [&done, each] { done = each->text(); });
+    QApplication::setActiveWindow(&*view);
+    for (auto* each : actions) {
+        for (auto const& key : each->shortcuts()) {
+            setMenu("a b c");
+            select("b");
+            outline->setFocus();
+            each->setEnabled(true);
+            done.clear();
+            QTest::keySequence(outline, key);
+            EXPECT_EQ(done, each->text()) << key.toString().toStdString();
+        }
     }
-    EXPECT_EQ(owners[QStringLiteral("Ctrl+D")], QString::fromUtf8(settingsTexts::duplicate.english));
 }
 
 } // namespace
