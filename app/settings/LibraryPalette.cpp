@@ -1,12 +1,12 @@
 #include "app/settings/LibraryPalette.h"
 
+#include "app/settings/SearchWords.h"
 #include "base/Translation.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
 #include <iterator>
 #include <span>
-#include <sstream>
 
 namespace zv {
 
@@ -46,32 +46,17 @@ void tellApart(std::span<LibraryEntry> entries)
     }
 }
 
-std::vector<std::string> wordsOf(std::string_view search)
+bool matches(LibraryEntry const& entry, SearchWords const& words)
 {
-    std::istringstream stream(foldedForSearch(search));
-    std::vector<std::string> words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
+    return words.isEmpty() || words.areIn(foldedForSearch(entry.title + "\n" + entry.localizedDescription + "\n" + entry.group));
 }
 
-bool holdsAll(std::string const& text, std::vector<std::string> const& words)
-{
-    auto const folded = foldedForSearch(text);
-    return std::all_of(words.begin(), words.end(), [&](auto const& word) { return folded.find(word) != std::string::npos; });
-}
-
-bool matches(LibraryEntry const& entry, std::vector<std::string> const& words)
-{
-    return words.empty() || holdsAll(entry.title + "\n" + entry.localizedDescription + "\n" + entry.group, words);
-}
-
-void collectFound(std::vector<MenuItem> const& items, std::vector<std::string> const& words, std::vector<MenuItem const*>& found)
+void collectFound(std::vector<MenuItem> const& items, SearchWords const& words, std::vector<MenuItem const*>& found)
 {
     for (auto const& item : items) {
         if (found.size() >= LibraryPalette::mostItemsFound)
             return;
-        if (item.kind != MenuItemKind::separator && holdsAll(item.displayTitle(), words))
+        if (item.kind != MenuItemKind::separator && words.areIn(foldedForSearch(item.displayTitle())))
             found.push_back(&item);
         collectFound(item.children, words, found);
     }
@@ -82,7 +67,7 @@ void collectFound(std::vector<MenuItem> const& items, std::vector<std::string> c
 std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view search) const
 {
     m_registrar.access(entriesProperty);
-    auto const words = wordsOf(search);
+    SearchWords const words(search);
     std::vector<Group> groups;
     for (auto const& entry : m_entries) {
         if (!matches(entry, words))
@@ -98,7 +83,7 @@ std::vector<LibraryPalette::Group> LibraryPalette::groups(std::string_view searc
 std::vector<MenuItem const*> LibraryPalette::itemsFound(std::vector<MenuItem> const& items, std::string_view search)
 {
     std::vector<MenuItem const*> found;
-    if (auto const words = wordsOf(search); !words.empty())
+    if (SearchWords const words(search); !words.isEmpty())
         collectFound(items, words, found);
     return found;
 }

@@ -1,32 +1,18 @@
 #include "app/settings/PictureChooser.h"
 
+#include "app/settings/SearchWords.h"
 #include "app/settings/SettingsTexts.h"
 #include "base/Translation.h"
 #include "platform/text/PropertyListFormat.h"
 #include "platform/text/Text.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace zv {
 
 namespace {
 
 constexpr int namesProperty = 0;
-
-std::vector<std::string> wordsOf(std::string_view search)
-{
-    std::istringstream stream(foldedForSearch(search));
-    std::vector<std::string> words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
-}
-
-bool holdsAll(std::string const& name, std::vector<std::string> const& words)
-{
-    return std::all_of(words.begin(), words.end(), [&](auto const& word) { return name.find(word) != std::string::npos; });
-}
 
 /// The names that no backup points at; none where a backup cannot be read.
 std::set<std::string> unusedIn(std::vector<Url> const& backups, std::set<std::string> names, FileSystem const& files)
@@ -55,10 +41,10 @@ std::vector<std::string const*> PictureChooser::names(std::string_view search)
     m_registrar.access(namesProperty);
     if (!std::exchange(m_isAsked, true))
         listNames();
-    auto const words = wordsOf(search);
+    SearchWords const words(search);
     std::vector<std::string const*> found;
     for (std::size_t i = 0; i < m_names.size(); ++i) {
-        if (holdsAll(m_folded[i], words))
+        if (words.areIn(m_folded[i]))
             found.push_back(&m_names[i]);
     }
     return found;
