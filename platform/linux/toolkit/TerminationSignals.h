@@ -9,7 +9,7 @@
 
 namespace zv {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into an orderly end. Only one instance at a time.
+/// Turns SIGTERM, SIGINT and SIGHUP of other processes into an orderly end. Only one instance at a time.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> onSignal);
