@@ -99,13 +99,13 @@ void FileHotkeys::forget(Url const& file)
         installUnion();
 }
 
-void FileHotkeys::prescan(std::vector<Url> roots, std::int64_t depth, HiddenFiles hiddenFiles)
+void FileHotkeys::prescan(std::function<std::vector<Url>()> const& roots, std::int64_t depth, HiddenFiles hiddenFiles)
 {
     assertMainThread();
     if (depth < 1)
         return;
     auto done = m_lifetime.guard([this](ShortcutsByFolder result) { install(std::move(result)); });
-    m_services.tasks.runDetached([reader = m_services.reader, files = m_services.files, roots = std::move(roots), depth, hiddenFiles,
+    m_services.tasks.runDetached([reader = m_services.reader, files = m_services.files, roots = roots(), depth, hiddenFiles,
                                      done = std::move(done)]() -> std::function<void()> {
         auto const result = std::make_shared<ShortcutsByFolder>(prescanHotkeys(*reader, *files, roots, depth, hiddenFiles));
         return [result, done]() mutable { done(std::move(*result)); };

@@ -10,6 +10,7 @@
 #include "platform/time/Tasks.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,9 +41,9 @@ public:
     void install(ShortcutsByFolder prescanned);
     /// Lets go of the file's shortcut, after it was renamed.
     void forget(Url const& file);
-    /// Scans the folders off the main thread and installs the shortcuts found. A running scan goes
-    /// on; the last result to arrive wins.
-    void prescan(std::vector<Url> roots, std::int64_t depth, HiddenFiles hiddenFiles);
+    /// Scans the folders off the main thread and installs the shortcuts found; asks for the folders only
+    /// where the depth is at least 1. A running scan goes on; the last result to arrive wins.
+    void prescan(std::function<std::vector<Url>()> const& roots, std::int64_t depth, HiddenFiles hiddenFiles);
 
 private:
     /// False when the folder's shortcuts have not changed.

@@ -89,12 +89,10 @@ void StatusItemController::updateStatusItem()
 void StatusItemController::rescanFileHotkeys()
 {
     assertMainThread();
-    auto const depth = m_services.preferences.hotkeyPrescanDepth();
-    if (depth < 1)
-        return;
     auto const hidden = m_services.preferences.showHiddenFiles() ? HiddenFiles::included : HiddenFiles::skipped;
     auto const& system = m_services.system;
-    m_services.fileHotkeys.prescan(foldersToPrescan(m_services.store.items(), system.places.itemsFolder, locationsOf(system)), depth, hidden);
+    auto const folders = [&] { return foldersToPrescan(m_services.store.items(), system.places.itemsFolder, locationsOf(system)); };
+    m_services.fileHotkeys.prescan(folders, m_services.preferences.hotkeyPrescanDepth(), hidden);
 }
 
 void StatusItemController::openMenuByKey()

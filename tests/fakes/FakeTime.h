@@ -43,6 +43,9 @@ public:
         moveTo(end);
     }
 
+    /// The machine sleeps: the clock goes on, timers do not.
+    void sleep(std::chrono::milliseconds duration) { m_wall += duration; }
+
     /// Runs queued background work, then its results on the main thread, until both are empty.
     void runTasks()
     {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace zv {
 namespace {
 
@@ -126,10 +128,10 @@ TEST_F(FileHotkeysTest, PrescanOffTheMainThreadAndOnlyWhenAskedTo)
     files->addFolder("/f");
     reader->folders["/f"] = { { "a-*[cmd+opt+A]*" }, { "b-*[cmd+opt+B]*" } };
     reader->doubts["/f/b-*[cmd+opt+B]*"] = NameDoubt::ofAnotherUser;
-    hotkeys.prescan({ Url::fromPath("/f") }, 0, HiddenFiles::skipped);
+    hotkeys.prescan([]() -> std::vector<Url> { throw std::logic_error("asked for"); }, 0, HiddenFiles::skipped);
     EXPECT_EQ(time.pendingBackground(), 0U);
 
-    hotkeys.prescan({ Url::fromPath("/f") }, 1, HiddenFiles::skipped);
+    hotkeys.prescan([] { return std::vector { Url::fromPath("/f") }; }, 1, HiddenFiles::skipped);
     EXPECT_TRUE(reader->readings.empty());
     time.runTasks();
     EXPECT_EQ(registeredPaths(), (std::vector<std::string> { "/f/a-*[cmd+opt+A]*" }));
@@ -142,7 +144,7 @@ TEST_F(FileHotkeysTest, ForgetAPrescanThatOutlivesThem)
     files->addFolder("/f");
     reader->folders["/f"] = { { "a-*[cmd+opt+A]*" } };
     auto passing = std::make_unique<FileHotkeys>(PrescanServices { time, reader, files }, center);
-    passing->prescan({ Url::fromPath("/f") }, 1, HiddenFiles::skipped);
+    passing->prescan([] { return std::vector { Url::fromPath("/f") }; }, 1, HiddenFiles::skipped);
     passing.reset();
     time.runTasks();
     EXPECT_EQ(registrar.passes, 0);

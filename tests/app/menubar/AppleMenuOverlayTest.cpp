@@ -110,6 +110,25 @@ TEST_F(AppleMenuOverlay, SurvivesAMenuThatTakesTheOverlayAway)
     EXPECT_TRUE(heartbeat().empty());
 }
 
+TEST_F(AppleMenuOverlay, APressMayEndWhatWasPressed)
+{
+    std::string const held = "more than a string keeps inside itself";
+    auto view = std::make_unique<AppleMenuOverlayView>(preferences);
+    view->action = [&view, held] {
+        view.reset();
+        EXPECT_EQ(held.front(), 'm');
+    };
+    view->press();
+    auto window = std::make_unique<AppleMenuOverlayWindow>(panels, preferences, OverlayPlace {});
+    window->action = [&window, held](Point) {
+        window.reset();
+        EXPECT_EQ(held.front(), 'm');
+    };
+    window->show();
+    panels.shown().at(0)->content->press();
+    EXPECT_FALSE(view || window);
+}
+
 TEST_F(AppleMenuOverlay, GivesEachDisplayItsOwnAndFollowsWhenOneGoes)
 {
     addSecondDisplay();

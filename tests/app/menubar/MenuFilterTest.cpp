@@ -44,6 +44,7 @@ TEST(MenuFilter, LeavesTheEntriesThatHoldWhatWasTyped)
         { "resume", { "Résumé.pdf" }, "accents need not be typed" },
         { "r u", { "Über uns" }, "a blank is a character like any other" },
         { "\xff", {}, "what is not text finds nothing" },
+        { "\xCC\x81", { "Über uns", "Résumé.pdf", "ubuntu", "STRASSE" }, "an accent alone, and no separators" },
     };
     for (auto const& row : rows) {
         SCOPED_TRACE(row.typed + ": " + row.why);

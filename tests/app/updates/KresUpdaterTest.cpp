@@ -72,7 +72,7 @@ TEST_F(KresUpdaterTest, NamesTheFirstReasonWhyUpdatesCannotWork)
     resources.info.remove("SUPublicEDKey");
     EXPECT_EQ(make()->startProblem(), noKey);
 
-    for (auto const* wrong : { "", "no address", "mailto:me", "https://", "https://updates.zanthevell.example/appcast.xml" }) {
+    for (auto const* wrong : { "", "no address", "mailto:me", "https://", "https://updates.zanthevell.example/appcast.xml", "https://example.com/appcast.xml" }) {
         resources.info.set("SUFeedURL", wrong);
         EXPECT_EQ(make()->startProblem(), noFeed) << wrong << ": the feed comes before the key";
     }

@@ -66,6 +66,15 @@ TEST_F(UpdateScheduleTest, IsDueADayAfterTheLastCheckAndNeverInTheFirstMinute)
     }
 }
 
+TEST_F(UpdateScheduleTest, ChecksSoonAfterTheMachineSlept)
+{
+    lastCheckWas(1h);
+    start();
+    time.sleep(23h);
+    time.advance(16min);
+    EXPECT_EQ(checks, 1);
+}
+
 TEST_F(UpdateScheduleTest, ADamagedDateCountsAsNone)
 {
     defaults.stored.set("SULastCheckTime", PropertyListDate { 1e300 });

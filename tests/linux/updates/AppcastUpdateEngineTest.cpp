@@ -125,9 +125,14 @@ TEST_F(UpdateEngineTest, LooksOnceADayAndNeverRightAtTheStart)
     time.advance(3h);
     EXPECT_EQ(downloads.requested.size(), 2U);
     downloads.answerFeed(Failure { std::string("no network") });
+    time.advance(23h);
+    engine->checkForUpdates();
+    downloads.answerFeed(goodFeed("1.3"));
+    time.advance(5h);
+    EXPECT_EQ(downloads.requested.size(), 3U) << "the user's own check counts";
     engine->setAutomaticallyChecksForUpdates(false);
     time.advance(100h);
-    EXPECT_EQ(downloads.requested.size(), 2U);
+    EXPECT_EQ(downloads.requested.size(), 3U);
 }
 
 TEST_F(UpdateEngineTest, KeepsAReminderUntilItIsAttendedTo)
@@ -139,7 +144,10 @@ TEST_F(UpdateEngineTest, KeepsAReminderUntilItIsAttendedTo)
     engine->checkForUpdates();
     ASSERT_TRUE(window.page);
     EXPECT_EQ(downloads.requested.size(), 1U) << "the pending update is brought forward";
+    time.advance(27h);
     ASSERT_TRUE(window.press("Skip This Version"));
+    time.advance(1h);
+    EXPECT_EQ(downloads.requested.size(), 1U) << "it was on show when a check was due";
     time.advance(27h);
     downloads.answerFeed(goodFeed());
     EXPECT_EQ(driver.log.back(), "finish") << "a skipped version is not told again";
