@@ -114,8 +114,8 @@ void XcbHotkeyRegistrar::releaseAll()
     xcb_flush(m_connection.get());
 }
 
-/// Returns an empty grab if this keyboard lacks the key or a modifier: a grab without its
-/// modifier would swallow typing.
+/// Returns an empty grab if this keyboard lacks the key. Its modifiers are never none of those wanted: a grab without
+/// them would swallow typing.
 XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
 {
     auto const bits = m_keyboard.modifiers();
@@ -127,11 +127,8 @@ XcbHotkeyRegistrar::Grab XcbHotkeyRegistrar::grabFor(KeyChord chord) const
     };
     Grab grab { m_keyboard.keycode(chord.keyCode), 0 };
     for (auto const& [modifier, bit] : table) {
-        if ((chord.modifiers & modifier) == 0)
-            continue;
-        if (bit == 0)
-            return {};
-        grab.modifiers |= bit;
+        if ((chord.modifiers & modifier) != 0)
+            grab.modifiers |= bit;
     }
     return grab;
 }

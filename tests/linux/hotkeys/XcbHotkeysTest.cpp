@@ -214,6 +214,15 @@ TEST_F(XcbHotkeysTest, FollowModifiersThatMove)
     EXPECT_EQ(pressed, (std::vector<HotkeyID> { 2 }));
     desktop::XClient const other;
     EXPECT_TRUE(other.grab(xE, superBit)) << "the old modifier is free";
+
+    invalidations = 0;
+    ASSERT_TRUE(server.run("xmodmap -e 'clear mod2' -e 'add mod5 = Num_Lock'"));
+    EXPECT_TRUE(turnUntil([&] { return invalidations > 0; }));
+    settle();
+    pressed.clear();
+    user.tap(xNumLock);
+    chord(xSuper, xE);
+    EXPECT_TRUE(turnUntil([this] { return !pressed.empty(); })) << "with a lock that moved";
 }
 
 TEST_F(XcbHotkeysTest, KnowTheKeysOfTheLayoutThatIsSelected)
@@ -274,6 +283,7 @@ TEST(XkbKeymap, LendsLatinLettersToLayoutsWithoutThem)
         { "ru", 0, 2, "я", "z", "no Latin group at all: a US layout" },
         { "ru,de", 0, 2, "я", "y", "the first Latin group, wherever it is" },
         { "us,gr", 1, 2, "ζ", "z", "Greek" },
+        { "epo", 0, 1, "z", "z", "Esperanto, which lacks four letters" },
         { "fr,us", 1, 2, "z", "w", "what a Latin layout lacks comes from the first one" },
     };
     for (auto const& row : rows) {
@@ -297,6 +307,11 @@ TEST(XkbKeymap, KnowsWhereKeysAndModifiersAre)
     EXPECT_EQ(keymap->keycodes().at(122), 67) << "F1";
     EXPECT_EQ(keymap->keycodes().at(113), 193) << "F15";
     EXPECT_EQ(keymap->keycodes().at(127), 0) << "no such key";
+
+    auto const without = XkbKeymap::fromText("xkb_keymap { xkb_keycodes { <AD03> = 26; }; xkb_types { virtual_modifiers Super, Alt, NumLock; };"
+                                             " xkb_compat {}; xkb_symbols { key <AD03> { [ e ] }; }; };");
+    ASSERT_TRUE(without);
+    EXPECT_EQ(without->modifiers(), (ModifierBits { superBit, altBit, numLockBit, 0 })) << "the usual ones, where no key has any";
 }
 
 } // namespace
