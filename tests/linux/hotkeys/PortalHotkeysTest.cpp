@@ -77,10 +77,11 @@ public:
             ++closed;
         return true;
     }
-    void activate(QString const& id)
+    void activate(QString const& id) { activate(id, session()); }
+    void activate(QString const& id, QString const& inSession)
     {
         auto signal = QDBusMessage::createSignal(text("/org/freedesktop/portal/desktop"), text("org.freedesktop.portal.GlobalShortcuts"), text("Activated"));
-        signal << QVariant::fromValue(QDBusObjectPath(session())) << id << quint64 { 1 } << QVariantMap();
+        signal << QVariant::fromValue(QDBusObjectPath(inSession)) << id << quint64 { 1 } << QVariantMap();
         m_bus.send(signal);
     }
 
@@ -179,9 +180,10 @@ TEST_F(PortalHotkeysTest, AskOnceForPassesInARowAndNotAgainForTheSame)
     turnUntil([] { return false; }, 500ms);
     EXPECT_EQ(portal.sessions, 1);
 
+    portal.activate(portal.triggers.begin()->first, text("/org/freedesktop/portal/desktop/session/of_another"));
     portal.activate(portal.triggers.begin()->first);
     EXPECT_TRUE(turnUntil([this] { return !pressed.empty(); }));
-    EXPECT_EQ(pressed, (std::vector<HotkeyID> { 3 })) << "the id of the last pass";
+    EXPECT_EQ(pressed, (std::vector<HotkeyID> { 3 })) << "once, by the id of the last pass";
 
     (void)claim(4, { { keyE, commandKey } });
     EXPECT_TRUE(turnUntil([this] { return portal.sessions == 2; }));

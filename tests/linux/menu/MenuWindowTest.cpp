@@ -285,6 +285,11 @@ TEST_F(MenuWindowTest, TypingFiltersEscapeClearsThenCloses)
 
     window->popup({ 10, 10 });
     EXPECT_EQ(titles(*window).size(), 4) << "the next opening starts afresh";
+    press(Qt::Key_Down);
+    press(Qt::Key_Space, " ");
+    EXPECT_FALSE(window->isVisible()) << "Space chooses, as nothing was typed";
+    EXPECT_EQ(done.back(), "about");
+    window->popup({ 10, 10 });
     press(Qt::Key_Escape);
     EXPECT_FALSE(window->isVisible());
 }
