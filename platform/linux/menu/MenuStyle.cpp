@@ -94,6 +94,7 @@ int MenuStyle::styleHint(StyleHint hint, QStyleOption const* option, QWidget con
     case SH_MenuBar_AltKeyNavigation: // else pressing Alt closes an open menu
         return 0;
     case SH_Menu_Scrollable: // else a long menu takes several columns
+    case SH_Menu_SpaceActivatesItem:
         return 1;
     case SH_Menu_SubMenuPopupDelay:
     case SH_Menu_SubMenuSloppyCloseTimeout: // the way to a submenu is the window's own concern

@@ -1,4 +1,5 @@
 #include "app/menu/MenuSearch.h"
+#include "app/search/FolderWalk.h"
 #include "tests/app/shell/ProgramFixture.h"
 
 namespace zv {
@@ -21,14 +22,17 @@ struct SubmenuSearchTest : ProgramFixture {
         machine.folders->remote = { "/docs/Server" };
         machine.files.addFolder("/docs");
         machine.files.addLink("/docs/link", "/docs");
-        machine.folders->folders["/data/Items"] = { { "Tax item" } };
+        folders["/docs/link"] = folders["/docs"];
+        machine.folders->folders["/data/Items"] = { { "Tax item" }, { "Tax gone", { false, false, FileFault::leadsNowhere } } };
         auto documents = fileItem("/docs");
         documents.title = "Documents";
         documents.scanDepth = 1;
         auto group = item(Kind::submenu);
         group.title = "Group";
         group.children = { documents, item(Kind::sleep), item(Kind::zantheVellItems) };
-        launchWith({ group, item(Kind::restart) });
+        folders["/"] = { { "Tax of the whole disk" } };
+        machine.files.addFolder("/");
+        launchWith({ group, fileItem("/"), item(Kind::restart) });
     }
     /// Opens the menu anew and finds the titles, each with its way.
     Lines find(std::string const& text, std::size_t matches = 0)
@@ -71,6 +75,20 @@ TEST_F(SubmenuSearchTest, FindsWhatTheSubmenusBelowShow)
     EXPECT_EQ(machine.folders->readings.count("/docs/Server"), 0U) << "nothing remote";
     EXPECT_EQ(last.entries.at(0).way->text, "\u2068Group\u2069");
     EXPECT_NE(last.entries.at(0).submenu, nullptr) << "found entries are like any other";
+}
+
+TEST(FolderWalk, GoesFolderByFolderAndHasAnEnd)
+{
+    auto const reader = std::make_shared<Reader>();
+    reader->folders["/a"] = { Reader::folder("b") };
+    reader->folders["/a/b"] = std::vector<Reader::Child>(FolderWalk::mostEntries, { "file" });
+    reader->folders["/a/b"].push_back(Reader::folder("c"));
+    FolderWalk walk(reader, std::make_shared<fakes::FakeFileSystem>(), HiddenFiles::skipped);
+    std::chrono::milliseconds const none { 0 };
+    EXPECT_EQ(walk.step({ { Url::fromPath("/a"), 9, {} } }, none)->size(), 1U);
+    EXPECT_FALSE(walk.isDone()) << "no time was left for the next";
+    EXPECT_EQ(walk.step({}, none)->size(), 1U);
+    EXPECT_TRUE(walk.isDone()) << "enough was read";
 }
 
 TEST_F(SubmenuSearchTest, FindsWhatAScriptGaveLastAndRunsNone)

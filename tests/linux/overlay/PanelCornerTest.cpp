@@ -40,7 +40,7 @@ PanelPixels panelOf(std::vector<Stretch> const& runs, Ground ground = Ground::pl
     PanelPixels panel { 200, height, {} };
     for (int y = 0; y < height; ++y) {
         std::vector<std::uint32_t> row(200, y == height - 1 ? 0xffb6b0a8 : groundAt(ground, y));
-        for (std::size_t column = 0; ground == Ground::shaded && column < row.size(); column += 3)
+        for (std::size_t column = 0; ground == Ground::shaded && column < row.size(); column += 8)
             row[column] ^= 0x030303; // dithered
         std::size_t x = 0;
         for (auto const& run : runs) {
