@@ -1,5 +1,6 @@
 #include "app/menu/MenuSearch.h"
 #include "app/search/FolderWalk.h"
+#include "app/search/SubmenuSearch.h"
 #include "tests/app/shell/ProgramFixture.h"
 
 namespace zv {
@@ -32,7 +33,7 @@ struct SubmenuSearchTest : ProgramFixture {
         group.children = { documents, item(Kind::sleep), item(Kind::zantheVellItems) };
         folders["/"] = { { "Tax of the whole disk" } };
         machine.files.addFolder("/");
-        launchWith({ group, fileItem("/"), item(Kind::restart) });
+        launchWith({ group, fileItem("/"), fileItem("/data/Items"), item(Kind::restart) });
     }
     /// Opens the menu anew and finds the titles, each with its way.
     Lines find(std::string const& text, std::size_t matches = 0)
@@ -75,6 +76,10 @@ TEST_F(SubmenuSearchTest, FindsWhatTheSubmenusBelowShow)
     EXPECT_EQ(machine.folders->readings.count("/docs/Server"), 0U) << "nothing remote";
     EXPECT_EQ(last.entries.at(0).way->text, "\u2068Group\u2069");
     EXPECT_NE(last.entries.at(0).submenu, nullptr) << "found entries are like any other";
+
+    for (int i = 0; i < 500; ++i)
+        machine.folders->folders["/docs"].push_back({ "many " + std::to_string(i) });
+    EXPECT_EQ(find("many").size(), SubmenuSearch::mostFound);
 }
 
 TEST(FolderWalk, GoesFolderByFolderAndHasAnEnd)
