@@ -33,6 +33,7 @@ struct SubmenuSearchTest : ProgramFixture {
         group.children = { documents, item(Kind::sleep), item(Kind::zantheVellItems) };
         folders["/"] = { { "Tax of the whole disk" } };
         machine.files.addFolder("/");
+        machine.files.addFolder("/data/Items");
         launchWith({ group, fileItem("/"), fileItem("/data/Items"), item(Kind::restart) });
     }
     /// Opens the menu anew and finds the titles, each with its way.
@@ -126,6 +127,9 @@ TEST_F(SubmenuSearchTest, AnswersTheLastTextAloneAndReadsOnceUntilTheMenuCloses)
     machine.folders->readings.clear();
     search = opened->searchBelow(*opened);
     search->find("tax", 0);
+    auto const pending = machine.time.pendingBackground();
+    search->find("taxa", 0);
+    EXPECT_EQ(machine.time.pendingBackground(), pending + 1) << "a ranking, and no second walk";
     search = nullptr;
     machine.time.runTasks();
     EXPECT_TRUE(machine.folders->readings.empty()) << "a closed menu searches nothing";
