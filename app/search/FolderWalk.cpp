@@ -8,7 +8,11 @@ namespace zv {
 
 namespace {
 
-NamedFile namedFile(FolderContents::Item const& item) { return { item.name, item.localizedName, item.traits }; }
+/// Empty for what cannot be opened, which is not found.
+std::string titleFor(FolderContents::Item const& item)
+{
+    return item.traits.fault == FileFault::none ? titleOf({ item.name, item.localizedName, item.traits }) : std::string();
+}
 
 bool isFolder(FolderContents::Item const& item) { return item.traits.isDirectory && !item.traits.isPackage; }
 
@@ -46,7 +50,7 @@ std::optional<SearchPlace> FolderWalk::read(Candidate candidate)
     auto const& items = place.folder->contents;
     m_entryCount += items.size();
     for (std::size_t i = 0; i < items.size() && !m_isStopped; ++i) {
-        auto title = titleOf(namedFile(items[i]));
+        auto title = titleFor(items[i]);
         place.titles.add(title);
         if (root.depth >= 1 && isFolder(items[i]) && !title.empty())
             addFolder(place, items[i], std::move(title));
