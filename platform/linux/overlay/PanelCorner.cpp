@@ -1,5 +1,7 @@
 #include "platform/linux/overlay/PanelCorner.h"
 
+#include <QRgb>
+
 #include <algorithm>
 #include <cstdlib>
 #include <map>
@@ -8,6 +10,8 @@ namespace zv {
 
 namespace {
 
+constexpr int kShadeStep = 16; ///< of 256: one shade with its gradient
+constexpr int kDarkest = 128;
 constexpr int kTolerance = 12; ///< of 255 a channel: gradients and antialiased rims
 
 bool differs(std::uint32_t a, std::uint32_t b)
@@ -179,6 +183,15 @@ PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
 int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground)
 {
     return panel.width <= 0 || panel.height <= 0 ? 0 : Columns(panel, reach, ground, Expect::picture).firstEmptyFrom(x);
+}
+
+std::optional<bool> isDark(std::span<std::uint32_t const> pixels)
+{
+    std::map<int, int> shades;
+    for (auto const pixel : pixels)
+        ++shades[qGray(pixel) / kShadeStep];
+    auto const most = std::ranges::max_element(shades, {}, [](auto const& shade) { return shade.second; });
+    return most == shades.end() ? std::nullopt : std::optional(most->first * kShadeStep < kDarkest);
 }
 
 } // namespace zv

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace zv {
@@ -143,6 +144,24 @@ TEST(PanelCorner, EndsAButtonAtTheGapThatAHairlineCrosses)
     EXPECT_EQ(*corner.picture, (XRect { 0, 4, 29, 19 })) << "nothing of the line is left beside the logo";
     EXPECT_EQ(corner.backgroundColumn, 51) << "without the line";
     EXPECT_FALSE(corner.isCut);
+}
+
+TEST(PanelCorner, APanelIsAsDarkAsMostOfIt)
+{
+    struct Row {
+        std::vector<std::uint32_t> pixels;
+        std::optional<bool> dark;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { 0xff202020, 0xff222222, 0xff242424, 0xffffffff, 0xffffffff }, true, "shades of one colour count together" },
+        { { 0xfff6f5f4, 0xfff6f5f4, 0xff000000 }, false, "letters do not count" },
+        { { 0xff0000ff }, true, "blue is dark" },
+        { { 0xffa0ff40 }, false, "green is light" },
+        { {}, std::nullopt, "one that cannot be read" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(isDark(row.pixels), row.dark) << row.why;
 }
 
 TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)
