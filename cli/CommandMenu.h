@@ -30,6 +30,8 @@ public:
     CommandMenu& operator=(CommandMenu const&) = delete;
 
     [[nodiscard]] MenuSession& session() { return m_session; }
+    /// Menus that open from now on find the keys held.
+    void hold(ModifierMask keys) { m_terminal.hold(keys); }
     std::vector<std::string> choose(MenuEntry const& entry, ModifierMask held) override;
 
 private:

@@ -40,8 +40,10 @@ ExitStatus run(Arguments arguments, CommandContext& context)
     if (!levels)
         return failUsage(context, menuCommand, tr("--expand takes a number of levels"));
 
+    bool const isHeld = options->has("--option");
     auto& session = context.menu().session();
-    auto const menu = session.build(context.store().items(), options->has("--option") ? OptionKey::held : OptionKey::released);
+    context.menu().hold(isHeld ? ModifierMask::option : ModifierMask::none);
+    auto const menu = session.build(context.store().items(), isHeld ? OptionKey::held : OptionKey::released);
     session.openSubmenus(*menu, *levels);
     if (options->has("--json"))
         context.out() << menuAsJson(*menu).dump(2, ' ', false, Json::error_handler_t::replace) << '\n';

@@ -33,6 +33,7 @@ TEST_F(MenuCommand, ShowsTheUsersMenuAsItWouldOpen)
         "────────\n"
         "Customize Zanthe Vell…   ⌘,\n");
     EXPECT_NE(run({ "menu", "--option" }).out.find("System Information\n"), std::string::npos);
+    EXPECT_TRUE(run({ "menu", "--option", "--expand", "1" }).out.starts_with("f ▸\n  Open “f”\n")) << "its submenus, too";
 }
 
 TEST_F(MenuCommand, GivesJsonThatAProgramCanRead)

@@ -304,6 +304,13 @@ class OnAPanelThatHides(OverlayTest):
         move(600, 400)
         wait_until(self.is_hidden, 5, "the panel hides again")
 
+    def test_the_menu_keeps_off_a_panel_that_is_shown_at_the_side(self):
+        self.addCleanup(Dock(1240, 40, 800).close)  # it claims no room
+        move(1262, 300)
+        zv("show")
+        left, _, width, _ = wait_until(windows, 3, "the menu")[0]
+        self.assertEqual(left + width, 1240)
+
     def test_it_is_under_the_pointer_that_calls_the_panel_at_the_corner(self):
         wait_until(self.is_hidden, 5, "the panel hides")
         move(0, 0)

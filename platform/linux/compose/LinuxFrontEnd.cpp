@@ -53,10 +53,10 @@ LinuxInstallation::Options installationOptions(LinuxFiles const& files, std::fun
     return options;
 }
 
-std::vector<std::string> dataFolders(XdgDirectories const& user)
+std::vector<std::string> foldersFrom(std::string const& own, std::vector<std::string> const& ofTheSystem)
 {
-    std::vector<std::string> folders { user.data };
-    folders.insert(folders.end(), user.dataDirs.begin(), user.dataDirs.end());
+    std::vector<std::string> folders { own };
+    folders.insert(folders.end(), ofTheSystem.begin(), ofTheSystem.end());
     return folders;
 }
 
@@ -64,7 +64,10 @@ LookSources lookSources(LinuxFiles const& files)
 {
     auto const& user = files.paths().user;
     auto const* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return { .connection = x11 ? x11->connection() : nullptr, .config = user.config, .dataFolders = dataFolders(user), .desktops = files.audience().desktops };
+    return { .settings = { .connection = x11 ? x11->connection() : nullptr,
+                 .configFolders = foldersFrom(user.config, user.configDirs),
+                 .desktops = files.audience().desktops },
+        .dataFolders = foldersFrom(user.data, user.dataDirs) };
 }
 
 bool startDetached(QString const& program, QStringList const& arguments, Environment const& environment)
@@ -120,7 +123,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_installation(installationOptions(m_files, [this] { m_instance.release(); }))
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
-    , m_extension({ dataFolders(m_files.paths().user), [this] { return GnomeShell::windowsOn(m_bus) != nullptr; } })
+    , m_extension({ foldersFrom(m_files.paths().user.data, m_files.paths().user.dataDirs), [this] { return GnomeShell::windowsOn(m_bus) != nullptr; } })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
     , m_packageOrigin(m_files.places().bundle.path())

@@ -69,7 +69,8 @@ void surveyDisplay(Environment const& environment, bool hasLayerShell, DesktopFi
         findings.hasWindowManager = hasWindowManager(*x);
         findings.hasCornerPanel = OverlayFrontEnd::support(session) == OverlaySupport::onPanels;
     }
-    findings.hasIconTheme = !desktopIconTheme(x ? x->get() : nullptr, iconFolders(), XdgDirectories::of(environment).config).isEmpty();
+    findings.hasIconTheme
+        = !desktopIconTheme({ .connection = x ? x->get() : nullptr, .configFolders = { XdgDirectories::of(environment).config } }, iconFolders()).isEmpty();
     findings.readsDrawings = readsDrawings();
     findings.hotkeys = LinuxHotkeys::support(sessionBus(BusAddresses::of(environment)), environment);
     if (auto const keymap = XkbKeymap::named(nullptr))

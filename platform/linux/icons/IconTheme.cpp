@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QIcon>
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <optional>
@@ -20,6 +21,8 @@ namespace {
 
 // https://www.freedesktop.org/wiki/Specifications/XSettingsRegistry
 constexpr auto iconThemeSetting = "Net/IconThemeName";
+constexpr auto kdeFile = "/kdeglobals";
+constexpr auto lxqtFile = "/lxqt/lxqt.conf";
 constexpr char const* usualThemes[] = { "Adwaita", "breeze", "Papirus" };
 constexpr std::uint32_t longestSettings = 1 << 14; // in units of four bytes
 
@@ -84,11 +87,34 @@ std::string iniValue(std::string const& path, char const* group, char const* key
     return isReadable ? taken(g_key_file_get_string(file.get(), group, key, nullptr)) : "";
 }
 
-QString desktopIconTheme(xcb_connection_t* connection, QStringList const& folders, std::string const& configFolder)
+bool DesktopSettings::isOf(char const* desktop) const { return std::ranges::find(desktops, desktop) != desktops.end(); }
+
+std::string DesktopSettings::stored(char const* file, char const* group, char const* key) const
 {
-    std::vector<std::string> candidates = { connection ? xSetting(publishedSettings(connection), iconThemeSetting) : "",
-        iniValue(configFolder + "/kdeglobals", "Icons", "Theme"), iniValue(configFolder + "/lxqt/lxqt.conf", "General", "icon_theme"),
-        iniValue(configFolder + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings("icon-theme") };
+    for (auto const& folder : configFolders) {
+        if (auto value = iniValue(folder + file, group, key); !value.empty())
+            return value;
+    }
+    return {};
+}
+
+std::string DesktopSettings::kdeValue(char const* group, char const* key) const
+{
+    auto withDefaults = *this;
+    if (!configFolders.empty())
+        withDefaults.configFolders.insert(withDefaults.configFolders.begin() + 1, configFolders.front() + "/kdedefaults");
+    return withDefaults.stored(kdeFile, group, key);
+}
+
+std::string DesktopSettings::lxqtValue(char const* group, char const* key) const { return stored(lxqtFile, group, key); }
+
+/// GSettings have a value, their own, on every desktop.
+QString desktopIconTheme(DesktopSettings const& settings, QStringList const& folders)
+{
+    auto const ofKde = settings.kdeValue("Icons", "Theme"), ofLxqt = settings.lxqtValue("General", "icon_theme");
+    std::vector<std::string> candidates = { settings.connection ? xSetting(publishedSettings(settings.connection), iconThemeSetting) : "",
+        settings.isOf("LXQt") ? ofLxqt : "", ofKde, settings.isOf("KDE") ? "breeze" : "", ofLxqt,
+        settings.stored("/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"), storedInGSettings("icon-theme") };
     candidates.insert(candidates.end(), std::begin(usualThemes), std::end(usualThemes));
     for (auto const& candidate : candidates) {
         if (auto const theme = QString::fromStdString(candidate); isInstalled(theme, folders))
@@ -106,7 +132,7 @@ QString iconThemeFor(QString const& theme, QStringList const& folders, bool isOn
     return theme;
 }
 
-void adoptDesktopIconTheme(std::string const& configFolder, xcb_connection_t* connection, IconThemeOf preferred, bool isOnDark)
+void adoptDesktopIconTheme(DesktopSettings const& settings, IconThemeOf preferred, bool isOnDark)
 {
     auto const folders = localFolders(QIcon::themeSearchPaths());
     if (folders != QIcon::themeSearchPaths())
@@ -114,7 +140,7 @@ void adoptDesktopIconTheme(std::string const& configFolder, xcb_connection_t* co
     auto const current = QIcon::themeName();
     if (preferred == IconThemeOf::toolkit && current != QLatin1String("hicolor") && isInstalled(current, folders))
         return;
-    auto const theme = iconThemeFor(desktopIconTheme(connection, folders, configFolder), folders, isOnDark);
+    auto const theme = iconThemeFor(desktopIconTheme(settings, folders), folders, isOnDark);
     if (!theme.isEmpty() && theme != current)
         QIcon::setThemeName(theme);
 }

@@ -23,24 +23,17 @@ QStringList systemFolders()
     return folders;
 }
 
-QStringList parentsOf(QString const& theme)
+QStringList parentsOf(QString const& theme, QStringList const& folders)
 {
-    for (auto const& folder : systemFolders()) {
+    QStringList parents;
+    for (auto const& folder : folders) {
         auto const names = iniValue((folder + u'/' + theme + QLatin1String("/index.theme")).toStdString(), "Icon Theme", "Inherits");
-        if (!names.empty())
-            return QString::fromStdString(names).split(u',', Qt::SkipEmptyParts);
+        for (auto const& name : QString::fromStdString(names).split(u',', Qt::SkipEmptyParts))
+            parents += name.trimmed();
+        if (!parents.isEmpty())
+            break;
     }
-    return {};
-}
-
-/// Nearest first.
-QStringList ancestorsOf(QString const& theme)
-{
-    auto all = parentsOf(theme);
-    for (qsizetype i = 0; i < all.size() && all.size() < mostThemes; ++i)
-        all += parentsOf(all[i].trimmed());
-    all.removeDuplicates();
-    return all;
+    return parents;
 }
 
 QStringList const& ancestorsOfCurrentTheme()
@@ -48,7 +41,7 @@ QStringList const& ancestorsOfCurrentTheme()
     static QString theme;
     static QStringList ancestors;
     if (std::exchange(theme, QIcon::themeName()) != theme)
-        ancestors = ancestorsOf(theme);
+        ancestors = themeAncestors(theme, systemFolders());
     return ancestors;
 }
 
@@ -69,15 +62,28 @@ QStringList filesIn(QString const& themeFolder, QString const& name)
 
 } // namespace
 
-QStringList inheritedIconFiles(QString const& name)
+QStringList themeAncestors(QString const& theme, QStringList const& folders)
 {
-    for (auto const& theme : ancestorsOfCurrentTheme()) {
-        for (auto const& folder : systemFolders()) {
-            if (auto files = filesIn(folder + u'/' + theme.trimmed(), name); !files.isEmpty())
+    QStringList all { theme };
+    for (qsizetype i = 0; i < all.size() && all.size() < mostThemes; ++i) {
+        all += parentsOf(all[i], folders);
+        all.removeDuplicates();
+    }
+    all.removeFirst();
+    return all;
+}
+
+QStringList iconFilesIn(QStringList const& themes, QStringList const& folders, QString const& name)
+{
+    for (auto const& theme : themes) {
+        for (auto const& folder : folders) {
+            if (auto files = filesIn(folder + u'/' + theme, name); !files.isEmpty())
                 return files;
         }
     }
     return {};
 }
+
+QStringList inheritedIconFiles(QString const& name) { return iconFilesIn(ancestorsOfCurrentTheme(), systemFolders(), name); }
 
 } // namespace zv

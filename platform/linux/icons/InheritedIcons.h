@@ -10,4 +10,11 @@ namespace zv {
 /// theme's "system" hides its parent's "system-shutdown".
 [[nodiscard]] QStringList inheritedIconFiles(QString const& name);
 
+/// The themes that a theme inherits from, nearest first and each once, as its index.theme in one of the folders tells, and
+/// theirs.
+[[nodiscard]] QStringList themeAncestors(QString const& theme, QStringList const& folders);
+
+/// All sizes of that picture in the first theme that has it.
+[[nodiscard]] QStringList iconFilesIn(QStringList const& themes, QStringList const& folders, QString const& name);
+
 } // namespace zv

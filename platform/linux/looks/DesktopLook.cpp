@@ -1,7 +1,6 @@
 #include "platform/linux/looks/DesktopLook.h"
 
 #include "base/Split.h"
-#include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/icons/XSettings.h"
 
 #include <QDir>
@@ -19,8 +18,6 @@ constexpr auto kdeSettings = "/kdeglobals";
 constexpr auto lxqtSettings = "/lxqt/lxqt.conf";
 constexpr auto gtkSettings = "/gtk-3.0/settings.ini";
 
-bool isDesktop(LookSources const& sources, char const* name) { return std::ranges::find(sources.desktops, name) != sources.desktops.end(); }
-
 std::string firstOf(std::initializer_list<std::string> values)
 {
     auto const found = std::ranges::find_if(values, [](auto const& value) { return !value.empty(); });
@@ -30,7 +27,8 @@ std::string firstOf(std::initializer_list<std::string> values)
 std::optional<QFont> storedFont(std::string const& text)
 {
     QFont font;
-    return !text.empty() && font.fromString(QString::fromStdString(text)) ? std::optional(font) : std::nullopt;
+    auto const description = QString::fromStdString(text).remove(QLatin1Char('"'));
+    return !description.isEmpty() && font.fromString(description) ? std::optional(font) : std::nullopt;
 }
 
 /// A colour as "61,174,233", or as "#3daee9".
@@ -77,10 +75,10 @@ constexpr RoleKey lxqtRoles[] = {
     { QPalette::ToolTipText, "Palette", "tooltip_text_color" },
 };
 
-/// The palette that a file of settings holds; nothing without the colour of windows. Menus look like windows.
-template <std::size_t N> std::optional<ThemeLook> storedLook(std::string const& file, RoleKey const (&roles)[N])
+/// The palette of stored colours; nothing without that of windows. Menus look like windows.
+template <std::size_t N, class Value> std::optional<ThemeLook> storedLook(RoleKey const (&roles)[N], Value const& value)
 {
-    auto const color = [&](RoleKey const& each) { return colorOf(iniValue(file, each.group, each.key)); };
+    auto const color = [&](RoleKey const& each) { return colorOf(value(each.group, each.key)); };
     auto const window = color(roles[0]);
     if (!window.isValid())
         return std::nullopt;
@@ -100,28 +98,23 @@ template <std::size_t N> std::optional<ThemeLook> storedLook(std::string const& 
     return look;
 }
 
-std::string kdeValue(LookSources const& sources, char const* group, char const* key)
-{
-    auto const defaults = sources.config + "/kdedefaults" + kdeSettings;
-    return firstOf({ iniValue(sources.config + kdeSettings, group, key), iniValue(defaults, group, key) });
-}
-
 DesktopLook kdeLook(LookSources const& sources)
 {
-    DesktopLook look { storedFont(firstOf({ kdeValue(sources, "General", "font"), "Noto Sans,10,-1,5,50,0,0,0,0,0" })),
-        storedLook(sources.config + kdeSettings, kdeRoles) };
-    auto const scheme = firstOf({ kdeValue(sources, "General", "ColorScheme"), "BreezeLight" });
+    auto const kdeValue = [&](char const* group, char const* key) { return sources.settings.kdeValue(group, key); };
+    DesktopLook look { storedFont(firstOf({ kdeValue("General", "font"), "Noto Sans,10,-1,5,50,0,0,0,0,0" })), storedLook(kdeRoles, kdeValue) };
+    auto const scheme = firstOf({ kdeValue("General", "ColorScheme"), "BreezeLight" });
     for (auto const& folder : sources.dataFolders) {
+        auto const file = folder + "/color-schemes/" + scheme + ".colors";
         if (!look.theme && scheme.find('/') == std::string::npos)
-            look.theme = storedLook(folder + "/color-schemes/" + scheme + ".colors", kdeRoles);
+            look.theme = storedLook(kdeRoles, [&](char const* group, char const* key) { return iniValue(file, group, key); });
     }
     return look;
 }
 
 DesktopLook lxqtLook(LookSources const& sources)
 {
-    auto const file = sources.config + lxqtSettings;
-    return { storedFont(iniValue(file, "Qt", "font")), storedLook(file, lxqtRoles) };
+    auto const lxqtValue = [&](char const* group, char const* key) { return sources.settings.lxqtValue(group, key); };
+    return { storedFont(lxqtValue("Qt", "font")), storedLook(lxqtRoles, lxqtValue) };
 }
 
 std::vector<std::string> themeFolders(LookSources const& sources)
@@ -135,12 +128,13 @@ std::vector<std::string> themeFolders(LookSources const& sources)
 
 DesktopLook gtkLook(LookSources const& sources, bool isDark)
 {
-    auto const published = sources.connection ? publishedSettings(sources.connection) : "";
-    auto const file = sources.config + gtkSettings;
+    auto const& settings = sources.settings;
+    auto const published = settings.connection ? publishedSettings(settings.connection) : "";
+    auto const gtkValue = [&](char const* key) { return settings.stored(gtkSettings, "Settings", key); };
     // https://www.freedesktop.org/wiki/Specifications/XSettingsRegistry
-    auto const theme = firstOf({ xSetting(published, "Net/ThemeName"), iniValue(file, "Settings", "gtk-theme-name"), storedInGSettings("gtk-theme") });
-    auto const font = firstOf({ xSetting(published, "Gtk/FontName"), iniValue(file, "Settings", "gtk-font-name"), storedInGSettings("font-name") });
-    auto const wantsDark = iniValue(file, "Settings", "gtk-application-prefer-dark-theme");
+    auto const theme = firstOf({ xSetting(published, "Net/ThemeName"), gtkValue("gtk-theme-name"), storedInGSettings("gtk-theme") });
+    auto const font = firstOf({ xSetting(published, "Gtk/FontName"), gtkValue("gtk-font-name"), storedInGSettings("font-name") });
+    auto const wantsDark = gtkValue("gtk-application-prefer-dark-theme");
     return { fontDescribed(font), gtkThemeLook(theme, isDark || wantsDark == "1" || wantsDark == "true", themeFolders(sources)) };
 }
 
@@ -155,14 +149,15 @@ bool isStyleWord(QString const& word)
 
 std::string LookSources::settingsFile() const
 {
-    return config + (isDesktop(*this, "KDE") ? kdeSettings : isDesktop(*this, "LXQt") ? lxqtSettings : gtkSettings);
+    auto const own = settings.configFolders.empty() ? "" : settings.configFolders.front();
+    return own + (settings.isOf("KDE") ? kdeSettings : settings.isOf("LXQt") ? lxqtSettings : gtkSettings);
 }
 
 DesktopLook readDesktopLook(LookSources const& sources, bool isDark)
 {
-    if (isDesktop(sources, "KDE"))
+    if (sources.settings.isOf("KDE"))
         return kdeLook(sources);
-    return isDesktop(sources, "LXQt") ? lxqtLook(sources) : gtkLook(sources, isDark);
+    return sources.settings.isOf("LXQt") ? lxqtLook(sources) : gtkLook(sources, isDark);
 }
 
 /// Desktops that publish the dots without the factor, too, have it among the dots.

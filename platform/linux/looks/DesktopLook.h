@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/icons/IconTheme.h"
 #include "platform/linux/looks/GtkTheme.h"
 
 #include <QFont>
@@ -9,16 +10,12 @@
 #include <string_view>
 #include <vector>
 
-struct xcb_connection_t;
-
 namespace zv {
 
 /// The places where a desktop's look is written down.
 struct LookSources {
-    xcb_connection_t* connection = nullptr; ///< to the X server that publishes settings; null without one
-    std::string config; ///< the user's folder of settings
+    DesktopSettings settings;
     std::vector<std::string> dataFolders; ///< the user's own first
-    std::vector<std::string> desktops; ///< as the session names itself: "ubuntu", "GNOME"
 
     /// The desktop's own file of settings, which tells of changes where nothing is published.
     [[nodiscard]] std::string settingsFile() const;

@@ -54,9 +54,9 @@ LookFollower::LookFollower(LookSources sources, std::string const& chosenTheme)
     m_soon.setSingleShot(true);
     m_soon.setInterval(changesTogether);
     connect(&m_soon, &QTimer::timeout, this, [this] { adopt(); });
-    if (m_sources.connection) {
+    if (m_sources.settings.connection) {
         XReply<xcb_intern_atom_reply_t> const atom(
-            xcb_intern_atom_reply(m_sources.connection, xcb_intern_atom(m_sources.connection, 0, 7, "MANAGER"), nullptr));
+            xcb_intern_atom_reply(m_sources.settings.connection, xcb_intern_atom(m_sources.settings.connection, 0, 7, "MANAGER"), nullptr));
         m_managerMessage = atom ? atom->atom : xcb_atom_t { XCB_ATOM_NONE };
         qApp->installNativeEventFilter(this);
         watchPublisher();
@@ -78,12 +78,12 @@ void LookFollower::useBus(QDBusConnection const& bus)
 /// Selects what the toolkit selects on the window, as both have one connection.
 void LookFollower::watchPublisher()
 {
-    m_publisher = publisherOfSettings(m_sources.connection);
+    m_publisher = publisherOfSettings(m_sources.settings.connection);
     if (m_publisher == XCB_WINDOW_NONE)
         return;
     std::uint32_t const events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(m_sources.connection, m_publisher, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(m_sources.connection);
+    xcb_change_window_attributes(m_sources.settings.connection, m_publisher, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(m_sources.settings.connection);
 }
 
 void LookFollower::watchSettings()
@@ -119,7 +119,7 @@ void LookFollower::adopt()
     if (m_followsColors || m_colorScheme)
         adoptColors(m_followsColors ? look.theme : std::nullopt);
     bool const isOnDark = QApplication::palette("QMenu").color(QPalette::Base).lightnessF() < 0.5F;
-    adoptDesktopIconTheme(m_sources.config, m_sources.connection, m_isChosen ? IconThemeOf::toolkit : IconThemeOf::desktop, isOnDark);
+    adoptDesktopIconTheme(m_sources.settings, m_isChosen ? IconThemeOf::toolkit : IconThemeOf::desktop, isOnDark);
     if (onAdopted)
         onAdopted();
 }

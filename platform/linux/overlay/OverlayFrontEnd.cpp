@@ -1,36 +1,29 @@
 #include "platform/linux/overlay/OverlayFrontEnd.h"
 
+#include "platform/linux/overlay/PanelCorner.h"
 #include "platform/linux/overlay/X11OverlayPanels.h"
 #include "platform/linux/overlay/X11PointerMonitor.h"
 #include "platform/linux/overlay/X11WorkspaceEvents.h"
 
 #include <QGuiApplication>
-#include <QRgb>
 
-#include <algorithm>
-#include <map>
+#include <cstring>
+#include <vector>
 
 namespace zv {
 
 namespace {
 
-constexpr int shadeStep = 16; ///< of 256: one shade with its gradient
-constexpr int darkest = 128;
-
-/// By the colour that most pixels have: a panel is mostly empty.
-std::optional<bool> isDark(X11Connection const& x, XMenuBar const& bar)
+std::optional<bool> isPanelDark(X11Connection const& x, XMenuBar const& bar)
 {
     auto const width = static_cast<std::uint16_t>(bar.rect.width), height = static_cast<std::uint16_t>(bar.rect.height);
     XReply<xcb_get_image_reply_t> const image(
         xcb_get_image_reply(x.get(), xcb_get_image(x.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, bar.window, 0, 0, width, height, ~0U), nullptr));
     if (!image || image->depth < 24)
         return std::nullopt;
-    auto const* bytes = xcb_get_image_data(image.get());
-    std::map<int, int> shades;
-    for (int at = 0; at + 3 < xcb_get_image_data_length(image.get()); at += 4)
-        ++shades[qGray(bytes[at + 2], bytes[at + 1], bytes[at]) / shadeStep];
-    auto const most = std::ranges::max_element(shades, {}, [](auto const& shade) { return shade.second; });
-    return most == shades.end() ? std::nullopt : std::optional(most->first * shadeStep < darkest);
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(xcb_get_image_data_length(image.get())) / sizeof(std::uint32_t));
+    std::memcpy(pixels.data(), xcb_get_image_data(image.get()), pixels.size() * sizeof(std::uint32_t));
+    return isDark(pixels);
 }
 
 class X11OverlayFrontEnd : public OverlayFrontEnd {
@@ -53,7 +46,7 @@ public:
     std::optional<bool> isPanelDark() const override
     {
         auto const& bars = m_menuBars.bars();
-        return bars.empty() ? std::nullopt : isDark(*m_x, bars.front());
+        return bars.empty() ? std::nullopt : zv::isPanelDark(*m_x, bars.front());
     }
     QRect freeAreaOf(QRect const& monitor) const override
     {

@@ -1,5 +1,7 @@
 #include "platform/linux/overlay/PanelCorner.h"
 
+#include <QRgb>
+
 #include <algorithm>
 #include <cstdlib>
 #include <map>
@@ -8,6 +10,8 @@ namespace zv {
 
 namespace {
 
+constexpr int kShadeStep = 16; ///< of 256: one shade with its gradient
+constexpr int kDarkest = 128;
 constexpr int kTolerance = 12; ///< of 255 a channel: gradients and antialiased rims
 
 bool differs(std::uint32_t a, std::uint32_t b)
@@ -36,10 +40,15 @@ std::vector<std::uint32_t> backgroundOf(PanelPixels const& panel, int width)
 /// The maximum thickness of a button's frame, and of its round corners.
 int frameOf(PanelPixels const& panel) { return panel.height / 6; }
 
+/// Buttons side by side, each with a ground of its own, may stand closer than letters, and a line of one pixel may go
+/// through all of them.
+enum class Expect { picture, tile };
+
 class Columns {
 public:
-    Columns(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
+    Columns(PanelPixels const& panel, int reach, PanelCorner::Ground ground, Expect expected)
         : m_panel(panel)
+        , m_expected(expected)
         , m_background(backgroundOf(panel, ground == PanelCorner::Ground::panel ? panel.width : std::min(2 * reach, panel.width)))
         , m_frame(ground == PanelCorner::Ground::panel ? 0 : frameOf(panel))
         , m_reach(std::min(reach, panel.width))
@@ -68,7 +77,7 @@ public:
         for (int x = from; x < m_reach; ++x) {
             if (!isEmpty(x))
                 continue;
-            if (emptyFrom(x) > m_letterGap)
+            if (emptyFrom(x) > m_letterGap || (m_expected == Expect::tile && isTile(from, x)))
                 return { x, false };
             lastGap = x;
         }
@@ -77,9 +86,18 @@ public:
     }
     [[nodiscard]] int firstEmptyFrom(int x) const
     {
-        while (x < m_panel.width - 1 && !isEmpty(x))
+        while (x < m_panel.width - 1 && drawnIn(x) > 0)
             ++x;
         return std::min(x, m_panel.width - 1);
+    }
+    /// The picture's columns, with the hairlines that lead to it.
+    [[nodiscard]] XRect pictureIn(int from, int end) const
+    {
+        while (from > 0 && drawnIn(from - 1) > 0)
+            --from;
+        while (end < m_reach && drawnIn(end) > 0 && isEmpty(end))
+            ++end;
+        return boundsOf(from, end);
     }
     [[nodiscard]] XRect boundsOf(int from, int end) const
     {
@@ -97,13 +115,25 @@ public:
 
 private:
     [[nodiscard]] bool isDrawn(int x, int y) const { return differs(m_panel.at(x, y), m_background[static_cast<std::size_t>(y)]); }
-    [[nodiscard]] bool isEmpty(int x) const
+    [[nodiscard]] int drawnIn(int x) const
     {
-        for (int y = m_frame; y < m_panel.height - m_frame; ++y) {
-            if (isDrawn(x, y))
+        int drawn = 0;
+        for (int y = m_frame; y < m_panel.height - m_frame; ++y)
+            drawn += isDrawn(x, y) ? 1 : 0;
+        return drawn;
+    }
+    [[nodiscard]] bool isEmpty(int x) const { return drawnIn(x) <= (m_expected == Expect::tile ? 1 : 0); }
+    /// Whether all columns reach from the top to the bottom, as letters' and most icons' do not.
+    [[nodiscard]] bool isTile(int from, int end) const
+    {
+        auto const bounds = boundsOf(from, end);
+        int const roundness = frameOf(m_panel);
+        for (int x = from; x < end; ++x) {
+            auto const column = boundsOf(x, x + 1);
+            if (column.y > bounds.y + roundness || column.bottom() < bounds.bottom() - roundness)
                 return false;
         }
-        return true;
+        return bounds.width >= m_panel.height / 2 && bounds.height >= 2 * m_panel.height / 3;
     }
     [[nodiscard]] int emptyFrom(int x) const
     {
@@ -114,20 +144,21 @@ private:
     }
 
     PanelPixels const& m_panel;
+    Expect m_expected;
     std::vector<std::uint32_t> m_background;
     int m_frame;
     int m_reach;
     int m_letterGap;
 };
 
-PanelCorner cornerOn(PanelPixels const& panel, int reach, PanelCorner::Ground ground)
+PanelCorner cornerOn(PanelPixels const& panel, int reach, PanelCorner::Ground ground, Expect expected = Expect::picture)
 {
-    Columns const columns(panel, reach, ground);
+    Columns const columns(panel, reach, ground, expected);
     int const from = columns.firstDrawn();
     if (from >= std::min(reach, panel.width))
         return {};
     auto const end = columns.endOfPicture(from);
-    return { columns.boundsOf(from, end.column), columns.firstEmptyFrom(end.column), end.isCut, ground };
+    return { columns.pictureIn(from, end.column), columns.firstEmptyFrom(end.column), end.isCut, ground };
 }
 
 } // namespace
@@ -141,12 +172,26 @@ PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
     if (!mayBeButton)
         return corner;
     auto const onButton = cornerOn(panel, reach, PanelCorner::Ground::litButton);
-    return onButton.picture && !onButton.isCut ? onButton : corner;
+    auto const tile = cornerOn(panel, reach, PanelCorner::Ground::panel, Expect::tile);
+    auto const isWhole = [](PanelCorner const& found) { return found.picture && !found.isCut; };
+    auto const isGap = [](PanelCorner const& found) { return 2 * found.picture->width < found.picture->height; }; // between two lit buttons
+    if (isWhole(onButton) && !isGap(onButton))
+        return onButton;
+    return isWhole(tile) ? tile : corner;
 }
 
 int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground)
 {
-    return panel.width <= 0 || panel.height <= 0 ? 0 : Columns(panel, reach, ground).firstEmptyFrom(x);
+    return panel.width <= 0 || panel.height <= 0 ? 0 : Columns(panel, reach, ground, Expect::picture).firstEmptyFrom(x);
+}
+
+std::optional<bool> isDark(std::span<std::uint32_t const> pixels)
+{
+    std::map<int, int> shades;
+    for (auto const pixel : pixels)
+        ++shades[qGray(pixel) / kShadeStep];
+    auto const most = std::ranges::max_element(shades, {}, [](auto const& shade) { return shade.second; });
+    return most == shades.end() ? std::nullopt : std::optional(most->first * kShadeStep < kDarkest);
 }
 
 } // namespace zv

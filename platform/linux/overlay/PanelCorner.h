@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace zv {
@@ -37,5 +38,8 @@ struct PanelCorner {
 
 /// The first column from `x` on that shows only background; the panel's last without one.
 [[nodiscard]] int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground);
+
+/// Whether a panel is dark, by the colour that most of its pixels have, as it is mostly empty. Nothing without pixels.
+[[nodiscard]] std::optional<bool> isDark(std::span<std::uint32_t const> pixels);
 
 } // namespace zv

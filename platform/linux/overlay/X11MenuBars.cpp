@@ -214,7 +214,10 @@ std::vector<XMenuBar> X11MenuBars::readBars()
             continue;
         bool const isCovered = std::any_of(client + 1, clients.end(),
             [&](Client const& above) { return above.isFullScreen && above.isViewable && above.rect.intersected(client->rect) == client->rect; });
-        bars.push_back({ client->window, client->rect, client->isViewable && !isCovered, *edge, !client->reserved.empty() });
+        bool const isOnscreen = client->isViewable && !isCovered;
+        bars.push_back({ client->window, client->rect, isOnscreen, *edge, !client->reserved.empty() });
+        if (isOnscreen && client->reserved.empty())
+            m_reserved.push_back({ *edge, client->rect });
     }
     dropBarsBesideBetterOnes(bars, m_screens.monitors());
     // The stacking order changes with every click, so the bars are sorted by window.

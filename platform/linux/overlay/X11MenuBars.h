@@ -31,7 +31,7 @@ public:
     std::optional<Rect> frame(MenuBarID id) const override;
 
     [[nodiscard]] std::vector<XMenuBar> const& bars() const { return m_bars; }
-    /// The monitor without the room that panels claim at its edges.
+    /// The monitor without the room that panels claim at its edges, or take just now.
     [[nodiscard]] XRect freeAreaOf(XRect const& monitor) const { return freeArea(monitor, m_reserved); }
 
 private:
@@ -51,7 +51,7 @@ private:
     std::set<xcb_window_t> m_docks; ///< docks whose events are selected
     std::vector<XRect> m_monitors; ///< monitors at the last reading
     std::vector<XMenuBar> m_bars;
-    std::vector<ReservedEdge> m_reserved; ///< by all panels
+    std::vector<ReservedEdge> m_reserved; ///< by all panels, with those that may hide and are shown
     bool m_isStale = true;
     X11Connection::Token m_events;
     X11Connection::Token m_batch;

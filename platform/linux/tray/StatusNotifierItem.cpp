@@ -20,7 +20,11 @@ QString menuPath() { return QStringLiteral("/StatusNotifierItem/Menu"); }
 
 QString watcherName() { return QStringLiteral("org.kde.StatusNotifierWatcher"); }
 
+QString watcherPath() { return QStringLiteral("/StatusNotifierWatcher"); }
+
 constexpr std::chrono::seconds panelsRedrawing { 1 };
+constexpr std::chrono::milliseconds dropped { 200 };
+constexpr int mostReturns = 5;
 
 /// A new name for each showing, as releasing the name removes the icon.
 QString nextBusName()
@@ -73,11 +77,18 @@ StatusNotifierItem::StatusNotifierItem(
     , m_busMenu(m_bus, menuPath(), m_menu, performer)
     , m_name(nextBusName())
     , m_watcher(watcherName(), m_bus, QDBusServiceWatcher::WatchForRegistration)
+    , m_drops(m_bus, watcherName(), watcherPath(), watcherName(), QStringLiteral("StatusNotifierItemUnregistered"),
+          [this](QDBusMessage const& said) { wasDropped(said.arguments().value(0).toString()); })
 {
     registerStatusPixmapTypes();
     m_bus.registerVirtualObject(itemPath(), this);
     m_bus.registerService(m_name);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &StatusNotifierItem::registerWithWatcher);
+    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+        m_returns = 0;
+        registerWithWatcher();
+    });
+    m_return.setSingleShot(true);
+    connect(&m_return, &QTimer::timeout, this, &StatusNotifierItem::registerWithWatcher);
     m_panelRedraws.setSingleShot(true);
     connect(&m_panelRedraws, &QTimer::timeout, this, &StatusNotifierItem::tellOfNewIcon);
     registerWithWatcher();
@@ -92,11 +103,19 @@ StatusNotifierItem::~StatusNotifierItem()
 /// Registers the item; without a watcher the call fails, and is repeated when one appears.
 void StatusNotifierItem::registerWithWatcher()
 {
-    auto call
-        = QDBusMessage::createMethodCall(watcherName(), QStringLiteral("/StatusNotifierWatcher"), watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
+    auto call = QDBusMessage::createMethodCall(watcherName(), watcherPath(), watcherName(), QStringLiteral("RegisterStatusNotifierItem"));
     call.setAutoStartService(false);
     call << m_name;
     m_bus.asyncCall(call);
+}
+
+/// https://github.com/ubuntu/gnome-shell-extension-appindicator compares a property that it has emptied ("Argument two may not
+/// be null") and drops the item, one time in five, where it hears of our name only after our properties.
+void StatusNotifierItem::wasDropped(QString const& item)
+{
+    bool const isOurs = item == m_name || item == m_name + itemPath();
+    if (isOurs && m_returns++ < mostReturns)
+        m_return.start(dropped);
 }
 
 void StatusNotifierItem::redrawSoon() { m_panelRedraws.start(panelsRedrawing); }

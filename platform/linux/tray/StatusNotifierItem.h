@@ -2,6 +2,7 @@
 
 #include "platform/linux/icons/LaurelIcon.h"
 #include "platform/linux/menu/MenuPresenter.h"
+#include "platform/linux/toolkit/BusListener.h"
 #include "platform/linux/tray/BusMenu.h"
 #include "platform/menubar/StatusBar.h"
 
@@ -16,7 +17,7 @@
 namespace zv {
 
 /// Our icon in panels that follow the StatusNotifier convention. It registers as soon as there is
-/// a watcher, and again whenever the watcher returns.
+/// a watcher, and again whenever the watcher returns or has dropped it.
 class StatusNotifierItem : public QDBusVirtualObject, public StatusItem {
     Q_OBJECT
 public:
@@ -41,6 +42,7 @@ public:
 private:
     [[nodiscard]] QVariantMap properties() const;
     void registerWithWatcher();
+    void wasDropped(QString const& item);
     void tellOfNewIcon();
     [[nodiscard]] bool opensMenus() const;
     [[nodiscard]] QString toldMenu() const;
@@ -54,6 +56,9 @@ private:
     BusMenu m_busMenu;
     QString m_name;
     QDBusServiceWatcher m_watcher;
+    BusListener m_drops;
+    QTimer m_return;
+    int m_returns = 0; ///< since the watcher came
     QTimer m_panelRedraws;
 };
 

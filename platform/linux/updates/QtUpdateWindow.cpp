@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace zv {
 
 class QtUpdateWindow::Dialog : public QDialog {
@@ -48,6 +50,7 @@ public:
 
     void setPage(UpdatePage const& page)
     {
+        auto const known = size(); // what the page needs may resize the window at once
         m_escapeButton = page.escapeButton;
         m_title.setText(QString::fromStdString(page.title));
         m_message.setText(QString::fromStdString(page.message));
@@ -57,7 +60,7 @@ public:
         setProgress(page.progress);
         setButtons(page.buttons);
         if (isVisible())
-            resize(size().expandedTo(sizeHint())); // a page that needs less leaves the size that the user knows
+            growFrom(known);
         else
             adjustSize();
     }
@@ -87,6 +90,20 @@ protected:
     }
 
 private:
+    /// Grows about its middle, within the screen; a page that needs less leaves the size that the user knows.
+    void growFrom(QSize known)
+    {
+        auto const added = size().expandedTo(known).expandedTo(sizeHint()) - known;
+        if (added.isNull())
+            return;
+        auto const free = screen()->availableGeometry();
+        auto const whole = frameGeometry().size() - size() + known + added;
+        auto const wanted = pos() - QPoint(added.width() / 2, added.height() / 2);
+        resize(known + added);
+        move(std::clamp(wanted.x(), free.left(), std::max(free.left(), free.right() + 1 - whole.width())),
+            std::clamp(wanted.y(), free.top(), std::max(free.top(), free.bottom() + 1 - whole.height())));
+    }
+
     void setNotes(QString const& notes)
     {
         m_notes.setVisible(!notes.isEmpty());

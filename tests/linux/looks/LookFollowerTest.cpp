@@ -90,7 +90,8 @@ struct LookFollowerTest : testing::Test {
     tests::TemporaryFolder disk;
     QPalette paletteBefore = QApplication::palette();
     QFont fontBefore = QApplication::font();
-    LookSources sources { .connection = nullptr, .config = disk.path("config"), .dataFolders = { disk.path("share") }, .desktops = { "MATE" } };
+    LookSources sources { .settings = { .connection = nullptr, .configFolders = { disk.path("config"), disk.path("shared") }, .desktops = { "MATE" } },
+        .dataFolders = { disk.path("share") } };
 };
 
 TEST_F(LookFollowerTest, TheDesktopsThemeIsAdoptedAndFollowed)
@@ -113,14 +114,36 @@ TEST_F(LookFollowerTest, DesktopsWithFilesOfTheirOwnAreRead)
     disk.write("config/kdeglobals", "[General]\nfont=Sans,13,-1,5,50,0,0,0,0,0\nColorScheme=Night\n");
     disk.write("share/color-schemes/Night.colors", "[Colors:Window]\nBackgroundNormal=42,46,50\n[Colors:Selection]\nBackgroundNormal=61,174,233\n");
     disk.write("config/lxqt/lxqt.conf", "[Palette]\nwindow_color=#30343f\n[Qt]\nfont=\"Sans,9,-1,5,50,0,0,0,0,0\"\n");
-    sources.desktops = { "KDE" };
+    sources.settings.desktops = { "KDE" };
     auto const kde = readDesktopLook(sources, false);
     EXPECT_EQ(nameOf(kde.theme.value().menus.color(QPalette::Base)), "#2a2e32");
     EXPECT_EQ(nameOf(kde.theme.value().windows.color(QPalette::Highlight)), "#3daee9");
     EXPECT_EQ(kde.font.value().pointSize(), 13);
-    sources.desktops = { "LXQt" };
+    sources.settings.desktops = { "LXQt" };
     EXPECT_EQ(nameOf(readDesktopLook(sources, false).theme.value().windows.color(QPalette::Window)), "#30343f");
-    EXPECT_EQ(readDesktopLook(sources, false).font.value().pointSize(), 9);
+    EXPECT_EQ(readDesktopLook(sources, false).font.value().toString().left(7).toStdString(), "Sans,9,");
+}
+
+TEST_F(LookFollowerTest, IconsAreThoseOfTheDesktopThatRuns)
+{
+    struct Row {
+        std::string desktop, file, text, theme, why;
+    };
+    Row const rows[] = {
+        { "KDE", "", "", "breeze", "its own where nothing is stored" },
+        { "KDE", "config/kdedefaults/kdeglobals", "[Icons]\nTheme=Usual\n", "Usual", "the look that the session begins with" },
+        { "KDE", "config/kdeglobals", "[Icons]\nTheme=Chosen\n", "Chosen", "the user's" },
+        { "LXQt", "shared/lxqt/lxqt.conf", "[General]\nicon_theme=Shared\n", "Shared", "the system's settings, not those of another desktop" },
+        { "MATE", "config/gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Gone\n", "Chosen", "one that is installed" },
+    };
+    for (auto const* theme : { "Adwaita", "breeze", "Usual", "Chosen", "Shared" })
+        disk.write(std::string("icons/") + theme + "/index.theme", "");
+    for (auto const& row : rows) {
+        if (!row.file.empty())
+            disk.write(row.file, row.text);
+        sources.settings.desktops = { row.desktop };
+        EXPECT_EQ(desktopIconTheme(sources.settings, { QString::fromStdString(disk.path("icons")) }).toStdString(), row.theme) << row.why;
+    }
 }
 
 TEST_F(LookFollowerTest, DarkAndLightAreFollowedWhileTheProgramRuns)

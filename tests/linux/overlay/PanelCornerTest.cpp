@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace zv {
@@ -68,6 +69,7 @@ TEST(PanelCorner, FindsThePictureThatStandsFirst)
         { { { drawn, 20 }, { blank, 30 } }, 0, 20, 20, false, "one that begins at the very edge" },
         { { { blank, 30 }, { drawn, 10 }, { blank, 10 } }, 30, 10, 40, false, "one at the far end of the reach" },
         { { { blank, 4 }, { drawn, 30 }, { blank, 1 }, { drawn, 30 } }, 4, 30, 34, true, "a word is cut between two letters" },
+        { { { blank, 1 }, { drawn, 26 }, { blank, 2 }, { drawn, 22 } }, 1, 26, 27, false, "a button close to the next" },
         { { { blank, 4 }, { drawn, 90 } }, 4, 40, 94, true, "what has no gap at all is cut at the reach" },
     };
     for (auto const& row : rows) {
@@ -133,6 +135,35 @@ TEST(PanelCorner, FindsThePictureOnAButtonThatIsLitUp)
     EXPECT_EQ(corner.backgroundColumn, 17) << "the button's own, which goes out with it";
     EXPECT_FALSE(corner.isCut);
     EXPECT_EQ(corner.ground, PanelCorner::Ground::litButton);
+}
+
+TEST(PanelCorner, EndsAButtonAtTheGapThatAHairlineCrosses)
+{
+    auto panel = panelOf({ { blank, 1 }, { drawn, 26 }, { blank, 2 }, { drawn, 22 } });
+    std::fill_n(panel.pixels.begin() + 6 * panel.width, 29, 0xffbbbbbb);
+    auto const corner = findPanelCorner(panel, kReach);
+    ASSERT_TRUE(corner.picture);
+    EXPECT_EQ(*corner.picture, (XRect { 0, 4, 29, 19 })) << "nothing of the line is left beside the logo";
+    EXPECT_EQ(corner.backgroundColumn, 51) << "without the line";
+    EXPECT_FALSE(corner.isCut);
+}
+
+TEST(PanelCorner, APanelIsAsDarkAsMostOfIt)
+{
+    struct Row {
+        std::vector<std::uint32_t> pixels;
+        std::optional<bool> dark;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { 0xff202020, 0xff222222, 0xff242424, 0xffffffff, 0xffffffff }, true, "shades of one colour count together" },
+        { { 0xfff6f5f4, 0xfff6f5f4, 0xff000000 }, false, "letters do not count" },
+        { { 0xff0000ff }, true, "blue is dark" },
+        { { 0xffa0ff40 }, false, "green is light" },
+        { {}, std::nullopt, "one that cannot be read" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(isDark(row.pixels), row.dark) << row.why;
 }
 
 TEST(PanelCorner, CopesWithAPanelNarrowerThanTheReach)

@@ -92,6 +92,34 @@ TEST_F(StatusNotifierItemTest, ComesByNameOrAsPixelsAndWithTheMenuThatThePanelDr
     }
 }
 
+/// A watcher that drops each item as it comes.
+struct Watcher : QDBusVirtualObject {
+    QString introspect(QString const&) const override { return {}; }
+    bool handleMessage(QDBusMessage const& message, QDBusConnection const& bus) override
+    {
+        auto const item = message.arguments().value(0).toString();
+        ++registered;
+        for (auto const& dropped : { QString("another"), item }) {
+            auto signal = QDBusMessage::createSignal(message.path(), message.interface(), "StatusNotifierItemUnregistered");
+            bus.send(signal << dropped);
+        }
+        return bus.send(message.createReply());
+    }
+    int registered = 0;
+};
+
+TEST_F(StatusNotifierItemTest, ComesBackAFewTimesWhereThePanelDropsIt)
+{
+    Watcher watcher;
+    panel.registerVirtualObject("/StatusNotifierWatcher", &watcher);
+    panel.registerService("org.kde.StatusNotifierWatcher");
+    EXPECT_TRUE(tests::turnUntil([&] { return watcher.registered == 6; }));
+    EXPECT_FALSE(tests::turnUntil([&] { return watcher.registered > 6; }, std::chrono::milliseconds(500))) << "not for ever";
+    panel.unregisterService("org.kde.StatusNotifierWatcher");
+    panel.registerService("org.kde.StatusNotifierWatcher");
+    EXPECT_TRUE(tests::turnUntil([&] { return watcher.registered == 12; })) << "another one may keep it";
+}
+
 TEST_F(StatusNotifierItemTest, OpensTheMenuWhereItIsClickedUnlessThePanelDrawsIt)
 {
     for (auto const* method : { "Activate", "SecondaryActivate", "ContextMenu" }) {
