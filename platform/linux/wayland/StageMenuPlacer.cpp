@@ -174,15 +174,22 @@ void StageMenuPlacer::windowShows(QMenu& menu)
     if (!m_stage)
         return;
     menu.windowHandle()->setParent(m_stage->windowHandle());
+    keepOnStage(menu);
+}
+
+void StageMenuPlacer::keepOnStage(QMenu& menu)
+{
     if (!m_globals.layerShell())
         keepWithin({ m_stage->origin(), m_stage->size() }, menu);
 }
 
-/// The widget counts from the desktop's corner, its native window from the stage's.
-void StageMenuPlacer::windowIsShown(QMenu const& menu)
+/// The widget counts from the desktop's corner, its native window from the stage's. A menu that has grown is kept on
+/// the stage once more.
+void StageMenuPlacer::windowIsShown(QMenu& menu)
 {
     if (!m_stage || !menu.windowHandle())
         return;
+    keepOnStage(menu);
     menu.windowHandle()->setPosition(menu.pos() - m_stage->origin());
     m_stage->commit();
 }

@@ -39,7 +39,7 @@ public:
     void leave() override;
 
     void windowShows(QMenu& menu) override;
-    void windowIsShown(QMenu const& menu) override;
+    void windowIsShown(QMenu& menu) override;
     void windowHid(QMenu& menu) override;
     [[nodiscard]] bool ownsWindowMoves() const override { return true; }
     void dragBegins() override { letThrough(true); }
@@ -63,6 +63,7 @@ private:
     void settle();
     void focusChanged(QWindow* window);
     void letThrough(bool all);
+    void keepOnStage(QMenu& menu);
     [[nodiscard]] std::optional<QPoint> placeOf(Search const& search) const;
     [[nodiscard]] MenuStage* stageAt(QPoint point) const;
 
