@@ -61,6 +61,8 @@ private:
     void lost();
     void tell();
     void settle();
+    void openAtOnce();
+    void keyboardCame();
     void focusChanged(QWindow* window);
     void letThrough(bool all);
     void keepOnStage(QMenu& menu);
@@ -72,6 +74,8 @@ private:
     MenuStage* m_stage = nullptr; ///< the menus' own
     Desktop m_desktop;
     std::optional<Search> m_search;
+    std::optional<QPoint> m_place; ///< of the menu that is open
+    std::function<void()> m_again; ///< opens it once more, while the keyboard has not been told
     QTimer m_patience;
 };
 
