@@ -279,7 +279,7 @@ std::vector<DoctorCheck> desktopChecks(DesktopFindings const& found)
         checks.push_back(notificationCheck(found));
     }
     if (canShowWindows(found))
-        checks.push_back(hotkeyCheck(found.hotkeys, found.bindingOfShow));
+        checks.push_back(hotkeyCheck(found.hotkeys, found.bindingOfShow, found.key));
     static constexpr std::array others { pictureCheck, fileManagerCheck, sessionCheck, lockCheck, forceQuitCheck, commandCheck, loginCheck };
     for (auto const check : others)
         checks.push_back(check(found));

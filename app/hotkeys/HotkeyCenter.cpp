@@ -1,5 +1,6 @@
 #include "app/hotkeys/HotkeyCenter.h"
 
+#include "app/model/KeyCombination.h"
 #include "app/model/OwnItems.h"
 #include "base/Log.h"
 #include "base/MainThread.h"
@@ -20,12 +21,6 @@ constexpr int filesProperty = 2;
 
 /// Retired and unknown kinds keep their stored shortcut but never get a hotkey.
 bool isEligible(MenuItemKind const& kind) { return !kind.isLegacy(); }
-
-std::uint32_t modifiersOf(KeyEquivalentSpec const& spec)
-{
-    return (spec.noCommand ? 0U : std::uint32_t { commandKey }) | (spec.shift ? std::uint32_t { shiftKey } : 0U)
-        | (spec.option ? std::uint32_t { optionKey } : 0U) | (spec.control ? std::uint32_t { controlKey } : 0U);
-}
 
 /// The items that lead to this one, and it, as arguments; empty when it is not there.
 std::string wayTo(Uuid const& id, std::vector<MenuItem> const& items)
@@ -286,7 +281,8 @@ void HotkeyCenter::listen()
 void HotkeyCenter::pressed(HotkeyID id)
 {
     assertMainThread();
-    auto const found = std::lower_bound(m_registrations.begin(), m_registrations.end(), id, [](auto const& each, HotkeyID wanted) { return each.first < wanted; });
+    auto const found
+        = std::lower_bound(m_registrations.begin(), m_registrations.end(), id, [](auto const& each, HotkeyID wanted) { return each.first < wanted; });
     if (found == m_registrations.end() || found->first != id || !onTrigger)
         return;
     // Copies: the trigger may cause another pass.

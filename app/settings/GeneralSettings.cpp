@@ -76,6 +76,14 @@ std::vector<SettingsChoice> numbers(std::initializer_list<std::int64_t> values)
 
 } // namespace
 
+GeneralSettings::GeneralSettings(Services services)
+    : m_services(std::move(services))
+{
+    if (m_services.desktopKey)
+        m_desktopKey.emplace(DesktopKeyRows::Services {
+            *m_services.desktopKey, m_services.alerts, [this](auto const& spec) { return warningOf(spec); }, [this] { tellChanged(); } });
+}
+
 std::vector<SettingsSection> GeneralSettings::sections()
 {
     std::vector<SettingsSection> sections { presence(), login(), menus(), updates(), menuFile() };
@@ -110,7 +118,7 @@ SettingsSection GeneralSettings::presence()
         addNote(section, "statusItemProblem", m_services.statusItemProblem);
     if (!replaces && !showsItem)
         section.rows.push_back(note("noPresence", wording.noPresenceNote));
-    addMenuShortcut(section);
+    addKeys(section);
     return section;
 }
 
@@ -130,6 +138,17 @@ void GeneralSettings::addExtension(SettingsSection& section)
         section.rows.push_back(note("extensionNote", tr("It takes effect at the next login.")));
 }
 
+/// The desktop's own key stands alone where a shortcut of ours would do nothing; one that is left from then can be taken back.
+void GeneralSettings::addKeys(SettingsSection& section)
+{
+    auto const key = m_desktopKey ? m_services.desktopKey->state() : DesktopKey::State {};
+    bool const standsAlone = key.isOffered && m_services.hotkeySupport() == HotkeySupport::none;
+    if (!standsAlone)
+        addMenuShortcut(section);
+    if (standsAlone || key.value)
+        m_desktopKey->addTo(section);
+}
+
 /// Always adds a note, so that the page keeps its rows, and the recorder its key, when a conflict comes or goes.
 void GeneralSettings::addMenuShortcut(SettingsSection& section)
 {
@@ -146,8 +165,13 @@ std::string GeneralSettings::menuShortcutNote() const
     auto const& value = m_services.menuShortcut.value();
     if (m_services.menuShortcutIsTaken())
         return tr("Another program has this combination. Record a different one.");
-    auto const warning = value && m_services.shortcutWarning ? m_services.shortcutWarning(*value) : std::string();
+    auto const warning = value ? warningOf(*value) : std::string();
     return warning.empty() ? tr("Opens the menu at the pointer, whatever program is in front.") : warning;
+}
+
+std::string GeneralSettings::warningOf(KeyEquivalentSpec const& spec) const
+{
+    return m_services.shortcutWarning ? m_services.shortcutWarning(spec) : std::string();
 }
 
 SettingsSection GeneralSettings::login()

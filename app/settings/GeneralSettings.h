@@ -2,6 +2,7 @@
 
 #include "app/model/MenuShortcut.h"
 #include "app/model/Preferences.h"
+#include "app/settings/DesktopKeyRows.h"
 #include "app/settings/LoginItem.h"
 #include "app/settings/MenuFileCommands.h"
 #include "app/settings/PermissionRows.h"
@@ -50,6 +51,8 @@ public:
         std::function<std::map<Url, std::string>()> fileShortcuts {};
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
         DesktopExtension* extension = nullptr; ///< null where no desktop has one
+        DesktopKey* desktopKey = nullptr; ///< likewise
+        std::function<HotkeySupport()> hotkeySupport {}; ///< there beside a desktopKey
         /// The lines that give shortcuts by the desktop's own configuration, and how to copy them.
         std::function<std::vector<KeyBindingLine>()> bindingLines {};
         std::function<void(std::string const&)> copy {};
@@ -57,10 +60,7 @@ public:
         std::function<void()> exportAll {};
     };
 
-    explicit GeneralSettings(Services services)
-        : m_services(std::move(services))
-    {
-    }
+    explicit GeneralSettings(Services services);
 
     [[nodiscard]] std::vector<SettingsSection> sections();
 
@@ -71,8 +71,10 @@ private:
     [[nodiscard]] SettingsSection presence();
     void addMenuShortcut(SettingsSection& section);
     [[nodiscard]] std::string menuShortcutNote() const;
+    [[nodiscard]] std::string warningOf(KeyEquivalentSpec const& spec) const;
     [[nodiscard]] SettingsSection login();
     [[nodiscard]] SettingsSection menus();
+    void addKeys(SettingsSection& section);
     void addExtension(SettingsSection& section);
     void addBindingLines(SettingsSection& section);
     [[nodiscard]] SettingsSection fileShortcuts();
@@ -83,6 +85,7 @@ private:
     void tellChanged() const;
 
     Services m_services;
+    std::optional<DesktopKeyRows> m_desktopKey; ///< none where no desktop has one
 };
 
 } // namespace zv

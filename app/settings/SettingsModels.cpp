@@ -2,8 +2,8 @@
 
 #include "app/doctor/HotkeyCheck.h"
 #include "app/menu/MenuIcon.h"
-#include "app/model/Locations.h"
 #include "app/menu/ShownShortcut.h"
+#include "app/model/Locations.h"
 #include "app/settings/FolderForm.h"
 #include "app/settings/OwnItemForm.h"
 #include "app/settings/RecorderRules.h"
@@ -91,13 +91,15 @@ SettingsModels::SettingsModels(Services services)
           .shortcutWarning = [this](auto const& spec) { return shortcutWarning(spec, m_services.system.kind); },
           .statusItemProblem = [this] { return statusItemProblem(); },
           .overlayProblem = m_services.overlayProblem,
-          .hotkeyProblem = [this] { return noteOf(hotkeyCheck(m_services.hotkeys.support(), m_services.hotkeys.bindingOfShow())); },
+          .hotkeyProblem = [this] { return hotkeyProblem(); },
           .saveProblem = [this] { return saveProblem(); },
           .permissions = m_services.surface.home.permissions,
           .openSettingsPane = m_services.openSettingsPane,
           .fileShortcuts = [this] { return shown(m_services.hotkeys.registeredFiles(), m_services.system.kind); },
           .rename = [this](Url const& file, Url const& renamed) { return rename(file, renamed); },
           .extension = m_services.surface.home.extension,
+          .desktopKey = m_services.surface.home.desktopKey,
+          .hotkeySupport = [this] { return m_services.hotkeys.support(); },
           .bindingLines = [this] { return m_services.hotkeys.bindingLines(); },
           .copy = [this](std::string const& text) { m_services.surface.desk.clipboard.setText(text); },
           .exportAll = [this] { m_setup.exportAll(); } })
@@ -122,6 +124,12 @@ std::optional<std::string> SettingsModels::statusItemProblem() const
     if (m_services.surface.presence.showsStatusItems())
         return std::nullopt;
     return wording().statusItemIsNotShown;
+}
+
+std::optional<std::string> SettingsModels::hotkeyProblem() const
+{
+    auto const* key = m_services.surface.home.desktopKey;
+    return noteOf(hotkeyCheck(m_services.hotkeys.support(), m_services.hotkeys.bindingOfShow(), key ? key->state() : DesktopKey::State {}));
 }
 
 bool SettingsModels::menuShortcutIsTaken() const

@@ -89,6 +89,7 @@ private:
     void removeUnusedImages();
     [[nodiscard]] bool mayBeFolder(MenuItem const& item) const;
     [[nodiscard]] std::optional<std::string> statusItemProblem() const;
+    [[nodiscard]] std::optional<std::string> hotkeyProblem() const;
     [[nodiscard]] bool menuShortcutIsTaken() const;
     [[nodiscard]] Result<void> rename(Url const& file, Url const& renamed);
     [[nodiscard]] std::optional<std::string> saveProblem() const;

@@ -2,6 +2,7 @@
 
 #include "platform/menubar/HotkeyRegistrar.h"
 #include "platform/program/DesktopExtension.h"
+#include "platform/program/DesktopKey.h"
 #include "platform/program/LoginService.h"
 #include "platform/session/DesktopCommands.h"
 
@@ -41,6 +42,8 @@ struct DesktopFindings {
     bool readsDrawings = false; ///< icons that are SVG files
     HotkeySupport hotkeys = HotkeySupport::none;
     std::optional<KeyBindingLine> bindingOfShow; ///< opens the menu by a key, as the desktop's own configuration can
+
+    DesktopKey::State key; ///< the desktop's own one for the menu
 
     bool isGnome = false;
     DesktopExtension::State extension = DesktopExtension::State::missing;

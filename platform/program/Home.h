@@ -3,6 +3,7 @@
 #include "base/Url.h"
 #include "platform/lists/InstalledApplications.h"
 #include "platform/program/DesktopExtension.h"
+#include "platform/program/DesktopKey.h"
 #include "platform/program/Installation.h"
 #include "platform/program/LoginService.h"
 #include "platform/program/Permissions.h"
@@ -33,6 +34,7 @@ struct Home {
     InstalledApplications installedApplications; ///< for the palette of the settings; empty where it names none
     Permissions const* permissions; ///< null where the system asks for none
     DesktopExtension* extension; ///< null where no desktop has one
+    DesktopKey* desktopKey; ///< likewise
     /// Lets other programs have files added from here on; empty where they always can.
     std::function<void()> provideServices;
     std::function<std::string()> diagnostics; ///< for a bug report, without personal paths

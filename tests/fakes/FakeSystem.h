@@ -133,6 +133,7 @@ struct FakeSurface {
                 .installedApplications = [this](auto use) { use(installedApplications); },
                 .permissions = nullptr,
                 .extension = nullptr,
+                .desktopKey = nullptr,
                 .provideServices = [this] { ++servicesProvided; },
                 .diagnostics = [] { return std::string("a machine in memory"); } } };
     }

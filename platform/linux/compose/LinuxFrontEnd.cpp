@@ -124,6 +124,7 @@ LinuxFrontEnd::LinuxFrontEnd(int& count, char** arguments, Environment environme
     , m_loginService({ m_files.paths().user.config, m_files.places().bundle.path(), m_files.audience().desktops, [this] { return openAutostartSettings(); },
           [this](Url const& folder) { m_system.workspace().open(folder); } })
     , m_extension({ foldersFrom(m_files.paths().user.data, m_files.paths().user.dataDirs), [this] { return GnomeShell::windowsOn(m_bus) != nullptr; } })
+    , m_desktopKey({ m_access.desktop == Desktop::gnome, m_files.places().bundle.path(), SettingsStore::ofThisMachine(m_files.paths().user) })
     , m_userNotifications(m_bus)
     , m_downloads(m_files.paths().downloadsFolder, downloadSchemes(m_files.paths()))
     , m_packageOrigin(m_files.places().bundle.path())
@@ -370,6 +371,7 @@ Surface LinuxFrontEnd::surface()
             .installedApplications = [this](auto use) { m_system.applicationFolders().list(std::move(use)); },
             .permissions = nullptr,
             .extension = &m_extension,
+            .desktopKey = &m_desktopKey,
             .provideServices = {},
             .diagnostics = [this] { return desktopDiagnostics(m_files.environment(), statusIconsAreShown()); } } };
 }

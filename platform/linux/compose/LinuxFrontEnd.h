@@ -2,6 +2,7 @@
 
 #include "app/shell/ZantheVellApp.h"
 #include "platform/linux/compose/LinuxSystem.h"
+#include "platform/linux/hotkeys/GnomeKeyBinding.h"
 #include "platform/linux/hotkeys/LinuxHotkeys.h"
 #include "platform/linux/icons/ThemeIconSource.h"
 #include "platform/linux/icons/ThemePictures.h"
@@ -115,6 +116,7 @@ private:
     LinuxInstallation m_installation;
     AutostartLoginService m_loginService;
     GnomeExtension m_extension;
+    GnomeKeyBinding m_desktopKey;
     QtNotesWindows m_notesWindows;
     BusUserNotifications m_userNotifications;
     QtFilePanels m_filePanels;

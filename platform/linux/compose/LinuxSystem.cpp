@@ -34,7 +34,7 @@ LinuxSystem::LinuxSystem(Over over)
     , m_desktop(over.access, "/etc/os-release", commandTasks())
     , m_computer("/", commandTasks())
     , m_events(over.access, commandTasks())
-    , m_scripts(over.access, DockStore::ofThisMachine(m_files.paths().user), commandTasks())
+    , m_scripts(over.access, SettingsStore::ofThisMachine(m_files.paths().user), commandTasks())
     , m_tools(std::make_shared<PosixToolRunner>(m_files.environment()))
 {
 }

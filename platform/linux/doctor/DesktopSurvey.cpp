@@ -1,5 +1,6 @@
 #include "platform/linux/doctor/DesktopSurvey.h"
 
+#include "platform/linux/hotkeys/GnomeKeyBinding.h"
 #include "platform/linux/install/AutostartLoginService.h"
 #include "platform/linux/install/GnomeExtension.h"
 #include "platform/linux/session/LinuxDesktopCommands.h"
@@ -93,6 +94,7 @@ void surveyServices(DesktopAccess const& access, XdgDirectories const& directori
 {
     Deadline const deadline(patience);
     findings.isGnome = access.desktop == Desktop::gnome;
+    findings.key = GnomeKeyBinding({ findings.isGnome, {}, SettingsStore::ofThisMachine(directories) }).state();
     surveySessionBus(BusConnection::open(access.buses.session, deadline), directories, deadline, findings);
     surveySystemBus(BusConnection::open(access.buses.system, deadline), deadline, findings);
     findings.lacksFilesExtension = lacksFilesExtension(*access.programs);

@@ -12,17 +12,21 @@ std::vector<bool> ChordRegistrar::claimAll(HotkeyID firstID, std::span<KeyChord 
 {
     assertMainThread();
     std::set<KeyChord> const wanted(chords.begin(), chords.end());
-    auto const before = std::exchange(m_held, {});
-    for (auto const& [chord, id] : before) {
-        if (!wanted.contains(chord))
-            release(chord);
-    }
+    auto before = std::exchange(m_held, {});
+    std::erase_if(before, [&](auto const& each) {
+        auto const& [chord, held] = each;
+        bool const stays = wanted.contains(chord) && nameOf(chord) == held.name;
+        if (!stays)
+            release(chord, held.name);
+        return !stays;
+    });
     std::vector<bool> answers;
     answers.reserve(chords.size());
     for (auto const& chord : chords) {
-        bool const succeeded = !m_held.contains(chord) && (before.contains(chord) || claim(chord));
+        auto const name = nameOf(chord);
+        bool const succeeded = !m_held.contains(chord) && !name.isEmpty() && (before.contains(chord) || claim(chord, name));
         if (succeeded)
-            m_held.emplace(chord, firstID++);
+            m_held.emplace(chord, Held { name, firstID++ });
         answers.push_back(succeeded);
     }
     return answers;
@@ -30,15 +34,15 @@ std::vector<bool> ChordRegistrar::claimAll(HotkeyID firstID, std::span<KeyChord 
 
 void ChordRegistrar::releaseAll()
 {
-    for (auto const& [chord, id] : std::exchange(m_held, {}))
-        release(chord);
+    for (auto const& [chord, held] : std::exchange(m_held, {}))
+        release(chord, held.name);
 }
 
 void ChordRegistrar::pressed(KeyChord chord) const
 {
     auto const held = m_held.find(chord);
     if (held != m_held.end() && onPressed)
-        onPressed(held->second);
+        onPressed(held->second.id);
 }
 
 void ChordRegistrar::lost()

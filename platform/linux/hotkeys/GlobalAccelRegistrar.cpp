@@ -55,6 +55,20 @@ int keyFor(std::string const& text)
     return characters.size() == 1 ? characters.toUpper().front().unicode() : 0;
 }
 
+/// The service reads keys in Latin letters whatever alphabet is selected, where any layout has them.
+int typedKey(std::uint16_t code, std::vector<KeyTexts> const& layers)
+{
+    int first = 0;
+    for (auto const& layer : layers) {
+        int const key = code < layer.size() ? keyFor(layer[code]) : 0;
+        auto const script = QChar(key).script();
+        if (key != 0 && (script == QChar::Script_Latin || script == QChar::Script_Common))
+            return key;
+        first = first == 0 ? key : first;
+    }
+    return first;
+}
+
 /// A key that types nothing, by the name that F5 and Escape have.
 int namedKey(QString const& name)
 {
@@ -89,30 +103,32 @@ int GlobalAccelRegistrar::keyOf(KeyChord chord) const
     int const named = namedKey(chordText({ chord.keyCode, 0 }, {}, texts));
     if (named != 0)
         return qtModifiers(chord.modifiers) | named;
-    for (auto const& layer : texts) {
-        int const key = chord.keyCode < layer.size() ? keyFor(layer[chord.keyCode]) : 0;
-        if (key == 0)
-            continue;
-        int const shifted = (chord.modifiers & shiftKey) != 0 && !QChar(key).isLetter() ? keyFor(m_shifted(chord.keyCode)) : 0;
-        return shifted != 0 ? qtModifiers(chord.modifiers & ~std::uint32_t { shiftKey }) | shifted : qtModifiers(chord.modifiers) | key;
-    }
-    return 0;
+    int const key = typedKey(chord.keyCode, texts);
+    if (key == 0)
+        return 0;
+    int const shifted = (chord.modifiers & shiftKey) != 0 && !QChar(key).isLetter() ? keyFor(m_shifted(chord.keyCode)) : 0;
+    return shifted != 0 ? qtModifiers(chord.modifiers & ~std::uint32_t { shiftKey }) | shifted : qtModifiers(chord.modifiers) | key;
 }
 
-bool GlobalAccelRegistrar::claim(KeyChord chord)
+/// The service's names are numbers.
+QString GlobalAccelRegistrar::nameOf(KeyChord chord) const
 {
     int const key = keyOf(chord);
-    if (key == 0)
-        return false;
+    return key == 0 ? QString() : QString::number(key);
+}
+
+bool GlobalAccelRegistrar::claim(KeyChord chord, QString const& name)
+{
+    int const key = name.toInt();
     auto const identity = identityOf(chord, layers());
     (void)ask(callTo("doRegister"), { identity });
     auto const given = ask(callTo("setShortcut"), { identity, QVariant::fromValue(QList<int> { key }), setPresent | noAutoloading });
     if (qdbus_cast<QList<int>>(given) == QList<int> { key })
         return true;
-    release(chord);
+    release(chord, name);
     return false;
 }
 
-void GlobalAccelRegistrar::release(KeyChord chord) { (void)ask(callTo("unregister"), { component(), chordName(chord) }); }
+void GlobalAccelRegistrar::release(KeyChord chord, QString const&) { (void)ask(callTo("unregister"), { component(), chordName(chord) }); }
 
 } // namespace zv

@@ -22,8 +22,9 @@ public:
     [[nodiscard]] static bool isThere(QDBusConnection const& bus);
 
 protected:
-    bool claim(KeyChord chord) override;
-    void release(KeyChord chord) override;
+    QString nameOf(KeyChord chord) const override;
+    bool claim(KeyChord chord, QString const& name) override;
+    void release(KeyChord chord, QString const& name) override;
     void heard(QVariantList const& arguments) override;
 
 private:

@@ -16,14 +16,6 @@ QString extensionPath() { return QStringLiteral("/org/zanthevell/Shell"); }
 
 QDBusMessage callTo(char const* method) { return QDBusMessage::createMethodCall(extension(), extensionPath(), extension(), QString::fromLatin1(method)); }
 
-/// In the notation of GTK's accelerators: "<Super><Alt>e".
-QString acceleratorOf(KeyChord chord, std::vector<KeyTexts> const& layers)
-{
-    static constexpr std::array<std::pair<std::uint32_t, char const*>, 4> words { { { commandKey, "<Super>" }, { controlKey, "<Control>" },
-        { optionKey, "<Alt>" }, { shiftKey, "<Shift>" } } };
-    return chordText(chord, words, layers).remove(u'+');
-}
-
 } // namespace
 
 GnomeHotkeyRegistrar::GnomeHotkeyRegistrar(QDBusConnection const& bus, KeyboardLayoutSource& layout)
@@ -35,12 +27,16 @@ bool GnomeHotkeyRegistrar::isThere(QDBusConnection const& bus) { return isServed
 
 void GnomeHotkeyRegistrar::heard(QVariantList const& arguments) { pressed(chordNamed(arguments.value(0).toString())); }
 
-bool GnomeHotkeyRegistrar::claim(KeyChord chord)
+/// In the notation of GTK's accelerators: "<Super><Alt>e".
+QString GnomeHotkeyRegistrar::nameOf(KeyChord chord) const
 {
-    auto const accelerator = acceleratorOf(chord, layers());
-    return !accelerator.isEmpty() && ask(callTo("Claim"), { chordName(chord), accelerator }).toBool();
+    static constexpr std::array<std::pair<std::uint32_t, char const*>, 4> words { { { commandKey, "<Super>" }, { controlKey, "<Control>" },
+        { optionKey, "<Alt>" }, { shiftKey, "<Shift>" } } };
+    return chordText(chord, words, layers()).remove(u'+');
 }
 
-void GnomeHotkeyRegistrar::release(KeyChord chord) { (void)ask(callTo("Release"), { chordName(chord) }); }
+bool GnomeHotkeyRegistrar::claim(KeyChord chord, QString const& name) { return ask(callTo("Claim"), { chordName(chord), name }).toBool(); }
+
+void GnomeHotkeyRegistrar::release(KeyChord chord, QString const&) { (void)ask(callTo("Release"), { chordName(chord) }); }
 
 } // namespace zv

@@ -7,11 +7,17 @@
 #include "platform/linux/hotkeys/SwayHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XcbHotkeyRegistrar.h"
 #include "platform/linux/hotkeys/XkbKeyboardLayoutSource.h"
+#include "platform/linux/toolkit/BusListener.h"
 #include "platform/linux/x11/X11Connection.h"
+
+#include <QDBusMessage>
+#include <QGuiApplication>
 
 namespace zv {
 
 namespace {
+
+constexpr int patience = 500; // milliseconds
 
 class NoHotkeys : public HotkeyRegistrar {
 public:
@@ -19,6 +25,9 @@ public:
     void releaseAll() override { }
     HotkeySupport support() const override { return HotkeySupport::none; }
 };
+
+/// An X server beside the compositor hears of the keyboard only while a window of its own has it.
+bool isDrawnOnWayland() { return QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
 bool isKde(Environment const& environment) { return valueOf(environment, "XDG_CURRENT_DESKTOP").find("KDE") != std::string::npos; }
 
@@ -33,7 +42,7 @@ bool asksNobody(QDBusConnection const& bus, Environment const& environment)
 } // namespace
 
 LinuxHotkeys::LinuxHotkeys(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment)
-    : m_connection(X11Connection::open())
+    : m_connection(isDrawnOnWayland() ? nullptr : X11Connection::open())
     , m_told(std::make_unique<KeymapLayout>())
     , m_layout(m_told.get())
 {
@@ -57,7 +66,10 @@ void LinuxHotkeys::useWayland(Timers& timers, QDBusConnection const& sessionBus,
         auto accel = std::make_unique<GlobalAccelRegistrar>(sessionBus, *m_layout, shifted);
         m_onBus = accel.get();
         m_registrar = std::move(accel);
+        followKde(sessionBus);
     } else if (auto sway = SwayHotkeyRegistrar::open(valueOf(environment, "SWAYSOCK"), *m_layout)) {
+        useLayout(sway->layout().value_or(0));
+        sway->onLayout = [this](auto number) { useLayout(number); };
         m_registrar = std::move(sway);
     } else if (GnomeHotkeyRegistrar::isThere(sessionBus)) {
         auto gnome = std::make_unique<GnomeHotkeyRegistrar>(sessionBus, *m_layout);
@@ -70,6 +82,16 @@ void LinuxHotkeys::useWayland(Timers& timers, QDBusConnection const& sessionBus,
     }
 }
 
+/// KWin tells the selected layout whoever has the keyboard: https://invent.kde.org/plasma/kwin, src/keyboard_layout.cpp
+void LinuxHotkeys::followKde(QDBusConnection const& bus)
+{
+    auto const name = QStringLiteral("org.kde.keyboard"), path = QStringLiteral("/Layouts"), interface = QStringLiteral("org.kde.KeyboardLayouts");
+    m_layouts = std::make_unique<BusListener>(
+        bus, name, path, interface, QStringLiteral("layoutChanged"), [this](QDBusMessage const& message) { useLayout(message.arguments().value(0).toUInt()); });
+    auto const answer = bus.call(QDBusMessage::createMethodCall(name, path, interface, QStringLiteral("getLayout")), QDBus::Block, patience);
+    useLayout(answer.arguments().value(0).toUInt());
+}
+
 LinuxHotkeys::~LinuxHotkeys() = default;
 
 void LinuxHotkeys::useBus(QDBusConnection const& bus)
@@ -78,6 +100,8 @@ void LinuxHotkeys::useBus(QDBusConnection const& bus)
         m_portal->useBus(bus);
     if (m_onBus)
         m_onBus->useBus(bus);
+    if (m_layouts)
+        followKde(bus);
 }
 
 void LinuxHotkeys::useKeymap(std::string const& text)

@@ -14,6 +14,7 @@
 namespace zv {
 
 class BusChordRegistrar;
+class BusListener;
 class KeymapLayout;
 class X11Connection;
 class PortalHotkeyRegistrar;
@@ -47,12 +48,14 @@ public:
     [[nodiscard]] static HotkeySupport support(QDBusConnection const& sessionBus, Environment const& environment);
 
 private:
+    void followKde(QDBusConnection const& bus);
     void useWayland(Timers& timers, QDBusConnection const& sessionBus, Environment const& environment);
 
     std::unique_ptr<X11Connection> m_connection; ///< null without an X server
     std::unique_ptr<XkbKeyboardLayoutSource> m_keyboard; ///< null without an X server
     std::unique_ptr<KeymapLayout> m_told; ///< the layout without one
     KeyboardLayoutSource* m_layout; ///< one of them
+    std::unique_ptr<BusListener> m_layouts; ///< null but on KDE
     std::unique_ptr<HotkeyRegistrar> m_registrar;
     PortalHotkeyRegistrar* m_portal = nullptr; ///< null where it is not used, …
     BusChordRegistrar* m_onBus = nullptr; ///< … and so is this

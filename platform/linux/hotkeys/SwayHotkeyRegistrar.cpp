@@ -23,8 +23,8 @@ namespace {
 constexpr char const magic[] = "i3-ipc";
 constexpr qsizetype magicSize = sizeof magic - 1;
 constexpr qsizetype headerSize = magicSize + 2 * sizeof(std::uint32_t);
-enum Request : std::uint32_t { runCommand = 0, subscribe = 2, getConfig = 9 };
-enum Event : std::uint32_t { workspaceEvent = 0x80000000U, bindingEvent = 0x80000005U };
+enum Request : std::uint32_t { runCommand = 0, subscribe = 2, getConfig = 9, getInputs = 100 };
+enum Event : std::uint32_t { workspaceEvent = 0x80000000U, bindingEvent = 0x80000005U, inputEvent = 0x80000015U };
 
 constexpr std::array<std::pair<std::uint32_t, char const*>, 4> words { { { commandKey, "Mod4" }, { optionKey, "Mod1" }, { controlKey, "Control" },
     { shiftKey, "Shift" } } };
@@ -91,6 +91,12 @@ QString normal(QString word, std::map<QString, QString> const& variables)
     return parts.join(u'+');
 }
 
+std::optional<std::uint32_t> layoutOf(QJsonObject const& device)
+{
+    int const number = device.value(QStringLiteral("xkb_active_layout_index")).toInt(-1);
+    return number >= 0 ? std::optional(static_cast<std::uint32_t>(number)) : std::nullopt;
+}
+
 QString commandOf(KeyChord chord) { return QStringLiteral("nop zanthe-vell %1 %2").arg(chord.modifiers).arg(chord.keyCode); }
 
 std::optional<KeyChord> chordOf(QString const& command)
@@ -107,7 +113,7 @@ std::unique_ptr<SwayHotkeyRegistrar> SwayHotkeyRegistrar::open(std::string const
 {
     auto commands = connectedTo(socket);
     auto events = connectedTo(socket);
-    if (commands.get() < 0 || events.get() < 0 || !send(events, subscribe, R"(["binding","workspace"])"))
+    if (commands.get() < 0 || events.get() < 0 || !send(events, subscribe, R"(["binding","workspace","input"])"))
         return nullptr;
     return std::unique_ptr<SwayHotkeyRegistrar>(new SwayHotkeyRegistrar(std::move(commands), std::move(events), layout));
 }
@@ -168,18 +174,24 @@ std::set<QString> SwayHotkeyRegistrar::keysIn(QString const& configuration)
     return keys;
 }
 
-QString SwayHotkeyRegistrar::keyOf(KeyChord chord) const { return chordText(chord, words, m_layout.layers()); }
-
-bool SwayHotkeyRegistrar::claim(KeyChord chord)
+std::optional<std::uint32_t> SwayHotkeyRegistrar::layout() const
 {
-    auto const key = keyOf(chord);
-    if (key.isEmpty() || m_mentioned.contains(normal(key, {})))
-        return false;
-    m_bound[chord] = key;
-    return isDone(QStringLiteral("bindsym --no-repeat %1 %2").arg(key, commandOf(chord)).toUtf8());
+    for (auto const device : QJsonDocument::fromJson(ask(getInputs, {})).array()) {
+        if (auto const found = layoutOf(device.toObject()))
+            return found;
+    }
+    return std::nullopt;
 }
 
-void SwayHotkeyRegistrar::release(KeyChord chord) { (void)isDone(QStringLiteral("unbindsym --no-repeat %1").arg(m_bound[chord]).toUtf8()); }
+QString SwayHotkeyRegistrar::nameOf(KeyChord chord) const { return chordText(chord, words, m_layout.layers()); }
+
+bool SwayHotkeyRegistrar::claim(KeyChord chord, QString const& name)
+{
+    bool const isFree = !m_mentioned.contains(normal(name, {}));
+    return isFree && isDone(QStringLiteral("bindsym --no-repeat %1 %2").arg(name, commandOf(chord)).toUtf8());
+}
+
+void SwayHotkeyRegistrar::release(KeyChord, QString const& name) { (void)isDone(QStringLiteral("unbindsym --no-repeat %1").arg(name).toUtf8()); }
 
 void SwayHotkeyRegistrar::readEvents()
 {
@@ -204,6 +216,10 @@ void SwayHotkeyRegistrar::heard(std::uint32_t type, QByteArray const& event)
     } else if (type == workspaceEvent && change == QLatin1String("reload")) {
         readConfiguration();
         lost();
+    } else if (type == inputEvent && change == QLatin1String("xkb_layout")) {
+        auto const number = layoutOf(facts.value(QStringLiteral("input")).toObject());
+        if (number && onLayout)
+            onLayout(*number);
     }
 }
 

@@ -8,7 +8,7 @@
 #include <QSocketNotifier>
 #include <QString>
 
-#include <map>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -25,12 +25,18 @@ public:
     [[nodiscard]] static std::unique_ptr<SwayHotkeyRegistrar> open(std::string const& socket, KeyboardLayoutSource& layout);
     ~SwayHotkeyRegistrar() override;
 
-    /// The combinations that a configuration mentions, as keyOf() writes them.
+    /// The combinations that a configuration mentions, in sway's words, in lower case and in order.
     [[nodiscard]] static std::set<QString> keysIn(QString const& configuration);
 
+    /// The number of the keyboard's selected layout; nothing without a keyboard.
+    [[nodiscard]] std::optional<std::uint32_t> layout() const;
+    /// Called with it when another one has been selected, whoever has the keyboard.
+    std::function<void(std::uint32_t)> onLayout;
+
 protected:
-    bool claim(KeyChord chord) override;
-    void release(KeyChord chord) override;
+    QString nameOf(KeyChord chord) const override;
+    bool claim(KeyChord chord, QString const& name) override;
+    void release(KeyChord chord, QString const& name) override;
 
 private:
     SwayHotkeyRegistrar(FileDescriptor commands, FileDescriptor events, KeyboardLayoutSource& layout);
@@ -39,7 +45,6 @@ private:
     void heard(std::uint32_t type, QByteArray const& event);
     [[nodiscard]] QByteArray ask(std::uint32_t type, QByteArray const& text) const;
     [[nodiscard]] bool isDone(QByteArray const& command) const;
-    [[nodiscard]] QString keyOf(KeyChord chord) const;
 
     FileDescriptor m_commands;
     FileDescriptor m_events;
@@ -47,7 +52,6 @@ private:
     QSocketNotifier m_news;
     QByteArray m_unread; ///< the beginning of an event
     std::set<QString> m_mentioned; ///< by the configuration
-    std::map<KeyChord, QString> m_bound; ///< by the key's name on the layout of that time
 };
 
 } // namespace zv

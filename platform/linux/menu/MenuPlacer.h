@@ -49,7 +49,7 @@ public:
     /// Called before a menu's window shows, …
     virtual void windowShows(QMenu&) { }
     /// … after it has come, was moved, or was painted for the first time, …
-    virtual void windowIsShown(QMenu const&) { }
+    virtual void windowIsShown(QMenu&) { }
     /// … and after it has hidden.
     virtual void windowHid(QMenu&) { }
     /// Whether moves of a menu's native window are no moves of the menu.

@@ -173,6 +173,8 @@ void MenuWindow::setVisible(bool visible)
     QMenu::setVisible(visible);
     if (!visible)
         return;
+    if (!m_isLayingOut)
+        m_place = pos();
     keepWithinPanels();
     usedPlacer().windowIsShown(*this);
 }
@@ -246,11 +248,12 @@ void MenuWindow::refilled()
         m_typing.selectFirst();
 }
 
-/// Lays out by popping up again in place, which recomputes size, place and scrolling.
+/// Lays out by popping up again where it opened, which recomputes size, place and scrolling: a menu that had to give
+/// way while it was larger comes back.
 void MenuWindow::layOutAgain()
 {
     m_isLayingOut = true;
-    popup(pos());
+    popup(m_place);
     m_isLayingOut = false;
     update();
 }

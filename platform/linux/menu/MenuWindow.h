@@ -112,6 +112,7 @@ private:
     SubmenuAim m_aim;
     qint64 m_moveTime = 0; ///< of the last move, in the root
     QBasicTimer m_rest; ///< runs while the pointer is on its way to a submenu
+    QPoint m_place; ///< where it stood when it had opened
     int m_edgeDistance = 0;
     bool m_isLayingOut = false;
     bool m_handlesKey = false;

@@ -1,25 +1,14 @@
 #pragma once
 
-#include "platform/linux/posix/GObjects.h"
-#include "platform/linux/posix/XdgDirectories.h"
+#include "platform/linux/posix/SettingsKeys.h"
 #include "platform/linux/session/DesktopAccess.h"
 #include "platform/session/ScriptRunner.h"
 
-#include <string>
-#include <vector>
+#include <chrono>
 
 namespace zv {
 
-/// The store of docks' settings. The default is the user's own.
-struct DockStore {
-    std::vector<std::string> schemaFolders; ///< of compiled schemas, the first that has one counts
-    GSettingsBackend* backend = nullptr; ///< null for the user's own; not owned
-
-    /// The user's own store, with the system's schemas and those of shell extensions.
-    [[nodiscard]] static DockStore ofThisMachine(XdgDirectories const& directories);
-};
-
 /// Changes the running dock: its hiding, its edge, its magnification. Blocks.
-[[nodiscard]] ScriptOutcome changeDock(ScriptPurpose purpose, DesktopAccess const& access, DockStore const& store, std::chrono::milliseconds timeout);
+[[nodiscard]] ScriptOutcome changeDock(ScriptPurpose purpose, DesktopAccess const& access, SettingsStore const& store, std::chrono::milliseconds timeout);
 
 } // namespace zv

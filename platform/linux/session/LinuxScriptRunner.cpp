@@ -46,7 +46,7 @@ ScriptOutcome forceQuit(bool userWasTold, DesktopAccess const& access)
 
 } // namespace
 
-ScriptOutcome LinuxScriptRunner::perform(Script const& script, DesktopAccess const& access, DockStore const& dockStore)
+ScriptOutcome LinuxScriptRunner::perform(Script const& script, DesktopAccess const& access, SettingsStore const& dockStore)
 {
     if (script.purpose == ScriptPurpose::forceQuit)
         return forceQuit(script.userWasTold, access);

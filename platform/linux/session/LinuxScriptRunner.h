@@ -11,7 +11,7 @@ namespace zv {
 /// Performs the scripts' purposes through the desktop's own services and programs.
 class LinuxScriptRunner : public ScriptRunner {
 public:
-    LinuxScriptRunner(DesktopAccess access, DockStore dockStore, Tasks& tasks)
+    LinuxScriptRunner(DesktopAccess access, SettingsStore dockStore, Tasks& tasks)
         : m_access(std::move(access))
         , m_dockStore(std::move(dockStore))
         , m_tasks(tasks)
@@ -20,12 +20,12 @@ public:
     void run(Script const& script, std::function<void(ScriptOutcome)> done) override;
 
     /// The work of run(), in the caller's thread.
-    [[nodiscard]] static ScriptOutcome perform(Script const& script, DesktopAccess const& access, DockStore const& dockStore);
+    [[nodiscard]] static ScriptOutcome perform(Script const& script, DesktopAccess const& access, SettingsStore const& dockStore);
     [[nodiscard]] static DesktopFindings::ForceQuit forceQuitOf(DesktopAccess const& access);
 
 private:
     DesktopAccess m_access;
-    DockStore m_dockStore;
+    SettingsStore m_dockStore;
     Tasks& m_tasks;
 };
 

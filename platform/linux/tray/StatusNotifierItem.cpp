@@ -66,6 +66,13 @@ constexpr char const* introspection = R"xml(
 </interface>
 )xml";
 
+/// The toolkit would call the interface unknown; GNOME's panel then does not go on to SecondaryActivate from a method
+/// of Ayatana's that it tries first.
+QDBusMessage unknownMethod(QDBusMessage const& message)
+{
+    return message.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("There is no such method."));
+}
+
 } // namespace
 
 StatusNotifierItem::StatusNotifierItem(
@@ -157,7 +164,9 @@ bool StatusNotifierItem::handleMessage(QDBusMessage const& message, QDBusConnect
     if (!message.interface().isEmpty() && message.interface() != interfaceName())
         return false;
     bool const isKnown = message.member() == QLatin1String("Scroll") || takeToken(message) || open(message);
-    return isKnown && (!message.isReplyRequired() || connection.send(message.createReply()));
+    if (!message.isReplyRequired())
+        return isKnown;
+    return connection.send(isKnown ? message.createReply() : unknownMethod(message));
 }
 
 /// Comes before the click that it is for; KDE's panels and GNOME's extension send it.

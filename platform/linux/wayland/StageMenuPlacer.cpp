@@ -70,6 +70,25 @@ void StageMenuPlacer::find(std::optional<QPoint> pixel, Open open)
     m_search = Search { .open = std::move(open), .wish = pixel, .pointer = {}, .hasKeyboard = false, .isPainted = m_globals.layerShell() != nullptr };
     m_patience.start(m_globals.layerShell() ? patience : patienceForWindow);
     mapStages();
+    if (pixel && m_globals.layerShell())
+        openAtOnce();
+}
+
+/// A menu whose place is known is drawn along with its stage, in the compositor's next frame instead of the one after:
+/// the keyboard is told only when the stage is there. Who holds a key of Option then, sees it open once more.
+void StageMenuPlacer::openAtOnce()
+{
+    auto const open = m_search->open;
+    settle();
+    if (m_stage)
+        m_again = [open, place = m_place] { open(place); };
+}
+
+void StageMenuPlacer::keyboardCame()
+{
+    auto const again = std::exchange(m_again, nullptr);
+    if (again && (QGuiApplication::queryKeyboardModifiers() & (Qt::ShiftModifier | Qt::AltModifier)))
+        again();
 }
 
 /// On all screens, as a click on any of them closes the menu; a maximized window comes on one.
@@ -103,6 +122,8 @@ void StageMenuPlacer::addStage(QScreen& screen)
 void StageMenuPlacer::focusChanged(QWindow* window)
 {
     bool const isOurs = std::ranges::any_of(m_stages, [window](auto const& stage) { return stage->windowHandle() == window; });
+    if (isOurs && m_again)
+        QMetaObject::invokeMethod(this, &StageMenuPlacer::keyboardCame, Qt::QueuedConnection);
     if (isOurs && m_search && !std::exchange(m_search->hasKeyboard, true))
         tell();
 }
@@ -116,14 +137,15 @@ void StageMenuPlacer::tell()
 
 void StageMenuPlacer::settle()
 {
+    m_again = nullptr;
     if (!m_search)
         return;
     auto const search = *std::exchange(m_search, std::nullopt);
     if (m_stages.empty())
         return logLine("the compositor gives the menu no place");
-    auto const place = placeOf(search);
-    m_stage = stageAt(place.value_or(QPoint()));
-    search.open(place);
+    m_place = placeOf(search);
+    m_stage = stageAt(m_place.value_or(QPoint()));
+    search.open(m_place);
 }
 
 std::optional<QPoint> StageMenuPlacer::placeOf(Search const& search) const
@@ -153,6 +175,7 @@ void StageMenuPlacer::leave()
 void StageMenuPlacer::clear()
 {
     m_search.reset();
+    m_again = nullptr;
     m_patience.stop();
     m_stage = nullptr;
     m_stages.clear();
@@ -174,15 +197,22 @@ void StageMenuPlacer::windowShows(QMenu& menu)
     if (!m_stage)
         return;
     menu.windowHandle()->setParent(m_stage->windowHandle());
+    keepOnStage(menu);
+}
+
+void StageMenuPlacer::keepOnStage(QMenu& menu)
+{
     if (!m_globals.layerShell())
         keepWithin({ m_stage->origin(), m_stage->size() }, menu);
 }
 
-/// The widget counts from the desktop's corner, its native window from the stage's.
-void StageMenuPlacer::windowIsShown(QMenu const& menu)
+/// The widget counts from the desktop's corner, its native window from the stage's. A menu that has grown is kept on
+/// the stage once more.
+void StageMenuPlacer::windowIsShown(QMenu& menu)
 {
     if (!m_stage || !menu.windowHandle())
         return;
+    keepOnStage(menu);
     menu.windowHandle()->setPosition(menu.pos() - m_stage->origin());
     m_stage->commit();
 }

@@ -39,7 +39,7 @@ public:
     void leave() override;
 
     void windowShows(QMenu& menu) override;
-    void windowIsShown(QMenu const& menu) override;
+    void windowIsShown(QMenu& menu) override;
     void windowHid(QMenu& menu) override;
     [[nodiscard]] bool ownsWindowMoves() const override { return true; }
     void dragBegins() override { letThrough(true); }
@@ -61,8 +61,11 @@ private:
     void lost();
     void tell();
     void settle();
+    void openAtOnce();
+    void keyboardCame();
     void focusChanged(QWindow* window);
     void letThrough(bool all);
+    void keepOnStage(QMenu& menu);
     [[nodiscard]] std::optional<QPoint> placeOf(Search const& search) const;
     [[nodiscard]] MenuStage* stageAt(QPoint point) const;
 
@@ -71,6 +74,8 @@ private:
     MenuStage* m_stage = nullptr; ///< the menus' own
     Desktop m_desktop;
     std::optional<Search> m_search;
+    std::optional<QPoint> m_place; ///< of the menu that is open
+    std::function<void()> m_again; ///< opens it once more, while the keyboard has not been told
     QTimer m_patience;
 };
 

@@ -122,6 +122,7 @@ Surface MacFrontEnd::surface()
             .installedApplications = [this](auto use) { listApplications(std::move(use)); },
             .permissions = m_permissions.get(),
             .extension = nullptr,
+            .desktopKey = nullptr,
             .provideServices = [this] { NSApp.servicesProvider = m_services; },
             .diagnostics = [this] { return diagnostics(); } } };
 }

@@ -73,6 +73,12 @@ TEST(DesktopChecks, SayOfEachThingThatIsWantingWhatToDo)
                 f.hotkeys = HotkeySupport::none, f.bindingOfShow = { "~/keys", "a key" };
             },
             "Hotkeys", State::missing, "~/keys: a key" },
+        { "GNOME's own keys", [](Found& f) { f.hotkeys = HotkeySupport::none, f.key = { true }; }, "Hotkeys", State::missing, "Record a key" },
+        { "one of them",
+            [](Found& f) {
+                f.hotkeys = HotkeySupport::none, f.key = { true, { { "m", false, commandKey } } };
+            },
+            "Hotkeys", State::limited, "perform" },
         { "no window manager", [](Found& f) { f.hasWindowManager = false; }, "Windows", State::limited, "openbox" },
         { "no panel at an edge", [](Found& f) { f.hasCornerPanel = false; }, "Corner", State::limited, "As soon as one comes" },
         { "no session bus", [](Found& f) { f.hasSessionBus = false; }, "Session bus", State::missing, "dbus-user-session" },

@@ -193,6 +193,36 @@ TEST_F(GeneralSettingsTest, SwitchesTheDesktopsExtensionAndSaysFromWhen)
     EXPECT_FALSE(rowOf(onGnome, "extension"));
 }
 
+TEST_F(GeneralSettingsTest, WritesTheMenusKeyIntoTheDesktopsSettingsAndTakesItBack)
+{
+    struct Key : DesktopKey {
+        State now { true };
+        bool isWritable = true;
+        State state() const override { return now; }
+        std::optional<std::string> holderOf(Combination const& key) const override { return key.key == "c" ? std::optional("Calculator") : std::nullopt; }
+        bool set(std::optional<Combination> const& value) override { return now.value = value, isWritable; }
+    } key;
+    auto support = HotkeySupport::none;
+    GeneralSettings onGnome { { preferences, loginItem, updater, menuFile, alerts, SettingsWording::of(SystemKind::linuxDesktop), menuShortcut,
+        [] { return false; }, {}, {}, {}, {}, {}, nullptr, {}, {}, {}, nullptr, &key, [&] { return support; } } };
+    EXPECT_TRUE(rowOf(onGnome, "desktopKey") && !rowOf(onGnome, "menuShortcut")) << "a shortcut of ours would do nothing";
+    KeyEquivalentSpec const wanted { KeyEquivalentSpec::Trigger::character("M"), false, true };
+    rowOf(onGnome, "desktopKey")->record(wanted);
+    EXPECT_EQ(key.now.value, (DesktopKey::Combination { "m", false, commandKey | optionKey }));
+    EXPECT_EQ(rowOf(onGnome, "desktopKey")->shortcut, wanted);
+    rowOf(onGnome, "desktopKey")->record(KeyEquivalentSpec { KeyEquivalentSpec::Trigger::character("C") });
+    EXPECT_EQ(rowOf(onGnome, "desktopKey")->shortcut, wanted) << "never over another's";
+    EXPECT_EQ(rowOf(onGnome, "desktopKeyNote")->title, "“Calculator” has this combination. Record a different one.");
+    support = HotkeySupport::everywhere;
+    EXPECT_TRUE(rowOf(onGnome, "desktopKey") && rowOf(onGnome, "menuShortcut")) << "what is left can be taken back";
+    rowOf(onGnome, "desktopKey")->record({});
+    EXPECT_FALSE(key.now.value || rowOf(onGnome, "desktopKey"));
+    support = HotkeySupport::none;
+    key.isWritable = false;
+    rowOf(onGnome, "desktopKey")->record(wanted);
+    EXPECT_EQ(alerts.shown.size(), 1U);
+}
+
 TEST_F(GeneralSettingsTest, ShowsPermissionsWhereTheSystemAsksForThem)
 {
     EXPECT_FALSE(row("automation")) << "most systems ask for none";

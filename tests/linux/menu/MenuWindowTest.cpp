@@ -200,6 +200,22 @@ TEST_F(MenuWindowTest, ASubmenuFillsWhenItOpensAndFollowsALaterFill)
     EXPECT_EQ(submenu->actions().size(), 2000) << "a closed menu follows nothing";
 }
 
+TEST_F(MenuWindowTest, AMenuThatGrewComesBackWhereItOpened)
+{
+    open({ leaf("one") });
+    auto const screen = window->screen()->geometry();
+    window->popup(screen.bottomRight() - QPoint(window->width() + 20, window->height() + 20));
+    auto const place = window->pos();
+    for (auto const more : { 9, 5, 0 }) {
+        top->menu->entries.assign(1, leaf("one"));
+        for (int i = 0; i < more; ++i)
+            top->menu->entries.push_back(leaf("a much longer entry, number " + std::to_string(i)));
+        top->menu->didRefill();
+        EXPECT_EQ(window->pos() == place, more == 0) << more;
+        EXPECT_TRUE(screen.contains(window->geometry())) << more;
+    }
+}
+
 TEST_F(MenuWindowTest, ALateFillSelectsWhatAnEarlyOneWould)
 {
     auto const sub = FillingMenu::make({ MenuEntry::disabled("Loading…") });

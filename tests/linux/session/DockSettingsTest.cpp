@@ -1,17 +1,11 @@
 #include "platform/linux/session/DockSettings.h"
 
-#define G_SETTINGS_ENABLE_BACKEND
 #include "tests/linux/FakePrograms.h"
 #include "tests/linux/PrivateBus.h"
-
-#include <gio/gsettingsbackend.h>
-
-#include <array>
+#include "tests/linux/SettingsFile.h"
 
 namespace zv {
 namespace {
-
-using tests::eventually;
 
 constexpr auto schemas = R"(<schemalist>
 <schema id="org.gnome.shell.extensions.dash-to-dock" path="/org/gnome/shell/extensions/dash-to-dock/">
@@ -30,17 +24,8 @@ constexpr auto schemas = R"(<schemalist>
 </schema>
 </schemalist>)";
 
-/// Settings in a file of the test's own.
 struct DockSettingsTest : testing::Test {
-    DockSettingsTest()
-    {
-        access.programs = programs;
-        folder.write("schemas/docks.gschema.xml", schemas);
-        tests::ChildProcess const compiler({ "/usr/bin/glib-compile-schemas", folder.path("schemas") });
-        eventually([&] { return std::filesystem::exists(folder.path("schemas/gschemas.compiled")); });
-        backend.reset(g_keyfile_settings_backend_new(folder.path("values").c_str(), "/", "root"));
-        store = { { folder.path("nowhere"), folder.path("schemas") }, backend.get() };
-    }
+    DockSettingsTest() { access.programs = programs; }
     std::string change(ScriptPurpose purpose)
     {
         auto const outcome = changeDock(purpose, access, store, std::chrono::seconds(10));
@@ -48,24 +33,12 @@ struct DockSettingsTest : testing::Test {
             return "failed: " + outcome.errorMessage.value_or("-");
         return outcome.state == ScriptOutcome::State::succeeded ? "done" : "no equivalent";
     }
-    /// The stored value as it stands in the file.
-    std::string stored(std::string const& group, std::string const& key)
-    {
-        auto* const file = g_key_file_new();
-        std::string text = "-";
-        if (g_key_file_load_from_file(file, folder.path("values").c_str(), G_KEY_FILE_NONE, nullptr)) {
-            if (GString8 const value { g_key_file_get_value(file, group.c_str(), key.c_str(), nullptr) })
-                text = value.get();
-        }
-        g_key_file_unref(file);
-        return text;
-    }
+    std::string stored(std::string const& group, std::string const& key) { return file.stored(group, key); }
 
-    tests::TemporaryFolder folder;
+    tests::SettingsFile file { schemas };
+    SettingsStore& store = file.store;
     std::shared_ptr<tests::FakePrograms> programs = std::make_shared<tests::FakePrograms>();
     DesktopAccess access;
-    GObjectRef<GSettingsBackend> backend;
-    DockStore store;
 };
 
 using enum ScriptPurpose;
