@@ -187,7 +187,8 @@ int LinuxFrontEnd::run()
 void LinuxFrontEnd::prepareForOpening()
 {
     giveBackCodeOfTheStart();
-    m_presenter.prepare();
+    if (auto const* statusItem = m_app->delegate().statusItem())
+        m_presenter.prepare(statusItem->menu());
     giveBackFreedMemory();
 }
 
