@@ -40,6 +40,13 @@ file(CREATE_LINK ${ZV_RESOURCES} ${CMAKE_BINARY_DIR}/resources SYMBOLIC)
 file(GLOB composition CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/linux/compose/*.cpp)
 add_executable(zanthe-vell ${composition})
 target_link_libraries(zanthe-vell PRIVATE zv_wayland zv_qt zv_cli)
+# The loader looks for each of 15,000 names in one library after the other: those that have most of them come first. A
+# sanitizer must come before all.
+if(NOT ZV_SANITIZE)
+  target_link_options(
+    zanthe-vell PRIVATE
+    "SHELL:-Wl,--push-state,--no-as-needed $<TARGET_FILE:Qt6::Core> $<TARGET_FILE:Qt6::Gui> $<TARGET_FILE:Qt6::Widgets> -lstdc++ -l:libc.so.6 -Wl,--pop-state")
+endif()
 
 include(cmake/Languages.cmake)
 if(TARGET zv_catalogues)

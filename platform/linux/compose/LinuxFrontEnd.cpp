@@ -8,6 +8,7 @@
 #include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/menu/DesktopMenuPlacer.h"
 #include "platform/linux/posix/LaunchContext.h"
+#include "platform/linux/posix/StartMemory.h"
 #include "platform/linux/toolkit/DesktopDiagnostics.h"
 #include "platform/linux/toolkit/SessionBus.h"
 #include "platform/linux/updates/AppcastUpdateEngine.h"
@@ -178,12 +179,21 @@ int LinuxFrontEnd::run()
     m_loginService.mend();
     publishHotkeys();
     watchSettings();
-    auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { m_presenter.prepare(); });
+    auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { prepareForOpening(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
     m_settingsWindow.close();
     m_app.reset();
     m_files.defaults().writeUnsaved();
     return status;
+}
+
+/// What the first opening needs is made anew after the rest was given back.
+void LinuxFrontEnd::prepareForOpening()
+{
+    giveBackCodeOfTheStart();
+    if (auto const* statusItem = m_app->delegate().statusItem())
+        m_presenter.prepare(statusItem->menu());
+    giveBackFreedMemory();
 }
 
 /// Waits a moment for a program that has only just started, or lost the bus.

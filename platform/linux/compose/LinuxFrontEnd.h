@@ -61,6 +61,7 @@ private:
     [[nodiscard]] ProgramHandlers handlers();
     [[nodiscard]] std::unique_ptr<MenuPlacer> menuPlacer();
     void useSeat();
+    void prepareForOpening();
     [[nodiscard]] Surface surface();
     [[nodiscard]] std::unique_ptr<ClientWindows> clientWindows() const;
     [[nodiscard]] std::optional<OverlaySeams> overlay();

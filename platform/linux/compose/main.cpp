@@ -7,9 +7,12 @@
 #include "platform/linux/compose/LinuxFrontEnd.h"
 #include "platform/linux/compose/ProcessEnvironment.h"
 #include "platform/linux/posix/ProgramPlaces.h"
+#include "platform/linux/session/DesktopAccess.h"
 #include "platform/linux/text/Collation.h"
 #include "platform/linux/text/MessageCatalogue.h"
 #include "platform/linux/toolkit/DisplayServer.h"
+
+#include <QGuiApplication>
 
 #include <cstdlib>
 #include <iostream>
@@ -47,6 +50,18 @@ void prepareToolkitFor(std::string const& server, zv::Environment const& environ
     zv::setForThisProgramAlone("QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "-1");
 }
 
+/// The toolkit's part for GTK loads all of GTK for a font and colours that we read ourselves, and the toolkit prefers it
+/// to its own look of that desktop wherever it is installed: it is left to who names it. KDE and LXQt have parts of their own.
+std::string toolkitTheme(zv::Environment const& environment)
+{
+    auto const desktop = zv::DesktopAccess::of(environment).desktop;
+    if (desktop == zv::Desktop::kde || desktop == zv::Desktop::lxqt)
+        return "";
+    QGuiApplication::setDesktopSettingsAware(false); // what this adds to the named theme
+    bool const isNamed = !zv::valueOf(environment, "QT_QPA_PLATFORMTHEME").empty();
+    return isNamed || desktop == zv::Desktop::other ? "" : "gnome";
+}
+
 int runProgram(char* name, zv::Environment const& environment)
 {
     auto server = zv::displayServerFor(environment);
@@ -56,9 +71,9 @@ int runProgram(char* name, zv::Environment const& environment)
     }
     prepareToolkitFor(server, environment);
     // Not by the environment, which all that is started from the menu inherits as it is.
-    std::string option = "-platform";
-    char* arguments[] = { name, option.data(), server.data(), nullptr };
-    int count = 3;
+    std::string option = "-platform", themeOption = "-platformtheme", theme = toolkitTheme(environment);
+    char* arguments[] = { name, option.data(), server.data(), themeOption.data(), theme.data(), nullptr };
+    int count = theme.empty() ? 3 : 5;
     zv::LinuxFrontEnd program(count, arguments, environment);
     return program.run();
 }

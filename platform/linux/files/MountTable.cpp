@@ -67,7 +67,11 @@ std::optional<std::string> linkTarget(std::string const& path)
 /// A path resolved component by component.
 class Walk {
 public:
-    explicit Walk(std::string_view path) { prepend(path); }
+    Walk(std::string start, std::string_view path)
+        : m_place(std::move(start))
+    {
+        prepend(path);
+    }
 
     [[nodiscard]] bool isDone() const { return m_rest.empty(); }
     [[nodiscard]] std::string const& place() const { return m_place; }
@@ -95,7 +99,7 @@ private:
         m_rest.insert(m_rest.end(), parts.rbegin(), parts.rend());
     }
 
-    std::string m_place = "/";
+    std::string m_place;
     std::vector<std::string> m_rest; ///< the next component last
 };
 
@@ -125,9 +129,9 @@ Mount const* MountTable::mountOf(std::string_view path) const
     return deepest;
 }
 
-MountTable::Fate MountTable::follow(std::string_view path) const
+MountTable::Fate MountTable::followFrom(std::string place, std::string_view path) const
 {
-    Walk walk(path);
+    Walk walk(std::move(place), path);
     int links = 0;
     bool isDirectory = true;
     bool isLink = false;

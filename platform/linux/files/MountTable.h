@@ -40,7 +40,9 @@ public:
     };
     /// Follows the path's links step by step, never onto a file system that may hang: there the
     /// search ends with `remote`.
-    [[nodiscard]] Fate follow(std::string_view path) const;
+    [[nodiscard]] Fate follow(std::string_view path) const { return followFrom("/", path); }
+    /// The same for a path below `place`, where an earlier search ended.
+    [[nodiscard]] Fate followFrom(std::string place, std::string_view path) const;
 
 private:
     std::vector<Mount> m_mounts;

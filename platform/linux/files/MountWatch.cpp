@@ -62,6 +62,35 @@ std::int64_t currentTick()
     return std::int64_t { now.tv_sec } * 1'000'000'000 + now.tv_nsec;
 }
 
+/// The last path that was followed, and its folder.
+struct Followed {
+    std::int64_t tick = -1;
+    std::size_t slowCount = 0;
+    std::string folder {};
+    MountTable::Fate folderFate {};
+    std::string path {};
+    MountTable::Fate::Kind kind {};
+};
+
+/// Follows a path, and its folder once a tick: a menu's items mostly lie in one folder, and each is asked about thrice.
+MountTable::Fate::Kind followedLately(MountWatch::Snapshot const& mounts, std::string_view path, std::int64_t tick)
+{
+    thread_local Followed last;
+    if (last.tick != tick || last.slowCount != mounts.slowCount)
+        last = { .tick = tick, .slowCount = mounts.slowCount };
+    if (last.path == path)
+        return last.kind;
+    auto const folder = path.substr(0, path.rfind('/') + 1);
+    if (last.folder != folder) {
+        last.folder = folder;
+        last.folderFate = mounts.table.follow(folder);
+    }
+    bool const isFound = last.folderFate.kind == MountTable::Fate::Kind::found;
+    last.path = path;
+    last.kind = isFound ? mounts.table.followFrom(last.folderFate.path, path.substr(folder.size())).kind : last.folderFate.kind;
+    return last.kind;
+}
+
 } // namespace
 
 MountWatch::MountWatch(std::string mountInfoPath)
@@ -84,7 +113,10 @@ std::shared_ptr<MountWatch::Snapshot const> MountWatch::current()
 bool MountWatch::isRemote(std::string_view path)
 {
     auto const mounts = current();
-    return mounts->hasRemote && mounts->table.follow(path).kind == MountTable::Fate::Kind::remote;
+    if (!mounts->hasRemote)
+        return false;
+    auto const kind = m_path == systemTable ? followedLately(*mounts, path, currentTick()) : mounts->table.follow(path).kind;
+    return kind == MountTable::Fate::Kind::remote;
 }
 
 void MountWatch::noteAnswer(dev_t device, std::chrono::steady_clock::duration took)

@@ -6,12 +6,14 @@
 #include <QCoreApplication>
 #include <QDBusMetaType>
 #include <QDir>
+#include <QIconEngine>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QStandardPaths>
 #include <QtEndian>
 
 #include <algorithm>
+#include <map>
 
 namespace zv {
 
@@ -48,6 +50,33 @@ QBrush leafGreen()
     gradient.setColorAt(1, QColor(0x2f, 0x7d, 0x32));
     return gradient;
 }
+
+/// Draws each size when it is asked for, and keeps it: together they take longer than the rest of the start.
+class ApplicationIcon : public QIconEngine {
+public:
+    void paint(QPainter* painter, QRect const& rect, QIcon::Mode, QIcon::State) override
+    {
+        painter->drawPixmap(rect, sized(std::min(rect.width(), rect.height())));
+    }
+    QPixmap pixmap(QSize const& size, QIcon::Mode, QIcon::State) override { return sized(std::min(size.width(), size.height())); }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
+    {
+        return { { 16, 16 }, { 24, 24 }, { 32, 32 }, { 48, 48 }, { 64, 64 }, { 128, 128 }, { 256, 256 } };
+    }
+    bool isNull() override { return false; }
+    QIconEngine* clone() const override { return new ApplicationIcon(*this); }
+
+private:
+    QPixmap sized(int size)
+    {
+        auto& pixmap = m_drawn[size];
+        if (pixmap.isNull() && size > 0)
+            pixmap = QPixmap::fromImage(drawn(size, leafGreen()));
+        return pixmap;
+    }
+
+    std::map<int, QPixmap> m_drawn;
+};
 
 QString iconsBesideTheProgram() { return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/icons")); }
 
@@ -106,21 +135,20 @@ QString laurelIconThemePath()
     return path;
 }
 
+// Kept, as a panel asks for them with each of the icon's properties.
 StatusPixmaps laurelStatusPixmaps(LaurelColor color)
 {
+    static std::map<LaurelColor, StatusPixmaps> kept;
+    auto& pixmaps = kept[color];
     auto const ink = color == LaurelColor::light ? onDark : color == LaurelColor::dark ? onLight : middleGreen;
-    return { statusPixmap(16, ink), statusPixmap(22, ink), statusPixmap(32, ink), statusPixmap(48, ink) };
+    if (pixmaps.isEmpty())
+        pixmaps = { statusPixmap(16, ink), statusPixmap(22, ink), statusPixmap(32, ink), statusPixmap(48, ink) };
+    return pixmaps;
 }
 
-// Drawn once, as each opening of a menu asks for it.
 QIcon laurelApplicationIcon()
 {
-    static QIcon const icon = [] {
-        QIcon drawnIcon;
-        for (int const size : { 16, 24, 32, 48, 64, 128, 256 })
-            drawnIcon.addPixmap(QPixmap::fromImage(drawn(size, leafGreen())));
-        return drawnIcon;
-    }();
+    static QIcon const icon(new ApplicationIcon);
     return icon;
 }
 

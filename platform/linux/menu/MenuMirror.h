@@ -31,6 +31,8 @@ public:
 
     [[nodiscard]] bool awaitsIcons() const { return !m_awaitingIcons.empty(); }
     void fetchIconsSoon();
+    /// As many as a moment allows.
+    void fetchIcons();
     void dropAwaitedIcons() { m_awaitingIcons.clear(); }
 
 private:
@@ -40,7 +42,6 @@ private:
     void giveSubmenu(EntryAction& action, std::shared_ptr<Menu> const& menu);
     void takeSubmenu(EntryAction& action);
     void renewSubmenu(EntryAction& action);
-    void fetchIcons();
 
     MenuWindow& m_window;
     std::vector<EntryAction*> m_actions; ///< in the order of the entries

@@ -41,8 +41,12 @@ void MenuPicture::firstIsPainted()
 
 void MenuPicture::take()
 {
-    if (!m_isPlain() || isCurrent())
-        return;
+    if (m_isPlain() && !isCurrent())
+        takeUnseen();
+}
+
+void MenuPicture::takeUnseen()
+{
     QScopedValueRollback const posing(m_isPosing, true);
     m_picture = m_window.grab();
 }

@@ -26,6 +26,8 @@ public:
     /// Whether the picture equals a fresh drawing.
     [[nodiscard]] bool isCurrent() const;
     void paint() const;
+    /// Takes the picture of a hidden window that has its size.
+    void takeUnseen();
     void firstIsPainted();
 
     /// Whether to skip the update that the toolkit requests at each showing; most windows are painted by then.

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 namespace zv {
 
@@ -24,10 +25,13 @@ MenuPresenter::MenuPresenter(MenuPerformer& performer, MenuPlacer& placer)
 
 MenuPresenter::~MenuPresenter() = default;
 
-void MenuPresenter::prepare()
+void MenuPresenter::prepare(std::shared_ptr<Menu> const& menu)
 {
+    if (isOpen())
+        return;
     m_window->winId();
-    (void)m_window->fontMetrics().horizontalAdvance(QStringLiteral("Zanthe Vell…"));
+    m_window->windowHandle()->setCursor(Qt::ArrowCursor); // reads the theme of cursors
+    m_window->pose(menu);
 }
 
 /// Readies the window for the menu. Unless told, the toolkit keeps it for the screen that it was on first, even when that has gone.

@@ -21,8 +21,8 @@ public:
     MenuPresenter(MenuPresenter const&) = delete;
     MenuPresenter& operator=(MenuPresenter const&) = delete;
 
-    /// Makes the window and loads the font ahead of the first opening.
-    void prepare();
+    /// Makes the window ahead of the first opening, with the entries of the menu that will be opened first.
+    void prepare(std::shared_ptr<Menu> const& menu);
     /// Opens at a point of the desktop in the screens' own pixels, origin at the top left, or at
     /// the pointer; `extra` counts as held in addition to the keyboard's modifiers.
     void open(std::shared_ptr<Menu> const& menu, std::optional<QPoint> pixel, ModifierMask extra = ModifierMask::none);

@@ -61,6 +61,30 @@ MenuWindow::~MenuWindow()
 
 void MenuWindow::setMenu(std::shared_ptr<Menu> menu) { m_menu = std::move(menu); }
 
+void MenuWindow::pose(std::shared_ptr<Menu> menu)
+{
+    setMenu(std::move(menu));
+    m_menu->needsUpdate();
+    mirror();
+    poseWithIcons();
+}
+
+/// Fetches icons, a few in each turn, then takes the picture; unless the window is opened meanwhile, which does it all.
+void MenuWindow::poseWithIcons()
+{
+    if (isVisible() || !m_menu)
+        return;
+    m_mirror.fetchIcons();
+    if (m_mirror.awaitsIcons()) {
+        QMetaObject::invokeMethod(this, &MenuWindow::poseWithIcons, Qt::QueuedConnection);
+        return;
+    }
+    resize(sizeHint());
+    m_picture.takeUnseen();
+    m_menu->didClose();
+    forget();
+}
+
 void MenuWindow::forget()
 {
     if (isVisible())

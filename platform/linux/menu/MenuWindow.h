@@ -29,6 +29,8 @@ public:
     explicit MenuWindow(QWidget* parent);
     ~MenuWindow() override;
 
+    /// Fills and draws itself unseen, and forgets the menu: its first opening is like any later one then.
+    void pose(std::shared_ptr<Menu> menu);
     void setMenu(std::shared_ptr<Menu> menu);
     [[nodiscard]] Menu const* menu() const { return m_menu.get(); }
     /// Releases the menu and prepares the next opening, in which most menus look the same: the
@@ -92,6 +94,7 @@ private:
     void keepOffPanels();
     void keepWithinPanels();
     void firstIsPainted();
+    void poseWithIcons();
     void willOpen();
     void didHide();
     void chosen(QAction* action);

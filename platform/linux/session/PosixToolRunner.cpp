@@ -68,7 +68,7 @@ private:
         /// Reads once; closes the descriptor at the end of the stream.
         void readSome()
         {
-            static thread_local std::array<char, 65536> buffer;
+            std::array<char, 65536> buffer; // not thread_local, which every thread of the program would have
             auto const count = ::read(descriptor.get(), buffer.data(), buffer.size());
             if (count > 0)
                 text.append(buffer.data(), std::min(static_cast<std::size_t>(count), keptOutput - std::min(keptOutput, text.size())));

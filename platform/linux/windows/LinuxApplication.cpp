@@ -20,6 +20,13 @@ bool isOrdinaryWindow(QWidget const& widget)
 
 bool changesWindows(QEvent::Type type) { return type == QEvent::Show || type == QEvent::Hide || type == QEvent::WindowStateChange || type == QEvent::Close; }
 
+/// Gives a window the program's icon, before it is seen: as one for all windows its sizes would be drawn at the start.
+void giveIcon(QWidget& widget)
+{
+    if (widget.isWindow() && isOrdinaryWindow(widget) && widget.windowIcon().isNull())
+        widget.setWindowIcon(laurelApplicationIcon());
+}
+
 /// Whether a menu is open, which the toolkit must not close. It closes menus when the program
 /// becomes inactive, but learns of that late after a menu gave the keyboard back, when the next
 /// menu may just have opened. An open menu holds the keyboard, so there is no reason to close it.
@@ -34,7 +41,6 @@ LinuxApplication::LinuxApplication(int& count, char** arguments)
     setApplicationVersion(QStringLiteral(ZV_VERSION));
     setDesktopFileName(QStringLiteral("org.zanthevell.ZantheVell"));
     setQuitOnLastWindowClosed(false);
-    setWindowIcon(laurelApplicationIcon());
     setStyle(new MenuStyle);
     setLayoutDirection(QLocale::system().textDirection());
     // The session must not restart the program: only the settings choose what starts at login,
@@ -92,6 +98,8 @@ bool LinuxApplication::notify(QObject* receiver, QEvent* event)
     auto const type = event->type(); // the event may be destroyed by the call
     if (type == QEvent::ApplicationDeactivate && isMenuOpen())
         return true;
+    if (type == QEvent::Polish && receiver->isWidgetType())
+        giveIcon(static_cast<QWidget&>(*receiver));
     auto const* widget = changesWindows(type) && receiver->isWidgetType() ? static_cast<QWidget const*>(receiver) : nullptr;
     bool const tells = widget && widget->isWindow() && isOrdinaryWindow(*widget);
     bool const handled = QApplication::notify(receiver, event);

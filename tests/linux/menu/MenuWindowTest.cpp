@@ -527,9 +527,8 @@ TEST_F(MenuWindowTest, AnUnchangedMenuIsShownAsItWasAndAnyChangeIsSeen)
         { "no folder", [](Entries& all) { all.pop_back(); }, true },
         { "plain again", [](Entries&) {}, true },
     };
-    open(entries([](Entries&) {}));
-    settle();
-    closeAndForget();
+    auto const first = FillingMenu::make(entries([](Entries&) {}));
+    window->pose(first->menu);
     for (auto const& row : rows) {
         auto const drawnBefore = style->drawn;
         open(entries(row.change));
