@@ -53,6 +53,16 @@ void cleanTitles(std::span<MenuItem> items)
     }
 }
 
+template <class T> void moveIn(std::vector<T>& list, std::set<std::size_t> const& offsets, std::size_t destination)
+{
+    std::vector<T> parts[3]; // before, moved, after
+    for (std::size_t i = 0; i < list.size(); ++i)
+        parts[offsets.contains(i) ? 1 : i < destination ? 0 : 2].push_back(std::move(list[i]));
+    list.clear();
+    for (auto& part : parts)
+        std::move(part.begin(), part.end(), std::back_inserter(list));
+}
+
 /// The shortest one that covers both, the second of which comes later.
 MenuStretch united(MenuStretch const& stretch, std::size_t index)
 {
@@ -115,9 +125,13 @@ void MenuStore::insert(std::vector<MenuItem> items, std::optional<std::ptrdiff_t
 void MenuStore::remove(std::set<Uuid> const& ids)
 {
     assertMainThread();
-    auto const before = m_items.size();
-    std::erase_if(m_items, [&](MenuItem const& item) { return ids.contains(item.id); });
-    didChange({ 0, before, m_items.size() });
+    auto const leaves = [&](MenuItem const& item) { return ids.contains(item.id); };
+    for (auto at = std::find_if(m_items.begin(), m_items.end(), leaves); at != m_items.end(); at = std::find_if(at, m_items.end(), leaves)) {
+        if (!m_records.empty())
+            m_records.erase(m_records.begin() + (at - m_items.begin()));
+        at = m_items.erase(at);
+    }
+    didChange({});
 }
 
 void MenuStore::replace(Uuid const& id, MenuItem item)
@@ -133,17 +147,9 @@ void MenuStore::replace(Uuid const& id, MenuItem item)
 void MenuStore::move(std::set<std::size_t> const& offsets, std::size_t destination)
 {
     assertMainThread();
-    std::vector<MenuItem> before;
-    std::vector<MenuItem> moved;
-    std::vector<MenuItem> after;
-    for (std::size_t i = 0; i < m_items.size(); ++i) {
-        auto& part = offsets.contains(i) ? moved : i < destination ? before : after;
-        part.push_back(std::move(m_items[i]));
-    }
-    m_items = std::move(before);
-    std::move(moved.begin(), moved.end(), std::back_inserter(m_items));
-    std::move(after.begin(), after.end(), std::back_inserter(m_items));
-    didChange({ 0, m_items.size(), m_items.size() });
+    moveIn(m_items, offsets, destination);
+    moveIn(m_records, offsets, destination);
+    didChange({});
 }
 
 MenuStretch MenuStore::replaceStretch(std::size_t first, std::size_t count, std::vector<MenuItem> items, Keeping keeping)

@@ -243,7 +243,14 @@ TEST_F(MenuStoreTest, StoresAndNamesWhatDiffersAfterEachChange)
                 return put(4, 1, { titled("d"), titled("e") });
             },
             { 2, 3, 4 } },
-        { "all", [&] { return put(0, 6, {}); }, { 0, 6, 0 } },
+        { "after a move and a removal",
+            [&] {
+                store().move({ 0, 3 }, 6);
+                store().remove({ store().items()[1].id });
+                return put(4, 1, { titled("f") });
+            },
+            { 4, 1, 1 } },
+        { "all", [&] { return put(0, 5, {}); }, { 0, 5, 0 } },
     };
     for (auto const& row : rows) {
         EXPECT_EQ(row.change(), row.differing) << row.what;
