@@ -15,6 +15,36 @@ namespace zv {
 
 class PropertyList;
 
+/// A value that its copies share until one of them changes: a copy costs next to nothing, however large the value. Copies
+/// may be read on several threads; those that another thread had are let go before one is changed.
+template <class T> class Shared {
+public:
+    Shared() = default;
+    Shared(T value) // NOLINT(google-explicit-constructor): stands for the value
+        : m_value(value.empty() ? nullptr : std::make_shared<T>(std::move(value)))
+    {
+    }
+
+    [[nodiscard]] T const& get() const
+    {
+        static T const empty;
+        return m_value ? *m_value : empty;
+    }
+    operator T const&() const { return get(); } // NOLINT(google-explicit-constructor)
+    /// The value, to be changed, of this copy alone.
+    [[nodiscard]] T& own()
+    {
+        if (!m_value || m_value.use_count() > 1)
+            m_value = std::make_shared<T>(get());
+        return *m_value;
+    }
+
+    friend bool operator==(Shared const& a, Shared const& b) { return a.m_value == b.m_value || a.get() == b.get(); }
+
+private:
+    std::shared_ptr<T> m_value; ///< null: an empty one
+};
+
 /// Seconds since 2001-01-01 00:00:00 UTC, the property list's own reference date.
 struct PropertyListDate {
     double secondsSinceReference = 0;
@@ -60,11 +90,11 @@ private:
 
 /// A value of a property list. Integers and booleans never turn into one another,
 /// nor integers into reals. `std::uint64_t` is used only for values above the signed range.
-/// Strings are UTF-8.
+/// Strings are UTF-8. Copies share arrays and dictionaries.
 class PropertyList {
 public:
-    using Value
-        = std::variant<std::string, std::int64_t, std::uint64_t, double, bool, PropertyListDate, PropertyListData, PropertyListArray, PropertyListDictionary>;
+    using Value = std::variant<std::string, std::int64_t, std::uint64_t, double, bool, PropertyListDate, PropertyListData, Shared<PropertyListArray>,
+        Shared<PropertyListDictionary>>;
 
     PropertyList() = default; ///< an empty string
     PropertyList(std::string value);
@@ -86,10 +116,10 @@ public:
     /// Null when the value is of another type.
     [[nodiscard]] std::string const* string() const { return std::get_if<std::string>(&m_value); }
     [[nodiscard]] PropertyListData const* data() const { return std::get_if<PropertyListData>(&m_value); }
-    [[nodiscard]] PropertyListArray const* array() const { return std::get_if<PropertyListArray>(&m_value); }
-    [[nodiscard]] PropertyListArray* array() { return std::get_if<PropertyListArray>(&m_value); }
-    [[nodiscard]] PropertyListDictionary const* dictionary() const { return std::get_if<PropertyListDictionary>(&m_value); }
-    [[nodiscard]] PropertyListDictionary* dictionary() { return std::get_if<PropertyListDictionary>(&m_value); }
+    [[nodiscard]] PropertyListArray const* array() const;
+    [[nodiscard]] PropertyListArray* array();
+    [[nodiscard]] PropertyListDictionary const* dictionary() const;
+    [[nodiscard]] PropertyListDictionary* dictionary();
     [[nodiscard]] std::optional<std::int64_t> integer() const;
     [[nodiscard]] std::optional<bool> boolean() const;
     [[nodiscard]] std::optional<double> real() const;
@@ -102,6 +132,30 @@ public:
 private:
     Value m_value;
 };
+
+inline PropertyListArray const* PropertyList::array() const
+{
+    auto const* shared = std::get_if<Shared<PropertyListArray>>(&m_value);
+    return shared ? &shared->get() : nullptr;
+}
+
+inline PropertyListArray* PropertyList::array()
+{
+    auto* shared = std::get_if<Shared<PropertyListArray>>(&m_value);
+    return shared ? &shared->own() : nullptr;
+}
+
+inline PropertyListDictionary const* PropertyList::dictionary() const
+{
+    auto const* shared = std::get_if<Shared<PropertyListDictionary>>(&m_value);
+    return shared ? &shared->get() : nullptr;
+}
+
+inline PropertyListDictionary* PropertyList::dictionary()
+{
+    auto* shared = std::get_if<Shared<PropertyListDictionary>>(&m_value);
+    return shared ? &shared->own() : nullptr;
+}
 
 template <class T> void PropertyListDictionary::append(std::string_view key, T&& value) { m_entries.emplace_back(key, std::forward<T>(value)); }
 

@@ -53,12 +53,11 @@ struct Hotkeys {
         , layout(keyboard, notifications)
         , center(registrar, layout)
     {
-        std::vector<MenuItem> items;
         for (auto const& spec : manyShortcuts(count)) {
             items.push_back(MenuItem::ofKind(MenuItemKind::sleep));
             items.back().keyEquivalent = spec;
         }
-        center.setMenuItems(std::move(items));
+        center.setMenuItems(items);
     }
 
     desktop::PrivateX server;
@@ -68,6 +67,7 @@ struct Hotkeys {
     XcbHotkeyRegistrar registrar;
     Notifications notifications;
     KeyboardLayout layout;
+    std::vector<MenuItem> items;
     HotkeyCenter center;
 };
 

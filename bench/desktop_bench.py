@@ -236,6 +236,39 @@ def memory():
         note("memory after openings (MB)", openings_more, much)
 
 
+def used(process):
+    """How often the program's threads have woken from waiting, and the nanoseconds of the processor that they took."""
+    wakeups = spent = 0
+    for task in os.scandir(f"/proc/{process.pid}/task"):
+        with open(os.path.join(task, "status"), encoding="utf-8") as status:
+            wakeups += next(int(line.split()[1]) for line in status if line.startswith("voluntary_ctxt_switches"))
+        with open(os.path.join(task, "schedstat"), encoding="utf-8") as stat:
+            spent += int(stat.read().split()[0])
+    return wakeups, spent
+
+
+def idle():
+    """What the program does while nobody does anything, with its icon and its corner on the panel."""
+    menu_of(30)
+    zv("prefs", "write", "ReplaceAppleMenu", "true")
+    seconds = int(os.environ.get("ZV_IDLE", "60"))
+    states = {"at rest": ["true"], "screen blanked": ["xset", "s", "activate"]}
+    with Panel(), Program() as program:
+        wait_until(lambda: Bus().items())
+        for state, enter in states.items():
+            subprocess.run(enter, check=True)
+            time.sleep(10)
+            wakeups, spent = used(program.process)
+            time.sleep(seconds)
+            wakeups, spent = (now - before for now, before in zip(used(program.process), (wakeups, spent)))
+            per_minute, percent = wakeups * 60 / seconds, spent / seconds / 1e7
+            print(f"idle, {state}: {per_minute:.1f} wakeups a minute, {percent:.4f} % of a core", flush=True)
+            note(f"idle, {state}: wakeups a minute", 1, per_minute)
+            note(f"idle, {state}: % of a core", 1, percent)
+        subprocess.run(["xset", "s", "reset"], check=True)
+    zv("prefs", "write", "ReplaceAppleMenu", "false")
+
+
 def start():
     with Panel():
         print(f"start to registered icon {start_to_icon():.0f} ms ")
@@ -243,6 +276,6 @@ def start():
 
 if __name__ == "__main__":
     zv("prefs", "write", "ReplaceAppleMenu", "false")
-    only = {"--icons": [cold_icons], "--memory": [memory]}
+    only = {"--icons": [cold_icons], "--memory": [memory], "--idle": [idle]}
     for measure in only.get(sys.argv[-1], [openings, cold_icons, start]):
         measure()

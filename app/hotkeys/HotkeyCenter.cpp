@@ -19,6 +19,8 @@ constexpr int conflictsProperty = 0;
 constexpr int supportProperty = 1;
 constexpr int filesProperty = 2;
 
+std::vector<MenuItem> const noItems;
+
 /// Retired and unknown kinds keep their stored shortcut but never get a hotkey.
 bool isEligible(MenuItemKind const& kind) { return !kind.isLegacy(); }
 
@@ -57,6 +59,7 @@ struct HotkeyCenter::Pass {
 HotkeyCenter::HotkeyCenter(HotkeyRegistrar& registrar, KeyboardLayout& layout)
     : m_registrar(registrar)
     , m_layout(layout)
+    , m_menuItems(&noItems)
     , m_support(registrar.support())
 {
 }
@@ -69,28 +72,36 @@ HotkeyCenter::~HotkeyCenter()
     m_registrar.onInvalidated = nullptr;
 }
 
-void HotkeyCenter::setMenuItems(std::vector<MenuItem> items)
+void HotkeyCenter::setMenuItems(std::vector<MenuItem> const& items)
 {
     assertMainThread();
-    m_menuItems = std::move(items);
+    m_menuItems = &items;
 }
 
 void HotkeyCenter::setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut)
 {
     assertMainThread();
     m_menuShortcut = std::move(shortcut);
+    m_isCurrent = false;
 }
 
 void HotkeyCenter::setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys)
 {
     assertMainThread();
     m_fileHotkeys = std::move(hotkeys);
+    m_isCurrent = false;
 }
 
 void HotkeyCenter::menuItemsChanged(std::vector<MenuItem> const& items)
 {
     setMenuItems(items);
-    reregister();
+    ItemShortcuts shortcuts;
+    shortcuts.reserve(m_itemShortcuts.size());
+    collectItems(items, shortcuts);
+    bool const isUnchanged = m_isCurrent && !m_wasRefused && m_registrar.support() == m_support && shortcuts == m_itemShortcuts;
+    if (!isUnchanged)
+        return reregister();
+    tellRegistered(); // of other titles
 }
 
 std::set<HotkeyCenter::Conflict> const& HotkeyCenter::conflicts() const
@@ -113,7 +124,7 @@ std::vector<KeyBindingLine> HotkeyCenter::bindingLines() const
     if (support() != HotkeySupport::none)
         return lines;
     for (auto const& wanted : m_unsupported) {
-        if (auto line = m_registrar.bindingLine(wanted.chord, commandFor(wanted.target, m_menuItems)))
+        if (auto line = m_registrar.bindingLine(wanted.chord, commandFor(wanted.target, *m_menuItems)))
             lines.push_back(std::move(*line));
     }
     if (auto show = m_unsupported.empty() ? bindingOfShow() : std::nullopt)
@@ -137,12 +148,16 @@ void HotkeyCenter::reregister()
     listen();
     if (m_menuShortcut)
         collect(Target::menu(), *m_menuShortcut, pass);
-    collectItems(m_menuItems, pass);
+    m_itemShortcuts.clear();
+    collectItems(*m_menuItems, m_itemShortcuts);
+    for (auto const& [id, spec] : m_itemShortcuts)
+        collect(Target::item(id), spec, pass);
     collectFiles(pass);
     claim(std::move(pass.wanted), pass.conflicts);
     m_unavailable = std::move(pass.unavailable);
     setConflicts(std::move(pass.conflicts));
     noteRegisteredFiles(filesBefore);
+    m_isCurrent = true;
     tellRegistered();
 }
 
@@ -163,6 +178,7 @@ void HotkeyCenter::unregisterAll()
     assertMainThread();
     m_registrar.releaseAll();
     m_registrations.clear();
+    m_isCurrent = false;
     setConflicts({});
     tellRegistered();
 }
@@ -179,12 +195,12 @@ void HotkeyCenter::resume()
     reregister();
 }
 
-void HotkeyCenter::collectItems(std::vector<MenuItem> const& items, Pass& pass)
+void HotkeyCenter::collectItems(std::vector<MenuItem> const& items, ItemShortcuts& shortcuts)
 {
     for (auto const& item : items) {
         if (item.keyEquivalent && isEligible(item.kind))
-            collect(Target::item(item.id), *item.keyEquivalent, pass);
-        collectItems(item.children, pass);
+            shortcuts.emplace_back(item.id, *item.keyEquivalent);
+        collectItems(item.children, shortcuts);
     }
 }
 

@@ -58,12 +58,14 @@ public:
     HotkeyCenter(HotkeyCenter const&) = delete;
     HotkeyCenter& operator=(HotkeyCenter const&) = delete;
 
-    /// The setters do not register: call reregister() once all is set.
-    void setMenuItems(std::vector<MenuItem> items);
+    /// The setters do not register: call reregister() once all is set. The list outlives this, and whoever changes it
+    /// says so by menuItemsChanged().
+    void setMenuItems(std::vector<MenuItem> const& items);
+    void setMenuItems(std::vector<MenuItem>&& items) = delete;
     void setMenuShortcut(std::optional<KeyEquivalentSpec> shortcut);
     void setFileHotkeys(std::map<Url, KeyEquivalentSpec> hotkeys);
-    [[nodiscard]] std::vector<MenuItem> const& menuItems() const { return m_menuItems; }
-    /// Sets the items and registers again.
+    [[nodiscard]] std::vector<MenuItem> const& menuItems() const { return *m_menuItems; }
+    /// Sets the items, and registers again where their shortcuts differ or one was refused.
     void menuItemsChanged(std::vector<MenuItem> const& items) override;
 
     /// Registers everything anew: the menu's own, items depth first, then files by path. Ids keep rising, so that a
@@ -108,8 +110,10 @@ private:
         KeyChord chord;
     };
     struct Pass;
+    /// The items that get a hotkey, in the menu's order.
+    using ItemShortcuts = std::vector<std::pair<Uuid, KeyEquivalentSpec>>;
 
-    void collectItems(std::vector<MenuItem> const& items, Pass& pass);
+    static void collectItems(std::vector<MenuItem> const& items, ItemShortcuts& shortcuts);
     void collectFiles(Pass& pass);
     void collect(Target target, KeyEquivalentSpec const& spec, Pass& pass);
     void claim(std::vector<Wanted> wanted, std::set<Conflict>& conflicts);
@@ -133,7 +137,9 @@ private:
     bool m_isPaused = false;
     HotkeyID m_nextHotKeyID = 1;
     std::optional<KeyEquivalentSpec> m_menuShortcut;
-    std::vector<MenuItem> m_menuItems;
+    std::vector<MenuItem> const* m_menuItems;
+    ItemShortcuts m_itemShortcuts; ///< of the last pass
+    bool m_isCurrent = false; ///< what was set was registered
     std::map<Url, KeyEquivalentSpec> m_fileHotkeys;
     HotkeySupport m_support;
     ObservationRegistrar m_observers;

@@ -50,7 +50,7 @@ std::size_t hashValue(MenuItem const& item)
     return hash.addHash(hashValue(PropertyList(item.unrecognizedKeys))).result();
 }
 
-MenuItem const* findItem(std::vector<MenuItem> const& items, Uuid const& id)
+MenuItem const* findItem(std::span<MenuItem const> items, Uuid const& id)
 {
     for (auto const& item : items) {
         if (item.id == id)

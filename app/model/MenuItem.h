@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,8 @@ inline constexpr int maximumMenuDepth = 64;
 
 /// Finds the first record that cannot be written: a text that is not UTF-8, too deep a nesting.
 [[nodiscard]] std::optional<ReadFailure> findUnwritable(std::vector<MenuItem> const& items);
+/// Whether a menu may have the item at its top level.
+[[nodiscard]] bool isWritable(MenuItem const& item);
 
 /// Reads the older dictionary form. Empty when "Kind" is missing or no text.
 [[nodiscard]] std::optional<MenuItem> menuItemFromOlderDictionary(PropertyList const& value, LocationServices services);
@@ -67,7 +70,7 @@ inline constexpr int maximumMenuDepth = 64;
 inline constexpr char const* menuItemDragType = "org.zanthevell.ZantheVell.menu-item";
 
 /// Searches depth-first in list order: an item, its children, its next sibling.
-[[nodiscard]] MenuItem const* findItem(std::vector<MenuItem> const& items, Uuid const& id);
+[[nodiscard]] MenuItem const* findItem(std::span<MenuItem const> items, Uuid const& id);
 [[nodiscard]] bool containsKind(std::vector<MenuItem> const& items, MenuItemKind::Case kind);
 
 } // namespace zv

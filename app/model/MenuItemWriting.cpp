@@ -3,6 +3,7 @@
 #include "platform/text/Text.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace zv {
@@ -50,7 +51,7 @@ char const* unwritableKey(MenuItem const& item)
     return areWritable(item.unrecognizedKeys, 0) ? nullptr : "unrecognizedKeys";
 }
 
-bool findUnwritable(std::vector<MenuItem> const& items, ReadFailure& failure)
+bool findUnwritable(std::span<MenuItem const> items, ReadFailure& failure)
 {
     auto& indexPath = failure.indexPath;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -77,6 +78,12 @@ std::optional<ReadFailure> findUnwritable(std::vector<MenuItem> const& items)
 {
     ReadFailure failure;
     return findUnwritable(items, failure) ? std::optional(std::move(failure)) : std::nullopt;
+}
+
+bool isWritable(MenuItem const& item)
+{
+    ReadFailure failure;
+    return !findUnwritable({ &item, 1 }, failure);
 }
 
 PropertyListDictionary toPropertyList(MenuItem const& item)

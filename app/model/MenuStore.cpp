@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -21,18 +22,19 @@ enum Property : int { itemsProperty, unresolvedItemIDsProperty, lastSaveProperty
 constexpr MenuItemKind::Case builtInMenu[] = { MenuItemKind::aboutThisMac, MenuItemKind::separator, MenuItemKind::simpleSystemPrefs,
     MenuItemKind::customizeZantheVell, MenuItemKind::separator, MenuItemKind::sleep, MenuItemKind::restart, MenuItemKind::shutdown };
 
-void refresh(std::vector<MenuItem>& items, LocationServices services, std::set<Uuid>& unresolved)
+/// Whether its location, or one below it, was refreshed.
+bool refresh(MenuItem& item, LocationServices services, std::set<Uuid>& unresolved)
 {
-    for (auto& item : items) {
-        if (item.location) {
-            auto const resolution = item.location->resolve(services);
-            if (resolution.kind == ItemLocation::Resolution::Kind::needsRefresh)
-                item.location->refresh(*resolution.url, services);
-            if (resolution.kind == ItemLocation::Resolution::Kind::unresolved)
-                unresolved.insert(item.id);
-        }
-        refresh(item.children, services, unresolved);
-    }
+    using Kind = ItemLocation::Resolution::Kind;
+    auto const found = item.location ? item.location->resolve(services) : ItemLocation::Resolution { Kind::bookmark, {} };
+    bool isRefreshed = found.kind == Kind::needsRefresh;
+    if (isRefreshed)
+        item.location->refresh(*found.url, services);
+    if (found.kind == Kind::unresolved)
+        unresolved.insert(item.id);
+    for (auto& child : item.children)
+        isRefreshed = refresh(child, services, unresolved) || isRefreshed;
+    return isRefreshed;
 }
 
 std::vector<MenuItem> builtInItems()
@@ -42,13 +44,31 @@ std::vector<MenuItem> builtInItems()
     return items;
 }
 
-void cleanTitles(std::vector<MenuItem>& items)
+void cleanTitles(std::span<MenuItem> items)
 {
     for (auto& item : items) {
         if (item.title)
             item.title = withoutControls(*item.title);
         cleanTitles(item.children);
     }
+}
+
+template <class T> void moveIn(std::vector<T>& list, std::set<std::size_t> const& offsets, std::size_t destination)
+{
+    std::vector<T> parts[3]; // before, moved, after
+    for (std::size_t i = 0; i < list.size(); ++i)
+        parts[offsets.contains(i) ? 1 : i < destination ? 0 : 2].push_back(std::move(list[i]));
+    list.clear();
+    for (auto& part : parts)
+        std::move(part.begin(), part.end(), std::back_inserter(list));
+}
+
+/// The shortest one that covers both, the second of which comes later.
+MenuStretch united(MenuStretch const& stretch, std::size_t index)
+{
+    auto const first = std::min(stretch.first, index);
+    auto const end = std::max(stretch.first + stretch.after, index + 1);
+    return { first, end - first + stretch.before - stretch.after, end - first };
 }
 
 bool isDictionary(PropertyList const& value) { return value.dictionary() != nullptr; }
@@ -99,15 +119,19 @@ void MenuStore::insert(std::vector<MenuItem> items, std::optional<std::ptrdiff_t
     assertMainThread();
     auto const count = std::ssize(m_items);
     auto const offset = std::clamp(position.value_or(count), std::ptrdiff_t { 0 }, count);
-    m_items.insert(m_items.begin() + offset, std::make_move_iterator(items.begin()), std::make_move_iterator(items.end()));
-    didChange();
+    replaceStretch(static_cast<std::size_t>(offset), 0, std::move(items));
 }
 
 void MenuStore::remove(std::set<Uuid> const& ids)
 {
     assertMainThread();
-    std::erase_if(m_items, [&](MenuItem const& item) { return ids.contains(item.id); });
-    didChange();
+    auto const leaves = [&](MenuItem const& item) { return ids.contains(item.id); };
+    for (auto at = std::find_if(m_items.begin(), m_items.end(), leaves); at != m_items.end(); at = std::find_if(at, m_items.end(), leaves)) {
+        if (!m_records.empty())
+            m_records.erase(m_records.begin() + (at - m_items.begin()));
+        at = m_items.erase(at);
+    }
+    didChange({});
 }
 
 void MenuStore::replace(Uuid const& id, MenuItem item)
@@ -117,30 +141,29 @@ void MenuStore::replace(Uuid const& id, MenuItem item)
     if (found == m_items.end())
         return;
     *found = std::move(item);
-    didChange();
+    didChange({ static_cast<std::size_t>(found - m_items.begin()), 1, 1 });
 }
 
 void MenuStore::move(std::set<std::size_t> const& offsets, std::size_t destination)
 {
     assertMainThread();
-    std::vector<MenuItem> before;
-    std::vector<MenuItem> moved;
-    std::vector<MenuItem> after;
-    for (std::size_t i = 0; i < m_items.size(); ++i) {
-        auto& part = offsets.contains(i) ? moved : i < destination ? before : after;
-        part.push_back(std::move(m_items[i]));
-    }
-    m_items = std::move(before);
-    std::move(moved.begin(), moved.end(), std::back_inserter(m_items));
-    std::move(after.begin(), after.end(), std::back_inserter(m_items));
-    didChange();
+    moveIn(m_items, offsets, destination);
+    moveIn(m_records, offsets, destination);
+    didChange({});
+}
+
+MenuStretch MenuStore::replaceStretch(std::size_t first, std::size_t count, std::vector<MenuItem> items, Keeping keeping)
+{
+    assertMainThread();
+    MenuStretch const changed { first, count, items.size() };
+    zv::replaceStretch(m_items, first, count, std::move(items));
+    return didChange(changed, keeping);
 }
 
 void MenuStore::replaceAll(std::vector<MenuItem> items, Keeping keeping)
 {
     assertMainThread();
-    m_items = std::move(items);
-    didChange(keeping);
+    replaceStretch(0, m_items.size(), std::move(items), keeping);
 }
 
 void MenuStore::reload()
@@ -204,29 +227,51 @@ std::optional<std::vector<MenuItem>> MenuStore::resourceMenu() const
 void MenuStore::setItems(std::vector<MenuItem> items)
 {
     m_items = std::move(items);
-    refreshLocations();
+    m_records.clear();
+    m_isWritable = false;
+    (void)refreshLocations({});
 }
 
 /// Notifies observers only after the refresh, so that nobody sees a half-made change.
-void MenuStore::refreshLocations()
+MenuStretch MenuStore::refreshLocations(MenuStretch changed)
 {
     std::set<Uuid> unresolved;
-    refresh(m_items, m_services.locations, unresolved);
+    for (std::size_t i = 0; i < m_items.size(); ++i) {
+        if (refresh(m_items[i], m_services.locations, unresolved))
+            changed = united(changed, i);
+    }
     bool const differs = std::exchange(m_unresolvedItemIDs, unresolved) != unresolved;
     m_registrar.changed(itemsProperty);
     if (differs)
         m_registrar.changed(unresolvedItemIDsProperty);
+    return changed;
 }
 
-void MenuStore::didChange(Keeping keeping)
+MenuStretch MenuStore::didChange(MenuStretch changed, Keeping keeping)
 {
-    if (isLocked())
+    if (isLocked()) {
+        auto const before = m_items.size() - changed.after + changed.before;
         load(); // in the place of what was changed
-    cleanTitles(m_items);
-    refreshLocations();
+        changed = { 0, before, m_items.size() };
+    }
+    cleanTitles(std::span(m_items).subspan(changed.first, changed.after));
+    changed = refreshLocations(changed);
+    record(changed);
     save(keeping);
     if (m_itemsSink)
         m_itemsSink->menuItemsChanged(m_items);
+    return changed;
+}
+
+void MenuStore::record(MenuStretch const& changed)
+{
+    if (m_records.empty())
+        return;
+    auto const items = std::span(m_items).subspan(changed.first, changed.after);
+    PropertyListArray records(items.size());
+    std::transform(items.begin(), items.end(), records.begin(), [](MenuItem const& item) { return PropertyList(toPropertyList(item)); });
+    zv::replaceStretch(m_records, changed.first, changed.before, std::move(records));
+    m_isWritable = m_isWritable && std::all_of(items.begin(), items.end(), isWritable);
 }
 
 /// Backs up before the first save over an unreadable menu, before the menu is replaced, and else when one is due.
@@ -244,25 +289,36 @@ void MenuStore::save() { save(Keeping::whenDue); }
 void MenuStore::save(Keeping keeping)
 {
     assertMainThread();
-    auto const before = std::exchange(m_lastSave, write(keeping));
+    if (auto const reason = obstacle())
+        return noteSaved(Failure { *reason });
+    auto const backedUp = backUp(keeping);
+    m_loadFailure.reset();
+    m_isWritable = true;
+    if (m_records.empty())
+        m_records = toPropertyList(m_items);
+    m_services.defaults.save(defaultsKey, m_records, m_lifetime.guard([this, backedUp](Result<void> saved) {
+        if (saved && !backedUp)
+            logLine(backedUp.error());
+        noteSaved(std::move(saved));
+    }));
+}
+
+/// Why the menu cannot be saved.
+std::optional<std::string> MenuStore::obstacle() const
+{
+    if (isLocked())
+        return tr("an administrator of this computer has locked it.");
+    auto const unwritable = m_isWritable ? std::nullopt : findUnwritable(m_items);
+    return unwritable ? std::optional(unwritable->description()) : std::nullopt;
+}
+
+void MenuStore::noteSaved(Result<void> saved)
+{
+    auto const before = std::exchange(m_lastSave, std::move(saved));
     if (before.ok() != m_lastSave.ok() || (!before && before.error() != m_lastSave.error()))
         m_registrar.changed(lastSaveProperty);
     if (!m_lastSave)
         logLine("could not save menu to " + std::string(defaultsKey) + ": " + m_lastSave.error());
-}
-
-Result<void> MenuStore::write(Keeping keeping)
-{
-    if (isLocked())
-        return Failure { tr("an administrator of this computer has locked it.") };
-    if (auto const unwritable = findUnwritable(m_items))
-        return Failure { unwritable->description() };
-    auto const backedUp = backUp(keeping);
-    m_loadFailure.reset();
-    auto saved = m_services.defaults.setObject(defaultsKey, toPropertyList(m_items));
-    if (saved && !backedUp)
-        logLine(backedUp.error());
-    return saved;
 }
 
 } // namespace zv

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/model/MenuItem.h"
+#include "app/model/MenuStretch.h"
+#include "base/Lifetime.h"
 #include "base/Observation.h"
 #include "platform/files/Resources.h"
 #include "platform/files/UserDefaults.h"
@@ -14,7 +16,7 @@
 
 namespace zv {
 
-/// Receives the whole list after every change.
+/// Receives the whole list after every change. The list stays where it is as long as the store is there.
 class MenuItemsSink {
 public:
     virtual ~MenuItemsSink() = default;
@@ -33,7 +35,8 @@ public:
 };
 
 /// Owns the user's menu and its persistence under the key "Menu". Every change refreshes
-/// locations, saves and tells the hotkeys, in that order. Reading items(),
+/// locations, saves and tells the hotkeys, in that order; the disk may have it a moment later. What a change costs
+/// depends on what it changes, but for a look at each location. Reading items(),
 /// unresolvedItemIDs() or lastSave() within withObservationTracking() observes them. Main thread only.
 class MenuStore {
 public:
@@ -64,7 +67,10 @@ public:
     /// Whether a change replaces what the user made: then the stored menu is kept even if a backup was made a
     /// moment ago.
     enum class Keeping { whenDue, always };
-    /// Sets the whole menu: after an edit of several items, or for an import or a restored menu.
+    /// Replaces `count` top-level items from `first` on, which are there. Returns what differs now: also the items whose
+    /// locations were refreshed, and all where the menu is locked.
+    MenuStretch replaceStretch(std::size_t first, std::size_t count, std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
+    /// Sets the whole menu, for an import or a restored menu.
     void replaceAll(std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
 
     /// Writes the menu to the settings, as every change does. A failure is one line in the log.
@@ -105,21 +111,26 @@ private:
     [[nodiscard]] std::optional<std::vector<MenuItem>> storedMenu();
     [[nodiscard]] std::optional<std::vector<MenuItem>> resourceMenu() const;
     void setItems(std::vector<MenuItem> items);
-    void refreshLocations();
-    void didChange(Keeping keeping = Keeping::whenDue);
+    MenuStretch refreshLocations(MenuStretch changed);
+    MenuStretch didChange(MenuStretch changed, Keeping keeping = Keeping::whenDue);
     void load();
+    void record(MenuStretch const& changed);
     void save(Keeping keeping);
     [[nodiscard]] Result<void> backUp(Keeping keeping);
-    [[nodiscard]] Result<void> write(Keeping keeping);
+    [[nodiscard]] std::optional<std::string> obstacle() const;
+    void noteSaved(Result<void> saved);
 
     Services m_services;
     std::vector<MenuItem> m_items;
+    PropertyListArray m_records; ///< of the items, as they are saved; made by the first save
+    bool m_isWritable = false; ///< known of all records
     std::set<Uuid> m_unresolvedItemIDs;
     std::optional<ReadFailure> m_loadFailure;
     Result<void> m_lastSave;
     MenuItemsSink* m_itemsSink = nullptr;
     MenuBackupSink* m_backupSink = nullptr;
     ObservationRegistrar m_registrar;
+    Lifetime m_lifetime;
 };
 
 } // namespace zv

@@ -6,6 +6,7 @@
 #include "base/Translation.h"
 
 #include <algorithm>
+#include <span>
 
 namespace zv {
 
@@ -21,24 +22,8 @@ std::set<Uuid> idsOf(Items const& items)
     return ids;
 }
 
-/// The offset of the only differing item; empty when more differ.
-std::optional<std::size_t> singleDifference(Items const& before, Items const& after)
-{
-    if (before.size() != after.size())
-        return std::nullopt;
-    std::optional<std::size_t> difference;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        if (before[i] == after[i])
-            continue;
-        if (difference || before[i].id != after[i].id)
-            return std::nullopt;
-        difference = i;
-    }
-    return difference;
-}
-
 /// The shortest range of top-level items that covers the difference.
-MenuEdit differenceOf(Items const& before, Items const& after)
+MenuEdit differenceOf(std::span<MenuItem const> before, std::span<MenuItem const> after)
 {
     auto const [first, firstNow] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
     auto last = before.end();
@@ -54,14 +39,7 @@ MenuEdit differenceOf(Items const& before, Items const& after)
     return edit;
 }
 
-/// Replaces `count` items from `index` on by `replacement`; both are clamped.
-void replaceStretch(Items& items, std::size_t index, std::size_t count, Items const& replacement)
-{
-    auto const start = std::min(index, items.size());
-    auto const first = items.begin() + static_cast<std::ptrdiff_t>(start);
-    auto const last = first + static_cast<std::ptrdiff_t>(std::min(count, items.size() - start));
-    items.insert(items.erase(first, last), replacement.begin(), replacement.end());
-}
+bool isEmpty(MenuEdit const& edit) { return edit.before.empty() && edit.after.empty(); }
 
 /// The items that are new, else those that the edit selected, else those that differ.
 std::set<Uuid> cameBack(Items const& before, Items const& after, MenuEdit const& edit)
@@ -327,55 +305,53 @@ void MenuEditor::add(std::string name, std::vector<MenuItem> added, Position con
         commit(std::move(name), std::move(after), std::move(selection));
 }
 
+/// Copies the top-level item alone in which the edited one lies.
 void MenuEditor::edit(std::string name, Uuid const& id, std::function<void(MenuItem&)> const& edit)
 {
-    auto after = items();
-    if (menuTree::change(after, id, edit))
-        commit(std::move(name), std::move(after), std::nullopt);
+    auto const& menu = items();
+    auto const holder = std::find_if(menu.begin(), menu.end(), [&](MenuItem const& item) { return findItem(std::span(&item, 1), id) != nullptr; });
+    if (holder == menu.end())
+        return;
+    Items after { *holder };
+    if (menuTree::change(after, id, edit) && after.front() != *holder)
+        tell(takeOver(put(static_cast<std::size_t>(holder - menu.begin()), 1, std::move(after))), std::move(name), std::nullopt);
 }
 
 void MenuEditor::commit(std::string name, std::vector<MenuItem> after, Selection selection, Keeping keeping)
 {
     assertMainThread();
-    if (after == items())
+    auto edit = differenceOf(items(), after);
+    if (isEmpty(edit))
         return;
-    put(std::move(after), keeping);
-    tell(std::move(name), std::move(selection));
+    auto const changed = put(edit.index, edit.before.size(), std::move(edit.after), keeping);
+    tell(takeOver(changed), std::move(name), std::move(selection));
 }
 
 MenuEditor::Ids MenuEditor::undo(MenuEdit const& edit)
 {
-    auto menu = items();
-    replaceStretch(menu, edit.index, edit.after.size(), edit.before);
-    put(std::move(menu));
-    (void)takeOver();
+    (void)takeOver(put(edit.index, edit.after.size(), edit.before));
     return cameBack(edit.after, edit.before, edit);
 }
 
 MenuEditor::Ids MenuEditor::redo(MenuEdit const& edit)
 {
-    auto menu = items();
-    replaceStretch(menu, edit.index, edit.before.size(), edit.after);
-    put(std::move(menu));
-    (void)takeOver();
+    (void)takeOver(put(edit.index, edit.before.size(), edit.after));
     return edit.selectionAfter ? *edit.selectionAfter : cameBack(edit.before, edit.after, edit);
 }
 
-void MenuEditor::put(std::vector<MenuItem> after, Keeping keeping)
+/// The stretch is clamped: the menu may have been changed from outside.
+MenuStretch MenuEditor::put(std::size_t first, std::size_t count, std::vector<MenuItem> items, Keeping keeping)
 {
-    m_isPutting = true;
     auto& store = m_services.store;
-    auto const changed = keeping == Keeping::whenDue ? singleDifference(store.items(), after) : std::nullopt;
-    if (changed)
-        store.replace(after[*changed].id, std::move(after[*changed]));
-    else if (after != store.items())
-        store.replaceAll(std::move(after), keeping);
+    auto const start = std::min(first, store.items().size());
+    m_isPutting = true;
+    auto const changed = store.replaceStretch(start, std::min(count, store.items().size() - start), std::move(items), keeping);
     m_isPutting = false;
+    return changed;
 }
 
-void MenuEditor::tell(std::string name, Selection selection)
+void MenuEditor::tell(MenuEdit edit, std::string name, Selection selection)
 {
-    auto edit = takeOver();
     edit.name = std::move(name);
     edit.selectionAfter = std::move(selection);
     if (onEdit)
@@ -383,9 +359,11 @@ void MenuEditor::tell(std::string name, Selection selection)
 }
 
 /// Takes the difference since the last edit from the store, which may have refreshed locations.
-MenuEdit MenuEditor::takeOver()
+MenuEdit MenuEditor::takeOver(MenuStretch const& changed)
 {
-    auto edit = differenceOf(m_known, items());
+    auto const known = std::span(m_known).subspan(changed.first, changed.before);
+    auto edit = differenceOf(known, std::span(items()).subspan(changed.first, changed.after));
+    edit.index += changed.first;
     replaceStretch(m_known, edit.index, edit.before.size(), edit.after);
     return edit;
 }
@@ -396,7 +374,7 @@ void MenuEditor::observe()
         [this] {
             observe();
             if (!m_isPutting && items() != m_known)
-                tell(trc("edit that can be undone", "Change from Outside"), std::nullopt);
+                tell(takeOver({ 0, m_known.size(), items().size() }), trc("edit that can be undone", "Change from Outside"), std::nullopt);
         });
 }
 

@@ -109,9 +109,9 @@ private:
     bool moveBy(Ids const& ids, int step);
     [[nodiscard]] Ids neighbourOf(Ids const& ids) const;
     [[nodiscard]] std::optional<std::string> titleFor(Url const& file) const;
-    void put(std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
-    void tell(std::string name, Selection selection);
-    [[nodiscard]] MenuEdit takeOver();
+    [[nodiscard]] MenuStretch put(std::size_t first, std::size_t count, std::vector<MenuItem> items, Keeping keeping = Keeping::whenDue);
+    void tell(MenuEdit edit, std::string name, Selection selection);
+    [[nodiscard]] MenuEdit takeOver(MenuStretch const& changed);
     void observe();
 
     Services m_services;

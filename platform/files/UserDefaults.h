@@ -25,10 +25,13 @@ public:
     [[nodiscard]] virtual std::optional<PropertyList> storedObject(std::string_view key) const = 0;
     /// The value that a save would overwrite: another process may have stored it, and a value kept in memory
     /// since a failed save is not there.
-    [[nodiscard]] virtual std::optional<PropertyList> objectToOverwrite(std::string_view key) const { return storedObject(key); }
+    [[nodiscard]] virtual std::optional<PropertyList> objectToOverwrite(std::string_view key) { return storedObject(key); }
     /// Stores at once. The failure is a sentence that says why the file could not be written;
     /// the value is then kept in memory, and written with the next one. Callers log it.
     [[nodiscard]] virtual Result<void> setObject(std::string_view key, PropertyList value) = 0;
+    /// Like setObject(), for a large value: where storing takes its time, it goes on after this has returned. The value
+    /// counts at once, later ones are stored after it, and `then` gets the outcome on the main thread.
+    virtual void save(std::string_view key, PropertyList value, std::function<void(Result<void>)> then) { then(setObject(key, std::move(value))); }
     [[nodiscard]] virtual Result<void> removeObject(std::string_view key) = 0;
     /// The value that an administrator gives to everybody; it counts until the user stores another.
     [[nodiscard]] virtual std::optional<PropertyList> givenObject(std::string_view /*key*/) const { return std::nullopt; }

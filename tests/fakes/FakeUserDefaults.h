@@ -20,7 +20,7 @@ public:
     std::optional<PropertyList> givenObject(std::string_view key) const override { return copy(given.find(key)); }
     bool isLocked(std::string_view key) const override { return locked == key; }
     std::optional<PropertyList> storedObject(std::string_view key) const override { return copy(stored.find(key)); }
-    std::optional<PropertyList> objectToOverwrite(std::string_view key) const override { return othersMenu ? othersMenu : storedObject(key); }
+    std::optional<PropertyList> objectToOverwrite(std::string_view key) override { return othersMenu ? othersMenu : storedObject(key); }
     Result<void> setObject(std::string_view key, PropertyList value) override
     {
         writes.emplace_back(key);

@@ -171,6 +171,7 @@ int LinuxFrontEnd::run()
 {
     if (!m_instance.claim())
         return openSettingsOfOther();
+    m_files.defaults().useTasks(m_tasks);
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
     m_look.useBus(m_bus);
     watchForTray();

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace zv {
 
@@ -84,7 +85,7 @@ void MenuTreeModel::catchUp()
         return layAnew(items);
     remember(m_root, items);
     m_isStale = false;
-    tellDataChanged({});
+    tellDataChanged();
     Q_EMIT followed();
 }
 
@@ -96,6 +97,7 @@ void MenuTreeModel::layAnew(std::vector<MenuItem> const& items)
     m_root.children.clear();
     lay(m_root, items);
     remember(m_root, items);
+    m_changed.clear();
     m_isStale = false;
     endResetModel();
     Q_EMIT laidAnew();
@@ -122,10 +124,12 @@ std::unique_ptr<MenuTreeModel::Node> MenuTreeModel::nodeFor(MenuItem const& item
     return node;
 }
 
-void MenuTreeModel::note(MenuItem const& item, Node& node)
+/// Whether what others know of the node differs.
+bool MenuTreeModel::note(MenuItem const& item, Node& node)
 {
-    node.isGroup = menuTree::canHoldItems(item);
-    node.isSeparator = item.kind == MenuItemKind::separator;
+    bool const wasGroup = std::exchange(node.isGroup, menuTree::canHoldItems(item));
+    bool const wasSeparator = std::exchange(node.isSeparator, item.kind == MenuItemKind::separator);
+    return node.shown || node.isGroup != wasGroup || node.isSeparator != wasSeparator;
 }
 
 void MenuTreeModel::lay(Node& node, std::vector<MenuItem> const& items)
@@ -144,7 +148,8 @@ void MenuTreeModel::remember(Node& node, std::vector<MenuItem> const& items)
     for (std::size_t i = 0; i < items.size(); ++i) {
         auto& child = *node.children[i];
         child.item = &items[i];
-        note(items[i], child);
+        if (note(items[i], child))
+            m_changed.push_back(&child);
         child.shown.reset();
         remember(child, items[i].children);
     }
@@ -276,14 +281,17 @@ void MenuTreeModel::number(Node& node, std::size_t first)
 
 QModelIndex MenuTreeModel::indexOf(Node const& node) const { return &node == &m_root ? QModelIndex() : createIndex(node.row, 0, &node); }
 
-void MenuTreeModel::tellDataChanged(QModelIndex const& parent)
+/// Once for each run of rows: a view looks for the place of every row that it is told of.
+void MenuTreeModel::tellDataChanged()
 {
-    auto const count = rowCount(parent);
-    if (count == 0)
-        return;
-    Q_EMIT dataChanged(index(0, 0, parent), index(count - 1, columnEnd - 1, parent));
-    for (int row = 0; row < count; ++row)
-        tellDataChanged(index(row, 0, parent));
+    auto const changed = std::exchange(m_changed, {});
+    for (auto first = changed.begin(); first != changed.end();) {
+        auto const isOther = [](Node const* a, Node const* b) { return a->parent != b->parent || a->row + 1 != b->row; };
+        auto const last = std::adjacent_find(first, changed.end(), isOther);
+        auto const* end = last == changed.end() ? changed.back() : *last;
+        Q_EMIT dataChanged(indexOf(**first), createIndex(end->row, columnEnd - 1, end));
+        first = last == changed.end() ? last : std::next(last);
+    }
 }
 
 MenuTreeModel::Node* MenuTreeModel::nodeOf(QModelIndex const& index) const
@@ -386,6 +394,7 @@ QVariant MenuTreeModel::decoration(Node const& node) const
 
 QVariant MenuTreeModel::shortcutData(Node const& node, int role) const
 {
+    (void)rowOf(node); // notes that somebody has asked
     if (role == Qt::DisplayRole && node.item->keyEquivalent)
         return readableShortcut(*node.item->keyEquivalent);
     return role == Qt::ToolTipRole || role == Qt::ForegroundRole ? titleData(node, role) : QVariant();

@@ -68,7 +68,7 @@ private:
         bool isSeparator = false;
         std::vector<std::unique_ptr<Node>> children;
         MenuItem const* item = nullptr; ///< points into the store's current list: not for what others ask while the store tells of a change
-        mutable std::optional<OutlineRow> shown; ///< kept until the next change
+        mutable std::optional<OutlineRow> shown; ///< once asked for, until the next change
     };
 
     void observe();
@@ -77,8 +77,8 @@ private:
     [[nodiscard]] static bool hasShape(Node const& node, std::vector<MenuItem> const& items);
     [[nodiscard]] std::unique_ptr<Node> nodeFor(MenuItem const& item, Node& parent);
     void lay(Node& node, std::vector<MenuItem> const& items);
-    static void remember(Node& node, std::vector<MenuItem> const& items);
-    static void note(MenuItem const& item, Node& node);
+    void remember(Node& node, std::vector<MenuItem> const& items);
+    static bool note(MenuItem const& item, Node& node);
     [[nodiscard]] bool follow(std::vector<MenuItem> const& items);
     void removeAllBut(std::set<Uuid> const& staying, Node& node);
     void dropRows(Node& node, std::size_t first, std::size_t end);
@@ -90,7 +90,7 @@ private:
     static void number(Node& node, std::size_t first = 0);
     [[nodiscard]] QModelIndex indexOf(Node const& node) const;
     [[nodiscard]] OutlineRow const& rowOf(Node const& node) const;
-    void tellDataChanged(QModelIndex const& parent);
+    void tellDataChanged();
     [[nodiscard]] Node* nodeOf(QModelIndex const& index) const;
     [[nodiscard]] QVariant titleData(Node const& node, int role) const;
     [[nodiscard]] QVariant shortcutData(Node const& node, int role) const;
@@ -99,6 +99,7 @@ private:
     SettingsModels& m_models;
     Node m_root;
     std::map<Uuid, Node*> m_nodes;
+    std::vector<Node const*> m_changed; ///< those whose rows somebody has asked for, in the order of the tree
     bool m_isStale = false; ///< the store has changed, and the nodes' pointers are invalid
     Observation m_observation;
 };

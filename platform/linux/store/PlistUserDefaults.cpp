@@ -38,6 +38,8 @@ PlistUserDefaults::PlistUserDefaults(std::string path, std::chrono::milliseconds
     m_unannounced.clear();
 }
 
+PlistUserDefaults::~PlistUserDefaults() { finish(); }
+
 std::optional<PropertyList> PlistUserDefaults::object(std::string_view key) const
 {
     auto const* value = isLocked(key) ? nullptr : stored().find(key);
@@ -50,8 +52,9 @@ std::optional<PropertyList> PlistUserDefaults::givenObject(std::string_view key)
 
 std::optional<PropertyList> PlistUserDefaults::storedObject(std::string_view key) const { return copyOf(stored().find(key)); }
 
-std::optional<PropertyList> PlistUserDefaults::objectToOverwrite(std::string_view key) const
+std::optional<PropertyList> PlistUserDefaults::objectToOverwrite(std::string_view key)
 {
+    finish();
     if (m_unsaved.empty() && !m_file.hasChanged())
         return storedObject(key);
     auto const disk = SettingsFile(m_file.path()).read();
@@ -63,12 +66,18 @@ Result<void> PlistUserDefaults::setObject(std::string_view key, PropertyList val
     assertMainThread();
     if (isLocked(key))
         return Failure { "it is locked for all users of this machine" };
-    auto const* known = stored().find(key);
-    if (known && *known == value && m_unsaved.empty() && !m_file.hasChanged())
+    finish();
+    if (isInFile(key, value))
         return {};
     stored().set(key, std::move(value));
     m_unsaved.emplace(key);
-    return save(key);
+    return writeNow(key);
+}
+
+bool PlistUserDefaults::isInFile(std::string_view key, PropertyList const& value) const
+{
+    auto const* known = stored().find(key);
+    return known && *known == value && m_unsaved.empty() && !m_file.hasChanged();
 }
 
 Result<void> PlistUserDefaults::removeObject(std::string_view key)
@@ -76,11 +85,12 @@ Result<void> PlistUserDefaults::removeObject(std::string_view key)
     assertMainThread();
     if (isLocked(key))
         return Failure { "it is locked for all users of this machine" };
+    finish();
     if (!stored().contains(key) && m_unsaved.empty() && !m_file.hasChanged())
         return {};
     stored().remove(key);
     m_unsaved.emplace(key);
-    return save(key);
+    return writeNow(key);
 }
 
 void PlistUserDefaults::registerDefaults(PropertyListDictionary const& defaults)
@@ -105,6 +115,8 @@ void PlistUserDefaults::handleChange()
     assertMainThread();
     if (m_watch)
         m_watch->takeEvents();
+    if (m_writing)
+        return; // looks when that has ended
     if (m_file.hasChanged())
         reload();
     announce();
@@ -199,7 +211,7 @@ std::string PlistUserDefaults::unreadableMessage(std::string const& reason) cons
 
 // Writing
 
-Result<void> PlistUserDefaults::save(std::string_view key)
+Result<void> PlistUserDefaults::writeNow(std::string_view key)
 {
     auto const lock = m_file.lock();
     if (!lock)
@@ -212,8 +224,9 @@ Result<void> PlistUserDefaults::save(std::string_view key)
 void PlistUserDefaults::writeUnsaved()
 {
     assertMainThread();
+    finish();
     if (!m_unsaved.empty())
-        (void)save(*m_unsaved.begin()); // whoever set it was told of the failure
+        (void)writeNow(*m_unsaved.begin()); // whoever set it was told of the failure
 }
 
 /// Under the lock only.
@@ -270,6 +283,69 @@ Result<std::vector<std::byte>> PlistUserDefaults::withUnsaved(KeySet const& keys
         return Failure { disk.error().reason };
     overlay(*disk, keys);
     return writePropertyList(std::move(*disk));
+}
+
+// Writing on another thread
+
+void PlistUserDefaults::save(std::string_view key, PropertyList value, Then then)
+{
+    assertMainThread();
+    bool const isThere = !m_writing && isInFile(key, value);
+    if (!m_tasks || isThere || isLocked(key))
+        return then(setObject(key, std::move(value)));
+    stored().set(key, std::move(value));
+    m_unsaved.emplace(key);
+    m_waiting.push_back({ std::string(key), std::move(then) });
+    if (!m_writing)
+        beginWriting();
+}
+
+void PlistUserDefaults::beginWriting()
+{
+    m_writing = std::make_shared<Writing>(Writing { m_stored, std::exchange(m_unsaved, {}), std::exchange(m_waiting, {}), {} });
+    auto outcome = std::make_shared<std::promise<Written>>();
+    m_writing->outcome = outcome->get_future();
+    auto work = [this, writing = m_writing, outcome] {
+        outcome->set_value(writeAside(writing->settings));
+        return writing;
+    };
+    m_tasks->inBackground(TaskPriority::user, std::move(work), m_lifetime.guard([this](auto const& writing) {
+        if (writing == m_writing) // nobody has waited for it
+            endWriting();
+        handleChange();
+    }));
+}
+
+/// On the other thread.
+PlistUserDefaults::Written PlistUserDefaults::writeAside(PropertyList const& settings)
+{
+    auto const lock = m_file.lock();
+    if (!lock)
+        return Result<void>(Failure { lock.error() });
+    auto const bytes = m_file.hasChanged() ? Failure { std::string() } : writePropertyList(settings);
+    return bytes ? Written(m_file.write(*bytes)) : std::nullopt;
+}
+
+/// Takes the file back, tells the outcome, and goes on with what was saved meanwhile.
+void PlistUserDefaults::endWriting()
+{
+    auto const written = m_writing->outcome.get();
+    auto const ended = std::exchange(m_writing, nullptr);
+    if (!written || !*written)
+        m_unsaved.merge(ended->keys);
+    for (auto const& [key, then] : ended->savings)
+        then(written ? *written : writeUnsaved(key));
+    if (!m_waiting.empty() && !m_writing)
+        beginWriting();
+}
+
+/// Another value's write may have taken this one along.
+Result<void> PlistUserDefaults::writeUnsaved(std::string_view key) { return m_unsaved.contains(key) ? writeNow(key) : Result<void>(); }
+
+void PlistUserDefaults::finish()
+{
+    while (m_writing)
+        endWriting();
 }
 
 } // namespace zv

@@ -31,7 +31,11 @@ protected:
         center.onTrigger = [this](Target const& target) { triggered.push_back(target); };
     }
 
-    void register_(std::vector<MenuItem> items) { center.menuItemsChanged(items); }
+    void register_(std::vector<MenuItem> items)
+    {
+        menu = std::move(items);
+        center.menuItemsChanged(menu);
+    }
 
     /// The targets that hold a combination, in the order of their ids.
     std::vector<Target> registered() const
@@ -46,6 +50,7 @@ protected:
     fakes::FakeKeyboardLayoutSource source;
     Notifications notifications;
     KeyboardLayout layout { source, notifications };
+    std::vector<MenuItem> menu;
     HotkeyCenter center { registrar, layout };
     std::vector<Target> triggered;
 };
@@ -126,15 +131,45 @@ TEST_F(HotkeyCenterTest, UsesUpATextEvenWhereItsKeyIsMissing)
 
 TEST_F(HotkeyCenterTest, NeverUsesAnIdTwice)
 {
-    std::vector const items { itemWith(commandOption("A")), itemWith(commandOption("E")) };
-    for (int pass = 0; pass < 3; ++pass)
-        register_(items);
+    register_({ itemWith(commandOption("A")), itemWith(commandOption("E")) });
+    for (int pass = 1; pass < 3; ++pass)
+        center.reregister();
     EXPECT_EQ(center.registrations().begin()->first, 5U);
 
     registrar.taken = { { 0, 256 + 2048 } };
     center.reregister();
     ASSERT_EQ(center.registrations().size(), 1U) << "what is refused uses no id";
     EXPECT_EQ(center.registrations().begin()->first, 7U);
+}
+
+TEST_F(HotkeyCenterTest, AChangeThatLeavesTheShortcutsMakesNoPass)
+{
+    auto item = itemWith(commandOption("E"));
+    struct Row {
+        char const* what;
+        int passes;
+        std::function<void()> change;
+    };
+    Row const rows[] = {
+        { "another title", 0, [&] { item.title = "other"; } },
+        { "another shortcut", 1, [&] { item.keyEquivalent = commandOption("A"); } },
+        { "another item", 1, [&] { item.id = Uuid::random(); } },
+        { "one that is refused", 1, [&] { item.keyEquivalent = commandOption("B"); } },
+        { "which may be free now", 1, [&] { registrar.taken.clear(); } },
+        { "a file’s", 1,
+            [&] {
+                center.setFileHotkeys({ { file("/a"), commandOption("Z") } });
+            } },
+        { "all were let go", 1, [&] { center.unregisterAll(); } },
+    };
+    registrar.taken = { { 11, 256 + 2048 } };
+    register_({ item });
+    for (auto const& row : rows) {
+        auto const before = registrar.passes;
+        row.change();
+        register_({ item });
+        EXPECT_EQ(registrar.passes - before, row.passes) << row.what;
+    }
 }
 
 TEST_F(HotkeyCenterTest, IsInConflictWhileAnotherProgramHasTheCombination)
@@ -211,7 +246,7 @@ TEST_F(HotkeyCenterTest, HoldsNothingWhilePausedWhateverRegistersAnew)
     auto const item = itemWith(commandOption("E"));
     register_({ item });
     center.pause();
-    center.menuItemsChanged({ item });
+    register_({ item });
     registrar.onInvalidated();
     EXPECT_TRUE(registrar.held.empty());
     EXPECT_TRUE(center.registrations().empty());

@@ -25,7 +25,8 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
         { Url::fromPath("/c"), { .trigger = KeyEquivalentSpec::Trigger::character("Я") } },
         { Url::fromPath("/d"), { .trigger = KeyEquivalentSpec::Trigger::named("f1") } } });
     registrar.kept = { { 122, commandKey } };
-    center.menuItemsChanged({ item });
+    std::vector const menu { item };
+    center.menuItemsChanged(menu);
     EXPECT_EQ(hotkeyReport(&center),
         R"({"registrations":[{"id":1,"shortcut":"⌥⌘E","item":"00000000-0000-0000-0000-0000000000AB","title":"Sleep"},)"
         R"({"id":2,"shortcut":"F5","file":"/a�"}],"conflicts":[{"shortcut":"⌥⌘E","file":"/b"}],)"
@@ -36,7 +37,8 @@ TEST(HotkeyReport, NamesEveryRegistrationAndConflict)
     auto group = MenuItem::ofKind(MenuItemKind::submenu);
     group.id = *Uuid::parse("00000000-0000-0000-0000-0000000000CD");
     group.children = { item };
-    center.menuItemsChanged({ group });
+    std::vector const other { group };
+    center.menuItemsChanged(other);
     EXPECT_NE(
         hotkeyReport(&center).find(
             R"("bindings":[{"file":"~/keys","line":"14 zanthe-vell perform 00000000-0000-0000-0000-0000000000CD 00000000-0000-0000-0000-0000000000AB"},{"file":"~/keys","line":"96 xdg-open '/a�'"}])"),

@@ -217,6 +217,47 @@ TEST_F(MenuStoreTest, RefreshesLocationsAtEveryDepthAndCollectsWhatIsMissing)
     EXPECT_EQ(stored[0].children[0].location->path, "/Applications/Utilities/X.app") << "refreshed before it is saved";
 }
 
+TEST_F(MenuStoreTest, StoresAndNamesWhatDiffersAfterEachChange)
+{
+    auto lost = titled("lost", MenuItemKind::fsObject);
+    lost.location = ItemLocation { std::nullopt, "/Applications/X.app", "X" };
+    storeMenu({ titled("a"), group("g", { lost }), titled("b"), titled("c") });
+    struct Row {
+        char const* what;
+        std::function<MenuStretch()> change;
+        MenuStretch differing;
+    };
+    auto const put = [&](std::size_t first, std::size_t count, std::vector<MenuItem> items) { return store().replaceStretch(first, count, std::move(items)); };
+    Row const rows[] = {
+        { "the first save", [&] { return put(0, 1, { titled("A") }); }, { 0, 1, 1 } },
+        { "one for one", [&] { return put(2, 1, { titled("B") }); }, { 2, 1, 1 } },
+        { "more",
+            [&] {
+                return put(1, 0, { titled("x"), titled("y") });
+            },
+            { 1, 0, 2 } },
+        { "fewer", [&] { return put(0, 2, { titled("z") }); }, { 0, 2, 1 } },
+        { "a file was found elsewhere",
+            [&] {
+                files.addPackage("/Applications/Utilities/X.app");
+                return put(4, 1, { titled("d"), titled("e") });
+            },
+            { 2, 3, 4 } },
+        { "after a move and a removal",
+            [&] {
+                store().move({ 0, 3 }, 6);
+                store().remove({ store().items()[1].id });
+                return put(4, 1, { titled("f") });
+            },
+            { 4, 1, 1 } },
+        { "all", [&] { return put(0, 5, {}); }, { 0, 5, 0 } },
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(row.change(), row.differing) << row.what;
+        EXPECT_EQ(*defaults.stored.find("Menu"), PropertyList(toPropertyList(store().items()))) << row.what;
+    }
+}
+
 TEST_F(MenuStoreTest, ObserversSeeTheFinishedChange)
 {
     storeMenu(threeItems());

@@ -8,13 +8,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fcntl.h>
 #include <functional>
+#include <mutex>
 #include <poll.h>
 #include <set>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 
 namespace zv {
 namespace {
@@ -368,6 +371,98 @@ TEST_F(PlistUserDefaultsTest, TwoProcessesNeverLoseEachOthersKeys)
             EXPECT_EQ(defaults.object(prefix + std::to_string(i)), PropertyList(i)) << prefix << i;
         EXPECT_EQ(defaults.object(prefix), PropertyList(count - 1));
     }
+}
+
+/// Threads, and a main thread that a test turns.
+class Threads : public Tasks {
+public:
+    ~Threads() override
+    {
+        std::for_each(m_threads.begin(), m_threads.end(), [](auto& thread) { thread.join(); });
+    }
+    void runInBackground(TaskPriority, std::function<void()> work) override { m_threads.emplace_back(std::move(work)); }
+    void runDetached(std::function<std::function<void()>()>) override { }
+    void runOnMain(std::function<void()> work) override
+    {
+        std::lock_guard const lock(m_mutex);
+        m_main.push_back(std::move(work));
+    }
+    void turn()
+    {
+        std::unique_lock lock(m_mutex);
+        for (auto const& work : std::exchange(m_main, {})) {
+            lock.unlock();
+            work();
+            lock.lock();
+        }
+    }
+
+private:
+    std::mutex m_mutex;
+    std::vector<std::function<void()>> m_main;
+    std::vector<std::thread> m_threads;
+};
+
+struct SavedAsideTest : PlistUserDefaultsTest {
+    Threads threads;
+    std::vector<std::string> outcomes;
+
+    void save(PlistUserDefaults& defaults, std::string_view key, PropertyList value)
+    {
+        defaults.useTasks(threads);
+        defaults.save(key, std::move(value), [this, name = std::string(key)](auto saved) { outcomes.push_back(name + (saved ? "" : ": " + saved.error())); });
+    }
+};
+
+TEST_F(SavedAsideTest, CountsAtOnceAndIsStoredInOrder)
+{
+    {
+        PlistUserDefaults defaults(path);
+        for (int i = 1; i <= 3; ++i)
+            save(defaults, "a", i);
+        EXPECT_EQ(defaults.object("a"), PropertyList(3));
+        EXPECT_TRUE(defaults.setObject("b", 1)) << "waits for those before it";
+        EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "a", 3 }, { "b", 1 } }));
+        EXPECT_EQ(outcomes, (std::vector<std::string> { "a", "a", "a" }));
+        threads.turn();
+        save(defaults, "a", 4);
+        EXPECT_EQ(defaults.objectToOverwrite("a"), PropertyList(4)) << "is known once it is stored";
+        save(defaults, "c", 1);
+    }
+    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "a", 4 }, { "b", 1 }, { "c", 1 } })) << "the end waits, too";
+}
+
+TEST_F(SavedAsideTest, KeepsWhatAnotherProcessWroteAndTellsOfIt)
+{
+    PlistUserDefaults mine(path);
+    std::vector<std::string> changed;
+    mine.onExternalChange = [&](auto const& keys) { changed = keys; };
+    PlistUserDefaults theirs(path);
+    ASSERT_TRUE(theirs.setObject("theirs", 1));
+    save(mine, "mine", 2);
+    mine.writeUnsaved();
+    threads.turn();
+    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "theirs", 1 }, { "mine", 2 } }));
+    EXPECT_EQ(changed, std::vector<std::string> { "theirs" });
+}
+
+TEST_F(SavedAsideTest, TellsOfAFailureAndStoresTheValueWithTheNext)
+{
+    PlistUserDefaults defaults(path, std::chrono::milliseconds(20));
+    int const holder = ::open((path + ".lock").c_str(), O_RDWR | O_CREAT, 0600);
+    ASSERT_EQ(::flock(holder, LOCK_EX), 0);
+    save(defaults, "a", 1);
+    (void)defaults.objectToOverwrite("a");
+    ASSERT_EQ(outcomes.size(), 1U);
+    EXPECT_NE(outcomes[0].find("does not let go of"), std::string::npos) << outcomes[0];
+    ::close(holder);
+    save(defaults, "bad", std::string("\0", 1));
+    save(defaults, "good", 1);
+    defaults.writeUnsaved();
+    EXPECT_EQ(contentOf(path), PropertyList(PropertyListDictionary { { "a", 1 }, { "good", 1 } }));
+    ASSERT_EQ(outcomes.size(), 3U);
+    EXPECT_NE(outcomes[1].find("bad: "), std::string::npos) << outcomes[1];
+    EXPECT_EQ(outcomes[2], "good");
 }
 
 } // namespace
