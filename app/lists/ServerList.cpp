@@ -107,7 +107,7 @@ DynamicEntry entryFor(Server const& server)
 }
 
 /// Entries, newest first.
-std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::int64_t limit)
+std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers)
 {
     if (!servers) {
         auto const title = MenuItemKind(MenuItemKind::recentServers).defaultTitle();
@@ -119,8 +119,6 @@ std::vector<DynamicEntry> entriesFor(RecentServers::List const& servers, std::in
     std::vector<DynamicEntry> entries;
     std::set<Url> seen;
     for (auto const& recent : newestFirst) {
-        if (static_cast<std::int64_t>(entries.size()) >= limit)
-            break;
         if (auto const server = serverAt(recent.url); server && seen.insert(server->url).second)
             entries.push_back(entryFor(*server));
     }
@@ -140,8 +138,7 @@ public:
     void fill(Done done) override
     {
         m_servers.list([limit = m_preferences.recentItemsLimit(), kept = keptEntries(), done = std::move(done)](auto const& servers) {
-            auto const recent = entriesFor(servers, limit + static_cast<std::int64_t>(kept.size()));
-            done(keptFirst(MenuItemKind::recentServers, kept, recent, std::max(limit, servers ? 0 : std::int64_t { 1 })));
+            done(keptFirst(MenuItemKind::recentServers, kept, entriesFor(servers), std::max(limit, servers ? 0 : std::int64_t { 1 })));
         });
     }
 

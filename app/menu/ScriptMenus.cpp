@@ -90,12 +90,11 @@ MenuEntry ScriptMenus::entryFor(Url const& script, ScriptEntry const& line, Opti
 {
     if (line.isSeparator)
         return MenuEntry::separator();
-    bool const isText = line.children.empty() && !line.acts();
-    auto entry = isText ? MenuEntry::disabled(line.title) : MenuEntry {};
-    entry.title = line.title;
+    auto entry = MenuEntry::disabled(line.title);
     entry.color = line.color;
-    if (isText)
+    if (line.children.empty() && !line.acts())
         return entry;
+    entry.enabled = true;
     if (!line.children.empty()) {
         entry.submenu = std::make_shared<Menu>(line.title);
         entry.submenu->entries = entriesFor(script, line.children, option);

@@ -51,6 +51,8 @@ TEST_F(ScriptMenusTest, ShowWhatTheScriptGaveAndWhyItGaveNothing)
     EXPECT_EQ(after({ ToolResult::End::signalled, 0, "a | href=x:y\n", {} }), "a - (The script did not end within 10 seconds.)");
     EXPECT_EQ(after(Tools::failing(3, "")), "(The script ended with status 3.)");
     EXPECT_EQ(after(Tools::printing("")), "(The script gave no lines.)");
+    (void)after(Tools::printing("a\n" + std::string(1 << 20, 'x') + "\nb"));
+    EXPECT_EQ(menus.last(script)->size(), 2U) << "the first megabyte of a flood";
 }
 
 TEST_F(ScriptMenusTest, DoWhatALineSays)
