@@ -1,6 +1,7 @@
 """Starting, starting once more, moving house and ending: the program among other processes."""
 
 import contextlib
+import json
 import os
 import plistlib
 import shutil
@@ -174,6 +175,23 @@ class ShellTest(unittest.TestCase):
                     wait_until(is_up, 10, "it starts again")
                     time.sleep(0.5)
                     self.assertTrue(again.is_running(), again.said())
+        self.assertFalse(os.path.exists(f"{HOME}/.dbus"), "a bus was started for it, which nobody ends")
+
+    def test_the_doctor_tells_what_is_here(self):
+        def told(**environment):
+            merged = {key: value for key, value in {**os.environ, **environment}.items() if value is not None}
+            answer = subprocess.run([desktop.PROGRAM, "doctor", "--json"], env=merged, capture_output=True, text=True, check=False, timeout=20)
+            return {check["name"]: check["explanation"] for check in json.loads(answer.stdout)}
+
+        here = told()
+        data = f"kept in {HOME}/.local/share/zanthe-vell"
+        self.assertEqual([here[name] for name in ("Settings", "Items", "Backups")],
+                         [f"kept in {HOME}/.config/zanthe-vell", f"{data}/Zanthe Vell Items", f"{data}/Backups"])
+        self.assertEqual(here["Display"], "An X server shows menus and windows.")
+        self.assertIn("does not answer", told(DISPLAY=":4077")["Display"])
+        self.assertIn("There is no display", told(DISPLAY=None)["Display"])
+        self.assertIn("no message bus", told(**NO_BUS)["Session bus"])
+        self.assertFalse(os.path.exists(f"{HOME}/.dbus"), "asking starts no bus")
 
     @contextlib.contextmanager
     def own_bus(self, address):

@@ -29,7 +29,7 @@ Environment processEnvironment()
 
 void setForThisProgramAlone(char const* name, char const* value)
 {
-    if (::getenv(name))
+    if (auto const* given = ::getenv(name); given && *given)
         return;
     ::setenv(name, value, 1);
     keepFromChildren(name);

@@ -2,6 +2,7 @@
 #include "base/Log.h"
 #include "base/MainThread.h"
 #include "cli/CommandLine.h"
+#include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/compose/DesktopScale.h"
 #include "platform/linux/compose/LinuxCommands.h"
 #include "platform/linux/compose/LinuxFrontEnd.h"
@@ -62,6 +63,14 @@ std::string toolkitTheme(zv::Environment const& environment)
     return isNamed || desktop == zv::Desktop::other ? "" : "gnome";
 }
 
+/// Where there is no bus to join, the toolkit's library would start one, which outlives this program.
+/// https://dbus.freedesktop.org/doc/dbus-launch.1.html, "Automatic Launching"
+void startNoBus(zv::Environment const& environment)
+{
+    if (zv::BusAddresses::of(environment).session.empty())
+        zv::setForThisProgramAlone("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
 int runProgram(char* name, zv::Environment const& environment)
 {
     auto server = zv::displayServerFor(environment);
@@ -84,6 +93,7 @@ int main(int argc, char** argv)
 {
     zv::markMainThread();
     auto const environment = zv::processEnvironment();
+    startNoBus(environment);
     zv::useCollationOf(environment);
     zv::useMessageCatalogue(zv::ProgramPlaces::of(environment).catalogues);
     end(argc > 1 ? runCommand({ argv + 1, argv + argc }, environment) : runProgram(argv[0], environment));
