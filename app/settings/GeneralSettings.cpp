@@ -163,6 +163,8 @@ void GeneralSettings::addMenuShortcut(SettingsSection& section)
 std::string GeneralSettings::menuShortcutNote() const
 {
     auto const& value = m_services.menuShortcut.value();
+    if (m_services.hotkeySupport && m_services.hotkeySupport() == HotkeySupport::none)
+        return tr("This desktop does not let programs have shortcuts of their own.");
     if (m_services.menuShortcutIsTaken())
         return tr("Another program has this combination. Record a different one.");
     auto const warning = value ? warningOf(*value) : std::string();

@@ -52,7 +52,7 @@ public:
         std::function<Result<void>(Url const&, Url const& renamed)> rename {};
         DesktopExtension* extension = nullptr; ///< null where no desktop has one
         DesktopKey* desktopKey = nullptr; ///< likewise
-        std::function<HotkeySupport()> hotkeySupport {}; ///< there beside a desktopKey
+        std::function<HotkeySupport()> hotkeySupport {}; ///< empty where shortcuts always work; there beside a desktopKey
         /// The lines that give shortcuts by the desktop's own configuration, and how to copy them.
         std::function<std::vector<KeyBindingLine>()> bindingLines {};
         std::function<void(std::string const&)> copy {};

@@ -6,23 +6,27 @@ import struct
 import time
 
 
-class Pointer:
-    """A virtual pointer, spoken to the compositor in its own protocol (zwlr_virtual_pointer_v1). Lives as long as this."""
+def text(words):
+    """As the protocol has texts."""
+    data = words.encode() + b"\0"
+    return struct.pack("=I", len(data)) + data + b"\0" * (-len(data) % 4)
 
-    BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}
 
-    def __init__(self, width, height):
-        self.width, self.height = width, height
+class Client:
+    """A connection to the compositor, without any library."""
+
+    def __init__(self):
         self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
         self.socket.connect(os.path.join(os.environ["XDG_RUNTIME_DIR"], os.environ["WAYLAND_DISPLAY"]))
         self.last = 1
         self.send(1, 1, struct.pack("=I", self.new()))  # wl_display.get_registry
-        name, version = self.named("zwlr_virtual_pointer_manager_v1")
-        manager, self.pointer = self.new(), self.new()
-        interface = b"zwlr_virtual_pointer_manager_v1\0"
-        self.send(2, 0, struct.pack("=II", name, len(interface)) + interface + struct.pack("=II", version, manager))
-        self.send(manager, 0, struct.pack("=II", 0, self.pointer))
-        self.sync()
+        told = [event for target, _, event in self.events() if target == 2]
+        self.names = {event[8:].split(b"\0")[0].decode(): event[:4] for event in told}
+
+    def bind(self, interface, version=1):
+        made = self.new()
+        self.send(2, 0, self.names[interface] + text(interface) + struct.pack("=II", version, made))
+        return made
 
     def new(self):
         self.last += 1
@@ -52,15 +56,18 @@ class Pointer:
             if (target, opcode) == (1, 0):
                 raise AssertionError(f"the compositor refuses: {event}")
 
-    def named(self, wanted):
-        found = None
-        for target, _, event in self.events():
-            if target != 2:
-                continue
-            name, length = struct.unpack("=II", event[:8])
-            if event[8:8 + length - 1].decode() == wanted:
-                found = name, 1
-        return found
+
+class Pointer(Client):
+    """A virtual pointer, spoken to the compositor in its own protocol (zwlr_virtual_pointer_v1). Lives as long as this."""
+
+    BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}
+
+    def __init__(self, width, height):
+        super().__init__()
+        self.width, self.height = width, height
+        manager, self.pointer = self.bind("zwlr_virtual_pointer_manager_v1"), self.new()
+        self.send(manager, 0, struct.pack("=II", 0, self.pointer))
+        self.sync()
 
     def act(self, opcode, *numbers):
         self.send(self.pointer, opcode, struct.pack(f"={len(numbers) + 1}I", int(time.monotonic() * 1000) & 0xffffffff, *numbers))

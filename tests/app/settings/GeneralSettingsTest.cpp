@@ -218,6 +218,9 @@ TEST_F(GeneralSettingsTest, WritesTheMenusKeyIntoTheDesktopsSettingsAndTakesItBa
     rowOf(onGnome, "desktopKey")->record({});
     EXPECT_FALSE(key.now.value || rowOf(onGnome, "desktopKey"));
     support = HotkeySupport::none;
+    key.now.isOffered = false;
+    EXPECT_EQ(rowOf(onGnome, "menuShortcutNote")->title, "This desktop does not let programs have shortcuts of their own.");
+    key.now.isOffered = true;
     key.isWritable = false;
     rowOf(onGnome, "desktopKey")->record(wanted);
     EXPECT_EQ(alerts.shown.size(), 1U);
