@@ -229,7 +229,8 @@ void X11MenuBars::listenTo(xcb_window_t dock)
 {
     if (!m_docks.insert(dock).second)
         return;
-    std::uint32_t const mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    std::uint32_t const crossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW; // for the overlay's panels
+    std::uint32_t const mask = crossings | XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_x.get(), dock, XCB_CW_EVENT_MASK, &mask);
     m_isStale = true;
 }

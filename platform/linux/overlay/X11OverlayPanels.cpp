@@ -119,7 +119,8 @@ private:
     bool m_isShown = false;
     std::optional<Place> m_place;
     xcb_window_t m_window = XCB_NONE; ///< receives the clicks
-    xcb_window_t m_shield = XCB_NONE; ///< receives them while the pointer is there
+    xcb_window_t m_shield = XCB_NONE; ///< receives them while the pointer is on the panel
+    XRect m_shielded; ///< on the desktop
     std::unique_ptr<X11LogoWindow> m_logo;
     std::unique_ptr<OverlayAccessible> m_accessible;
     X11Connection::Token m_events;
@@ -187,7 +188,7 @@ xcb_window_t X11OverlayPanel::createInputWindow(xcb_window_t parent, XRect const
     return window;
 }
 
-/// Puts a window of the desktop over ours while the pointer is there: within the panel's own window the panel takes the
+/// Puts a window of the desktop over ours while the pointer is on the panel: within the panel's own window the panel takes the
 /// pointer for still being on its button, and explains that. A panel that may hide would do so, and is left alone.
 void X11OverlayPanel::shield()
 {
@@ -201,6 +202,7 @@ void X11OverlayPanel::shield()
         return;
     rect.x = place->dst_x;
     rect.y = place->dst_y;
+    m_shielded = rect;
     // A press that the window manager held back while this window came is passed by the grabs.
     m_shield = createInputWindow(m_x.root(), rect, XCB_EVENT_MASK_BUTTON_PRESS);
     for (xcb_button_t button = lastButton + 1; button <= lastWheel; ++button)
@@ -267,12 +269,16 @@ void X11OverlayPanel::handle(xcb_generic_event_t const& event)
 }
 
 /// While somebody grabs the pointer, the window stays: a click that a window manager looks at first is still to come.
+/// It comes as soon as the pointer is anywhere on the panel: one that hears of the pointer's going to a window within its
+/// own first keeps its button lit.
 void X11OverlayPanel::handleCrossing(xcb_enter_notify_event_t const& crossing)
 {
     bool const enters = (crossing.response_type & 0x7f) == XCB_ENTER_NOTIFY;
-    if (enters && crossing.event == m_window)
+    bool const isPanels = m_place && crossing.event == m_place->panel;
+    if (enters && (isPanels || crossing.event == m_window))
         shield();
-    if (!enters && crossing.event == m_shield && crossing.mode != XCB_NOTIFY_MODE_GRAB)
+    bool const leavesPanel = isPanels && !m_shielded.contains({ crossing.root_x, crossing.root_y, 1, 1 });
+    if (!enters && (leavesPanel || crossing.event == m_shield) && crossing.mode != XCB_NOTIFY_MODE_GRAB)
         unshield();
 }
 
