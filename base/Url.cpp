@@ -20,25 +20,31 @@ constexpr std::array<bool, 256> unreserved = [] {
 
 bool isUnreserved(char c) { return unreserved[static_cast<unsigned char>(c)]; }
 
-void appendEscape(std::string& text, char c)
+/// Returns the end of what it has written.
+char* putEncoded(char c, char* to)
 {
     static constexpr char digits[] = "0123456789ABCDEF";
+    if (isUnreserved(c)) {
+        *to = c;
+        return to + 1;
+    }
     auto const byte = static_cast<unsigned char>(c);
-    text += '%';
-    text += digits[byte >> 4];
-    text += digits[byte & 0x0F];
+    to[0] = '%';
+    to[1] = digits[byte >> 4];
+    to[2] = digits[byte & 0x0F];
+    return to + 3;
 }
 
+/// In pieces, each of which is put together on the stack.
 void appendPercentEncoded(std::string& text, std::string_view bytes)
 {
-    while (!bytes.empty()) {
-        auto const* const reserved = std::find_if_not(bytes.begin(), bytes.end(), isUnreserved);
-        text.append(bytes.begin(), reserved);
-        bytes.remove_prefix(static_cast<std::size_t>(reserved - bytes.begin()));
-        if (bytes.empty())
-            return;
-        appendEscape(text, bytes.front());
-        bytes.remove_prefix(1);
+    static constexpr std::size_t pieceSize = 128;
+    std::array<char, pieceSize * 3> encoded; // filled as far as it is appended
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(pieceSize, bytes.size()))) {
+        auto* end = encoded.data();
+        for (char const c : bytes.substr(0, pieceSize))
+            end = putEncoded(c, end);
+        text.append(encoded.data(), end);
     }
 }
 

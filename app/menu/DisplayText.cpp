@@ -2,7 +2,7 @@
 
 #include "platform/text/Text.h"
 
-#include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace zv {
@@ -11,14 +11,24 @@ namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD"; // U+FFFD
 
-/// True for nearly all names: valid UTF-8, without the lead bytes of the characters to be replaced.
+enum ByteMark : std::uint8_t { plain = 0, beyondAscii = 1, doubtful = 2 }; // doubtful: a control, or the first byte of what is replaced
+
+constexpr std::array<std::uint8_t, 256> byteMarks = [] {
+    std::array<std::uint8_t, 256> marks {};
+    for (std::size_t byte = 0; byte < marks.size(); ++byte) {
+        bool const isDoubtful = byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xE2;
+        marks[byte] = isDoubtful ? doubtful : byte < 0x80 ? plain : beyondAscii;
+    }
+    return marks;
+}();
+
+/// True for nearly all names: valid UTF-8 in which nothing is replaced.
 bool isPlain(std::string_view text)
 {
-    auto const isDoubtful = [](char c) {
-        auto const byte = static_cast<unsigned char>(c);
-        return byte < 0x20 || byte == 0x7F || byte == 0xC2 || byte == 0xE2;
-    };
-    return std::none_of(text.begin(), text.end(), isDoubtful) && isValidUtf8(text);
+    unsigned marks = plain;
+    for (unsigned char const byte : text)
+        marks |= byteMarks[byte];
+    return marks == plain || (marks == beyondAscii && isValidUtf8(text));
 }
 
 /// A control character's picture: U+2400 and the character's number.

@@ -19,9 +19,9 @@ enum class DynamicEntryAction {
 
 /// A computed entry of a submenu that fills itself.
 struct DynamicEntry {
-    std::string id; ///< unique within its list
+    std::string id; ///< unique within its list; empty in a folder's, where `fileURL` is
     std::string title; ///< valid UTF-8
-    std::string sortName;
+    std::string sortName; ///< empty in a folder's list
     std::optional<Url> url; ///< the target to open, or the folder of its submenu
     std::optional<Url> fileURL; ///< gives the icon; the file that Command reveals
     bool isDirectory = false;

@@ -14,16 +14,21 @@ namespace {
 /// parsing character by character.
 bool maySayMore(std::string_view name) { return name.find(')') != std::string_view::npos || name.find("-*") != std::string_view::npos; }
 
-std::string titleOf(std::string_view shownName) { return displayText(maySayMore(shownName) ? FinderPopName(shownName).title : shownName); }
+std::string titleOf(std::string_view shownName) { return maySayMore(shownName) ? displayText(FinderPopName(shownName).title) : displayText(shownName); }
 
-/// Sets the separator mark and the hotkey that the name carries.
-void readName(std::string_view name, DynamicEntry& entry)
+/// Sets the title, and the separator mark and the hotkey that the name carries.
+void readName(NamedFile const& file, DynamicEntry& entry)
 {
-    if (!maySayMore(name))
+    bool const showsName = file.localizedName.empty();
+    if (!maySayMore(file.name)) {
+        entry.title = showsName ? displayText(file.name) : titleOf(file.localizedName);
         return;
-    FinderPopName said(name);
+    }
+    FinderPopName said(file.name);
     entry.isSeparator = said.isSeparator;
     entry.hotkey = std::move(said.hotkey);
+    if (!entry.isSeparator)
+        entry.title = showsName ? displayText(said.title) : titleOf(file.localizedName);
 }
 
 } // namespace
@@ -44,12 +49,17 @@ std::string titleOf(NamedFile const& file)
 
 DynamicEntry fileEntry(Url url, NamedFile const& file)
 {
-    DynamicEntry entry;
-    readName(file.name, entry);
-    if (!entry.isSeparator)
-        entry.title = titleOf(file.localizedName.empty() ? file.name : file.localizedName);
+    auto id = url.toString();
+    auto entry = listedEntry(std::move(url), file);
+    entry.id = std::move(id);
     entry.sortName = sortNameOf(file);
-    entry.id = url.toString();
+    return entry;
+}
+
+DynamicEntry listedEntry(Url url, NamedFile const& file)
+{
+    DynamicEntry entry;
+    readName(file, entry);
     entry.fileURL = url;
     entry.url = std::move(url);
     entry.isDirectory = file.traits.isDirectory;

@@ -24,6 +24,8 @@ struct NamedFile {
 
 /// Opens the file by its own path, even a link or an alias; the traits are the target's.
 [[nodiscard]] DynamicEntry fileEntry(Url url, NamedFile const& file);
+/// The same for a folder's list, which is in order already and tells its files apart by `fileURL`: without `id` and `sortName`.
+[[nodiscard]] DynamicEntry listedEntry(Url url, NamedFile const& file);
 
 /// The name of a volume by its label, which may be empty: the same in lists and in the Items folder.
 [[nodiscard]] std::string volumeTitle(Url const& root, std::string const& label);

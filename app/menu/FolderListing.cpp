@@ -145,7 +145,7 @@ std::vector<std::int64_t> measuresFor(FolderOrder order, FolderReader const& rea
 
 DynamicEntry entryAt(FolderReader const& reader, Url const& folder, FolderContents::Item const& item)
 {
-    auto entry = fileEntry(folder.appending(item.name), namedFile(item));
+    auto entry = listedEntry(folder.appending(item.name), namedFile(item));
     if (entry.hotkey)
         entry.hotkeyDoubt = reader.doubtAbout(*entry.fileURL);
     return entry;

@@ -269,7 +269,7 @@ MenuEntry SubmenuSearch::entryFor(SearchMatch const& match) const
     if (place.folder) {
         auto const item = place.folder->contents[match.index];
         auto const url = place.folder->url.appending(item.name);
-        entry = m_services.builder.makeEntryItem(fileEntry(url, { item.name, item.localizedName, item.traits }), place.folder->depth);
+        entry = m_services.builder.makeEntryItem(listedEntry(url, { item.name, item.localizedName, item.traits }), place.folder->depth);
     } else if (auto const* made = std::get_if<std::vector<MenuEntry>>(&m_entries[place.number])) {
         entry = (*made)[match.index];
         entry.keyEquivalent.clear(); // it is shown, and acts, at its own place

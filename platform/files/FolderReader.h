@@ -31,6 +31,12 @@ public:
         m_text.append(item.name).append(item.localizedName);
     }
 
+    /// Leaves out items by their names.
+    template <class Predicate> void removeNamed(Predicate isMeant)
+    {
+        std::erase_if(m_records, [&](Record const& record) { return isMeant(std::string_view(m_text).substr(record.offset, record.nameLength)); });
+    }
+
     [[nodiscard]] std::size_t size() const { return m_records.size(); }
     [[nodiscard]] bool empty() const { return m_records.empty(); }
     /// The item, whose views hold until the contents change.

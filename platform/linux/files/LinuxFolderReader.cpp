@@ -74,12 +74,14 @@ public:
     HiddenList(HiddenList const&) = delete;
     HiddenList& operator=(HiddenList const&) = delete;
 
-    [[nodiscard]] bool contains(std::string_view name) const { return !m_names.empty() && m_names.contains(name); }
+    [[nodiscard]] bool contains(std::string_view name) const { return m_names.contains(name); }
+
+    static constexpr char const* fileName = ".hidden";
 
 private:
     static std::string load(int folder)
     {
-        auto const file = openPlainFile(".hidden", folder, O_NOFOLLOW);
+        auto const file = openPlainFile(fileName, folder, O_NOFOLLOW);
         return file ? readText(*file, mostHiddenListBytes).value_or("") : "";
     }
 
@@ -99,10 +101,9 @@ public:
     FolderPass(int folder, std::string path, HiddenFiles hiddenFiles, Over const& over)
         : m_folder(folder)
         , m_path(std::move(path))
+        , m_skipsHidden(hiddenFiles == HiddenFiles::skipped)
         , m_over(over)
     {
-        if (hiddenFiles == HiddenFiles::skipped)
-            m_hidden.emplace(folder);
     }
 
     Result<FolderContents, FolderReadFailure> run()
@@ -115,7 +116,7 @@ public:
             if (count < 0)
                 return Failure { failureOf(errno) };
             if (count == 0)
-                return std::move(m_contents);
+                return whole();
             takeAll({ buffer.data(), static_cast<std::size_t>(count) });
         }
     }
@@ -125,6 +126,16 @@ public:
     [[nodiscard]] Time firstAnswer() const { return m_firstAnswer; }
 
 private:
+    /// The folder's own list is asked for only where it is there: on a server each look takes its time.
+    FolderContents whole()
+    {
+        if (m_hasHiddenList) {
+            HiddenList const hidden(m_folder);
+            m_contents.removeNamed([&](std::string_view name) { return hidden.contains(name); });
+        }
+        return std::move(m_contents);
+    }
+
     void takeAll(std::span<std::byte const> records)
     {
         for (std::size_t offset = 0; offset < records.size();) {
@@ -137,8 +148,8 @@ private:
     void take(char const* name, EntryType type)
     {
         std::string_view const text = name;
-        if (text == "." || text == ".." || isHidden(text))
-            return;
+        if (text.starts_with('.') && (m_skipsHidden || text == "." || text == ".."))
+            return noteHidden(text);
         if (type == EntryType::unknown)
             type = askForType(name);
         if (type == EntryType::folder)
@@ -151,7 +162,7 @@ private:
             add(text, {});
     }
 
-    [[nodiscard]] bool isHidden(std::string_view name) const { return m_hidden && (name.starts_with('.') || m_hidden->contains(name)); }
+    void noteHidden(std::string_view name) { m_hasHiddenList = m_hasHiddenList || (m_skipsHidden && name == HiddenList::fileName); }
 
     [[nodiscard]] EntryType askForType(char const* name) const
     {
@@ -223,9 +234,10 @@ private:
 
     int m_folder;
     std::string m_path;
+    bool m_skipsHidden;
+    bool m_hasHiddenList = false;
     Over m_over;
     std::shared_ptr<MountWatch::Snapshot const> m_snapshot; ///< loaded at the first link
-    std::optional<HiddenList> m_hidden; ///< absent where hidden files are shown
     std::array<char, PATH_MAX> m_target;
     FolderContents m_contents;
     Time m_firstAnswer {};
