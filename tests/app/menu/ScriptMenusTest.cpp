@@ -52,7 +52,7 @@ TEST_F(ScriptMenusTest, ShowWhatTheScriptGaveAndWhyItGaveNothing)
     EXPECT_EQ(after(Tools::failing(3, "")), "(The script ended with status 3.)");
     EXPECT_EQ(after(Tools::printing("")), "(The script gave no lines.)");
     (void)after(Tools::printing("a\n" + std::string(1 << 20, 'x') + "\nb"));
-    EXPECT_EQ(menus.last(script)->size(), 2U) << "the first megabyte of a flood";
+    EXPECT_EQ(menus.last(script)->entries.size(), 2U) << "the first megabyte of a flood";
 }
 
 TEST_F(ScriptMenusTest, DoWhatALineSays)
