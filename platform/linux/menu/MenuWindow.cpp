@@ -246,12 +246,16 @@ void MenuWindow::refilled()
         m_typing.selectFirst();
 }
 
-/// Lays out by popping up again in place, which recomputes size, place and scrolling.
+/// Lays out by popping up again in place, which recomputes size, place and scrolling. The distance that the toolkit keeps
+/// from a panel's edge it keeps from all: the sides are left as they were.
 void MenuWindow::layOutAgain()
 {
+    int const left = x();
     m_isLayingOut = true;
     popup(pos());
     m_isLayingOut = false;
+    if (auto const free = freeArea(); m_edgeDistance > 0 && !free.isEmpty())
+        move(std::max(free.left(), std::min(left, free.right() + 1 - width())), y());
     update();
 }
 
