@@ -273,12 +273,15 @@ void MenuWindow::refilled()
 }
 
 /// Lays out by popping up again where it opened, which recomputes size, place and scrolling: a menu that had to give
-/// way while it was larger comes back.
+/// way while it was larger comes back. The distance that the toolkit keeps from a panel's edge it keeps from all: the
+/// sides are left as they were.
 void MenuWindow::layOutAgain()
 {
     m_isLayingOut = true;
     popup(m_place);
     m_isLayingOut = false;
+    if (auto const free = freeArea(); m_edgeDistance > 0 && !free.isEmpty())
+        move(std::max(free.left(), std::min(m_place.x(), free.right() + 1 - width())), y());
     update();
 }
 

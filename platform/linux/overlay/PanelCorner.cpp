@@ -99,6 +99,13 @@ public:
             ++end;
         return boundsOf(from, end);
     }
+    /// What stands beside the picture, or beside the button that it is on.
+    [[nodiscard]] std::optional<int> tileBeside(int end) const
+    {
+        int const gap = drawnUntil(end - 1); // a hairline that was added to the picture is part of the gap
+        int const from = gap + emptyFrom(gap), to = drawnUntil(from);
+        return from < m_reach && isTile(from, to) ? std::optional(from) : std::nullopt;
+    }
     [[nodiscard]] XRect boundsOf(int from, int end) const
     {
         int top = m_panel.height, bottom = 0;
@@ -135,6 +142,12 @@ private:
         }
         return bounds.width >= m_panel.height / 2 && bounds.height >= 2 * m_panel.height / 3;
     }
+    [[nodiscard]] int drawnUntil(int x) const
+    {
+        while (x < m_panel.width && !isEmpty(x))
+            ++x;
+        return x;
+    }
     [[nodiscard]] int emptyFrom(int x) const
     {
         int end = x;
@@ -161,12 +174,8 @@ PanelCorner cornerOn(PanelPixels const& panel, int reach, PanelCorner::Ground gr
     return { columns.pictureIn(from, end.column), columns.firstEmptyFrom(end.column), end.isCut, ground };
 }
 
-} // namespace
-
-PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
+PanelCorner wholeCorner(PanelPixels const& panel, int reach)
 {
-    if (panel.width <= 0 || panel.height <= 0)
-        return {};
     auto const corner = cornerOn(panel, reach, PanelCorner::Ground::panel);
     bool const mayBeButton = corner.isCut && corner.picture->x < frameOf(panel);
     if (!mayBeButton)
@@ -178,6 +187,18 @@ PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
     if (isWhole(onButton) && !isGap(onButton))
         return onButton;
     return isWhole(tile) ? tile : corner;
+}
+
+} // namespace
+
+PanelCorner findPanelCorner(PanelPixels const& panel, int reach)
+{
+    if (panel.width <= 0 || panel.height <= 0)
+        return {};
+    auto corner = wholeCorner(panel, reach);
+    if (corner.picture && !corner.isCut)
+        corner.nextButton = Columns(panel, reach, PanelCorner::Ground::panel, Expect::tile).tileBeside(corner.picture->right());
+    return corner;
 }
 
 int backgroundColumnFrom(PanelPixels const& panel, int x, int reach, PanelCorner::Ground ground)

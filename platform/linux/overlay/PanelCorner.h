@@ -29,6 +29,7 @@ struct PanelCorner {
     bool isCut = false; ///< no gap ends the picture: a word, or a wholly lit area
     /// The background: a lit button has one of its own, and a frame.
     enum class Ground { panel, litButton } ground = Ground::panel;
+    std::optional<int> nextButton; ///< the column within the reach at which another button begins, as far as its frame or ground shows
     friend bool operator==(PanelCorner const&, PanelCorner const&) = default;
 };
 

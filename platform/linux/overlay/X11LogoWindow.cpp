@@ -90,6 +90,8 @@ void X11LogoWindow::update()
         m_known.erase(m_panel); // look again when it is switched on again
         m_corner.reset();
         m_lookAgain.stop();
+        if (onMeasured)
+            onMeasured();
         return;
     }
     m_logo = *logo;
@@ -159,6 +161,8 @@ void X11LogoWindow::settle(PanelCorner const& corner)
 {
     m_corner = corner;
     m_known[m_panel] = { m_geometry.panel, corner };
+    if (onMeasured)
+        onMeasured();
     m_plate = plateFor(corner);
     m_background = readBackground();
     if (m_background.empty()) { // cannot be read just now

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <vector>
@@ -42,6 +43,10 @@ public:
 
     /// None while there is nothing to show.
     [[nodiscard]] xcb_window_t window() const { return m_window; }
+    /// The pixels of the panel's end that are ours: not those of a button beside the logo.
+    [[nodiscard]] int width() const { return m_corner && m_corner->nextButton ? *m_corner->nextButton : m_geometry.reach; }
+    /// Called when that may have changed.
+    std::function<void()> onMeasured;
     /// Draws again, and shows or hides the window accordingly.
     void update();
 

@@ -100,6 +100,8 @@ private:
     void followPanel();
     [[nodiscard]] std::optional<Place> findPlace() const;
     void createWindows();
+    [[nodiscard]] XRect ownRect() const;
+    void makeRoom() const;
     [[nodiscard]] xcb_window_t createInputWindow(xcb_window_t parent, XRect const& rect, std::uint32_t moreEvents = 0) const;
     void shield();
     void unshield();
@@ -195,7 +197,7 @@ void X11OverlayPanel::shield()
     if (m_shield != XCB_NONE || !m_place->claimsRoom)
         return;
     auto* c = m_x.get();
-    auto rect = m_place->within;
+    auto rect = ownRect();
     XReply<xcb_translate_coordinates_reply_t> const place(
         xcb_translate_coordinates_reply(c, xcb_translate_coordinates(c, m_window, m_x.root(), 0, 0), nullptr));
     if (!place)
@@ -224,9 +226,26 @@ void X11OverlayPanel::createWindows()
     m_window = createInputWindow(m_place->panel, m_place->within);
     xcb_map_window(m_x.get(), m_window);
     m_logo = std::make_unique<X11LogoWindow>(m_x, m_place->panel, m_place->logo, m_content, m_corners);
+    m_logo->onMeasured = [this] { makeRoom(); };
     m_logo->update();
     m_accessible = std::make_unique<OverlayAccessible>(m_content);
     raise();
+}
+
+/// A button beside the logo keeps its clicks.
+XRect X11OverlayPanel::ownRect() const
+{
+    auto rect = m_place->within;
+    auto& length = m_place->logo.stands ? rect.height : rect.width;
+    length = std::min(length, m_logo->width());
+    return rect;
+}
+
+void X11OverlayPanel::makeRoom() const
+{
+    auto const rect = ownRect();
+    std::uint32_t const size[] = { static_cast<std::uint32_t>(rect.width), static_cast<std::uint32_t>(rect.height) };
+    xcb_configure_window(m_x.get(), m_window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
 }
 
 void X11OverlayPanel::remove()

@@ -145,7 +145,26 @@ TEST(PanelCorner, EndsAButtonAtTheGapThatAHairlineCrosses)
     ASSERT_TRUE(corner.picture);
     EXPECT_EQ(*corner.picture, (XRect { 0, 4, 29, 19 })) << "nothing of the line is left beside the logo";
     EXPECT_EQ(corner.backgroundColumn, 51) << "without the line";
+    EXPECT_EQ(corner.nextButton, 29);
     EXPECT_FALSE(corner.isCut);
+}
+
+TEST(PanelCorner, TellsWhereAnotherButtonBegins)
+{
+    struct Row {
+        std::vector<Stretch> runs;
+        std::optional<int> expected;
+        char const* why;
+    };
+    Row const rows[] = {
+        { { { blank, 1 }, { drawn, 26 }, { blank, 2 }, { drawn, 22 } }, 29, "one close to it" },
+        { { { blank, 4 }, { drawn, 16 }, { blank, 12 }, { drawn, 22 } }, 32, "one further away" },
+        { { { blank, 4 }, { drawn, 16 }, { blank, 40 }, { drawn, 22 } }, std::nullopt, "one beyond the reach" },
+        { { { blank, 4 }, { drawn, 16 }, { blank, 4 }, { drawn, 4 }, { blank, 1 }, { drawn, 20 } }, std::nullopt, "a letter is none" },
+        { { { blank, 4 }, { drawn, 40 } }, std::nullopt, "nothing is known of what is cut" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(findPanelCorner(panelOf(row.runs), kReach).nextButton, row.expected) << row.why;
 }
 
 TEST(PanelCorner, APanelIsAsDarkAsMostOfIt)
