@@ -1,9 +1,11 @@
 #pragma once
 
+struct xcb_connection_t;
+
 namespace zv {
 
 /// The desktop's own factor for windows, where the dots per inch that the toolkit reads do not hold it already; 1
-/// without an X server.
-[[nodiscard]] int desktopScale();
+/// where nothing is published.
+[[nodiscard]] int desktopScale(xcb_connection_t* connection);
 
 } // namespace zv

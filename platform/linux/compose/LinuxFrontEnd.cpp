@@ -173,10 +173,10 @@ int LinuxFrontEnd::run()
         return openSettingsOfOther();
     m_files.defaults().useTasks(m_tasks);
     m_app = std::make_unique<ZantheVellApp>(m_system.system(), surface());
-    m_look.useBus(m_bus);
     watchForTray();
     SessionBusWatch const bus(m_access.buses.session, m_bus, [this](auto const& connection) { useBus(connection); });
     m_app->launch(); // a copy that takes over ends this process once it has started
+    m_look.useBus(m_bus);
     m_loginService.mend();
     publishHotkeys();
     watchSettings();

@@ -40,10 +40,9 @@ int runCommand(std::vector<std::string> const& arguments, zv::Environment const&
 
 /// The desktop's factor for windows counts at the start. On Wayland a menu's stage is a window without a role of the toolkit's making; and one that the
 /// compositor is slow to paint must not count as hidden, or its menus would stay so. No argument says that to the toolkit.
-void prepareToolkitFor(std::string const& server, zv::Environment const& environment)
+void prepareToolkitFor(std::string const& server, int scale, zv::Environment const& environment)
 {
-    auto const scale = server == "xcb" && !environment.contains("QT_SCREEN_SCALE_FACTORS") ? zv::desktopScale() : 1;
-    if (scale > 1)
+    if (server == "xcb" && scale > 1 && !environment.contains("QT_SCREEN_SCALE_FACTORS"))
         zv::setForThisProgramAlone("QT_SCALE_FACTOR", std::to_string(scale).c_str());
     if (!server.starts_with("wayland"))
         return;
@@ -73,12 +72,13 @@ void startNoBus(zv::Environment const& environment)
 
 int runProgram(char* name, zv::Environment const& environment)
 {
-    auto server = zv::displayServerFor(environment);
+    int scale = 1;
+    auto server = zv::displayServerFor(environment, [&scale](auto* connection) { scale = zv::desktopScale(connection); });
     if (server.empty()) {
         zv::logLine(zv::noDisplayText.english);
         return 1;
     }
-    prepareToolkitFor(server, environment);
+    prepareToolkitFor(server, scale, environment);
     // Not by the environment, which all that is started from the menu inherits as it is.
     std::string option = "-platform", themeOption = "-platformtheme", theme = toolkitTheme(environment);
     char* arguments[] = { name, option.data(), server.data(), themeOption.data(), theme.data(), nullptr };

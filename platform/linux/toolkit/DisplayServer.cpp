@@ -15,20 +15,22 @@ namespace zv {
 
 namespace {
 
-bool doesXAnswer(Environment const& environment)
+bool doesXAnswer(Environment const& environment, std::function<void(xcb_connection_t*)> const& onX)
 {
     if (valueOf(environment, "DISPLAY").empty())
         return false;
     auto* connection = xcb_connect(nullptr, nullptr);
     bool const answers = xcb_connection_has_error(connection) == 0;
+    if (answers && onX)
+        onX(connection);
     xcb_disconnect(connection);
     return answers;
 }
 
-bool answers(std::string_view platform, Environment const& environment)
+bool answers(std::string_view platform, Environment const& environment, std::function<void(xcb_connection_t*)> const& onX)
 {
     if (platform.starts_with("xcb"))
-        return doesXAnswer(environment);
+        return doesXAnswer(environment, onX);
     // The toolkit would end the program if no server answered.
     return !platform.starts_with("wayland") || (hasWaylandPlugin() && doesWaylandAnswer(environment));
 }
@@ -41,12 +43,12 @@ SessionKind sessionKindOf(Environment const& environment)
     return isWayland ? SessionKind::wayland : SessionKind::x11;
 }
 
-std::string displayServerFor(Environment const& environment)
+std::string displayServerFor(Environment const& environment, std::function<void(xcb_connection_t*)> const& onX)
 {
     auto const chosen = valueOf(environment, "QT_QPA_PLATFORM");
     auto candidates = split(chosen, ';');
     candidates.insert(candidates.end(), { "wayland", "xcb" });
-    auto const found = std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment); });
+    auto const found = std::ranges::find_if(candidates, [&](auto candidate) { return answers(candidate, environment, onX); });
     if (found != candidates.end())
         return std::string(*found);
     return doesWaylandAnswer(environment) ? "offscreen" : "";

@@ -2,6 +2,10 @@
 
 #include "platform/program/Environment.h"
 
+#include <functional>
+
+struct xcb_connection_t;
+
 namespace zv {
 
 /// The session's display server. A Wayland session may well have an X server, but the panels are
@@ -12,8 +16,8 @@ enum class SessionKind { x11, wayland };
 /// The platform for the toolkit, as in QT_QPA_PLATFORM: Wayland where it answers and the toolkit
 /// has its plugin; else X11; else none, where only the menu on the bus serves, in a Wayland
 /// session without plugin and X server. The environment's own choice comes first, as long as it
-/// answers. Empty where no display answers.
-[[nodiscard]] std::string displayServerFor(Environment const& environment);
+/// answers. Empty where no display answers. `onX` is called with the connection on which an X server answered.
+[[nodiscard]] std::string displayServerFor(Environment const& environment, std::function<void(xcb_connection_t*)> const& onX = {});
 
 /// Whether the toolkit's Wayland plugin is installed.
 [[nodiscard]] bool hasWaylandPlugin();

@@ -177,6 +177,13 @@ QtDownloads::QtDownloads(std::string folder, DownloadSchemes schemes)
 {
 }
 
+QNetworkAccessManager& QtDownloads::network()
+{
+    if (!m_network)
+        m_network = std::make_unique<QNetworkAccessManager>();
+    return *m_network;
+}
+
 std::unique_ptr<Download> QtDownloads::fetch(Url const& address, DownloadLimits const& limits, std::function<void(Result<Bytes>)> done)
 {
     auto const bytes = std::make_shared<Bytes>();
@@ -186,7 +193,7 @@ std::unique_ptr<Download> QtDownloads::fetch(Url const& address, DownloadLimits 
         return true;
     };
     auto const finish = [bytes, done = std::move(done)](Result<void> const& outcome) { outcome ? done(std::move(*bytes)) : done(Failure { outcome.error() }); };
-    return std::make_unique<QtDownload>(new Transfer(m_network, qUrl(address), limits, m_schemes, sink, finish));
+    return std::make_unique<QtDownload>(new Transfer(network(), qUrl(address), limits, m_schemes, sink, finish));
 }
 
 Result<Url> QtDownloads::makeFile(Url const& address) const
@@ -221,7 +228,7 @@ std::unique_ptr<Download> QtDownloads::fetchFile(
             discard(*target);
         done(Failure { outcome ? "it cannot be written to disk" : outcome.error() });
     };
-    return std::make_unique<QtDownload>(new Transfer(m_network, qUrl(address), limits, m_schemes, sink, finish));
+    return std::make_unique<QtDownload>(new Transfer(network(), qUrl(address), limits, m_schemes, sink, finish));
 }
 
 void QtDownloads::discard(Url const& file)

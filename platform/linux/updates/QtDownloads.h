@@ -23,10 +23,11 @@ public:
 
 private:
     [[nodiscard]] Result<Url> makeFile(Url const& address) const;
+    [[nodiscard]] QNetworkAccessManager& network();
 
     std::string m_folder;
     DownloadSchemes m_schemes;
-    QNetworkAccessManager m_network;
+    std::unique_ptr<QNetworkAccessManager> m_network; ///< made for the first download, as most sessions have none
 };
 
 } // namespace zv
