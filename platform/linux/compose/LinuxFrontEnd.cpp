@@ -183,6 +183,7 @@ int LinuxFrontEnd::run()
     auto const preparing = m_timers.after(std::chrono::milliseconds(200), [this] { prepareForOpening(); });
     auto const status = m_application.isTerminating() ? 0 : LinuxApplication::exec();
     m_settingsWindow.close();
+    m_files.defaults().writeUnsaved(); // while there is somebody to be told of a failure
     m_app.reset();
     m_files.defaults().writeUnsaved();
     return status;
