@@ -126,7 +126,10 @@ void AppleMenuOverlayController::setHeartbeat(bool active)
     if (active == m_heartbeatIsActive && m_heartbeat)
         return;
     m_heartbeatIsActive = active;
-    m_heartbeat = m_services.timers.every(active ? fastInterval : slowInterval, m_lifetime.guard([this] { heartbeatTick(); }));
+    if (!active && m_services.menuBars.tellsEveryChange())
+        m_heartbeat = nullptr;
+    else
+        m_heartbeat = m_services.timers.every(active ? fastInterval : slowInterval, m_lifetime.guard([this] { heartbeatTick(); }));
 }
 
 void AppleMenuOverlayController::heartbeatTick()

@@ -28,6 +28,10 @@ public:
     /// The frame of this menu bar alone; nothing while it is hidden, and when it has gone.
     [[nodiscard]] virtual std::optional<Rect> frame(MenuBarID id) const = 0;
 
+    /// Whether every change is told, by onChanged or by the screens' and the workspace's events: then nobody has to look
+    /// now and then.
+    [[nodiscard]] virtual bool tellsEveryChange() const { return false; }
+
     /// Called when a menu bar may have moved, appeared or gone, on systems that tell;
     /// elsewhere never. Set by its one user.
     std::function<void()> onChanged;

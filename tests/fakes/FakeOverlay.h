@@ -36,6 +36,7 @@ public:
         auto const found = std::find_if(bars.begin(), bars.end(), [id](auto const& bar) { return bar.id == id; });
         return found != bars.end() && found->isOnScreen ? std::optional(found->frame) : std::nullopt;
     }
+    bool tellsEveryChange() const override { return tellsAll; }
 
     void add(std::optional<MenuBarID> id, Rect const& frame) { bars.push_back({ { frame, id } }); }
     Bar& bar(MenuBarID id)
@@ -44,6 +45,7 @@ public:
     }
 
     std::vector<Bar> bars;
+    bool tellsAll = false;
     mutable int lookups = 0;
     mutable int scans = 0;
 };

@@ -29,6 +29,7 @@ public:
 
     std::vector<MenuBar> onScreen() const override;
     std::optional<Rect> frame(MenuBarID id) const override;
+    bool tellsEveryChange() const override { return true; }
 
     [[nodiscard]] std::vector<XMenuBar> const& bars() const { return m_bars; }
     /// The monitor without the room that panels claim at its edges, or take just now.

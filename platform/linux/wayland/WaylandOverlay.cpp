@@ -54,6 +54,8 @@ public:
         auto const whole = screen->geometry();
         return screenRect({ whole.topLeft(), QSize(whole.width(), m_heights[id]) });
     }
+    /// By the windows: what fills a screen is all that takes a bar away.
+    bool tellsEveryChange() const override { return true; }
 
 private:
     [[nodiscard]] int heightOn(QScreen& screen) const

@@ -243,6 +243,19 @@ TEST_F(AppleMenuOverlay, FollowsAtOnceWhereTheSystemTellsThatABarMoves)
     EXPECT_EQ(heartbeat(), slow) << "a call without a move costs one look";
 }
 
+TEST_F(AppleMenuOverlay, RestsWhereEveryChangeIsTold)
+{
+    menuBars.tellsAll = true;
+    startAndRest();
+    EXPECT_EQ(heartbeat(), Intervals {});
+    slideBarTo(10);
+    menuBars.onChanged();
+    EXPECT_EQ(panels.frames(), (Rects { { 0, 1046, 44, 25 } }));
+    EXPECT_EQ(heartbeat(), fast) << "as it may move on";
+    time.advance(1s);
+    EXPECT_EQ(heartbeat(), Intervals {});
+}
+
 TEST_F(AppleMenuOverlay, QuickensWhenThePointerComesNearOrLeavesTheTopOfAScreen)
 {
     startAndRest();

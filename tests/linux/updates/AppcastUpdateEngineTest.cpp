@@ -128,6 +128,7 @@ TEST_F(UpdateEngineTest, LooksOnceADayAndNeverRightAtTheStart)
     time.advance(23h);
     engine->checkForUpdates();
     downloads.answerFeed(goodFeed("1.3"));
+    ASSERT_TRUE(window.press("OK"));
     time.advance(5h);
     EXPECT_EQ(downloads.requested.size(), 3U) << "the user's own check counts";
     engine->setAutomaticallyChecksForUpdates(false);
