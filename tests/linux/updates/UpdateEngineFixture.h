@@ -38,6 +38,7 @@ struct UpdateEngineFixture : testing::Test {
 
     void start()
     {
+        engine.reset(); // it lets go of the window as it ends
         engine = std::make_unique<AppcastUpdateEngine>(
             AppcastUpdateEngine::Services { defaults, resources, time, time, application, workspace, network, origin, window,
                 [this](Url const& package, auto done) {
