@@ -34,7 +34,11 @@ struct SubmenuSearchTest : ProgramFixture {
         folders["/"] = { { "Tax of the whole disk" } };
         machine.files.addFolder("/");
         machine.files.addFolder("/data/Items");
-        launchWith({ group, fileItem("/"), fileItem("/data/Items"), item(Kind::restart) });
+        auto deep = item(Kind::submenu);
+        deep.title = "Deep";
+        deep.children = { fileItem("/data/Items") };
+        group.children.push_back(deep);
+        launchWith({ group, fileItem("/"), item(Kind::restart) });
     }
     /// Opens the menu anew and finds the titles, each with its way.
     Lines find(std::string const& text, std::size_t matches = 0)
@@ -64,7 +68,7 @@ TEST_F(SubmenuSearchTest, FindsWhatTheSubmenusBelowShow)
 {
     auto const rows = std::to_array<std::tuple<std::string, std::size_t, Lines>>({
         { "tax", 0,
-            { "Tax item in Items", "Tax.app in Group, Documents", "tax.txt in Group, Documents", "Taxes in Group, Documents",
+            { "Tax item in Group, Zanthe Vell Items", "Tax.app in Group, Documents", "tax.txt in Group, Documents", "Taxes in Group, Documents",
                 "Taxation in Group, Documents, Taxes" } }, // not deeper than the menu, not into applications, each once
         { "sle", 7, { "Sleep in Group" } },
         { "sle", 8, {} }, // enough of the menu's own
@@ -153,7 +157,7 @@ TEST_F(SubmenuSearchTest, WhatWasChosenLastComesFirstUnlessItIsNotToBeRemembered
     machine.time.runTasks();
     EXPECT_FALSE(machine.files.exists(Url::fromPath(chosenFile))) << "turned off, all is forgotten";
     choose("Tax.app");
-    EXPECT_EQ(find("tax").at(0), "Tax item in Items");
+    EXPECT_EQ(find("tax").at(0), "Tax item in Group, Zanthe Vell Items");
     EXPECT_FALSE(machine.files.exists(Url::fromPath(chosenFile)));
 }
 
