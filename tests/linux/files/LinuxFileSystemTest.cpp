@@ -1,5 +1,6 @@
 #include "platform/linux/files/LinuxFileSystem.h"
 
+#include "platform/linux/posix/WholeFiles.h"
 #include "tests/linux/ChildProcess.h"
 #include "tests/linux/TemporaryFolder.h"
 #include "tests/linux/TextFiles.h"
@@ -7,8 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fcntl.h>
 #include <span>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -155,7 +158,10 @@ TEST_F(LinuxFileSystemTest, ReadsPlainFilesOnly)
     writeText(folder.path("huge"), "");
     ASSERT_EQ(::truncate((folder.path("huge")).c_str(), off_t { 1 } << 40), 0);
     EXPECT_EQ(files.read(url("huge")).error(), "File too large");
-    EXPECT_FALSE(files.read(Url::fromPath("/proc/self/status")).value().empty()) << "a file that does not tell its size";
+    auto const unsized = files.read(Url::fromPath("/proc/self/smaps")).value();
+    EXPECT_GT(unsized.size(), std::size_t { 64 } << 10) << "a file that does not tell its size";
+    EXPECT_EQ(unsized.back(), std::byte { '\n' });
+    EXPECT_FALSE(readWholeFile("/proc/self/smaps", 1000)) << "nor one that turns out to be too large";
 }
 
 TEST_F(LinuxFileSystemTest, ReplacesAFileAsAWhole)
@@ -178,6 +184,16 @@ TEST_F(LinuxFileSystemTest, ReplacesAFileAsAWhole)
     EXPECT_FALSE(files.write(url("link"), bytesOf("x"))) << "nobody knows what a broken link leads to";
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link")));
     std::filesystem::rename(folder.path("moved"), folder.path("file"));
+    rlimit whole {};
+    ::getrlimit(RLIMIT_FSIZE, &whole);
+    rlimit const small { 4, whole.rlim_max };
+    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    auto const failed = files.write(url("file"), bytesOf("longer than that"));
+    ::setrlimit(RLIMIT_FSIZE, &whole);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(failed.error(), "File too large");
+    EXPECT_EQ(readText(folder.path("file")), "three");
     EXPECT_EQ(folder.names(), (std::vector<std::string> { "file", "link", "pipe" })) << "no temporary file stays";
 }
 
