@@ -68,7 +68,7 @@ SubmenuSearch::~SubmenuSearch() { m_walk->stop(); }
 void SubmenuSearch::find(std::string text, std::size_t matches)
 {
     assertMainThread();
-    ++m_question;
+    m_answered = m_rankings; // answers to earlier texts are late
     bool const isWanted = matches < enoughMatches && !SearchQuery(text).isEmpty();
     m_text = isWanted ? std::move(text) : std::string();
     if (!m_text.empty() && !std::exchange(m_hasBegun, true))
@@ -236,11 +236,13 @@ void SubmenuSearch::readOn()
     });
 }
 
+/// Rankings run side by side: an earlier one that ends later knows less, and is dropped.
 void SubmenuSearch::rank()
 {
-    auto answered = [this, question = m_question, isFinal = isComplete()](std::vector<SearchMatch> const& matches) {
-        if (question == m_question)
+    auto answered = [this, number = ++m_rankings, isFinal = isComplete()](std::vector<SearchMatch> const& matches) {
+        if (number > m_answered)
             answer(matches, isFinal);
+        m_answered = std::max(m_answered, number);
     };
     m_services.tasks.inBackground(
         TaskPriority::user, [places = m_places, text = m_text, ages = m_ages] { return bestMatches(places, SearchQuery(text), *ages, 2 * mostFound); },

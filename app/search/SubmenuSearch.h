@@ -78,7 +78,8 @@ private:
     std::deque<std::function<void()>> m_unasked; ///< lists
     std::unordered_set<std::string> m_shown; ///< identities of the menu's own entries
     std::string m_text; ///< empty while nothing is looked for
-    unsigned m_question = 0; ///< counts texts, to drop answers to earlier ones
+    unsigned m_rankings = 0; ///< that were begun
+    unsigned m_answered = 0; ///< the last whose answer counts no more
     bool m_hasBegun = false;
     bool m_hasRead = false;
     bool m_isReading = false;

@@ -57,6 +57,18 @@ public:
         }
     }
 
+    /// The same, but of the background work what was queued last ends first, as threads may end in any order.
+    void runTasksBackwards()
+    {
+        while (!m_background.empty() || !m_main.empty()) {
+            if (m_main.empty())
+                m_main.push_back(std::exchange(m_background.back(), nullptr)), m_background.pop_back();
+            auto const work = std::move(m_main.front());
+            m_main.pop_front();
+            work();
+        }
+    }
+
     [[nodiscard]] std::size_t pendingBackground() const { return m_background.size(); }
     [[nodiscard]] std::vector<std::chrono::milliseconds> repeatingIntervals() const
     {

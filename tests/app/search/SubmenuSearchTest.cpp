@@ -130,6 +130,16 @@ TEST_F(SubmenuSearchTest, AnswersTheLastTextAloneAndReadsOnceUntilTheMenuCloses)
     EXPECT_EQ(answers, 1) << "an answer to an earlier text never comes";
     EXPECT_EQ(machine.folders->readings, readings) << "what was read serves the next text";
 
+    search = opened->searchBelow(*opened);
+    std::size_t found = 0;
+    search->onFound = [&](MenuSearch::Found const& more) {
+        EXPECT_GE(more.entries.size(), found) << "an answer that was begun earlier and ends later counts no more";
+        found = more.entries.size();
+    };
+    search->find("tax", 0);
+    machine.time.runTasksBackwards();
+    EXPECT_EQ(found, 5U);
+
     machine.folders->readings.clear();
     search = opened->searchBelow(*opened);
     search->find("tax", 0);
