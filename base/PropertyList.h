@@ -130,32 +130,28 @@ public:
     friend bool operator==(PropertyList const&, PropertyList const&);
 
 private:
+    template <class T> [[nodiscard]] T const* shared() const;
+    template <class T> [[nodiscard]] T* own();
+
     Value m_value;
 };
 
-inline PropertyListArray const* PropertyList::array() const
+template <class T> T const* PropertyList::shared() const
 {
-    auto const* shared = std::get_if<Shared<PropertyListArray>>(&m_value);
-    return shared ? &shared->get() : nullptr;
+    auto const* found = std::get_if<Shared<T>>(&m_value);
+    return found ? &found->get() : nullptr;
 }
 
-inline PropertyListArray* PropertyList::array()
+template <class T> T* PropertyList::own()
 {
-    auto* shared = std::get_if<Shared<PropertyListArray>>(&m_value);
-    return shared ? &shared->own() : nullptr;
+    auto* found = std::get_if<Shared<T>>(&m_value);
+    return found ? &found->own() : nullptr;
 }
 
-inline PropertyListDictionary const* PropertyList::dictionary() const
-{
-    auto const* shared = std::get_if<Shared<PropertyListDictionary>>(&m_value);
-    return shared ? &shared->get() : nullptr;
-}
-
-inline PropertyListDictionary* PropertyList::dictionary()
-{
-    auto* shared = std::get_if<Shared<PropertyListDictionary>>(&m_value);
-    return shared ? &shared->own() : nullptr;
-}
+inline PropertyListArray const* PropertyList::array() const { return shared<PropertyListArray>(); }
+inline PropertyListArray* PropertyList::array() { return own<PropertyListArray>(); }
+inline PropertyListDictionary const* PropertyList::dictionary() const { return shared<PropertyListDictionary>(); }
+inline PropertyListDictionary* PropertyList::dictionary() { return own<PropertyListDictionary>(); }
 
 template <class T> void PropertyListDictionary::append(std::string_view key, T&& value) { m_entries.emplace_back(key, std::forward<T>(value)); }
 

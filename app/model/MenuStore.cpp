@@ -125,12 +125,9 @@ void MenuStore::insert(std::vector<MenuItem> items, std::optional<std::ptrdiff_t
 void MenuStore::remove(std::set<Uuid> const& ids)
 {
     assertMainThread();
-    auto const leaves = [&](MenuItem const& item) { return ids.contains(item.id); };
-    for (auto at = std::find_if(m_items.begin(), m_items.end(), leaves); at != m_items.end(); at = std::find_if(at, m_items.end(), leaves)) {
-        if (!m_records.empty())
-            m_records.erase(m_records.begin() + (at - m_items.begin()));
-        at = m_items.erase(at);
-    }
+    std::size_t at = 0; // all items have a record, or none has
+    std::erase_if(m_records, [&](PropertyList const&) { return ids.contains(m_items[at++].id); });
+    std::erase_if(m_items, [&](MenuItem const& item) { return ids.contains(item.id); });
     didChange({});
 }
 
