@@ -262,7 +262,7 @@ int main(int argc, char** argv)
     zv::markMainThread();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication const application(argc, argv);
-    zv::adoptDesktopIconTheme("", nullptr, zv::IconThemeOf::toolkit, false);
+    zv::adoptDesktopIconTheme({}, zv::IconThemeOf::toolkit, false);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

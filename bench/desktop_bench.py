@@ -1,5 +1,6 @@
 """The menu on a desktop, measured: openings against the panel's own menu, cold icons, start, memory."""
 
+import itertools
 import os
 import re
 import shutil
@@ -16,6 +17,7 @@ from desktop import Bus, Panel, Program, keys, open_by_icon, wait_until, windows
 PROBE = os.environ["ZV_CLICK_LATENCY"]
 HOME = desktop.HOME
 PANEL_MENU = (12, 13)
+PANEL_ENTRIES = 28  # as many as find room below it
 ENDINGS = ("txt", "png", "pdf", "odt", "mp3")
 
 
@@ -54,8 +56,8 @@ def note(row, size, ours, peer="", theirs=0.0):
 class BareMenu:
     """A window without anything in it: as quick as a menu can be."""
 
-    def __init__(self):
-        self.process = subprocess.Popen([os.environ["ZV_BARE_MENU"]])
+    def __init__(self, *options):
+        self.process = subprocess.Popen([os.environ["ZV_BARE_MENU"], *options])
         time.sleep(0.3)
 
     def side(self):
@@ -108,6 +110,17 @@ def folder_of(name, count, endings=ENDINGS):
         with open(os.path.join(folder, f"file {number}.{endings[number % len(endings)]}"), "w", encoding="utf-8"):
             pass
     return folder
+
+
+def give_panel_menu():
+    """Launchers with icons, as on a whole Xfce, in place of the machine's applications; for the panels to come."""
+    desktop.write(os.path.join(HOME, ".config/gtk-3.0/settings.ini"), "[Settings]\ngtk-menu-images=1\n")
+    folder, menu = os.path.join(HOME, "Launchers"), os.path.join(HOME, "panel.menu")
+    for number, icon in zip(range(PANEL_ENTRIES), itertools.cycle(SmallMenu.ICONS.values())):
+        desktop.write(os.path.join(folder, f"{number}.desktop"), f"[Desktop Entry]\nType=Application\nName=launcher {number}\nExec=true\nIcon={icon}\n")
+    desktop.write(menu, f"<Menu><Name>Launchers</Name><AppDir>{folder}</AppDir><Include><All/></Include></Menu>")
+    for key, kind, value in (("custom-menu", "bool", "true"), ("custom-menu-file", "string", menu)):
+        subprocess.run(["xfconf-query", "-c", "xfce4-panel", "-p", f"/plugins/plugin-1/{key}", "-n", "-t", kind, "-s", value], check=True)
 
 
 def menu_of(count):
@@ -171,24 +184,34 @@ def start_to_icon():
     return min(times)
 
 
-def in_the_corner():
+def first_opening():
+    """The times of a new program's first menu."""
+    with Program():
+        wait_until(lambda: Bus().items())
+        time.sleep(1)
+        times = latencies(*Panel.ICON, "--runs", "1")
+    wait_until(lambda: not Bus().items())
+    return times
+
+
+def in_the_corner(peers):
     """Where the click reaches the program itself, as it does the panel's own menu; through the
     icon it passes the panel's process for icons and the bus before."""
     zv("prefs", "write", "ReplaceAppleMenu", "true")
     time.sleep(1.5)
-    times = latencies(*PANEL_MENU, "--runs", "20")
+    times = in_turns({"ours": PANEL_MENU, **peers})
     zv("prefs", "write", "ReplaceAppleMenu", "false")
-    return medians(times)
+    return times["ours"]
 
 
 def openings_of(count):
     names = menu_of(count)
+    first = medians([times for _ in range(7) for times in first_opening()])
     with SmallMenu(names) as small, BareMenu() as bare, Program():
         wait_until(lambda: Bus().items())
         time.sleep(1)
-        first = medians(latencies(*Panel.ICON, "--runs", "1"))
         times = in_turns({"ours": Panel.ICON, "the panel": PANEL_MENU, **small.side(), **bare.side()})
-        corner = in_the_corner()
+        corner = in_the_corner({**small.side(), **bare.side()})
     references = {name: found for name, found in times.items() if name != "ours"}
     for name, found in references.items():
         report(f"{name}'s own menu", found)
@@ -201,7 +224,20 @@ def openings_of(count):
                 note(f"{way}, settled", count, found.settled, peer, reference.settled)
 
 
+def way_of_the_icon():
+    """What of an opening through the icon is the panel's and the bus's: a menu with nothing in it, through an icon."""
+    with Panel(), BareMenu("--icon"):
+        wait_until(lambda: Bus().items())
+        time.sleep(1)
+        times = in_turns({"bare": Panel.ICON, "the panel": PANEL_MENU})
+    report("a bare window, through the icon", times["bare"], {"the panel": times["the panel"]})
+    for moment in ("mapped", "settled"):
+        note(f"a bare window through the icon, {moment}", 30, getattr(times["bare"], moment), "the panel", getattr(times["the panel"], moment))
+
+
 def openings():
+    give_panel_menu()
+    way_of_the_icon()
     with Panel():
         for count in (10, 30, 100, 250, 1000) if "ZV_BENCH_ROWS" in os.environ else (30, 250):
             openings_of(count)

@@ -17,4 +17,4 @@ target_link_libraries(bare_start PRIVATE zv_options Qt6::Widgets Qt6::DBus)
 
 # The yardstick of bench/desktop.
 add_executable(bare_menu ${CMAKE_SOURCE_DIR}/bench/bare_menu.cpp)
-target_link_libraries(bare_menu PRIVATE zv_options X11::X11)
+target_link_libraries(bare_menu PRIVATE zv_options X11::X11 PkgConfig::GIO)
