@@ -8,12 +8,15 @@
 #include <string_view>
 #include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace zv {
 
 namespace {
 
-constexpr std::uint32_t watchedEvents = IN_CLOSE_WRITE | IN_CREATE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE | IN_ONLYDIR;
+/// Of a folder's entries: all of them wake the program, whichever file they are about.
+constexpr std::uint32_t ofEntries = IN_CLOSE_WRITE | IN_CREATE | IN_MOVED_TO | IN_MOVED_FROM | IN_DELETE;
+constexpr std::uint32_t ofFolderItself = IN_MOVE_SELF | IN_DELETE_SELF;
 
 bool isLink(std::string const& path)
 {
@@ -40,19 +43,34 @@ void FileWatch::watchTheWay()
     watchTheWayTo(withoutLinks(m_path));
 }
 
+/// Looks at the entries of few folders, as each change of them wakes the program: where the file, or the first folder that
+/// is missing, would appear, and where a link may be replaced. What only others can exchange, such as the home folder, is
+/// left alone: the kernel goes through all names that it remembers of a folder that is watched.
 void FileWatch::watchTheWayTo(std::string path)
 {
+    bool isSeenAppearing = false;
     for (; path != "/"; path = folderOf(path)) {
-        auto const watch = ::inotify_add_watch(descriptor(), folderOf(path).c_str(), watchedEvents);
-        if (watch >= 0)
-            m_way.try_emplace({ watch, std::string(lastPathComponent(path)) }, path);
+        auto const folder = folderOf(path);
+        if (!isSeenAppearing || isLink(path))
+            isSeenAppearing |= watch(folder, ofEntries, path, std::string(lastPathComponent(path)));
+        else if (::access(folder.c_str(), W_OK) == 0)
+            watch(path, ofFolderItself, path, {});
     }
+}
+
+/// The name is empty for the folder itself. Returns whether the folder is there.
+bool FileWatch::watch(std::string const& folder, std::uint32_t events, std::string const& path, std::string name)
+{
+    auto const watch = ::inotify_add_watch(descriptor(), folder.c_str(), events | IN_MASK_ADD | IN_ONLYDIR);
+    if (watch >= 0)
+        m_way.try_emplace({ watch, std::move(name) }, path);
+    return watch >= 0;
 }
 
 /// A new file counts once it is written and closed; folders and links are whole from the start.
 bool FileWatch::concernsFile(inotify_event const& event) const
 {
-    auto const found = m_way.find({ event.wd, event.name });
+    auto const found = m_way.find({ event.wd, event.len > 0 ? event.name : "" });
     if (found == m_way.end())
         return false;
     bool const isNew = (event.mask & IN_CREATE) != 0;
@@ -67,7 +85,7 @@ bool FileWatch::readEvents()
         for (ssize_t offset = 0; offset < size;) {
             auto const* event = reinterpret_cast<inotify_event const*>(buffer.data() + offset);
             // The events lost in a queue overflow may have been about the file.
-            concerned |= (event->mask & IN_Q_OVERFLOW) != 0 || (event->len > 0 && concernsFile(*event));
+            concerned |= (event->mask & IN_Q_OVERFLOW) != 0 || concernsFile(*event);
             offset += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }
     }

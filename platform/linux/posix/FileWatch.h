@@ -2,6 +2,7 @@
 
 #include "platform/linux/posix/FileDescriptor.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
@@ -26,6 +27,7 @@ private:
     bool readEvents();
     void watchTheWay();
     void watchTheWayTo(std::string path);
+    bool watch(std::string const& folder, std::uint32_t events, std::string const& path, std::string name);
     [[nodiscard]] bool concernsFile(inotify_event const& event) const;
 
     std::string m_path;

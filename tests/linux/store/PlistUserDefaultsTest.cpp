@@ -335,6 +335,18 @@ TEST_F(PlistUserDefaultsTest, FollowsAChangeOfItsFolderAndOfLinksOnTheWay)
     }
 }
 
+TEST_F(PlistUserDefaultsTest, SleepsWhileOthersWriteInTheFoldersAbove)
+{
+    PlistUserDefaults defaults(folder.path("config/zv/") + fileName);
+    EXPECT_TRUE(defaults.setObject("a", 1));
+    pollfd watch { defaults.changeDescriptor(), POLLIN, 0 };
+    writeSettings(folder.path("others.plist"), {});
+    writeSettings(folder.path("config/others.plist"), {});
+    EXPECT_EQ(::poll(&watch, 1, 0), 0);
+    std::filesystem::rename(folder.path("config"), folder.path("old"));
+    EXPECT_EQ(::poll(&watch, 1, 5000), 1);
+}
+
 TEST_F(PlistUserDefaultsTest, GivesUpWaitingForAProgramThatHoldsTheLock)
 {
     PlistUserDefaults defaults(path, std::chrono::milliseconds(20));
