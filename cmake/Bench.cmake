@@ -3,7 +3,7 @@ file(GLOB benches CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/*Bench.cpp)
 foreach(bench IN LISTS benches)
   get_filename_component(name ${bench} NAME_WE)
   add_executable(${name} ${bench})
-  target_link_libraries(${name} PRIVATE zv_qt zv_cli benchmark::benchmark)
+  target_link_libraries(${name} PRIVATE zv_fakes zv_qt zv_cli benchmark::benchmark)
 endforeach()
 
 # Measures the menus of any program; bench/desktop uses it.

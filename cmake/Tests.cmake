@@ -27,14 +27,18 @@ function(zv_tests name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
 
+# The machine in memory, for tests and measurements.
+add_library(zv_fakes STATIC ${CMAKE_SOURCE_DIR}/tests/fakes/FakeSystem.cpp)
+target_link_libraries(zv_fakes PUBLIC zv_app)
+
 list(TRANSFORM plain_rooms PREPEND linux/ OUTPUT_VARIABLE plain_tests)
 list(TRANSFORM toolkit_rooms PREPEND linux/ OUTPUT_VARIABLE toolkit_tests)
-zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_cli zv_app zv_linux)
+zv_tests(zv_core_tests FOLDERS base platform app cli LINK zv_fakes zv_cli zv_app zv_linux)
 # The Mac's plain C++, which needs none of its frameworks, runs here, too.
 zv_library(zv_macos_plain FOLDERS platform/macos LINK zv_base)
 zv_tests(zv_linux_tests FOLDERS ${plain_tests} macos LINK zv_app zv_linux zv_macos_plain)
 find_package(Qt6 REQUIRED COMPONENTS Test) # presses keys
-zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_app zv_qt Qt6::Test)
+zv_tests(zv_qt_tests FOLDERS ${toolkit_tests} LINK zv_fakes zv_app zv_qt Qt6::Test)
 
 # Scripts. Labels: "desktop" needs an X session (its own), "fuzz" runs the fuzz targets.
 add_test(NAME arrows COMMAND ${CMAKE_SOURCE_DIR}/tests/arrows)

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <sstream>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -60,6 +60,9 @@ struct Outcome {
 /// Runs commands over a machine in memory. Each run acts as a new process: only the machine
 /// stays.
 struct CommandLineFixture : testing::Test {
+    CommandLineFixture();
+    ~CommandLineFixture() override;
+
     fakes::FakeSystem machine;
     fakes::FakeFileSystem& files = machine.files;
     fakes::FakeResources& resources = machine.resources;
@@ -73,55 +76,12 @@ struct CommandLineFixture : testing::Test {
     bool hasDisplay = false;
     std::vector<std::string> presented; ///< by --alert
 
-    Outcome run(std::vector<std::string> arguments)
-    {
-        std::istringstream in(input);
-        std::ostringstream out;
-        std::ostringstream err;
-        out.setstate(isOutputFull ? std::ios::badbit : std::ios::goodbit);
-        Context context({ in, out, err }, *this);
-        int const status = runCommandLine(arguments, context);
-        return { status, out.str(), err.str() };
-    }
+    Outcome run(std::vector<std::string> arguments);
 
     void addFile(std::string const& path, std::string const& content) { files.addFile(path, content); }
 
 private:
-    class Context : public CommandContext {
-    public:
-        Context(Streams streams, CommandLineFixture& machine)
-            : CommandContext(streams)
-            , m_machine(machine)
-        {
-        }
-        ~Context() override { forgetMenu(); }
-        Files const& files() override { return m_system.files; }
-        Places const& places() override { return m_system.places; }
-        Clock& clock() override { return m_machine.time; }
-        RunningProgram& runningProgram() override { return m_machine.program; }
-        TurningSystem turningSystem() override
-        {
-            return { .system = m_system, .looks = { .text = m_text, .icons = m_icons }, .pending = m_pending, .turnUntil = [this](auto const&, auto) {
-                        m_machine.time.runTasks();
-                    } };
-        }
-        Url currentFolder() override { return Url::fromPath("/here"); }
-        std::optional<std::string> fileToLink() override { return m_machine.fileToLink; }
-        SystemKind systemKind() const override { return m_machine.machine.kind; }
-        bool present(Alert const& alert) override
-        {
-            m_machine.presented.push_back(alert.message);
-            return m_machine.hasDisplay;
-        }
-        std::vector<DoctorCheck> doctorChecks() override { return m_machine.checks; }
-
-    private:
-        CommandLineFixture& m_machine;
-        System m_system = m_machine.machine.system();
-        fakes::FakeTextMeasure m_text;
-        fakes::FakeIconSource m_icons;
-        WorkCount m_pending;
-    };
+    class Context;
 };
 
 } // namespace zv

@@ -19,15 +19,19 @@
 #include "tests/fakes/FakeUpdates.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
 
 namespace zv::fakes {
 
+// What a test program makes once, in FakeSystem.cpp: each file that made a machine would have all its fakes' code.
+
 /// A whole machine in memory, without a display.
 struct FakeSystem {
+    FakeSystem();
+    ~FakeSystem();
+
     SystemKind kind = SystemKind::macOS;
     FakeUserDefaults defaults;
     FakeResources resources;
@@ -56,25 +60,14 @@ struct FakeSystem {
         .backupsFolder = Url::fromPath("/data/Backups"),
         .chosenFile = Url::fromPath("/data/Search/Chosen.plist") };
 
-    [[nodiscard]] System system()
-    {
-        return { .kind = kind,
-            .files = { .defaults = defaults, .resources = resources, .disk = disk, .bookmarks = bookmarks, .aliases = aliases, .folders = folders },
-            .time = { .clock = time, .timers = time, .tasks = time },
-            .lists = { .recentFiles = recentFiles,
-                .runningApplications = runningApplications,
-                .volumes = volumes,
-                .recentServers = recentServers,
-                .networkInterfaces = networkInterfaces,
-                .settingsPanes = settingsPanes,
-                .applicationFolders = nullptr },
-            .session = { .workspace = workspace, .desktop = desktop, .computer = computer, .events = sessionEvents, .scripts = scripts, .tools = tools },
-            .places = places };
-    }
+    [[nodiscard]] System system();
 };
 
 /// The display of that machine.
 struct FakeSurface {
+    FakeSurface();
+    ~FakeSurface();
+
     FakeApplication application;
     FakeAlerts alerts;
     FakeModifierKeys modifierKeys;
@@ -103,50 +96,12 @@ struct FakeSurface {
     int servicesProvided = 0;
     std::vector<InstalledApplication> installedApplications;
 
-    [[nodiscard]] Desk desk() { return { .application = application, .alerts = alerts, .modifierKeys = modifierKeys, .clipboard = clipboard }; }
-    [[nodiscard]] Looks looks() { return { .text = text, .icons = icons }; }
-    [[nodiscard]] Surface surface()
-    {
-        return { .desk = desk(),
-            .looks = looks(),
-            .presence = { .statusBar = statusBar,
-                .showsStatusItems = [this] { return showsStatusItems; },
-                .menuHost = menuHost,
-                .hotkeys = hotkeys,
-                .keyboardLayout = keyboardLayout,
-                .overlay = OverlaySeams { .menuBars = menuBars,
-                    .screens = screens,
-                    .workspaceEvents = workspaceEvents,
-                    .pointerMonitor = pointerMonitor,
-                    .panels = panels,
-                    .visibility = nullptr } },
-            .windows = { .settings = settingsWindow,
-                .settingsAlerts = alerts,
-                .notes = notesWindows,
-                .filePanels = filePanels,
-                .forms = forms,
-                .pictures = pictures,
-                .notifications = notifications },
-            .home = { .installation = installation,
-                .loginService = loginService,
-                .makeUpdateEngine = [this](UpdateChannels& channels, UpdateUserDriver& driver) { return makeEngine(channels, driver); },
-                .installedApplications = [this](auto use) { use(installedApplications); },
-                .permissions = nullptr,
-                .extension = nullptr,
-                .desktopKey = nullptr,
-                .provideServices = [this] { ++servicesProvided; },
-                .diagnostics = [] { return std::string("a machine in memory"); } } };
-    }
+    [[nodiscard]] Desk desk();
+    [[nodiscard]] Looks looks();
+    [[nodiscard]] Surface surface();
 
 private:
-    std::unique_ptr<UpdateEngine> makeEngine(UpdateChannels& channels, UpdateUserDriver& driver)
-    {
-        auto engine = std::make_unique<FakeUpdateEngine>();
-        engine->channels = &channels;
-        engine->userDriver = &driver;
-        updateEngine = engine.get();
-        return engine;
-    }
+    std::unique_ptr<UpdateEngine> makeEngine(UpdateChannels& channels, UpdateUserDriver& driver);
 };
 
 } // namespace zv::fakes

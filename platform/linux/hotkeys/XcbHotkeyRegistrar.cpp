@@ -88,6 +88,12 @@ std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyCh
     m_connection.dispatch(); // earlier presses belong to the earlier ids
     std::vector<Grab> wanted(chords.size());
     std::transform(chords.begin(), chords.end(), wanted.begin(), [this](KeyChord chord) { return grabFor(chord); });
+    auto const idsAdvance = firstID - std::exchange(m_firstID, firstID);
+    if (!wanted.empty() && wanted == m_claimed) {
+        for (auto& held : m_held)
+            held.id += idsAdvance;
+        return std::vector<bool>(wanted.size(), true);
+    }
     replaceHeld(wanted);
 
     std::vector<bool> answers;
@@ -101,12 +107,15 @@ std::vector<bool> XcbHotkeyRegistrar::claimAll(HotkeyID firstID, std::span<KeyCh
             held->id = firstID++;
         answers.push_back(succeeded);
     }
+    bool const haveAll = std::find(answers.begin(), answers.end(), false) == answers.end();
+    m_claimed = haveAll ? std::move(wanted) : std::vector<Grab>();
     return answers;
 }
 
 void XcbHotkeyRegistrar::releaseAll()
 {
     assertMainThread();
+    m_claimed.clear();
     if (m_held.empty())
         return;
     ungrabAll();

@@ -71,6 +71,8 @@ private:
     XkbKeyboardLayoutSource& m_keyboard;
     Timers& m_timers;
     std::vector<Held> m_held; ///< by grab
+    std::vector<Grab> m_claimed; ///< by the last call, if it got all of them: nothing is to be done for the same again
+    HotkeyID m_firstID = 0; ///< of the last call
     /// Keys that fired or must not fire, until their release.
     Keycodes m_down;
     std::uint8_t m_grabbingKey = 0; ///< the key whose press grabbed the keyboard, until its release

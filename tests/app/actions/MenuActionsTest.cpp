@@ -35,12 +35,13 @@ struct MenuActionsTest : testing::Test {
         return text;
     }
 
-    fakes::FakeSystem machine { .places { .bundle = Url::fromPath("/"),
-        .environment = {},
-        .home = "/home/u",
-        .itemsFolder = Url::fromPath("/home/u/Items"),
-        .backupsFolder = Url::fromPath("/"),
-        .chosenFile = Url::fromPath("/") } };
+    struct Machine : fakes::FakeSystem {
+        Machine()
+        {
+            places.home = "/home/u";
+            places.itemsFolder = Url::fromPath("/home/u/Items");
+        }
+    } machine;
     fakes::FakeSurface front;
     fakes::FakeWorkspace& workspace = machine.workspace;
     fakes::FakeApplication& application = front.application;

@@ -15,7 +15,8 @@ namespace zv {
 struct ProgramFixture : testing::Test {
     using Lines = std::vector<std::string>;
 
-    ProgramFixture() { front.keyboardLayout.set({ { { 14, "e" }, { 3, "f" }, { 7, "x" } } }); }
+    ProgramFixture();
+    ~ProgramFixture() override;
 
     static MenuItem item(MenuItemKind::Case kind, char shortcut = 0)
     {
@@ -35,12 +36,7 @@ struct ProgramFixture : testing::Test {
         (void)machine.defaults.setObject(MenuStore::defaultsKey, toPropertyList(items));
         launch();
     }
-    void launch()
-    {
-        app.emplace(machine.system(), front.surface());
-        outcome = app->launch();
-        machine.time.runTasks();
-    }
+    void launch();
 
     /// The menu of the status icon, opened now.
     Menu& menu()
