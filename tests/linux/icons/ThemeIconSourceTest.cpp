@@ -115,6 +115,10 @@ TEST_F(ThemeIconSourceTest, AChosenPictureGivesWayToTheUsualOneWhereItIsMissing)
         EXPECT_EQ(largePictureOf(chosen, 32, 1).toImage().pixelColor(16, 16), color);
     }
     EXPECT_EQ(imageOf(inFile("blue.png")).pixelColor(8, 1).alpha(), 0) << "in its own proportions";
+    image.scaled(3000, 1000).save(QString::fromStdString(disk.path("large.png")));
+    EXPECT_EQ(imageOf(inFile("large.png")).pixelColor(8, 8), QColor(Qt::red)) << "no menu waits for a large one";
+    time.runTasks();
+    EXPECT_EQ(imageOf(inFile("large.png")).pixelColor(8, 8), QColor(Qt::blue)) << "the next one shows it";
     auto const theme = QIcon::themeName().toStdString();
     disk.write("themes/child/index.theme", "[Icon Theme]\nDirectories=all\nInherits=" + theme + "\n");
     for (auto const* name : { "moon.svg", "star.svg", "folder-red.svg" })

@@ -1,5 +1,7 @@
 #include "platform/linux/overlay/X11MenuBars.h"
 
+#include "tests/desktop/PrivateX.h"
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -90,6 +92,36 @@ TEST(XScreenSpace, TurnsTheServersPixelsIntoPointsAndBack)
         EXPECT_EQ(space.toScreen(row.pixels), row.screen);
         EXPECT_EQ(space.fromScreen(row.screen), row.pixels);
     }
+}
+
+TEST(X11MenuBars, GiveWayToAWindowThatFillsTheScreenAndToNoOtherAboveThem)
+{
+    desktop::PrivateX const server;
+    desktop::XClient const client;
+    auto const shown = [&](std::uint16_t height, char const* property, char const* value) {
+        auto const window = xcb_generate_id(client.xcb());
+        auto const visual = xcb_setup_roots_iterator(xcb_get_setup(client.xcb())).data->root_visual;
+        xcb_create_window(client.xcb(), XCB_COPY_FROM_PARENT, window, client.root(), 0, 0, 640, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, visual, 0, nullptr);
+        auto const atom = client.atom(value);
+        xcb_change_property(client.xcb(), XCB_PROP_MODE_REPLACE, window, client.atom(property), XCB_ATOM_ATOM, 32, 1, &atom);
+        xcb_map_window(client.xcb(), window);
+        client.sync();
+        return window;
+    };
+    shown(24, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK");
+    auto const isOnscreen = [] {
+        auto const x = X11Connection::open();
+        X11Screens const screens(*x);
+        X11MenuBars const menuBars(*x, screens);
+        return menuBars.bars().at(0).isOnscreen;
+    };
+    shown(480, "_NET_WM_STATE", "_NET_WM_STATE_ABOVE");
+    EXPECT_TRUE(isOnscreen()) << "windows come and go above a panel";
+    auto const film = shown(480, "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN");
+    EXPECT_FALSE(isOnscreen());
+    xcb_unmap_window(client.xcb(), film);
+    client.sync();
+    EXPECT_TRUE(isOnscreen());
 }
 
 } // namespace
