@@ -165,9 +165,17 @@ def cold_icons():
         note(f"250 icons never seen, {moment}", 250, shown, "without icons", hidden)
 
 
-def proportional_memory(process):
+class Memory(NamedTuple):
+    """In megabytes: with its part of what others use too, and what it has written to."""
+
+    proportional: float
+    private: float
+
+
+def memory_of(process):
     with open(f"/proc/{process.pid}/smaps_rollup", encoding="utf-8") as rollup:
-        return next(int(line.split()[1]) for line in rollup if line.startswith("Pss:")) / 1024
+        lines = dict(line.split(":", 1) for line in rollup if ":" in line)
+    return Memory(*(int(lines[name].split()[0]) / 1024 for name in ("Pss", "Private_Dirty")))
 
 
 def start_to_icon():
@@ -254,7 +262,7 @@ def memory():
     with Panel(), Program() as program:
         wait_until(lambda: Bus().items())
         time.sleep(1)
-        rest = proportional_memory(program.process)
+        rest = memory_of(program.process)
         def open_and_close(times):
             for _ in range(times):
                 zv("show", "--at", "300,100")
@@ -262,14 +270,17 @@ def memory():
                 keys("Escape")
                 wait_until(lambda: not windows())
             time.sleep(1)
-            return proportional_memory(program.process)
+            return memory_of(program.process)
 
         warm = open_and_close(20)
         openings_more = int(os.environ.get("ZV_OPENINGS", "500"))
         much = open_and_close(openings_more)
-        print(f"memory at rest {rest:.1f} MB, after 20 openings {warm:.1f}, after {openings_more} more {much:.1f}")
-        note("memory at rest (MB)", 1, rest)
-        note("memory after openings (MB)", openings_more, much)
+        for when, found in {"at rest": rest, "after 20 openings": warm, f"after {openings_more} more": much}.items():
+            print(f"memory {when} {found.proportional:.1f} MB, its own {found.private:.1f} MB")
+        note("memory at rest (MB)", 1, rest.proportional)
+        note("its own memory at rest (MB)", 1, rest.private)
+        note("memory after openings (MB)", openings_more, much.proportional)
+        note("its own memory after openings (MB)", openings_more, much.private)
 
 
 def used(process):
