@@ -46,6 +46,7 @@ TEST(DesktopEntry, ListsWhatIsMeantForThisDesktop)
         { "", true },
         { "NoDisplay=true\n", false },
         { "NoDisplay=false\n", true },
+        { "NoDisplay=true\nNoDisplay=false\n", true },
         { "Hidden=true\n", false },
         { "OnlyShowIn=GNOME;\n", false },
         { "OnlyShowIn=GNOME;XFCE;\n", true },
