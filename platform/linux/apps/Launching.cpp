@@ -17,7 +17,6 @@ namespace zv {
 
 namespace {
 
-constexpr std::chrono::seconds fileManagerTimeout { 10 };
 constexpr int maximumLinkSteps = 8;
 constexpr mode_t permissionBits = 07777;
 
@@ -180,11 +179,11 @@ void makeExecutable(std::string const& path)
         ::chmod(startable->file.c_str(), modeOf(startable->file) | S_IXUSR);
 }
 
-Result<void> revealFile(Url const& fileURL, std::string const& sessionBus)
+Result<void> revealFile(Url const& fileURL, std::string const& sessionBus, std::chrono::milliseconds patience)
 {
     // https://www.freedesktop.org/wiki/Specifications/file-manager-interface
     static constexpr BusObject fileManager { "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1" };
-    Deadline const deadline(fileManagerTimeout);
+    Deadline const deadline(patience);
     if (auto const bus = BusConnection::open(sessionBus, deadline)) {
         char const* const urls[] = { fileURL.toString().c_str() };
         auto* const arguments = g_variant_new("(@ass)", g_variant_new_strv(urls, 1), "");

@@ -6,6 +6,7 @@
 #include "platform/session/Workspace.h"
 
 #include <optional>
+#include <chrono>
 #include <string>
 
 /// Starting and opening what a URL names. The functions block, and never run on the main thread.
@@ -30,7 +31,8 @@ void makeExecutable(std::string const& path);
 /// Sends queued launches before this program may end: a launch over D-Bus is only queued when the
 /// call returns.
 void flushSharedBus(std::string const& sessionBus);
-/// Selects the file in the file manager; where no file manager can, opens its folder.
-[[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus);
+/// Selects the file in the file manager; where no file manager can, opens its folder. One that takes longer than the
+/// patience is left to it.
+[[nodiscard]] Result<void> revealFile(Url const& fileURL, std::string const& sessionBus, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 } // namespace zv

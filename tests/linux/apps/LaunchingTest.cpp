@@ -185,6 +185,40 @@ TEST_F(LaunchingInside, FilesHaveTheApplicationsOfTheirTypeAndATrash)
     EXPECT_FALSE(moveToTrash(document)) << "it is gone";
 }
 
+TEST_F(LaunchingInside, ASlowFileManagerOpensNoSecondWindow)
+{
+    PrivateBus const bus;
+    MockService manager(bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1");
+    manager.method("ShowItems", "ass", "", "import time; time.sleep(5)");
+    EXPECT_TRUE(revealFile(Url::fromPath(home("a.txt")), bus.address(), std::chrono::milliseconds(50)));
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_FALSE(fs::exists(home("log"))) << tests::readText(home("log"));
+}
+
+/// Runs within Launching.OverTheBusOutlivesACommandThatEndsAtOnce.
+TEST(LaunchingAtTheEnd, OverTheBus)
+{
+    auto const* const entry = std::getenv("ZV_TEST_ENTRY");
+    if (!entry)
+        GTEST_SKIP();
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", std::getenv("ZV_TEST_BUS"), 1);
+    ::_exit(openUrl(Url::fromPath(entry), std::getenv("ZV_TEST_BUS"), StartTrust({ Url::fromPath(entry).parent().path() })) ? 0 : 1);
+}
+
+TEST(Launching, OverTheBusOutlivesACommandThatEndsAtOnce)
+{
+    TemporaryFolder const folder;
+    PrivateBus const bus;
+    MockService viewer(bus, "org.example.Viewer", "/org/example/Viewer", "org.freedesktop.Application");
+    viewer.method("Activate", "a{sv}", "", "");
+    auto const entry = folder.write("org.example.Viewer.desktop", "[Desktop Entry]\nType=Application\nName=V\nExec=sh\nDBusActivatable=true\n");
+    PosixToolRunner runner({ { "HOME", folder.path() }, { "PATH", "/usr/bin" }, { "ZV_TEST_BUS", bus.address() }, { "ZV_TEST_ENTRY", entry } });
+    auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingAtTheEnd.*" }, ToolOutput::capturedWithErrors });
+    EXPECT_EQ(result.status, 0) << result.output;
+    std::vector<std::string> calls;
+    EXPECT_TRUE(eventually([&] { return !calls.empty() || !(calls = viewer.calls()).empty(); }));
+}
+
 TEST(Launching, InAnEnvironmentOfItsOwn)
 {
     TemporaryFolder const folder;
@@ -205,7 +239,7 @@ TEST(Launching, InAnEnvironmentOfItsOwn)
     PosixToolRunner runner(environment);
     auto const result = runner.run({ fs::read_symlink("/proc/self/exe").string(), { "--gtest_filter=LaunchingInside.*" }, ToolOutput::capturedWithErrors });
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_NE(result.output.find("[  PASSED  ] 9 tests"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("[  PASSED  ] 10 tests"), std::string::npos) << result.output;
 }
 
 TEST(Launching, RevealsInTheFileManager)

@@ -256,7 +256,8 @@ TEST(DesktopRecentServers, ComeFromUsedFilesBookmarksAndTheServerList)
     TemporaryFolder const disk;
     DesktopRecentServers::Files const files { disk.write("used",
                                                   document(bookmark("smb://nas/x/y", "2023-06-10T00:00:00Z") + bookmark("file:///a", "2023-06-10T00:00:00Z")
-                                                      + bookmark("https://example.org/", "2023-06-10T00:00:00Z"))),
+                                                      + bookmark("https://example.org/", "2023-06-10T00:00:00Z")
+                                                      + bookmark("smb://nas/private", "2023-06-10T00:00:00Z", "text/plain", "<bookmark:private/>"))),
         disk.write("bookmarks", "file:///home/me/Documents\nsftp://me@host/srv Web server\n\nrubbish\ndavs://cloud.example/"),
         disk.write("servers", document(bookmark("ftp://mirror/", "2023-06-10T00:00:00Z"))) };
     auto const servers = readRecentServers(files);
