@@ -2,6 +2,7 @@
 #include "platform/linux/apps/LaunchLog.h"
 #include "platform/linux/apps/RecentlyUsedFile.h"
 #include "platform/linux/machine/DesktopRecentServers.h"
+#include "platform/linux/posix/FileLock.h"
 
 #include "tests/fakes/FakeTime.h"
 #include "tests/linux/ChildProcess.h"
@@ -249,6 +250,9 @@ TEST(LaunchLog, LosesNothingWhenSeveralWriteAtOnce)
     for (auto const writer : writers)
         EXPECT_EQ(tests::exitStatusOf(writer), 0);
     EXPECT_EQ(log.read().size(), 80u);
+    auto const held = lockFile(disk.path("launches.lock"), std::chrono::seconds(1));
+    log.add({ 1, "/late" });
+    EXPECT_EQ(log.read().size(), 80u) << "what another writes meanwhile is not undone";
 }
 
 TEST(DesktopRecentServers, ComeFromUsedFilesBookmarksAndTheServerList)
@@ -275,6 +279,7 @@ TEST(DesktopRecentServers, AreAnEmptyListWhenNothingIsThereAndUnknownWhenItCanno
     ASSERT_TRUE(servers);
     EXPECT_TRUE(servers->empty());
     EXPECT_FALSE(readRecentServers({ disk.makeFolder("a-folder"), disk.path("b"), disk.path("c") })) << "there, but unreadable";
+    EXPECT_EQ(readRecentServers({ disk.path("a-folder"), disk.write("d", "ftp://mirror/\n"), disk.path("c") }).value_or(std::vector<RecentServer>()).size(), 1U) << "one of them";
 }
 
 } // namespace

@@ -146,7 +146,7 @@ TEST_F(LoginServiceTest, ARefusalATimeoutAndAnErrorHaveTheirStatus)
     Row const rows[] = {
         { "ret = 'no'", "", "-10004", "this user may not" },
         { "ret = 'na'", "", "-10004", "this machine cannot" },
-        { "ret = 'challenge'", "", "sent", "after a password" },
+        { "ret = 'challenge'", slow, "sent", "after a password, which takes its time", 500ms },
         { "ret = 'yes'", denied, "-10004", "denied" },
         { "ret = 'challenge'", denied, "-10004", "the password was wrong" },
         { "ret = 'yes'", broken, "-1708", "an error of its own" },
