@@ -32,6 +32,7 @@ TEST(ShortcutsProvider, ReadsOneLine)
         { id, "", "no name" },
         { "Shortcuts (2)", "", "no identifier: a header" },
         { "Resize" + id + " ", "", "something follows" },
+        { "Resize (" + std::string(idA) + "]", "", "never closed" },
         { "Resize(" + std::string(idA) + ")", "", "no blank before it" },
         { "", "", "nothing" },
         { ")", "", "only the end" },

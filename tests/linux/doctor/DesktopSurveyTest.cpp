@@ -45,6 +45,7 @@ TEST_F(DesktopSurveyTest, AsksWhoIsOnTheSessionBus)
     PrivateBus const bus;
     access.buses.session = bus.address();
     EXPECT_TRUE(look().hasSessionBus);
+    EXPECT_EQ(look().statusIcons, Found::StatusIcons::noWatcher);
     MockService watcher(bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher");
     EXPECT_EQ(look().statusIcons, Found::StatusIcons::shown) << "one that does not tell of its hosts";
     MockService const files(bus, "org.freedesktop.FileManager1", "/", "org.freedesktop.FileManager1");
