@@ -295,13 +295,17 @@ def used(process):
 
 
 def idle():
-    """What the program does while nobody does anything, with its icon and its corner on the panel."""
+    """What the program does while nobody does anything, with its icon and its corner on a panel without a clock: the
+    corner is looked at when the panel paints. In the first half minute, timers of the start end."""
     menu_of(30)
+    of_panel = ["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/panel-1/plugin-ids", "--force-array"]
+    subprocess.run(of_panel + [word for plugin in "1234" for word in ("-t", "int", "-s", plugin)], check=True)
     zv("prefs", "write", "ReplaceAppleMenu", "true")
     seconds = int(os.environ.get("ZV_IDLE", "60"))
     states = {"at rest": ["true"], "screen blanked": ["xset", "s", "activate"]}
     with Panel(), Program() as program:
         wait_until(lambda: Bus().items())
+        time.sleep(25)
         for state, enter in states.items():
             subprocess.run(enter, check=True)
             time.sleep(10)
