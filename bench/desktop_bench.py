@@ -296,7 +296,7 @@ def used(process):
 
 def idle():
     """What the program does while nobody does anything, with its icon and its corner on a panel without a clock: the
-    corner is looked at when the panel paints. In the first half minute, timers of the start end."""
+    corner is looked at when the panel paints. The toolkit clears its cache of pictures half a minute after the start."""
     menu_of(30)
     of_panel = ["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/panel-1/plugin-ids", "--force-array"]
     subprocess.run(of_panel + [word for plugin in "1234" for word in ("-t", "int", "-s", plugin)], check=True)
