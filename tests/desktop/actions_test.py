@@ -152,7 +152,7 @@ class ActionsTest(unittest.TestCase):
               "MimeType=inode/directory;x-scheme-handler/https;text/plain;\n")
         write(os.path.join(HOME, ".config/mimeapps.list"),
               "[Default Applications]\ninode/directory=handler.desktop\nx-scheme-handler/https=handler.desktop\ntext/plain=handler.desktop\n")
-        write(os.path.join(HOME, "Broken.desktop"), "no entry")
+        write(os.path.join(HOME, "Broken.desktop"), "no entry", 0o755)
         desktop.set_menu([(kind, kind, None) for kind in [*COMMANDS, "OpenWith"]]
                          + [("FSObject", "Launch", entry), ("FSObject", "Broken", os.path.join(HOME, "Broken.desktop")),
                             ("FSObject", "Vanishing", os.path.join(HOME, "vanishing.txt"))])
