@@ -85,7 +85,8 @@ bool showIcon(BareMenu& menu)
     static constexpr GDBusInterfaceVTable calls { called, valueOf, nullptr, {} };
     return bus && g_dbus_connection_register_object(bus, "/StatusNotifierItem", interface->interfaces[0], &calls, &menu, nullptr, nullptr) != 0
         && g_dbus_connection_call_sync(bus, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher",
-               "RegisterStatusNotifierItem", g_variant_new("(s)", g_dbus_connection_get_unique_name(bus)), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr)
+               "RegisterStatusNotifierItem", g_variant_new("(s)", g_dbus_connection_get_unique_name(bus)), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+               nullptr)
         != nullptr;
 }
 

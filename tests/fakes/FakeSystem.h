@@ -25,7 +25,7 @@
 
 namespace zv::fakes {
 
-// What a test program makes once, in FakeSystem.cpp: each file that made a machine would have all its fakes' code.
+// Constructors and destructors stand in FakeSystem.cpp: a file that had them would have the code of all fakes.
 
 /// A whole machine in memory, without a display.
 struct FakeSystem {

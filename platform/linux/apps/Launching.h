@@ -5,8 +5,8 @@
 #include "platform/linux/entries/StartTrust.h"
 #include "platform/session/Workspace.h"
 
-#include <optional>
 #include <chrono>
+#include <optional>
 #include <string>
 
 /// Starting and opening what a URL names. The functions block, and never run on the main thread.

@@ -1,6 +1,6 @@
+#include "app/search/SubmenuSearch.h"
 #include "app/menu/MenuSearch.h"
 #include "app/search/FolderWalk.h"
-#include "app/search/SubmenuSearch.h"
 #include "tests/app/shell/ProgramFixture.h"
 
 namespace zv {

@@ -279,7 +279,8 @@ TEST(DesktopRecentServers, AreAnEmptyListWhenNothingIsThereAndUnknownWhenItCanno
     ASSERT_TRUE(servers);
     EXPECT_TRUE(servers->empty());
     EXPECT_FALSE(readRecentServers({ disk.makeFolder("a-folder"), disk.path("b"), disk.path("c") })) << "there, but unreadable";
-    EXPECT_EQ(readRecentServers({ disk.path("a-folder"), disk.write("d", "ftp://mirror/\n"), disk.path("c") }).value_or(std::vector<RecentServer>()).size(), 1U) << "one of them";
+    EXPECT_EQ(readRecentServers({ disk.path("a-folder"), disk.write("d", "ftp://mirror/\n"), disk.path("c") }).value_or(std::vector<RecentServer>()).size(), 1U)
+        << "one of them";
 }
 
 } // namespace
